@@ -1,0 +1,32 @@
+#include "util/Errors.h"
+
+#include "util/Messages.h"
+
+namespace velmar {
+
+Error::Error(int number, const QString& text)
+    : std::runtime_error(text.toStdString()), number_(number), text_(text) {}
+
+RuleError::RuleError(const QString& text, const QString& field, const QString& title)
+    : Error(0, text), field_(field), title_(title) {}
+
+void reportError(int number, const QString& text, const QString& procedure, const QString& form, int line) {
+  Mesaj(QStringLiteral("Eroare %1 - %2 in procedura %3 din Form %4 Linia: %5")
+            .arg(QString::number(number), text, procedure, form, QString::number(line)));
+}
+
+void detail::reportCurrentException(const QString& form, const QString& procedure, int line) {
+  try {
+    throw;
+  } catch (const Cancelled&) {
+    // The user already chose to give up.
+  } catch (const RuleError& rule) {
+    Mesaj(rule.text(), kCritical, rule.title());
+  } catch (const Error& error) {
+    reportError(error.number(), error.text(), procedure, form, line);
+  } catch (const std::exception& error) {
+    reportError(0, QString::fromUtf8(error.what()), procedure, form, line);
+  }
+}
+
+}  // namespace velmar

@@ -1,0 +1,77 @@
+// The typed errors of the core, and the one report for what escapes a handler.
+#pragma once
+
+#include <QString>
+#include <source_location>
+#include <stdexcept>
+
+namespace velmar {
+
+/// Base of the program's errors: a number and a Romanian text, as the error report shows them.
+class Error : public std::runtime_error {
+ public:
+  Error(int number, const QString& text);
+  int number() const { return number_; }
+  const QString& text() const { return text_; }
+
+ private:
+  int number_;
+  QString text_;
+};
+
+/// What the database engine or the file system refused. The number is the engine's.
+class StoreError : public Error {
+ public:
+  using Error::Error;
+};
+
+/// A rule of the trade was broken: the text is the whole message a user should read.
+class RuleError : public Error {
+ public:
+  /// field: name of the column at fault, empty when the fault lies in no single field.
+  explicit RuleError(const QString& text, const QString& field = {}, const QString& title = {});
+  const QString& field() const { return field_; }
+  const QString& title() const { return title_; }
+
+ private:
+  QString field_;
+  QString title_;
+};
+
+/// A computation that has no result, such as a division by zero (number 11).
+class ArithmeticError : public Error {
+ public:
+  using Error::Error;
+};
+
+/// The user gave up waiting for the write lock; nothing was written and nothing more is to be said.
+class Cancelled : public std::exception {};
+
+/// Shows "Eroare n - text in procedura P din Form F Linia: L" for an error that escaped a handler.
+void reportError(int number, const QString& text, const QString& procedure, const QString& form, int line);
+
+/// The place a report names when the error itself knows none: the line of the call.
+inline int lineOf(const std::source_location& place) { return static_cast<int>(place.line()); }
+
+/// Runs an event handler's work: what escapes it ends in the one error report, a broken rule in its message.
+/// Gives false when the work ended early.
+template <typename Work>
+bool guarded(const QString& form, const QString& procedure, Work&& work,
+             std::source_location place = std::source_location::current());
+
+namespace detail {
+void reportCurrentException(const QString& form, const QString& procedure, int line);
+}
+
+template <typename Work>
+bool guarded(const QString& form, const QString& procedure, Work&& work, std::source_location place) {
+  try {
+    work();
+    return true;
+  } catch (...) {
+    detail::reportCurrentException(form, procedure, lineOf(place));
+    return false;
+  }
+}
+
+}  // namespace velmar
