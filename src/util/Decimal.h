@@ -1,9 +1,9 @@
 // Money, prices, percents and quantities: exact decimal arithmetic for the whole program.
 //
-// Amounts are stored as doubles and computed as decimals. A double is taken as its shortest decimal text (19.99 is
-// 19.99 and not 19.989999...); sums and products are exact up to 34 digits, quotients carry 34 digits. Rounding
-// goes to the nearest, ties to the even digit, and only where a rule says so. The store and the windows convert at
-// their edge; nothing between computes with doubles.
+// Amounts are stored as doubles and computed as decimals. A double is taken as its shortest decimal text
+// (19.99 is 19.99 and not 19.989999...); sums and products are exact up to 34 digits, quotients carry 34
+// digits. Rounding goes to the nearest, ties to the even digit, and only where a rule says so. The store and
+// the windows convert at their edge; nothing between computes with doubles.
 #pragma once
 
 #include <array>
@@ -26,8 +26,8 @@ class Decimal {
   /// The shortest decimal that reads back as this double. Throws ArithmeticError for infinities and NaN.
   static Decimal fromDouble(double value);
 
-  /// Reads plain or scientific notation with a decimal point, nothing around it ("-12.50", "1e3"); nothing for
-  /// any other text.
+  /// Reads plain or scientific notation with a decimal point, nothing around it ("-12.50", "1e3"); nothing
+  /// for any other text.
   static std::optional<Decimal> parse(QStringView text);
 
   /// The nearest double.

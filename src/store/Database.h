@@ -1,0 +1,94 @@
+// One company file: statements with bound values, transactions, and the errors a user can act on.
+//
+// Several processes work in one file at once. Whoever writes takes the write lock at the start and waits for
+// it politely; readers never wait. A committed transaction survives a power cut.
+#pragma once
+
+#include <memory>
+#include <QString>
+
+#include "store/Row.h"
+
+namespace velmar {
+
+class Database {
+ public:
+  /// Opens a company file or the template. Throws StoreError with a text that says what to do when the file
+  /// is missing, damaged, no company, or written by a newer program.
+  static std::unique_ptr<Database> open(const QString& path);
+
+  /// Makes an empty file at `path`, which must not exist yet. The caller gives it its tables.
+  static std::unique_ptr<Database> create(const QString& path);
+
+  ~Database();
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
+  const QString& path() const;
+
+  /// Runs a SELECT (or a statement with RETURNING) and reads it out.
+  Recordset query(const QString& sql, const Values& values = {});
+
+  /// Runs a statement that gives no rows; gives the number of rows it changed. Outside a Transaction it is
+  /// one of its own.
+  int execute(const QString& sql, const Values& values = {});
+
+  /// Inserts rows with as few statements as the engine takes. Every row has a value for each column.
+  void insertRows(const QString& table, const QStringList& columns, const std::vector<Values>& rows);
+
+  bool hasTable(const QString& table);
+  bool inTransaction() const;
+
+  /// The engine's plan of a statement, one step a line.
+  QStringList queryPlan(const QString& sql);
+
+  /// Texts of the statements run since the last call, each once; recording starts with the first call.
+  QStringList takeRecordedStatements();
+
+ private:
+  friend class Transaction;
+  struct Engine;
+  explicit Database(std::unique_ptr<Engine> engine);
+  std::unique_ptr<Engine> engine_;
+};
+
+/// A write transaction: takes the write lock at once, undoes everything unless committed. Inside another one
+/// it is a savepoint of that one.
+class Transaction {
+ public:
+  /// Waits for the write lock; after 5 seconds it asks the user, who may give up (throws Cancelled).
+  explicit Transaction(Database& database);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  void commit();
+  /// Undoes the work and gives the lock back before the end of the scope, so that a message can be shown.
+  void rollback();
+
+ private:
+  Database& database_;
+  int depth_;
+  bool open_ = true;
+};
+
+/// The open company's database; null while none is open.
+Database* openDatabase();
+
+/// The open company's database. Throws StoreError when no company is open.
+Database& database();
+
+/// Opens the company file `gCaleBD` + `gNumeBD` names, in place of the one that was open.
+void setOpenDatabase(std::unique_ptr<Database> database);
+
+/// Reads a SELECT of the open company out.
+Recordset OpenRs(const QString& sql, const Values& values = {});
+Recordset OpenRsClient(const QString& sql, const Values& values = {});
+/// As OpenRs, on the database given or, without one, on the open company's.
+Recordset getDisconectedRecordset(const QString& sql, Database* on = nullptr, const Values& values = {});
+/// Empties a record set.
+void CloseRs(Recordset& recordset);
+/// One statement in a transaction of its own, or in the one that is open; gives the number of rows changed.
+int ExecutaSql(const QString& sql, const Values& values = {});
+
+}  // namespace velmar

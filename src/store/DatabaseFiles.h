@@ -1,0 +1,45 @@
+// Database files in a folder: found without regard to case, made, copied and removed together with the files
+// that the engine keeps beside them.
+#pragma once
+
+#include <QString>
+
+namespace velmar {
+
+/// Name of the template in a databases folder.
+inline const QString kTemplateName = QStringLiteral("Tarvon.mdb");
+/// Name of the first company's file.
+inline const QString kFirstCompanyName = QStringLiteral("Tarvon01.mdb");
+
+/// Full path of the file of that name in any case; the name as given, in the folder, when no such file
+/// exists.
+QString pathInFolder(const QString& folder, const QString& name);
+
+/// Whether the folder holds a file of that name in any case.
+bool existsInFolder(const QString& folder, const QString& name);
+
+/// The file name of the company with that code: "Tarvon" + code in upper case + ".mdb".
+QString companyFileName(const QString& code);
+
+/// Writes the template with the structure and the initial rows of this program into the folder, whole or not
+/// at all, in place of an older one. Throws StoreError.
+void writeTemplate(const QString& folder);
+
+/// Whether the folder has no template, or one that another version of the program wrote.
+bool templateIsOutdated(const QString& folder);
+
+/// Makes a company file from the folder's template, whole or not at all, with the periods of the current
+/// year. Throws StoreError, also when a file of that name stands already.
+void makeCompanyFile(const QString& folder, const QString& fileName);
+
+/// Stamps the program's revision on a database, and the company name waiting in `gDenSocietateNoua`, which
+/// then becomes "00". An argument is the file's name in the databases folder.
+void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& gDenSocietateNoua);
+
+/// Deletes a database file and its side files. Throws StoreError.
+void removeDatabaseFile(const QString& folder, const QString& fileName);
+
+/// The revision of the program, kept in `kt_info.VERSIUNE` of the databases that it made.
+int programRevision();
+
+}  // namespace velmar

@@ -1,0 +1,20 @@
+// The named commands that reports ask for, as a table of statements with positional parameters.
+#pragma once
+
+#include "store/Row.h"
+
+namespace velmar {
+
+/// `gDataEnv`: runs the named commands on the open company's database.
+class DataEnvironment {
+ public:
+  /// Runs the command of that name with its parameters in the told order. Throws StoreError for an unknown
+  /// name or a wrong number of parameters.
+  Recordset open(const QString& name, const Values& parameters = {}) const;
+
+  QStringList names() const;
+  /// The statement behind a name.
+  QString statement(const QString& name) const;
+};
+
+}  // namespace velmar

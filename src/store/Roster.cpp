@@ -1,0 +1,56 @@
+#include "store/Roster.h"
+
+#include <algorithm>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QUrl>
+
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+const QString kMark = QStringLiteral("-conexiune-");
+
+QString entryPath(const QString& databasePath, const QString& login) {
+  return QStringLiteral("%1%2%3-%4")
+      .arg(databasePath, kMark, QString::number(QCoreApplication::applicationPid()),
+           QString::fromLatin1(QUrl::toPercentEncoding(login)));
+}
+
+}  // namespace
+
+RosterEntry::RosterEntry(const QString& databasePath, const QString& login)
+    : lock_(entryPath(databasePath, login)) {
+  lock_.setStaleLockTime(0);
+  if (!lock_.tryLock(0) && lock_.error() != QLockFile::LockFailedError)
+    throw StoreError(
+        75, QStringLiteral("Folderul bazei de date %1 nu poate fi scris. Verificati drepturile asupra lui.")
+                .arg(QDir::toNativeSeparators(QFileInfo(databasePath).path())));
+}
+
+QList<Connection> connections(const QString& databasePath) {
+  const QFileInfo file(databasePath);
+  const QString prefix = file.fileName() + kMark;
+  QList<Connection> found;
+  for (const QFileInfo& entry : file.dir().entryInfoList({prefix + QLatin1Char('*')}, QDir::Files)) {
+    QLockFile probe(entry.filePath());
+    probe.setStaleLockTime(0);
+    if (probe.tryLock(0)) continue;  // its process is dead; the probe takes the file away
+    qint64 process = 0;
+    QString host;
+    QString program;
+    probe.getLockInfo(&process, &host, &program);
+    const QString rest = entry.fileName().mid(prefix.size());
+    const QString login = QUrl::fromPercentEncoding(rest.mid(rest.indexOf(QLatin1Char('-')) + 1).toLatin1());
+    found.append({host, login, true, QStringLiteral("-")});
+  }
+  std::sort(found.begin(), found.end(), [](const Connection& a, const Connection& b) {
+    return std::tie(a.computer, a.login) < std::tie(b.computer, b.login);
+  });
+  return found;
+}
+
+}  // namespace velmar

@@ -1,0 +1,33 @@
+// Who works in a company file: every process holds an entry beside the file, which falls when the process
+// ends, however it ends.
+#pragma once
+
+#include <memory>
+#include <QList>
+#include <QLockFile>
+#include <QString>
+
+namespace velmar {
+
+/// One connected process.
+struct Connection {
+  QString computer;
+  QString login;
+  bool connected = true;
+  QString suspectState;  ///< "-" when nothing is suspect
+};
+
+/// This process's place in the roster of a company file, for as long as the object lives.
+class RosterEntry {
+ public:
+  /// Throws StoreError when the folder cannot be written.
+  RosterEntry(const QString& databasePath, const QString& login);
+
+ private:
+  QLockFile lock_;
+};
+
+/// The processes connected to a company file, by computer and login; entries of dead processes are removed.
+QList<Connection> connections(const QString& databasePath);
+
+}  // namespace velmar

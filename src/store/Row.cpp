@@ -1,0 +1,98 @@
+#include "store/Row.h"
+
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+const QString kDateTimeFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz");
+
+QString cut(const QString& iso, int length) { return iso.left(length); }
+
+}  // namespace
+
+Value::Value(const QDate& date) {
+  if (date.isValid()) data_ = date.toString(Qt::ISODate);
+}
+
+Value::Value(const QTime& time) {
+  if (time.isValid()) data_ = time.toString(QStringLiteral("HH:mm:ss"));
+}
+
+Value::Value(const QDateTime& moment) {
+  if (moment.isValid()) data_ = moment.toString(kDateTimeFormat);
+}
+
+Value Value::raw(const QVariant& data) {
+  Value value;
+  value.data_ = data;
+  return value;
+}
+
+Columns::Columns(const QStringList& names) : names_(names) {
+  for (int i = 0; i < names.size(); ++i) positions_.insert(names[i].toUpper(), i);
+}
+
+int Columns::indexOf(const QString& name) const {
+  // Most callers write the name as it stands; only the others pay for folding.
+  const auto found = positions_.constFind(name);
+  if (found != positions_.cend()) return *found;
+  return positions_.value(name.toUpper(), -1);
+}
+
+Row::Row(std::shared_ptr<const Columns> columns, std::vector<QVariant> cells)
+    : columns_(std::move(columns)), cells_(std::move(cells)) {}
+
+Row::Row(std::shared_ptr<const Columns> columns)
+    : columns_(std::move(columns)), cells_(static_cast<size_t>(columns_->names().size())) {}
+
+bool Row::has(const QString& column) const { return columns_ && columns_->indexOf(column) >= 0; }
+
+const QVariant& Row::value(const QString& column) const {
+  const int position = columns_ ? columns_->indexOf(column) : -1;
+  if (position < 0) throw StoreError(0, QStringLiteral("Lipseste coloana %1").arg(column));
+  return cells_[static_cast<size_t>(position)];
+}
+
+void Row::set(const QString& column, const Value& value) {
+  const int position = columns_ ? columns_->indexOf(column) : -1;
+  if (position < 0) throw StoreError(0, QStringLiteral("Lipseste coloana %1").arg(column));
+  cells_[static_cast<size_t>(position)] = value.data();
+}
+
+QString Row::text(const QString& column) const { return value(column).toString(); }
+
+qint64 Row::integer(const QString& column) const { return value(column).toLongLong(); }
+
+Decimal Row::decimal(const QString& column) const {
+  const QVariant& cell = value(column);
+  if (cell.isNull()) return {};
+  if (cell.typeId() == QMetaType::Double) return Decimal::fromDouble(cell.toDouble());
+  if (cell.typeId() == QMetaType::QString) {
+    const auto number = Decimal::parse(cell.toString().trimmed());
+    if (!number)
+      throw StoreError(13,
+                       QStringLiteral("Valoarea din %1 nu este un numar: %2").arg(column, cell.toString()));
+    return *number;
+  }
+  return Decimal(static_cast<qint64>(cell.toLongLong()));
+}
+
+bool Row::flag(const QString& column) const { return integer(column) != 0; }
+
+QDate Row::date(const QString& column) const {
+  return QDate::fromString(cut(value(column).toString(), 10), Qt::ISODate);
+}
+
+QDateTime Row::moment(const QString& column) const {
+  const QString text = value(column).toString();
+  const QDateTime precise = QDateTime::fromString(text, kDateTimeFormat);
+  return precise.isValid() ? precise : QDateTime::fromString(text, Qt::ISODate);
+}
+
+QVariant Nz(const QVariant& value, const QVariant& defaultValue) {
+  return value.isNull() ? defaultValue : value;
+}
+
+}  // namespace velmar

@@ -1,0 +1,110 @@
+// Rows and record sets: results that have been read out completely, their columns found by name without
+// regard to case. Nothing above the store sees the toolkit's own query classes.
+#pragma once
+
+#include <memory>
+#include <QDateTime>
+#include <QHash>
+#include <QStringList>
+#include <QVariant>
+#include <vector>
+
+#include "util/Decimal.h"
+
+namespace velmar {
+
+/// A value on its way into a statement. There is no constructor from double: money travels as Decimal.
+class Value {
+ public:
+  Value() = default;                                           // null
+  Value(std::nullptr_t) {}                                     // NOLINT(google-explicit-constructor)
+  Value(const QString& text) : data_(text) {}                  // NOLINT(google-explicit-constructor)
+  Value(const char* text) : data_(QString::fromUtf8(text)) {}  // NOLINT(google-explicit-constructor)
+  Value(int number) : data_(qlonglong(number)) {}              // NOLINT(google-explicit-constructor)
+  Value(qint64 number) : data_(qlonglong(number)) {}           // NOLINT(google-explicit-constructor)
+  Value(bool flag) : data_(qlonglong(flag ? -1 : 0)) {}        // NOLINT(google-explicit-constructor)
+  Value(const Decimal& number) : data_(number.toDouble()) {}   // NOLINT(google-explicit-constructor)
+  Value(const QDate& date);                                    // NOLINT(google-explicit-constructor)
+  Value(const QTime& time);                                    // NOLINT(google-explicit-constructor)
+  Value(const QDateTime& moment);                              // NOLINT(google-explicit-constructor)
+  Value(double) = delete;
+
+  /// A value as it came out of a record set.
+  static Value raw(const QVariant& data);
+  const QVariant& data() const { return data_; }
+
+ private:
+  QVariant data_;
+};
+
+using Values = std::vector<Value>;
+
+/// The column names of a record set, shared by its rows.
+class Columns {
+ public:
+  explicit Columns(const QStringList& names);
+  const QStringList& names() const { return names_; }
+  /// Position of the name in any case, -1 when there is none.
+  int indexOf(const QString& name) const;
+
+ private:
+  QStringList names_;
+  QHash<QString, int> positions_;
+};
+
+class Row {
+ public:
+  Row() = default;
+  Row(std::shared_ptr<const Columns> columns, std::vector<QVariant> cells);
+  /// A row of nulls.
+  explicit Row(std::shared_ptr<const Columns> columns);
+
+  bool isEmpty() const { return !columns_; }
+  bool has(const QString& column) const;
+  /// The raw value. Throws StoreError when the row has no such column.
+  const QVariant& value(const QString& column) const;
+  const QVariant& at(int position) const { return cells_[static_cast<size_t>(position)]; }
+  void set(const QString& column, const Value& value);
+
+  bool isNull(const QString& column) const { return value(column).isNull(); }
+  QString text(const QString& column) const;     ///< null gives ""
+  qint64 integer(const QString& column) const;   ///< null gives 0
+  Decimal decimal(const QString& column) const;  ///< null gives 0; text that is no number throws StoreError
+  bool flag(const QString& column) const;        ///< anything but 0 and null is true
+  QDate date(const QString& column) const;       ///< null gives an invalid date
+  QDateTime moment(const QString& column) const;
+
+  const QStringList& columns() const { return columns_->names(); }
+
+ private:
+  std::shared_ptr<const Columns> columns_;
+  std::vector<QVariant> cells_;
+};
+
+/// All rows of a result, in memory.
+class Recordset {
+ public:
+  Recordset() : columns_(std::make_shared<Columns>(QStringList())) {}
+  explicit Recordset(std::shared_ptr<const Columns> columns) : columns_(std::move(columns)) {}
+
+  bool isEmpty() const { return rows_.empty(); }
+  int size() const { return static_cast<int>(rows_.size()); }
+  const Row& operator[](int row) const { return rows_[static_cast<size_t>(row)]; }
+  const Row& first() const { return rows_.front(); }
+  auto begin() const { return rows_.begin(); }
+  auto end() const { return rows_.end(); }
+  const QStringList& columns() const { return columns_->names(); }
+  std::shared_ptr<const Columns> sharedColumns() const { return columns_; }
+
+  void append(std::vector<QVariant> cells) { rows_.emplace_back(columns_, std::move(cells)); }
+  std::vector<Row> takeRows() { return std::move(rows_); }
+
+ private:
+  std::shared_ptr<const Columns> columns_;
+  std::vector<Row> rows_;
+};
+
+/// The value; a null gives the default, which is 0 when none is given.
+QVariant Nz(const QVariant& value, const QVariant& defaultValue = 0);
+
+}  // namespace velmar

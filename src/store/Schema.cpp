@@ -1,0 +1,135 @@
+#include "store/Schema.h"
+
+#include "store/Database.h"
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+QString declaredType(const Column& column) {
+  switch (column.type) {
+    case ColumnType::Text:
+      return QStringLiteral("TEXT COLLATE NOCASE");
+    case ColumnType::Integer:
+    case ColumnType::AutoNumber:
+      return QStringLiteral("INTEGER");
+    case ColumnType::Boolean:
+      return QStringLiteral("INTEGER NOT NULL DEFAULT 0");
+    case ColumnType::Real:
+      return column.zeroDefault ? QStringLiteral("REAL NOT NULL DEFAULT 0") : QStringLiteral("REAL");
+    case ColumnType::Date:
+    case ColumnType::Time:
+    case ColumnType::DateTime:
+      return QStringLiteral("TEXT");
+  }
+  return {};
+}
+
+QString quoted(const QString& name) {
+  return name.contains(QLatin1Char(' ')) ? QStringLiteral("\"%1\"").arg(name) : name;
+}
+
+QString createStatement(const Table& table) {
+  QStringList parts;
+  for (const Column& column : table.columns()) {
+    QString part = column.name + QLatin1Char(' ') + declaredType(column);
+    if (table.keyColumns().contains(column.name) && column.type != ColumnType::Boolean)
+      part += QStringLiteral(" NOT NULL");
+    parts.append(part);
+  }
+  if (!table.keyColumns().isEmpty())
+    parts.append(QStringLiteral("PRIMARY KEY (%1)").arg(table.keyColumns().join(QStringLiteral(", "))));
+  // Lines lie beside the other lines of their document, found by one descent.
+  const QString clustered = table.keyColumns().size() > 1 ? QStringLiteral(" WITHOUT ROWID") : QString();
+  return QStringLiteral("CREATE TABLE %1 (%2)%3")
+      .arg(quoted(table.name()), parts.join(QStringLiteral(", ")), clustered);
+}
+
+QString createStatement(const Table& table, const Index& index, int number) {
+  const QString where = index.where.isEmpty() ? QString() : QStringLiteral(" WHERE ") + index.where;
+  return QStringLiteral("CREATE INDEX ix%1_%2 ON %3 (%4)%5")
+      .arg(QString::number(number), QString(table.name()).remove(QLatin1Char(' ')), quoted(table.name()),
+           index.columns.join(QStringLiteral(", ")), where);
+}
+
+}  // namespace
+
+Table& Table::add(const QString& names, ColumnType type, int width, bool zeroDefault) {
+  for (const QString& name : names.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+    columns_.push_back({name, type, width, zeroDefault});
+  return *this;
+}
+
+Table& Table::text(const QString& name, int width) { return add(name, ColumnType::Text, width); }
+Table& Table::texts(const QString& names, int width) { return add(names, ColumnType::Text, width); }
+Table& Table::integers(const QString& names) { return add(names, ColumnType::Integer); }
+Table& Table::autoNumber(const QString& name) { return add(name, ColumnType::AutoNumber).key(name); }
+Table& Table::reals(const QString& names) { return add(names, ColumnType::Real); }
+Table& Table::zeroReals(const QString& names) { return add(names, ColumnType::Real, 0, true); }
+Table& Table::flags(const QString& names) { return add(names, ColumnType::Boolean); }
+Table& Table::dates(const QString& names) { return add(names, ColumnType::Date); }
+Table& Table::times(const QString& names) { return add(names, ColumnType::Time); }
+Table& Table::moments(const QString& names) { return add(names, ColumnType::DateTime); }
+
+Table& Table::key(const QString& names) {
+  key_ = names.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  return *this;
+}
+
+Table& Table::index(const QString& names, const QString& where) {
+  indexes_.push_back({names.split(QLatin1Char(' '), Qt::SkipEmptyParts), where});
+  return *this;
+}
+
+const Column* Table::column(const QString& name) const {
+  for (const Column& column : columns_)
+    if (column.name.compare(name, Qt::CaseInsensitive) == 0) return &column;
+  return nullptr;
+}
+
+Row Table::emptyRow() const {
+  QStringList names;
+  for (const Column& column : columns_) names.append(column.name);
+  return Row(std::make_shared<Columns>(names));
+}
+
+const std::vector<Table>& companyTables() {
+  static const std::vector<Table> tables = [] {
+    std::vector<Table> all = masterTables();
+    for (auto part : {documentTables(), ledgerTables()}) all.insert(all.end(), part.begin(), part.end());
+    return all;
+  }();
+  return tables;
+}
+
+const Table& companyTable(const QString& name) {
+  for (const Table& table : companyTables())
+    if (table.name().compare(name, Qt::CaseInsensitive) == 0) return table;
+  throw StoreError(0, QStringLiteral("Lipseste tabela %1").arg(name));
+}
+
+void createCompanyTables(Database& database) {
+  Transaction transaction(database);
+  for (const Table& table : companyTables()) {
+    database.execute(createStatement(table));
+    int number = 0;
+    for (const Index& index : table.indexes()) database.execute(createStatement(table, index, ++number));
+  }
+  database.execute(QStringLiteral(
+      "CREATE VIEW qryTertiLinii AS SELECT DISTINCT TERT FROM kt_linii WHERE TERT IS NOT NULL"));
+  transaction.commit();
+}
+
+void requireWidths(const Table& table, const Row& row) {
+  for (const QString& name : row.columns()) {
+    const Column* column = table.column(name);
+    if (!column || column->type != ColumnType::Text || column->width == 0) continue;
+    if (row.text(name).size() > column->width)
+      throw RuleError(QStringLiteral("Textul din campul %1 este prea lung (maxim %2 caractere) !")
+                          .arg(column->name, QString::number(column->width)),
+                      column->name);
+  }
+}
+
+}  // namespace velmar

@@ -1,0 +1,148 @@
+// What has been validated, and the work tables that reports and corrections fill and empty.
+#include "store/Schema.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kKeyWidth = 23;  // kind, number, side of a transfer
+
+Table ledgerDocuments() {
+  return Table("G_DOCUME")
+      .text("ID", kKeyWidth)
+      .text("TIP", 2)
+      .text("TIPIE", 1)
+      .integers("CODTERT")
+      .dates("DATADOC DATASCAD DATAINTROD")
+      .times("TIMP")
+      .text("UTILIZATOR", 10)
+      .integers("CODMAG")
+      .reals("TOTALFT TOTALTVA TOTALCOST")
+      .text("CODDEV", 3)
+      .reals("CURS TOTALDEV")
+      .integers("MODREG")
+      .text("SERIE", 5)
+      .text("OBS", 45)
+      .text("REF", 20)
+      .flags("VALIDAT STORNAT LISTAT")
+      .reals("PROCRABAT VALRABAT")
+      .text("IMP", 10)
+      .text("NUMFACTR", 20)
+      .integers("FURTR")
+      .reals("TRANSTTI")
+      .flags("IsAudio")
+      .text("NUMAR", 20)
+      .key("ID")
+      .index("TIP DATADOC")
+      .index("DATADOC")
+      .index("CODTERT DATADOC");
+}
+
+Table ledgerLines() {
+  return Table("G_LDOCUM")
+      .text("DOCID", kKeyWidth)
+      .integers("LINIE")
+      .text("ARTID", 20)
+      .reals("CANT PRETFT PRETTTI PRETDEV PRETVA VALTVA COST COSTDEV VALCOST VALCOSTDEV CODTVA")
+      .moments("DATA")
+      .integers("CODMAG Magazie")
+      .text("CODCC", 10)
+      .reals("CANTRAMASA")
+      .text("REFERINTA", 22)
+      .dates("DATASOLD")
+      .reals("PROCRAB VALRAB")
+      .text("PALET", 20)
+      .key("DOCID LINIE")
+      // Stock by article and warehouse is read from this index alone.
+      .index("ARTID CODMAG DOCID CANT")
+      .index("ARTID DATA", "CANTRAMASA > 0")
+      .index("REFERINTA", "REFERINTA IS NOT NULL");
+}
+
+Table noteLines() {
+  return Table("kt_linii")
+      .integers("NDI NRLINIE")
+      .text("JURNAL", 3)
+      .dates("DATAINR")
+      .text("CONT", 16)
+      .text("EXPL", 255)
+      .reals("DEBIT CREDIT DEVDEBIT DEVCREDIT")
+      .text("COD", 3)
+      .reals("CURS")
+      .texts("DOC MARCA", 20)
+      .text("DocExplicatie", 255)
+      .integers("TERT")
+      .dates("DATASCAD")
+      .integers("TVA_LINREF")
+      .reals("COTATVA")
+      .text("PROV", 1)
+      .text("CODBUG", 20)
+      .texts("CODCC CODOPER", 10)
+      .reals("CANTIT")
+      .texts("LITM CodIE CodSucursala ID_Formula CODTREZO", 20)
+      .text("UTILIZATOR", 10)
+      .moments("TIMP")
+      .text("TIPDOC", 2)
+      .integers("TVAINC")
+      .key("NDI NRLINIE")
+      .index("CONT DATAINR")
+      .index("TERT CONT", "TERT IS NOT NULL")
+      .index("DOC PROV")
+      .index("JURNAL");
+}
+
+Table vatJournal(const QString& name) {
+  return Table(name)
+      .text("UTILIZATOR", 10)
+      .integers("NRC")
+      .dates("DATA")
+      .texts("NDP NUMARFACTURA", 20)
+      .dates("DATAFACTURA")
+      .integers("CODF")
+      .texts("NUMETERT NUME", 40)
+      .text("CODFISCAL", 14)
+      .reals("TOTAL TOTALFT TOTALTVA BAZA1 TVA1")
+      .index("UTILIZATOR NRC");
+}
+
+}  // namespace
+
+std::vector<Table> ledgerTables() {
+  return {
+      ledgerDocuments(),
+      ledgerLines(),
+      Table("G_I_E")
+          .text("ID_E", 21)
+          .text("ID_I", kKeyWidth)
+          .text("CODART", 20)
+          .reals("CANT")
+          .index("ID_E CODART")
+          .index("ID_I CODART"),
+      noteLines(),
+      vatJournal("kt_jct").reals("IMP TVAIMP NEIMP"),
+      vatJournal("kt_jvt").reals("EXPORT SCUTIT SCUTIT_CD SCUTIT_FD"),
+      Table("G_DESCAR")
+          .integers("NRCRT POZITIE")
+          .text("TIP", 2)
+          .text("NRCOMANDA", 22)
+          .integers("CODCLIENT")
+          .text("NUMECLIENT", 40)
+          .dates("DATACOMAND")
+          .text("CODARTICOL", 20)
+          .text("DENMARFA", 35)
+          .reals("PRETVANZAR COSTUNITAR CANTITATE"),
+      Table("G_MISCARESTOC").text("DENUMIRE", 20).reals("STOC").text("CODART", 20),
+      Table("G_STOC")
+          .text("CODART2", 20)
+          .text("DENUMIRE2", 35)
+          .reals("STOCART COSTART")
+          .integers("FAM")
+          .index("FAM CODART2"),
+      Table("tmpArt").text("ARTID", 20).reals("STOC"),
+      Table("tmpAE").text("ARTID", 20).reals("SumOfCANT").text("REFERINTA", 22),
+      Table("tmp_CMP").text("ARTID", 20).reals("Valoare Cantitate"),
+      Table("tmp_SoldConturi").text("CONT", 16).reals("SumOfDEBIT SumOfCREDIT"),
+  };
+}
+
+}  // namespace velmar

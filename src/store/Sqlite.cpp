@@ -1,0 +1,140 @@
+#include "store/Sqlite.h"
+
+#include <sqlite3.h>
+#include <QFile>
+#include <QSqlDriver>
+#include <QSqlQuery>
+#include <QUrl>
+#include <QVariant>
+
+#include "util/NumberText.h"
+
+namespace velmar::sqlite {
+
+namespace {
+
+// The engine's primary result codes that a user can do something about.
+QString advice(int code) {
+  switch (code) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return QStringLiteral(
+          "Baza de date este folosita in acest moment de alt utilizator. Incercati din nou.");
+    case SQLITE_READONLY:
+      return QStringLiteral(
+          "Baza de date nu poate fi scrisa. Verificati drepturile asupra fisierului si folderului.");
+    case SQLITE_CANTOPEN:
+      return QStringLiteral(
+          "Baza de date nu poate fi deschisa. Verificati ca fisierul exista si ca folderul poate fi scris.");
+    case SQLITE_FULL:
+      return QStringLiteral("Discul este plin, nu s-a salvat nimic. Eliberati spatiu si incercati din nou.");
+    case SQLITE_IOERR:
+      return QStringLiteral("Discul nu raspunde, nu s-a salvat nimic. Verificati discul si spatiul liber.");
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return QStringLiteral(
+          "Fisierul nu este o baza de date Velmar sau este deteriorat. Restaurati o copie salvata.");
+    default:
+      return {};
+  }
+}
+
+void roundEven(sqlite3_context* context, int, sqlite3_value** arguments) {
+  if (sqlite3_value_type(arguments[0]) == SQLITE_NULL) return sqlite3_result_null(context);
+  try {
+    const Decimal value = Decimal::fromDouble(sqlite3_value_double(arguments[0]));
+    sqlite3_result_double(context, Round(value, sqlite3_value_int(arguments[1])).toDouble());
+  } catch (const Error& error) {
+    sqlite3_result_error(context, error.what(), -1);
+  }
+}
+
+void isNumeric(sqlite3_context* context, int, sqlite3_value** arguments) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
+  sqlite3_result_int(context, text && isNumericText(QString::fromUtf8(text)) ? -1 : 0);
+}
+
+void registerFunctions(const QSqlDatabase& connection) {
+  auto* handle = *static_cast<sqlite3* const*>(connection.driver()->handle().constData());
+  constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
+  sqlite3_create_function(handle, "ROUND_EVEN", 2, kFlags, nullptr, roundEven, nullptr, nullptr);
+  sqlite3_create_function(handle, "IS_NUMERIC", 1, kFlags, nullptr, isNumeric, nullptr, nullptr);
+}
+
+QVariant pragma(const QSqlDatabase& connection, const QString& text, const QString& path) {
+  QSqlQuery query(connection);
+  if (!query.exec(QStringLiteral("PRAGMA ") + text)) throw describe(query.lastError(), path);
+  return query.next() ? query.value(0) : QVariant();
+}
+
+void requireOurFormat(const QSqlDatabase& connection, const QString& path) {
+  if (pragma(connection, QStringLiteral("application_id"), path).toInt() != kApplicationId)
+    throw StoreError(SQLITE_NOTADB, QStringLiteral("Fisierul %1 nu este o baza de date Velmar.").arg(path));
+  if (pragma(connection, QStringLiteral("user_version"), path).toInt() > kFormatVersion)
+    throw StoreError(SQLITE_NOTADB, QStringLiteral("Baza de date %1 a fost creata de o versiune mai noua a "
+                                                   "programului. Instalati versiunea noua.")
+                                        .arg(path));
+}
+
+}  // namespace
+
+bool looksLikeDatabase(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) && file.read(16) == QByteArray("SQLite format 3\0", 16);
+}
+
+QSqlDatabase open(const QString& path, const QString& connectionName, bool create) {
+  if (!create) {
+    QFile file(path);
+    if (!file.exists())
+      throw StoreError(SQLITE_CANTOPEN, QStringLiteral("Lipseste baza de date %1.").arg(path));
+    if (!file.open(QIODevice::ReadOnly))
+      throw StoreError(
+          SQLITE_CANTOPEN,
+          QStringLiteral("Baza de date %1 nu poate fi citita. Verificati drepturile asupra ei.").arg(path));
+    if (!looksLikeDatabase(path))
+      throw StoreError(
+          SQLITE_NOTADB,
+          QStringLiteral("Fisierul %1 nu este o baza de date Velmar sau este deteriorat.").arg(path));
+  }
+  QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
+  QUrl url = QUrl::fromLocalFile(path);
+  url.setQuery(create ? QStringLiteral("mode=rwc") : QStringLiteral("mode=rw"));
+  connection.setDatabaseName(url.toString(QUrl::FullyEncoded));
+  connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=200"));
+  if (!connection.open()) throw describe(connection.lastError(), path);
+  registerFunctions(connection);
+  if (create) {
+    pragma(connection, QStringLiteral("application_id=%1").arg(kApplicationId), path);
+    pragma(connection, QStringLiteral("user_version=%1").arg(kFormatVersion), path);
+  } else {
+    requireOurFormat(connection, path);
+  }
+  pragma(connection, QStringLiteral("journal_mode=WAL"), path);
+  pragma(connection, QStringLiteral("synchronous=FULL"), path);
+  pragma(connection, QStringLiteral("cache_size=-65536"), path);
+  pragma(connection, QStringLiteral("temp_store=MEMORY"), path);
+  return connection;
+}
+
+bool tryBeginWrite(QSqlDatabase& connection) {
+  QSqlQuery query(connection);
+  if (query.exec(QStringLiteral("BEGIN IMMEDIATE"))) return true;
+  const int code = query.lastError().nativeErrorCode().toInt() & 0xff;
+  if (code == SQLITE_BUSY || code == SQLITE_LOCKED) return false;
+  throw describe(query.lastError(), connection.databaseName());
+}
+
+StoreError describe(const QSqlError& error, const QString& path) {
+  const int code = error.nativeErrorCode().toInt() & 0xff;
+  const QString engineText = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+  const QString help = advice(code);
+  if (help.isEmpty()) return StoreError(code, engineText);
+  return StoreError(code, QStringLiteral("%1 (%2: %3)").arg(help, path, engineText));
+}
+
+QStringList sideFiles(const QString& path) {
+  return {path + QStringLiteral("-wal"), path + QStringLiteral("-shm"), path + QStringLiteral("-journal")};
+}
+
+}  // namespace velmar::sqlite

@@ -1,0 +1,31 @@
+// What is SQLite's own: opening a file, the write lock, the functions of the database, the text of its
+// errors.
+#pragma once
+
+#include <QSqlDatabase>
+#include <QSqlError>
+
+#include "util/Errors.h"
+
+namespace velmar::sqlite {
+
+/// Marks a file as ours and tells the version of its format (kept apart from kt_info.VERSIUNE).
+inline constexpr int kApplicationId = 0x564C4D52;  // "VLMR"
+inline constexpr int kFormatVersion = 1;
+
+/// Opens `path` under the connection name given, or makes the file. Throws StoreError.
+QSqlDatabase open(const QString& path, const QString& connectionName, bool create);
+
+/// Whether the file begins as a database of this engine does.
+bool looksLikeDatabase(const QString& path);
+
+/// Takes the write lock; gives false when another process holds it.
+bool tryBeginWrite(QSqlDatabase& connection);
+
+/// The error with a Romanian text that says what to do.
+StoreError describe(const QSqlError& error, const QString& path);
+
+/// The files that the engine keeps beside a database file.
+QStringList sideFiles(const QString& path);
+
+}  // namespace velmar::sqlite

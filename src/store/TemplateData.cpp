@@ -1,0 +1,66 @@
+#include "store/TemplateData.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+#include "store/Database.h"
+#include "store/Schema.h"
+#include "util/Clock.h"
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kDefaultDecimals = 2;
+
+Value parsed(const QString& text, const Column& column) {
+  if (text.isEmpty()) return {};
+  switch (column.type) {
+    case ColumnType::Integer:
+    case ColumnType::AutoNumber:
+    case ColumnType::Boolean:
+      return static_cast<qint64>(text.toLongLong());
+    case ColumnType::Real:
+      return Decimal::parse(text).value();
+    default:
+      return text;
+  }
+}
+
+void insertFile(Database& database, const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) throw StoreError(0, QStringLiteral("Lipseste resursa %1").arg(path));
+  const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+  const Table& table = companyTable(QFileInfo(path).completeBaseName());
+  const QStringList columns = lines.first().split(QLatin1Char('\t'));
+  std::vector<Values> rows;
+  for (const QString& line : lines.mid(1)) {
+    const QStringList fields = line.split(QLatin1Char('\t'));
+    Values row;
+    for (int i = 0; i < columns.size(); ++i) {
+      const Column* column = table.column(columns[i]);
+      if (!column) throw StoreError(0, QStringLiteral("Lipseste coloana %1").arg(columns[i]));
+      row.push_back(parsed(fields.value(i), *column));
+    }
+    rows.push_back(row);
+  }
+  database.insertRows(table.name(), columns, rows);
+}
+
+}  // namespace
+
+void insertTemplateData(Database& database) {
+  Q_INIT_RESOURCE(template_data);
+  database.execute("INSERT INTO kt_info (PlanC, NrZec) VALUES (0, ?)", {kDefaultDecimals});
+  QDirIterator files(QStringLiteral(":/template"), {QStringLiteral("*.tsv")});
+  while (files.hasNext()) insertFile(database, files.next());
+  database.execute(
+      "INSERT INTO kt_pc (CONT, TITLU, DEBITN, CREDITN, DEBITN_1, CREDITN_1, SOLDN, CODBUG, CREARE, "
+      "NeUtilizabil) "
+      "SELECT CONT, TITLU, 0, 0, 0, 0, 0, '', ?, NeUtilizabil FROM kt_pc_2003 ORDER BY CONT",
+      {clock::today().toString(QStringLiteral("dd/MM/yyyy"))});
+}
+
+}  // namespace velmar

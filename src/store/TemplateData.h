@@ -1,0 +1,12 @@
+// The rows of the template: charts of accounts, VAT rates, currencies, journals, operations, parameters, the
+// first user. They lie as tab-separated files, one a table, in src/store/template.
+#pragma once
+
+namespace velmar {
+
+class Database;
+
+/// Fills the empty tables of a new template.
+void insertTemplateData(Database& database);
+
+}  // namespace velmar

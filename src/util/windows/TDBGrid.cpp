@@ -1,0 +1,207 @@
+#include "util/windows/TDBGrid.h"
+
+#include <QHeaderView>
+#include <QPainter>
+
+#include "util/NumberText.h"
+
+namespace velmar {
+
+namespace {
+
+// Paints the footers under their columns, wherever these have been scrolled to.
+class GridFooter : public QWidget {
+ public:
+  explicit GridFooter(TDBGrid* grid) : QWidget(grid), grid_(grid) { hide(); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().window());
+    painter.setPen(palette().mid().color());
+    painter.drawLine(0, 0, width(), 0);
+    painter.setPen(palette().text().color());
+    QFont bold = font();
+    bold.setBold(true);
+    painter.setFont(bold);
+    const int left = grid_->viewport()->x() - x();
+    for (int i = 0; i < grid_->columns().size(); ++i) {
+      if (grid_->isColumnHidden(i)) continue;
+      const QRect cell(left + grid_->columnViewportPosition(i), 0, grid_->columnWidth(i), height());
+      painter.drawText(cell.adjusted(4, 0, -4, 0), Qt::AlignRight | Qt::AlignVCenter,
+                       grid_->footer(grid_->columns()[i].field));
+    }
+  }
+
+ private:
+  TDBGrid* grid_;
+};
+
+bool rightAligned(CellFormat format) { return format == CellFormat::Number || format == CellFormat::Integer; }
+
+}  // namespace
+
+QString cellText(const QVariant& value, const GridColumn& column) {
+  if (value.isNull()) return {};
+  switch (column.format) {
+    case CellFormat::Number:
+      if (value.typeId() == QMetaType::Double)
+        return formatNumber(Decimal::fromDouble(value.toDouble()), column.decimals);
+      return formatNumber(Decimal(static_cast<qint64>(value.toLongLong())), column.decimals);
+    case CellFormat::Date:
+      return formatDate(QDate::fromString(value.toString().left(10), Qt::ISODate));
+    case CellFormat::Flag:
+      return value.toLongLong() != 0 ? QStringLiteral("DA") : QStringLiteral("NU");
+    case CellFormat::Integer:
+    case CellFormat::Text:
+      break;
+  }
+  return value.toString();
+}
+
+void RecordsetModel::setColumns(const QList<GridColumn>& columns) {
+  beginResetModel();
+  columns_ = columns;
+  endResetModel();
+}
+
+void RecordsetModel::setRecordset(Recordset recordset) {
+  beginResetModel();
+  recordset_ = std::move(recordset);
+  endResetModel();
+}
+
+int RecordsetModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : recordset_.size();
+}
+
+int RecordsetModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
+  const GridColumn& column = columns_[index.column()];
+  if (role == Qt::DisplayRole) return cellText(recordset_[index.row()].value(column.field), column);
+  if (role == Qt::ToolTipRole && column.format == CellFormat::Text)
+    return recordset_[index.row()].text(column.field);
+  if (role == Qt::TextAlignmentRole && rightAligned(column.format))
+    return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+  return {};
+}
+
+QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Horizontal && role == Qt::DisplayRole) return columns_[section].caption;
+  return QAbstractTableModel::headerData(section, orientation, role);
+}
+
+TDBGrid::TDBGrid(const QString& name, QWidget* parent)
+    : QTableView(parent), list_(new RecordsetModel(this)), footer_(new GridFooter(this)) {
+  setObjectName(name);
+  setModel(list_);
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(SingleSelection);
+  setTabKeyNavigation(false);
+  setAlternatingRowColors(true);
+  verticalHeader()->hide();
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setStretchLastSection(true);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, footer_, qOverload<>(&QWidget::update));
+}
+
+void TDBGrid::setColumns(const QList<GridColumn>& columns) {
+  columns_ = columns;
+  list_->setColumns(columns);
+  applyWidths();
+}
+
+void TDBGrid::applyWidths() {
+  for (int i = 0; i < columns_.size() && i < model()->columnCount(); ++i) {
+    setColumnHidden(i, !columns_[i].visible);
+    const int caption = fontMetrics().horizontalAdvance(columns_[i].caption) + 16;
+    setColumnWidth(i, std::max(caption, fontMetrics().averageCharWidth() * columns_[i].width + 12));
+  }
+}
+
+int TDBGrid::columnOf(const QString& field) const {
+  for (int i = 0; i < columns_.size(); ++i)
+    if (columns_[i].field.compare(field, Qt::CaseInsensitive) == 0) return i;
+  return -1;
+}
+
+void TDBGrid::setRecordset(Recordset recordset) {
+  const int row = currentIndex().row();
+  {
+    const QSignalBlocker quiet(selectionModel());
+    list_->setRecordset(std::move(recordset));
+  }
+  applyWidths();
+  if (list_->rowCount() > 0) {
+    int column = 0;
+    while (column < columns_.size() - 1 && isColumnHidden(column)) ++column;
+    const QSignalBlocker quiet(this);
+    setCurrentIndex(list_->index(std::clamp(row, 0, list_->rowCount() - 1), column));
+  }
+  emit currentRecordChanged();
+  viewport()->update();
+}
+
+const Row* TDBGrid::currentRecord() const {
+  const int row = currentIndex().row();
+  return row >= 0 && row < list_->rowCount() ? &list_->recordset()[row] : nullptr;
+}
+
+bool TDBGrid::selectRecord(const QString& field, const QString& text) {
+  for (int i = 0; i < list_->rowCount(); ++i) {
+    if (list_->recordset()[i].text(field).compare(text, Qt::CaseInsensitive) != 0) continue;
+    setCurrentIndex(list_->index(i, std::max(0, columnOf(field))));
+    return true;
+  }
+  return false;
+}
+
+void TDBGrid::setFooter(const QString& field, const QString& text) {
+  footers_[field.toUpper()] = text;
+  if (footer_->isHidden()) {
+    footer_->show();
+    updateGeometries();
+  }
+  footer_->update();
+}
+
+QString TDBGrid::footer(const QString& field) const { return footers_.value(field.toUpper()); }
+
+void TDBGrid::updateGeometries() {
+  if (placingFooter_) return;
+  placingFooter_ = true;
+  QTableView::updateGeometries();
+  if (!footer_->isHidden()) {
+    const int height = fontMetrics().height() + 8;
+    const QMargins margins = viewportMargins();
+    setViewportMargins(margins.left(), margins.top(), margins.right(), height);
+    const QRect view = viewport()->geometry();
+    footer_->setGeometry(view.left(), view.bottom() + 1, view.width(), height);
+  }
+  placingFooter_ = false;
+}
+
+void TDBGrid::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (model()->rowCount() > 0 || emptyText_.isEmpty()) return;
+  QPainter painter(viewport());
+  painter.setPen(palette().placeholderText().color());
+  painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12), Qt::AlignCenter | Qt::TextWordWrap,
+                   emptyText_);
+}
+
+void TDBGrid::scrollContentsBy(int dx, int dy) {
+  QTableView::scrollContentsBy(dx, dy);
+  footer_->update();
+}
+
+void TDBGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  if (model() == list_ && current.row() != previous.row()) emit currentRecordChanged();
+}
+
+}  // namespace velmar
