@@ -13,7 +13,9 @@ MessageSink* setMessageSink(MessageSink* sink) { return std::exchange(currentSin
 int Mesaj(const QString& text, int buttons, const QString& title, int /*context*/, const QString& caption1,
           const QString& caption2, const QString& caption3, const QString& caption4) {
   if (!currentSink) throw std::logic_error("no message sink: " + text.toStdString());
-  return currentSink->show({text, buttons, title.isEmpty() ? QStringLiteral("Velmar") : title,
+  return currentSink->show({text,
+                            buttons,
+                            title.isEmpty() ? QStringLiteral("Velmar") : title,
                             {caption1, caption2, caption3, caption4}});
 }
 

@@ -1,5 +1,5 @@
-// The one way a message reaches the user. The core asks through MessageSink; the windows draw frmMsgBox, tests
-// listen and answer.
+// The one way a message reaches the user. The core asks through MessageSink; the windows draw frmMsgBox,
+// tests listen and answer.
 #pragma once
 
 #include <QString>
