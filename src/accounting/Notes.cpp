@@ -21,7 +21,8 @@ struct TotalsStatement {
   QString sql;
 };
 
-// Values of the lines have at most two decimals, so rounding the sum takes away only what binary addition left.
+// Values of the lines have at most two decimals, so rounding the sum takes away only what binary addition
+// left.
 const TotalsStatement kTotals[] = {
     {"G_LBONINT", "G_LBONINT", "NUMNR",
      "SELECT G_FAMART.CONTSTOCPROD AS CONTSTOCPROD, ROUND_EVEN(SUM(G_LBONINT.VALOAREFT), 2) AS Total "
@@ -39,8 +40,9 @@ const TotalsStatement& totalsStatement(const QString& key) {
 // An article whose family does not exist would fall out of the totals and leave the note short.
 void requireFamilies(const TotalsStatement& totals, const QString& number) {
   const Recordset without = database().query(
-      QStringLiteral("SELECT L.CODART AS CODART FROM %1 L LEFT JOIN G_ARTMAG A ON A.CODART = L.CODART "
-                     "LEFT JOIN G_FAMART F ON F.COD = A.FAMART WHERE L.%2 = ? AND F.COD IS NULL ORDER BY L.NRLINIE")
+      QStringLiteral(
+          "SELECT L.CODART AS CODART FROM %1 L LEFT JOIN G_ARTMAG A ON A.CODART = L.CODART "
+          "LEFT JOIN G_FAMART F ON F.COD = A.FAMART WHERE L.%2 = ? AND F.COD IS NULL ORDER BY L.NRLINIE")
           .arg(totals.lineTable, totals.numberColumn),
       {number});
   if (!without.isEmpty())
@@ -56,7 +58,8 @@ void requireBalance(const Note& note) {
     debit += row.debit;
     credit += row.credit;
   }
-  if (debit != credit) throw StoreError(0, QStringLiteral("DEBIT <> CREDIT, validarea nu se poate efectua !"));
+  if (debit != credit)
+    throw StoreError(0, QStringLiteral("DEBIT <> CREDIT, validarea nu se poate efectua !"));
 }
 
 }  // namespace
@@ -69,12 +72,12 @@ qint64 writeNote(const Note& note) {
   std::vector<Values> rows;
   int line = 0;
   for (const NoteRow& row : note.rows)
-    rows.push_back({ndi, ++line, note.journal, note.date, row.account, note.remark, row.debit, row.credit, note.number,
-                    note.number, kNational, kOurs, session().gUtilizator, now, note.remark});
+    rows.push_back({ndi, ++line, note.journal, note.date, row.account, note.remark, row.debit, row.credit,
+                    note.number, note.number, kNational, kOurs, session().gUtilizator, now, note.remark});
   database().insertRows("kt_linii",
-                      {"NDI", "NRLINIE", "JURNAL", "DATAINR", "CONT", "EXPL", "DEBIT", "CREDIT", "DOC", "MARCA", "COD",
-                       "PROV", "UTILIZATOR", "TIMP", "DocExplicatie"},
-                      rows);
+                        {"NDI", "NRLINIE", "JURNAL", "DATAINR", "CONT", "EXPL", "DEBIT", "CREDIT", "DOC",
+                         "MARCA", "COD", "PROV", "UTILIZATOR", "TIMP", "DocExplicatie"},
+                        rows);
   database().execute("UPDATE kt_linii SET TIPDOC = ? WHERE NDI = ?", {note.kind, ndi});
   return ndi;
 }

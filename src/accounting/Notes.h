@@ -18,17 +18,17 @@ struct NoteRow {
 };
 
 struct Note {
-  QString kind;     ///< prefix of the document, stamped as TIPDOC
+  QString kind;  ///< prefix of the document, stamped as TIPDOC
   QString journal;
-  QDate date;       ///< document date
-  QString number;   ///< document number, without the kind
-  QString remark;   ///< observations
+  QDate date;      ///< document date
+  QString number;  ///< document number, without the kind
+  QString remark;  ///< observations
   std::vector<NoteRow> rows;
 };
 
-/// Writes the note with the next NDI in the form of vouchers (COD "LEI", PROV "G", no third party, no due date),
-/// stamps it with its kind and gives the NDI. Throws RuleError when a row has no account, StoreError when debit
-/// and credit differ. A note without rows is not written and gives 0.
+/// Writes the note with the next NDI in the form of vouchers (COD "LEI", PROV "G", no third party, no due
+/// date), stamps it with its kind and gives the NDI. Throws RuleError when a row has no account, StoreError
+/// when debit and credit differ. A note without rows is not written and gives 0.
 qint64 writeNote(const Note& note);
 
 /// Totals of a document's lines grouped by the accounts of the article families. `key` names the grouping.
@@ -42,11 +42,12 @@ struct PostingStep {
   QString creditParameter;   ///< column of kt_par
 };
 
-/// Posts the steps of one document as one note; gives its NDI, 0 when nothing was posted. Throws RuleError when a
-/// journal, an account or an article's family is missing.
+/// Posts the steps of one document as one note; gives its NDI, 0 when nothing was posted. Throws RuleError
+/// when a journal, an account or an article's family is missing.
 qint64 SalvareDateContabile(const std::vector<PostingStep>& steps, Note note);
 
-/// Throws RuleError when a parameter that the steps need is empty: to be asked before the write lock is taken.
+/// Throws RuleError when a parameter that the steps need is empty: to be asked before the write lock is
+/// taken.
 void requirePostingParameters(const std::vector<PostingStep>& steps);
 
 }  // namespace velmar

@@ -79,8 +79,10 @@ void cBLLNoteContabile::AddNota(bool sameNote, bool& done) {
   Database& on = Connection ? *Connection : database();
   Transaction transaction(on);
   if (!sameNote) NDI = on.query("SELECT MAX(NDI) AS NDI FROM kt_linii").first().integer("NDI") + 1;
-  NrLinie =
-      on.query("SELECT MAX(NRLINIE) AS NRLINIE FROM kt_linii WHERE NDI = ?", {NDI}).first().integer("NRLINIE") + 1;
+  NrLinie = on.query("SELECT MAX(NRLINIE) AS NRLINIE FROM kt_linii WHERE NDI = ?", {NDI})
+                .first()
+                .integer("NRLINIE") +
+            1;
   Timp = clock::now();
   DataScad = DataInr.addMonths(1);
   QStringList columns;

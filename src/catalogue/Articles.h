@@ -28,8 +28,8 @@ struct NewArticle {
   bool FARASTOC = false;
 };
 
-/// Adds the article. Throws RuleError, naming the column, when something is missing, the code exists, or no cost
-/// method was chosen before the first article. Cost, prices and stock start at 0.
+/// Adds the article. Throws RuleError, naming the column, when something is missing, the code exists, or no
+/// cost method was chosen before the first article. Cost, prices and stock start at 0.
 void addArticle(const NewArticle& article);
 
 }  // namespace velmar

@@ -16,10 +16,24 @@ enum class Numbering {
 };
 
 /// A check of the header, made at saving in the kind's order. All refuse with a text of their own.
-enum class HeaderCheck { NumberEmpty, PartnerEmpty, JournalEmpty, RateNotNumeric, PercentNotPositive, NumberTaken };
+enum class HeaderCheck {
+  NumberEmpty,
+  PartnerEmpty,
+  JournalEmpty,
+  RateNotNumeric,
+  PercentNotPositive,
+  NumberTaken
+};
 
 /// A check at validation, made before the question, in the kind's order.
-enum class ValidationCheck { NumberEmpty, DueBeforeDate, BeforeFiscalYear, CurrencyWithoutRate, JournalEmpty, NoLines };
+enum class ValidationCheck {
+  NumberEmpty,
+  DueBeforeDate,
+  BeforeFiscalYear,
+  CurrencyWithoutRate,
+  JournalEmpty,
+  NoLines
+};
 
 template <typename Check>
 struct Checked {
@@ -42,11 +56,11 @@ struct HeaderField {
 /// How a line's cell is entered.
 enum class LineEntry {
   Locked,
-  Code,            ///< the article's code
-  Name,            ///< picked from the list of articles while the code is empty
-  Number,          ///< any number
-  PositiveNumber,  ///< a number not below 0
-  OptionalPositive ///< as PositiveNumber, or empty
+  Code,             ///< the article's code
+  Name,             ///< picked from the list of articles while the code is empty
+  Number,           ///< any number
+  PositiveNumber,   ///< a number not below 0
+  OptionalPositive  ///< as PositiveNumber, or empty
 };
 
 struct LineColumn {
@@ -70,11 +84,11 @@ struct KindTexts {
   QString title;
   QString draftsCaption;
   QString newTip, saveTip, validateTip, deleteTip, printTip;
-  QString saveFirst;           ///< lines typed before the header is saved
-  QString confirmValidation;   ///< %1: the number
-  QString validated;           ///< after success
+  QString saveFirst;          ///< lines typed before the header is saved
+  QString confirmValidation;  ///< %1: the number
+  QString validated;          ///< after success
   QString nothingToDelete;
-  QString confirmDeletion;     ///< %1: the number
+  QString confirmDeletion;  ///< %1: the number
 };
 
 struct DocumentKind {

@@ -35,11 +35,13 @@ QHash<QString, ArticleFigures> readFigures(const QStringList& codes) {
     const QStringList part = codes.mid(from, kMost);
     Values values;
     for (const QString& code : part) values.emplace_back(code);
-    const QString sql = QStringLiteral("SELECT CODART, %1 FROM G_ARTMAG WHERE CODART IN (%2) ORDER BY CODART")
-                            .arg(kFigureColumns.join(QStringLiteral(", ")), marks(static_cast<int>(part.size())));
+    const QString sql =
+        QStringLiteral("SELECT CODART, %1 FROM G_ARTMAG WHERE CODART IN (%2) ORDER BY CODART")
+            .arg(kFigureColumns.join(QStringLiteral(", ")), marks(static_cast<int>(part.size())));
     for (const Row& row : database().query(sql, values))
-      found.insert(row.text("CODART").toUpper(), {row.decimal("STOC"), row.decimal("COST"), row.decimal("ADAOS"),
-                                                  row.decimal("PRETVFT"), row.decimal("PRETVTTI")});
+      found.insert(row.text("CODART").toUpper(),
+                   {row.decimal("STOC"), row.decimal("COST"), row.decimal("ADAOS"), row.decimal("PRETVFT"),
+                    row.decimal("PRETVTTI")});
   }
   return found;
 }
@@ -54,14 +56,15 @@ void writeFigures(const QStringList& codes, const QHash<QString, ArticleFigures>
     Values values;
     for (const QString& code : part) {
       const ArticleFigures& f = figures[code];
-      for (const Value& value : Values{code, f.STOC, f.COST, f.ADAOS, f.PRETVFT, f.PRETVTTI}) values.push_back(value);
+      for (const Value& value : Values{code, f.STOC, f.COST, f.ADAOS, f.PRETVFT, f.PRETVTTI})
+        values.push_back(value);
     }
     database().execute(QStringLiteral("WITH new (CODART, %1) AS (VALUES %2) UPDATE G_ARTMAG SET %3 FROM new "
-                                    "WHERE G_ARTMAG.CODART = new.CODART")
-                         .arg(kFigureColumns.join(QStringLiteral(", ")),
-                              QStringList(static_cast<int>(part.size()), row).join(QStringLiteral(", ")),
-                              settings.join(QStringLiteral(", "))),
-                     values);
+                                      "WHERE G_ARTMAG.CODART = new.CODART")
+                           .arg(kFigureColumns.join(QStringLiteral(", ")),
+                                QStringList(static_cast<int>(part.size()), row).join(QStringLiteral(", ")),
+                                settings.join(QStringLiteral(", "))),
+                       values);
   }
 }
 
@@ -71,8 +74,8 @@ void writeLedger(const LedgerDocument& document, const QDateTime& moment) {
   if (!database().query("SELECT ID FROM G_DOCUME WHERE ID = ?", {document.key}).isEmpty())
     throw RuleError(QStringLiteral("Mai exista factura: ") + document.key, {}, QStringLiteral("Eroare..."));
   QStringList columns{"ID", "TIP", "TIPIE", "DATAINTROD", "TIMP", "UTILIZATOR", "CODMAG"};
-  Values values{document.key,  document.tip,           document.tipie.isEmpty() ? Value() : Value(document.tipie),
-                moment.date(), moment.time(),          session().gUtilizator,
+  Values values{document.key,      document.tip,  document.tipie.isEmpty() ? Value() : Value(document.tipie),
+                moment.date(),     moment.time(), session().gUtilizator,
                 document.warehouse};
   for (const auto& [column, value] : document.header) {
     columns.append(column);
@@ -88,7 +91,8 @@ void writeLedger(const LedgerDocument& document, const QDateTime& moment) {
     row.insert(row.end(), cells.begin(), cells.end());
     rows.push_back(std::move(row));
   }
-  database().insertRows("G_LDOCUM", QStringList{"DOCID", "LINIE", "DATA", "CODMAG"} + document.lineColumns, rows);
+  database().insertRows("G_LDOCUM", QStringList{"DOCID", "LINIE", "DATA", "CODMAG"} + document.lineColumns,
+                        rows);
 }
 
 ArticleFigures applied(const ArticleFigures& before, const StockChange& change, const QString& costMethod) {

@@ -17,11 +17,11 @@ struct LedgerDocument {
   qint64 warehouse = 0;
   std::vector<std::pair<QString, Value>> header;  ///< columns of G_DOCUME that the kind fills besides
   QStringList lineColumns;                        ///< columns of G_LDOCUM that the kind fills besides
-  std::vector<Values> lines;                      ///< a value for each of lineColumns, in the document's order
+  std::vector<Values> lines;  ///< a value for each of lineColumns, in the document's order
 };
 
-/// Writes the document and its lines, numbered from 1, stamped with user and moment (the moment of validation,
-/// whatever the document's date). Throws RuleError when the ledger has the key already.
+/// Writes the document and its lines, numbered from 1, stamped with user and moment (the moment of
+/// validation, whatever the document's date). Throws RuleError when the ledger has the key already.
 void writeLedger(const LedgerDocument& document, const QDateTime& moment);
 
 /// How a stock change touches an article's cost and sale prices.
@@ -47,11 +47,12 @@ struct ArticleFigures {
   Decimal PRETVTTI;
 };
 
-/// The figures after the change. Under "FIFO" the cost is the receipt's, else the weighted average; a zero new
-/// stock under the average throws ArithmeticError.
+/// The figures after the change. Under "FIFO" the cost is the receipt's, else the weighted average; a zero
+/// new stock under the average throws ArithmeticError.
 ArticleFigures applied(const ArticleFigures& before, const StockChange& change, const QString& costMethod);
 
-/// Applies the changes in their order and writes the articles. Throws RuleError when an article does not exist.
+/// Applies the changes in their order and writes the articles. Throws RuleError when an article does not
+/// exist.
 void updateArticles(const std::vector<StockChange>& changes);
 
 /// The cost method, read afresh from kt_info: "FIFO", "MP" or "".
