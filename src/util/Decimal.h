@@ -3,7 +3,8 @@
 // Amounts are stored as doubles and computed as decimals. A double is taken as its shortest decimal text
 // (19.99 is 19.99 and not 19.989999...); sums and products are exact up to 34 digits, quotients carry 34
 // digits. Rounding goes to the nearest, ties to the even digit, and only where a rule says so. The store and
-// the windows convert at their edge; nothing between computes with doubles.
+// the windows convert at their edge; nothing between computes with doubles. A result beyond all bounds throws
+// ArithmeticError number 6.
 #pragma once
 
 #include <array>
@@ -23,14 +24,15 @@ class Decimal {
   Decimal(qint64 value);  // NOLINT(google-explicit-constructor)
   Decimal(double) = delete;
 
-  /// The shortest decimal that reads back as this double. Throws ArithmeticError for infinities and NaN.
+  /// The shortest decimal that reads back as this double. Throws ArithmeticError number 6 for infinities and
+  /// NaN.
   static Decimal fromDouble(double value);
 
   /// Reads plain or scientific notation with a decimal point, nothing around it ("-12.50", "1e3"); nothing
-  /// for any other text.
+  /// for any other text. Digits beyond the 34th are rounded away.
   static std::optional<Decimal> parse(QStringView text);
 
-  /// The nearest double.
+  /// The nearest double. Throws ArithmeticError number 6 where doubles do not reach.
   double toDouble() const;
 
   /// Plain notation with a decimal point and no trailing zeros: "12.5", "-0.001", "0".
@@ -56,8 +58,11 @@ class Decimal {
   Decimal abs() const;
 
  private:
+  using Words = std::array<std::uint64_t, 2>;
+  explicit Decimal(const Words& words) : words_(words) {}
   friend Decimal Round(const Decimal& value, int decimals);
-  std::array<std::uint64_t, 2> words_;  // decimal128, binary encoding
+
+  Words words_;  // decimal128, binary encoding, low word first; zero has one form only, without sign
 };
 
 /// `value` rounded to `decimals` places (0 or more), ties to the even digit: Round(2.675, 2) is 2.68,
@@ -66,7 +71,7 @@ class Decimal {
 Decimal Round(const Decimal& value, int decimals);
 
 inline namespace literals {
-/// 1.19_dec: the digits as written.
+/// 1.19_dec: the digits as written (no separators, no hexadecimal: these throw std::invalid_argument).
 Decimal operator""_dec(const char* digits);
 }  // namespace literals
 
