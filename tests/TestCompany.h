@@ -1,13 +1,13 @@
 // What tests of the core stand on: a fresh company, open, with a fixed date; and an ear for the messages.
 #pragma once
 
-#include <deque>
 #include <gtest/gtest.h>
+#include <deque>
 #include <QTemporaryDir>
 #include <vector>
 
-#include "Printers.h"
 #include "config/Session.h"
+#include "Printers.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
 #include "util/Clock.h"
@@ -27,7 +27,7 @@ class TestCompany {
     session().gCaleBD = folder();
     session().gNumeBD = kFirstCompanyName;
     session().gConexiune = path();
-    session().gUtilizator = QStringLiteral("ana");
+    session().gUtilizator = QStringLiteral("admin");
     session().gMagazie = 1;
     InitParaSoc();
     IncarcaSerii();
