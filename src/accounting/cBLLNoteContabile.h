@@ -1,0 +1,47 @@
+// An accounting row as an object: a property for every column of kt_linii, written by AddNota. For documents
+// that fill columns beyond the vouchers' form.
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+#include "store/Row.h"
+
+namespace velmar {
+
+class Database;
+
+class cBLLNoteContabile {
+ public:
+  Database* Connection = nullptr;  ///< null: the open company's
+  qint64 NDI = 0;
+  qint64 NrLinie = 0;
+  QString Jurnal;
+  QDate DataInr;
+  QString Cont, Expl;
+  Decimal Debit, Credit;  ///< lei
+  QString DOC, Marca, LitM, CodBUG, CodTREZO;
+  QString cod;  ///< currency; empty is written as "LEI"
+  Decimal Curs, DevDebit, DevCredit;
+  Value Cantit;
+  Value Tert;  ///< third party's code; null on rows of other accounts
+  Value TVA_LinRef;
+  QString CodOper;
+  Decimal CotaTVA;
+  QString Prov, CodCC;
+  QDate DataScad;
+  QString Utilizator;
+  QDateTime Timp;
+  QString CodIE, CodSucursala, ID_Formula, DocExplicatie, tipdoc;
+  Value TVAINC;
+
+  /// Writes one row. Without `sameNote` it begins the next note, else it continues the note NDI; the line
+  /// follows the note's last one. Sets Timp to now and DataScad to a month after DataInr. `done` is true
+  /// after success. Throws StoreError, also for a column of the table that has no property.
+  void AddNota(bool sameNote, bool& done);
+
+ private:
+  Value valueOf(const QString& column) const;
+};
+
+}  // namespace velmar
