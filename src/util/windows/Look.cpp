@@ -42,7 +42,6 @@ void applyLook(QApplication& application) {
   QPalette palette = QApplication::palette();
   palette.setColor(QPalette::Highlight, kAccent);
   palette.setColor(QPalette::HighlightedText, Qt::white);
-  palette.setColor(QPalette::Inactive, QPalette::Highlight, kAccent.lighter(150));
   palette.setColor(QPalette::Link, kAccent);
   QApplication::setPalette(palette);
   application.setWindowIcon(icon(QStringLiteral("app")));
