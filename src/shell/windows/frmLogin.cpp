@@ -10,14 +10,14 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "config/CompanyFiles.h"
 #include "config/Session.h"
-#include "store/CompanyFiles.h"
+#include "store/windows/TDBGrid.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/windows/Forms.h"
 #include "util/windows/KeyFilter.h"
 #include "util/windows/Look.h"
-#include "util/windows/TDBGrid.h"
 
 namespace velmar {
 

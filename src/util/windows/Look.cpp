@@ -49,6 +49,8 @@ void applyLook(QApplication& application) {
 
 QColor gCuloareInfo() { return QToolTip::palette().color(QPalette::Inactive, QPalette::ToolTipBase); }
 
+QColor gCuloareInfoText() { return QToolTip::palette().color(QPalette::Inactive, QPalette::ToolTipText); }
+
 QIcon icon(const QString& name) {
   static QHash<QString, QIcon> drawn;
   auto found = drawn.find(name);

@@ -1,4 +1,4 @@
-#include "store/windows/frmSocietati.h"
+#include "config/windows/frmSocietati.h"
 
 #include <QBoxLayout>
 #include <QFormLayout>
@@ -6,13 +6,13 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "config/CompanyFiles.h"
 #include "config/Session.h"
-#include "store/CompanyFiles.h"
+#include "store/windows/TDBGrid.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/windows/Forms.h"
 #include "util/windows/KeyFilter.h"
-#include "util/windows/TDBGrid.h"
 
 namespace velmar {
 
