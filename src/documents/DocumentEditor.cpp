@@ -395,6 +395,14 @@ void DocumentEditor::validate(const QHash<QString, QString>& typed) {
   newDocument();
 }
 
+void DocumentEditor::checkPrinting(const QHash<QString, QString>& typed) const {
+  for (const auto& check : kind_.printChecks) {
+    const bool isBroken =
+        check.check == PrintCheck::NotSaved ? isNew_ : typed.value(check.field).trimmed().isEmpty();
+    if (isBroken) throw RuleError(check.text, check.field, 0, check.title);
+  }
+}
+
 void DocumentEditor::remove() {
   drafts().remove(number());
   newDocument();

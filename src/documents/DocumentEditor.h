@@ -67,6 +67,9 @@ class DocumentEditor {
   /// Validates and clears for a new document. Throws RuleError or StepError; then nothing was written.
   void validate(const QHash<QString, QString>& typed);
 
+  /// The checks before printing, on the header as typed; throws RuleError for the first that fails.
+  void checkPrinting(const QHash<QString, QString>& typed) const;
+
   /// Deletes the draft on screen with its lines.
   void remove();
 

@@ -214,7 +214,7 @@ void describeReceiptNote(DocumentKind& kind) {
   kind.lineColumns = leadingColumns(kind);
   kind.lineColumns += QList<LineColumn>{
       {"CANT", "Cantitate", LineEntry::PositiveNumber, 3, 3, 12},
-      {"QTECOM", "Cantitate comandata", LineEntry::PositiveNumber, 3, kAsTyped, 12},
+      {"QTECOM", "Cant. comandata", LineEntry::PositiveNumber, 3, kAsTyped, 12},
       {"PRETFT", "Pret unitar", LineEntry::PositiveNumber, 2, 2, 12},
       {"VALOAREFT", "Valoare", LineEntry::Locked, 2, kAsTyped, 14},
       {"PRETFTV", "Pret vanzare", LineEntry::PositiveNumber, 2, 2, 12},
@@ -250,7 +250,7 @@ void describeInputVoucher(DocumentKind& kind) {
   kind.lineColumns = leadingColumns(kind);
   kind.lineColumns +=
       QList<LineColumn>{{"CANT", "Cantitate", LineEntry::PositiveNumber, 3, 3, 12},
-                        {"QTECOM", "Cantitate comandata", LineEntry::PositiveNumber, 3, 3, 12},
+                        {"QTECOM", "Cant. comandata", LineEntry::PositiveNumber, 3, 3, 12},
                         {"PRETFT", "Pret unitar", LineEntry::PositiveNumber, 2, 2, 12},
                         {"VALOAREFT", "Valoare", LineEntry::Locked, 2, kAsTyped, 14},
                         {"PRETVA", "Pret vanzare", LineEntry::OptionalPositive, 2, kAsTyped, 12}};
