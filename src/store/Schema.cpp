@@ -49,8 +49,8 @@ QString createStatement(const Table& table) {
 QString createStatement(const Table& table, const Index& index, int number) {
   const QString where = index.where.isEmpty() ? QString() : QStringLiteral(" WHERE ") + index.where;
   return QStringLiteral("CREATE INDEX ix%1_%2 ON %3 (%4)%5")
-      .arg(QString::number(number), QString(table.name()).remove(QLatin1Char(' ')), quoted(table.name()),
-           index.columns.join(QStringLiteral(", ")), where);
+      .arg(QString::number(number), QString(table.name()).remove(QLatin1Char(' ')).remove(QLatin1Char('-')),
+           quoted(table.name()), index.columns.join(QStringLiteral(", ")), where);
 }
 
 }  // namespace

@@ -124,7 +124,8 @@ Table articles() {
       .texts("TipAparat TipBaterie TipEmitator", 50)
       .reals("PretVanzare CompensareCAS")
       .key("CODART")
-      .index("DENART CODART")
+      // The type-ahead search reads the articles from this index alone.
+      .index("DENART CODART CODPRODFUR")
       .index("CODPRODFUR")
       .index("FAMART");
 }

@@ -6,6 +6,7 @@
 #include <QSqlQuery>
 #include <QUrl>
 #include <QVariant>
+#include <string_view>
 
 #include "util/NumberText.h"
 
@@ -51,7 +52,11 @@ void roundEven(sqlite3_context* context, int, sqlite3_value** arguments) {
 
 void isNumeric(sqlite3_context* context, int, sqlite3_value** arguments) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
-  sqlite3_result_int(context, text && isNumericText(QString::fromUtf8(text)) ? -1 : 0);
+  if (!text) return sqlite3_result_int(context, 0);
+  // Nearly all document numbers are plain digits; a ledger has a million of them.
+  const std::string_view view(text);
+  const bool digitsOnly = !view.empty() && view.find_first_not_of("0123456789") == std::string_view::npos;
+  sqlite3_result_int(context, digitsOnly || isNumericText(QString::fromUtf8(text)) ? -1 : 0);
 }
 
 void registerFunctions(const QSqlDatabase& connection) {

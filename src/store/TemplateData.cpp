@@ -9,6 +9,9 @@
 #include "util/Clock.h"
 #include "util/Errors.h"
 
+// The macro declares a function, which the resource compiler puts outside every namespace.
+static void loadTemplateResource() { Q_INIT_RESOURCE(template_data); }
+
 namespace velmar {
 
 namespace {
@@ -52,7 +55,7 @@ void insertFile(Database& database, const QString& path) {
 }  // namespace
 
 void insertTemplateData(Database& database) {
-  Q_INIT_RESOURCE(template_data);
+  loadTemplateResource();
   database.execute("INSERT INTO kt_info (PlanC, NrZec) VALUES (0, ?)", {kDefaultDecimals});
   QDirIterator files(QStringLiteral(":/template"), {QStringLiteral("*.tsv")});
   while (files.hasNext()) insertFile(database, files.next());

@@ -1,0 +1,50 @@
+// What goes into the lists of the windows: plain combo boxes by control name, data-bound lists, and the
+// lists of articles with their type-ahead search.
+#pragma once
+
+#include "store/Database.h"
+
+namespace velmar {
+
+/// The rows of the plain combo box of that name; "0-Nu exista inregistrari !" alone when there are none. An
+/// unknown name shows a message and gives no rows.
+QStringList comboItems(const QString& controlName);
+
+/// A list that shows one field of a statement and gives another.
+struct BoundList {
+  QString sql;
+  QString listField;
+  QString boundColumn;
+};
+
+extern const BoundList kSupplierList;
+extern const BoundList kCustomerList;
+extern const BoundList kFamilyList;
+extern const BoundList kCostCentreList;
+
+/// A list of articles: which it holds, and what it tells of each besides name, code and unit.
+struct ArticleList {
+  enum class Amount { None, SalePrice, Cost };
+
+  QString condition;           ///< on G_ARTMAG, empty for all articles
+  bool codeBehindName = true;  ///< "Name (code)"
+  Amount amount = Amount::None;
+};
+
+/// By kind: "M" goods, "P" products with stock, "MP" all with stock, "D" all by bare name, any other all.
+ArticleList articleList(const QString& kind);
+
+/// With the sale price: all articles with stock, or only goods.
+ArticleList articleListWithPrice(bool allOrigins);
+
+/// "TR": articles with stock and their cost; "M": the same with the sale price; any other kind: all articles
+/// with the sale price.
+ArticleList articleListWithCostOrPrice(const QString& kind);
+
+/// At most `limit` articles of the list that hold the typed text in name, code or supplier's code, without
+/// regard to case: first those whose name or code begins with it, each part by name. Nothing typed gives the
+/// first articles of the list. The columns are `DenArt` (the list text), `CODART`, `UM` and `VALOARE` (price
+/// or cost, null in a list without).
+Recordset findArticles(const ArticleList& list, const QString& typed, int limit);
+
+}  // namespace velmar

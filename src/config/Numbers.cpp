@@ -1,0 +1,106 @@
+#include "config/Numbers.h"
+
+#include <cmath>
+
+#include "store/Database.h"
+#include "store/Schema.h"
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kConversionFailure = 13;
+constexpr qint64 kHighest = 9'000'000'000'000'000;  // whole numbers up to here are exact as doubles
+
+struct NamedColumn {
+  const char* table;
+  const char* column;
+};
+
+/// Headers whose number is text and may be anything.
+const NamedColumn kDocumentNumbers[] = {
+    {"g_aecli", "NUMAE"},      {"G_FACCLI", "NUMFAC"},
+    {"G_BONCASA", "NUMFAC"},   {"G_FacturiClientiAudio", "NR"},
+    {"G_COMANDA_AUDIO", "NR"}, {"G_BonReparatii", "NR"},
+    {"G_COMFUR", "NUMCOM"},
+};
+
+const NamedColumn kLineKeys[] = {
+    {"G_LFACIM", "NUMFAC"}, {"G_LFACFU", "NUMFAC"}, {"G_LFACCL", "NUMFAC"},   {"G_LBONCASA", "NUMFAC"},
+    {"G_LNRFUR", "NUMNR"},  {"G_LBONINT", "NUMNR"}, {"G_LPROFO", "NUMPF"},    {"G_LAECLI", "NUMAE"},
+    {"G_LBONCON", "NUMAE"}, {"G_LCOMCL", "NUMCOM"}, {"G_LTRANSFER", "NUMAE"}, {"G_LCOMFU", "NUMCOM"},
+};
+
+template <size_t Size>
+QString columnFor(const NamedColumn (&names)[Size], const QString& table) {
+  for (const NamedColumn& name : names)
+    if (table == QLatin1String(name.table)) return QLatin1String(name.column);
+  return {};
+}
+
+qint64 afterHighest(const Recordset& found) {
+  const Row& row = found.first();
+  if (row.isNull("HIGHEST")) return 1;
+  return static_cast<qint64>(std::floor(row.decimal("HIGHEST").toDouble())) + 1;
+}
+
+// The CASE keeps texts that are no numbers away from the cast in every engine.
+qint64 afterHighestNumeric(const QString& expression, const QString& from) {
+  const QString sql =
+      QStringLiteral(
+          "SELECT MAX(NUMBER) AS HIGHEST FROM (SELECT CASE WHEN IS_NUMERIC(%1) <> 0 "
+          "THEN CAST(%1 AS DOUBLE PRECISION) END AS NUMBER FROM %2) AS NUMBERS WHERE NUMBER BETWEEN ? AND ?")
+          .arg(expression, from);
+  return afterHighest(OpenRs(sql, {-kHighest, kHighest}));
+}
+
+void requireNumericCodes() {
+  const Recordset found =
+      OpenRs("SELECT CODART FROM G_ARTMAG WHERE IS_NUMERIC(CODART) = 0 ORDER BY CODART LIMIT 1");
+  if (!found.isEmpty())
+    throw StoreError(kConversionFailure,
+                     QStringLiteral("Codul de articol \"%1\" nu este un numar, urmatorul cod nu se poate "
+                                    "calcula.")
+                         .arg(found.first().text("CODART")));
+}
+
+qint64 afterHighestOf(const Table& table, const QString& column) {
+  if (!table.column(column))
+    throw StoreError(0, QStringLiteral("Tabela %1 nu are coloana %2").arg(table.name(), column));
+  return afterHighest(OpenRs(QStringLiteral("SELECT MAX(%1) AS HIGHEST FROM %2").arg(column, table.name())));
+}
+
+}  // namespace
+
+qint64 NumarUrmator(const QString& table) {
+  const Table& known = companyTable(table);
+  const QString number = columnFor(kDocumentNumbers, table);
+  if (!number.isEmpty()) return afterHighestNumeric(number, known.name());
+  if (table == QStringLiteral("G_ARTMAG")) {
+    requireNumericCodes();
+    return afterHighestNumeric(QStringLiteral("CODART"), known.name());
+  }
+  return afterHighestOf(known,
+                        table == QStringLiteral("kt_linii") ? QStringLiteral("NDI") : QStringLiteral("COD"));
+}
+
+qint64 LinieUrmatoare(const QString& table, const QString& number) {
+  const QString key = columnFor(kLineKeys, table);
+  if (key.isEmpty()) throw StoreError(0, QStringLiteral("Tabela %1 nu are linii de document").arg(table));
+  return OpenRs(QStringLiteral("SELECT MAX(NRLINIE) AS HIGHEST FROM %1 WHERE %2 = ?").arg(table, key),
+                {number})
+      .first()
+      .integer("HIGHEST");
+}
+
+qint64 FacturaUrmatoare() {
+  return afterHighestNumeric(QStringLiteral("SUBSTR(ID, 3)"),
+                             QStringLiteral("G_DOCUME WHERE TIP IN ('FC', 'FS')"));
+}
+
+qint64 BonUrmator() {
+  return afterHighestNumeric(QStringLiteral("SUBSTR(ID, 3)"), QStringLiteral("G_DOCUME WHERE TIP = 'BS'"));
+}
+
+}  // namespace velmar

@@ -1,0 +1,18 @@
+// Fills the combo boxes of the windows from the lists of the core.
+#pragma once
+
+class QComboBox;
+
+namespace velmar {
+
+struct BoundList;
+
+/// Fills a plain combo box with the rows that belong to its object name, in place of what it held. Nothing is
+/// chosen at first.
+void IncarcaCombo(QComboBox& combo);
+
+/// Hangs a combo box on a data-bound list: an item shows the list field and carries the bound column as its
+/// data. Nothing is chosen at first.
+void LegaCombo(QComboBox& combo, const BoundList& list);
+
+}  // namespace velmar
