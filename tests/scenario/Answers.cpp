@@ -80,7 +80,7 @@ void Answers::listen() {
 
 int Answers::show(const Message& message) {
   const QList<Button> buttons = buttonsOf(message);
-  if (finished_ || !program_) return buttons.isEmpty() ? kResultCancel : buttons.last().result;
+  if (silent_ || !program_) return buttons.isEmpty() ? kResultCancel : buttons.last().result;
   auto shown = std::make_shared<Shown>();
   shown->title = message.title;
   shown->text = message.text;

@@ -23,6 +23,7 @@ class Answers : public QObject, public MessageSink {
  public:
   /// Tells of an answer that fits no button.
   explicit Answers(std::function<void(const QString&)> complain);
+  ~Answers() override { setMessageSink(nullptr); }
 
   /// Steps in front of the program's own sink.
   void listen();
@@ -30,8 +31,8 @@ class Answers : public QObject, public MessageSink {
 
   /// Whether no answer is on its way to its box.
   bool settled() const { return pressing_ == 0; }
-  /// No box is drawn any more; each is left as its close box would.
-  void finish() { finished_ = true; }
+  /// Silent, no box is drawn and none is kept; each gives what its last button would.
+  void setSilent(bool silent) { silent_ = silent; }
   /// The first message nobody has read that reports an error of the program; empty when there is none.
   QString unexpectedReport() const;
   /// Text of the box that was shown last.
@@ -54,7 +55,7 @@ class Answers : public QObject, public MessageSink {
   std::deque<std::shared_ptr<Shown>> unread_;
   QString lastText_;
   int pressing_ = 0;
-  bool finished_ = false;
+  bool silent_ = false;
 };
 
 }  // namespace velmar::scenario

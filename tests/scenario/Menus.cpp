@@ -52,13 +52,20 @@ void trigger(const QString& name) {
   path.last()->activate(QAction::Trigger);
 }
 
-// Positions count from 1, separators included.
+// The number a button of a main tool bar is known by; it counts separators that need not stand.
+QAction* buttonAt(const QToolBar* bar, int index) {
+  const QList<QAction*> actions = bar->actions();
+  for (QAction* action : actions)
+    if (action->property("index").toInt() == index) return action;
+  return nullptr;
+}
+
 void pressToolButton(const QString& name, int index) {
   auto* bar = mainWindow()->findChild<QToolBar*>(name);
   if (!bar) throw Failure(QStringLiteral("there is no tool bar %1").arg(name));
   requireUsable(bar);
-  QAction* action = bar->actions().value(index - 1);
-  if (!action || action->isSeparator())
+  QAction* action = buttonAt(bar, index);
+  if (!action)
     throw Failure(QStringLiteral("%1 has no button %2").arg(name).arg(index));
   QWidget* button = bar->widgetForAction(action);
   requireReachable(bar);

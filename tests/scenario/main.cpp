@@ -129,6 +129,7 @@ int runScenario(Application& application, const QString& file, const QString& ou
   Driver driver([&] { return answers.settled() && printing.settled(); });
   theDriver = &driver;
 
+  Companies companies(folders, answers);
   Functions functions;
   windows.addFunctions(functions);
   answers.addFunctions(functions);
@@ -138,7 +139,7 @@ int runScenario(Application& application, const QString& file, const QString& ou
   addTreeFunctions(functions, windows);
   addMenuFunctions(functions);
   addFileFunctions(functions);
-  addCompanyFunctions(functions, folders, answers);
+  companies.addFunctions(functions);
   addSharedFunctions(functions);
   addScreenshots(functions, windows, out);
 
@@ -159,7 +160,7 @@ int runScenario(Application& application, const QString& file, const QString& ou
       screenshot = saveScreenshot(front, out, QStringLiteral("failure"));
     print(verdict, screenshot);
     over = true;
-    answers.finish();
+    answers.setSilent(true);
     // A program that does not let go of its loops must not hold up the next scenario.
     theExitCode = verdict.failed ? 1 : 0;
     std::signal(SIGALRM, [](int) { ::_exit(theExitCode); });

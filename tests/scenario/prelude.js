@@ -146,9 +146,21 @@
     if (found) fail(what, found.expected, found.actual);
   }
 
+  // Whatever stands has to be over before another company opens.
+  function closeAll() {
+    while (!N("closeAll")) bridge.sleep(50);
+    N("front");
+  }
+
   Object.assign(global, {
-    company: (options) => N("company", options || {}),
-    start: (folder) => { N("start", folder); },
+    company(options) {
+      closeAll();
+      return N("company", options || {});
+    },
+    start(folder) {
+      closeAll();
+      N("start", folder);
+    },
     menu: (name) => { N("menu", name); },
     menuState: (name) => N("menuState", name),
     toolbar: (name, index) => { N("toolbar", name, index); },
