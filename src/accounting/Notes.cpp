@@ -62,6 +62,21 @@ void requireBalance(const Note& note) {
     throw StoreError(0, QStringLiteral("DEBIT <> CREDIT, validarea nu se poate efectua !"));
 }
 
+// The note's rows of the steps, with their journal.
+Note composed(const std::vector<PostingStep>& steps, Note note) {
+  for (const PostingStep& step : steps) {
+    note.journal = requiredParameter(step.journalParameter);
+    const QString credit = requiredParameter(step.creditParameter);
+    requireFamilies(totalsStatement(step.totals), note.number);
+    for (const Row& total : TotaluriConturi(step.totals, note.number)) {
+      note.rows.push_back({total.text(step.debitColumn), total.decimal("Total"), 0});
+      note.rows.push_back({credit, 0, total.decimal("Total")});
+    }
+  }
+  requireBalance(note);
+  return note;
+}
+
 }  // namespace
 
 qint64 writeNote(const Note& note) {
@@ -86,24 +101,14 @@ Recordset TotaluriConturi(const QString& key, const QString& number) {
   return OpenRs(totalsStatement(key).sql, {number});
 }
 
-void requirePostingParameters(const std::vector<PostingStep>& steps) {
-  for (const PostingStep& step : steps) {
-    requiredParameter(step.journalParameter);
-    requiredParameter(step.creditParameter);
-  }
+qint64 SalvareDateContabile(const std::vector<PostingStep>& steps, const Note& note) {
+  return writeNote(composed(steps, note));
 }
 
-qint64 SalvareDateContabile(const std::vector<PostingStep>& steps, Note note) {
-  for (const PostingStep& step : steps) {
-    note.journal = requiredParameter(step.journalParameter);
-    const QString credit = requiredParameter(step.creditParameter);
-    requireFamilies(totalsStatement(step.totals), note.number);
-    for (const Row& total : TotaluriConturi(step.totals, note.number)) {
-      note.rows.push_back({total.text(step.debitColumn), total.decimal("Total"), 0});
-      note.rows.push_back({credit, 0, total.decimal("Total")});
-    }
-  }
-  return writeNote(note);
+void requirePostable(const std::vector<PostingStep>& steps, const QString& number) {
+  Note note;
+  note.number = number;
+  composed(steps, note);
 }
 
 }  // namespace velmar

@@ -44,10 +44,10 @@ struct PostingStep {
 
 /// Posts the steps of one document as one note; gives its NDI, 0 when nothing was posted. Throws RuleError
 /// when a journal, an account or an article's family is missing.
-qint64 SalvareDateContabile(const std::vector<PostingStep>& steps, Note note);
+qint64 SalvareDateContabile(const std::vector<PostingStep>& steps, const Note& note);
 
-/// Throws RuleError when a parameter that the steps need is empty: to be asked before the write lock is
-/// taken.
-void requirePostingParameters(const std::vector<PostingStep>& steps);
+/// Throws RuleError when a journal, an account or an article's family that the steps need is missing: to be
+/// asked before the write lock is taken.
+void requirePostable(const std::vector<PostingStep>& steps, const QString& number);
 
 }  // namespace velmar

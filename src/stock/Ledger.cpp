@@ -72,7 +72,8 @@ void writeFigures(const QStringList& codes, const QHash<QString, ArticleFigures>
 
 void writeLedger(const LedgerDocument& document, const QDateTime& moment) {
   if (!database().query("SELECT ID FROM G_DOCUME WHERE ID = ?", {document.key}).isEmpty())
-    throw RuleError(QStringLiteral("Mai exista factura: ") + document.key, {}, QStringLiteral("Eroare..."));
+    throw RuleError(QStringLiteral("Mai exista factura: ") + document.key, {}, 0,
+                    QStringLiteral("Eroare..."));
   QStringList columns{"ID", "TIP", "TIPIE", "DATAINTROD", "TIMP", "UTILIZATOR", "CODMAG"};
   Values values{document.key,      document.tip,  document.tipie.isEmpty() ? Value() : Value(document.tipie),
                 moment.date(),     moment.time(), session().gUtilizator,

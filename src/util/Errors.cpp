@@ -7,8 +7,8 @@ namespace velmar {
 Error::Error(int number, const QString& text)
     : std::runtime_error(text.toStdString()), number_(number), text_(text) {}
 
-RuleError::RuleError(const QString& text, const QString& field, const QString& title)
-    : Error(0, text), field_(field), title_(title) {}
+RuleError::RuleError(const QString& text, const QString& field, int icon, const QString& title)
+    : Error(0, text), field_(field), icon_(icon), title_(title) {}
 
 void reportError(int number, const QString& text, const QString& procedure, const QString& form, int line) {
   Mesaj(QStringLiteral("Eroare %1 - %2 in procedura %3 din Form %4 Linia: %5")
@@ -21,7 +21,7 @@ void detail::reportCurrentException(const QString& form, const QString& procedur
   } catch (const Cancelled&) {
     // The user already chose to give up.
   } catch (const RuleError& rule) {
-    Mesaj(rule.text(), kCritical, rule.title());
+    Mesaj(rule.text(), rule.icon(), rule.title());
   } catch (const Error& error) {
     reportError(error.number(), error.text(), procedure, form, line);
   } catch (const std::exception& error) {

@@ -28,13 +28,16 @@ class StoreError : public Error {
 /// A rule of the trade was broken: the text is the whole message a user should read.
 class RuleError : public Error {
  public:
-  /// field: name of the column at fault, empty when the fault lies in no single field.
-  explicit RuleError(const QString& text, const QString& field = {}, const QString& title = {});
+  /// field: name of the column at fault, empty when the fault lies in no single field. icon and title go to
+  /// the message box (Messages.h).
+  explicit RuleError(const QString& text, const QString& field = {}, int icon = 0, const QString& title = {});
   const QString& field() const { return field_; }
+  int icon() const { return icon_; }
   const QString& title() const { return title_; }
 
  private:
   QString field_;
+  int icon_;
   QString title_;
 };
 

@@ -1,0 +1,87 @@
+// One document on screen, without the screen: new, draft, its lines, its totals, and the road to validation.
+// The document windows show it; services and tests drive it the same way.
+#pragma once
+
+#include <QHash>
+
+#include "documents/Drafts.h"
+#include "documents/KindRules.h"
+
+namespace velmar {
+
+class DocumentEditor {
+ public:
+  /// Throws StoreError for a kind that cannot be kept yet.
+  explicit DocumentEditor(const QString& prefix);
+
+  const DocumentKind& kind() const { return kind_; }
+  Drafts drafts() const { return Drafts(kind_); }
+
+  /// Clears for a new document, dated today; gives a warning about the range of numbers, "" for none.
+  QString newDocument();
+  /// Shows a draft. Throws RuleError when it is gone.
+  void open(const QString& number);
+
+  bool isNew() const { return isNew_; }
+  bool numberLocked() const { return numberLocked_; }
+  QString number() const { return header_.text(kind_.numberColumn); }
+  const Row& header() const { return header_; }
+  const std::vector<Row>& lines() const { return lines_; }
+  bool isTotal(const QString& column) const { return totals_.contains(column); }
+  /// Sum of a total column over the lines.
+  Decimal total(const QString& column) const { return totals_.value(column); }
+
+  /// Checks the header as typed and stores it: inserts a new document, updates a draft. Texts are trimmed, an
+  /// empty percent becomes 0. Throws RuleError naming the column at fault; nothing is changed then.
+  void save(const QHash<QString, QString>& typed);
+
+  /// Why a typed text cannot stand in a cell of a line; `refused` without a text for a cell that is just
+  /// left.
+  struct Verdict {
+    bool refused = false;
+    QString text;
+  };
+  Verdict check(const QString& field, const QString& typed, bool bySupplierCode) const;
+
+  /// Whether the cell takes typing. `line` equal to the number of lines is the new line.
+  bool isOpen(size_t line, const QString& field) const;
+
+  /// Adds the article as a new line, or puts it on an existing one, and stores the line. `listText` is the
+  /// text of the list that it was picked from, "" when its code was typed; `code` is the supplier's when told
+  /// so. Gives the line's position.
+  size_t setArticle(size_t line, const QString& code, const QString& listText = {},
+                    bool bySupplierCode = false);
+
+  /// Stores a number in a line, rounded as its column tells, and what follows from it. The text has passed
+  /// check().
+  void setNumber(size_t line, const QString& field, const QString& typed);
+
+  void deleteLine(size_t line);
+
+  /// The checks before the question, on the header as typed; throws RuleError for the first that fails.
+  void checkValidation(const QHash<QString, QString>& typed) const;
+  /// The checks behind the question; throws RuleError. Notices that do not stop are shown.
+  bool checkLines() const;
+  /// Validates and clears for a new document. Throws RuleError or StepError; then nothing was written.
+  void validate(const QHash<QString, QString>& typed);
+
+  /// Deletes the draft on screen with its lines.
+  void remove();
+
+ private:
+  Row headerFrom(const QHash<QString, QString>& typed) const;
+  void checkHeader(const QHash<QString, QString>& typed) const;
+  void checkHeaderField(const Checked<HeaderCheck>& check, const QHash<QString, QString>& typed) const;
+  const LineColumn* column(const QString& field) const;
+  void addTotals();
+
+  const DocumentKind& kind_;
+  const KindRules* rules_;
+  Row header_;
+  std::vector<Row> lines_;
+  QHash<QString, Decimal> totals_;
+  bool isNew_ = true;
+  bool numberLocked_ = false;
+};
+
+}  // namespace velmar

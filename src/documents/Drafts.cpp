@@ -1,0 +1,149 @@
+#include "documents/Drafts.h"
+
+#include "config/Session.h"
+#include "store/Database.h"
+#include "store/Schema.h"
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+const QString kGone = QStringLiteral(
+    "Documentul a fost validat sau sters intre timp de alt utilizator ! Salvarea nu se poate efectua !");
+
+Values valuesOf(const Row& row, const QStringList& columns) {
+  Values values;
+  for (const QString& column : columns) values.push_back(Value::raw(row.value(column)));
+  return values;
+}
+
+QString assignments(const QStringList& columns) {
+  QStringList parts;
+  for (const QString& column : columns) parts.append(column + QStringLiteral(" = ?"));
+  return parts.join(QStringLiteral(", "));
+}
+
+QStringList without(QStringList columns, const QStringList& left) {
+  for (const QString& column : left) columns.removeOne(column);
+  return columns;
+}
+
+// Columns of a new row that stay null are left to the table's defaults.
+QStringList filledColumns(const Row& row) {
+  QStringList filled;
+  for (const QString& column : row.columns())
+    if (!row.isNull(column)) filled.append(column);
+  return filled;
+}
+
+}  // namespace
+
+Recordset Drafts::list() const {
+  if (kind_.partnerColumn.isEmpty())
+    return OpenRs(
+        QStringLiteral("SELECT * FROM %1 WHERE VALIDAT = 0 AND Magazie = ? ORDER BY %2 DESC, %3 DESC")
+            .arg(kind_.headerTable, kind_.dateColumn, kind_.numberColumn),
+        {session().gMagazie});
+  return OpenRs(QStringLiteral("SELECT H.%1 AS %1, H.%2 AS %2, T.NUME AS NUME, H.%3 AS %3 FROM %4 H "
+                               "INNER JOIN kt_ter T ON T.COD = H.%3 WHERE H.VALIDAT = 0 AND H.Magazie = ? "
+                               "ORDER BY H.%2 DESC, H.%1 DESC")
+                    .arg(kind_.numberColumn, kind_.dateColumn, kind_.partnerColumn, kind_.headerTable),
+                {session().gMagazie});
+}
+
+std::optional<Document> Drafts::load(const QString& number) const {
+  const Recordset header = OpenRs(
+      QStringLiteral("SELECT * FROM %1 WHERE %2 = ?").arg(kind_.headerTable, kind_.numberColumn), {number});
+  if (header.isEmpty()) return std::nullopt;
+  Recordset lines = OpenRs(QStringLiteral("SELECT * FROM %1 WHERE %2 = ? ORDER BY NRLINIE")
+                               .arg(kind_.lineTable, kind_.numberColumn),
+                           {number});
+  return Document{&kind_, header.first().text(kind_.numberColumn), header.first(), lines.takeRows()};
+}
+
+void Drafts::insertHeader(const Row& header) const {
+  requireWidths(companyTable(kind_.headerTable), header);
+  const QStringList columns = filledColumns(header);
+  Transaction transaction(database());
+  if (load(header.text(kind_.numberColumn))) {
+    for (const auto& check : kind_.headerChecks)
+      if (check.check == HeaderCheck::NumberTaken) throw RuleError(check.text, kind_.numberColumn);
+  }
+  database().insertRows(kind_.headerTable, columns, {valuesOf(header, columns)});
+  transaction.commit();
+}
+
+void Drafts::updateHeader(const Row& header) const {
+  requireWidths(companyTable(kind_.headerTable), header);
+  const QStringList columns = without(header.columns(), {kind_.numberColumn, "Magazie", "VALIDAT"});
+  Values values = valuesOf(header, columns);
+  values.push_back(Value::raw(header.value(kind_.numberColumn)));
+  requireChanged(ExecutaSql(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ? AND VALIDAT = 0")
+                                .arg(kind_.headerTable, assignments(columns), kind_.numberColumn),
+                            values));
+}
+
+void Drafts::insertLine(Row& line) const {
+  requireWidths(companyTable(kind_.lineTable), line);
+  const QString number = line.text(kind_.numberColumn);
+  Transaction transaction(database());
+  requireDraft(number);
+  const Recordset last = OpenRs(QStringLiteral("SELECT MAX(NRLINIE) AS NRLINIE FROM %1 WHERE %2 = ?")
+                                    .arg(kind_.lineTable, kind_.numberColumn),
+                                {number});
+  line.set("NRLINIE", last.first().integer("NRLINIE") + 1);
+  const QStringList columns = filledColumns(line);
+  database().insertRows(kind_.lineTable, columns, {valuesOf(line, columns)});
+  transaction.commit();
+}
+
+void Drafts::updateLine(const Row& line) const {
+  requireWidths(companyTable(kind_.lineTable), line);
+  const QStringList columns = without(line.columns(), {kind_.numberColumn, "NRLINIE"});
+  Values values = valuesOf(line, columns);
+  const Value number = Value::raw(line.value(kind_.numberColumn));
+  for (const Value& value : Values{number, line.integer("NRLINIE"), number}) values.push_back(value);
+  requireChanged(
+      ExecutaSql(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ? AND NRLINIE = ? AND EXISTS "
+                                "(SELECT %3 FROM %4 WHERE %3 = ? AND VALIDAT = 0)")
+                     .arg(kind_.lineTable, assignments(columns), kind_.numberColumn, kind_.headerTable),
+                 values));
+}
+
+void Drafts::deleteLine(const QString& number, qint64 line) const {
+  requireChanged(ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ? AND NRLINIE = ? AND EXISTS "
+                                           "(SELECT %2 FROM %3 WHERE %2 = ? AND VALIDAT = 0)")
+                                .arg(kind_.lineTable, kind_.numberColumn, kind_.headerTable),
+                            {number, line, number}));
+}
+
+void Drafts::remove(const QString& number) const {
+  Transaction transaction(database());
+  requireChanged(ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ? AND VALIDAT = 0")
+                                .arg(kind_.headerTable, kind_.numberColumn),
+                            {number}));
+  ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(kind_.lineTable, kind_.numberColumn),
+             {number});
+  transaction.commit();
+}
+
+void Drafts::setValidated(const QString& number) const {
+  requireChanged(ExecutaSql(QStringLiteral("UPDATE %1 SET VALIDAT = -1 WHERE %2 = ? AND VALIDAT = 0")
+                                .arg(kind_.headerTable, kind_.numberColumn),
+                            {number}));
+}
+
+void Drafts::requireDraft(const QString& number) const {
+  if (OpenRs(QStringLiteral("SELECT %2 FROM %1 WHERE %2 = ? AND VALIDAT = 0")
+                 .arg(kind_.headerTable, kind_.numberColumn),
+             {number})
+          .isEmpty())
+    throw RuleError(kGone);
+}
+
+void Drafts::requireChanged(int rows) const {
+  if (rows == 0) throw RuleError(kGone);
+}
+
+}  // namespace velmar

@@ -1,0 +1,46 @@
+// The draft store of a document kind: its header and line table. Every write touches a draft alone, so a late
+// keystroke at another workstation cannot change a validated document.
+#pragma once
+
+#include <optional>
+
+#include "documents/Document.h"
+#include "documents/DocumentKind.h"
+
+namespace velmar {
+
+class Drafts {
+ public:
+  explicit Drafts(const DocumentKind& kind) : kind_(kind) {}
+
+  /// Drafts of the working warehouse, newest first: number, date and partner's name (NUME).
+  Recordset list() const;
+
+  /// Header and lines of a document, draft or validated; nothing when there is no such number.
+  std::optional<Document> load(const QString& number) const;
+
+  /// Throws RuleError when the number is taken or a text is too long.
+  void insertHeader(const Row& header) const;
+
+  /// Stores every column but the number, the warehouse and the flag of validation.
+  void updateHeader(const Row& header) const;
+
+  /// Stores a new line behind the others and sets its NRLINIE.
+  void insertLine(Row& line) const;
+  void updateLine(const Row& line) const;
+  void deleteLine(const QString& number, qint64 line) const;
+
+  /// Deletes header and lines.
+  void remove(const QString& number) const;
+
+  /// Marks the draft as validated.
+  void setValidated(const QString& number) const;
+
+ private:
+  void requireDraft(const QString& number) const;
+  void requireChanged(int rows) const;
+
+  const DocumentKind& kind_;
+};
+
+}  // namespace velmar

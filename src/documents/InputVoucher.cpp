@@ -1,0 +1,73 @@
+// The input voucher: goods of the company's own making come into stock, with no supplier invoice behind them.
+#include "documents/KindRules.h"
+
+namespace velmar {
+
+namespace {
+
+class InputVoucherRules : public KindRules {
+ public:
+  void completeLine(Row& line, const Row& article) const override {
+    line.set("UM", article.text("UM"));
+    if (line.isNull("CANT")) line.set("CANT", Decimal(0));
+    line.set("PRETFT", Round(article.decimal("COST"), 2));
+    line.set("PRETVA", article.decimal("PRETVFT"));
+    recalculate(line, QStringLiteral("PRETFT"));
+  }
+
+  void recalculate(Row& line, const QString& changed) const override {
+    if (changed != QStringLiteral("CANT") && changed != QStringLiteral("PRETFT")) return;
+    line.set("VALOAREFT", Round(line.decimal("CANT") * line.decimal("PRETFT"), 2));
+  }
+
+  QStringList totalColumns() const override { return {"VALOAREFT"}; }
+
+  Plan plan(const Document& document) const override {
+    LedgerDocument ledger;
+    ledger.key = document.kind->prefix + document.number;
+    ledger.tip = document.kind->prefix;
+    ledger.tipie = document.kind->tipie;
+    ledger.warehouse = document.header.integer("Magazie");
+    ledger.lineColumns =
+        QStringList{"ARTID",   "CANT",    "PRETFT",     "PRETTTI", "PRETDEV",    "VALTVA", "COST",
+                    "COSTDEV", "VALCOST", "VALCOSTDEV", "CODTVA",  "CANTRAMASA", "PRETVA"};
+    Plan plan;
+    Decimal total;
+    const Decimal zero;
+    const Decimal vat = document.header.decimal("BATVA");
+    for (const Row& line : document.lines) {
+      const QString article = line.text("CODART");
+      const Decimal quantity = line.decimal("CANT");
+      const Decimal cost = line.decimal("PRETFT");
+      const Decimal value = line.decimal("VALOAREFT");
+      const Decimal salePrice = line.decimal("PRETVA");
+      total += value;
+      ledger.lines.push_back({article, quantity, cost, cost, zero, zero, cost, zero, value, zero, vat,
+                              quantity, Value::raw(line.value("PRETVA"))});
+      plan.stock.push_back({article, quantity, cost, salePrice, StockRule::ReceiptByMargin});
+    }
+    ledger.header = {{"CODTERT", document.header.integer("CODFUR")},
+                     {"DATADOC", document.header.date("DATANR")},
+                     {"OBS", document.header.text("OBS")},
+                     {"TOTALTVA", zero},
+                     {"TOTALFT", total},
+                     {"TOTALCOST", total},
+                     {"CODDEV", "LEI"},
+                     {"CURS", zero},
+                     {"TOTALDEV", zero}};
+    plan.ledger.push_back(std::move(ledger));
+    plan.posting.push_back({"G_LBONINT", "JURBONINTR", "CONTSTOCPROD", "CONTINTRPROD"});
+    return plan;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<KindRules> makeInputVoucherRules() { return std::make_unique<InputVoucherRules>(); }
+
+const KindRules* kindRules(const QString& prefix) {
+  static const std::unique_ptr<KindRules> inputVoucher = makeInputVoucherRules();
+  return prefix.toUpper() == QStringLiteral("BI") ? inputVoucher.get() : nullptr;
+}
+
+}  // namespace velmar

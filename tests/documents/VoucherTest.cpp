@@ -1,0 +1,293 @@
+// The input voucher from its first keystroke to ledger, articles and note, with figures worked out by hand.
+#include <gtest/gtest.h>
+
+#include "catalogue/Articles.h"
+#include "catalogue/Families.h"
+#include "catalogue/Partners.h"
+#include "documents/DocumentEditor.h"
+#include "documents/Validation.h"
+#include "TestCompany.h"
+
+namespace velmar {
+namespace {
+
+class VoucherTest : public ::testing::Test {
+ protected:
+  explicit VoucherTest(const QString& method = "MP") {
+    ExecutaSql("UPDATE kt_info SET TCOST = ?", {method});
+    supplier_ = addPartner({"FURNIZOR SRL", "F"});
+    products_ = addFamily({"Produse", "371", "607", "707", "345"});
+    goods_ = addFamily({"Semifabricate", "371", "607", "707", "341"});
+    article("A1", "Scaun", products_);
+    article("A2", "Masa", products_);
+    article("B1", "Blat", goods_);
+  }
+
+  void article(const QString& code, const QString& name, qint64 family) {
+    NewArticle article;
+    article.CODART = code;
+    article.DENART = name;
+    article.FAMART = family;
+    article.CODFURNIZO = supplier_;
+    article.PROVENIENTA = "P";
+    addArticle(article);
+  }
+
+  QHash<QString, QString> header(const QString& number, const QDate& date = clock::today()) const {
+    return {{"NUMNR", number},
+            {"CODFUR", QString::number(supplier_)},
+            {"BATVA", "19"},
+            {"OBS", "productie"},
+            {"DATANR", date.toString(Qt::ISODate)}};
+  }
+
+  static void line(DocumentEditor& editor, const QString& code, const QString& quantity, const QString& price,
+                   const QString& salePrice) {
+    const size_t at = editor.setArticle(editor.lines().size(), code);
+    editor.setNumber(at, "CANT", quantity);
+    editor.setNumber(at, "PRETFT", price);
+    editor.setNumber(at, "PRETVA", salePrice);
+  }
+
+  void validated(const QString& number, const QString& code, const QString& quantity, const QString& price,
+                 const QString& salePrice) {
+    DocumentEditor editor("BI");
+    editor.newDocument();
+    editor.save(header(number));
+    line(editor, code, quantity, price, salePrice);
+    ASSERT_TRUE(editor.checkLines());
+    editor.validate(header(number));
+  }
+
+  static qint64 count(const QString& table) {
+    return OpenRs("SELECT COUNT(*) AS N FROM " + table).first().integer("N");
+  }
+
+  static void expectNothingWritten() {
+    EXPECT_EQ(count("G_DOCUME"), 0);
+    EXPECT_EQ(count("G_LDOCUM"), 0);
+    EXPECT_EQ(count("kt_linii"), 0);
+    EXPECT_EQ(OpenRs("SELECT SUM(STOC) AS S FROM G_ARTMAG").first().decimal("S"), Decimal(0));
+    EXPECT_EQ(OpenRs("SELECT COUNT(*) AS N FROM G_BONINT WHERE VALIDAT <> 0").first().integer("N"), 0);
+  }
+
+  TestCompany company_;
+  HeardMessages heard_;
+  qint64 supplier_ = 0;
+  qint64 products_ = 0;
+  qint64 goods_ = 0;
+};
+
+class FifoVoucherTest : public VoucherTest {
+ protected:
+  FifoVoucherTest() : VoucherTest("FIFO") {}
+};
+
+Decimal figure(const QString& code, const QString& column) { return articleByCode(code)->decimal(column); }
+
+TEST_F(VoucherTest, ReachesLedgerArticlesAndNote) {
+  DocumentEditor editor("BI");
+  editor.newDocument();
+  editor.save(header("7"));
+  line(editor, "A1", "3", "10", "15");
+  line(editor, "B1", "2,5", "7,333",
+       "9");  // the price is rounded to 7.33, the value is 18.33 (18.325 to even: 18.32)
+  line(editor, "A2", "1.2345", "100", "150");  // quantity 1.234 (tie to the even digit), value 123.40
+  EXPECT_EQ(editor.total("VALOAREFT"), Decimal(30) + 1832_dec / 100 + 12340_dec / 100);
+  ASSERT_TRUE(editor.checkLines());
+  editor.validate(header("7"));
+  EXPECT_TRUE(editor.isNew());
+
+  const Row ledger = OpenRs("SELECT * FROM G_DOCUME").first();
+  EXPECT_EQ(ledger.text("ID"), "BI7");
+  EXPECT_EQ(ledger.text("TIPIE"), "I");
+  EXPECT_EQ(ledger.integer("CODTERT"), supplier_);
+  EXPECT_EQ(ledger.decimal("TOTALFT"), 17172_dec / 100);
+  EXPECT_EQ(ledger.decimal("TOTALCOST"), 17172_dec / 100);
+  EXPECT_EQ(ledger.text("CODDEV"), "LEI");
+  const Recordset lines = OpenRs("SELECT * FROM G_LDOCUM ORDER BY LINIE");
+  ASSERT_EQ(lines.size(), 3);
+  EXPECT_EQ(lines[2].text("ARTID"), "A2");
+  EXPECT_EQ(lines[2].decimal("CANT"), 1234_dec / 1000);
+  EXPECT_EQ(lines[2].decimal("CANTRAMASA"), 1234_dec / 1000);
+  EXPECT_EQ(lines[2].decimal("VALCOST"), 12340_dec / 100);
+  EXPECT_EQ(lines[2].decimal("CODTVA"), Decimal(19));
+
+  EXPECT_EQ(figure("A1", "STOC"), Decimal(3));
+  EXPECT_EQ(figure("A1", "COST"), Decimal(10));
+  EXPECT_EQ(figure("A1", "ADAOS"), Decimal(50));
+  EXPECT_EQ(figure("A1", "PRETVFT"), Decimal(15));
+  EXPECT_EQ(figure("A1", "PRETVTTI"), Decimal(18));  // 17.85
+
+  const Recordset note = OpenRs("SELECT * FROM kt_linii ORDER BY NRLINIE");
+  ASSERT_EQ(note.size(), 4);  // one pair for 341, one for 345
+  EXPECT_EQ(note[0].text("CONT"), "341");
+  EXPECT_EQ(note[0].decimal("DEBIT"), 1832_dec / 100);
+  EXPECT_EQ(note[1].text("CONT"), "711");
+  EXPECT_EQ(note[1].decimal("CREDIT"), 1832_dec / 100);
+  EXPECT_EQ(note[2].text("CONT"), "345");
+  EXPECT_EQ(note[2].decimal("DEBIT"), 15340_dec / 100);
+  EXPECT_EQ(note[3].text("TIPDOC"), "BI");
+  EXPECT_EQ(note[3].text("DOC"), "7");
+  EXPECT_EQ(note[3].text("PROV"), "G");
+  EXPECT_TRUE(note[3].isNull("TERT"));
+  EXPECT_TRUE(note[3].isNull("DATASCAD"));
+}
+
+TEST_F(VoucherTest, AverageCostFollowsTheReceiptsUnrounded) {
+  validated("1", "A1", "5", "20", "20");
+  validated("2", "A1", "5", "10", "15");
+  EXPECT_EQ(figure("A1", "STOC"), Decimal(10));
+  EXPECT_EQ(figure("A1", "COST"), Decimal(15));
+  EXPECT_EQ(figure("A1", "PRETVFT"), Decimal(22));  // 15 x 1.5 = 22.5, to the even digit
+  validated("3", "A1", "5", "10", "10");
+  EXPECT_EQ(figure("A1", "COST"), Decimal::fromDouble(200.0 / 15));  // 13.33..., stored as it is
+  EXPECT_EQ(OpenRs("SELECT MAX(NDI) AS N FROM kt_linii").first().integer("N"), 3);
+}
+
+TEST_F(FifoVoucherTest, CostIsTheLatestReceiptAndEmptySalePriceCountsAsZero) {
+  validated("1", "A1", "5", "20", "20");
+  validated("2", "A1", "5", "10", "");
+  EXPECT_EQ(figure("A1", "STOC"), Decimal(10));
+  EXPECT_EQ(figure("A1", "COST"), Decimal(10));
+  EXPECT_EQ(figure("A1", "ADAOS"), Decimal(-100));
+  EXPECT_EQ(figure("A1", "PRETVFT"), Decimal(0));
+  EXPECT_EQ(heard_.take(),
+            QStringList("Pretul de vanzare este mai mic decat pretul de cumparare pentru articolul "
+                        "cu codul A1 "));
+}
+
+TEST_F(VoucherTest, WhatBreaksInTheMiddleLeavesNothing) {
+  DocumentEditor editor("BI");
+  editor.newDocument();
+  editor.save(header("1"));
+  line(editor, "A1", "3", "10", "15");
+  line(editor, "A2", "1", "10", "15");
+  // A stock of -1 and a receipt of 1 leave the average without a divisor.
+  ExecutaSql("UPDATE G_ARTMAG SET STOC = -1 WHERE CODART = 'A2'");
+  try {
+    editor.validate(header("1"));
+    FAIL() << "validated over a zero stock";
+  } catch (const StepError& error) {
+    EXPECT_EQ(error.number(), 11);
+    EXPECT_EQ(error.title(), "Functia SalvareStocArticole");
+  }
+  ExecutaSql("UPDATE G_ARTMAG SET STOC = 0");
+  expectNothingWritten();
+
+  for (const QString& breaking : {QStringLiteral("UPDATE kt_par SET JURBONINTR = NULL"),
+                                  QStringLiteral("UPDATE kt_par SET CONTINTRPROD = ''"),
+                                  QStringLiteral("UPDATE G_FAMART SET CONTSTOCPROD = NULL"),
+                                  QStringLiteral("UPDATE G_ARTMAG SET FAMART = 999")}) {
+    Transaction undo(database());
+    ExecutaSql(breaking);
+    EXPECT_THROW(editor.checkLines(), RuleError) << breaking.toStdString();
+    EXPECT_THROW(editor.validate(header("1")), RuleError) << breaking.toStdString();
+    expectNothingWritten();
+  }
+  editor.validate(header("1"));
+  EXPECT_EQ(count("G_LDOCUM"), 2);
+}
+
+TEST_F(VoucherTest, HeaderIsCheckedInItsOrder) {
+  DocumentEditor editor("BI");
+  editor.newDocument();
+  const auto refused = [&editor](const QHash<QString, QString>& typed) {
+    try {
+      editor.save(typed);
+      return QString();
+    } catch (const RuleError& rule) {
+      return rule.text();
+    }
+  };
+  const int year = clock::today().year();
+  auto typed = header("", QDate(year + 1, 1, 1));
+  typed["CODFUR"] = "";
+  typed["BATVA"] = "-1";
+  EXPECT_EQ(refused(typed),
+            QStringLiteral("Data document trebuie sa fie in intervalul: 01/01/%1-31/12/%1").arg(year));
+  typed["DATANR"] = QDate(year, 12, 31).toString(Qt::ISODate);
+  EXPECT_EQ(refused(typed), "Va rugam completati numarul N.I.R. ! Salvarea nu se poate efectua !");
+  typed["NUMNR"] = "x'%_\"1";
+  EXPECT_EQ(refused(typed), "Va rugam completati codul furnizorului ! Salvarea nu se poate efectua !");
+  typed["CODFUR"] = QString::number(supplier_);
+  EXPECT_EQ(
+      refused(typed),
+      "Va rugam introduceti o valoare numerica pozitiva pentru Cota TVA ! Salvarea nu se poate efectua !");
+  typed["BATVA"] = "";
+  EXPECT_EQ(refused(typed), "");
+  EXPECT_EQ(OpenRs("SELECT BATVA FROM G_BONINT").first().decimal("BATVA"), Decimal(0));
+  EXPECT_FALSE(OpenRs("SELECT BATVA FROM G_BONINT").first().isNull("BATVA"));
+  editor.newDocument();
+  typed["NUMNR"] = "X'%_\"1";
+  EXPECT_EQ(refused(typed), "Bonul de intrare cu acest numar exista deja ! Salvarea nu se poate efectua !");
+  typed["NUMNR"] = QString(21, u'9');
+  EXPECT_EQ(refused(typed), "Textul din campul NUMNR este prea lung (maxim 20 caractere) !");
+  EXPECT_EQ(count("G_BONINT"), 1);
+}
+
+TEST_F(VoucherTest, LinesAreCheckedBeforeTheLedger) {
+  DocumentEditor editor("BI");
+  editor.newDocument();
+  editor.save(header("1"));
+  const auto message = [&editor](const QString& field, const QString& typed) {
+    return editor.check(field, typed, false).text;
+  };
+  EXPECT_EQ(message("CODART", ""), "Va rugam introduceti cod articol");
+  EXPECT_EQ(message("CODART", "NU"), "Articolul cu codul intern NU nu exista ");
+  EXPECT_EQ(editor.check("CODART", "NU", true).text,
+            "Articolul cu codul produs de la furnizor NU nu exista ");
+  EXPECT_EQ(message("CODART", "a1"), "");
+  EXPECT_EQ(message("CANT", "doi"), "Va rugam introduceti o valoare numerica pentru Cantitate !");
+  EXPECT_EQ(message("CANT", "-2"), "Va rugam introduceti o valoare numerica pozitiva pentru Cantitate !");
+  EXPECT_EQ(message("CANT", QString(10000, u'9')),
+            "Va rugam introduceti o valoare numerica pentru Cantitate !");
+
+  editor.setArticle(0, "a1");
+  EXPECT_EQ(editor.lines()[0].text("CODART"), "A1");
+  EXPECT_FALSE(editor.checkLines());
+  EXPECT_EQ(heard_.take(),
+            QStringList("Cantitatea pentru articolul cu codul A1 trebuie sa fie diferita de zero ! "
+                        "Validarea nu se poate efectua !"));
+  editor.setNumber(0, "CANT", "1");
+  EXPECT_FALSE(editor.checkLines());
+  EXPECT_EQ(heard_.take(),
+            QStringList("Pretul unitar pentru articolul cu codul A1 trebuie sa fie un numar pozitiv "
+                        "! Validarea nu se poate efectua !"));
+  editor.setArticle(1, "A2", "Masa foarte lunga cu numele taiat la capat (A2)");
+  EXPECT_EQ(editor.lines()[1].text("DENUMIRE"), "Masa foarte lunga cu numele taiat l");
+  EXPECT_EQ(editor.lines()[1].integer("NRLINIE"), 2);
+  editor.deleteLine(0);
+  editor.setArticle(1, "a2");
+  try {
+    editor.checkLines();
+    FAIL() << "the same article twice";
+  } catch (const RuleError& rule) {
+    EXPECT_EQ(rule.text(),
+              "Articolul cu codul A2 se repeta ! Va rugam introduceti articole distincte ! Validarea nu se "
+              "poate efectua ! ");
+  }
+  EXPECT_THROW(editor.validate(header("1")), RuleError);
+  expectNothingWritten();
+}
+
+TEST_F(VoucherTest, ALateKeystrokeCannotTouchAValidatedVoucher) {
+  DocumentEditor here("BI");
+  here.newDocument();
+  here.save(header("1"));
+  line(here, "A1", "3", "10", "15");
+  DocumentEditor colleague("BI");
+  colleague.open("1");
+  here.validate(header("1"));
+  EXPECT_THROW(colleague.setNumber(0, "CANT", "99"), RuleError);
+  EXPECT_THROW(colleague.setArticle(1, "A2"), RuleError);
+  EXPECT_THROW(colleague.deleteLine(0), RuleError);
+  EXPECT_THROW(colleague.save(header("1")), RuleError);
+  EXPECT_THROW(colleague.validate(header("1")), RuleError);
+  EXPECT_THROW(colleague.remove(), RuleError);
+  EXPECT_EQ(OpenRs("SELECT CANT FROM G_LBONINT").first().decimal("CANT"), Decimal(3));
+  EXPECT_EQ(count("G_DOCUME"), 1);
+}
+
+}  // namespace
+}  // namespace velmar
