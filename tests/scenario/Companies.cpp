@@ -52,7 +52,8 @@ void setOptions(Database& company, const QVariantMap& options, const QString& us
 }
 
 void requireKnown(const QVariantMap& options) {
-  static const QStringList known = {"method", "decimals", "denumire", "from", "to", "hearing", "user", "type"};
+  static const QStringList known = {"method", "decimals", "denumire", "from",
+                                    "to",     "hearing",  "user",     "type"};
   for (const QString& name : options.keys())
     if (!known.contains(name)) throw Failure(QStringLiteral("company() has no option %1").arg(name));
 }

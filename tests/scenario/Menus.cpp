@@ -65,8 +65,7 @@ void pressToolButton(const QString& name, int index) {
   if (!bar) throw Failure(QStringLiteral("there is no tool bar %1").arg(name));
   requireUsable(bar);
   QAction* action = buttonAt(bar, index);
-  if (!action)
-    throw Failure(QStringLiteral("%1 has no button %2").arg(name).arg(index));
+  if (!action) throw Failure(QStringLiteral("%1 has no button %2").arg(name).arg(index));
   QWidget* button = bar->widgetForAction(action);
   requireReachable(bar);
   if (!action->isEnabled()) throw Failure(QStringLiteral("button %1 of %2 is disabled").arg(index).arg(name));

@@ -67,9 +67,7 @@ Functions lookups() {
   f["ValoareSql"] = [](const Arguments& a) { return ValoareSql(a.value(0).toString(), valuesFrom(a, 1)); };
   f["ProcentTVA"] = [](const Arguments& a) { return ProcentTVA(a.value(0).toLongLong()).toDouble(); };
   f["ContTVA"] = [](const Arguments& a) { return ContTVA(a.value(0).toLongLong()); };
-  f["Curs"] = [](const Arguments& a) {
-    return Curs(a.value(0).toString(), date(a.value(1))).toDouble();
-  };
+  f["Curs"] = [](const Arguments& a) { return Curs(a.value(0).toString(), date(a.value(1))).toDouble(); };
   f["UMArticol"] = [](const Arguments& a) { return UMArticol(a.value(0).toString()); };
   f["DenumireArticol"] = [](const Arguments& a) {
     return DenumireArticol(a.value(0).toString(), a.value(1).toBool());
