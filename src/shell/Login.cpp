@@ -8,6 +8,7 @@
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
 #include "util/Errors.h"
+#include "util/Messages.h"
 
 namespace velmar {
 
@@ -15,10 +16,12 @@ namespace {
 
 void requireUser(const QString& user, const QString& password) {
   if (OpenRs("SELECT NUME FROM UTILIZATORI WHERE NUME = ?", {user}).isEmpty())
-    throw RuleError(QStringLiteral("Utilizatorul %1 nu exista !").arg(user), QStringLiteral("NUME"));
+    throw RuleError(QStringLiteral("Utilizatorul %1 nu exista !").arg(user), QStringLiteral("NUME"),
+                    kCritical);
   const Recordset found =
       OpenRs("SELECT TIP FROM UTILIZATORI WHERE NUME = ? AND PAROLA = ?", {user, password});
-  if (found.isEmpty()) throw RuleError(QStringLiteral("Parola nu este corecta !"), QStringLiteral("PAROLA"));
+  if (found.isEmpty())
+    throw RuleError(QStringLiteral("Parola nu este corecta !"), QStringLiteral("PAROLA"), kCritical);
   session().gTipUtilizator = static_cast<int>(found.first().integer("TIP"));
   session().gUtilizator = user.trimmed().toUpper();
 }
@@ -54,7 +57,7 @@ void Login::useFolder(const QString& folder) {
 
 void Login::enter(const QString& numeBD, const QString& denumire, const QString& user,
                   const QString& password, bool forceUpdate) const {
-  if (numeBD.isEmpty()) throw RuleError(QStringLiteral("Va rugam selectati o societate !"));
+  if (numeBD.isEmpty()) throw RuleError(QStringLiteral("Va rugam selectati o societate !"), {}, kCritical);
   Session& s = session();
   leaveCompany();
   try {

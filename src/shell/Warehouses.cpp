@@ -1,5 +1,6 @@
 #include "shell/Warehouses.h"
 
+#include "config/Numbers.h"
 #include "store/Database.h"
 
 namespace velmar {
@@ -10,9 +11,8 @@ Recordset workingWarehouses() {
   if (!found.isEmpty()) return found;
   Transaction transaction(database());
   // Another workstation may have been faster.
-  const qint64 code =
-      OpenRs("SELECT COALESCE(MAX(COD), 0) + 1 AS N FROM G_MULTIMAGAZIE").first().integer("N");
-  if (code == 1)
+  const qint64 code = NumarUrmator(QStringLiteral("G_MULTIMAGAZIE"));
+  if (OpenRs(all).isEmpty())
     ExecutaSql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE) VALUES (?, ?)",
                {code, QStringLiteral("Magazie %1").arg(code)});
   transaction.commit();

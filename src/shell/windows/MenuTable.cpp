@@ -1,8 +1,9 @@
 #include "shell/windows/MenuTable.h"
 
+#include "config/windows/frmConexiuni.h"
+#include "config/windows/frmSocietati.h"
+#include "documents/windows/frmGRILABonIntr.h"
 #include "shell/windows/frmAbout.h"
-#include "store/windows/frmConexiuni.h"
-#include "store/windows/frmSocietati.h"
 
 namespace velmar {
 
@@ -50,7 +51,7 @@ std::vector<MenuEntry> entries() {
       {"mnuCumpFacturaImport", "&Factura Import", Opens::One, "frmGrilaFFI", nullptr},
       {"mnuCumpNIR", "&N.I.R.", Opens::One, "frmGrilaNIR", nullptr},
       {"", "", Opens::Separator, {}},
-      {"mnuBonIntr", "&Bon de intrare", Opens::One, "frmGRILABonIntr", nullptr},
+      {"mnuBonIntr", "&Bon de intrare", Opens::One, "frmGRILABonIntr", make<frmGRILABonIntr>},
       {"mnuCumpComanda", "&Comanda", Opens::One, "frmGrilaCOMF", nullptr},
 
       {"mnuVanzari", "&Vanzari", Opens::Menu, {}},

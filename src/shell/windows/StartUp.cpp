@@ -81,6 +81,7 @@ void StartUp::chooseWarehouse(qint64 code, const QString& name) {
 }
 
 void StartUp::DeschideFereastraPrincipala() {
+  mainWindow_.reset();
   mainWindow_ = std::make_unique<frmMain>();
   connect(mainWindow_.get(), &frmMain::closed, this, &StartUp::end, Qt::QueuedConnection);
   mainWindow_->show();

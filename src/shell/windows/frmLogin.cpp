@@ -10,14 +10,14 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "config/CompanyFiles.h"
 #include "config/Session.h"
-#include "store/CompanyFiles.h"
+#include "store/windows/TDBGrid.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/windows/Forms.h"
 #include "util/windows/KeyFilter.h"
 #include "util/windows/Look.h"
-#include "util/windows/TDBGrid.h"
 
 namespace velmar {
 
@@ -51,6 +51,10 @@ frmLogin::frmLogin(Login::VersionCheck verificaVersiune, QWidget* parent)
 
   auto* all = new QVBoxLayout(this);
   all->addWidget(serverFrame());
+  societati_ = new QLabel(QStringLiteral("Societati"));
+  societati_->setBuddy(grid_);
+  societati_->hide();
+  all->addWidget(societati_);
   all->addWidget(grid_, 1);
   all->addWidget(hint_, 1);
   all->addWidget(userFrame());
@@ -127,6 +131,7 @@ void frmLogin::showCompanies() {
   label1_->setText(QDir::toNativeSeparators(session().gCaleBD));
   grid_->setRecordset(companyRecordset(login_.companies()));
   hint_->hide();
+  societati_->show();
   grid_->show();
 }
 

@@ -5,7 +5,6 @@
 
 #include "shell/Login.h"
 
-class QGroupBox;
 class QLabel;
 class QLineEdit;
 
@@ -37,6 +36,7 @@ class frmLogin : public QDialog {
   Login login_;
   QLabel* label1_;
   QLabel* hint_;
+  QLabel* societati_;
   TDBGrid* grid_;
   QLineEdit* txtUserName_;
   QLineEdit* txtPassword_;

@@ -48,7 +48,7 @@ class ChildArea : public QMdiArea {
     if (!subWindowList().isEmpty()) return;
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
-    painter.drawText(viewport()->rect(), Qt::AlignCenter,
+    painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12), Qt::AlignCenter | Qt::TextWordWrap,
                      QStringLiteral("Alegeti o comanda din meniu sau de pe barele laterale."));
   }
 };

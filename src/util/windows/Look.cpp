@@ -42,13 +42,14 @@ void applyLook(QApplication& application) {
   QPalette palette = QApplication::palette();
   palette.setColor(QPalette::Highlight, kAccent);
   palette.setColor(QPalette::HighlightedText, Qt::white);
-  palette.setColor(QPalette::Inactive, QPalette::Highlight, kAccent.lighter(150));
   palette.setColor(QPalette::Link, kAccent);
   QApplication::setPalette(palette);
   application.setWindowIcon(icon(QStringLiteral("app")));
 }
 
 QColor gCuloareInfo() { return QToolTip::palette().color(QPalette::Inactive, QPalette::ToolTipBase); }
+
+QColor gCuloareInfoText() { return QToolTip::palette().color(QPalette::Inactive, QPalette::ToolTipText); }
 
 QIcon icon(const QString& name) {
   static QHash<QString, QIcon> drawn;

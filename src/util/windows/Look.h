@@ -13,6 +13,8 @@ void applyLook(QApplication& application);
 
 /// Background of locked and computed fields: that of tool tips.
 QColor gCuloareInfo();
+/// Text on that background.
+QColor gCuloareInfoText();
 
 /// The line icon of that name ("save", "invoice-out") in the text colour of buttons. The names are those of
 /// the files in the folder icons.

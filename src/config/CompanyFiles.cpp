@@ -1,4 +1,4 @@
-#include "store/CompanyFiles.h"
+#include "config/CompanyFiles.h"
 
 #include <algorithm>
 #include <QFileInfo>
@@ -47,7 +47,8 @@ void requireFree(const QString& folder, const QList<Company>& companies, const Q
   if (existsInFolder(folder, file))
     throw RuleError(QStringLiteral("Fisierul %1 exista deja in folderul bazelor de date ! Adaugarea nu se "
                                    "poate efectua !")
-                        .arg(file));
+                        .arg(file),
+                    QStringLiteral("COD"));
 }
 
 void makeFile(const QString& folder, const QString& fileName, const QString& name,

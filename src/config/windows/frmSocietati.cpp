@@ -1,4 +1,4 @@
-#include "store/windows/frmSocietati.h"
+#include "config/windows/frmSocietati.h"
 
 #include <QBoxLayout>
 #include <QFormLayout>
@@ -6,13 +6,13 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "config/CompanyFiles.h"
 #include "config/Session.h"
-#include "store/CompanyFiles.h"
+#include "store/windows/TDBGrid.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/windows/Forms.h"
 #include "util/windows/KeyFilter.h"
-#include "util/windows/TDBGrid.h"
 
 namespace velmar {
 
@@ -38,9 +38,7 @@ frmSocietati::frmSocietati(QWidget* parent) : QWidget(parent) {
 
   auto* bottom = new QHBoxLayout;
   bottom->addWidget(companyFrame(), 1);
-  auto* buttons = new QWidget;
-  buttons->setLayout(buttonColumn());
-  bottom->addWidget(buttons);
+  bottom->addLayout(buttonBlock());
   auto* all = new QVBoxLayout(this);
   all->addWidget(grid_, 1);
   all->addLayout(bottom);
@@ -60,6 +58,7 @@ QGroupBox* frmSocietati::companyFrame() {
   txtDenumire_->setObjectName(QStringLiteral("txtDenumire"));
   txtDenumire_->setToolTip(QStringLiteral("Maxim 50 caractere"));
   txtDenumire_->setMaxLength(kNameLength);
+  txtDenumire_->setMinimumWidth(fontMetrics().averageCharWidth() * 34);
   for (QLineEdit* box : {txtCod_, txtDenumire_}) KeyFilter::install(box);
   auto* rows = new QFormLayout(frame);
   rows->addRow(QStringLiteral("Cod"), txtCod_);
@@ -67,7 +66,7 @@ QGroupBox* frmSocietati::companyFrame() {
   return frame;
 }
 
-QLayout* frmSocietati::buttonColumn() {
+QLayout* frmSocietati::buttonBlock() {
   const auto button = [](const QString& name, const QString& caption, const QString& toolTip) {
     auto* made = new QPushButton(caption);
     made->setObjectName(name);
@@ -84,7 +83,8 @@ QLayout* frmSocietati::buttonColumn() {
   auto* cmdIesire = button("cmdIesire", "Iesire", {});
   setUpExitButton(cmdIesire, this);
   auto* grid = new QGridLayout;
-  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setRowStretch(2, 1);
+  grid->setContentsMargins(0, fontMetrics().height(), 0, 0);  // below the title of the frame beside it
   grid->addWidget(cmdAdauga, 0, 0);
   grid->addWidget(cmdSterge, 0, 1);
   grid->addWidget(Cmdschimbare, 1, 0);

@@ -17,7 +17,7 @@ class frmSocietati : public QWidget {
 
  private:
   QGroupBox* companyFrame();
-  QLayout* buttonColumn();
+  QLayout* buttonBlock();
   void refresh();
   void add();
   void remove();

@@ -1,4 +1,4 @@
-#include "store/windows/frmConexiuni.h"
+#include "config/windows/frmConexiuni.h"
 
 #include <QBoxLayout>
 #include <QFontDatabase>
