@@ -5,7 +5,9 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QtTest/QtTest>
 
 #include "Functions.h"
@@ -57,9 +59,27 @@ void sendKey(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
     QTest::sendKeyEvent(QTest::Release, window, static_cast<Qt::Key>(key), text, modifiers);
 }
 
+// Where a child window does not fit into the main one, a person enlarges that, and scrolls where it is still
+// too small.
+void showWithin(QMdiArea* area, QWidget* widget) {
+  const auto place = [area, widget] {
+    return QRect(widget->mapTo(area->viewport(), QPoint()), widget->size());
+  };
+  if (area->viewport()->rect().contains(place())) return;
+  area->window()->setGeometry(area->screen()->availableGeometry());
+  const auto scroll = [](QScrollBar* bar, int before, int behind) {
+    if (before < 0) bar->setValue(bar->value() + before);
+    if (behind > 0) bar->setValue(bar->value() + behind);
+  };
+  scroll(area->horizontalScrollBar(), place().left(), place().right() - area->viewport()->width());
+  scroll(area->verticalScrollBar(), place().top(), place().bottom() - area->viewport()->height());
+}
+
 void scrollIntoView(QWidget* widget) {
-  for (QWidget* parent = widget->parentWidget(); parent; parent = parent->parentWidget())
+  for (QWidget* parent = widget->parentWidget(); parent; parent = parent->parentWidget()) {
     if (auto* area = qobject_cast<QScrollArea*>(parent)) area->ensureWidgetVisible(widget);
+    if (auto* area = qobject_cast<QMdiArea*>(parent)) showWithin(area, widget);
+  }
 }
 
 }  // namespace
