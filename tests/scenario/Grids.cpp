@@ -12,7 +12,7 @@
 #include "Controls.h"
 #include "Input.h"
 #include "util/NumberText.h"
-#include "util/windows/TDBGrid.h"
+#include "store/windows/TDBGrid.h"
 
 namespace velmar::scenario {
 
