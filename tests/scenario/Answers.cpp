@@ -1,8 +1,8 @@
 #include "Answers.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QPointer>
@@ -147,14 +147,17 @@ void Answers::serveFileDialog(QWidget* dialog) {
   files_.pop_front();
   auto* chooser = static_cast<QFileDialog*>(dialog);
   auto* name = chooser->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-  auto* buttons = chooser->findChild<QDialogButtonBox*>();
-  if (path.isEmpty() || !name || !buttons) {
+  if (path.isEmpty() || !name) {
     chooser->reject();
     return;
   }
+  // What the program proposed is marked in the lists, and would be taken along.
+  const QList<QAbstractItemView*> lists = chooser->findChildren<QAbstractItemView*>();
+  for (QAbstractItemView* list : lists)
+    if (list->selectionModel()) list->clearSelection();
+  const QSignalBlocker quiet(name);
   name->setText(path);
-  const bool opens = chooser->acceptMode() == QFileDialog::AcceptOpen;
-  buttons->button(opens ? QDialogButtonBox::Open : QDialogButtonBox::Save)->click();
+  static_cast<QDialog*>(chooser)->accept();
 }
 
 QString Answers::unexpectedReport() const {

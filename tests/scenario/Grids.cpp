@@ -11,8 +11,8 @@
 
 #include "Controls.h"
 #include "Input.h"
-#include "util/NumberText.h"
 #include "store/windows/TDBGrid.h"
+#include "util/NumberText.h"
 
 namespace velmar::scenario {
 

@@ -115,6 +115,9 @@ void typeCharacter(QChar character) {
 }
 
 void clickAt(QWidget* widget, const QPoint& place, Qt::KeyboardModifiers modifiers) {
+  // A list that has dropped down takes the first click for itself.
+  QWidget* popup = QApplication::activePopupWidget();
+  if (popup && popup != widget->window()) popup->close();
   bringToFront(widget);
   scrollIntoView(widget);
   QWidget* window = widget->window();
