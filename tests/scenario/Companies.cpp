@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QScreen>
 #include <QWidget>
 
 #include "config/Session.h"
@@ -106,6 +107,10 @@ Companies::Companies(Folders& folders, Answers& answers)
     : folders_(folders), answers_(answers), boxes_(std::make_unique<WindowMessages>()) {
   applyLook(*qApp);
   settings::setFolder(folders.settings());
+  // As left by a user who has given the main window the whole screen.
+  const QRect screen = QApplication::primaryScreen()->availableGeometry();
+  settings::setMainWindowPlace(
+      {0, 0, screen.width() * settings::kTwipsPerPixel, screen.height() * settings::kTwipsPerPixel});
   setMessageSink(boxes_.get());
   answers.listen();
 }

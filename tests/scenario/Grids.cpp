@@ -163,9 +163,18 @@ void addEntrySteps(Functions& functions, Windows& windows) {
                        {"checkable", bool(index.flags() & Qt::ItemIsUserCheckable)},
                        {"current", view->currentIndex() == index}};
   };
-  functions["cellClick"] = [&windows](const Arguments& a) {
+  // With an editor open elsewhere the cell is clicked, which the program may refuse; else the cursor moves
+  // there as by the arrow keys.
+  functions["cellReach"] = [&windows](const Arguments& a) {
     auto* view = viewOf(windows, a);
-    clickCell(view, indexOf(view, a[2].toInt(), a[3]));
+    const QModelIndex index = indexOf(view, a[2].toInt(), a[3]);
+    if (editorAt(view, view->currentIndex())) {
+      clickCell(view, index);
+      return QVariant();
+    }
+    focus(view);
+    view->setCurrentIndex(index);
+    view->scrollTo(index);
     return QVariant();
   };
   // Gives false when the editor is one whose value is chosen and holds no such choice, null to go on typing.

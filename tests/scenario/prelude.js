@@ -52,16 +52,22 @@
       const at = before.row;
       const front = N("front");
       let state = before;
+      const look = () => { state = this.N("cellState", at, column); };
       if (!state.editing) {
-        this.N("cellClick", at, column);
+        this.N("cellReach", at, column);
         if (N("front") !== front) return false;
-        state = this.N("cellState", at, column);
+        look();
         if (!state.current) return false;
       }
       if (!state.editing && !before.checkable) {
         N("key", "F2");
+        // After a click the grid opens its editor no sooner than a double click is over.
+        for (let waited = 0; waited < 1000 && N("front") === front; waited += 50) {
+          look();
+          if (state.editing) break;
+          bridge.sleep(50);
+        }
         if (N("front") !== front) return false;
-        state = this.N("cellState", at, column);
       }
       if (state.editing) {
         const taken = this.N("editorTake", at, column, text);
