@@ -1,0 +1,32 @@
+// What a scenario prints: every PDF file that appears in the out folder.
+#pragma once
+
+#include <QObject>
+#include <QSet>
+
+#include "Functions.h"
+
+namespace velmar::scenario {
+
+/// Accepts the print options as they stand and closes previews, unless the script wants to see them.
+class Printing : public QObject {
+ public:
+  explicit Printing(const QString& out);
+
+  void addFunctions(Functions& functions);
+  /// Whether no window is about to be served.
+  bool settled() const { return serving_ == 0; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QVariant printed();
+
+  QString out_;
+  QSet<QString> told_;
+  bool keepsWindows_ = false;
+  int serving_ = 0;
+};
+
+}  // namespace velmar::scenario

@@ -1,0 +1,58 @@
+// Runs one script on a thread of its own and tells how it went.
+#pragma once
+
+#include <atomic>
+#include <QElapsedTimer>
+#include <QJSEngine>
+#include <QThread>
+
+#include "Driver.h"
+
+namespace velmar::scenario {
+
+struct Verdict {
+  int checks = 0;
+  bool failed = false;
+  QString file;
+  int line = 0;
+  QString what, expected, actual;
+};
+
+class ScenarioEngine : public QThread {
+  Q_OBJECT
+ public:
+  ScenarioEngine(const QString& file, Driver& driver, const Functions& functions);
+
+  /// Read it once the thread has finished, or has hung.
+  const Verdict& verdict() const { return verdict_; }
+
+  // What the prelude calls, on the script's own thread.
+  Q_INVOKABLE QJSValue call(const QString& stack, const QString& name, const QVariantList& arguments);
+  Q_INVOKABLE void sleep(int milliseconds);
+  Q_INVOKABLE void count() { ++verdict_.checks; }
+
+ signals:
+  /// The windows' thread does not come back; the verdict is complete, the thread will not end.
+  void hung();
+
+ protected:
+  void run() override;
+
+ private:
+  void execute();
+  void judge(const QJSValue& error, const QStringList& stack);
+  int lineIn(const QString& stack) const;
+  void watchScript();
+
+  QString file_;
+  Driver& driver_;
+  const Functions& functions_;
+  Verdict verdict_;
+  std::atomic<QJSEngine*> engine_ = nullptr;
+  std::atomic<int> lastLine_ = 0;
+  std::atomic<bool> inStep_ = false;
+  std::atomic<qint64> lastStep_ = 0;
+  QElapsedTimer clock_;
+};
+
+}  // namespace velmar::scenario

@@ -1,0 +1,218 @@
+// Runs one scenario on the real windows: velmar_scenario FILE.js [--out DIR].
+#include <execinfo.h>
+#include <unistd.h>
+#include <csignal>
+#include <cstdio>
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QTimer>
+
+#include "Answers.h"
+#include "Companies.h"
+#include "Controls.h"
+#include "Files.h"
+#include "Grids.h"
+#include "Input.h"
+#include "Menus.h"
+#include "Printing.h"
+#include "ScenarioEngine.h"
+#include "SharedFunctions.h"
+
+namespace velmar::scenario {
+
+namespace {
+
+Driver* theDriver = nullptr;
+volatile std::sig_atomic_t theExitCode = 0;
+
+/// Keeps exceptions that escape a handler of the program from ending the process.
+class Application : public QApplication {
+ public:
+  using QApplication::QApplication;
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (const std::exception& failure) {
+      theDriver->addLateFailure(
+          QStringLiteral("an exception escaped: %1").arg(QString::fromUtf8(failure.what())));
+    } catch (...) {
+      theDriver->addLateFailure(QStringLiteral("an exception escaped"));
+    }
+    return false;
+  }
+};
+
+void writeBacktrace(int signal) {
+  void* frames[64];
+  backtrace_symbols_fd(frames, backtrace(frames, 64), STDERR_FILENO);
+  if (signal == SIGUSR1) return;
+  std::signal(signal, SIG_DFL);
+  std::raise(signal);
+}
+
+/// The environment a scenario needs before the toolkit starts: no screen, and nothing of the user's own.
+void isolate(const QTemporaryDir& home) {
+  const auto folder = [&home](const char* name) {
+    const QString path = home.filePath(QString::fromLatin1(name));
+    QDir().mkpath(path);
+    return QFile::encodeName(path);
+  };
+  for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME",
+                           "XDG_RUNTIME_DIR", "XDG_CONFIG_DIRS"})
+    qputenv(name, folder(name));
+  QFile::setPermissions(home.filePath(QStringLiteral("XDG_RUNTIME_DIR")),
+                        QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM", QStringLiteral("offscreen"));
+  if (platform != QStringLiteral("offscreen")) return;
+  QFile screen(home.filePath(QStringLiteral("screen.json")));
+  if (screen.open(QIODevice::WriteOnly))
+    screen.write(R"({"screens":[{"name":"screen","x":0,"y":0,"width":1366,"height":768,)"
+                 R"("logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})");
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screen.fileName()));
+}
+
+/// Leaves out what the platform without a screen always says.
+void logMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
+  if (!text.startsWith(QStringLiteral("This plugin does not support")))
+    std::fprintf(stderr, "%s\n", text.toUtf8().constData());
+}
+
+void print(const Verdict& verdict, const QString& screenshot) {
+  const QByteArray name = QFileInfo(verdict.file).completeBaseName().toUtf8();
+  std::printf("%s %s (%d checks)\n", verdict.failed ? "FAIL" : "PASS", name.constData(), verdict.checks);
+  if (verdict.failed) {
+    std::printf("  %s:%d: %s\n", qPrintable(verdict.file), verdict.line, verdict.what.toUtf8().constData());
+    if (!verdict.expected.isNull() || !verdict.actual.isNull())
+      std::printf("  expected: %s\n  actual:   %s\n", verdict.expected.toUtf8().constData(),
+                  verdict.actual.toUtf8().constData());
+    if (!screenshot.isEmpty()) std::printf("  screenshot: %s\n", screenshot.toUtf8().constData());
+  }
+  std::fflush(stdout);
+}
+
+QWidget* windowInFront() {
+  QWidget* window = QApplication::activeModalWidget();
+  if (!window) window = QApplication::activeWindow();
+  const QWidgetList all = QApplication::topLevelWidgets();
+  for (QWidget* other : all)
+    if (!window && other->isVisible()) window = other;
+  return window;
+}
+
+// What is wrong although the script ran to its end.
+QString leftOver(const Driver& driver, const Answers& answers) {
+  if (!driver.lateFailure().isEmpty()) return driver.lateFailure();
+  if (const QString report = answers.unexpectedReport(); !report.isEmpty())
+    return QStringLiteral("an error report that nobody expected: ") + report;
+  const QWidget* modal = QApplication::activeModalWidget();
+  if (modal && modal->objectName() == QStringLiteral("frmMsgBox"))
+    return QStringLiteral("a message box stands at the end: ") + answers.lastText();
+  return {};
+}
+
+void addScreenshots(Functions& functions, Windows& windows, const QString& out) {
+  functions["shot"] = [out](const Arguments& a) {
+    return saveScreenshot(windowInFront(), out, a[0].toString());
+  };
+  functions["shotOf"] = [out, &windows](const Arguments& a) {
+    return saveScreenshot(windows.window(a[0].toInt()), out, a[1].toString());
+  };
+}
+
+int runScenario(Application& application, const QString& file, const QString& out) {
+  Folders folders(out);
+  Windows windows;
+  Printing printing(out);
+  Answers answers([](const QString& text) { theDriver->addLateFailure(text); });
+  Driver driver([&] { return answers.settled() && printing.settled(); });
+  theDriver = &driver;
+
+  Companies companies(folders, answers);
+  Functions functions;
+  windows.addFunctions(functions);
+  answers.addFunctions(functions);
+  printing.addFunctions(functions);
+  addControlFunctions(functions, windows);
+  addGridFunctions(functions, windows);
+  addTreeFunctions(functions, windows);
+  addMenuFunctions(functions);
+  addFileFunctions(functions);
+  companies.addFunctions(functions);
+  addSharedFunctions(functions);
+  addScreenshots(functions, windows, out);
+
+  ScenarioEngine engine(file, driver, functions);
+  Verdict verdict;
+  bool over = false;
+  QObject::connect(&engine, &ScenarioEngine::finished, &application, [&] {
+    verdict = engine.verdict();
+    if (const QString rest = leftOver(driver, answers); !rest.isEmpty()) {
+      if (!verdict.failed)
+        verdict.what = rest;
+      else if (!verdict.what.contains(answers.lastText()))
+        verdict.what += QStringLiteral("; ") + rest;
+      verdict.failed = true;
+    }
+    QString screenshot;
+    if (QWidget* front = windowInFront(); front && verdict.failed)
+      screenshot = saveScreenshot(front, out, QStringLiteral("failure"));
+    print(verdict, screenshot);
+    over = true;
+    answers.setSilent(true);
+    // A program that does not let go of its loops must not hold up the next scenario.
+    theExitCode = verdict.failed ? 1 : 0;
+    std::signal(SIGALRM, [](int) { ::_exit(theExitCode); });
+    ::alarm(10);
+    QCoreApplication::exit(0);
+  });
+  // The windows' thread is the one that hangs, so this runs on the script's.
+  const pthread_t windowsThread = pthread_self();
+  QObject::connect(
+      &engine, &ScenarioEngine::hung, &engine,
+      [&engine, windowsThread] {
+        print(engine.verdict(), {});
+        pthread_kill(windowsThread, SIGUSR1);
+        QThread::sleep(1);
+        ::_exit(1);
+      },
+      Qt::DirectConnection);
+  engine.start();
+  // The program may end itself in the middle of a scenario; the scenario goes on.
+  while (!over) QApplication::exec();
+  engine.wait();
+  return verdict.failed ? 1 : 0;
+}
+
+}  // namespace
+
+}  // namespace velmar::scenario
+
+int main(int argc, char** argv) {
+  using namespace velmar::scenario;
+  const QTemporaryDir home;
+  isolate(home);
+  for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS, SIGUSR1}) std::signal(signal, writeBacktrace);
+  qInstallMessageHandler(logMessage);
+  Application application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+
+  QCommandLineParser parser;
+  const QCommandLineOption out(QStringLiteral("out"), QStringLiteral("Where screenshots and prints go."),
+                               QStringLiteral("DIR"), QStringLiteral("out/scenarios"));
+  parser.addOption(out);
+  parser.addPositionalArgument(QStringLiteral("FILE.js"), QStringLiteral("The scenario."));
+  parser.addHelpOption();
+  parser.process(application);
+  if (parser.positionalArguments().size() != 1) parser.showHelp(2);
+  const QFileInfo file(parser.positionalArguments().first());
+  try {
+    return runScenario(application, file.absoluteFilePath(),
+                       QDir(QDir(parser.value(out)).absolutePath()).filePath(file.completeBaseName()));
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "%s\n", failure.what());
+    return 2;
+  }
+}

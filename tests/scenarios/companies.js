@@ -1,0 +1,93 @@
+// The list of companies: adding, refusing and deleting, and working in a new company.
+setToday("2026-03-15");
+const folder = company();
+
+menu("mnuCreare");
+let list = win("frmSocietati");
+equal(list.title(), "Lista Societati");
+let grid = list.grid("TDBGrid1");
+equal(grid.column("COD"), ["01"]);
+equal(list.tooltip("txtCod"), "Cod alfanumeric, maxim 2 caractere");
+
+function add(code, name) {
+  list.type("txtCod", code);
+  list.type("txtDenumire", name);
+  list.click("cmdAdauga");
+}
+
+// Code and name are asked for, each with the focus back in its box.
+answer("OK");
+add("", "BETA SRL");
+expectMessage("Va rugam completati codul societatii  !");
+check(list.hasFocus("txtCod"));
+answer("OK");
+add("b2", "   ");
+expectMessage("Va rugam completati denumirea societatii  !");
+check(list.hasFocus("txtDenumire"));
+
+// The code is kept in upper case and names the file; the boxes are empty for the next one.
+add("b2", " BETA SRL ");
+equal(grid.column("COD"), ["01", "B2"]);
+equal([grid.cell(1, "DENUMIRE"), grid.cell(1, "NUMEBD")], ["BETA SRL", "TarvonB2.mdb"]);
+check(exists(folder + "/TarvonB2.mdb"));
+equal([list.text("txtCod"), list.text("txtDenumire")], ["", ""]);
+
+// The same code in any case is refused and the list is as it was.
+answer("OK");
+add("B2", "GAMA");
+expectMessage("Acest cod de societate exista deja ! Adaugarea nu se poate efectua !");
+equal(grid.rows(), 2);
+equal([list.text("txtCod"), list.text("txtDenumire")], ["", ""]);
+
+// At most two characters of code fit.
+add("c34", "GAMA");
+equal(grid.column("COD"), ["01", "B2", "C3"]);
+
+// The first company stays; the others go with their file when that is confirmed.
+grid.select(0);
+answer("OK");
+list.click("cmdSterge");
+expectMessage("Societatea cu codul 01 nu se poate sterge !");
+const question = "Sunteti sigur ca doriti sa stergeti societatea : C3 - GAMA si baza de date aferenta ?";
+grid.select(2);
+answer("Nu");
+list.click("cmdSterge");
+expectMessage(question, { title: "Confirmare stergere", icon: "question", buttons: ["Da", "Nu"] });
+check(exists(folder + "/TarvonC3.mdb"));
+equal(grid.rows(), 3);
+answer("Alt+F4");
+answer("Da");
+list.click("cmdSterge");
+expectMessage(question);
+equal(grid.column("COD"), ["01", "B2"]);
+check(!exists(folder + "/TarvonC3.mdb"));
+
+// One window, however often the command is given; the exit button closes it.
+menu("mnuCreare");
+equal(openCount("frmSocietati"), 1);
+list.click("cmdIesire");
+check(!isOpen("frmSocietati"));
+check(readFile(folder + "/Societat.xml").includes("TarvonB2.mdb"));
+
+// The new company is there at the next login, with the name it was given and its own users.
+start(folder);
+const login = win("frmLogin");
+login.grid("TDBGrid1").select(1);
+login.type("txtUserName", "admin");
+login.type("txtPassword", "admin");
+login.click("cmdOK");
+win("frmSelMagazie").pick("DataCombo1", "Magazie 1");
+win("frmSelMagazie").click("cmdOK");
+equal(win("frmMain").title(), "Tarvon Velmar  - BETA SRL");
+equal(sql("SELECT DENUMIRE FROM kt_info"), [{ DENUMIRE: "BETA SRL" }]);
+
+// The company one works in cannot be deleted under one's feet.
+menu("mnuCreare");
+list = win("frmSocietati");
+list.grid("TDBGrid1").select(1);
+answer("OK");
+list.click("cmdSterge");
+equal(messages().length, 1);
+check(exists(folder + "/TarvonB2.mdb"));
+equal(list.grid("TDBGrid1").column("COD"), ["01", "B2"]);
+noMessage();

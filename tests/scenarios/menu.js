@@ -1,0 +1,108 @@
+// The main window: rights by the user's type, the hearing-device entries, the bars, and the message box.
+setToday("2026-03-15");
+
+const tops = ["mnuFile", "mnuView", "mnumnuTabele", "mnuCumparari", "mnuVanzari", "mnuRap", "mnuIntretinere",
+              "mnuWindow", "mnuHelp"];
+const enabled = (names) => names.map((name) => menuState(name).enabled);
+const visible = (names) => names.map((name) => menuState(name).visible);
+function refused(name) {
+  try {
+    menu(name);
+  } catch (error) {
+    return error.message;
+  }
+  return "";
+}
+
+// Type 0 is refused nothing.
+company();
+equal(enabled(tops), [true, true, true, true, true, true, true, true, true]);
+equal(menuState("mnuCreare").enabled, true);
+equal(visible(["mnuVanzariComanda", "mnuVanzFactura", "mnuStorno", "mnuBonConsum"]), [true, true, true, true]);
+equal(visible(["mnuComenziAudio", "mnuFacturiAudio", "mnuBonReparatie", "mnuComisioane"]),
+      [false, false, false, false]);
+equal(refused("mnuComenziAudio"), "the menu entry mnuComenziAudio is hidden");
+
+// The marks of the view menu and what they show go together.
+const main = win("frmMain");
+for (const [entry, bar] of [["mnuViewStatusBar", "sbStatusBar"], ["mnuViewLeftBar", "Toolbar"],
+                            ["mnuViewRightBar", "ToolbarRap"]]) {
+  equal([menuState(entry).checked, main.isVisible(bar)], [true, true]);
+  menu(entry);
+  equal([menuState(entry).checked, main.isVisible(bar)], [false, false]);
+  menu(entry);
+  equal([menuState(entry).checked, main.isVisible(bar)], [true, true]);
+}
+
+// Several windows of the connections may stand, one of the companies; they can be arranged.
+menu("mnuConexiuni");
+menu("mnuConexiuni");
+menu("mnuCreare");
+menu("mnuCreare");
+equal([openCount("frmConexiuni"), openCount("frmSocietati")], [2, 1]);
+const users = win("frmConexiuni");
+equal(users.title(), "Utilizatori conectati");
+users.click("cmConexiuni");
+equal(users.text("lblUsers"), "1 Conexiuni deschise");
+menu("mnuWindowCascade");
+menu("mnuWindowTileHorizontal");
+menu("mnuWindowTileVertical");
+users.close();
+equal(openCount("frmConexiuni"), 1);
+
+// About is modal and says which version this is.
+menu("mnuHelpAbout");
+const about = win("frmAbout");
+equal(about.title(), "Informatii");
+equal(about.text("lblDescription"), "Program de Gestiune Comerciala");
+check(/^Versiune \d+\.\d+\.\d+$/.test(about.text("lblVersion")));
+check(refused("mnuCreare").includes("frmAbout stands before"));
+about.click("cmdOK");
+check(!isOpen("frmAbout"));
+
+// Without the help file the command says so.
+answer("OK");
+menu("mnuHelpContents");
+expectMessage("No help file!!! ", { title: "Velmar", icon: "" });
+
+// A yes/no box cannot be closed but by its buttons.
+menu("mnuCreare");
+const list = win("frmSocietati");
+list.type("txtCod", "x1");
+list.type("txtDenumire", "PROBA");
+list.click("cmdAdauga");
+list.grid("TDBGrid1").select(1);
+list.click("cmdSterge");
+const box = win("frmMsgBox");
+equal(box.title(), "Confirmare stergere");
+equal([box.text("cmdBtn(0)"), box.text("cmdBtn(1)")], ["Da", "Nu"]);
+check(box.hasFocus("cmdBtn(0)"));
+box.close();
+check(isOpen("frmMsgBox"), "no cancel button, so the close box is refused");
+key("Esc");
+check(isOpen("frmMsgBox"));
+box.click("cmdBtn(1)");
+check(!isOpen("frmMsgBox"));
+equal(messages().map((shown) => shown.answered), ["Nu"]);
+
+// The end of the work closes everything.
+menu("mnuFileExit");
+check(!isOpen("frmMain") && !isOpen("frmSocietati"));
+
+// Type 1: no companies, parameters, users, warehouses, upkeep.
+company({ user: "ION", type: 1 });
+equal(enabled(tops), [true, true, true, true, true, true, false, true, true]);
+equal(enabled(["mnuCreare", "mnuFilemnuSocConf", "mnuUtilizatori", "mnuMagazii", "mnuFileExit"]),
+      [false, false, false, false, true]);
+equal(refused("mnuConexiuni"), "the menu entry mnuIntretinere is disabled");
+
+// Any other type: the tables, purchases and sales are closed as well.
+company({ user: "ANA", type: 7 });
+equal(enabled(tops), [true, true, false, false, false, true, false, true, true]);
+
+// Hearing devices.
+company({ hearing: true });
+equal(visible(["mnuVanzariComanda", "mnuVanzFactura", "mnuStorno", "mnuBonConsum"]), [false, false, false, false]);
+equal(visible(["mnuComenziAudio", "mnuFacturiAudio", "mnuBonReparatie", "mnuComisioane"]),
+      [true, true, true, true]);
+noMessage();
