@@ -39,6 +39,8 @@ ProposedNumber inRange(qint64 next, const Range& range) {
 }  // namespace
 
 ProposedNumber proposeNumber(const DocumentKind& kind) {
+  // Another workstation may have entered a new range since this one started.
+  if (kind.numbering == Numbering::InvoiceRange || kind.numbering == Numbering::NoteRange) IncarcaSerii();
   const Session& s = session();
   switch (kind.numbering) {
     case Numbering::Typed:
