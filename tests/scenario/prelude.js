@@ -111,6 +111,8 @@
     type(name, text) {
       this.N("focus", name);
       this.N("clear", name);
+      // A date moves on by itself from part to part; separators would skip one.
+      if (this.N("isDate", name)) text = String(text).replace(/[^0-9]/g, "");
       if (typeText(text)) this.N("leave", name);
     }
     press(name, key) {
@@ -128,7 +130,8 @@
     set(name, value) {
       const typed = this.N("set", name, value);
       if (typed === undefined || typed === null) return;
-      if (this.N("isCombo", name)) this.pick(name, typed);
+      if (typed === true) this.N("leave", name);
+      else if (this.N("isCombo", name)) this.pick(name, typed);
       else this.type(name, typed);
     }
     tab(caption) { this.N("tab", caption); }
