@@ -19,6 +19,7 @@ namespace velmar {
 namespace {
 
 constexpr int kNameWidth = 35;
+constexpr int kFooterDecimals = 2;
 constexpr qint64 kLargestNumber = 1'000'000'000'000;  // beyond it a double no longer holds thousandths
 
 std::optional<Decimal> typedNumber(const QString& typed) {
@@ -26,9 +27,71 @@ std::optional<Decimal> typedNumber(const QString& typed) {
   return number && number->abs() < Decimal(kLargestNumber) ? number : std::nullopt;
 }
 
-QString periodText() {
-  return QStringLiteral("Data document trebuie sa fie in intervalul: %1-%2")
-      .arg(formatDate(session().DataIC), formatDate(session().DataSC));
+bool isPositive(const QString& typed) {
+  const auto number = typedNumber(typed);
+  return number && !number->isNegative();
+}
+
+constexpr auto kPeriodText = "Data document trebuie sa fie in intervalul: %1-%2";
+
+QString withPeriod(const QString& text) {
+  return text.arg(formatDate(session().DataIC), formatDate(session().DataSC));
+}
+
+QString shownText(const Checked<ValidationCheck>& check) {
+  return check.check == ValidationCheck::OutsidePeriod ? withPeriod(check.text) : check.text;
+}
+
+bool isTicked(const QString& typed) { return !typed.trimmed().isEmpty() && typed.trimmed() != "0"; }
+
+// What a column holds for a typed text that has passed its checks.
+Value storedValue(HeaderFieldType type, const QString& text) {
+  switch (type) {
+    case HeaderFieldType::Partner:
+    case HeaderFieldType::VatRate:
+    case HeaderFieldType::Warehouse:
+      return text.isEmpty() ? Value() : Value(static_cast<qint64>(text.toLongLong()));
+    case HeaderFieldType::Percent:
+    case HeaderFieldType::Rate:
+    case HeaderFieldType::Amount:
+      return typedNumber(text).value_or(Decimal(0));
+    case HeaderFieldType::Date:
+    case HeaderFieldType::DueDate:
+      return QDate::fromString(text, Qt::ISODate);
+    case HeaderFieldType::PaymentMode:
+      return static_cast<qint64>(paymentWords().indexOf(text) + 1);
+    case HeaderFieldType::Flag:
+    case HeaderFieldType::Foreign:
+      return isTicked(text);
+    case HeaderFieldType::Number:
+    case HeaderFieldType::Remark:
+    case HeaderFieldType::Journal:
+    case HeaderFieldType::Currency:
+    case HeaderFieldType::CostCentre:
+    case HeaderFieldType::Text:
+      break;
+  }
+  return text;
+}
+
+// A kind without the box is in foreign currency always.
+bool isForeign(const DocumentKind& kind, const QHash<QString, QString>& typed) {
+  for (const HeaderField& field : kind.headerFields)
+    if (field.type == HeaderFieldType::Foreign) return isTicked(typed.value(field.key()));
+  return true;
+}
+
+bool paletSold(const QString& palet) {
+  return !palet.isEmpty() &&
+         !OpenRs(
+              "SELECT L.DOCID AS DOCID FROM G_DOCUME D INNER JOIN G_LDOCUM L ON D.ID = L.DOCID "
+              "WHERE L.PALET = ? AND D.TIPIE = 'E' LIMIT 1",
+              {palet})
+              .isEmpty();
+}
+
+bool cashPartnerExists() {
+  return !OpenRs("SELECT COD FROM kt_ter WHERE NUME = 'CASA' LIMIT 1", {}).isEmpty();
 }
 
 bool partnerExists(const QString& code) {
@@ -49,6 +112,11 @@ QString DocumentEditor::newDocument() {
   header_.set(kind_.numberColumn, proposed.number);
   header_.set(kind_.dateColumn, clock::today());
   header_.set("Magazie", session().gMagazie);
+  for (const HeaderField& field : kind_.headerFields) {
+    if (field.type == HeaderFieldType::DueDate) header_.set(field.column, clock::today().addMonths(1));
+    if (!field.column.isEmpty() && !field.initial.isEmpty())
+      header_.set(field.column, storedValue(field.type, field.initial));
+  }
   lines_.clear();
   isNew_ = true;
   numberLocked_ = proposed.locked;
@@ -70,9 +138,10 @@ void DocumentEditor::open(const QString& number) {
 
 void DocumentEditor::save(const QHash<QString, QString>& typed) {
   const QDate date = QDate::fromString(typed.value(kind_.dateColumn), Qt::ISODate);
-  if (!InPerioadaCulegere(date)) throw RuleError(periodText(), kind_.dateColumn);
+  if (!InPerioadaCulegere(date)) throw RuleError(withPeriod(kPeriodText), kind_.dateColumn);
   checkHeader(typed);
   const Row header = headerFrom(typed);
+  noticeMissingRate(header, typed);
   if (isNew_) {
     drafts().insertHeader(header);
     open(header.text(kind_.numberColumn));
@@ -93,6 +162,7 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check,
   switch (check.check) {
     case HeaderCheck::NumberEmpty:
     case HeaderCheck::JournalEmpty:
+    case HeaderCheck::FieldEmpty:
       broken = text.isEmpty();
       break;
     case HeaderCheck::PartnerEmpty:
@@ -102,44 +172,57 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check,
                             .arg(text.left(20)),
                         check.field, kCritical);
       break;
-    case HeaderCheck::RateNotNumeric:
+    case HeaderCheck::NotNumeric:
       broken = !typedNumber(text);
       break;
-    case HeaderCheck::PercentNotPositive: {
-      const auto percent = typedNumber(text);
-      broken = !text.isEmpty() && (!percent || percent->isNegative());
+    case HeaderCheck::PercentNotPositive:
+      broken = !text.isEmpty() && !isPositive(text);
       break;
-    }
+    case HeaderCheck::NotPositive:
+      broken = !isPositive(text);
+      break;
     case HeaderCheck::NumberTaken:
-      broken = isNew_ && Exista(text, kind_.existsKind);
+      broken = isNew_ && isTaken(text);
+      break;
+    case HeaderCheck::OtherNumberTaken:
+      broken = isNew_ && !text.isEmpty() && Exista(text, check.detail);
+      break;
+    case HeaderCheck::PaletSold:
+      broken = paletSold(text);
+      break;
+    case HeaderCheck::CashPartnerMissing:
+      broken = !cashPartnerExists();
       break;
   }
-  if (broken) throw RuleError(check.text, check.field, kCritical);
+  if (broken) throw RuleError(check.text, check.field, kCritical, check.title);
+}
+
+bool DocumentEditor::isTaken(const QString& number) const {
+  return kind_.existsKind.isEmpty() ? drafts().load(number).has_value() : Exista(number, kind_.existsKind);
+}
+
+void DocumentEditor::noticeMissingRate(const Row& header, const QHash<QString, QString>& typed) const {
+  if (kind_.texts.rateMissing.isEmpty() || !isForeign(kind_, typed)) return;
+  QString currency;
+  Decimal rate;
+  for (const HeaderField& field : kind_.headerFields) {
+    if (field.type == HeaderFieldType::Currency) currency = header.text(field.column);
+    if (field.type == HeaderFieldType::Rate) rate = header.decimal(field.column);
+  }
+  if (rate.isZero()) Mesaj(kind_.texts.rateMissing.arg(currency), kExclamation);
 }
 
 Row DocumentEditor::headerFrom(const QHash<QString, QString>& typed) const {
   Row header = header_;
+  const bool foreign = isForeign(kind_, typed);
   for (const HeaderField& field : kind_.headerFields) {
-    const QString text = typed.value(field.column).trimmed();
-    switch (field.type) {
-      case HeaderFieldType::Number:
-        if (isNew_) header.set(field.column, text);
-        break;
-      case HeaderFieldType::Remark:
-        header.set(field.column, text);
-        break;
-      case HeaderFieldType::Partner:
-      case HeaderFieldType::VatRate:
-        header.set(field.column, text.isEmpty() ? Value() : Value(static_cast<qint64>(text.toLongLong())));
-        break;
-      case HeaderFieldType::Percent:
-        header.set(field.column, typedNumber(text).value_or(Decimal(0)));
-        break;
-      case HeaderFieldType::Date:
-      case HeaderFieldType::DueDate:
-        header.set(field.column, QDate::fromString(text, Qt::ISODate));
-        break;
-    }
+    const QString text = typed.value(field.key()).trimmed();
+    const bool isKept = field.column.isEmpty() || (field.type == HeaderFieldType::Number && !isNew_) ||
+                        (field.type == HeaderFieldType::PaymentMode && !paymentWords().contains(text));
+    if (isKept) continue;
+    const bool isCleared =
+        !foreign && (field.type == HeaderFieldType::Currency || field.type == HeaderFieldType::Rate);
+    header.set(field.column, storedValue(field.type, isCleared ? QString() : text));
   }
   return header;
 }
@@ -162,7 +245,7 @@ DocumentEditor::Verdict DocumentEditor::check(const QString& field, const QStrin
       if (bySupplierCode ? !ProdusFurnizorExista(text) : !ArticolExista(text))
         return {true,
                 (bySupplierCode ? QStringLiteral("Articolul cu codul produs de la furnizor %1 nu exista ")
-                                : QStringLiteral("Articolul cu codul intern %1 nu exista "))
+                                : kind_.texts.unknownArticle)
                     .arg(text)};
       return {};
     case LineEntry::Name:
@@ -207,8 +290,7 @@ size_t DocumentEditor::setArticle(size_t line, const QString& code, const QStrin
                                   bool bySupplierCode) {
   if (isNew_) throw RuleError(kind_.texts.saveFirst);
   const auto article = bySupplierCode ? articleBySupplierCode(code.trimmed()) : articleByCode(code.trimmed());
-  if (!article)
-    throw RuleError(QStringLiteral("Articolul cu codul intern %1 nu exista ").arg(code.trimmed()), "CODART");
+  if (!article) throw RuleError(kind_.texts.unknownArticle.arg(code.trimmed()), "CODART");
   const bool isNewLine = line >= lines_.size();
   Row row = isNewLine ? companyTable(kind_.lineTable).emptyRow() : lines_[line];
   row.set(kind_.numberColumn, number());
@@ -231,7 +313,7 @@ void DocumentEditor::setNumber(size_t line, const QString& field, const QString&
   const LineColumn* entry = column(field);
   Row row = lines_.at(line);
   auto number = typedNumber(typed.trimmed());
-  if (number && entry->roundTo >= 0) number = Round(*number, entry->roundTo);
+  if (number && entry->roundTo != kAsTyped) number = Round(*number, decimalsOf(entry->roundTo));
   row.set(entry->field, number ? Value(*number) : Value());
   rules_->recalculate(row, entry->field);
   drafts().updateLine(row);
@@ -249,37 +331,55 @@ void DocumentEditor::addTotals() {
   totals_.clear();
   for (const QString& column : rules_->totalColumns()) {
     Decimal sum;
-    for (const Row& line : lines_) sum += line.decimal(column);
+    for (const Row& line : lines_) sum += amount(line, column);
     totals_.insert(column, sum);
   }
 }
 
+Decimal DocumentEditor::amount(const Row& line, const QString& field) const {
+  const LineColumn* shown = column(field);
+  if (!shown || shown->product.isEmpty()) return line.decimal(field);
+  Decimal product(1);
+  for (const QString& factor : shown->product) product = product * line.decimal(factor);
+  return product;
+}
+
 void DocumentEditor::checkValidation(const QHash<QString, QString>& typed) const {
-  for (const auto& check : kind_.validationChecks) {
-    const QDate date = QDate::fromString(typed.value(kind_.dateColumn), Qt::ISODate);
-    bool broken = false;
-    switch (check.check) {
-      case ValidationCheck::NumberEmpty:
-      case ValidationCheck::JournalEmpty:
-        broken = typed.value(check.field).trimmed().isEmpty();
-        break;
-      case ValidationCheck::DueBeforeDate:
-        broken = QDate::fromString(typed.value(check.field), Qt::ISODate) < date;
-        break;
-      case ValidationCheck::BeforeFiscalYear:
-        broken = date < session().DataIN;
-        break;
-      case ValidationCheck::CurrencyWithoutRate:
-        broken = typedNumber(typed.value(check.field)).value_or(Decimal(0)).isZero();
-        break;
-      case ValidationCheck::NoLines:
-        broken = isNew_ || lines_.empty();
-        break;
-    }
-    if (broken) throw RuleError(check.text, check.field);
-  }
+  for (const auto& check : kind_.validationChecks)
+    if (isBroken(check, typed)) throw RuleError(shownText(check), check.field, 0, check.title);
   // The header goes to the ledger as it stands, so it must still be whole.
   checkHeader(typed);
+}
+
+bool DocumentEditor::isBroken(const Checked<ValidationCheck>& check,
+                              const QHash<QString, QString>& typed) const {
+  const QString text = typed.value(check.field).trimmed();
+  const QDate date = QDate::fromString(typed.value(kind_.dateColumn), Qt::ISODate);
+  const Decimal number = typedNumber(text).value_or(Decimal(0));
+  switch (check.check) {
+    case ValidationCheck::NumberEmpty:
+    case ValidationCheck::JournalEmpty:
+      return text.isEmpty();
+    case ValidationCheck::NumberOfOrigin:
+      return !text.isEmpty() && text == this->number();
+    case ValidationCheck::OutsidePeriod:
+      return !InPerioadaCulegere(date);
+    case ValidationCheck::DueBeforeDate:
+      return QDate::fromString(text, Qt::ISODate) < date;
+    case ValidationCheck::BeforeFiscalYear:
+      return date < session().DataIN;
+    case ValidationCheck::CurrencyWithoutRate:
+      return isForeign(kind_, typed) && number.isZero();
+    case ValidationCheck::NoLines:
+      return isNew_ || lines_.empty();
+    case ValidationCheck::TotalDiffers:
+      return Round(total(check.detail), kFooterDecimals) != number;
+    case ValidationCheck::TotalDiffersGiven:
+      return !number.isZero() && Round(total(check.detail), kFooterDecimals) != number;
+    case ValidationCheck::EmptyWithTotal:
+      return text.isEmpty() && total(check.detail) > 0;
+  }
+  return true;
 }
 
 bool DocumentEditor::checkLines() const {
@@ -293,6 +393,14 @@ bool DocumentEditor::checkLines() const {
 void DocumentEditor::validate(const QHash<QString, QString>& typed) {
   SalvareDocumente(kind_, headerFrom(typed));
   newDocument();
+}
+
+void DocumentEditor::checkPrinting(const QHash<QString, QString>& typed) const {
+  for (const auto& check : kind_.printChecks) {
+    const bool isBroken =
+        check.check == PrintCheck::NotSaved ? isNew_ : typed.value(check.field).trimmed().isEmpty();
+    if (isBroken) throw RuleError(check.text, check.field, 0, check.title);
+  }
 }
 
 void DocumentEditor::remove() {

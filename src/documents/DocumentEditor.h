@@ -30,6 +30,8 @@ class DocumentEditor {
   bool isTotal(const QString& column) const { return totals_.contains(column); }
   /// Sum of a total column over the lines.
   Decimal total(const QString& column) const { return totals_.value(column); }
+  /// What a column of a line amounts to, also where no table stores it.
+  Decimal amount(const Row& line, const QString& field) const;
 
   /// Checks the header as typed and stores it: inserts a new document, updates a draft. Texts are trimmed, an
   /// empty percent becomes 0. Throws RuleError naming the column at fault; nothing is changed then.
@@ -65,6 +67,9 @@ class DocumentEditor {
   /// Validates and clears for a new document. Throws RuleError or StepError; then nothing was written.
   void validate(const QHash<QString, QString>& typed);
 
+  /// The checks before printing, on the header as typed; throws RuleError for the first that fails.
+  void checkPrinting(const QHash<QString, QString>& typed) const;
+
   /// Deletes the draft on screen with its lines.
   void remove();
 
@@ -72,6 +77,9 @@ class DocumentEditor {
   Row headerFrom(const QHash<QString, QString>& typed) const;
   void checkHeader(const QHash<QString, QString>& typed) const;
   void checkHeaderField(const Checked<HeaderCheck>& check, const QHash<QString, QString>& typed) const;
+  bool isTaken(const QString& number) const;
+  void noticeMissingRate(const Row& header, const QHash<QString, QString>& typed) const;
+  bool isBroken(const Checked<ValidationCheck>& check, const QHash<QString, QString>& typed) const;
   const LineColumn* column(const QString& field) const;
   void addTotals();
 

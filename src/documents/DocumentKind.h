@@ -3,7 +3,7 @@
 #pragma once
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 #include <vector>
 
 namespace velmar {
@@ -18,39 +18,81 @@ enum class Numbering {
 /// A check of the header, made at saving in the kind's order. All refuse with a text of their own.
 enum class HeaderCheck {
   NumberEmpty,
-  PartnerEmpty,
+  PartnerEmpty,  ///< or a code that no partner has
   JournalEmpty,
-  RateNotNumeric,
-  PercentNotPositive,
-  NumberTaken
+  FieldEmpty,
+  NotNumeric,          ///< an empty text is no number
+  PercentNotPositive,  ///< an empty text passes: it is stored as 0
+  NotPositive,         ///< no number, or below 0
+  NumberTaken,
+  OtherNumberTaken,  ///< a second number that the kind of Exista in `detail` finds; may be empty
+  PaletSold,
+  CashPartnerMissing
 };
 
 /// A check at validation, made before the question, in the kind's order.
 enum class ValidationCheck {
   NumberEmpty,
+  NumberOfOrigin,  ///< the number typed is that of the document on screen
+  OutsidePeriod,   ///< %1 and %2 of its text: the ends of the entry period
   DueBeforeDate,
   BeforeFiscalYear,
   CurrencyWithoutRate,
   JournalEmpty,
-  NoLines
+  NoLines,
+  TotalDiffers,       ///< the sum of the line column in `detail` is not what the header tells
+  TotalDiffersGiven,  ///< as TotalDiffers, but a header that tells 0 passes
+  EmptyWithTotal      ///< empty although the sum of the line column in `detail` is above 0
 };
+
+/// A check before printing, in the kind's order. The receipt of a cash sale has further ones of its own.
+enum class PrintCheck { NumberEmpty, PartnerEmpty, NotSaved };
 
 template <typename Check>
 struct Checked {
   Check check;
-  QString text;   ///< the whole sentence shown
-  QString field;  ///< column at fault, which gets the focus
+  QString text;         ///< the whole sentence shown
+  QString field;        ///< column or, where none stores it, control at fault, which gets the focus
+  QString detail = {};  ///< what else the check looks at
+  QString title = {};   ///< of the message box
 };
 
 /// What a header field holds, which tells the control that edits it.
-enum class HeaderFieldType { Number, Partner, Percent, VatRate, Remark, Date, DueDate };
+enum class HeaderFieldType {
+  Number,
+  Partner,
+  Percent,
+  VatRate,  ///< the code of a rate in kt_cote
+  Remark,
+  Date,
+  DueDate,      ///< starts one month after today
+  PaymentMode,  ///< typed as one of paymentWords(), stored as its position from 1
+  Journal,
+  Foreign,  ///< a box: the document is in foreign currency; unticked, currency and rate are cleared
+  Currency,
+  Rate,
+  CostCentre,
+  Warehouse,
+  Flag,    ///< a box
+  Amount,  ///< a number
+  Text
+};
+
+/// The words of the ways of payment, in the order of their codes 1 to 4.
+const QStringList& paymentWords();
 
 struct HeaderField {
   HeaderFieldType type;
-  QString column;
+  QString column;   ///< empty for what no draft stores
   QString control;  ///< known name of its control
   QString caption;
   QString toolTip;
+  QString list = {};     ///< known name of the list that fills the control
+  QString initial = {};  ///< what a new document starts with, as typed
+  int longest = 0;       ///< characters; 0: as its column allows
+
+  /// What its text goes by among the typed ones. The text of a ticked box is "-1".
+  const QString& key() const { return column.isEmpty() ? control : column; }
 };
 
 /// How a line's cell is entered.
@@ -63,14 +105,21 @@ enum class LineEntry {
   OptionalPositive  ///< as PositiveNumber, or empty
 };
 
+constexpr int kAsTyped = -1;          ///< of roundTo
+constexpr int kSessionDecimals = -2;  ///< the company's decimals of prices and values
+
+/// The number of decimals meant, kSessionDecimals resolved for the open company.
+int decimalsOf(int told);
+
 struct LineColumn {
   QString field;
   QString caption;
   LineEntry entry = LineEntry::Locked;
-  int shownDecimals = -1;  ///< -1: not a number
-  int roundTo = -1;        ///< decimals a typed number is rounded to; -1: kept as typed
+  int shownDecimals = -1;  ///< -1: not a number; may be kSessionDecimals
+  int roundTo = kAsTyped;  ///< decimals a typed number is rounded to; may be kSessionDecimals
   int width = 10;          ///< characters
   bool visible = true;
+  QStringList product = {};  ///< of a column that is not stored: the columns whose product it shows
 };
 
 /// Columns that the line check before validation looks at.
@@ -83,12 +132,16 @@ struct LineCheckColumns {
 struct KindTexts {
   QString title;
   QString draftsCaption;
-  QString newTip, saveTip, validateTip, deleteTip, printTip;
-  QString saveFirst;          ///< lines typed before the header is saved
-  QString confirmValidation;  ///< %1: the number
+  QString newTip, saveTip, validateTip, deleteTip, printTip;  ///< empty: there is no such command
+  QString saveFirst;                                          ///< lines typed before the header is saved
+  QString confirmValidation;  ///< %1: the number; of a storno %1 the invoice's, %2 its own; empty: not asked
   QString validated;          ///< after success
   QString nothingToDelete;
   QString confirmDeletion;  ///< %1: the number
+  QString validatedTitle;
+  QString validatedFromNotes;  ///< instead of `validated`, for an invoice made of delivery notes
+  QString rateMissing;         ///< notice when a header in currency %1 is saved without a rate; empty: none
+  QString unknownArticle = QStringLiteral("Articolul cu codul intern %1 nu exista ");
 };
 
 struct DocumentKind {
@@ -106,9 +159,11 @@ struct DocumentKind {
   Numbering numbering = Numbering::Typed;
   QString existsKind;  ///< kind of Exista that finds its number
   bool partnersAreSuppliers = false;
+  bool oldestFirst = false;  ///< order of the list of drafts
   LineCheckColumns lineCheck;
   std::vector<Checked<HeaderCheck>> headerChecks;
   std::vector<Checked<ValidationCheck>> validationChecks;
+  std::vector<Checked<PrintCheck>> printChecks;
   QList<HeaderField> headerFields;
   QList<LineColumn> lineColumns;
   KindTexts texts;

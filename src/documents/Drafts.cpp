@@ -40,15 +40,15 @@ QStringList filledColumns(const Row& row) {
 }  // namespace
 
 Recordset Drafts::list() const {
+  const QString order = kind_.oldestFirst ? QStringLiteral("ASC") : QStringLiteral("DESC");
   if (kind_.partnerColumn.isEmpty())
-    return OpenRs(
-        QStringLiteral("SELECT * FROM %1 WHERE VALIDAT = 0 AND Magazie = ? ORDER BY %2 DESC, %3 DESC")
-            .arg(kind_.headerTable, kind_.dateColumn, kind_.numberColumn),
-        {session().gMagazie});
+    return OpenRs(QStringLiteral("SELECT * FROM %1 WHERE VALIDAT = 0 AND Magazie = ? ORDER BY %2 %4, %3 %4")
+                      .arg(kind_.headerTable, kind_.dateColumn, kind_.numberColumn, order),
+                  {session().gMagazie});
   return OpenRs(QStringLiteral("SELECT H.%1 AS %1, H.%2 AS %2, T.NUME AS NUME, H.%3 AS %3 FROM %4 H "
                                "INNER JOIN kt_ter T ON T.COD = H.%3 WHERE H.VALIDAT = 0 AND H.Magazie = ? "
-                               "ORDER BY H.%2 DESC, H.%1 DESC")
-                    .arg(kind_.numberColumn, kind_.dateColumn, kind_.partnerColumn, kind_.headerTable),
+                               "ORDER BY H.%2 %5, H.%1 %5")
+                    .arg(kind_.numberColumn, kind_.dateColumn, kind_.partnerColumn, kind_.headerTable, order),
                 {session().gMagazie});
 }
 

@@ -13,7 +13,8 @@ class Drafts {
  public:
   explicit Drafts(const DocumentKind& kind) : kind_(kind) {}
 
-  /// Drafts of the working warehouse, newest first: number, date and partner's name (NUME).
+  /// Drafts of the working warehouse, newest first unless the kind tells otherwise: number, date and
+  /// partner's name (NUME).
   Recordset list() const;
 
   /// Header and lines of a document, draft or validated; nothing when there is no such number.

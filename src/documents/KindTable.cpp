@@ -1,5 +1,6 @@
 // The table of the 13 kinds: what each is, where it is kept, how it is numbered. The wording and the fields
 // of a kind stand in a source of its own and are laid over these facts.
+#include "config/Session.h"
 #include "documents/DocumentKind.h"
 #include "documents/KindTexts.h"
 #include "util/Errors.h"
@@ -76,6 +77,13 @@ DocumentKind kindOf(const Facts& facts) {
 }
 
 }  // namespace
+
+const QStringList& paymentWords() {
+  static const QStringList words{"NUMERAR", "CEC", "OP", "ALTELE"};
+  return words;
+}
+
+int decimalsOf(int told) { return told == kSessionDecimals ? session().NrZec : told; }
 
 const std::vector<DocumentKind>& documentKinds() {
   static const std::vector<DocumentKind> kinds = [] {

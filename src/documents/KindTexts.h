@@ -1,13 +1,27 @@
-// The wording, checks, fields and line columns of the kinds, each kind's in a source of its own.
+// The wording, checks, fields and line columns of the kinds, each group's in a source of its own.
 #pragma once
 
 #include "documents/DocumentKind.h"
 
 namespace velmar {
 
-/// Lays the kind's own description over its facts; a kind whose window does not exist yet has none.
+/// Lays the kind's own description over its facts.
 void describe(DocumentKind& kind);
 
+void describeCustomerInvoice(DocumentKind& kind);
+void describeCashSale(DocumentKind& kind);
+void describeDeliveryNote(DocumentKind& kind);
+void describeProforma(DocumentKind& kind);
+void describeCustomerOrder(DocumentKind& kind);
+void describeStorno(DocumentKind& kind);
+
+void describeSupplierInvoice(DocumentKind& kind);
+void describeImportInvoice(DocumentKind& kind);
+void describeReceiptNote(DocumentKind& kind);
 void describeInputVoucher(DocumentKind& kind);
+void describeSupplierOrder(DocumentKind& kind);
+
+void describeConsumptionVoucher(DocumentKind& kind);
+void describeTransfer(DocumentKind& kind);
 
 }  // namespace velmar

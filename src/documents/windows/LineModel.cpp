@@ -19,8 +19,8 @@ QList<GridColumn> LineModel::gridColumns(const DocumentKind& kind) {
     column.caption = line.caption;
     column.width = line.width;
     column.visible = line.visible;
-    column.format = line.shownDecimals >= 0 ? CellFormat::Number : CellFormat::Text;
-    column.decimals = std::max(0, line.shownDecimals);
+    column.format = decimalsOf(line.shownDecimals) >= 0 ? CellFormat::Number : CellFormat::Text;
+    column.decimals = std::max(0, decimalsOf(line.shownDecimals));
     columns.append(column);
   }
   return columns;

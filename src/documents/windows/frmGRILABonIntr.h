@@ -1,4 +1,4 @@
-// The input voucher's window.
+// The input voucher's window: the common one, with the list of articles that shows their cost.
 #pragma once
 
 #include "documents/windows/frmGrila.h"
@@ -9,9 +9,6 @@ class frmGRILABonIntr : public frmGrila {
   Q_OBJECT
  public:
   explicit frmGRILABonIntr(QWidget* parent = nullptr);
-
- protected:
-  QString whyNotPrintable() const override;
 };
 
 }  // namespace velmar

@@ -258,8 +258,9 @@ void frmGrila::openSelected() {
 void frmGrila::validate() {
   const QHash<QString, QString> typed = typedHeader();
   editor_.checkValidation(typed);
-  if (Mesaj(editor_.kind().texts.confirmValidation.arg(editor_.number()), kYesNo + kQuestion,
-            "Confirmare validare") != kResultYes)
+  const KindTexts& texts = editor_.kind().texts;
+  if (Mesaj(texts.confirmValidation.arg(editor_.number()), kYesNo + kQuestion, "Confirmare validare") !=
+      kResultYes)
     return;
   {
     const Hourglass wait;
@@ -277,7 +278,7 @@ void frmGrila::validate() {
   AfisareAntet();
   DetaliiFactura();
   refreshDrafts();
-  Mesaj(editor_.kind().texts.validated, kOk, "Confirmare salvare");
+  Mesaj(texts.validated, kOk, texts.validatedTitle);
   control(editor_.kind().numberColumn)->setFocus();
 }
 
@@ -292,8 +293,7 @@ void frmGrila::sterge() {
 }
 
 void frmGrila::print() {
-  const QString reason = whyNotPrintable();
-  if (!reason.isEmpty()) throw RuleError(reason);
+  editor_.checkPrinting(typedHeader());
   state_->setText("Tiparirea documentelor nu este disponibila inca.");
 }
 
@@ -355,6 +355,13 @@ QHash<QString, QString> frmGrila::typedHeader() const {
       typed.insert(it.key(), box->text());
   }
   return typed;
+}
+
+QSize frmGrila::sizeHint() const {
+  int width = 60;
+  for (int i = 0; i < lines_->columns().size(); ++i)
+    if (!lines_->isColumnHidden(i)) width += lines_->columnWidth(i);
+  return {std::min(width, 1180), fontMetrics().height() * 34};
 }
 
 // Lists are read again whenever the window comes to the front: other windows and workstations may have added

@@ -33,15 +33,11 @@ class frmGrila : public QWidget {
   /// Re-reads the lists: drafts and partners.
   void refreshLists();
 
+  QSize sizeHint() const override;
+
  protected:
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-
-  const DocumentEditor& document() const { return editor_; }
-  /// The header's texts by column, as they stand in the controls; dates in ISO form.
-  QHash<QString, QString> typedHeader() const;
-  /// What the printing command says when there is nothing to print yet, "" when the document can be printed.
-  virtual QString whyNotPrintable() const = 0;
 
  private:
   void buildCommands();
@@ -71,6 +67,8 @@ class frmGrila : public QWidget {
   /// Runs a command: first takes over what stands in an open cell, then guards the work.
   void run(const QString& procedure, const std::function<void()>& work);
 
+  /// The header's texts by column, as they stand in the controls; dates in ISO form.
+  QHash<QString, QString> typedHeader() const;
   QWidget* control(const QString& column) const { return controls_.value(column); }
 
   DocumentEditor editor_;

@@ -1,4 +1,4 @@
-#include "store/CompanyFiles.h"
+#include "config/CompanyFiles.h"
 
 #include <gtest/gtest.h>
 #include <QDir>

@@ -1,0 +1,213 @@
+// The table of document kinds against the tables of the company, and the numbers that a kind offers.
+#include <gtest/gtest.h>
+#include <algorithm>
+
+#include "config/Checks.h"
+#include "documents/DocumentKind.h"
+#include "documents/Numbering.h"
+#include "store/Schema.h"
+#include "TestCompany.h"
+
+namespace velmar {
+namespace {
+
+std::string of(const DocumentKind& kind, const QString& what) {
+  return (kind.prefix + QStringLiteral(": ") + what).toStdString();
+}
+
+bool hasHeaderField(const DocumentKind& kind, const QString& key) {
+  return std::any_of(kind.headerFields.begin(), kind.headerFields.end(),
+                     [&key](const HeaderField& field) { return field.key() == key; });
+}
+
+bool hasLineColumn(const DocumentKind& kind, const QString& field) {
+  return std::any_of(kind.lineColumns.begin(), kind.lineColumns.end(),
+                     [&field](const LineColumn& column) { return column.field == field; });
+}
+
+// The texts typed into the header are found by the very spelling of the column, so spelling counts here.
+void expectColumn(const DocumentKind& kind, const QString& table, const QString& name) {
+  const Column* column = companyTable(table).column(name);
+  ASSERT_TRUE(column) << of(kind, table + "." + name);
+  EXPECT_EQ(column->name, name) << of(kind, table);
+}
+
+template <typename Check>
+void expectChecks(const DocumentKind& kind, const std::vector<Checked<Check>>& checks) {
+  for (const auto& check : checks) {
+    EXPECT_FALSE(check.text.isEmpty()) << of(kind, check.field);
+    EXPECT_TRUE(hasHeaderField(kind, check.field) || hasLineColumn(kind, check.field))
+        << of(kind, check.field + " has no control: " + check.text);
+  }
+}
+
+TEST(KindTableTest, EveryColumnOfAKindStandsInItsTables) {
+  ASSERT_EQ(documentKinds().size(), 13U);
+  for (const DocumentKind& kind : documentKinds()) {
+    for (const QString& name : {kind.numberColumn, kind.dateColumn, kind.partnerColumn, kind.remarkColumn})
+      if (!name.isEmpty()) {
+        expectColumn(kind, kind.headerTable, name);
+        EXPECT_TRUE(hasHeaderField(kind, name)) << of(kind, name);
+      }
+    expectColumn(kind, kind.lineTable, kind.numberColumn);
+    for (const HeaderField& field : kind.headerFields)
+      if (!field.column.isEmpty()) expectColumn(kind, kind.headerTable, field.column);
+    for (const LineColumn& column : kind.lineColumns)
+      for (const QString& name : column.product.isEmpty() ? QStringList{column.field} : column.product)
+        expectColumn(kind, kind.lineTable, name);
+    for (const QString& name : {kind.lineCheck.price, kind.lineCheck.salePrice})
+      if (!name.isEmpty()) expectColumn(kind, kind.lineTable, name);
+  }
+}
+
+TEST(KindTableTest, ControlsAndColumnsOfAKindStandOnce) {
+  for (const DocumentKind& kind : documentKinds()) {
+    QStringList controls;
+    for (const HeaderField& field : kind.headerFields) {
+      controls.append(field.control);
+      if (!field.list.isEmpty()) controls.append(field.list);
+    }
+    EXPECT_EQ(controls.removeDuplicates(), 0) << of(kind, "controls");
+    QStringList fields;
+    for (const LineColumn& column : kind.lineColumns) fields.append(column.field);
+    EXPECT_EQ(fields.removeDuplicates(), 0) << of(kind, "line columns");
+  }
+}
+
+TEST(KindTableTest, ChecksPointAtWhatTheyLookAt) {
+  const TestCompany company;
+  const HeardMessages heard;
+  for (const DocumentKind& kind : documentKinds()) {
+    expectChecks(kind, kind.headerChecks);
+    expectChecks(kind, kind.validationChecks);
+    expectChecks(kind, kind.printChecks);
+    if (!kind.existsKind.isEmpty()) Exista(QStringLiteral("1"), kind.existsKind);
+    for (const auto& check : kind.headerChecks)
+      if (check.check == HeaderCheck::OtherNumberTaken) Exista(QStringLiteral("1"), check.detail);
+    for (const auto& check : kind.validationChecks) {
+      EXPECT_TRUE(check.detail.isEmpty() || hasLineColumn(kind, check.detail)) << of(kind, check.detail);
+    }
+  }
+  EXPECT_TRUE(heard.isEmpty()) << "a kind of Exista is unknown";
+}
+
+TEST(KindTableTest, QuestionsNameTheDocumentAndNothingIsLeftBlank) {
+  for (const DocumentKind& kind : documentKinds()) {
+    const KindTexts& texts = kind.texts;
+    const bool isStorno = kind.prefix == "FS";    // has no draft: no new one, no saving, no deletion
+    const bool isCashSale = kind.prefix == "BS";  // is validated without a question
+    for (const QString& text : {texts.title, texts.draftsCaption, texts.validateTip, texts.printTip,
+                                texts.validated, texts.unknownArticle})
+      EXPECT_FALSE(text.isEmpty()) << of(kind, texts.title);
+    for (const QString& text : {texts.newTip, texts.saveTip, texts.deleteTip, texts.saveFirst,
+                                texts.nothingToDelete, texts.confirmDeletion})
+      EXPECT_EQ(text.isEmpty(), isStorno) << of(kind, text);
+    EXPECT_EQ(texts.confirmDeletion.count("%1"), isStorno ? 0 : 1) << of(kind, texts.confirmDeletion);
+    EXPECT_EQ(texts.confirmValidation.count("%1"), isCashSale ? 0 : 1) << of(kind, texts.confirmValidation);
+    EXPECT_EQ(texts.unknownArticle.count("%1"), 1) << of(kind, texts.unknownArticle);
+    EXPECT_FALSE(kind.validationChecks.empty()) << of(kind, "checks");
+    EXPECT_FALSE(kind.printChecks.empty()) << of(kind, "print checks");
+  }
+}
+
+TEST(KindTableTest, DecimalsFollowTheOpenCompany) {
+  const TestCompany company;
+  const DocumentKind& invoice = documentKind("fc");
+  const auto price = std::find_if(invoice.lineColumns.begin(), invoice.lineColumns.end(),
+                                  [](const LineColumn& column) { return column.field == "PRETFT"; });
+  ASSERT_NE(price, invoice.lineColumns.end());
+  session().NrZec = 4;
+  EXPECT_EQ(decimalsOf(price->roundTo), 4);
+  session().NrZec = 2;
+  EXPECT_EQ(decimalsOf(price->shownDecimals), 2);
+  EXPECT_EQ(decimalsOf(kAsTyped), kAsTyped);
+}
+
+class NumberingTest : public ::testing::Test {
+ protected:
+  NumberingTest() {
+    session().gFCStart = session().gAEStart = "100";
+    session().gFCEnd = session().gAEEnd = "160";
+  }
+
+  static void draft(const QString& prefix, const QString& number) {
+    const DocumentKind& kind = documentKind(prefix);
+    ExecutaSql("INSERT INTO " + kind.headerTable + " (" + kind.numberColumn + ", Magazie) VALUES (?, 1)",
+               {number});
+  }
+
+  static void ledger(const QString& key) {
+    ExecutaSql("INSERT INTO G_DOCUME (ID, TIP) VALUES (?, ?)", {key, key.left(2)});
+  }
+
+  static void expectNumber(const QString& prefix, const QString& number, const QString& warning = {}) {
+    const ProposedNumber proposed = proposeNumber(documentKind(prefix));
+    EXPECT_EQ(proposed.number, number);
+    EXPECT_EQ(proposed.locked, !number.isEmpty());
+    EXPECT_EQ(proposed.warning, warning);
+  }
+
+  TestCompany company_;
+};
+
+TEST_F(NumberingTest, InvoicesRunThroughTheirRangeToItsEnd) {
+  expectNumber("FC", "100");
+  draft("FC", "7");  // from before the range
+  expectNumber("FC", "100");
+  draft("FC", "109");
+  expectNumber("FC", "110");  // 110 to 160 are 51
+  draft("FC", "110");
+  expectNumber("FC", "111", "Atentie! Mai sunt 50 facturi pana la epuizarea plajei de valori.");
+  draft("FC", "159");
+  expectNumber("FC", "160", "Atentie! Mai sunt 1 facturi pana la epuizarea plajei de valori.");
+  draft("FC", "160");
+  expectNumber("FC", "",
+               "Atentie! S-a depasit plaja de valori pentru facturi. Inlocuiti setul de tipizate, apoi "
+               "introduceti noua plaja de valori.");
+}
+
+TEST_F(NumberingTest, InvoicesAndStornosShareWhatTheLedgerHolds) {
+  draft("FC", "104");
+  draft("FC", "A999");  // letters do not count
+  expectNumber("FC", "105");
+  ledger("FC106");  // its draft is gone
+  expectNumber("FC", "107");
+  ledger("FS108");
+  ledger("FCX500");
+  ledger("BS140");
+  expectNumber("FC", "109");
+  expectNumber("FS", "109");
+}
+
+TEST_F(NumberingTest, DeliveryNotesHaveTheirOwnRangeAndNoLedger) {
+  expectNumber("AE", "100");
+  draft("AE", "110");
+  ledger("AE150");
+  draft("FC", "155");
+  expectNumber("AE", "111", "Atentie! Mai sunt 50 avize de expeditie pana la epuizarea plajei de valori.");
+  draft("AE", "160");
+  expectNumber("AE", "",
+               "Atentie! S-a depasit plaja de valori pentru avize de expeditie. Inlocuiti setul de tipizate, "
+               "apoi introduceti noua plaja de valori.");
+}
+
+TEST_F(NumberingTest, CashSalesCountOnWithoutARange) {
+  expectNumber("BS", "1");
+  draft("BS", "5");
+  draft("BS", "B77");
+  expectNumber("BS", "6");
+  ledger("BS200");
+  ledger("FC300");
+  expectNumber("BS", "201");
+}
+
+TEST_F(NumberingTest, WithoutARangeTheUserTypesTheNumber) {
+  session().gFCStart = session().gAEStart = "00";
+  draft("FC", "109");
+  expectNumber("FC", "");
+  expectNumber("AE", "");
+  expectNumber("NR", "");
+}
+
+}  // namespace
+}  // namespace velmar
