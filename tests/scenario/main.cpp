@@ -121,68 +121,89 @@ void addScreenshots(Functions& functions, Windows& windows, const QString& out) 
   };
 }
 
-int runScenario(Application& application, const QString& file, const QString& out) {
-  Folders folders(out);
-  Windows windows;
-  Printing printing(out);
-  Answers answers([](const QString& text) { theDriver->addLateFailure(text); });
-  Driver driver([&] { return answers.settled() && printing.settled(); });
-  theDriver = &driver;
+// Everything that a scenario needs on the windows' thread, for as long as it runs.
+class Stage {
+ public:
+  explicit Stage(const QString& out)
+      : out_(out),
+        folders_(out),
+        printing_(out),
+        answers_([](const QString& text) { theDriver->addLateFailure(text); }),
+        driver_([this] { return answers_.settled() && printing_.settled(); }),
+        companies_(folders_, answers_) {
+    theDriver = &driver_;
+    windows_.addFunctions(functions_);
+    answers_.addFunctions(functions_);
+    printing_.addFunctions(functions_);
+    companies_.addFunctions(functions_);
+    addControlFunctions(functions_, windows_);
+    addGridFunctions(functions_, windows_);
+    addTreeFunctions(functions_, windows_);
+    addMenuFunctions(functions_);
+    addFileFunctions(functions_);
+    addSharedFunctions(functions_);
+    addScreenshots(functions_, windows_, out);
+  }
 
-  Companies companies(folders, answers);
-  Functions functions;
-  windows.addFunctions(functions);
-  answers.addFunctions(functions);
-  printing.addFunctions(functions);
-  addControlFunctions(functions, windows);
-  addGridFunctions(functions, windows);
-  addTreeFunctions(functions, windows);
-  addMenuFunctions(functions);
-  addFileFunctions(functions);
-  companies.addFunctions(functions);
-  addSharedFunctions(functions);
-  addScreenshots(functions, windows, out);
+  Driver& driver() { return driver_; }
+  const Functions& functions() const { return functions_; }
 
-  ScenarioEngine engine(file, driver, functions);
-  Verdict verdict;
-  bool over = false;
-  QObject::connect(&engine, &ScenarioEngine::finished, &application, [&] {
-    verdict = engine.verdict();
-    if (const QString rest = leftOver(driver, answers); !rest.isEmpty()) {
+  /// Adds to the script's verdict what the program has left behind, and tells it. Gives the exit code.
+  int close(Verdict verdict) {
+    if (const QString rest = leftOver(driver_, answers_); !rest.isEmpty()) {
       if (!verdict.failed)
         verdict.what = rest;
-      else if (!verdict.what.contains(answers.lastText()))
+      else if (!verdict.what.contains(answers_.lastText()))
         verdict.what += QStringLiteral("; ") + rest;
       verdict.failed = true;
     }
     QString screenshot;
     if (QWidget* front = windowInFront(); front && verdict.failed)
-      screenshot = saveScreenshot(front, out, QStringLiteral("failure"));
+      screenshot = saveScreenshot(front, out_, QStringLiteral("failure"));
     print(verdict, screenshot);
+    answers_.setSilent(true);
+    return verdict.failed ? 1 : 0;
+  }
+
+ private:
+  QString out_;
+  Folders folders_;
+  Windows windows_;
+  Printing printing_;
+  Answers answers_;
+  Driver driver_;
+  Companies companies_;
+  Functions functions_;
+};
+
+// The windows' thread is the one that hangs, so this runs on the script's.
+void dieOfHang(const Verdict& verdict, pthread_t windowsThread) {
+  print(verdict, {});
+  pthread_kill(windowsThread, SIGUSR1);
+  QThread::sleep(1);
+  ::_exit(1);
+}
+
+int runScenario(const QString& file, const QString& out) {
+  Stage stage(out);
+  ScenarioEngine engine(file, stage.driver(), stage.functions());
+  bool over = false;
+  QObject::connect(&engine, &ScenarioEngine::finished, qApp, [&] {
+    theExitCode = stage.close(engine.verdict());
     over = true;
-    answers.setSilent(true);
     // A program that does not let go of its loops must not hold up the next scenario.
-    theExitCode = verdict.failed ? 1 : 0;
     std::signal(SIGALRM, [](int) { ::_exit(theExitCode); });
     ::alarm(10);
     QCoreApplication::exit(0);
   });
-  // The windows' thread is the one that hangs, so this runs on the script's.
-  const pthread_t windowsThread = pthread_self();
   QObject::connect(
       &engine, &ScenarioEngine::hung, &engine,
-      [&engine, windowsThread] {
-        print(engine.verdict(), {});
-        pthread_kill(windowsThread, SIGUSR1);
-        QThread::sleep(1);
-        ::_exit(1);
-      },
-      Qt::DirectConnection);
+      [&engine, thread = pthread_self()] { dieOfHang(engine.verdict(), thread); }, Qt::DirectConnection);
   engine.start();
   // The program may end itself in the middle of a scenario; the scenario goes on.
   while (!over) QApplication::exec();
   engine.wait();
-  return verdict.failed ? 1 : 0;
+  return theExitCode;
 }
 
 }  // namespace
@@ -209,7 +230,7 @@ int main(int argc, char** argv) {
   if (parser.positionalArguments().size() != 1) parser.showHelp(2);
   const QFileInfo file(parser.positionalArguments().first());
   try {
-    return runScenario(application, file.absoluteFilePath(),
+    return runScenario(file.absoluteFilePath(),
                        QDir(QDir(parser.value(out)).absolutePath()).filePath(file.completeBaseName()));
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "%s\n", failure.what());
