@@ -25,6 +25,7 @@ namespace velmar::scenario {
 namespace {
 
 Driver* theDriver = nullptr;
+const ScenarioEngine* theEngine = nullptr;
 volatile std::sig_atomic_t theExitCode = 0;
 
 /// Keeps exceptions that escape a handler of the program from ending the process.
@@ -44,11 +45,31 @@ class Application : public QApplication {
   }
 };
 
+void print(const Verdict& verdict, const QString& screenshot) {
+  const QByteArray name = QFileInfo(verdict.file).completeBaseName().toUtf8();
+  std::printf("%s %s (%d checks)\n", verdict.failed ? "FAIL" : "PASS", name.constData(), verdict.checks);
+  if (verdict.failed) {
+    std::printf("  %s:%d: %s\n", qPrintable(verdict.file), verdict.line, verdict.what.toUtf8().constData());
+    if (!verdict.expected.isNull() || !verdict.actual.isNull())
+      std::printf("  expected: %s\n  actual:   %s\n", verdict.expected.toUtf8().constData(),
+                  verdict.actual.toUtf8().constData());
+    if (!screenshot.isEmpty()) std::printf("  screenshot: %s\n", screenshot.toUtf8().constData());
+  }
+  std::fflush(stdout);
+}
+
 void writeBacktrace(int signal) {
   void* frames[64];
   backtrace_symbols_fd(frames, backtrace(frames, 64), STDERR_FILENO);
   if (signal == SIGUSR1) return;
   std::signal(signal, SIG_DFL);
+  if (theEngine) {
+    Verdict verdict = theEngine->verdict();
+    verdict.failed = true;
+    verdict.line = theEngine->lastLine();
+    verdict.what = QStringLiteral("the program crashed (signal %1)").arg(signal);
+    print(verdict, {});
+  }
   std::raise(signal);
 }
 
@@ -77,19 +98,6 @@ void isolate(const QTemporaryDir& home) {
 void logMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
   if (!text.startsWith(QStringLiteral("This plugin does not support")))
     std::fprintf(stderr, "%s\n", text.toUtf8().constData());
-}
-
-void print(const Verdict& verdict, const QString& screenshot) {
-  const QByteArray name = QFileInfo(verdict.file).completeBaseName().toUtf8();
-  std::printf("%s %s (%d checks)\n", verdict.failed ? "FAIL" : "PASS", name.constData(), verdict.checks);
-  if (verdict.failed) {
-    std::printf("  %s:%d: %s\n", qPrintable(verdict.file), verdict.line, verdict.what.toUtf8().constData());
-    if (!verdict.expected.isNull() || !verdict.actual.isNull())
-      std::printf("  expected: %s\n  actual:   %s\n", verdict.expected.toUtf8().constData(),
-                  verdict.actual.toUtf8().constData());
-    if (!screenshot.isEmpty()) std::printf("  screenshot: %s\n", screenshot.toUtf8().constData());
-  }
-  std::fflush(stdout);
 }
 
 QWidget* windowInFront() {
@@ -187,6 +195,7 @@ void dieOfHang(const Verdict& verdict, pthread_t windowsThread) {
 int runScenario(const QString& file, const QString& out) {
   Stage stage(out);
   ScenarioEngine engine(file, stage.driver(), stage.functions());
+  theEngine = &engine;
   bool over = false;
   QObject::connect(&engine, &ScenarioEngine::finished, qApp, [&] {
     theExitCode = stage.close(engine.verdict());
@@ -203,6 +212,7 @@ int runScenario(const QString& file, const QString& out) {
   // The program may end itself in the middle of a scenario; the scenario goes on.
   while (!over) QApplication::exec();
   engine.wait();
+  theEngine = nullptr;
   return theExitCode;
 }
 
