@@ -138,7 +138,7 @@ struct KindTexts {
   QString validated;          ///< after success
   QString nothingToDelete;
   QString confirmDeletion;  ///< %1: the number
-  QString validatedTitle;
+  QString validatedTitle = QStringLiteral("Confirmare salvare");
   QString validatedFromNotes;  ///< instead of `validated`, for an invoice made of delivery notes
   QString rateMissing;         ///< notice when a header in currency %1 is saved without a rate; empty: none
   QString unknownArticle = QStringLiteral("Articolul cu codul intern %1 nu exista ");

@@ -8,7 +8,6 @@ namespace velmar::wording {
 
 /// Tool tip of validation where only the ledger is written.
 inline const char* const kRecordTip = "Verificare informatii si salvare in tabela Documente";
-inline const char* const kConfirmSaved = "Confirmare salvare";
 inline const char* const kPressSave = "Va rugam apasati Salvare";
 
 /// `noun` in the genitive: "facturii".

@@ -229,7 +229,6 @@ void describeReceiptNote(DocumentKind& kind) {
   kind.texts.saveFirst = "Va rugam salvati mai intai NIR-ul !";
   kind.texts.confirmDeletion = "Sunteti sigur ca doriti sa stergeti N.I.R.  %1 ?";
   kind.texts.validated = "NIR a fost salvat cu succes in Articole si Documente !";
-  kind.texts.validatedTitle = kConfirmSaved;
   kind.texts.unknownArticle = kUnknownArticle;
 }
 

@@ -106,7 +106,6 @@ void describeCustomerInvoice(DocumentKind& kind) {
   setQuestions(kind.texts, "factura", "Va rugam selectati o factura !");
   kind.texts.validated = "Factura a fost salvata cu succes in Articole si Documente !";
   kind.texts.validatedFromNotes = "Factura a fost salvata cu succes in Documente !";
-  kind.texts.validatedTitle = kConfirmSaved;
 }
 
 void describeCashSale(DocumentKind& kind) {
@@ -152,7 +151,6 @@ void describeCashSale(DocumentKind& kind) {
   setQuestions(kind.texts, "bonul", selectSale);
   kind.texts.confirmValidation.clear();
   kind.texts.validated = "Bonul a fost salvat cu succes in Articole si Documente !";
-  kind.texts.validatedTitle = kConfirmSaved;
   kind.texts.unknownArticle = "Articolul cu codul %1 nu exista ";
 }
 
@@ -180,7 +178,6 @@ void describeDeliveryNote(DocumentKind& kind) {
   setTips(kind.texts, "Creare aviz de expeditie nou", "Stergere aviz selectat", "Tiparire aviz");
   setQuestions(kind.texts, "avizul", "Va rugam selectati un aviz !");
   kind.texts.validated = "Avizul de Expeditie a fost salvat cu succes in Articole si Documente !";
-  kind.texts.validatedTitle = kConfirmSaved;
 }
 
 void describeProforma(DocumentKind& kind) {
@@ -210,7 +207,6 @@ void describeProforma(DocumentKind& kind) {
   kind.texts.validateTip = kRecordTip;
   setQuestions(kind.texts, "factura proforma", "Va rugam selectati o factura !");
   kind.texts.validated = "Factura Proforma a fost salvata cu succes in Documente !";
-  kind.texts.validatedTitle = kConfirmSaved;
 }
 
 void describeCustomerOrder(DocumentKind& kind) {

@@ -105,7 +105,8 @@ void LineGrid::startNewLine() {
 
 void LineGrid::commitData(QWidget* widget) {
   auto* line = qobject_cast<QLineEdit*>(widget);
-  if (!line || widget != editor_ || !editing_.isValid()) return;
+  // The box itself takes the focus from the editor, which asks again.
+  if (telling_ || !line || widget != editor_ || !editing_.isValid()) return;
   const QModelIndex index = editing_;
   auto* picker = qobject_cast<ArticlePicker*>(widget);
   const auto choice = picker ? picker->choice() : std::nullopt;
@@ -149,7 +150,9 @@ void LineGrid::refuse(QWidget* widget, std::function<void()> tell) {
 void LineGrid::tellRefusal() {
   const auto tell = std::exchange(tell_, nullptr);
   if (!tell) return;
+  telling_ = true;
   tell();
+  telling_ = false;
   if (!refused_) return;
   if (editing_.isValid()) setCurrentIndex(editing_);
   refused_->setFocus();

@@ -50,6 +50,7 @@ class LineGrid : public TDBGrid {
   QString initialText_;            ///< what it showed when it opened
   QPointer<QWidget> refused_;      ///< the editor whose text was refused, until its text is mended
   std::function<void()> tell_;     ///< shows why
+  bool telling_ = false;           ///< that box stands
 };
 
 }  // namespace velmar

@@ -31,6 +31,7 @@ namespace velmar {
 
 namespace {
 
+constexpr QSize kSmallest(960, 640);
 constexpr int kClockMs = 1000;
 constexpr const char* kWindowKey = "windowKey";
 const QString kForm = QStringLiteral("frmMain");
@@ -220,6 +221,8 @@ void frmMain::placeWindow() {
   const QScreen* screen = QApplication::screenAt(wanted.topLeft());
   const QRect room = (screen ? screen : QApplication::primaryScreen())->availableGeometry();
   wanted.setSize(wanted.size().boundedTo(room.size()));
+  // The first start's place is smaller than the tool bars and a document need.
+  setMinimumSize(kSmallest.boundedTo(room.size()));
   if (!screen) wanted.moveTopLeft(room.topLeft());
   move(wanted.topLeft());
   resize(wanted.size());

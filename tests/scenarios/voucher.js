@@ -1,0 +1,202 @@
+// An input voucher through the real window: checks in their order, lines by code and by name, refused cells,
+// validation to ledger, article and note, under both cost methods.
+
+function seed() {
+  sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (1, 'FURNIZOR UNU SRL', 'F')");
+  sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (2, 'CLIENT PUR SRL', 'C')");
+  sql("INSERT INTO G_FAMART (COD, DENUMIRE, CONTSTOCPROD) VALUES (1, 'Produse', '345')");
+  sql("INSERT INTO G_FAMART (COD, DENUMIRE, CONTSTOCPROD) VALUES (2, 'Semifabricate', '341')");
+  const insert = "INSERT INTO G_ARTMAG (CODART, CODPRODFUR, DENART, UM, FAMART, COST, PRETVFT, PROVENIENTA) " +
+                 "VALUES (?, ?, ?, 'Buc', ?, ?, ?, 'P')";
+  sql(insert, "A1", "F-77", "Scaun de lemn", 1, 10, 15);
+  sql(insert, "A2", "F-78", "Masa rotunda", 1, 0, 0);
+  sql(insert, "B_1", "F-79", "Blat 100% fag", 2, 4, 6);
+}
+
+let w;
+
+// Presses a command; every box that it brings is answered in turn.
+function press(button, ...answers) {
+  answers.forEach((caption) => answer(caption));
+  w.click(button);
+}
+
+function newVoucher(number) {
+  const w = win("frmGRILABonIntr");
+  w.click("cmdFacturaNoua");
+  w.type("txtFields(0)", number);
+  w.pick("DataCombo1", "FURNIZOR UNU SRL");
+  w.click("cmdSalvare");
+  noMessage();
+  return w;
+}
+
+company({method: "MP"});
+seed();
+menu("mnuBonIntr");
+w = win("frmGRILABonIntr");
+equal(w.title(), "Bon de intrare", "title");
+equal(w.items("DataCombo1"), ["FURNIZOR UNU SRL"], "suppliers only");
+
+// The header's checks, in their order.
+w.type("txtFields(2)", "x");
+press("cmdSalvare", "OK");
+expectMessage("Va rugam completati numarul N.I.R. ! Salvarea nu se poate efectua !", {icon: "critical"});
+check(w.hasFocus("txtFields(0)"), "focus on the number");
+w.type("txtFields(0)", "15'");
+equal(w.text("txtFields(0)"), "15", "the apostrophe is swallowed");
+press("cmdSalvare", "OK");
+expectMessage("Va rugam completati codul furnizorului ! Salvarea nu se poate efectua !");
+w.type("txtFields(1)", "1");
+equal(w.text("Label2"), "FURNIZOR UNU SRL", "partner by code");
+press("cmdSalvare", "OK");
+expectMessage("Va rugam introduceti o valoare numerica pozitiva pentru Cota TVA ! Salvarea nu se poate efectua !");
+w.type("txtFields(2)", "19");
+w.type("txtFields(3)", "0123456789012345678901234567890123456789012345678901234567890");
+const year = today().substring(0, 4);
+w.set("dtpDataDoc", (Number(year) + 1) + "-01-01");
+press("cmdSalvare", "OK");
+expectMessage("Data document trebuie sa fie in intervalul: 01/01/" + year + "-31/12/" + year);
+w.set("dtpDataDoc", today());
+press("cmdValidare", "OK");
+expectMessage("Bonul de intrare nu contine nici un articol ! Nu se poate efectua validarea !");
+press("cmdTiparire", "OK");
+expectMessage("Va rugam apasati Salvare");
+equal(w.grid("TDBGrid1").rows(), 0, "no lines before the header is saved");
+w.click("cmdSalvare");
+noMessage();
+equal(sql("SELECT NUMNR, CODFUR, BATVA, OBS, Magazie, VALIDAT FROM G_BONINT"),
+      [{NUMNR: "15", CODFUR: 1, BATVA: 19, OBS: "012345678901234567890123456789012345678901234", MAGAZIE: 1, VALIDAT: 0}],
+      "stored header");
+check(w.isReadOnly("txtFields(0)"), "the number of a draft stands");
+
+// Lines by code and by name; a refused cell keeps its text.
+const lines = w.grid("TDBGrid1");
+answer("OK");
+equal(lines.enter(-1, "CODART", "ZZ"), false, "unknown code");
+expectMessage("Articolul cu codul intern ZZ nu exista ");
+key("Esc");
+equal(lines.addLine("a1", "3"), 0, "first line");
+equal(lines.cell(0, "DENUMIRE"), "Scaun de lemn", "name by code");
+equal(lines.cell(0, "PRETFT"), "10,00", "the article's cost");
+equal(lines.cell(0, "PRETVA"), "15,00", "the article's sale price");
+equal(lines.cell(0, "VALOAREFT"), "30,00", "value");
+check(lines.isLocked(0, "VALOAREFT") && lines.isLocked(0, "UM") && !lines.isLocked(0, "CANT"), "locked cells");
+answer("OK");
+equal(lines.enter(0, "CANT", "abc"), false, "no number");
+expectMessage("Va rugam introduceti o valoare numerica pentru Cantitate !");
+key("Esc");
+answer("OK");
+equal(lines.enter(0, "CANT", "-1"), false, "below zero");
+expectMessage("Va rugam introduceti o valoare numerica pozitiva pentru Cantitate !");
+key("Esc");
+equal(lines.cell(0, "CANT"), "3,000", "untouched");
+check(lines.enter(-1, "DENUMIRE", "100% fa"), "by a part of the name");
+equal(lines.cell(1, "CODART"), "B_1", "picked article");
+equal(lines.cell(1, "DENUMIRE"), "Blat 100% fag (B_1)", "the list's text");
+check(lines.enter(1, "CANT", "2.5"), "quantity with a point");
+check(lines.enter(1, "PRETFT", "7,333"), "price with a comma");
+equal(lines.cell(1, "PRETFT"), "7,33", "rounded price");
+equal(lines.cell(1, "VALOAREFT"), "18,32", "18.325 to the even digit");
+check(lines.enter(1, "PRETVA", ""), "an empty sale price");
+equal(lines.footer("VALOAREFT"), "48,32", "footer");
+w.set("CheckCODP", true);
+check(lines.enter(-1, "CODART", "F-78"), "by the supplier's code");
+equal(lines.cell(2, "CODART"), "A2", "rewritten to the own code");
+w.set("CheckCODP", false);
+
+// Validation: checks, notices, question.
+press("cmdValidare", "Da", "OK", "OK");
+expectMessage("Sunteti sigur ca doriti sa validati bonul de intrare 15 ?", {title: "Confirmare validare", icon: "question"});
+expectMessage("Pretul de vanzare este mai mic decat pretul de cumparare pentru articolul cu codul B_1 ");
+expectMessage("Cantitatea pentru articolul cu codul A2 trebuie sa fie diferita de zero ! Validarea nu se poate efectua !");
+lines.deleteRow(2);
+lines.addLine("B_1", "1");
+press("cmdValidare", "Da", "OK");
+expectMessage("Sunteti sigur");
+expectMessage("Articolul cu codul B_1 se repeta ! Va rugam introduceti articole distincte ! Validarea nu se poate efectua ! ");
+lines.deleteRow(2);
+press("cmdValidare", "Nu");
+messages();
+equal(sql("SELECT ID FROM G_DOCUME"), [], "nothing written");
+sql("UPDATE kt_par SET JURBONINTR = NULL");
+press("cmdValidare", "Da", "OK", "OK");
+expectMessage("Sunteti sigur");
+expectMessage("Pretul de vanzare");
+expectMessage("Nu au fost stabilite toate jurnalele necesare la configurarea societatii !");
+noMessage();
+equal(sql("SELECT ID FROM G_DOCUME"), [], "nothing written without a journal");
+sql("UPDATE kt_par SET JURBONINTR = 'OD'");
+press("cmdValidare", "Da", "OK", "OK");
+expectMessage("Sunteti sigur");
+expectMessage("Pretul de vanzare");
+expectMessage("Bonul de intrare a fost salvat cu succes in Articole si Documente !", {title: "Confirmare salvare"});
+noMessage();
+equal(w.text("txtFields(0)"), "", "a new document");
+equal(w.grid("TDBGrid2").rows(), 0, "no draft left");
+
+equal(sql("SELECT ID, TIP, TIPIE, CODTERT, TOTALFT, TOTALTVA, TOTALCOST, CODDEV, CURS, UTILIZATOR, CODMAG FROM G_DOCUME"),
+      [{ID: "BI15", TIP: "BI", TIPIE: "I", CODTERT: 1, TOTALFT: 48.32, TOTALTVA: 0, TOTALCOST: 48.32, CODDEV: "LEI",
+        CURS: 0, UTILIZATOR: "ADMIN", CODMAG: 1}], "ledger document");
+equal(sql("SELECT LINIE, ARTID, CANT, PRETFT, PRETTTI, COST, VALCOST, CODTVA, CANTRAMASA, PRETVA FROM G_LDOCUM ORDER BY LINIE"),
+      [{LINIE: 1, ARTID: "A1", CANT: 3, PRETFT: 10, PRETTTI: 10, COST: 10, VALCOST: 30, CODTVA: 19, CANTRAMASA: 3, PRETVA: 15},
+       {LINIE: 2, ARTID: "B_1", CANT: 2.5, PRETFT: 7.33, PRETTTI: 7.33, COST: 7.33, VALCOST: 18.32, CODTVA: 19,
+        CANTRAMASA: 2.5, PRETVA: null}], "ledger lines");
+equal(sql("SELECT CODART, STOC, COST, ADAOS, PRETVFT, PRETVTTI FROM G_ARTMAG WHERE STOC <> 0 ORDER BY CODART"),
+      [{CODART: "A1", STOC: 3, COST: 10, ADAOS: 50, PRETVFT: 15, PRETVTTI: 18},
+       {CODART: "B_1", STOC: 2.5, COST: 7.33, ADAOS: -100, PRETVFT: 0, PRETVTTI: 0}], "articles");
+equal(sql("SELECT NDI, NRLINIE, JURNAL, CONT, DEBIT, CREDIT, DOC, MARCA, COD, PROV, TIPDOC FROM kt_linii ORDER BY NRLINIE"),
+      [{NDI: 1, NRLINIE: 1, JURNAL: "OD", CONT: "341", DEBIT: 18.32, CREDIT: 0, DOC: "15", MARCA: "15", COD: "LEI", PROV: "G", TIPDOC: "BI"},
+       {NDI: 1, NRLINIE: 2, JURNAL: "OD", CONT: "711", DEBIT: 0, CREDIT: 18.32, DOC: "15", MARCA: "15", COD: "LEI", PROV: "G", TIPDOC: "BI"},
+       {NDI: 1, NRLINIE: 3, JURNAL: "OD", CONT: "345", DEBIT: 30, CREDIT: 0, DOC: "15", MARCA: "15", COD: "LEI", PROV: "G", TIPDOC: "BI"},
+       {NDI: 1, NRLINIE: 4, JURNAL: "OD", CONT: "711", DEBIT: 0, CREDIT: 30, DOC: "15", MARCA: "15", COD: "LEI", PROV: "G", TIPDOC: "BI"}],
+      "the note");
+
+// A draft is deleted with its lines; a number cannot be used twice.
+w.type("txtFields(0)", "15");
+w.pick("DataCombo1", "FURNIZOR UNU SRL");
+press("cmdSalvare", "OK");
+expectMessage("Bonul de intrare cu acest numar exista deja ! Salvarea nu se poate efectua !");
+newVoucher("16");
+w.grid("TDBGrid1").addLine("A1", "1");
+newVoucher("17");
+w.grid("TDBGrid2").select(1);
+equal(w.text("txtFields(0)"), "16", "selected draft");
+equal(w.grid("TDBGrid1").rows(), 1, "its lines");
+press("cmdSterge", "Da");
+expectMessage("Sunteti sigur ca doriti sa stergeti N.I.R.  16 ?", {title: "Confirmare stergere"});
+equal(sql("SELECT NUMNR FROM G_LBONINT WHERE NUMNR = '16'"), [], "lines gone");
+press("cmdSterge", "OK");
+expectMessage("Va rugam selectati un N.I.R. !");
+
+// The average cost, and a zero stock that it cannot divide by.
+sql("UPDATE G_ARTMAG SET STOC = 5, COST = 20 WHERE CODART = 'A2'");
+newVoucher("18");
+let at = w.grid("TDBGrid1").addLine("A2", "5");
+w.grid("TDBGrid1").enter(at, "PRETFT", "10");
+w.grid("TDBGrid1").enter(at, "PRETVA", "15");
+press("cmdValidare", "Da", "OK");
+messages();
+equal(sql("SELECT STOC, COST, PRETVFT FROM G_ARTMAG WHERE CODART = 'A2'"), [{STOC: 10, COST: 15, PRETVFT: 22}], "average");
+sql("UPDATE G_ARTMAG SET STOC = -1 WHERE CODART = 'A2'");
+newVoucher("19");
+at = w.grid("TDBGrid1").addLine("A2", "1");
+w.grid("TDBGrid1").enter(at, "PRETFT", "10");
+w.grid("TDBGrid1").enter(at, "PRETVA", "10");
+press("cmdValidare", "Da", "OK");
+expectMessage("Sunteti sigur");
+expectMessage("11 - Impartire la zero Linia: ", {title: "Functia SalvareStocArticole", icon: "critical"});
+equal(sql("SELECT ID FROM G_DOCUME WHERE ID = 'BI19'"), [], "rolled back");
+equal(w.text("txtFields(0)"), "19", "the draft stays on screen");
+shot("bon-de-intrare");
+
+company({method: "FIFO"});
+seed();
+menu("mnuBonIntr");
+w = newVoucher("1");
+sql("UPDATE G_ARTMAG SET STOC = 5, COST = 20 WHERE CODART = 'A1'");
+at = w.grid("TDBGrid1").addLine("A1", "5");
+w.grid("TDBGrid1").enter(at, "PRETFT", "10");
+press("cmdValidare", "Da", "OK");
+messages();
+equal(sql("SELECT STOC, COST FROM G_ARTMAG WHERE CODART = 'A1'"), [{STOC: 10, COST: 10}], "the latest receipt's cost");
