@@ -105,7 +105,8 @@ void click(QWidget* widget) {
   clickAt(widget, clickPlace(widget));
 }
 
-// Gives the text to type where the value is one that is typed, else null.
+// Gives the text to type where the value is one that is typed, true where the control has to be left for the
+// value to count, else null.
 QVariant set(QWidget* widget, const QVariant& value) {
   requireUsable(widget);
   if (auto* picker = qobject_cast<QDateTimeEdit*>(widget)) {
@@ -113,7 +114,7 @@ QVariant set(QWidget* widget, const QVariant& value) {
     if (!date.isValid()) throw Failure(QStringLiteral("\"%1\" is no ISO date").arg(value.toString()));
     focus(picker);
     if (!picker->isReadOnly()) picker->setDate(date);
-    return QVariant();
+    return true;
   }
   if (auto* button = qobject_cast<QAbstractButton*>(widget); button && button->isCheckable()) {
     if (button->isChecked() != value.toBool()) click(button);
@@ -172,7 +173,9 @@ void leaveByTab(QWidget* widget) {
   const bool takesTabs = (qobject_cast<QTextEdit*>(widget) || qobject_cast<QPlainTextEdit*>(widget)) &&
                          !widget->property("tabChangesFocus").toBool();
   if (!takesTabs) {
-    pressKey(QStringLiteral("Tab"));
+    // In a date the key goes through day, month and year first.
+    const int presses = widget->inherits("QDateTimeEdit") ? 6 : 1;
+    for (int i = 0; i < presses && focusIsIn(widget); ++i) pressKey(QStringLiteral("Tab"));
     return;
   }
   QWidget* next = widget->nextInFocusChain();
@@ -185,6 +188,11 @@ void leaveByTab(QWidget* widget) {
 
 void clearByKeyboard(QWidget* editor) {
   if (!focusIsIn(editor)) return;
+  if (auto* picker = qobject_cast<QDateTimeEdit*>(editor)) {
+    // A date is never empty; what is typed replaces it part by part.
+    picker->setSelectedSection(picker->sectionAt(0));
+    return;
+  }
   pressKey(QStringLiteral("Ctrl+A"));
   if (!shownText(editor).isEmpty() && focusIsIn(editor)) pressKey(QStringLiteral("Delete"));
 }
@@ -266,6 +274,7 @@ void addControlFunctions(Functions& functions, Windows& windows) {
   on("isReadOnly", [](QWidget* w, const QVariant&) { return isReadOnly(w); });
   on("hasFocus", [](QWidget* w, const QVariant&) { return focusIsIn(w); });
   on("tooltip", [](QWidget* w, const QVariant&) { return w->toolTip(); });
+  on("isDate", [](QWidget* w, const QVariant&) { return w->inherits("QDateTimeEdit"); });
   on("isCombo", [](QWidget* w, const QVariant&) { return w->inherits("QComboBox"); });
   functions["tab"] = [&windows](const Arguments& a) {
     bringTab(windows.window(a[0].toInt()), a[1].toString());

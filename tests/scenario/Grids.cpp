@@ -207,9 +207,7 @@ void addEntrySteps(Functions& functions, Windows& windows) {
   };
 }
 
-}  // namespace
-
-void addGridFunctions(Functions& functions, Windows& windows) {
+void addReading(Functions& functions, Windows& windows) {
   functions["gridCheck"] = [&windows](const Arguments& a) { return viewOf(windows, a) != nullptr; };
   functions["rows"] = [&windows](const Arguments& a) { return rowsOf(viewOf(windows, a)); };
   functions["cell"] = [&windows](const Arguments& a) {
@@ -235,18 +233,6 @@ void addGridFunctions(Functions& functions, Windows& windows) {
     for (int section : visibleSections(view)) names.append(captionOf(view, section));
     return names;
   };
-  functions["select"] = [&windows](const Arguments& a) {
-    selectRow(viewOf(windows, a), a[2].toInt());
-    return QVariant();
-  };
-  functions["selectMany"] = [&windows](const Arguments& a) {
-    auto* view = viewOf(windows, a);
-    Qt::KeyboardModifiers modifiers = Qt::NoModifier;
-    for (const QVariant& row : a[2].toList()) {
-      selectRow(view, row.toInt(), std::exchange(modifiers, Qt::ControlModifier));
-    }
-    return QVariant();
-  };
   functions["isLocked"] = [&windows](const Arguments& a) {
     const auto* view = viewOf(windows, a);
     return isLocked(view, indexOf(view, a[2].toInt(), a[3]));
@@ -261,6 +247,23 @@ void addGridFunctions(Functions& functions, Windows& windows) {
     if (!grid) throw Failure(view->objectName() + QStringLiteral(" has no footer"));
     return grid->footer(fieldOf(view, sectionOf(view, a[2])));
   };
+}
+
+}  // namespace
+
+void addGridFunctions(Functions& functions, Windows& windows) {
+  functions["select"] = [&windows](const Arguments& a) {
+    selectRow(viewOf(windows, a), a[2].toInt());
+    return QVariant();
+  };
+  functions["selectMany"] = [&windows](const Arguments& a) {
+    auto* view = viewOf(windows, a);
+    Qt::KeyboardModifiers modifiers = Qt::NoModifier;
+    for (const QVariant& row : a[2].toList()) {
+      selectRow(view, row.toInt(), std::exchange(modifiers, Qt::ControlModifier));
+    }
+    return QVariant();
+  };
   // An editor that opened with the click would take the keys meant for the row.
   functions["gridKeys"] = [&windows](const Arguments& a) {
     auto* view = viewOf(windows, a);
@@ -269,6 +272,7 @@ void addGridFunctions(Functions& functions, Windows& windows) {
     focus(view);
     return QVariant();
   };
+  addReading(functions, windows);
   addEntrySteps(functions, windows);
 }
 

@@ -14,6 +14,7 @@ constexpr int kLongestDelay = 400;
 
 const auto kProbe = static_cast<QEvent::Type>(QEvent::registerEventType());
 
+// The program counts in the property "busy" what runs outside the windows' thread.
 bool workIsDelayed() {
   if (qApp->property("busy").toInt() > 0) return true;
   for (const QWidget* window : QApplication::topLevelWidgets()) {

@@ -25,6 +25,8 @@ class ScenarioEngine : public QThread {
 
   /// Read it once the thread has finished, or has hung.
   const Verdict& verdict() const { return verdict_; }
+  /// The line of the script that made the last step.
+  int lastLine() const { return lastLine_; }
 
   // What the prelude calls, on the script's own thread.
   Q_INVOKABLE QJSValue call(const QString& stack, const QString& name, const QVariantList& arguments);

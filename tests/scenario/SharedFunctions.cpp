@@ -6,6 +6,7 @@
 #include "config/Lookups.h"
 #include "config/Numbers.h"
 #include "config/Session.h"
+#include "documents/Numbering.h"
 
 namespace velmar::scenario {
 
@@ -64,6 +65,7 @@ Functions lookups() {
   };
   f["FacturaUrmatoare"] = [](const Arguments&) { return FacturaUrmatoare(); };
   f["BonUrmator"] = [](const Arguments&) { return BonUrmator(); };
+  f["NumarDocument"] = [](const Arguments& a) { return NumarDocument(a.value(0).toString()); };
   f["ValoareSql"] = [](const Arguments& a) { return ValoareSql(a.value(0).toString(), valuesFrom(a, 1)); };
   f["ProcentTVA"] = [](const Arguments& a) { return ProcentTVA(a.value(0).toLongLong()).toDouble(); };
   f["ContTVA"] = [](const Arguments& a) { return ContTVA(a.value(0).toLongLong()); };

@@ -25,6 +25,7 @@ namespace velmar::scenario {
 namespace {
 
 Driver* theDriver = nullptr;
+const ScenarioEngine* theEngine = nullptr;
 volatile std::sig_atomic_t theExitCode = 0;
 
 /// Keeps exceptions that escape a handler of the program from ending the process.
@@ -44,11 +45,31 @@ class Application : public QApplication {
   }
 };
 
+void print(const Verdict& verdict, const QString& screenshot) {
+  const QByteArray name = QFileInfo(verdict.file).completeBaseName().toUtf8();
+  std::printf("%s %s (%d checks)\n", verdict.failed ? "FAIL" : "PASS", name.constData(), verdict.checks);
+  if (verdict.failed) {
+    std::printf("  %s:%d: %s\n", qPrintable(verdict.file), verdict.line, verdict.what.toUtf8().constData());
+    if (!verdict.expected.isNull() || !verdict.actual.isNull())
+      std::printf("  expected: %s\n  actual:   %s\n", verdict.expected.toUtf8().constData(),
+                  verdict.actual.toUtf8().constData());
+    if (!screenshot.isEmpty()) std::printf("  screenshot: %s\n", screenshot.toUtf8().constData());
+  }
+  std::fflush(stdout);
+}
+
 void writeBacktrace(int signal) {
   void* frames[64];
   backtrace_symbols_fd(frames, backtrace(frames, 64), STDERR_FILENO);
   if (signal == SIGUSR1) return;
   std::signal(signal, SIG_DFL);
+  if (theEngine) {
+    Verdict verdict = theEngine->verdict();
+    verdict.failed = true;
+    verdict.line = theEngine->lastLine();
+    verdict.what = QStringLiteral("the program crashed (signal %1)").arg(signal);
+    print(verdict, {});
+  }
   std::raise(signal);
 }
 
@@ -77,19 +98,6 @@ void isolate(const QTemporaryDir& home) {
 void logMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
   if (!text.startsWith(QStringLiteral("This plugin does not support")))
     std::fprintf(stderr, "%s\n", text.toUtf8().constData());
-}
-
-void print(const Verdict& verdict, const QString& screenshot) {
-  const QByteArray name = QFileInfo(verdict.file).completeBaseName().toUtf8();
-  std::printf("%s %s (%d checks)\n", verdict.failed ? "FAIL" : "PASS", name.constData(), verdict.checks);
-  if (verdict.failed) {
-    std::printf("  %s:%d: %s\n", qPrintable(verdict.file), verdict.line, verdict.what.toUtf8().constData());
-    if (!verdict.expected.isNull() || !verdict.actual.isNull())
-      std::printf("  expected: %s\n  actual:   %s\n", verdict.expected.toUtf8().constData(),
-                  verdict.actual.toUtf8().constData());
-    if (!screenshot.isEmpty()) std::printf("  screenshot: %s\n", screenshot.toUtf8().constData());
-  }
-  std::fflush(stdout);
 }
 
 QWidget* windowInFront() {
@@ -121,68 +129,91 @@ void addScreenshots(Functions& functions, Windows& windows, const QString& out) 
   };
 }
 
-int runScenario(Application& application, const QString& file, const QString& out) {
-  Folders folders(out);
-  Windows windows;
-  Printing printing(out);
-  Answers answers([](const QString& text) { theDriver->addLateFailure(text); });
-  Driver driver([&] { return answers.settled() && printing.settled(); });
-  theDriver = &driver;
+// Everything that a scenario needs on the windows' thread, for as long as it runs.
+class Stage {
+ public:
+  explicit Stage(const QString& out)
+      : out_(out),
+        folders_(out),
+        printing_(out),
+        answers_([](const QString& text) { theDriver->addLateFailure(text); }),
+        driver_([this] { return answers_.settled() && printing_.settled(); }),
+        companies_(folders_, answers_) {
+    theDriver = &driver_;
+    windows_.addFunctions(functions_);
+    answers_.addFunctions(functions_);
+    printing_.addFunctions(functions_);
+    companies_.addFunctions(functions_);
+    addControlFunctions(functions_, windows_);
+    addGridFunctions(functions_, windows_);
+    addTreeFunctions(functions_, windows_);
+    addMenuFunctions(functions_);
+    addFileFunctions(functions_);
+    addSharedFunctions(functions_);
+    addScreenshots(functions_, windows_, out);
+  }
 
-  Companies companies(folders, answers);
-  Functions functions;
-  windows.addFunctions(functions);
-  answers.addFunctions(functions);
-  printing.addFunctions(functions);
-  addControlFunctions(functions, windows);
-  addGridFunctions(functions, windows);
-  addTreeFunctions(functions, windows);
-  addMenuFunctions(functions);
-  addFileFunctions(functions);
-  companies.addFunctions(functions);
-  addSharedFunctions(functions);
-  addScreenshots(functions, windows, out);
+  Driver& driver() { return driver_; }
+  const Functions& functions() const { return functions_; }
 
-  ScenarioEngine engine(file, driver, functions);
-  Verdict verdict;
-  bool over = false;
-  QObject::connect(&engine, &ScenarioEngine::finished, &application, [&] {
-    verdict = engine.verdict();
-    if (const QString rest = leftOver(driver, answers); !rest.isEmpty()) {
+  /// Adds to the script's verdict what the program has left behind, and tells it. Gives the exit code.
+  int close(Verdict verdict) {
+    if (const QString rest = leftOver(driver_, answers_); !rest.isEmpty()) {
       if (!verdict.failed)
         verdict.what = rest;
-      else if (!verdict.what.contains(answers.lastText()))
+      else if (!verdict.what.contains(answers_.lastText()))
         verdict.what += QStringLiteral("; ") + rest;
       verdict.failed = true;
     }
     QString screenshot;
     if (QWidget* front = windowInFront(); front && verdict.failed)
-      screenshot = saveScreenshot(front, out, QStringLiteral("failure"));
+      screenshot = saveScreenshot(front, out_, QStringLiteral("failure"));
     print(verdict, screenshot);
+    answers_.setSilent(true);
+    return verdict.failed ? 1 : 0;
+  }
+
+ private:
+  QString out_;
+  Folders folders_;
+  Windows windows_;
+  Printing printing_;
+  Answers answers_;
+  Driver driver_;
+  Companies companies_;
+  Functions functions_;
+};
+
+// The windows' thread is the one that hangs, so this runs on the script's.
+void dieOfHang(const Verdict& verdict, pthread_t windowsThread) {
+  print(verdict, {});
+  pthread_kill(windowsThread, SIGUSR1);
+  QThread::sleep(1);
+  ::_exit(1);
+}
+
+int runScenario(const QString& file, const QString& out) {
+  Stage stage(out);
+  ScenarioEngine engine(file, stage.driver(), stage.functions());
+  theEngine = &engine;
+  bool over = false;
+  QObject::connect(&engine, &ScenarioEngine::finished, qApp, [&] {
+    theExitCode = stage.close(engine.verdict());
     over = true;
-    answers.setSilent(true);
     // A program that does not let go of its loops must not hold up the next scenario.
-    theExitCode = verdict.failed ? 1 : 0;
     std::signal(SIGALRM, [](int) { ::_exit(theExitCode); });
     ::alarm(10);
     QCoreApplication::exit(0);
   });
-  // The windows' thread is the one that hangs, so this runs on the script's.
-  const pthread_t windowsThread = pthread_self();
   QObject::connect(
       &engine, &ScenarioEngine::hung, &engine,
-      [&engine, windowsThread] {
-        print(engine.verdict(), {});
-        pthread_kill(windowsThread, SIGUSR1);
-        QThread::sleep(1);
-        ::_exit(1);
-      },
-      Qt::DirectConnection);
+      [&engine, thread = pthread_self()] { dieOfHang(engine.verdict(), thread); }, Qt::DirectConnection);
   engine.start();
   // The program may end itself in the middle of a scenario; the scenario goes on.
   while (!over) QApplication::exec();
   engine.wait();
-  return verdict.failed ? 1 : 0;
+  theEngine = nullptr;
+  return theExitCode;
 }
 
 }  // namespace
@@ -209,7 +240,7 @@ int main(int argc, char** argv) {
   if (parser.positionalArguments().size() != 1) parser.showHelp(2);
   const QFileInfo file(parser.positionalArguments().first());
   try {
-    return runScenario(application, file.absoluteFilePath(),
+    return runScenario(file.absoluteFilePath(),
                        QDir(QDir(parser.value(out)).absolutePath()).filePath(file.completeBaseName()));
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "%s\n", failure.what());

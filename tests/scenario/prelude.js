@@ -31,6 +31,11 @@
     return N("front") === front;
   }
 
+  // The digits of a date as they are typed: day, month, year.
+  function dayFirst(date) {
+    return String(date).replace(/^(\d{4})-(\d\d)-(\d\d)$/, "$3$2$1").replace(/[^0-9]/g, "");
+  }
+
   class Grid {
     constructor(window, name) { this.window = window; this.name = name; this.N("gridCheck"); }
     N(step, ...args) { return N(step, this.window, this.name, ...args); }
@@ -111,6 +116,8 @@
     type(name, text) {
       this.N("focus", name);
       this.N("clear", name);
+      // A date moves on by itself from part to part; separators would skip one.
+      if (this.N("isDate", name)) text = dayFirst(text);
       if (typeText(text)) this.N("leave", name);
     }
     press(name, key) {
@@ -128,7 +135,8 @@
     set(name, value) {
       const typed = this.N("set", name, value);
       if (typed === undefined || typed === null) return;
-      if (this.N("isCombo", name)) this.pick(name, typed);
+      if (typed === true) this.N("leave", name);
+      else if (this.N("isCombo", name)) this.pick(name, typed);
       else this.type(name, typed);
     }
     tab(caption) { this.N("tab", caption); }
