@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
   velmar::setMessageSink(&sink);
   try {
     velmar::prepareApplicationFolder(velmar::defaultApplicationFolder());
-    if (velmar::Login login; login.load()) velmar::makeSampleCompany();
+    if (velmar::Login login; login.load()) velmar::makeSampleCompany(velmar::session().gCaleBD);
     return 0;
   } catch (const velmar::Error& error) {
     std::fprintf(stderr, "Societatea de exemplu nu a putut fi creata: %s\n", qPrintable(error.text()));

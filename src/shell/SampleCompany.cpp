@@ -132,16 +132,17 @@ void fill(const std::function<void(int)>& progress) {
 
 }  // namespace
 
-bool makeSampleCompany(const std::function<void(int)>& progress) {
-  const QList<Company> companies = readCompanyList(session().gCaleBD);
+bool makeSampleCompany(const QString& folder, const std::function<void(int)>& progress) {
+  session().gCaleBD = folder;
+  const QList<Company> companies = readCompanyList(folder);
   if (std::any_of(companies.begin(), companies.end(), [](const Company& c) { return c.COD == kSampleCode; }))
     return false;
-  createCompany(session().gCaleBD, kSampleCode, "EXEMPLU SRL", session().gDenSocietateNoua);
+  createCompany(folder, kSampleCode, "EXEMPLU SRL", session().gDenSocietateNoua);
   try {
     fill(progress);
   } catch (...) {
     leaveCompany();
-    removeCompany(session().gCaleBD, {kSampleCode, "EXEMPLU SRL", companyFileName(kSampleCode)});
+    removeCompany(folder, {kSampleCode, "EXEMPLU SRL", companyFileName(kSampleCode)});
     throw;
   }
   leaveCompany();

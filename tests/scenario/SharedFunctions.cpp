@@ -7,6 +7,7 @@
 #include "config/Numbers.h"
 #include "config/Session.h"
 #include "documents/Numbering.h"
+#include "shell/SampleCompany.h"
 
 namespace velmar::scenario {
 
@@ -83,6 +84,13 @@ Functions lookups() {
   return f;
 }
 
+// What the program does besides: reading its parameters anew, making the sample company beside the others.
+Functions services() {
+  Functions f;
+  f["makeSampleCompany"] = [](const Arguments& a) { return makeSampleCompany(a.value(0).toString()); };
+  return f;
+}
+
 }  // namespace
 
 QVariant databaseValue(const QVariant& value) {
@@ -98,6 +106,7 @@ QVariant databaseValue(const QVariant& value) {
 void addSharedFunctions(Functions& functions) {
   Functions table = valueFunctions();
   table.insert(lookups());
+  table.insert(services());
   functions["shared"] = [table](const Arguments& a) {
     const auto function = table.constFind(a[0].toString());
     if (function == table.constEnd())

@@ -1,0 +1,74 @@
+// A walk through the program on the sample company: log in, pick the warehouse, enter a voucher by keyboard, validate
+// it, and find it again. Each stop leaves a screenshot.
+
+const folder = paths().databases;
+call("makeSampleCompany", folder);
+
+// The splash, then the login: the company is picked in the list.
+start(folder);
+const login = win("frmLogin");
+const companies = login.grid("TDBGrid1");
+equal(companies.column("DENUMIRE"), ["SOCIETATE", "EXEMPLU SRL"], "the sample company stands beside the first one");
+companies.select(1);
+login.type("txtUserName", "admin");
+login.type("txtPassword", "admin");
+shot("01-login");
+login.press("txtPassword", "Enter");
+
+// The working warehouse of the day.
+const warehouse = win("frmSelMagazie");
+warehouse.pick("DataCombo1", "Magazie 1");
+shot("02-magazie");
+warehouse.click("cmdOK");
+equal(win("frmMain").title(), "Tarvon Velmar  - EXEMPLU SRL", "the main window");
+shot("03-fereastra-principala");
+
+// A draft that somebody left, then a new voucher.
+menu("mnuBonIntr");
+const voucher = win("frmGRILABonIntr");
+voucher.grid("TDBGrid2").select(0);
+shot("04-bon-nevalidat");
+voucher.click("cmdFacturaNoua");
+voucher.type("txtFields(0)", "41");
+voucher.pick("DataCombo1", "OLARIA HOREZU SRL");
+voucher.type("txtFields(2)", "19");
+voucher.type("txtFields(3)", "Cuptorul de miercuri");
+shot("05-antet");
+voucher.click("cmdSalvare");
+
+// Lines by code and by a part of the name.
+const lines = voucher.grid("TDBGrid1");
+let row = lines.addLine("CR001", "40");
+lines.enter(row, "PRETFT", "9.5");
+lines.enter(row, "PRETVA", "15");
+check(lines.enter(-1, "DENUMIRE", "vaza"), "an article by a part of its name");
+row = lines.rows() - 1;
+equal(lines.cell(row, "CODART"), "CR005", "the vase");
+lines.enter(row, "CANT", "12");
+lines.enter(row, "PRETFT", "21,25");
+lines.enter(row, "PRETVA", "32");
+equal(lines.footer("VALOAREFT"), "635,00", "40 x 9.50 + 12 x 21.25");
+shot("06-linii");
+
+const before = sql("SELECT CODART, STOC FROM G_ARTMAG WHERE CODART IN ('CR001', 'CR005') ORDER BY CODART");
+answer("Da");
+voucher.click("cmdValidare");
+shot("07-validat");
+win("frmMsgBox").click("cmdBtn(0)");
+expectMessage("Sunteti sigur ca doriti sa validati bonul de intrare 41 ?");
+expectMessage("Bonul de intrare a fost salvat cu succes in Articole si Documente !");
+
+// Where it went: the ledger, the articles, the accounts.
+equal(sql("SELECT ID, TOTALFT FROM G_DOCUME WHERE ID = 'BI41'"), [{ID: "BI41", TOTALFT: 635}], "the ledger");
+const after = sql("SELECT CODART, STOC FROM G_ARTMAG WHERE CODART IN ('CR001', 'CR005') ORDER BY CODART");
+equal(after.map((article, i) => article.STOC - before[i].STOC), [40, 12], "the stock");
+equal(sql("SELECT CONT, DEBIT, CREDIT FROM kt_linii WHERE DOC = '41' ORDER BY NRLINIE"),
+      [{CONT: "345", DEBIT: 635, CREDIT: 0}, {CONT: "711", DEBIT: 0, CREDIT: 635}], "the note");
+
+// Who works in the company, and the list of companies.
+menu("mnuConexiuni");
+win("frmConexiuni").click("cmConexiuni");
+shot("08-conexiuni");
+win("frmConexiuni").close();
+menu("mnuCreare");
+shot("09-societati");
