@@ -103,6 +103,9 @@ void logMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
 QWidget* windowInFront() {
   QWidget* window = QApplication::activeModalWidget();
   if (!window) window = QApplication::activeWindow();
+  // The list of a combo stays the active window for a while after it was closed.
+  while (window && window->windowType() == Qt::Popup && window->parentWidget())
+    window = window->parentWidget()->window();
   const QWidgetList all = QApplication::topLevelWidgets();
   for (QWidget* other : all)
     if (!window && other->isVisible()) window = other;
