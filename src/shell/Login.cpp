@@ -4,11 +4,11 @@
 #include <QFileInfo>
 
 #include "config/Session.h"
-#include "shell/Settings.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
+#include "util/Settings.h"
 
 namespace velmar {
 
@@ -24,6 +24,7 @@ void requireUser(const QString& user, const QString& password) {
     throw RuleError(QStringLiteral("Parola nu este corecta !"), QStringLiteral("PAROLA"), kCritical);
   session().gTipUtilizator = static_cast<int>(found.first().integer("TIP"));
   session().gUtilizator = user.trimmed().toUpper();
+  settings::setUser(session().gUtilizator);
 }
 
 }  // namespace

@@ -57,6 +57,13 @@ const year = today().substring(0, 4);
 w.set("dtpDataDoc", (Number(year) + 1) + "-01-01");
 press("cmdSalvare", "OK");
 expectMessage("Data document trebuie sa fie in intervalul: 01/01/" + year + "-31/12/" + year);
+// A date is typed by its digits, whatever date stood there; what is not typed stays.
+w.set("dtpDataDoc", "2026-02-15");
+for (const [typed, date] of [["31122024", "2024-12-31"], ["05", "2024-12-05"], ["311226", "2026-12-31"],
+                             ["0102", "2026-02-01"], ["3002", "2026-02-01"]]) {
+  w.type("dtpDataDoc", typed);
+  equal(w.value("dtpDataDoc"), date, "the date typed as " + typed);
+}
 w.set("dtpDataDoc", today());
 press("cmdValidare", "OK");
 expectMessage("Bonul de intrare nu contine nici un articol ! Nu se poate efectua validarea !");

@@ -3,7 +3,7 @@
 
 #include "shell/ApplicationFolder.h"
 #include "shell/Login.h"
-#include "shell/Settings.h"
+#include "util/Settings.h"
 #include "shell/Warehouses.h"
 #include "TestCompany.h"
 #include "util/Errors.h"

@@ -24,6 +24,7 @@
 #include "util/Clock.h"
 #include "util/Messages.h"
 #include "util/NumberText.h"
+#include "util/windows/DateBox.h"
 #include "util/windows/Entry.h"
 #include "util/windows/Forms.h"
 #include "util/windows/KeyFilter.h"
@@ -85,11 +86,10 @@ void frmGrila::buildHeader() {
     switch (field.type) {
       case HeaderFieldType::Date:
       case HeaderFieldType::DueDate: {
-        auto* date = new QDateEdit(clock::today(), frame);
+        auto* date = new DateBox(frame);
         date->setObjectName(field.control);
-        date->setDisplayFormat("dd.MM.yyyy");
-        date->setCalendarPopup(true);
         date->setToolTip(field.toolTip);
+        connect(date, &QDateEdit::dateChanged, this, &frmGrila::headerTouched);
         controls_.insert(field.column, date);
         form->addRow(field.caption, date);
         break;
@@ -116,6 +116,7 @@ void frmGrila::addTextField(const HeaderField& field, QFormLayout* form) {
   box->setMaxLength(column->type == ColumnType::Text ? column->width : 15);
   KeyFilter::install(box, field.type == HeaderFieldType::Remark ? KeyFilter::NoQuote
                                                                 : KeyFilter::NoQuote | KeyFilter::NoBlank);
+  connect(box, &QLineEdit::textEdited, this, &frmGrila::headerTouched);
   controls_.insert(field.column, box);
   form->addRow(field.caption, box);
 }
@@ -154,6 +155,7 @@ void frmGrila::addPartnerField(const HeaderField& field, QFormLayout* form) {
   moveOnWithEnter(partner_);
   connect(partner_, &QComboBox::activated, this, &frmGrila::partnerPicked);
   connect(partner_->lineEdit(), &QLineEdit::editingFinished, this, &frmGrila::partnerPicked);
+  connect(code, &QLineEdit::textEdited, this, &frmGrila::headerTouched);
   connect(code, &QLineEdit::editingFinished, this, &frmGrila::partnerTyped);
 }
 
@@ -338,8 +340,16 @@ void frmGrila::partnerPicked() {
   if (showing_) return;
   const int at = partner_->findText(partner_->currentText(), Qt::MatchFixedString);
   auto* code = qobject_cast<QLineEdit*>(control(editor_.kind().partnerColumn));
-  code->setText(at < 0 ? QString() : partner_->itemData(at).toString());
+  const QString picked = at < 0 ? QString() : partner_->itemData(at).toString();
+  if (code->text() != picked) headerTouched();
+  code->setText(picked);
   partnerName_->setText(at < 0 ? QString() : partner_->itemText(at));
+}
+
+void frmGrila::headerTouched() {
+  if (showing_) return;
+  state_->setText(editor_.isNew() ? "Document nou, nesalvat"
+                                  : "Document nevalidat, antet modificat si nesalvat");
 }
 
 void frmGrila::partnerTyped() {

@@ -62,6 +62,8 @@ class frmGrila : public QWidget {
   void refreshDrafts();
   void partnerPicked();
   void partnerTyped();
+  /// Shows that the header on screen is no longer the stored one.
+  void headerTouched();
   void showPartner(const QString& code);
   void showRule(const RuleError& rule);
   /// Runs a command: first takes over what stands in an open cell, then guards the work.

@@ -7,12 +7,12 @@
 #include "config/Session.h"
 #include "shell/ApplicationFolder.h"
 #include "shell/Login.h"
-#include "shell/Settings.h"
 #include "shell/windows/frmLogin.h"
 #include "shell/windows/frmMain.h"
 #include "shell/windows/frmSelMagazie.h"
 #include "shell/windows/frmSplash.h"
 #include "util/Errors.h"
+#include "util/Settings.h"
 
 namespace velmar {
 

@@ -19,12 +19,12 @@
 #include <QUrl>
 
 #include "config/Session.h"
-#include "shell/Settings.h"
 #include "shell/windows/MenuTable.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/NumberText.h"
+#include "util/Settings.h"
 #include "util/windows/Look.h"
 
 namespace velmar {
@@ -270,9 +270,20 @@ void frmMain::showChild(QWidget* window) {
   QMdiSubWindow* child = area_->addSubWindow(window);
   child->setAttribute(Qt::WA_DeleteOnClose);
   child->setWindowIcon(windowIcon());
-  child->resize(child->sizeHint().boundedTo(area_->viewport()->size()));
+  const QSize last = settings::look(window->objectName()).toSize();
+  child->resize((last.isValid() ? last : child->sizeHint()).boundedTo(area_->viewport()->size()));
+  child->installEventFilter(this);
   child->show();
   window->setFocus();
+}
+
+// A child window comes back in the size in which it was left.
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+  auto* child = qobject_cast<QMdiSubWindow*>(watched);
+  if (child && child->widget() && event->type() == QEvent::Close && !child->isMaximized() &&
+      !child->isMinimized())
+    settings::setLook(child->widget()->objectName(), child->size());
+  return QMainWindow::eventFilter(watched, event);
 }
 
 QWidget* frmMain::showOne(const QString& key, const std::function<QWidget*()>& make) {

@@ -35,6 +35,7 @@ class frmMain : public QMainWindow, public WindowHost {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void buildMenu();

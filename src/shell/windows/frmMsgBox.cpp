@@ -12,7 +12,7 @@
 #include <QStyle>
 
 #include "shell/ApplicationFolder.h"
-#include "shell/Settings.h"
+#include "util/Settings.h"
 
 namespace velmar {
 

@@ -1,9 +1,11 @@
 #include "store/windows/TDBGrid.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QPainter>
 
 #include "util/NumberText.h"
+#include "util/Settings.h"
 
 namespace velmar {
 
@@ -106,7 +108,10 @@ TDBGrid::TDBGrid(const QString& name, QWidget* parent)
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setStretchLastSection(true);
-  connect(horizontalHeader(), &QHeaderView::sectionResized, footer_, qOverload<>(&QWidget::update));
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
+    footer_->update();
+    storeWidths();
+  });
 }
 
 void TDBGrid::setColumns(const QList<GridColumn>& columns) {
@@ -116,11 +121,45 @@ void TDBGrid::setColumns(const QList<GridColumn>& columns) {
 }
 
 void TDBGrid::applyWidths() {
+  settingWidths_ = true;
   for (int i = 0; i < columns_.size() && i < model()->columnCount(); ++i) {
     setColumnHidden(i, !columns_[i].visible);
     const int caption = fontMetrics().horizontalAdvance(columns_[i].caption) + 16;
     setColumnWidth(i, std::max(caption, fontMetrics().averageCharWidth() * columns_[i].width + 12));
   }
+  restoreWidths();
+  settingWidths_ = false;
+}
+
+QString TDBGrid::lookName() const {
+  const QWidget* form = parentWidget();
+  while (form && !form->objectName().startsWith(QStringLiteral("frm"))) form = form->parentWidget();
+  return form ? form->objectName() + QLatin1Char('/') + objectName() : QString();
+}
+
+void TDBGrid::restoreWidths() {
+  const QVariantList widths = settings::look(lookName()).toList();
+  if (widths.size() != columns_.size()) return;
+  for (int i = 0; i < widths.size() && i < model()->columnCount(); ++i)
+    if (widths[i].toInt() > 0) setColumnWidth(i, widths[i].toInt());
+}
+
+// Only what the user drags is kept; the stretch of the last column follows the window.
+void TDBGrid::storeWidths() {
+  if (settingWidths_ || !isVisible() || QApplication::mouseButtons() == Qt::NoButton || lookName().isEmpty())
+    return;
+  QVariantList widths;
+  for (int i = 0; i < columns_.size(); ++i) widths.append(isColumnHidden(i) ? 0 : columnWidth(i));
+  widths.last() = 0;
+  settings::setLook(lookName(), widths);
+}
+
+// A grid learns which window it belongs to when it is first shown.
+void TDBGrid::showEvent(QShowEvent* event) {
+  QTableView::showEvent(event);
+  settingWidths_ = true;
+  restoreWidths();
+  settingWidths_ = false;
 }
 
 int TDBGrid::columnOf(const QString& field) const {

@@ -50,7 +50,8 @@ class TDBGrid : public QTableView {
  public:
   explicit TDBGrid(const QString& name, QWidget* parent = nullptr);
 
-  /// Columns of a list and of any model with these columns in this order.
+  /// Columns of a list and of any model with these columns in this order, as wide as told or as the user left
+  /// them.
   void setColumns(const QList<GridColumn>& columns);
   const QList<GridColumn>& columns() const { return columns_; }
   /// Position of the field in any case, -1 when there is none.
@@ -79,9 +80,13 @@ class TDBGrid : public QTableView {
   void paintEvent(QPaintEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void applyWidths();
+  void restoreWidths();
+  void storeWidths();
+  QString lookName() const;
 
   RecordsetModel* list_;
   QWidget* footer_;
@@ -89,6 +94,7 @@ class TDBGrid : public QTableView {
   QHash<QString, QString> footers_;
   QString emptyText_;
   bool placingFooter_ = false;
+  bool settingWidths_ = false;
 };
 
 }  // namespace velmar

@@ -1,4 +1,4 @@
-#include "shell/Settings.h"
+#include "util/Settings.h"
 
 #include <QDir>
 #include <QSettings>
@@ -30,6 +30,13 @@ auto withStore(Work&& work) {
   QSettings store(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("velmar"));
   return work(store);
 }
+
+QString& user() {
+  static QString theUser;
+  return theUser;
+}
+
+QString lookKey(const QString& name) { return QStringLiteral("Velmar/Looks/%1/%2").arg(user(), name); }
 
 int number(const QSettings& store, const QString& key, int defaultValue) {
   bool ok = false;
@@ -74,6 +81,16 @@ void setMainWindowPlace(const MainWindowPlace& place) {
     store.setValue(kMainWidth, place.width);
     store.setValue(kMainHeight, place.height);
   });
+}
+
+void setUser(const QString& name) { user() = name; }
+
+QVariant look(const QString& name) {
+  return withStore([&name](QSettings& store) { return store.value(lookKey(name)); });
+}
+
+void setLook(const QString& name, const QVariant& value) {
+  withStore([&](QSettings& store) { store.setValue(lookKey(name), value); });
 }
 
 }  // namespace velmar::settings

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QVariant>
 
 namespace velmar::settings {
 
@@ -26,5 +27,13 @@ void setDatabasesPath(const QString& path);
 MainWindowPlace mainWindowPlace();
 /// A place that cannot be written is forgotten in silence: it must not hold up the end of the program.
 void setMainWindowPlace(const MainWindowPlace& place);
+
+/// Whose windows look() and setLook() speak of from now on.
+void setUser(const QString& user);
+
+/// What the user's window looked like, by a name of its own ("frmGRILABonIntr/TDBGrid1"); null when nothing
+/// was stored.
+QVariant look(const QString& name);
+void setLook(const QString& name, const QVariant& value);
 
 }  // namespace velmar::settings
