@@ -43,6 +43,7 @@ frmGrila::frmGrila(const QString& prefix, const ArticleList& articles, QWidget* 
   layout->addLayout(top);
   buildHeader();
   buildLists(articles);
+  giveMnemonics(this);
   refreshLists();
   newDocument();
 }

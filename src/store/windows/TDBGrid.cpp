@@ -128,6 +128,7 @@ void TDBGrid::applyWidths() {
     setColumnWidth(i, std::max(caption, fontMetrics().averageCharWidth() * columns_[i].width + 12));
   }
   restoreWidths();
+  stretchLast();
   settingWidths_ = false;
 }
 
@@ -142,6 +143,12 @@ void TDBGrid::restoreWidths() {
   if (widths.size() != columns_.size()) return;
   for (int i = 0; i < widths.size() && i < model()->columnCount(); ++i)
     if (widths[i].toInt() > 0) setColumnWidth(i, widths[i].toInt());
+}
+
+// The header stretches its last column only when it is told anew or resized.
+void TDBGrid::stretchLast() {
+  horizontalHeader()->setStretchLastSection(false);
+  horizontalHeader()->setStretchLastSection(true);
 }
 
 // Only what the user drags is kept; the stretch of the last column follows the window.
@@ -159,6 +166,7 @@ void TDBGrid::showEvent(QShowEvent* event) {
   QTableView::showEvent(event);
   settingWidths_ = true;
   restoreWidths();
+  stretchLast();
   settingWidths_ = false;
 }
 

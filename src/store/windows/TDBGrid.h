@@ -86,6 +86,7 @@ class TDBGrid : public QTableView {
   void applyWidths();
   void restoreWidths();
   void storeWidths();
+  void stretchLast();
   QString lookName() const;
 
   RecordsetModel* list_;

@@ -1,7 +1,10 @@
 #include "util/windows/Entry.h"
 
+#include <QAbstractButton>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QSet>
 
 #include "util/windows/Look.h"
 
@@ -24,9 +27,36 @@ class EnterMovesOn : public QObject {
   }
 };
 
+// Societate, Afisare, Cumparari, Vanzari, Rapoarte, Intretinere, Ferestre, Help.
+const QString kMenuLetters = QStringLiteral("SACVRIFH");
+
+// The text with "&" before a letter that is not in `taken`, which grows by it; without one when none is free.
+QString withMnemonic(const QString& text, QSet<QChar>& taken) {
+  QString plain = text;
+  const auto asked = plain.indexOf(QLatin1Char('&'));
+  plain.remove(QLatin1Char('&'));
+  for (qsizetype i = -1; i < plain.size(); ++i) {
+    const qsizetype at = i < 0 ? asked : i;
+    if (at < 0 || at >= plain.size()) continue;
+    const QChar letter = plain[at].toUpper();
+    if (!letter.isLetter() || taken.contains(letter)) continue;
+    taken.insert(letter);
+    return plain.insert(at, QLatin1Char('&'));
+  }
+  return plain;
+}
+
 }  // namespace
 
 void moveOnWithEnter(QWidget* widget) { widget->installEventFilter(new EnterMovesOn(widget)); }
+
+void giveMnemonics(QWidget* form) {
+  QSet<QChar> taken(kMenuLetters.cbegin(), kMenuLetters.cend());
+  for (auto* button : form->findChildren<QAbstractButton*>())
+    if (!button->text().isEmpty()) button->setText(withMnemonic(button->text(), taken));
+  for (auto* label : form->findChildren<QLabel*>())
+    if (label->buddy()) label->setText(withMnemonic(label->text(), taken));
+}
 
 void markLocked(QLineEdit* box, bool locked) {
   QPalette palette = box->parentWidget()->palette();

@@ -12,4 +12,8 @@ void moveOnWithEnter(QWidget* widget);
 /// Paints a box in the colour of locked fields, or in the normal one.
 void markLocked(QLineEdit* box, bool locked);
 
+/// Gives each button, box and label of a field in the form a letter of its own to reach it with Alt: the one
+/// that its text asks for with "&", else the first that is free. The letters of the main menu are never free.
+void giveMnemonics(QWidget* form);
+
 }  // namespace velmar
