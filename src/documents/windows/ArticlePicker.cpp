@@ -87,8 +87,11 @@ void ArticlePicker::take(const QModelIndex& index) {
 
 std::optional<ArticlePicker::Choice> ArticlePicker::choice() const {
   if (taken_) return taken_;
-  if (text().trimmed().isEmpty() || rows_->rowCount() == 0) return std::nullopt;
   const QModelIndex current = completer_->popup()->currentIndex();
+  // An empty text names nothing, but the arrow keys may have chosen in the list that still stands.
+  const bool chosen =
+      completer_->popup()->isVisible() && completer_->popup()->selectionModel()->isSelected(current);
+  if (rows_->rowCount() == 0 || (text().trimmed().isEmpty() && !chosen)) return std::nullopt;
   const QModelIndex best = current.isValid() ? current : rows_->index(bestRow(), 0);
   return Choice{best.data(kCodeRole).toString(), best.data(Qt::DisplayRole).toString()};
 }

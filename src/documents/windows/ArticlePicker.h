@@ -18,7 +18,7 @@ class ArticlePicker : public QLineEdit {
   /// Drops the list for what is typed now.
   void drop();
 
-  /// The picked article: by the highlighted row, or the only or exact match of the text.
+  /// The picked article: by the highlighted row, or the exact or first match of a text.
   struct Choice {
     QString code;
     QString listText;
