@@ -58,7 +58,9 @@ class LineDelegate : public QStyledItemDelegate {
     if (event->type() == QEvent::KeyPress) {
       const int key = static_cast<QKeyEvent*>(event)->key();
       if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        grid_->confirming_ = true;
         leave(static_cast<QWidget*>(object), EditNextItem);
+        grid_->confirming_ = false;
         return true;
       }
     }
@@ -110,7 +112,10 @@ void LineGrid::commitData(QWidget* widget) {
   const QModelIndex index = editing_;
   auto* picker = qobject_cast<ArticlePicker*>(widget);
   const auto choice = picker ? picker->choice() : std::nullopt;
-  if (!choice && line->text() == initialText_) {
+  // A new line's code may be left empty on the way to its name, but Enter confirms it.
+  const bool confirmsNoCode =
+      confirming_ && line->text().isEmpty() && lines_->lineColumn(index.column()).entry == LineEntry::Code;
+  if (!choice && line->text() == initialText_ && !confirmsNoCode) {
     refused_.clear();
     return;
   }

@@ -51,6 +51,7 @@ class LineGrid : public TDBGrid {
   QPointer<QWidget> refused_;      ///< the editor whose text was refused, until its text is mended
   std::function<void()> tell_;     ///< shows why
   bool telling_ = false;           ///< that box stands
+  bool confirming_ = false;        ///< the cell is being left with Enter
 };
 
 }  // namespace velmar
