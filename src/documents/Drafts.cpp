@@ -4,13 +4,15 @@
 #include "store/Database.h"
 #include "store/Schema.h"
 #include "util/Errors.h"
+#include "util/Messages.h"
 
 namespace velmar {
 
 namespace {
 
 const QString kGone = QStringLiteral(
-    "Documentul a fost validat sau sters intre timp de alt utilizator ! Salvarea nu se poate efectua !");
+    "Documentul a fost validat sau sters intre timp de alt utilizator ! Nu s-a modificat nimic ! Apasati F5 "
+    "pentru a reciti lista.");
 
 Values valuesOf(const Row& row, const QStringList& columns) {
   Values values;
@@ -68,7 +70,7 @@ void Drafts::insertHeader(const Row& header) const {
   Transaction transaction(database());
   if (load(header.text(kind_.numberColumn))) {
     for (const auto& check : kind_.headerChecks)
-      if (check.check == HeaderCheck::NumberTaken) throw RuleError(check.text, kind_.numberColumn);
+      if (check.check == HeaderCheck::NumberTaken) throw RuleError(check.text, kind_.numberColumn, kCritical);
   }
   database().insertRows(kind_.headerTable, columns, {valuesOf(header, columns)});
   transaction.commit();

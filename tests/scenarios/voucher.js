@@ -80,9 +80,21 @@ check(w.isReadOnly("txtFields(0)"), "the number of a draft stands");
 // Lines by code and by name; a refused cell keeps its text.
 const lines = w.grid("TDBGrid1");
 answer("OK");
+equal(lines.enter(-1, "CODART", ""), false, "no code");
+expectMessage("Va rugam introduceti cod articol");
+key("Esc");
+answer("OK");
 equal(lines.enter(-1, "CODART", "ZZ"), false, "unknown code");
 expectMessage("Articolul cu codul intern ZZ nu exista ");
 key("Esc");
+w.press("TDBGrid1", "Insert");
+["Right", "Ctrl+A", "Enter"].forEach(key);
+equal(lines.rows(), 0, "nothing chosen in the list");
+w.press("TDBGrid1", "Insert");
+["Right", "Down", "Down", "Enter"].forEach(key);
+equal(lines.column("DENUMIRE"), ["Masa rotunda (A2)"], "chosen in the list by the arrow keys alone");
+key("Esc");
+lines.deleteRow(0);
 equal(lines.addLine("a1", "3"), 0, "first line");
 equal(lines.cell(0, "DENUMIRE"), "Scaun de lemn", "name by code");
 equal(lines.cell(0, "PRETFT"), "10,00", "the article's cost");
@@ -175,6 +187,17 @@ expectMessage("Sunteti sigur ca doriti sa stergeti N.I.R.  16 ?", {title: "Confi
 equal(sql("SELECT NUMNR FROM G_LBONINT WHERE NUMNR = '16'"), [], "lines gone");
 press("cmdSterge", "OK");
 expectMessage("Va rugam selectati un N.I.R. !");
+
+// A draft that another workstation deleted while it stands here: told, and nothing written.
+newVoucher("20");
+w.grid("TDBGrid1").addLine("A1", "1");
+sql("DELETE FROM G_BONINT WHERE NUMNR = '20'");
+answer("OK");
+equal(w.grid("TDBGrid1").enter(0, "CANT", "2"), false, "a line of no draft");
+expectMessage("Documentul a fost validat sau sters intre timp de alt utilizator ! Nu s-a modificat nimic !");
+key("Esc");
+equal(sql("SELECT CANT FROM G_LBONINT WHERE NUMNR = '20'"), [{CANT: 1}], "nothing written");
+sql("DELETE FROM G_LBONINT WHERE NUMNR = '20'");
 
 // The average cost, and a zero stock that it cannot divide by.
 sql("UPDATE G_ARTMAG SET STOC = 5, COST = 20 WHERE CODART = 'A2'");
