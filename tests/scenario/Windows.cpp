@@ -85,7 +85,8 @@ QWidget* Windows::control(const QVariant& number, const QVariant& name) {
   QWidget* hidden = nullptr;
   const QWidgetList named = form->findChildren<QWidget*>(wanted);
   for (QWidget* widget : named) {
-    if (widget->window() != form->window()) continue;
+    // A list that has dropped down is a window of its own, but a control to the user.
+    if (widget->window() != form->window() && widget->windowType() != Qt::Popup) continue;
     if (widget->isVisible()) return widget;
     if (!hidden) hidden = widget;
   }

@@ -25,6 +25,8 @@ ArticlePicker::ArticlePicker(const ArticleList& list, QWidget* parent)
   completer_->setMaxVisibleItems(12);
   completer_->setWidget(this);
   completer_->popup()->setObjectName(QStringLiteral("DataList1"));
+  // A control of the document's window, found there by its name.
+  completer_->popup()->setParent(this, completer_->popup()->windowFlags());
   completer_->popup()->installEventFilter(this);
   connect(completer_, qOverload<const QModelIndex&>(&QCompleter::activated), this,
           [this](const QModelIndex& index) {
