@@ -1,9 +1,11 @@
 #include "store/Sqlite.h"
 
 #include <sqlite3.h>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QSqlDriver>
 #include <QSqlQuery>
+#include <QThread>
 #include <QUrl>
 #include <QVariant>
 #include <string_view>
@@ -13,6 +15,9 @@
 namespace velmar::sqlite {
 
 namespace {
+
+constexpr int kOpenWaitMs = 5000;
+constexpr int kOpenPauseMs = 20;
 
 // The engine's primary result codes that a user can do something about.
 QString advice(int code) {
@@ -66,9 +71,21 @@ void registerFunctions(const QSqlDatabase& connection) {
   sqlite3_create_function(handle, "IS_NUMERIC", 1, kFlags, nullptr, isNumeric, nullptr, nullptr);
 }
 
+bool isBusy(const QSqlError& error) {
+  const int code = error.nativeErrorCode().toInt() & 0xff;
+  return code == SQLITE_BUSY || code == SQLITE_LOCKED;
+}
+
+// The last process to leave a file locks it for a moment while it puts it in order: that is worth waiting
+// for.
 QVariant pragma(const QSqlDatabase& connection, const QString& text, const QString& path) {
   QSqlQuery query(connection);
-  if (!query.exec(QStringLiteral("PRAGMA ") + text)) throw describe(query.lastError(), path);
+  QElapsedTimer waited;
+  waited.start();
+  while (!query.exec(QStringLiteral("PRAGMA ") + text)) {
+    if (!isBusy(query.lastError()) || waited.elapsed() > kOpenWaitMs) throw describe(query.lastError(), path);
+    QThread::msleep(kOpenPauseMs);
+  }
   return query.next() ? query.value(0) : QVariant();
 }
 
@@ -125,8 +142,7 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
 bool tryBeginWrite(QSqlDatabase& connection) {
   QSqlQuery query(connection);
   if (query.exec(QStringLiteral("BEGIN IMMEDIATE"))) return true;
-  const int code = query.lastError().nativeErrorCode().toInt() & 0xff;
-  if (code == SQLITE_BUSY || code == SQLITE_LOCKED) return false;
+  if (isBusy(query.lastError())) return false;
   throw describe(query.lastError(), connection.databaseName());
 }
 
