@@ -60,7 +60,7 @@ void isNumeric(sqlite3_context* context, int, sqlite3_value** arguments) {
 }
 
 void registerFunctions(const QSqlDatabase& connection) {
-  auto* handle = *static_cast<sqlite3* const*>(connection.driver()->handle().constData());
+  sqlite3* handle = handleOf(connection);
   constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
   sqlite3_create_function(handle, "ROUND_EVEN", 2, kFlags, nullptr, roundEven, nullptr, nullptr);
   sqlite3_create_function(handle, "IS_NUMERIC", 1, kFlags, nullptr, isNumeric, nullptr, nullptr);
@@ -82,6 +82,10 @@ void requireOurFormat(const QSqlDatabase& connection, const QString& path) {
 }
 
 }  // namespace
+
+sqlite3* handleOf(const QSqlDatabase& connection) {
+  return *static_cast<sqlite3* const*>(connection.driver()->handle().constData());
+}
 
 bool looksLikeDatabase(const QString& path) {
   QFile file(path);
@@ -131,8 +135,12 @@ bool tryBeginWrite(QSqlDatabase& connection) {
 }
 
 StoreError describe(const QSqlError& error, const QString& path) {
-  const int code = error.nativeErrorCode().toInt() & 0xff;
-  const QString engineText = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+  return describe(error.nativeErrorCode().toInt(),
+                  error.databaseText().isEmpty() ? error.driverText() : error.databaseText(), path);
+}
+
+StoreError describe(int extendedCode, const QString& engineText, const QString& path) {
+  const int code = extendedCode & 0xff;
   const QString help = advice(code);
   if (help.isEmpty()) return StoreError(code, engineText);
   return StoreError(code, QStringLiteral("%1 (%2: %3)").arg(help, path, engineText));
