@@ -123,6 +123,9 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
   pragma(connection, QStringLiteral("synchronous=FULL"), path);
   pragma(connection, QStringLiteral("cache_size=-65536"), path);
   pragma(connection, QStringLiteral("temp_store=MEMORY"), path);
+  // A large voucher touches some 400 pages. The usual 1000 would make every third one carry the whole journal
+  // into the file while its user waits; 4000 pages are 16 MB on the disk.
+  pragma(connection, QStringLiteral("wal_autocheckpoint=4000"), path);
   return connection;
 }
 
