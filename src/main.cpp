@@ -1,6 +1,26 @@
 #include <QApplication>
+#include <QTimer>
+
+#include "shell/ApplicationFolder.h"
+#include "shell/windows/frmMsgBox.h"
+#include "shell/windows/StartUp.h"
+#include "util/windows/Look.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  return 0;
+  QApplication::setApplicationName(QStringLiteral("velmar"));
+  QApplication::setApplicationVersion(QStringLiteral(VELMAR_VERSION));
+  QApplication::setDesktopFileName(QStringLiteral("velmar"));
+  // The splash and the login close before the next window stands.
+  QApplication::setQuitOnLastWindowClosed(false);
+  velmar::applyLook(application);
+
+  velmar::WindowMessages messages;
+  velmar::setMessageSink(&messages);
+  velmar::StartUp startUp(velmar::defaultApplicationFolder());
+  QObject::connect(&startUp, &velmar::StartUp::ended, &application, &QCoreApplication::quit);
+  QTimer::singleShot(0, &startUp, &velmar::StartUp::run);
+  const int result = QApplication::exec();
+  velmar::setMessageSink(nullptr);
+  return result;
 }

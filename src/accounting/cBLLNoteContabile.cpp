@@ -4,7 +4,6 @@
 #include <QHash>
 
 #include "store/Database.h"
-#include "store/Schema.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
 
@@ -87,9 +86,9 @@ void cBLLNoteContabile::AddNota(bool sameNote, bool& done) {
   DataScad = DataInr.addMonths(1);
   QStringList columns;
   Values values;
-  for (const Column& column : companyTable("kt_linii").columns()) {
-    columns.append(column.name);
-    values.push_back(valueOf(column.name));
+  for (const QString& column : on.query("SELECT * FROM kt_linii WHERE 1 = 0").columns()) {
+    columns.append(column);
+    values.push_back(valueOf(column));
   }
   on.insertRows("kt_linii", columns, {values});
   transaction.commit();

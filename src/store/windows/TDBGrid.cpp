@@ -1,4 +1,4 @@
-#include "util/windows/TDBGrid.h"
+#include "store/windows/TDBGrid.h"
 
 #include <QHeaderView>
 #include <QPainter>

@@ -1,0 +1,133 @@
+#include "config/CompanyFiles.h"
+
+#include <algorithm>
+#include <QFileInfo>
+
+#include "store/Database.h"
+#include "store/DatabaseFiles.h"
+#include "store/Roster.h"
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kCodeLength = 2;
+constexpr int kNameLength = 50;
+
+bool isCode(const QString& code) {
+  return code.size() <= kCodeLength && std::all_of(code.begin(), code.end(), [](QChar c) {
+           return (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) ||
+                  (c >= QLatin1Char('0') && c <= QLatin1Char('9'));
+         });
+}
+
+void requireGoodText(const QString& code, const QString& name) {
+  if (code.isEmpty())
+    throw RuleError(QStringLiteral("Va rugam completati codul societatii  !"), QStringLiteral("COD"));
+  if (name.isEmpty())
+    throw RuleError(QStringLiteral("Va rugam completati denumirea societatii  !"),
+                    QStringLiteral("DENUMIRE"));
+  if (!isCode(code))
+    throw RuleError(QStringLiteral("Codul societatii poate contine numai litere si cifre !"),
+                    QStringLiteral("COD"));
+  if (name.size() > kNameLength)
+    throw RuleError(
+        QStringLiteral("Denumirea societatii poate avea cel mult %1 de caractere !").arg(kNameLength),
+        QStringLiteral("DENUMIRE"));
+}
+
+void requireFree(const QString& folder, const QList<Company>& companies, const QString& code) {
+  const bool taken = std::any_of(companies.begin(), companies.end(), [&code](const Company& company) {
+    return company.COD.compare(code, Qt::CaseInsensitive) == 0;
+  });
+  if (taken)
+    throw RuleError(QStringLiteral("Acest cod de societate exista deja ! Adaugarea nu se poate efectua !"));
+  const QString file = companyFileName(code);
+  if (existsInFolder(folder, file))
+    throw RuleError(QStringLiteral("Fisierul %1 exista deja in folderul bazelor de date ! Adaugarea nu se "
+                                   "poate efectua !")
+                        .arg(file),
+                    QStringLiteral("COD"));
+}
+
+void makeFile(const QString& folder, const QString& fileName, const QString& name,
+              QString& gDenSocietateNoua) {
+  gDenSocietateNoua = name;
+  try {
+    makeCompanyFile(folder, fileName);
+    MarcheazaVersiune(folder, fileName, gDenSocietateNoua);
+  } catch (...) {
+    gDenSocietateNoua = QStringLiteral("00");
+    throw;
+  }
+}
+
+void removeFileAfterFailure(const QString& folder, const QString& fileName) {
+  try {
+    removeDatabaseFile(folder, fileName);
+  } catch (const StoreError&) {
+    // The failure that led here is the one to tell.
+  }
+}
+
+bool isOpen(const QString& path) {
+  return openDatabase() && QFileInfo(openDatabase()->path()) == QFileInfo(path);
+}
+
+}  // namespace
+
+void createCompany(const QString& folder, const QString& code, const QString& name,
+                   QString& gDenSocietateNoua) {
+  const QString upperCode = code.trimmed().toUpper();
+  const QString fullName = name.trimmed();
+  requireGoodText(upperCode, fullName);
+  const QString fileName = companyFileName(upperCode);
+  bool fileIsOurs = false;
+  try {
+    changeCompanyList(folder, [&](QList<Company>& companies) {
+      requireFree(folder, companies, upperCode);
+      fileIsOurs = true;
+      makeFile(folder, fileName, fullName, gDenSocietateNoua);
+      companies.append({upperCode, fullName, fileName});
+    });
+  } catch (...) {
+    if (fileIsOurs) removeFileAfterFailure(folder, fileName);
+    throw;
+  }
+}
+
+void requireRemovable(const QString& folder, const Company& company) {
+  if (company.COD == QStringLiteral("01"))
+    throw RuleError(QStringLiteral("Societatea cu codul 01 nu se poate sterge !"));
+  const QString path = pathInFolder(folder, companyFileName(company.COD));
+  if (isOpen(path) || isOpen(pathInFolder(folder, company.NUMEBD)))
+    throw RuleError(QStringLiteral("Societatea deschisa nu se poate sterge !"));
+  if (!connections(path).isEmpty())
+    throw RuleError(QStringLiteral("Societatea este deschisa de alt utilizator si nu se poate sterge !"));
+}
+
+QString removalQuestion(const Company& company) {
+  return QStringLiteral("Sunteti sigur ca doriti sa stergeti societatea : %1 - %2 si baza de date aferenta ?")
+      .arg(company.COD, company.DENUMIRE);
+}
+
+void removeCompany(const QString& folder, const Company& company) {
+  changeCompanyList(folder, [&](QList<Company>& companies) {
+    requireRemovable(folder, company);
+    // The file first: when the list cannot be written then, its row is still there to try again.
+    removeDatabaseFile(folder, companyFileName(company.COD));
+    companies.removeIf([&company](const Company& other) {
+      return other.COD.compare(company.COD, Qt::CaseInsensitive) == 0;
+    });
+  });
+}
+
+Recordset companyRecordset(const QList<Company>& companies) {
+  Recordset rows(std::make_shared<Columns>(
+      QStringList{QStringLiteral("COD"), QStringLiteral("DENUMIRE"), QStringLiteral("NUMEBD")}));
+  for (const Company& company : companies) rows.append({company.COD, company.DENUMIRE, company.NUMEBD});
+  return rows;
+}
+
+}  // namespace velmar

@@ -1,0 +1,28 @@
+// Creates and deletes companies: the file and the row of the list, together or not at all.
+#pragma once
+
+#include "store/CompanyList.h"
+#include "store/Row.h"
+
+namespace velmar {
+
+/// Makes the company's file from the folder's template and adds the company to the list. Throws RuleError
+/// with the column at fault (COD, DENUMIRE), which is empty when the code is taken, or StoreError. The name
+/// waits in `gDenSocietateNoua` while the file is made.
+void createCompany(const QString& folder, const QString& code, const QString& name,
+                   QString& gDenSocietateNoua);
+
+/// Throws RuleError when the company must not be deleted: the first one, the open one, and one that somebody
+/// works in.
+void requireRemovable(const QString& folder, const Company& company);
+
+/// The question to ask before removeCompany().
+QString removalQuestion(const Company& company);
+
+/// Deletes the company's file and its row in the list. Throws RuleError as requireRemovable(), or StoreError.
+void removeCompany(const QString& folder, const Company& company);
+
+/// The companies as a record set with the columns COD, DENUMIRE, NUMEBD.
+Recordset companyRecordset(const QList<Company>& companies);
+
+}  // namespace velmar

@@ -1,0 +1,30 @@
+// The list of companies, where a company is created or deleted with its file.
+#pragma once
+
+#include <QWidget>
+
+class QGroupBox;
+class QLineEdit;
+
+namespace velmar {
+
+class TDBGrid;
+
+class frmSocietati : public QWidget {
+  Q_OBJECT
+ public:
+  explicit frmSocietati(QWidget* parent = nullptr);
+
+ private:
+  QGroupBox* companyFrame();
+  QLayout* buttonBlock();
+  void refresh();
+  void add();
+  void remove();
+
+  TDBGrid* grid_;
+  QLineEdit* txtCod_;
+  QLineEdit* txtDenumire_;
+};
+
+}  // namespace velmar

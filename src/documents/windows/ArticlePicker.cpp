@@ -1,0 +1,123 @@
+#include "documents/windows/ArticlePicker.h"
+
+#include <QAbstractItemView>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QTreeView>
+
+#include "util/Errors.h"
+#include "util/NumberText.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kMostRows = 50;
+constexpr int kCodeRole = Qt::UserRole + 1;
+
+}  // namespace
+
+ArticlePicker::ArticlePicker(const ArticleList& list, QWidget* parent)
+    : QLineEdit(parent), list_(list), completer_(new QCompleter(this)), rows_(new QStandardItemModel(this)) {
+  setFrame(false);
+  completer_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+  completer_->setModel(rows_);
+  completer_->setMaxVisibleItems(12);
+  completer_->setWidget(this);
+  completer_->popup()->setObjectName(QStringLiteral("DataList1"));
+  completer_->popup()->installEventFilter(this);
+  connect(completer_, qOverload<const QModelIndex&>(&QCompleter::activated), this,
+          [this](const QModelIndex& index) {
+            take(index);
+            emit picked();
+          });
+  connect(this, &QLineEdit::textEdited, this, [this] {
+    taken_.reset();
+    drop();
+  });
+}
+
+// The whole text of a row finds that row as well: its code stands between the last parentheses.
+Recordset ArticlePicker::matches() const {
+  const QString typed = text().trimmed();
+  Recordset found = findArticles(list_, typed, kMostRows);
+  if (!found.isEmpty() || !typed.endsWith(QLatin1Char(')'))) return found;
+  const auto open = typed.lastIndexOf(QLatin1Char('('));
+  return open < 0 ? found : findArticles(list_, typed.mid(open + 1).chopped(1), kMostRows);
+}
+
+void ArticlePicker::refill() {
+  rows_->clear();
+  for (const Row& article : matches()) {
+    auto* item = new QStandardItem(article.text("DenArt"));
+    item->setData(article.text("CODART"), kCodeRole);
+    const QString amount =
+        article.isNull("VALOARE") ? QString() : formatNumber(article.decimal("VALOARE"), 2);
+    item->setToolTip(QStringLiteral("%1  %2  %3").arg(article.text("CODART"), article.text("UM"), amount));
+    rows_->appendRow(item);
+  }
+}
+
+void ArticlePicker::drop() {
+  guarded(QStringLiteral("DataList1"), QStringLiteral("drop"), [this] {
+    refill();
+    if (rows_->rowCount() == 0) {
+      completer_->popup()->hide();
+      return;
+    }
+    const int wanted = completer_->popup()->sizeHintForColumn(0) + 40;
+    QRect place = rect();
+    place.setWidth(std::max(place.width(), wanted));
+    completer_->complete(place);
+    if (!text().trimmed().isEmpty())
+      completer_->popup()->setCurrentIndex(completer_->completionModel()->index(bestRow(), 0));
+  });
+}
+
+int ArticlePicker::bestRow() const {
+  const auto exact = rows_->findItems(text().trimmed(), Qt::MatchFixedString);
+  return exact.isEmpty() ? 0 : exact.first()->row();
+}
+
+void ArticlePicker::take(const QModelIndex& index) {
+  if (!index.isValid()) return;
+  taken_ = Choice{index.data(kCodeRole).toString(), index.data(Qt::DisplayRole).toString()};
+  setText(taken_->listText);
+}
+
+std::optional<ArticlePicker::Choice> ArticlePicker::choice() const {
+  if (taken_) return taken_;
+  if (text().trimmed().isEmpty() || rows_->rowCount() == 0) return std::nullopt;
+  const QModelIndex current = completer_->popup()->currentIndex();
+  const QModelIndex best = current.isValid() ? current : rows_->index(bestRow(), 0);
+  return Choice{best.data(kCodeRole).toString(), best.data(Qt::DisplayRole).toString()};
+}
+
+void ArticlePicker::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && !completer_->popup()->isVisible())) {
+    drop();
+    return;
+  }
+  QLineEdit::keyPressEvent(event);
+}
+
+// Enter and Tab take the highlighted row; what the popup does not need goes to the text.
+bool ArticlePicker::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != completer_->popup() || event->type() != QEvent::KeyPress)
+    return QLineEdit::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Tab)
+    return QLineEdit::eventFilter(watched, event);
+  if (const auto chosen = choice()) {
+    taken_ = chosen;
+    completer_->popup()->hide();
+    emit picked();
+    return true;
+  }
+  completer_->popup()->hide();
+  QKeyEvent forward(QEvent::KeyPress, key, Qt::NoModifier);
+  QCoreApplication::sendEvent(this, &forward);
+  return true;
+}
+
+}  // namespace velmar

@@ -1,0 +1,124 @@
+#include "documents/windows/LineModel.h"
+
+#include "util/NumberText.h"
+#include "util/windows/Look.h"
+
+namespace velmar {
+
+LineModel::LineModel(DocumentEditor& editor, std::function<bool()> bySupplierCode, QObject* parent)
+    : QAbstractTableModel(parent),
+      editor_(editor),
+      bySupplierCode_(std::move(bySupplierCode)),
+      columns_(gridColumns(editor.kind())) {}
+
+QList<GridColumn> LineModel::gridColumns(const DocumentKind& kind) {
+  QList<GridColumn> columns;
+  for (const LineColumn& line : kind.lineColumns) {
+    GridColumn column;
+    column.field = line.field;
+    column.caption = line.caption;
+    column.width = line.width;
+    column.visible = line.visible;
+    column.format = line.shownDecimals >= 0 ? CellFormat::Number : CellFormat::Text;
+    column.decimals = std::max(0, line.shownDecimals);
+    columns.append(column);
+  }
+  return columns;
+}
+
+void LineModel::documentChanged() {
+  beginResetModel();
+  endResetModel();
+  emit totalsChanged();
+}
+
+int LineModel::rowCount(const QModelIndex& parent) const {
+  if (parent.isValid()) return 0;
+  return static_cast<int>(editor_.lines().size()) + (editor_.isNew() ? 0 : 1);
+}
+
+int LineModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+QVariant LineModel::data(const QModelIndex& index, int role) const {
+  const GridColumn& column = columns_[index.column()];
+  const bool empty = isNewRow(index.row());
+  switch (role) {
+    case Qt::DisplayRole:
+      return empty ? QString()
+                   : cellText(editor_.lines()[static_cast<size_t>(index.row())].value(column.field), column);
+    case Qt::EditRole: {
+      if (empty) return QString();
+      const Row& line = editor_.lines()[static_cast<size_t>(index.row())];
+      if (column.format != CellFormat::Number) return line.text(column.field);
+      return line.isNull(column.field) ? QString() : editNumber(line.decimal(column.field));
+    }
+    case Qt::TextAlignmentRole:
+      if (column.format == CellFormat::Number) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+      return {};
+    case Qt::BackgroundRole:
+      if (!empty && lineColumn(index.column()).entry == LineEntry::Locked) return gCuloareInfo();
+      return {};
+    case Qt::ForegroundRole:
+      if (lineColumn(index.column()).entry == LineEntry::Locked) return gCuloareInfoText();
+      return {};
+    default:
+      return {};
+  }
+}
+
+QVariant LineModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Horizontal && role == Qt::DisplayRole) return columns_[section].caption;
+  return QAbstractTableModel::headerData(section, orientation, role);
+}
+
+Qt::ItemFlags LineModel::flags(const QModelIndex& index) const {
+  const Qt::ItemFlags base = QAbstractTableModel::flags(index);
+  return editor_.isOpen(static_cast<size_t>(index.row()), lineColumn(index.column()).field)
+             ? base | Qt::ItemIsEditable
+             : base;
+}
+
+DocumentEditor::Verdict LineModel::check(const QModelIndex& index, const QString& typed) const {
+  return editor_.check(lineColumn(index.column()).field, typed, bySupplierCode_());
+}
+
+void LineModel::enter(const QModelIndex& index, const QString& typed) {
+  const LineColumn& column = lineColumn(index.column());
+  if (column.entry == LineEntry::Code) {
+    setArticle(index.row(), typed, {}, bySupplierCode_());
+  } else {
+    editor_.setNumber(static_cast<size_t>(index.row()), column.field, typed);
+    changed(index.row());
+  }
+}
+
+void LineModel::pick(int row, const QString& code, const QString& listText) {
+  setArticle(row, code, listText, false);
+}
+
+void LineModel::setArticle(int row, const QString& code, const QString& listText, bool bySupplierCode) {
+  const bool added = isNewRow(row);
+  editor_.setArticle(static_cast<size_t>(row), code, listText, bySupplierCode);
+  if (added) {
+    // The entry row became the line; a fresh entry row stands behind it.
+    beginInsertRows({}, row + 1, row + 1);
+    endInsertRows();
+  }
+  changed(row);
+}
+
+void LineModel::changed(int row) {
+  emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+  emit totalsChanged();
+}
+
+void LineModel::deleteLine(int row) {
+  editor_.deleteLine(static_cast<size_t>(row));
+  beginRemoveRows({}, row, row);
+  endRemoveRows();
+  emit totalsChanged();
+}
+
+}  // namespace velmar

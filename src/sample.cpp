@@ -1,0 +1,37 @@
+// Makes the sample company in the user's databases folder, so that a newcomer finds something to look at.
+#include <cstdio>
+#include <QCoreApplication>
+
+#include "config/Session.h"
+#include "shell/ApplicationFolder.h"
+#include "shell/Login.h"
+#include "shell/SampleCompany.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+
+namespace {
+
+// Nobody sits in front of this program: what would be a message ends it.
+class NoMessages : public velmar::MessageSink {
+ public:
+  int show(const velmar::Message& message) override { throw velmar::RuleError(message.text); }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QCoreApplication application(argc, argv);
+  QCoreApplication::setApplicationName(QStringLiteral("velmar"));
+  NoMessages sink;
+  velmar::setMessageSink(&sink);
+  try {
+    velmar::prepareApplicationFolder(velmar::defaultApplicationFolder());
+    if (velmar::Login login; login.load()) velmar::makeSampleCompany();
+    return 0;
+  } catch (const velmar::Error& error) {
+    std::fprintf(stderr, "Societatea de exemplu nu a putut fi creata: %s\n", qPrintable(error.text()));
+  } catch (const velmar::Cancelled&) {
+    std::fprintf(stderr, "Baza de date este folosita de alt utilizator.\n");
+  }
+  return 1;
+}

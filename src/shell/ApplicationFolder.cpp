@@ -1,0 +1,71 @@
+#include "shell/ApplicationFolder.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QStandardPaths>
+
+#include "config/Session.h"
+#include "store/DatabaseFiles.h"
+#include "util/Errors.h"
+
+// Outside the namespace, because the resource's own function is.
+static void loadPictures() { Q_INIT_RESOURCE(pictures); }
+
+namespace velmar {
+
+namespace {
+
+constexpr int kFileFailure = 75;
+
+StoreError notWritable(const QString& path) {
+  return StoreError(kFileFailure,
+                    QStringLiteral("%1 nu poate fi scris. Verificati drepturile asupra folderului si spatiul "
+                                   "liber de pe disc.")
+                        .arg(QDir::toNativeSeparators(path)));
+}
+
+void makeFolder(const QString& path) {
+  if (!QDir().mkpath(path)) throw notWritable(path);
+}
+
+// Copies what lies in a folder of the program's resources and is missing outside.
+void addMissingFiles(const QString& resources, const QString& folder) {
+  makeFolder(folder);
+  QDirIterator files(resources, QDir::Files);
+  while (files.hasNext()) {
+    const QString source = files.next();
+    const QString target = QDir(folder).filePath(files.fileName());
+    if (QFile::exists(target)) continue;
+    const QString draft = target + QStringLiteral(".nou");
+    QFile::remove(draft);
+    const bool copied = QFile::copy(source, draft);
+    QFile::setPermissions(draft, QFile::permissions(draft) | QFile::WriteOwner);
+    if (!copied || !QFile::rename(draft, target)) {
+      QFile::remove(draft);
+      throw notWritable(target);
+    }
+  }
+}
+
+}  // namespace
+
+QString defaultApplicationFolder() {
+  return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+}
+
+void prepareApplicationFolder(const QString& folder) {
+  loadPictures();
+  session().gCaleAplicatie = QDir::cleanPath(folder);
+  const QDir dir(folder);
+  makeFolder(dir.path());
+  addMissingFiles(QStringLiteral(":/BMP"), dir.filePath(QStringLiteral("BMP")));
+  addMissingFiles(QStringLiteral(":/lst"), dir.filePath(QStringLiteral("lst")));
+  if (templateIsOutdated(dir.path())) writeTemplate(dir.path());
+}
+
+QString picturePath(const QString& name) {
+  const QString own = QDir(session().gCaleAplicatie).filePath(QStringLiteral("BMP/") + name);
+  return QFile::exists(own) ? own : QStringLiteral(":/BMP/") + name;
+}
+
+}  // namespace velmar

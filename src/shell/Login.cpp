@@ -1,0 +1,85 @@
+#include "shell/Login.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include "config/Session.h"
+#include "shell/Settings.h"
+#include "store/Database.h"
+#include "store/DatabaseFiles.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+
+namespace velmar {
+
+namespace {
+
+void requireUser(const QString& user, const QString& password) {
+  if (OpenRs("SELECT NUME FROM UTILIZATORI WHERE NUME = ?", {user}).isEmpty())
+    throw RuleError(QStringLiteral("Utilizatorul %1 nu exista !").arg(user), QStringLiteral("NUME"),
+                    kCritical);
+  const Recordset found =
+      OpenRs("SELECT TIP FROM UTILIZATORI WHERE NUME = ? AND PAROLA = ?", {user, password});
+  if (found.isEmpty())
+    throw RuleError(QStringLiteral("Parola nu este corecta !"), QStringLiteral("PAROLA"), kCritical);
+  session().gTipUtilizator = static_cast<int>(found.first().integer("TIP"));
+  session().gUtilizator = user.trimmed().toUpper();
+}
+
+}  // namespace
+
+bool Login::load() {
+  const QString stored = settings::databasesPath();
+  if (!stored.isEmpty()) {
+    useFolder(stored);
+    return true;
+  }
+  const QString own = session().gCaleAplicatie;
+  if (!existsInFolder(own, kTemplateName)) return false;
+  useFolder(own);
+  settings::setDatabasesPath(own);
+  return true;
+}
+
+bool Login::chooseFile(const QString& file, const QString& currentNUMEBD) {
+  const QFileInfo chosen(file);
+  const QString title = chosen.fileName().trimmed().toUpper();
+  if (title != currentNUMEBD.toUpper() && title != kTemplateName.toUpper()) return false;
+  useFolder(chosen.absolutePath());
+  settings::setDatabasesPath(session().gCaleBD);
+  return true;
+}
+
+void Login::useFolder(const QString& folder) {
+  companies_ = IncarcaSocietati(folder, session().gDenSocietateNoua);
+  session().gCaleBD = QDir::cleanPath(folder);
+}
+
+void Login::enter(const QString& numeBD, const QString& denumire, const QString& user,
+                  const QString& password, bool forceUpdate) const {
+  if (numeBD.isEmpty()) throw RuleError(QStringLiteral("Va rugam selectati o societate !"), {}, kCritical);
+  Session& s = session();
+  leaveCompany();
+  try {
+    const QString path = pathInFolder(s.gCaleBD, numeBD);
+    setOpenDatabase(Database::open(path));
+    s.gNumeBD = numeBD;
+    s.gDenSocietate = denumire;
+    s.gConexiune = path;
+    if (verificaVersiune_) verificaVersiune_(forceUpdate);
+    requireUser(user, password);
+    s.roster = std::make_unique<RosterEntry>(path, s.gUtilizator);
+    InitParaSoc();
+  } catch (...) {
+    leaveCompany();
+    throw;
+  }
+}
+
+void leaveCompany() {
+  session().roster.reset();
+  setOpenDatabase(nullptr);
+  session().gConexiune.clear();
+}
+
+}  // namespace velmar

@@ -1,0 +1,151 @@
+#include "shell/SampleCompany.h"
+
+#include <algorithm>
+
+#include "catalogue/Articles.h"
+#include "catalogue/Families.h"
+#include "catalogue/Partners.h"
+#include "config/CompanyFiles.h"
+#include "config/CostMethod.h"
+#include "config/Session.h"
+#include "documents/DocumentEditor.h"
+#include "shell/Login.h"
+#include "shell/SampleData.h"
+#include "shell/Warehouses.h"
+#include "store/DatabaseFiles.h"
+#include "util/Clock.h"
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kVouchers = 40;
+constexpr int kDaysBack = 91;
+constexpr int kSampleVat = 19;
+
+// The same figures on every machine.
+class Dice {
+ public:
+  int below(int limit) {
+    state_ = state_ * 6364136223846793005ULL + 1442695040888963407ULL;
+    return static_cast<int>((state_ >> 33) % static_cast<unsigned>(limit));
+  }
+
+ private:
+  quint64 state_ = 20260401;
+};
+
+struct Catalogue {
+  std::vector<qint64> suppliers;
+  QStringList articles;
+};
+
+std::vector<qint64> addFamilies() {
+  std::vector<qint64> codes;
+  for (const SampleFamily& family : sampleFamilies())
+    codes.push_back(addFamily({family.name, "371", "607", "707", family.productStock}));
+  return codes;
+}
+
+std::vector<qint64> addPartners() {
+  std::vector<qint64> suppliers;
+  for (const Partner& partner : samplePartners()) {
+    const qint64 code = addPartner(partner);
+    if (partner.TIP == "F" || partner.TIP == "M") suppliers.push_back(code);
+  }
+  return suppliers;
+}
+
+Catalogue addCatalogue() {
+  const std::vector<qint64> families = addFamilies();
+  Catalogue catalogue{addPartners(), {}};
+  for (size_t f = 0; f < families.size(); ++f) {
+    const SampleFamily& family = sampleFamilies()[f];
+    for (int i = 0; i < family.articles.size(); ++i) {
+      NewArticle article;
+      article.CODART =
+          QStringLiteral("%1%2").arg(family.code, QString::number(i + 1).rightJustified(3, u'0'));
+      article.DENART = family.articles[i];
+      article.CODPRODFUR = QStringLiteral("P%1%2").arg(f + 1).arg(i + 101);
+      article.FAMART = families[f];
+      article.UM = family.unit;
+      article.CODFURNIZO = catalogue.suppliers[(f + static_cast<size_t>(i)) % catalogue.suppliers.size()];
+      article.COTATVA = kSampleVat;
+      article.PROVENIENTA = QStringLiteral("P");
+      addArticle(article);
+      catalogue.articles.append(article.CODART);
+    }
+  }
+  return catalogue;
+}
+
+QHash<QString, QString> voucherHeader(int number, qint64 supplier, const QDate& date) {
+  return {{"NUMNR", QString::number(number)},
+          {"CODFUR", QString::number(supplier)},
+          {"BATVA", QString::number(kSampleVat)},
+          {"OBS", QStringLiteral("Productie %1").arg(date.toString("dd.MM.yyyy"))},
+          {"DATANR", date.toString(Qt::ISODate)}};
+}
+
+// An article comes in at much the same cost each time, a little dearer as the months go by.
+void addLine(DocumentEditor& editor, const QString& article, int position, int voucher, Dice& dice) {
+  const size_t line = editor.setArticle(editor.lines().size(), article);
+  const int bani = 450 + position * 137 + voucher * 3 + dice.below(40);
+  const Decimal cost = Decimal(bani) / 100;
+  editor.setNumber(line, "CANT", QString::number(5 + dice.below(40)));
+  editor.setNumber(line, "PRETFT", cost.toString());
+  editor.setNumber(line, "PRETVA", Round(cost * Decimal(14) / 10, 2).toString());
+}
+
+void addVouchers(const Catalogue& catalogue, const std::function<void(int)>& progress) {
+  const QDate last = clock::today();
+  const QDate first = std::max(session().DataIC, last.addDays(-kDaysBack));
+  const int days = static_cast<int>(first.daysTo(last));
+  Dice dice;
+  DocumentEditor editor("BI");
+  for (int number = 1; number <= kVouchers; ++number) {
+    const QDate date = first.addDays(days * number / kVouchers);
+    const qint64 supplier = catalogue.suppliers[static_cast<size_t>(number) % catalogue.suppliers.size()];
+    const auto header = voucherHeader(number, supplier, date);
+    editor.newDocument();
+    editor.save(header);
+    const int start = dice.below(static_cast<int>(catalogue.articles.size()));
+    for (int i = 0; i < 6; ++i) {
+      const int position = (start + i * 7) % static_cast<int>(catalogue.articles.size());
+      addLine(editor, catalogue.articles[position], position, number, dice);
+    }
+    // The last one waits as a draft for the newcomer to validate.
+    if (number < kVouchers && editor.checkLines()) editor.validate(header);
+    if (progress) progress(100 * number / kVouchers);
+  }
+}
+
+void fill(const std::function<void(int)>& progress) {
+  Login().enter(companyFileName(kSampleCode), "EXEMPLU SRL", "admin", "admin");
+  const Row warehouse = workingWarehouses().first();
+  session().gMagazie = warehouse.integer("COD");
+  session().gDenMagazie = warehouse.text("DENUMIRE");
+  chooseCostMethod("FIFO");
+  addVouchers(addCatalogue(), progress);
+}
+
+}  // namespace
+
+bool makeSampleCompany(const std::function<void(int)>& progress) {
+  const QList<Company> companies = readCompanyList(session().gCaleBD);
+  if (std::any_of(companies.begin(), companies.end(), [](const Company& c) { return c.COD == kSampleCode; }))
+    return false;
+  createCompany(session().gCaleBD, kSampleCode, "EXEMPLU SRL", session().gDenSocietateNoua);
+  try {
+    fill(progress);
+  } catch (...) {
+    leaveCompany();
+    removeCompany(session().gCaleBD, {kSampleCode, "EXEMPLU SRL", companyFileName(kSampleCode)});
+    throw;
+  }
+  leaveCompany();
+  return true;
+}
+
+}  // namespace velmar

@@ -1,0 +1,17 @@
+// A ready company for newcomers, "EXEMPLU SRL": families, partners, articles and three months of vouchers,
+// made by the program's own services the way a user would.
+#pragma once
+
+#include <functional>
+#include <QString>
+
+namespace velmar {
+
+inline const QString kSampleCode = QStringLiteral("02");
+
+/// Makes the sample company in the databases folder `gCaleBD` when code "02" is not in its list yet; gives
+/// whether it was made. Opens the company while it works and leaves none open. `progress` hears the share
+/// done, 0 to 100. Throws StoreError; what was made of the company is then removed.
+bool makeSampleCompany(const std::function<void(int)>& progress = {});
+
+}  // namespace velmar

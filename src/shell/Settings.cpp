@@ -1,0 +1,79 @@
+#include "shell/Settings.h"
+
+#include <QDir>
+#include <QSettings>
+
+#include "util/Errors.h"
+
+namespace velmar::settings {
+
+namespace {
+
+constexpr int kWriteFailure = 75;
+const QString kDatabasesPath = QStringLiteral("Software/TARVON/Setari/DatabasesPath");
+const QString kMainLeft = QStringLiteral("Velmar/Settings/MainLeft");
+const QString kMainTop = QStringLiteral("Velmar/Settings/MainTop");
+const QString kMainWidth = QStringLiteral("Velmar/Settings/MainWidth");
+const QString kMainHeight = QStringLiteral("Velmar/Settings/MainHeight");
+
+QString& folder() {
+  static QString theFolder;
+  return theFolder;
+}
+
+template <typename Work>
+auto withStore(Work&& work) {
+  if (!folder().isEmpty()) {
+    QSettings store(QDir(folder()).filePath(QStringLiteral("velmar.ini")), QSettings::IniFormat);
+    return work(store);
+  }
+  QSettings store(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("velmar"));
+  return work(store);
+}
+
+int number(const QSettings& store, const QString& key, int defaultValue) {
+  bool ok = false;
+  const int value = store.value(key, defaultValue).toInt(&ok);
+  return ok ? value : defaultValue;
+}
+
+}  // namespace
+
+void setFolder(const QString& path) { folder() = path; }
+
+QString databasesPath() {
+  return withStore([](QSettings& store) { return store.value(kDatabasesPath).toString(); });
+}
+
+void setDatabasesPath(const QString& path) {
+  withStore([&path](QSettings& store) {
+    store.setValue(kDatabasesPath, path);
+    store.sync();
+    if (store.status() != QSettings::NoError)
+      throw StoreError(kWriteFailure,
+                       QStringLiteral("Setarile din %1 nu pot fi scrise. Verificati drepturile asupra lor.")
+                           .arg(QDir::toNativeSeparators(store.fileName())));
+  });
+}
+
+MainWindowPlace mainWindowPlace() {
+  return withStore([](QSettings& store) {
+    MainWindowPlace place;
+    place.left = number(store, kMainLeft, place.left);
+    place.top = number(store, kMainTop, place.top);
+    place.width = number(store, kMainWidth, place.width);
+    place.height = number(store, kMainHeight, place.height);
+    return place;
+  });
+}
+
+void setMainWindowPlace(const MainWindowPlace& place) {
+  withStore([&place](QSettings& store) {
+    store.setValue(kMainLeft, place.left);
+    store.setValue(kMainTop, place.top);
+    store.setValue(kMainWidth, place.width);
+    store.setValue(kMainHeight, place.height);
+  });
+}
+
+}  // namespace velmar::settings

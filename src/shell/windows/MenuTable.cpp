@@ -1,0 +1,151 @@
+#include "shell/windows/MenuTable.h"
+
+#include "config/windows/frmConexiuni.h"
+#include "config/windows/frmSocietati.h"
+#include "documents/windows/frmGRILABonIntr.h"
+#include "shell/windows/frmAbout.h"
+
+namespace velmar {
+
+namespace {
+
+template <typename Window>
+QWidget* make(QWidget* parent) {
+  return new Window(parent);
+}
+
+std::vector<MenuEntry> entries() {
+  return {
+      {"mnuFile", "&Societate", Opens::Menu, {}},
+      {"mnuCreare", "C&reare", Opens::One, "frmSocietati", make<frmSocietati>},
+      {"mnuFilemnuSocConf", "&Configurare", Opens::One, "frmParamSoc", nullptr},
+      {"mnuUtilizatori", "&Utilizatori", Opens::One, "frmUtilizatori", nullptr},
+      {"mnuMagazii", "&Magazii", Opens::One, "frmMagazii", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnuFileExit", "&Iesire", Opens::Own, {}},
+
+      {"mnuView", "&Afisare", Opens::Menu, {}},
+      {"mnuViewStatusBar", "&Bara de Stare", Opens::OwnCheck, {}},
+      {"", "", Opens::Separator, {}},
+      {"mnuViewLeftBar", "Bara S&tanga", Opens::OwnCheck, {}},
+      {"mnuViewRightBar", "Bara &Dreapata", Opens::OwnCheck, {}},
+
+      {"mnumnuTabele", "Tabele", Opens::Menu, {}},
+      {"mnuTabeleClienti", "&Clienti", Opens::One, "frmTerti C", nullptr},
+      {"mnuTabeleFurnizori", "&Furnizori", Opens::One, "frmTerti F", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnuTabeleFamArt", "&Familii Articole", Opens::One, "frmFamArticole", nullptr},
+      {"mnuTabeleArticole", "&Articole", Opens::One, "frmArticole", nullptr},
+      {"mnuDiscounturiArt", "&Discounturi Articole", Opens::New, "frmArticoleDiscount", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnumnuTabelemnuTabPC", "&Plan de Conturi", Opens::One, "frmPC", nullptr},
+      {"mnumnuTabelemnuTabTVA", "&TVA", Opens::One, "frmCoteTVA", nullptr},
+      {"mnumnuTabelemnuPrelValuta", "&Valute", Opens::One, "frmValute", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnuJurnale", "&Jurnale", Opens::One, "frmJurnale", nullptr},
+      {"mnuTabeleDocumente", "&Documente", Opens::One, "frmLDoc", nullptr},
+      {"mnuMiscastoc", "&Miscari de stoc", Opens::One, "frmMiscariStoc", nullptr},
+
+      {"mnuCumparari", "&Cumparari", Opens::Menu, {}},
+      {"mnuCumpFactura", "&Factura", Opens::One, "frmGrilaFF", nullptr},
+      {"mnuCumpFacturaImport", "&Factura Import", Opens::One, "frmGrilaFFI", nullptr},
+      {"mnuCumpNIR", "&N.I.R.", Opens::One, "frmGrilaNIR", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnuBonIntr", "&Bon de intrare", Opens::One, "frmGRILABonIntr", make<frmGRILABonIntr>},
+      {"mnuCumpComanda", "&Comanda", Opens::One, "frmGrilaCOMF", nullptr},
+
+      {"mnuVanzari", "&Vanzari", Opens::Menu, {}},
+      {"mnuCasa", "&Casa", Opens::New, "frmGrilaCS", nullptr},
+      {"mnuVanzFactura", "&Factura", Opens::Modal, "frmGrilaFC2", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnuVanzariProforma", "&Proforma", Opens::One, "frmGrilaPRO", nullptr},
+      {"mnuStorno", "Factura &Storno", Opens::One, "frmGRILAStornare", nullptr},
+      {"mnuBonConsum", "&Bon de consum", Opens::One, "frmGRILABonConsum", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnuVanzariAE", "&Aviz de Expeditie", Opens::One, "frmGrilaAE", nullptr},
+      {"mnuVanzariComanda", "&Comanda", Opens::One, "frmGrilaCOMC", nullptr},
+      {"mnuTransfer", "&Document de transfer", Opens::One, "frmGRILADocTransfer", nullptr},
+      {"mnuLine1", "", Opens::Separator, {}},
+      {"mnuComenziAudio", "&Comanda", Opens::New, "frmComandaAudio", nullptr},
+      {"mnuFacturiAudio", "&Factura", Opens::New, "frmFacturaAudio", nullptr},
+      {"mnuBonReparatie", "&Bon de reparatie", Opens::New, "frmGrilaBonReparatie", nullptr},
+
+      {"mnuRap", "&Rapoarte", Opens::Menu, {}},
+      {"mnumnuRapmnuJCT", "Jurnal &Cumparari TVA", Opens::One, "frmRapJCTVA", nullptr},
+      {"mnumnuRapmnuRapJVT", "Jurnal &Vanzari TVA", Opens::One, "frmRapJVTVA", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnuRapComenziClienti", "Comenzi C&lienti", Opens::One, "frmRapComNelivCl", nullptr},
+      {"mnuRapComenziFurnizori", "Comenzi &Furnizori", Opens::One, "frmRapComNelivFr", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnuRapAE", "&Avize Expeditie", Opens::One, "frmRapAE", nullptr},
+      {"mnuRapDisopnibil", "&Disponibil in stoc", Opens::One, "frmRapDisponibil", nullptr},
+      {"mnuRapJurnalStoc", "&Lista de inventariere", Opens::One, "frmRapJStoc", nullptr},
+      {"mnuRapUrmStoc", "&Urmarire Stoc", Opens::One, "frmRapUrmStoc", nullptr},
+      {"mnuRapDescarcare", "Co&stul Vanzarilor", Opens::One, "frmRapDescarcare", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnuRapStaFurn", "Statistici &Furnizori", Opens::One, "frmRapStaFr", nullptr},
+      {"mnuRapStaCL", "Statistici &Clienti", Opens::One, "frmRapStaCl", nullptr},
+      {"mnuRapVanzari", "&Vanzari", Opens::One, "frmRapVanzari", nullptr},
+      {"mnuComisioane", "Comisioane", Opens::New, "frmRapComisioane", nullptr},
+      {"mnuRapIesiri", "&Iesiri din Stoc", Opens::One, "frmRapIesiri", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnuEtichete", "&Etichete articole", Opens::New, "frmArticoleEtichete", nullptr},
+      {"mnuGrafice", "&Grafice", Opens::Modal, "frmGrafice", nullptr},
+
+      {"mnuIntretinere", "&Intretinere", Opens::Menu, {}},
+      {"mnuIntCompactare", "&Compactare", Opens::Command, {}},
+      {"mnuIntSalvare", "&Salvare", Opens::Modal, "frmSalvare", nullptr},
+      {"mnuIntRestaurare", "&Restaurare", Opens::Modal, "frmRestaurare", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnuCorectiiCosturi", "Co&rectii costuri", Opens::Modal, "frmCorectiiCosturi", nullptr},
+      {"nmuCorectieStoc", "Corectii stoc&uri", Opens::Command, {}},
+      {"", "", Opens::Separator, {}},
+      {"mnuActualizarePret", "&Actualizare Preturi de Vanzare", Opens::One, "FrmActPretVanz", nullptr},
+      {"mnuCantE", "Cantitati I&esite", Opens::New, "frmIesiriStoc", nullptr},
+      {"", "", Opens::Separator, {}},
+      {"mnuConexiuni", "&Lista conexiuni", Opens::New, "frmConexiuni", make<frmConexiuni>},
+
+      {"mnuWindow", "&Ferestre", Opens::Menu, {}},
+      {"mnuWindowCascade", "&Cascada", Opens::Own, {}},
+      {"mnuWindowTileHorizontal", "&Orizontal", Opens::Own, {}},
+      {"mnuWindowTileVertical", "&Vertical", Opens::Own, {}},
+
+      {"mnuHelp", "&Help", Opens::Menu, {}},
+      {"mnuHelpContents", "&Continut", Opens::Own, {}},
+      {"", "", Opens::Separator, {}},
+      {"mnuHelpAbout", "&Informatii", Opens::Modal, "frmAbout", make<frmAbout>},
+  };
+}
+
+}  // namespace
+
+const std::vector<MenuEntry>& menuTable() {
+  static const std::vector<MenuEntry> theEntries = entries();
+  return theEntries;
+}
+
+const std::vector<ToolEntry>& toolbarTable() {
+  static const std::vector<ToolEntry> theEntries = {
+      {1, "Configurare ", "Configurare parametrii de lucru ai societatii", "mnuFilemnuSocConf", "settings"},
+      {3, "Clienti", "Lista Clienti", "mnuTabeleClienti", "customers"},
+      {5, "Furnizori", "Lista Furnizori", "mnuTabeleFurnizori", "suppliers"},
+      {7, "Articole", "Lista articole ", "mnuTabeleArticole", "articles"},
+      {10, "Fact. Furn.", "Culegere date din facturi furnizori", "mnuCumpFactura", "invoice-in"},
+      {12, "NIR", "Culegere date din Nota de Intrare Receptie", "mnuCumpNIR", "receipt"},
+      {14, "Fact. Client", "Culegere date din factura client", "mnuVanzFactura", "invoice-out"},
+      {16, "Bon Casa", "Culegere date pentru casa", "mnuCasa", "cash"}};
+  return theEntries;
+}
+
+const std::vector<ToolEntry>& reportToolbarTable() {
+  static const std::vector<ToolEntry> theEntries = {
+      {1, "Stoc disp.", "Disponibil in stoc", "mnuRapDisopnibil", "stock"},
+      {3, "Urmarire stoc", "Urmarire stoc", "mnuRapUrmStoc", "track"},
+      {5, "Inventar", "Lista articolelor ingestiune", "mnuRapJurnalStoc", "inventory"},
+      {7, "Cost Vanzari", "Costul Vanzarilor", "mnuRapDescarcare", "cost"},
+      {9, "Iesiri din Stoc", "Iesiri din Stoc", "mnuRapIesiri", "exit"},
+      {11, "Vanzari", "Raport Vanzari", "mnuRapVanzari", "sales"}};
+  return theEntries;
+}
+
+}  // namespace velmar

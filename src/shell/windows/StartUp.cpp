@@ -1,0 +1,96 @@
+#include "shell/windows/StartUp.h"
+
+#include <QDir>
+#include <QEventLoop>
+#include <QTimer>
+
+#include "config/Session.h"
+#include "shell/ApplicationFolder.h"
+#include "shell/Login.h"
+#include "shell/Settings.h"
+#include "shell/windows/frmLogin.h"
+#include "shell/windows/frmMain.h"
+#include "shell/windows/frmSelMagazie.h"
+#include "shell/windows/frmSplash.h"
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+constexpr int kSplashMs = 2000;
+const QString kStartModule = QStringLiteral("StartUp");
+}  // namespace
+
+StartUp::StartUp(const QString& applicationFolder, QObject* parent) : QObject(parent) {
+  session().gDenSocietateNoua = QStringLiteral("00");
+  guarded(kStartModule, "prepareApplicationFolder",
+          [&applicationFolder] { prepareApplicationFolder(applicationFolder); });
+}
+
+StartUp::~StartUp() {
+  mainWindow_.reset();
+  leaveCompany();
+}
+
+void StartUp::run() {
+  showSplash();
+  session().gCaleBD = settings::databasesPath();
+  {
+    frmLogin login;
+    login.exec();
+    if (!login.LoginSucceeded()) {
+      end();
+      return;
+    }
+  }
+  guarded(kStartModule, "IncarcaSerii", [] { IncarcaSerii(); });
+  showWarehouses();
+}
+
+void StartUp::showSplash() {
+  frmSplash splash;
+  splash.show();
+  QEventLoop wait;
+  QTimer::singleShot(kSplashMs, &wait, &QEventLoop::quit);
+  wait.exec();
+}
+
+bool StartUp::openCompany(const QString& folder, const QString& numeBD, const QString& denumire,
+                          const QString& user, const QString& password) {
+  return guarded("frmLogin", "cmdOK_Click", [&] {
+    session().gCaleBD = QDir::cleanPath(folder);
+    Login().enter(numeBD, denumire, user, password);
+    IncarcaSerii();
+  });
+}
+
+void StartUp::showWarehouses() {
+  auto* dialog = new frmSelMagazie;
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  connect(dialog, &frmSelMagazie::warehouseChosen, this, [this](qint64 code, const QString& name) {
+    chooseWarehouse(code, name);
+    guarded(kStartModule, "DeschideFereastraPrincipala", [this] { DeschideFereastraPrincipala(); });
+  });
+  connect(dialog, &QDialog::rejected, this, &StartUp::end);
+  dialog->show();
+}
+
+void StartUp::chooseWarehouse(qint64 code, const QString& name) {
+  session().gMagazie = code;
+  session().gDenMagazie = name;
+}
+
+void StartUp::DeschideFereastraPrincipala() {
+  mainWindow_.reset();
+  mainWindow_ = std::make_unique<frmMain>();
+  connect(mainWindow_.get(), &frmMain::closed, this, &StartUp::end, Qt::QueuedConnection);
+  mainWindow_->show();
+}
+
+void StartUp::end() {
+  mainWindow_.reset();
+  leaveCompany();
+  emit ended();
+}
+
+}  // namespace velmar

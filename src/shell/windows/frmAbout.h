@@ -1,0 +1,14 @@
+// What program this is, and its version.
+#pragma once
+
+#include <QDialog>
+
+namespace velmar {
+
+class frmAbout : public QDialog {
+  Q_OBJECT
+ public:
+  explicit frmAbout(QWidget* parent = nullptr);
+};
+
+}  // namespace velmar

@@ -1,0 +1,349 @@
+#include "shell/windows/frmMain.h"
+
+#include <algorithm>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDialog>
+#include <QDir>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QPainter>
+#include <QPointer>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QUrl>
+
+#include "config/Session.h"
+#include "shell/Settings.h"
+#include "shell/windows/MenuTable.h"
+#include "util/Clock.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+#include "util/NumberText.h"
+#include "util/windows/Look.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kClockMs = 1000;
+constexpr const char* kWindowKey = "windowKey";
+const QString kForm = QStringLiteral("frmMain");
+
+frmMain* theMainWindow = nullptr;
+
+// An empty area says how to begin.
+class ChildArea : public QMdiArea {
+ public:
+  using QMdiArea::QMdiArea;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QMdiArea::paintEvent(event);
+    if (!subWindowList().isEmpty()) return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12), Qt::AlignCenter | Qt::TextWordWrap,
+                     QStringLiteral("Alegeti o comanda din meniu sau de pe barele laterale."));
+  }
+};
+
+}  // namespace
+
+frmMain* gFormaPrincipala() { return theMainWindow; }
+
+frmMain::frmMain() : area_(new ChildArea) {
+  theMainWindow = this;
+  setWindowHost(this);
+  setObjectName(kForm);
+  setCentralWidget(area_);
+  setContextMenuPolicy(Qt::PreventContextMenu);
+  area_->setBackground(palette().window().color().darker(106));
+  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  connect(area_, &QMdiArea::subWindowActivated, area_->viewport(), qOverload<>(&QWidget::update));
+  buildMenu();
+  toolbar_ = buildToolBar("Toolbar", "Bara Stanga", Qt::LeftToolBarArea, toolbarTable());
+  toolbarRap_ = buildToolBar("ToolbarRap", "Bara Dreapta", Qt::RightToolBarArea, reportToolbarTable());
+  buildStatusBar();
+  placeWindow();
+  showHearingEntries();
+  applyRights();
+  setWindowTitle(QStringLiteral("Tarvon Velmar  - ") + session().gDenSocietate);
+}
+
+frmMain::~frmMain() {
+  setWindowHost(nullptr);
+  theMainWindow = nullptr;
+}
+
+void frmMain::buildMenu() {
+  QMenu* menu = nullptr;
+  for (const MenuEntry& entry : menuTable()) {
+    if (entry.opens == Opens::Menu) {
+      menu = menuBar()->addMenu(entry.caption);
+      menu->setObjectName(entry.name);
+      menu->menuAction()->setObjectName(entry.name);
+      actions_.insert(entry.name, menu->menuAction());
+    } else {
+      actions_.insert(entry.name, addEntry(menu, entry));
+    }
+  }
+  actions_.remove(QString());
+  actions_[QStringLiteral("mnuHelpContents")]->setShortcut(QKeySequence(Qt::Key_F1));
+  connect(actions_[QStringLiteral("mnuWindow")]->menu(), &QMenu::aboutToShow, this,
+          &frmMain::listChildWindows);
+}
+
+QAction* frmMain::addEntry(QMenu* menu, const MenuEntry& entry) {
+  if (entry.opens == Opens::Separator) {
+    QAction* separator = menu->addSeparator();
+    separator->setObjectName(entry.name);
+    return separator;
+  }
+  QAction* action = menu->addAction(entry.caption);
+  action->setObjectName(entry.name);
+  if (entry.opens == Opens::OwnCheck) {
+    action->setCheckable(true);
+    action->setChecked(true);
+  }
+  const bool own = entry.opens == Opens::Own || entry.opens == Opens::OwnCheck;
+  action->setEnabled(own || entry.make || entry.run);
+  connect(action, &QAction::triggered, this, [this, &entry] { runEntry(entry); });
+  return action;
+}
+
+void frmMain::runEntry(const MenuEntry& entry) {
+  guarded(kForm, entry.name + QStringLiteral("_Click"), [&] {
+    if (entry.name == QStringLiteral("mnuCasa")) hideToolBars();
+    switch (entry.opens) {
+      case Opens::One:
+        showOne(entry.window, [&entry] { return entry.make(nullptr); });
+        break;
+      case Opens::New:
+        showChild(entry.make(nullptr));
+        break;
+      case Opens::Modal:
+        runModal(entry);
+        break;
+      case Opens::Command:
+        entry.run();
+        break;
+      case Opens::Own:
+      case Opens::OwnCheck:
+        runOwn(entry.name);
+        break;
+      case Opens::Menu:
+      case Opens::Separator:
+        break;
+    }
+  });
+}
+
+void frmMain::runModal(const MenuEntry& entry) {
+  const std::unique_ptr<QWidget> window(entry.make(this));
+  auto* dialog = qobject_cast<QDialog*>(window.get());
+  Q_ASSERT_X(dialog, "frmMain", "a modal window is a QDialog");
+  dialog->exec();
+}
+
+void frmMain::runOwn(const QString& name) {
+  const auto checked = [this, &name] { return actions_[name]->isChecked(); };
+  if (name == QStringLiteral("mnuFileExit")) close();
+  if (name == QStringLiteral("mnuViewStatusBar")) statusBar()->setVisible(checked());
+  if (name == QStringLiteral("mnuViewLeftBar")) toolbar_->setVisible(checked());
+  if (name == QStringLiteral("mnuViewRightBar")) toolbarRap_->setVisible(checked());
+  if (name == QStringLiteral("mnuWindowCascade")) area_->cascadeSubWindows();
+  if (name == QStringLiteral("mnuWindowTileHorizontal")) tile(Qt::Horizontal);
+  if (name == QStringLiteral("mnuWindowTileVertical")) tile(Qt::Vertical);
+  if (name == QStringLiteral("mnuHelpContents")) showHelp();
+}
+
+QToolBar* frmMain::buildToolBar(const QString& name, const QString& title, Qt::ToolBarArea area,
+                                const std::vector<ToolEntry>& entries) {
+  auto* bar = new QToolBar(title);
+  bar->setObjectName(name);
+  bar->setMovable(false);
+  bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  for (const ToolEntry& entry : entries) {
+    if (entry.index > 1) bar->addSeparator();
+    const auto command =
+        std::find_if(menuTable().begin(), menuTable().end(),
+                     [&entry](const MenuEntry& each) { return each.name == entry.menuEntry; });
+    QAction* action = bar->addAction(icon(entry.icon), entry.caption);
+    action->setObjectName(QStringLiteral("%1(%2)").arg(name).arg(entry.index));
+    action->setProperty("index", entry.index);
+    action->setToolTip(entry.toolTip);
+    action->setEnabled(command->make || command->run);
+    // The rights of a user act on the menu alone.
+    connect(action, &QAction::triggered, this, [this, &menuEntry = *command] { runEntry(menuEntry); });
+  }
+  addToolBar(area, bar);
+  return bar;
+}
+
+void frmMain::buildStatusBar() {
+  QStatusBar* bar = statusBar();
+  bar->setObjectName(QStringLiteral("sbStatusBar"));
+  auto* userPanel = new QLabel(
+      QStringLiteral("Utilizator:%1--Denumire magazie:%2").arg(session().gUtilizator, session().gDenMagazie));
+  userPanel->setTextFormat(Qt::PlainText);
+  datePanel_ = new QLabel;
+  timePanel_ = new QLabel;
+  int number = 0;
+  for (QLabel* panel : {userPanel, datePanel_, timePanel_}) {
+    panel->setObjectName(QStringLiteral("sbStatusBar(%1)").arg(++number));
+    panel->setContentsMargins(6, 0, 6, 0);
+    bar->addPermanentWidget(panel, panel == userPanel ? 1 : 0);
+  }
+  auto* timer = new QTimer(this);
+  connect(timer, &QTimer::timeout, this, &frmMain::showDateAndTime);
+  timer->start(kClockMs);
+  showDateAndTime();
+}
+
+void frmMain::showDateAndTime() {
+  datePanel_->setText(formatDate(clock::today()));
+  timePanel_->setText(clock::now().toString(QStringLiteral("HH:mm")));
+}
+
+void frmMain::placeWindow() {
+  const settings::MainWindowPlace place = settings::mainWindowPlace();
+  QRect wanted(place.left / settings::kTwipsPerPixel, place.top / settings::kTwipsPerPixel,
+               place.width / settings::kTwipsPerPixel, place.height / settings::kTwipsPerPixel);
+  // The screen on which it stood may be gone.
+  const QScreen* screen = QApplication::screenAt(wanted.topLeft());
+  const QRect room = (screen ? screen : QApplication::primaryScreen())->availableGeometry();
+  wanted.setSize(wanted.size().boundedTo(room.size()));
+  if (!screen) wanted.moveTopLeft(room.topLeft());
+  move(wanted.topLeft());
+  resize(wanted.size());
+}
+
+void frmMain::storePlace() const {
+  if (isMinimized()) return;
+  settings::setMainWindowPlace({x() * settings::kTwipsPerPixel, y() * settings::kTwipsPerPixel,
+                                width() * settings::kTwipsPerPixel, height() * settings::kTwipsPerPixel});
+}
+
+void frmMain::showHearingEntries() {
+  const bool hearing = session().ModAudio;
+  for (const char* name :
+       {"mnuComenziAudio", "mnuFacturiAudio", "mnuBonReparatie", "mnuLine1", "mnuComisioane"})
+    actions_[QString::fromLatin1(name)]->setVisible(hearing);
+  for (const char* name : {"mnuVanzariComanda", "mnuVanzFactura", "mnuStorno", "mnuBonConsum"})
+    actions_[QString::fromLatin1(name)]->setVisible(!hearing);
+}
+
+void frmMain::applyRights() {
+  const int type = session().gTipUtilizator;
+  QStringList refused;
+  if (type != 0)
+    refused << "mnuCreare"
+            << "mnuFilemnuSocConf"
+            << "mnuUtilizatori"
+            << "mnuMagazii"
+            << "mnuIntretinere";
+  if (type != 0 && type != 1)
+    refused << "mnumnuTabele"
+            << "mnuCumparari"
+            << "mnuVanzari";
+  for (const QString& name : refused) actions_[name]->setEnabled(false);
+}
+
+void frmMain::hideToolBars() {
+  toolbar_->hide();
+  toolbarRap_->hide();
+  actions_[QStringLiteral("mnuViewLeftBar")]->setChecked(false);
+  actions_[QStringLiteral("mnuViewRightBar")]->setChecked(false);
+}
+
+void frmMain::showChild(QWidget* window) {
+  QMdiSubWindow* child = area_->addSubWindow(window);
+  child->setAttribute(Qt::WA_DeleteOnClose);
+  child->setWindowIcon(windowIcon());
+  child->resize(child->sizeHint().boundedTo(area_->viewport()->size()));
+  child->show();
+  window->setFocus();
+}
+
+QWidget* frmMain::showOne(const QString& key, const std::function<QWidget*()>& make) {
+  for (QMdiSubWindow* child : area_->subWindowList()) {
+    if (child->widget()->property(kWindowKey).toString() != key) continue;
+    activateChild(child);
+    return child->widget();
+  }
+  QWidget* window = make();
+  window->setProperty(kWindowKey, key);
+  showChild(window);
+  return window;
+}
+
+void frmMain::activateChild(QMdiSubWindow* child) {
+  if (child->isMinimized()) child->showNormal();
+  area_->setActiveSubWindow(child);
+}
+
+void frmMain::listChildWindows() {
+  qDeleteAll(windowList_);
+  windowList_.clear();
+  QMenu* menu = actions_[QStringLiteral("mnuWindow")]->menu();
+  const QList<QMdiSubWindow*> children = area_->subWindowList();
+  if (children.isEmpty()) return;
+  windowList_.append(menu->addSeparator());
+  for (qsizetype i = 0; i < children.size(); ++i) {
+    QMdiSubWindow* child = children[i];
+    const QString mnemonic = i < 9 ? QStringLiteral("&%1 ").arg(i + 1) : QString();
+    QString title = child->windowTitle();
+    QAction* action = menu->addAction(mnemonic + title.replace(QLatin1Char('&'), QStringLiteral("&&")));
+    action->setCheckable(true);
+    action->setChecked(child == area_->activeSubWindow());
+    connect(action, &QAction::triggered, child, [this, child] { activateChild(child); });
+    windowList_.append(action);
+  }
+}
+
+void frmMain::tile(Qt::Orientation orientation) {
+  QList<QMdiSubWindow*> children;
+  for (QMdiSubWindow* child : area_->subWindowList())
+    if (child->isVisible() && !child->isMinimized()) children.append(child);
+  const QSize room = area_->viewport()->size();
+  const int count = static_cast<int>(children.size());
+  for (int i = 0; i < count; ++i) {
+    children[i]->showNormal();
+    children[i]->setGeometry(orientation == Qt::Horizontal
+                                 ? QRect(0, room.height() * i / count, room.width(), room.height() / count)
+                                 : QRect(room.width() * i / count, 0, room.width() / count, room.height()));
+  }
+}
+
+void frmMain::showHelp() {
+  const QString file = QDir(session().gCaleAplicatie).filePath(QStringLiteral("Velmar.chm"));
+  QString error;
+  if (!QFile::exists(file))
+    error = QStringLiteral("Fisierul %1 nu exista.").arg(QDir::toNativeSeparators(file));
+  else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file)))
+    error = QStringLiteral("Nu exista un program care sa deschida fisierul %1.")
+                .arg(QDir::toNativeSeparators(file));
+  if (!error.isEmpty()) Mesaj(QStringLiteral("No help file!!! ") + error);
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+  area_->closeAllSubWindows();
+  const QList<QMdiSubWindow*> children = area_->subWindowList();
+  if (std::any_of(children.begin(), children.end(),
+                  [](const QMdiSubWindow* child) { return child->isVisible(); })) {
+    event->ignore();
+    return;
+  }
+  storePlace();
+  QMainWindow::closeEvent(event);
+  emit closed();
+}
+
+}  // namespace velmar

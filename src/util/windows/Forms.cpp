@@ -1,0 +1,66 @@
+#include "util/windows/Forms.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QPushButton>
+
+namespace velmar {
+
+namespace {
+
+// Sees the keys that the form's controls did not want.
+class FormKeys : public QObject {
+ public:
+  FormKeys(QWidget* form, QPushButton* defaultButton, QPushButton* exitButton)
+      : QObject(form), defaultButton_(defaultButton), exitButton_(exitButton) {
+    form->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_Escape && key->modifiers() == Qt::NoModifier) return press(exitButton_);
+    if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+      QWidget* focused = QApplication::focusWidget();
+      if (auto* button = qobject_cast<QPushButton*>(focused)) return press(button);
+      if (qobject_cast<QLineEdit*>(focused)) return press(defaultButton_);
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  static bool press(QPushButton* button) {
+    if (!button) return false;
+    button->click();
+    return true;
+  }
+
+  QPushButton* defaultButton_;
+  QPushButton* exitButton_;
+};
+
+}  // namespace
+
+void closeForm(QWidget* form) {
+  if (auto* child = qobject_cast<QMdiSubWindow*>(form->parentWidget()))
+    child->close();
+  else
+    form->close();
+}
+
+void setUpExitButton(QPushButton* button, QWidget* form) {
+  button->setToolTip(QStringLiteral("Inchidere fereastra"));
+  QObject::connect(button, &QPushButton::clicked, form, [form] { closeForm(form); });
+}
+
+void setUpKeys(QWidget* form, QPushButton* defaultButton, QPushButton* exitButton) {
+  new FormKeys(form, defaultButton, exitButton);
+}
+
+Hourglass::Hourglass() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+
+Hourglass::~Hourglass() { QApplication::restoreOverrideCursor(); }
+
+}  // namespace velmar

@@ -1,0 +1,30 @@
+// What a text box takes: the characters it swallows, and upper case as they come. Pasted text is treated
+// alike.
+#pragma once
+
+#include <QValidator>
+
+class QLineEdit;
+
+namespace velmar {
+
+class KeyFilter : public QValidator {
+  Q_OBJECT
+ public:
+  enum Option { NoQuote = 1, NoBlank = 2, UpperCase = 4 };
+  Q_DECLARE_FLAGS(Options, Option)
+
+  KeyFilter(Options options, QObject* parent) : QValidator(parent), options_(options) {}
+
+  /// Filters what is typed into `box`.
+  static void install(QLineEdit* box, Options options = NoQuote);
+
+  State validate(QString& input, int& position) const override;
+
+ private:
+  Options options_;
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(KeyFilter::Options)
+
+}  // namespace velmar

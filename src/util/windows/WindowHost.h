@@ -1,0 +1,25 @@
+// Where windows open: the main window, as the windows of the other subsystems see it.
+#pragma once
+
+#include <functional>
+#include <QWidget>
+
+namespace velmar {
+
+class WindowHost {
+ public:
+  virtual ~WindowHost() = default;
+
+  /// Shows a new child window, which belongs to the host from then on.
+  virtual void showChild(QWidget* window) = 0;
+
+  /// Brings the child window of that key to the front, and makes it first when it does not stand yet. The key
+  /// is the window's name, with the kind behind it where several kinds of a window stand side by side.
+  virtual QWidget* showOne(const QString& key, const std::function<QWidget*()>& make) = 0;
+};
+
+/// The host of this process; null before the main window opens.
+WindowHost* windowHost();
+void setWindowHost(WindowHost* host);
+
+}  // namespace velmar
