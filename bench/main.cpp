@@ -15,6 +15,7 @@ const Bench kBenches[] = {
     {"voucher", velmar::bench::measureVouchers},
     {"plans", velmar::bench::checkPlans},
     {"articles", velmar::bench::measureArticles},
+    {"start", velmar::bench::measureStart},
 };
 
 bool isKnown(const QString& name) {
@@ -25,6 +26,8 @@ bool isKnown(const QString& name) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 3 && argv[1] == velmar::bench::kStartOption)
+    return velmar::bench::runStartedProgram(argc, argv, QString::fromLocal8Bit(argv[2]));
   const QCoreApplication application(argc, argv);
   const QStringList names = QCoreApplication::arguments().mid(1);
   for (const QString& name : names)
