@@ -31,33 +31,43 @@ double validated(const QString& number) {
   return timed([&] { editor.validate(typed); });
 }
 
-// One size of company, its two files, and the times by the number of lines.
-struct Contest {
-  explicit Contest(CompanySize size, const QString& name)
-      : path(copyOfCompany(size, name + QStringLiteral("-noi.mdb"))),
-        colleague(path),
-        bare(copyOfCompany(size, name + QStringLiteral("-sqlite.mdb"))) {
+// A company's file, kept in use by a colleague, so that closing it does not empty its journal.
+struct File {
+  explicit File(const QString& file) : path(file), colleague(file) {
     colleague.run("SELECT VERSIUNE FROM kt_info");
   }
 
-  // A few rounds in a row; the first after opening the company is not counted.
+  QString path;
+  BareConnection colleague;
+};
+
+// One size of company, its two files, and the times by the number of lines.
+struct Contest {
+  explicit Contest(CompanySize size, const QString& name)
+      : mine(copyOfCompany(size, name + QStringLiteral("-noi.mdb"))),
+        theirs(copyOfCompany(size, name + QStringLiteral("-sqlite.mdb"))) {}
+
+  // A few rounds in a row; the first after opening the files is not counted. Who begins changes, since what
+  // follows a write to the disk may start in its shadow.
   void measureBlock() {
-    const OpenCompany company(path);
+    const OpenCompany company(mine.path);
+    BareVoucher bare(theirs.path);
     for (int round = 0; round <= kBlock; ++round, ++draft)
       for (const int lines : kSizes) {
         const QString number = draftNumber(lines, draft);
-        const double ours = validated(number);
-        const double theirs = timed([&] { bare.validate(number); });
+        const auto validatedBare = [&] { return timed([&] { bare.validate(number); }); };
+        const bool bareBegins = draft % 2 == 1;
+        double bareTime = bareBegins ? validatedBare() : 0;
+        const double ourTime = validated(number);
+        if (!bareBegins) bareTime = validatedBare();
         if (round == 0) continue;
-        pairs[lines].ours.add(ours);
-        pairs[lines].bare.add(theirs);
+        pairs[lines].ours.add(ourTime);
+        pairs[lines].bare.add(bareTime);
       }
   }
 
-  QString path;
-  BareConnection
-      colleague;  ///< keeps the file in use, so that closing the company does not empty its journal
-  BareVoucher bare;
+  File mine;
+  File theirs;
   int draft = 0;
   QHash<int, Pair> pairs;
 };
