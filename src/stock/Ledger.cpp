@@ -47,25 +47,15 @@ QHash<QString, ArticleFigures> readFigures(const QStringList& codes) {
 }
 
 void writeFigures(const QStringList& codes, const QHash<QString, ArticleFigures>& figures) {
-  constexpr int kMost = 100;
-  QStringList settings;
-  for (const QString& column : kFigureColumns) settings.append(QStringLiteral("%1 = new.%1").arg(column));
-  const QString row = QStringLiteral("(%1)").arg(marks(static_cast<int>(kFigureColumns.size()) + 1));
-  for (int from = 0; from < codes.size(); from += kMost) {
-    const QStringList part = codes.mid(from, kMost);
-    Values values;
-    for (const QString& code : part) {
-      const ArticleFigures& f = figures[code];
-      for (const Value& value : Values{code, f.STOC, f.COST, f.ADAOS, f.PRETVFT, f.PRETVTTI})
-        values.push_back(value);
-    }
-    database().execute(QStringLiteral("WITH new (CODART, %1) AS (VALUES %2) UPDATE G_ARTMAG SET %3 FROM new "
-                                      "WHERE G_ARTMAG.CODART = new.CODART")
-                           .arg(kFigureColumns.join(QStringLiteral(", ")),
-                                QStringList(static_cast<int>(part.size()), row).join(QStringLiteral(", ")),
-                                settings.join(QStringLiteral(", "))),
-                       values);
+  std::vector<Values> rows;
+  rows.reserve(static_cast<size_t>(codes.size()));
+  for (const QString& code : codes) {
+    const ArticleFigures& f = figures[code];
+    rows.push_back({f.STOC, f.COST, f.ADAOS, f.PRETVFT, f.PRETVTTI, code});
   }
+  database().executeEach(QStringLiteral("UPDATE G_ARTMAG SET %1 = ? WHERE CODART = ?")
+                             .arg(kFigureColumns.join(QStringLiteral(" = ?, "))),
+                         rows);
 }
 
 }  // namespace

@@ -2,12 +2,11 @@
 
 #include <optional>
 #include <QElapsedTimer>
-#include <QSet>
 #include <QSqlQuery>
-#include <QSqlRecord>
 #include <QThread>
 
 #include "store/Sqlite.h"
+#include "store/SqliteStatement.h"
 #include "util/Messages.h"
 
 namespace velmar {
@@ -17,7 +16,6 @@ namespace {
 constexpr int kLockWaitMs = 5000;
 constexpr int kLockPauseMs = 20;
 constexpr int kPreparedLimit = 200;
-constexpr int kBoundLimit = 900;  // values in one statement that every engine takes
 const QString kWaitQuestion = QStringLiteral(
     "Baza de date este folosita in acest moment de alt utilizator.\r\nDoriti sa mai asteptati ?");
 
@@ -30,7 +28,7 @@ struct Database::Engine {
   QString path;
   QString name;
   QSqlDatabase connection;
-  QHash<QString, std::shared_ptr<QSqlQuery>> prepared;
+  QHash<QString, std::shared_ptr<sqlite::Statement>> prepared;
   int depth = 0;
   bool recording = false;
   QStringList recorded;
@@ -58,27 +56,14 @@ struct Database::Engine {
     if (!query.exec(text)) throw sqlite::describe(query.lastError(), path);
   }
 
-  std::shared_ptr<QSqlQuery> prepare(const QString& sql) {
+  std::shared_ptr<sqlite::Statement> prepare(const QString& sql) {
     if (recording && !recorded.contains(sql)) recorded.append(sql);
     const auto known = prepared.constFind(sql);
     if (known != prepared.cend()) return *known;
     if (prepared.size() >= kPreparedLimit) prepared.clear();
-    auto query = std::make_shared<QSqlQuery>(connection);
-    query->setForwardOnly(true);
-    if (!query->prepare(sql)) throw sqlite::describe(query->lastError(), path);
-    prepared.insert(sql, query);
-    return query;
-  }
-
-  std::shared_ptr<QSqlQuery> start(const QString& sql, const Values& values) {
-    auto query = prepare(sql);
-    for (size_t i = 0; i < values.size(); ++i) query->bindValue(static_cast<int>(i), values[i].data());
-    if (!query->exec()) {
-      const StoreError error = sqlite::describe(query->lastError(), path);
-      query->finish();
-      throw error;
-    }
-    return query;
+    auto statement = std::make_shared<sqlite::Statement>(sqlite::handleOf(connection), sql, path);
+    prepared.insert(sql, statement);
+    return statement;
   }
 
   void beginWrite() {
@@ -109,55 +94,42 @@ std::unique_ptr<Database> Database::create(const QString& path) {
 const QString& Database::path() const { return engine_->path; }
 
 Recordset Database::query(const QString& sql, const Values& values) {
-  const auto query = engine_->start(sql, values);
-  const QSqlRecord record = query->record();
-  const int width = record.count();
-  QStringList names;
-  names.reserve(width);
-  for (int i = 0; i < width; ++i) names.append(record.fieldName(i));
-  Recordset result(std::make_shared<Columns>(names));
-  while (query->next()) {
-    std::vector<QVariant> cells(static_cast<size_t>(width));
-    for (int i = 0; i < width; ++i) cells[static_cast<size_t>(i)] = query->value(i);
+  const auto statement = engine_->prepare(sql);
+  statement->bind(values);
+  bool onRow = statement->step();
+  Recordset result(statement->columns());
+  const int width = static_cast<int>(result.columns().size());
+  for (; onRow; onRow = statement->step()) {
+    std::vector<QVariant> cells;
+    cells.reserve(static_cast<size_t>(width));
+    for (int i = 0; i < width; ++i) cells.push_back(statement->value(i));
     result.append(std::move(cells));
   }
-  const QSqlError error = query->lastError();
-  query->finish();
-  if (error.isValid()) throw sqlite::describe(error, engine_->path);
+  statement->reset();
   return result;
 }
 
-int Database::execute(const QString& sql, const Values& values) {
-  if (!inTransaction()) {
-    Transaction own(*this);
-    const int changed = execute(sql, values);
-    own.commit();
-    return changed;
+int Database::execute(const QString& sql, const Values& values) { return executeEach(sql, {values}); }
+
+int Database::executeEach(const QString& sql, const std::vector<Values>& rows) {
+  std::optional<Transaction> own;
+  if (!inTransaction()) own.emplace(*this);
+  int changed = 0;
+  const auto statement = engine_->prepare(sql);
+  for (const Values& values : rows) {
+    statement->bind(values);
+    changed += statement->run();
   }
-  const auto query = engine_->start(sql, values);
-  const int changed = query->numRowsAffected();
-  query->finish();
+  if (own) own->commit();
   return changed;
 }
 
 void Database::insertRows(const QString& table, const QStringList& columns, const std::vector<Values>& rows) {
   if (rows.empty()) return;
-  std::optional<Transaction> own;
-  if (!inTransaction()) own.emplace(*this);
-  const QString head =
-      QStringLiteral("INSERT INTO %1 (%2) VALUES ").arg(table, columns.join(QStringLiteral(", ")));
-  const QString marks = QStringLiteral("(") +
-                        QStringList(columns.size(), QStringLiteral("?")).join(QStringLiteral(", ")) +
-                        QStringLiteral(")");
-  const size_t most = std::max<size_t>(1, static_cast<size_t>(kBoundLimit / columns.size()));
-  for (size_t from = 0; from < rows.size(); from += most) {
-    const size_t count = std::min(most, rows.size() - from);
-    Values values;
-    values.reserve(count * static_cast<size_t>(columns.size()));
-    for (size_t i = from; i < from + count; ++i) values.insert(values.end(), rows[i].begin(), rows[i].end());
-    execute(head + QStringList(static_cast<int>(count), marks).join(QStringLiteral(", ")), values);
-  }
-  if (own) own->commit();
+  executeEach(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+                  .arg(table, columns.join(QStringLiteral(", ")),
+                       QStringList(columns.size(), QStringLiteral("?")).join(QStringLiteral(", "))),
+              rows);
 }
 
 bool Database::hasTable(const QString& table) {
@@ -167,11 +139,11 @@ bool Database::hasTable(const QString& table) {
 bool Database::inTransaction() const { return engine_->depth > 0; }
 
 QStringList Database::queryPlan(const QString& sql) {
+  constexpr int kDetail = 3;
+  sqlite::Statement plan(sqlite::handleOf(engine_->connection), QStringLiteral("EXPLAIN QUERY PLAN ") + sql,
+                         path());
   QStringList steps;
-  QSqlQuery plan(engine_->connection);
-  if (!plan.exec(QStringLiteral("EXPLAIN QUERY PLAN ") + sql))
-    throw sqlite::describe(plan.lastError(), path());
-  while (plan.next()) steps.append(plan.value(3).toString());
+  while (plan.step()) steps.append(plan.value(kDetail).toString());
   return steps;
 }
 

@@ -33,13 +33,16 @@ class Database {
   /// one of its own.
   int execute(const QString& sql, const Values& values = {});
 
-  /// Inserts rows with as few statements as the engine takes. Every row has a value for each column.
+  /// Runs a statement once for each row of values, all in one transaction; gives the number of rows changed.
+  int executeEach(const QString& sql, const std::vector<Values>& rows);
+
+  /// Inserts rows. Every row has a value for each column.
   void insertRows(const QString& table, const QStringList& columns, const std::vector<Values>& rows);
 
   bool hasTable(const QString& table);
   bool inTransaction() const;
 
-  /// The engine's plan of a statement, one step a line.
+  /// The engine's plan of a statement, whose values need not be known, one step a line.
   QStringList queryPlan(const QString& sql);
 
   /// Texts of the statements run since the last call, each once; recording starts with the first call.

@@ -1,9 +1,11 @@
 #include "store/Sqlite.h"
 
 #include <sqlite3.h>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QSqlDriver>
 #include <QSqlQuery>
+#include <QThread>
 #include <QUrl>
 #include <QVariant>
 #include <string_view>
@@ -13,6 +15,9 @@
 namespace velmar::sqlite {
 
 namespace {
+
+constexpr int kOpenWaitMs = 5000;
+constexpr int kOpenPauseMs = 20;
 
 // The engine's primary result codes that a user can do something about.
 QString advice(int code) {
@@ -60,15 +65,27 @@ void isNumeric(sqlite3_context* context, int, sqlite3_value** arguments) {
 }
 
 void registerFunctions(const QSqlDatabase& connection) {
-  auto* handle = *static_cast<sqlite3* const*>(connection.driver()->handle().constData());
+  sqlite3* handle = handleOf(connection);
   constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
   sqlite3_create_function(handle, "ROUND_EVEN", 2, kFlags, nullptr, roundEven, nullptr, nullptr);
   sqlite3_create_function(handle, "IS_NUMERIC", 1, kFlags, nullptr, isNumeric, nullptr, nullptr);
 }
 
+bool isBusy(const QSqlError& error) {
+  const int code = error.nativeErrorCode().toInt() & 0xff;
+  return code == SQLITE_BUSY || code == SQLITE_LOCKED;
+}
+
+// The last process to leave a file locks it for a moment while it puts it in order: that is worth waiting
+// for.
 QVariant pragma(const QSqlDatabase& connection, const QString& text, const QString& path) {
   QSqlQuery query(connection);
-  if (!query.exec(QStringLiteral("PRAGMA ") + text)) throw describe(query.lastError(), path);
+  QElapsedTimer waited;
+  waited.start();
+  while (!query.exec(QStringLiteral("PRAGMA ") + text)) {
+    if (!isBusy(query.lastError()) || waited.elapsed() > kOpenWaitMs) throw describe(query.lastError(), path);
+    QThread::msleep(kOpenPauseMs);
+  }
   return query.next() ? query.value(0) : QVariant();
 }
 
@@ -82,6 +99,10 @@ void requireOurFormat(const QSqlDatabase& connection, const QString& path) {
 }
 
 }  // namespace
+
+sqlite3* handleOf(const QSqlDatabase& connection) {
+  return *static_cast<sqlite3* const*>(connection.driver()->handle().constData());
+}
 
 bool looksLikeDatabase(const QString& path) {
   QFile file(path);
@@ -119,20 +140,26 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
   pragma(connection, QStringLiteral("synchronous=FULL"), path);
   pragma(connection, QStringLiteral("cache_size=-65536"), path);
   pragma(connection, QStringLiteral("temp_store=MEMORY"), path);
+  // A large voucher touches some 400 pages. The usual 1000 would make every third one carry the whole journal
+  // into the file while its user waits; 4000 pages are 16 MB on the disk.
+  pragma(connection, QStringLiteral("wal_autocheckpoint=4000"), path);
   return connection;
 }
 
 bool tryBeginWrite(QSqlDatabase& connection) {
   QSqlQuery query(connection);
   if (query.exec(QStringLiteral("BEGIN IMMEDIATE"))) return true;
-  const int code = query.lastError().nativeErrorCode().toInt() & 0xff;
-  if (code == SQLITE_BUSY || code == SQLITE_LOCKED) return false;
+  if (isBusy(query.lastError())) return false;
   throw describe(query.lastError(), connection.databaseName());
 }
 
 StoreError describe(const QSqlError& error, const QString& path) {
-  const int code = error.nativeErrorCode().toInt() & 0xff;
-  const QString engineText = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+  return describe(error.nativeErrorCode().toInt(),
+                  error.databaseText().isEmpty() ? error.driverText() : error.databaseText(), path);
+}
+
+StoreError describe(int extendedCode, const QString& engineText, const QString& path) {
+  const int code = extendedCode & 0xff;
   const QString help = advice(code);
   if (help.isEmpty()) return StoreError(code, engineText);
   return StoreError(code, QStringLiteral("%1 (%2: %3)").arg(help, path, engineText));

@@ -7,6 +7,8 @@
 
 #include "util/Errors.h"
 
+struct sqlite3;
+
 namespace velmar::sqlite {
 
 /// Marks a file as ours and tells the version of its format (kept apart from kt_info.VERSIUNE).
@@ -16,6 +18,9 @@ inline constexpr int kFormatVersion = 1;
 /// Opens `path` under the connection name given, or makes the file. Throws StoreError.
 QSqlDatabase open(const QString& path, const QString& connectionName, bool create);
 
+/// The engine's own handle of an open connection.
+sqlite3* handleOf(const QSqlDatabase& connection);
+
 /// Whether the file begins as a database of this engine does.
 bool looksLikeDatabase(const QString& path);
 
@@ -24,6 +29,7 @@ bool tryBeginWrite(QSqlDatabase& connection);
 
 /// The error with a Romanian text that says what to do.
 StoreError describe(const QSqlError& error, const QString& path);
+StoreError describe(int extendedCode, const QString& engineText, const QString& path);
 
 /// The files that the engine keeps beside a database file.
 QStringList sideFiles(const QString& path);

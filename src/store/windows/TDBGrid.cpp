@@ -228,6 +228,12 @@ void TDBGrid::updateGeometries() {
     setViewportMargins(margins.left(), margins.top(), margins.right(), height);
     const QRect view = viewport()->geometry();
     footer_->setGeometry(view.left(), view.bottom() + 1, view.width(), height);
+    // The base class measured the header before the footer took its room.
+    QHeaderView* header = horizontalHeader();
+    if (header->width() != view.width()) {
+      header->setGeometry(view.left(), header->y(), view.width(), header->height());
+      stretchLast();
+    }
   }
   placingFooter_ = false;
 }

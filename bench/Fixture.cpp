@@ -1,0 +1,204 @@
+#include "Fixture.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "Bare.h"
+#include "config/Session.h"
+#include "store/Database.h"
+#include "store/DatabaseFiles.h"
+#include "util/Clock.h"
+#include "util/Errors.h"
+
+namespace velmar::bench {
+
+namespace {
+
+constexpr int kCatalogue = 10'000;
+constexpr int kNameColumn = 34;
+constexpr int kCellColumn = 14;
+
+// Names of ten thousand and more that begin with a handful of words, as catalogues do.
+constexpr const char* kFillArticles =
+    "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?), "
+    "kind (k, word) AS (VALUES (0, 'Scaun'), (1, 'Masa'), (2, 'Surub M8'), (3, 'Cablu electric'), "
+    "(4, 'Vopsea lavabila'), (5, 'Teava PVC'), (6, 'Baterie'), (7, 'Robinet'), (8, 'Piulita'), "
+    "(9, 'Adeziv faianta'), (10, 'Lampa'), (11, 'Usa interior'), (12, 'Zugraveala')) "
+    "INSERT INTO G_ARTMAG (CODART, ID, CODPRODFUR, DENART, DenAltaLimba, CODMAGAZIE, FAMART, PROVENIENTA, "
+    "UM, "
+    "CODFURNIZO, COTATVA, COST, PRETVFT, PRETVTTI, ADAOS, STOC, PALET) "
+    "SELECT printf('A%06d', i), i, printf('F-%d-%d', i % 97, i), word || ' model ' || (i * 7919 % 100000), "
+    "'', "
+    "1, 1 + i % 4, 'P', 'Buc', 1 + i % 100, 19, 10, 15, 18, 50, 100, ' ' FROM n JOIN kind ON k = i % 13";
+
+constexpr const char* kFillMasters =
+    "UPDATE kt_info SET TCOST = 'MP'; "
+    "INSERT INTO G_FAMART (COD, DENUMIRE, CONTSTOCMARFA, CONTSTOCPROD, CONTCHELT, CONTVEN) VALUES "
+    "(1, 'Mobila', '371', '345', '607', '707'), (2, 'Feronerie', '371', '345', '607', '707'), "
+    "(3, 'Semifabricate', '371', '341', '607', '707'), (4, 'Ambalaje', '371', '345', '607', '707'); "
+    "INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE) VALUES (2, 'Magazia 2'), (3, 'Magazia 3') "
+    "ON CONFLICT (COD) DO NOTHING; "
+    "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 100) "
+    "INSERT INTO kt_ter (COD, NUME, TIP) SELECT i, 'Partener ' || i, 'M' FROM n";
+
+// The prices are multiples of a quarter, so that their products have two decimals whatever computes them.
+constexpr const char* kFillDraftLines =
+    "WITH RECURSIVE d (r) AS (SELECT 0 UNION ALL SELECT r + 1 FROM d WHERE r < ?2), "
+    "n (j) AS (SELECT 1 UNION ALL SELECT j + 1 FROM n WHERE j < ?1), "
+    "v (num, j, art, cant, pret) AS (SELECT ?1 * 1000 + r, j, (r * 613 + ?1 + j * 37) % 10000 + 1, 1 + j % "
+    "9, "
+    "8 + (r + j) % 20 * 0.25 FROM d, n) "
+    "INSERT INTO G_LBONINT (NUMNR, NRLINIE, CODART, DENUMIRE, UM, CANT, QTECOM, PRETFT, VALOAREFT, PRETVA) "
+    "SELECT num, j, CODART, DENART, 'Buc', cant, 0, pret, cant * pret, pret * 1.5 FROM v "
+    "JOIN G_ARTMAG ON ID = art";
+
+constexpr const char* kFillDraftHeaders =
+    "WITH RECURSIVE d (r) AS (SELECT 0 UNION ALL SELECT r + 1 FROM d WHERE r < ?2) "
+    "INSERT INTO G_BONINT (NUMNR, Magazie, OBS, DATANR, CODFUR, BATVA) "
+    "SELECT ?1 * 1000 + r, 1 + r % 3, 'productie', '2026-03-15', 1 + r % 100, 19 FROM d";
+
+// 50,000 documents of 20 lines in two years, as the days bring them; each article is met in each warehouse.
+constexpr const char* kFillLedger =
+    "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50000), "
+    "kind (k, tip, tipie) AS (VALUES (0, 'FC', 'E'), (1, 'NR', 'I'), (2, 'BI', 'I')) "
+    "INSERT INTO G_DOCUME (ID, TIP, TIPIE, CODTERT, DATADOC, DATAINTROD, TIMP, UTILIZATOR, CODMAG, TOTALFT, "
+    "TOTALTVA, TOTALCOST, CODDEV, CURS, TOTALDEV, OBS) "
+    "SELECT tip || (1000000 + i), tip, tipie, 1 + i % 100, date('2024-03-15', (i * 730 / 50000) || ' days'), "
+    "date('2024-03-15', (i * 730 / 50000) || ' days'), '10:00:00', 'admin', 1 + i % 3, 1000, 190, 800, "
+    "'LEI', 0, "
+    "0, 'document' FROM n JOIN kind ON k = i % 3; "
+    "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50000), "
+    "kind (k, tip) AS (VALUES (0, 'FC'), (1, 'NR'), (2, 'BI')), "
+    "l (j) AS (SELECT 1 UNION ALL SELECT j + 1 FROM l WHERE j < 20) "
+    "INSERT INTO G_LDOCUM (DOCID, LINIE, DATA, CODMAG, ARTID, CANT, PRETFT, PRETTTI, PRETDEV, VALTVA, COST, "
+    "COSTDEV, VALCOST, VALCOSTDEV, CODTVA, CANTRAMASA, PRETVA) "
+    "SELECT tip || (1000000 + i), j, date('2024-03-15', (i * 730 / 50000) || ' days') || ' 10:00:00.000', "
+    "1 + i % 3, printf('A%06d', (i * 20 + j) * 2654435761 / 128 % 10000 + 1), 5, 10, 12, 0, 1.9, 8, 0, 40, "
+    "0, 19, "
+    "CASE WHEN k > 0 AND (i + j) % 5 = 0 THEN 2 ELSE 0 END, 15 FROM n JOIN kind ON k = i % 3 JOIN l; "
+    "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50000), "
+    "l (j, cont) AS (VALUES (1, '4111'), (2, '707'), (3, '4111'), (4, '4427'), (5, '607'), (6, '371'), "
+    "(7, '345'), (8, '711'), (9, '371'), (10, '401')) "
+    "INSERT INTO kt_linii (NDI, NRLINIE, JURNAL, DATAINR, CONT, EXPL, DEBIT, CREDIT, DOC, MARCA, COD, PROV, "
+    "UTILIZATOR, TIMP, DocExplicatie, TERT, TIPDOC) "
+    "SELECT i, j, 'JV' || i % 3, date('2024-03-15', (i * 730 / 50000) || ' days'), cont, 'document', j % 2 * "
+    "100, "
+    "(1 - j % 2) * 100, 1000000 + i, 1000000 + i, 'LEI', 'G', 'admin', "
+    "date('2024-03-15', (i * 730 / 50000) || ' days') || ' 10:00:00.000', 'document', "
+    "CASE WHEN cont IN ('4111', '401') THEN 1 + i % 100 END, 'FC' FROM n JOIN l";
+
+QString folder() {
+  static const QTemporaryDir dir;
+  static const bool written = [] {
+    clock::setToday(QDate(2026, 3, 15));
+    writeTemplate(dir.path());
+    return true;
+  }();
+  return written ? dir.path() : QString();
+}
+
+// Filling needs no journal: a file that fails half way is thrown away.
+template <typename Fill>
+QString filled(const QString& name, Fill&& fill) {
+  makeCompanyFile(folder(), name);
+  const QString path = pathInFolder(folder(), name);
+  BareConnection connection(path);
+  connection.run("PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA cache_size=-400000; BEGIN");
+  fill(connection);
+  connection.run("COMMIT; PRAGMA synchronous=FULL; PRAGMA journal_mode=WAL");
+  return path;
+}
+
+void fillMasters(BareConnection& connection, int articles) {
+  connection.run(kFillMasters);
+  connection.prepare(kFillArticles).bind(1, articles).run();
+}
+
+void fillDrafts(BareConnection& connection) {
+  for (const int lines : {kSmallVoucher, kLargeVoucher}) {
+    connection.prepare(kFillDraftHeaders).bind(1, lines).bind(2, kDrafts - 1).run();
+    connection.prepare(kFillDraftLines).bind(1, lines).bind(2, kDrafts - 1).run();
+  }
+}
+
+const QString& emptyLedger() {
+  static const QString path = filled(QStringLiteral("gol.mdb"), [](BareConnection& connection) {
+    fillMasters(connection, kCatalogue);
+    fillDrafts(connection);
+  });
+  return path;
+}
+
+const QString& millionLines() {
+  static const QString path = filled(QStringLiteral("milion.mdb"), [](BareConnection& connection) {
+    progress(QStringLiteral("Se umple registrul cu 1.000.000 de linii"));
+    fillMasters(connection, kCatalogue);
+    connection.run(kFillLedger);
+    fillDrafts(connection);
+  });
+  return path;
+}
+
+}  // namespace
+
+QString draftNumber(int lines, int draft) { return QString::number(lines * 1000 + draft); }
+
+QString copyOfCompany(CompanySize size, const QString& fileName) {
+  const QString& original = size == CompanySize::EmptyLedger ? emptyLedger() : millionLines();
+  const QString path = pathInFolder(folder(), fileName);
+  if (!QFile::copy(original, path)) throw StoreError(0, QStringLiteral("Nu s-a copiat %1").arg(original));
+  return path;
+}
+
+QString companyWithArticles(int count) {
+  return filled(QStringLiteral("articole.mdb"),
+                [count](BareConnection& connection) { fillMasters(connection, count); });
+}
+
+OpenCompany::OpenCompany(const QString& path) {
+  setOpenDatabase(Database::open(path));
+  session() = Session();
+  session().gUtilizator = QStringLiteral("admin");
+  session().gMagazie = 1;
+  InitParaSoc();
+  IncarcaSerii();
+}
+
+OpenCompany::~OpenCompany() {
+  session() = Session();
+  setOpenDatabase(nullptr);
+}
+
+double Times::median() const {
+  QList<double> sorted = values_;
+  std::sort(sorted.begin(), sorted.end());
+  const qsizetype half = sorted.size() / 2;
+  return sorted.size() % 2 ? sorted[half] : (sorted[half - 1] + sorted[half]) / 2;
+}
+
+double Times::worst() const { return *std::max_element(values_.begin(), values_.end()); }
+
+void printHeading(const QString& title, const QStringList& columns) {
+  std::printf("\n");
+  printRow(title, columns);
+  std::printf("%s\n", qPrintable(QString(kNameColumn + kCellColumn * columns.size(), u'-')));
+}
+
+void printRow(const QString& name, const QStringList& cells) {
+  QString line = name.leftJustified(kNameColumn);
+  for (const QString& cell : cells) line += cell.rightJustified(kCellColumn);
+  std::printf("%s\n", qUtf8Printable(line));
+  std::fflush(stdout);
+}
+
+QString milliseconds(double value) { return QString::number(value, 'f', 2) + QStringLiteral(" ms"); }
+
+QString ratio(double value, double aim) {
+  return QString::number(value, 'f', 2) + (value > aim ? QStringLiteral(" !") : QString());
+}
+
+void progress(const QString& text) { std::fprintf(stderr, "%s...\n", qUtf8Printable(text)); }
+
+}  // namespace velmar::bench

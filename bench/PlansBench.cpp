@@ -1,0 +1,70 @@
+// The engine's plans of all statements of a validation, on a ledger of a million lines: none may read a
+// ledger through.
+#include <cstdio>
+#include <QRegularExpression>
+
+#include "Benches.h"
+#include "documents/DocumentEditor.h"
+#include "Fixture.h"
+#include "store/Database.h"
+
+namespace velmar::bench {
+
+namespace {
+
+constexpr int kShownText = 150;
+
+// The names under which a statement knows the ledgers: their own and its aliases.
+QStringList ledgerNames(const QString& sql) {
+  static const QRegularExpression kLedger(
+      QStringLiteral("\\b(G_LDOCUM|G_DOCUME|kt_linii)\\b(?:\\s+(?:AS\\s+)?(\\w+))?"),
+      QRegularExpression::CaseInsensitiveOption);
+  QStringList names;
+  for (auto found = kLedger.globalMatch(sql); found.hasNext();) {
+    const auto match = found.next();
+    names << match.captured(1).toUpper() << match.captured(2).toUpper();
+  }
+  return names;
+}
+
+bool readsThrough(const QString& step, const QStringList& ledgers) {
+  const QStringList words = step.toUpper().split(u' ');
+  return words.size() > 1 && words[0] == QStringLiteral("SCAN") && ledgers.contains(words[1]);
+}
+
+QStringList statementsOfValidation() {
+  const QString number = draftNumber(kLargeVoucher, kDrafts - 1);
+  DocumentEditor editor(QStringLiteral("BI"));
+  database().takeRecordedStatements();
+  editor.open(number);
+  const QHash<QString, QString> typed{{QStringLiteral("NUMNR"), number},
+                                      {QStringLiteral("CODFUR"), QStringLiteral("1")},
+                                      {QStringLiteral("DATANR"), QStringLiteral("2026-03-15")}};
+  editor.checkValidation(typed);
+  editor.checkLines();
+  editor.validate(typed);
+  return database().takeRecordedStatements();
+}
+
+}  // namespace
+
+bool checkPlans() {
+  const OpenCompany company(copyOfCompany(CompanySize::MillionLines, QStringLiteral("planuri.mdb")));
+  const QStringList statements = statementsOfValidation();
+  printHeading(QStringLiteral("plans: instructiunile validarii"), {});
+  bool held = true;
+  for (const QString& sql : statements) {
+    std::printf("%s%s\n", qUtf8Printable(sql.left(kShownText)), sql.size() > kShownText ? " ..." : "");
+    const QStringList ledgers = ledgerNames(sql);
+    for (const QString& step : database().queryPlan(sql)) {
+      const bool bad = readsThrough(step, ledgers);
+      held = held && !bad;
+      std::printf("    %s%s\n", qUtf8Printable(step), bad ? "   ! citeste tot registrul" : "");
+    }
+  }
+  printRow(QStringLiteral("%1 instructiuni").arg(statements.size()),
+           {held ? QStringLiteral("in regula") : QStringLiteral("GRESIT")});
+  return held;
+}
+
+}  // namespace velmar::bench

@@ -1,0 +1,87 @@
+// What statements promise to everything above the store: values come back as they went in, a prepared
+// statement follows the tables, an error says what it is and leaves nothing behind.
+#include <gtest/gtest.h>
+
+#include "TestCompany.h"
+#include "util/Errors.h"
+
+namespace velmar {
+namespace {
+
+int errorOf(const QString& sql, const Values& values = {}) {
+  try {
+    database().query(sql, values);
+    return 0;
+  } catch (const StoreError& error) {
+    return error.number();
+  }
+}
+
+class StatementTest : public ::testing::Test {
+ protected:
+  TestCompany company_;
+  HeardMessages heard_;
+};
+
+TEST_F(StatementTest, ValuesComeBackAsTheyWentIn) {
+  const QString text = QString::fromUtf8("a'%\"; -- \xC8\x99\xF0\x9F\x98\x80") + QChar(0) + "z";
+  const Row row = database()
+                      .query("SELECT ? AS T, ? AS E, ? AS N, ? AS F, ? AS B, ? AS Z, ? AS Y",
+                             {text, "", qint64(9'007'199'254'740'993), 10_dec / 4, true, nullptr, QString()})
+                      .first();
+  EXPECT_EQ(row.text("t"), text);
+  EXPECT_FALSE(row.isNull("E"));
+  EXPECT_EQ(row.integer("N"), 9'007'199'254'740'993);
+  EXPECT_EQ(row.decimal("F"), 25_dec / 10);
+  EXPECT_EQ(row.integer("B"), -1);
+  EXPECT_TRUE(row.isNull("Z"));
+  EXPECT_TRUE(row.isNull("Y"));
+}
+
+TEST_F(StatementTest, APreparedStatementFollowsTheTables) {
+  const QString sql = QStringLiteral("SELECT * FROM tmpArt");
+  EXPECT_EQ(database().query(sql).columns(), QStringList({"ARTID", "STOC"}));
+  ExecutaSql("ALTER TABLE tmpArt ADD COLUMN COST REAL");
+  ExecutaSql("INSERT INTO tmpArt (ARTID, COST) VALUES ('A', 2.5)");
+  EXPECT_EQ(database().query(sql).first().decimal("COST"), 25_dec / 10);
+  ExecutaSql("DROP TABLE tmpArt");
+  EXPECT_NE(errorOf(sql), 0);
+}
+
+TEST_F(StatementTest, ValuesMustMatchTheMarksAndAStatementStandsAlone) {
+  EXPECT_NE(errorOf("SELECT ? AS A"), 0);
+  EXPECT_NE(errorOf("SELECT ? AS A", {1, 2}), 0);
+  EXPECT_EQ(errorOf("SELECT ? AS A", {1}), 0);
+  EXPECT_NE(errorOf("DELETE FROM kt_val; DELETE FROM kt_jur"), 0);
+  EXPECT_NE(errorOf(""), 0);
+  EXPECT_FALSE(OpenRs("SELECT COD FROM kt_val").isEmpty());
+}
+
+TEST_F(StatementTest, OneBadRowUndoesThemAll) {
+  constexpr int kConstraint = 19;
+  const std::vector<Values> rows{{"X1", "unu"}, {"X2", "doi"}, {"x1", "iar unu"}};
+  try {
+    database().insertRows("kt_val", {"COD", "TITLU"}, rows);
+    FAIL() << "a key twice";
+  } catch (const StoreError& error) {
+    EXPECT_EQ(error.number(), kConstraint);
+  }
+  EXPECT_TRUE(OpenRs("SELECT COD FROM kt_val WHERE COD LIKE 'X%'").isEmpty());
+  EXPECT_FALSE(database().inTransaction());
+  database().insertRows("kt_val", {"COD", "TITLU"}, {rows[0], rows[1]});
+  EXPECT_EQ(database().executeEach("UPDATE kt_val SET TITLU = ? WHERE COD = ?",
+                                   {{"1", "X1"}, {"2", "x2"}, {"3", "X3"}}),
+            2);
+  EXPECT_EQ(OpenRs("SELECT TITLU FROM kt_val WHERE COD = 'X2'").first().text("TITLU"), "2");
+}
+
+TEST_F(StatementTest, AReaderDoesNotKeepAColleagueOut) {
+  EXPECT_FALSE(OpenRs("SELECT COD FROM kt_val").isEmpty());
+  EXPECT_NE(errorOf("SELECT ROUND_EVEN(1, 2) AS A UNION ALL SELECT abs(-9223372036854775808)"), 0);
+  const auto colleague = Database::open(TestCompany::path());
+  colleague->execute("INSERT INTO kt_val (COD, TITLU) VALUES ('X', 'x')");
+  EXPECT_EQ(ExecutaSql("DELETE FROM kt_val WHERE COD = 'X'"), 1);
+}
+
+}  // namespace
+}  // namespace velmar
