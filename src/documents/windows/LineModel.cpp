@@ -54,6 +54,8 @@ QVariant LineModel::data(const QModelIndex& index, int role) const {
       if (column.format != CellFormat::Number) return line.text(column.field);
       return line.isNull(column.field) ? QString() : editNumber(line.decimal(column.field));
     }
+    case Qt::ToolTipRole:
+      return data(index, Qt::DisplayRole);  // whole, where the column is too narrow for it
     case Qt::TextAlignmentRole:
       if (column.format == CellFormat::Number) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
       return {};
