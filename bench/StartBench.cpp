@@ -12,7 +12,7 @@
 
 #include "Benches.h"
 #include "Fixture.h"
-#include "shell/Settings.h"
+#include "util/Settings.h"
 #include "shell/windows/frmMsgBox.h"
 #include "shell/windows/StartUp.h"
 #include "store/DatabaseFiles.h"
