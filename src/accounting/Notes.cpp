@@ -37,17 +37,22 @@ const TotalsStatement& totalsStatement(const QString& key) {
   throw StoreError(0, QStringLiteral("Lipseste totalul %1").arg(key));
 }
 
-// An article whose family does not exist would fall out of the totals and leave the note short.
+// An article that is gone, or without a family, would fall out of the totals and leave the note short.
 void requireFamilies(const TotalsStatement& totals, const QString& number) {
   const Recordset without = database().query(
       QStringLiteral(
-          "SELECT L.CODART AS CODART FROM %1 L LEFT JOIN G_ARTMAG A ON A.CODART = L.CODART "
+          "SELECT L.CODART AS CODART, A.CODART AS KNOWN FROM %1 L "
+          "LEFT JOIN G_ARTMAG A ON A.CODART = L.CODART "
           "LEFT JOIN G_FAMART F ON F.COD = A.FAMART WHERE L.%2 = ? AND F.COD IS NULL ORDER BY L.NRLINIE")
           .arg(totals.lineTable, totals.numberColumn),
       {number});
-  if (!without.isEmpty())
-    throw RuleError(QStringLiteral("Articolul cu codul %1 nu are familie ! Validarea nu se poate efectua !")
-                        .arg(without.first().text("CODART")));
+  if (without.isEmpty()) return;
+  const Row& line = without.first();
+  throw RuleError(
+      (line.isNull("KNOWN")
+           ? QStringLiteral("Articolul cu codul %1 nu exista ! Validarea nu se poate efectua !")
+           : QStringLiteral("Articolul cu codul %1 nu are familie ! Validarea nu se poate efectua !"))
+          .arg(line.text("CODART")));
 }
 
 void requireBalance(const Note& note) {

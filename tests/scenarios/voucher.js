@@ -148,6 +148,18 @@ expectMessage("Nu au fost stabilite toate jurnalele necesare la configurarea soc
 noMessage();
 equal(sql("SELECT ID FROM G_DOCUME"), [], "nothing written without a journal");
 sql("UPDATE kt_par SET JURBONINTR = 'OD'");
+[["UPDATE G_ARTMAG SET CODART = 'A9' WHERE CODART = 'A1'", "Articolul cu codul A1 nu exista ! ",
+  "UPDATE G_ARTMAG SET CODART = 'A1' WHERE CODART = 'A9'"],
+ ["UPDATE G_ARTMAG SET FAMART = 9 WHERE CODART = 'A1'", "Articolul cu codul A1 nu are familie ! ",
+  "UPDATE G_ARTMAG SET FAMART = 1 WHERE CODART = 'A1'"]].forEach(([change, told, back]) => {
+  sql(change);
+  press("cmdValidare", "Da", "OK", "OK");
+  expectMessage("Sunteti sigur");
+  expectMessage("Pretul de vanzare");
+  expectMessage(told + "Validarea nu se poate efectua !");
+  equal(sql("SELECT ID FROM G_DOCUME"), [], "nothing written");
+  sql(back);
+});
 press("cmdValidare", "Da", "OK", "OK");
 expectMessage("Sunteti sigur");
 expectMessage("Pretul de vanzare");
