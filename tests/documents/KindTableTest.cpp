@@ -126,8 +126,7 @@ TEST(KindTableTest, DecimalsFollowTheOpenCompany) {
 class NumberingTest : public ::testing::Test {
  protected:
   NumberingTest() {
-    session().gFCStart = session().gAEStart = "100";
-    session().gFCEnd = session().gAEEnd = "160";
+    ExecutaSql("UPDATE kt_par SET FCSTART = '100', FCEND = '160', AESTART = '100', AEEND = '160'");
   }
 
   static void draft(const QString& prefix, const QString& number) {
@@ -202,7 +201,7 @@ TEST_F(NumberingTest, CashSalesCountOnWithoutARange) {
 }
 
 TEST_F(NumberingTest, WithoutARangeTheUserTypesTheNumber) {
-  session().gFCStart = session().gAEStart = "00";
+  ExecutaSql("UPDATE kt_par SET FCSTART = NULL, AESTART = NULL");
   draft("FC", "109");
   expectNumber("FC", "");
   expectNumber("AE", "");
