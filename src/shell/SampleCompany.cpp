@@ -137,12 +137,14 @@ bool makeSampleCompany(const QString& folder, const std::function<void(int)>& pr
   const QList<Company> companies = readCompanyList(folder);
   if (std::any_of(companies.begin(), companies.end(), [](const Company& c) { return c.COD == kSampleCode; }))
     return false;
-  createCompany(folder, kSampleCode, "EXEMPLU SRL", session().gDenSocietateNoua);
+  QList<Company> more = companies;
+  createCompany(folder, more, kSampleCode, "EXEMPLU SRL", session().gDenSocietateNoua);
   try {
     fill(progress);
+    saveCompanyChanges(folder, companies, more);
   } catch (...) {
     leaveCompany();
-    removeCompany(folder, {kSampleCode, "EXEMPLU SRL", companyFileName(kSampleCode)});
+    removeDatabaseFile(folder, companyFileName(kSampleCode));
     throw;
   }
   leaveCompany();

@@ -47,10 +47,19 @@ const char* const kFirstList =
 
 StoreError listError(const QString& text) { return StoreError(kListFailure, text); }
 
+StoreError damagedList(const QString& name) {
+  return listError(
+      QStringLiteral("%1 nu este o lista de societati valida. Restaurati o copie a fisierului sau "
+                     "redenumiti-l, ca programul sa faca o lista noua.")
+          .arg(name));
+}
+
 QByteArray readFile(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly))
-    throw listError(QStringLiteral("Lista de societati %1 nu poate fi citita.").arg(path));
+    throw listError(
+        QStringLiteral("Lista de societati %1 nu poate fi citita. Verificati drepturile asupra ei.")
+            .arg(path));
   return file.readAll();
 }
 
@@ -82,7 +91,7 @@ class RowsetReader {
       }
     }
     if (xml_.hasError() || !knows(QStringLiteral("COD")) || !knows(QStringLiteral("NUMEBD")))
-      throw listError(QStringLiteral("Societat.xml nu este o lista de societati valida."));
+      throw damagedList(kListName);
     QList<Company> companies;
     for (const auto& row : rows)
       companies.append({row.value(QStringLiteral("COD")), row.value(QStringLiteral("DENUMIRE")),
@@ -148,12 +157,6 @@ void writeColumn(QXmlStreamWriter& xml, const QString& name, int number, int wid
   xml.writeEndElement();
 }
 
-void sortByCode(QList<Company>& companies) {
-  std::stable_sort(companies.begin(), companies.end(), [](const Company& a, const Company& b) {
-    return a.COD.compare(b.COD, Qt::CaseInsensitive) < 0;
-  });
-}
-
 // Another process may be making the list at the same moment: whoever has the lock makes it.
 void makeMissingList(const QString& folder) {
   if (existsInFolder(folder, kListName)) return;
@@ -165,6 +168,9 @@ void makeMissingList(const QString& folder) {
 }
 
 void withListLock(const QString& folder, const std::function<void()>& work) {
+  if (!QDir(folder).exists())
+    throw listError(QStringLiteral("Folderul %1 nu exista. Alegeti alt folder cu butonul \"Cautare\".")
+                        .arg(QDir::toNativeSeparators(folder)));
   QLockFile lock(QDir(folder).filePath(kListName + QStringLiteral(".lock")));
   if (!lock.tryLock(kLockMs)) {
     if (lock.error() == QLockFile::LockFailedError)
@@ -177,6 +183,12 @@ void withListLock(const QString& folder, const std::function<void()>& work) {
 }
 
 }  // namespace
+
+void sortByCode(QList<Company>& companies) {
+  std::stable_sort(companies.begin(), companies.end(), [](const Company& a, const Company& b) {
+    return a.COD.compare(b.COD, Qt::CaseInsensitive) < 0;
+  });
+}
 
 QList<Company> companiesFromRowset(const QByteArray& xml) { return RowsetReader(xml).read(); }
 
@@ -222,10 +234,7 @@ QList<Company> companiesFromDbf(const QByteArray& content) {
     int length;
   };
   constexpr int kHeadLength = 32;
-  const auto damaged = [] {
-    return listError(QStringLiteral("Societat.DBF nu este o lista de societati valida."));
-  };
-  if (content.size() < kHeadLength) throw damaged();
+  if (content.size() < kHeadLength) throw damagedList(kOldListName);
   const auto* bytes = content.constData();
   const auto records = qFromLittleEndian<quint32>(bytes + 4);
   const int head = qFromLittleEndian<quint16>(bytes + 8);
@@ -240,11 +249,17 @@ QList<Company> companiesFromDbf(const QByteArray& content) {
     fields.append({name, offset, width});
     offset += width;
   }
-  if (fields.isEmpty() || length <= 0) throw damaged();
+  const auto has = [&fields](const char* name) {
+    return std::any_of(fields.begin(), fields.end(),
+                       [name](const Field& field) { return field.name == QLatin1String(name); });
+  };
+  // A list cut short would be taken over for good without the companies that it lost.
+  if (!has("COD") || !has("NUMEBD") || length < offset ||
+      content.size() < head + static_cast<qsizetype>(records) * length)
+    throw damagedList(kOldListName);
   QList<Company> companies;
   for (quint32 i = 0; i < records; ++i) {
     const QByteArray record = content.mid(head + static_cast<qsizetype>(i) * length, length);
-    if (record.size() < length) break;
     if (record.at(0) == '*') continue;
     QHash<QString, QString> row;
     for (const Field& field : fields)

@@ -34,7 +34,9 @@ void writeWhole(const QString& path, Fill&& fill) {
     fill(draft);
     removeWithSideFiles(path);
     if (!QFile::rename(draft, path))
-      throw StoreError(kFileFailure, QStringLiteral("Fisierul %1 nu poate fi scris.").arg(path));
+      throw StoreError(
+          kFileFailure,
+          QStringLiteral("Fisierul %1 nu poate fi scris. Verificati drepturile asupra lui.").arg(path));
   } catch (...) {
     QFile::remove(draft);
     for (const QString& side : sqlite::sideFiles(draft)) QFile::remove(side);

@@ -91,7 +91,9 @@ QVariant pragma(const QSqlDatabase& connection, const QString& text, const QStri
 
 void requireOurFormat(const QSqlDatabase& connection, const QString& path) {
   if (pragma(connection, QStringLiteral("application_id"), path).toInt() != kApplicationId)
-    throw StoreError(SQLITE_NOTADB, QStringLiteral("Fisierul %1 nu este o baza de date Velmar.").arg(path));
+    throw StoreError(
+        SQLITE_NOTADB,
+        QStringLiteral("Fisierul %1 nu este o baza de date Velmar. Restaurati o copie salvata.").arg(path));
   if (pragma(connection, QStringLiteral("user_version"), path).toInt() > kFormatVersion)
     throw StoreError(SQLITE_NOTADB, QStringLiteral("Baza de date %1 a fost creata de o versiune mai noua a "
                                                    "programului. Instalati versiunea noua.")
@@ -113,7 +115,10 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
   if (!create) {
     QFile file(path);
     if (!file.exists())
-      throw StoreError(SQLITE_CANTOPEN, QStringLiteral("Lipseste baza de date %1.").arg(path));
+      throw StoreError(
+          SQLITE_CANTOPEN,
+          QStringLiteral("Lipseste baza de date %1. Restaurati o copie salvata sau alegeti alt folder.")
+              .arg(path));
     if (!file.open(QIODevice::ReadOnly))
       throw StoreError(
           SQLITE_CANTOPEN,
@@ -121,7 +126,9 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
     if (!looksLikeDatabase(path))
       throw StoreError(
           SQLITE_NOTADB,
-          QStringLiteral("Fisierul %1 nu este o baza de date Velmar sau este deteriorat.").arg(path));
+          QStringLiteral(
+              "Fisierul %1 nu este o baza de date Velmar sau este deteriorat. Restaurati o copie salvata.")
+              .arg(path));
   }
   QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
   QUrl url = QUrl::fromLocalFile(path);

@@ -8,6 +8,7 @@
 #include "config/Session.h"
 #include "documents/Numbering.h"
 #include "shell/SampleCompany.h"
+#include "util/Messages.h"
 
 namespace velmar::scenario {
 
@@ -48,6 +49,9 @@ Functions valueFunctions() {
   f["ValidareValoare"] = [](const Arguments& a) {
     const int kind = a.value(1).toInt();
     return ValidareValoare(a.value(0).toString(), kind, bound(a.value(2), kind), bound(a.value(3), kind));
+  };
+  f["Mesaj"] = [](const Arguments& a) {
+    return Mesaj(a.value(0).toString(), a.value(1).toInt(), a.value(2).toString());
   };
   f["ParametruSocietate"] = [](const Arguments& a) { return ParametruSocietate(a.value(0).toString()); };
   f["InPerioadaCulegere"] = [](const Arguments& a) { return InPerioadaCulegere(date(a.value(0))); };

@@ -85,6 +85,29 @@ box.click("cmdBtn(1)");
 check(!isOpen("frmMsgBox"));
 equal(messages().map((shown) => shown.answered), ["Nu"]);
 
+// Every set of buttons with the number each gives back, the default button, and the close box, which means
+// cancel where there is one.
+const sets = [[0, ["OK"], [1]], [1, ["OK", "Anulare"], [1, 2]],
+              [2, ["Abandon", "Reincearca", "Ignora"], [3, 4, 5]], [3, ["Da", "Nu", "Anulare"], [6, 7, 2]],
+              [4, ["Da", "Nu"], [6, 7]], [5, ["Reincearca", "Anulare"], [4, 2]]];
+for (const [set, captions, results] of sets) {
+  captions.forEach((caption, i) => {
+    answer(caption);
+    equal(call("Mesaj", "Text", set + 64, ""), results[i]);
+    expectMessage("Text", { title: "Velmar", icon: "information", buttons: captions });
+    call("Mesaj", "Text", set + 256 * i, "Titlu");
+    equal([win("frmMsgBox").title(), win("frmMsgBox").hasFocus(`cmdBtn(${i})`)], ["Titlu", true]);
+    win("frmMsgBox").click("cmdBtn(0)");
+    messages();
+  });
+  call("Mesaj", "Text", set);
+  equal(win("frmMsgBox").isVisible("imgMsg"), false);
+  win("frmMsgBox").close();
+  equal(isOpen("frmMsgBox"), !captions.includes("Anulare"));
+  if (isOpen("frmMsgBox")) win("frmMsgBox").click("cmdBtn(0)");
+  messages();
+}
+
 // The end of the work closes everything.
 menu("mnuFileExit");
 check(!isOpen("frmMain") && !isOpen("frmSocietati"));

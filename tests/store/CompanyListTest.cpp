@@ -76,6 +76,8 @@ TEST(CompanyListTest, AFolderGetsItsListOnce) {
   write(old.filePath("SOCIETAT.dbf"), "stricat");
   EXPECT_EQ(readCompanyList(old.path()).size(), 2);  // the older list is no longer looked at
   EXPECT_THROW(companiesFromDbf("stricat"), StoreError);
+  EXPECT_THROW(companiesFromDbf(QByteArray(600, 'x')), StoreError);
+  EXPECT_THROW(companiesFromDbf(dbf().chopped(30)), StoreError);
 
   EXPECT_THROW(changeCompanyList(old.path(),
                                  [](QList<Company>& all) {

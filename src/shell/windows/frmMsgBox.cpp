@@ -103,6 +103,10 @@ frmMsgBox::frmMsgBox(const Message& message, QWidget* parent) : QDialog(parent) 
   all->addLayout(content);
   all->addLayout(row);
   all->setSizeConstraint(QLayout::SetFixedSize);
+  // Only now: a button outside the box can neither be its default nor take its focus.
+  QPushButton* first = cmdBtn_[std::min<size_t>((message.buttons >> 8) & 3, cmdBtn_.size() - 1)];
+  first->setDefault(true);
+  first->setFocus();
 }
 
 QWidget* frmMsgBox::textArea(const QString& text) {
@@ -160,9 +164,6 @@ void frmMsgBox::addButtons(const Message& message, QHBoxLayout* row) {
   }
   row->addStretch();
   for (QPushButton* button : cmdBtn_) button->setMinimumWidth(width);
-  const size_t defaultButton = std::min<size_t>((message.buttons >> 8) & 3, facts.size() - 1);
-  cmdBtn_[defaultButton]->setDefault(true);
-  cmdBtn_[defaultButton]->setFocus();
 }
 
 int frmMsgBox::ask() {

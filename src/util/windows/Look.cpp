@@ -10,6 +10,8 @@
 #include <QStyleFactory>
 #include <QToolTip>
 
+#include "util/windows/ToolkitTexts.h"
+
 // Outside the namespace, because the resource's own function is.
 static void loadIcons() { Q_INIT_RESOURCE(icons); }
 
@@ -45,6 +47,7 @@ void applyLook(QApplication& application) {
   palette.setColor(QPalette::Link, kAccent);
   QApplication::setPalette(palette);
   application.setWindowIcon(icon(QStringLiteral("app")));
+  QApplication::installTranslator(new ToolkitTexts(&application));
 }
 
 QColor gCuloareInfo() { return QToolTip::palette().color(QPalette::Inactive, QPalette::ToolTipBase); }

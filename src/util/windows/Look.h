@@ -8,7 +8,8 @@ class QApplication;
 
 namespace velmar {
 
-/// Gives the program its style and icon; the palette and the font stay the system's.
+/// Gives the program its style, its icon and Romanian texts of the toolkit; the palette and the font stay the
+/// system's.
 void applyLook(QApplication& application);
 
 /// Background of locked and computed fields: that of tool tips.

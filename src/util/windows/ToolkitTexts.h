@@ -1,0 +1,18 @@
+// What the toolkit itself says, in the program's language: the menu of a text box, the file dialog, the menu
+// of a child window. The toolkit brings no Romanian of its own.
+#pragma once
+
+#include <QTranslator>
+
+namespace velmar {
+
+class ToolkitTexts : public QTranslator {
+ public:
+  using QTranslator::QTranslator;
+
+  bool isEmpty() const override { return false; }
+  QString translate(const char* context, const char* sourceText, const char* disambiguation,
+                    int n) const override;
+};
+
+}  // namespace velmar
