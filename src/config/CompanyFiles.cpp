@@ -15,8 +15,6 @@ namespace {
 constexpr int kCodeLength = 2;
 constexpr int kNameLength = 50;
 
-bool sameCode(const Company& a, const Company& b) { return a.COD.compare(b.COD, Qt::CaseInsensitive) == 0; }
-
 bool isCode(const QString& code) {
   return code.size() <= kCodeLength && std::all_of(code.begin(), code.end(), [](QChar c) {
            return (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) ||
@@ -48,9 +46,21 @@ void requireFree(const QString& folder, const QList<Company>& companies, const Q
   const QString file = companyFileName(code);
   if (existsInFolder(folder, file))
     throw RuleError(QStringLiteral("Fisierul %1 exista deja in folderul bazelor de date ! Adaugarea nu se "
-                                   "poate efectua ! Alegeti alt cod sau mutati fisierul.")
+                                   "poate efectua !")
                         .arg(file),
                     QStringLiteral("COD"));
+}
+
+void makeFile(const QString& folder, const QString& fileName, const QString& name,
+              QString& gDenSocietateNoua) {
+  gDenSocietateNoua = name;
+  try {
+    makeCompanyFile(folder, fileName);
+    MarcheazaVersiune(folder, fileName, gDenSocietateNoua);
+  } catch (...) {
+    gDenSocietateNoua = QStringLiteral("00");
+    throw;
+  }
 }
 
 void removeFileAfterFailure(const QString& folder, const QString& fileName) {
@@ -61,37 +71,30 @@ void removeFileAfterFailure(const QString& folder, const QString& fileName) {
   }
 }
 
-void makeFile(const QString& folder, const QString& fileName, const QString& name,
-              QString& gDenSocietateNoua) {
-  bool fileIsOurs = false;
-  gDenSocietateNoua = name;
-  try {
-    makeCompanyFile(folder, fileName);
-    fileIsOurs = true;
-    MarcheazaVersiune(folder, fileName, gDenSocietateNoua);
-  } catch (...) {
-    gDenSocietateNoua = QStringLiteral("00");
-    if (fileIsOurs) removeFileAfterFailure(folder, fileName);
-    throw;
-  }
-}
-
 bool isOpen(const QString& path) {
   return openDatabase() && QFileInfo(openDatabase()->path()) == QFileInfo(path);
 }
 
 }  // namespace
 
-void createCompany(const QString& folder, QList<Company>& companies, const QString& code, const QString& name,
+void createCompany(const QString& folder, const QString& code, const QString& name,
                    QString& gDenSocietateNoua) {
   const QString upperCode = code.trimmed().toUpper();
   const QString fullName = name.trimmed();
   requireGoodText(upperCode, fullName);
-  requireFree(folder, companies, upperCode);
   const QString fileName = companyFileName(upperCode);
-  makeFile(folder, fileName, fullName, gDenSocietateNoua);
-  companies.append({upperCode, fullName, fileName});
-  sortByCode(companies);
+  bool fileIsOurs = false;
+  try {
+    changeCompanyList(folder, [&](QList<Company>& companies) {
+      requireFree(folder, companies, upperCode);
+      fileIsOurs = true;
+      makeFile(folder, fileName, fullName, gDenSocietateNoua);
+      companies.append({upperCode, fullName, fileName});
+    });
+  } catch (...) {
+    if (fileIsOurs) removeFileAfterFailure(folder, fileName);
+    throw;
+  }
 }
 
 void requireRemovable(const QString& folder, const Company& company) {
@@ -109,21 +112,14 @@ QString removalQuestion(const Company& company) {
       .arg(company.COD, company.DENUMIRE);
 }
 
-void removeCompany(const QString& folder, QList<Company>& companies, const Company& company) {
-  requireRemovable(folder, company);
-  removeDatabaseFile(folder, companyFileName(company.COD));
-  companies.removeIf([&company](const Company& other) { return sameCode(other, company); });
-}
-
-void saveCompanyChanges(const QString& folder, const QList<Company>& before, const QList<Company>& after) {
-  const auto missingIn = [](const QList<Company>& list, const Company& company) {
-    return std::none_of(list.begin(), list.end(),
-                        [&company](const Company& other) { return sameCode(other, company); });
-  };
-  changeCompanyList(folder, [&](QList<Company>& stored) {
-    stored.removeIf([&](const Company& each) { return !missingIn(before, each) && missingIn(after, each); });
-    for (const Company& company : after)
-      if (missingIn(before, company) && missingIn(stored, company)) stored.append(company);
+void removeCompany(const QString& folder, const Company& company) {
+  changeCompanyList(folder, [&](QList<Company>& companies) {
+    requireRemovable(folder, company);
+    // The file first: when the list cannot be written then, its row is still there to try again.
+    removeDatabaseFile(folder, companyFileName(company.COD));
+    companies.removeIf([&company](const Company& other) {
+      return other.COD.compare(company.COD, Qt::CaseInsensitive) == 0;
+    });
   });
 }
 

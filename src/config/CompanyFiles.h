@@ -1,5 +1,4 @@
-// Creates and deletes companies: the file at once, the row in a list that is written when the work on it
-// ends.
+// Creates and deletes companies: the file and the row of the list, together or not at all.
 #pragma once
 
 #include "store/CompanyList.h"
@@ -7,10 +6,10 @@
 
 namespace velmar {
 
-/// Makes the company's file from the folder's template and adds the company to `companies`, sorted by code.
-/// Throws RuleError with the column at fault (COD, DENUMIRE), which is empty when the code is taken, or
-/// StoreError. The name waits in `gDenSocietateNoua` while the file is made.
-void createCompany(const QString& folder, QList<Company>& companies, const QString& code, const QString& name,
+/// Makes the company's file from the folder's template and adds the company to the list. Throws RuleError
+/// with the column at fault (COD, DENUMIRE), which is empty when the code is taken, or StoreError. The name
+/// waits in `gDenSocietateNoua` while the file is made.
+void createCompany(const QString& folder, const QString& code, const QString& name,
                    QString& gDenSocietateNoua);
 
 /// Throws RuleError when the company must not be deleted: the first one, the open one, and one that somebody
@@ -20,13 +19,8 @@ void requireRemovable(const QString& folder, const Company& company);
 /// The question to ask before removeCompany().
 QString removalQuestion(const Company& company);
 
-/// Deletes the company's file and its row in `companies`. Throws RuleError as requireRemovable(), or
-/// StoreError.
-void removeCompany(const QString& folder, QList<Company>& companies, const Company& company);
-
-/// Writes into the folder's list what was added and deleted between `before` and `after`; what colleagues
-/// changed meanwhile stays. Throws StoreError.
-void saveCompanyChanges(const QString& folder, const QList<Company>& before, const QList<Company>& after);
+/// Deletes the company's file and its row in the list. Throws RuleError as requireRemovable(), or StoreError.
+void removeCompany(const QString& folder, const Company& company);
 
 /// The companies as a record set with the columns COD, DENUMIRE, NUMEBD.
 Recordset companyRecordset(const QList<Company>& companies);

@@ -137,14 +137,12 @@ bool makeSampleCompany(const QString& folder, const std::function<void(int)>& pr
   const QList<Company> companies = readCompanyList(folder);
   if (std::any_of(companies.begin(), companies.end(), [](const Company& c) { return c.COD == kSampleCode; }))
     return false;
-  QList<Company> more = companies;
-  createCompany(folder, more, kSampleCode, "EXEMPLU SRL", session().gDenSocietateNoua);
+  createCompany(folder, kSampleCode, "EXEMPLU SRL", session().gDenSocietateNoua);
   try {
     fill(progress);
-    saveCompanyChanges(folder, companies, more);
   } catch (...) {
     leaveCompany();
-    removeDatabaseFile(folder, companyFileName(kSampleCode));
+    removeCompany(folder, {kSampleCode, "EXEMPLU SRL", companyFileName(kSampleCode)});
     throw;
   }
   leaveCompany();

@@ -157,6 +157,12 @@ void writeColumn(QXmlStreamWriter& xml, const QString& name, int number, int wid
   xml.writeEndElement();
 }
 
+void sortByCode(QList<Company>& companies) {
+  std::stable_sort(companies.begin(), companies.end(), [](const Company& a, const Company& b) {
+    return a.COD.compare(b.COD, Qt::CaseInsensitive) < 0;
+  });
+}
+
 // Another process may be making the list at the same moment: whoever has the lock makes it.
 void makeMissingList(const QString& folder) {
   if (existsInFolder(folder, kListName)) return;
@@ -183,12 +189,6 @@ void withListLock(const QString& folder, const std::function<void()>& work) {
 }
 
 }  // namespace
-
-void sortByCode(QList<Company>& companies) {
-  std::stable_sort(companies.begin(), companies.end(), [](const Company& a, const Company& b) {
-    return a.COD.compare(b.COD, Qt::CaseInsensitive) < 0;
-  });
-}
 
 QList<Company> companiesFromRowset(const QByteArray& xml) { return RowsetReader(xml).read(); }
 

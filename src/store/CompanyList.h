@@ -12,12 +12,7 @@ struct Company {
   QString COD;       ///< at most 2 characters, upper case; key
   QString DENUMIRE;  ///< at most 50 characters
   QString NUMEBD;    ///< file name in the folder, at most 15 characters
-
-  bool operator==(const Company&) const = default;
 };
-
-/// Sorts by code, without regard to case.
-void sortByCode(QList<Company>& companies);
 
 /// Reads the list, sorted by code. A missing list is made first: from `Societat.DBF` when that exists, else
 /// with the one company "01". Throws StoreError when the list cannot be read or is no rowset of companies.

@@ -1,7 +1,6 @@
 #include "config/windows/frmSocietati.h"
 
 #include <QBoxLayout>
-#include <QCloseEvent>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -45,7 +44,7 @@ frmSocietati::frmSocietati(QWidget* parent) : QWidget(parent) {
   all->addLayout(bottom);
   setUpKeys(this, findChild<QPushButton*>("cmdAdauga"), findChild<QPushButton*>("cmdIesire"));
   setFocusProxy(txtCod_);
-  guarded("frmSocietati", "Form_Load", [this] { load(); });
+  guarded("frmSocietati", "Form_Load", [this] { refresh(); });
 }
 
 QGroupBox* frmSocietati::companyFrame() {
@@ -93,19 +92,12 @@ QLayout* frmSocietati::buttonBlock() {
   return grid;
 }
 
-void frmSocietati::load() {
-  stored_ = readCompanyList(session().gCaleBD);
-  companies_ = stored_;
-  refresh();
-}
-
-void frmSocietati::refresh() { grid_->setRecordset(companyRecordset(companies_)); }
+void frmSocietati::refresh() { grid_->setRecordset(companyRecordset(readCompanyList(session().gCaleBD))); }
 
 void frmSocietati::add() {
   try {
     const Hourglass hourglass;
-    createCompany(session().gCaleBD, companies_, txtCod_->text(), txtDenumire_->text(),
-                  session().gDenSocietateNoua);
+    createCompany(session().gCaleBD, txtCod_->text(), txtDenumire_->text(), session().gDenSocietateNoua);
   } catch (const RuleError& rule) {
     Mesaj(rule.text());
     if (rule.field().isEmpty()) {
@@ -132,22 +124,11 @@ void frmSocietati::remove() {
     if (Mesaj(removalQuestion(company), kQuestion + kYesNo, QStringLiteral("Confirmare stergere")) !=
         kResultYes)
       return;
-    removeCompany(session().gCaleBD, companies_, company);
+    removeCompany(session().gCaleBD, company);
   } catch (const RuleError& rule) {
     Mesaj(rule.text());
   }
   refresh();
-}
-
-void frmSocietati::closeEvent(QCloseEvent* event) {
-  bool saved = stored_ == companies_;
-  if (!saved)
-    guarded("frmSocietati", "Form_Unload", [this, &saved] {
-      saveCompanyChanges(session().gCaleBD, stored_, companies_);
-      stored_ = companies_;
-      saved = true;
-    });
-  event->setAccepted(saved);
 }
 
 }  // namespace velmar

@@ -3,8 +3,6 @@
 
 #include <QWidget>
 
-#include "store/CompanyList.h"
-
 class QGroupBox;
 class QLineEdit;
 
@@ -17,20 +15,13 @@ class frmSocietati : public QWidget {
  public:
   explicit frmSocietati(QWidget* parent = nullptr);
 
- protected:
-  /// Writes the list; the window stays when that fails.
-  void closeEvent(QCloseEvent* event) override;
-
  private:
   QGroupBox* companyFrame();
   QLayout* buttonBlock();
-  void load();
   void refresh();
   void add();
   void remove();
 
-  QList<Company> stored_;     // as the list stood when the window opened
-  QList<Company> companies_;  // with the changes made since
   TDBGrid* grid_;
   QLineEdit* txtCod_;
   QLineEdit* txtDenumire_;
