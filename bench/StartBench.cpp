@@ -12,11 +12,11 @@
 
 #include "Benches.h"
 #include "Fixture.h"
-#include "util/Settings.h"
 #include "shell/windows/frmMsgBox.h"
 #include "shell/windows/StartUp.h"
 #include "store/DatabaseFiles.h"
 #include "util/Errors.h"
+#include "util/Settings.h"
 #include "util/windows/Look.h"
 
 namespace velmar::bench {

@@ -34,8 +34,11 @@ QString createStatement(const Table& table) {
   QStringList parts;
   for (const Column& column : table.columns()) {
     QString part = column.name + QLatin1Char(' ') + declaredType(column);
-    if (table.keyColumns().contains(column.name) && column.type != ColumnType::Boolean)
-      part += QStringLiteral(" NOT NULL");
+    if (table.keyColumns().contains(column.name)) part += QStringLiteral(" NOT NULL");
+    // A line that says nothing of its number is the document's line 0.
+    if (table.keyColumns().size() > 1 && table.keyColumns().last() == column.name &&
+        column.type == ColumnType::Integer)
+      part += QStringLiteral(" DEFAULT 0");
     parts.append(part);
   }
   if (!table.keyColumns().isEmpty())

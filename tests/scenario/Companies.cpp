@@ -8,7 +8,6 @@
 #include "config/Session.h"
 #include "SharedFunctions.h"
 #include "shell/Login.h"
-#include "util/Settings.h"
 #include "shell/Warehouses.h"
 #include "shell/windows/frmMsgBox.h"
 #include "shell/windows/StartUp.h"
@@ -16,6 +15,7 @@
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
 #include "util/Clock.h"
+#include "util/Settings.h"
 #include "util/windows/Look.h"
 
 namespace velmar::scenario {

@@ -3,10 +3,10 @@
 
 #include "shell/ApplicationFolder.h"
 #include "shell/Login.h"
-#include "util/Settings.h"
 #include "shell/Warehouses.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
+#include "util/Settings.h"
 
 namespace velmar {
 

@@ -138,8 +138,9 @@ void LineGrid::commitData(QWidget* widget) {
     refused_.clear();
     initialText_ = line->text();
   } catch (...) {
-    refuse(widget, [form = form_, cause = std::current_exception()] {
-      guarded(form, QStringLiteral("AfterColUpdate"), [&cause] { std::rethrow_exception(cause); });
+    refuse(widget, [this, cause = std::current_exception()] {
+      guarded(form_, QStringLiteral("AfterColUpdate"), [&cause] { std::rethrow_exception(cause); });
+      emit refusedByStore();
     });
   }
 }

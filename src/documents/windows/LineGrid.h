@@ -27,6 +27,10 @@ class LineGrid : public TDBGrid {
   /// Moves to the empty row and opens its first cell.
   void startNewLine();
 
+ signals:
+  /// A line could not be stored, and the user has been told why.
+  void refusedByStore();
+
  protected:
   void commitData(QWidget* editor) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;

@@ -44,6 +44,7 @@ frmGrila::frmGrila(const QString& prefix, const ArticleList& articles, QWidget* 
   buildHeader();
   buildLists(articles);
   giveMnemonics(this);
+  orderTabs();
   refreshLists();
   newDocument();
 }
@@ -72,7 +73,9 @@ void frmGrila::buildCommands() {
   close->setObjectName("cmdClose");
   close->setToolTip("Inchidere fereastra");
   close->setAutoDefault(false);
-  connect(close, &QPushButton::clicked, this, [this] { closeForm(this); });
+  connect(close, &QPushButton::clicked, this, [this] {
+    if (lines_->commitPending()) closeForm(this);
+  });
   row->addWidget(close);
   static_cast<QVBoxLayout*>(layout())->addLayout(row);
   auto* printShortcut = new QShortcut(QKeySequence::Print, this);
@@ -127,7 +130,7 @@ void frmGrila::addPartnerField(const HeaderField& field, QFormLayout* form) {
   auto* code = new QLineEdit(form->parentWidget());
   code->setObjectName(field.control);
   code->setMaxLength(9);
-  code->setToolTip("Cod tert");
+  code->setToolTip(field.toolTip);
   code->setMaximumWidth(fontMetrics().averageCharWidth() * 12);
   KeyFilter::install(code, KeyFilter::NoQuote | KeyFilter::NoBlank);
   controls_.insert(field.column, code);
@@ -183,6 +186,7 @@ void frmGrila::buildLists(const ArticleList& articles) {
   lines_->setColumns(LineModel::gridColumns(kind));
   lines_->setEmptyText("Liniile se adauga dupa salvarea antetului.");
   static_cast<QVBoxLayout*>(layout())->addWidget(lines_, 1);
+  connect(lines_, &LineGrid::refusedByStore, this, &frmGrila::refreshDrafts);
   connect(lineModel_, &LineModel::totalsChanged, this, &frmGrila::GridFooterText);
 }
 
@@ -193,8 +197,27 @@ void frmGrila::run(const QString& procedure, const std::function<void()>& work) 
       work();
     } catch (const RuleError& rule) {
       showRule(rule);
+      // A rule that no field broke was broken by a colleague: the draft is gone.
+      if (rule.field().isEmpty()) refreshDrafts();
     }
   });
+}
+
+// From the header to its saving, then the other commands, the drafts and the lines.
+void frmGrila::orderTabs() {
+  QWidget* before = nullptr;
+  const auto next = [this, &before](QWidget* widget) {
+    if (before && widget) setTabOrder(before, widget);
+    if (widget) before = widget;
+  };
+  for (const HeaderField& field : editor_.kind().headerFields) {
+    next(control(field.key()));
+    if (field.type == HeaderFieldType::Partner) next(partner_);
+  }
+  for (const char* name :
+       {"cmdSalvare", "cmdValidare", "cmdSterge", "cmdTiparire", "cmdClose", "cmdFacturaNoua"})
+    next(findChild<QWidget*>(name));
+  for (QWidget* widget : std::initializer_list<QWidget*>{drafts_, bySupplierCode_, lines_}) next(widget);
 }
 
 void frmGrila::showRule(const RuleError& rule) {
@@ -339,7 +362,13 @@ void frmGrila::showPartner(const QString& code) {
 
 void frmGrila::partnerPicked() {
   if (showing_) return;
-  const int at = partner_->findText(partner_->currentText(), Qt::MatchFixedString);
+  int at = partner_->findText(partner_->currentText(), Qt::MatchFixedString);
+  // A part of the name is enough when only one partner's has it.
+  QCompleter* completer = partner_->completer();
+  completer->setCompletionPrefix(partner_->currentText());
+  if (at < 0 && !partner_->currentText().trimmed().isEmpty() && completer->completionCount() == 1)
+    at = partner_->findText(completer->currentCompletion(), Qt::MatchFixedString);
+  if (at >= 0) partner_->setCurrentIndex(at);
   auto* code = qobject_cast<QLineEdit*>(control(editor_.kind().partnerColumn));
   const QString picked = at < 0 ? QString() : partner_->itemData(at).toString();
   if (code->text() != picked) headerTouched();

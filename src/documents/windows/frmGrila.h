@@ -43,6 +43,7 @@ class frmGrila : public QWidget {
   void buildCommands();
   void buildHeader();
   void buildLists(const ArticleList& articles);
+  void orderTabs();
   void addPartnerField(const HeaderField& field, QFormLayout* form);
   void addTextField(const HeaderField& field, QFormLayout* form);
   QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,

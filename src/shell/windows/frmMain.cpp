@@ -274,7 +274,9 @@ void frmMain::showChild(QWidget* window) {
   child->resize((last.isValid() ? last : child->sizeHint()).boundedTo(area_->viewport()->size()));
   child->installEventFilter(this);
   child->show();
-  window->setFocus();
+  // The window itself knows its first field.
+  QWidget* first = window->focusWidget();
+  (first ? first : window)->setFocus();
 }
 
 // A child window comes back in the size in which it was left.

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QPainter>
+#include <QScrollBar>
 
 #include "util/NumberText.h"
 #include "util/Settings.h"
@@ -30,8 +31,11 @@ class GridFooter : public QWidget {
     for (int i = 0; i < grid_->columns().size(); ++i) {
       if (grid_->isColumnHidden(i)) continue;
       const QRect cell(left + grid_->columnViewportPosition(i), 0, grid_->columnWidth(i), height());
-      painter.drawText(cell.adjusted(4, 0, -4, 0), Qt::AlignRight | Qt::AlignVCenter,
-                       grid_->footer(grid_->columns()[i].field));
+      const QRect room = cell.adjusted(4, 0, -4, 0);
+      // A sum without its first digits would be read as another sum.
+      const QString text = painter.fontMetrics().elidedText(grid_->footer(grid_->columns()[i].field),
+                                                            Qt::ElideLeft, room.width());
+      painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, text);
     }
   }
 
@@ -104,6 +108,8 @@ TDBGrid::TDBGrid(const QString& name, QWidget* parent)
   setSelectionMode(SingleSelection);
   setTabKeyNavigation(false);
   setAlternatingRowColors(true);
+  setVerticalScrollMode(ScrollPerPixel);
+  setWordWrap(false);
   verticalHeader()->hide();
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   horizontalHeader()->setHighlightSections(false);
@@ -125,7 +131,9 @@ void TDBGrid::applyWidths() {
   for (int i = 0; i < columns_.size() && i < model()->columnCount(); ++i) {
     setColumnHidden(i, !columns_[i].visible);
     const int caption = fontMetrics().horizontalAdvance(columns_[i].caption) + 16;
-    setColumnWidth(i, std::max(caption, fontMetrics().averageCharWidth() * columns_[i].width + 12));
+    const int character = rightAligned(columns_[i].format) ? fontMetrics().horizontalAdvance(QLatin1Char('0'))
+                                                           : fontMetrics().averageCharWidth();
+    setColumnWidth(i, std::max(caption, character * columns_[i].width + 12));
   }
   restoreWidths();
   stretchLast();
@@ -221,21 +229,36 @@ QString TDBGrid::footer(const QString& field) const { return footers_.value(fiel
 void TDBGrid::updateGeometries() {
   if (placingFooter_) return;
   placingFooter_ = true;
-  QTableView::updateGeometries();
-  if (!footer_->isHidden()) {
-    const int height = fontMetrics().height() + 8;
-    const QMargins margins = viewportMargins();
-    setViewportMargins(margins.left(), margins.top(), margins.right(), height);
-    const QRect view = viewport()->geometry();
-    footer_->setGeometry(view.left(), view.bottom() + 1, view.width(), height);
-    // The base class measured the header before the footer took its room.
-    QHeaderView* header = horizontalHeader();
-    if (header->width() != view.width()) {
-      header->setGeometry(view.left(), header->y(), view.width(), header->height());
-      stretchLast();
-    }
+  if (footer_->isHidden()) {
+    QTableView::updateGeometries();
+  } else {
+    placeFooter();
   }
   placingFooter_ = false;
+}
+
+// The view reckons with the footer's room for rows, so its vertical scroll bar is set here. With a bar that
+// comes and goes by itself the two would disagree without end.
+void TDBGrid::placeFooter() {
+  const int height = fontMetrics().height() + 8;
+  const QScrollBar* below = horizontalScrollBar();
+  const int room = this->height() - 2 * frameWidth() - horizontalHeader()->height() - height -
+                   (below->isVisible() ? below->height() : 0);
+  const int hidden = std::max(0, verticalHeader()->length() - room);
+  setVerticalScrollBarPolicy(hidden > 0 ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+  QTableView::updateGeometries();
+  const QMargins margins = viewportMargins();
+  setViewportMargins(margins.left(), margins.top(), margins.right(), height);
+  const QRect view = viewport()->geometry();
+  footer_->setGeometry(view.left(), view.bottom() + 1, view.width(), height);
+  // The base class measured the header before the footer took its room.
+  QHeaderView* header = horizontalHeader();
+  if (header->width() != view.width()) {
+    header->setGeometry(view.left(), header->y(), view.width(), header->height());
+    stretchLast();
+  }
+  verticalScrollBar()->setRange(0, hidden);
+  verticalScrollBar()->setPageStep(view.height());
 }
 
 void TDBGrid::paintEvent(QPaintEvent* event) {

@@ -84,6 +84,7 @@ class TDBGrid : public QTableView {
 
  private:
   void applyWidths();
+  void placeFooter();
   void restoreWidths();
   void storeWidths();
   void stretchLast();

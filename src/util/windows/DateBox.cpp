@@ -1,5 +1,6 @@
 #include "util/windows/DateBox.h"
 
+#include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -25,6 +26,9 @@ QDate dateOf(const QString& digits, const QDate& before) {
 DateBox::DateBox(QWidget* parent) : QDateEdit(parent) {
   setDisplayFormat(kFormat);
   setCalendarPopup(true);
+  calendarWidget()->setLocale(QLocale(QLocale::Romanian, QLocale::Romania));
+  calendarWidget()->setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
+  calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
 }
 
 void DateBox::keyPressEvent(QKeyEvent* event) {
