@@ -95,8 +95,8 @@ HeaderField vatPercent(const QString& column, const QString& initial) {
 QList<LineColumn> leadingColumns(const DocumentKind& kind) {
   return {{kind.numberColumn, "Numar", LineEntry::Locked, -1, kAsTyped, 10, false},
           {"NRLINIE", "Nr.", LineEntry::Locked, -1, kAsTyped, 5},
-          {"CODART", "Cod articol", LineEntry::Code, -1, kAsTyped, 16},
-          {"DENUMIRE", "Denumire articol", LineEntry::Name, -1, kAsTyped, 36},
+          {"CODART", "Cod articol", LineEntry::Code, -1, kAsTyped, 18},
+          {"DENUMIRE", "Denumire articol", LineEntry::Name, -1, kAsTyped, 44},
           {"UM", "UM", LineEntry::Locked, -1, kAsTyped, 6}};
 }
 

@@ -357,6 +357,7 @@ void frmGrila::showPartner(const QString& code) {
   const int at = code.isEmpty() ? -1 : partner_->findData(code.toLongLong());
   partner_->setCurrentIndex(at);
   if (at < 0) partner_->setEditText(QString());
+  partner_->lineEdit()->setCursorPosition(0);
   partnerName_->setText(at < 0 ? QString() : partner_->itemText(at));
 }
 
