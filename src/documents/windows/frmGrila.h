@@ -6,19 +6,15 @@
 #include <QWidget>
 
 #include "documents/DocumentEditor.h"
-
 #include "util/Errors.h"
 
+class QBoxLayout;
 class QCheckBox;
-class QComboBox;
-class QDateEdit;
-class QFormLayout;
-class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace velmar {
 
+class HeaderForm;
 class LineGrid;
 class LineModel;
 class TDBGrid;
@@ -40,14 +36,12 @@ class frmGrila : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void buildCommands();
-  void buildHeader();
-  void buildLists(const ArticleList& articles);
-  void orderTabs();
-  void addPartnerField(const HeaderField& field, QFormLayout* form);
-  void addTextField(const HeaderField& field, QFormLayout* form);
+  QBoxLayout* commandRow();
   QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,
                        const QString& picture, void (frmGrila::*action)());
+  QWidget* draftsFrame();
+  void buildLines(const ArticleList& articles);
+  void orderTabs();
 
   void newDocument();
   void save();
@@ -60,31 +54,20 @@ class frmGrila : public QWidget {
   void AfisareAntet();
   void DetaliiFactura();
   void GridFooterText();
+  /// Shows the editor's document: header, lines and the drafts beside it.
+  void showDocument();
   void refreshDrafts();
-  void partnerPicked();
-  void partnerTyped();
-  /// Shows that the header on screen is no longer the stored one.
-  void headerTouched();
-  void showPartner(const QString& code);
   void showRule(const RuleError& rule);
   /// Runs a command: first takes over what stands in an open cell, then guards the work.
   void run(const QString& procedure, const std::function<void()>& work);
 
-  /// The header's texts by column, as they stand in the controls; dates in ISO form.
-  QHash<QString, QString> typedHeader() const;
-  QWidget* control(const QString& column) const { return controls_.value(column); }
-
   DocumentEditor editor_;
-  LineModel* lineModel_ = nullptr;
-  LineGrid* lines_ = nullptr;  ///< TDBGrid1
+  HeaderForm* header_;
   TDBGrid* drafts_ = nullptr;  ///< TDBGrid2
   QCheckBox* bySupplierCode_ = nullptr;
-  QComboBox* partner_ = nullptr;  ///< DataCombo1
-  QLabel* partnerName_ = nullptr;
-  QLabel* state_ = nullptr;
-  QHash<QString, QWidget*> controls_;  ///< header controls by column
-  bool showing_ = false;               ///< the controls are being filled, not typed in
-  bool listening_ = false;             ///< already follows the activation of its frame
+  LineModel* lineModel_ = nullptr;
+  LineGrid* lines_ = nullptr;  ///< TDBGrid1
+  bool listening_ = false;     ///< already follows the activation of its frame
 };
 
 }  // namespace velmar
