@@ -2,12 +2,13 @@
 #include <QTimer>
 
 #include "shell/ApplicationFolder.h"
+#include "shell/windows/Application.h"
 #include "shell/windows/frmMsgBox.h"
 #include "shell/windows/StartUp.h"
 #include "util/windows/Look.h"
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
+  velmar::Application application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("velmar"));
   QApplication::setApplicationVersion(QStringLiteral(VELMAR_VERSION));
   QApplication::setDesktopFileName(QStringLiteral("velmar"));

@@ -166,6 +166,8 @@ expectMessage("Pretul de vanzare");
 expectMessage("Bonul de intrare a fost salvat cu succes in Articole si Documente !", {title: "Confirmare salvare"});
 noMessage();
 equal(w.text("txtFields(0)"), "", "a new document");
+equal([w.text("txtFields(1)"), w.text("txtFields(2)"), w.text("txtFields(3)"), w.text("Label2")], ["", "19", "", ""],
+      "cleared but for the rate");
 equal(w.grid("TDBGrid2").rows(), 0, "no draft left");
 
 equal(sql("SELECT ID, TIP, TIPIE, CODTERT, TOTALFT, TOTALTVA, TOTALCOST, CODDEV, CURS, UTILIZATOR, CODMAG FROM G_DOCUME"),

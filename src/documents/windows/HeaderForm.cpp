@@ -123,6 +123,9 @@ QLineEdit* HeaderForm::partnerCode() const { return qobject_cast<QLineEdit*>(con
 void HeaderForm::fill(const Row& header, bool numberLocked) {
   const QSignalBlocker quiet(this);
   for (const HeaderField& field : kind_.headerFields) {
+    // A new document goes on with the rate of the one before.
+    const bool isRate = field.type == HeaderFieldType::Percent || field.type == HeaderFieldType::VatRate;
+    if (isRate && header.isNull(field.column)) continue;
     if (auto* date = qobject_cast<DateBox*>(control(field.column)))
       date->setDate(header.date(field.column));
     else if (auto* box = qobject_cast<QLineEdit*>(control(field.column)))
