@@ -248,7 +248,8 @@ void LineGrid::mousePressEvent(QMouseEvent* event) {
 void LineGrid::deleteCurrent() {
   const int row = currentIndex().row();
   if (row < 0 || lines_->isNewRow(row)) return;
-  guarded(form_, QStringLiteral("BeforeDelete"), [this, row] { lines_->deleteLine(row); });
+  if (!guarded(form_, QStringLiteral("BeforeDelete"), [this, row] { lines_->deleteLine(row); }))
+    emit refusedByStore();
 }
 
 }  // namespace velmar
