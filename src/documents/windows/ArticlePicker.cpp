@@ -1,6 +1,7 @@
 #include "documents/windows/ArticlePicker.h"
 
 #include <QAbstractItemView>
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QTreeView>

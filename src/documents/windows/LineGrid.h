@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <QPersistentModelIndex>
+#include <QPointer>
 
 #include "config/Lists.h"
 #include "documents/windows/LineModel.h"

@@ -1,6 +1,7 @@
 #include "util/windows/Entry.h"
 
 #include <QAbstractButton>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
