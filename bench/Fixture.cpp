@@ -93,7 +93,7 @@ QString folder() {
   static const QTemporaryDir dir;
   static const bool written = [] {
     clock::setToday(QDate(2026, 3, 15));
-    writeTemplate(dir.path());
+    bringTemplateUpToDate(dir.path());
     return true;
   }();
   return written ? dir.path() : QString();

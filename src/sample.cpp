@@ -32,6 +32,8 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "Societatea de exemplu nu a putut fi creata: %s\n", qPrintable(error.text()));
   } catch (const velmar::Cancelled&) {
     std::fprintf(stderr, "Baza de date este folosita de alt utilizator.\n");
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "Societatea de exemplu nu a putut fi creata: %s\n", error.what());
   }
   return 1;
 }

@@ -47,7 +47,7 @@ class TestCompany {
   static QString folder() {
     static const QTemporaryDir dir;
     static const bool written = [] {
-      writeTemplate(dir.path());
+      bringTemplateUpToDate(dir.path());
       return true;
     }();
     return written ? dir.path() : QString();

@@ -160,7 +160,7 @@ bool ValidareValoare(const QString& value, int kind, const QVariant& minimum, co
 }
 
 bool ArticolExista(const QString& code) {
-  return findsRow(QStringLiteral("SELECT CODART, COST FROM G_ARTMAG WHERE CODART = ?"), {code});
+  return findsRow(QStringLiteral("SELECT CODART FROM G_ARTMAG WHERE CODART = ?"), {code});
 }
 
 bool ProdusFurnizorExista(const QString& code) {

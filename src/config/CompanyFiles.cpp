@@ -103,7 +103,7 @@ void requireRemovable(const QString& folder, const Company& company) {
   const QString path = pathInFolder(folder, companyFileName(company.COD));
   if (isOpen(path) || isOpen(pathInFolder(folder, company.NUMEBD)))
     throw RuleError(QStringLiteral("Societatea deschisa nu se poate sterge !"));
-  if (!connections(path).isEmpty())
+  if (!connections(path).isEmpty() || !connections(pathInFolder(folder, company.NUMEBD)).isEmpty())
     throw RuleError(QStringLiteral("Societatea este deschisa de alt utilizator si nu se poate sterge !"));
 }
 

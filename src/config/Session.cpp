@@ -18,7 +18,7 @@ QDate dateOrToday(const Row& row, const QString& column) {
 QString valueOf(const QString& name) {
   const Column* column = companyTable("kt_par").column(name);
   if (!column) throw StoreError(0, QStringLiteral("Lipseste parametrul %1").arg(name));
-  const Recordset found = OpenRs(QStringLiteral("SELECT %1 FROM kt_par").arg(column->name));
+  const Recordset found = OpenRs(QStringLiteral("SELECT %1 FROM kt_par ORDER BY ID").arg(column->name));
   return found.isEmpty() ? QString() : found.first().at(0).toString();
 }
 
@@ -41,7 +41,7 @@ Session& session() {
 void InitParaSoc() {
   Session& s = session();
   s.ModAudio = false;
-  const Recordset parameters = OpenRs("SELECT * FROM kt_par");
+  const Recordset parameters = OpenRs("SELECT * FROM kt_par ORDER BY ID");
   if (!parameters.isEmpty()) {
     const Row& par = parameters.first();
     s.Banca = par.text("Banca");
@@ -82,7 +82,8 @@ void InitParaSoc() {
 }
 
 void IncarcaSerii() {
-  const Recordset found = OpenRs("SELECT SERIEFC, FCSTART, FCEND, SERIEAE, AESTART, AEEND FROM kt_par");
+  const Recordset found =
+      OpenRs("SELECT SERIEFC, FCSTART, FCEND, SERIEAE, AESTART, AEEND FROM kt_par ORDER BY ID");
   const auto value = [&found](const QString& column) {
     const QString text = found.isEmpty() ? QString() : found.first().text(column).trimmed();
     return text.isEmpty() ? QStringLiteral("00") : text;

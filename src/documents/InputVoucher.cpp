@@ -65,9 +65,4 @@ class InputVoucherRules : public KindRules {
 
 std::unique_ptr<KindRules> makeInputVoucherRules() { return std::make_unique<InputVoucherRules>(); }
 
-const KindRules* kindRules(const QString& prefix) {
-  static const std::unique_ptr<KindRules> inputVoucher = makeInputVoucherRules();
-  return prefix.toUpper() == QStringLiteral("BI") ? inputVoucher.get() : nullptr;
-}
-
 }  // namespace velmar

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QSaveFile>
 #include <QStandardPaths>
 
 #include "config/Session.h"
@@ -36,14 +37,12 @@ void addMissingFiles(const QString& resources, const QString& folder) {
     const QString source = files.next();
     const QString target = QDir(folder).filePath(files.fileName());
     if (QFile::exists(target)) continue;
-    const QString draft = target + QStringLiteral(".nou");
-    QFile::remove(draft);
-    const bool copied = QFile::copy(source, draft);
-    QFile::setPermissions(draft, QFile::permissions(draft) | QFile::WriteOwner);
-    if (!copied || !QFile::rename(draft, target)) {
-      QFile::remove(draft);
+    // Several processes may be starting at once: each brings the whole file in place under a name of its own.
+    QFile packed(source);
+    QSaveFile copy(target);
+    if (!packed.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly) ||
+        copy.write(packed.readAll()) != packed.size() || !copy.commit())
       throw notWritable(target);
-    }
   }
 }
 
@@ -60,7 +59,7 @@ void prepareApplicationFolder(const QString& folder) {
   makeFolder(dir.path());
   addMissingFiles(QStringLiteral(":/BMP"), dir.filePath(QStringLiteral("BMP")));
   addMissingFiles(QStringLiteral(":/lst"), dir.filePath(QStringLiteral("lst")));
-  if (templateIsOutdated(dir.path())) writeTemplate(dir.path());
+  bringTemplateUpToDate(dir.path());
 }
 
 QString picturePath(const QString& name) {

@@ -20,6 +20,7 @@ namespace velmar {
 
 namespace {
 
+const QString kSampleName = QStringLiteral("EXEMPLU SRL");
 constexpr int kVouchers = 40;
 constexpr int kDaysBack = 91;
 constexpr int kSampleVat = 19;
@@ -121,8 +122,14 @@ void addVouchers(const Catalogue& catalogue, const std::function<void(int)>& pro
   }
 }
 
+bool sampleExists(const QString& folder) {
+  const QList<Company> companies = readCompanyList(folder);
+  return std::any_of(companies.begin(), companies.end(),
+                     [](const Company& company) { return company.COD == kSampleCode; });
+}
+
 void fill(const std::function<void(int)>& progress) {
-  Login().enter(companyFileName(kSampleCode), "EXEMPLU SRL", "admin", "admin");
+  Login().enter(companyFileName(kSampleCode), kSampleName, "admin", "admin");
   const Row warehouse = workingWarehouses().first();
   session().gMagazie = warehouse.integer("COD");
   session().gDenMagazie = warehouse.text("DENUMIRE");
@@ -134,15 +141,18 @@ void fill(const std::function<void(int)>& progress) {
 
 bool makeSampleCompany(const QString& folder, const std::function<void(int)>& progress) {
   session().gCaleBD = folder;
-  const QList<Company> companies = readCompanyList(folder);
-  if (std::any_of(companies.begin(), companies.end(), [](const Company& c) { return c.COD == kSampleCode; }))
-    return false;
-  createCompany(folder, kSampleCode, "EXEMPLU SRL", session().gDenSocietateNoua);
+  if (sampleExists(folder)) return false;
+  try {
+    createCompany(folder, kSampleCode, kSampleName, session().gDenSocietateNoua);
+  } catch (const RuleError&) {
+    if (sampleExists(folder)) return false;  // another process has just made it
+    throw;
+  }
   try {
     fill(progress);
   } catch (...) {
     leaveCompany();
-    removeCompany(folder, {kSampleCode, "EXEMPLU SRL", companyFileName(kSampleCode)});
+    removeCompany(folder, {kSampleCode, kSampleName, companyFileName(kSampleCode)});
     throw;
   }
   leaveCompany();

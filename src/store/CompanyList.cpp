@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFile>
 #include <QHash>
-#include <QLockFile>
 #include <QSaveFile>
 #include <QtEndian>
 #include <QXmlStreamReader>
@@ -23,7 +22,6 @@ const QString kSchemaSpace = QStringLiteral("uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00
 const QString kTypeSpace = QStringLiteral("uuid:C2F41010-65B3-11d1-A29F-00AA00C14882");
 const QString kRowsetSpace = QStringLiteral("urn:schemas-microsoft-com:rowset");
 const QString kRowSpace = QStringLiteral("#RowsetSchema");
-constexpr int kLockMs = 5000;
 constexpr int kListFailure = 75;
 
 const char* const kFirstList =
@@ -173,21 +171,6 @@ void makeMissingList(const QString& folder) {
     writeFile(path, QByteArray(kFirstList));
 }
 
-void withListLock(const QString& folder, const std::function<void()>& work) {
-  if (!QDir(folder).exists())
-    throw listError(QStringLiteral("Folderul %1 nu exista. Alegeti alt folder cu butonul \"Cautare\".")
-                        .arg(QDir::toNativeSeparators(folder)));
-  QLockFile lock(QDir(folder).filePath(kListName + QStringLiteral(".lock")));
-  if (!lock.tryLock(kLockMs)) {
-    if (lock.error() == QLockFile::LockFailedError)
-      throw listError(
-          QStringLiteral("Lista de societati este folosita de alt utilizator. Incercati din nou."));
-    throw listError(QStringLiteral("Folderul %1 nu poate fi scris. Verificati drepturile asupra lui.")
-                        .arg(QDir::toNativeSeparators(folder)));
-  }
-  work();
-}
-
 }  // namespace
 
 QList<Company> companiesFromRowset(const QByteArray& xml) { return RowsetReader(xml).read(); }
@@ -271,14 +254,15 @@ QList<Company> companiesFromDbf(const QByteArray& content) {
 }
 
 QList<Company> readCompanyList(const QString& folder) {
-  if (!existsInFolder(folder, kListName)) withListLock(folder, [&folder] { makeMissingList(folder); });
+  if (!existsInFolder(folder, kListName))
+    underFileLock(folder, kListName, [&folder] { makeMissingList(folder); });
   QList<Company> companies = companiesFromRowset(readFile(pathInFolder(folder, kListName)));
   sortByCode(companies);
   return companies;
 }
 
 void changeCompanyList(const QString& folder, const std::function<void(QList<Company>&)>& change) {
-  withListLock(folder, [&] {
+  underFileLock(folder, kListName, [&] {
     makeMissingList(folder);
     const QString path = pathInFolder(folder, kListName);
     QList<Company> companies = companiesFromRowset(readFile(path));
@@ -290,10 +274,13 @@ void changeCompanyList(const QString& folder, const std::function<void(QList<Com
 
 QList<Company> IncarcaSocietati(const QString& folder, QString& gDenSocietateNoua) {
   const QList<Company> companies = readCompanyList(folder);
-  if (!existsInFolder(folder, kFirstCompanyName)) {
+  if (existsInFolder(folder, kFirstCompanyName)) return companies;
+  underFileLock(folder, kListName, [&] {
+    // Another process may have made it meanwhile.
+    if (existsInFolder(folder, kFirstCompanyName)) return;
     makeCompanyFile(folder, kFirstCompanyName);
     MarcheazaVersiune(folder, kFirstCompanyName, gDenSocietateNoua);
-  }
+  });
   return companies;
 }
 

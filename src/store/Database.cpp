@@ -69,7 +69,7 @@ struct Database::Engine {
   void beginWrite() {
     QElapsedTimer waited;
     waited.start();
-    while (!sqlite::tryBeginWrite(connection)) {
+    while (!sqlite::tryBeginWrite(connection, path)) {
       if (waited.elapsed() > kLockWaitMs) {
         if (Mesaj(kWaitQuestion, kRetryCancel + kExclamation) != kResultRetry) throw Cancelled();
         waited.restart();
@@ -132,10 +132,6 @@ void Database::insertRows(const QString& table, const QStringList& columns, cons
               rows);
 }
 
-bool Database::hasTable(const QString& table) {
-  return engine_->connection.tables().contains(table, Qt::CaseInsensitive);
-}
-
 bool Database::inTransaction() const { return engine_->depth > 0; }
 
 QStringList Database::queryPlan(const QString& sql) {
@@ -152,17 +148,14 @@ QStringList Database::takeRecordedStatements() {
   return std::exchange(engine_->recorded, {});
 }
 
-Transaction::Transaction(Database& database) : database_(database), depth_(++database.engine_->depth) {
-  try {
-    if (depth_ == 1) {
-      database_.engine_->beginWrite();
-    } else {
-      database_.engine_->run(QStringLiteral("SAVEPOINT step%1").arg(depth_));
-    }
-  } catch (...) {
-    --database_.engine_->depth;
-    throw;
+Transaction::Transaction(Database& database) : database_(database), depth_(database.engine_->depth + 1) {
+  if (depth_ == 1) {
+    database_.engine_->beginWrite();
+  } else {
+    database_.engine_->run(QStringLiteral("SAVEPOINT step%1").arg(depth_));
   }
+  // Only now: what runs while the question of the wait stands is outside this transaction.
+  database_.engine_->depth = depth_;
 }
 
 Transaction::~Transaction() { rollback(); }

@@ -26,7 +26,7 @@ class Database {
 
   const QString& path() const;
 
-  /// Runs a SELECT (or a statement with RETURNING) and reads it out.
+  /// Runs a SELECT, or inside a Transaction a statement with RETURNING, and reads it out.
   Recordset query(const QString& sql, const Values& values = {});
 
   /// Runs a statement that gives no rows; gives the number of rows it changed. Outside a Transaction it is
@@ -39,7 +39,6 @@ class Database {
   /// Inserts rows. Every row has a value for each column.
   void insertRows(const QString& table, const QStringList& columns, const std::vector<Values>& rows);
 
-  bool hasTable(const QString& table);
   bool inTransaction() const;
 
   /// The engine's plan of a statement, whose values need not be known, one step a line.

@@ -1,7 +1,9 @@
 #include "store/DatabaseFiles.h"
 
+#include <filesystem>
 #include <QDir>
 #include <QFile>
+#include <QLockFile>
 
 #include "store/Database.h"
 #include "store/Schema.h"
@@ -16,13 +18,25 @@ namespace {
 
 constexpr int kFileExists = 58;
 constexpr int kFileFailure = 75;
+constexpr int kLockMs = 15000;
+
+void removeSideFiles(const QString& path) {
+  for (const QString& side : sqlite::sideFiles(path)) QFile::remove(side);
+}
 
 void removeWithSideFiles(const QString& path) {
   if (QFile::exists(path) && !QFile::remove(path))
     throw StoreError(
         kFileFailure,
         QStringLiteral("Fisierul %1 nu poate fi sters. Verificati drepturile asupra lui.").arg(path));
-  for (const QString& side : sqlite::sideFiles(path)) QFile::remove(side);
+  removeSideFiles(path);
+}
+
+// In place of a file that stands there, which the toolkit's own renaming refuses.
+bool replaceFile(const QString& from, const QString& to) {
+  std::error_code error;
+  std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), error);
+  return !error;
 }
 
 // A file of its own name until it is whole, so that nobody ever sees half a database.
@@ -32,16 +46,31 @@ void writeWhole(const QString& path, Fill&& fill) {
   removeWithSideFiles(draft);
   try {
     fill(draft);
-    removeWithSideFiles(path);
-    if (!QFile::rename(draft, path))
+    // What an unhappy end left beside an older file would be taken for the new one's journal.
+    removeSideFiles(path);
+    if (!replaceFile(draft, path))
       throw StoreError(
           kFileFailure,
           QStringLiteral("Fisierul %1 nu poate fi scris. Verificati drepturile asupra lui.").arg(path));
   } catch (...) {
     QFile::remove(draft);
-    for (const QString& side : sqlite::sideFiles(draft)) QFile::remove(side);
+    removeSideFiles(draft);
     throw;
   }
+}
+
+// Nobody may write the template anew meanwhile.
+void copyTemplate(const QString& folder, const QString& target) {
+  underFileLock(folder, kTemplateName, [&] {
+    const QString source = pathInFolder(folder, kTemplateName);
+    // Opening tells a template that is missing or damaged, and closing leaves nothing beside the file.
+    Database::open(source);
+    if (!QFile::copy(source, target))
+      throw StoreError(
+          kFileFailure,
+          QStringLiteral("Fisierul %1 nu poate fi scris. Verificati drepturile si spatiul liber.")
+              .arg(target));
+  });
 }
 
 void setPeriods(Database& database, int year) {
@@ -50,6 +79,24 @@ void setPeriods(Database& database, int year) {
   database.execute(
       "UPDATE kt_par SET DATAIN = ?, DATASN = ?, DATAIN1 = ?, DATASN1 = ?, DATAIC = ?, DATASC = ?",
       {start, end, start.addYears(1), end.addYears(1), start, end});
+}
+
+// Whether the folder has no template, or one that another version of the program wrote.
+bool templateIsOutdated(const QString& folder) {
+  if (!existsInFolder(folder, kTemplateName)) return true;
+  const auto database = Database::open(pathInFolder(folder, kTemplateName));
+  return database->query("SELECT VERSIUNE FROM kt_info").first().integer("VERSIUNE") != programRevision();
+}
+
+void writeTemplate(const QString& folder) {
+  writeWhole(pathInFolder(folder, kTemplateName), [](const QString& draft) {
+    const auto database = Database::create(draft);
+    Transaction transaction(*database);
+    createCompanyTables(*database);
+    insertTemplateData(*database);
+    database->execute("UPDATE kt_info SET VERSIUNE = ?", {programRevision()});
+    transaction.commit();
+  });
 }
 
 }  // namespace
@@ -68,36 +115,36 @@ bool existsInFolder(const QString& folder, const QString& name) {
 
 QString companyFileName(const QString& code) { return QStringLiteral("Tarvon%1.mdb").arg(code.toUpper()); }
 
-void writeTemplate(const QString& folder) {
-  writeWhole(pathInFolder(folder, kTemplateName), [](const QString& draft) {
-    const auto database = Database::create(draft);
-    Transaction transaction(*database);
-    createCompanyTables(*database);
-    insertTemplateData(*database);
-    database->execute("UPDATE kt_info SET VERSIUNE = ?", {programRevision()});
-    transaction.commit();
-  });
+void underFileLock(const QString& folder, const QString& name, const std::function<void()>& work) {
+  const QString shownFolder = QDir::toNativeSeparators(folder);
+  if (!QDir(folder).exists())
+    throw StoreError(
+        kFileFailure,
+        QStringLiteral("Folderul %1 nu exista. Alegeti alt folder cu butonul \"Cautare\".").arg(shownFolder));
+  QLockFile lock(QDir(folder).filePath(name + QStringLiteral(".lock")));
+  if (!lock.tryLock(kLockMs))
+    throw StoreError(
+        kFileFailure,
+        (lock.error() == QLockFile::LockFailedError
+             ? QStringLiteral("Fisierul %1 este folosit de alt utilizator. Incercati din nou.").arg(name)
+             : QStringLiteral("Folderul %1 nu poate fi scris. Verificati drepturile asupra lui.")
+                   .arg(shownFolder)));
+  work();
 }
 
-bool templateIsOutdated(const QString& folder) {
-  if (!existsInFolder(folder, kTemplateName)) return true;
-  const auto database = Database::open(pathInFolder(folder, kTemplateName));
-  return database->query("SELECT VERSIUNE FROM kt_info").first().integer("VERSIUNE") != programRevision();
+void bringTemplateUpToDate(const QString& folder) {
+  if (!templateIsOutdated(folder)) return;
+  underFileLock(folder, kTemplateName, [&folder] {
+    if (templateIsOutdated(folder)) writeTemplate(folder);
+  });
 }
 
 void makeCompanyFile(const QString& folder, const QString& fileName) {
   if (existsInFolder(folder, fileName))
     throw StoreError(kFileExists,
                      QStringLiteral("Fisierul %1 exista deja.").arg(pathInFolder(folder, fileName)));
-  const QString source = pathInFolder(folder, kTemplateName);
-  // Opening tells a template that is missing or damaged, and closing leaves nothing beside the file.
-  Database::open(source);
-  writeWhole(pathInFolder(folder, fileName), [&source](const QString& draft) {
-    if (!QFile::copy(source, draft))
-      throw StoreError(
-          kFileFailure,
-          QStringLiteral("Fisierul %1 nu poate fi scris. Verificati drepturile si spatiul liber.")
-              .arg(draft));
+  writeWhole(pathInFolder(folder, fileName), [&folder](const QString& draft) {
+    copyTemplate(folder, draft);
     QFile::setPermissions(draft, QFile::permissions(draft) | QFile::WriteOwner);
     setPeriods(*Database::open(draft), clock::today().year());
   });

@@ -2,6 +2,7 @@
 // that the engine keeps beside them.
 #pragma once
 
+#include <functional>
 #include <QString>
 
 namespace velmar {
@@ -18,22 +19,24 @@ QString pathInFolder(const QString& folder, const QString& name);
 /// Whether the folder holds a file of that name in any case.
 bool existsInFolder(const QString& folder, const QString& name);
 
+/// Does the work while no other process does any under the same name in the folder; others wait, up to 15
+/// seconds. Throws StoreError when the wait was in vain, or the folder is missing or cannot be written.
+void underFileLock(const QString& folder, const QString& name, const std::function<void()>& work);
+
 /// The file name of the company with that code: "Tarvon" + code in upper case + ".mdb".
 QString companyFileName(const QString& code);
 
 /// Writes the template with the structure and the initial rows of this program into the folder, whole or not
-/// at all, in place of an older one. Throws StoreError.
-void writeTemplate(const QString& folder);
-
-/// Whether the folder has no template, or one that another version of the program wrote.
-bool templateIsOutdated(const QString& folder);
+/// at all, unless the one that stands there is this program's. Throws StoreError.
+void bringTemplateUpToDate(const QString& folder);
 
 /// Makes a company file from the folder's template, whole or not at all, with the periods of the current
-/// year. Throws StoreError, also when a file of that name stands already.
+/// year. Throws StoreError, also when a file of that name stands already. Two processes must not make the
+/// same file at once: to be called under the lock of the list of companies.
 void makeCompanyFile(const QString& folder, const QString& fileName);
 
-/// Stamps the program's revision on a database, and the company name waiting in `gDenSocietateNoua`, which
-/// then becomes "00". An argument is the file's name in the databases folder.
+/// Stamps the program's revision on the database of that name in the folder, and the company name waiting in
+/// `gDenSocietateNoua`, which then becomes "00".
 void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& gDenSocietateNoua);
 
 /// Deletes a database file and its side files. Throws StoreError.

@@ -176,7 +176,7 @@ Command movementCommand(const QString& name, bool byLot, const QString& filter) 
                   issued,
                   "<> 0 ORDER BY",
                   code + ",",
-                  cost})};
+                  cost + " NULLS FIRST"})};
 }
 
 std::vector<Command> movementCommands() {

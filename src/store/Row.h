@@ -94,7 +94,6 @@ class Recordset {
   auto begin() const { return rows_.begin(); }
   auto end() const { return rows_.end(); }
   const QStringList& columns() const { return columns_->names(); }
-  std::shared_ptr<const Columns> sharedColumns() const { return columns_; }
 
   void append(std::vector<QVariant> cells) { rows_.emplace_back(columns_, std::move(cells)); }
   std::vector<Row> takeRows() { return std::move(rows_); }

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlQuery>
 #include <QThread>
@@ -89,6 +90,22 @@ QVariant pragma(const QSqlDatabase& connection, const QString& text, const QStri
   return query.next() ? query.value(0) : QVariant();
 }
 
+// The engine's own limit.
+void requireShortPath(const QString& path) {
+  constexpr int kLongest = 500;
+  if (QFile::encodeName(QFileInfo(path).absoluteFilePath()).size() > kLongest)
+    throw StoreError(
+        SQLITE_CANTOPEN,
+        QStringLiteral("Calea %1 este prea lunga. Alegeti un folder cu o cale mai scurta.").arg(path));
+}
+
+// With an authority that is empty, whatever slashes the path begins with.
+QString uriOf(const QString& path) {
+  const QString absolute = QFileInfo(path).absoluteFilePath();
+  return QStringLiteral("file://") + (absolute.startsWith(u'/') ? "" : "/") +
+         QString::fromLatin1(QUrl::toPercentEncoding(absolute, "/:"));
+}
+
 void requireOurFormat(const QSqlDatabase& connection, const QString& path) {
   if (pragma(connection, QStringLiteral("application_id"), path).toInt() != kApplicationId)
     throw StoreError(
@@ -112,6 +129,7 @@ bool looksLikeDatabase(const QString& path) {
 }
 
 QSqlDatabase open(const QString& path, const QString& connectionName, bool create) {
+  requireShortPath(path);
   if (!create) {
     QFile file(path);
     if (!file.exists())
@@ -131,9 +149,7 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
               .arg(path));
   }
   QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
-  QUrl url = QUrl::fromLocalFile(path);
-  url.setQuery(create ? QStringLiteral("mode=rwc") : QStringLiteral("mode=rw"));
-  connection.setDatabaseName(url.toString(QUrl::FullyEncoded));
+  connection.setDatabaseName(uriOf(path) + (create ? "?mode=rwc" : "?mode=rw"));
   connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=200"));
   if (!connection.open()) throw describe(connection.lastError(), path);
   registerFunctions(connection);
@@ -153,11 +169,11 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
   return connection;
 }
 
-bool tryBeginWrite(QSqlDatabase& connection) {
+bool tryBeginWrite(QSqlDatabase& connection, const QString& path) {
   QSqlQuery query(connection);
   if (query.exec(QStringLiteral("BEGIN IMMEDIATE"))) return true;
   if (isBusy(query.lastError())) return false;
-  throw describe(query.lastError(), connection.databaseName());
+  throw describe(query.lastError(), path);
 }
 
 StoreError describe(const QSqlError& error, const QString& path) {

@@ -24,8 +24,8 @@ sqlite3* handleOf(const QSqlDatabase& connection);
 /// Whether the file begins as a database of this engine does.
 bool looksLikeDatabase(const QString& path);
 
-/// Takes the write lock; gives false when another process holds it.
-bool tryBeginWrite(QSqlDatabase& connection);
+/// Takes the write lock; gives false when another process holds it. Throws StoreError, naming `path`.
+bool tryBeginWrite(QSqlDatabase& connection, const QString& path);
 
 /// The error with a Romanian text that says what to do.
 StoreError describe(const QSqlError& error, const QString& path);

@@ -1,0 +1,81 @@
+// The sample company: on the days at which a year or a month ends, in folders of any name, and started by
+// several processes at once on an empty folder.
+#include "shell/SampleCompany.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+#include <QDir>
+
+#include "shell/ApplicationFolder.h"
+#include "shell/Login.h"
+#include "TestCompany.h"
+#include "util/Settings.h"
+
+namespace velmar {
+namespace {
+
+class SampleCompanyTest : public testing::Test {
+ protected:
+  ~SampleCompanyTest() override {
+    settings::setFolder({});
+    session() = Session();
+    clock::setToday({});
+  }
+
+  void start(const QString& folder) const {
+    settings::setFolder(folder);
+    prepareApplicationFolder(folder);
+    Login login;
+    ASSERT_TRUE(login.load());
+    makeSampleCompany(session().gCaleBD);
+  }
+
+  void expectWhole(const QString& folder) const {
+    EXPECT_EQ(QDir(folder).entryList({"*.nou*", "*.lock", "*-wal"}), QStringList());
+    const auto company = Database::open(folder + "/Tarvon02.mdb");
+    const auto count = [&company](const QString& from) {
+      return company->query("SELECT COUNT(*) AS N FROM " + from).first().integer("N");
+    };
+    EXPECT_EQ(count("G_BONINT"), 40);
+    EXPECT_EQ(count("G_BONINT WHERE VALIDAT = 0"), 1);
+    EXPECT_EQ(count("G_DOCUME"), 39);
+  }
+
+  QTemporaryDir place_;
+  HeardMessages heard_;
+};
+
+TEST_F(SampleCompanyTest, AnyDayAndAnyFolder) {
+  const std::pair<QDate, QString> starts[] = {{QDate(2026, 1, 1), "/Societ\u0103\u021bile mele"},
+                                              {QDate(2026, 12, 31), "/a#b?c=%20%1"},
+                                              {QDate(2028, 2, 29), "/d'\";:&"}};
+  for (const auto& [today, name] : starts) {
+    clock::setToday(today);
+    // A path may begin with two slashes, as under a home folder "/".
+    start(u'/' + place_.path() + name);
+    expectWhole(place_.path() + name);
+  }
+}
+
+TEST_F(SampleCompanyTest, FourStartOnAnEmptyFolder) {
+  std::vector<pid_t> processes;
+  for (int i = 0; i < 4; ++i) {
+    processes.push_back(fork());
+    if (processes.back() != 0) continue;
+    try {
+      start(place_.path());
+      _exit(HasFailure() ? 1 : 0);
+    } catch (...) {
+      _exit(1);
+    }
+  }
+  for (const pid_t process : processes) {
+    int status = 0;
+    waitpid(process, &status, 0);
+    EXPECT_EQ(status, 0);
+  }
+  expectWhole(place_.path());
+}
+
+}  // namespace
+}  // namespace velmar
