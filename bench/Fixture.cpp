@@ -103,7 +103,7 @@ QString folder() {
 template <typename Fill>
 QString filled(const QString& name, Fill&& fill) {
   makeCompanyFile(folder(), name);
-  const QString path = pathInFolder(folder(), name);
+  QString path = pathInFolder(folder(), name);
   BareConnection connection(path);
   connection.run("PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA cache_size=-400000; BEGIN");
   fill(connection);
@@ -147,7 +147,7 @@ QString draftNumber(int lines, int draft) { return QString::number(lines * 1000 
 
 QString copyOfCompany(CompanySize size, const QString& fileName) {
   const QString& original = size == CompanySize::EmptyLedger ? emptyLedger() : millionLines();
-  const QString path = pathInFolder(folder(), fileName);
+  QString path = pathInFolder(folder(), fileName);
   if (!QFile::copy(original, path)) throw StoreError(0, QStringLiteral("Nu s-a copiat %1").arg(original));
   return path;
 }

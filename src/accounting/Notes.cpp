@@ -90,6 +90,7 @@ qint64 writeNote(const Note& note) {
   const qint64 ndi = database().query("SELECT MAX(NDI) AS NDI FROM kt_linii").first().integer("NDI") + 1;
   const QDateTime now = clock::now();
   std::vector<Values> rows;
+  rows.reserve(note.rows.size());
   int line = 0;
   for (const NoteRow& row : note.rows)
     rows.push_back({ndi, ++line, note.journal, note.date, row.account, note.remark, row.debit, row.credit,

@@ -171,6 +171,7 @@ Recordset findArticles(const ArticleList& list, const QString& typed, int limit)
     if (found.size() >= limit) break;
     if (known.contains(row.text("CODART"))) continue;
     std::vector<QVariant> cells;
+    cells.reserve(static_cast<size_t>(row.columns().size()));
     for (int i = 0; i < row.columns().size(); ++i) cells.push_back(row.at(i));
     found.append(std::move(cells));
   }

@@ -98,13 +98,13 @@ void IncarcaSerii() {
 }
 
 QString ParametruSocietate(const QString& name) {
-  const QString value = valueOf(name);
+  QString value = valueOf(name);
   if (value.isEmpty()) Mesaj(missingText(name));
   return value;
 }
 
 QString requiredParameter(const QString& name) {
-  const QString value = valueOf(name);
+  QString value = valueOf(name);
   if (value.isEmpty()) throw RuleError(missingText(name), name);
   return value;
 }

@@ -392,7 +392,6 @@ bool DocumentEditor::checkLines() const {
 
 void DocumentEditor::validate(const QHash<QString, QString>& typed) {
   SalvareDocumente(kind_, headerFrom(typed));
-  newDocument();
 }
 
 void DocumentEditor::checkPrinting(const QHash<QString, QString>& typed) const {

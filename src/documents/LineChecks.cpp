@@ -31,7 +31,7 @@ QString brokenRule(const Row& line, const LineCheckColumns& columns) {
 QString brokenLineRule(const DocumentKind& kind, const std::vector<Row>& lines, QStringList* notices) {
   const LineCheckColumns& columns = kind.lineCheck;
   for (const Row& line : lines) {
-    const QString broken = brokenRule(line, columns);
+    QString broken = brokenRule(line, columns);
     if (!broken.isEmpty()) return broken;
     if (notices && !columns.salePrice.isEmpty() &&
         line.decimal(columns.price) > line.decimal(columns.salePrice))
@@ -46,7 +46,7 @@ QString brokenLineRule(const DocumentKind& kind, const std::vector<Row>& lines, 
 QString repeatedArticle(const std::vector<Row>& lines) {
   QSet<QString> seen;
   for (const Row& line : lines) {
-    const QString code = line.text("CODART");
+    QString code = line.text("CODART");
     if (seen.contains(code.toUpper())) return code;
     seen.insert(code.toUpper());
   }

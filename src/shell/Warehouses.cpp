@@ -7,7 +7,7 @@ namespace velmar {
 
 Recordset workingWarehouses() {
   const QString all = QStringLiteral("SELECT COD, DENUMIRE FROM G_MULTIMAGAZIE ORDER BY COD NULLS FIRST");
-  const Recordset found = OpenRs(all);
+  Recordset found = OpenRs(all);
   if (!found.isEmpty()) return found;
   Transaction transaction(database());
   // Another workstation may have been faster.

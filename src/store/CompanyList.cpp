@@ -273,7 +273,7 @@ void changeCompanyList(const QString& folder, const std::function<void(QList<Com
 }
 
 QList<Company> IncarcaSocietati(const QString& folder, QString& gDenSocietateNoua) {
-  const QList<Company> companies = readCompanyList(folder);
+  QList<Company> companies = readCompanyList(folder);
   if (existsInFolder(folder, kFirstCompanyName)) return companies;
   underFileLock(folder, kListName, [&] {
     // Another process may have made it meanwhile.

@@ -26,7 +26,8 @@ Value parsed(const QString& text, const Column& column) {
     case ColumnType::Boolean:
       return static_cast<qint64>(text.toLongLong());
     case ColumnType::Real:
-      return Decimal::parse(text).value();
+      if (const auto number = Decimal::parse(text)) return *number;
+      throw StoreError(0, QStringLiteral("Valoarea din %1 nu este un numar: %2").arg(column.name, text));
     default:
       return text;
   }

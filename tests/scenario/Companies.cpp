@@ -120,7 +120,7 @@ Companies::~Companies() = default;
 // A folder of databases as the first start of the program finds it: with the template alone.
 QString Companies::freshFolder() {
   if (!startUp_) begin();
-  const QString folder = folders_.nextDatabases();
+  QString folder = folders_.nextDatabases();
   if (!QFile::copy(pathInFolder(folders_.app(), kTemplateName), QDir(folder).filePath(kTemplateName)))
     throw Failure(QStringLiteral("the template cannot be copied to %1").arg(folder));
   return folder;
@@ -146,7 +146,7 @@ void Companies::begin() {
 QString Companies::company(const QVariantMap& options) {
   requireKnown(options);
   begin();
-  const QString folder = freshFolder();
+  QString folder = freshFolder();
   IncarcaSocietati(folder, session().gDenSocietateNoua);
   const QString user = options.value("user", "admin").toString();
   QString password;

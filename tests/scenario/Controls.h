@@ -3,6 +3,8 @@
 
 #include "Windows.h"
 
+class QComboBox;
+
 namespace velmar::scenario {
 
 /// Registers text, value, type, pick, set, tab and their kin.
@@ -15,7 +17,7 @@ void clearByKeyboard(QWidget* editor);
 QString shownText(const QWidget* widget);
 
 /// Chooses the entry of a combo by its text, through its drop-down. Gives false when it has no such entry.
-bool chooseInCombo(class QComboBox* combo, const QString& text);
+bool chooseInCombo(QComboBox* combo, const QString& text);
 
 /// Takes the row of that text in the list that a completer has dropped down. Gives false when there is none.
 bool chooseInPopup(const QString& text);

@@ -206,7 +206,8 @@ void frmGrila::validate() {
           kCritical, error.title());
     return;
   }
-  showDocument();
+  // What goes wrong from here on is no failure of the validation.
+  guarded(editor_.kind().window, "cmdFacturaNoua", [this] { newDocument(); });
   Mesaj(texts.validated, kOk, texts.validatedTitle);
   header_->focusNumber();
 }
