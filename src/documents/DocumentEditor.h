@@ -64,7 +64,8 @@ class DocumentEditor {
   void checkValidation(const QHash<QString, QString>& typed) const;
   /// The checks behind the question; throws RuleError. Notices that do not stop are shown.
   bool checkLines() const;
-  /// Validates the draft; newDocument() is to follow. Throws RuleError or StepError; then nothing was written.
+  /// Validates the draft; newDocument() is to follow. Throws RuleError or StepError; then nothing was
+  /// written.
   void validate(const QHash<QString, QString>& typed);
 
   /// The checks before printing, on the header as typed; throws RuleError for the first that fails.

@@ -1,4 +1,5 @@
-// The program's QApplication: an error that escapes every handler ends in the one error report, and not the program.
+// The program's QApplication: an error that escapes every handler ends in the one error report, and not the
+// program.
 #pragma once
 
 #include <QApplication>
