@@ -1,6 +1,8 @@
 #include "config/CompanyFiles.h"
 
 #include <algorithm>
+#include <functional>
+#include <QFile>
 #include <QFileInfo>
 
 #include "store/Database.h"
@@ -14,6 +16,7 @@ namespace {
 
 constexpr int kCodeLength = 2;
 constexpr int kNameLength = 50;
+constexpr int kFileFailure = 75;
 
 bool isCode(const QString& code) {
   return code.size() <= kCodeLength && std::all_of(code.begin(), code.end(), [](QChar c) {
@@ -75,26 +78,53 @@ bool isOpen(const QString& path) {
   return openDatabase() && QFileInfo(openDatabase()->path()) == QFileInfo(path);
 }
 
+// Adds the company to the list and has `bring` put its file into the folder; when the list cannot be written,
+// `undo` takes the file away again.
+void enlist(const QString& folder, const Company& company, const std::function<void()>& bring,
+            const std::function<void()>& undo) {
+  requireGoodText(company.COD, company.DENUMIRE);
+  bool fileIsOurs = false;
+  try {
+    changeCompanyList(folder, [&](QList<Company>& companies) {
+      requireFree(folder, companies, company.COD);
+      fileIsOurs = true;
+      bring();
+      companies.append(company);
+    });
+  } catch (...) {
+    if (fileIsOurs) undo();
+    throw;
+  }
+}
+
+Company companyFrom(const QString& code, const QString& name) {
+  const QString upperCode = code.trimmed().toUpper();
+  return {upperCode, name.trimmed(), companyFileName(upperCode)};
+}
+
+void move(const QString& from, const QString& to) {
+  if (!QFile::rename(from, to))
+    throw StoreError(kFileFailure,
+                     QStringLiteral("Fisierul %1 nu poate fi mutat in %2. Verificati drepturile "
+                                    "asupra folderelor.")
+                         .arg(from, to));
+}
+
 }  // namespace
 
 void createCompany(const QString& folder, const QString& code, const QString& name,
                    QString& gDenSocietateNoua) {
-  const QString upperCode = code.trimmed().toUpper();
-  const QString fullName = name.trimmed();
-  requireGoodText(upperCode, fullName);
-  const QString fileName = companyFileName(upperCode);
-  bool fileIsOurs = false;
-  try {
-    changeCompanyList(folder, [&](QList<Company>& companies) {
-      requireFree(folder, companies, upperCode);
-      fileIsOurs = true;
-      makeFile(folder, fileName, fullName, gDenSocietateNoua);
-      companies.append({upperCode, fullName, fileName});
-    });
-  } catch (...) {
-    if (fileIsOurs) removeFileAfterFailure(folder, fileName);
-    throw;
-  }
+  const Company company = companyFrom(code, name);
+  enlist(
+      folder, company, [&] { makeFile(folder, company.NUMEBD, company.DENUMIRE, gDenSocietateNoua); },
+      [&] { removeFileAfterFailure(folder, company.NUMEBD); });
+}
+
+void adoptCompany(const QString& folder, const QString& code, const QString& name, const QString& file) {
+  const Company company = companyFrom(code, name);
+  const QString path = pathInFolder(folder, company.NUMEBD);
+  enlist(
+      folder, company, [&] { move(file, path); }, [&] { QFile::rename(path, file); });
 }
 
 void requireRemovable(const QString& folder, const Company& company) {

@@ -12,6 +12,10 @@ namespace velmar {
 void createCompany(const QString& folder, const QString& code, const QString& name,
                    QString& gDenSocietateNoua);
 
+/// Takes a finished company file, which is moved into the folder, as the company of that code. Throws as
+/// createCompany(), and then the file stays where it was.
+void adoptCompany(const QString& folder, const QString& code, const QString& name, const QString& file);
+
 /// Throws RuleError when the company must not be deleted: the first one, the open one, and one that somebody
 /// works in.
 void requireRemovable(const QString& folder, const Company& company);

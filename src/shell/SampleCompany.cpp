@@ -1,6 +1,8 @@
 #include "shell/SampleCompany.h"
 
 #include <algorithm>
+#include <QDir>
+#include <QTemporaryDir>
 
 #include "catalogue/Articles.h"
 #include "catalogue/Families.h"
@@ -22,6 +24,7 @@ namespace {
 
 const QString kSampleName = QStringLiteral("EXEMPLU SRL");
 constexpr int kVouchers = 40;
+constexpr int kFolderFailure = 75;
 constexpr int kDaysBack = 91;
 constexpr int kSampleVat = 19;
 
@@ -128,7 +131,11 @@ bool sampleExists(const QString& folder) {
                      [](const Company& company) { return company.COD == kSampleCode; });
 }
 
-void fill(const std::function<void(int)>& progress) {
+// Makes the whole company in a folder of its own, so that a process that dies leaves no half company behind.
+void makeIn(const QString& workshop, const std::function<void(int)>& progress) {
+  session().gCaleBD = workshop;
+  bringTemplateUpToDate(workshop);
+  createCompany(workshop, kSampleCode, kSampleName, session().gDenSocietateNoua);
   Login().enter(companyFileName(kSampleCode), kSampleName, "admin", "admin");
   const Row warehouse = workingWarehouses().first();
   session().gMagazie = warehouse.integer("COD");
@@ -139,23 +146,30 @@ void fill(const std::function<void(int)>& progress) {
 
 }  // namespace
 
-bool makeSampleCompany(const QString& folder, const std::function<void(int)>& progress) {
+// The folder by value: the caller's is likely to be `gCaleBD` itself, which changes meanwhile.
+bool makeSampleCompany(QString folder, const std::function<void(int)>& progress) {
   session().gCaleBD = folder;
   if (sampleExists(folder)) return false;
+  const QTemporaryDir workshop(QDir(folder).filePath(QStringLiteral("Exemplu-XXXXXX")));
+  if (!workshop.isValid())
+    throw StoreError(kFolderFailure,
+                     QStringLiteral("Folderul %1 nu poate fi scris. Verificati drepturile asupra lui.")
+                         .arg(QDir::toNativeSeparators(folder)));
   try {
-    createCompany(folder, kSampleCode, kSampleName, session().gDenSocietateNoua);
+    makeIn(workshop.path(), progress);
+  } catch (...) {
+    leaveCompany();
+    session().gCaleBD = folder;
+    throw;
+  }
+  leaveCompany();
+  session().gCaleBD = folder;
+  try {
+    adoptCompany(folder, kSampleCode, kSampleName, workshop.filePath(companyFileName(kSampleCode)));
   } catch (const RuleError&) {
     if (sampleExists(folder)) return false;  // another process has just made it
     throw;
   }
-  try {
-    fill(progress);
-  } catch (...) {
-    leaveCompany();
-    removeCompany(folder, {kSampleCode, kSampleName, companyFileName(kSampleCode)});
-    throw;
-  }
-  leaveCompany();
   return true;
 }
 

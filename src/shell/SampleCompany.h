@@ -11,7 +11,7 @@ inline const QString kSampleCode = QStringLiteral("02");
 
 /// Makes the sample company in the databases folder (which becomes `gCaleBD`) when code "02" is not in its
 /// list yet; gives whether it was made. Opens the company while it works and leaves none open. `progress`
-/// hears the share done, 0 to 100. Throws StoreError; what was made of the company is then removed.
-bool makeSampleCompany(const QString& folder, const std::function<void(int)>& progress = {});
+/// hears the share done, 0 to 100. Throws StoreError; the folder is then as it was.
+bool makeSampleCompany(QString folder, const std::function<void(int)>& progress = {});
 
 }  // namespace velmar
