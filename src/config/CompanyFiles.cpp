@@ -16,7 +16,6 @@ namespace {
 
 constexpr int kCodeLength = 2;
 constexpr int kNameLength = 50;
-constexpr int kFileFailure = 75;
 
 bool isCode(const QString& code) {
   return code.size() <= kCodeLength && std::all_of(code.begin(), code.end(), [](QChar c) {

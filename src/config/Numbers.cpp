@@ -10,7 +10,6 @@ namespace velmar {
 
 namespace {
 
-constexpr int kConversionFailure = 13;
 constexpr qint64 kHighest = 9'000'000'000'000'000;  // whole numbers up to here are exact as doubles
 
 struct NamedColumn {

@@ -1,7 +1,6 @@
 // A document on its way: its header and lines, and what its validation will write.
 #pragma once
 
-#include <variant>
 #include <vector>
 
 #include "accounting/Notes.h"

@@ -16,8 +16,6 @@ namespace velmar {
 
 namespace {
 
-constexpr int kFileFailure = 75;
-
 StoreError notWritable(const QString& path) {
   return StoreError(kFileFailure,
                     QStringLiteral("%1 nu poate fi scris. Verificati drepturile asupra folderului si spatiul "

@@ -24,7 +24,6 @@ namespace {
 
 const QString kSampleName = QStringLiteral("EXEMPLU SRL");
 constexpr int kVouchers = 40;
-constexpr int kFolderFailure = 75;
 constexpr int kDaysBack = 91;
 constexpr int kSampleVat = 19;
 
@@ -102,7 +101,7 @@ void addLine(DocumentEditor& editor, const QString& article, int position, int v
   editor.setNumber(line, "PRETVA", Round(cost * Decimal(14) / 10, 2).toString());
 }
 
-void addVouchers(const Catalogue& catalogue, const std::function<void(int)>& progress) {
+void addVouchers(const Catalogue& catalogue) {
   const QDate last = clock::today();
   const QDate first = std::max(session().DataIC, last.addDays(-kDaysBack));
   const int days = static_cast<int>(first.daysTo(last));
@@ -121,7 +120,6 @@ void addVouchers(const Catalogue& catalogue, const std::function<void(int)>& pro
     }
     // The last one waits as a draft for the newcomer to validate.
     if (number < kVouchers && editor.checkLines()) editor.validate(header);
-    if (progress) progress(100 * number / kVouchers);
   }
 }
 
@@ -132,7 +130,7 @@ bool sampleExists(const QString& folder) {
 }
 
 // Makes the whole company in a folder of its own, so that a process that dies leaves no half company behind.
-void makeIn(const QString& workshop, const std::function<void(int)>& progress) {
+void makeIn(const QString& workshop) {
   session().gCaleBD = workshop;
   bringTemplateUpToDate(workshop);
   createCompany(workshop, kSampleCode, kSampleName, session().gDenSocietateNoua);
@@ -141,22 +139,22 @@ void makeIn(const QString& workshop, const std::function<void(int)>& progress) {
   session().gMagazie = warehouse.integer("COD");
   session().gDenMagazie = warehouse.text("DENUMIRE");
   chooseCostMethod("FIFO");
-  addVouchers(addCatalogue(), progress);
+  addVouchers(addCatalogue());
 }
 
 }  // namespace
 
 // The folder by value: the caller's is likely to be `gCaleBD` itself, which changes meanwhile.
-bool makeSampleCompany(QString folder, const std::function<void(int)>& progress) {
+bool makeSampleCompany(QString folder) {
   session().gCaleBD = folder;
   if (sampleExists(folder)) return false;
   const QTemporaryDir workshop(QDir(folder).filePath(QStringLiteral("Exemplu-XXXXXX")));
   if (!workshop.isValid())
-    throw StoreError(kFolderFailure,
+    throw StoreError(kFileFailure,
                      QStringLiteral("Folderul %1 nu poate fi scris. Verificati drepturile asupra lui.")
                          .arg(QDir::toNativeSeparators(folder)));
   try {
-    makeIn(workshop.path(), progress);
+    makeIn(workshop.path());
   } catch (...) {
     leaveCompany();
     session().gCaleBD = folder;

@@ -2,7 +2,6 @@
 // made by the program's own services the way a user would.
 #pragma once
 
-#include <functional>
 #include <QString>
 
 namespace velmar {
@@ -10,8 +9,8 @@ namespace velmar {
 inline const QString kSampleCode = QStringLiteral("02");
 
 /// Makes the sample company in the databases folder (which becomes `gCaleBD`) when code "02" is not in its
-/// list yet; gives whether it was made. Opens the company while it works and leaves none open. `progress`
-/// hears the share done, 0 to 100. Throws StoreError; the folder is then as it was.
-bool makeSampleCompany(QString folder, const std::function<void(int)>& progress = {});
+/// list yet; gives whether it was made. Opens the company while it works and leaves none open. Throws
+/// StoreError; the folder is then as it was.
+bool makeSampleCompany(QString folder);
 
 }  // namespace velmar

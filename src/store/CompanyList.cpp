@@ -22,7 +22,6 @@ const QString kSchemaSpace = QStringLiteral("uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00
 const QString kTypeSpace = QStringLiteral("uuid:C2F41010-65B3-11d1-A29F-00AA00C14882");
 const QString kRowsetSpace = QStringLiteral("urn:schemas-microsoft-com:rowset");
 const QString kRowSpace = QStringLiteral("#RowsetSchema");
-constexpr int kListFailure = 75;
 
 const char* const kFirstList =
     "<xml xmlns:s='uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00C14882'  "
@@ -43,7 +42,7 @@ const char* const kFirstList =
     "type='rs:rowbase'/></s:ElementType></s:Schema><rs:data><z:row "
     "COD='01' DENUMIRE='SOCIETATE' NUMEBD='Tarvon01.mdb'/></rs:data></xml>";
 
-StoreError listError(const QString& text) { return StoreError(kListFailure, text); }
+StoreError listError(const QString& text) { return StoreError(kFileFailure, text); }
 
 StoreError damagedList(const QString& name) {
   return listError(

@@ -16,8 +16,6 @@ namespace velmar {
 
 namespace {
 
-constexpr int kFileExists = 58;
-constexpr int kFileFailure = 75;
 constexpr int kLockMs = 15000;
 
 void removeSideFiles(const QString& path) {

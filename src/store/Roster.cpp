@@ -27,8 +27,9 @@ RosterEntry::RosterEntry(const QString& databasePath, const QString& login)
   lock_.setStaleLockTime(0);
   if (!lock_.tryLock(0) && lock_.error() != QLockFile::LockFailedError)
     throw StoreError(
-        75, QStringLiteral("Folderul bazei de date %1 nu poate fi scris. Verificati drepturile asupra lui.")
-                .arg(QDir::toNativeSeparators(QFileInfo(databasePath).path())));
+        kFileFailure,
+        QStringLiteral("Folderul bazei de date %1 nu poate fi scris. Verificati drepturile asupra lui.")
+            .arg(QDir::toNativeSeparators(QFileInfo(databasePath).path())));
 }
 
 QList<Connection> connections(const QString& databasePath) {

@@ -72,7 +72,7 @@ Decimal Row::decimal(const QString& column) const {
   if (cell.typeId() == QMetaType::QString) {
     const auto number = Decimal::parse(cell.toString().trimmed());
     if (!number)
-      throw StoreError(13,
+      throw StoreError(kConversionFailure,
                        QStringLiteral("Valoarea din %1 nu este un numar: %2").arg(column, cell.toString()));
     return *number;
   }

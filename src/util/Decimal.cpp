@@ -53,7 +53,7 @@ bool isZeroCoefficient(const Words& words) { return words[0] == 0 && (words[1] &
 BID_UINT128 toBid(const Words& words) { return std::bit_cast<BID_UINT128>(words); }
 
 [[noreturn]] void throwOutOfRange() {
-  throw ArithmeticError(6, QStringLiteral("Rezultatul depaseste limitele de calcul"));
+  throw ArithmeticError(kOverflow, QStringLiteral("Rezultatul depaseste limitele de calcul"));
 }
 
 Words fromBid(const BID_UINT128& number) {
@@ -227,7 +227,7 @@ Decimal& Decimal::operator*=(const Decimal& other) {
 }
 
 Decimal& Decimal::operator/=(const Decimal& other) {
-  if (other.isZero()) throw ArithmeticError(11, QStringLiteral("Impartire la zero"));
+  if (other.isZero()) throw ArithmeticError(kDivisionByZero, QStringLiteral("Impartire la zero"));
   _IDEC_flags flags = 0;
   words_ = fromBid(bid128_div(toBid(words_), toBid(other.words_), kHalfEven, &flags));
   return *this;

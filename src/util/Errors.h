@@ -7,6 +7,15 @@
 
 namespace velmar {
 
+/// Numbers of errors that are the program's own; those of the engine stand beside them in reports.
+enum ErrorNumber {
+  kOverflow = 6,
+  kDivisionByZero = 11,
+  kConversionFailure = 13,
+  kFileExists = 58,
+  kFileFailure = 75  ///< a file or folder cannot be read, written or moved
+};
+
 /// Base of the program's errors: a number and a Romanian text, as the error report shows them.
 class Error : public std::runtime_error {
  public:

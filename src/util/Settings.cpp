@@ -9,7 +9,6 @@ namespace velmar::settings {
 
 namespace {
 
-constexpr int kWriteFailure = 75;
 const QString kDatabasesPath = QStringLiteral("Software/TARVON/Setari/DatabasesPath");
 const QString kMainLeft = QStringLiteral("Velmar/Settings/MainLeft");
 const QString kMainTop = QStringLiteral("Velmar/Settings/MainTop");
@@ -57,7 +56,7 @@ void setDatabasesPath(const QString& path) {
     store.setValue(kDatabasesPath, path);
     store.sync();
     if (store.status() != QSettings::NoError)
-      throw StoreError(kWriteFailure,
+      throw StoreError(kFileFailure,
                        QStringLiteral("Setarile din %1 nu pot fi scrise. Verificati drepturile asupra lor.")
                            .arg(QDir::toNativeSeparators(store.fileName())));
   });
