@@ -1,0 +1,86 @@
+#include "store/Records.h"
+
+#include "store/Database.h"
+#include "util/Errors.h"
+#include "util/NumberText.h"
+
+namespace velmar {
+
+namespace {
+
+QString quoted(const QString& name) {
+  return name.contains(QLatin1Char(' ')) ? QStringLiteral("\"%1\"").arg(name) : name;
+}
+
+Value stored(const QVariant& cell) {
+  if (cell.typeId() != QMetaType::QString) return Value::raw(cell);
+  return cell.toString().isEmpty() ? Value() : Value::raw(cell);
+}
+
+// The row as it will stand in the table, in the order of its columns.
+Values checkedValues(const Table& table, const Row& row) {
+  requireWidths(table, row);
+  Values values;
+  for (const QString& name : row.columns()) {
+    if (!table.column(name))
+      throw StoreError(0, QStringLiteral("Tabela %1 nu are coloana %2").arg(table.name(), name));
+    values.push_back(stored(row.value(name)));
+  }
+  return values;
+}
+
+const QString& keyOf(const Table& table) { return table.keyColumns().first(); }
+
+}  // namespace
+
+Row rowOf(const QString& columns) {
+  return Row(std::make_shared<Columns>(columns.split(QLatin1Char(' '), Qt::SkipEmptyParts)));
+}
+
+void insertRecord(const Table& table, const Row& row) {
+  database().insertRows(quoted(table.name()), row.columns(), {checkedValues(table, row)});
+}
+
+bool updateRecord(const Table& table, const Row& row) {
+  const Values values = checkedValues(table, row);
+  QStringList sets, conditions;
+  Values bound, keys;
+  for (qsizetype i = 0; i < row.columns().size(); ++i) {
+    const QString& name = row.columns()[i];
+    const bool isKey = table.keyColumns().contains(name, Qt::CaseInsensitive);
+    (isKey ? conditions : sets).append(name + QStringLiteral(" = ?"));
+    (isKey ? keys : bound).push_back(values[static_cast<size_t>(i)]);
+  }
+  bound.insert(bound.end(), keys.begin(), keys.end());
+  return ExecutaSql(QStringLiteral("UPDATE %1 SET %2 WHERE %3")
+                        .arg(quoted(table.name()), sets.join(QStringLiteral(", ")),
+                             conditions.join(QStringLiteral(" AND "))),
+                    bound) > 0;
+}
+
+bool deleteRecord(const Table& table, const Value& key) {
+  return ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(quoted(table.name()), keyOf(table)),
+                    {key}) > 0;
+}
+
+Row record(const Table& table, const Value& key) {
+  const Recordset found = OpenRs(
+      QStringLiteral("SELECT * FROM %1 WHERE %2 = ? ORDER BY %2").arg(quoted(table.name()), keyOf(table)),
+      {key});
+  return found.isEmpty() ? Row() : found.first();
+}
+
+std::optional<Decimal> numberIn(const Row& row, const QString& column, const QString& message) {
+  const QVariant& cell = row.value(column);
+  if (cell.isNull()) return std::nullopt;
+  if (cell.typeId() == QMetaType::QString) {
+    const QString text = cell.toString();
+    if (text.trimmed().isEmpty()) return std::nullopt;
+    const auto number = parseNumber(text);
+    if (!number) throw RuleError(message, column);
+    return number;
+  }
+  return row.decimal(column);
+}
+
+}  // namespace velmar

@@ -1,0 +1,32 @@
+// Single records of a table, written from a row that holds some of its columns: widths are checked, an empty
+// text goes in as null.
+#pragma once
+
+#include <optional>
+
+#include "store/Schema.h"
+
+namespace velmar {
+
+/// A row of nulls with these columns, separated by blanks.
+Row rowOf(const QString& columns);
+
+/// Inserts the row. Its columns are columns of the table; the others take their defaults. Throws RuleError,
+/// naming the column, for a text that is too long.
+void insertRecord(const Table& table, const Row& row);
+
+/// Writes the row's columns over the record that has the row's key; gives whether there is one. Throws as
+/// insertRecord().
+bool updateRecord(const Table& table, const Row& row);
+
+/// Deletes the record of a table with one key column; gives whether there was one.
+bool deleteRecord(const Table& table, const Value& key);
+
+/// The record of a table with one key column; an empty row (Row::isEmpty) when there is none.
+Row record(const Table& table, const Value& key);
+
+/// The number in the column; null gives nothing. Throws RuleError with `message` when the column holds
+/// something that is no number.
+std::optional<Decimal> numberIn(const Row& row, const QString& column, const QString& message);
+
+}  // namespace velmar

@@ -1,0 +1,135 @@
+#include "util/windows/Controls.h"
+
+#include <QFocusEvent>
+#include <QPushButton>
+
+#include "util/Messages.h"
+#include "util/NumberText.h"
+#include "util/windows/Look.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kWidestBox = 50;  // characters
+
+// Watches one box being left.
+class EntryCheck : public QObject {
+ public:
+  EntryCheck(QLineEdit* box, Objection objection, int icon, const QString& title)
+      : QObject(box), box_(box), objection_(std::move(objection)), icon_(icon), title_(title) {
+    box->installEventFilter(this);
+  }
+
+  /// Whether the box stands; says what is wrong when it does not.
+  bool passes() {
+    if (waiting_) return false;
+    if (!box_->hasFocus() || objection_().isEmpty()) return true;
+    tell();
+    return false;
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::FocusOut && !waiting_) {
+      const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+      const bool left = reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+      if (left && !objection_().isEmpty()) {
+        // Shown once the event that moved the focus is over: the command it belongs to must not run first.
+        waiting_ = true;
+        QMetaObject::invokeMethod(
+            this, [this] { tell(); }, Qt::QueuedConnection);
+      }
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  void tell() {
+    waiting_ = true;
+    const QString text = objection_();
+    // A box of a form that is being closed or put away has nothing more to say.
+    if (box_->isVisible() && !text.isEmpty()) {
+      Mesaj(text, icon_, title_);
+      box_->setFocus();
+      box_->selectAll();
+    }
+    waiting_ = false;
+  }
+
+  QLineEdit* box_;
+  Objection objection_;
+  int icon_;
+  QString title_;
+  bool waiting_ = false;
+};
+
+}  // namespace
+
+QPushButton* makeButton(const QString& name, const QString& caption, const QString& toolTip,
+                        const QString& picture) {
+  auto* button = named(new QPushButton(caption), name, toolTip);
+  if (!picture.isEmpty()) button->setIcon(icon(picture));
+  button->setAutoDefault(false);
+  return button;
+}
+
+QLineEdit* makeTextBox(const QString& name, int width, const QString& toolTip, KeyFilter::Options keys) {
+  auto* box = named(new QLineEdit, name, toolTip);
+  if (width > 0) {
+    box->setMaxLength(width);
+    box->setMaximumWidth(box->fontMetrics().averageCharWidth() * (std::min(width, kWidestBox) + 4));
+  }
+  if (keys) KeyFilter::install(box, keys);
+  return box;
+}
+
+NumberBox::NumberBox(int decimals, QWidget* parent) : QLineEdit(parent), decimals_(decimals) {
+  setAlignment(Qt::AlignRight);
+  connect(this, &QLineEdit::textEdited, this, [this](const QString& text) { typed_ = text; });
+}
+
+void NumberBox::setNumber(const std::optional<Decimal>& number) {
+  setTyped(number ? editNumber(*number) : QString());
+}
+
+std::optional<Decimal> NumberBox::number() const { return parseNumber(typed_); }
+
+void NumberBox::setTyped(const QString& text) {
+  typed_ = text;
+  showText();
+}
+
+void NumberBox::showText() {
+  const auto value = number();
+  setText(value && decimals_ >= 0 && !hasFocus() ? formatNumber(*value, decimals_) : typed_);
+}
+
+void NumberBox::focusInEvent(QFocusEvent* event) {
+  showText();
+  QLineEdit::focusInEvent(event);
+}
+
+void NumberBox::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  showText();
+}
+
+void checkWhenLeft(QLineEdit* box, Objection objection, int icon, const QString& title) {
+  new EntryCheck(box, std::move(objection), icon, title);
+}
+
+bool entriesStand(QWidget* form) {
+  for (const QLineEdit* box : form->findChildren<QLineEdit*>())
+    for (QObject* child : box->children())
+      if (auto* check = dynamic_cast<EntryCheck*>(child); check && !check->passes()) return false;
+  return true;
+}
+
+void requireNumberWhenLeft(NumberBox* box, const QString& text, int icon, const QString& title) {
+  checkWhenLeft(
+      box, [box, text] { return box->typed().trimmed().isEmpty() || box->number() ? QString() : text; }, icon,
+      title);
+}
+
+}  // namespace velmar
