@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "config/Lookups.h"
+#include "store/ListRows.h"
 #include "util/Messages.h"
 
 namespace velmar {
@@ -92,18 +93,6 @@ Recordset articlesBy(const ArticleList& list, const QString& search, Values valu
                 values);
 }
 
-QString escapedForLike(QString text) {
-  for (const char16_t special : {u'!', u'%', u'_'})
-    text.replace(QChar(special), QStringLiteral("!") + QChar(special));
-  return text;
-}
-
-// A text that sorts behind everything that begins with `prefix`.
-QString behindPrefix(const QString& prefix) {
-  constexpr char32_t kLastCharacter = 0x10FFFF;
-  return prefix + QString::fromUcs4(&kLastCharacter, 1);
-}
-
 }  // namespace
 
 const BoundList kSupplierList{
@@ -153,10 +142,12 @@ ArticleList articleListWithCostOrPrice(const QString& kind) {
 
 Recordset findArticles(const ArticleList& list, const QString& typed, int limit) {
   if (typed.isEmpty()) return articlesBy(list, {}, {}, limit);
-  const QString behind = behindPrefix(typed);
-  Recordset found = articlesBy(
-      list, QStringLiteral("(G_ARTMAG.DENART >= ? AND G_ARTMAG.DENART < ?) OR (CODART >= ? AND CODART < ?)"),
-      {typed, behind, typed, behind}, limit);
+  const Condition byName = beginsWith("G_ARTMAG.DENART", typed);
+  const Condition byCode = beginsWith("CODART", typed);
+  Values prefixes = byName.values;
+  prefixes.insert(prefixes.end(), byCode.values.begin(), byCode.values.end());
+  Recordset found =
+      articlesBy(list, QStringLiteral("(%1) OR (%2)").arg(byName.sql, byCode.sql), prefixes, limit);
   if (found.size() >= limit) return found;
 
   QSet<QString> known;

@@ -1,7 +1,9 @@
 #include "store/windows/TDBGrid.h"
 
+#include <algorithm>
 #include <QApplication>
 #include <QHeaderView>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -65,43 +67,64 @@ QString cellText(const QVariant& value, const GridColumn& column) {
   return value.toString();
 }
 
-void RecordsetModel::setColumns(const QList<GridColumn>& columns) {
+ListModel::ListModel(QObject* parent)
+    : QAbstractTableModel(parent), rows_(std::make_unique<RecordsetRows>(Recordset())) {}
+
+void ListModel::setColumns(const QList<GridColumn>& columns) {
   beginResetModel();
   columns_ = columns;
   endResetModel();
 }
 
-void RecordsetModel::setRecordset(Recordset recordset) {
+void ListModel::setRows(std::unique_ptr<RowSource> rows) {
   beginResetModel();
-  recordset_ = std::move(recordset);
+  rows_ = std::move(rows);
   endResetModel();
 }
 
-int RecordsetModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : recordset_.size();
+void ListModel::sortRows(const QStringList& fields, bool descending) {
+  beginResetModel();
+  rows_->sort(fields, descending);
+  endResetModel();
 }
 
-int RecordsetModel::columnCount(const QModelIndex& parent) const {
+int ListModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_->size(); }
+
+int ListModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(columns_.size());
 }
 
-QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
+QVariant ListModel::data(const QModelIndex& index, int role) const {
   const GridColumn& column = columns_[index.column()];
-  if (role == Qt::DisplayRole) return cellText(recordset_[index.row()].value(column.field), column);
-  if (role == Qt::ToolTipRole && column.format == CellFormat::Text)
-    return recordset_[index.row()].text(column.field);
-  if (role == Qt::TextAlignmentRole && rightAligned(column.format))
-    return QVariant(Qt::AlignRight | Qt::AlignVCenter);
-  return {};
+  switch (role) {
+    case Qt::DisplayRole:
+      return cellText(rows_->row(index.row()).value(column.field), column);
+    case Qt::EditRole: {
+      const QVariant& value = rows_->row(index.row()).value(column.field);
+      return value.typeId() == QMetaType::Double ? editNumber(Decimal::fromDouble(value.toDouble()))
+                                                 : value.toString();
+    }
+    case Qt::ToolTipRole:
+      return column.format == CellFormat::Text ? rows_->row(index.row()).text(column.field) : QVariant();
+    case Qt::TextAlignmentRole:
+      return rightAligned(column.format) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+    default:
+      return {};
+  }
 }
 
-QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const {
+QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation == Qt::Horizontal && role == Qt::DisplayRole) return columns_[section].caption;
   return QAbstractTableModel::headerData(section, orientation, role);
 }
 
+Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
+  const Qt::ItemFlags base = QAbstractTableModel::flags(index);
+  return columns_[index.column()].editable ? base | Qt::ItemIsEditable : base;
+}
+
 TDBGrid::TDBGrid(const QString& name, QWidget* parent)
-    : QTableView(parent), list_(new RecordsetModel(this)), footer_(new GridFooter(this)) {
+    : QTableView(parent), list_(new ListModel(this)), footer_(new GridFooter(this)) {
   setObjectName(name);
   setModel(list_);
   setSelectionBehavior(SelectRows);
@@ -114,10 +137,14 @@ TDBGrid::TDBGrid(const QString& name, QWidget* parent)
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setStretchLastSection(true);
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
+  setEditTriggers(NoEditTriggers);
+  horizontalHeader()->setSectionsMovable(true);
+  const auto lookChanged = [this] {
     footer_->update();
-    storeWidths();
-  });
+    storeLook();
+  };
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, lookChanged);
+  connect(horizontalHeader(), &QHeaderView::sectionMoved, this, lookChanged);
 }
 
 void TDBGrid::setColumns(const QList<GridColumn>& columns) {
@@ -135,7 +162,7 @@ void TDBGrid::applyWidths() {
                                                            : fontMetrics().averageCharWidth();
     setColumnWidth(i, std::max(caption, character * columns_[i].width + 12));
   }
-  restoreWidths();
+  restoreLook();
   stretchLast();
   settingWidths_ = false;
 }
@@ -146,11 +173,19 @@ QString TDBGrid::lookName() const {
   return form ? form->objectName() + QLatin1Char('/') + objectName() : QString();
 }
 
-void TDBGrid::restoreWidths() {
-  const QVariantList widths = settings::look(lookName()).toList();
-  if (widths.size() != columns_.size()) return;
-  for (int i = 0; i < widths.size() && i < model()->columnCount(); ++i)
+void TDBGrid::restoreLook() {
+  const QVariantMap look = settings::look(lookName()).toMap();
+  const QVariantList widths = look.value(QStringLiteral("widths")).toList();
+  const QVariantList order = look.value(QStringLiteral("order")).toList();
+  // What was kept of other columns says nothing of these.
+  if (widths.size() != columns_.size() || order.size() != columns_.size()) return;
+  QHeaderView* header = horizontalHeader();
+  if (header->count() != columns_.size()) return;
+  for (int i = 0; i < header->count(); ++i) {
     if (widths[i].toInt() > 0) setColumnWidth(i, widths[i].toInt());
+    const int column = order[i].toInt();
+    if (column >= 0 && column < header->count()) header->moveSection(header->visualIndex(column), i);
+  }
 }
 
 // The header stretches its last column only when it is told anew or resized.
@@ -160,20 +195,24 @@ void TDBGrid::stretchLast() {
 }
 
 // Only what the user drags is kept; the stretch of the last column follows the window.
-void TDBGrid::storeWidths() {
+void TDBGrid::storeLook() {
   if (settingWidths_ || !isVisible() || QApplication::mouseButtons() == Qt::NoButton || lookName().isEmpty())
     return;
-  QVariantList widths;
-  for (int i = 0; i < columns_.size(); ++i) widths.append(isColumnHidden(i) ? 0 : columnWidth(i));
-  widths.last() = 0;
-  settings::setLook(lookName(), widths);
+  const QHeaderView* header = horizontalHeader();
+  QVariantList widths, order;
+  for (int i = 0; i < header->count(); ++i) {
+    const bool stretched = header->visualIndex(i) == header->count() - 1;
+    widths.append(isColumnHidden(i) || stretched ? 0 : columnWidth(i));
+    order.append(header->logicalIndex(i));
+  }
+  settings::setLook(lookName(), QVariantMap{{"widths", widths}, {"order", order}});
 }
 
 // A grid learns which window it belongs to when it is first shown.
 void TDBGrid::showEvent(QShowEvent* event) {
   QTableView::showEvent(event);
   settingWidths_ = true;
-  restoreWidths();
+  restoreLook();
   stretchLast();
   settingWidths_ = false;
 }
@@ -185,34 +224,122 @@ int TDBGrid::columnOf(const QString& field) const {
 }
 
 void TDBGrid::setRecordset(Recordset recordset) {
+  setRows(std::make_unique<RecordsetRows>(std::move(recordset)));
+}
+
+void TDBGrid::setRows(std::unique_ptr<RowSource> rows) {
   const int row = currentIndex().row();
+  if (!order_.fields.isEmpty()) rows->sort(order_.fields, order_.descending);
   {
     const QSignalBlocker quiet(selectionModel());
-    list_->setRecordset(std::move(recordset));
+    list_->setRows(std::move(rows));
   }
   applyWidths();
   if (list_->rowCount() > 0) {
-    int column = 0;
-    while (column < columns_.size() - 1 && isColumnHidden(column)) ++column;
     const QSignalBlocker quiet(this);
-    setCurrentIndex(list_->index(std::clamp(row, 0, list_->rowCount() - 1), column));
+    selectPlace(std::clamp(row, 0, list_->rowCount() - 1));
   }
+  fetchVisible();
   emit currentRecordChanged();
   viewport()->update();
 }
 
 const Row* TDBGrid::currentRecord() const {
   const int row = currentIndex().row();
-  return row >= 0 && row < list_->rowCount() ? &list_->recordset()[row] : nullptr;
+  return row >= 0 && row < list_->rowCount() ? &list_->rows().row(row) : nullptr;
 }
 
 bool TDBGrid::selectRecord(const QString& field, const QString& text) {
-  for (int i = 0; i < list_->rowCount(); ++i) {
-    if (list_->recordset()[i].text(field).compare(text, Qt::CaseInsensitive) != 0) continue;
-    setCurrentIndex(list_->index(i, std::max(0, columnOf(field))));
-    return true;
+  const int place = list_->rows().find(field, text);
+  if (place >= 0) selectPlace(place);
+  return place >= 0;
+}
+
+void TDBGrid::selectPlace(int row) {
+  const QList<int> visible = visibleColumns();
+  const int column = currentIndex().column();
+  setCurrentIndex(list_->index(row, visible.contains(column) ? column : visible.value(0)));
+}
+
+QList<int> TDBGrid::selectedPlaces() const {
+  QList<int> places;
+  for (const QItemSelectionRange& range : selectionModel()->selection())
+    for (int row = range.top(); row <= range.bottom(); ++row) places.append(row);
+  std::sort(places.begin(), places.end());
+  places.erase(std::unique(places.begin(), places.end()), places.end());
+  return places;
+}
+
+QList<int> TDBGrid::visibleColumns() const {
+  QList<int> visible;
+  for (int place = 0; place < horizontalHeader()->count(); ++place) {
+    const int column = horizontalHeader()->logicalIndex(place);
+    if (!isColumnHidden(column)) visible.append(column);
   }
-  return false;
+  return visible;
+}
+
+void TDBGrid::setSortable() {
+  horizontalHeader()->setSectionsClickable(true);
+  horizontalHeader()->viewport()->installEventFilter(this);
+  connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &TDBGrid::orderByHeading);
+}
+
+void TDBGrid::orderByHeading(int column) {
+  const QString& field = columns_[column].field;
+  GridOrder wanted = order_;
+  if (QApplication::keyboardModifiers() & Qt::ControlModifier) {
+    if (!wanted.fields.contains(field)) wanted.fields.append(field);
+  } else {
+    wanted.descending = wanted.fields == QStringList(field) && !wanted.descending;
+    wanted.fields = {field};
+  }
+  sortBy(wanted);
+}
+
+void TDBGrid::sortBy(const GridOrder& order) {
+  order_ = order;
+  const bool ordered = !order_.fields.isEmpty();
+  horizontalHeader()->setSortIndicatorShown(ordered);
+  if (ordered)
+    horizontalHeader()->setSortIndicator(columnOf(order_.fields.first()),
+                                         order_.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+  {
+    const QSignalBlocker quiet(selectionModel());
+    list_->sortRows(order_.fields, order_.descending);
+  }
+  applyWidths();
+  if (list_->rowCount() > 0) {
+    const QSignalBlocker quiet(this);
+    selectPlace(0);
+  }
+  fetchVisible();
+  emit currentRecordChanged();
+  viewport()->update();
+}
+
+// A heading that is let go above the grid asks to be grouped by.
+bool TDBGrid::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == horizontalHeader()->viewport()) {
+    const auto place = [event] { return static_cast<QMouseEvent*>(event)->position().toPoint(); };
+    if (event->type() == QEvent::MouseButtonPress)
+      draggedColumn_ = horizontalHeader()->logicalIndexAt(place().x());
+    if (event->type() == QEvent::MouseButtonRelease && draggedColumn_ >= 0) {
+      const QString field = columns_.value(std::exchange(draggedColumn_, -1)).field;
+      if (place().y() < 0)
+        QMetaObject::invokeMethod(
+            this, [this, field] { emit columnDraggedOut(field); }, Qt::QueuedConnection);
+    }
+  }
+  return QTableView::eventFilter(watched, event);
+}
+
+// Rows come from the store before they are painted, never while.
+void TDBGrid::fetchVisible() {
+  if (model() != list_ || list_->rowCount() == 0) return;
+  const int first = std::max(0, rowAt(0));
+  const int shown = viewport()->height() / std::max(1, verticalHeader()->defaultSectionSize()) + 2;
+  list_->rows().fetch(first, first + shown);
 }
 
 void TDBGrid::setFooter(const QString& field, const QString& text) {
@@ -235,6 +362,7 @@ void TDBGrid::updateGeometries() {
     placeFooter();
   }
   placingFooter_ = false;
+  fetchVisible();
 }
 
 // The view reckons with the footer's room for rows, so its vertical scroll bar is set here. With a bar that
@@ -272,6 +400,7 @@ void TDBGrid::paintEvent(QPaintEvent* event) {
 
 void TDBGrid::scrollContentsBy(int dx, int dy) {
   QTableView::scrollContentsBy(dx, dy);
+  if (dy != 0) fetchVisible();
   footer_->update();
 }
 

@@ -2,11 +2,10 @@
 // columns. Lists show a record set in it; the document windows give it a model of their own.
 #pragma once
 
-#include <functional>
 #include <QAbstractTableModel>
 #include <QTableView>
 
-#include "store/Row.h"
+#include "store/ListRows.h"
 
 namespace velmar {
 
@@ -20,29 +19,38 @@ struct GridColumn {
   int width = 10;    ///< in characters of the grid's font
   int decimals = 2;  ///< of CellFormat::Number
   bool visible = true;
+  bool editable = false;  ///< in a list whose cells can be edited
 };
 
 /// What a cell of that format shows for a value; null shows nothing.
 QString cellText(const QVariant& value, const GridColumn& column);
 
-/// A record set as a model, one column for each GridColumn.
-class RecordsetModel : public QAbstractTableModel {
+/// A list as a model, one column for each GridColumn.
+class ListModel : public QAbstractTableModel {
   Q_OBJECT
  public:
-  using QAbstractTableModel::QAbstractTableModel;
+  explicit ListModel(QObject* parent);
 
   void setColumns(const QList<GridColumn>& columns);
-  void setRecordset(Recordset recordset);
-  const Recordset& recordset() const { return recordset_; }
+  void setRows(std::unique_ptr<RowSource> rows);
+  const RowSource& rows() const { return *rows_; }
+  void sortRows(const QStringList& fields, bool descending);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
   QList<GridColumn> columns_;
-  Recordset recordset_;
+  std::unique_ptr<RowSource> rows_;
+};
+
+/// The order of a list: by which fields, all up or all down.
+struct GridOrder {
+  QStringList fields;
+  bool descending = false;
 };
 
 class TDBGrid : public QTableView {
@@ -57,13 +65,27 @@ class TDBGrid : public QTableView {
   /// Position of the field in any case, -1 when there is none.
   int columnOf(const QString& field) const;
 
-  /// Shows a record set; the row that was current stays current when it is still there at the same place.
+  /// Shows a list, in the order that the user chose last; the row that was current stays current when it is
+  /// still there at the same place.
+  void setRows(std::unique_ptr<RowSource> rows);
   void setRecordset(Recordset recordset);
-  const Recordset& recordset() const { return list_->recordset(); }
-  /// The current row of a list, null when there is none.
+  const RowSource& rows() const { return list_->rows(); }
+  /// The current row of a list, null when there is none. It stands until the list is read on.
   const Row* currentRecord() const;
   /// Makes the row current whose field has that text; gives false when there is none.
   bool selectRecord(const QString& field, const QString& text);
+  /// Makes the row at that place current.
+  void selectPlace(int row);
+  /// The places of the selected rows, from the top.
+  QList<int> selectedPlaces() const;
+  /// Positions of the visible columns, from left to right.
+  QList<int> visibleColumns() const;
+
+  /// Lets the user order the list by its headings: a click orders by one column, another one the other way
+  /// round, Ctrl adds columns.
+  void setSortable();
+  void sortBy(const GridOrder& order);
+  const GridOrder& order() const { return order_; }
 
   /// Text shown in place of rows when there are none: how to begin.
   void setEmptyText(const QString& text) { emptyText_ = text; }
@@ -74,6 +96,8 @@ class TDBGrid : public QTableView {
  signals:
   /// Another record of a list became current (or none).
   void currentRecordChanged();
+  /// The user dragged the heading of a column up and out of the grid.
+  void columnDraggedOut(const QString& field);
 
  protected:
   void updateGeometries() override;
@@ -85,16 +109,21 @@ class TDBGrid : public QTableView {
  private:
   void applyWidths();
   void placeFooter();
-  void restoreWidths();
-  void storeWidths();
+  void restoreLook();
+  void storeLook();
+  void orderByHeading(int column);
+  void fetchVisible();
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void stretchLast();
   QString lookName() const;
 
-  RecordsetModel* list_;
+  ListModel* list_;
   QWidget* footer_;
   QList<GridColumn> columns_;
   QHash<QString, QString> footers_;
   QString emptyText_;
+  GridOrder order_;
+  int draggedColumn_ = -1;
   bool placingFooter_ = false;
   bool settingWidths_ = false;
 };

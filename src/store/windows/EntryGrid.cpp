@@ -1,0 +1,212 @@
+#include "store/windows/EntryGrid.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QStyledItemDelegate>
+
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kLongestEntry = 60;
+
+}  // namespace
+
+// Opens the editors and hands them to the grid, which takes their texts over. Enter means: next open cell.
+class EntryDelegate : public QStyledItemDelegate {
+ public:
+  explicit EntryDelegate(EntryGrid* grid) : QStyledItemDelegate(grid), grid_(grid) {}
+
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                        const QModelIndex& index) const override {
+    QLineEdit* editor = grid_->makeEditor(parent, index);
+    grid_->editing_ = index;
+    grid_->editor_ = editor;
+    grid_->initialText_ = index.data(Qt::EditRole).toString();
+    return editor;
+  }
+
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+    auto* line = static_cast<QLineEdit*>(editor);
+    if (line->isModified() || editor == grid_->refused_)
+      return;  // a refresh must not take what is being typed
+    line->setText(index.data(Qt::EditRole).toString());
+    line->selectAll();
+  }
+
+  // The grid itself takes the text over in commitData.
+  void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
+
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress) {
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        grid_->leaveWithEnter(static_cast<QWidget*>(object));
+        return true;
+      }
+    }
+    return QStyledItemDelegate::eventFilter(object, event);
+  }
+
+  void leave(QWidget* editor) {
+    emit commitData(editor);
+    emit closeEditor(editor, grid_->policy_ == EntryGrid::Refused::Kept ? EditNextItem : NoHint);
+  }
+
+ private:
+  EntryGrid* grid_;
+};
+
+EntryGrid::EntryGrid(const QString& name, Refused refused, const QString& form, QWidget* parent)
+    : TDBGrid(name, parent), form_(form), policy_(refused) {
+  setItemDelegate(new EntryDelegate(this));
+  setSelectionBehavior(refused == Refused::Kept ? SelectItems : SelectRows);
+  setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked | SelectedClicked);
+  setTabKeyNavigation(refused == Refused::Kept);
+}
+
+QLineEdit* EntryGrid::makeEditor(QWidget* parent, const QModelIndex& index) {
+  auto* editor = new QLineEdit(parent);
+  editor->setFrame(false);
+  editor->setAlignment(Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));
+  editor->setMaxLength(kLongestEntry);
+  return editor;
+}
+
+bool EntryGrid::leavesUntouched(const QLineEdit* editor, const QModelIndex&) const {
+  return editor->text() == initialText_;
+}
+
+void EntryGrid::take(QLineEdit* editor, const QModelIndex& index) {
+  // What the store does may show the list anew: the row is handed over as it stands.
+  const Row row = rows().row(index.row());
+  store_(row, columns()[index.column()].field, editor->text());
+  emit cellStored();
+}
+
+void EntryGrid::leave(QWidget* editor) { static_cast<EntryDelegate*>(itemDelegate())->leave(editor); }
+
+void EntryGrid::leaveWithEnter(QWidget* editor) {
+  confirming_ = true;
+  leave(editor);
+  confirming_ = false;
+}
+
+bool EntryGrid::commitPending() {
+  if (!editor_) return true;
+  QWidget* open = editor_;
+  commitData(open);
+  const bool taken = !refused_ && !cause_;
+  if (taken || policy_ == Refused::Reverted) closeEditor(open, QAbstractItemDelegate::NoHint);
+  return taken;
+}
+
+void EntryGrid::commitData(QWidget* widget) {
+  auto* line = qobject_cast<QLineEdit*>(widget);
+  // The box itself takes the focus from the editor, which asks again.
+  if (telling_ || !line || widget != editor_ || !editing_.isValid()) return;
+  if (policy_ == Refused::Reverted && cause_) return;
+  if (leavesUntouched(line, editing_)) {
+    refused_.clear();
+    return;
+  }
+  try {
+    take(line, editing_);
+    refused_.clear();
+    initialText_ = line->text();
+  } catch (...) {
+    refuse(widget, std::current_exception());
+  }
+}
+
+// The box is shown once the event that left the cell is over: shown inside it, the text would be lost.
+void EntryGrid::refuse(QWidget* widget, std::exception_ptr cause) {
+  const bool waiting = static_cast<bool>(cause_);
+  if (policy_ == Refused::Kept) refused_ = widget;
+  cause_ = std::move(cause);
+  if (!waiting) QMetaObject::invokeMethod(this, &EntryGrid::tellRefusal, Qt::QueuedConnection);
+}
+
+void EntryGrid::tellRefusal() {
+  const std::exception_ptr cause = std::exchange(cause_, nullptr);
+  if (!cause) return;
+  telling_ = true;
+  guarded(form_, QStringLiteral("AfterColUpdate"), [&cause] {
+    try {
+      std::rethrow_exception(cause);
+    } catch (const QuietRefusal&) {
+      // The text stays, and there is nothing to say about it.
+    }
+  });
+  telling_ = false;
+  afterRefusal();
+  if (!refused_) {
+    setFocus();
+    return;
+  }
+  if (editing_.isValid()) setCurrentIndex(editing_);
+  refused_->setFocus();
+  static_cast<QLineEdit*>(refused_.data())->selectAll();
+}
+
+void EntryGrid::closeEditor(QWidget* widget, QAbstractItemDelegate::EndEditHint hint) {
+  if (widget == refused_ && hint != QAbstractItemDelegate::RevertModelCache) return;
+  if (widget == refused_) {
+    refused_.clear();
+    cause_ = nullptr;
+  }
+  if (widget == editor_) {
+    editor_.clear();
+    editing_ = QPersistentModelIndex();
+  }
+  // A cell that takes its old text back stays the current one.
+  TDBGrid::closeEditor(widget, cause_ ? QAbstractItemDelegate::NoHint : hint);
+}
+
+QModelIndex EntryGrid::nextOpen(const QModelIndex& from, int step) const {
+  const QHeaderView* header = horizontalHeader();
+  int row = from.row();
+  int place = header->visualIndex(from.column());
+  while (true) {
+    place += step;
+    if (place < 0 || place >= header->count()) {
+      row += step;
+      place = step > 0 ? 0 : header->count() - 1;
+    }
+    if (row < 0 || row >= model()->rowCount()) return from;
+    const QModelIndex next = model()->index(row, header->logicalIndex(place));
+    if (!isColumnHidden(next.column()) && (next.flags() & Qt::ItemIsEditable)) return next;
+  }
+}
+
+QModelIndex EntryGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  if (action == MoveNext) return nextOpen(currentIndex(), 1);
+  if (action == MovePrevious) return nextOpen(currentIndex(), -1);
+  return TDBGrid::moveCursor(action, modifiers);
+}
+
+bool EntryGrid::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+  if (refused_ || cause_) return false;
+  return TDBGrid::edit(index, trigger, event);
+}
+
+void EntryGrid::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (currentIndex().flags() & Qt::ItemIsEditable)
+      TDBGrid::edit(currentIndex());
+    else
+      setCurrentIndex(nextOpen(currentIndex(), 1));
+    return;
+  }
+  TDBGrid::keyPressEvent(event);
+}
+
+void EntryGrid::mousePressEvent(QMouseEvent* event) {
+  if (refused_) return;
+  TDBGrid::mousePressEvent(event);
+}
+
+}  // namespace velmar
