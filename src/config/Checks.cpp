@@ -77,15 +77,6 @@ bool findsRow(const QString& sql, const Values& values) {
   return !OpenRs(sql + QStringLiteral(" LIMIT 1"), values).isEmpty();
 }
 
-QDate parseDate(const QString& text) {
-  const QString trimmed = text.trimmed();
-  for (const char* format : {"d/M/yyyy", "d.M.yyyy", "d-M-yyyy", "yyyy-M-d"}) {
-    const QDate date = QDate::fromString(trimmed, QLatin1String(format));
-    if (date.isValid()) return date;
-  }
-  return {};
-}
-
 /// Null when the value cannot be what its column holds, and then no row can be equal to it.
 Value comparable(const QString& value, Compared compared) {
   if (compared == Compared::AsText) return value;

@@ -13,7 +13,7 @@
 #include "documents/DocumentEditor.h"
 #include "shell/Login.h"
 #include "shell/SampleData.h"
-#include "shell/Warehouses.h"
+#include "config/Warehouses.h"
 #include "store/DatabaseFiles.h"
 #include "util/Clock.h"
 #include "util/Errors.h"

@@ -5,6 +5,7 @@
 #include <QSqlQuery>
 #include <QThread>
 
+#include "store/DataChanges.h"
 #include "store/Sqlite.h"
 #include "store/SqliteStatement.h"
 #include "util/Messages.h"
@@ -30,6 +31,7 @@ struct Database::Engine {
   QSqlDatabase connection;
   QHash<QString, std::shared_ptr<sqlite::Statement>> prepared;
   int depth = 0;
+  QSet<QString> written;  ///< tables that the open transaction has written
   bool recording = false;
   QStringList recorded;
 
@@ -66,6 +68,11 @@ struct Database::Engine {
     return statement;
   }
 
+  void noteWritten(const QString& sql) {
+    const QString table = writtenTable(sql);
+    if (!table.isEmpty()) written.insert(table);
+  }
+
   void beginWrite() {
     QElapsedTimer waited;
     waited.start();
@@ -95,6 +102,7 @@ const QString& Database::path() const { return engine_->path; }
 
 Recordset Database::query(const QString& sql, const Values& values) {
   const auto statement = engine_->prepare(sql);
+  if (inTransaction()) engine_->noteWritten(sql);
   statement->bind(values);
   bool onRow = statement->step();
   Recordset result(statement->columns());
@@ -116,6 +124,7 @@ int Database::executeEach(const QString& sql, const std::vector<Values>& rows) {
   if (!inTransaction()) own.emplace(*this);
   int changed = 0;
   const auto statement = engine_->prepare(sql);
+  engine_->noteWritten(sql);
   for (const Values& values : rows) {
     statement->bind(values);
     changed += statement->run();
@@ -165,12 +174,14 @@ void Transaction::commit() {
                                      : QStringLiteral("RELEASE step%1").arg(depth_));
   open_ = false;
   --database_.engine_->depth;
+  if (depth_ == 1) emit dataChanges().written(std::exchange(database_.engine_->written, {}));
 }
 
 void Transaction::rollback() {
   if (!open_) return;
   open_ = false;
   --database_.engine_->depth;
+  if (depth_ == 1) database_.engine_->written.clear();
   try {
     if (depth_ == 1) {
       database_.engine_->run(QStringLiteral("ROLLBACK"));

@@ -1,7 +1,6 @@
 #include "store/Records.h"
 
 #include "store/Database.h"
-#include "util/Errors.h"
 #include "util/NumberText.h"
 
 namespace velmar {
@@ -68,6 +67,10 @@ Row record(const Table& table, const Value& key) {
       QStringLiteral("SELECT * FROM %1 WHERE %2 = ? ORDER BY %2").arg(quoted(table.name()), keyOf(table)),
       {key});
   return found.isEmpty() ? Row() : found.first();
+}
+
+RuleError gone() {
+  return RuleError(QStringLiteral("Inregistrarea a fost stearsa intre timp de alt utilizator !"));
 }
 
 std::optional<Decimal> numberIn(const Row& row, const QString& column, const QString& message) {

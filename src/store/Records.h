@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "store/Schema.h"
+#include "util/Errors.h"
 
 namespace velmar {
 
@@ -24,6 +25,9 @@ bool deleteRecord(const Table& table, const Value& key);
 
 /// The record of a table with one key column; an empty row (Row::isEmpty) when there is none.
 Row record(const Table& table, const Value& key);
+
+/// The error for a record that another workstation has deleted meanwhile.
+RuleError gone();
 
 /// The number in the column; null gives nothing. Throws RuleError with `message` when the column holds
 /// something that is no number.

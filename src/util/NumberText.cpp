@@ -47,4 +47,13 @@ bool isNumericText(QStringView text) { return Decimal::parse(text.trimmed()).has
 
 QString formatDate(const QDate& date) { return date.toString(QStringLiteral("dd/MM/yyyy")); }
 
+QDate parseDate(const QString& text) {
+  const QString trimmed = text.trimmed();
+  for (const char* format : {"d/M/yyyy", "d.M.yyyy", "d-M-yyyy", "yyyy-M-d"}) {
+    const QDate date = QDate::fromString(trimmed, QLatin1String(format));
+    if (date.isValid()) return date;
+  }
+  return {};
+}
+
 }  // namespace velmar

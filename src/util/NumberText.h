@@ -30,4 +30,7 @@ bool isNumericText(QStringView text);
 /// "31/12/2026".
 QString formatDate(const QDate& date);
 
+/// Reads a typed date: day, month and year by "/", "." or "-", or the ISO way. Invalid for any other text.
+QDate parseDate(const QString& text);
+
 }  // namespace velmar

@@ -8,7 +8,7 @@
 #include "config/Session.h"
 #include "SharedFunctions.h"
 #include "shell/Login.h"
-#include "shell/Warehouses.h"
+#include "config/Warehouses.h"
 #include "shell/windows/frmMsgBox.h"
 #include "shell/windows/StartUp.h"
 #include "store/CompanyList.h"

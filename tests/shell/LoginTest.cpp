@@ -3,7 +3,7 @@
 
 #include "shell/ApplicationFolder.h"
 #include "shell/Login.h"
-#include "shell/Warehouses.h"
+#include "config/Warehouses.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
 #include "util/Settings.h"

@@ -1,7 +1,5 @@
 #include "documents/windows/HeaderForm.h"
 
-#include <QComboBox>
-#include <QCompleter>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,6 +13,7 @@
 #include "util/windows/Entry.h"
 #include "util/windows/KeyFilter.h"
 #include "util/windows/Look.h"
+#include "util/windows/SearchCombo.h"
 
 namespace velmar {
 
@@ -74,22 +73,6 @@ void HeaderForm::addTextField(const HeaderField& field) {
   form_->addRow(field.caption, box);
 }
 
-QComboBox* HeaderForm::makePartnerCombo(const QString& toolTip) {
-  auto* combo = new QComboBox(this);
-  combo->setObjectName("DataCombo1");
-  combo->setToolTip(toolTip);
-  combo->setEditable(true);
-  combo->setInsertPolicy(QComboBox::NoInsert);
-  combo->completer()->setFilterMode(Qt::MatchContains);
-  combo->completer()->setCompletionMode(QCompleter::PopupCompletion);
-  combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  combo->setMinimumContentsLength(kShownPartner);
-  moveOnWithEnter(combo);
-  connect(combo, &QComboBox::activated, this, &HeaderForm::takePartnerName);
-  connect(combo->lineEdit(), &QLineEdit::editingFinished, this, &HeaderForm::takePartnerName);
-  return combo;
-}
-
 void HeaderForm::addPartnerField(const HeaderField& field) {
   auto* code = new QLineEdit(this);
   code->setObjectName(field.control);
@@ -100,7 +83,9 @@ void HeaderForm::addPartnerField(const HeaderField& field) {
   connect(code, &QLineEdit::textEdited, this, &HeaderForm::touched);
   connect(code, &QLineEdit::editingFinished, this, [this, code] { showPartner(code->text()); });
   controls_.insert(field.column, code);
-  partner_ = makePartnerCombo(field.toolTip);
+  partner_ = new SearchCombo("DataCombo1", field.toolTip, kShownPartner, this);
+  moveOnWithEnter(partner_);
+  connect(partner_, &SearchCombo::settled, this, &HeaderForm::takePartner);
   // The dialog of a new partner does not exist yet.
   auto* add = new QPushButton(icon("add-partner"), QString(), this);
   add->setObjectName("cmdAdaugaTert1");
@@ -145,32 +130,23 @@ void HeaderForm::refreshPartners() {
 }
 
 void HeaderForm::showPartner(const QString& code) {
-  const QSignalBlocker quiet(partner_);
-  const int at = code.isEmpty() ? -1 : partner_->findData(code.toLongLong());
-  partner_->setCurrentIndex(at);
-  if (at < 0) partner_->setEditText(QString());
-  partner_->lineEdit()->setCursorPosition(0);
-  partnerName_->setText(at < 0 ? QString() : partner_->itemText(at));
+  partner_->showData(code.isEmpty() ? QVariant() : QVariant(code.toLongLong()));
+  partnerName_->setText(partner_->currentText());
 }
 
-void HeaderForm::takePartnerName() {
-  const QString name = partner_->currentText();
-  int at = partner_->findText(name, Qt::MatchFixedString);
-  // A part of the name is enough when only one partner's has it.
-  QCompleter* completer = partner_->completer();
-  completer->setCompletionPrefix(name);
-  if (at < 0 && !name.trimmed().isEmpty() && completer->completionCount() == 1)
-    at = partner_->findText(completer->currentCompletion(), Qt::MatchFixedString);
-  const QString code = at < 0 ? QString() : partner_->itemData(at).toString();
-  if (at >= 0) partner_->setCurrentIndex(at);
-  partnerName_->setText(at < 0 ? QString() : partner_->itemText(at));
+void HeaderForm::takePartner() {
+  const QString code = partner_->choice().toString();
+  partnerName_->setText(code.isEmpty() ? QString() : partner_->currentText());
   if (partnerCode()->text() == code) return;
   partnerCode()->setText(code);
   emit touched();
 }
 
 QHash<QString, QString> HeaderForm::typed() {
-  if (partner_ && partner_->hasFocus()) takePartnerName();
+  if (partner_ && partner_->hasFocus()) {
+    partner_->settle();
+    takePartner();
+  }
   QHash<QString, QString> texts;
   for (auto it = controls_.cbegin(); it != controls_.cend(); ++it) {
     if (auto* date = qobject_cast<DateBox*>(it.value())) {

@@ -7,12 +7,13 @@
 #include "documents/DocumentKind.h"
 #include "store/Row.h"
 
-class QComboBox;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
 
 namespace velmar {
+
+class SearchCombo;
 
 class HeaderForm : public QGroupBox {
   Q_OBJECT
@@ -44,15 +45,14 @@ class HeaderForm : public QGroupBox {
   void addDateField(const HeaderField& field);
   void addTextField(const HeaderField& field);
   void addPartnerField(const HeaderField& field);
-  QComboBox* makePartnerCombo(const QString& toolTip);
-  void takePartnerName();
+  void takePartner();
   void showPartner(const QString& code);
   QLineEdit* partnerCode() const;
 
   const DocumentKind& kind_;
   QFormLayout* form_;
   QHash<QString, QWidget*> controls_;
-  QComboBox* partner_ = nullptr;  ///< DataCombo1
+  SearchCombo* partner_ = nullptr;  ///< DataCombo1
   QLabel* partnerName_ = nullptr;
   QLabel* state_;
 };

@@ -1,6 +1,7 @@
 #include "shell/windows/MenuTable.h"
 
 #include "config/windows/frmConexiuni.h"
+#include "config/windows/frmMagazii.h"
 #include "config/windows/frmSocietati.h"
 #include "documents/windows/frmGRILABonIntr.h"
 #include "shell/windows/frmAbout.h"
@@ -20,7 +21,7 @@ std::vector<MenuEntry> entries() {
       {"mnuCreare", "C&reare", Opens::One, "frmSocietati", make<frmSocietati>},
       {"mnuFilemnuSocConf", "&Configurare", Opens::One, "frmParamSoc", nullptr},
       {"mnuUtilizatori", "&Utilizatori", Opens::One, "frmUtilizatori", nullptr},
-      {"mnuMagazii", "&Magazii", Opens::One, "frmMagazii", nullptr},
+      {"mnuMagazii", "&Magazii", Opens::One, "frmMagazii", make<frmMagazii>},
       {"", "", Opens::Separator, {}},
       {"mnuFileExit", "&Iesire", Opens::Own, {}},
 

@@ -6,7 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "shell/Warehouses.h"
+#include "config/Warehouses.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 

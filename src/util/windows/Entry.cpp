@@ -56,7 +56,7 @@ void giveMnemonics(QWidget* form) {
   for (auto* button : form->findChildren<QAbstractButton*>())
     if (!button->text().isEmpty()) button->setText(withMnemonic(button->text(), taken));
   for (auto* label : form->findChildren<QLabel*>())
-    if (label->buddy()) label->setText(withMnemonic(label->text(), taken));
+    if (label->buddy() && label->buddy()->focusPolicy() != Qt::NoFocus) label->setText(withMnemonic(label->text(), taken));
 }
 
 void markLocked(QLineEdit* box, bool locked) {
@@ -65,6 +65,15 @@ void markLocked(QLineEdit* box, bool locked) {
     palette.setColor(QPalette::Base, gCuloareInfo());
     palette.setColor(QPalette::Text, gCuloareInfoText());
   }
+  box->setPalette(palette);
+}
+
+void lockBox(QLineEdit* box) {
+  box->setReadOnly(true);
+  box->setFocusPolicy(Qt::NoFocus);
+  QPalette palette = box->palette();
+  palette.setColor(QPalette::Base, gCuloareInfo());
+  palette.setColor(QPalette::Text, gCuloareInfoText());
   box->setPalette(palette);
 }
 

@@ -1,0 +1,61 @@
+// One record in the controls of a form: shows it, reads back what was typed, knows whether it was changed.
+#pragma once
+
+#include <QMap>
+#include <QObject>
+#include <QWidget>
+
+#include "store/Row.h"
+
+namespace velmar {
+
+/// Boxes, lists, check boxes, dates and labels, each with the column that it shows. A list carries the
+/// column's values as the data of its items; a label only shows.
+class Card : public QObject {
+  Q_OBJECT
+ public:
+  explicit Card(QObject* parent) : QObject(parent) {}
+
+  template <typename Control>
+  Control* add(const QString& column, Control* control) {
+    bind(column, control);
+    return control;
+  }
+  /// What the column's control shows after clear(); nothing, where no default is told.
+  void setDefault(const QString& column, const Value& value) { defaults_[column] = value; }
+
+  /// Shows the row's columns; those that it does not have are cleared.
+  void show(const Row& row);
+  void clear();
+  /// Takes the card as it stands for unchanged.
+  void settle();
+
+  /// What stands in the controls, a column each: texts without blanks around them, numbers as decimals (as
+  /// text where they are none), null for what is empty.
+  Row typed() const;
+  QString text(const QString& column) const { return typed().text(column); }
+  bool isChanged() const;
+
+  /// Null when the card has no such column. The column is found in any case.
+  QWidget* control(const QString& column) const;
+  QList<QWidget*> controls() const;
+
+ signals:
+  /// The user changed something.
+  void edited();
+
+ private:
+  struct Bound {
+    QString column;
+    QWidget* control;
+  };
+
+  void bind(const QString& column, QWidget* control);
+  QStringList state() const;
+
+  QList<Bound> bound_;
+  QMap<QString, Value> defaults_;
+  QStringList settled_;
+};
+
+}  // namespace velmar

@@ -1,0 +1,236 @@
+#include "store/windows/ListForm.h"
+
+#include <QAbstractButton>
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+
+#include "store/DataChanges.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+#include "util/windows/Controls.h"
+#include "util/windows/Entry.h"
+#include "util/windows/Forms.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kNarrowest = 620;
+constexpr int kWidest = 1180;  // beside the tool bars of the smallest screen
+constexpr int kLinesHigh = 32;
+
+}  // namespace
+
+ListForm::ListForm(const QString& name, const QString& title, QWidget* parent)
+    : QWidget(parent), card_(this), state_(named(new QLabel, "lblStare")) {
+  setObjectName(name);
+  setWindowTitle(title);
+  state_->setMinimumWidth(fontMetrics().horizontalAdvance("Modificat, nesalvat "));
+  connect(&card_, &Card::edited, this, &ListForm::showState);
+  connect(&dataChanges(), &DataChanges::written, this, &ListForm::follow);
+}
+
+void ListForm::setList(EntryGrid* grid, const QString& keyField, Read read, const QSet<QString>& tables) {
+  grid_ = grid;
+  keyField_ = keyField;
+  read_ = std::move(read);
+  tables_ = tables;
+  grid_->setSortable();
+  connect(grid_, &TDBGrid::currentRecordChanged, this, [this] {
+    if (keepEdits_) return;
+    guarded(objectName(), "RowColChange", [this] { showRecord(grid_->currentRecord()); });
+  });
+  // A click on the row that is current already brings it back into the card.
+  connect(grid_, &QAbstractItemView::clicked, this, [this] {
+    if (new_) guarded(objectName(), "RowColChange", [this] { showRecord(grid_->currentRecord()); });
+  });
+  connect(grid_, &EntryGrid::cellStored, this, &ListForm::refreshKeepingEdits, Qt::QueuedConnection);
+}
+
+QPushButton* ListForm::command(const QString& name, const QString& caption, const QString& toolTip,
+                               const QString& picture, std::function<void()> action) {
+  QPushButton* button = makeButton(name, caption, toolTip, picture);
+  connect(button, &QPushButton::clicked, this,
+          [this, name, action = std::move(action)] { run(name + QStringLiteral("_Click"), action); });
+  return button;
+}
+
+QPushButton* ListForm::exitCommand() {
+  exit_ = makeButton("cmdIesire", "Iesire", {}, "close");
+  setUpExitButton(exit_, this);
+  return exit_;
+}
+
+void ListForm::setKeys(QPushButton* add, QPushButton* remove) {
+  const auto onGrid = [this](int key, const std::function<void()>& work) {
+    auto* shortcut = new QShortcut(QKeySequence(key), grid_);
+    shortcut->setContext(Qt::WidgetShortcut);
+    connect(shortcut, &QShortcut::activated, this, work);
+  };
+  if (add) onGrid(Qt::Key_Insert, [this] { run("Insert", [this] { startNew(); }); });
+  if (remove) onGrid(Qt::Key_Delete, [remove] { remove->click(); });
+}
+
+QWidget* ListForm::searchRow(const QString& field) {
+  searchField_ = field;
+  search_ = makeTextBox("txtCautare", 40, "Primele litere");
+  connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    guarded(objectName(), "txtCautare_Change", [this, &text] { search(text); });
+  });
+  auto* row = new QWidget;
+  auto* label = new QLabel("Cautare");
+  label->setBuddy(search_);
+  auto* inside = new QHBoxLayout(row);
+  inside->setContentsMargins(0, 0, 0, 0);
+  inside->addWidget(label);
+  inside->addWidget(search_);
+  inside->addStretch();
+  return row;
+}
+
+void ListForm::search(const QString& text) {
+  if (text.isEmpty()) return;
+  const RowSource& rows = grid_->rows();
+  for (int place = 0; place < rows.size(); ++place)
+    if (rows.row(place).text(searchField_).startsWith(text, Qt::CaseInsensitive))
+      return grid_->selectPlace(place);
+}
+
+QLayout* ListForm::commandRow(const QList<QPushButton*>& commands) {
+  auto* row = new QHBoxLayout;
+  row->addWidget(state_);
+  row->addStretch();
+  for (QPushButton* button : commands) row->addWidget(button);
+  return row;
+}
+
+void ListForm::layOut(QWidget* search, QWidget* cardFrame, const QList<QPushButton*>& commands) {
+  auto* all = new QVBoxLayout(this);
+  all->addWidget(search);
+  all->addWidget(grid_, 1);
+  all->addWidget(cardFrame);
+  all->addLayout(commandRow(commands));
+  finish(card_.controls().value(0));
+}
+
+void ListForm::finish(QWidget* first) {
+  for (QWidget* control : card_.controls()) moveOnWithEnter(control);
+  giveMnemonics(this);
+  const auto shortcut = [this](const QKeySequence& key, const std::function<void()>& work) {
+    auto* made = new QShortcut(key, this);
+    made->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(made, &QShortcut::activated, this, work);
+  };
+  shortcut(Qt::Key_F5, [this] { run("F5", [this] { refreshKeepingEdits(); }); });
+  shortcut(QKeySequence::Find, [this] {
+    if (QWidget* box = searchBox()) box->setFocus(Qt::ShortcutFocusReason);
+  });
+  if (first) setFocusProxy(first);
+  guarded(objectName(), "Form_Load", [this] { refresh(); });
+}
+
+void ListForm::run(const QString& procedure, const std::function<void()>& work) {
+  if (!grid_->commitPending() || !entriesStand(this)) return;
+  guarded(objectName(), procedure, [&] {
+    try {
+      work();
+    } catch (const RuleError& rule) {
+      Mesaj(rule.text(), rule.icon(), rule.title());
+      focusField(rule.field());
+    }
+  });
+}
+
+void ListForm::focusField(const QString& column) {
+  QWidget* at = card_.control(column);
+  if (!at) return;
+  at->setFocus();
+  if (auto* box = qobject_cast<QLineEdit*>(at)) box->selectAll();
+}
+
+bool ListForm::confirmed(const QString& question) {
+  return Mesaj(question, kQuestion + kYesNo, QStringLiteral("Confirmare stergere")) == kResultYes;
+}
+
+void ListForm::refresh() {
+  stale_ = false;
+  const Row* current = grid_->currentRecord();
+  const QString key = current ? current->text(keyField_) : QString();
+  {
+    const QSignalBlocker quiet(grid_);
+    grid_->setRows(read_());
+    if (!key.isEmpty()) grid_->selectRecord(keyField_, key);
+  }
+  if (!keepEdits_) showRecord(grid_->currentRecord());
+}
+
+// What is being typed into the card stays as it is.
+void ListForm::refreshKeepingEdits() {
+  keepEdits_ = new_ || card_.isChanged();
+  refresh();
+  keepEdits_ = false;
+}
+
+void ListForm::follow(const QSet<QString>& written) {
+  if (stale_ || !grid_ || !written.intersects(tables_)) return;
+  stale_ = true;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (stale_ && isVisible()) guarded(objectName(), "Form_Activate", [this] { refreshKeepingEdits(); });
+      },
+      Qt::QueuedConnection);
+}
+
+void ListForm::showRecord(const Row* record) {
+  new_ = !record;
+  if (record)
+    card_.show(*record);
+  else
+    card_.clear();
+}
+
+void ListForm::startNew() {
+  new_ = true;
+  card_.clear();
+  const QList<QWidget*> controls = card_.controls();
+  for (QWidget* control : controls)
+    if (control->focusPolicy() & Qt::TabFocus && control->isEnabled()) return control->setFocus();
+}
+
+void ListForm::takeBack() {
+  if (new_)
+    startNew();
+  else
+    showRecord(grid_->currentRecord());
+}
+
+void ListForm::showState() { state_->setText(card_.isChanged() ? "Modificat, nesalvat" : ""); }
+
+void ListForm::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  if (key == Qt::Key_Escape) {
+    if (card_.isChanged())
+      takeBack();
+    else if (exit_)
+      exit_->click();
+    return;
+  }
+  if (key == Qt::Key_Return || key == Qt::Key_Enter)
+    if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) return button->click();
+  QWidget::keyPressEvent(event);
+}
+
+QSize ListForm::sizeHint() const {
+  int width = 60;
+  for (int column : grid_->visibleColumns()) width += grid_->columnWidth(column);
+  const QSize needed = QWidget::sizeHint();
+  return {std::max(needed.width(), std::clamp(width, kNarrowest, kWidest)),
+          std::max(needed.height(), fontMetrics().height() * kLinesHigh)};
+}
+
+}  // namespace velmar

@@ -1,0 +1,95 @@
+// What the list windows of the master tables share: a list with a search, a card beside it, commands that say
+// what is wrong and where, and the keys: F5 reads again, Ctrl+F searches, Insert begins a new record, Delete
+// deletes, Esc takes an edit back and then closes.
+#pragma once
+
+#include <functional>
+#include <QSet>
+#include <QWidget>
+
+#include "store/windows/Card.h"
+#include "store/windows/EntryGrid.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace velmar {
+
+class ListForm : public QWidget {
+  Q_OBJECT
+ public:
+  ListForm(const QString& name, const QString& title, QWidget* parent);
+
+  QSize sizeHint() const override;
+
+ protected:
+  /// Reads the list as it is to be shown.
+  using Read = std::function<std::unique_ptr<RowSource>()>;
+  /// The grid of the window: what it reads, which field tells its rows apart, and which tables it shows: the
+  /// list is read again when another window has written them.
+  void setList(EntryGrid* grid, const QString& keyField, Read read, const QSet<QString>& tables);
+  EntryGrid* list() const { return grid_; }
+  Card& card() { return card_; }
+
+  /// A command under the list. `action` runs guarded; a broken rule is told and brings the focus to its
+  /// field.
+  QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,
+                       const QString& picture, std::function<void()> action);
+  /// The button "Iesire".
+  QPushButton* exitCommand();
+  /// Gives Insert and Delete the commands they stand for; null for none.
+  void setKeys(QPushButton* add, QPushButton* remove);
+
+  /// A search box above the list: the row that begins with what is typed becomes current.
+  QWidget* searchRow(const QString& field);
+  /// The usual window: search, list, card and commands. The list is read and the first field has the focus.
+  void layOut(QWidget* search, QWidget* cardFrame, const QList<QPushButton*>& commands);
+  /// Mnemonics, keys, what Enter does, and the first reading, for a window that lays itself out.
+  void finish(QWidget* first);
+  /// The commands in a row, with the state of the card before them.
+  QLayout* commandRow(const QList<QPushButton*>& commands);
+
+  /// Runs a command's work, unless a box or a cell refuses what stands in it.
+  void run(const QString& procedure, const std::function<void()>& work);
+  /// Asks a question of deletion.
+  bool confirmed(const QString& question);
+
+  /// Reads the list again; the current record stays current by its key.
+  void refresh();
+  /// Another record is current, or none: shows it in the card.
+  virtual void showRecord(const Row* record);
+  /// The card begins a new record.
+  virtual void startNew();
+  /// The box that Ctrl+F goes to.
+  virtual QWidget* searchBox() { return search_; }
+  /// Brings the focus to the control of a column.
+  virtual void focusField(const QString& column);
+
+  void keyPressEvent(QKeyEvent* event) override;
+  /// Whether the card holds no record of the list.
+  bool isNew() const { return new_; }
+  void setNew(bool isNew) { new_ = isNew; }
+
+ private:
+  void refreshKeepingEdits();
+  void follow(const QSet<QString>& written);
+  void takeBack();
+  void search(const QString& text);
+  void showState();
+
+  EntryGrid* grid_ = nullptr;
+  Card card_;
+  QString keyField_;
+  Read read_;
+  QSet<QString> tables_;
+  QLineEdit* search_ = nullptr;
+  QString searchField_;
+  QLabel* state_;
+  QPushButton* exit_ = nullptr;
+  bool stale_ = false;
+  bool keepEdits_ = false;
+  bool new_ = false;
+};
+
+}  // namespace velmar

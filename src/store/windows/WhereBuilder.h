@@ -1,0 +1,63 @@
+// The filter of a list, composed by keyboard: field, comparison, value, and/or. What it says stands below in
+// plain words.
+#pragma once
+
+#include <QWidget>
+
+#include "store/Filter.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace velmar {
+
+class SearchCombo;
+
+class WhereBuilder : public QWidget {
+  Q_OBJECT
+ public:
+  explicit WhereBuilder(QWidget* parent = nullptr);
+
+  void setFields(const QList<FilterField>& fields);
+
+  /// The condition together with what stands in the boxes. Throws RuleError, with the focus at the fault,
+  /// when a value does not fit.
+  Condition condition();
+
+ public slots:
+  void clear();
+
+ signals:
+  /// Enter in the value asks to search.
+  void searchAsked();
+
+ private:
+  QLineEdit* valueBox(const QString& name);
+  QPushButton* button(const QString& name, const QString& caption, const QString& toolTip,
+                      void (WhereBuilder::*action)());
+  const FilterField* field() const;
+  Comparison comparison() const;
+  bool hasValue() const;
+  void fieldChosen();
+  void showBoxes();
+  void addTo(Filter& filter);
+  /// Takes the boxes into the condition and empties them.
+  void take();
+  void takeGuarded(bool orElse);
+  void joinAnd() { takeGuarded(false); }
+  void joinOr() { takeGuarded(true); }
+
+  QList<FilterField> fields_;
+  Filter filter_;
+  bool orElse_ = false;  ///< how the boxes join what was said before
+  QComboBox* cboCamp_;
+  QComboBox* cboComparatie_;
+  QLineEdit* txtValoare_;
+  QLineEdit* txtValoare2_;
+  SearchCombo* cboValoare_;
+  QLabel* lblConditie_;
+};
+
+}  // namespace velmar

@@ -1,0 +1,54 @@
+#include "util/windows/SearchCombo.h"
+
+#include <QCompleter>
+#include <QLineEdit>
+#include <QListView>
+
+namespace velmar {
+
+SearchCombo::SearchCombo(const QString& name, const QString& toolTip, int shown, QWidget* parent)
+    : QComboBox(parent) {
+  setObjectName(name);
+  setToolTip(toolTip);
+  setEditable(true);
+  setInsertPolicy(NoInsert);
+  completer()->setFilterMode(Qt::MatchContains);
+  completer()->setCompletionMode(QCompleter::PopupCompletion);
+  setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+  setMinimumContentsLength(shown);
+  auto* list = new QListView(this);
+  list->setUniformItemSizes(true);  // a list of thousands drops down at once
+  setView(list);
+  const auto settleNow = [this] {
+    settle();
+    emit settled();
+  };
+  connect(this, &QComboBox::activated, this, settleNow);
+  connect(lineEdit(), &QLineEdit::editingFinished, this, settleNow);
+}
+
+void SearchCombo::showData(const QVariant& value) {
+  const QSignalBlocker quiet(this);
+  const int at = value.isNull() || value.toString().isEmpty() ? -1 : findData(value);
+  setCurrentIndex(at);
+  if (at < 0) setEditText(QString());
+  lineEdit()->setCursorPosition(0);
+}
+
+void SearchCombo::settle() {
+  const QString text = currentText();
+  int at = currentIndex();
+  if (at < 0 || itemText(at).compare(text, Qt::CaseInsensitive) != 0)
+    at = findText(text, Qt::MatchFixedString);
+  completer()->setCompletionPrefix(text);
+  if (at < 0 && !text.trimmed().isEmpty() && completer()->completionCount() == 1)
+    at = findText(completer()->currentCompletion(), Qt::MatchFixedString);
+  if (at >= 0) setCurrentIndex(at);
+}
+
+QVariant SearchCombo::choice() const {
+  const int at = currentIndex();
+  return at >= 0 && itemText(at).compare(currentText(), Qt::CaseInsensitive) == 0 ? itemData(at) : QVariant();
+}
+
+}  // namespace velmar

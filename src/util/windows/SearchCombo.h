@@ -1,0 +1,27 @@
+// A list to choose from by typing: any part of a text finds it.
+#pragma once
+
+#include <QComboBox>
+
+namespace velmar {
+
+class SearchCombo : public QComboBox {
+  Q_OBJECT
+ public:
+  /// `shown` is the width in characters.
+  SearchCombo(const QString& name, const QString& toolTip, int shown, QWidget* parent = nullptr);
+
+  /// Shows the item with that data; nothing when there is none.
+  void showData(const QVariant& value);
+  /// Makes of what stands typed the item it means: the one with just this text, or the only one that holds
+  /// it. Any other text is no choice.
+  void settle();
+  /// The data of the settled choice, null when there is none.
+  QVariant choice() const;
+
+ signals:
+  /// The user chose or left the box.
+  void settled();
+};
+
+}  // namespace velmar
