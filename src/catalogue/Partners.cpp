@@ -1,52 +1,108 @@
 #include "catalogue/Partners.h"
 
+#include "catalogue/Discounts.h"
+#include "config/Checks.h"
 #include "config/Numbers.h"
 #include "config/Session.h"
-#include "store/Database.h"
-#include "store/Schema.h"
+#include "store/Records.h"
 #include "util/Clock.h"
-#include "util/Errors.h"
 
 namespace velmar {
 
 namespace {
 
-Value textOrNull(const QString& text) { return text.trimmed().isEmpty() ? Value() : Value(text.trimmed()); }
+const Table& partners() { return companyTable("kt_ter"); }
+
+void requireSound(const Row& partner) {
+  if (partner.text("NUME").trimmed().isEmpty())
+    throw RuleError(QStringLiteral("Va rugam introduceti numele societatii ! Salvarea nu se poate efectua !"),
+                    "NUME");
+  if (partner.text("TIP").trimmed().isEmpty())
+    throw RuleError(QStringLiteral("Trebuie sa alegeti tipul de tert!"), "TIP");
+  if (partner.has("CodVechi"))
+    numberIn(partner, "CodVechi", QStringLiteral("Trebuie sa precizati o valoare numerica!"), "Atentie");
+  if (partner.has("PROCPEN"))
+    numberIn(partner, "PROCPEN", QStringLiteral("Va rog introduceti o valoare numerica"));
+}
+
+// The row as the table takes it.
+Row stored(const Row& partner) {
+  requireSound(partner);
+  Row row = ofTable(partners(), partner);
+  if (row.has("CT") && row.text("CT").isEmpty()) row.set("CT", "RO");
+  return row;
+}
 
 }  // namespace
 
-qint64 addPartner(const Partner& partner) {
-  if (partner.NUME.trimmed().isEmpty())
-    throw RuleError(QStringLiteral("Va rugam introduceti numele societatii ! Salvarea nu se poate efectua !"),
-                    "NUME");
-  if (partner.TIP.trimmed().isEmpty())
-    throw RuleError(QStringLiteral("Trebuie sa alegeti tipul de tert!"), "TIP");
-  const Table& table = companyTable("kt_ter");
-  Row row = table.emptyRow();
-  const std::pair<const char*, const QString&> texts[] = {{"NUME", partner.NUME},
-                                                          {"TIP", partner.TIP},
-                                                          {"CODFISCAL", partner.CODFISCAL},
-                                                          {"RegCom", partner.RegCom},
-                                                          {"AD", partner.AD},
-                                                          {"CP", partner.CP},
-                                                          {"ORAS", partner.ORAS},
-                                                          {"Judet", partner.Judet},
-                                                          {"TARA", partner.TARA},
-                                                          {"BANCA", partner.BANCA},
-                                                          {"CONTBANCAR", partner.CONTBANCAR}};
-  QStringList columns{"COD", "CT", "UTILIZATOR", "DATAC"};
+const ListQuery kPartnerList{
+    QStringLiteral(
+        "T.COD, T.NUME, T.TIP, T.CODFISCAL, T.AD, T.AD3, T.CP, T.ORAS, T.TARA, T.REPREZ, T.TELEFON, T.FAX, "
+        "T.MOBIL, T.EMAIL, T.ADL, T.CPL, T.ORASL, T.TARAL, T.BANCA, T.CONTBANCAR, T.CodTert, T.RegCom, T.Judet, "
+        "T.CodVechi, T.SerieBI, T.NrBI, T.EmisBI, T.DataEmisBI, T.PROCPEN, T.Reprezentant, T.Contract, "
+        "T.ID_Angajator, T.CNP, T.CT, T.PF, T.PlatesteTVA, T.PRENUMEDELEGAT, T.DATANDELEGAT, T.UTILIZATOR, "
+        "T.DATAC, A.NUME AS Angajator, "
+        "(SELECT SUM(L.DEBIT - L.CREDIT) FROM kt_linii L WHERE L.TERT = T.COD) AS SOLD"),
+    QStringLiteral("kt_ter T LEFT JOIN kt_ter A ON A.COD = T.ID_Angajator"), QStringLiteral("T.COD")};
+
+Condition partnersOfKind(const QString& TipTert) {
+  if (TipTert == QStringLiteral("F")) return {QStringLiteral("TIP IN ('F', 'M')"), {}};
+  return {QStringLiteral("TIP <> 'F'"), {}};
+}
+
+Row newPartner(const QString& name, const QString& kind) {
+  Row row = partners().emptyRow();
+  row.set("NUME", name);
+  row.set("TIP", kind);
+  for (const Column& column : partners().columns())
+    if (column.type == ColumnType::Boolean) row.set(column.name, false);
+  return row;
+}
+
+qint64 addPartner(const Row& partner, const std::optional<Decimal>& discount) {
+  const Row given = stored(partner);
+  QStringList columns = given.columns();
+  for (const char* own : {"COD", "UTILIZATOR", "DATAC"})
+    if (!given.has(own)) columns.append(own);
+  Row row = rowOf(columns.join(QLatin1Char(' ')));
+  for (const QString& column : given.columns()) row.set(column, Value::raw(given.value(column)));
   Transaction transaction(database());
   const qint64 code = NumarUrmator("kt_ter");
-  Values values{code, "RO", session().gUtilizator, clock::today()};
-  for (const auto& [column, text] : texts) {
-    row.set(column, textOrNull(text));
-    columns.append(column);
-    values.push_back(textOrNull(text));
-  }
-  requireWidths(table, row);
-  database().insertRows(table.name(), columns, {values});
+  row.set("COD", code);
+  row.set("UTILIZATOR", session().gUtilizator);
+  row.set("DATAC", clock::today());
+  insertRecord(partners(), row);
+  setPartnerDiscount(code, discount);
   transaction.commit();
   return code;
+}
+
+void savePartner(const Row& partner, const std::optional<Decimal>& discount) {
+  const Row row = stored(partner);
+  Transaction transaction(database());
+  if (!updateRecord(partners(), row)) throw gone();
+  setPartnerDiscount(row.integer("COD"), discount);
+  transaction.commit();
+}
+
+void removePartner(qint64 code) {
+  Transaction transaction(database());
+  if (Exista(QString::number(code), "TertiLinii"))
+    throw RuleError(
+        QStringLiteral("Tertul nu se poate sterge deoarece exista documente inregistrate !"));
+  deleteRecord(partners(), code);
+  setPartnerDiscount(code, {});
+  transaction.commit();
+}
+
+void storeBalances() {
+  Transaction transaction(database());
+  ExecutaSql(
+      "UPDATE kt_ter SET SOLD = (SELECT SUM(L.DEBIT) - SUM(L.CREDIT) FROM kt_linii L "
+      "WHERE L.TERT = kt_ter.COD AND L.CONT = (SELECT MAX(C.CONT) FROM kt_linii C WHERE C.TERT = kt_ter.COD "
+      "AND C.CONT >= '4' AND C.CONT < '5')) "
+      "WHERE COD IN (SELECT TERT FROM kt_linii WHERE CONT >= '4' AND CONT < '5' AND TERT IS NOT NULL)");
+  transaction.commit();
 }
 
 }  // namespace velmar

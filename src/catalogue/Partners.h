@@ -1,21 +1,37 @@
-// Third parties: customers, suppliers and those that are both.
+// Third parties: customers, suppliers, those that are both, and persons.
 #pragma once
 
-#include <QString>
+#include <optional>
+
+#include "store/ListRows.h"
 
 namespace velmar {
 
-struct Partner {
-  QString NUME;            ///< at most 40 characters
-  QString TIP;             ///< "C" customer, "F" supplier, "M" both, "P" private person
-  QString CODFISCAL = {};  ///< fiscal code
-  QString RegCom = {};     ///< trade register number
-  QString AD = {}, CP = {}, ORAS = {}, Judet = {}, TARA = {};
-  QString BANCA = {}, CONTBANCAR = {};
-};
+/// The list of partners with their balances: the columns of kt_ter, `SOLD` as the sum of all their postings
+/// (debit less credit, lei; null without any), `Angajator` as the employer's name.
+extern const ListQuery kPartnerList;
 
-/// Adds the partner, stamped with user and day, and gives its code. Throws RuleError, naming the column, when
-/// the name or the kind is missing or a text is too long.
-qint64 addPartner(const Partner& partner);
+/// Which partners a list shows: "F" suppliers and those that are both, "C" all but pure suppliers.
+Condition partnersOfKind(const QString& TipTert);
+
+/// A partner with that name and kind ("C" customer, "F" supplier, "M" both, "P" person, "D" doctor), all else
+/// empty.
+Row newPartner(const QString& name, const QString& kind);
+
+/// Adds the partner, stamped with user and day, and gives its code. The row holds columns of kt_ter; an empty
+/// `CT` becomes "RO". `discount` is the partner's percentage on sales. Throws RuleError, naming the column,
+/// when the name or the kind is missing, a text is too long or a number is none.
+qint64 addPartner(const Row& partner, const std::optional<Decimal>& discount = {});
+
+/// Writes the row over the partner with its `COD`; the discount replaces the one there was. Throws as
+/// addPartner().
+void savePartner(const Row& partner, const std::optional<Decimal>& discount);
+
+/// Deletes the partner and its discount. Throws RuleError when accounting lines name it.
+void removePartner(qint64 code);
+
+/// Stores in each partner's `SOLD` what its accounts of class 4 hold (debit less credit, lei); of several
+/// accounts, the last by account.
+void storeBalances();
 
 }  // namespace velmar

@@ -53,8 +53,16 @@ std::vector<qint64> addFamilies() {
 
 std::vector<qint64> addPartners() {
   std::vector<qint64> suppliers;
-  for (const Partner& partner : samplePartners()) {
-    const qint64 code = addPartner(partner);
+  for (const SamplePartner& partner : samplePartners()) {
+    Row row = newPartner(partner.NUME, partner.TIP);
+    row.set("CODFISCAL", partner.CODFISCAL);
+    row.set("RegCom", partner.RegCom);
+    row.set("AD", partner.AD);
+    row.set("CP", partner.CP);
+    row.set("ORAS", partner.ORAS);
+    row.set("Judet", partner.Judet);
+    row.set("TARA", partner.TARA);
+    const qint64 code = addPartner(row);
     if (partner.TIP == "F" || partner.TIP == "M") suppliers.push_back(code);
   }
   return suppliers;

@@ -48,46 +48,46 @@ const std::vector<SampleFamily>& sampleFamilies() {
   return families;
 }
 
-const std::vector<Partner>& samplePartners() {
-  static const std::vector<Partner> partners = {
+const std::vector<SamplePartner>& samplePartners() {
+  static const std::vector<SamplePartner> partners = {
       {"ATELIERUL DE LEMN SRL", "F", "RO1001001", "J40/101/2010", "Str. Tamplarilor 12", "010101",
-       "Bucuresti", "Bucuresti", "Romania", "", ""},
+       "Bucuresti", "Bucuresti", "Romania"},
       {"TESATORIA VECHE SRL", "F", "RO1001002", "J32/102/2011", "Str. Lanii 3", "550101", "Sibiu", "Sibiu",
-       "Romania", "", ""},
+       "Romania"},
       {"OLARIA HOREZU SRL", "F", "RO1001003", "J38/103/2009", "Str. Olarilor 45", "245800", "Horezu",
-       "Valcea", "Romania", "", ""},
+       "Valcea", "Romania"},
       {"STUPINA CARPATI SRL", "F", "RO1001004", "J20/104/2014", "Str. Padurii 8", "330001", "Deva",
-       "Hunedoara", "Romania", "", ""},
+       "Hunedoara", "Romania"},
       {"CAMARA BUNICII SRL", "F", "RO1001005", "J04/105/2015", "Str. Livezii 21", "600101", "Bacau", "Bacau",
-       "Romania", "", ""},
+       "Romania"},
       {"MOARA NOUA SRL", "F", "RO1001006", "J16/106/2012", "Calea Bucuresti 100", "200101", "Craiova", "Dolj",
-       "Romania", "", ""},
+       "Romania"},
       {"DEPOZITUL CENTRAL SRL", "M", "RO1001007", "J40/107/2008", "Bd. Timisoara 60", "061301", "Bucuresti",
-       "Bucuresti", "Romania", "", ""},
+       "Bucuresti", "Romania"},
       {"CASA & GRADINA SRL", "M", "RO1001008", "J12/108/2013", "Str. Fabricii 7", "400601", "Cluj-Napoca",
-       "Cluj", "Romania", "", ""},
-      {"CASA", "C", "", "", "", "", "", "", "Romania", "", ""},
+       "Cluj", "Romania"},
+      {"CASA", "C", "", "", "", "", "", "", "Romania"},
       {"ALFA MAGAZIN SRL", "C", "RO2001001", "J40/201/2016", "Str. Lipscani 20", "030031", "Bucuresti",
-       "Bucuresti", "Romania", "", ""},
+       "Bucuresti", "Romania"},
       {"BETA COMERT SRL", "C", "RO2001002", "J08/202/2016", "Str. Republicii 15", "500030", "Brasov",
-       "Brasov", "Romania", "", ""},
+       "Brasov", "Romania"},
       {"GAMA DISTRIBUTIE SRL", "C", "RO2001003", "J35/203/2017", "Calea Aradului 40", "300291", "Timisoara",
-       "Timis", "Romania", "", ""},
+       "Timis", "Romania"},
       {"DELTA TURISM SRL", "C", "RO2001004", "J36/204/2018", "Str. Portului 2", "820001", "Tulcea", "Tulcea",
-       "Romania", "", ""},
+       "Romania"},
       {"PENSIUNEA LA IZVOR SRL", "C", "RO2001005", "J06/205/2018", "Str. Principala 77", "427365", "Sant",
-       "Bistrita-Nasaud", "Romania", "", ""},
+       "Bistrita-Nasaud", "Romania"},
       {"RESTAURANT HANUL CU TEI SRL", "C", "RO2001006", "J22/206/2019", "Str. Cuza Voda 5", "700036", "Iasi",
-       "Iasi", "Romania", "", ""},
+       "Iasi", "Romania"},
       {"CADOURI ALESE SRL", "C", "RO2001007", "J13/207/2019", "Bd. Mamaia 120", "900527", "Constanta",
-       "Constanta", "Romania", "", ""},
+       "Constanta", "Romania"},
       {"LIBRARIA UNIVERSITATII SRL", "C", "RO2001008", "J12/208/2020", "Str. Universitatii 1", "400091",
-       "Cluj-Napoca", "Cluj", "Romania", "", ""},
+       "Cluj-Napoca", "Cluj", "Romania"},
       {"HOTEL PARC SRL", "C", "RO2001009", "J26/209/2020", "Piata Trandafirilor 9", "540049", "Targu Mures",
-       "Mures", "Romania", "", ""},
+       "Mures", "Romania"},
       {"MAGAZIN UNIVERSAL SA", "C", "RO2001010", "J40/210/2004", "Bd. Unirii 1", "040101", "Bucuresti",
-       "Bucuresti", "Romania", "", ""},
-      {"POPESCU ION", "P", "", "", "Str. Florilor 4", "100100", "Ploiesti", "Prahova", "Romania", "", ""}};
+       "Bucuresti", "Romania"},
+      {"POPESCU ION", "P", "", "", "Str. Florilor 4", "100100", "Ploiesti", "Prahova", "Romania"}};
   return partners;
 }
 

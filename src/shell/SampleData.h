@@ -4,8 +4,6 @@
 #include <QStringList>
 #include <vector>
 
-#include "catalogue/Partners.h"
-
 namespace velmar {
 
 struct SampleFamily {
@@ -17,6 +15,10 @@ struct SampleFamily {
 };
 
 const std::vector<SampleFamily>& sampleFamilies();
-const std::vector<Partner>& samplePartners();
+struct SamplePartner {
+  QString NUME, TIP, CODFISCAL, RegCom, AD, CP, ORAS, Judet, TARA;
+};
+
+const std::vector<SamplePartner>& samplePartners();
 
 }  // namespace velmar

@@ -36,6 +36,15 @@ Row rowOf(const QString& columns) {
   return Row(std::make_shared<Columns>(columns.split(QLatin1Char(' '), Qt::SkipEmptyParts)));
 }
 
+Row ofTable(const Table& table, const Row& row) {
+  QStringList columns;
+  for (const QString& name : row.columns())
+    if (table.column(name)) columns.append(name);
+  Row kept = rowOf(columns.join(QLatin1Char(' ')));
+  for (const QString& name : columns) kept.set(name, Value::raw(row.value(name)));
+  return kept;
+}
+
 void insertRecord(const Table& table, const Row& row) {
   database().insertRows(quoted(table.name()), row.columns(), {checkedValues(table, row)});
 }
@@ -73,14 +82,15 @@ RuleError gone() {
   return RuleError(QStringLiteral("Inregistrarea a fost stearsa intre timp de alt utilizator !"));
 }
 
-std::optional<Decimal> numberIn(const Row& row, const QString& column, const QString& message) {
+std::optional<Decimal> numberIn(const Row& row, const QString& column, const QString& message,
+                                const QString& title) {
   const QVariant& cell = row.value(column);
   if (cell.isNull()) return std::nullopt;
   if (cell.typeId() == QMetaType::QString) {
     const QString text = cell.toString();
     if (text.trimmed().isEmpty()) return std::nullopt;
     const auto number = parseNumber(text);
-    if (!number) throw RuleError(message, column);
+    if (!number) throw RuleError(message, column, 0, title);
     return number;
   }
   return row.decimal(column);

@@ -12,6 +12,9 @@ namespace velmar {
 /// A row of nulls with these columns, separated by blanks.
 Row rowOf(const QString& columns);
 
+/// The row's columns that the table has.
+Row ofTable(const Table& table, const Row& row);
+
 /// Inserts the row. Its columns are columns of the table; the others take their defaults. Throws RuleError,
 /// naming the column, for a text that is too long.
 void insertRecord(const Table& table, const Row& row);
@@ -31,6 +34,7 @@ RuleError gone();
 
 /// The number in the column; null gives nothing. Throws RuleError with `message` when the column holds
 /// something that is no number.
-std::optional<Decimal> numberIn(const Row& row, const QString& column, const QString& message);
+std::optional<Decimal> numberIn(const Row& row, const QString& column, const QString& message,
+                                const QString& title = {});
 
 }  // namespace velmar

@@ -85,8 +85,9 @@ Table noteLines() {
       .text("TIPDOC", 2)
       .integers("TVAINC")
       .key("NDI NRLINIE")
-      .index("CONT DATAINR")
-      .index("TERT CONT", "TERT IS NOT NULL")
+      // Turnovers and balances are summed from these indexes alone.
+      .index("CONT DATAINR DEBIT CREDIT")
+      .index("TERT CONT DEBIT CREDIT", "TERT IS NOT NULL")
       .index("DOC PROV")
       .index("JURNAL");
 }

@@ -15,7 +15,7 @@ class VoucherTest : public ::testing::Test {
  protected:
   explicit VoucherTest(const QString& method = "MP") {
     ExecutaSql("UPDATE kt_info SET TCOST = ?", {method});
-    supplier_ = addPartner({"FURNIZOR SRL", "F"});
+    supplier_ = addPartner(newPartner("FURNIZOR SRL", "F"));
     products_ = addFamily({"Produse", "371", "607", "707", "345"});
     goods_ = addFamily({"Semifabricate", "371", "607", "707", "341"});
     article("A1", "Scaun", products_);

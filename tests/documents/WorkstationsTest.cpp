@@ -26,7 +26,7 @@ class WorkstationsTest : public ::testing::Test {
  protected:
   WorkstationsTest() {
     ExecutaSql("UPDATE kt_info SET TCOST = 'FIFO'");
-    supplier_ = addPartner({"FURNIZOR SRL", "F"});
+    supplier_ = addPartner(newPartner("FURNIZOR SRL", "F"));
     const qint64 family = addFamily({"Produse", "371", "607", "707", "345"});
     for (int i = 0; i < kArticles; ++i) {
       NewArticle article;
