@@ -1,6 +1,7 @@
 #include "shell/windows/MenuTable.h"
 
 #include "config/windows/frmConexiuni.h"
+#include "config/windows/frmParamSoc.h"
 #include "config/windows/frmSocietati.h"
 #include "documents/windows/frmGRILABonIntr.h"
 #include "shell/windows/frmAbout.h"
@@ -18,7 +19,7 @@ std::vector<MenuEntry> entries() {
   return {
       {"mnuFile", "&Societate", Opens::Menu, {}},
       {"mnuCreare", "C&reare", Opens::One, "frmSocietati", make<frmSocietati>},
-      {"mnuFilemnuSocConf", "&Configurare", Opens::One, "frmParamSoc", nullptr},
+      {"mnuFilemnuSocConf", "&Configurare", Opens::One, "frmParamSoc", make<frmParamSoc>},
       {"mnuUtilizatori", "&Utilizatori", Opens::One, "frmUtilizatori", nullptr},
       {"mnuMagazii", "&Magazii", Opens::One, "frmMagazii", nullptr},
       {"", "", Opens::Separator, {}},

@@ -1,0 +1,112 @@
+#include "config/windows/frmParamSoc.h"
+
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include "config/AccountPlan.h"
+#include "config/Session.h"
+#include "config/windows/AccountsPage.h"
+#include "config/windows/FiscalYearPage.h"
+#include "config/windows/IdentityPage.h"
+#include "config/windows/JournalsPage.h"
+#include "store/Database.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+#include "util/windows/Controls.h"
+#include "util/windows/Entry.h"
+#include "util/windows/Forms.h"
+
+namespace velmar {
+
+namespace {
+
+const QString kForm = QStringLiteral("frmParamSoc");
+
+}  // namespace
+
+frmParamSoc::frmParamSoc(QWidget* parent)
+    : QWidget(parent),
+      tabs_(named(new QTabWidget, "SSTab1")),
+      identity_(new IdentityPage),
+      accounts_(new AccountsPage),
+      lblStare_(named(new QLabel, "lblStare")) {
+  setObjectName(kForm);
+  setWindowTitle("Parametri societate");
+  addPage(identity_, "Societate");
+  addPage(new FiscalYearPage, "Exercitiu");
+  addPage(accounts_, "Conturi");
+  addPage(new JournalsPage, "Jurnale");
+  auto* all = new QVBoxLayout(this);
+  all->setContentsMargins(8, 8, 8, 8);
+  all->addWidget(tabs_, 1);
+  all->addLayout(buttonRow());
+  giveMnemonics(this);
+  setUpKeys(this, nullptr, findChild<QPushButton*>("cmdCancel"));
+  connect(tabs_, &QTabWidget::currentChanged, this, &frmParamSoc::showState);
+  connect(identity_, &IdentityPage::planChosen, this, &frmParamSoc::changePlan);
+  setFocusProxy(findChild<QWidget*>("Text1(0)"));
+}
+
+QBoxLayout* frmParamSoc::buttonRow() {
+  auto* save = makeButton("cmdSalvare", "Salvare", "Salvare modificari", "save");
+  connect(save, &QPushButton::clicked, this, &frmParamSoc::save);
+  auto* cancel = makeButton("cmdCancel", "Iesire", {}, "close");
+  setUpExitButton(cancel, this);
+  // Pressed with the mouse it leaves the focus where it is: who closes has no wrong number to put right.
+  cancel->setFocusPolicy(Qt::TabFocus);
+  auto* row = new QHBoxLayout;
+  row->addWidget(lblStare_, 1);
+  row->addWidget(save);
+  row->addWidget(cancel);
+  return row;
+}
+
+void frmParamSoc::addPage(ParameterPage* page, const QString& caption) {
+  tabs_->addTab(page, caption);
+  connect(page, &ParameterPage::edited, this, &frmParamSoc::showState);
+  guarded(kForm, "Form_Load", [page] { page->load(); });
+}
+
+ParameterPage* frmParamSoc::frontPage() const { return static_cast<ParameterPage*>(tabs_->currentWidget()); }
+
+void frmParamSoc::save() {
+  if (entriesStand(frontPage())) savePage(frontPage());
+}
+
+void frmParamSoc::savePage(ParameterPage* page) {
+  guarded(kForm, "cmdSalvare_Click", [this, page] {
+    try {
+      page->save();
+    } catch (const RuleError& rule) {
+      Mesaj(rule.text(), rule.icon(), rule.title());
+      tabs_->setCurrentWidget(page);
+      page->focusColumn(rule.field());
+    }
+  });
+}
+
+void frmParamSoc::changePlan(int plan) {
+  const bool changed = guarded(kForm, "PlanConturi_Click", [this, plan] {
+    changeAccountPlan(plan);
+    accounts_->takePlan(plan);
+  });
+  guarded(kForm, "PlanConturi_Click", [this] { identity_->showPlan(); });
+  if (!changed) return;
+  savePage(frontPage());
+  if (frontPage() != accounts_) savePage(accounts_);
+}
+
+void frmParamSoc::showState() {
+  const ParameterPage* front = frontPage();
+  lblStare_->setText(front && front->isChanged() ? QStringLiteral("Modificat, nesalvat") : QString());
+}
+
+void frmParamSoc::closeEvent(QCloseEvent* event) {
+  if (openDatabase()) guarded(kForm, "Form_Unload", [] { InitParaSoc(); });
+  QWidget::closeEvent(event);
+}
+
+}  // namespace velmar
