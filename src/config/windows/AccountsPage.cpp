@@ -84,8 +84,11 @@ QWidget* AccountsPage::rangeFrame(const QString& title, int firstBox, const QStr
   const QString par = QStringLiteral("kt_par");
   auto* frame = new QGroupBox(title);
   auto* grid = new QGridLayout(frame);
-  addField(grid, 0, 0, "De la", addTextBox(QStringLiteral("Text3(%1)").arg(firstBox), par, kind + "START"));
-  addField(grid, 0, 2, "la", addTextBox(QStringLiteral("Text3(%1)").arg(firstBox + 1), par, kind + "END"));
+  QLineEdit* start = addTextBox(QStringLiteral("Text3(%1)").arg(firstBox), par, kind + "START");
+  QLineEdit* end = addTextBox(QStringLiteral("Text3(%1)").arg(firstBox + 1), par, kind + "END");
+  for (QLineEdit* box : {start, end}) makeRoomForDigits(box);
+  addField(grid, 0, 0, "De la", start);
+  addField(grid, 0, 2, "la", end);
   addField(grid, 1, 0, "Seria",
            addTextBox("txtSeria" + kind, par, "SERIE" + kind, "Numai litere; gol daca nu exista o plaja"));
   grid->setColumnStretch(4, 1);

@@ -13,7 +13,7 @@ namespace velmar {
 
 namespace {
 
-constexpr int kShownName = 30;  // characters
+constexpr int kShownName = 40;  // characters
 
 class CodePair : public QObject {
  public:

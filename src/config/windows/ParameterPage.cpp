@@ -25,6 +25,11 @@ QList<QLineEdit*> ownBoxes(const QWidget* page) {
 
 }  // namespace
 
+void makeRoomForDigits(QLineEdit* box) {
+  box->setMaximumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('0')) * (box->maxLength() + 3));
+  box->setMinimumWidth(box->maximumWidth());
+}
+
 void ParameterPage::load() {
   showStored();
   saved_ = state();
@@ -56,7 +61,7 @@ QLineEdit* ParameterPage::addNumberBox(const QString& name, const QString& colum
                                        const QString& message, const QString& toolTip) {
   auto* box = named(new NumberBox(-1), name, toolTip);
   box->setMaxLength(width);
-  box->setMaximumWidth(box->fontMetrics().averageCharWidth() * (width + 4));
+  makeRoomForDigits(box);
   moveOnWithEnter(box);
   requireNumberWhenLeft(box, message);
   setControl(column, box);

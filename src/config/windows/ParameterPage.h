@@ -59,6 +59,9 @@ class ParameterPage : public QWidget {
   QStringList saved_;
 };
 
+/// Makes the box wide enough for as many digits as it takes.
+void makeRoomForDigits(QLineEdit* box);
+
 /// A control with its caption to the left of it.
 void addField(QGridLayout* grid, int row, int column, const QString& caption, QWidget* control, int span = 1);
 

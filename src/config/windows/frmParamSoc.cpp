@@ -35,19 +35,20 @@ frmParamSoc::frmParamSoc(QWidget* parent)
       lblStare_(named(new QLabel, "lblStare")) {
   setObjectName(kForm);
   setWindowTitle("Parametri societate");
-  addPage(identity_, "Societate");
-  addPage(new FiscalYearPage, "Exercitiu");
-  addPage(accounts_, "Conturi");
-  addPage(new JournalsPage, "Jurnale");
+  addPage(0, identity_, "Societate");
+  addPage(1, accounts_, "Conturi");
+  addPage(2, new JournalsPage, "Jurnale");
   auto* all = new QVBoxLayout(this);
   all->setContentsMargins(8, 8, 8, 8);
   all->addWidget(tabs_, 1);
   all->addLayout(buttonRow());
   giveMnemonics(this);
+  // Last, since the buttons of its calendars would use up the letters.
+  addPage(1, new FiscalYearPage, "Exercitiu");
   setUpKeys(this, nullptr, findChild<QPushButton*>("cmdCancel"));
   connect(tabs_, &QTabWidget::currentChanged, this, &frmParamSoc::showState);
   connect(identity_, &IdentityPage::planChosen, this, &frmParamSoc::changePlan);
-  setFocusProxy(findChild<QWidget*>("Text1(0)"));
+  identity_->focusColumn("DENUMIRE");
 }
 
 QBoxLayout* frmParamSoc::buttonRow() {
@@ -64,8 +65,8 @@ QBoxLayout* frmParamSoc::buttonRow() {
   return row;
 }
 
-void frmParamSoc::addPage(ParameterPage* page, const QString& caption) {
-  tabs_->addTab(page, caption);
+void frmParamSoc::addPage(int place, ParameterPage* page, const QString& caption) {
+  tabs_->insertTab(place, page, caption);
   connect(page, &ParameterPage::edited, this, &frmParamSoc::showState);
   guarded(kForm, "Form_Load", [page] { page->load(); });
 }

@@ -23,7 +23,7 @@ class frmParamSoc : public QWidget {
 
  private:
   QBoxLayout* buttonRow();
-  void addPage(ParameterPage* page, const QString& caption);
+  void addPage(int place, ParameterPage* page, const QString& caption);
   ParameterPage* frontPage() const;
   void save();
   void savePage(ParameterPage* page);
