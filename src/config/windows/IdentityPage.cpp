@@ -89,11 +89,10 @@ QWidget* IdentityPage::identityFrame() {
   QLineEdit* payer = addTextBox(textName(8), info, "PLATITVA", "D (de la DA) sau N (de la NU)");
   KeyFilter::install(payer, KeyFilter::UpperCase);
   checkWhenLeft(payer, [payer] { return vatPayerObjection(payer->text()); });
-  addField(grid, 4, 0, "Platitor TVA", payer);
-  addField(grid, 5, 0, "Banca", addTextBox("txtBanca", info, "banca"));
-  addField(grid, 5, 2, "Cont", addTextBox("txtContBancar", info, "contbancar"));
-  grid->setColumnStretch(1, 1);
-  grid->setColumnStretch(3, 1);
+  addField(grid, 3, 4, "Platitor TVA", payer);
+  addField(grid, 4, 0, "Banca", addTextBox("txtBanca", info, "banca"), 3);
+  addField(grid, 5, 0, "Cont", addTextBox("txtContBancar", info, "contbancar"), 3);
+  grid->setColumnStretch(6, 1);
   return frame;
 }
 
@@ -120,7 +119,7 @@ QWidget* IdentityPage::addressFrame(const QString& title, int place) {
     QLineEdit* box = addTextBox(textName(number++), "kt_info", field.column + QString::number(place));
     addField(grid, field.row, field.position, field.caption, box, field.span);
   }
-  grid->setColumnStretch(5, 1);
+  grid->setColumnStretch(6, 1);
   return frame;
 }
 
@@ -181,7 +180,6 @@ void IdentityPage::storeShown() {
     if (rule.field() == QStringLiteral("TCOST")) showMethod(storedIdentity().text("TCOST"));
     throw;
   }
-  showMethod(storedIdentity().text("TCOST"));
 }
 
 }  // namespace velmar

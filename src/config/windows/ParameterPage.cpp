@@ -38,8 +38,7 @@ void ParameterPage::load() {
 
 void ParameterPage::save() {
   storeShown();
-  saved_ = state();
-  emit edited();
+  load();
 }
 
 void ParameterPage::focusColumn(const QString& column) {

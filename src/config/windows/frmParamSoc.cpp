@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTabWidget>
 
 #include "config/AccountPlan.h"
@@ -46,6 +47,9 @@ frmParamSoc::frmParamSoc(QWidget* parent)
   // Last, since the buttons of its calendars would use up the letters.
   addPage(1, new FiscalYearPage, "Exercitiu");
   setUpKeys(this, nullptr, findChild<QPushButton*>("cmdCancel"));
+  // Ctrl+Tab goes to the next window.
+  setUpTabKey(QStringLiteral("Ctrl+PgDown"), 1);
+  setUpTabKey(QStringLiteral("Ctrl+PgUp"), -1);
   connect(tabs_, &QTabWidget::currentChanged, this, &frmParamSoc::showState);
   connect(identity_, &IdentityPage::planChosen, this, &frmParamSoc::changePlan);
   identity_->focusColumn("DENUMIRE");
@@ -69,6 +73,14 @@ void frmParamSoc::addPage(int place, ParameterPage* page, const QString& caption
   tabs_->insertTab(place, page, caption);
   connect(page, &ParameterPage::edited, this, &frmParamSoc::showState);
   guarded(kForm, "Form_Load", [page] { page->load(); });
+}
+
+void frmParamSoc::setUpTabKey(const QKeySequence& keys, int step) {
+  auto* shortcut = new QShortcut(keys, this);
+  shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(shortcut, &QShortcut::activated, this, [this, step] {
+    tabs_->setCurrentIndex((tabs_->currentIndex() + step + tabs_->count()) % tabs_->count());
+  });
 }
 
 ParameterPage* frmParamSoc::frontPage() const { return static_cast<ParameterPage*>(tabs_->currentWidget()); }

@@ -24,6 +24,7 @@ class frmParamSoc : public QWidget {
  private:
   QBoxLayout* buttonRow();
   void addPage(int place, ParameterPage* page, const QString& caption);
+  void setUpTabKey(const QKeySequence& keys, int step);
   ParameterPage* frontPage() const;
   void save();
   void savePage(ParameterPage* page);
