@@ -102,6 +102,16 @@ refused("Data de inceput a exercitiului trebuie sa fie mai mica decat data de sf
 check(w.hasFocus("DTPicker1(0)"));
 w.type("DTPicker1(0)", "2026-01-01");
 noMessage();
+
+// Who saves straight from a date that stands half typed hears of it once.
+w.press("DTPicker1(5)", "0");
+for (const digit of "10125") key(digit);
+refused("Data de inceput a perioadei de culegere trebuie sa fie mai mica decat data de sfarsit ! " +
+        "Salvarea nu se poate efectua !", {title: "Validare"});
+equal(w.value("DTPicker1(5)"), "2025-01-01");
+noMessage();
+w.type("DTPicker1(5)", "2026-12-31");
+
 w.set("DTPicker1(2)", "2027-01-02");
 refused("Data de inceput a exercitiului N+1 trebuie sa fie ziua urmatoare datei de sfarsit a exercitiului N ! " +
         "Salvarea nu se poate efectua !", {title: "Validare"});
@@ -113,12 +123,13 @@ refused("Perioada de culegere trebuie sa fie cuprinsa in exercitiul N, N+1 ! Sal
 equal(par("DATASC").DATASC, "2026-12-31");
 w.type("DTPicker1(5)", "2026-03-31");
 w.click("cmdSalvare");
+noMessage();
 equal(par("DATASC").DATASC, "2026-03-31");
 check(call("InPerioadaCulegere", "2026-04-01"), "work goes by the parameters as they were read");
 shot("exercitiu");
 
 // Accounts: box and list go together.
-w.tab("Conturi");
+w.press("DTPicker1(0)", "Ctrl+PgDown");
 equal(w.text("lblStare"), "");
 equal([w.text("txtConfig(0)"), w.text("cboCont(0)")], ["401", "401-Furnizori"]);
 w.pick("cboCont(0)", "404-Furnizori de imobilizari");
@@ -131,6 +142,10 @@ w.type("txtConfig(0)", "4011x");
 equal(w.text("cboCont(0)"), "");
 w.type("txtConfig(0)", "401");
 equal(w.text("cboCont(0)"), "401-Furnizori");
+w.press("cboCont(2)", "Ctrl+A");
+for (const letter of "imobiliz") key(letter);
+key("Tab");
+equal([w.text("txtConfig(2)"), w.text("cboCont(2)")], ["408", "408-Furnizori - facturi nesosite"], "no account named");
 answer("OK");
 w.type("txtNrZecimale", "doi");
 expectMessage("Valoarea trebuie sa fie numerica");

@@ -77,13 +77,14 @@ Row FiscalYearPage::dates() const {
 // Once the change is over: a date is also taken over while the focus moves on.
 void FiscalYearPage::warn(const QString& column) {
   if (quiet_) return;
-  QMetaObject::invokeMethod(
-      this,
-      [this, column] {
-        const QString text = fiscalYearWarning(dates(), column);
-        if (!text.isEmpty() && isVisible()) Mesaj(text);
-      },
-      Qt::QueuedConnection);
+  changed_ = column;
+  QMetaObject::invokeMethod(this, &FiscalYearPage::tellWarning, Qt::QueuedConnection);
+}
+
+void FiscalYearPage::tellWarning() {
+  const QString column = std::exchange(changed_, {});
+  const QString text = column.isEmpty() ? QString() : fiscalYearWarning(dates(), column);
+  if (!text.isEmpty() && isVisible()) Mesaj(text);
 }
 
 void FiscalYearPage::showStored() {
@@ -101,6 +102,7 @@ void FiscalYearPage::storeShown() {
   quiet_ = true;
   for (DateBox* date : dates_) date->takeTyped();
   quiet_ = false;
+  changed_.clear();
   saveFiscalYears(dates());
 }
 

@@ -21,8 +21,10 @@ class FiscalYearPage : public ParameterPage {
  private:
   Row dates() const;
   void warn(const QString& column);
+  void tellWarning();
 
   QList<DateBox*> dates_;
+  QString changed_;     // the date whose warning waits to be told
   bool quiet_ = false;  // dates change by themselves, not by the user's doing
 };
 
