@@ -1,6 +1,7 @@
 #include "config/Parameters.h"
 
 #include <limits>
+#include <QHash>
 
 #include "config/CostMethod.h"
 #include "config/NumberRanges.h"
@@ -17,12 +18,7 @@ namespace {
 
 constexpr int kMostDecimals = 9;
 
-struct NumberRule {
-  const char* column;
-  const char* message;
-};
-
-const NumberRule kIdentityNumbers[] = {
+const QHash<QString, QString> kIdentityNumbers = {
     {"CAPSOC", "Va rugam introduceti o valoare numerica pentru capitalul social !"},
     {"FP", "Va rugam introduceti o valoare numerica pentru forma de proprietate !"},
     {"RAMURA", "Va rugam introduceti o valoare numerica pentru codul CAEN !"}};
@@ -43,8 +39,8 @@ Row checkedIdentity(const Row& typed) {
     throw RuleError("Salvarea nu se poate efectua. Introduceti o denumire pentru societatea curenta !",
                     "DENUMIRE", kCritical, "Configurare societate");
   Row identity = typed;
-  for (const NumberRule& rule : kIdentityNumbers)
-    setNumber(identity, rule.column, numberIn(typed, rule.column, rule.message));
+  for (const char* column : {"CAPSOC", "FP", "RAMURA"})
+    setNumber(identity, column, numberIn(typed, column, identityNumberMessage(column)));
   const QString objection = vatPayerObjection(typed.text("PLATITVA"));
   if (!objection.isEmpty()) throw RuleError(objection, "PLATITVA");
   identity.set("PLATITVA", typed.text("PLATITVA").trimmed().toUpper());
@@ -67,6 +63,8 @@ int decimalsIn(const QString& typed) {
 Row storedIdentity() { return onlyRecord(QStringLiteral("kt_info")); }
 
 Row storedParameters() { return onlyRecord(QStringLiteral("kt_par")); }
+
+QString identityNumberMessage(const QString& column) { return kIdentityNumbers.value(column); }
 
 QString vatPayerObjection(const QString& letter) {
   const QString upper = letter.trimmed().toUpper();

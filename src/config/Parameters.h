@@ -12,6 +12,9 @@ Row storedIdentity();
 /// The one record of `kt_par`.
 Row storedParameters();
 
+/// What to say of a text that is no number, in a column of the identity that holds one.
+QString identityNumberMessage(const QString& column);
+
 /// What is wrong with the letter of a VAT payer, "" when nothing is. Small letters count, and so does none.
 QString vatPayerObjection(const QString& letter);
 

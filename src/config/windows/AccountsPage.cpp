@@ -130,18 +130,15 @@ void AccountsPage::showStorno(bool black) {
 void AccountsPage::fillCombos() { fillCodeCombos(combos_, kAccountList); }
 
 void AccountsPage::takePlan(int plan) {
-  showBoxes(defaultAccounts(plan));
+  const Row accounts = defaultAccounts(plan);
+  showBoxes(accounts, accounts.columns().join(QLatin1Char(' ')));
   fillCombos();
 }
 
 void AccountsPage::showStored() {
   const Row parameters = storedParameters();
-  Row shown = rowOf(kColumns);
-  for (const QString& column : shown.columns()) shown.set(column, Value::raw(parameters.value(column)));
-  showBoxes(shown);
-  Row decimals = rowOf("NrZec");
-  decimals.set("NrZec", storedIdentity().integer("NrZec"));
-  showBoxes(decimals);
+  showBoxes(parameters, kColumns);
+  showBoxes(storedIdentity(), "NrZec");
   showStorno(parameters.flag("StornareNegru"));
   fillCombos();
 }

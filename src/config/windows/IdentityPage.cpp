@@ -77,15 +77,11 @@ QWidget* IdentityPage::identityFrame() {
   addField(grid, 1, 2, "Nr.Reg.Comert", addTextBox(textName(2), info, "NREGCOM"));
   addField(grid, 2, 0, "Cod fiscal", addTextBox(textName(3), info, "CODFISCAL"));
   addField(grid, 2, 2, "Capital social",
-           addNumberBox(textName(5), "CAPSOC", kCapitalWidth,
-                        "Va rugam introduceti o valoare numerica pentru capitalul social !"));
+           addNumberBox(textName(5), "CAPSOC", kCapitalWidth, identityNumberMessage("CAPSOC")));
   addField(grid, 3, 0, "Fp",
-           addNumberBox(textName(6), "FP", kCodeWidth,
-                        "Va rugam introduceti o valoare numerica pentru forma de proprietate !",
-                        "Forma de proprietate"));
+           addNumberBox(textName(6), "FP", kCodeWidth, identityNumberMessage("FP"), "Forma de proprietate"));
   addField(grid, 3, 2, "Cod CAEN",
-           addNumberBox(textName(7), "RAMURA", kCodeWidth,
-                        "Va rugam introduceti o valoare numerica pentru codul CAEN !"));
+           addNumberBox(textName(7), "RAMURA", kCodeWidth, identityNumberMessage("RAMURA")));
   QLineEdit* payer = addTextBox(textName(8), info, "PLATITVA", "D (de la DA) sau N (de la NU)");
   KeyFilter::install(payer, KeyFilter::UpperCase);
   checkWhenLeft(payer, [payer] { return vatPayerObjection(payer->text()); });
@@ -163,9 +159,7 @@ void IdentityPage::showMethod(const QString& method) {
 
 void IdentityPage::showStored() {
   const Row info = storedIdentity();
-  Row shown = rowOf(identityColumns());
-  for (const QString& column : shown.columns()) shown.set(column, Value::raw(info.value(column)));
-  showBoxes(shown);
+  showBoxes(info, identityColumns());
   showMethod(info.text("TCOST"));
   showPlan();
   chkModAudio_->setChecked(storedParameters().flag("MODAUDIO"));

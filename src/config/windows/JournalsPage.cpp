@@ -76,10 +76,7 @@ QWidget* JournalsPage::registerRow() {
 }
 
 void JournalsPage::showStored() {
-  const Row parameters = storedParameters();
-  Row shown = rowOf(kColumns);
-  for (const QString& column : shown.columns()) shown.set(column, Value::raw(parameters.value(column)));
-  showBoxes(shown);
+  showBoxes(storedParameters(), kColumns);
   fillCodeCombos(combos_, kJournalList);
 }
 

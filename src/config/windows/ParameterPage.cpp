@@ -67,8 +67,8 @@ QLineEdit* ParameterPage::addNumberBox(const QString& name, const QString& colum
   return box;
 }
 
-void ParameterPage::showBoxes(const Row& row) {
-  for (const QString& column : row.columns()) {
+void ParameterPage::showBoxes(const Row& row, const QString& columns) {
+  for (const QString& column : columns.split(QLatin1Char(' '))) {
     QWidget* control = controls_.value(column.toUpper());
     if (auto* number = qobject_cast<NumberBox*>(control)) {
       number->setNumber(row.isNull(column) ? std::nullopt : std::optional(row.decimal(column)));

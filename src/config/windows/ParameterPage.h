@@ -44,8 +44,8 @@ class ParameterPage : public QWidget {
   /// Says where the column is entered.
   void setControl(const QString& column, QWidget* control) { controls_.insert(column.toUpper(), control); }
 
-  /// Puts the columns that the row has into their boxes.
-  void showBoxes(const Row& row);
+  /// Puts columns of the row, separated by blanks, into their boxes.
+  void showBoxes(const Row& row, const QString& columns);
   /// Takes the columns that the row has from their boxes.
   void takeBoxes(Row& row) const;
 
