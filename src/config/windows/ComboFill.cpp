@@ -2,7 +2,6 @@
 
 #include <QAbstractListModel>
 #include <QComboBox>
-#include <QLineEdit>
 
 #include "config/Lists.h"
 
@@ -55,33 +54,6 @@ void LegaCombo(QComboBox& combo, const BoundList& list) {
   for (const Row& row : OpenRs(list.sql))
     choices.push_back({row.text(list.listField), row.value(list.boundColumn)});
   setChoices(combo, std::move(choices));
-}
-
-void fillWithCodes(QComboBox& combo, const QString& sql) {
-  std::vector<ChoiceModel::Choice> choices;
-  for (const Row& row : OpenRs(sql)) {
-    const QString code = row.at(0).toString();
-    choices.push_back({code + QLatin1Char('-') + row.at(1).toString(), code});
-  }
-  setChoices(combo, std::move(choices));
-}
-
-void pairWithBox(QComboBox* combo, QLineEdit* box) {
-  const auto show = [combo, box] {
-    const QSignalBlocker quiet(combo);
-    int at = combo->count() - 1;
-    const QString code = box->text().trimmed();
-    while (at >= 0 &&
-           (code.isEmpty() || combo->itemData(at).toString().compare(code, Qt::CaseInsensitive) != 0))
-      --at;
-    combo->setCurrentIndex(at);
-  };
-  QObject::connect(box, &QLineEdit::textChanged, combo, show);
-  QObject::connect(combo, &QComboBox::activated, box, [combo, box] {
-    box->setText(combo->currentData().toString());
-    emit box->textEdited(box->text());
-  });
-  show();
 }
 
 }  // namespace velmar

@@ -1,20 +1,22 @@
 #include "config/windows/frmMagazii.h"
 
-#include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
 
+#include "config/Lists.h"
 #include "config/Warehouses.h"
-#include "config/windows/ComboFill.h"
+#include "config/windows/CodeBox.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
+#include "util/windows/SearchCombo.h"
 
 namespace velmar {
 
 namespace {
 
 const ListQuery kWarehouses{"COD, DENUMIRE, CONT, JURNAL", "G_MULTIMAGAZIE", "COD"};
-const QString kCashJournals = QStringLiteral("SELECT COD, TITLU FROM kt_jur WHERE TIP = 'R' ORDER BY COD");
+const BoundList kCashJournals = codeList("kt_jur", "COD", "TITLU", "TIP IN ('R')");
+constexpr int kShownJournal = 30;  // characters
 constexpr int kNameLength = 20;
 
 }  // namespace
@@ -43,11 +45,12 @@ QWidget* frmMagazii::cardFrame() {
   auto* name = card().add("DENUMIRE", makeTextBox("txtNume", kNameLength, {}, KeyFilter::NoQuote));
   auto* code = card().add("COD", makeTextBox("Text1", 9));
   lockBox(code);
-  auto* cboJurnal = named(new QComboBox, "cboJurnal");
+  auto* cboJurnal = new SearchCombo("cboJurnal", {}, kShownJournal, this);
+  moveOnWithEnter(cboJurnal);
   auto* journal = card().add("JURNAL", makeTextBox("txtDoc", 3));
   lockBox(journal);
-  fillWithCodes(*cboJurnal, kCashJournals);
-  pairWithBox(cboJurnal, journal);
+  pairWithCombo(journal, cboJurnal);
+  fillCodeCombos({cboJurnal}, kCashJournals);
   auto* journalRow = new QHBoxLayout;
   journalRow->addWidget(cboJurnal);
   journalRow->addWidget(journal);

@@ -2,6 +2,7 @@
 
 #include "config/windows/frmConexiuni.h"
 #include "config/windows/frmMagazii.h"
+#include "config/windows/frmParamSoc.h"
 #include "config/windows/frmSocietati.h"
 #include "documents/windows/frmGRILABonIntr.h"
 #include "shell/windows/frmAbout.h"
@@ -19,7 +20,7 @@ std::vector<MenuEntry> entries() {
   return {
       {"mnuFile", "&Societate", Opens::Menu, {}},
       {"mnuCreare", "C&reare", Opens::One, "frmSocietati", make<frmSocietati>},
-      {"mnuFilemnuSocConf", "&Configurare", Opens::One, "frmParamSoc", nullptr},
+      {"mnuFilemnuSocConf", "&Configurare", Opens::One, "frmParamSoc", make<frmParamSoc>},
       {"mnuUtilizatori", "&Utilizatori", Opens::One, "frmUtilizatori", nullptr},
       {"mnuMagazii", "&Magazii", Opens::One, "frmMagazii", make<frmMagazii>},
       {"", "", Opens::Separator, {}},

@@ -54,9 +54,11 @@ void moveOnWithEnter(QWidget* widget) { widget->installEventFilter(new EnterMove
 void giveMnemonics(QWidget* form) {
   QSet<QChar> taken(kMenuLetters.cbegin(), kMenuLetters.cend());
   for (auto* button : form->findChildren<QAbstractButton*>())
-    if (!button->text().isEmpty()) button->setText(withMnemonic(button->text(), taken));
+    if (!button->text().isEmpty() && button->window() == form->window())
+      button->setText(withMnemonic(button->text(), taken));
   for (auto* label : form->findChildren<QLabel*>())
-    if (label->buddy() && label->buddy()->focusPolicy() != Qt::NoFocus) label->setText(withMnemonic(label->text(), taken));
+    if (label->buddy() && label->buddy()->focusPolicy() != Qt::NoFocus)
+      label->setText(withMnemonic(label->text(), taken));
 }
 
 void markLocked(QLineEdit* box, bool locked) {

@@ -29,7 +29,9 @@ SearchCombo::SearchCombo(const QString& name, const QString& toolTip, int shown,
 
 void SearchCombo::showData(const QVariant& value) {
   const QSignalBlocker quiet(this);
-  const int at = value.isNull() || value.toString().isEmpty() ? -1 : findData(value);
+  const bool none = value.isNull() || value.toString().isEmpty();
+  int at = none ? -1 : findData(value);
+  if (at < 0 && !none) at = findData(value, Qt::UserRole, Qt::MatchFixedString);
   setCurrentIndex(at);
   if (at < 0) setEditText(QString());
   lineEdit()->setCursorPosition(0);

@@ -1,0 +1,123 @@
+#include "config/Parameters.h"
+
+#include <limits>
+#include <QHash>
+
+#include "config/CostMethod.h"
+#include "config/NumberRanges.h"
+#include "config/Session.h"
+#include "store/Database.h"
+#include "store/Records.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+#include "util/NumberText.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kMostDecimals = 9;
+
+const QHash<QString, QString> kIdentityNumbers = {
+    {"CAPSOC", "Va rugam introduceti o valoare numerica pentru capitalul social !"},
+    {"FP", "Va rugam introduceti o valoare numerica pentru forma de proprietate !"},
+    {"RAMURA", "Va rugam introduceti o valoare numerica pentru codul CAEN !"}};
+
+Row onlyRecord(const QString& table) {
+  const Recordset found = OpenRs(QStringLiteral("SELECT * FROM %1").arg(table));
+  if (found.isEmpty())
+    throw StoreError(0, QStringLiteral("Tabela %1 nu are inregistrarea cu parametrii societatii").arg(table));
+  return found.first();
+}
+
+void setNumber(Row& row, const QString& column, const std::optional<Decimal>& number) {
+  row.set(column, number ? Value(*number) : Value());
+}
+
+Row checkedIdentity(const Row& typed) {
+  if (typed.text("DENUMIRE").trimmed().isEmpty())
+    throw RuleError("Salvarea nu se poate efectua. Introduceti o denumire pentru societatea curenta !",
+                    "DENUMIRE", kCritical, "Configurare societate");
+  Row identity = typed;
+  for (const char* column : {"CAPSOC", "FP", "RAMURA"})
+    setNumber(identity, column, numberIn(typed, column, identityNumberMessage(column)));
+  const QString objection = vatPayerObjection(typed.text("PLATITVA"));
+  if (!objection.isEmpty()) throw RuleError(objection, "PLATITVA");
+  identity.set("PLATITVA", typed.text("PLATITVA").trimmed().toUpper());
+  return identity;
+}
+
+// Decimals beyond a price's use would only show what doubles cannot hold.
+int decimalsIn(const QString& typed) {
+  const auto number = parseNumber(typed);
+  if (!number) return 0;
+  if (*number < 0 || *number > kMostDecimals || Round(*number, 0) != *number)
+    throw RuleError(QStringLiteral("Numarul de zecimale trebuie sa fie un numar intreg de la 0 la %1 !")
+                        .arg(kMostDecimals),
+                    "NrZec");
+  return number->toString().toInt();
+}
+
+}  // namespace
+
+Row storedIdentity() { return onlyRecord(QStringLiteral("kt_info")); }
+
+Row storedParameters() { return onlyRecord(QStringLiteral("kt_par")); }
+
+QString identityNumberMessage(const QString& column) { return kIdentityNumbers.value(column); }
+
+QString vatPayerObjection(const QString& letter) {
+  const QString upper = letter.trimmed().toUpper();
+  const bool stands = upper.isEmpty() || upper == QStringLiteral("D") || upper == QStringLiteral("N");
+  return stands ? QString() : QStringLiteral("Va rugam completati D (de la DA) sau N (de la NU) !");
+}
+
+void saveIdentity(const Row& identity, const QString& method, bool hearing) {
+  const Row checked = checkedIdentity(identity);
+  Row mode = rowOf("MODAUDIO");
+  mode.set("MODAUDIO", hearing);
+  Transaction transaction(database());
+  writeOnlyRecord("kt_info", checked);
+  writeOnlyRecord("kt_par", mode);
+  // The method may stand already: chosen here at an earlier saving, or by a colleague meanwhile.
+  if (!method.isEmpty() && storedIdentity().text("TCOST") != method) chooseCostMethod(method);
+  transaction.commit();
+}
+
+void saveAccounts(const Row& accounts, const QString& decimals) {
+  Row places = rowOf("NrZec");
+  places.set("NrZec", decimalsIn(decimals));
+  const Row checked = checkedRanges(accounts);
+  Transaction transaction(database());
+  writeOnlyRecord("kt_info", places);
+  writeOnlyRecord("kt_par", checked);
+  transaction.commit();
+  IncarcaSerii();
+}
+
+void saveJournals(const Row& journals) {
+  const QString noNumber = QStringLiteral("Valoarea trebuie sa fie numerica");
+  const auto length = numberIn(journals, "CASAMARCAT_Nr", noNumber);
+  const bool whole = !length || (*length >= 0 && *length <= std::numeric_limits<qint32>::max() &&
+                                 Round(*length, 0) == *length);
+  if (!whole) throw RuleError(noNumber, "CASAMARCAT_Nr");
+  Row checked = journals;
+  setNumber(checked, "CASAMARCAT_Nr", length);
+  writeOnlyRecord("kt_par", checked);
+}
+
+void writeOnlyRecord(const QString& table, const Row& row) {
+  requireWidths(companyTable(table), row);
+  QStringList sets;
+  Values values;
+  for (const QString& column : row.columns()) {
+    sets.append(column + QStringLiteral(" = ?"));
+    const QVariant& cell = row.value(column);
+    const bool isEmptyText = cell.typeId() == QMetaType::QString && cell.toString().isEmpty();
+    values.push_back(isEmptyText ? Value() : Value::raw(cell));
+  }
+  if (ExecutaSql(QStringLiteral("UPDATE %1 SET %2").arg(table, sets.join(QStringLiteral(", "))), values) == 0)
+    throw StoreError(0, QStringLiteral("Tabela %1 nu are inregistrarea cu parametrii societatii").arg(table));
+}
+
+}  // namespace velmar

@@ -1,0 +1,154 @@
+#include "config/windows/AccountsPage.h"
+
+#include <QBoxLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+
+#include "config/AccountPlan.h"
+#include "config/Lists.h"
+#include "config/Parameters.h"
+#include "config/windows/CodeBox.h"
+#include "store/Records.h"
+#include "util/windows/Controls.h"
+#include "util/windows/Entry.h"
+#include "util/windows/SearchCombo.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kShortestAccount = 3;
+constexpr int kDecimalsWidth = 3;
+
+struct AccountField {
+  const char* caption;
+  const char* column;
+};
+
+const AccountField kAccounts[] = {{"Cont furnizori", "CONTFurnizori"},
+                                  {"Cont clienti", "CONTClienti"},
+                                  {"Cont NIR", "CONTNIR"},
+                                  {"Cont vama", "CONTVAMA"},
+                                  {"Cont intrare productie", "CONTINTRPROD"},
+                                  {"Cont aviz expeditie marfa", "CONTAVIZEXP_M"},
+                                  {"Cont aviz expeditie productie", "CONTAVIZEXP_P"}};
+
+const BoundList kAccountList = codeList("kt_pc", "CONT", "TITLU");
+constexpr int kShownName = 40;  // characters
+
+const QString kColumns = QStringLiteral(
+    "CONTFurnizori CONTClienti CONTNIR CONTVAMA CONTINTRPROD CONTAVIZEXP_M CONTAVIZEXP_P "
+    "FCSTART FCEND SERIEFC AESTART AEEND SERIEAE");
+
+QString shortAccountObjection(const QString& account) {
+  return account.size() < kShortestAccount
+             ? QStringLiteral("Va rugam selectati un cont corespunzator (minim 3 caractere) !")
+             : QString();
+}
+
+}  // namespace
+
+AccountsPage::AccountsPage(QWidget* parent) : ParameterPage(parent) {
+  auto* left = new QVBoxLayout;
+  left->addWidget(accountsFrame());
+  left->addStretch();
+  auto* right = new QVBoxLayout;
+  right->addWidget(rangeFrame("Facturi client", 0, "FC"));
+  right->addWidget(rangeFrame("Facturi avize de expeditie", 2, "AE"));
+  right->addWidget(pricesRow());
+  right->addStretch();
+  auto* all = new QHBoxLayout(this);
+  all->addLayout(left, 1);
+  all->addLayout(right);
+  watchControls();
+}
+
+QWidget* AccountsPage::accountsFrame() {
+  auto* frame = new QGroupBox("Conturi");
+  auto* grid = new QGridLayout(frame);
+  for (int i = 0; i < static_cast<int>(std::size(kAccounts)); ++i) {
+    QLineEdit* box = addTextBox(QStringLiteral("txtConfig(%1)").arg(i), "kt_par", kAccounts[i].column);
+    auto* combo = new SearchCombo(QStringLiteral("cboCont(%1)").arg(i), {}, kShownName, this);
+    moveOnWithEnter(combo);
+    pairWithCombo(box, combo, shortAccountObjection);
+    combos_.append(combo);
+    addField(grid, i, 0, kAccounts[i].caption, box);
+    grid->addWidget(combo, i, 2);
+  }
+  grid->setColumnStretch(2, 1);
+  return frame;
+}
+
+QWidget* AccountsPage::rangeFrame(const QString& title, int firstBox, const QString& kind) {
+  const QString par = QStringLiteral("kt_par");
+  auto* frame = new QGroupBox(title);
+  auto* grid = new QGridLayout(frame);
+  QLineEdit* start = addTextBox(QStringLiteral("Text3(%1)").arg(firstBox), par, kind + "START");
+  QLineEdit* end = addTextBox(QStringLiteral("Text3(%1)").arg(firstBox + 1), par, kind + "END");
+  for (QLineEdit* box : {start, end}) makeRoomForDigits(box);
+  addField(grid, 0, 0, "De la", start);
+  addField(grid, 0, 2, "la", end);
+  addField(grid, 1, 0, "Seria",
+           addTextBox("txtSeria" + kind, par, "SERIE" + kind, "Numai litere; gol daca nu exista o plaja"));
+  grid->setColumnStretch(4, 1);
+  return frame;
+}
+
+QWidget* AccountsPage::pricesRow() {
+  txtNrZecimale_ = addNumberBox("txtNrZecimale", "NrZec", kDecimalsWidth, "Valoarea trebuie sa fie numerica",
+                                "Numarul de zecimale al preturilor si valorilor");
+  auto* row = new QWidget;
+  auto* grid = new QGridLayout(row);
+  grid->setContentsMargins(0, 0, 0, 0);
+  addField(grid, 0, 0, "Nr. Zecimale", txtNrZecimale_);
+  grid->addWidget(stornoFrame(), 1, 0, 1, 3);
+  grid->setColumnStretch(2, 1);
+  return row;
+}
+
+QWidget* AccountsPage::stornoFrame() {
+  auto* frame = new QGroupBox("Stornare ");
+  auto* row = new QHBoxLayout(frame);
+  optStornareNegru_ = named(new QRadioButton("Negru "), "optStornareNegru");
+  optStornareRosu_ = named(new QRadioButton("Rosu "), "optStornareRosu");
+  txtTipStornare_ = named(new QLineEdit(frame), "txtTipStornare");
+  txtTipStornare_->hide();
+  row->addWidget(optStornareNegru_);
+  row->addWidget(optStornareRosu_);
+  row->addStretch();
+  connect(optStornareNegru_, &QRadioButton::toggled, this,
+          [this](bool black) { txtTipStornare_->setText(black ? "1" : "0"); });
+  return frame;
+}
+
+void AccountsPage::showStorno(bool black) {
+  (black ? optStornareNegru_ : optStornareRosu_)->setChecked(true);
+  txtTipStornare_->setText(black ? "1" : "0");
+}
+
+void AccountsPage::fillCombos() { fillCodeCombos(combos_, kAccountList); }
+
+void AccountsPage::takePlan(int plan) {
+  const Row accounts = defaultAccounts(plan);
+  showBoxes(accounts, accounts.columns().join(QLatin1Char(' ')));
+  fillCombos();
+}
+
+void AccountsPage::showStored() {
+  const Row parameters = storedParameters();
+  showBoxes(parameters, kColumns);
+  showBoxes(storedIdentity(), "NrZec");
+  showStorno(parameters.flag("StornareNegru"));
+  fillCombos();
+}
+
+void AccountsPage::storeShown() {
+  Row accounts = rowOf(kColumns + QStringLiteral(" StornareNegru"));
+  takeBoxes(accounts);
+  accounts.set("StornareNegru", txtTipStornare_->text().toInt());
+  saveAccounts(accounts, txtNrZecimale_->text());
+}
+
+}  // namespace velmar

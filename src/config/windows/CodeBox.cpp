@@ -1,0 +1,71 @@
+#include "config/windows/CodeBox.h"
+
+#include <QCompleter>
+#include <QLineEdit>
+
+#include "config/windows/ComboFill.h"
+#include "util/Messages.h"
+#include "util/windows/SearchCombo.h"
+
+namespace velmar {
+
+namespace {
+
+class CodePair : public QObject {
+ public:
+  CodePair(QLineEdit* box, SearchCombo* combo, const std::function<QString(const QString&)>& objection)
+      : QObject(combo), box_(box), combo_(combo), objection_(objection) {
+    connect(box, &QLineEdit::textChanged, this, &CodePair::showCode);
+    connect(combo, &SearchCombo::settled, this, &CodePair::take);
+  }
+
+  void showCode() {
+    const QString code = box_->text().trimmed();
+    combo_->showData(code.isEmpty() ? QVariant() : QVariant(code));
+    combo_->lineEdit()->setPlaceholderText(code.isEmpty() ? QString() : QStringLiteral("(nu este in lista)"));
+  }
+
+ private:
+  // A text that is no choice gives way to the code that stands.
+  void take() {
+    const QString code = combo_->choice().toString();
+    if (code.isEmpty() || code.compare(box_->text().trimmed(), Qt::CaseInsensitive) == 0) return showCode();
+    const QString text = objection_ ? objection_(code) : QString();
+    if (!text.isEmpty()) {
+      showCode();
+      Mesaj(text);
+      return;
+    }
+    box_->setText(code);
+    emit box_->textEdited(code);
+  }
+
+  QLineEdit* box_;
+  SearchCombo* combo_;
+  std::function<QString(const QString&)> objection_;
+};
+
+}  // namespace
+
+void pairWithCombo(QLineEdit* box, SearchCombo* combo,
+                   const std::function<QString(const QString&)>& objection) {
+  new CodePair(box, combo, objection);
+}
+
+void fillCodeCombos(const QList<SearchCombo*>& combos, const BoundList& list) {
+  LegaCombo(*combos.first(), list);
+  for (SearchCombo* combo : combos) {
+    if (combo->model() != combos.first()->model()) combo->setModel(combos.first()->model());
+    for (QObject* child : combo->children())
+      if (auto* pair = dynamic_cast<CodePair*>(child)) pair->showCode();
+  }
+}
+
+BoundList codeList(const QString& table, const QString& code, const QString& name, const QString& condition) {
+  const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition;
+  return {QStringLiteral("SELECT %2, %2 || '-' || COALESCE(%3, '') AS COD_TITLU FROM %1%4 ORDER BY %2")
+              .arg(table, code, name, where),
+          QStringLiteral("COD_TITLU"), code};
+}
+
+}  // namespace velmar

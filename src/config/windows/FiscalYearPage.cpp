@@ -1,0 +1,109 @@
+#include "config/windows/FiscalYearPage.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+#include "config/FiscalYears.h"
+#include "config/Parameters.h"
+#include "store/Records.h"
+#include "util/Clock.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+#include "util/windows/Controls.h"
+#include "util/windows/DateBox.h"
+#include "util/windows/Entry.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kHelpWidth = 90;  // characters
+
+const QStringList kColumns = {"DATAIN", "DATASN", "DATAIN1", "DATASN1", "DATAIC", "DATASC"};
+
+struct DateRange {
+  const char* caption;
+  const char* help;
+};
+
+const DateRange kRanges[] = {
+    {"Exercitiul N de la",
+     "Exercitiul N reprezinta exercitiul financiar in curs.Introduceti data de inceput si data de sfarsit."},
+    {"Exercitiul N+1 de la",
+     "Exercitiul N+1 reprezinta exercitiul financiar urmator.Introduceti data de inceput si data de "
+     "sfarsit."},
+    {"Perioada de culegere de la",
+     "Perioada de culegere reprezinta intervalul pentru care autorizati culegerea inregistrarilor."}};
+
+QLabel* makeHelp(const QString& text) {
+  auto* help = new QLabel(text);
+  help->setWordWrap(true);
+  help->setMinimumWidth(help->fontMetrics().averageCharWidth() * kHelpWidth);
+  return help;
+}
+
+}  // namespace
+
+FiscalYearPage::FiscalYearPage(QWidget* parent) : ParameterPage(parent) {
+  auto* grid = new QGridLayout(this);
+  const int gap = fontMetrics().height();
+  grid->addWidget(makeHelp("Introduceti datele exercitiului financiar."), 0, 0, 1, 5);
+  grid->setRowMinimumHeight(1, gap);
+  for (int i = 0; i < kColumns.size(); ++i) {
+    auto* date = named(new DateBox, QStringLiteral("DTPicker1(%1)").arg(i));
+    moveOnWithEnter(date);
+    connect(date, &QDateEdit::dateChanged, this, [this, column = kColumns[i]] { warn(column); });
+    setControl(kColumns[i], date);
+    dates_.append(date);
+  }
+  int row = 2;
+  for (int i = 0; i < static_cast<int>(std::size(kRanges)); ++i, row += 3) {
+    addField(grid, row, 0, kRanges[i].caption, dates_[2 * i]);
+    addField(grid, row, 2, "la", dates_[2 * i + 1]);
+    grid->addWidget(makeHelp(kRanges[i].help), row + 1, 0, 1, 5);
+    grid->setRowMinimumHeight(row + 2, gap);
+  }
+  grid->setColumnStretch(4, 1);
+  grid->setRowStretch(row, 1);
+  watchControls();
+}
+
+Row FiscalYearPage::dates() const {
+  Row row = rowOf(kColumns.join(QLatin1Char(' ')));
+  for (int i = 0; i < kColumns.size(); ++i) row.set(kColumns[i], dates_[i]->date());
+  return row;
+}
+
+// Once the change is over: a date is also taken over while the focus moves on.
+void FiscalYearPage::warn(const QString& column) {
+  if (quiet_) return;
+  changed_ = column;
+  QMetaObject::invokeMethod(this, &FiscalYearPage::tellWarning, Qt::QueuedConnection);
+}
+
+void FiscalYearPage::tellWarning() {
+  const QString column = std::exchange(changed_, {});
+  const QString text = column.isEmpty() ? QString() : fiscalYearWarning(dates(), column);
+  if (!text.isEmpty() && isVisible()) Mesaj(text);
+}
+
+void FiscalYearPage::showStored() {
+  const Row stored = storedParameters();
+  quiet_ = true;
+  for (int i = 0; i < kColumns.size(); ++i) {
+    const QDate date = stored.date(kColumns[i]);
+    dates_[i]->setDate(date.isValid() ? date : clock::today());
+  }
+  quiet_ = false;
+}
+
+void FiscalYearPage::storeShown() {
+  // What stands typed is part of what is saved, and the checks of saving say what is wrong with it.
+  quiet_ = true;
+  for (DateBox* date : dates_) date->takeTyped();
+  quiet_ = false;
+  changed_.clear();
+  saveFiscalYears(dates());
+}
+
+}  // namespace velmar

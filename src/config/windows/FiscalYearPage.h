@@ -1,0 +1,31 @@
+// The tab "Exercitiu": the fiscal years N and N+1 and the entry period.
+#pragma once
+
+#include "config/windows/ParameterPage.h"
+
+class QLabel;
+
+namespace velmar {
+
+class DateBox;
+
+class FiscalYearPage : public ParameterPage {
+  Q_OBJECT
+ public:
+  explicit FiscalYearPage(QWidget* parent = nullptr);
+
+ protected:
+  void showStored() override;
+  void storeShown() override;
+
+ private:
+  Row dates() const;
+  void warn(const QString& column);
+  void tellWarning();
+
+  QList<DateBox*> dates_;
+  QString changed_;     // the date whose warning waits to be told
+  bool quiet_ = false;  // dates change by themselves, not by the user's doing
+};
+
+}  // namespace velmar

@@ -1,0 +1,44 @@
+// The tab "Societate": who the company is, its plan of accounts, its cost method.
+#pragma once
+
+#include "config/windows/ParameterPage.h"
+
+class QBoxLayout;
+class QCheckBox;
+class QGroupBox;
+class QRadioButton;
+
+namespace velmar {
+
+class IdentityPage : public ParameterPage {
+  Q_OBJECT
+ public:
+  explicit IdentityPage(QWidget* parent = nullptr);
+
+  /// Shows the stored plan of accounts, and whether it may still change.
+  void showPlan();
+
+ signals:
+  /// The user clicked a plan of accounts, which acts at once.
+  void planChosen(int plan);
+
+ protected:
+  void showStored() override;
+  void storeShown() override;
+
+ private:
+  QWidget* identityFrame();
+  QWidget* addressFrame(const QString& title, int place);
+  QGroupBox* planFrame();
+  QGroupBox* methodFrame();
+  void showMethod(const QString& method);
+
+  QGroupBox* planFrame_;
+  QList<QRadioButton*> plans_;
+  QRadioButton* Option1_;
+  QRadioButton* Option2_;
+  QLineEdit* Text2_;  // the method as it is stored
+  QCheckBox* chkModAudio_;
+};
+
+}  // namespace velmar
