@@ -2,6 +2,7 @@
 
 #include <QDate>
 
+#include "catalogue/Discounts.h"
 #include "config/Checks.h"
 #include "config/Lookups.h"
 #include "config/Numbers.h"
@@ -83,6 +84,10 @@ Functions lookups() {
     return CodArticolFurnizor(a.value(0).toString(), a.value(1, true).toBool());
   };
   f["CostArticol"] = [](const Arguments& a) { return CostArticol(a.value(0).toString()).toDouble(); };
+  f["DiscountArticol"] = [](const Arguments& a) {
+    return DiscountArticol(a.value(0).toString(), decimal(a.value(1)));
+  };
+  f["DiscountTert"] = [](const Arguments& a) { return DiscountTert(a.value(0).toLongLong()); };
   f["ArticolExista"] = [](const Arguments& a) { return ArticolExista(a.value(0).toString()); };
   f["ProdusFurnizorExista"] = [](const Arguments& a) { return ProdusFurnizorExista(a.value(0).toString()); };
   return f;

@@ -1,5 +1,7 @@
 #include "shell/windows/MenuTable.h"
 
+#include "catalogue/windows/FrmActPretVanz.h"
+#include "catalogue/windows/frmArticleDiscount.h"
 #include "config/windows/frmConexiuni.h"
 #include "config/windows/frmMagazii.h"
 #include "config/windows/frmParamSoc.h"
@@ -102,7 +104,8 @@ std::vector<MenuEntry> entries() {
       {"mnuCorectiiCosturi", "Co&rectii costuri", Opens::Modal, "frmCorectiiCosturi", nullptr},
       {"nmuCorectieStoc", "Corectii stoc&uri", Opens::Command, {}},
       {"", "", Opens::Separator, {}},
-      {"mnuActualizarePret", "&Actualizare Preturi de Vanzare", Opens::One, "FrmActPretVanz", nullptr},
+      {"mnuActualizarePret", "&Actualizare Preturi de Vanzare", Opens::One, "FrmActPretVanz",
+       make<FrmActPretVanz>},
       {"mnuCantE", "Cantitati I&esite", Opens::New, "frmIesiriStoc", nullptr},
       {"", "", Opens::Separator, {}},
       {"mnuConexiuni", "&Lista conexiuni", Opens::New, "frmConexiuni", make<frmConexiuni>},
