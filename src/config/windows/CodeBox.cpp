@@ -3,6 +3,7 @@
 #include <QCompleter>
 #include <QLineEdit>
 
+#include "config/Lists.h"
 #include "config/windows/ComboFill.h"
 #include "util/Messages.h"
 #include "util/windows/SearchCombo.h"
