@@ -69,7 +69,7 @@ frmArticoleDiscount::frmArticoleDiscount(QWidget* parent) : QWidget(parent) {
   all->addLayout(bottom);
   setUpKeys(this, findChild<QPushButton*>("cmdSalvare"), cmdIesire);
   giveMnemonics(this);
-  setFocusProxy(treeArticole_);
+  setFocusProxy(search_);
 }
 
 QWidget* frmArticoleDiscount::treeSide() {
@@ -125,9 +125,9 @@ TDBGrid* frmArticoleDiscount::bandList() {
   rows_->setHorizontalHeaderLabels({"Cant. Minima", "Cant. Maxima", "Discount"});
   lvwDiscounts_ = new TDBGrid("lvwDiscounts");
   lvwDiscounts_->setModel(rows_);
-  lvwDiscounts_->setColumns({{"CantMin", "Cant. Minima", CellFormat::Integer, 16},
-                             {"CantMax", "Cant. Maxima", CellFormat::Integer, 16},
-                             {"Discount", "Discount", CellFormat::Number, 14}});
+  lvwDiscounts_->setColumns({{"CantMin", "Cant. Minima", CellFormat::Integer, 12},
+                             {"CantMax", "Cant. Maxima", CellFormat::Integer, 12},
+                             {"Discount", "Discount", CellFormat::Number, 10}});
   lvwDiscounts_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   lvwDiscounts_->setEmptyText(
       QStringLiteral("Nu exista discounturi. Completati cele trei valori, apoi apasati \"Salvare\"."));
