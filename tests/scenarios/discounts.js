@@ -13,7 +13,7 @@ const ofArticle = (code) => stored("Articole - Discounturi", "CODArticol", code)
 const ofFamily = (code) => stored("Familii Articole - Discounturi", "CODFamilie", code);
 
 menu("mnuDiscounturiArt");
-const form = win("frmArticleDiscount");
+const form = win("frmArticoleDiscount");
 equal(form.title(), "Discount pe articol");
 check(!form.isVisible("frmDiscounturi"), "nothing is chosen at first");
 shot("discounts-start");
@@ -54,6 +54,7 @@ answer("OK");
 form.type("txtDiscount", "cinci");
 expectMessage("Valoarea trebuie sa fie numerica");
 check(form.hasFocus("txtDiscount"));
+form.type("txtDiscount", "5");
 equal([list.rows(), ofArticle("S8")], [0, []]);
 
 // Bands of 1 to 10 pieces at 5 and 11 to 20 at 7.5 percent.
@@ -146,7 +147,7 @@ equal([shown(), ofArticle("A1")], [["1 3 40%", "4 9 30%"], ["1 3 40", "4 9 30"]]
 
 // A fresh window each time.
 menu("mnuDiscounturiArt");
-equal(openCount("frmArticleDiscount"), 2);
-win("frmArticleDiscount").click("cmdIesire");
-equal(openCount("frmArticleDiscount"), 1);
+equal(openCount("frmArticoleDiscount"), 2);
+win("frmArticoleDiscount").click("cmdIesire");
+equal(openCount("frmArticoleDiscount"), 1);
 noMessage();

@@ -41,12 +41,12 @@ function run(message) {
 // The choice of articles is asked for first, then the percent.
 form.set("optArticol", true);
 run("Va rugam precizati articolul");
-check(form.hasFocus("cboArticol"));
 key("Esc");
+check(form.hasFocus("cboArticol"), "its list stood open");
 form.set("optFamilie", true);
 run("Va rugam precizati familia");
-check(form.hasFocus("cboFamilie"));
 key("Esc");
+check(form.hasFocus("cboFamilie"), "its list stood open");
 form.pick("cboFamilie", "1-Suruburi");
 run("Va rugam introduceti adaosul comercial");
 answer("OK");

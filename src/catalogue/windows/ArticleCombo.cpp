@@ -66,4 +66,9 @@ QString ArticleCombo::code() const {
 
 void ArticleCombo::clearChoice() { search({}); }
 
+void ArticleCombo::drop() {
+  setFocus();
+  completer()->complete();
+}
+
 }  // namespace velmar

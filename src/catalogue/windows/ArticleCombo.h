@@ -19,6 +19,8 @@ class ArticleCombo : public QComboBox {
   QString code() const;
   /// Empties the text; the list shows the first articles again.
   void clearChoice();
+  /// Drops the list; the focus stays in the text, so that one can go on typing.
+  void drop();
 
  private:
   void search(const QString& typed);

@@ -158,9 +158,9 @@ void FrmActPretVanz::updatePrices() {
 void FrmActPretVanz::goTo(const QString& column) {
   if (column == QStringLiteral("ADAOS")) return TextAdaos_->setFocus();
   if (column == QStringLiteral("CURS")) return TextDeviza_->setFocus();
-  QComboBox* list = column == QStringLiteral("FAMART") ? cboFamilie_ : cboArticol_;
-  list->setFocus();
-  list->showPopup();
+  if (column != QStringLiteral("FAMART")) return cboArticol_->drop();
+  cboFamilie_->setFocus();
+  cboFamilie_->showPopup();
 }
 
 }  // namespace velmar

@@ -1,7 +1,7 @@
 #include "shell/windows/MenuTable.h"
 
 #include "catalogue/windows/FrmActPretVanz.h"
-#include "catalogue/windows/frmArticleDiscount.h"
+#include "catalogue/windows/frmArticoleDiscount.h"
 #include "config/windows/frmConexiuni.h"
 #include "config/windows/frmMagazii.h"
 #include "config/windows/frmParamSoc.h"
@@ -40,7 +40,8 @@ std::vector<MenuEntry> entries() {
       {"", "", Opens::Separator, {}},
       {"mnuTabeleFamArt", "&Familii Articole", Opens::One, "frmFamArticole", nullptr},
       {"mnuTabeleArticole", "&Articole", Opens::One, "frmArticole", nullptr},
-      {"mnuDiscounturiArt", "&Discounturi Articole", Opens::New, "frmArticoleDiscount", nullptr},
+      {"mnuDiscounturiArt", "&Discounturi Articole", Opens::New, "frmArticoleDiscount",
+       make<frmArticoleDiscount>},
       {"", "", Opens::Separator, {}},
       {"mnumnuTabelemnuTabPC", "&Plan de Conturi", Opens::One, "frmPC", nullptr},
       {"mnumnuTabelemnuTabTVA", "&TVA", Opens::One, "frmCoteTVA", nullptr},

@@ -1,4 +1,4 @@
-#include "catalogue/windows/frmArticleDiscount.h"
+#include "catalogue/windows/frmArticoleDiscount.h"
 
 #include <QBoxLayout>
 #include <QFormLayout>
@@ -24,7 +24,7 @@ namespace velmar {
 
 namespace {
 
-const QString kForm = QStringLiteral("frmArticleDiscount");
+const QString kForm = QStringLiteral("frmArticoleDiscount");
 const QString kNew = QStringLiteral("NOU");
 constexpr int kBoxCharacters = 10;
 
@@ -44,7 +44,7 @@ QStandardItem* bandCell(const QString& text) {
 
 }  // namespace
 
-frmArticleDiscount::frmArticleDiscount(QWidget* parent) : QWidget(parent) {
+frmArticoleDiscount::frmArticoleDiscount(QWidget* parent) : QWidget(parent) {
   setObjectName(kForm);
   setWindowTitle(QStringLiteral("Discount pe articol"));
   pages_ = new QStackedWidget;
@@ -69,10 +69,10 @@ frmArticleDiscount::frmArticleDiscount(QWidget* parent) : QWidget(parent) {
   all->addLayout(bottom);
   setUpKeys(this, findChild<QPushButton*>("cmdSalvare"), cmdIesire);
   giveMnemonics(this);
-  setFocusProxy(treeArticole_);
+  setFocusProxy(search_);
 }
 
-QWidget* frmArticleDiscount::treeSide() {
+QWidget* frmArticoleDiscount::treeSide() {
   nodes_ = new ArticleTree(this);
   treeArticole_ = named(new QTreeView, "treeArticole");
   treeArticole_->setHeaderHidden(true);
@@ -107,7 +107,7 @@ QWidget* frmArticleDiscount::treeSide() {
   return side;
 }
 
-QGroupBox* frmArticleDiscount::bandSide() {
+QGroupBox* frmArticoleDiscount::bandSide() {
   auto* frame = named(new QGroupBox(QStringLiteral("Discounturi")), "frmDiscounturi");
   chosen_ = named(new QLabel, "lblAles");
   chosen_->setTextFormat(Qt::PlainText);
@@ -120,14 +120,14 @@ QGroupBox* frmArticleDiscount::bandSide() {
   return frame;
 }
 
-TDBGrid* frmArticleDiscount::bandList() {
+TDBGrid* frmArticoleDiscount::bandList() {
   rows_ = new QStandardItemModel(this);
   rows_->setHorizontalHeaderLabels({"Cant. Minima", "Cant. Maxima", "Discount"});
   lvwDiscounts_ = new TDBGrid("lvwDiscounts");
   lvwDiscounts_->setModel(rows_);
-  lvwDiscounts_->setColumns({{"CantMin", "Cant. Minima", CellFormat::Integer, 16},
-                             {"CantMax", "Cant. Maxima", CellFormat::Integer, 16},
-                             {"Discount", "Discount", CellFormat::Number, 14}});
+  lvwDiscounts_->setColumns({{"CantMin", "Cant. Minima", CellFormat::Integer, 12},
+                             {"CantMax", "Cant. Maxima", CellFormat::Integer, 12},
+                             {"Discount", "Discount", CellFormat::Number, 10}});
   lvwDiscounts_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   lvwDiscounts_->setEmptyText(
       QStringLiteral("Nu exista discounturi. Completati cele trei valori, apoi apasati \"Salvare\"."));
@@ -138,7 +138,7 @@ TDBGrid* frmArticleDiscount::bandList() {
   return lvwDiscounts_;
 }
 
-QWidget* frmArticleDiscount::bandDetails() {
+QWidget* frmArticoleDiscount::bandDetails() {
   auto* frame = named(new QFrame, "frmDiscountDetalii");
   txtCantMin_ = bandBox("txtCantMin", "Prima cantitate la care se acorda discountul");
   txtCantMax_ = bandBox("txtCantMax", "Ultima cantitate la care se acorda discountul");
@@ -152,10 +152,10 @@ QWidget* frmArticleDiscount::bandDetails() {
   return frame;
 }
 
-QLayout* frmArticleDiscount::commands() {
+QLayout* frmArticoleDiscount::commands() {
   auto* line = new QHBoxLayout;
   const auto command = [this, line](const QString& name, const QString& caption, const QString& toolTip,
-                                    void (frmArticleDiscount::*work)()) {
+                                    void (frmArticoleDiscount::*work)()) {
     auto* button = makeButton(name, caption, toolTip);
     connect(button, &QPushButton::clicked, this, [this, name, work] {
       guarded(kForm, name + QStringLiteral("_Click"), [this, work] {
@@ -165,18 +165,18 @@ QLayout* frmArticleDiscount::commands() {
     line->addWidget(button);
     return button;
   };
-  command("cmdAdaugare", "Adaugare", "Salvare si adaugarea unui interval nou", &frmArticleDiscount::add);
+  command("cmdAdaugare", "Adaugare", "Salvare si adaugarea unui interval nou", &frmArticoleDiscount::add);
   auto* cmdSalvare = makeButton("cmdSalvare", "Salvare", "Salvarea intervalului");
-  connect(cmdSalvare, &QPushButton::clicked, this, &frmArticleDiscount::Salveaza);
+  connect(cmdSalvare, &QPushButton::clicked, this, &frmArticoleDiscount::Salveaza);
   line->addWidget(cmdSalvare);
-  command("cmdSterge", "Stergere", "Stergerea ultimului interval", &frmArticleDiscount::remove);
+  command("cmdSterge", "Stergere", "Stergerea ultimului interval", &frmArticoleDiscount::remove);
   cmdAplica_ = command("cmdAplica", "Aplica", "Copierea discounturilor la toate articolele familiei",
-                       &frmArticleDiscount::apply);
+                       &frmArticoleDiscount::apply);
   line->addStretch();
   return line;
 }
 
-void frmArticleDiscount::showNode(const QModelIndex& node) {
+void frmArticoleDiscount::showNode(const QModelIndex& node) {
   editor_.reset();
   const ArticleTree::Node kind = ArticleTree::kindOf(node);
   if (kind == ArticleTree::Node::Root) {
@@ -192,7 +192,7 @@ void frmArticleDiscount::showNode(const QModelIndex& node) {
   pages_->setCurrentIndex(1);
 }
 
-void frmArticleDiscount::showBands(int place) {
+void frmArticoleDiscount::showBands(int place) {
   filling_ = true;
   rows_->removeRows(0, rows_->rowCount());
   for (const DiscountBand& band : editor_->bands())
@@ -204,7 +204,7 @@ void frmArticleDiscount::showBands(int place) {
   showBand();
 }
 
-void frmArticleDiscount::showBand() {
+void frmArticoleDiscount::showBand() {
   const int place = lvwDiscounts_->currentIndex().row();
   for (NumberBox* box : {txtCantMin_, txtCantMax_, txtDiscount_}) box->setNumber(std::nullopt);
   txtCantMin_->setEnabled(rows_->rowCount() < 2);
@@ -217,7 +217,7 @@ void frmArticleDiscount::showBand() {
 }
 
 template <typename Work>
-bool frmArticleDiscount::attempt(Work&& work) {
+bool frmArticoleDiscount::attempt(Work&& work) {
   const std::vector<DiscountBand> before = editor_->bands();
   try {
     work();
@@ -231,7 +231,7 @@ bool frmArticleDiscount::attempt(Work&& work) {
   }
 }
 
-bool frmArticleDiscount::Salveaza() {
+bool frmArticoleDiscount::Salveaza() {
   bool saved = false;
   guarded(kForm, "Salveaza", [this, &saved] {
     if (!editor_ || !entriesStand(this)) return;
@@ -244,18 +244,18 @@ bool frmArticleDiscount::Salveaza() {
   return saved;
 }
 
-void frmArticleDiscount::add() {
+void frmArticoleDiscount::add() {
   if (!Salveaza()) return;
   showBands(editor_->add());
   txtCantMax_->setFocus();
 }
 
-void frmArticleDiscount::remove() {
+void frmArticoleDiscount::remove() {
   const int place = lvwDiscounts_->currentIndex().row();
   if (attempt([this, place] { editor_->remove(place); })) showBands(editor_->count() - 1);
 }
 
-void frmArticleDiscount::apply() {
+void frmArticoleDiscount::apply() {
   if (Mesaj(QStringLiteral("Daca salvati discounturi pe familie - vor fi sterse discounturile setate \r\n"
                            "anterior pentru fiecare produs. Sunteti sigur ca vreti salvati?"),
             kYesNo) != kResultYes)

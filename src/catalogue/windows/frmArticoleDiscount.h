@@ -20,10 +20,10 @@ class ArticleTree;
 class NumberBox;
 class TDBGrid;
 
-class frmArticleDiscount : public QWidget {
+class frmArticoleDiscount : public QWidget {
   Q_OBJECT
  public:
-  explicit frmArticleDiscount(QWidget* parent = nullptr);
+  explicit frmArticoleDiscount(QWidget* parent = nullptr);
 
   /// Stores the band in the boxes; true on success, else the reason has been shown.
   bool Salveaza();
