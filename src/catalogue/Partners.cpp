@@ -38,7 +38,8 @@ Row stored(const Row& partner) {
 const ListQuery kPartnerList{
     QStringLiteral(
         "T.COD, T.NUME, T.TIP, T.CODFISCAL, T.AD, T.AD3, T.CP, T.ORAS, T.TARA, T.REPREZ, T.TELEFON, T.FAX, "
-        "T.MOBIL, T.EMAIL, T.ADL, T.CPL, T.ORASL, T.TARAL, T.BANCA, T.CONTBANCAR, T.CodTert, T.RegCom, T.Judet, "
+        "T.MOBIL, T.EMAIL, T.ADL, T.CPL, T.ORASL, T.TARAL, T.BANCA, T.CONTBANCAR, T.CodTert, T.RegCom, "
+        "T.Judet, "
         "T.CodVechi, T.SerieBI, T.NrBI, T.EmisBI, T.DataEmisBI, T.PROCPEN, T.Reprezentant, T.Contract, "
         "T.ID_Angajator, T.CNP, T.CT, T.PF, T.PlatesteTVA, T.PRENUMEDELEGAT, T.DATANDELEGAT, T.UTILIZATOR, "
         "T.DATAC, A.NUME AS Angajator, "
@@ -88,8 +89,7 @@ void savePartner(const Row& partner, const std::optional<Decimal>& discount) {
 void removePartner(qint64 code) {
   Transaction transaction(database());
   if (Exista(QString::number(code), "TertiLinii"))
-    throw RuleError(
-        QStringLiteral("Tertul nu se poate sterge deoarece exista documente inregistrate !"));
+    throw RuleError(QStringLiteral("Tertul nu se poate sterge deoarece exista documente inregistrate !"));
   deleteRecord(partners(), code);
   setPartnerDiscount(code, {});
   transaction.commit();

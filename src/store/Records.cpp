@@ -1,5 +1,7 @@
 #include "store/Records.h"
 
+#include <cmath>
+
 #include "store/Database.h"
 #include "util/NumberText.h"
 
@@ -11,9 +13,11 @@ QString quoted(const QString& name) {
   return name.contains(QLatin1Char(' ')) ? QStringLiteral("\"%1\"").arg(name) : name;
 }
 
-Value stored(const QVariant& cell) {
-  if (cell.typeId() != QMetaType::QString) return Value::raw(cell);
-  return cell.toString().isEmpty() ? Value() : Value::raw(cell);
+// A cell as its column takes it.
+Value stored(const QVariant& cell, ColumnType type) {
+  if (cell.isNull() || cell.toString().isEmpty()) return {};
+  if (type == ColumnType::Integer) return qint64(std::llround(cell.toDouble()));
+  return Value::raw(cell);
 }
 
 // The row as it will stand in the table, in the order of its columns.
@@ -21,9 +25,10 @@ Values checkedValues(const Table& table, const Row& row) {
   requireWidths(table, row);
   Values values;
   for (const QString& name : row.columns()) {
-    if (!table.column(name))
+    const Column* column = table.column(name);
+    if (!column)
       throw StoreError(0, QStringLiteral("Tabela %1 nu are coloana %2").arg(table.name(), name));
-    values.push_back(stored(row.value(name)));
+    values.push_back(stored(row.value(name), column->type));
   }
   return values;
 }

@@ -2,6 +2,7 @@
 
 #include "catalogue/windows/FrmActPretVanz.h"
 #include "catalogue/windows/frmArticoleDiscount.h"
+#include "catalogue/windows/frmTerti.h"
 #include "config/windows/frmConexiuni.h"
 #include "config/windows/frmMagazii.h"
 #include "config/windows/frmParamSoc.h"
@@ -35,8 +36,8 @@ std::vector<MenuEntry> entries() {
       {"mnuViewRightBar", "Bara &Dreapata", Opens::OwnCheck, {}},
 
       {"mnumnuTabele", "Tabele", Opens::Menu, {}},
-      {"mnuTabeleClienti", "&Clienti", Opens::One, "frmTerti C", nullptr},
-      {"mnuTabeleFurnizori", "&Furnizori", Opens::One, "frmTerti F", nullptr},
+      {"mnuTabeleClienti", "&Clienti", Opens::One, "frmTerti C", makeCustomers},
+      {"mnuTabeleFurnizori", "&Furnizori", Opens::One, "frmTerti F", makeSuppliers},
       {"", "", Opens::Separator, {}},
       {"mnuTabeleFamArt", "&Familii Articole", Opens::One, "frmFamArticole", nullptr},
       {"mnuTabeleArticole", "&Articole", Opens::One, "frmArticole", nullptr},

@@ -31,6 +31,7 @@ class ListForm : public QWidget {
   void setList(EntryGrid* grid, const QString& keyField, Read read, const QSet<QString>& tables);
   EntryGrid* list() const { return grid_; }
   Card& card() { return card_; }
+  const Card& card() const { return card_; }
 
   /// A command under the list. `action` runs guarded; a broken rule is told and brings the focus to its
   /// field.

@@ -1,0 +1,144 @@
+#include "catalogue/windows/CatalogueForm.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTabWidget>
+
+#include "store/windows/WhereBuilder.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+#include "util/windows/Controls.h"
+
+namespace velmar {
+
+namespace {
+
+enum Tab { kListTab, kCardTab };
+
+constexpr int kSearchWidth = 35;
+
+}  // namespace
+
+CatalogueForm::CatalogueForm(const QString& name, const QString& title, QWidget* parent)
+    : ListForm(name, title, parent),
+      tabs_(named(new QTabWidget, "SSTab")),
+      filter_(new WhereBuilder),
+      count_(new QLabel("0")) {}
+
+void CatalogueForm::setCatalogue(const QList<GridColumn>& columns, const ListQuery& query,
+                                 const QString& keyField, const QString& order, const Condition& always,
+                                 const QSet<QString>& tables) {
+  query_ = query;
+  always_ = always;
+  defaultOrder_ = order_ = order;
+  auto* grid = new EntryGrid("grdDataGrid", EntryGrid::Refused::Reverted, objectName());
+  grid->setColumns(columns);
+  grid->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  const auto read = [this]() -> std::unique_ptr<RowSource> {
+    std::unique_ptr<RowSource> rows = std::move(found_);
+    if (!rows) rows = std::make_unique<ListRows>(query_, always_ && condition_, order_);
+    count_->setText(QString::number(rows->size()));
+    return rows;
+  };
+  setList(grid, keyField, read, tables);
+  connect(grid, &QAbstractItemView::doubleClicked, this, &CatalogueForm::bringCard);
+  auto* open = new QShortcut(QKeySequence(Qt::Key_Return), grid);
+  open->setContext(Qt::WidgetShortcut);
+  connect(open, &QShortcut::activated, this, &CatalogueForm::bringCard);
+}
+
+void CatalogueForm::layOut(const QString& listTitle, QWidget* searchRow, const QList<FilterField>& fields,
+                           const QString& countCaption, const QString& countName, const QString& cardTitle,
+                           QWidget* cardPage, const QList<QPushButton*>& commands) {
+  filter_->setFields(fields);
+  connect(filter_, &WhereBuilder::searchAsked, this, [this] { run("WhereBuilder", [this] { cauta(); }); });
+  auto* counted = new QHBoxLayout;
+  counted->addStretch();
+  counted->addWidget(new QLabel(countCaption));
+  counted->addWidget(named(count_, countName));
+  auto* listPage = new QWidget;
+  auto* inside = new QVBoxLayout(listPage);
+  inside->addWidget(searchRow);
+  inside->addWidget(filter_);
+  inside->addWidget(list(), 1);
+  inside->addLayout(counted);
+  tabs_->addTab(listPage, listTitle);
+  tabs_->addTab(cardPage, cardTitle);
+  auto* all = new QVBoxLayout(this);
+  all->addWidget(tabs_, 1);
+  all->addLayout(commandRow(commands));
+  finish(txtCautare_);
+  connect(tabs_, &QTabWidget::currentChanged, this,
+          [this] { guarded(objectName(), "SSTab_Click", [this] { tabChanged(); }); });
+  tabChanged();
+}
+
+QLineEdit* CatalogueForm::searchField(KeyFilter::Options keys, std::function<void()> search) {
+  txtCautare_ = makeTextBox("txtCautare", kSearchWidth, "Primele litere, apoi Enter", keys);
+  connect(txtCautare_, &QLineEdit::returnPressed, this,
+          [this, search = std::move(search)] { run("txtCautare_KeyPress", search); });
+  return txtCautare_;
+}
+
+QString CatalogueForm::searchText() const { return txtCautare_->text().trimmed(); }
+
+void CatalogueForm::cauta() {
+  condition_ = filter_->condition();
+  order_ = defaultOrder_;
+  refresh();
+}
+
+bool CatalogueForm::showFound(const Condition& condition, const QString& order) {
+  auto rows = std::make_unique<ListRows>(query_, always_ && condition, order);
+  if (rows->size() == 0) return false;
+  condition_ = condition;
+  order_ = order;
+  found_ = std::move(rows);
+  refresh();
+  return true;
+}
+
+QList<QPushButton*> CatalogueForm::navigation() {
+  return {command("cmdFirst", "|<", "Prima inregistrare", {}, [this] { moveTo(0); }),
+          command("cmdPrev", "<", "Inregistrarea anterioara", {}, [this] { step(-1); }),
+          command("cmdNext", ">", "Inregistrarea urmatoare", {}, [this] { step(1); }),
+          command("cmdLast", ">|", "Ultima inregistrare", {}, [this] { moveTo(list()->rows().size() - 1); })};
+}
+
+void CatalogueForm::moveTo(int place) {
+  if (place < 0 || place >= list()->rows().size()) return;
+  list()->selectPlace(place);
+  if (isNew()) showRecord(list()->currentRecord());
+}
+
+void CatalogueForm::step(int by) {
+  if (list()->rows().size() == 0) return;
+  const int place = list()->currentIndex().row() + by;
+  if (place >= 0 && place < list()->rows().size()) return moveTo(place);
+  Mesaj(QStringLiteral("Sunteti pozitionat pe ") + (by < 0 ? "primul " : "ultimul ") + " tert!");
+}
+
+bool CatalogueForm::onCard() const { return tabs_->currentIndex() == kCardTab; }
+
+void CatalogueForm::bringCard() { tabs_->setCurrentIndex(kCardTab); }
+
+void CatalogueForm::bringList() { tabs_->setCurrentIndex(kListTab); }
+
+QWidget* CatalogueForm::searchBox() {
+  bringList();
+  return txtCautare_;
+}
+
+void CatalogueForm::focusField(const QString& column) {
+  if (card().control(column)) bringCard();
+  ListForm::focusField(column);
+}
+
+void CatalogueForm::startNew() {
+  bringCard();
+  ListForm::startNew();
+}
+
+}  // namespace velmar

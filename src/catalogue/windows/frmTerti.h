@@ -1,0 +1,57 @@
+// The partners: customers or suppliers, each with its card.
+#pragma once
+
+#include <optional>
+
+#include "catalogue/windows/CatalogueForm.h"
+
+class QComboBox;
+class QFormLayout;
+
+namespace velmar {
+
+class NumberBox;
+class SearchCombo;
+
+class frmTerti : public CatalogueForm {
+  Q_OBJECT
+  Q_PROPERTY(QString TipTert MEMBER tipTert_ CONSTANT)
+ public:
+  /// `TipTert` is "C" for the list of customers, "F" for that of suppliers.
+  frmTerti(const QString& TipTert, QWidget* parent = nullptr);
+
+ protected:
+  void showRecord(const Row* record) override;
+  void startNew() override;
+  void tabChanged() override;
+
+ private:
+  QWidget* searchRow();
+  QWidget* cardPage();
+  QWidget* identityFrame();
+  QWidget* addressFrame(const QString& title, int firstField);
+  QWidget* contactFrame();
+  QWidget* tradeFrame();
+  QWidget* personFrame();
+  void addField(QFormLayout* rows, int index);
+  QComboBox* kindList();
+  QList<QPushButton*> commands();
+
+  void add();
+  void save();
+  void remove();
+  void search();
+  void balances();
+  std::optional<Decimal> typedDiscount() const;
+
+  QString tipTert_;
+  SearchCombo* cboIDAngajator_ = nullptr;
+  QList<QPushButton*> cardCommands_;
+  QList<QPushButton*> listCommands_;
+};
+
+/// The factories of the two menus.
+QWidget* makeCustomers(QWidget* parent);
+QWidget* makeSuppliers(QWidget* parent);
+
+}  // namespace velmar
