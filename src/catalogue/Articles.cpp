@@ -1,12 +1,12 @@
 #include "catalogue/Articles.h"
 
-#include "store/Database.h"
-#include "store/Schema.h"
-#include "util/Errors.h"
+#include "store/Records.h"
 
 namespace velmar {
 
 namespace {
+
+const Table& articles() { return companyTable("G_ARTMAG"); }
 
 std::optional<Row> articleWhere(const QString& column, const QString& code) {
   const Recordset found = OpenRs(
@@ -15,10 +15,28 @@ std::optional<Row> articleWhere(const QString& column, const QString& code) {
   return found.first();
 }
 
-void requireFilled(bool filled, const QString& caption, const QString& column) {
-  if (!filled)
-    throw RuleError(caption + QStringLiteral(" trebuie completat pentru a se putea adauga articolul !"),
-                    column);
+struct Required {
+  const char* column;
+  const char* caption;
+};
+
+// In the order in which they are asked for.
+const Required kRequired[] = {{"CODART", "Cod"},          {"DENART", "Denumire 1"}, {"FAMART", "Familie"},
+                              {"CODFURNIZO", "Furnizor"}, {"COTATVA", "Cota TVA"},  {"UM", "U.M."}};
+
+// `purpose` is "adauga" or "modifica".
+void requireFilled(const Row& article, const QString& purpose) {
+  for (const Required& field : kRequired) {
+    const bool unitOfService = QLatin1String(field.column) == QLatin1String("UM") && article.flag("FARASTOC");
+    if (!unitOfService && article.text(field.column).trimmed().isEmpty())
+      throw RuleError(QStringLiteral("%1 trebuie completat pentru a se putea %2 articolul !")
+                          .arg(QLatin1String(field.caption), purpose),
+                      field.column);
+  }
+}
+
+void requireVatNumber(const Row& article) {
+  numberIn(article, "COTATVA", QStringLiteral("Va rugam introduceti o valoare numerica pentru Cota TVA !"));
 }
 
 // The first article of a company would be valued by a method that nobody chose.
@@ -30,7 +48,27 @@ void requireCostMethod() {
                     QStringLiteral("TCOST"));
 }
 
+// What is stored of the row: not the columns left out; a palet that nobody named is a blank.
+Row stored(const Row& article, const QStringList& leftOut) {
+  QStringList kept;
+  for (const QString& name : article.columns())
+    if (articles().column(name) && !leftOut.contains(name, Qt::CaseInsensitive)) kept.append(name);
+  Row row = rowOf(kept.join(u' '));
+  for (const QString& name : kept) row.set(name, Value::raw(article.value(name)));
+  if (row.has("PALET") && row.text("PALET").isEmpty()) row.set("PALET", " ");
+  return row;
+}
+
+const QStringList kComputed = {"STOC", "CANTE", "COSTDEV"};
+
 }  // namespace
+
+const ListQuery kArticleList{
+    QStringLiteral("A.*, A.PRETVFT / 10000 AS PRETVFTRON, F.DENUMIRE AS FAMILIE, T.NUME AS FURNIZOR, "
+                   "A.PretVanzare - A.CompensareCAS AS DiferentaPacient"),
+    QStringLiteral("G_ARTMAG A LEFT JOIN G_FAMART F ON F.COD = A.FAMART LEFT JOIN kt_ter T ON T.COD = "
+                   "A.CODFURNIZO"),
+    QStringLiteral("A.CODART")};
 
 std::optional<Row> articleByCode(const QString& code) { return articleWhere(QStringLiteral("CODART"), code); }
 
@@ -38,34 +76,55 @@ std::optional<Row> articleBySupplierCode(const QString& code) {
   return articleWhere(QStringLiteral("CODPRODFUR"), code);
 }
 
-void addArticle(const NewArticle& article) {
-  const QString code = article.CODART.trimmed().toUpper();
-  requireFilled(!code.isEmpty(), QStringLiteral("Cod"), QStringLiteral("CODART"));
-  requireFilled(!article.DENART.trimmed().isEmpty(), QStringLiteral("Denumire 1"), QStringLiteral("DENART"));
-  requireFilled(article.FAMART != 0, QStringLiteral("Familie"), QStringLiteral("FAMART"));
-  requireFilled(article.CODFURNIZO != 0, QStringLiteral("Furnizor"), QStringLiteral("CODFURNIZO"));
-  requireFilled(article.FARASTOC || !article.UM.trimmed().isEmpty(), QStringLiteral("U.M."),
-                QStringLiteral("UM"));
+Row newArticle() {
+  Row row =
+      rowOf("CODART CODPRODFUR DENART DenAltaLimba FAMART UM CODFURNIZO COTATVA FARASTOC PROVENIENTA PALET");
+  row.set("UM", "Buc");
+  row.set("COTATVA", 19);
+  row.set("FARASTOC", false);
+  row.set("PROVENIENTA", "M");
+  return row;
+}
+
+void addArticle(const Row& article) {
+  requireFilled(article, "adauga");
+  requireVatNumber(article);
+  Row row = stored(article, kComputed + QStringList{"COST", "ADAOS", "PRETVFT", "PRETVTTI"});
+  const QString code = article.text("CODART").trimmed().toUpper();
+  row.set("CODART", code);
   Transaction transaction(database());
   if (articleByCode(code))
     throw RuleError(
         QStringLiteral("Articolul cu codul %1 exista deja ! Articolul nu se poate adauga !").arg(code),
         "CODART");
   requireCostMethod();
-  const Table& table = companyTable("G_ARTMAG");
-  Row row = table.emptyRow();
-  row.set("CODART", code);
-  row.set("CODPRODFUR", article.CODPRODFUR.trimmed());
-  row.set("DENART", article.DENART.trimmed());
-  row.set("DenAltaLimba", article.DenAltaLimba.trimmed());
-  row.set("UM", article.UM.trimmed());
-  requireWidths(table, row);
-  database().insertRows(table.name(),
-                        {"CODART", "CODPRODFUR", "DENART", "DenAltaLimba", "FAMART", "UM", "CODFURNIZO",
-                         "COTATVA", "FARASTOC", "PROVENIENTA", "PALET"},
-                        {{code, row.text("CODPRODFUR"), row.text("DENART"), row.text("DenAltaLimba"),
-                          article.FAMART, row.text("UM"), article.CODFURNIZO, article.COTATVA,
-                          article.FARASTOC, article.PROVENIENTA, QStringLiteral(" ")}});
+  insertRecord(articles(), row);
+  transaction.commit();
+}
+
+void saveArticle(const Row& article) {
+  if (article.text("CODART").trimmed().isEmpty())
+    throw RuleError(QStringLiteral("Pentru modificari, va rugam selectati un articol existent !"));
+  requireFilled(article, "modifica");
+  const auto currencyPrice =
+      numberIn(article, "PRETDEVIZAVANZ",
+               QStringLiteral("Va rugam introduceti o valoare numerica pentru Pretul vanzare valuta !"));
+  requireVatNumber(article);
+  if (currencyPrice && *currencyPrice > Decimal(0) && article.text("CODDEVIZAVANZ").trimmed().isEmpty())
+    throw RuleError(QStringLiteral("Va rugam alegeti codul valutei !"), "CODDEVIZAVANZ");
+  if (!updateRecord(articles(), stored(article, kComputed))) throw gone();
+}
+
+void requireRemovableArticle(const QString& code) {
+  if (!OpenRs("SELECT ARTID FROM G_LDOCUM WHERE ARTID = ? LIMIT 1", {code}).isEmpty())
+    throw RuleError(QStringLiteral("Articolul este inregistrat in documente.Operatia nu se poate efectua"),
+                    {}, 0, "Atentie");
+}
+
+void removeArticle(const QString& code) {
+  Transaction transaction(database());
+  requireRemovableArticle(code);
+  deleteRecord(articles(), code);
   transaction.commit();
 }
 

@@ -1,12 +1,15 @@
-// The catalogue of articles: looking one up, and adding one under the catalogue's rules.
+// The catalogue of articles: looking one up, and adding, saving and deleting one under the catalogue's rules.
 #pragma once
 
 #include <optional>
-#include <QString>
 
-#include "store/Row.h"
+#include "store/ListRows.h"
 
 namespace velmar {
+
+/// The list of articles: the columns of G_ARTMAG, `FAMILIE` and `FURNIZOR` by name, `PRETVFTRON` (the price
+/// of old lei in new ones) and `DiferentaPacient` (price less what the insurance pays, lei).
+extern const ListQuery kArticleList;
 
 /// The article's row of G_ARTMAG; nothing when the code is unknown.
 std::optional<Row> articleByCode(const QString& code);
@@ -14,22 +17,21 @@ std::optional<Row> articleByCode(const QString& code);
 /// The article with that product code of the supplier.
 std::optional<Row> articleBySupplierCode(const QString& code);
 
-/// What a person gives of a new article.
-struct NewArticle {
-  QString CODART;      ///< at most 20 characters, upper case
-  QString CODPRODFUR;  ///< the supplier's product code
-  QString DENART;
-  QString DenAltaLimba;
-  qint64 FAMART = 0;
-  QString UM = QStringLiteral("Buc");
-  qint64 CODFURNIZO = 0;
-  Decimal COTATVA = 19;
-  QString PROVENIENTA = QStringLiteral("M");  ///< "M" goods, "P" own products
-  bool FARASTOC = false;
-};
+/// What a new article starts from: unit "Buc", VAT 19, goods, held in stock, all else empty.
+Row newArticle();
 
-/// Adds the article. Throws RuleError, naming the column, when something is missing, the code exists, or no
-/// cost method was chosen before the first article. Cost, prices and stock start at 0.
-void addArticle(const NewArticle& article);
+/// Adds the article; the row holds columns of G_ARTMAG. Throws RuleError, naming the column, when something
+/// is missing or no number, the code exists, or no cost method was chosen before the first article (column
+/// TCOST). Cost, prices and stock start at 0 whatever the row says.
+void addArticle(const Row& article);
+
+/// Writes the row over the article with its `CODART`; what the stock engine computes in it stays as it is,
+/// but the cost may be written. Throws as addArticle(), and when a price in currency names no currency.
+void saveArticle(const Row& article);
+
+/// Throws RuleError when documents name the article.
+void requireRemovableArticle(const QString& code);
+/// Deletes the article. Throws as requireRemovableArticle().
+void removeArticle(const QString& code);
 
 }  // namespace velmar

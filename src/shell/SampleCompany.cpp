@@ -10,10 +10,10 @@
 #include "config/CompanyFiles.h"
 #include "config/CostMethod.h"
 #include "config/Session.h"
+#include "config/Warehouses.h"
 #include "documents/DocumentEditor.h"
 #include "shell/Login.h"
 #include "shell/SampleData.h"
-#include "config/Warehouses.h"
 #include "store/DatabaseFiles.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
@@ -74,18 +74,19 @@ Catalogue addCatalogue() {
   for (size_t f = 0; f < families.size(); ++f) {
     const SampleFamily& family = sampleFamilies()[f];
     for (int i = 0; i < family.articles.size(); ++i) {
-      NewArticle article;
-      article.CODART =
+      Row article = newArticle();
+      const QString code =
           QStringLiteral("%1%2").arg(family.code, QString::number(i + 1).rightJustified(3, u'0'));
-      article.DENART = family.articles[i];
-      article.CODPRODFUR = QStringLiteral("P%1%2").arg(f + 1).arg(i + 101);
-      article.FAMART = families[f];
-      article.UM = family.unit;
-      article.CODFURNIZO = catalogue.suppliers[(f + static_cast<size_t>(i)) % catalogue.suppliers.size()];
-      article.COTATVA = kSampleVat;
-      article.PROVENIENTA = QStringLiteral("P");
+      article.set("CODART", code);
+      article.set("DENART", family.articles[i]);
+      article.set("CODPRODFUR", QStringLiteral("P%1%2").arg(f + 1).arg(i + 101));
+      article.set("FAMART", families[f]);
+      article.set("UM", family.unit);
+      article.set("CODFURNIZO",
+                  catalogue.suppliers[(f + static_cast<size_t>(i)) % catalogue.suppliers.size()]);
+      article.set("PROVENIENTA", "P");
       addArticle(article);
-      catalogue.articles.append(article.CODART);
+      catalogue.articles.append(code);
     }
   }
   return catalogue;

@@ -24,13 +24,13 @@ class VoucherTest : public ::testing::Test {
   }
 
   void article(const QString& code, const QString& name, qint64 family) {
-    NewArticle article;
-    article.CODART = code;
-    article.DENART = name;
-    article.FAMART = family;
-    article.CODFURNIZO = supplier_;
-    article.PROVENIENTA = "P";
-    addArticle(article);
+    Row row = newArticle();
+    row.set("CODART", code);
+    row.set("DENART", name);
+    row.set("FAMART", family);
+    row.set("CODFURNIZO", supplier_);
+    row.set("PROVENIENTA", "P");
+    addArticle(row);
   }
 
   QHash<QString, QString> header(const QString& number, const QDate& date = clock::today()) const {

@@ -29,11 +29,11 @@ class WorkstationsTest : public ::testing::Test {
     supplier_ = addPartner(newPartner("FURNIZOR SRL", "F"));
     const qint64 family = addFamily({"Produse", "371", "607", "707", "345"});
     for (int i = 0; i < kArticles; ++i) {
-      NewArticle article;
-      article.CODART = QStringLiteral("A%1").arg(i);
-      article.DENART = article.CODART;
-      article.FAMART = family;
-      article.CODFURNIZO = supplier_;
+      Row article = newArticle();
+      article.set("CODART", QStringLiteral("A%1").arg(i));
+      article.set("DENART", QStringLiteral("A%1").arg(i));
+      article.set("FAMART", family);
+      article.set("CODFURNIZO", supplier_);
       addArticle(article);
     }
   }

@@ -101,10 +101,14 @@ bool CatalogueForm::showFound(const Condition& condition, const QString& order) 
 }
 
 QList<QPushButton*> CatalogueForm::navigation() {
-  return {command("cmdFirst", "|<", "Prima inregistrare", {}, [this] { moveTo(0); }),
-          command("cmdPrev", "<", "Inregistrarea anterioara", {}, [this] { step(-1); }),
-          command("cmdNext", ">", "Inregistrarea urmatoare", {}, [this] { step(1); }),
-          command("cmdLast", ">|", "Ultima inregistrare", {}, [this] { moveTo(list()->rows().size() - 1); })};
+  const QList<QPushButton*> steps = {
+      command("cmdFirst", "|<", "Prima inregistrare", {}, [this] { moveTo(0); }),
+      command("cmdPrev", "<", "Inregistrarea anterioara", {}, [this] { step(-1); }),
+      command("cmdNext", ">", "Inregistrarea urmatoare", {}, [this] { step(1); }),
+      command("cmdLast", ">|", "Ultima inregistrare", {}, [this] { moveTo(list()->rows().size() - 1); })};
+  for (QPushButton* button : steps)
+    button->setMaximumWidth(button->fontMetrics().horizontalAdvance("0") * 6);
+  return steps;
 }
 
 void CatalogueForm::moveTo(int place) {

@@ -43,6 +43,7 @@ WhereBuilder::WhereBuilder(QWidget* parent)
       button("cmdSi", "Si", "Adauga conditia: toate trebuie indeplinite", &WhereBuilder::joinAnd));
   boxes->addWidget(button("cmdSau", "Sau", "Adauga conditia: una dintre ele ajunge", &WhereBuilder::joinOr));
   boxes->addWidget(button("cmdGoleste", "Goleste", "Renunta la toate conditiile", &WhereBuilder::clear));
+  boxes->addStretch();
   auto* all = new QVBoxLayout(this);
   all->setContentsMargins(0, 0, 0, 0);
   all->addLayout(boxes);
@@ -59,6 +60,7 @@ QLineEdit* WhereBuilder::valueBox(const QString& name) {
 QPushButton* WhereBuilder::button(const QString& name, const QString& caption, const QString& toolTip,
                                   void (WhereBuilder::*action)()) {
   QPushButton* made = makeButton(name, caption, toolTip);
+  made->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   connect(made, &QPushButton::clicked, this, action);
   return made;
 }
