@@ -16,7 +16,7 @@ namespace velmar {
 
 namespace {
 
-const QString kSupplierToName = QStringLiteral(" 1 ");
+constexpr int kSupplierToName = 1;  // stands until the order is given its own
 const QString kPrototype = QStringLiteral("FormularComandaPrototip.htm");
 const QString kOrderForm = QStringLiteral("FormularComanda.htm");
 const QByteArray kMarker = "//@Inceput#";

@@ -102,7 +102,7 @@ void addArticle(const Row& article) {
   transaction.commit();
 }
 
-void saveArticle(const Row& article) {
+void saveArticle(const Row& article, const Row& shown) {
   if (article.text("CODART").trimmed().isEmpty())
     throw RuleError(QStringLiteral("Pentru modificari, va rugam selectati un articol existent !"));
   requireFilled(article, "modifica");
@@ -112,7 +112,13 @@ void saveArticle(const Row& article) {
   requireVatNumber(article);
   if (currencyPrice && *currencyPrice > Decimal(0) && article.text("CODDEVIZAVANZ").trimmed().isEmpty())
     throw RuleError(QStringLiteral("Va rugam alegeti codul valutei !"), "CODDEVIZAVANZ");
-  if (!updateRecord(articles(), stored(article, kComputed))) throw gone();
+  QStringList leftOut = kComputed;
+  for (const QString& name : article.columns()) {
+    const bool same = shown.has(name) && shown.value(name).toString() == article.value(name).toString();
+    if (same && name != QStringLiteral("CODART")) leftOut.append(name);
+  }
+  const Row changed = stored(article, leftOut);
+  if (changed.columns().size() > 1 && !updateRecord(articles(), changed)) throw gone();
 }
 
 void requireRemovableArticle(const QString& code) {

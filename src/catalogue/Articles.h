@@ -25,9 +25,10 @@ Row newArticle();
 /// TCOST). Cost, prices and stock start at 0 whatever the row says.
 void addArticle(const Row& article);
 
-/// Writes the row over the article with its `CODART`; what the stock engine computes in it stays as it is,
-/// but the cost may be written. Throws as addArticle(), and when a price in currency names no currency.
-void saveArticle(const Row& article);
+/// Writes what differs between the article as it was shown and as it stands now, so that what the stock
+/// engine has written meanwhile is not taken back. Throws as addArticle(), and when a price in currency names
+/// no currency.
+void saveArticle(const Row& article, const Row& shown);
 
 /// Throws RuleError when documents name the article.
 void requireRemovableArticle(const QString& code);

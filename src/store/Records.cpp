@@ -14,10 +14,15 @@ QString quoted(const QString& name) {
 }
 
 // A cell as its column takes it.
-Value stored(const QVariant& cell, ColumnType type) {
+Value stored(const QVariant& cell, const Column& column) {
   if (cell.isNull() || cell.toString().isEmpty()) return {};
-  if (type == ColumnType::Integer) return qint64(std::llround(cell.toDouble()));
-  return Value::raw(cell);
+  const bool isNumber = column.type == ColumnType::Integer || column.type == ColumnType::Real;
+  if (!isNumber) return Value::raw(cell);
+  std::optional<Decimal> number = parseNumber(cell.toString());
+  if (cell.typeId() != QMetaType::QString) number = Decimal::fromDouble(cell.toDouble());
+  if (!number) throw RuleError(QStringLiteral("Valoarea trebuie sa fie numerica"), column.name);
+  if (column.type == ColumnType::Integer) return qint64(std::llround(number->toDouble()));
+  return *number;
 }
 
 // The row as it will stand in the table, in the order of its columns.
@@ -28,7 +33,7 @@ Values checkedValues(const Table& table, const Row& row) {
     const Column* column = table.column(name);
     if (!column)
       throw StoreError(0, QStringLiteral("Tabela %1 nu are coloana %2").arg(table.name(), name));
-    values.push_back(stored(row.value(name), column->type));
+    values.push_back(stored(row.value(name), *column));
   }
   return values;
 }

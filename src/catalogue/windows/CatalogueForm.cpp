@@ -106,8 +106,7 @@ QList<QPushButton*> CatalogueForm::navigation() {
       command("cmdPrev", "<", "Inregistrarea anterioara", {}, [this] { step(-1); }),
       command("cmdNext", ">", "Inregistrarea urmatoare", {}, [this] { step(1); }),
       command("cmdLast", ">|", "Ultima inregistrare", {}, [this] { moveTo(list()->rows().size() - 1); })};
-  for (QPushButton* button : steps)
-    button->setMaximumWidth(button->fontMetrics().horizontalAdvance("0") * 6);
+  for (QPushButton* button : steps) button->setMaximumWidth(button->fontMetrics().horizontalAdvance("0") * 6);
   return steps;
 }
 

@@ -1,6 +1,7 @@
 #include "shell/windows/MenuTable.h"
 
 #include "catalogue/windows/FrmActPretVanz.h"
+#include "catalogue/windows/frmArticole.h"
 #include "catalogue/windows/frmArticoleDiscount.h"
 #include "catalogue/windows/frmTerti.h"
 #include "config/windows/frmConexiuni.h"
@@ -40,7 +41,7 @@ std::vector<MenuEntry> entries() {
       {"mnuTabeleFurnizori", "&Furnizori", Opens::One, "frmTerti F", makeSuppliers},
       {"", "", Opens::Separator, {}},
       {"mnuTabeleFamArt", "&Familii Articole", Opens::One, "frmFamArticole", nullptr},
-      {"mnuTabeleArticole", "&Articole", Opens::One, "frmArticole", nullptr},
+      {"mnuTabeleArticole", "&Articole", Opens::One, "frmArticole", make<frmArticole>},
       {"mnuDiscounturiArt", "&Discounturi Articole", Opens::New, "frmArticoleDiscount",
        make<frmArticoleDiscount>},
       {"", "", Opens::Separator, {}},

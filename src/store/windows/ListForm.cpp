@@ -209,6 +209,8 @@ void ListForm::takeBack() {
     showRecord(grid_->currentRecord());
 }
 
+void ListForm::say(const QString& text) { state_->setText(text); }
+
 void ListForm::showState() { state_->setText(card_.isChanged() ? "Modificat, nesalvat" : ""); }
 
 void ListForm::keyPressEvent(QKeyEvent* event) {

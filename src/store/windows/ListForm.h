@@ -53,6 +53,8 @@ class ListForm : public QWidget {
 
   /// Runs a command's work, unless a box or a cell refuses what stands in it.
   void run(const QString& procedure, const std::function<void()>& work);
+  /// Tells on the window itself what a command did, until something is typed.
+  void say(const QString& text);
   /// Asks a question of deletion.
   bool confirmed(const QString& question);
 

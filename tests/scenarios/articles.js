@@ -1,0 +1,202 @@
+// Articles: a first article without a cost method, the checks of adding and saving, prices, search, what a document
+// spares, orders and exports.
+setToday("2026-03-15");
+company({ method: "" });
+sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (1, 'FURNIZOR UNU', 'F'), (2, 'CLIENT', 'C'), (3, 'MIXT', 'M')");
+sql("INSERT INTO G_FAMART (COD, DENUMIRE) VALUES (1, 'Mobilier'), (2, 'Textile')");
+
+menu("mnuTabeleArticole");
+let w = win("frmArticole");
+let grid = w.grid("grdDataGrid");
+equal(w.tabs(), ["Lista Articole", "Articol Detalii"]);
+equal(w.text("LabelNRINREG"), "0");
+check(!w.isEnabled("cmdStocPeMag"));
+
+// The checks in their order, with the focus where the fault is.
+answer("OK");
+w.click("cmdSalvareArticol");
+expectMessage("Pentru modificari, va rugam selectati un articol existent !");
+w.tab("Articol Detalii");
+equal([w.text("txtCamp(5)"), w.text("txtCamp(8)"), w.text("cboProv")], ["Buc", "0,00", "M"]);
+function refused(text, control) {
+  answer("OK");
+  w.click("cmdAdauga");
+  expectMessage(text);
+  check(w.hasFocus(control), "the focus in " + control);
+}
+refused("Cod trebuie completat pentru a se putea adauga articolul !", "txtCamp(0)");
+w.type("txtCamp(0)", "a-b '_1");
+equal(w.text("txtCamp(0)"), "AB1");
+refused("Denumire 1 trebuie completat pentru a se putea adauga articolul !", "txtCamp(2)");
+w.type("txtCamp(2)", "Scaun 'fag'");
+equal(w.text("txtCamp(2)"), "Scaun fag");
+refused("Familie trebuie completat pentru a se putea adauga articolul !", "DataCombo2");
+w.pick("DataCombo2", "Mobilier");
+equal(w.text("txtCamp(3)"), "1");
+equal(w.items("DataCombo1"), ["FURNIZOR UNU", "MIXT"]);
+refused("Furnizor trebuie completat pentru a se putea adauga articolul !", "DataCombo1");
+w.pick("DataCombo1", "FURNIZOR UNU");
+w.type("txtCamp(5)", "");
+refused("U.M. trebuie completat pentru a se putea adauga articolul !", "txtCamp(5)");
+w.type("txtCamp(5)", "Set");
+shot("card");
+
+// No method of valuing stock yet: nothing is stored and the parameters open.
+answer("OK");
+w.click("cmdAdauga");
+expectMessage("VA ROG SA ALEGETI METODA DE EVALUARE A STOCURILOR!");
+check(isOpen("frmParamSoc"));
+win("frmParamSoc").close();
+equal(sql("SELECT COUNT(*) AS N FROM G_ARTMAG"), [{ N: 0 }]);
+sql("UPDATE kt_info SET TCOST = 'MP'");
+w.click("cmdAdauga");
+noMessage();
+equal(sql("SELECT CODART, DENART, FAMART, UM, CODFURNIZO, COTATVA, COST, PRETVFT, STOC, FARASTOC, PROVENIENTA, PALET FROM G_ARTMAG"),
+      [{ CODART: "AB1", DENART: "Scaun fag", FAMART: 1, UM: "Set", CODFURNIZO: 1, COTATVA: 19, COST: 0, PRETVFT: 0,
+         STOC: 0, FARASTOC: 0, PROVENIENTA: "M", PALET: " " }]);
+
+// The next one starts with the unit typed last, unless another window was in front; a code that exists is refused.
+w.click("cmdAdauga");
+check(w.hasFocus("txtCamp(0)"));
+equal([w.text("txtCamp(5)"), w.text("txtCamp(2)")], ["Buc", ""]);
+w.type("txtCamp(5)", "Kg");
+w.click("cmdFirst");
+equal(w.text("txtControl"), "AB1");
+w.click("cmdAdauga");
+equal([w.text("txtControl"), w.text("txtCamp(5)")], ["", "Kg"]);
+w.type("txtCamp(0)", "ab1");
+w.type("txtCamp(2)", "Servicii");
+w.pick("DataCombo2", "Textile");
+w.pick("DataCombo1", "MIXT");
+w.set("chkFaraStoc", true);
+w.type("txtCamp(5)", "");
+refused("Articolul cu codul AB1 exista deja ! Articolul nu se poate adauga !", "txtCamp(0)");
+w.type("txtCamp(0)", "SV");
+w.click("cmdAdauga");
+w.tab("Lista Articole");
+equal(grid.column("CODART"), ["AB1", "SV"]);
+equal([grid.cell(0, "FAMILIE"), grid.cell(0, "FURNIZOR"), grid.cell(1, "FARASTOC")], ["Mobilier", "FURNIZOR UNU", "DA"]);
+
+// In stock at cost 3: 6.50 without VAT gives a mark-up of 116.67 and 7.74 (7.735 to the even digit) with VAT.
+sql("UPDATE G_ARTMAG SET STOC = 10, COST = 3 WHERE CODART = 'AB1'");
+key("F5");
+grid.select(1);
+grid.select(0);
+w.tab("Articol Detalii");
+check(!w.isEnabled("chkFaraStoc") && w.isVisible("Frame5") && w.isVisible("Frame10") && w.isVisible("picPreturi"));
+check(w.isReadOnly("txtCamp(0)") && w.isReadOnly("txtCamp(11)") && !w.isReadOnly("txtCamp(10)"));
+w.type("txtCamp(10)", "6.5");
+equal([w.text("txtCamp(9)"), w.text("txtCamp(10)"), w.text("txtCamp(11)")], ["116,67", "6,50", "7,74"]);
+w.set("optModCalc(1)", true);
+check(w.isReadOnly("txtCamp(10)") && !w.isReadOnly("txtCamp(11)"));
+w.type("txtCamp(11)", "11,90");
+equal([w.text("txtCamp(9)"), w.text("txtCamp(10)")], ["233,33", "10,00"]);
+answer("OK");
+w.type("txtCamp(11)", "x");
+expectMessage("Valoarea trebuie sa fie numerica");
+check(w.hasFocus("txtCamp(11)"));
+w.type("txtCamp(11)", "11,90");
+w.type("txtCamp(13)", "2,5");
+answer("OK");
+w.click("cmdSalvareArticol");
+expectMessage("Va rugam alegeti codul valutei !");
+w.pick("cboCodDevizaDenumire", w.items("cboCodDevizaDenumire").find(item => item.startsWith("EUR-")));
+shot("prices");
+// Another workstation has received goods meanwhile: their cost and stock are not taken back.
+sql("UPDATE G_ARTMAG SET STOC = 14, COST = 3.25 WHERE CODART = 'AB1'");
+w.click("cmdSalvareArticol");
+equal(sql("SELECT COST, STOC, ADAOS, PRETVFT, PRETVTTI, PRETDEVIZAVANZ, CODDEVIZAVANZ FROM G_ARTMAG WHERE CODART = 'AB1'"),
+      [{ COST: 3.25, STOC: 14, ADAOS: 233.33, PRETVFT: 10, PRETVTTI: 11.9, PRETDEVIZAVANZ: 2.5, CODDEVIZAVANZ: "EUR" }]);
+
+// Without stock the mark-up stays out of it.
+w.tab("Lista Articole");
+grid.select(1);
+w.tab("Articol Detalii");
+check(w.isEnabled("chkFaraStoc") && !w.isVisible("Frame5") && w.isVisible("picPreturi"));
+
+// Search and filter.
+w.tab("Lista Articole");
+equal(w.items("cboCautare"), ["Denumire 1", "Denumire 2", "COD"]);
+w.pick("cboCautare", "COD");
+w.type("txtCautare", "s");
+w.press("txtCautare", "Enter");
+equal([grid.column("CODART"), w.text("LabelNRINREG")], [["SV"], "1"]);
+w.type("txtCautare", "q");
+answer("OK");
+w.press("txtCautare", "Enter");
+expectMessage("Nu exista inregistrari care sa inceapa cu q !");
+equal(grid.column("CODART"), ["SV"]);
+w.pick("cboCamp", "FAMILIE ARTICOLE");
+w.pick("cboValoare", "Mobilier");
+w.click("cmdCauta");
+equal([grid.column("CODART"), w.text("lblConditie")], [["AB1"], 'FAMILIE ARTICOLE egal cu "Mobilier"']);
+w.click("cmdGoleste");
+w.click("cmdCauta");
+
+// An order of the selected lines: what was issued, at cost.
+sql("UPDATE G_ARTMAG SET CANTE = 4 WHERE CODART = 'AB1'");
+key("F5");
+grid.selectMany([0, 1]);
+answer("OK");
+w.click("cmdComanda");
+expectMessage("Comanda Furnizor cu numarul 1 a fost generata in grila Comenzi Furnizor.");
+equal(sql("SELECT NUMCOM, CODFUR, DATACOM FROM G_COMFUR"), [{ NUMCOM: "1", CODFUR: 1, DATACOM: "2026-03-15" }]);
+equal(sql("SELECT NRLINIE, CODART, CANT, PRETFT, VALOAREFT, CANTRLIV FROM G_LCOMFU ORDER BY NRLINIE"),
+      [{ NRLINIE: 1, CODART: "AB1", CANT: 4, PRETFT: 3.25, VALOAREFT: 13, CANTRLIV: 4 },
+       { NRLINIE: 2, CODART: "SV", CANT: 0, PRETFT: 0, VALOAREFT: 0, CANTRLIV: 0 }]);
+
+// The catalogue as XML; the order form from its prototype.
+w.click("CommandButton1");
+const xml = readFile(paths().app + "/articole.xml");
+check(xml.includes("<gestiuneExport>") && xml.includes('DENUMIRE="Textile"') && xml.includes('CODART="AB1"'));
+answer("OK");
+w.click("cmdSaveXML");
+expectMessage("Nu exista fisierul FormularComandaPrototip.htm in directorul aplicatiei: ");
+writeFile(paths().app + "/FormularComandaPrototip.htm", "<script>//@Inceput#</script>");
+sql("UPDATE G_ARTMAG SET TipAparat = 'BTE', DENART = 'Aparat \"X\"' WHERE CODART = 'AB1'");
+answer("OK");
+w.click("cmdSaveXML");
+expectMessage("Fisierul HTM a fost creat cu succes in directorul: ");
+const form = readFile(paths().app + "/HTML/FormularComanda.htm");
+check(form.includes("\n\tfrmComanda.cboArticol.options[0]") && form.includes('"- Mobilier - "') &&
+      form.includes('"AB1"') && form.includes("options[2]") && form.endsWith("//@Inceput#</script>"), form);
+
+// What a document names stays; the rest goes with the question.
+sql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT) VALUES ('BI1', 1, 'AB1', 1)");
+key("F5");
+grid.select(0);
+answer("OK");
+w.click("cmdSterge");
+expectMessage("Articolul este inregistrat in documente.Operatia nu se poate efectua", { title: "Atentie" });
+grid.select(1);
+answer("Da");
+w.click("cmdSterge");
+expectMessage("Sunteti sigur ca doriti sa stergeti articolul : Servicii si Stoc = 0 ?", { title: "Confirmare stergere" });
+equal(grid.column("CODART"), ["AB1"]);
+equal(w.tabs().length, 2);
+w.close();
+
+// Hearing devices have columns and boxes of their own.
+company({ hearing: true });
+sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (1, 'FURNIZOR UNU', 'F')");
+sql("INSERT INTO G_FAMART (COD, DENUMIRE) VALUES (1, 'Aparate')");
+sql("INSERT INTO G_ARTMAG (CODART, DENART, FAMART, UM, CODFURNIZO, COTATVA, COST, STOC, PretVanzare, CompensareCAS) " +
+    "VALUES ('H1', 'Aparat retroauricular', 1, 'Buc', 1, 19, 100, 1, 900, 350.5)");
+menu("mnuTabeleArticole");
+w = win("frmArticole");
+equal(w.grid("grdDataGrid").cell(0, "DiferentaPacient"), "549,50");
+w.tab("Articol Detalii");
+equal(w.text("txtDiferenta"), "549,50");
+answer("OK");
+w.type("txtPretVanzare", "mult");
+expectMessage("Va rog introduceti o valoare numerica");
+equal(w.text("txtDiferenta"), "-350,50");
+w.type("txtPretVanzare", "1000");
+equal(w.text("txtDiferenta"), "649,50");
+check(!w.isEnabled("cboDeviza"));
+w.set("chkDeviza", true);
+w.pick("cboDeviza", "EUR");
+w.type("txtModel", "M2");
+shot("hearing");
+w.click("cmdSalvareArticol");
+equal(sql("SELECT PretVanzare, TipEmitator, CODDEVIZA FROM G_ARTMAG"), [{ PRETVANZARE: 1000, TIPEMITATOR: "M2", CODDEVIZA: "EUR" }]);
