@@ -9,6 +9,7 @@ namespace velmar::bench {
 bool measureVouchers();
 bool checkPlans();
 bool measureArticles();
+bool measureLists();
 bool measureStart();
 
 /// With this option and a databases folder the process is the program that measureStart() times.

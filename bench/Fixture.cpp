@@ -89,6 +89,16 @@ constexpr const char* kFillLedger =
     "date('2024-03-15', (i * 730 / 50000) || ' days') || ' 10:00:00.000', 'document', "
     "CASE WHEN cont IN ('4111', '401') THEN 1 + i % 100 END, 'FC' FROM n JOIN l";
 
+constexpr int kGrownCatalogue = 100'000;
+
+// Each partner has postings of its own.
+constexpr const char* kGrowPartners =
+    "WITH RECURSIVE n (i) AS (SELECT 101 UNION ALL SELECT i + 1 FROM n WHERE i < 50000), "
+    "kind (k, tip) AS (VALUES (0, 'C'), (1, 'C'), (2, 'F'), (3, 'M')) "
+    "INSERT INTO kt_ter (COD, NUME, TIP, ORAS) SELECT i, 'Partener ' || (i * 7919 % 100000), tip, 'Oras ' || "
+    "i % 300 FROM n JOIN kind ON k = i % 4; "
+    "UPDATE kt_linii SET TERT = 1 + NDI % 50000 WHERE TERT IS NOT NULL";
+
 QString folder() {
   static const QTemporaryDir dir;
   static const bool written = [] {
@@ -141,14 +151,29 @@ const QString& millionLines() {
   return path;
 }
 
+const QString& grown() {
+  static const QString path = filled(QStringLiteral("crescut.mdb"), [](BareConnection& connection) {
+    progress(QStringLiteral("Se umple un catalog de 100.000 articole si 50.000 terti"));
+    fillMasters(connection, kGrownCatalogue);
+    connection.run(kFillLedger);
+    connection.run(kGrowPartners);
+  });
+  return path;
+}
+
+const QString& original(CompanySize size) {
+  if (size == CompanySize::Grown) return grown();
+  return size == CompanySize::EmptyLedger ? emptyLedger() : millionLines();
+}
+
 }  // namespace
 
 QString draftNumber(int lines, int draft) { return QString::number(lines * 1000 + draft); }
 
 QString copyOfCompany(CompanySize size, const QString& fileName) {
-  const QString& original = size == CompanySize::EmptyLedger ? emptyLedger() : millionLines();
+  const QString& from = original(size);
   QString path = pathInFolder(folder(), fileName);
-  if (!QFile::copy(original, path)) throw StoreError(0, QStringLiteral("Nu s-a copiat %1").arg(original));
+  if (!QFile::copy(from, path)) throw StoreError(0, QStringLiteral("Nu s-a copiat %1").arg(from));
   return path;
 }
 

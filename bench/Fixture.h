@@ -17,8 +17,9 @@ inline constexpr int kDrafts = 2 * kRounds;
 QString draftNumber(int lines, int draft);
 
 enum class CompanySize {
-  EmptyLedger,  ///< 10,000 articles, the drafts, nothing validated
-  MillionLines  ///< as EmptyLedger, with 1,000,000 lines of 50,000 documents and 500,000 of notes
+  EmptyLedger,   ///< 10,000 articles, the drafts, nothing validated
+  MillionLines,  ///< as EmptyLedger, with 1,000,000 lines of 50,000 documents and 500,000 of notes
+  Grown          ///< as MillionLines, without drafts, with 100,000 articles and 50,000 partners
 };
 
 /// The path of a fresh copy of such a company. The original is made once a run.

@@ -1,5 +1,5 @@
 #include <cstdio>
-#include <QCoreApplication>
+#include <QApplication>
 
 #include "Benches.h"
 #include "util/Errors.h"
@@ -12,9 +12,8 @@ struct Bench {
 };
 
 const Bench kBenches[] = {
-    {"voucher", velmar::bench::measureVouchers},
-    {"plans", velmar::bench::checkPlans},
-    {"articles", velmar::bench::measureArticles},
+    {"voucher", velmar::bench::measureVouchers},  {"plans", velmar::bench::checkPlans},
+    {"articles", velmar::bench::measureArticles}, {"lists", velmar::bench::measureLists},
     {"start", velmar::bench::measureStart},
 };
 
@@ -28,7 +27,9 @@ bool isKnown(const QString& name) {
 int main(int argc, char** argv) {
   if (argc == 3 && argv[1] == velmar::bench::kStartOption)
     return velmar::bench::runStartedProgram(argc, argv, QString::fromLocal8Bit(argv[2]));
-  const QCoreApplication application(argc, argv);
+  // Windows are measured without a display.
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
   const QStringList names = QCoreApplication::arguments().mid(1);
   for (const QString& name : names)
     if (!isKnown(name)) {

@@ -5,15 +5,17 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "catalogue/windows/frmTerti.h"
 #include "config/Lists.h"
 #include "config/windows/ComboFill.h"
 #include "store/Schema.h"
 #include "util/NumberText.h"
+#include "util/windows/Controls.h"
 #include "util/windows/DateBox.h"
 #include "util/windows/Entry.h"
 #include "util/windows/KeyFilter.h"
-#include "util/windows/Look.h"
 #include "util/windows/SearchCombo.h"
+#include "util/windows/WindowHost.h"
 
 namespace velmar {
 
@@ -86,11 +88,13 @@ void HeaderForm::addPartnerField(const HeaderField& field) {
   partner_ = new SearchCombo("DataCombo1", field.toolTip, kShownPartner, this);
   moveOnWithEnter(partner_);
   connect(partner_, &SearchCombo::settled, this, &HeaderForm::takePartner);
-  // The dialog of a new partner does not exist yet.
-  auto* add = new QPushButton(icon("add-partner"), QString(), this);
-  add->setObjectName("cmdAdaugaTert1");
-  add->setToolTip("Adaugare tert nou");
-  add->setEnabled(false);
+  auto* add = makeButton("cmdAdaugaTert1", {}, "Adaugare tert nou", "add-partner");
+  connect(add, &QPushButton::clicked, this, [this] {
+    const bool suppliers = kind_.partnersAreSuppliers;
+    windowHost()->showOne(suppliers ? "frmTerti F" : "frmTerti C", [suppliers] {
+      return suppliers ? makeSuppliers(nullptr) : makeCustomers(nullptr);
+    });
+  });
   auto* row = new QHBoxLayout;
   row->addWidget(code);
   row->addWidget(partner_, 1);

@@ -285,6 +285,9 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
   if (child && child->widget() && event->type() == QEvent::Close && !child->isMaximized() &&
       !child->isMinimized())
     settings::setLook(child->widget()->objectName(), child->size());
+  // A window that closes may have changed what the company trades in.
+  if (child && event->type() == QEvent::Close)
+    QMetaObject::invokeMethod(this, &frmMain::showHearingEntries, Qt::QueuedConnection);
   return QMainWindow::eventFilter(watched, event);
 }
 
