@@ -10,10 +10,10 @@
 #include "config/CompanyFiles.h"
 #include "config/CostMethod.h"
 #include "config/Session.h"
+#include "config/Warehouses.h"
 #include "documents/DocumentEditor.h"
 #include "shell/Login.h"
 #include "shell/SampleData.h"
-#include "config/Warehouses.h"
 #include "store/DatabaseFiles.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
@@ -47,7 +47,7 @@ struct Catalogue {
 std::vector<qint64> addFamilies() {
   std::vector<qint64> codes;
   for (const SampleFamily& family : sampleFamilies())
-    codes.push_back(addFamily({family.name, "371", "607", "707", family.productStock}));
+    codes.push_back(addFamily(newFamily(family.name, "371", "607", "707", family.productStock)));
   return codes;
 }
 

@@ -5,6 +5,7 @@
 
 #include "config/Lists.h"
 #include "config/windows/ComboFill.h"
+#include "store/ListRows.h"
 #include "util/Messages.h"
 #include "util/windows/SearchCombo.h"
 
@@ -60,6 +61,19 @@ void fillCodeCombos(const QList<SearchCombo*>& combos, const BoundList& list) {
     for (QObject* child : combo->children())
       if (auto* pair = dynamic_cast<CodePair*>(child)) pair->showCode();
   }
+}
+
+BoundList accountsBeginning(const QStringList& prefixes) {
+  Condition any;
+  for (const QString& prefix : prefixes) {
+    const Condition one = beginsWith(QStringLiteral("CONT"), prefix);
+    if (one.isEmpty()) return codeList("kt_pc", "CONT", "TITLU");
+    any.sql += (any.isEmpty() ? QString() : QStringLiteral(" OR ")) + QStringLiteral("(%1)").arg(one.sql);
+    any.values.insert(any.values.end(), one.values.begin(), one.values.end());
+  }
+  BoundList list = codeList("kt_pc", "CONT", "TITLU", any.sql);
+  list.values = any.values;
+  return list;
 }
 
 BoundList codeList(const QString& table, const QString& code, const QString& name, const QString& condition) {

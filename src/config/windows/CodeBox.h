@@ -20,6 +20,9 @@ void pairWithCombo(QLineEdit* box, SearchCombo* combo,
 /// Hangs lists that are paired with boxes on one statement; they show the codes of their boxes anew.
 void fillCodeCombos(const QList<SearchCombo*>& combos, const BoundList& list);
 
+/// A list of "account-title": the accounts that begin with one of these texts; an empty text takes them all.
+BoundList accountsBeginning(const QStringList& prefixes);
+
 /// A list of "code-name" from a table that has a code and a name.
 BoundList codeList(const QString& table, const QString& code, const QString& name,
                    const QString& condition = {});

@@ -2,10 +2,16 @@
 
 #include "catalogue/windows/FrmActPretVanz.h"
 #include "catalogue/windows/frmArticleDiscount.h"
+#include "catalogue/windows/frmFamArticole.h"
 #include "config/windows/frmConexiuni.h"
+#include "config/windows/frmCoteTVA.h"
+#include "config/windows/frmJurnale.h"
 #include "config/windows/frmMagazii.h"
 #include "config/windows/frmParamSoc.h"
+#include "config/windows/frmPC.h"
 #include "config/windows/frmSocietati.h"
+#include "config/windows/frmUtilizatori.h"
+#include "config/windows/frmValute.h"
 #include "documents/windows/frmGRILABonIntr.h"
 #include "shell/windows/frmAbout.h"
 
@@ -23,7 +29,7 @@ std::vector<MenuEntry> entries() {
       {"mnuFile", "&Societate", Opens::Menu, {}},
       {"mnuCreare", "C&reare", Opens::One, "frmSocietati", make<frmSocietati>},
       {"mnuFilemnuSocConf", "&Configurare", Opens::One, "frmParamSoc", make<frmParamSoc>},
-      {"mnuUtilizatori", "&Utilizatori", Opens::One, "frmUtilizatori", nullptr},
+      {"mnuUtilizatori", "&Utilizatori", Opens::One, "frmUtilizatori", make<frmUtilizatori>},
       {"mnuMagazii", "&Magazii", Opens::One, "frmMagazii", make<frmMagazii>},
       {"", "", Opens::Separator, {}},
       {"mnuFileExit", "&Iesire", Opens::Own, {}},
@@ -38,15 +44,15 @@ std::vector<MenuEntry> entries() {
       {"mnuTabeleClienti", "&Clienti", Opens::One, "frmTerti C", nullptr},
       {"mnuTabeleFurnizori", "&Furnizori", Opens::One, "frmTerti F", nullptr},
       {"", "", Opens::Separator, {}},
-      {"mnuTabeleFamArt", "&Familii Articole", Opens::One, "frmFamArticole", nullptr},
+      {"mnuTabeleFamArt", "&Familii Articole", Opens::One, "frmFamArticole", make<frmFamArticole>},
       {"mnuTabeleArticole", "&Articole", Opens::One, "frmArticole", nullptr},
       {"mnuDiscounturiArt", "&Discounturi Articole", Opens::New, "frmArticoleDiscount", nullptr},
       {"", "", Opens::Separator, {}},
-      {"mnumnuTabelemnuTabPC", "&Plan de Conturi", Opens::One, "frmPC", nullptr},
-      {"mnumnuTabelemnuTabTVA", "&TVA", Opens::One, "frmCoteTVA", nullptr},
-      {"mnumnuTabelemnuPrelValuta", "&Valute", Opens::One, "frmValute", nullptr},
+      {"mnumnuTabelemnuTabPC", "&Plan de Conturi", Opens::One, "frmPC", make<frmPC>},
+      {"mnumnuTabelemnuTabTVA", "&TVA", Opens::One, "frmCoteTVA", make<frmCoteTVA>},
+      {"mnumnuTabelemnuPrelValuta", "&Valute", Opens::One, "frmValute", make<frmValute>},
       {"", "", Opens::Separator, {}},
-      {"mnuJurnale", "&Jurnale", Opens::One, "frmJurnale", nullptr},
+      {"mnuJurnale", "&Jurnale", Opens::One, "frmJurnale", make<frmJurnale>},
       {"mnuTabeleDocumente", "&Documente", Opens::One, "frmLDoc", nullptr},
       {"mnuMiscastoc", "&Miscari de stoc", Opens::One, "frmMiscariStoc", nullptr},
 

@@ -66,13 +66,17 @@ QPushButton* ListForm::exitCommand() {
 }
 
 void ListForm::setKeys(QPushButton* add, QPushButton* remove) {
+  setKeys(add, remove ? std::function<void()>([remove] { remove->click(); }) : nullptr);
+}
+
+void ListForm::setKeys(QPushButton* add, const std::function<void()>& remove) {
   const auto onGrid = [this](int key, const std::function<void()>& work) {
     auto* shortcut = new QShortcut(QKeySequence(key), grid_);
     shortcut->setContext(Qt::WidgetShortcut);
     connect(shortcut, &QShortcut::activated, this, work);
   };
   if (add) onGrid(Qt::Key_Insert, [this] { run("Insert", [this] { startNew(); }); });
-  if (remove) onGrid(Qt::Key_Delete, [remove] { remove->click(); });
+  if (remove) onGrid(Qt::Key_Delete, [this, remove] { run("Delete", remove); });
 }
 
 QWidget* ListForm::searchRow(const QString& field) {
@@ -156,6 +160,22 @@ bool ListForm::confirmed(const QString& question) {
   return Mesaj(question, kQuestion + kYesNo, QStringLiteral("Confirmare stergere")) == kResultYes;
 }
 
+bool ListForm::removeCurrent(const QString& question, const std::function<void(const QString& key)>& remove) {
+  const Row* current = grid_->currentRecord();
+  if (!current) return false;
+  const QString key = current->text(keyField_);
+  if (!confirmed(QString(question).replace(QStringLiteral("%1"), key))) return false;
+  remove(key);
+  refresh();
+  return true;
+}
+
+void ListForm::showAdded(const QString& key) {
+  refresh();
+  grid_->selectRecord(keyField_, key);
+  if (addOnly_) startNew();
+}
+
 void ListForm::refresh() {
   stale_ = false;
   const Row* current = grid_->currentRecord();
@@ -187,7 +207,8 @@ void ListForm::follow(const QSet<QString>& written) {
 }
 
 void ListForm::showRecord(const Row* record) {
-  new_ = !record;
+  new_ = addOnly_ || !record;
+  if (addOnly_) return;
   if (record)
     card_.show(*record);
   else
