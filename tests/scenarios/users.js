@@ -1,5 +1,7 @@
 // The list of users: adding, deleting, cells; admin stays, and so does a user with all rights.
 company();
+menu("mnuUtilizatori");
+const w = win("frmUtilizatori");
 const users = () => sql("SELECT NUME, PAROLA, TIP FROM UTILIZATORI ORDER BY NUME");
 const refusedWith = (control, command, text) => {
   answer("OK");
@@ -7,9 +9,7 @@ const refusedWith = (control, command, text) => {
   expectMessage(text, {icon: "critical"});
   if (control) check(w.hasFocus(control), "focus on " + control);
 };
-menu("mnuUtilizatori");
-let w = win("frmUtilizatori");
-let grid = w.grid("grdDataGrid");
+const grid = w.grid("grdDataGrid");
 equal(w.title(), "Utilizatori");
 equal(grid.captions(), ["Nume", "Parola", "Tip"]);
 equal(w.items("cboTip"), ["0 (Toate)", "1 (Culegeri + raportari)", "2 (Raportari)"]);

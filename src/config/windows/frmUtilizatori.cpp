@@ -59,7 +59,7 @@ QWidget* frmUtilizatori::cardFrame() {
 
 void frmUtilizatori::remove() {
   if (const Row* current = list()->currentRecord()) requireRemovableUser(current->text("NUME"));
-  removeCurrent("Sunteti sigur ca doriti sa stergeti utilizatorul : %1 ?", removeUser);
+  removeCurrent("Sunteti sigur ca doriti sa stergeti utilizatorul : %1 ?", removeUser, "Confirmare");
 }
 
 }  // namespace velmar

@@ -156,15 +156,16 @@ void ListForm::focusField(const QString& column) {
   if (auto* box = qobject_cast<QLineEdit*>(at)) box->selectAll();
 }
 
-bool ListForm::confirmed(const QString& question) {
-  return Mesaj(question, kQuestion + kYesNo, QStringLiteral("Confirmare stergere")) == kResultYes;
+bool ListForm::confirmed(const QString& question, const QString& title) {
+  return Mesaj(question, kQuestion + kYesNo, title) == kResultYes;
 }
 
-bool ListForm::removeCurrent(const QString& question, const std::function<void(const QString& key)>& remove) {
+bool ListForm::removeCurrent(const QString& question, const std::function<void(const QString& key)>& remove,
+                             const QString& title) {
   const Row* current = grid_->currentRecord();
   if (!current) return false;
   const QString key = current->text(keyField_);
-  if (!confirmed(QString(question).replace(QStringLiteral("%1"), key))) return false;
+  if (!confirmed(QString(question).replace(QStringLiteral("%1"), key), title)) return false;
   remove(key);
   refresh();
   return true;
@@ -190,7 +191,7 @@ void ListForm::refresh() {
 
 // What is being typed into the card stays as it is.
 void ListForm::refreshKeepingEdits() {
-  keepEdits_ = new_ || card_.isChanged();
+  keepEdits_ = !addOnly_ && (new_ || card_.isChanged());
   refresh();
   keepEdits_ = false;
 }

@@ -57,10 +57,11 @@ class ListForm : public QWidget {
   /// Runs a command's work, unless a box or a cell refuses what stands in it.
   void run(const QString& procedure, const std::function<void()>& work);
   /// Asks a question of deletion.
-  bool confirmed(const QString& question);
+  bool confirmed(const QString& question, const QString& title = QStringLiteral("Confirmare stergere"));
   /// Asks the question, then deletes the current record by its key; gives whether it did. The question holds
   /// the key as %1.
-  bool removeCurrent(const QString& question, const std::function<void(const QString& key)>& remove);
+  bool removeCurrent(const QString& question, const std::function<void(const QString& key)>& remove,
+                     const QString& title = QStringLiteral("Confirmare stergere"));
   /// Reads the list again with the record of that key as the current one; a card that is only for adding is
   /// ready for the next.
   void showAdded(const QString& key);
