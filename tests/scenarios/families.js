@@ -6,6 +6,7 @@ let w = win("frmFamArticole");
 let grid = w.grid("grdDataGrid");
 equal(w.title(), "Familii Articole");
 equal(grid.captions(), ["Cod", "Denumire", "Cont stoc marfa", "Cont cheltuieli", "Cont venituri", "Cont stoc productie"]);
+check(w.hasFocus("txtDenumire"), "ready for a name");
 shot("families-empty");
 const starts = (list, digits) => w.items(list).length > 0 && w.items(list).every(item => digits.includes(item[0]));
 check(starts("cboCont(0)", "36") && starts("cboCont(1)", "6") && starts("cboCont(2)", "7") && starts("cboCont(3)", "3"),
@@ -44,7 +45,7 @@ equal(boxes.map(box => w.text(box)), ["", "", "", "", "", ""]);
 
 grid.select(0);
 equal(boxes.map(box => w.text(box)), ["1", "Mobila", "371", "607", "707", "345"]);
-shot("families");
+shot("families-card");
 w.type("txtDenumire", "");
 answer("OK");
 w.click("CommandButton1");

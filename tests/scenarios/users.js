@@ -15,6 +15,7 @@ equal(grid.captions(), ["Nume", "Parola", "Tip"]);
 equal(w.items("cboTip"), ["0 (Toate)", "1 (Culegeri + raportari)", "2 (Raportari)"]);
 equal(w.text("cboTip"), "0 (Toate)");
 equal(w.text("txtNume"), "");
+check(w.hasFocus("txtNume"), "ready for a name");
 shot("users-start");
 
 w.type("txtParola", "x");

@@ -1,8 +1,7 @@
 #include "catalogue/windows/frmFamArticole.h"
 
-#include <QGridLayout>
+#include <QFormLayout>
 #include <QGroupBox>
-#include <QLabel>
 
 #include "catalogue/Families.h"
 #include "config/Lists.h"
@@ -64,29 +63,19 @@ frmFamArticole::frmFamArticole(QWidget* parent) : ListForm("frmFamArticole", "Fa
 
 QWidget* frmFamArticole::cardFrame() {
   auto* frame = new QGroupBox("Familie");
-  auto* rows = new QGridLayout(frame);
-  const auto addRow = [rows](const QString& caption, QWidget* control) {
-    auto* label = new QLabel(caption);
-    label->setBuddy(control);
-    rows->addWidget(label, rows->rowCount(), 0);
-    rows->addWidget(control, rows->rowCount() - 1, 1);
-  };
+  auto* rows = new QFormLayout(frame);
   auto* name = card().add("DENUMIRE", makeTextBox("txtDenumire", kNameLength));
   auto* code = card().add("COD", makeTextBox("txtCod", 9));
   lockBox(code);
-  addRow("Cod", code);
-  addRow("Denumire", name);
+  rows->addRow("Cod", code);
+  rows->addRow("Denumire", name);
   const QList<QStringList> classes = accountClasses();
   for (qsizetype i = 0; i < kAccountColumns.size(); ++i) {
     auto* cboCont = new SearchCombo(indexed("cboCont", i), {}, kShownAccount);
     auto* txtCont = card().add(kAccountColumns[i], makeTextBox(indexed("txtCont", i), kAccountLength));
-    pairWithCombo(txtCont, cboCont);
+    addCodeRow(rows, kAccountCaptions[i], cboCont, txtCont);
     fillCodeCombos({cboCont}, accountsBeginning(classes[i]));
-    moveOnWithEnter(cboCont);
-    addRow(kAccountCaptions[i], cboCont);
-    rows->addWidget(txtCont, rows->rowCount() - 1, 2);
   }
-  rows->setColumnStretch(1, 1);
   return frame;
 }
 

@@ -1,12 +1,15 @@
 #include "config/windows/CodeBox.h"
 
 #include <QCompleter>
+#include <QFormLayout>
+#include <QLabel>
 #include <QLineEdit>
 
 #include "config/Lists.h"
 #include "config/windows/ComboFill.h"
 #include "store/ListRows.h"
 #include "util/Messages.h"
+#include "util/windows/Entry.h"
 #include "util/windows/SearchCombo.h"
 
 namespace velmar {
@@ -52,6 +55,17 @@ class CodePair : public QObject {
 void pairWithCombo(QLineEdit* box, SearchCombo* combo,
                    const std::function<QString(const QString&)>& objection) {
   new CodePair(box, combo, objection);
+}
+
+void addCodeRow(QFormLayout* rows, const QString& caption, SearchCombo* combo, QLineEdit* box) {
+  pairWithCombo(box, combo);
+  moveOnWithEnter(combo);
+  auto* both = new QHBoxLayout;
+  both->addWidget(combo, 1);
+  both->addWidget(box);
+  auto* label = new QLabel(caption);
+  label->setBuddy(combo);
+  rows->addRow(label, both);
 }
 
 void fillCodeCombos(const QList<SearchCombo*>& combos, const BoundList& list) {

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QString>
 
+class QFormLayout;
 class QLineEdit;
 
 namespace velmar {
@@ -16,6 +17,9 @@ struct BoundList;
 /// typed, unless `objection` tells what is wrong with the code.
 void pairWithCombo(QLineEdit* box, SearchCombo* combo,
                    const std::function<QString(const QString&)>& objection = {});
+
+/// Adds a row to a form: the list with the paired box beside it.
+void addCodeRow(QFormLayout* rows, const QString& caption, SearchCombo* combo, QLineEdit* box);
 
 /// Hangs lists that are paired with boxes on one statement; they show the codes of their boxes anew.
 void fillCodeCombos(const QList<SearchCombo*>& combos, const BoundList& list);

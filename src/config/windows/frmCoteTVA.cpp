@@ -40,6 +40,7 @@ frmCoteTVA::frmCoteTVA(QWidget* parent) : ListForm("frmCoteTVA", "Cote TVA", par
 QWidget* frmCoteTVA::cardFrame() {
   auto* frame = new QGroupBox("Cota TVA");
   auto* rows = new QFormLayout(frame);
+  rows->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
   rows->addRow("Procent", card().add("PROCENT", named(new NumberBox(2), "txtProcent")));
   auto* cboCont = new SearchCombo("cboCont", {}, kShownAccount);
   LegaCombo(*cboCont, accountsBeginning({session().TVACumparare, session().TVAVanzare}));

@@ -1,9 +1,8 @@
 #include "config/windows/frmJurnale.h"
 
 #include <QComboBox>
-#include <QGridLayout>
+#include <QFormLayout>
 #include <QGroupBox>
-#include <QLabel>
 
 #include "config/Journals.h"
 #include "config/Lists.h"
@@ -66,28 +65,21 @@ frmJurnale::frmJurnale(QWidget* parent) : ListForm("frmJurnale", "Jurnale", pare
 
 QWidget* frmJurnale::cardFrame() {
   auto* frame = new QGroupBox("Jurnal");
-  auto* rows = new QGridLayout(frame);
-  const auto add = [this, rows](const QString& caption, const QString& column, auto* control, int row,
-                                int at) {
-    auto* label = new QLabel(caption);
-    label->setBuddy(control);
-    rows->addWidget(label, row, at);
-    rows->addWidget(card().add(column, control), row, at + 1);
-  };
-  add("Cod", "COD", makeTextBox("txtCodJurnal", kCodeLength), 0, 0);
-  add("Titlu", "TITLU", makeTextBox("txtTitluJurnal", kTitleLength), 0, 2);
+  auto* rows = new QFormLayout(frame);
+  rows->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+  rows->addRow("Cod", card().add("COD", makeTextBox("txtCodJurnal", kCodeLength)));
+  rows->addRow("Titlu", card().add("TITLU", makeTextBox("txtTitluJurnal", kTitleLength)));
   auto* cboCont = new SearchCombo("cboCont", "Numar cont", kShownAccount);
   LegaCombo(*cboCont, codeList("kt_pc", "CONT", "TITLU"));
-  add("Cont", "CONT", cboCont, 1, 2);
+  rows->addRow("Cont", card().add("CONT", cboCont));
   auto* cboTip = named(new QComboBox, "cboTip", "Tip jurnal");
   for (const QString& kind : kJournalKinds) cboTip->addItem(kind, kind.left(1));
-  add("Tip", "TIP", cboTip, 1, 0);
+  rows->addRow("Tip", card().add("TIP", cboTip));
   auto* CboFel = named(new QComboBox, "CboFel", "Fel jurnal functie  de regimul TVA");
   for (int regime = 0; regime < kVatRegimes.size(); ++regime) CboFel->addItem(kVatRegimes[regime], regime);
-  add(" Fel", "FEL", CboFel, 2, 2);
+  rows->addRow(" Fel", card().add("FEL", CboFel));
   card().setDefault("TIP", kJournalKinds.first().left(1));
   card().setDefault("FEL", 0);
-  rows->setColumnStretch(3, 1);
   return frame;
 }
 

@@ -2,7 +2,6 @@
 
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QLabel>
 #include <QPushButton>
 
 #include "config/Accounts.h"
@@ -11,7 +10,6 @@
 #include "util/Clock.h"
 #include "util/windows/Controls.h"
 #include "util/windows/DateBox.h"
-#include "util/windows/Entry.h"
 #include "util/windows/Forms.h"
 #include "util/windows/SearchCombo.h"
 
@@ -74,13 +72,8 @@ QWidget* frmPC::accountFrame() {
   rows->addRow("Titlu", card().add("TITLU", makeTextBox("txtTitlu", kTitleLength, "Denumire cont")));
   auto* cboCentruCost = new SearchCombo("cboCentruCost", {}, kShownCostCentre);
   auto* txtCC = card().add("CODBUG", makeTextBox("txtCC", kCostCentreLength));
-  pairWithCombo(txtCC, cboCentruCost);
+  addCodeRow(rows, "Centru de cost", cboCentruCost, txtCC);
   fillCodeCombos({cboCentruCost}, kUsableCostCentres);
-  moveOnWithEnter(cboCentruCost);
-  auto* costCentre = new QHBoxLayout;
-  costCentre->addWidget(cboCentruCost, 1);
-  costCentre->addWidget(txtCC);
-  rows->addRow("Centru de cost", costCentre);
   return frame;
 }
 

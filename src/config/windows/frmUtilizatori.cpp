@@ -47,6 +47,7 @@ frmUtilizatori::frmUtilizatori(QWidget* parent) : ListForm("frmUtilizatori", "Ut
 QWidget* frmUtilizatori::cardFrame() {
   auto* frame = new QGroupBox("Utilizator");
   auto* rows = new QFormLayout(frame);
+  rows->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
   rows->addRow("Nume", card().add("NUME", makeTextBox("txtNume", kTextLength, "Maxim 10 caractere")));
   rows->addRow("Parola", card().add("PAROLA", makeTextBox("txtParola", kTextLength, "Maxim 10 caractere")));
   auto* cboTip = named(new QComboBox, "cboTip",

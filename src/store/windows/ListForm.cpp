@@ -133,7 +133,7 @@ void ListForm::finish(QWidget* first) {
   shortcut(QKeySequence::Find, [this] {
     if (QWidget* box = searchBox()) box->setFocus(Qt::ShortcutFocusReason);
   });
-  if (first) setFocusProxy(first);
+  if (first) first->setFocus();
   guarded(objectName(), "Form_Load", [this] { refresh(); });
 }
 
