@@ -33,8 +33,8 @@ QList<GridColumn> columns() {
                            {"CODOPER", "CP", CellFormat::Text, 8},
                            {"CONTBN", "Cont Bancar", CellFormat::Text, 20},
                            {"SerieChitante", "Serie Chitante", CellFormat::Text, 8},
-                           {"NrInceput", "Nr de la", CellFormat::Integer, 8},
-                           {"NrSfarsit", "pana la", CellFormat::Integer, 8},
+                           {"NrInceput", "Nr de la", CellFormat::Integer, 11},
+                           {"NrSfarsit", "pana la", CellFormat::Integer, 11},
                            {"FEL", "Regim TVA", CellFormat::Integer, 6}};
   for (GridColumn& column : all)
     column.editable = column.field != "COD" && column.field != "TIP" && column.field != "FEL";
@@ -65,8 +65,10 @@ frmJurnale::frmJurnale(QWidget* parent) : ListForm("frmJurnale", "Jurnale", pare
 
 QWidget* frmJurnale::cardFrame() {
   auto* frame = new QGroupBox("Jurnal");
-  auto* rows = new QFormLayout(frame);
-  rows->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+  auto* half = new QHBoxLayout(frame);
+  auto* rows = new QFormLayout;
+  half->addLayout(rows, 1);
+  half->addStretch(1);
   rows->addRow("Cod", card().add("COD", makeTextBox("txtCodJurnal", kCodeLength)));
   rows->addRow("Titlu", card().add("TITLU", makeTextBox("txtTitluJurnal", kTitleLength)));
   auto* cboCont = new SearchCombo("cboCont", "Numar cont", kShownAccount);
