@@ -22,6 +22,14 @@ constexpr int kCodeLength = 3;
 constexpr int kNameLength = 30;
 constexpr int kRateDecimals = 4;
 
+// A frame that works while its option is chosen.
+QGroupBox* frameOf(QRadioButton* option, const QString& name) {
+  auto* frame = named(new QGroupBox, name);
+  frame->setEnabled(false);
+  QObject::connect(option, &QRadioButton::toggled, frame, &QGroupBox::setEnabled);
+  return frame;
+}
+
 }  // namespace
 
 frmValute::frmValute(QWidget* parent) : ListForm("frmValute", "Valute", parent) {
@@ -36,10 +44,8 @@ frmValute::frmValute(QWidget* parent) : ListForm("frmValute", "Valute", parent) 
   auto* frames = new QGridLayout;
   frames->addWidget(optValuta_, 0, 0);
   frames->addWidget(optCurs_, 0, 1);
-  QGroupBox* fraValuta = currencyFrame();
-  QGroupBox* fraCurs = rateFrame();
-  frames->addWidget(fraValuta, 1, 0);
-  frames->addWidget(fraCurs, 1, 1);
+  frames->addWidget(currencyFrame(), 1, 0);
+  frames->addWidget(rateFrame(), 1, 1);
   auto* lists = new QHBoxLayout;
   lists->addWidget(grid, 1);
   lists->addLayout(rateList(), 1);
@@ -52,20 +58,13 @@ frmValute::frmValute(QWidget* parent) : ListForm("frmValute", "Valute", parent) 
   all->addLayout(lists, 1);
   all->addLayout(frames);
   all->addLayout(commandRow({cmdAdauga, cmdCautaCurs, exitCommand()}));
-  offer(optValuta_, fraValuta);
-  offer(optCurs_, fraCurs);
-  finish(card().control("COD"));
   optValuta_->setChecked(true);
+  finish(card().control("COD"));
   startNew();
 }
 
-void frmValute::offer(QRadioButton* option, QGroupBox* frame) {
-  frame->setEnabled(false);
-  connect(option, &QRadioButton::toggled, frame, &QGroupBox::setEnabled);
-}
-
-QGroupBox* frmValute::currencyFrame() {
-  auto* frame = named(new QGroupBox, "fraValuta");
+QWidget* frmValute::currencyFrame() {
+  QGroupBox* frame = frameOf(optValuta_, "fraValuta");
   auto* rows = new QFormLayout(frame);
   rows->addRow("Cod", card().add("COD", makeTextBox("txtCodValuta", kCodeLength,
                                                     "Cod Valuta, maxim 3 caractere alfanumerice")));
@@ -74,8 +73,8 @@ QGroupBox* frmValute::currencyFrame() {
   return frame;
 }
 
-QGroupBox* frmValute::rateFrame() {
-  auto* frame = named(new QGroupBox, "fraCurs");
+QWidget* frmValute::rateFrame() {
+  QGroupBox* frame = frameOf(optCurs_, "fraCurs");
   auto* rows = new QFormLayout(frame);
   lblValuta_ = named(new QLabel, "lblValuta");
   auto* dteDataCurs = named(new DateBox, "dteDataCurs");

@@ -4,7 +4,7 @@
 #include "store/windows/ListForm.h"
 
 class QComboBox;
-class QGroupBox;
+class QLabel;
 class QRadioButton;
 
 namespace velmar {
@@ -18,11 +18,9 @@ class frmValute : public ListForm {
   void showRecord(const Row* record) override;
 
  private:
-  QGroupBox* currencyFrame();
-  QGroupBox* rateFrame();
+  QWidget* currencyFrame();
+  QWidget* rateFrame();
   QLayout* rateList();
-  /// The option enables its frame.
-  void offer(QRadioButton* option, QGroupBox* frame);
   void add();
   void showRates();
   void findRate();
