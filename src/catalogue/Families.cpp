@@ -2,48 +2,70 @@
 
 #include "config/Numbers.h"
 #include "store/Database.h"
-#include "store/Schema.h"
-#include "util/Errors.h"
+#include "store/Records.h"
 
 namespace velmar {
 
 namespace {
 
-struct Box {
+struct Account {
   const char* column;
   const char* label;
-  QString Family::*member;
 };
 
 // In the order of the checks; the labels are those of the messages.
-const Box kAccounts[] = {{"CONTSTOCMARFA", "Cont stoc marfa", &Family::CONTSTOCMARFA},
-                         {"CONTCHELT", "Cont cheltuieli", &Family::CONTCHELT},
-                         {"CONTVEN", "Cont de venituri", &Family::CONTVEN},
-                         {"CONTSTOCPROD", "Cont stoc de  productie", &Family::CONTSTOCPROD}};
+const Account kAccounts[] = {{"CONTSTOCMARFA", "Cont stoc marfa"},
+                             {"CONTCHELT", "Cont cheltuieli"},
+                             {"CONTVEN", "Cont de venituri"},
+                             {"CONTSTOCPROD", "Cont stoc de  productie"}};
+
+const Table& families() { return companyTable("G_FAMART"); }
+
+// The row as the table takes it.
+Row stored(const Row& family) {
+  Row row = rowOf("COD DENUMIRE CONTSTOCMARFA CONTCHELT CONTVEN CONTSTOCPROD");
+  const QString name = family.text("DENUMIRE").trimmed();
+  if (name.isEmpty())
+    throw RuleError(QStringLiteral("Va rugam introduceti denumirea pentru familia de articole !"),
+                    "DENUMIRE");
+  row.set("DENUMIRE", name);
+  for (const Account& account : kAccounts) {
+    const QString symbol = family.text(account.column).trimmed();
+    if (symbol.isEmpty())
+      throw RuleError(QStringLiteral("Va rugam introduceti ") + account.label, account.column);
+    row.set(account.column, symbol);
+  }
+  return row;
+}
 
 }  // namespace
 
-qint64 addFamily(const Family& family) {
-  const Table& table = companyTable("G_FAMART");
-  Row row = table.emptyRow();
-  if (family.DENUMIRE.trimmed().isEmpty())
-    throw RuleError(QStringLiteral("Va rugam introduceti denumirea pentru familia de articole !"),
-                    "DENUMIRE");
-  row.set("DENUMIRE", family.DENUMIRE.trimmed());
-  for (const Box& box : kAccounts) {
-    const QString account = (family.*box.member).trimmed();
-    if (account.isEmpty()) throw RuleError(QStringLiteral("Va rugam introduceti ") + box.label, box.column);
-    row.set(box.column, account);
-  }
-  requireWidths(table, row);
-  Transaction transaction(database());
-  const qint64 code = NumarUrmator("G_FAMART");
-  database().insertRows(table.name(),
-                        {"COD", "DENUMIRE", "CONTSTOCMARFA", "CONTCHELT", "CONTVEN", "CONTSTOCPROD"},
-                        {{code, row.text("DENUMIRE"), row.text("CONTSTOCMARFA"), row.text("CONTCHELT"),
-                          row.text("CONTVEN"), row.text("CONTSTOCPROD")}});
-  transaction.commit();
-  return code;
+Row newFamily(const QString& name, const QString& CONTSTOCMARFA, const QString& CONTCHELT,
+              const QString& CONTVEN, const QString& CONTSTOCPROD) {
+  Row row = families().emptyRow();
+  row.set("DENUMIRE", name);
+  row.set("CONTSTOCMARFA", CONTSTOCMARFA);
+  row.set("CONTCHELT", CONTCHELT);
+  row.set("CONTVEN", CONTVEN);
+  row.set("CONTSTOCPROD", CONTSTOCPROD);
+  return row;
 }
+
+qint64 addFamily(const Row& family) {
+  Row row = stored(family);
+  Transaction transaction(database());
+  row.set("COD", NumarUrmator("G_FAMART"));
+  insertRecord(families(), row);
+  transaction.commit();
+  return row.integer("COD");
+}
+
+void saveFamily(const Row& family) {
+  Row row = stored(family);
+  row.set("COD", family.text("COD").toLongLong());
+  if (!updateRecord(families(), row)) throw gone();
+}
+
+void removeFamily(qint64 code) { deleteRecord(families(), code); }
 
 }  // namespace velmar

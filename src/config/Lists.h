@@ -15,6 +15,7 @@ struct BoundList {
   QString sql;
   QString listField;
   QString boundColumn;
+  Values values = {};  ///< bound to the statement
 };
 
 extern const BoundList kSupplierList;

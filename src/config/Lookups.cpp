@@ -44,7 +44,8 @@ Decimal ProcentTVA(qint64 code) {
 QString ContTVA(qint64 code) { return ValoareSql("SELECT CONT FROM kt_cote WHERE COD = ?", {code}); }
 
 Decimal Curs(const QString& currency, const QDate& date) {
-  return firstDecimal("SELECT CURS FROM kt_val2 WHERE COD = ? AND DATA = ?", "CURS", {currency, date});
+  return firstDecimal("SELECT CURS FROM kt_val2 WHERE COD = ? AND DATA = ? ORDER BY ID DESC LIMIT 1", "CURS",
+                      {currency, date});
 }
 
 QVariant NzGol(const QVariant& value, const QVariant& defaultValue) {

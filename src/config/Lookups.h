@@ -18,7 +18,7 @@ Decimal ProcentTVA(qint64 code);
 /// The account of a VAT rate code.
 QString ContTVA(qint64 code);
 
-/// The exchange rate of the day, 0 when there is none.
+/// The exchange rate of the day, 0 when there is none; of several the last one entered.
 Decimal Curs(const QString& currency, const QDate& date);
 
 /// The value; a null or empty text gives the default, which is 0 when none is given.

@@ -47,7 +47,7 @@ struct Catalogue {
 std::vector<qint64> addFamilies() {
   std::vector<qint64> codes;
   for (const SampleFamily& family : sampleFamilies())
-    codes.push_back(addFamily({family.name, "371", "607", "707", family.productStock}));
+    codes.push_back(addFamily(newFamily(family.name, "371", "607", "707", family.productStock)));
   return codes;
 }
 

@@ -76,6 +76,16 @@ bool updateRecord(const Table& table, const Row& row) {
                     bound) > 0;
 }
 
+void updateField(const Table& table, const Value& key, const QString& column, const Value& value) {
+  Row row = rowOf(column);
+  row.set(column, value);
+  const Value stored = checkedValues(table, row).front();
+  if (ExecutaSql(
+          QStringLiteral("UPDATE %1 SET %2 = ? WHERE %3 = ?").arg(quoted(table.name()), column, keyOf(table)),
+          {stored, key}) == 0)
+    throw gone();
+}
+
 bool deleteRecord(const Table& table, const Value& key) {
   return ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(quoted(table.name()), keyOf(table)),
                     {key}) > 0;
@@ -90,6 +100,13 @@ Row record(const Table& table, const Value& key) {
 
 RuleError gone() {
   return RuleError(QStringLiteral("Inregistrarea a fost stearsa intre timp de alt utilizator !"));
+}
+
+bool typedFlag(const QString& text) {
+  for (const bool flag : {true, false})
+    if (text.trimmed().compare(flag ? QStringLiteral("DA") : QStringLiteral("NU"), Qt::CaseInsensitive) == 0)
+      return flag;
+  throw RuleError(QStringLiteral("Introduceti DA sau NU !"));
 }
 
 std::optional<Decimal> numberIn(const Row& row, const QString& column, const QString& message,

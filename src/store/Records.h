@@ -23,6 +23,10 @@ void insertRecord(const Table& table, const Row& row);
 /// insertRecord().
 bool updateRecord(const Table& table, const Row& row);
 
+/// Writes one column of the record with that key, in a table with one key column; the key itself can be
+/// written too. Throws as insertRecord(), and gone() when there is no such record.
+void updateField(const Table& table, const Value& key, const QString& column, const Value& value);
+
 /// Deletes the record of a table with one key column; gives whether there was one.
 bool deleteRecord(const Table& table, const Value& key);
 
@@ -31,6 +35,9 @@ Row record(const Table& table, const Value& key);
 
 /// The error for a record that another workstation has deleted meanwhile.
 RuleError gone();
+
+/// The flag that "DA" or "NU", in any case, stands for. Throws RuleError for any other text.
+bool typedFlag(const QString& text);
 
 /// The number in the column; null gives nothing. Throws RuleError with `message` when the column holds
 /// something that is no number.

@@ -149,16 +149,19 @@ std::vector<Table> discounts() {
 
 std::vector<Table> masterTables() {
   std::vector<Table> tables = {
-      Table("UTILIZATORI").texts("NUME PAROLA", 10).integers("TIP").key("NUME"),
-      companyInfo(),
-      companyParameters(),
-      chartOfAccounts("kt_pc"),
-      chartOfAccounts("kt_pc_2003"),
-      chartOfAccounts("PLANBUG"),
-      chartOfAccounts("PLANORG"),
+      Table("UTILIZATORI").texts("NUME PAROLA", 10).integers("TIP").key("NUME"), companyInfo(),
+      companyParameters(), chartOfAccounts("kt_pc"), chartOfAccounts("kt_pc_2003"),
+      chartOfAccounts("PLANBUG"), chartOfAccounts("PLANORG"),
       Table("kt_cote").integers("COD").text("CONT", 16).reals("PROCENT").key("COD"),
       Table("kt_val").text("COD", 3).text("TITLU", 30).key("COD"),
-      Table("kt_val2").text("COD", 3).dates("DATA").reals("CURS").key("COD DATA").index("DATA"),
+      // A day may have several rates: the last one entered holds.
+      Table("kt_val2")
+          .text("COD", 3)
+          .dates("DATA")
+          .reals("CURS")
+          .autoNumber("ID")
+          .index("COD DATA")
+          .index("DATA"),
       Table("kt_jur")
           .text("COD", 3)
           .text("TITLU", 40)
@@ -172,8 +175,7 @@ std::vector<Table> masterTables() {
           .integers("NrInceput NrSfarsit FEL")
           .key("COD"),
       Table("kt_oper").text("COD", 10).text("DENUMIRE", 40).text("TIP", 1).text("CONT", 16).key("COD"),
-      Table("kt_cc").text("COD", 10).text("TITLU", 40).text("UTILIZABIL", 1).key("COD"),
-      partners(),
+      Table("kt_cc").text("COD", 10).text("TITLU", 40).text("UTILIZABIL", 1).key("COD"), partners(),
       Table("G_FAMART")
           .integers("COD")
           .text("DENUMIRE", 35)

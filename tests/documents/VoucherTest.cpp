@@ -16,8 +16,8 @@ class VoucherTest : public ::testing::Test {
   explicit VoucherTest(const QString& method = "MP") {
     ExecutaSql("UPDATE kt_info SET TCOST = ?", {method});
     supplier_ = addPartner(newPartner("FURNIZOR SRL", "F"));
-    products_ = addFamily({"Produse", "371", "607", "707", "345"});
-    goods_ = addFamily({"Semifabricate", "371", "607", "707", "341"});
+    products_ = addFamily(newFamily("Produse", "371", "607", "707", "345"));
+    goods_ = addFamily(newFamily("Semifabricate", "371", "607", "707", "341"));
     article("A1", "Scaun", products_);
     article("A2", "Masa", products_);
     article("B1", "Blat", goods_);

@@ -27,7 +27,7 @@ class WorkstationsTest : public ::testing::Test {
   WorkstationsTest() {
     ExecutaSql("UPDATE kt_info SET TCOST = 'FIFO'");
     supplier_ = addPartner(newPartner("FURNIZOR SRL", "F"));
-    const qint64 family = addFamily({"Produse", "371", "607", "707", "345"});
+    const qint64 family = addFamily(newFamily("Produse", "371", "607", "707", "345"));
     for (int i = 0; i < kArticles; ++i) {
       Row article = newArticle();
       article.set("CODART", QStringLiteral("A%1").arg(i));

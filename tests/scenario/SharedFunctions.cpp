@@ -54,6 +54,10 @@ Functions valueFunctions() {
   f["Mesaj"] = [](const Arguments& a) {
     return Mesaj(a.value(0).toString(), a.value(1).toInt(), a.value(2).toString());
   };
+  f["InitParaSoc"] = [](const Arguments&) {
+    InitParaSoc();
+    return QVariant();
+  };
   f["ParametruSocietate"] = [](const Arguments& a) { return ParametruSocietate(a.value(0).toString()); };
   f["InPerioadaCulegere"] = [](const Arguments& a) { return InPerioadaCulegere(date(a.value(0))); };
   return f;

@@ -7,6 +7,7 @@
 #include <QRadioButton>
 
 #include "config/AccountPlan.h"
+#include "config/Accounts.h"
 #include "config/Lists.h"
 #include "config/Parameters.h"
 #include "config/windows/CodeBox.h"
@@ -19,7 +20,6 @@ namespace velmar {
 
 namespace {
 
-constexpr int kShortestAccount = 3;
 constexpr int kDecimalsWidth = 3;
 
 struct AccountField {
@@ -41,12 +41,6 @@ constexpr int kShownName = 40;  // characters
 const QString kColumns = QStringLiteral(
     "CONTFurnizori CONTClienti CONTNIR CONTVAMA CONTINTRPROD CONTAVIZEXP_M CONTAVIZEXP_P "
     "FCSTART FCEND SERIEFC AESTART AEEND SERIEAE");
-
-QString shortAccountObjection(const QString& account) {
-  return account.size() < kShortestAccount
-             ? QStringLiteral("Va rugam selectati un cont corespunzator (minim 3 caractere) !")
-             : QString();
-}
 
 }  // namespace
 

@@ -1,11 +1,15 @@
 #include "config/windows/CodeBox.h"
 
 #include <QCompleter>
+#include <QFormLayout>
+#include <QLabel>
 #include <QLineEdit>
 
 #include "config/Lists.h"
 #include "config/windows/ComboFill.h"
+#include "store/ListRows.h"
 #include "util/Messages.h"
+#include "util/windows/Entry.h"
 #include "util/windows/SearchCombo.h"
 
 namespace velmar {
@@ -53,6 +57,17 @@ void pairWithCombo(QLineEdit* box, SearchCombo* combo,
   new CodePair(box, combo, objection);
 }
 
+void addCodeRow(QFormLayout* rows, const QString& caption, SearchCombo* combo, QLineEdit* box) {
+  pairWithCombo(box, combo);
+  moveOnWithEnter(combo);
+  auto* both = new QHBoxLayout;
+  both->addWidget(combo, 1);
+  both->addWidget(box);
+  auto* label = new QLabel(caption);
+  label->setBuddy(combo);
+  rows->addRow(label, both);
+}
+
 void fillCodeCombos(const QList<SearchCombo*>& combos, const BoundList& list) {
   LegaCombo(*combos.first(), list);
   for (SearchCombo* combo : combos) {
@@ -60,6 +75,19 @@ void fillCodeCombos(const QList<SearchCombo*>& combos, const BoundList& list) {
     for (QObject* child : combo->children())
       if (auto* pair = dynamic_cast<CodePair*>(child)) pair->showCode();
   }
+}
+
+BoundList accountsBeginning(const QStringList& prefixes) {
+  Condition any;
+  for (const QString& prefix : prefixes) {
+    const Condition one = beginsWith(QStringLiteral("CONT"), prefix);
+    if (one.isEmpty()) return codeList("kt_pc", "CONT", "TITLU");
+    any.sql += (any.isEmpty() ? QString() : QStringLiteral(" OR ")) + QStringLiteral("(%1)").arg(one.sql);
+    any.values.insert(any.values.end(), one.values.begin(), one.values.end());
+  }
+  BoundList list = codeList("kt_pc", "CONT", "TITLU", any.sql);
+  list.values = any.values;
+  return list;
 }
 
 BoundList codeList(const QString& table, const QString& code, const QString& name, const QString& condition) {

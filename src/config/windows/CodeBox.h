@@ -5,6 +5,7 @@
 #include <QList>
 #include <QString>
 
+class QFormLayout;
 class QLineEdit;
 
 namespace velmar {
@@ -17,8 +18,14 @@ struct BoundList;
 void pairWithCombo(QLineEdit* box, SearchCombo* combo,
                    const std::function<QString(const QString&)>& objection = {});
 
+/// Adds a row to a form: the list with the paired box beside it.
+void addCodeRow(QFormLayout* rows, const QString& caption, SearchCombo* combo, QLineEdit* box);
+
 /// Hangs lists that are paired with boxes on one statement; they show the codes of their boxes anew.
 void fillCodeCombos(const QList<SearchCombo*>& combos, const BoundList& list);
+
+/// A list of "account-title": the accounts that begin with one of these texts; an empty text takes them all.
+BoundList accountsBeginning(const QStringList& prefixes);
 
 /// A list of "code-name" from a table that has a code and a name.
 BoundList codeList(const QString& table, const QString& code, const QString& name,

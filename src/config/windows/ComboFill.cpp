@@ -51,7 +51,7 @@ void IncarcaCombo(QComboBox& combo) {
 
 void LegaCombo(QComboBox& combo, const BoundList& list) {
   std::vector<ChoiceModel::Choice> choices;
-  for (const Row& row : OpenRs(list.sql))
+  for (const Row& row : OpenRs(list.sql, list.values))
     choices.push_back({row.text(list.listField), row.value(list.boundColumn)});
   setChoices(combo, std::move(choices));
 }

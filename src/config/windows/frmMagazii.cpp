@@ -46,17 +46,12 @@ QWidget* frmMagazii::cardFrame() {
   auto* code = card().add("COD", makeTextBox("Text1", 9));
   lockBox(code);
   auto* cboJurnal = new SearchCombo("cboJurnal", {}, kShownJournal, this);
-  moveOnWithEnter(cboJurnal);
   auto* journal = card().add("JURNAL", makeTextBox("txtDoc", 3));
   lockBox(journal);
-  pairWithCombo(journal, cboJurnal);
-  fillCodeCombos({cboJurnal}, kCashJournals);
-  auto* journalRow = new QHBoxLayout;
-  journalRow->addWidget(cboJurnal);
-  journalRow->addWidget(journal);
   rows->addRow("Cod", code);
   rows->addRow("Denumire", name);
-  rows->addRow(" Jurnal", journalRow);
+  addCodeRow(rows, " Jurnal", cboJurnal, journal);
+  fillCodeCombos({cboJurnal}, kCashJournals);
   return frame;
 }
 

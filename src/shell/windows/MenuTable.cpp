@@ -3,11 +3,17 @@
 #include "catalogue/windows/FrmActPretVanz.h"
 #include "catalogue/windows/frmArticole.h"
 #include "catalogue/windows/frmArticoleDiscount.h"
+#include "catalogue/windows/frmFamArticole.h"
 #include "catalogue/windows/frmTerti.h"
 #include "config/windows/frmConexiuni.h"
+#include "config/windows/frmCoteTVA.h"
+#include "config/windows/frmJurnale.h"
 #include "config/windows/frmMagazii.h"
 #include "config/windows/frmParamSoc.h"
+#include "config/windows/frmPC.h"
 #include "config/windows/frmSocietati.h"
+#include "config/windows/frmUtilizatori.h"
+#include "config/windows/frmValute.h"
 #include "documents/windows/frmGRILABonIntr.h"
 #include "shell/windows/frmAbout.h"
 
@@ -25,7 +31,7 @@ std::vector<MenuEntry> entries() {
       {"mnuFile", "&Societate", Opens::Menu, {}},
       {"mnuCreare", "C&reare", Opens::One, "frmSocietati", make<frmSocietati>},
       {"mnuFilemnuSocConf", "&Configurare", Opens::One, "frmParamSoc", make<frmParamSoc>},
-      {"mnuUtilizatori", "&Utilizatori", Opens::One, "frmUtilizatori", nullptr},
+      {"mnuUtilizatori", "&Utilizatori", Opens::One, "frmUtilizatori", make<frmUtilizatori>},
       {"mnuMagazii", "&Magazii", Opens::One, "frmMagazii", make<frmMagazii>},
       {"", "", Opens::Separator, {}},
       {"mnuFileExit", "&Iesire", Opens::Own, {}},
@@ -40,16 +46,16 @@ std::vector<MenuEntry> entries() {
       {"mnuTabeleClienti", "&Clienti", Opens::One, "frmTerti C", makeCustomers},
       {"mnuTabeleFurnizori", "&Furnizori", Opens::One, "frmTerti F", makeSuppliers},
       {"", "", Opens::Separator, {}},
-      {"mnuTabeleFamArt", "&Familii Articole", Opens::One, "frmFamArticole", nullptr},
+      {"mnuTabeleFamArt", "&Familii Articole", Opens::One, "frmFamArticole", make<frmFamArticole>},
       {"mnuTabeleArticole", "&Articole", Opens::One, "frmArticole", make<frmArticole>},
       {"mnuDiscounturiArt", "&Discounturi Articole", Opens::New, "frmArticoleDiscount",
        make<frmArticoleDiscount>},
       {"", "", Opens::Separator, {}},
-      {"mnumnuTabelemnuTabPC", "&Plan de Conturi", Opens::One, "frmPC", nullptr},
-      {"mnumnuTabelemnuTabTVA", "&TVA", Opens::One, "frmCoteTVA", nullptr},
-      {"mnumnuTabelemnuPrelValuta", "&Valute", Opens::One, "frmValute", nullptr},
+      {"mnumnuTabelemnuTabPC", "&Plan de Conturi", Opens::One, "frmPC", make<frmPC>},
+      {"mnumnuTabelemnuTabTVA", "&TVA", Opens::One, "frmCoteTVA", make<frmCoteTVA>},
+      {"mnumnuTabelemnuPrelValuta", "&Valute", Opens::One, "frmValute", make<frmValute>},
       {"", "", Opens::Separator, {}},
-      {"mnuJurnale", "&Jurnale", Opens::One, "frmJurnale", nullptr},
+      {"mnuJurnale", "&Jurnale", Opens::One, "frmJurnale", make<frmJurnale>},
       {"mnuTabeleDocumente", "&Documente", Opens::One, "frmLDoc", nullptr},
       {"mnuMiscastoc", "&Miscari de stoc", Opens::One, "frmMiscariStoc", nullptr},
 

@@ -66,13 +66,17 @@ QPushButton* ListForm::exitCommand() {
 }
 
 void ListForm::setKeys(QPushButton* add, QPushButton* remove) {
+  setKeys(add, remove ? std::function<void()>([remove] { remove->click(); }) : nullptr);
+}
+
+void ListForm::setKeys(QPushButton* add, const std::function<void()>& remove) {
   const auto onGrid = [this](int key, const std::function<void()>& work) {
     auto* shortcut = new QShortcut(QKeySequence(key), grid_);
     shortcut->setContext(Qt::WidgetShortcut);
     connect(shortcut, &QShortcut::activated, this, work);
   };
   if (add) onGrid(Qt::Key_Insert, [this] { run("Insert", [this] { startNew(); }); });
-  if (remove) onGrid(Qt::Key_Delete, [remove] { remove->click(); });
+  if (remove) onGrid(Qt::Key_Delete, [this, remove] { run("Delete", remove); });
 }
 
 QWidget* ListForm::searchRow(const QString& field) {
@@ -129,7 +133,7 @@ void ListForm::finish(QWidget* first) {
   shortcut(QKeySequence::Find, [this] {
     if (QWidget* box = searchBox()) box->setFocus(Qt::ShortcutFocusReason);
   });
-  if (first) setFocusProxy(first);
+  if (first) first->setFocus();
   guarded(objectName(), "Form_Load", [this] { refresh(); });
 }
 
@@ -152,8 +156,25 @@ void ListForm::focusField(const QString& column) {
   if (auto* box = qobject_cast<QLineEdit*>(at)) box->selectAll();
 }
 
-bool ListForm::confirmed(const QString& question) {
-  return Mesaj(question, kQuestion + kYesNo, QStringLiteral("Confirmare stergere")) == kResultYes;
+bool ListForm::confirmed(const QString& question, const QString& title) {
+  return Mesaj(question, kQuestion + kYesNo, title) == kResultYes;
+}
+
+bool ListForm::removeCurrent(const QString& question, const std::function<void(const QString& key)>& remove,
+                             const QString& title) {
+  const Row* current = grid_->currentRecord();
+  if (!current) return false;
+  const QString key = current->text(keyField_);
+  if (!confirmed(QString(question).replace(QStringLiteral("%1"), key), title)) return false;
+  remove(key);
+  refresh();
+  return true;
+}
+
+void ListForm::showAdded(const QString& key) {
+  refresh();
+  grid_->selectRecord(keyField_, key);
+  if (addOnly_) startNew();
 }
 
 void ListForm::refresh() {
@@ -170,7 +191,7 @@ void ListForm::refresh() {
 
 // What is being typed into the card stays as it is.
 void ListForm::refreshKeepingEdits() {
-  keepEdits_ = new_ || card_.isChanged();
+  keepEdits_ = !addOnly_ && (new_ || card_.isChanged());
   refresh();
   keepEdits_ = false;
 }
@@ -187,7 +208,8 @@ void ListForm::follow(const QSet<QString>& written) {
 }
 
 void ListForm::showRecord(const Row* record) {
-  new_ = !record;
+  new_ = addOnly_ || !record;
+  if (addOnly_) return;
   if (record)
     card_.show(*record);
   else

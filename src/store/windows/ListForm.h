@@ -41,6 +41,10 @@ class ListForm : public QWidget {
   QPushButton* exitCommand();
   /// Gives Insert and Delete the commands they stand for; null for none.
   void setKeys(QPushButton* add, QPushButton* remove);
+  /// As setKeys(), for a window without a button that deletes.
+  void setKeys(QPushButton* add, const std::function<void()>& remove);
+  /// The card is only for adding: the current record is not shown in it.
+  void setAddOnly() { addOnly_ = true; }
 
   /// A search box above the list: the row that begins with what is typed becomes current.
   QWidget* searchRow(const QString& field);
@@ -56,7 +60,14 @@ class ListForm : public QWidget {
   /// Tells on the window itself what a command did, until something is typed.
   void say(const QString& text);
   /// Asks a question of deletion.
-  bool confirmed(const QString& question);
+  bool confirmed(const QString& question, const QString& title = QStringLiteral("Confirmare stergere"));
+  /// Asks the question, then deletes the current record by its key; gives whether it did. The question holds
+  /// the key as %1.
+  bool removeCurrent(const QString& question, const std::function<void(const QString& key)>& remove,
+                     const QString& title = QStringLiteral("Confirmare stergere"));
+  /// Reads the list again with the record of that key as the current one; a card that is only for adding is
+  /// ready for the next.
+  void showAdded(const QString& key);
 
   /// Reads the list again; the current record stays current by its key.
   void refresh();
@@ -93,6 +104,7 @@ class ListForm : public QWidget {
   bool stale_ = false;
   bool keepEdits_ = false;
   bool new_ = false;
+  bool addOnly_ = false;
 };
 
 }  // namespace velmar

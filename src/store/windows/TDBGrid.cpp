@@ -58,6 +58,8 @@ QString cellText(const QVariant& value, const GridColumn& column) {
       return formatNumber(Decimal(static_cast<qint64>(value.toLongLong())), column.decimals);
     case CellFormat::Date:
       return formatDate(QDate::fromString(value.toString().left(10), Qt::ISODate));
+    case CellFormat::DottedDate:
+      return QDate::fromString(value.toString().left(10), Qt::ISODate).toString(QStringLiteral("dd.MM.yyyy"));
     case CellFormat::Flag:
       return value.toLongLong() != 0 ? QStringLiteral("DA") : QStringLiteral("NU");
     case CellFormat::Integer:
@@ -101,6 +103,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
       return cellText(rows_->row(index.row()).value(column.field), column);
     case Qt::EditRole: {
       const QVariant& value = rows_->row(index.row()).value(column.field);
+      if (column.format == CellFormat::Flag) return cellText(value, column);
       return value.typeId() == QMetaType::Double ? editNumber(Decimal::fromDouble(value.toDouble()))
                                                  : value.toString();
     }

@@ -9,7 +9,8 @@
 
 namespace velmar {
 
-enum class CellFormat { Text, Integer, Number, Date, Flag };
+/// Date is shown as 31/12/2026, DottedDate as 31.12.2026.
+enum class CellFormat { Text, Integer, Number, Date, DottedDate, Flag };
 
 /// A column of a grid: which field it shows, and how.
 struct GridColumn {

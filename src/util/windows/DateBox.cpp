@@ -10,7 +10,6 @@ namespace {
 
 constexpr int kDigits = 8;
 constexpr int kCentury = 2000;
-const QString kFormat = QStringLiteral("dd.MM.yyyy");
 
 // The date that the digits mean, beside the date they replace.
 QDate dateOf(const QString& digits, const QDate& before) {
@@ -24,7 +23,7 @@ QDate dateOf(const QString& digits, const QDate& before) {
 }  // namespace
 
 DateBox::DateBox(QWidget* parent) : QDateEdit(parent) {
-  setDisplayFormat(kFormat);
+  setDisplayFormat(QStringLiteral("dd.MM.yyyy"));
   setCalendarPopup(true);
   calendarWidget()->setLocale(QLocale(QLocale::Romanian, QLocale::Romania));
   calendarWidget()->setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
@@ -62,13 +61,14 @@ void DateBox::padTyped() {
 
 void DateBox::showTyped() {
   if (typed_.isEmpty()) {
-    lineEdit()->setText(date().toString(kFormat));
+    lineEdit()->setText(date().toString(displayFormat()));
     lineEdit()->selectAll();
     return;
   }
   QString shown = typed_;
-  if (shown.size() > 4) shown.insert(4, QLatin1Char('.'));
-  if (shown.size() > 2) shown.insert(2, QLatin1Char('.'));
+  const QChar separator = displayFormat()[2];
+  if (shown.size() > 4) shown.insert(4, separator);
+  if (shown.size() > 2) shown.insert(2, separator);
   const QSignalBlocker quiet(lineEdit());
   lineEdit()->setText(shown);
 }

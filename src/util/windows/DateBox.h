@@ -1,4 +1,4 @@
-// The date field: shown as dd.MM.yyyy, typed by its digits alone, with a calendar to pick from.
+// The date field: shown as dd.MM.yyyy or dd/MM/yyyy, typed by its digits alone, with a calendar to pick from.
 #pragma once
 
 #include <QDateEdit>

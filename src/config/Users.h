@@ -1,0 +1,21 @@
+// The users of a company: their names, passwords and rights.
+#pragma once
+
+#include "store/Row.h"
+
+namespace velmar {
+
+/// Adds the user of the row: `NUME`, `PAROLA`, `TIP`. Throws RuleError, naming the column, for a name or
+/// password that is missing or a name that is taken in any case.
+void addUser(const Row& user);
+
+/// Stores what was typed into a column of a user. Throws RuleError for the rights of admin, for what
+/// addUser() refuses, and for rights that would leave no user with all of them.
+void changeUser(const QString& name, const QString& column, const QString& typed);
+
+/// Throws RuleError for admin.
+void requireRemovableUser(const QString& name);
+/// Deletes the user. Throws as requireRemovableUser(), and for the last user with all rights.
+void removeUser(const QString& name);
+
+}  // namespace velmar

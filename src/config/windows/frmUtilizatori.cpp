@@ -1,0 +1,66 @@
+#include "config/windows/frmUtilizatori.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+
+#include "config/Users.h"
+#include "util/windows/Controls.h"
+
+namespace velmar {
+
+namespace {
+
+const ListQuery kUsers{"NUME, PAROLA, TIP", "UTILIZATORI", "NUME"};
+const QStringList kTypes = {"0 (Toate)", "1 (Culegeri + raportari)", "2 (Raportari)"};
+constexpr int kTextLength = 10;
+
+}  // namespace
+
+frmUtilizatori::frmUtilizatori(QWidget* parent) : ListForm("frmUtilizatori", "Utilizatori", parent) {
+  setAddOnly();
+  auto* grid = new EntryGrid("grdDataGrid", EntryGrid::Refused::Reverted, "frmUtilizatori");
+  GridColumn name{"NUME", "Nume", CellFormat::Text, 24};
+  GridColumn password{"PAROLA", "Parola", CellFormat::Text, 24};
+  GridColumn type{"TIP", "Tip", CellFormat::Integer, 6};
+  name.editable = password.editable = type.editable = true;
+  grid->setColumns({name, password, type});
+  grid->setEmptyText("Nu exista utilizatori. Completati numele si parola, apoi apasati Adaugare.");
+  grid->setStore([](const Row& row, const QString& field, const QString& text) {
+    changeUser(row.text("NUME"), field, text);
+  });
+  setList(grid, "NUME", [] { return std::make_unique<ListRows>(kUsers, Condition(), "NUME"); },
+          {"UTILIZATORI"});
+  QWidget* frame = cardFrame();
+  auto* cmdAdauga = command("cmdAdauga", "Adaugare", "Creare utilizator nou", "new", [this] {
+    const Row user = card().typed();
+    addUser(user);
+    showAdded(user.text("NUME"));
+  });
+  auto* cmdSterge =
+      command("cmdSterge", "Stergere", "Stergere utilizator selectat", "delete", [this] { remove(); });
+  setKeys(cmdAdauga, cmdSterge);
+  layOut(searchRow("NUME"), frame, {cmdAdauga, cmdSterge, exitCommand()});
+  startNew();
+}
+
+QWidget* frmUtilizatori::cardFrame() {
+  auto* frame = new QGroupBox("Utilizator");
+  auto* rows = new QFormLayout(frame);
+  rows->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+  rows->addRow("Nume", card().add("NUME", makeTextBox("txtNume", kTextLength, "Maxim 10 caractere")));
+  rows->addRow("Parola", card().add("PAROLA", makeTextBox("txtParola", kTextLength, "Maxim 10 caractere")));
+  auto* cboTip = named(new QComboBox, "cboTip",
+                       "Selectati tipul de utilizator functie de care se va asigura accesul in aplicatie");
+  for (int type = 0; type < kTypes.size(); ++type) cboTip->addItem(kTypes[type], type);
+  rows->addRow("Tip", card().add("TIP", cboTip));
+  card().setDefault("TIP", 0);
+  return frame;
+}
+
+void frmUtilizatori::remove() {
+  if (const Row* current = list()->currentRecord()) requireRemovableUser(current->text("NUME"));
+  removeCurrent("Sunteti sigur ca doriti sa stergeti utilizatorul : %1 ?", removeUser, "Confirmare");
+}
+
+}  // namespace velmar

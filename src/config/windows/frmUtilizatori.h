@@ -1,0 +1,18 @@
+// The users of the company: who may log in, and to what.
+#pragma once
+
+#include "store/windows/ListForm.h"
+
+namespace velmar {
+
+class frmUtilizatori : public ListForm {
+  Q_OBJECT
+ public:
+  explicit frmUtilizatori(QWidget* parent = nullptr);
+
+ private:
+  QWidget* cardFrame();
+  void remove();
+};
+
+}  // namespace velmar
