@@ -5,16 +5,20 @@
 #include <QTemporaryDir>
 
 #include "catalogue/Articles.h"
+#include "catalogue/DiscountBands.h"
+#include "catalogue/Discounts.h"
 #include "catalogue/Families.h"
 #include "catalogue/Partners.h"
 #include "config/CompanyFiles.h"
 #include "config/CostMethod.h"
+#include "config/Currencies.h"
 #include "config/Session.h"
 #include "config/Warehouses.h"
 #include "documents/DocumentEditor.h"
 #include "shell/Login.h"
 #include "shell/SampleData.h"
 #include "store/DatabaseFiles.h"
+#include "store/Records.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
 
@@ -40,7 +44,9 @@ class Dice {
 };
 
 struct Catalogue {
+  std::vector<qint64> families;
   std::vector<qint64> suppliers;
+  std::vector<qint64> customers;
   QStringList articles;
 };
 
@@ -51,8 +57,7 @@ std::vector<qint64> addFamilies() {
   return codes;
 }
 
-std::vector<qint64> addPartners() {
-  std::vector<qint64> suppliers;
+void addPartners(Catalogue& catalogue) {
   for (const SamplePartner& partner : samplePartners()) {
     Row row = newPartner(partner.NUME, partner.TIP);
     row.set("CODFISCAL", partner.CODFISCAL);
@@ -63,15 +68,16 @@ std::vector<qint64> addPartners() {
     row.set("Judet", partner.Judet);
     row.set("TARA", partner.TARA);
     const qint64 code = addPartner(row);
-    if (partner.TIP == "F" || partner.TIP == "M") suppliers.push_back(code);
+    if (partner.TIP == "F" || partner.TIP == "M") catalogue.suppliers.push_back(code);
+    if (partner.TIP == "C" || partner.TIP == "M") catalogue.customers.push_back(code);
   }
-  return suppliers;
 }
 
 Catalogue addCatalogue() {
-  const std::vector<qint64> families = addFamilies();
-  Catalogue catalogue{addPartners(), {}};
-  for (size_t f = 0; f < families.size(); ++f) {
+  Catalogue catalogue;
+  catalogue.families = addFamilies();
+  addPartners(catalogue);
+  for (size_t f = 0; f < catalogue.families.size(); ++f) {
     const SampleFamily& family = sampleFamilies()[f];
     for (int i = 0; i < family.articles.size(); ++i) {
       Row article = newArticle();
@@ -80,7 +86,7 @@ Catalogue addCatalogue() {
       article.set("CODART", code);
       article.set("DENART", family.articles[i]);
       article.set("CODPRODFUR", QStringLiteral("P%1%2").arg(f + 1).arg(i + 101));
-      article.set("FAMART", families[f]);
+      article.set("FAMART", catalogue.families[f]);
       article.set("UM", family.unit);
       article.set("CODFURNIZO",
                   catalogue.suppliers[(f + static_cast<size_t>(i)) % catalogue.suppliers.size()]);
@@ -132,6 +138,51 @@ void addVouchers(const Catalogue& catalogue) {
   }
 }
 
+// Two currencies, a rate each working day of the last month.
+void addRates() {
+  constexpr int kRateDays = 30;
+  struct Start {
+    const char* currency;
+    int rate;  ///< in ten-thousandths of a leu
+  };
+  Dice dice;
+  for (const Start& start : {Start{"EUR", 49'750}, Start{"USD", 45'900}}) {
+    int rate = start.rate;
+    for (int back = kRateDays; back >= 0; --back) {
+      const QDate day = clock::today().addDays(-back);
+      rate += dice.below(61) - 30;
+      if (day.dayOfWeek() > Qt::Friday) continue;
+      Row row = rowOf("CURS DATA");
+      row.set("CURS", Decimal(rate) / 10'000);
+      row.set("DATA", day);
+      enterRate(start.currency, row);
+    }
+  }
+}
+
+void addWarehouses() {
+  for (const char* name : {"Depozit central", "Magazin Piata Mare"}) {
+    Row row = rowOf("DENUMIRE JURNAL");
+    row.set("DENUMIRE", name);
+    addWarehouse(row);
+  }
+}
+
+// Bands of a whole family, of one article that is dearer to carry, and percents of good customers.
+void addDiscounts(const Catalogue& catalogue) {
+  const auto fill = [](DiscountBands bands, const std::vector<TypedBand>& typed) {
+    for (const TypedBand& band : typed) bands.save(bands.add(), band);
+    return bands;
+  };
+  DiscountBands family = fill(DiscountBands::ofFamily(catalogue.families.front()),
+                              {{"1", "9", "0"}, {"10", "49", "3"}, {"50", "1000", "5"}});
+  family.applyToArticles();
+  fill(DiscountBands::ofArticle(catalogue.articles.last()), {{"1", "20", "0"}, {"21", "500", "7.5"}});
+  int percent = 2;
+  for (size_t i = 0; i < catalogue.customers.size(); i += 3)
+    setPartnerDiscount(catalogue.customers[i], Decimal(percent++));
+}
+
 bool sampleExists(const QString& folder) {
   const QList<Company> companies = readCompanyList(folder);
   return std::any_of(companies.begin(), companies.end(),
@@ -148,7 +199,11 @@ void makeIn(const QString& workshop) {
   session().gMagazie = warehouse.integer("COD");
   session().gDenMagazie = warehouse.text("DENUMIRE");
   chooseCostMethod("FIFO");
-  addVouchers(addCatalogue());
+  addWarehouses();
+  addRates();
+  const Catalogue catalogue = addCatalogue();
+  addDiscounts(catalogue);
+  addVouchers(catalogue);
 }
 
 }  // namespace

@@ -72,3 +72,47 @@ shot("08-conexiuni");
 win("frmConexiuni").close();
 menu("mnuCreare");
 shot("09-societati");
+
+// Setting the company up: its parameters, users, warehouses, accounts, journals, rates.
+function visit(entry, name, picture, steps) {
+  menu(entry);
+  const window = win(name);
+  if (steps) steps(window);
+  shot(picture);
+  window.close();
+}
+visit("mnuFilemnuSocConf", "frmParamSoc", "10-parametri", window => window.tab("Conturi"));
+visit("mnuUtilizatori", "frmUtilizatori", "11-utilizatori");
+visit("mnuMagazii", "frmMagazii", "12-magazii");
+visit("mnumnuTabelemnuTabPC", "frmPC", "13-plan-de-conturi", window => window.click("cmdActualizare"));
+visit("mnuJurnale", "frmJurnale", "14-jurnale");
+visit("mnumnuTabelemnuTabTVA", "frmCoteTVA", "15-cote-tva");
+visit("mnumnuTabelemnuPrelValuta", "frmValute", "16-valute", window => {
+  window.grid("grdValute").select(window.grid("grdValute").column("COD").indexOf("EUR"));
+  check(window.grid("grdCursValuta").rows() > 0, "rates of the euro");
+});
+
+// The catalogue: families, articles with search and card, partners with filter and card, discounts, prices.
+visit("mnuTabeleFamArt", "frmFamArticole", "17-familii");
+visit("mnuTabeleArticole", "frmArticole", "18-articole", window => {
+  window.type("txtCautare", "lum");
+  window.press("txtCautare", "Enter");
+  check(window.grid("grdDataGrid").rows() > 1, "articles that begin with lum");
+});
+visit("mnuTabeleArticole", "frmArticole", "19-articol", window => {
+  window.grid("grdDataGrid").select(3);
+  window.tab("Articol Detalii");
+});
+visit("mnuTabeleClienti", "frmTerti", "20-clienti", window => {
+  window.pick("cboCamp", "ORAS FACTURARE");
+  window.pick("cboComparatie", "contine");
+  window.type("txtValoare", "ur");
+  window.click("cmdCauta");
+  check(window.grid("grdDataGrid").rows() > 0, "customers in a town with ur");
+});
+visit("mnuTabeleFurnizori", "frmTerti", "21-furnizor", window => window.tab("Fisa Tert"));
+visit("mnuDiscounturiArt", "frmArticoleDiscount", "22-discounturi", window => {
+  window.tree("treeArticole").select("Mobilier din lemn (1)");
+  equal(window.grid("lvwDiscounts").rows(), 3, "three bands of a family");
+});
+visit("mnuActualizarePret", "FrmActPretVanz", "23-preturi");
