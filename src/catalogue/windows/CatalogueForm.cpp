@@ -50,9 +50,9 @@ void CatalogueForm::setCatalogue(const QList<GridColumn>& columns, const ListQue
 }
 
 void CatalogueForm::layOut(const QString& listTitle, QWidget* searchRow, const QList<FilterField>& fields,
-                           const QString& countCaption, const QString& countName, const QString& cardTitle,
-                           QWidget* cardPage, const QList<QPushButton*>& commands) {
-  filter_->setFields(fields);
+                           const QString& nameColumn, const QString& countCaption, const QString& countName,
+                           const QString& cardTitle, QWidget* cardPage, const QList<QPushButton*>& commands) {
+  filter_->setFields(fields, nameColumn);
   connect(filter_, &WhereBuilder::searchAsked, this, [this] { run("WhereBuilder", [this] { cauta(); }); });
   auto* counted = new QHBoxLayout;
   counted->addStretch();

@@ -22,8 +22,8 @@ class CatalogueForm : public ListForm {
                     const QString& order, const Condition& always, const QSet<QString>& tables);
   /// Builds the window: the list's tab with the search in front of the filter, the card's tab, the commands.
   void layOut(const QString& listTitle, QWidget* searchRow, const QList<FilterField>& fields,
-              const QString& countCaption, const QString& countName, const QString& cardTitle,
-              QWidget* cardPage, const QList<QPushButton*>& commands);
+              const QString& nameColumn, const QString& countCaption, const QString& countName,
+              const QString& cardTitle, QWidget* cardPage, const QList<QPushButton*>& commands);
   /// The box txtCautare; Enter in it runs `search`.
   QLineEdit* searchField(KeyFilter::Options keys, std::function<void()> search);
 

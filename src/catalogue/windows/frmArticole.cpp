@@ -113,8 +113,8 @@ frmArticole::frmArticole(QWidget* parent)
   setCatalogue(columns(), kArticleList, "CODART", "CODART", {}, {"G_ARTMAG"});
   list()->setEmptyText("Nu exista articole. Treceti pe \"Articol Detalii\" si apasati Adaugare.");
   QWidget* search = searchRow();
-  layOut("Lista Articole", search, filterOffer(), "Nr Articole:", "LabelNRINREG", "Articol Detalii", details_,
-         commands());
+  layOut("Lista Articole", search, filterOffer(), "DENART", "Nr Articole:", "LabelNRINREG", "Articol Detalii",
+         details_, commands());
 }
 
 QWidget* frmArticole::searchRow() {

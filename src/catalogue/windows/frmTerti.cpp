@@ -117,7 +117,8 @@ frmTerti::frmTerti(const QString& TipTert, QWidget* parent)
   list()->setEmptyText("Nu exista terti. Treceti pe \"Fisa Tert\", completati numele si apasati Adaugare.");
   QWidget* search = searchRow();
   QWidget* page = cardPage();
-  layOut("Lista Terti", search, filterOffer(), "Nr. Terti:", "lblRecCount", "Fisa Tert", page, commands());
+  layOut("Lista Terti", search, filterOffer(), "NUME", "Nr. Terti:", "lblRecCount", "Fisa Tert", page,
+         commands());
 }
 
 QWidget* frmTerti::searchRow() {

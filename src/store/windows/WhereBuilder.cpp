@@ -65,10 +65,13 @@ QPushButton* WhereBuilder::button(const QString& name, const QString& caption, c
   return made;
 }
 
-void WhereBuilder::setFields(const QList<FilterField>& fields) {
+void WhereBuilder::setFields(const QList<FilterField>& fields, const QString& first) {
   fields_ = fields;
   cboCamp_->clear();
-  for (const FilterField& each : fields_) cboCamp_->addItem(each.caption);
+  for (const FilterField& each : fields_) {
+    if (each.column == first) first_ = cboCamp_->count();
+    cboCamp_->addItem(each.caption);
+  }
   clear();
 }
 
@@ -159,7 +162,7 @@ void WhereBuilder::clear() {
   filter_.clear();
   orElse_ = false;
   lblConditie_->clear();
-  cboCamp_->setCurrentIndex(cboCamp_->count() > 0 ? 0 : -1);
+  cboCamp_->setCurrentIndex(cboCamp_->count() > 0 ? first_ : -1);
   cboComparatie_->setCurrentIndex(0);
   fieldChosen();
 }

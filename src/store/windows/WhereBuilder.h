@@ -20,7 +20,8 @@ class WhereBuilder : public QWidget {
  public:
   explicit WhereBuilder(QWidget* parent = nullptr);
 
-  void setFields(const QList<FilterField>& fields);
+  /// The fields to choose from; the one of that column is the first to be asked for.
+  void setFields(const QList<FilterField>& fields, const QString& first);
 
   /// The condition together with what stands in the boxes. Throws RuleError, with the focus at the fault,
   /// when a value does not fit.
@@ -50,6 +51,7 @@ class WhereBuilder : public QWidget {
   void joinOr() { takeGuarded(true); }
 
   QList<FilterField> fields_;
+  int first_ = 0;
   Filter filter_;
   bool orElse_ = false;  ///< how the boxes join what was said before
   QComboBox* cboCamp_;

@@ -1,10 +1,43 @@
 #include "util/windows/KeyFilter.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
 #include <QLineEdit>
 
 namespace velmar {
 
-void KeyFilter::install(QLineEdit* box, Options options) { box->setValidator(new KeyFilter(options, box)); }
+namespace {
+
+// Turns letters into upper case on their way from the keyboard.
+class UpperCaseKeys : public QObject {
+ public:
+  explicit UpperCaseKeys(QLineEdit* box) : QObject(box) { box->installEventFilter(this); }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) return false;
+    auto* box = static_cast<QLineEdit*>(watched);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (box->isReadOnly()) return false;
+    if (key->matches(QKeySequence::Paste)) {
+      box->insert(QApplication::clipboard()->text().toUpper());
+      return true;
+    }
+    const QString upper = key->text().toUpper();
+    if (upper == key->text()) return false;
+    QKeyEvent typed(QEvent::KeyPress, key->key(), key->modifiers(), upper, key->isAutoRepeat());
+    QCoreApplication::sendEvent(box, &typed);
+    return true;
+  }
+};
+
+}  // namespace
+
+void KeyFilter::install(QLineEdit* box, Options options) {
+  if (options & (NoQuote | NoBlank)) box->setValidator(new KeyFilter(options, box));
+  if (options.testFlag(UpperCase)) new UpperCaseKeys(box);
+}
 
 QValidator::State KeyFilter::validate(QString& input, int& position) const {
   QString kept;
@@ -14,7 +47,7 @@ QValidator::State KeyFilter::validate(QString& input, int& position) const {
     const bool swallowed =
         (options_.testFlag(NoQuote) && c == QLatin1Char('\'')) || (options_.testFlag(NoBlank) && c.isSpace());
     if (!swallowed)
-      kept.append(options_.testFlag(UpperCase) ? c.toUpper() : c);
+      kept.append(c);
     else if (i < position)
       --keptPosition;
   }

@@ -1,5 +1,5 @@
-// What a text box takes: the characters it swallows, and upper case as they come. Pasted text is treated
-// alike.
+// What a text box takes: the characters it swallows, and upper case as they are typed. Pasted text is treated
+// alike; what a program puts into the box stays as it is written.
 #pragma once
 
 #include <QValidator>
