@@ -15,15 +15,15 @@ namespace velmar {
 
 namespace {
 
-constexpr qreal kLetters = 9;          // points, of rows that fit the page
+constexpr qreal kLetters = 9;  // points, of rows that fit the page
 constexpr qreal kSmallestLetters = 6.5;
 constexpr qreal kHeaderLetters = 10;
 constexpr qreal kFooterLetters = 8;
-constexpr qreal kLeading = 1.25;       // height of a row, in heights of its letters
+constexpr qreal kLeading = 1.25;  // height of a row, in heights of its letters
 constexpr qreal kPadding = 3 * kTwipsPerPoint;
 constexpr qreal kGap = 6 * kTwipsPerPoint;  // between the texts of the page and the table
-constexpr qreal kMostGrowth = 1.6;     // of a column of texts on a page with room to spare
-constexpr qreal kRepeatedShare = 0.25;  // of the page, for a first column that every band repeats
+constexpr qreal kMostGrowth = 1.6;          // of a column of texts on a page with room to spare
+constexpr qreal kRepeatedShare = 0.25;      // of the page, for a first column that every band repeats
 constexpr qreal kThinLine = 0.5 * kTwipsPerPoint;
 const QColor kRule(0xc0, 0xc0, 0xc0);
 
@@ -96,9 +96,8 @@ void GridPrint::takeColumns() {
   for (const int section : sections) {
     const GridColumn& shown = grid_.columns()[section];
     const QAbstractItemModel* model = grid_.model();
-    const QVariant alignment = model->rowCount() > 0
-                                   ? model->index(0, section).data(Qt::TextAlignmentRole)
-                                   : QVariant();
+    const QVariant alignment =
+        model->rowCount() > 0 ? model->index(0, section).data(Qt::TextAlignmentRole) : QVariant();
     const bool number = shown.format == CellFormat::Number || shown.format == CellFormat::Integer;
     const bool right = alignment.isValid() ? (alignment.toInt() & Qt::AlignRight) != 0 : number;
     Column column{section, shown.caption, grid_.footer(shown.field), right, 0};
@@ -114,8 +113,8 @@ qreal GridPrint::wantedWidth(int section, const Column& column) const {
   const QFontMetricsF bold(pageFont(grid_, kLetters, true));
   const qreal digit = plain.horizontalAdvance(QLatin1Char('0'));
   const qreal told = digit * grid_.columns()[section].width + 2 * kPadding;
-  const qreal shown = digit * grid_.columnWidth(section) /
-                      QFontMetricsF(grid_.font()).horizontalAdvance(QLatin1Char('0'));
+  const qreal shown =
+      digit * grid_.columnWidth(section) / QFontMetricsF(grid_.font()).horizontalAdvance(QLatin1Char('0'));
   const bool last = grid_.visibleColumns().value(grid_.visibleColumns().size() - 1, -1) == section;
   const bool screenTells = !grid_.isColumnHidden(section) && !last;
   return std::max({screenTells ? shown : told, bold.horizontalAdvance(column.caption) + 2 * kPadding,
@@ -135,8 +134,7 @@ QRectF GridPrint::body() const {
 QFont GridPrint::letters(bool bold) const { return pageFont(grid_, kLetters * scale_, bold); }
 
 qreal GridPrint::headerHeight() const {
-  const qreal height =
-      textHeight(settings_.header, pageFont(grid_, kHeaderLetters, settings_.boldHeader));
+  const qreal height = textHeight(settings_.header, pageFont(grid_, kHeaderLetters, settings_.boldHeader));
   return height > 0 ? height + kGap : 0;
 }
 
@@ -179,8 +177,8 @@ void GridPrint::fillLine(qreal spare) {
     if (!columns_[i].right) widths_[i] *= growth;
 }
 
-// Too many columns for letters that can be read: they go over several pages, and each of these begins with the
-// first column, which tells the rows apart.
+// Too many columns for letters that can be read: they go over several pages, and each of these begins with
+// the first column, which tells the rows apart.
 void GridPrint::spreadColumns(qreal room) {
   const qreal widest = room * kLetters / kSmallestLetters;
   const bool repeatFirst = widths_[0] <= widest * kRepeatedShare;
@@ -211,9 +209,7 @@ int GridPrint::sheetCount() const {
   return 1 + (later + laterRows_ - 1) / laterRows_;
 }
 
-int GridPrint::firstRowOf(int sheet) const {
-  return sheet == 0 ? 0 : firstRows_ + (sheet - 1) * laterRows_;
-}
+int GridPrint::firstRowOf(int sheet) const { return sheet == 0 ? 0 : firstRows_ + (sheet - 1) * laterRows_; }
 
 int GridPrint::rowsOn(int sheet) const {
   return std::clamp(rowCount() - firstRowOf(sheet), 0, sheet == 0 ? firstRows_ : laterRows_);
@@ -285,7 +281,8 @@ void GridPrint::paintLine(QPainter& painter, const QString& text, const QRectF& 
   }
 }
 
-// A text too long is cut with dots; a number is made narrower, for without a digit it would be another number.
+// A text too long is cut with dots; a number is made narrower, for without a digit it would be another
+// number.
 void GridPrint::paintCell(QPainter& painter, const QString& text, bool right, const QRectF& room) const {
   if (text.isEmpty()) return;
   const QRectF inside = room.adjusted(kPadding * scale_, 0, -kPadding * scale_, 0);
@@ -342,7 +339,8 @@ void GridPrint::writeHtml(const QString& path) const {
   out << "<!DOCTYPE html>\n<html lang=\"ro\">\n<head>\n<meta charset=\"utf-8\">\n<title>"
       << title.join(QLatin1Char(' ')) << "</title>\n<style>table{border-collapse:collapse}"
       << "th,td{border:1px solid #c0c0c0;padding:2px 6px;text-align:left}.n{text-align:right}"
-      << "</style>\n</head>\n<body>\n<h1>" << title.join(QStringLiteral("<br>")) << "</h1>\n<table>\n<thead>\n";
+      << "</style>\n</head>\n<body>\n<h1>" << title.join(QStringLiteral("<br>"))
+      << "</h1>\n<table>\n<thead>\n";
   line("th", [](const Column& column) { return column.caption; });
   out << "</thead>\n<tbody>\n";
   for (int row = 0; row < rowCount(); ++row)

@@ -13,7 +13,8 @@ struct GridPrintSettings {
   enum class Rows { Selected, All };
 
   QString name;  ///< of the files made of it
-  /// Texts of the page: "\t" moves to the next third of the line (left, middle, right), "\n" to the next line,
+  /// Texts of the page: "\t" moves to the next third of the line (left, middle, right), "\n" to the next
+  /// line,
   /// "\p" is the page, "\P" the number of pages.
   QString header;
   QString footer;

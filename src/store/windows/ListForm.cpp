@@ -9,6 +9,7 @@
 #include <QShortcut>
 
 #include "store/DataChanges.h"
+#include "store/windows/GridPrint.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/windows/Controls.h"
@@ -40,6 +41,7 @@ void ListForm::setList(EntryGrid* grid, const QString& keyField, Read read, cons
   read_ = std::move(read);
   tables_ = tables;
   grid_->setSortable();
+  grid_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   connect(grid_, &TDBGrid::currentRecordChanged, this, [this] {
     if (keepEdits_) return;
     guarded(objectName(), "RowColChange", [this] { showRecord(grid_->currentRecord()); });
@@ -57,6 +59,20 @@ QPushButton* ListForm::command(const QString& name, const QString& caption, cons
   connect(button, &QPushButton::clicked, this,
           [this, name, action = std::move(action)] { run(name + QStringLiteral("_Click"), action); });
   return button;
+}
+
+QPushButton* ListForm::printCommand(const QString& name, const QString& caption) {
+  return command(name, caption, "Tiparirea randurilor selectate (Ctrl+P)", "print", [this] { printList(); });
+}
+
+void ListForm::printList() {
+  if (grid_->selectedPlaces().isEmpty()) throw RuleError("Nu exista inregistrari");
+  GridPrintSettings settings;
+  settings.name = windowTitle();
+  settings.header = windowTitle();
+  settings.boldHeader = true;
+  settings.footer = QStringLiteral(R"(\t\tPagina: \p din \P)");
+  printGrid(*grid_, settings, window());
 }
 
 QPushButton* ListForm::exitCommand() {
@@ -126,6 +142,7 @@ void ListForm::finish(QWidget* first) {
     connect(made, &QShortcut::activated, this, work);
   };
   shortcut(Qt::Key_F5, [this] { run("F5", [this] { refreshKeepingEdits(); }); });
+  shortcut(QKeySequence::Print, [this] { run("Ctrl+P", [this] { printList(); }); });
   shortcut(QKeySequence::Find, [this] {
     if (QWidget* box = searchBox()) box->setFocus(Qt::ShortcutFocusReason);
   });

@@ -1,6 +1,6 @@
 // What the list windows of the master tables share: a list with a search, a card beside it, commands that say
 // what is wrong and where, and the keys: F5 reads again, Ctrl+F searches, Insert begins a new record, Delete
-// deletes, Esc takes an edit back and then closes.
+// deletes, Ctrl+P prints, Esc takes an edit back and then closes.
 #pragma once
 
 #include <functional>
@@ -36,6 +36,11 @@ class ListForm : public QWidget {
   /// field.
   QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,
                        const QString& picture, std::function<void()> action);
+  /// A command that prints the list, as Ctrl+P does.
+  QPushButton* printCommand(const QString& name = QStringLiteral("cmdListare"),
+                            const QString& caption = QStringLiteral("Listare"));
+  /// Prints the selected rows; Ctrl+P.
+  virtual void printList();
   /// The button "Iesire".
   QPushButton* exitCommand();
   /// Gives Insert and Delete the commands they stand for; null for none.

@@ -1,5 +1,5 @@
-// What can be printed: pages that are drawn from their data each time they are wanted. Preview, printer and PDF
-// take the same drawing, so a job of thousands of pages needs no more memory than one of a single page.
+// What can be printed: pages that are drawn from their data each time they are wanted. Preview, printer and
+// PDF take the same drawing, so a job of thousands of pages needs no more memory than one of a single page.
 #pragma once
 
 #include <QFont>
@@ -28,7 +28,8 @@ class PrintJob {
   virtual QString name() const = 0;
   /// Sheet, orientation and margins.
   virtual QPageLayout pageLayout() const = 0;
-  /// Whether the user may choose another layout; setPageLayout() then takes it, and the pages are counted anew.
+  /// Whether the user may choose another layout; setPageLayout() then takes it, and the pages are counted
+  /// anew.
   virtual bool canSetPage() const { return false; }
   virtual void setPageLayout(const QPageLayout&) {}
   /// At least 1; told without drawing the pages.

@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QComboBox>
-#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -10,6 +9,7 @@
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 
 #include "util/Settings.h"
 #include "util/windows/Controls.h"
@@ -126,9 +126,8 @@ QWidget* frmOptiuniTiparire::sheetFrame() {
   auto* margins = new QGridLayout;
   const char* captions[] = {"Stanga", "Sus", "Dreapta", "Jos"};
   for (int side = 0; side < 4; ++side) {
-    auto* box = named(new QDoubleSpinBox, QStringLiteral("txtMargini(%1)").arg(side), "Margine in milimetri");
+    auto* box = named(new QSpinBox, QStringLiteral("txtMargini(%1)").arg(side), "Margine in milimetri");
     box->setRange(0, kWidestMargin);
-    box->setDecimals(1);
     box->setSuffix(" mm");
     txtMargini_[static_cast<size_t>(side)] = box;
     auto* label = new QLabel(captions[side]);
@@ -144,8 +143,8 @@ QWidget* frmOptiuniTiparire::sheetFrame() {
   rows->addRow("Margini", margins);
   connect(cboHartie_, &QComboBox::currentIndexChanged, this, &frmOptiuniTiparire::sheetChanged);
   connect(optPeisaj_, &QRadioButton::toggled, this, &frmOptiuniTiparire::sheetChanged);
-  for (QDoubleSpinBox* box : txtMargini_)
-    connect(box, &QDoubleSpinBox::valueChanged, this, &frmOptiuniTiparire::sheetChanged);
+  for (QSpinBox* box : txtMargini_)
+    connect(box, &QSpinBox::valueChanged, this, &frmOptiuniTiparire::sheetChanged);
   return frame;
 }
 
@@ -159,7 +158,7 @@ void frmOptiuniTiparire::showSheet() {
   (before_.orientation() == QPageLayout::Landscape ? optPeisaj_ : optPortret_)->setChecked(true);
   const QMarginsF margins = before_.margins(QPageLayout::Millimeter);
   const qreal sides[] = {margins.left(), margins.top(), margins.right(), margins.bottom()};
-  for (size_t side = 0; side < txtMargini_.size(); ++side) txtMargini_[side]->setValue(sides[side]);
+  for (size_t side = 0; side < txtMargini_.size(); ++side) txtMargini_[side]->setValue(qRound(sides[side]));
 }
 
 QWidget* frmOptiuniTiparire::buttonRow(bool leadsToPreview) {

@@ -8,7 +8,6 @@
 
 class QButtonGroup;
 class QComboBox;
-class QDoubleSpinBox;
 class QGroupBox;
 class QLabel;
 class QRadioButton;
@@ -52,7 +51,7 @@ class frmOptiuniTiparire : public QDialog {
   QComboBox* cboHartie_ = nullptr;
   QRadioButton* optPortret_ = nullptr;
   QRadioButton* optPeisaj_ = nullptr;
-  std::array<QDoubleSpinBox*, 4> txtMargini_ = {};  ///< left, top, right, bottom
+  std::array<QSpinBox*, 4> txtMargini_ = {};  ///< left, top, right, bottom
 };
 
 }  // namespace velmar

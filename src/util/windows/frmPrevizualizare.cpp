@@ -12,7 +12,6 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QShortcut>
 #include <QSpinBox>
 
 #include "util/Errors.h"
@@ -26,9 +25,9 @@ namespace velmar {
 namespace {
 
 constexpr int kPagesKept = 6;
-constexpr int kBorder = 12;        // pixels around the sheet
+constexpr int kBorder = 12;  // pixels around the sheet
 constexpr qreal kPointsPerInch = 72;
-constexpr int kWholePage = -1;     // of the sizes offered, beside percents
+constexpr int kWholePage = -1;  // of the sizes offered, beside percents
 constexpr int kPageWidth = -2;
 constexpr int kPercents[] = {50, 75, 100, 125, 150, 200, 300};
 
@@ -54,7 +53,6 @@ frmPrevizualizare::frmPrevizualizare(PrintJob& job, QWidget* parent)
   all->addWidget(area_, 1);
   all->addWidget(lblStare_);
   lblStare_->hide();
-  setUpKeys();
   giveMnemonics(this);
   area_->setFocus();
   const QSize room = screen()->availableSize();
@@ -91,6 +89,8 @@ QLayout* frmPrevizualizare::toolRow() {
   cboMarime_->setCurrentIndex(1);
   connect(cboMarime_, &QComboBox::currentIndexChanged, this,
           [this] { guarded(objectName(), "cboMarime_Click", [this] { showPage(); }); });
+  // The keys go to the page again, not through the list of sizes.
+  connect(cboMarime_, &QComboBox::activated, area_, qOverload<>(&QWidget::setFocus));
   txtCautare_ = makeTextBox("txtCautare", 24, "Cautare in pagini (Ctrl+F)");
   txtCautare_->setPlaceholderText("Cautare");
   connect(txtCautare_, &QLineEdit::returnPressed, this,
@@ -108,31 +108,46 @@ QLayout* frmPrevizualizare::toolRow() {
   return row;
 }
 
-void frmPrevizualizare::setUpKeys() {
-  const auto onKey = [this](const QKeySequence& keys, const std::function<void()>& action) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, this,
-            [this, action] { guarded(objectName(), "KeyDown", action); });
+bool frmPrevizualizare::takeKey(const QKeyEvent& event) {
+  const auto work = [this](const std::function<void()>& action) {
+    guarded(objectName(), "KeyDown", action);
+    return true;
   };
-  onKey(QKeySequence(Qt::Key_PageDown), [this] { scrollOrTurn(1); });
-  onKey(QKeySequence(Qt::Key_PageUp), [this] { scrollOrTurn(-1); });
-  onKey(QKeySequence("Ctrl+P"), [this] { print(); });
-  onKey(QKeySequence("Ctrl+S"), [this] { save(); });
-  onKey(QKeySequence("Ctrl+F"), [this] {
+  if (event.matches(QKeySequence::Print)) return work([this] { print(); });
+  if (event.matches(QKeySequence::Save)) return work([this] { save(); });
+  if (event.matches(QKeySequence::Find)) {
     txtCautare_->setFocus();
     txtCautare_->selectAll();
-  });
-  for (const char* keys : {"Ctrl++", "Ctrl+="}) onKey(QKeySequence(keys), [this] { zoomBy(1); });
-  onKey(QKeySequence("Ctrl+-"), [this] { zoomBy(-1); });
+    return true;
+  }
+  const bool control = event.modifiers() & Qt::ControlModifier;
+  switch (event.key()) {
+    case Qt::Key_PageDown:
+      return work([this] { scrollOrTurn(1); });
+    case Qt::Key_PageUp:
+      return work([this] { scrollOrTurn(-1); });
+    case Qt::Key_Home:
+      return work([this] { turnTo(0); });
+    case Qt::Key_End:
+      return work([this] { turnTo(pageCount_ - 1); });
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+      return control && work([this] { zoomBy(1); });
+    case Qt::Key_Minus:
+      return control && work([this] { zoomBy(-1); });
+    default:
+      return false;
+  }
 }
 
 void frmPrevizualizare::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Home) return cmdPrima_->click();
-  if (event->key() == Qt::Key_End) return cmdUltima_->click();
-  QDialog::keyPressEvent(event);
+  if (!takeKey(*event)) QDialog::keyPressEvent(event);
 }
 
 // The wheel turns the page at its ends, and with Ctrl it changes the size.
 bool frmPrevizualizare::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == area_ && event->type() == QEvent::KeyPress && takeKey(*static_cast<QKeyEvent*>(event)))
+    return true;
   if (watched == area_ && event->type() == QEvent::Wheel) {
     const auto* wheel = static_cast<QWheelEvent*>(event);
     const int up = wheel->angleDelta().y();
@@ -166,6 +181,8 @@ void frmPrevizualizare::turnTo(int page) {
   const bool back = wanted < page_;
   const bool turned = std::exchange(page_, wanted) != wanted;
   showPage();
+  // A button that is disabled hands the focus to its neighbour, which would take the next key.
+  if (!txtPagina_->hasFocus()) area_->setFocus();
   if (turned) area_->verticalScrollBar()->setValue(back ? area_->verticalScrollBar()->maximum() : 0);
 }
 
@@ -254,9 +271,8 @@ void frmPrevizualizare::print() {
     const PrintTarget target = options.target();
     const QString where = sendTo(target, job_, this);
     if (!where.isEmpty())
-      tell(target.printer.isEmpty()
-               ? QStringLiteral("Salvat in %1").arg(QDir::toNativeSeparators(where))
-               : QStringLiteral("Trimis la imprimanta %1").arg(where));
+      tell(target.printer.isEmpty() ? QStringLiteral("Salvat in %1").arg(QDir::toNativeSeparators(where))
+                                    : QStringLiteral("Trimis la imprimanta %1").arg(where));
   }
   // The sheet may be another one now.
   drawn_.clear();

@@ -31,7 +31,7 @@ class frmPrevizualizare : public QDialog {
   QLayout* toolRow();
   QPushButton* tool(const QString& name, const QString& caption, const QString& toolTip,
                     const QString& picture, const std::function<void()>& action);
-  void setUpKeys();
+  bool takeKey(const QKeyEvent& event);
   void turnTo(int page);
   void scrollOrTurn(int step);
   void zoomBy(int step);
