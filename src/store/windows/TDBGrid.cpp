@@ -140,9 +140,10 @@ TDBGrid::TDBGrid(const QString& name, QWidget* parent)
   setEditTriggers(NoEditTriggers);
   horizontalHeader()->setSectionsMovable(true);
   horizontalHeader()->viewport()->installEventFilter(this);
+  // Only what the user drags is kept; the stretch of the last column follows the window.
   const auto lookChanged = [this] {
     footer_->update();
-    storeLook();
+    if (QApplication::mouseButtons() != Qt::NoButton) storeLook();
   };
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, lookChanged);
   connect(horizontalHeader(), &QHeaderView::sectionMoved, this, lookChanged);
@@ -195,10 +196,8 @@ void TDBGrid::stretchLast() {
   horizontalHeader()->setStretchLastSection(true);
 }
 
-// Only what the user drags is kept; the stretch of the last column follows the window.
 void TDBGrid::storeLook() {
-  if (settingWidths_ || !isVisible() || QApplication::mouseButtons() == Qt::NoButton || lookName().isEmpty())
-    return;
+  if (settingWidths_ || !isVisible() || lookName().isEmpty()) return;
   const QHeaderView* header = horizontalHeader();
   QVariantList widths, order;
   for (int i = 0; i < header->count(); ++i) {

@@ -11,6 +11,7 @@
 #include <QProgressDialog>
 #include <QRegularExpression>
 #include <QSaveFile>
+#include <QScopeGuard>
 #include <QStandardPaths>
 
 #include "util/Errors.h"
@@ -146,9 +147,9 @@ void keepPreviewCopy(const PrintJob& job, QWidget* parent) {
 
 void paintSheet(QPainter& painter, const PrintJob& job, int page, qreal dotsPerInch) {
   painter.save();
+  const auto restored = qScopeGuard([&painter] { painter.restore(); });
   painter.scale(dotsPerInch / kTwipsPerInch, dotsPerInch / kTwipsPerInch);
   job.paintPage(painter, page);
-  painter.restore();
 }
 
 }  // namespace velmar

@@ -46,6 +46,7 @@ frmPrevizualizare::frmPrevizualizare(PrintJob& job, QWidget* parent)
   area_->setWidgetResizable(true);
   area_->setBackgroundRole(QPalette::Mid);
   area_->installEventFilter(this);
+  area_->viewport()->installEventFilter(this);
   lblStare_ = named(new QLabel, "lblStare");
   lblStare_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* all = new QVBoxLayout(this);
@@ -148,7 +149,7 @@ void frmPrevizualizare::keyPressEvent(QKeyEvent* event) {
 bool frmPrevizualizare::eventFilter(QObject* watched, QEvent* event) {
   if (watched == area_ && event->type() == QEvent::KeyPress && takeKey(*static_cast<QKeyEvent*>(event)))
     return true;
-  if (watched == area_ && event->type() == QEvent::Wheel) {
+  if (watched == area_->viewport() && event->type() == QEvent::Wheel) {
     const auto* wheel = static_cast<QWheelEvent*>(event);
     const int up = wheel->angleDelta().y();
     const QScrollBar* bar = area_->verticalScrollBar();
@@ -248,6 +249,7 @@ void frmPrevizualizare::showPage() {
   cmdInapoi_->setEnabled(page_ > 0);
   cmdInainte_->setEnabled(page_ < pageCount_ - 1);
   cmdUltima_->setEnabled(page_ < pageCount_ - 1);
+  sheet_->clear();  // a page that cannot be drawn must not look like the one before it
   sheet_->setPixmap(drawn(page_));
 }
 

@@ -8,6 +8,7 @@
 #include "store/windows/extTDBGrid.h"
 #include "store/windows/TDBGrid.h"
 #include "TestCompany.h"
+#include "util/Settings.h"
 
 namespace velmar {
 namespace {
@@ -100,7 +101,10 @@ TEST_F(GroupingTest, HeadingsDraggedOutOrderTheListAndStayWhereTheyStood) {
   EXPECT_EQ(area_->groupColumns().size(), 2);
 
   // A drag along the headings still moves a column.
+  const auto kept = [] { return settings::look("frmProba/grdDataGrid").toMap().value("order").toList(); };
+  EXPECT_TRUE(kept().isEmpty());
   drag(0, {300, 0});
+  EXPECT_EQ(kept().value(0).toInt(), 1);
   EXPECT_EQ(heads().section(' ', 0, 0), "ORAS");
   EXPECT_EQ(area_->groupColumns().size(), 2);
 
