@@ -47,6 +47,16 @@ QString escapedForLike(QString text) {
   return text;
 }
 
+std::vector<Decimal> sumsOf(const RowSource& rows, const QList<int>& places, const QStringList& fields) {
+  std::vector<Decimal> sums(static_cast<size_t>(fields.size()));
+  for (const int place : places) {
+    const Row& row = rows.row(place);
+    for (qsizetype i = 0; i < fields.size(); ++i)
+      if (!row.text(fields[i]).trimmed().isEmpty()) sums[static_cast<size_t>(i)] += row.decimal(fields[i]);
+  }
+  return sums;
+}
+
 RecordsetRows::RecordsetRows(Recordset recordset)
     : recordset_(std::move(recordset)), order_(static_cast<size_t>(recordset_.size())) {
   std::iota(order_.begin(), order_.end(), 0);

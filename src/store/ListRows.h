@@ -51,6 +51,9 @@ class RowSource {
   virtual void sort(const QStringList& fields, bool descending) = 0;
 };
 
+/// The sum of each field over the rows at these places, exact; null and empty cells count 0.
+std::vector<Decimal> sumsOf(const RowSource& rows, const QList<int>& places, const QStringList& fields);
+
 /// A record set as a list.
 class RecordsetRows : public RowSource {
  public:

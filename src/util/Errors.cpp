@@ -11,8 +11,9 @@ RuleError::RuleError(const QString& text, const QString& field, int icon, const 
     : Error(0, text), field_(field), icon_(icon), title_(title) {}
 
 void reportError(int number, const QString& text, const QString& procedure, const QString& form, int line) {
-  Mesaj(QStringLiteral("Eroare %1 - %2 in procedura %3 din Form %4 Linia: %5")
-            .arg(QString::number(number), text, procedure, form, QString::number(line)));
+  const QString place = form.contains(QLatin1Char(' ')) ? form : QStringLiteral("Form ") + form;
+  Mesaj(QStringLiteral("Eroare %1 - %2 in procedura %3 din %4 Linia: %5")
+            .arg(QString::number(number), text, procedure, place, QString::number(line)));
 }
 
 void detail::reportCurrentException(const QString& form, const QString& procedure, int line) {

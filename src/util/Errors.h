@@ -59,7 +59,8 @@ class ArithmeticError : public Error {
 /// The user gave up waiting for the write lock; nothing was written and nothing more is to be said.
 class Cancelled : public std::exception {};
 
-/// Shows "Eroare n - text in procedura P din Form F Linia: L" for an error that escaped a handler.
+/// Shows "Eroare n - text in procedura P din Form F Linia: L" for an error that escaped a handler. A form is
+/// named by its name alone, what is no form with its kind: "User Control extTDBGrid".
 void reportError(int number, const QString& text, const QString& procedure, const QString& form, int line);
 
 /// The place a report names when the error itself knows none: the line of the call.

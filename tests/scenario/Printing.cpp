@@ -8,10 +8,14 @@
 #include <QWidget>
 
 #include "Input.h"
+#include "util/windows/PrintOutput.h"
 
 namespace velmar::scenario {
 
-Printing::Printing(const QString& out) : out_(out) { qApp->installEventFilter(this); }
+Printing::Printing(const QString& out) : out_(out) {
+  setPrintFolder(out);
+  qApp->installEventFilter(this);
+}
 
 bool Printing::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::Show || keepsWindows_ || !watched->isWidgetType()) return false;

@@ -145,6 +145,12 @@ equal(sql("SELECT NRLINIE, CODART, CANT, PRETFT, VALOAREFT, CANTRLIV FROM G_LCOM
       [{ NRLINIE: 1, CODART: "AB1", CANT: 4, PRETFT: 3.25, VALOAREFT: 13, CANTRLIV: 4 },
        { NRLINIE: 2, CODART: "SV", CANT: 0, PRETFT: 0, VALOAREFT: 0, CANTRLIV: 0 }]);
 
+// The selected lines on paper, with their copy as a web page.
+w.click("cmdListare");
+const list = pdfText(printed()[0]);
+check(list.includes("Lista articole") && list.includes("Editat de Tarvon V1.0") && list.includes("AB1") && list.includes("Servicii"), list);
+check(readFile(paths().app + "/Articole.htm").includes("Scaun fag"));
+
 // The catalogue as XML; the order form from its prototype.
 w.click("CommandButton1");
 const xml = readFile(paths().app + "/articole.xml");

@@ -49,26 +49,25 @@ void CatalogueForm::setCatalogue(const QList<GridColumn>& columns, const ListQue
   connect(open, &QShortcut::activated, this, &CatalogueForm::bringCard);
 }
 
-void CatalogueForm::layOut(const QString& listTitle, QWidget* searchRow, const QList<FilterField>& fields,
-                           const QString& nameColumn, const QString& countCaption, const QString& countName,
-                           const QString& cardTitle, QWidget* cardPage, const QList<QPushButton*>& commands) {
-  filter_->setFields(fields, nameColumn);
+void CatalogueForm::layOut(const Pages& pages) {
+  filter_->setFields(pages.filter, pages.nameColumn);
   connect(filter_, &WhereBuilder::searchAsked, this, [this] { run("WhereBuilder", [this] { cauta(); }); });
   auto* counted = new QHBoxLayout;
   counted->addStretch();
-  counted->addWidget(new QLabel(countCaption));
-  counted->addWidget(named(count_, countName));
+  counted->addWidget(new QLabel(pages.countCaption));
+  counted->addWidget(named(count_, pages.countName));
   auto* listPage = new QWidget;
   auto* inside = new QVBoxLayout(listPage);
-  inside->addWidget(searchRow);
+  inside->addWidget(pages.searchRow);
   inside->addWidget(filter_);
+  if (pages.aboveList) inside->addWidget(pages.aboveList);
   inside->addWidget(list(), 1);
   inside->addLayout(counted);
-  tabs_->addTab(listPage, listTitle);
-  tabs_->addTab(cardPage, cardTitle);
+  tabs_->addTab(listPage, pages.listTitle);
+  tabs_->addTab(pages.cardPage, pages.cardTitle);
   auto* all = new QVBoxLayout(this);
   all->addWidget(tabs_, 1);
-  all->addLayout(commandRow(commands));
+  all->addLayout(commandRow(pages.commands));
   finish(txtCautare_);
   connect(tabs_, &QTabWidget::currentChanged, this,
           [this] { guarded(objectName(), "SSTab_Click", [this] { tabChanged(); }); });

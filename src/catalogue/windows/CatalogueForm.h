@@ -2,6 +2,7 @@
 // first letters and filter, a tab for the card, steps through the records, the count of what is shown.
 #pragma once
 
+#include "store/Filter.h"
 #include "store/windows/ListForm.h"
 #include "util/windows/KeyFilter.h"
 
@@ -10,7 +11,6 @@ class QTabWidget;
 namespace velmar {
 
 class WhereBuilder;
-struct FilterField;
 
 class CatalogueForm : public ListForm {
   Q_OBJECT
@@ -20,10 +20,20 @@ class CatalogueForm : public ListForm {
   /// The list: what it reads, its key, its order, and a condition that always holds.
   void setCatalogue(const QList<GridColumn>& columns, const ListQuery& query, const QString& keyField,
                     const QString& order, const Condition& always, const QSet<QString>& tables);
-  /// Builds the window: the list's tab with the search in front of the filter, the card's tab, the commands.
-  void layOut(const QString& listTitle, QWidget* searchRow, const QList<FilterField>& fields,
-              const QString& nameColumn, const QString& countCaption, const QString& countName,
-              const QString& cardTitle, QWidget* cardPage, const QList<QPushButton*>& commands);
+  /// What the window is made of, besides the list.
+  struct Pages {
+    QString listTitle;
+    QWidget* searchRow;
+    QList<FilterField> filter;
+    QString nameColumn;               ///< the filter asks for it first
+    QWidget* aboveList = nullptr;     ///< stands between filter and list
+    QString countCaption, countName;  ///< of the number of rows
+    QString cardTitle;
+    QWidget* cardPage;
+    QList<QPushButton*> commands;
+  };
+  /// Builds the window: the list's tab with search and filter, the card's tab, the commands.
+  void layOut(const Pages& pages);
   /// The box txtCautare; Enter in it runs `search`.
   QLineEdit* searchField(KeyFilter::Options keys, std::function<void()> search);
 

@@ -14,6 +14,7 @@
 #include "config/Session.h"
 #include "config/windows/frmParamSoc.h"
 #include "store/Filter.h"
+#include "store/windows/extTDBGrid.h"
 #include "store/windows/WhereBuilder.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
@@ -109,12 +110,27 @@ QList<FilterField> filterOffer() {
 frmArticole::frmArticole(QWidget* parent)
     : CatalogueForm("frmArticole", "Articole", parent),
       details_(new ArticleCard(card())),
-      cboCautare_(named(new QComboBox, "cboCautare", "Dupa ce se cauta")) {
+      cboCautare_(named(new QComboBox, "cboCautare", "Dupa ce se cauta")),
+      grouping_(new extTDBGrid("extTDBGrid1")) {
   setCatalogue(columns(), kArticleList, "CODART", "CODART", {}, {"G_ARTMAG"});
   list()->setEmptyText("Nu exista articole. Treceti pe \"Articol Detalii\" si apasati Adaugare.");
+  setPrinting({.name = "Articole",
+               .header = "Lista articole",
+               .footer = "Editat de Tarvon V1.0      \\tPagina: \\p",
+               .orientation = QPageLayout::Landscape,
+               .htmlCopy = QDir(session().gCaleAplicatie).filePath("Articole.htm")});
   QWidget* search = searchRow();
-  layOut("Lista Articole", search, filterOffer(), "DENART", "Nr Articole:", "LabelNRINREG", "Articol Detalii",
-         details_, commands());
+  grouping_->setTDBGrid(list());
+  layOut({.listTitle = "Lista Articole",
+          .searchRow = search,
+          .filter = filterOffer(),
+          .nameColumn = "DENART",
+          .aboveList = grouping_,
+          .countCaption = "Nr Articole:",
+          .countName = "LabelNRINREG",
+          .cardTitle = "Articol Detalii",
+          .cardPage = details_,
+          .commands = commands()});
 }
 
 QWidget* frmArticole::searchRow() {
@@ -154,15 +170,14 @@ QList<QPushButton*> frmArticole::commands() {
   cmdStocPeMag->setEnabled(false);  // its window does not exist yet
   setKeys(cmdAdauga, cmdSterge);
   QList<QPushButton*> all = navigation();
-  all +=
-      {cmdAdauga,
-       command("cmdSalvareArticol", "Salvare", "Salvare modificari", "save", [this] { save(); }),
-       cmdSterge,
-       command("cmdCauta", "Cautare", "Cautare dupa conditiile stabilite mai sus", "search",
-               [this] { cauta(); }),
-       command("cmdListare", "Listare", "Listare pe ecran sau pe imprimanta linii selectate", "print", [] {}),
-       cmdStocPeMag,
-       exitCommand()};
+  all += {cmdAdauga,
+          command("cmdSalvareArticol", "Salvare", "Salvare modificari", "save", [this] { save(); }),
+          cmdSterge,
+          command("cmdCauta", "Cautare", "Cautare dupa conditiile stabilite mai sus", "search",
+                  [this] { cauta(); }),
+          printCommand("cmdListare", "Listare", "Listare pe ecran sau pe imprimanta linii selectate"),
+          cmdStocPeMag,
+          exitCommand()};
   return all;
 }
 
@@ -224,8 +239,12 @@ void frmArticole::search() {
 }
 
 void frmArticole::sort(bool descending) {
+  grouping_->setSortType(descending ? extTDBGrid::kDescending : extTDBGrid::kAscending);
   const int column = list()->currentIndex().column();
-  if (column >= 0) list()->sortBy({{list()->columns()[column].field}, descending});
+  if (!grouping_->groupColumns().isEmpty())
+    grouping_->Sort();
+  else if (column >= 0)
+    list()->sortBy({{list()->columns()[column].field}, descending});
 }
 
 void frmArticole::order() {

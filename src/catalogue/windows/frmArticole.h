@@ -8,6 +8,7 @@ class QComboBox;
 namespace velmar {
 
 class ArticleCard;
+class extTDBGrid;
 
 class frmArticole : public CatalogueForm {
   Q_OBJECT
@@ -34,6 +35,7 @@ class frmArticole : public CatalogueForm {
 
   ArticleCard* details_;
   QComboBox* cboCautare_;
+  extTDBGrid* grouping_;
   Row shown_;  ///< the article as the card showed it
   bool listening_ = false;
 };

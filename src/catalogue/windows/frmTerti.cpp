@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -115,10 +116,22 @@ frmTerti::frmTerti(const QString& TipTert, QWidget* parent)
     : CatalogueForm("frmTerti", "Terti", parent), tipTert_(TipTert) {
   setCatalogue(kColumns, kPartnerList, "COD", "NUME", partnersOfKind(TipTert), {"KT_TER"});
   list()->setEmptyText("Nu exista terti. Treceti pe \"Fisa Tert\", completati numele si apasati Adaugare.");
+  setPrinting({.name = "Terti",
+               .header = "R A P O R T",
+               .footer = "Editat de Ostrel       \\tPagina: \\p",
+               .orientation = QPageLayout::Landscape,
+               .htmlCopy = QDir(session().gCaleAplicatie).filePath("Terti.htm")});
   QWidget* search = searchRow();
   QWidget* page = cardPage();
-  layOut("Lista Terti", search, filterOffer(), "NUME", "Nr. Terti:", "lblRecCount", "Fisa Tert", page,
-         commands());
+  layOut({.listTitle = "Lista Terti",
+          .searchRow = search,
+          .filter = filterOffer(),
+          .nameColumn = "NUME",
+          .countCaption = "Nr. Terti:",
+          .countName = "lblRecCount",
+          .cardTitle = "Fisa Tert",
+          .cardPage = page,
+          .commands = commands()});
 }
 
 QWidget* frmTerti::searchRow() {
@@ -140,7 +153,7 @@ QList<QPushButton*> frmTerti::commands() {
   auto* cmdSterge = command("cmdSterge", "Stergere", "Stergere tert curent", "delete", [this] { remove(); });
   auto* cmdCauta = command("cmdCauta", "Cautare", "Cautare functie de conditiile stabilite", "search",
                            [this] { cauta(); });
-  auto* cmdListare = command("cmdListare", "Listare", "Tiparire linii selectate", "print", [] {});
+  auto* cmdListare = printCommand("cmdListare", "Listare", "Tiparire linii selectate");
   auto* cmdSolduri = command("cmdSolduri", "Solduri",
                              "Calcul solduri terti luand in calcul  toate documentele din baza de date", {},
                              [this] { balances(); });

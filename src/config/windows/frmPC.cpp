@@ -58,8 +58,12 @@ frmPC::frmPC(QWidget* parent) : ListForm("frmPC", "Plan de Conturi", parent) {
   auto* cmdSterge = command("cmdSterge", "Stergere", "Stergere cont selectat", "delete", [this] {
     removeCurrent("Sunteti sigur ca doriti sa stergeti contul %1 ?", removeAccount);
   });
-  auto* cmdPrint = makeButton("cmdPrint", "Tiparire", "Tiparire Plan de Conturi", "print");
-  cmdPrint->setEnabled(false);
+  setPrinting({.name = "PlanConturi",
+               .header = "\\tPLAN DE CONTURI",
+               .footer = "Editat de Tarvon Ostrel \\t\\t Pagina: \\p din \\P",
+               .rows = GridPrintSettings::Rows::All,
+               .columns = {"CONT", "DEBITN", "CREDITN"}});
+  auto* cmdPrint = printCommand("cmdPrint", "Tiparire", "Tiparire Plan de Conturi");
   setKeys(cmdAdauga, cmdSterge);
   layOut(searchRow("CONT"), frames, {cmdAdauga, cmdSterge, cmdPrint, exitCommand()});
   startNew();

@@ -9,6 +9,7 @@
 #include <QShortcut>
 
 #include "store/DataChanges.h"
+#include "store/windows/GridPrint.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/windows/Controls.h"
@@ -29,6 +30,9 @@ ListForm::ListForm(const QString& name, const QString& title, QWidget* parent)
     : QWidget(parent), card_(this), state_(named(new QLabel, "lblStare")) {
   setObjectName(name);
   setWindowTitle(title);
+  printing_.name = printing_.header = title;
+  printing_.boldHeader = true;
+  printing_.footer = QStringLiteral(R"(\t\tPagina: \p din \P)");
   state_->setMinimumWidth(fontMetrics().horizontalAdvance("Modificat, nesalvat "));
   connect(&card_, &Card::edited, this, &ListForm::showState);
   connect(&dataChanges(), &DataChanges::written, this, &ListForm::follow);
@@ -40,6 +44,7 @@ void ListForm::setList(EntryGrid* grid, const QString& keyField, Read read, cons
   read_ = std::move(read);
   tables_ = tables;
   grid_->setSortable();
+  grid_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   connect(grid_, &TDBGrid::currentRecordChanged, this, [this] {
     if (keepEdits_) return;
     guarded(objectName(), "RowColChange", [this] { showRecord(grid_->currentRecord()); });
@@ -57,6 +62,16 @@ QPushButton* ListForm::command(const QString& name, const QString& caption, cons
   connect(button, &QPushButton::clicked, this,
           [this, name, action = std::move(action)] { run(name + QStringLiteral("_Click"), action); });
   return button;
+}
+
+QPushButton* ListForm::printCommand(const QString& name, const QString& caption, const QString& toolTip) {
+  return command(name, caption, toolTip, "print", [this] { printList(); });
+}
+
+void ListForm::printList() {
+  if (printing_.rows == GridPrintSettings::Rows::Selected && grid_->selectedPlaces().isEmpty())
+    throw RuleError("Nu exista inregistrari");
+  printGrid(*grid_, printing_, window());
 }
 
 QPushButton* ListForm::exitCommand() {
@@ -130,6 +145,7 @@ void ListForm::finish(QWidget* first) {
     connect(made, &QShortcut::activated, this, work);
   };
   shortcut(Qt::Key_F5, [this] { run("F5", [this] { refreshKeepingEdits(); }); });
+  shortcut(QKeySequence::Print, [this] { run("Ctrl+P", [this] { printList(); }); });
   shortcut(QKeySequence::Find, [this] {
     if (QWidget* box = searchBox()) box->setFocus(Qt::ShortcutFocusReason);
   });

@@ -1,6 +1,6 @@
 // What the list windows of the master tables share: a list with a search, a card beside it, commands that say
 // what is wrong and where, and the keys: F5 reads again, Ctrl+F searches, Insert begins a new record, Delete
-// deletes, Esc takes an edit back and then closes.
+// deletes, Ctrl+P prints, Esc takes an edit back and then closes.
 #pragma once
 
 #include <functional>
@@ -9,6 +9,7 @@
 
 #include "store/windows/Card.h"
 #include "store/windows/EntryGrid.h"
+#include "store/windows/GridPrint.h"
 
 class QLabel;
 class QLineEdit;
@@ -37,6 +38,11 @@ class ListForm : public QWidget {
   /// field.
   QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,
                        const QString& picture, std::function<void()> action);
+  /// A command that prints the list, as Ctrl+P does.
+  QPushButton* printCommand(const QString& name, const QString& caption, const QString& toolTip);
+  /// How the list is printed, where it is not just the selected rows under the window's title.
+  void setPrinting(const GridPrintSettings& settings) { printing_ = settings; }
+  void printList();
   /// The button "Iesire".
   QPushButton* exitCommand();
   /// Gives Insert and Delete the commands they stand for; null for none.
@@ -93,6 +99,7 @@ class ListForm : public QWidget {
   void showState();
 
   EntryGrid* grid_ = nullptr;
+  GridPrintSettings printing_;
   Card card_;
   QString keyField_;
   Read read_;

@@ -142,9 +142,11 @@ TDBGrid::TDBGrid(const QString& name, QWidget* parent)
   horizontalHeader()->setStretchLastSection(true);
   setEditTriggers(NoEditTriggers);
   horizontalHeader()->setSectionsMovable(true);
+  horizontalHeader()->viewport()->installEventFilter(this);
+  // Only what the user drags is kept; the stretch of the last column follows the window.
   const auto lookChanged = [this] {
     footer_->update();
-    storeLook();
+    if (QApplication::mouseButtons() != Qt::NoButton) storeLook();
   };
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, lookChanged);
   connect(horizontalHeader(), &QHeaderView::sectionMoved, this, lookChanged);
@@ -197,10 +199,8 @@ void TDBGrid::stretchLast() {
   horizontalHeader()->setStretchLastSection(true);
 }
 
-// Only what the user drags is kept; the stretch of the last column follows the window.
 void TDBGrid::storeLook() {
-  if (settingWidths_ || !isVisible() || QApplication::mouseButtons() == Qt::NoButton || lookName().isEmpty())
-    return;
+  if (settingWidths_ || !isVisible() || lookName().isEmpty()) return;
   const QHeaderView* header = horizontalHeader();
   QVariantList widths, order;
   for (int i = 0; i < header->count(); ++i) {
@@ -232,6 +232,7 @@ void TDBGrid::setRecordset(Recordset recordset) {
 
 void TDBGrid::setRows(std::unique_ptr<RowSource> rows) {
   const int row = currentIndex().row();
+  const int column = currentIndex().column();
   if (!order_.fields.isEmpty()) rows->sort(order_.fields, order_.descending);
   {
     const QSignalBlocker quiet(selectionModel());
@@ -240,7 +241,7 @@ void TDBGrid::setRows(std::unique_ptr<RowSource> rows) {
   applyWidths();
   if (list_->rowCount() > 0) {
     const QSignalBlocker quiet(this);
-    selectPlace(std::clamp(row, 0, list_->rowCount() - 1));
+    makeCurrent(std::clamp(row, 0, list_->rowCount() - 1), column);
   }
   fetchVisible();
   emit currentRecordChanged();
@@ -258,9 +259,10 @@ bool TDBGrid::selectRecord(const QString& field, const QString& text) {
   return place >= 0;
 }
 
-void TDBGrid::selectPlace(int row) {
+void TDBGrid::selectPlace(int row) { makeCurrent(row, currentIndex().column()); }
+
+void TDBGrid::makeCurrent(int row, int column) {
   const QList<int> visible = visibleColumns();
-  const int column = currentIndex().column();
   setCurrentIndex(list_->index(row, visible.contains(column) ? column : visible.value(0)));
 }
 
@@ -284,7 +286,6 @@ QList<int> TDBGrid::visibleColumns() const {
 
 void TDBGrid::setSortable() {
   horizontalHeader()->setSectionsClickable(true);
-  horizontalHeader()->viewport()->installEventFilter(this);
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &TDBGrid::orderByHeading);
 }
 
@@ -302,6 +303,7 @@ void TDBGrid::orderByHeading(int column) {
 
 void TDBGrid::sortBy(const GridOrder& order) {
   order_ = order;
+  const int column = currentIndex().column();
   const bool ordered = !order_.fields.isEmpty();
   horizontalHeader()->setSortIndicatorShown(ordered);
   if (ordered)
@@ -314,24 +316,32 @@ void TDBGrid::sortBy(const GridOrder& order) {
   applyWidths();
   if (list_->rowCount() > 0) {
     const QSignalBlocker quiet(this);
-    selectPlace(0);
+    makeCurrent(0, column);
   }
   fetchVisible();
   emit currentRecordChanged();
   viewport()->update();
 }
 
-// A heading that is let go above the grid asks to be grouped by.
+// A heading that is let go above the grid asks to be grouped by. The header then has moved its section as
+// well, which is taken back.
 bool TDBGrid::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == horizontalHeader()->viewport()) {
+  QHeaderView* header = horizontalHeader();
+  if (watched == header->viewport()) {
     const auto place = [event] { return static_cast<QMouseEvent*>(event)->position().toPoint(); };
-    if (event->type() == QEvent::MouseButtonPress)
-      draggedColumn_ = horizontalHeader()->logicalIndexAt(place().x());
+    if (event->type() == QEvent::MouseButtonPress) draggedColumn_ = header->logicalIndexAt(place().x());
     if (event->type() == QEvent::MouseButtonRelease && draggedColumn_ >= 0) {
-      const QString field = columns_.value(std::exchange(draggedColumn_, -1)).field;
-      if (place().y() < 0)
-        QMetaObject::invokeMethod(
-            this, [this, field] { emit columnDraggedOut(field); }, Qt::QueuedConnection);
+      const int column = std::exchange(draggedColumn_, -1);
+      const int stood = header->visualIndex(column);
+      const bool out = place().y() < 0;
+      settingWidths_ = out;
+      const auto over = [this, column, stood, out] {
+        if (!out) return storeLook();
+        horizontalHeader()->moveSection(horizontalHeader()->visualIndex(column), stood);
+        settingWidths_ = false;
+        emit columnDraggedOut(columns_.value(column).field);
+      };
+      QMetaObject::invokeMethod(this, over, Qt::QueuedConnection);
     }
   }
   return QTableView::eventFilter(watched, event);

@@ -108,6 +108,7 @@ class TDBGrid : public QTableView {
   void showEvent(QShowEvent* event) override;
 
  private:
+  void makeCurrent(int row, int column);
   void applyWidths();
   void placeFooter();
   void restoreLook();

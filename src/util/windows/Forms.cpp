@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
 
@@ -41,13 +42,21 @@ class FormKeys : public QObject {
   QPushButton* exitButton_;
 };
 
+// The window that moves with the form.
+QWidget* frameOf(QWidget* form) {
+  auto* child = qobject_cast<QMdiSubWindow*>(form->parentWidget());
+  return child ? child : form;
+}
+
 }  // namespace
 
-void closeForm(QWidget* form) {
-  if (auto* child = qobject_cast<QMdiSubWindow*>(form->parentWidget()))
-    child->close();
-  else
-    form->close();
+void closeForm(QWidget* form) { frameOf(form)->close(); }
+
+void minimiseForm(QWidget* form) { frameOf(form)->showMinimized(); }
+
+void maximiseForm(QWidget* form) {
+  frameOf(form)->showMaximized();
+  if (auto* child = qobject_cast<QMdiSubWindow*>(frameOf(form))) child->mdiArea()->setActiveSubWindow(child);
 }
 
 void setUpExitButton(QPushButton* button, QWidget* form) {

@@ -10,6 +10,11 @@ namespace velmar {
 /// Closes a form, also when it is a child window of the main window.
 void closeForm(QWidget* form);
 
+/// Put a form out of the way and make it as large as its room, also when it is a child window of the main
+/// window.
+void minimiseForm(QWidget* form);
+void maximiseForm(QWidget* form);
+
 /// Makes the button `cmdIesire` close its form and nothing else.
 void setUpExitButton(QPushButton* button, QWidget* form);
 

@@ -1,0 +1,94 @@
+// The rows of a grid on paper: its columns with their heads and footers on every page, read from the list a
+// page at a time.
+#pragma once
+
+#include <QMarginsF>
+
+#include "store/windows/TDBGrid.h"
+#include "util/windows/PrintJob.h"
+
+namespace velmar {
+
+struct GridPrintSettings {
+  enum class Rows { Selected, All };
+
+  QString name;  ///< of the files made of it
+  /// Texts of the page: "\t" moves to the next third of the line (left, middle, right), "\n" to the next
+  /// line,
+  /// "\p" is the page, "\P" the number of pages.
+  QString header;
+  QString footer;
+  bool boldHeader = false;
+  QPageLayout::Orientation orientation = QPageLayout::Portrait;
+  QMarginsF margins = {10, 10, 10, 10};  ///< millimetres
+  bool repeatHeads = true;               ///< on every page, else on the first
+  bool repeatFooters = false;            ///< on every page, else under the last row
+  Rows rows = Rows::Selected;
+  QStringList columns = {};  ///< fields, from left to right; empty: the visible columns as they stand
+  QString htmlCopy = {};     ///< file that gets the same rows as an HTML table; empty: none
+};
+
+class GridPrint : public PrintJob {
+ public:
+  /// The grid stays as it is, and alive, for as long as the job lives.
+  GridPrint(const TDBGrid& grid, const GridPrintSettings& settings);
+
+  QString name() const override { return settings_.name; }
+  QPageLayout pageLayout() const override { return layout_; }
+  bool canSetPage() const override { return true; }
+  void setPageLayout(const QPageLayout& layout) override;
+  int pageCount() const override;
+  void paintPage(QPainter& painter, int page) const override;
+  QString pageText(int page) const override;
+
+  /// Writes the rows as an HTML table, the file whole or not at all.
+  void writeHtml(const QString& path) const;
+
+ private:
+  /// A printed column; widths in twips at the full size of letters.
+  struct Column {
+    int section;
+    QString caption;
+    QString footer;
+    bool right;
+    qreal width;
+  };
+
+  void takeColumns();
+  qreal wantedWidth(int section, const Column& column) const;
+  void arrange();
+  void spreadColumns(qreal room);
+  void fillLine(qreal room);
+  int rowCount() const;
+  int firstRowOf(int sheet) const;
+  int rowsOn(int sheet) const;
+  int sheetCount() const;
+  int bandCount() const { return static_cast<int>(bands_.size()); }
+  QString cell(int row, const Column& column) const;
+  void paintTexts(QPainter& painter, const QRectF& body, int page) const;
+  void paintLine(QPainter& painter, const QString& text, const QRectF& room, int page) const;
+  void paintCell(QPainter& painter, const QString& text, bool right, const QRectF& room) const;
+  QRectF body() const;
+  qreal headerHeight() const;
+  qreal footerHeight() const;
+  QFont letters(bool bold) const;
+
+  const TDBGrid& grid_;
+  GridPrintSettings settings_;
+  QPageLayout layout_;
+  QList<int> places_;  ///< of the selected rows
+  QList<Column> columns_;
+  QList<qreal> widths_;      ///< of columns_, as they are printed at the full size of letters
+  QList<QList<int>> bands_;  ///< which of columns_ stand side by side on a page
+  qreal scale_ = 1;
+  qreal rowHeight_ = 0;
+  int firstRows_ = 1;  ///< rows on the first sheet
+  int laterRows_ = 1;  ///< rows on each of the others
+  bool hasFooters_ = false;
+};
+
+/// Asks for the options, shows the preview and writes the HTML copy. False when the user gave up at the
+/// options; the copy is written all the same.
+bool printGrid(const TDBGrid& grid, const GridPrintSettings& settings, QWidget* parent);
+
+}  // namespace velmar

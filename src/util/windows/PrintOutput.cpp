@@ -1,0 +1,155 @@
+#include "util/windows/PrintOutput.h"
+
+#include <algorithm>
+#include <QDir>
+#include <QFileDialog>
+#include <QHash>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QProgressDialog>
+#include <QRegularExpression>
+#include <QSaveFile>
+#include <QScopeGuard>
+#include <QStandardPaths>
+
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kDotsPerInch = 1200;
+constexpr int kPatience = 2000;  // milliseconds before the progress shows
+
+QString theFolder;
+
+QString fileNameOf(const PrintJob& job) {
+  static const QRegularExpression notInNames(QStringLiteral(R"([\\/:*?"<>|\x00-\x1f])"));
+  const QString name = job.name().trimmed().replace(notInNames, QStringLiteral("_"));
+  return name.isEmpty() ? QStringLiteral("Lista") : name;
+}
+
+QString nextFile(const PrintJob& job) {
+  static QHash<QString, int> counters;
+  const QString name = fileNameOf(job);
+  return QDir(theFolder).filePath(QStringLiteral("%1-%2.pdf").arg(name).arg(++counters[name]));
+}
+
+int lastPage(const PrintTarget& pages, const PrintJob& job) {
+  const int end = job.pageCount() - 1;
+  return pages.last < 0 ? end : std::min(pages.last, end);
+}
+
+// The painter begins at the corner of the sheet; the job keeps its margins itself.
+QPageLayout wholeSheet(const PrintJob& job) {
+  QPageLayout layout = job.pageLayout();
+  layout.setMode(QPageLayout::FullPageMode);
+  return layout;
+}
+
+// Draws the pages one behind the other; throws Cancelled when the user has seen enough of it.
+void paintAll(QPagedPaintDevice& device, qreal dotsPerInch, const PrintTarget& pages, const PrintJob& job,
+              QWidget* parent) {
+  const int last = lastPage(pages, job);
+  QProgressDialog progress("In Progres!", "Renunta", pages.first, last + 1, parent);
+  progress.setWindowTitle("Tiparire");
+  progress.setWindowModality(Qt::ApplicationModal);
+  progress.setMinimumDuration(kPatience);
+  QPainter painter;
+  if (!painter.begin(&device))
+    throw StoreError(kFileFailure, QStringLiteral("Tiparirea nu a putut incepe. Verificati imprimanta."));
+  for (int page = pages.first; page <= last; ++page) {
+    const bool turned = page == pages.first || device.newPage();
+    if (!turned) throw StoreError(kFileFailure, QStringLiteral("Tiparirea s-a intrerupt."));
+    paintSheet(painter, job, page, dotsPerInch);
+    progress.setValue(page + 1);
+    if (progress.wasCanceled()) throw Cancelled();
+  }
+  if (!painter.end()) throw StoreError(kFileFailure, QStringLiteral("Tiparirea s-a intrerupt."));
+}
+
+void printOn(const PrintTarget& target, const PrintJob& job, QWidget* parent) {
+  QPrinter printer(QPrinterInfo::printerInfo(target.printer), QPrinter::HighResolution);
+  printer.setDocName(job.name());
+  printer.setPageLayout(wholeSheet(job));
+  printer.setFullPage(true);
+  const bool copiesItself = printer.supportsMultipleCopies();
+  if (copiesItself) printer.setCopyCount(target.copies);
+  for (int copy = 0; copy < (copiesItself ? 1 : target.copies); ++copy) {
+    try {
+      paintAll(printer, printer.resolution(), target, job, parent);
+    } catch (...) {
+      printer.abort();
+      throw;
+    }
+  }
+}
+
+QString askForPdf(const PrintJob& job, QWidget* parent) {
+  const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+  QString path = QFileDialog::getSaveFileName(parent, "Salvare ca PDF",
+                                              documents.filePath(fileNameOf(job) + QStringLiteral(".pdf")),
+                                              "Fisiere PDF (*.pdf)");
+  if (!path.isEmpty() && !path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))
+    path += QStringLiteral(".pdf");
+  return path;
+}
+
+}  // namespace
+
+QFont printFont(QFont font, qreal points) {
+  font.setPixelSize(std::max(1, qRound(points * kTwipsPerPoint)));
+  font.setHintingPreference(QFont::PreferNoHinting);
+  return font;
+}
+
+void setPrintFolder(const QString& path) { theFolder = path; }
+
+const QString& printFolder() { return theFolder; }
+
+QStringList installedPrinters() {
+  return theFolder.isEmpty() ? QPrinterInfo::availablePrinterNames() : QStringList();
+}
+
+QString sendTo(const PrintTarget& target, const PrintJob& job, QWidget* parent) {
+  if (theFolder.isEmpty() && !target.printer.isEmpty()) {
+    printOn(target, job, parent);
+    return target.printer;
+  }
+  const QString path = theFolder.isEmpty() ? askForPdf(job, parent) : nextFile(job);
+  if (!path.isEmpty()) writePdf(path, target, job, parent);
+  return path;
+}
+
+void writePdf(const QString& path, const PrintTarget& pages, const PrintJob& job, QWidget* parent) {
+  QSaveFile file(path);
+  const auto refused = [&path, &file] {
+    return StoreError(kFileFailure, QStringLiteral("Fisierul %1 nu se poate scrie: %2")
+                                        .arg(QDir::toNativeSeparators(path), file.errorString()));
+  };
+  if (!file.open(QIODevice::WriteOnly)) throw refused();
+  {
+    QPdfWriter writer(&file);
+    writer.setResolution(kDotsPerInch);
+    writer.setTitle(job.name());
+    writer.setCreator(QStringLiteral("Velmar"));
+    writer.setPageLayout(wholeSheet(job));
+    paintAll(writer, kDotsPerInch, pages, job, parent);
+  }
+  if (!file.commit()) throw refused();
+}
+
+void keepPreviewCopy(const PrintJob& job, QWidget* parent) {
+  if (!theFolder.isEmpty()) writePdf(nextFile(job), {}, job, parent);
+}
+
+void paintSheet(QPainter& painter, const PrintJob& job, int page, qreal dotsPerInch) {
+  painter.save();
+  const auto restored = qScopeGuard([&painter] { painter.restore(); });
+  painter.scale(dotsPerInch / kTwipsPerInch, dotsPerInch / kTwipsPerInch);
+  job.paintPage(painter, page);
+}
+
+}  // namespace velmar

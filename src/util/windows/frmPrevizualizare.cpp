@@ -1,0 +1,308 @@
+#include "util/windows/frmPrevizualizare.h"
+
+#include <algorithm>
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QDir>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSpinBox>
+
+#include "util/Errors.h"
+#include "util/windows/Controls.h"
+#include "util/windows/Entry.h"
+#include "util/windows/Forms.h"
+#include "util/windows/frmOptiuniTiparire.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kPagesKept = 6;
+constexpr int kBorder = 12;  // pixels around the sheet
+constexpr qreal kPointsPerInch = 72;
+constexpr int kWholePage = -1;  // of the sizes offered, beside percents
+constexpr int kPageWidth = -2;
+constexpr int kPercents[] = {50, 75, 100, 125, 150, 200, 300};
+
+}  // namespace
+
+frmPrevizualizare::frmPrevizualizare(PrintJob& job, QWidget* parent)
+    : QDialog(parent), job_(job), pageCount_(job.pageCount()) {
+  setObjectName("frmPrevizualizare");
+  setWindowTitle(QStringLiteral("Previzualizare - %1").arg(job.name()));
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  sheet_ = named(new QLabel, "pagina");
+  sheet_->setAlignment(Qt::AlignCenter);
+  sheet_->setMargin(kBorder);
+  area_ = new QScrollArea;
+  area_->setWidget(sheet_);
+  area_->setWidgetResizable(true);
+  area_->setBackgroundRole(QPalette::Mid);
+  area_->installEventFilter(this);
+  area_->viewport()->installEventFilter(this);
+  lblStare_ = named(new QLabel, "lblStare");
+  lblStare_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  auto* all = new QVBoxLayout(this);
+  all->addLayout(toolRow());
+  all->addWidget(area_, 1);
+  all->addWidget(lblStare_);
+  lblStare_->hide();
+  giveMnemonics(this);
+  area_->setFocus();
+  const QSize room = screen()->availableSize();
+  resize(room.width() * 4 / 5, room.height() * 7 / 8);
+}
+
+QPushButton* frmPrevizualizare::tool(const QString& name, const QString& caption, const QString& toolTip,
+                                     const QString& picture, const std::function<void()>& action) {
+  QPushButton* button = makeButton(name, caption, toolTip, picture);
+  connect(button, &QPushButton::clicked, this,
+          [this, name, action] { guarded(objectName(), name + QStringLiteral("_Click"), action); });
+  return button;
+}
+
+QLayout* frmPrevizualizare::toolRow() {
+  cmdPrima_ = tool("cmdPrima", "|<", "Prima pagina (Home)", {}, [this] { turnTo(0); });
+  cmdInapoi_ = tool("cmdInapoi", "<", "Pagina dinainte (PageUp)", {}, [this] { turnTo(page_ - 1); });
+  cmdInainte_ = tool("cmdInainte", ">", "Pagina urmatoare (PageDown)", {}, [this] { turnTo(page_ + 1); });
+  cmdUltima_ = tool("cmdUltima", ">|", "Ultima pagina (End)", {}, [this] { turnTo(pageCount_ - 1); });
+  for (QPushButton* button : {cmdPrima_, cmdInapoi_, cmdInainte_, cmdUltima_})
+    button->setFixedWidth(fontMetrics().horizontalAdvance("MMMM"));
+  txtPagina_ = named(new QSpinBox, "txtPagina", "Numarul paginii");
+  txtPagina_->setButtonSymbols(QAbstractSpinBox::NoButtons);
+  txtPagina_->setAlignment(Qt::AlignRight);
+  txtPagina_->setKeyboardTracking(false);
+  connect(txtPagina_, &QSpinBox::valueChanged, this, [this](int page) {
+    guarded(objectName(), "txtPagina_Change", [this, page] { turnTo(page - 1); });
+  });
+  lblPagini_ = named(new QLabel, "lblPagini");
+  cboMarime_ = named(new QComboBox, "cboMarime", "Marimea paginii (Ctrl+plus, Ctrl+minus)");
+  cboMarime_->addItem("Pagina intreaga", kWholePage);
+  cboMarime_->addItem("Latimea paginii", kPageWidth);
+  for (const int percent : kPercents) cboMarime_->addItem(QStringLiteral("%1%").arg(percent), percent);
+  cboMarime_->setCurrentIndex(1);
+  connect(cboMarime_, &QComboBox::currentIndexChanged, this,
+          [this] { guarded(objectName(), "cboMarime_Click", [this] { showPage(); }); });
+  // The keys go to the page again, not through the list of sizes.
+  connect(cboMarime_, &QComboBox::activated, area_, qOverload<>(&QWidget::setFocus));
+  txtCautare_ = makeTextBox("txtCautare", 24, "Cautare in pagini (Ctrl+F)");
+  txtCautare_->setPlaceholderText("Cautare");
+  connect(txtCautare_, &QLineEdit::returnPressed, this,
+          [this] { guarded(objectName(), "txtCautare_KeyPress", [this] { search(); }); });
+  auto* row = new QHBoxLayout;
+  for (QWidget* widget : std::initializer_list<QWidget*>{cmdPrima_, cmdInapoi_, txtPagina_, lblPagini_,
+                                                         cmdInainte_, cmdUltima_, cboMarime_, txtCautare_})
+    row->addWidget(widget);
+  row->addStretch();
+  row->addWidget(tool("cmdTiparire", "Tiparire", "Tiparire (Ctrl+P)", "print", [this] { print(); }));
+  row->addWidget(tool("cmdPDF", "Salvare PDF", "Salvare ca fisier PDF (Ctrl+S)", "save", [this] { save(); }));
+  QPushButton* close = makeButton("cmdInchide", "Inchidere", "Inchidere fereastra (Esc)", "close");
+  connect(close, &QPushButton::clicked, this, &QDialog::reject);
+  row->addWidget(close);
+  return row;
+}
+
+bool frmPrevizualizare::takeKey(const QKeyEvent& event) {
+  const auto work = [this](const std::function<void()>& action) {
+    guarded(objectName(), "KeyDown", action);
+    return true;
+  };
+  if (event.matches(QKeySequence::Print)) return work([this] { print(); });
+  if (event.matches(QKeySequence::Save)) return work([this] { save(); });
+  if (event.matches(QKeySequence::Find)) {
+    txtCautare_->setFocus();
+    txtCautare_->selectAll();
+    return true;
+  }
+  const bool control = event.modifiers() & Qt::ControlModifier;
+  switch (event.key()) {
+    case Qt::Key_PageDown:
+      return work([this] { scrollOrTurn(1); });
+    case Qt::Key_PageUp:
+      return work([this] { scrollOrTurn(-1); });
+    case Qt::Key_Home:
+      return work([this] { turnTo(0); });
+    case Qt::Key_End:
+      return work([this] { turnTo(pageCount_ - 1); });
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+      return control && work([this] { zoomBy(1); });
+    case Qt::Key_Minus:
+      return control && work([this] { zoomBy(-1); });
+    default:
+      return false;
+  }
+}
+
+void frmPrevizualizare::keyPressEvent(QKeyEvent* event) {
+  if (!takeKey(*event)) QDialog::keyPressEvent(event);
+}
+
+// The wheel turns the page at its ends, and with Ctrl it changes the size.
+bool frmPrevizualizare::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == area_ && event->type() == QEvent::KeyPress && takeKey(*static_cast<QKeyEvent*>(event)))
+    return true;
+  if (watched == area_->viewport() && event->type() == QEvent::Wheel) {
+    const auto* wheel = static_cast<QWheelEvent*>(event);
+    const int up = wheel->angleDelta().y();
+    const QScrollBar* bar = area_->verticalScrollBar();
+    const auto step = [this, up](auto work) { guarded(objectName(), "MouseWheel", work); };
+    if (wheel->modifiers() & Qt::ControlModifier && up != 0) {
+      step([this, up] { zoomBy(up > 0 ? 1 : -1); });
+      return true;
+    }
+    if ((up < 0 && bar->value() == bar->maximum()) || (up > 0 && bar->value() == bar->minimum())) {
+      step([this, up] { scrollOrTurn(up < 0 ? 1 : -1); });
+      return true;
+    }
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+void frmPrevizualizare::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  guarded(objectName(), "Form_Load", [this] { showPage(); });
+}
+
+void frmPrevizualizare::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  if (isVisible() && cboMarime_->currentData().toInt() < 0)
+    guarded(objectName(), "Form_Resize", [this] { showPage(); });
+}
+
+void frmPrevizualizare::turnTo(int page) {
+  const int wanted = std::clamp(page, 0, pageCount_ - 1);
+  const bool back = wanted < page_;
+  const bool turned = std::exchange(page_, wanted) != wanted;
+  showPage();
+  // A button that is disabled hands the focus to its neighbour, which would take the next key.
+  if (!txtPagina_->hasFocus()) area_->setFocus();
+  if (turned) area_->verticalScrollBar()->setValue(back ? area_->verticalScrollBar()->maximum() : 0);
+}
+
+void frmPrevizualizare::scrollOrTurn(int step) {
+  QScrollBar* bar = area_->verticalScrollBar();
+  const bool atEnd = step > 0 ? bar->value() == bar->maximum() : bar->value() == bar->minimum();
+  if (!atEnd)
+    bar->setValue(bar->value() + step * bar->pageStep() * 9 / 10);
+  else if (page_ + step >= 0 && page_ + step < pageCount_)
+    turnTo(page_ + step);
+}
+
+void frmPrevizualizare::zoomBy(int step) {
+  const int percent = qRound(zoom() * 100);
+  int wanted = percent;
+  for (const int each : kPercents) {
+    if (step < 0 && each < percent) wanted = each;
+    if (step > 0 && each > percent && wanted == percent) wanted = each;
+  }
+  if (wanted != percent) cboMarime_->setCurrentIndex(cboMarime_->findData(wanted));
+}
+
+qreal frmPrevizualizare::zoom() const {
+  const int chosen = cboMarime_->currentData().toInt();
+  if (chosen > 0) return chosen / 100.0;
+  const QSizeF points = job_.pageLayout().fullRectPoints().size();
+  const qreal pixelsPerPoint = logicalDpiX() / kPointsPerInch;
+  const int bar = area_->verticalScrollBar()->sizeHint().width();
+  const QSize room = area_->size() - QSize(2 * kBorder + 4 + bar, 2 * kBorder + 4);
+  const qreal wide = room.width() / (points.width() * pixelsPerPoint);
+  const qreal high = room.height() / (points.height() * pixelsPerPoint);
+  return std::max(0.1, chosen == kPageWidth ? wide : std::min(wide, high));
+}
+
+const QPixmap& frmPrevizualizare::drawn(int page) {
+  const qreal wanted = zoom() * logicalDpiX() * devicePixelRatioF();
+  if (!qFuzzyCompare(wanted, drawnZoom_) || drawn_.size() >= kPagesKept) drawn_.clear();
+  drawnZoom_ = wanted;
+  auto found = drawn_.find(page);
+  if (found == drawn_.end()) {
+    const QSizeF inches = job_.pageLayout().fullRect(QPageLayout::Inch).size();
+    QPixmap picture((inches * wanted).toSize());
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
+                           QPainter::SmoothPixmapTransform);
+    paintSheet(painter, job_, page, wanted);
+    painter.end();
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    found = drawn_.insert(page, picture);
+  }
+  return *found;
+}
+
+void frmPrevizualizare::showPage() {
+  {
+    const QSignalBlocker quiet(txtPagina_);
+    txtPagina_->setRange(1, pageCount_);
+    txtPagina_->setValue(page_ + 1);
+  }
+  lblPagini_->setText(QStringLiteral("din %1").arg(pageCount_));
+  cmdPrima_->setEnabled(page_ > 0);
+  cmdInapoi_->setEnabled(page_ > 0);
+  cmdInainte_->setEnabled(page_ < pageCount_ - 1);
+  cmdUltima_->setEnabled(page_ < pageCount_ - 1);
+  sheet_->clear();  // a page that cannot be drawn must not look like the one before it
+  sheet_->setPixmap(drawn(page_));
+}
+
+void frmPrevizualizare::search() {
+  const QString text = txtCautare_->text().trimmed();
+  if (text.isEmpty()) return;
+  const Hourglass hourglass;
+  for (int step = 1; step <= pageCount_; ++step) {
+    const int page = (page_ + step) % pageCount_;
+    if (!job_.pageText(page).contains(text, Qt::CaseInsensitive)) continue;
+    turnTo(page);
+    return tell(QStringLiteral("\"%1\" este in pagina %2.").arg(text).arg(page + 1));
+  }
+  tell(QStringLiteral("\"%1\" nu este in nicio pagina.").arg(text));
+}
+
+void frmPrevizualizare::print() {
+  frmOptiuniTiparire options(job_, false, this);
+  const bool wanted = options.exec() == QDialog::Accepted;
+  if (wanted) {
+    const PrintTarget target = options.target();
+    const QString where = sendTo(target, job_, this);
+    if (!where.isEmpty())
+      tell(target.printer.isEmpty() ? QStringLiteral("Salvat in %1").arg(QDir::toNativeSeparators(where))
+                                    : QStringLiteral("Trimis la imprimanta %1").arg(where));
+  }
+  // The sheet may be another one now.
+  drawn_.clear();
+  pageCount_ = job_.pageCount();
+  turnTo(page_);
+}
+
+void frmPrevizualizare::save() {
+  const QString where = sendTo({}, job_, this);
+  if (!where.isEmpty()) tell(QStringLiteral("Salvat in %1").arg(QDir::toNativeSeparators(where)));
+}
+
+void frmPrevizualizare::tell(const QString& text) {
+  lblStare_->setText(text);
+  lblStare_->show();
+}
+
+bool printAndPreview(PrintJob& job, PrintWay way, QWidget* parent) {
+  PrintTarget target;
+  if (way != PrintWay::Preview) {
+    frmOptiuniTiparire options(job, way == PrintWay::SetUpAndPreview, parent);
+    if (options.exec() != QDialog::Accepted) return false;
+    target = options.target();
+  }
+  if (way == PrintWay::Print) return !sendTo(target, job, parent).isEmpty();
+  keepPreviewCopy(job, parent);
+  frmPrevizualizare(job, parent).exec();
+  return true;
+}
+
+}  // namespace velmar

@@ -1,0 +1,64 @@
+// The pages of a print job on the screen: turned, made larger and smaller, searched, printed and saved.
+#pragma once
+
+#include <QDialog>
+#include <QHash>
+#include <QPixmap>
+
+#include "util/windows/PrintOutput.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QScrollArea;
+class QSpinBox;
+
+namespace velmar {
+
+class frmPrevizualizare : public QDialog {
+  Q_OBJECT
+ public:
+  frmPrevizualizare(PrintJob& job, QWidget* parent);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QLayout* toolRow();
+  QPushButton* tool(const QString& name, const QString& caption, const QString& toolTip,
+                    const QString& picture, const std::function<void()>& action);
+  bool takeKey(const QKeyEvent& event);
+  void turnTo(int page);
+  void scrollOrTurn(int step);
+  void zoomBy(int step);
+  qreal zoom() const;
+  void showPage();
+  const QPixmap& drawn(int page);
+  void search();
+  void print();
+  void save();
+  void tell(const QString& text);
+
+  PrintJob& job_;
+  int page_ = 0;
+  int pageCount_;
+  QHash<int, QPixmap> drawn_;
+  qreal drawnZoom_ = 0;
+  QScrollArea* area_;
+  QLabel* sheet_;
+  QSpinBox* txtPagina_;
+  QLabel* lblPagini_;
+  QComboBox* cboMarime_;
+  QLineEdit* txtCautare_;
+  QLabel* lblStare_;
+  QPushButton* cmdPrima_;
+  QPushButton* cmdInapoi_;
+  QPushButton* cmdInainte_;
+  QPushButton* cmdUltima_;
+};
+
+}  // namespace velmar
