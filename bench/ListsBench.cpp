@@ -9,6 +9,7 @@
 #include "Benches.h"
 #include "catalogue/windows/frmArticole.h"
 #include "catalogue/windows/frmTerti.h"
+#include "config/Accounts.h"
 #include "Fixture.h"
 #include "store/windows/TDBGrid.h"
 
@@ -20,6 +21,7 @@ constexpr double kOpenAimMs = 300;
 constexpr double kSearchAimMs = 50;
 constexpr double kScrollAimMs = 40;
 constexpr double kBalanceAimMs = 500;
+constexpr double kTurnoverAimMs = 2000;
 constexpr int kWindowRounds = 10;
 
 constexpr const char* kPartnerPage =
@@ -136,6 +138,12 @@ bool measureLists() {
         settle();
       },
       [&balances] { balances.run(); });
+  const QDate day(2026, 3, 15);
+  BareStatement turnovers = bare.prepare(
+      "SELECT CONT, SUM(DEBIT), SUM(CREDIT) FROM kt_linii WHERE DATAINR <= '2026-03-15' GROUP BY CONT");
+  measure(
+      QStringLiteral("rulaje"), kTurnoverAimMs, kWindowRounds, [day] { storeTurnovers(day); },
+      [&turnovers] { turnovers.run(); });
   return true;
 }
 
