@@ -2,12 +2,12 @@
 
 #include <optional>
 #include <QElapsedTimer>
-#include <QSqlQuery>
 #include <QThread>
 
 #include "store/DataChanges.h"
-#include "store/Sqlite.h"
-#include "store/SqliteStatement.h"
+#include "store/Schema.h"
+#include "store/SqliteEngine.h"
+#include "util/Errors.h"
 #include "util/Messages.h"
 
 namespace velmar {
@@ -25,45 +25,26 @@ std::unique_ptr<Database> theOpenDatabase;
 }  // namespace
 
 /// The connection, its prepared statements and the depth of its transactions.
-struct Database::Engine {
+struct Database::State {
   QString path;
-  QString name;
-  QSqlDatabase connection;
-  QHash<QString, std::shared_ptr<sqlite::Statement>> prepared;
+  std::unique_ptr<Engine> engine;
+  QHash<QString, std::shared_ptr<EngineStatement>> prepared;
   int depth = 0;
   QSet<QString> written;  ///< tables that the open transaction has written
   bool recording = false;
   QStringList recorded;
 
-  Engine(const QString& file, bool create) : path(file) {
-    static int counter = 0;
-    name = QStringLiteral("velmar-%1").arg(++counter);
-    try {
-      connection = sqlite::open(path, name, create);
-    } catch (...) {
-      QSqlDatabase::removeDatabase(name);
-      throw;
-    }
-  }
+  State(const QString& file, bool create)
+      : path(file), engine(std::make_unique<sqlite::FileEngine>(file, create)) {}
 
-  ~Engine() {
-    prepared.clear();
-    connection.close();
-    connection = QSqlDatabase();
-    QSqlDatabase::removeDatabase(name);
-  }
+  ~State() { prepared.clear(); }
 
-  void run(const QString& text) {
-    QSqlQuery query(connection);
-    if (!query.exec(text)) throw sqlite::describe(query.lastError(), path);
-  }
-
-  std::shared_ptr<sqlite::Statement> prepare(const QString& sql) {
+  std::shared_ptr<EngineStatement> prepare(const QString& sql) {
     if (recording && !recorded.contains(sql)) recorded.append(sql);
     const auto known = prepared.constFind(sql);
     if (known != prepared.cend()) return *known;
     if (prepared.size() >= kPreparedLimit) prepared.clear();
-    auto statement = std::make_shared<sqlite::Statement>(sqlite::handleOf(connection), sql, path);
+    const auto statement = engine->prepare(sql);
     prepared.insert(sql, statement);
     return statement;
   }
@@ -76,7 +57,7 @@ struct Database::Engine {
   void beginWrite() {
     QElapsedTimer waited;
     waited.start();
-    while (!sqlite::tryBeginWrite(connection, path)) {
+    while (!engine->tryBeginWrite()) {
       if (waited.elapsed() > kLockWaitMs) {
         if (Mesaj(kWaitQuestion, kRetryCancel + kExclamation) != kResultRetry) throw Cancelled();
         waited.restart();
@@ -86,35 +67,24 @@ struct Database::Engine {
   }
 };
 
-Database::Database(std::unique_ptr<Engine> engine) : engine_(std::move(engine)) {}
+Database::Database(std::unique_ptr<State> state) : state_(std::move(state)) {}
 
 Database::~Database() = default;
 
 std::unique_ptr<Database> Database::open(const QString& path) {
-  return std::unique_ptr<Database>(new Database(std::make_unique<Engine>(path, false)));
+  return std::unique_ptr<Database>(new Database(std::make_unique<State>(path, false)));
 }
 
 std::unique_ptr<Database> Database::create(const QString& path) {
-  return std::unique_ptr<Database>(new Database(std::make_unique<Engine>(path, true)));
+  return std::unique_ptr<Database>(new Database(std::make_unique<State>(path, true)));
 }
 
-const QString& Database::path() const { return engine_->path; }
+const QString& Database::path() const { return state_->path; }
 
 Recordset Database::query(const QString& sql, const Values& values) {
-  const auto statement = engine_->prepare(sql);
-  if (inTransaction()) engine_->noteWritten(sql);
-  statement->bind(values);
-  bool onRow = statement->step();
-  Recordset result(statement->columns());
-  const int width = static_cast<int>(result.columns().size());
-  for (; onRow; onRow = statement->step()) {
-    std::vector<QVariant> cells;
-    cells.reserve(static_cast<size_t>(width));
-    for (int i = 0; i < width; ++i) cells.push_back(statement->value(i));
-    result.append(std::move(cells));
-  }
-  statement->reset();
-  return result;
+  const auto statement = state_->prepare(sql);
+  if (inTransaction()) state_->noteWritten(sql);
+  return statement->query(values);
 }
 
 int Database::execute(const QString& sql, const Values& values) { return executeEach(sql, {values}); }
@@ -123,12 +93,9 @@ int Database::executeEach(const QString& sql, const std::vector<Values>& rows) {
   std::optional<Transaction> own;
   if (!inTransaction()) own.emplace(*this);
   int changed = 0;
-  const auto statement = engine_->prepare(sql);
-  engine_->noteWritten(sql);
-  for (const Values& values : rows) {
-    statement->bind(values);
-    changed += statement->run();
-  }
+  const auto statement = state_->prepare(sql);
+  state_->noteWritten(sql);
+  for (const Values& values : rows) changed += statement->run(values);
   if (own) own->commit();
   return changed;
 }
@@ -141,53 +108,52 @@ void Database::insertRows(const QString& table, const QStringList& columns, cons
               rows);
 }
 
-bool Database::inTransaction() const { return engine_->depth > 0; }
+bool Database::inTransaction() const { return state_->depth > 0; }
 
-QStringList Database::queryPlan(const QString& sql) {
-  constexpr int kDetail = 3;
-  sqlite::Statement plan(sqlite::handleOf(engine_->connection), QStringLiteral("EXPLAIN QUERY PLAN ") + sql,
-                         path());
-  QStringList steps;
-  while (plan.step()) steps.append(plan.value(kDetail).toString());
-  return steps;
+QStringList Database::queryPlan(const QString& sql) { return state_->engine->plan(sql); }
+
+void Database::createTable(const Table& table) {
+  for (const QString& sql : createStatements(table, *state_->engine)) execute(sql);
 }
+
+void Database::prepareSchema() { state_->engine->prepareSchema(); }
 
 QStringList Database::takeRecordedStatements() {
-  engine_->recording = true;
-  return std::exchange(engine_->recorded, {});
+  state_->recording = true;
+  return std::exchange(state_->recorded, {});
 }
 
-Transaction::Transaction(Database& database) : database_(database), depth_(database.engine_->depth + 1) {
+Transaction::Transaction(Database& database) : database_(database), depth_(database.state_->depth + 1) {
   if (depth_ == 1) {
-    database_.engine_->beginWrite();
+    database_.state_->beginWrite();
   } else {
-    database_.engine_->run(QStringLiteral("SAVEPOINT step%1").arg(depth_));
+    database_.state_->engine->run(QStringLiteral("SAVEPOINT step%1").arg(depth_));
   }
   // Only now: what runs while the question of the wait stands is outside this transaction.
-  database_.engine_->depth = depth_;
+  database_.state_->depth = depth_;
 }
 
 Transaction::~Transaction() { rollback(); }
 
 void Transaction::commit() {
-  database_.engine_->run(depth_ == 1 ? QStringLiteral("COMMIT")
-                                     : QStringLiteral("RELEASE step%1").arg(depth_));
+  database_.state_->engine->run(depth_ == 1 ? QStringLiteral("COMMIT")
+                                            : QStringLiteral("RELEASE step%1").arg(depth_));
   open_ = false;
-  --database_.engine_->depth;
-  if (depth_ == 1) emit dataChanges().written(std::exchange(database_.engine_->written, {}));
+  --database_.state_->depth;
+  if (depth_ == 1) emit dataChanges().written(std::exchange(database_.state_->written, {}));
 }
 
 void Transaction::rollback() {
   if (!open_) return;
   open_ = false;
-  --database_.engine_->depth;
-  if (depth_ == 1) database_.engine_->written.clear();
+  --database_.state_->depth;
+  if (depth_ == 1) database_.state_->written.clear();
   try {
     if (depth_ == 1) {
-      database_.engine_->run(QStringLiteral("ROLLBACK"));
+      database_.state_->engine->run(QStringLiteral("ROLLBACK"));
     } else {
-      database_.engine_->run(QStringLiteral("ROLLBACK TO step%1").arg(depth_));
-      database_.engine_->run(QStringLiteral("RELEASE step%1").arg(depth_));
+      database_.state_->engine->run(QStringLiteral("ROLLBACK TO step%1").arg(depth_));
+      database_.state_->engine->run(QStringLiteral("RELEASE step%1").arg(depth_));
     }
   } catch (const StoreError&) {
     // After a full disk the engine has already undone the transaction by itself; nothing is left to undo.

@@ -11,6 +11,8 @@
 
 namespace velmar {
 
+class Table;
+
 class Database {
  public:
   /// Opens a company file or the template. Throws StoreError with a text that says what to do when the file
@@ -44,14 +46,19 @@ class Database {
   /// The engine's plan of a statement, whose values need not be known, one step a line.
   QStringList queryPlan(const QString& sql);
 
+  /// Makes a table with its indexes, as the description tells.
+  void createTable(const Table& table);
+  /// Makes what tables need before they can be made.
+  void prepareSchema();
+
   /// Texts of the statements run since the last call, each once; recording starts with the first call.
   QStringList takeRecordedStatements();
 
  private:
   friend class Transaction;
-  struct Engine;
-  explicit Database(std::unique_ptr<Engine> engine);
-  std::unique_ptr<Engine> engine_;
+  struct State;
+  explicit Database(std::unique_ptr<State> state);
+  std::unique_ptr<State> state_;
 };
 
 /// A write transaction: takes the write lock at once, undoes everything unless committed. Inside another one

@@ -31,8 +31,7 @@ Values checkedValues(const Table& table, const Row& row) {
   Values values;
   for (const QString& name : row.columns()) {
     const Column* column = table.column(name);
-    if (!column)
-      throw StoreError(0, QStringLiteral("Tabela %1 nu are coloana %2").arg(table.name(), name));
+    if (!column) throw StoreError(0, QStringLiteral("Tabela %1 nu are coloana %2").arg(table.name(), name));
     values.push_back(stored(row.value(name), *column));
   }
   return values;

@@ -1,39 +1,21 @@
 #include "store/Schema.h"
 
 #include "store/Database.h"
+#include "store/Engine.h"
 #include "util/Errors.h"
 
 namespace velmar {
 
 namespace {
 
-QString declaredType(const Column& column) {
-  switch (column.type) {
-    case ColumnType::Text:
-      return QStringLiteral("TEXT COLLATE NOCASE");
-    case ColumnType::Integer:
-    case ColumnType::AutoNumber:
-      return QStringLiteral("INTEGER");
-    case ColumnType::Boolean:
-      return QStringLiteral("INTEGER NOT NULL DEFAULT 0");
-    case ColumnType::Real:
-      return column.zeroDefault ? QStringLiteral("REAL NOT NULL DEFAULT 0") : QStringLiteral("REAL");
-    case ColumnType::Date:
-    case ColumnType::Time:
-    case ColumnType::DateTime:
-      return QStringLiteral("TEXT");
-  }
-  return {};
-}
-
 QString quoted(const QString& name) {
   return name.contains(QLatin1Char(' ')) ? QStringLiteral("\"%1\"").arg(name) : name;
 }
 
-QString createStatement(const Table& table) {
+QString createStatement(const Table& table, const Engine& engine) {
   QStringList parts;
   for (const Column& column : table.columns()) {
-    QString part = column.name + QLatin1Char(' ') + declaredType(column);
+    QString part = column.name + QLatin1Char(' ') + engine.declaredType(column);
     if (table.keyColumns().contains(column.name)) part += QStringLiteral(" NOT NULL");
     // A line that says nothing of its number is the document's line 0.
     if (table.keyColumns().size() > 1 && table.keyColumns().last() == column.name &&
@@ -43,8 +25,7 @@ QString createStatement(const Table& table) {
   }
   if (!table.keyColumns().isEmpty())
     parts.append(QStringLiteral("PRIMARY KEY (%1)").arg(table.keyColumns().join(QStringLiteral(", "))));
-  // Lines lie beside the other lines of their document, found by one descent.
-  const QString clustered = table.keyColumns().size() > 1 ? QStringLiteral(" WITHOUT ROWID") : QString();
+  const QString clustered = table.keyColumns().size() > 1 ? engine.clusteredSuffix() : QString();
   return QStringLiteral("CREATE TABLE %1 (%2)%3")
       .arg(quoted(table.name()), parts.join(QStringLiteral(", ")), clustered);
 }
@@ -112,13 +93,17 @@ const Table& companyTable(const QString& name) {
   throw StoreError(0, QStringLiteral("Lipseste tabela %1").arg(name));
 }
 
+QStringList createStatements(const Table& table, const Engine& engine) {
+  QStringList statements{createStatement(table, engine)};
+  int number = 0;
+  for (const Index& index : table.indexes()) statements.append(createStatement(table, index, ++number));
+  return statements;
+}
+
 void createCompanyTables(Database& database) {
   Transaction transaction(database);
-  for (const Table& table : companyTables()) {
-    database.execute(createStatement(table));
-    int number = 0;
-    for (const Index& index : table.indexes()) database.execute(createStatement(table, index, ++number));
-  }
+  database.prepareSchema();
+  for (const Table& table : companyTables()) database.createTable(table);
   database.execute(QStringLiteral(
       "CREATE VIEW qryTertiLinii AS SELECT DISTINCT TERT FROM kt_linii WHERE TERT IS NOT NULL"));
   transaction.commit();

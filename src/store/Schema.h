@@ -10,6 +10,7 @@
 namespace velmar {
 
 class Database;
+class Engine;
 
 enum class ColumnType { Text, Integer, AutoNumber, Real, Boolean, Date, Time, DateTime };
 
@@ -66,6 +67,9 @@ const std::vector<Table>& companyTables();
 
 /// The table of that name in any case. Throws StoreError when there is none.
 const Table& companyTable(const QString& name);
+
+/// The statements that make the table and its indexes on that engine.
+QStringList createStatements(const Table& table, const Engine& engine);
 
 /// Makes all tables, indexes and stored queries in an empty file.
 void createCompanyTables(Database& database);

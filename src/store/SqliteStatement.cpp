@@ -63,7 +63,23 @@ bool Statement::step() {
   fail();
 }
 
-int Statement::run() {
+Recordset Statement::query(const Values& values) {
+  bind(values);
+  bool onRow = step();
+  Recordset result(columns());
+  const int width = static_cast<int>(result.columns().size());
+  for (; onRow; onRow = step()) {
+    std::vector<QVariant> cells;
+    cells.reserve(static_cast<size_t>(width));
+    for (int i = 0; i < width; ++i) cells.push_back(value(i));
+    result.append(std::move(cells));
+  }
+  reset();
+  return result;
+}
+
+int Statement::run(const Values& values) {
+  bind(values);
   while (step()) continue;
   reset();
   return sqlite3_changes(connection_);

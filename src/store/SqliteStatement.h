@@ -5,25 +5,26 @@
 #include <memory>
 #include <QString>
 
-#include "store/Row.h"
+#include "store/Engine.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace velmar::sqlite {
 
-class Statement {
+class Statement : public EngineStatement {
  public:
   /// Throws StoreError when the text is no single statement of the engine. `path` names the file in messages.
   Statement(sqlite3* connection, const QString& sql, const QString& path);
+
+  Recordset query(const Values& values) override;
+  int run(const Values& values) override;
 
   /// Binds a value for each mark. Throws StoreError when their numbers differ.
   void bind(const Values& values);
 
   /// Runs to the next row; whether there is one. Throws StoreError.
   bool step();
-  /// Runs to the end and makes the statement ready for the next time; gives the number of rows changed.
-  int run();
   /// Gives up what is left to read, so that no read lock stays.
   void reset();
 

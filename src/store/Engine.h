@@ -1,0 +1,44 @@
+// What the store asks of a database engine. Nothing above the store knows which one runs.
+#pragma once
+
+#include <memory>
+#include <QString>
+
+#include "store/Schema.h"
+
+namespace velmar {
+
+/// A statement prepared once and run as often as needed.
+class EngineStatement {
+ public:
+  virtual ~EngineStatement() = default;
+
+  /// Runs it with a value for each mark and reads the rows out. Throws StoreError.
+  virtual Recordset query(const Values& values) = 0;
+  /// Runs it to the end; gives the number of rows changed. Throws StoreError.
+  virtual int run(const Values& values) = 0;
+};
+
+/// A connection to one database.
+class Engine {
+ public:
+  virtual ~Engine() = default;
+
+  /// Throws StoreError when the text is no single statement.
+  virtual std::shared_ptr<EngineStatement> prepare(const QString& sql) = 0;
+  /// Runs a statement without values and rows.
+  virtual void run(const QString& sql) = 0;
+  /// Begins a transaction with the company's write lock; gives false when another process holds it.
+  virtual bool tryBeginWrite() = 0;
+  /// The plan of a statement, whose values need not be known, one step a line.
+  virtual QStringList plan(const QString& sql) = 0;
+
+  /// How a column of that kind is declared, its marks for null and default included.
+  virtual QString declaredType(const Column& column) const = 0;
+  /// What stands behind the columns of a table whose key has several of them.
+  virtual QString clusteredSuffix() const = 0;
+  /// Makes what the tables need before they can be made.
+  virtual void prepareSchema() {}
+};
+
+}  // namespace velmar
