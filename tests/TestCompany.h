@@ -10,6 +10,7 @@
 #include "Printers.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
+#include "TestServer.h"
 #include "util/Clock.h"
 #include "util/Messages.h"
 
@@ -47,6 +48,7 @@ class TestCompany {
   static QString folder() {
     static const QTemporaryDir dir;
     static const bool written = [] {
+      nameTestServer(dir.path());
       bringTemplateUpToDate(dir.path());
       return true;
     }();

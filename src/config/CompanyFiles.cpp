@@ -46,7 +46,7 @@ void requireFree(const QString& folder, const QList<Company>& companies, const Q
   if (taken)
     throw RuleError(QStringLiteral("Acest cod de societate exista deja ! Adaugarea nu se poate efectua !"));
   const QString file = companyFileName(code);
-  if (existsInFolder(folder, file))
+  if (databaseExists(folder, file))
     throw RuleError(QStringLiteral("Fisierul %1 exista deja in folderul bazelor de date ! Adaugarea nu se "
                                    "poate efectua !")
                         .arg(file),

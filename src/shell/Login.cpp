@@ -36,7 +36,7 @@ bool Login::load() {
     return true;
   }
   const QString own = session().gCaleAplicatie;
-  if (!existsInFolder(own, kTemplateName)) return false;
+  if (!databaseExists(own, kTemplateName)) return false;
   useFolder(own);
   settings::setDatabasesPath(own);
   return true;

@@ -273,10 +273,10 @@ void changeCompanyList(const QString& folder, const std::function<void(QList<Com
 
 QList<Company> IncarcaSocietati(const QString& folder, QString& gDenSocietateNoua) {
   QList<Company> companies = readCompanyList(folder);
-  if (existsInFolder(folder, kFirstCompanyName)) return companies;
+  if (databaseExists(folder, kFirstCompanyName)) return companies;
   underFileLock(folder, kListName, [&] {
     // Another process may have made it meanwhile.
-    if (existsInFolder(folder, kFirstCompanyName)) return;
+    if (databaseExists(folder, kFirstCompanyName)) return;
     makeCompanyFile(folder, kFirstCompanyName);
     MarcheazaVersiune(folder, kFirstCompanyName, gDenSocietateNoua);
   });

@@ -2,9 +2,11 @@
 
 #include <optional>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QThread>
 
 #include "store/DataChanges.h"
+#include "store/PostgresEngine.h"
 #include "store/Schema.h"
 #include "store/SqliteEngine.h"
 #include "util/Errors.h"
@@ -22,6 +24,12 @@ const QString kWaitQuestion = QStringLiteral(
 
 std::unique_ptr<Database> theOpenDatabase;
 
+std::unique_ptr<Engine> openEngine(const QString& path, bool create) {
+  if (const auto server = serverOf(QFileInfo(path).path()))
+    return std::make_unique<postgres::ServerEngine>(*server, path, create);
+  return std::make_unique<sqlite::FileEngine>(path, create);
+}
+
 }  // namespace
 
 /// The connection, its prepared statements and the depth of its transactions.
@@ -34,8 +42,7 @@ struct Database::State {
   bool recording = false;
   QStringList recorded;
 
-  State(const QString& file, bool create)
-      : path(file), engine(std::make_unique<sqlite::FileEngine>(file, create)) {}
+  State(const QString& file, bool create) : path(file), engine(openEngine(file, create)) {}
 
   ~State() { prepared.clear(); }
 

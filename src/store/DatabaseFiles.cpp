@@ -3,9 +3,11 @@
 #include <filesystem>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLockFile>
 
 #include "store/Database.h"
+#include "store/PostgresEngine.h"
 #include "store/Schema.h"
 #include "store/Sqlite.h"
 #include "store/TemplateData.h"
@@ -37,10 +39,27 @@ bool replaceFile(const QString& from, const QString& to) {
   return !error;
 }
 
+// On a server: under another name until it is whole.
+template <typename Fill>
+void writeWholeOn(const Server& server, const QString& path, const QString& draft, Fill&& fill) {
+  const QString draftName = databaseOnServer(server, draft);
+  const QString name = databaseOnServer(server, path);
+  postgres::dropDatabase(server, draftName);
+  try {
+    fill(draft);
+    postgres::dropDatabase(server, name);
+    postgres::renameDatabase(server, draftName, name);
+  } catch (...) {
+    postgres::dropDatabase(server, draftName);
+    throw;
+  }
+}
+
 // A file of its own name until it is whole, so that nobody ever sees half a database.
 template <typename Fill>
 void writeWhole(const QString& path, Fill&& fill) {
   const QString draft = path + QStringLiteral(".nou");
+  if (const auto server = serverOf(QFileInfo(path).path())) return writeWholeOn(*server, path, draft, fill);
   removeWithSideFiles(draft);
   try {
     fill(draft);
@@ -61,6 +80,9 @@ void writeWhole(const QString& path, Fill&& fill) {
 void copyTemplate(const QString& folder, const QString& target) {
   underFileLock(folder, kTemplateName, [&] {
     const QString source = pathInFolder(folder, kTemplateName);
+    if (const auto server = serverOf(folder))
+      return postgres::copyDatabase(*server, databaseOnServer(*server, source),
+                                    databaseOnServer(*server, target));
     // Opening tells a template that is missing or damaged, and closing leaves nothing beside the file.
     Database::open(source);
     if (!QFile::copy(source, target))
@@ -81,7 +103,7 @@ void setPeriods(Database& database, int year) {
 
 // Whether the folder has no template, or one that another version of the program wrote.
 bool templateIsOutdated(const QString& folder) {
-  if (!existsInFolder(folder, kTemplateName)) return true;
+  if (!databaseExists(folder, kTemplateName)) return true;
   const auto database = Database::open(pathInFolder(folder, kTemplateName));
   return database->query("SELECT VERSIUNE FROM kt_info").first().integer("VERSIUNE") != programRevision();
 }
@@ -105,6 +127,12 @@ QString pathInFolder(const QString& folder, const QString& name) {
   for (const QString& entry : dir.entryList(QDir::Files | QDir::Hidden))
     if (entry.compare(name, Qt::CaseInsensitive) == 0) return dir.filePath(entry);
   return dir.filePath(name);
+}
+
+bool databaseExists(const QString& folder, const QString& name) {
+  if (const auto server = serverOf(folder))
+    return postgres::databaseExists(*server, databaseOnServer(*server, name));
+  return existsInFolder(folder, name);
 }
 
 bool existsInFolder(const QString& folder, const QString& name) {
@@ -138,12 +166,12 @@ void bringTemplateUpToDate(const QString& folder) {
 }
 
 void makeCompanyFile(const QString& folder, const QString& fileName) {
-  if (existsInFolder(folder, fileName))
+  if (databaseExists(folder, fileName))
     throw StoreError(kFileExists,
                      QStringLiteral("Fisierul %1 exista deja.").arg(pathInFolder(folder, fileName)));
   writeWhole(pathInFolder(folder, fileName), [&folder](const QString& draft) {
     copyTemplate(folder, draft);
-    QFile::setPermissions(draft, QFile::permissions(draft) | QFile::WriteOwner);
+    if (QFile::exists(draft)) QFile::setPermissions(draft, QFile::permissions(draft) | QFile::WriteOwner);
     setPeriods(*Database::open(draft), clock::today().year());
   });
 }
@@ -159,6 +187,8 @@ void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& 
 }
 
 void removeDatabaseFile(const QString& folder, const QString& fileName) {
+  if (const auto server = serverOf(folder))
+    return postgres::dropDatabase(*server, databaseOnServer(*server, fileName));
   removeWithSideFiles(pathInFolder(folder, fileName));
 }
 

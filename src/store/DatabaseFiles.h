@@ -1,5 +1,5 @@
-// Database files in a folder: found without regard to case, made, copied and removed together with the files
-// that the engine keeps beside them.
+// The databases of a folder: found without regard to case, made, copied and removed together with the files
+// that the engine keeps beside them; or those of the server that the folder names (store/Server.h).
 #pragma once
 
 #include <functional>
@@ -18,6 +18,9 @@ QString pathInFolder(const QString& folder, const QString& name);
 
 /// Whether the folder holds a file of that name in any case.
 bool existsInFolder(const QString& folder, const QString& name);
+
+/// Whether the folder, or the server that it names, holds a database of that name.
+bool databaseExists(const QString& folder, const QString& name);
 
 /// Does the work while no other process does any under the same name in the folder; others wait, up to 15
 /// seconds. Throws StoreError when the wait was in vain, or the folder is missing or cannot be written.

@@ -4,8 +4,11 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSysInfo>
 #include <QUrl>
 
+#include "store/Database.h"
+#include "store/PostgresConnection.h"
 #include "util/Errors.h"
 
 namespace velmar {
@@ -13,6 +16,23 @@ namespace velmar {
 namespace {
 
 const QString kMark = QStringLiteral("-conexiune-");
+
+const QString kProgram = QStringLiteral("Velmar|");
+const QChar kPart = QLatin1Char('|');
+
+// The server tells of each connection how it named itself: program, computer, login.
+QList<Connection> connectionsOn(const Server& server, const QString& database) {
+  postgres::Connection link(server, QStringLiteral("postgres"));
+  link.prepare("roster",
+               QStringLiteral("SELECT application_name AS NAME FROM pg_stat_activity WHERE datname = ? AND "
+                              "application_name LIKE 'Velmar|%' ORDER BY application_name"));
+  QList<Connection> found;
+  for (const Row& row : postgres::recordsetOf(link.execute("roster", {database}))) {
+    const QStringList parts = row.at(0).toString().split(kPart);
+    found.append({parts.value(1), parts.value(2), true, QStringLiteral("-")});
+  }
+  return found;
+}
 
 QString entryPath(const QString& databasePath, const QString& login) {
   return QStringLiteral("%1%2%3-%4")
@@ -22,10 +42,16 @@ QString entryPath(const QString& databasePath, const QString& login) {
 
 }  // namespace
 
-RosterEntry::RosterEntry(const QString& databasePath, const QString& login)
-    : lock_(entryPath(databasePath, login)) {
-  lock_.setStaleLockTime(0);
-  if (!lock_.tryLock(0) && lock_.error() != QLockFile::LockFailedError)
+RosterEntry::RosterEntry(const QString& databasePath, const QString& login) {
+  if (serverOf(QFileInfo(databasePath).path())) {
+    if (Database* open = openDatabase())
+      open->query(QStringLiteral("SELECT set_config('application_name', ?, false) AS NAME"),
+                  {kProgram + QSysInfo::machineHostName() + kPart + login});
+    return;
+  }
+  lock_ = std::make_unique<QLockFile>(entryPath(databasePath, login));
+  lock_->setStaleLockTime(0);
+  if (!lock_->tryLock(0) && lock_->error() != QLockFile::LockFailedError)
     throw StoreError(
         kFileFailure,
         QStringLiteral("Folderul bazei de date %1 nu poate fi scris. Verificati drepturile asupra lui.")
@@ -34,6 +60,8 @@ RosterEntry::RosterEntry(const QString& databasePath, const QString& login)
 
 QList<Connection> connections(const QString& databasePath) {
   const QFileInfo file(databasePath);
+  if (const auto server = serverOf(file.path()))
+    return connectionsOn(*server, databaseOnServer(*server, databasePath));
   const QString prefix = file.fileName() + kMark;
   QList<Connection> found;
   for (const QFileInfo& entry : file.dir().entryInfoList({prefix + QLatin1Char('*')}, QDir::Files)) {

@@ -1,5 +1,5 @@
-// Who works in a company file: every process holds an entry beside the file, which falls when the process
-// ends, however it ends.
+// Who works in a company. Every process holds an entry beside a company file, which falls when the process
+// ends, however it ends; of a company on a server the server itself knows who is connected.
 #pragma once
 
 #include <memory>
@@ -24,7 +24,7 @@ class RosterEntry {
   RosterEntry(const QString& databasePath, const QString& login);
 
  private:
-  QLockFile lock_;
+  std::unique_ptr<QLockFile> lock_;  ///< none on a server
 };
 
 /// The processes connected to a company file, by computer and login; entries of dead processes are removed.

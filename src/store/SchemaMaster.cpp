@@ -29,7 +29,7 @@ Table companyInfo() {
 
 Table companyParameters() {
   return Table("kt_par")
-      .integers("ID")
+      .autoNumber("ID")
       .texts(
           "CONTFurnizori CONTClienti Debitori Creditori Banca Casa PROFIT VENEXPORT VENSCCUDED VENSCFARADED "
           "CDIFCONV VDIFCONV TVACumparare TVAVanzare FurnizoriImobilizari CONTVAMA CONTNIR CONTINTRPROD "
@@ -43,8 +43,7 @@ Table companyParameters() {
       .integers("StornareNegru")
       .text("CASAMARCAT", 1)
       .integers("CASAMARCAT_Nr")
-      .flags("MODAUDIO")
-      .key("ID");
+      .flags("MODAUDIO");
 }
 
 Table chartOfAccounts(const QString& name) {

@@ -1,0 +1,216 @@
+#include "store/PostgresConnection.h"
+
+#include <libpq-fe.h>
+#include <charconv>
+#include <QCoreApplication>
+#include <QSysInfo>
+
+#include "store/Schema.h"
+
+namespace velmar::postgres {
+
+namespace {
+
+// The engine's own numbers of the types that results are made of.
+enum TypeNumber {
+  kBool = 16,
+  kInt8 = 20,
+  kInt2 = 21,
+  kInt4 = 23,
+  kFloat4 = 700,
+  kFloat8 = 701,
+  kTimestamp = 1114,
+  kNumeric = 1700
+};
+
+QString text(const char* utf8) { return QString::fromUtf8(utf8).trimmed(); }
+
+// The first letters of the engine's five-letter codes, for what a user can do something about.
+QString advice(const QString& state) {
+  const auto is = [&state](const char* start) { return state.startsWith(QLatin1String(start)); };
+  if (is("08") || is("57P") || state.isEmpty())
+    return QStringLiteral(
+        "Legatura cu serverul de baze de date s-a pierdut, nu s-a salvat nimic. Incercati din nou.");
+  if (is("55P03") || is("40"))
+    return QStringLiteral("Baza de date este folosita in acest moment de alt utilizator. Incercati din nou.");
+  if (is("53100"))
+    return QStringLiteral("Discul este plin, nu s-a salvat nimic. Eliberati spatiu si incercati din nou.");
+  if (is("28"))
+    return QStringLiteral("Serverul nu primeste utilizatorul sau parola. Verificati setarile serverului.");
+  if (is("3D000"))
+    return QStringLiteral("Lipseste baza de date. Restaurati o copie salvata sau alegeti alt folder.");
+  return {};
+}
+
+StoreError describe(const QString& state, const QString& message, const QString& database) {
+  constexpr int kBase = 36;
+  const int number = state.toInt(nullptr, kBase) % 1'000'000;
+  const QString help = advice(state);
+  if (help.isEmpty()) return StoreError(number, message);
+  return StoreError(number, QStringLiteral("%1 (%2: %3)").arg(help, database, message));
+}
+
+// A value as the engine reads it; null stays null.
+struct Bound {
+  QByteArray text;
+  bool isNull = false;
+};
+
+Bound bound(const QVariant& value) {
+  if (value.isNull()) return {{}, true};
+  if (value.typeId() == QMetaType::Double) {
+    char digits[40];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value.toDouble()).ptr;
+    return {QByteArray(digits, end - digits)};
+  }
+  if (value.typeId() == QMetaType::Bool) return {value.toBool() ? "-1" : "0"};
+  const QString string = value.toString();
+  return {string.toUtf8(), string.isNull()};
+}
+
+// The told spelling of the columns, which the engine gives back in small letters.
+QString toldSpelling(const QString& name) {
+  static const QHash<QString, QString> known = [] {
+    QHash<QString, QString> names;
+    for (const Table& table : companyTables())
+      for (const Column& column : table.columns())
+        if (!names.contains(column.name.toLower())) names.insert(column.name.toLower(), column.name);
+    return names;
+  }();
+  return known.value(name, name);
+}
+
+QVariant cell(const PGresult* result, int row, int column) {
+  if (PQgetisnull(result, row, column)) return {};
+  const char* value = PQgetvalue(result, row, column);
+  switch (PQftype(result, column)) {
+    case kInt8:
+    case kInt4:
+    case kInt2:
+      return QVariant(static_cast<qlonglong>(std::strtoll(value, nullptr, 10)));
+    case kBool:
+      return QVariant(*value == 't' ? -1LL : 0LL);
+    case kNumeric:
+      // The sum of whole numbers.
+      if (!std::strchr(value, '.')) return QVariant(static_cast<qlonglong>(std::strtoll(value, nullptr, 10)));
+      return QVariant(QByteArray(value).toDouble());
+    case kFloat4:
+    case kFloat8:
+      return QVariant(QByteArray(value).toDouble());
+    case kTimestamp: {
+      const QDateTime moment =
+          QDateTime::fromString(QString::fromLatin1(value).replace(u' ', u'T'), Qt::ISODateWithMs);
+      return Value(moment).data();
+    }
+    default:
+      return QVariant(QString::fromUtf8(value, PQgetlength(result, row, column)));
+  }
+}
+
+}  // namespace
+
+Connection::Connection(const Server& server, const QString& database)
+    : handle_(nullptr, PQfinish), database_(database) {
+  const std::pair<const char*, QByteArray> settings[] = {
+      {"host", server.host.toUtf8()},
+      {"port", QByteArray::number(server.port)},
+      {"user", server.user.toUtf8()},
+      {"dbname", database.toUtf8()},
+      {"sslmode", server.tls.toUtf8()},
+      {"application_name",
+       QStringLiteral("Velmar %1 %2")
+           .arg(QSysInfo::machineHostName(), QString::number(QCoreApplication::applicationPid()))
+           .toUtf8()},
+      {"client_encoding", "UTF8"},
+      {"connect_timeout", "5"},
+      {"options", "-c plan_cache_mode=force_custom_plan -c client_min_messages=warning -c DateStyle=ISO"}};
+  std::vector<const char*> names, values;
+  for (const auto& [name, value] : settings)
+    if (!value.isEmpty()) {
+      names.push_back(name);
+      values.push_back(value.constData());
+    }
+  names.push_back(nullptr);
+  values.push_back(nullptr);
+  handle_.reset(PQconnectdbParams(names.data(), values.data(), 0));
+  if (PQstatus(handle_.get()) != CONNECTION_OK) {
+    const QString message = text(PQerrorMessage(handle_.get()));
+    const bool missing = message.contains(QStringLiteral("does not exist"));
+    throw describe(missing ? QStringLiteral("3D000") : QStringLiteral("08006"), message, database);
+  }
+  PQsetNoticeProcessor(
+      handle_.get(), [](void*, const char*) {}, nullptr);
+}
+
+Result Connection::checked(pg_result* raw) {
+  Result result(raw, PQclear);
+  const ExecStatusType status = PQresultStatus(raw);
+  if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK) return result;
+  const char* state = PQresultErrorField(raw, PG_DIAG_SQLSTATE);
+  const char* message = PQresultErrorField(raw, PG_DIAG_MESSAGE_PRIMARY);
+  throw describe(QString::fromLatin1(state ? state : ""),
+                 text(message ? message : PQerrorMessage(handle_.get())), database_);
+}
+
+Result Connection::run(const QString& sql) {
+  return checked(PQexec(handle_.get(), sql.toUtf8().constData()));
+}
+
+void Connection::prepare(const QByteArray& name, const QString& sql) {
+  checked(
+      PQprepare(handle_.get(), name.constData(), withNumberedMarks(sql).toUtf8().constData(), 0, nullptr));
+}
+
+Result Connection::execute(const QByteArray& name, const Values& values) {
+  std::vector<Bound> bounds;
+  std::vector<const char*> texts;
+  bounds.reserve(values.size());
+  for (const Value& value : values) bounds.push_back(bound(value.data()));
+  for (const Bound& each : bounds) texts.push_back(each.isNull ? nullptr : each.text.constData());
+  return checked(PQexecPrepared(handle_.get(), name.constData(), static_cast<int>(texts.size()), texts.data(),
+                                nullptr, nullptr, 0));
+}
+
+bool Connection::renewIfLost() {
+  if (PQstatus(handle_.get()) == CONNECTION_OK) return false;
+  PQreset(handle_.get());
+  if (PQstatus(handle_.get()) != CONNECTION_OK)
+    throw describe(QStringLiteral("08006"), text(PQerrorMessage(handle_.get())), database_);
+  return true;
+}
+
+Recordset recordsetOf(const Result& result) {
+  QStringList names;
+  const int width = PQnfields(result.get());
+  for (int i = 0; i < width; ++i) names.append(toldSpelling(QString::fromUtf8(PQfname(result.get(), i))));
+  Recordset rows(std::make_shared<Columns>(names));
+  for (int row = 0; row < PQntuples(result.get()); ++row) {
+    std::vector<QVariant> cells;
+    cells.reserve(static_cast<size_t>(width));
+    for (int i = 0; i < width; ++i) cells.push_back(cell(result.get(), row, i));
+    rows.append(std::move(cells));
+  }
+  return rows;
+}
+
+int changedBy(const Result& result) { return QByteArray(PQcmdTuples(result.get())).toInt(); }
+
+QString withNumberedMarks(const QString& sql) {
+  QString numbered;
+  int mark = 0;
+  QChar quote;
+  for (const QChar c : sql) {
+    if (!quote.isNull()) {
+      if (c == quote) quote = QChar();
+    } else if (c == u'\'' || c == u'"') {
+      quote = c;
+    } else if (c == u'?') {
+      numbered += u'$' + QString::number(++mark);
+      continue;
+    }
+    numbered += c;
+  }
+  return numbered;
+}
+
+}  // namespace velmar::postgres

@@ -1,0 +1,35 @@
+// A company on a PostgreSQL server behind the interface of the store.
+#pragma once
+
+#include "store/Engine.h"
+#include "store/PostgresConnection.h"
+
+namespace velmar::postgres {
+
+class ServerEngine : public Engine {
+ public:
+  /// Connects to the database, or makes it first. Throws StoreError.
+  ServerEngine(const Server& server, const QString& path, bool create);
+
+  std::shared_ptr<EngineStatement> prepare(const QString& sql) override;
+  void run(const QString& sql) override;
+  bool tryBeginWrite() override;
+  QStringList plan(const QString& sql) override;
+  QString declaredType(const Column& column) const override;
+  QString clusteredSuffix() const override { return {}; }
+  void prepareSchema() override;
+
+ private:
+  std::shared_ptr<Connection> connection_;
+  std::shared_ptr<int> generation_;  ///< of the connection: what was prepared on an earlier one is gone
+};
+
+/// Whether the server has a database of that name.
+bool databaseExists(const Server& server, const QString& name);
+/// Makes a database from the template's, whole or not at all.
+void copyDatabase(const Server& server, const QString& from, const QString& to);
+/// Gives a database another name; whoever is connected is sent away.
+void renameDatabase(const Server& server, const QString& from, const QString& to);
+void dropDatabase(const Server& server, const QString& name);
+
+}  // namespace velmar::postgres
