@@ -35,6 +35,8 @@ frmUtilizatori::frmUtilizatori(QWidget* parent) : ListForm("frmUtilizatori", "Ut
   auto* cmdAdauga = command("cmdAdauga", "Adaugare", "Creare utilizator nou", "new", [this] {
     const Row user = card().typed();
     addUser(user);
+    // The type stays, for the next of the kind.
+    card().setDefault("TIP", user.integer("TIP"));
     showAdded(user.text("NUME"));
   });
   auto* cmdSterge =
@@ -60,7 +62,7 @@ QWidget* frmUtilizatori::cardFrame() {
 
 void frmUtilizatori::remove() {
   if (const Row* current = list()->currentRecord()) requireRemovableUser(current->text("NUME"));
-  removeCurrent("Sunteti sigur ca doriti sa stergeti utilizatorul : %1 ?", removeUser, "Confirmare");
+  removeCurrent("Sunteti sigur ca doriti sa stergeti utilizatorul : %1 ?", removeUser);
 }
 
 }  // namespace velmar
