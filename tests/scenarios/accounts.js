@@ -86,3 +86,12 @@ removing("41", "Clasele si subclasele nu se pot sterge!");
 sql("DELETE FROM kt_linii");
 removing("4111.01", "");
 noMessage();
+
+// The list follows what other windows write.
+sql("UPDATE kt_info SET DENUMIRE = 'ALFA SRL'");
+menu("mnuFilemnuSocConf");
+win("frmParamSoc").set("optBugetar", true);
+noMessage();
+win("frmParamSoc").close();
+equal(grid.column("CONT"), sql("SELECT CONT FROM kt_pc ORDER BY CONT").map(row => row.CONT));
+check(grid.column("CONT").includes("232.31"), "accounts of the new plan");
