@@ -50,7 +50,8 @@ QWidget* frmUtilizatori::cardFrame() {
   auto* frame = new QGroupBox("Utilizator");
   auto* rows = new QFormLayout(frame);
   rows->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-  rows->addRow("Nume", card().add("NUME", makeTextBox("txtNume", kTextLength, "Maxim 10 caractere")));
+  rows->addRow("Nume", card().add("NUME", makeTextBox("txtNume", kTextLength, "Maxim 10 caractere",
+                                                      KeyFilter::NoQuote)));
   rows->addRow("Parola", card().add("PAROLA", makeTextBox("txtParola", kTextLength, "Maxim 10 caractere")));
   auto* cboTip = named(new QComboBox, "cboTip",
                        "Selectati tipul de utilizator functie de care se va asigura accesul in aplicatie");
