@@ -48,6 +48,17 @@ equal(grid.enter(at, "NeUtilizabil", "poate"), false);
 expectMessage("Introduceti DA sau NU !");
 equal(grid.enter(at, "NeUtilizabil", "da"), true);
 equal(grid.enter(at, "TITLU", "Clienti vechi"), true);
+// Who leaves a refused cell by a command hears of the cell alone.
+grid.select(at);
+w.press("grdDataGrid", "Right");
+w.press("grdDataGrid", "F2");
+key("Ctrl+A");
+key("Backspace");
+answer("OK");
+w.click("cmdSterge");
+expectMessage("Va rugam completati titlul contului !");
+noMessage();
+equal(grid.cell(at, "TITLU"), "Clienti vechi");
 check(grid.isLocked(at, "DEBITN") && grid.isLocked(at, "CONT"), "figures and symbols stay");
 equal([account("4111.01").TITLU, account("4111.01").NEUTILIZABIL], ["Clienti vechi", -1]);
 
