@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kNarrowest = 620;
 constexpr int kWidest = 1180;  // beside the tool bars of the smallest screen
-constexpr int kLinesHigh = 32;
+constexpr int kLinesHigh = 40;
 
 }  // namespace
 
