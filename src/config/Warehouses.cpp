@@ -40,12 +40,17 @@ qint64 addWarehouse(const Row& warehouse) {
   return row.integer("COD");
 }
 
-void renameWarehouse(qint64 code, const QString& name) {
-  if (name.trimmed().isEmpty()) return;
+void renameWarehouse(qint64 code, const QString& typed) {
+  const QString name = typed.trimmed();
+  if (name.isEmpty()) return;
   Row row = rowOf("COD DENUMIRE");
   row.set("COD", code);
-  row.set("DENUMIRE", name.trimmed());
+  row.set("DENUMIRE", name);
+  Transaction transaction(database());
+  if (!OpenRs("SELECT COD FROM G_MULTIMAGAZIE WHERE DENUMIRE = ? AND COD <> ?", {name, code}).isEmpty())
+    throw RuleError(QStringLiteral("Magazia cu denumirea %1 exista deja !").arg(name), "DENUMIRE");
   if (!updateRecord(companyTable("G_MULTIMAGAZIE"), row)) throw gone();
+  transaction.commit();
 }
 
 void requireRemovableWarehouse(qint64 code) {

@@ -50,6 +50,18 @@ equal(grid.enter(at, "NeUtilizabil", "poate"), false);
 expectMessage("Introduceti DA sau NU !");
 equal(grid.enter(at, "NeUtilizabil", "da"), true);
 equal(grid.enter(at, "TITLU", "Clienti vechi"), true);
+// Who leaves a refused cell by a command hears of the cell alone.
+grid.select(at);
+w.press("grdDataGrid", "Home");
+w.press("grdDataGrid", "Right");
+w.press("grdDataGrid", "F2");
+key("Ctrl+A");
+key("Backspace");
+answer("OK");
+w.click("cmdSterge");
+expectMessage("Va rugam completati titlul contului !");
+noMessage();
+equal(grid.cell(at, "TITLU"), "Clienti vechi");
 check(grid.isLocked(at, "DEBITN") && grid.isLocked(at, "CONT"), "figures and symbols stay");
 equal([account("4111.01").TITLU, account("4111.01").NEUTILIZABIL], ["Clienti vechi", -1]);
 
@@ -88,3 +100,12 @@ removing("41", "Clasele si subclasele nu se pot sterge!");
 sql("DELETE FROM kt_linii");
 removing("4111.01", "");
 noMessage();
+
+// The list follows what other windows write.
+sql("UPDATE kt_info SET DENUMIRE = 'ALFA SRL'");
+menu("mnuFilemnuSocConf");
+win("frmParamSoc").set("optBugetar", true);
+noMessage();
+win("frmParamSoc").close();
+equal(grid.column("CONT"), sql("SELECT CONT FROM kt_pc ORDER BY CONT").map(row => row.CONT));
+check(grid.column("CONT").includes("232.31"), "accounts of the new plan");

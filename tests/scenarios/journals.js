@@ -6,7 +6,7 @@ menu("mnuJurnale");
 let w = win("frmJurnale");
 let grid = w.grid("grdDataGrid");
 equal(w.title(), "Jurnale");
-equal(grid.captions(), ["Cod", "Titlu", "Cont", "Tip", "Banca", "Adresa", "Oras", "CP", "Cont Bancar", "Serie Chitante",
+equal(grid.captions(), ["Cod", "Titlu", "Cont", "Utilizabil", "Tip", "Banca", "Adresa", "Oras", "CP", "Cont Bancar", "Serie Chitante",
                         "Nr de la", "pana la", "Regim TVA"]);
 equal(w.items("cboTip"), ["B (Banca)", "C (Cumparari)", "D (Diverse)", "R (Casa)", "V (Vanzari)", "I(Import)"]);
 equal([w.items("CboFel").length, w.items("CboFel")[0], w.items("CboFel")[21]], [22, " -", "O-Casa-21"]);
@@ -14,6 +14,9 @@ grid.select(grid.column("COD").indexOf("BC"));
 equal([w.text("txtCodJurnal"), w.text("txtTitluJurnal"), w.text("cboTip"), w.text("CboFel")],
       ["BC", journal("BC").TITLU, "D (Diverse)", " -"]);
 check(w.text("cboCont").startsWith("607-"), "account with its title");
+sql("UPDATE kt_pc SET NeUtilizabil = -1 WHERE CONT = '607'");
+sql("UPDATE kt_jur SET CONT = 'lipsa' WHERE COD = 'BI'");
+equal(["AE", "BC", "BI"].map(code => grid.cell(grid.column("COD").indexOf(code), "UTILIZABIL")), ["DA", "NU", ""]);
 shot("journals-start");
 
 w.press("grdDataGrid", "Insert");
@@ -25,7 +28,8 @@ const refused = (text, control) => {
   check(w.hasFocus(control), "focus on " + control);
 };
 refused("Va rugam completati codul jurnalului  !", "txtCodJurnal");
-w.type("txtCodJurnal", "bc");
+w.type("txtCodJurnal", "b'c");
+equal(w.text("txtCodJurnal"), "bc");
 refused("Va rugam completati titlul  !", "txtTitluJurnal");
 w.type("txtTitluJurnal", "Achizitii - nou");
 refused("Va rugam selectati un cont", "cboCont");
@@ -86,8 +90,26 @@ w.click("cmdSterge");
 expectMessage("Sunteti sigur ca doriti sa stergeti jurnalul cu codul : JX ?", {title: "Confirmare stergere"});
 expectMessage("Jurnalul nu se poate sterge deoarece este utilizat in Inregistrari !");
 sql("DELETE FROM kt_linii");
+// Gone while it is being changed: what was typed must not go to the record that takes its place in the list.
+w.type("txtTitluJurnal", "Alt titlu");
+sql("DELETE FROM kt_jur WHERE COD = 'JX'");
+equal(w.text("lblStare"), "Inregistrarea a fost stearsa intre timp de alt utilizator !");
+const next = w.text("txtCodJurnal");
+equal(w.text("txtTitluJurnal"), journal(next).TITLU);
+w.click("CmdModificare");
+equal(sql("SELECT COUNT(*) AS N FROM kt_jur WHERE TITLU = 'Alt titlu'")[0].N, 0);
+
 answer("Da");
 w.click("cmdSterge");
-expectMessage("JX ?");
-equal(grid.rows(), total);
+expectMessage(next + " ?");
+equal(grid.rows(), total - 1);
 noMessage();
+
+w.close();
+sql("DELETE FROM kt_pc");
+menu("mnuJurnale");
+w = win("frmJurnale");
+equal(w.items("cboCont"), ["0-Nu exista inregistrari !"]);
+w.type("txtCodJurnal", "JY");
+w.pick("cboCont", "0-Nu exista inregistrari !");
+refused("Va rugam selectati un cont corespunzator (minim 3 caractere) !", "cboCont");

@@ -31,7 +31,7 @@ w.type("txtNume", " ana12345678");
 w.pick("cboTip", "2 (Raportari)");
 w.click("cmdAdauga");
 equal(users()[1], {NUME: "ana123456", PAROLA: "secret", TIP: 2});
-equal([w.text("txtNume"), w.text("txtParola"), w.text("cboTip")], ["", "", "0 (Toate)"]);
+equal([w.text("txtNume"), w.text("txtParola"), w.text("cboTip")], ["", "", "2 (Raportari)"]);
 equal(grid.column("NUME"), ["admin", "ana123456"]);
 
 answer("OK");
@@ -55,7 +55,7 @@ refusedWith(null, "cmdSterge", "Utilizatorul admin nu se poate sterge !");
 grid.select(1);
 answer("Nu");
 w.click("cmdSterge");
-expectMessage("Sunteti sigur ca doriti sa stergeti utilizatorul : Ana ?", {title: "Confirmare", icon: "question"});
+expectMessage("Sunteti sigur ca doriti sa stergeti utilizatorul : Ana ?", {title: "Confirmare stergere", icon: "question"});
 equal(users().length, 2);
 answer("Da");
 w.click("cmdSterge");

@@ -19,8 +19,16 @@ equal(w.text("Text1"), "2");
 w.type("txtNume", "Depozit mare");
 key("Esc");
 equal(w.text("txtNume"), "Depozit");
-w.type("txtNume", "Depozit mare");
+w.type("txtNume", "MAGAZIE 1");
+answer("OK");
 w.click("cmdSalvare");
+expectMessage("Magazia cu denumirea MAGAZIE 1 exista deja !");
+check(w.hasFocus("txtNume"), "focus on the name");
+for (const name of ["DEPOZIT", "Depozit mare"]) {
+  w.type("txtNume", name);
+  w.click("cmdSalvare");
+  equal(sql("SELECT DENUMIRE FROM G_MULTIMAGAZIE WHERE COD = 2")[0].DENUMIRE, name);
+}
 equal(w.grid("grdDataGrid").column("DENUMIRE"), ["Depozit mare", "Magazie 1"]);
 answer("Da");
 w.click("cmdSterge");

@@ -51,6 +51,7 @@ FiscalYearPage::FiscalYearPage(QWidget* parent) : ParameterPage(parent) {
   grid->setRowMinimumHeight(1, gap);
   for (int i = 0; i < kColumns.size(); ++i) {
     auto* date = named(new DateBox, QStringLiteral("DTPicker1(%1)").arg(i));
+    date->setDisplayFormat("dd/MM/yyyy");
     moveOnWithEnter(date);
     connect(date, &QDateEdit::dateChanged, this, [this, column = kColumns[i]] { warn(column); });
     setControl(kColumns[i], date);

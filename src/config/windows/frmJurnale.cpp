@@ -5,8 +5,6 @@
 #include <QGroupBox>
 
 #include "config/Journals.h"
-#include "config/Lists.h"
-#include "config/windows/CodeBox.h"
 #include "config/windows/ComboFill.h"
 #include "util/windows/Controls.h"
 #include "util/windows/SearchCombo.h"
@@ -15,9 +13,13 @@ namespace velmar {
 
 namespace {
 
+// UTILIZABIL: whether entries may be made on the account.
 const ListQuery kJournals{
-    "COD, TITLU, CONT, TIP, BANCA, ADRESA, ORAS, CONTBN, CODOPER, SerieChitante, NrInceput, NrSfarsit, FEL",
-    "kt_jur", "COD"};
+    "COD, TITLU, CONT, UTILIZABIL, TIP, BANCA, ADRESA, ORAS, CONTBN, CODOPER, SerieChitante, NrInceput, "
+    "NrSfarsit, FEL",
+    "(SELECT J.*, CASE WHEN P.CONT IS NULL THEN NULL WHEN COALESCE(P.NeUtilizabil, 0) = 0 THEN -1 ELSE 0 END "
+    "AS UTILIZABIL FROM kt_jur J LEFT JOIN kt_pc P ON P.CONT = J.CONT) AS L",
+    "COD"};
 constexpr int kCodeLength = 3;
 constexpr int kTitleLength = 40;
 constexpr int kShownAccount = 40;  // characters
@@ -26,6 +28,7 @@ QList<GridColumn> columns() {
   QList<GridColumn> all = {{"COD", "Cod", CellFormat::Text, 5},
                            {"TITLU", "Titlu", CellFormat::Text, 36},
                            {"CONT", "Cont", CellFormat::Text, 10},
+                           {"UTILIZABIL", "Utilizabil", CellFormat::Flag, 8},
                            {"TIP", "Tip", CellFormat::Text, 4},
                            {"BANCA", "Banca", CellFormat::Text, 16},
                            {"ADRESA", "Adresa", CellFormat::Text, 16},
@@ -36,8 +39,8 @@ QList<GridColumn> columns() {
                            {"NrInceput", "Nr de la", CellFormat::Integer, 11},
                            {"NrSfarsit", "pana la", CellFormat::Integer, 11},
                            {"FEL", "Regim TVA", CellFormat::Integer, 6}};
-  for (GridColumn& column : all)
-    column.editable = column.field != "COD" && column.field != "TIP" && column.field != "FEL";
+  static const QStringList kLocked = {"COD", "UTILIZABIL", "TIP", "FEL"};
+  for (GridColumn& column : all) column.editable = !kLocked.contains(column.field);
   return all;
 }
 
@@ -48,7 +51,8 @@ frmJurnale::frmJurnale(QWidget* parent) : ListForm("frmJurnale", "Jurnale", pare
   grid->setColumns(columns());
   grid->setEmptyText("Nu exista jurnale. Completati codul, titlul si contul, apoi apasati Adaugare.");
   grid->setStore(changeJournalField);
-  setList(grid, "COD", [] { return std::make_unique<ListRows>(kJournals, Condition(), "COD"); }, {"kt_jur"});
+  setList(grid, "COD", [] { return std::make_unique<ListRows>(kJournals, Condition(), "COD"); },
+          {"kt_jur", "kt_pc"});
   QWidget* frame = cardFrame();
   auto* cmdAdauga = command("cmdAdauga", "Adaugare", {}, "new", [this] {
     const Row journal = card().typed();
@@ -69,10 +73,10 @@ QWidget* frmJurnale::cardFrame() {
   auto* rows = new QFormLayout;
   half->addLayout(rows, 1);
   half->addStretch(1);
-  rows->addRow("Cod", card().add("COD", makeTextBox("txtCodJurnal", kCodeLength)));
+  rows->addRow("Cod", card().add("COD", makeTextBox("txtCodJurnal", kCodeLength, {}, KeyFilter::NoQuote)));
   rows->addRow("Titlu", card().add("TITLU", makeTextBox("txtTitluJurnal", kTitleLength)));
   auto* cboCont = new SearchCombo("cboCont", "Numar cont", kShownAccount);
-  LegaCombo(*cboCont, codeList("kt_pc", "CONT", "TITLU"));
+  IncarcaCombo(*cboCont);
   rows->addRow("Cont", card().add("CONT", cboCont));
   auto* cboTip = named(new QComboBox, "cboTip", "Tip jurnal");
   for (const QString& kind : kJournalKinds) cboTip->addItem(kind, kind.left(1));

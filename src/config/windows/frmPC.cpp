@@ -72,10 +72,12 @@ frmPC::frmPC(QWidget* parent) : ListForm("frmPC", "Plan de Conturi", parent) {
 QWidget* frmPC::accountFrame() {
   auto* frame = new QGroupBox("Cont");
   auto* rows = new QFormLayout(frame);
-  rows->addRow("Simbol", card().add("CONT", makeTextBox("txtCont", kSymbolLength, "Cont")));
-  rows->addRow("Titlu", card().add("TITLU", makeTextBox("txtTitlu", kTitleLength, "Denumire cont")));
+  rows->addRow("Simbol",
+               card().add("CONT", makeTextBox("txtCont", kSymbolLength, "Cont", KeyFilter::NoQuote)));
+  rows->addRow("Titlu", card().add("TITLU", makeTextBox("txtTitlu", kTitleLength, "Denumire cont",
+                                                        KeyFilter::NoQuote)));
   auto* cboCentruCost = new SearchCombo("cboCentruCost", {}, kShownCostCentre);
-  auto* txtCC = card().add("CODBUG", makeTextBox("txtCC", kCostCentreLength));
+  auto* txtCC = card().add("CODBUG", makeTextBox("txtCC", kCostCentreLength, {}, KeyFilter::NoQuote));
   addCodeRow(rows, "Centru de cost", cboCentruCost, txtCC);
   fillCodeCombos({cboCentruCost}, kUsableCostCentres);
   return frame;

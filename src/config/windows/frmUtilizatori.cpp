@@ -35,6 +35,8 @@ frmUtilizatori::frmUtilizatori(QWidget* parent) : ListForm("frmUtilizatori", "Ut
   auto* cmdAdauga = command("cmdAdauga", "Adaugare", "Creare utilizator nou", "new", [this] {
     const Row user = card().typed();
     addUser(user);
+    // The type stays, for the next of the kind.
+    card().setDefault("TIP", user.integer("TIP"));
     showAdded(user.text("NUME"));
   });
   auto* cmdSterge =
@@ -48,7 +50,8 @@ QWidget* frmUtilizatori::cardFrame() {
   auto* frame = new QGroupBox("Utilizator");
   auto* rows = new QFormLayout(frame);
   rows->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-  rows->addRow("Nume", card().add("NUME", makeTextBox("txtNume", kTextLength, "Maxim 10 caractere")));
+  rows->addRow("Nume", card().add("NUME", makeTextBox("txtNume", kTextLength, "Maxim 10 caractere",
+                                                      KeyFilter::NoQuote)));
   rows->addRow("Parola", card().add("PAROLA", makeTextBox("txtParola", kTextLength, "Maxim 10 caractere")));
   auto* cboTip = named(new QComboBox, "cboTip",
                        "Selectati tipul de utilizator functie de care se va asigura accesul in aplicatie");
@@ -60,7 +63,7 @@ QWidget* frmUtilizatori::cardFrame() {
 
 void frmUtilizatori::remove() {
   if (const Row* current = list()->currentRecord()) requireRemovableUser(current->text("NUME"));
-  removeCurrent("Sunteti sigur ca doriti sa stergeti utilizatorul : %1 ?", removeUser, "Confirmare");
+  removeCurrent("Sunteti sigur ca doriti sa stergeti utilizatorul : %1 ?", removeUser);
 }
 
 }  // namespace velmar

@@ -67,7 +67,8 @@ QWidget* frmValute::currencyFrame() {
   QGroupBox* frame = frameOf(optValuta_, "fraValuta");
   auto* rows = new QFormLayout(frame);
   rows->addRow("Cod", card().add("COD", makeTextBox("txtCodValuta", kCodeLength,
-                                                    "Cod Valuta, maxim 3 caractere alfanumerice")));
+                                                    "Cod Valuta, maxim 3 caractere alfanumerice",
+                                                    KeyFilter::NoQuote)));
   rows->addRow("Denumire", card().add("TITLU", makeTextBox("txtDenumireValuta", kNameLength,
                                                            "Denumire Valuta, maxim 30 caractere")));
   return frame;

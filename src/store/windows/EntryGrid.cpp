@@ -96,7 +96,8 @@ void EntryGrid::leaveWithEnter(QWidget* editor) {
 }
 
 bool EntryGrid::commitPending() {
-  if (!editor_) return true;
+  // A click on a command has closed the editor already; what it refused is still to be told.
+  if (!editor_) return !cause_;
   QWidget* open = editor_;
   commitData(open);
   const bool taken = !refused_ && !cause_;

@@ -9,7 +9,7 @@
 #include <QShortcut>
 
 #include "store/DataChanges.h"
-#include "store/windows/GridPrint.h"
+#include "store/Records.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/windows/Controls.h"
@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kNarrowest = 620;
 constexpr int kWidest = 1180;  // beside the tool bars of the smallest screen
-constexpr int kLinesHigh = 32;
+constexpr int kLinesHigh = 40;
 
 }  // namespace
 
@@ -42,7 +42,7 @@ void ListForm::setList(EntryGrid* grid, const QString& keyField, Read read, cons
   grid_ = grid;
   keyField_ = keyField;
   read_ = std::move(read);
-  tables_ = tables;
+  for (const QString& table : tables) tables_.insert(table.toUpper());
   grid_->setSortable();
   grid_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   connect(grid_, &TDBGrid::currentRecordChanged, this, [this] {
@@ -197,12 +197,16 @@ void ListForm::refresh() {
   stale_ = false;
   const Row* current = grid_->currentRecord();
   const QString key = current ? current->text(keyField_) : QString();
+  bool lost = false;
   {
     const QSignalBlocker quiet(grid_);
     grid_->setRows(read_());
-    if (!key.isEmpty()) grid_->selectRecord(keyField_, key);
+    const bool found = !key.isEmpty() && grid_->selectRecord(keyField_, key);
+    // Edits of a record that is no more must not be saved into another.
+    lost = keepEdits_ && !new_ && !found;
   }
-  if (!keepEdits_) showRecord(grid_->currentRecord());
+  if (!keepEdits_ || lost) showRecord(grid_->currentRecord());
+  if (lost) say(gone().text());
 }
 
 // What is being typed into the card stays as it is.
