@@ -86,7 +86,8 @@ void cBLLNoteContabile::AddNota(bool sameNote, bool& done) {
   DataScad = DataInr.addMonths(1);
   QStringList columns;
   Values values;
-  for (const QString& column : on.query("SELECT * FROM kt_linii WHERE 1 = 0").columns()) {
+  const Recordset empty = on.query("SELECT * FROM kt_linii WHERE 1 = 0");
+  for (const QString& column : empty.columns()) {
     columns.append(column);
     values.push_back(valueOf(column));
   }

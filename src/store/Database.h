@@ -62,7 +62,7 @@ class Database {
 };
 
 /// A write transaction: takes the write lock at once, undoes everything unless committed. Inside another one
-/// it is a savepoint of that one.
+/// it is a savepoint of that one. After a statement has failed in it nothing is left to do but to undo it.
 class Transaction {
  public:
   /// Waits for the write lock; after 5 seconds it asks the user, who may give up (throws Cancelled).

@@ -2,7 +2,7 @@
 
 #include <libpq-fe.h>
 #include <charconv>
-#include <QCoreApplication>
+#include <QRegularExpression>
 #include <QSysInfo>
 
 #include "store/Schema.h"
@@ -42,9 +42,17 @@ QString advice(const QString& state) {
   return {};
 }
 
+// The numbers that the other engine has for the same faults.
+int numberOf(const QString& state) {
+  constexpr std::pair<const char*, int> kNumbers[] = {{"23", 19},    {"55P03", 5}, {"40", 5},   {"53100", 13},
+                                                      {"3D000", 14}, {"08", 10},   {"57P", 10}, {"28", 23}};
+  for (const auto& [start, number] : kNumbers)
+    if (state.startsWith(QLatin1String(start))) return number;
+  return state.isEmpty() ? 10 : 1;
+}
+
 StoreError describe(const QString& state, const QString& message, const QString& database) {
-  constexpr int kBase = 36;
-  const int number = state.toInt(nullptr, kBase) % 1'000'000;
+  const int number = numberOf(state);
   const QString help = advice(state);
   if (help.isEmpty()) return StoreError(number, message);
   return StoreError(number, QStringLiteral("%1 (%2: %3)").arg(help, database, message));
@@ -64,20 +72,10 @@ Bound bound(const QVariant& value) {
     return {QByteArray(digits, end - digits)};
   }
   if (value.typeId() == QMetaType::Bool) return {value.toBool() ? "-1" : "0"};
-  const QString string = value.toString();
-  return {string.toUtf8(), string.isNull()};
-}
-
-// The told spelling of the columns, which the engine gives back in small letters.
-QString toldSpelling(const QString& name) {
-  static const QHash<QString, QString> known = [] {
-    QHash<QString, QString> names;
-    for (const Table& table : companyTables())
-      for (const Column& column : table.columns())
-        if (!names.contains(column.name.toLower())) names.insert(column.name.toLower(), column.name);
-    return names;
-  }();
-  return known.value(name, name);
+  // The engine's texts end where the first NUL stands.
+  QString string = value.toString();
+  const bool isNull = string.isNull();
+  return {string.remove(QChar(0)).toUtf8(), isNull};
 }
 
 QVariant cell(const PGresult* result, int row, int column) {
@@ -109,6 +107,10 @@ QVariant cell(const PGresult* result, int row, int column) {
 
 }  // namespace
 
+QString connectionName(const QString& login) {
+  return QStringLiteral("Velmar|%1|%2").arg(QSysInfo::machineHostName(), login);
+}
+
 Connection::Connection(const Server& server, const QString& database)
     : handle_(nullptr, PQfinish), database_(database) {
   const std::pair<const char*, QByteArray> settings[] = {
@@ -117,10 +119,7 @@ Connection::Connection(const Server& server, const QString& database)
       {"user", server.user.toUtf8()},
       {"dbname", database.toUtf8()},
       {"sslmode", server.tls.toUtf8()},
-      {"application_name",
-       QStringLiteral("Velmar %1 %2")
-           .arg(QSysInfo::machineHostName(), QString::number(QCoreApplication::applicationPid()))
-           .toUtf8()},
+      {"application_name", connectionName({}).toUtf8()},
       {"client_encoding", "UTF8"},
       {"connect_timeout", "5"},
       {"options", "-c plan_cache_mode=force_custom_plan -c client_min_messages=warning -c DateStyle=ISO"}};
@@ -148,6 +147,9 @@ Result Connection::checked(pg_result* raw) {
   if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK) return result;
   const char* state = PQresultErrorField(raw, PG_DIAG_SQLSTATE);
   const char* message = PQresultErrorField(raw, PG_DIAG_MESSAGE_PRIMARY);
+  if (status == PGRES_EMPTY_QUERY) throw StoreError(1, QStringLiteral("not a single statement"));
+  if (state && QLatin1String(state) == QLatin1String("0A000") && strstr(message, "cached plan"))
+    throw PlanOutdated(1, text(message));
   throw describe(QString::fromLatin1(state ? state : ""),
                  text(message ? message : PQerrorMessage(handle_.get())), database_);
 }
@@ -171,6 +173,10 @@ Result Connection::execute(const QByteArray& name, const Values& values) {
                                 nullptr, nullptr, 0));
 }
 
+void Connection::forget(const QByteArray& name) {
+  run(QStringLiteral("DEALLOCATE ") + QString::fromLatin1(name));
+}
+
 bool Connection::renewIfLost() {
   if (PQstatus(handle_.get()) == CONNECTION_OK) return false;
   PQreset(handle_.get());
@@ -179,10 +185,32 @@ bool Connection::renewIfLost() {
   return true;
 }
 
-Recordset recordsetOf(const Result& result) {
+Spelling spellingOf(const QString& sql) {
+  Spelling spelling;
+  const auto addColumns = [&spelling](const Table& table) {
+    for (const Column& column : table.columns()) spelling.insert(column.name.toLower(), column.name);
+  };
+  const auto named = [&sql](const Table& table) { return sql.contains(table.name(), Qt::CaseInsensitive); };
+  for (const Table& table : companyTables())
+    if (!named(table)) addColumns(table);
+  for (const Table& table : companyTables())
+    if (named(table)) addColumns(table);
+  static const QRegularExpression kAlias(QStringLiteral("\\bAS\\s+(\\w+)"),
+                                         QRegularExpression::CaseInsensitiveOption);
+  for (auto found = kAlias.globalMatch(sql); found.hasNext();) {
+    const QString alias = found.next().captured(1);
+    spelling.insert(alias.toLower(), alias);
+  }
+  return spelling;
+}
+
+Recordset recordsetOf(const Result& result, const Spelling& spelling) {
   QStringList names;
   const int width = PQnfields(result.get());
-  for (int i = 0; i < width; ++i) names.append(toldSpelling(QString::fromUtf8(PQfname(result.get(), i))));
+  for (int i = 0; i < width; ++i) {
+    const QString name = QString::fromUtf8(PQfname(result.get(), i));
+    names.append(spelling.value(name, name));
+  }
   Recordset rows(std::make_shared<Columns>(names));
   for (int row = 0; row < PQntuples(result.get()); ++row) {
     std::vector<QVariant> cells;

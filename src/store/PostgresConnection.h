@@ -17,6 +17,9 @@ namespace velmar::postgres {
 
 using Result = std::unique_ptr<pg_result, void (*)(pg_result*)>;
 
+/// How a connection names itself to the server: program, computer, login.
+QString connectionName(const QString& login);
+
 class Connection {
  public:
   /// Throws StoreError.
@@ -27,6 +30,7 @@ class Connection {
   /// Prepares a statement, its marks "?", under that name.
   void prepare(const QByteArray& name, const QString& sql);
   Result execute(const QByteArray& name, const Values& values);
+  void forget(const QByteArray& name);
 
   /// The connection was lost and made again: what was prepared on it is gone.
   bool renewIfLost();
@@ -38,9 +42,21 @@ class Connection {
   QString database_;
 };
 
+/// The tables have changed since a statement was prepared: it has to be prepared anew.
+class PlanOutdated : public StoreError {
+ public:
+  using StoreError::StoreError;
+};
+
+/// Spellings of column names by their small letters.
+using Spelling = QHash<QString, QString>;
+
+/// How the statement spells the columns that it gives: by their aliases, else as their tables are described.
+Spelling spellingOf(const QString& sql);
+
 /// The rows of a result with the types that the other engine would give: whole numbers, doubles, texts, dates
-/// as ISO text.
-Recordset recordsetOf(const Result& result);
+/// as ISO text. Columns that no spelling is known of keep their small letters.
+Recordset recordsetOf(const Result& result, const Spelling& spelling = {});
 
 /// The number of rows that the statement changed.
 int changedBy(const Result& result);

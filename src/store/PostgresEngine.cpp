@@ -23,7 +23,11 @@ class ServerStatement : public EngineStatement {
     prepare();
   }
 
-  Recordset query(const Values& values) override { return recordsetOf(execute(values)); }
+  Recordset query(const Values& values) override {
+    const Result result = execute(values);
+    if (spelling_.isEmpty()) spelling_ = spellingOf(sql_);
+    return recordsetOf(result, spelling_);
+  }
   int run(const Values& values) override { return changedBy(execute(values)); }
 
  private:
@@ -34,13 +38,20 @@ class ServerStatement : public EngineStatement {
 
   Result execute(const Values& values) {
     if (prepared_ != *generation_) prepare();
-    return connection_->execute(name_, values);
+    try {
+      return connection_->execute(name_, values);
+    } catch (const PlanOutdated&) {
+      connection_->forget(name_);
+      prepare();
+      return connection_->execute(name_, values);
+    }
   }
 
   std::shared_ptr<Connection> connection_;
   std::shared_ptr<int> generation_;
   QString sql_;
   QByteArray name_;
+  Spelling spelling_;
   int prepared_ = 0;
 };
 
@@ -76,7 +87,7 @@ bool ServerEngine::tryBeginWrite() {
   if (connection_->renewIfLost()) ++*generation_;
   connection_->run(QStringLiteral("BEGIN"));
   const Recordset locked = recordsetOf(
-      connection_->run(QStringLiteral("SELECT pg_try_advisory_xact_lock(%1) AS LOCKED").arg(kWriteLock)));
+      connection_->run(QStringLiteral("SELECT pg_try_advisory_xact_lock(%1) AS locked").arg(kWriteLock)));
   if (locked.first().flag("LOCKED")) return true;
   connection_->run(QStringLiteral("ROLLBACK"));
   return false;

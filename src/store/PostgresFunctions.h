@@ -18,7 +18,8 @@ inline constexpr const char* kFunctions[] = {
     "CREATE OR REPLACE FUNCTION is_numeric(typed text) RETURNS integer LANGUAGE sql IMMUTABLE PARALLEL SAFE "
     "AS "
     "$$ "
-    "SELECT CASE WHEN typed ~ '^\\s*[+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][+-]?[0-9]+)?\\s*$' THEN -1 ELSE 0 "
+    "SELECT CASE WHEN typed ~ '^\\s*[+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][+-]?[0-9]{1,2})?\\s*$' THEN -1 "
+    "ELSE 0 "
     "END $$",
     "CREATE OR REPLACE FUNCTION is_numeric(typed citext) RETURNS integer LANGUAGE sql IMMUTABLE PARALLEL "
     "SAFE "

@@ -4,7 +4,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QSysInfo>
 #include <QUrl>
 
 #include "store/Database.h"
@@ -17,9 +16,6 @@ namespace {
 
 const QString kMark = QStringLiteral("-conexiune-");
 
-const QString kProgram = QStringLiteral("Velmar|");
-const QChar kPart = QLatin1Char('|');
-
 // The server tells of each connection how it named itself: program, computer, login.
 QList<Connection> connectionsOn(const Server& server, const QString& database) {
   postgres::Connection link(server, QStringLiteral("postgres"));
@@ -28,7 +24,7 @@ QList<Connection> connectionsOn(const Server& server, const QString& database) {
                               "application_name LIKE 'Velmar|%' ORDER BY application_name"));
   QList<Connection> found;
   for (const Row& row : postgres::recordsetOf(link.execute("roster", {database}))) {
-    const QStringList parts = row.at(0).toString().split(kPart);
+    const QStringList parts = row.at(0).toString().split(QLatin1Char('|'));
     found.append({parts.value(1), parts.value(2), true, QStringLiteral("-")});
   }
   return found;
@@ -46,7 +42,7 @@ RosterEntry::RosterEntry(const QString& databasePath, const QString& login) {
   if (serverOf(QFileInfo(databasePath).path())) {
     if (Database* open = openDatabase())
       open->query(QStringLiteral("SELECT set_config('application_name', ?, false) AS NAME"),
-                  {kProgram + QSysInfo::machineHostName() + kPart + login});
+                  {postgres::connectionName(login)});
     return;
   }
   lock_ = std::make_unique<QLockFile>(entryPath(databasePath, login));

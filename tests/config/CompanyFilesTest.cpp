@@ -14,7 +14,8 @@ namespace {
 class CompanyFilesTest : public testing::Test {
  protected:
   CompanyFilesTest() {
-    QFile::copy(TestCompany::folder() + "/Tarvon.mdb", folder() + "/Tarvon.mdb");
+    nameTestServer(folder());
+    bringTemplateUpToDate(folder());
     IncarcaSocietati(folder(), waiting_);
   }
 
@@ -54,6 +55,9 @@ class CompanyFilesTest : public testing::Test {
   QString waiting_ = "00";
 };
 
+/// What only a company in a file can meet.
+class CompanyInFileTest : public CompanyFilesTest {};
+
 TEST_F(CompanyFilesTest, ANewCompanyHasItsFileItsNameAndItsRow) {
   ASSERT_EQ(create(" ab ", "  ALFA & 'FIII' SRL "), "");
   EXPECT_EQ(codes(), QStringList({"01", "AB"}));
@@ -79,7 +83,7 @@ TEST_F(CompanyFilesTest, WhatIsRefusedInOrder) {
   EXPECT_EQ(codes(), QStringList({"01", "A1"}));
 }
 
-TEST_F(CompanyFilesTest, AFileThatStandsAlreadyIsNotOverwritten) {
+TEST_F(CompanyInFileTest, AFileThatStandsAlreadyIsNotOverwritten) {
   QFile file(folder() + "/tarvon02.MDB");
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   file.write("books of another company");
@@ -95,16 +99,16 @@ TEST_F(CompanyFilesTest, AListThatCannotBeReadLeavesNoFile) {
   QFile::remove(folder() + "/Societat.xml");
   QDir(folder()).mkdir("Societat.xml");
   EXPECT_THROW(create("02", "BETA"), StoreError);
-  EXPECT_FALSE(existsInFolder(folder(), "Tarvon02.mdb"));
+  EXPECT_FALSE(databaseExists(folder(), "Tarvon02.mdb"));
   EXPECT_EQ(waiting_, "00");
 }
 
-TEST_F(CompanyFilesTest, ADamagedTemplateLeavesNothing) {
+TEST_F(CompanyInFileTest, ADamagedTemplateLeavesNothing) {
   QFile file(folder() + "/Tarvon.mdb");
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   file.close();
   EXPECT_THROW(create("02", "BETA"), StoreError);
-  EXPECT_FALSE(existsInFolder(folder(), "Tarvon02.mdb"));
+  EXPECT_FALSE(databaseExists(folder(), "Tarvon02.mdb"));
   EXPECT_EQ(codes(), QStringList({"01"}));
   EXPECT_EQ(waiting_, "00");
 }
@@ -115,7 +119,7 @@ TEST_F(CompanyFilesTest, ACompanyGoesWithItsFile) {
   EXPECT_EQ(removalQuestion(beta),
             "Sunteti sigur ca doriti sa stergeti societatea : 02 - BETA si baza de date aferenta ?");
   EXPECT_EQ(removal(beta), "");
-  EXPECT_FALSE(existsInFolder(folder(), "Tarvon02.mdb"));
+  EXPECT_FALSE(databaseExists(folder(), "Tarvon02.mdb"));
   EXPECT_EQ(codes(), QStringList({"01"}));
   EXPECT_EQ(create("02", "BETA DOI"), "");
 }
@@ -127,11 +131,12 @@ TEST_F(CompanyFilesTest, TheFirstTheOpenAndTheBusyCompanyStay) {
   EXPECT_EQ(removal(company("02")), "Societatea deschisa nu se poate sterge !");
   setOpenDatabase(nullptr);
   {
+    const auto link = Database::open(folder() + "/Tarvon02.mdb");
     const RosterEntry colleague(folder() + "/Tarvon02.mdb", "ION");
     EXPECT_EQ(removal(company("02")), "Societatea este deschisa de alt utilizator si nu se poate sterge !");
   }
   EXPECT_EQ(codes(), QStringList({"01", "02"}));
-  EXPECT_TRUE(existsInFolder(folder(), "Tarvon02.mdb"));
+  EXPECT_TRUE(databaseExists(folder(), "Tarvon02.mdb"));
 }
 
 }  // namespace

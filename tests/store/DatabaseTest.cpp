@@ -35,7 +35,10 @@ TEST(DatabaseTest, TransactionsAreWholeAndNest) {
       Transaction inner(database());
       addCurrency("BBB");
     }
-    EXPECT_THROW(addCurrency("aaa"), StoreError);  // the key compares without case
+    {
+      Transaction failing(database());
+      EXPECT_THROW(addCurrency("aaa"), StoreError);  // the key compares without case
+    }
     addCurrency("CCC");
     outer.commit();
   }
@@ -94,7 +97,7 @@ TEST(DatabaseTest, WhoeverWaitsForTheLockIsAskedAndMayGiveUp) {
   addCurrency("AAA");
 }
 
-TEST(DatabaseTest, AFullDiskUndoesTheWholeTransaction) {
+TEST(DatabaseInFileTest, AFullDiskUndoesTheWholeTransaction) {
   const TestCompany company;
   const qint64 before = currencies();
   const qint64 pages = OpenRs("PRAGMA page_count").first().at(0).toLongLong();
@@ -114,7 +117,7 @@ TEST(DatabaseTest, AFullDiskUndoesTheWholeTransaction) {
   EXPECT_EQ(currencies(), before + 1);
 }
 
-TEST(DatabaseTest, FilesThatAreNoCompanySayWhatIsWrong) {
+TEST(DatabaseInFileTest, FilesThatAreNoCompanySayWhatIsWrong) {
   const TestCompany company;
   const QTemporaryDir dir;
   const auto openText = [](const QString& path) { return errorOf([&path] { Database::open(path); }); };

@@ -24,7 +24,7 @@ class StatementTest : public ::testing::Test {
 };
 
 TEST_F(StatementTest, ValuesComeBackAsTheyWentIn) {
-  const QString text = QString::fromUtf8("a'%\"; -- \xC8\x99\xF0\x9F\x98\x80") + QChar(0) + "z";
+  const QString text = QString::fromUtf8("a'%\"; -- \xC8\x99\xF0\x9F\x98\x80 z");
   const Row row = database()
                       .query("SELECT ? AS T, ? AS E, ? AS N, ? AS F, ? AS B, ? AS Z, ? AS Y",
                              {text, "", qint64(9'007'199'254'740'993), 10_dec / 4, true, nullptr, QString()})
