@@ -7,6 +7,7 @@
 
 class QComboBox;
 class QFormLayout;
+class QLineEdit;
 
 namespace velmar {
 
@@ -28,13 +29,16 @@ class frmTerti : public CatalogueForm {
  private:
   QWidget* searchRow();
   QWidget* cardPage();
+  QWidget* headLine();
   QWidget* identityFrame();
   QWidget* addressFrame(const QString& title, int firstField);
   QWidget* contactFrame();
   QWidget* tradeFrame();
   QWidget* personFrame();
+  QLineEdit* fieldBox(int index);
   void addField(QFormLayout* rows, int index);
   QComboBox* kindList();
+  void kindLetter(QWidget* parent);
   QList<QPushButton*> commands();
 
   void add();

@@ -200,7 +200,9 @@ void ListForm::refresh() {
   {
     const QSignalBlocker quiet(grid_);
     grid_->setRows(read_());
-    if (!key.isEmpty()) grid_->selectRecord(keyField_, key);
+    const bool found = key.isEmpty() || grid_->selectRecord(keyField_, key);
+    // The card still shows a record that is gone: no other one may pass for it.
+    if (!found && keepEdits_ && !new_) grid_->setCurrentIndex({});
   }
   if (!keepEdits_) showRecord(grid_->currentRecord());
 }

@@ -16,8 +16,14 @@ constexpr int kWidestBox = 50;  // characters
 // Watches one box being left.
 class EntryCheck : public QObject {
  public:
-  EntryCheck(QLineEdit* box, Objection objection, int icon, const QString& title)
-      : QObject(box), box_(box), objection_(std::move(objection)), icon_(icon), title_(title) {
+  EntryCheck(QLineEdit* box, Objection objection, int icon, const QString& title,
+             std::function<void()> refused)
+      : QObject(box),
+        box_(box),
+        objection_(std::move(objection)),
+        icon_(icon),
+        title_(title),
+        refused_(std::move(refused)) {
     box->installEventFilter(this);
   }
 
@@ -51,6 +57,7 @@ class EntryCheck : public QObject {
     // A box of a form that is being closed or put away has nothing more to say.
     if (box_->isVisible() && !text.isEmpty()) {
       Mesaj(text, icon_, title_);
+      if (refused_) refused_();
       box_->setFocus();
       box_->selectAll();
     }
@@ -61,6 +68,7 @@ class EntryCheck : public QObject {
   Objection objection_;
   int icon_;
   QString title_;
+  std::function<void()> refused_;
   bool waiting_ = false;
 };
 
@@ -82,6 +90,10 @@ QLineEdit* makeTextBox(const QString& name, int width, const QString& toolTip, K
   }
   if (keys) KeyFilter::install(box, keys);
   return box;
+}
+
+void fitCapitals(QLineEdit* box) {
+  box->setMaximumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('N')) * (box->maxLength() + 1));
 }
 
 NumberBox::NumberBox(int decimals, QWidget* parent) : QLineEdit(parent), decimals_(decimals) {
@@ -115,8 +127,9 @@ void NumberBox::focusOutEvent(QFocusEvent* event) {
   showText();
 }
 
-void checkWhenLeft(QLineEdit* box, Objection objection, int icon, const QString& title) {
-  new EntryCheck(box, std::move(objection), icon, title);
+void checkWhenLeft(QLineEdit* box, Objection objection, int icon, const QString& title,
+                   std::function<void()> refused) {
+  new EntryCheck(box, std::move(objection), icon, title, std::move(refused));
 }
 
 bool entriesStand(QWidget* form) {
@@ -126,10 +139,11 @@ bool entriesStand(QWidget* form) {
   return true;
 }
 
-void requireNumberWhenLeft(NumberBox* box, const QString& text, int icon, const QString& title) {
+void requireNumberWhenLeft(NumberBox* box, const QString& text, int icon, const QString& title,
+                           std::function<void()> refused) {
   checkWhenLeft(
       box, [box, text] { return box->typed().trimmed().isEmpty() || box->number() ? QString() : text; }, icon,
-      title);
+      title, std::move(refused));
 }
 
 }  // namespace velmar
