@@ -278,6 +278,7 @@ void frmArticole::showEvent(QShowEvent* event) {
   connect(frame, &QMdiSubWindow::aboutToActivate, this, [this] {
     guarded(objectName(), "Form_Activate", [this] {
       details_->resetUnit();
+      if (isNew() && !card().isChanged()) card().clear();
       details_->refreshLists();
     });
   });
