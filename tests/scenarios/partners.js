@@ -51,6 +51,14 @@ equal(sql("SELECT COD, NUME, TIP, CODFISCAL, EMAIL, RegCom, CT, CodVechi, PROCPE
          CODVECHI: 77, PROCPEN: 2, REPREZENTANT: -1, ID_ANGAJATOR: 2, AD: null }]);
 equal(sql('SELECT Discount FROM "Terti - Discounturi" WHERE CODTert = 4'), [{ DISCOUNT: 7.5 }]);
 equal(w.text("txtFields(0)"), "", "the card is ready for the next one");
+w.click("cmdSterge");
+noMessage();
+w.tab("Lista Terti");
+answer("Nu");
+w.click("cmdSterge");
+expectMessage("ALFA SRL");
+w.press("grdDataGrid", "Enter");
+equal(w.text("txtFields(0)"), "4", "opened by Enter");
 w.tab("Lista Terti");
 equal(grid.column("NUME"), ["ALFA SRL", "DOCTOR POP", "MIXT SRL"]);
 equal(grid.cell(0, "Angajator"), "MIXT SRL");

@@ -46,7 +46,12 @@ void CatalogueForm::setCatalogue(const QList<GridColumn>& columns, const ListQue
   connect(grid, &QAbstractItemView::doubleClicked, this, &CatalogueForm::bringCard);
   auto* open = new QShortcut(QKeySequence(Qt::Key_Return), grid);
   open->setContext(Qt::WidgetShortcut);
-  connect(open, &QShortcut::activated, this, &CatalogueForm::bringCard);
+  connect(open, &QShortcut::activated, this, [this] {
+    // After a deletion or an addition the card is empty; the row that is marked is the one to be opened.
+    if (isNew() && !card().isChanged())
+      guarded(objectName(), "RowColChange", [this] { showRecord(list()->currentRecord()); });
+    bringCard();
+  });
 }
 
 void CatalogueForm::layOut(const Pages& pages) {

@@ -357,7 +357,7 @@ void frmTerti::save() {
 
 void frmTerti::remove() {
   const Row* current = list()->currentRecord();
-  if (!current || isNew()) return;
+  if (!current || (isNew() && onCard())) return;
   const qint64 code = current->integer("COD");
   if (!confirmed(
           QStringLiteral("Sunteti sigur ca doriti sa stergeti societatea : %1 ?").arg(current->text("NUME"))))
