@@ -171,7 +171,9 @@ QLineEdit* frmTerti::fieldBox(int index) {
   const QString name = QStringLiteral("txtFields(%1)").arg(index);
   const int width = companyTable("kt_ter").column(field.column)->width;
   const auto keys = index == kEmail ? KeyFilter::Options() : KeyFilter::UpperCase;
-  return card().add(field.column, makeTextBox(name, width, {}, keys));
+  QLineEdit* box = card().add(field.column, makeTextBox(name, width, {}, keys));
+  fitCapitals(box);
+  return box;
 }
 
 void frmTerti::addField(QFormLayout* rows, int index) {
@@ -214,9 +216,7 @@ QWidget* frmTerti::headLine() {
   lockBox(code);
   code->setFixedWidth(fontMetrics().averageCharWidth() * kCodeCharacters);
   labelled(kCode, code, 0);
-  QLineEdit* name = fieldBox(kName);
-  fitCapitals(name);
-  labelled(kName, name, 1);
+  labelled(kName, fieldBox(kName), 1);
   labelled(kKind, kindList(), 0);
   kindLetter(head);
   line->addStretch();
@@ -229,11 +229,14 @@ QWidget* frmTerti::identityFrame() {
   addField(rows, kFiscalCode);
   const auto upperWhenLeft = [](QLineEdit* box) {
     connect(box, &QLineEdit::editingFinished, box, [box] { box->setText(box->text().toUpper()); });
+    fitCapitals(box);
     return box;
   };
   rows->addRow("Reg. Comert", card().add("RegCom", upperWhenLeft(makeTextBox("txtRegComert", 20))));
   rows->addRow("Cod tara membra UE", card().add("CT", upperWhenLeft(makeTextBox("TextCT", 2))));
-  rows->addRow("Cod", card().add("CodTert", makeTextBox("txtCodTert", 20, "Codul propriu al tertului")));
+  QLineEdit* own = card().add("CodTert", makeTextBox("txtCodTert", 20, "Codul propriu al tertului"));
+  fitCapitals(own);
+  rows->addRow("Cod", own);
   auto* old = card().add("CodVechi", named(new NumberBox(-1), "txtCodTertAuxiliar"));
   requireNumberWhenLeft(old, "Trebuie sa precizati o valoare numerica!", 0, "Atentie");
   rows->addRow("Cod Auxiliar", old);

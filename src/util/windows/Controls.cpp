@@ -2,6 +2,7 @@
 
 #include <QFocusEvent>
 #include <QPushButton>
+#include <QTabWidget>
 
 #include "util/Messages.h"
 #include "util/NumberText.h"
@@ -12,6 +13,14 @@ namespace velmar {
 namespace {
 
 constexpr int kWidestBox = 50;  // characters
+
+// Another tab may have been brought to the front over the box.
+void bringTabOf(QWidget* box) {
+  for (QWidget* page = box; page->parentWidget(); page = page->parentWidget()) {
+    auto* tabs = qobject_cast<QTabWidget*>(page->parentWidget()->parentWidget());
+    if (tabs && tabs->isVisible() && tabs->indexOf(page) >= 0) return tabs->setCurrentWidget(page);
+  }
+}
 
 // Watches one box being left.
 class EntryCheck : public QObject {
@@ -54,6 +63,7 @@ class EntryCheck : public QObject {
   void tell() {
     waiting_ = true;
     const QString text = objection_();
+    if (!text.isEmpty()) bringTabOf(box_);
     // A box of a form that is being closed or put away has nothing more to say.
     if (box_->isVisible() && !text.isEmpty()) {
       Mesaj(text, icon_, title_);
@@ -93,7 +103,7 @@ QLineEdit* makeTextBox(const QString& name, int width, const QString& toolTip, K
 }
 
 void fitCapitals(QLineEdit* box) {
-  box->setMaximumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('N')) * (box->maxLength() + 1));
+  box->setMaximumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('N')) * (box->maxLength() + 2));
 }
 
 NumberBox::NumberBox(int decimals, QWidget* parent) : QLineEdit(parent), decimals_(decimals) {
