@@ -207,6 +207,10 @@ void frmArticole::add() {
   const Row article = details_->article();
   addArticle(article);
   cauta();
+  if (list()->selectRecord("CODART", article.text("CODART"))) return;
+  // The filter leaves the new article out.
+  filter()->clear();
+  cauta();
   list()->selectRecord("CODART", article.text("CODART"));
 }
 
