@@ -1,6 +1,7 @@
 #include "store/Records.h"
 
 #include <cmath>
+#include <limits>
 
 #include "store/Database.h"
 #include "util/NumberText.h"
@@ -21,8 +22,11 @@ Value stored(const QVariant& cell, const Column& column) {
   std::optional<Decimal> number = parseNumber(cell.toString());
   if (cell.typeId() != QMetaType::QString) number = Decimal::fromDouble(cell.toDouble());
   if (!number) throw RuleError(QStringLiteral("Valoarea trebuie sa fie numerica"), column.name);
-  if (column.type == ColumnType::Integer) return qint64(std::llround(number->toDouble()));
-  return *number;
+  if (column.type != ColumnType::Integer) return *number;
+  const double whole = std::round(number->toDouble());
+  if (std::abs(whole) > std::numeric_limits<qint32>::max())
+    throw RuleError(QStringLiteral("Numarul din campul %1 este prea mare !").arg(column.name), column.name);
+  return static_cast<qint64>(whole);
 }
 
 // The row as it will stand in the table, in the order of its columns.
@@ -31,8 +35,7 @@ Values checkedValues(const Table& table, const Row& row) {
   Values values;
   for (const QString& name : row.columns()) {
     const Column* column = table.column(name);
-    if (!column)
-      throw StoreError(0, QStringLiteral("Tabela %1 nu are coloana %2").arg(table.name(), name));
+    if (!column) throw StoreError(0, QStringLiteral("Tabela %1 nu are coloana %2").arg(table.name(), name));
     values.push_back(stored(row.value(name), *column));
   }
   return values;
