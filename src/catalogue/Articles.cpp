@@ -119,13 +119,9 @@ void saveArticle(const Row& article, const Row& shown) {
   if (*currencyPrice > Decimal(0) && article.text("CODDEVIZAVANZ").trimmed().isEmpty())
     throw RuleError(QStringLiteral("Va rugam alegeti codul valutei !"), "CODDEVIZAVANZ");
   QStringList leftOut = kComputed;
-  for (const QString& name : article.columns()) {
-    const bool same = shown.has(name) && shown.value(name).toString() == article.value(name).toString();
-    if (same && name != QStringLiteral("CODART")) leftOut.append(name);
-  }
   // A palet once named is not taken back by an empty box.
   if (article.text("PALET").trimmed().isEmpty()) leftOut.append("PALET");
-  const Row changed = stored(article, leftOut);
+  const Row changed = changesOf(articles(), stored(article, leftOut), shown);
   if (changed.columns().size() > 1 && !updateRecord(articles(), changed)) throw gone();
 }
 

@@ -58,6 +58,18 @@ Row ofTable(const Table& table, const Row& row) {
   return kept;
 }
 
+Row changesOf(const Table& table, const Row& row, const Row& shown) {
+  QStringList columns;
+  for (const QString& name : row.columns()) {
+    const bool isKey = table.keyColumns().contains(name, Qt::CaseInsensitive);
+    const bool same = shown.has(name) && shown.value(name).toString() == row.value(name).toString();
+    if (isKey || !same) columns.append(name);
+  }
+  Row changes = rowOf(columns.join(QLatin1Char(' ')));
+  for (const QString& name : columns) changes.set(name, Value::raw(row.value(name)));
+  return changes;
+}
+
 void insertRecord(const Table& table, const Row& row) {
   database().insertRows(quoted(table.name()), row.columns(), {checkedValues(table, row)});
 }

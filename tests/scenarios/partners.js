@@ -78,8 +78,10 @@ key("Esc");
 equal(w.text("txtFields(6)"), "");
 w.type("txtFields(6)", "brasov");
 w.type("txtDiscount", "");
+// What a colleague has stored of the same partner meanwhile is not taken back.
+sql("UPDATE kt_ter SET TELEFON = '0268' WHERE COD = 4");
 w.click("cmdModifica");
-equal(sql("SELECT ORAS FROM kt_ter WHERE COD = 4"), [{ ORAS: "BRASOV" }]);
+equal(sql("SELECT ORAS, TELEFON FROM kt_ter WHERE COD = 4"), [{ ORAS: "BRASOV", TELEFON: "0268" }]);
 equal(sql('SELECT * FROM "Terti - Discounturi"'), []);
 
 // Search by first letters, among all partners; nothing found leaves the list alone.

@@ -324,6 +324,7 @@ void frmTerti::tabChanged() {
 }
 
 void frmTerti::showRecord(const Row* current) {
+  shown_ = Row();
   if (!current) return ListForm::showRecord(nullptr);
   const qint64 code = current->integer("COD");
   const Row partner = record(companyTable("kt_ter"), code);
@@ -331,6 +332,7 @@ void frmTerti::showRecord(const Row* current) {
   Row shown = rowOf(partner.columns().join(u' ') + QStringLiteral(" Discount"));
   for (const QString& column : partner.columns()) shown.set(column, Value::raw(partner.value(column)));
   if (const auto discount = partnerDiscount(code)) shown.set("Discount", *discount);
+  shown_ = shown;
   ListForm::showRecord(&shown);
 }
 
@@ -354,7 +356,7 @@ void frmTerti::add() {
 
 void frmTerti::save() {
   if (card().text("COD").isEmpty()) return;
-  savePartner(card().typed(), typedDiscount());
+  savePartner(card().typed(), typedDiscount(), shown_);
   refresh();
 }
 

@@ -48,6 +48,7 @@ class frmTerti : public CatalogueForm {
   void balances();
   std::optional<Decimal> typedDiscount() const;
 
+  Row shown_;  ///< the partner as the card showed it
   QString tipTert_;
   SearchCombo* cboIDAngajator_ = nullptr;
   QList<QPushButton*> cardCommands_;
