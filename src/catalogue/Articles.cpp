@@ -48,6 +48,9 @@ void requireCostMethod() {
                     QStringLiteral("TCOST"));
 }
 
+// In these an empty box is a 0.
+const QStringList kAmounts = {"COST", "ADAOS", "PRETVFT", "PRETVTTI", "PRETDEVIZAVANZ"};
+
 // What is stored of the row: not the columns left out; a palet that nobody named is a blank.
 Row stored(const Row& article, const QStringList& leftOut) {
   QStringList kept;
@@ -56,6 +59,8 @@ Row stored(const Row& article, const QStringList& leftOut) {
   Row row = rowOf(kept.join(u' '));
   for (const QString& name : kept) row.set(name, Value::raw(article.value(name)));
   if (row.has("PALET") && row.text("PALET").isEmpty()) row.set("PALET", " ");
+  for (const QString& name : kAmounts)
+    if (row.has(name) && row.text(name).trimmed().isEmpty()) row.set(name, 0);
   return row;
 }
 
@@ -106,18 +111,17 @@ void saveArticle(const Row& article, const Row& shown) {
   if (article.text("CODART").trimmed().isEmpty())
     throw RuleError(QStringLiteral("Pentru modificari, va rugam selectati un articol existent !"));
   requireFilled(article, "modifica");
-  const auto currencyPrice =
-      numberIn(article, "PRETDEVIZAVANZ",
-               QStringLiteral("Va rugam introduceti o valoare numerica pentru Pretul vanzare valuta !"));
+  const QString notAPrice =
+      QStringLiteral("Va rugam introduceti o valoare numerica pentru Pretul vanzare valuta !");
+  const auto currencyPrice = numberIn(article, "PRETDEVIZAVANZ", notAPrice);
+  if (!currencyPrice) throw RuleError(notAPrice, "PRETDEVIZAVANZ");
   requireVatNumber(article);
-  if (currencyPrice && *currencyPrice > Decimal(0) && article.text("CODDEVIZAVANZ").trimmed().isEmpty())
+  if (*currencyPrice > Decimal(0) && article.text("CODDEVIZAVANZ").trimmed().isEmpty())
     throw RuleError(QStringLiteral("Va rugam alegeti codul valutei !"), "CODDEVIZAVANZ");
   QStringList leftOut = kComputed;
-  for (const QString& name : article.columns()) {
-    const bool same = shown.has(name) && shown.value(name).toString() == article.value(name).toString();
-    if (same && name != QStringLiteral("CODART")) leftOut.append(name);
-  }
-  const Row changed = stored(article, leftOut);
+  // A palet once named is not taken back by an empty box.
+  if (article.text("PALET").trimmed().isEmpty()) leftOut.append("PALET");
+  const Row changed = changesOf(articles(), stored(article, leftOut), shown);
   if (changed.columns().size() > 1 && !updateRecord(articles(), changed)) throw gone();
 }
 

@@ -78,11 +78,14 @@ qint64 addPartner(const Row& partner, const std::optional<Decimal>& discount) {
   return code;
 }
 
-void savePartner(const Row& partner, const std::optional<Decimal>& discount) {
-  const Row row = stored(partner);
+void savePartner(const Row& partner, const std::optional<Decimal>& discount, const Row& shown) {
+  const Row changed = changesOf(partners(), stored(partner), shown);
+  const qint64 code = partner.integer("COD");
+  const QString before = shown.has("Discount") ? shown.value("Discount").toString() : QString();
   Transaction transaction(database());
-  if (!updateRecord(partners(), row)) throw gone();
-  setPartnerDiscount(row.integer("COD"), discount);
+  if (record(partners(), code).isEmpty()) throw gone();
+  if (changed.columns().size() > 1) updateRecord(partners(), changed);
+  if (partner.value("Discount").toString() != before) setPartnerDiscount(code, discount);
   transaction.commit();
 }
 

@@ -23,9 +23,9 @@ Row newPartner(const QString& name, const QString& kind);
 /// when the name or the kind is missing, a text is too long or a number is none.
 qint64 addPartner(const Row& partner, const std::optional<Decimal>& discount = {});
 
-/// Writes the row over the partner with its `COD`; the discount replaces the one there was. Throws as
-/// addPartner().
-void savePartner(const Row& partner, const std::optional<Decimal>& discount);
+/// Writes what differs between the partner as it was shown (with its "Discount") and as it stands now. Throws
+/// as addPartner().
+void savePartner(const Row& partner, const std::optional<Decimal>& discount, const Row& shown);
 
 /// Deletes the partner and its discount. Throws RuleError when accounting lines name it.
 void removePartner(qint64 code);

@@ -1,6 +1,7 @@
 #include "store/Records.h"
 
 #include <cmath>
+#include <limits>
 
 #include "store/Database.h"
 #include "util/NumberText.h"
@@ -21,8 +22,11 @@ Value stored(const QVariant& cell, const Column& column) {
   std::optional<Decimal> number = parseNumber(cell.toString());
   if (cell.typeId() != QMetaType::QString) number = Decimal::fromDouble(cell.toDouble());
   if (!number) throw RuleError(QStringLiteral("Valoarea trebuie sa fie numerica"), column.name);
-  if (column.type == ColumnType::Integer) return qint64(std::llround(number->toDouble()));
-  return *number;
+  if (column.type != ColumnType::Integer) return *number;
+  const double whole = std::round(number->toDouble());
+  if (std::abs(whole) > std::numeric_limits<qint32>::max())
+    throw RuleError(QStringLiteral("Numarul din campul %1 este prea mare !").arg(column.name), column.name);
+  return static_cast<qint64>(whole);
 }
 
 // The row as it will stand in the table, in the order of its columns.
@@ -52,6 +56,18 @@ Row ofTable(const Table& table, const Row& row) {
   Row kept = rowOf(columns.join(QLatin1Char(' ')));
   for (const QString& name : columns) kept.set(name, Value::raw(row.value(name)));
   return kept;
+}
+
+Row changesOf(const Table& table, const Row& row, const Row& shown) {
+  QStringList columns;
+  for (const QString& name : row.columns()) {
+    const bool isKey = table.keyColumns().contains(name, Qt::CaseInsensitive);
+    const bool same = shown.has(name) && shown.value(name).toString() == row.value(name).toString();
+    if (isKey || !same) columns.append(name);
+  }
+  Row changes = rowOf(columns.join(QLatin1Char(' ')));
+  for (const QString& name : columns) changes.set(name, Value::raw(row.value(name)));
+  return changes;
 }
 
 void insertRecord(const Table& table, const Row& row) {

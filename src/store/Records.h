@@ -15,6 +15,10 @@ Row rowOf(const QString& columns);
 /// The row's columns that the table has.
 Row ofTable(const Table& table, const Row& row);
 
+/// The key, and what differs between the row as it was shown and as it stands now: written alone, it takes
+/// nothing back that another workstation has stored meanwhile.
+Row changesOf(const Table& table, const Row& row, const Row& shown);
+
 /// Inserts the row. Its columns are columns of the table; the others take their defaults. Throws RuleError,
 /// naming the column, for a text that is too long.
 void insertRecord(const Table& table, const Row& row);

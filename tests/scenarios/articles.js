@@ -64,6 +64,9 @@ w.click("cmdFirst");
 equal(w.text("txtControl"), "AB1");
 w.click("cmdAdauga");
 equal([w.text("txtControl"), w.text("txtCamp(5)")], ["", "Kg"]);
+menu("mnuTabeleFamArt");
+win("frmFamArticole").close();
+equal(w.text("txtCamp(5)"), "Buc");
 w.type("txtCamp(0)", "ab1");
 w.type("txtCamp(2)", "Servicii");
 w.pick("DataCombo2", "Textile");
@@ -72,7 +75,12 @@ w.set("chkFaraStoc", true);
 w.type("txtCamp(5)", "");
 refused("Articolul cu codul AB1 exista deja ! Articolul nu se poate adauga !", "txtCamp(0)");
 w.type("txtCamp(0)", "SV");
+w.tab("Lista Articole");
+w.pick("cboCamp", "COD");
+w.type("txtValoare", "AB1");
+w.tab("Articol Detalii");
 w.click("cmdAdauga");
+equal(w.text("txtControl"), "SV", "the filter gives way to the article that it would leave out");
 w.tab("Lista Articole");
 equal(grid.column("CODART"), ["AB1", "SV"]);
 equal([grid.cell(0, "FAMILIE"), grid.cell(0, "FURNIZOR"), grid.cell(1, "FARASTOC")], ["Mobilier", "FURNIZOR UNU", "DA"]);
@@ -96,6 +104,12 @@ w.type("txtCamp(11)", "x");
 expectMessage("Valoarea trebuie sa fie numerica");
 check(w.hasFocus("txtCamp(11)"));
 w.type("txtCamp(11)", "11,90");
+w.press("txtCamp(11)", "x");
+answer("OK");
+w.tab("Lista Articole");
+expectMessage("Valoarea trebuie sa fie numerica");
+check(w.hasFocus("txtCamp(11)"), "the tab comes back");
+w.type("txtCamp(11)", "11,90");
 w.type("txtCamp(13)", "2,5");
 answer("OK");
 w.click("cmdSalvareArticol");
@@ -107,6 +121,27 @@ sql("UPDATE G_ARTMAG SET STOC = 14, COST = 3.25 WHERE CODART = 'AB1'");
 w.click("cmdSalvareArticol");
 equal(sql("SELECT COST, STOC, ADAOS, PRETVFT, PRETVTTI, PRETDEVIZAVANZ, CODDEVIZAVANZ FROM G_ARTMAG WHERE CODART = 'AB1'"),
       [{ COST: 3.25, STOC: 14, ADAOS: 233.33, PRETVFT: 10, PRETVTTI: 11.9, PRETDEVIZAVANZ: 2.5, CODDEVIZAVANZ: "EUR" }]);
+
+// A palet once named stays; the stock is shown with all its decimals.
+w.type("TextPalet", "P1");
+w.click("cmdSalvareArticol");
+w.type("TextPalet", "");
+sql("UPDATE G_ARTMAG SET STOC = 14.125 WHERE CODART = 'AB1'");
+w.click("cmdSalvareArticol");
+equal([sql("SELECT PALET FROM G_ARTMAG WHERE CODART = 'AB1'")[0].PALET, w.text("txtCamp(12)")], ["P1", "14,125"]);
+
+// An empty price in currency is no number; an empty cost is 0.
+w.type("txtCamp(13)", "");
+answer("OK");
+w.click("cmdSalvareArticol");
+expectMessage("Va rugam introduceti o valoare numerica pentru Pretul vanzare valuta !");
+check(w.hasFocus("txtCamp(13)"));
+w.type("txtCamp(13)", "2,5");
+w.type("txtCamp(8)", "");
+w.click("cmdSalvareArticol");
+equal(sql("SELECT COST, PRETVFT FROM G_ARTMAG WHERE CODART = 'AB1'"), [{ COST: 0, PRETVFT: 10 }]);
+w.type("txtCamp(8)", "3,25");
+w.click("cmdSalvareArticol");
 
 // Without stock the mark-up stays out of it.
 w.tab("Lista Articole");
@@ -179,7 +214,20 @@ answer("Da");
 w.click("cmdSterge");
 expectMessage("Sunteti sigur ca doriti sa stergeti articolul : Servicii si Stoc = 0 ?", { title: "Confirmare stergere" });
 equal(grid.column("CODART"), ["AB1"]);
-equal(w.tabs().length, 2);
+
+// An article that a colleague deletes while it is being changed: no other one is deleted in its place.
+sql("INSERT INTO G_ARTMAG (CODART, DENART, FAMART, UM, CODFURNIZO, COTATVA) VALUES ('ZZ', 'Ultimul', 1, 'Buc', 1, 19)");
+key("F5");
+grid.select(1);
+w.tab("Articol Detalii");
+w.type("txtCamp(2)", "Penultimul");
+sql("DELETE FROM G_ARTMAG WHERE CODART = 'ZZ'");
+w.click("cmdSterge");
+noMessage();
+answer("OK");
+w.click("cmdSalvareArticol");
+expectMessage("Inregistrarea a fost stearsa intre timp de alt utilizator !");
+equal([w.text("txtCamp(2)"), sql("SELECT CODART FROM G_ARTMAG")], ["Penultimul", [{ CODART: "AB1" }]]);
 w.close();
 
 // Hearing devices have columns and boxes of their own.
@@ -197,8 +245,16 @@ answer("OK");
 w.type("txtPretVanzare", "mult");
 expectMessage("Va rog introduceti o valoare numerica");
 equal(w.text("txtDiferenta"), "-350,50");
+w.press("txtPretVanzare", "x");
+answer("OK");
+w.click("cmdSalvareArticol");
+expectMessage("Va rog introduceti o valoare numerica");
+equal([w.text("txtPretVanzare"), sql("SELECT PretVanzare FROM G_ARTMAG")], ["0", [{ PRETVANZARE: 900 }]], "not saved");
 w.type("txtPretVanzare", "1000");
 equal(w.text("txtDiferenta"), "649,50");
+w.press("txtCamp(10)", "Enter");
+equal(w.text("txtPretVanzare"), "0,00", "Enter in a price makes it the price of the device");
+w.type("txtPretVanzare", "1000");
 check(!w.isEnabled("cboDeviza"));
 w.set("chkDeviza", true);
 w.pick("cboDeviza", "EUR");

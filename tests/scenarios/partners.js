@@ -19,7 +19,7 @@ check(w.isEnabled("cmdAdauga") && !w.isEnabled("cmdSolduri") && !w.isEnabled("cm
 w.click("cmdAdauga");
 check(w.hasFocus("txtFields(1)"), "the name first");
 equal(w.items("cboTip"), ["C - Client", "P - Persoana fizica", "M - Mixt"]);
-equal(w.text("cboTip"), "C - Client");
+equal([w.text("cboTip"), w.text("txtFields(2)")], ["C - Client", "C"]);
 equal(w.text("dtDataEmis"), "2026-03-15");
 answer("OK");
 w.click("cmdAdauga");
@@ -33,6 +33,11 @@ equal(w.text("txtRegComert"), "J40/1/2020");
 answer("OK");
 w.type("txtCodTertAuxiliar", "x1");
 expectMessage("Trebuie sa precizati o valoare numerica!", { title: "Atentie" });
+check(w.hasFocus("txtCodTertAuxiliar"));
+w.type("txtCodTertAuxiliar", "99999999999");
+answer("OK");
+w.click("cmdAdauga");
+expectMessage("Numarul din campul CodVechi este prea mare !");
 check(w.hasFocus("txtCodTertAuxiliar"));
 w.type("txtCodTertAuxiliar", "77");
 answer("OK");
@@ -51,6 +56,14 @@ equal(sql("SELECT COD, NUME, TIP, CODFISCAL, EMAIL, RegCom, CT, CodVechi, PROCPE
          CODVECHI: 77, PROCPEN: 2, REPREZENTANT: -1, ID_ANGAJATOR: 2, AD: null }]);
 equal(sql('SELECT Discount FROM "Terti - Discounturi" WHERE CODTert = 4'), [{ DISCOUNT: 7.5 }]);
 equal(w.text("txtFields(0)"), "", "the card is ready for the next one");
+w.click("cmdSterge");
+noMessage();
+w.tab("Lista Terti");
+answer("Nu");
+w.click("cmdSterge");
+expectMessage("ALFA SRL");
+w.press("grdDataGrid", "Enter");
+equal(w.text("txtFields(0)"), "4", "opened by Enter");
 w.tab("Lista Terti");
 equal(grid.column("NUME"), ["ALFA SRL", "DOCTOR POP", "MIXT SRL"]);
 equal(grid.cell(0, "Angajator"), "MIXT SRL");
@@ -65,11 +78,13 @@ key("Esc");
 equal(w.text("txtFields(6)"), "");
 w.type("txtFields(6)", "brasov");
 w.type("txtDiscount", "");
+// What a colleague has stored of the same partner meanwhile is not taken back.
+sql("UPDATE kt_ter SET TELEFON = '0268' WHERE COD = 4");
 w.click("cmdModifica");
-equal(sql("SELECT ORAS FROM kt_ter WHERE COD = 4"), [{ ORAS: "BRASOV" }]);
+equal(sql("SELECT ORAS, TELEFON FROM kt_ter WHERE COD = 4"), [{ ORAS: "BRASOV", TELEFON: "0268" }]);
 equal(sql('SELECT * FROM "Terti - Discounturi"'), []);
 
-// Search by first letters; nothing found leaves the list alone.
+// Search by first letters, among all partners; nothing found leaves the list alone.
 w.tab("Lista Terti");
 w.type("txtCautare", "mi");
 w.press("txtCautare", "Enter");
@@ -81,6 +96,8 @@ expectMessage("Nu exista terti ale caror nume sa inceapa cu ZZ !");
 equal(grid.rows(), 1);
 w.type("txtCautare", "");
 w.press("txtCautare", "Enter");
+equal(grid.column("NUME"), ["ALFA SRL", "DOCTOR POP", "FURNIZOR UNU", "MIXT SRL"]);
+w.click("cmdCauta");
 equal(grid.rows(), 3);
 
 // The filter, in words.

@@ -15,7 +15,6 @@
 #include "config/windows/ComboFill.h"
 #include "store/Schema.h"
 #include "util/Errors.h"
-#include "util/Messages.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
 #include "util/windows/SearchCombo.h"
@@ -102,6 +101,7 @@ ArticleCard::ArticleCard(Card& card)
   const std::pair<int, Value> defaults[] = {{kUnitBox, unit_}, {kVat, 19}, {kCost, 0}, {kCurrencyPrice, 0}};
   for (const auto& [index, value] : defaults) card_.setDefault(kFields[index].column, value);
   card_.setDefault("PROVENIENTA", "M");
+  card_.setDefault("PALET", " ");
   basisChanged();
   refreshLists();
 }
@@ -116,8 +116,10 @@ QLineEdit* ArticleCard::textField(QFormLayout* rows, int index) {
 }
 
 NumberBox* ArticleCard::numberField(QFormLayout* rows, int index) {
-  auto* box =
-      card_.add(kFields[index].column, named(new NumberBox(2), QStringLiteral("txtCamp(%1)").arg(index)));
+  // Quantities are shown as they stand, amounts with two decimals.
+  const int decimals = index == kStock ? -1 : 2;
+  auto* box = card_.add(kFields[index].column,
+                        named(new NumberBox(decimals), QStringLiteral("txtCamp(%1)").arg(index)));
   rows->addRow(kFields[index].caption, box);
   return box;
 }
@@ -144,9 +146,12 @@ QWidget* ArticleCard::identityFrame() {
   auto* rows = new QFormLayout(frame);
   QLineEdit* code = textField(rows, kCode);
   code->setValidator(new CodeKeys(code));
-  textField(rows, kSupplierCode);
-  KeyFilter::install(textField(rows, kName), KeyFilter::NoQuote);
-  rows->addRow("Denumire 2", card_.add("DenAltaLimba", makeTextBox("txtDenAltaLimba", 35)));
+  QLineEdit* supplierCode = textField(rows, kSupplierCode);
+  QLineEdit* name = textField(rows, kName);
+  KeyFilter::install(name, KeyFilter::NoQuote);
+  QLineEdit* otherName = card_.add("DenAltaLimba", makeTextBox("txtDenAltaLimba", 35));
+  rows->addRow("Denumire 2", otherName);
+  for (QLineEdit* box : {code, supplierCode, name, otherName}) fitCapitals(box);
   DataCombo2_ = listFor(rows, kFamily, "DataCombo2");
   DataCombo1_ = listFor(rows, kSupplier, "DataCombo1");
   QLineEdit* unit = textField(rows, kUnitBox);
@@ -192,7 +197,6 @@ QWidget* ArticleCard::priceFrame() {
   for (const int index : {kNet, kGross}) {
     NumberBox* box = numberField(rows, index);
     requireNumberWhenLeft(box);
-    box->installEventFilter(this);
     connect(box, &QLineEdit::editingFinished, this, [this, box] {
       if (!box->isReadOnly() && box->isModified()) recalculate();
       box->setModified(false);
@@ -210,14 +214,11 @@ QWidget* ArticleCard::hearingFrame() {
   hearingRows_->addRow("Model", card_.add("TipEmitator", makeTextBox("txtModel", 50)));
   const auto amount = [this](const QString& caption, const QString& column, const QString& name) {
     auto* box = card_.add(column, named(new NumberBox(2), name));
-    connect(box, &QLineEdit::editingFinished, this, [this, box] {
-      if (!box->typed().trimmed().isEmpty() && !box->number()) {
-        QMetaObject::invokeMethod(
-            this, [] { Mesaj(kNotANumber); }, Qt::QueuedConnection);
-        box->setNumber(Decimal(0));
-      }
+    requireNumberWhenLeft(box, kNotANumber, 0, {}, [this, box] {
+      box->setNumber(Decimal(0));
       showDifference();
     });
+    connect(box, &QLineEdit::editingFinished, this, &ArticleCard::showDifference);
     hearingRows_->addRow(caption, box);
     card_.setDefault(column, 0);
     return box;
@@ -233,6 +234,10 @@ QWidget* ArticleCard::hearingFrame() {
   connect(chkDeviza_, &QCheckBox::toggled, cboDeviza_, &QWidget::setEnabled);
   hearingRows_->addRow(chkDeviza_, cboDeviza_);
   return frmAudio_;
+}
+
+void ArticleCard::watchPrices() {
+  for (const int index : {kNet, kGross}) number(index)->installEventFilter(this);
 }
 
 void ArticleCard::refreshLists() {

@@ -26,6 +26,8 @@ class ArticleCard : public QWidget {
 
   /// The record (none for a new article) now stands in the card.
   void recordShown(const Row* record);
+  /// To be called once Enter moves on from box to box.
+  void watchPrices();
   /// Reads suppliers, families and currencies anew.
   void refreshLists();
   /// The unit that new articles start with: "Buc", or the last one typed.

@@ -31,14 +31,14 @@ void CatalogueForm::setCatalogue(const QList<GridColumn>& columns, const ListQue
                                  const QString& keyField, const QString& order, const Condition& always,
                                  const QSet<QString>& tables) {
   query_ = query;
-  always_ = always;
+  always_ = condition_ = always;
   defaultOrder_ = order_ = order;
   auto* grid = new EntryGrid("grdDataGrid", EntryGrid::Refused::Reverted, objectName());
   grid->setColumns(columns);
   grid->setSelectionMode(QAbstractItemView::ExtendedSelection);
   const auto read = [this]() -> std::unique_ptr<RowSource> {
     std::unique_ptr<RowSource> rows = std::move(found_);
-    if (!rows) rows = std::make_unique<ListRows>(query_, always_ && condition_, order_);
+    if (!rows) rows = std::make_unique<ListRows>(query_, condition_, order_);
     count_->setText(QString::number(rows->size()));
     return rows;
   };
@@ -46,7 +46,12 @@ void CatalogueForm::setCatalogue(const QList<GridColumn>& columns, const ListQue
   connect(grid, &QAbstractItemView::doubleClicked, this, &CatalogueForm::bringCard);
   auto* open = new QShortcut(QKeySequence(Qt::Key_Return), grid);
   open->setContext(Qt::WidgetShortcut);
-  connect(open, &QShortcut::activated, this, &CatalogueForm::bringCard);
+  connect(open, &QShortcut::activated, this, [this] {
+    // After a deletion or an addition the card is empty; the row that is marked is the one to be opened.
+    if (isNew() && !card().isChanged())
+      guarded(objectName(), "RowColChange", [this] { showRecord(list()->currentRecord()); });
+    bringCard();
+  });
 }
 
 void CatalogueForm::layOut(const Pages& pages) {
@@ -84,13 +89,13 @@ QLineEdit* CatalogueForm::searchField(KeyFilter::Options keys, std::function<voi
 QString CatalogueForm::searchText() const { return txtCautare_->text().trimmed(); }
 
 void CatalogueForm::cauta() {
-  condition_ = filter_->condition();
+  condition_ = always_ && filter_->condition();
   order_ = defaultOrder_;
   refresh();
 }
 
 bool CatalogueForm::showFound(const Condition& condition, const QString& order) {
-  auto rows = std::make_unique<ListRows>(query_, always_ && condition, order);
+  auto rows = std::make_unique<ListRows>(query_, condition, order);
   if (rows->size() == 0) return false;
   condition_ = condition;
   order_ = order;

@@ -17,7 +17,7 @@ class CatalogueForm : public ListForm {
  protected:
   CatalogueForm(const QString& name, const QString& title, QWidget* parent);
 
-  /// The list: what it reads, its key, its order, and a condition that always holds.
+  /// The list: what it reads, its key, its order, and the condition that holds beside the filter's.
   void setCatalogue(const QList<GridColumn>& columns, const ListQuery& query, const QString& keyField,
                     const QString& order, const Condition& always, const QSet<QString>& tables);
   /// What the window is made of, besides the list.
@@ -41,7 +41,8 @@ class CatalogueForm : public ListForm {
 
   /// Shows what the filter says.
   void cauta();
-  /// Shows the records of the condition in that order; without any the list stays, and it gives false.
+  /// Shows the records of the condition in that order, whatever their kind; without any the list stays, and
+  /// it gives false.
   bool showFound(const Condition& condition, const QString& order);
   WhereBuilder* filter() const { return filter_; }
 

@@ -23,7 +23,7 @@ namespace {
 
 const QString kForm = QStringLiteral("FrmActPretVanz");
 constexpr int kCurrencyWidth = 3;
-constexpr int kComboCharacters = 30;
+constexpr int kComboCharacters = 40;
 constexpr int kBoxCharacters = 12;
 
 }  // namespace

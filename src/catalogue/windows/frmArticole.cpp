@@ -37,8 +37,8 @@ const SearchBy kSearches[] = {{"Denumire 1", "DENART"}, {"Denumire 2", "DenAltaL
 QList<GridColumn> columns() {
   const bool hearing = session().ModAudio;
   return {{"FAMILIE", "Familie", CellFormat::Text, 20},
-          {"CODART", "Cod", CellFormat::Text, 14},
-          {"DENART", "Denumire 1", CellFormat::Text, 34},
+          {"CODART", "Cod", CellFormat::Text, 22},
+          {"DENART", "Denumire 1", CellFormat::Text, 46},
           {"DenAltaLimba", "Cod International", CellFormat::Text, 18},
           {"UM", "UM", CellFormat::Text, 5},
           {"STOC", "Stoc", CellFormat::Number, 11, 3},
@@ -131,6 +131,7 @@ frmArticole::frmArticole(QWidget* parent)
           .cardTitle = "Articol Detalii",
           .cardPage = details_,
           .commands = commands()});
+  details_->watchPrices();
 }
 
 QWidget* frmArticole::searchRow() {
@@ -206,6 +207,10 @@ void frmArticole::add() {
   const Row article = details_->article();
   addArticle(article);
   cauta();
+  if (list()->selectRecord("CODART", article.text("CODART"))) return;
+  // The filter leaves the new article out.
+  filter()->clear();
+  cauta();
   list()->selectRecord("CODART", article.text("CODART"));
 }
 
@@ -277,6 +282,7 @@ void frmArticole::showEvent(QShowEvent* event) {
   connect(frame, &QMdiSubWindow::aboutToActivate, this, [this] {
     guarded(objectName(), "Form_Activate", [this] {
       details_->resetUnit();
+      if (isNew() && !card().isChanged()) card().clear();
       details_->refreshLists();
     });
   });

@@ -79,7 +79,7 @@ QWidget* frmArticoleDiscount::treeSide() {
   treeArticole_->setUniformRowHeights(true);
   treeArticole_->setModel(nodes_);
   treeArticole_->expand(nodes_->root());
-  treeArticole_->setMinimumSize(fontMetrics().averageCharWidth() * 50, fontMetrics().height() * 22);
+  treeArticole_->setMinimumSize(fontMetrics().averageCharWidth() * 60, fontMetrics().height() * 22);
   connect(
       treeArticole_->selectionModel(), &QItemSelectionModel::currentChanged, this,
       [this](const QModelIndex& node) { guarded(kForm, "treeArticole_NodeClick", [&] { showNode(node); }); });

@@ -42,7 +42,7 @@ QString indexed(const char* name, qsizetype index) { return QStringLiteral("%1(%
 frmFamArticole::frmFamArticole(QWidget* parent) : ListForm("frmFamArticole", "Familii Articole", parent) {
   auto* grid = new EntryGrid("grdDataGrid", EntryGrid::Refused::Reverted, "frmFamArticole");
   QList<GridColumn> columns = {{"COD", "Cod", CellFormat::Integer, 6},
-                               {"DENUMIRE", "Denumire", CellFormat::Text, 36}};
+                               {"DENUMIRE", "Denumire", CellFormat::Text, 48}};
   for (qsizetype i = 0; i < kAccountColumns.size(); ++i)
     columns.append({kAccountColumns[i], kAccountCaptions[i], CellFormat::Text, 16});
   grid->setColumns(columns);
@@ -51,7 +51,7 @@ frmFamArticole::frmFamArticole(QWidget* parent) : ListForm("frmFamArticole", "Fa
           {"G_FAMART"});
   QWidget* frame = cardFrame();
   auto* cmdAdauga = command("cmdAdauga", "Adaugare", "Creare familie noua", "new", [this] { add(); });
-  auto* CommandButton1 = command("CommandButton1", "Modificare", {}, "save", [this] { save(); });
+  auto* CommandButton1 = command("CommandButton1", "Modificare", "Modificare", "save", [this] { save(); });
   auto* cmdSterge = command("cmdSterge", "Stergere", "Stergere familie curenta", "delete", [this] {
     if (removeCurrent("Sunteti sigur ca doriti sa stergeti familia de articole cu codul : %1 ?",
                       [](const QString& code) { removeFamily(code.toLongLong()); }))
@@ -65,6 +65,7 @@ QWidget* frmFamArticole::cardFrame() {
   auto* frame = new QGroupBox("Familie");
   auto* rows = new QFormLayout(frame);
   auto* name = card().add("DENUMIRE", makeTextBox("txtDenumire", kNameLength));
+  fitCapitals(name);
   auto* code = card().add("COD", makeTextBox("txtCod", 9));
   lockBox(code);
   rows->addRow("Cod", code);

@@ -28,6 +28,7 @@ namespace velmar {
 namespace {
 
 constexpr int kShownEmployer = 24;  // characters
+constexpr int kCodeCharacters = 12;
 const QString kNotANumber = QStringLiteral("Va rog introduceti o valoare numerica");
 
 struct CardField {
@@ -58,7 +59,7 @@ enum FieldIndex {
 };
 
 const QList<GridColumn> kColumns = {{"COD", "Cod", CellFormat::Integer, 7},
-                                    {"NUME", "Denumire", CellFormat::Text, 36},
+                                    {"NUME", "Denumire", CellFormat::Text, 52},
                                     {"TIP", "Tip", CellFormat::Text, 4},
                                     {"CodTert", "Cod Tert", CellFormat::Text, 12},
                                     {"CodVechi", "Cod Tert Auxialiar", CellFormat::Integer, 10},
@@ -165,12 +166,18 @@ QList<QPushButton*> frmTerti::commands() {
   return all;
 }
 
-void frmTerti::addField(QFormLayout* rows, int index) {
+QLineEdit* frmTerti::fieldBox(int index) {
   const CardField& field = kFields[index];
   const QString name = QStringLiteral("txtFields(%1)").arg(index);
   const int width = companyTable("kt_ter").column(field.column)->width;
   const auto keys = index == kEmail ? KeyFilter::Options() : KeyFilter::UpperCase;
-  rows->addRow(field.caption, card().add(field.column, makeTextBox(name, width, {}, keys)));
+  QLineEdit* box = card().add(field.column, makeTextBox(name, width, {}, keys));
+  fitCapitals(box);
+  return box;
+}
+
+void frmTerti::addField(QFormLayout* rows, int index) {
+  rows->addRow(kFields[index].caption, fieldBox(index));
 }
 
 QComboBox* frmTerti::kindList() {
@@ -185,21 +192,51 @@ QComboBox* frmTerti::kindList() {
   return list;
 }
 
+// The letter of the chosen kind, never seen.
+void frmTerti::kindLetter(QWidget* parent) {
+  auto* letter = named(new QLineEdit(parent), QStringLiteral("txtFields(%1)").arg(kKind));
+  letter->hide();
+  auto* list = static_cast<QComboBox*>(card().control("TIP"));
+  const auto follow = [letter, list] { letter->setText(list->currentData().toString()); };
+  connect(&card(), &Card::edited, letter, follow);
+  follow();
+}
+
+// Above the rest: a name of full length needs the room.
+QWidget* frmTerti::headLine() {
+  auto* head = new QWidget;
+  auto* line = new QHBoxLayout(head);
+  const auto labelled = [line](int index, QWidget* control, int stretch) {
+    auto* label = new QLabel(kFields[index].caption);
+    label->setBuddy(control);
+    line->addWidget(label);
+    line->addWidget(control, stretch);
+  };
+  QLineEdit* code = fieldBox(kCode);
+  lockBox(code);
+  code->setFixedWidth(fontMetrics().averageCharWidth() * kCodeCharacters);
+  labelled(kCode, code, 0);
+  labelled(kName, fieldBox(kName), 1);
+  labelled(kKind, kindList(), 0);
+  kindLetter(head);
+  line->addStretch();
+  return head;
+}
+
 QWidget* frmTerti::identityFrame() {
-  auto* frame = new QGroupBox("Tert");
+  auto* frame = new QGroupBox("Date de identificare");
   auto* rows = new QFormLayout(frame);
-  addField(rows, kCode);
-  lockBox(static_cast<QLineEdit*>(card().control("COD")));
-  addField(rows, kName);
-  rows->addRow(kFields[kKind].caption, kindList());
   addField(rows, kFiscalCode);
   const auto upperWhenLeft = [](QLineEdit* box) {
     connect(box, &QLineEdit::editingFinished, box, [box] { box->setText(box->text().toUpper()); });
+    fitCapitals(box);
     return box;
   };
   rows->addRow("Reg. Comert", card().add("RegCom", upperWhenLeft(makeTextBox("txtRegComert", 20))));
   rows->addRow("Cod tara membra UE", card().add("CT", upperWhenLeft(makeTextBox("TextCT", 2))));
-  rows->addRow("Cod", card().add("CodTert", makeTextBox("txtCodTert", 20, "Codul propriu al tertului")));
+  QLineEdit* own = card().add("CodTert", makeTextBox("txtCodTert", 20, "Codul propriu al tertului"));
+  fitCapitals(own);
+  rows->addRow("Cod", own);
   auto* old = card().add("CodVechi", named(new NumberBox(-1), "txtCodTertAuxiliar"));
   requireNumberWhenLeft(old, "Trebuie sa precizati o valoare numerica!", 0, "Atentie");
   rows->addRow("Cod Auxiliar", old);
@@ -249,7 +286,9 @@ QWidget* frmTerti::personFrame() {
   rows->addRow("Serie BI", card().add("SerieBI", makeTextBox("txtSerieBI", 2)));
   rows->addRow("Nr. BI", card().add("NrBI", makeTextBox("txtNrBI", 6)));
   rows->addRow("BI Emis de", card().add("EmisBI", makeTextBox("txtEmisBI", 50)));
-  rows->addRow("Data Emitere BI", card().add("DataEmisBI", named(new DateBox, "dtDataEmis")));
+  auto* issued = card().add("DataEmisBI", named(new DateBox, "dtDataEmis"));
+  issued->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
+  rows->addRow("Data Emitere BI", issued);
   cboIDAngajator_ = card().add("ID_Angajator", new SearchCombo("cboIDAngajator", {}, kShownEmployer));
   rows->addRow("Angajator", cboIDAngajator_);
   return frame;
@@ -257,7 +296,10 @@ QWidget* frmTerti::personFrame() {
 
 QWidget* frmTerti::cardPage() {
   auto* page = new QWidget;
-  auto* columns = new QHBoxLayout(page);
+  auto* all = new QVBoxLayout(page);
+  all->addWidget(headLine());
+  auto* columns = new QHBoxLayout;
+  all->addLayout(columns);
   const auto column = [columns](const QList<QWidget*>& frames) {
     auto* stack = new QVBoxLayout;
     for (QWidget* frame : frames) stack->addWidget(frame);
@@ -282,6 +324,7 @@ void frmTerti::tabChanged() {
 }
 
 void frmTerti::showRecord(const Row* current) {
+  shown_ = Row();
   if (!current) return ListForm::showRecord(nullptr);
   const qint64 code = current->integer("COD");
   const Row partner = record(companyTable("kt_ter"), code);
@@ -289,6 +332,7 @@ void frmTerti::showRecord(const Row* current) {
   Row shown = rowOf(partner.columns().join(u' ') + QStringLiteral(" Discount"));
   for (const QString& column : partner.columns()) shown.set(column, Value::raw(partner.value(column)));
   if (const auto discount = partnerDiscount(code)) shown.set("Discount", *discount);
+  shown_ = shown;
   ListForm::showRecord(&shown);
 }
 
@@ -312,13 +356,13 @@ void frmTerti::add() {
 
 void frmTerti::save() {
   if (card().text("COD").isEmpty()) return;
-  savePartner(card().typed(), typedDiscount());
+  savePartner(card().typed(), typedDiscount(), shown_);
   refresh();
 }
 
 void frmTerti::remove() {
   const Row* current = list()->currentRecord();
-  if (!current || isNew()) return;
+  if (!current || (isNew() && onCard())) return;
   const qint64 code = current->integer("COD");
   if (!confirmed(
           QStringLiteral("Sunteti sigur ca doriti sa stergeti societatea : %1 ?").arg(current->text("NUME"))))

@@ -7,6 +7,7 @@
 
 class QComboBox;
 class QFormLayout;
+class QLineEdit;
 
 namespace velmar {
 
@@ -28,13 +29,16 @@ class frmTerti : public CatalogueForm {
  private:
   QWidget* searchRow();
   QWidget* cardPage();
+  QWidget* headLine();
   QWidget* identityFrame();
   QWidget* addressFrame(const QString& title, int firstField);
   QWidget* contactFrame();
   QWidget* tradeFrame();
   QWidget* personFrame();
+  QLineEdit* fieldBox(int index);
   void addField(QFormLayout* rows, int index);
   QComboBox* kindList();
+  void kindLetter(QWidget* parent);
   QList<QPushButton*> commands();
 
   void add();
@@ -44,6 +48,7 @@ class frmTerti : public CatalogueForm {
   void balances();
   std::optional<Decimal> typedDiscount() const;
 
+  Row shown_;  ///< the partner as the card showed it
   QString tipTert_;
   SearchCombo* cboIDAngajator_ = nullptr;
   QList<QPushButton*> cardCommands_;

@@ -201,11 +201,12 @@ void ListForm::refresh() {
   {
     const QSignalBlocker quiet(grid_);
     grid_->setRows(read_());
-    const bool found = !key.isEmpty() && grid_->selectRecord(keyField_, key);
-    // Edits of a record that is no more must not be saved into another.
-    lost = keepEdits_ && !new_ && !found;
+    // Edits of a record that is gone stay in the card, but no other record may pass for it.
+    const bool found = key.isEmpty() || grid_->selectRecord(keyField_, key);
+    lost = !found && keepEdits_ && !new_;
+    if (lost) grid_->setCurrentIndex({});
   }
-  if (!keepEdits_ || lost) showRecord(grid_->currentRecord());
+  if (!keepEdits_) showRecord(grid_->currentRecord());
   if (lost) say(gone().text());
 }
 

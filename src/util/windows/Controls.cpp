@@ -2,6 +2,7 @@
 
 #include <QFocusEvent>
 #include <QPushButton>
+#include <QTabWidget>
 
 #include "util/Messages.h"
 #include "util/NumberText.h"
@@ -13,11 +14,25 @@ namespace {
 
 constexpr int kWidestBox = 50;  // characters
 
+// Another tab may have been brought to the front over the box.
+void bringTabOf(QWidget* box) {
+  for (QWidget* page = box; page->parentWidget(); page = page->parentWidget()) {
+    auto* tabs = qobject_cast<QTabWidget*>(page->parentWidget()->parentWidget());
+    if (tabs && tabs->isVisible() && tabs->indexOf(page) >= 0) return tabs->setCurrentWidget(page);
+  }
+}
+
 // Watches one box being left.
 class EntryCheck : public QObject {
  public:
-  EntryCheck(QLineEdit* box, Objection objection, int icon, const QString& title)
-      : QObject(box), box_(box), objection_(std::move(objection)), icon_(icon), title_(title) {
+  EntryCheck(QLineEdit* box, Objection objection, int icon, const QString& title,
+             std::function<void()> refused)
+      : QObject(box),
+        box_(box),
+        objection_(std::move(objection)),
+        icon_(icon),
+        title_(title),
+        refused_(std::move(refused)) {
     box->installEventFilter(this);
   }
 
@@ -48,9 +63,11 @@ class EntryCheck : public QObject {
   void tell() {
     waiting_ = true;
     const QString text = objection_();
+    if (!text.isEmpty()) bringTabOf(box_);
     // A box of a form that is being closed or put away has nothing more to say.
     if (box_->isVisible() && !text.isEmpty()) {
       Mesaj(text, icon_, title_);
+      if (refused_) refused_();
       box_->setFocus();
       box_->selectAll();
     }
@@ -61,6 +78,7 @@ class EntryCheck : public QObject {
   Objection objection_;
   int icon_;
   QString title_;
+  std::function<void()> refused_;
   bool waiting_ = false;
 };
 
@@ -82,6 +100,10 @@ QLineEdit* makeTextBox(const QString& name, int width, const QString& toolTip, K
   }
   if (keys) KeyFilter::install(box, keys);
   return box;
+}
+
+void fitCapitals(QLineEdit* box) {
+  box->setMaximumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('N')) * (box->maxLength() + 2));
 }
 
 NumberBox::NumberBox(int decimals, QWidget* parent) : QLineEdit(parent), decimals_(decimals) {
@@ -115,8 +137,9 @@ void NumberBox::focusOutEvent(QFocusEvent* event) {
   showText();
 }
 
-void checkWhenLeft(QLineEdit* box, Objection objection, int icon, const QString& title) {
-  new EntryCheck(box, std::move(objection), icon, title);
+void checkWhenLeft(QLineEdit* box, Objection objection, int icon, const QString& title,
+                   std::function<void()> refused) {
+  new EntryCheck(box, std::move(objection), icon, title, std::move(refused));
 }
 
 bool entriesStand(QWidget* form) {
@@ -126,10 +149,11 @@ bool entriesStand(QWidget* form) {
   return true;
 }
 
-void requireNumberWhenLeft(NumberBox* box, const QString& text, int icon, const QString& title) {
+void requireNumberWhenLeft(NumberBox* box, const QString& text, int icon, const QString& title,
+                           std::function<void()> refused) {
   checkWhenLeft(
       box, [box, text] { return box->typed().trimmed().isEmpty() || box->number() ? QString() : text; }, icon,
-      title);
+      title, std::move(refused));
 }
 
 }  // namespace velmar

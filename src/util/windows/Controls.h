@@ -27,6 +27,8 @@ QPushButton* makeButton(const QString& name, const QString& caption, const QStri
 /// A text box that takes at most `width` characters (0: any number) and is about as wide.
 QLineEdit* makeTextBox(const QString& name, int width, const QString& toolTip = {},
                        KeyFilter::Options keys = {});
+/// Lets the box grow until a text of full length in capitals fits.
+void fitCapitals(QLineEdit* box);
 
 /// A box for a number: typed with comma or point alike, shown in the Romanian way with its decimals while it
 /// has not the focus. What is no number stays as it was typed.
@@ -58,8 +60,10 @@ class NumberBox : public QLineEdit {
 /// What is wrong with a box as it stands, "" when nothing is.
 using Objection = std::function<QString()>;
 
-/// Shows the objection, if there is one, when the user leaves the box, and brings the focus back to it.
-void checkWhenLeft(QLineEdit* box, Objection objection, int icon = 0, const QString& title = {});
+/// Shows the objection, if there is one, when the user leaves the box, and brings the focus back to it;
+/// `refused` runs between the two.
+void checkWhenLeft(QLineEdit* box, Objection objection, int icon = 0, const QString& title = {},
+                   std::function<void()> refused = {});
 
 /// Whether a command of the form may run: false while a box of it stands refused by its check. A box that has
 /// the focus is checked now.
@@ -68,6 +72,6 @@ bool entriesStand(QWidget* form);
 /// "Valoarea trebuie sa fie numerica" while the box holds something that is no number.
 void requireNumberWhenLeft(NumberBox* box,
                            const QString& text = QStringLiteral("Valoarea trebuie sa fie numerica"),
-                           int icon = 0, const QString& title = {});
+                           int icon = 0, const QString& title = {}, std::function<void()> refused = {});
 
 }  // namespace velmar
