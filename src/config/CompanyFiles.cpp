@@ -74,7 +74,11 @@ void removeFileAfterFailure(const QString& folder, const QString& fileName) {
 }
 
 bool isOpen(const QString& path) {
-  return openDatabase() && QFileInfo(openDatabase()->path()) == QFileInfo(path);
+  if (!openDatabase()) return false;
+  const QFileInfo open(openDatabase()->path());
+  const QFileInfo asked(path);
+  // A database of a server is no file.
+  return open.exists() ? open == asked : open.absoluteFilePath() == asked.absoluteFilePath();
 }
 
 // Adds the company to the list and has `bring` put its file into the folder; when the list cannot be written,
@@ -101,14 +105,6 @@ Company companyFrom(const QString& code, const QString& name) {
   return {upperCode, name.trimmed(), companyFileName(upperCode)};
 }
 
-void move(const QString& from, const QString& to) {
-  if (!QFile::rename(from, to))
-    throw StoreError(kFileFailure,
-                     QStringLiteral("Fisierul %1 nu poate fi mutat in %2. Verificati drepturile "
-                                    "asupra folderelor.")
-                         .arg(from, to));
-}
-
 }  // namespace
 
 void createCompany(const QString& folder, const QString& code, const QString& name,
@@ -123,7 +119,7 @@ void adoptCompany(const QString& folder, const QString& code, const QString& nam
   const Company company = companyFrom(code, name);
   const QString path = pathInFolder(folder, company.NUMEBD);
   enlist(
-      folder, company, [&] { move(file, path); }, [&] { QFile::rename(path, file); });
+      folder, company, [&] { moveDatabase(file, path); }, [&] { moveDatabase(path, file); });
 }
 
 void requireRemovable(const QString& folder, const Company& company) {

@@ -217,15 +217,19 @@ bool makeSampleCompany(QString folder) {
     throw StoreError(kFileFailure,
                      QStringLiteral("Folderul %1 nu poate fi scris. Verificati drepturile asupra lui.")
                          .arg(QDir::toNativeSeparators(folder)));
+  shareServer(folder, workshop.path());
   try {
     makeIn(workshop.path());
   } catch (...) {
     leaveCompany();
     session().gCaleBD = folder;
+    removeDatabaseFile(workshop.path(), companyFileName(kSampleCode));
+    removeDatabaseFile(workshop.path(), kTemplateName);
     throw;
   }
   leaveCompany();
   session().gCaleBD = folder;
+  removeDatabaseFile(workshop.path(), kTemplateName);
   try {
     adoptCompany(folder, kSampleCode, kSampleName, workshop.filePath(companyFileName(kSampleCode)));
   } catch (const RuleError&) {

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QSettings>
 
 #include "store/Database.h"
 #include "store/PostgresEngine.h"
@@ -184,6 +185,28 @@ void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& 
   database->execute("UPDATE kt_info SET VERSIUNE = ?", {programRevision()});
   transaction.commit();
   gDenSocietateNoua = QStringLiteral("00");
+}
+
+void moveDatabase(const QString& from, const QString& to) {
+  if (const auto server = serverOf(QFileInfo(to).path())) {
+    const auto source = serverOf(QFileInfo(from).path());
+    return postgres::renameDatabase(*server, databaseOnServer(source.value_or(*server), from),
+                                    databaseOnServer(*server, to));
+  }
+  if (!QFile::rename(from, to))
+    throw StoreError(kFileFailure,
+                     QStringLiteral("Fisierul %1 nu poate fi mutat in %2. Verificati drepturile "
+                                    "asupra folderelor.")
+                         .arg(from, to));
+}
+
+void shareServer(const QString& folder, const QString& inner) {
+  const auto server = serverOf(folder);
+  if (!server) return;
+  const QString path = QDir(inner).filePath(kServerFile);
+  QFile::copy(QDir(folder).filePath(kServerFile), path);
+  QSettings file(path, QSettings::IniFormat);
+  file.setValue("prefix", server->prefix + QDir(inner).dirName().toLower() + u'_');
 }
 
 void removeDatabaseFile(const QString& folder, const QString& fileName) {

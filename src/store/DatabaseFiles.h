@@ -42,6 +42,12 @@ void makeCompanyFile(const QString& folder, const QString& fileName);
 /// `gDenSocietateNoua`, which then becomes "00".
 void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& gDenSocietateNoua);
 
+/// Moves a closed database from one folder to another of the same kind. Throws StoreError.
+void moveDatabase(const QString& from, const QString& to);
+
+/// Makes the folder `inner` keep its databases where `folder` does, apart from those of other folders.
+void shareServer(const QString& folder, const QString& inner);
+
 /// Deletes a database file and its side files. Throws StoreError.
 void removeDatabaseFile(const QString& folder, const QString& fileName);
 

@@ -6,14 +6,15 @@
 #include <QWidget>
 
 #include "config/Session.h"
+#include "config/Warehouses.h"
 #include "SharedFunctions.h"
 #include "shell/Login.h"
-#include "config/Warehouses.h"
 #include "shell/windows/frmMsgBox.h"
 #include "shell/windows/StartUp.h"
 #include "store/CompanyList.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
+#include "TestServer.h"
 #include "util/Clock.h"
 #include "util/Settings.h"
 #include "util/windows/Look.h"
@@ -121,6 +122,11 @@ Companies::~Companies() = default;
 QString Companies::freshFolder() {
   if (!startUp_) begin();
   QString folder = folders_.nextDatabases();
+  nameTestServer(folder);
+  if (serverOf(folder)) {
+    bringTemplateUpToDate(folder);
+    return folder;
+  }
   if (!QFile::copy(pathInFolder(folders_.app(), kTemplateName), QDir(folder).filePath(kTemplateName)))
     throw Failure(QStringLiteral("the template cannot be copied to %1").arg(folder));
   return folder;

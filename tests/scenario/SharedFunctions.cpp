@@ -9,6 +9,7 @@
 #include "config/Session.h"
 #include "documents/Numbering.h"
 #include "shell/SampleCompany.h"
+#include "store/DatabaseFiles.h"
 #include "util/Messages.h"
 
 namespace velmar::scenario {
@@ -100,6 +101,9 @@ Functions lookups() {
 // What the program does besides: reading its parameters anew, making the sample company beside the others.
 Functions services() {
   Functions f;
+  f["databaseExists"] = [](const Arguments& a) {
+    return databaseExists(a.value(0).toString(), a.value(1).toString());
+  };
   f["makeSampleCompany"] = [](const Arguments& a) { return makeSampleCompany(a.value(0).toString()); };
   return f;
 }

@@ -29,7 +29,7 @@ check(list.hasFocus("txtDenumire"));
 add("b2", " BETA SRL ");
 equal(grid.column("COD"), ["01", "B2"]);
 equal([grid.cell(1, "DENUMIRE"), grid.cell(1, "NUMEBD")], ["BETA SRL", "TarvonB2.mdb"]);
-check(exists(folder + "/TarvonB2.mdb"));
+check(call("databaseExists", folder, "TarvonB2.mdb"));
 equal([list.text("txtCod"), list.text("txtDenumire")], ["", ""]);
 
 // The same code in any case is refused and the list is as it was.
@@ -53,14 +53,14 @@ grid.select(2);
 answer("Nu");
 list.click("cmdSterge");
 expectMessage(question, { title: "Confirmare stergere", icon: "question", buttons: ["Da", "Nu"] });
-check(exists(folder + "/TarvonC3.mdb"));
+check(call("databaseExists", folder, "TarvonC3.mdb"));
 equal(grid.rows(), 3);
 answer("Alt+F4");
 answer("Da");
 list.click("cmdSterge");
 expectMessage(question);
 equal(grid.column("COD"), ["01", "B2"]);
-check(!exists(folder + "/TarvonC3.mdb"));
+check(!call("databaseExists", folder, "TarvonC3.mdb"));
 
 // One window, however often the command is given; the exit button closes it.
 menu("mnuCreare");
@@ -88,6 +88,6 @@ list.grid("TDBGrid1").select(1);
 answer("OK");
 list.click("cmdSterge");
 equal(messages().length, 1);
-check(exists(folder + "/TarvonB2.mdb"));
+check(call("databaseExists", folder, "TarvonB2.mdb"));
 equal(list.grid("TDBGrid1").column("COD"), ["01", "B2"]);
 noMessage();

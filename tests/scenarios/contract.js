@@ -23,7 +23,7 @@ setToday("2026-03-15");
 equal(today(), "2026-03-15");
 
 const folder = company();
-check(exists(folder + "/Tarvon01.mdb") && exists(folder + "/Societat.xml"));
+check(call("databaseExists", folder, "Tarvon01.mdb") && exists(folder + "/Societat.xml"));
 equal(paths().databases, folder);
 equal(win("frmMain").title(), "Tarvon Velmar  - SOCIETATE");
 equal(sql("SELECT TCOST, NrZec FROM kt_info"), [{ TCOST: "FIFO", NRZEC: 2 }]);

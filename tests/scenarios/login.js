@@ -2,7 +2,7 @@
 // the ways out.
 setToday("2026-03-15");
 const folder = paths().databases;
-check(!exists(folder + "/Tarvon01.mdb"));
+check(!call("databaseExists", folder, "Tarvon01.mdb"));
 
 function logIn(user, password) {
   const login = win("frmLogin");
@@ -22,7 +22,7 @@ equal(login.grid("TDBGrid1").columns(), ["COD", "DENUMIRE", "NUMEBD"]);
 equal(login.grid("TDBGrid1").rows(), 1);
 equal(["COD", "DENUMIRE", "NUMEBD"].map((field) => login.grid("TDBGrid1").cell(0, field)),
       ["01", "SOCIETATE", "Tarvon01.mdb"]);
-check(exists(folder + "/Tarvon01.mdb"));
+check(call("databaseExists", folder, "Tarvon01.mdb"));
 check(readFile(folder + "/Societat.xml").includes("<z:row COD='01' DENUMIRE='SOCIETATE' NUMEBD='Tarvon01.mdb'/>"));
 equal(login.tooltip("txtUserName"), 'Utilizator implicit: "admin"');
 equal([login.text("txtUserName"), login.text("txtPassword")], ["", ""]);
