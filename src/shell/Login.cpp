@@ -6,6 +6,7 @@
 #include "config/Session.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
+#include "store/Server.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/Settings.h"
@@ -45,7 +46,8 @@ bool Login::load() {
 bool Login::chooseFile(const QString& file, const QString& currentNUMEBD) {
   const QFileInfo chosen(file);
   const QString title = chosen.fileName().trimmed().toUpper();
-  if (title != currentNUMEBD.toUpper() && title != kTemplateName.toUpper()) return false;
+  if (title != currentNUMEBD.toUpper() && title != kTemplateName.toUpper() && title != kServerFile.toUpper())
+    return false;
   useFolder(chosen.absolutePath());
   settings::setDatabasesPath(session().gCaleBD);
   return true;

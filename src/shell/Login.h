@@ -22,7 +22,8 @@ class Login {
   bool load();
 
   /// Takes the folder of a file chosen by the user when the file is the template or the database of the
-  /// company that is current in the list. Gives false, and changes nothing, for any other file.
+  /// company that is current in the list, or the settings of a server. Gives false, and changes nothing, for
+  /// any other file.
   bool chooseFile(const QString& file, const QString& currentNUMEBD);
 
   /// The companies of `gCaleBD`, sorted by code.

@@ -100,7 +100,7 @@ file(paths().drive + "/altele/alta.mdb");
 login.click("cmdCauta");
 expectMessage("Eroare selectare BD!");
 equal(login.text("Label1"), paths().app);
-file(folder + "/Tarvon.mdb");
+file(folder + (exists(folder + "/Server.ini") ? "/Server.ini" : "/Tarvon.mdb"));
 login.click("cmdCauta");
 equal(login.text("Label1"), folder);
 logIn("ana", "mere");

@@ -137,7 +137,7 @@ void frmLogin::showCompanies() {
 
 void frmLogin::search() {
   QFileDialog dialog(this, QStringLiteral("Select Database"), session().gCaleAplicatie,
-                     QStringLiteral("TARVON.MDB (*.mdb *.MDB)"));
+                     QStringLiteral("TARVON.MDB (*.mdb *.MDB);;Server (Server.ini)"));
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.selectFile(QStringLiteral("Tarvon.mdb"));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
