@@ -107,12 +107,30 @@ int Database::executeEach(const QString& sql, const std::vector<Values>& rows) {
   return changed;
 }
 
+void Database::each(const QString& sql, const std::function<void(std::vector<QVariant>&& cells)>& use) {
+  state_->prepare(sql)->each({}, use);
+}
+
+// Many rows in one statement where the engine wants it so, in sizes by halves: few statements serve all.
 void Database::insertRows(const QString& table, const QStringList& columns, const std::vector<Values>& rows) {
   if (rows.empty()) return;
-  executeEach(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-                  .arg(table, columns.join(QStringLiteral(", ")),
-                       QStringList(columns.size(), QStringLiteral("?")).join(QStringLiteral(", "))),
-              rows);
+  std::optional<Transaction> own;
+  if (!inTransaction()) own.emplace(*this);
+  const QString marks =
+      QStringLiteral("(%1)").arg(QStringList(columns.size(), QStringLiteral("?")).join(QStringLiteral(", ")));
+  const QString start =
+      QStringLiteral("INSERT INTO %1 (%2) VALUES ").arg(table, columns.join(QStringLiteral(", ")));
+  size_t size = static_cast<size_t>(state_->engine->rowsPerInsert());
+  for (size_t done = 0; done < rows.size();) {
+    while (size > rows.size() - done) size /= 2;
+    const QString sql = start + QStringList(static_cast<qsizetype>(size), marks).join(QStringLiteral(", "));
+    Values values;
+    for (size_t i = 0; i < size; ++i)
+      values.insert(values.end(), rows[done + i].begin(), rows[done + i].end());
+    execute(sql, values);
+    done += size;
+  }
+  if (own) own->commit();
 }
 
 bool Database::inTransaction() const { return state_->depth > 0; }
@@ -122,6 +140,8 @@ QStringList Database::queryPlan(const QString& sql) { return state_->engine->pla
 void Database::createTable(const Table& table) {
   for (const QString& sql : createStatements(table, *state_->engine)) execute(sql);
 }
+
+void Database::continueNumbering(const Table& table) { state_->engine->continueNumbering(table); }
 
 void Database::prepareSchema() { state_->engine->prepareSchema(); }
 
@@ -164,6 +184,16 @@ void Transaction::rollback() {
     }
   } catch (const StoreError&) {
     // After a full disk the engine has already undone the transaction by itself; nothing is left to undo.
+  }
+}
+
+Snapshot::Snapshot(Database& database) : database_(database) { database_.state_->engine->beginSnapshot(); }
+
+Snapshot::~Snapshot() {
+  try {
+    database_.state_->engine->run(QStringLiteral("ROLLBACK"));
+  } catch (const StoreError&) {
+    // The connection is gone, and the snapshot with it.
   }
 }
 

@@ -4,6 +4,7 @@
 // it politely; readers never wait. A committed transaction survives a power cut.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <QString>
 
@@ -31,6 +32,10 @@ class Database {
   /// Runs a SELECT, or inside a Transaction a statement with RETURNING, and reads it out.
   Recordset query(const QString& sql, const Values& values = {});
 
+  /// Runs a SELECT and hands over the cells of each row, none of them kept: for more rows than memory should
+  /// hold.
+  void each(const QString& sql, const std::function<void(std::vector<QVariant>&& cells)>& use);
+
   /// Runs a statement that gives no rows; gives the number of rows it changed. Outside a Transaction it is
   /// one of its own.
   int execute(const QString& sql, const Values& values = {});
@@ -48,6 +53,8 @@ class Database {
 
   /// Makes a table with its indexes, as the description tells.
   void createTable(const Table& table);
+  /// Lets the numbers that the engine gives go on behind those that stand in the table.
+  void continueNumbering(const Table& table);
   /// Makes what tables need before they can be made.
   void prepareSchema();
 
@@ -56,6 +63,7 @@ class Database {
 
  private:
   friend class Transaction;
+  friend class Snapshot;
   struct State;
   explicit Database(std::unique_ptr<State> state);
   std::unique_ptr<State> state_;
@@ -79,6 +87,19 @@ class Transaction {
   Database& database_;
   int depth_;
   bool open_ = true;
+};
+
+/// Reads as of one moment, whatever others write meanwhile, for as long as the object lives. Nothing is
+/// written meanwhile, and no transaction is open.
+class Snapshot {
+ public:
+  explicit Snapshot(Database& database);
+  ~Snapshot();
+  Snapshot(const Snapshot&) = delete;
+  Snapshot& operator=(const Snapshot&) = delete;
+
+ private:
+  Database& database_;
 };
 
 /// The open company's database; null while none is open.

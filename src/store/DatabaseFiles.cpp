@@ -187,6 +187,10 @@ void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& 
   gDenSocietateNoua = QStringLiteral("00");
 }
 
+void makeDatabaseWhole(const QString& path, const std::function<void(const QString& draft)>& fill) {
+  writeWhole(path, fill);
+}
+
 void moveDatabase(const QString& from, const QString& to) {
   if (const auto server = serverOf(QFileInfo(to).path())) {
     const auto source = serverOf(QFileInfo(from).path());

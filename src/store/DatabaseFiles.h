@@ -42,6 +42,10 @@ void makeCompanyFile(const QString& folder, const QString& fileName);
 /// `gDenSocietateNoua`, which then becomes "00".
 void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& gDenSocietateNoua);
 
+/// Has `fill` make the database at the path it is given, then puts that in place of the one at `path`: whole
+/// or not at all. Throws StoreError.
+void makeDatabaseWhole(const QString& path, const std::function<void(const QString& draft)>& fill);
+
 /// Moves a closed database from one folder to another of the same kind. Throws StoreError.
 void moveDatabase(const QString& from, const QString& to);
 

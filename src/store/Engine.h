@@ -1,12 +1,16 @@
 // What the store asks of a database engine. Nothing above the store knows which one runs.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <QString>
 
 #include "store/Schema.h"
 
 namespace velmar {
+
+/// Takes the cells of a row.
+using EachRow = std::function<void(std::vector<QVariant>&& cells)>;
 
 /// A statement prepared once and run as often as needed.
 class EngineStatement {
@@ -15,6 +19,8 @@ class EngineStatement {
 
   /// Runs it with a value for each mark and reads the rows out. Throws StoreError.
   virtual Recordset query(const Values& values) = 0;
+  /// Runs it and hands over each row, none of them kept. Throws StoreError.
+  virtual void each(const Values& values, const EachRow& use) = 0;
   /// Runs it to the end; gives the number of rows changed. Throws StoreError.
   virtual int run(const Values& values) = 0;
 };
@@ -30,6 +36,8 @@ class Engine {
   virtual void run(const QString& sql) = 0;
   /// Begins a transaction with the company's write lock; gives false when another process holds it.
   virtual bool tryBeginWrite() = 0;
+  /// Begins a transaction that reads the database as it stands now, whatever others write meanwhile.
+  virtual void beginSnapshot() = 0;
   /// The plan of a statement, whose values need not be known, one step a line.
   virtual QStringList plan(const QString& sql) = 0;
 
@@ -37,6 +45,10 @@ class Engine {
   virtual QString declaredType(const Column& column) const = 0;
   /// What stands behind the columns of a table whose key has several of them.
   virtual QString clusteredSuffix() const = 0;
+  /// How many rows a statement should insert at once.
+  virtual int rowsPerInsert() const = 0;
+  /// Lets the numbers that the engine gives by itself go on behind those that were inserted.
+  virtual void continueNumbering(const Table&) {}
   /// Makes what the tables need before they can be made.
   virtual void prepareSchema() {}
 };

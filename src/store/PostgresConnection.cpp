@@ -163,14 +163,65 @@ void Connection::prepare(const QByteArray& name, const QString& sql) {
       PQprepare(handle_.get(), name.constData(), withNumberedMarks(sql).toUtf8().constData(), 0, nullptr));
 }
 
+namespace {
+
+/// Values as the engine takes them, for as long as the object lives.
+class Bounds {
+ public:
+  explicit Bounds(const Values& values) {
+    bounds_.reserve(values.size());
+    for (const Value& value : values) bounds_.push_back(bound(value.data()));
+    for (const Bound& each : bounds_) texts_.push_back(each.isNull ? nullptr : each.text.constData());
+  }
+  int count() const { return static_cast<int>(texts_.size()); }
+  const char* const* texts() const { return texts_.data(); }
+
+ private:
+  std::vector<Bound> bounds_;
+  std::vector<const char*> texts_;
+};
+
+std::vector<QVariant> cellsOf(const PGresult* result, int row) {
+  const int width = PQnfields(result);
+  std::vector<QVariant> cells;
+  cells.reserve(static_cast<size_t>(width));
+  for (int i = 0; i < width; ++i) cells.push_back(cell(result, row, i));
+  return cells;
+}
+
+}  // namespace
+
 Result Connection::execute(const QByteArray& name, const Values& values) {
-  std::vector<Bound> bounds;
-  std::vector<const char*> texts;
-  bounds.reserve(values.size());
-  for (const Value& value : values) bounds.push_back(bound(value.data()));
-  for (const Bound& each : bounds) texts.push_back(each.isNull ? nullptr : each.text.constData());
-  return checked(PQexecPrepared(handle_.get(), name.constData(), static_cast<int>(texts.size()), texts.data(),
-                                nullptr, nullptr, 0));
+  const Bounds bounds(values);
+  return checked(
+      PQexecPrepared(handle_.get(), name.constData(), bounds.count(), bounds.texts(), nullptr, nullptr, 0));
+}
+
+void Connection::each(const QByteArray& name, const Values& values,
+                      const std::function<void(std::vector<QVariant>&& cells)>& use) {
+  const Bounds bounds(values);
+  PQsendQueryPrepared(handle_.get(), name.constData(), bounds.count(), bounds.texts(), nullptr, nullptr, 0);
+  PQsetSingleRowMode(handle_.get());
+  // What is left to read is read, so that the connection serves the next statement.
+  std::exception_ptr failure;
+  while (pg_result* raw = PQgetResult(handle_.get())) {
+    if (PQresultStatus(raw) == PGRES_SINGLE_TUPLE) {
+      const Result row(raw, PQclear);
+      if (failure) continue;
+      try {
+        use(cellsOf(raw, 0));
+      } catch (...) {
+        failure = std::current_exception();
+      }
+      continue;
+    }
+    try {
+      checked(raw);
+    } catch (...) {
+      if (!failure) failure = std::current_exception();
+    }
+  }
+  if (failure) std::rethrow_exception(failure);
 }
 
 void Connection::forget(const QByteArray& name) {
@@ -212,12 +263,7 @@ Recordset recordsetOf(const Result& result, const Spelling& spelling) {
     names.append(spelling.value(name, name));
   }
   Recordset rows(std::make_shared<Columns>(names));
-  for (int row = 0; row < PQntuples(result.get()); ++row) {
-    std::vector<QVariant> cells;
-    cells.reserve(static_cast<size_t>(width));
-    for (int i = 0; i < width; ++i) cells.push_back(cell(result.get(), row, i));
-    rows.append(std::move(cells));
-  }
+  for (int row = 0; row < PQntuples(result.get()); ++row) rows.append(cellsOf(result.get(), row));
   return rows;
 }
 

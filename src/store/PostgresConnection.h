@@ -2,6 +2,7 @@
 // whole databases.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <QStringList>
 #include <QVariant>
@@ -30,6 +31,9 @@ class Connection {
   /// Prepares a statement, its marks "?", under that name.
   void prepare(const QByteArray& name, const QString& sql);
   Result execute(const QByteArray& name, const Values& values);
+  /// Hands over the rows one by one, none of them kept.
+  void each(const QByteArray& name, const Values& values,
+            const std::function<void(std::vector<QVariant>&& cells)>& use);
   void forget(const QByteArray& name);
 
   /// The connection was lost and made again: what was prepared on it is gone.

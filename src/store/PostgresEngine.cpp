@@ -28,6 +28,10 @@ class ServerStatement : public EngineStatement {
     if (spelling_.isEmpty()) spelling_ = spellingOf(sql_);
     return recordsetOf(result, spelling_);
   }
+  void each(const Values& values, const EachRow& use) override {
+    if (prepared_ != *generation_) prepare();
+    connection_->each(name_, values, use);
+  }
   int run(const Values& values) override { return changedBy(execute(values)); }
 
  private:
@@ -91,6 +95,23 @@ bool ServerEngine::tryBeginWrite() {
   if (locked.first().flag("LOCKED")) return true;
   connection_->run(QStringLiteral("ROLLBACK"));
   return false;
+}
+
+void ServerEngine::beginSnapshot() {
+  if (connection_->renewIfLost()) ++*generation_;
+  connection_->run(QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"));
+}
+
+// A round trip costs more than the rows that it carries.
+int ServerEngine::rowsPerInsert() const { return 128; }
+
+void ServerEngine::continueNumbering(const Table& table) {
+  for (const Column& column : table.columns())
+    if (column.type == ColumnType::AutoNumber)
+      connection_->run(
+          QStringLiteral("SELECT setval(pg_get_serial_sequence('%1', '%2'), (SELECT MAX(%2) FROM "
+                         "%1)) FROM %1 LIMIT 1")
+              .arg(quoted(table.name()), column.name.toLower()));
 }
 
 QStringList ServerEngine::plan(const QString& sql) {

@@ -14,6 +14,9 @@ class ServerEngine : public Engine {
   std::shared_ptr<EngineStatement> prepare(const QString& sql) override;
   void run(const QString& sql) override;
   bool tryBeginWrite() override;
+  void beginSnapshot() override;
+  int rowsPerInsert() const override;
+  void continueNumbering(const Table& table) override;
   QStringList plan(const QString& sql) override;
   QString declaredType(const Column& column) const override;
   QString clusteredSuffix() const override { return {}; }

@@ -10,10 +10,6 @@ namespace velmar {
 
 namespace {
 
-QString quoted(const QString& name) {
-  return name.contains(QLatin1Char(' ')) ? QStringLiteral("\"%1\"").arg(name) : name;
-}
-
 // A cell as its column takes it.
 Value stored(const QVariant& cell, const Column& column) {
   if (cell.isNull() || cell.toString().isEmpty()) return {};

@@ -8,10 +8,6 @@ namespace velmar {
 
 namespace {
 
-QString quoted(const QString& name) {
-  return name.contains(QLatin1Char(' ')) ? QStringLiteral("\"%1\"").arg(name) : name;
-}
-
 QString createStatement(const Table& table, const Engine& engine) {
   QStringList parts;
   for (const Column& column : table.columns()) {
@@ -38,6 +34,10 @@ QString createStatement(const Table& table, const Index& index, int number) {
 }
 
 }  // namespace
+
+QString quoted(const QString& name) {
+  return name.contains(QLatin1Char(' ')) ? QStringLiteral("\"%1\"").arg(name) : name;
+}
 
 Table& Table::add(const QString& names, ColumnType type, int width, bool zeroDefault) {
   for (const QString& name : names.split(QLatin1Char(' '), Qt::SkipEmptyParts))

@@ -68,6 +68,9 @@ const std::vector<Table>& companyTables();
 /// The table of that name in any case. Throws StoreError when there is none.
 const Table& companyTable(const QString& name);
 
+/// The name of a table as a statement takes it: one with blanks stands in double quotes.
+QString quoted(const QString& name);
+
 /// The statements that make the table and its indexes on that engine.
 QStringList createStatements(const Table& table, const Engine& engine);
 

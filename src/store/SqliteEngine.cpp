@@ -35,6 +35,14 @@ void FileEngine::run(const QString& sql) {
 
 bool FileEngine::tryBeginWrite() { return sqlite::tryBeginWrite(connection_, path_); }
 
+// The snapshot is that of the first reading.
+void FileEngine::beginSnapshot() {
+  run(QStringLiteral("BEGIN"));
+  QSqlQuery first(connection_);
+  if (!first.exec(QStringLiteral("SELECT COUNT(*) FROM sqlite_master")))
+    throw describe(first.lastError(), path_);
+}
+
 QStringList FileEngine::plan(const QString& sql) {
   constexpr int kDetail = 3;
   Statement plan(handleOf(connection_), QStringLiteral("EXPLAIN QUERY PLAN ") + sql, path_);

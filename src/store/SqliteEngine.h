@@ -16,6 +16,8 @@ class FileEngine : public Engine {
   std::shared_ptr<EngineStatement> prepare(const QString& sql) override;
   void run(const QString& sql) override;
   bool tryBeginWrite() override;
+  void beginSnapshot() override;
+  int rowsPerInsert() const override { return 1; }
   QStringList plan(const QString& sql) override;
   QString declaredType(const Column& column) const override;
   QString clusteredSuffix() const override;

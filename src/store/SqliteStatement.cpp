@@ -67,15 +67,28 @@ Recordset Statement::query(const Values& values) {
   bind(values);
   bool onRow = step();
   Recordset result(columns());
-  const int width = static_cast<int>(result.columns().size());
-  for (; onRow; onRow = step()) {
-    std::vector<QVariant> cells;
-    cells.reserve(static_cast<size_t>(width));
-    for (int i = 0; i < width; ++i) cells.push_back(value(i));
-    result.append(std::move(cells));
-  }
+  for (; onRow; onRow = step()) result.append(cells());
   reset();
   return result;
+}
+
+void Statement::each(const Values& values, const EachRow& use) {
+  bind(values);
+  try {
+    while (step()) use(cells());
+  } catch (...) {
+    reset();
+    throw;
+  }
+  reset();
+}
+
+std::vector<QVariant> Statement::cells() const {
+  const int width = sqlite3_column_count(statement_.get());
+  std::vector<QVariant> read;
+  read.reserve(static_cast<size_t>(width));
+  for (int i = 0; i < width; ++i) read.push_back(value(i));
+  return read;
 }
 
 int Statement::run(const Values& values) {

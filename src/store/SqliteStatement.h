@@ -18,6 +18,7 @@ class Statement : public EngineStatement {
   Statement(sqlite3* connection, const QString& sql, const QString& path);
 
   Recordset query(const Values& values) override;
+  void each(const Values& values, const EachRow& use) override;
   int run(const Values& values) override;
 
   /// Binds a value for each mark. Throws StoreError when their numbers differ.
@@ -33,6 +34,7 @@ class Statement : public EngineStatement {
   QVariant value(int column) const;
 
  private:
+  std::vector<QVariant> cells() const;
   [[noreturn]] void fail() const;
 
   sqlite3* connection_;

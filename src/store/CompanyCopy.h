@@ -1,0 +1,40 @@
+// Copies a whole company from one database to another, of whichever engines, and proves that nothing was
+// lost.
+#pragma once
+
+#include <functional>
+#include <QList>
+#include <QString>
+
+#include "util/Decimal.h"
+
+namespace velmar {
+
+class Database;
+
+/// What a table holds, to be compared with another one: its rows, the exact sums of its numbers, and a mark
+/// that any difference in any cell changes, in whatever order the rows come.
+struct TableProof {
+  QString table;
+  qint64 rows = 0;
+  QList<Decimal> sums;  ///< of the columns with numbers, in their order
+  quint64 mark = 0;
+
+  bool operator==(const TableProof&) const = default;
+};
+
+/// The proofs of all tables of a company, as of one moment.
+QList<TableProof> proofOf(Database& company);
+
+/// Hears how many tables of how many are done; throws Cancelled to stop.
+using CopyProgress = std::function<void(int done, int of)>;
+
+/// Copies all rows of the company into a database that has its tables, empty, as of one moment, and compares
+/// both. All or nothing. Throws StoreError when the copy is not what the company is.
+void copyCompanyRows(Database& from, Database& into, const CopyProgress& progress = {});
+
+/// Copies the database at one path to another, whole or not at all; one that stands there is replaced. Either
+/// may be a file or a database of a server, by its folder. Throws StoreError.
+void copyDatabase(const QString& from, const QString& to, const CopyProgress& progress = {});
+
+}  // namespace velmar
