@@ -122,6 +122,15 @@ void adoptCompany(const QString& folder, const QString& code, const QString& nam
       folder, company, [&] { moveDatabase(file, path); }, [&] { moveDatabase(path, file); });
 }
 
+void copyCompany(const QString& folder, const Company& company, const QString& other,
+                 const CopyProgress& progress) {
+  const Company copy = companyFrom(company.COD, company.DENUMIRE);
+  enlist(
+      other, copy,
+      [&] { copyDatabase(pathInFolder(folder, company.NUMEBD), pathInFolder(other, copy.NUMEBD), progress); },
+      [&] { removeFileAfterFailure(other, copy.NUMEBD); });
+}
+
 void requireRemovable(const QString& folder, const Company& company) {
   if (company.COD == QStringLiteral("01"))
     throw RuleError(QStringLiteral("Societatea cu codul 01 nu se poate sterge !"));

@@ -1,6 +1,7 @@
 // Creates and deletes companies: the file and the row of the list, together or not at all.
 #pragma once
 
+#include "store/CompanyCopy.h"
 #include "store/CompanyList.h"
 #include "store/Row.h"
 
@@ -15,6 +16,12 @@ void createCompany(const QString& folder, const QString& code, const QString& na
 /// Takes a finished company file, which is moved into the folder, as the company of that code. Throws as
 /// createCompany(), and then the file stays where it was.
 void adoptCompany(const QString& folder, const QString& code, const QString& name, const QString& file);
+
+/// Copies a company into another databases folder, of files or of a server, and adds it to the list there:
+/// whole or not at all. Throws RuleError when its code is taken there, StoreError when the copy cannot be
+/// proved.
+void copyCompany(const QString& folder, const Company& company, const QString& other,
+                 const CopyProgress& progress = {});
 
 /// Throws RuleError when the company must not be deleted: the first one, the open one, and one that somebody
 /// works in.

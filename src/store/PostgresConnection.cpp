@@ -228,8 +228,11 @@ void Connection::forget(const QByteArray& name) {
   run(QStringLiteral("DEALLOCATE ") + QString::fromLatin1(name));
 }
 
+bool Connection::isLost() const { return PQstatus(handle_.get()) != CONNECTION_OK; }
+
 bool Connection::renewIfLost() {
-  if (PQstatus(handle_.get()) == CONNECTION_OK) return false;
+  if (!isLost()) return false;
+  if (inTransaction_) throw describe(QStringLiteral("08006"), text(PQerrorMessage(handle_.get())), database_);
   PQreset(handle_.get());
   if (PQstatus(handle_.get()) != CONNECTION_OK)
     throw describe(QStringLiteral("08006"), text(PQerrorMessage(handle_.get())), database_);

@@ -36,14 +36,19 @@ class Connection {
             const std::function<void(std::vector<QVariant>&& cells)>& use);
   void forget(const QByteArray& name);
 
-  /// The connection was lost and made again: what was prepared on it is gone.
+  /// Makes a connection that was lost anew and tells whether it did: what was prepared on it is gone. Throws
+  /// StoreError while a transaction stands: what it did is gone as well, and nothing may follow it.
   bool renewIfLost();
+  bool isLost() const;
+  /// A transaction begins or ends.
+  void setInTransaction(bool in) { inTransaction_ = in; }
 
  private:
   Result checked(pg_result* result);
 
   std::unique_ptr<pg_conn, void (*)(pg_conn*)> handle_;
   QString database_;
+  bool inTransaction_ = false;
 };
 
 /// The tables have changed since a statement was prepared: it has to be prepared anew.

@@ -29,7 +29,7 @@ class ServerStatement : public EngineStatement {
     return recordsetOf(result, spelling_);
   }
   void each(const Values& values, const EachRow& use) override {
-    if (prepared_ != *generation_) prepare();
+    requireConnection();
     connection_->each(name_, values, use);
   }
   int run(const Values& values) override { return changedBy(execute(values)); }
@@ -40,8 +40,13 @@ class ServerStatement : public EngineStatement {
     prepared_ = *generation_;
   }
 
-  Result execute(const Values& values) {
+  void requireConnection() {
+    if (connection_->renewIfLost()) ++*generation_;
     if (prepared_ != *generation_) prepare();
+  }
+
+  Result execute(const Values& values) {
+    requireConnection();
     try {
       return connection_->execute(name_, values);
     } catch (const PlanOutdated&) {
@@ -82,24 +87,40 @@ ServerEngine::ServerEngine(const Server& server, const QString& path, bool creat
 }
 
 std::shared_ptr<EngineStatement> ServerEngine::prepare(const QString& sql) {
+  if (connection_->renewIfLost()) ++*generation_;
   return std::make_shared<ServerStatement>(connection_, generation_, sql);
 }
 
-void ServerEngine::run(const QString& sql) { connection_->run(sql); }
+void ServerEngine::run(const QString& sql) {
+  const bool commits = sql == QStringLiteral("COMMIT");
+  if (commits || sql == QStringLiteral("ROLLBACK")) connection_->setInTransaction(false);
+  try {
+    connection_->run(sql);
+  } catch (const StoreError& error) {
+    if (!commits || !connection_->isLost()) throw;
+    // Whether the server had done it when the answer was lost, nobody can tell from here.
+    throw StoreError(
+        error.number(),
+        QStringLiteral("Legatura cu serverul s-a pierdut chiar in timpul salvarii. Verificati daca "
+                       "datele au fost salvate inainte de a incerca din nou."));
+  }
+}
 
 bool ServerEngine::tryBeginWrite() {
   if (connection_->renewIfLost()) ++*generation_;
   connection_->run(QStringLiteral("BEGIN"));
+  connection_->setInTransaction(true);
   const Recordset locked = recordsetOf(
       connection_->run(QStringLiteral("SELECT pg_try_advisory_xact_lock(%1) AS locked").arg(kWriteLock)));
   if (locked.first().flag("LOCKED")) return true;
-  connection_->run(QStringLiteral("ROLLBACK"));
+  run(QStringLiteral("ROLLBACK"));
   return false;
 }
 
 void ServerEngine::beginSnapshot() {
   if (connection_->renewIfLost()) ++*generation_;
   connection_->run(QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"));
+  connection_->setInTransaction(true);
 }
 
 // A round trip costs more than the rows that it carries.
