@@ -24,8 +24,7 @@ const QByteArray kMarker = "//@Inceput#";
 void writeFile(const QString& path, const QByteArray& content) {
   QSaveFile file(path);
   if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
-    throw StoreError(kFileFailure, QStringLiteral("Fisierul %1 nu poate fi scris: %2")
-                                       .arg(QDir::toNativeSeparators(path), file.errorString()));
+    throw notWritten(file);
 }
 
 // A row is an element, a column that is not null an attribute of it.

@@ -53,11 +53,9 @@ const QStringList kAmounts = {"COST", "ADAOS", "PRETVFT", "PRETVTTI", "PRETDEVIZ
 
 // What is stored of the row: not the columns left out; a palet that nobody named is a blank.
 Row stored(const Row& article, const QStringList& leftOut) {
-  QStringList kept;
-  for (const QString& name : article.columns())
-    if (articles().column(name) && !leftOut.contains(name, Qt::CaseInsensitive)) kept.append(name);
-  Row row = rowOf(kept.join(u' '));
-  for (const QString& name : kept) row.set(name, Value::raw(article.value(name)));
+  QStringList kept = ofTable(articles(), article).columns();
+  kept.removeIf([&leftOut](const QString& name) { return leftOut.contains(name, Qt::CaseInsensitive); });
+  Row row = rowOf(kept, article);
   if (row.has("PALET") && row.text("PALET").isEmpty()) row.set("PALET", " ");
   for (const QString& name : kAmounts)
     if (row.has(name) && row.text(name).trimmed().isEmpty()) row.set(name, 0);

@@ -80,7 +80,6 @@ std::vector<DiscountBand> DiscountBands::stored() const {
 
 void DiscountBands::reload() { bands_ = stored(); }
 
-// As reload(), but a band that waits to be stored goes on waiting.
 void DiscountBands::readStored() {
   std::vector<DiscountBand> read = stored();
   if (waits()) read.push_back(bands_.back());

@@ -33,10 +33,6 @@ class DiscountBands {
   /// In order; a band that is not stored can only be the last.
   const std::vector<DiscountBand>& bands() const { return bands_; }
   int count() const { return static_cast<int>(bands_.size()); }
-  bool isFamily() const { return family_.has_value(); }
-
-  /// Reads the stored bands anew and forgets one that is not stored.
-  void reload();
 
   /// Stores what was typed as the band at that place, as the first band in an empty list; of a band that
   /// others follow the discount alone. Throws RuleError for the first thing wrong and stores nothing. Where
@@ -56,8 +52,12 @@ class DiscountBands {
 
  private:
   DiscountBands() = default;
+  bool isFamily() const { return family_.has_value(); }
   Value owner() const;
   std::vector<DiscountBand> stored() const;
+  /// Reads the stored bands anew and forgets one that is not stored.
+  void reload();
+  /// As reload(), but a band that waits to be stored goes on waiting.
   void readStored();
   void requireOwner() const;
   void requireUnchanged();

@@ -65,8 +65,7 @@ qint64 addPartner(const Row& partner, const std::optional<Decimal>& discount) {
   QStringList columns = given.columns();
   for (const char* own : {"COD", "UTILIZATOR", "DATAC"})
     if (!given.has(own)) columns.append(own);
-  Row row = rowOf(columns.join(QLatin1Char(' ')));
-  for (const QString& column : given.columns()) row.set(column, Value::raw(given.value(column)));
+  Row row = rowOf(columns, given);
   Transaction transaction(database());
   const qint64 code = NumarUrmator("kt_ter");
   row.set("COD", code);

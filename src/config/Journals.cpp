@@ -73,8 +73,7 @@ void requireRange(const Row& journal, const QString& column, const Value& value)
 }  // namespace
 
 void addJournal(const Row& journal) {
-  Row row = rowOf("COD TITLU CONT TIP FEL");
-  for (const QString& column : row.columns()) row.set(column, Value::raw(journal.value(column)));
+  Row row = rowOf({"COD", "TITLU", "CONT", "TIP", "FEL"}, journal);
   const QString code = journal.text("COD").trimmed();
   if (code.isEmpty()) throw RuleError(QStringLiteral("Va rugam completati codul jurnalului  !"), "COD");
   row.set("COD", code);
@@ -92,11 +91,10 @@ void addJournal(const Row& journal) {
 
 void changeJournal(const QString& code, const Row& journal) {
   const QString kind = journal.text("TIP");
-  QString columns = QStringLiteral("COD TITLU TIP");
-  if (!journal.text("CONT").isEmpty()) columns += QStringLiteral(" CONT");
-  if (!journal.isNull("FEL") && regimeFits(journal.integer("FEL"), kind)) columns += QStringLiteral(" FEL");
-  Row row = rowOf(columns);
-  for (const QString& column : row.columns()) row.set(column, Value::raw(journal.value(column)));
+  QStringList columns = {"COD", "TITLU", "TIP"};
+  if (!journal.text("CONT").isEmpty()) columns.append("CONT");
+  if (!journal.isNull("FEL") && regimeFits(journal.integer("FEL"), kind)) columns.append("FEL");
+  Row row = rowOf(columns, journal);
   row.set("COD", code);
   row.set("TITLU", requiredTitle(journal.text("TITLU")));
   if (!updateRecord(journals(), row)) throw gone();

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <optional>
-#include <QSet>
 
 #include "store/Database.h"
 

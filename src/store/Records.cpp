@@ -45,13 +45,18 @@ Row rowOf(const QString& columns) {
   return Row(std::make_shared<Columns>(columns.split(QLatin1Char(' '), Qt::SkipEmptyParts)));
 }
 
+Row rowOf(const QStringList& columns, const Row& from) {
+  Row row(std::make_shared<Columns>(columns));
+  for (const QString& name : columns)
+    if (from.has(name)) row.set(name, Value::raw(from.value(name)));
+  return row;
+}
+
 Row ofTable(const Table& table, const Row& row) {
   QStringList columns;
   for (const QString& name : row.columns())
     if (table.column(name)) columns.append(name);
-  Row kept = rowOf(columns.join(QLatin1Char(' ')));
-  for (const QString& name : columns) kept.set(name, Value::raw(row.value(name)));
-  return kept;
+  return rowOf(columns, row);
 }
 
 Row changesOf(const Table& table, const Row& row, const Row& shown) {
@@ -61,9 +66,7 @@ Row changesOf(const Table& table, const Row& row, const Row& shown) {
     const bool same = shown.has(name) && shown.value(name).toString() == row.value(name).toString();
     if (isKey || !same) columns.append(name);
   }
-  Row changes = rowOf(columns.join(QLatin1Char(' ')));
-  for (const QString& name : columns) changes.set(name, Value::raw(row.value(name)));
-  return changes;
+  return rowOf(columns, row);
 }
 
 void insertRecord(const Table& table, const Row& row) {

@@ -12,6 +12,9 @@ namespace velmar {
 /// A row of nulls with these columns, separated by blanks.
 Row rowOf(const QString& columns);
 
+/// A row with these columns and their values in `from`; null where that has no such column.
+Row rowOf(const QStringList& columns, const Row& from);
+
 /// The row's columns that the table has.
 Row ofTable(const Table& table, const Row& row);
 

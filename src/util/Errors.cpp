@@ -1,11 +1,19 @@
 #include "util/Errors.h"
 
+#include <QDir>
+#include <QFileDevice>
+
 #include "util/Messages.h"
 
 namespace velmar {
 
 Error::Error(int number, const QString& text)
     : std::runtime_error(text.toStdString()), number_(number), text_(text) {}
+
+StoreError notWritten(const QFileDevice& file) {
+  return StoreError(kFileFailure, QStringLiteral("Fisierul %1 nu poate fi scris: %2")
+                                      .arg(QDir::toNativeSeparators(file.fileName()), file.errorString()));
+}
 
 RuleError::RuleError(const QString& text, const QString& field, int icon, const QString& title)
     : Error(0, text), field_(field), icon_(icon), title_(title) {}

@@ -5,6 +5,8 @@
 #include <source_location>
 #include <stdexcept>
 
+class QFileDevice;
+
 namespace velmar {
 
 /// Numbers of errors that are the program's own; those of the engine stand beside them in reports.
@@ -33,6 +35,9 @@ class StoreError : public Error {
  public:
   using Error::Error;
 };
+
+/// The error for a file that cannot be written, with what the system says of it.
+StoreError notWritten(const QFileDevice& file);
 
 /// A rule of the trade was broken: the text is the whole message a user should read.
 class RuleError : public Error {

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 #include <QDir>
 
+#include "config/Warehouses.h"
 #include "shell/ApplicationFolder.h"
 #include "shell/Login.h"
-#include "config/Warehouses.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
 #include "util/Settings.h"

@@ -13,7 +13,7 @@
 #include "config/Session.h"
 #include "config/windows/CodeBox.h"
 #include "config/windows/ComboFill.h"
-#include "store/Schema.h"
+#include "store/Records.h"
 #include "util/Errors.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
@@ -315,8 +315,7 @@ Row ArticleCard::article() const {
   const Row typed = card_.typed();
   const bool inCurrency = chkDeviza_ && chkDeviza_->isChecked() && !cboDeviza_->currentText().isEmpty();
   if (!inCurrency) return typed;
-  Row row(std::make_shared<Columns>(typed.columns() + QStringList("CODDEVIZA")));
-  for (const QString& column : typed.columns()) row.set(column, Value::raw(typed.value(column)));
+  Row row = rowOf(typed.columns() + QStringList("CODDEVIZA"), typed);
   row.set("CODDEVIZA", cboDeviza_->currentText());
   return row;
 }

@@ -35,7 +35,6 @@ void CatalogueForm::setCatalogue(const QList<GridColumn>& columns, const ListQue
   defaultOrder_ = order_ = order;
   auto* grid = new EntryGrid("grdDataGrid", EntryGrid::Refused::Reverted, objectName());
   grid->setColumns(columns);
-  grid->setSelectionMode(QAbstractItemView::ExtendedSelection);
   const auto read = [this]() -> std::unique_ptr<RowSource> {
     std::unique_ptr<RowSource> rows = std::move(found_);
     if (!rows) rows = std::make_unique<ListRows>(query_, condition_, order_);

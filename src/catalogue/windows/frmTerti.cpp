@@ -329,8 +329,7 @@ void frmTerti::showRecord(const Row* current) {
   const qint64 code = current->integer("COD");
   const Row partner = record(companyTable("kt_ter"), code);
   if (partner.isEmpty()) return ListForm::showRecord(nullptr);
-  Row shown = rowOf(partner.columns().join(u' ') + QStringLiteral(" Discount"));
-  for (const QString& column : partner.columns()) shown.set(column, Value::raw(partner.value(column)));
+  Row shown = rowOf(partner.columns() + QStringList("Discount"), partner);
   if (const auto discount = partnerDiscount(code)) shown.set("Discount", *discount);
   shown_ = shown;
   ListForm::showRecord(&shown);

@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 
@@ -38,9 +37,8 @@ const AccountField kAccounts[] = {{"Cont furnizori", "CONTFurnizori"},
 const BoundList kAccountList = codeList("kt_pc", "CONT", "TITLU");
 constexpr int kShownName = 40;  // characters
 
-const QString kColumns = QStringLiteral(
-    "CONTFurnizori CONTClienti CONTNIR CONTVAMA CONTINTRPROD CONTAVIZEXP_M CONTAVIZEXP_P "
-    "FCSTART FCEND SERIEFC AESTART AEEND SERIEAE");
+// Stands in kt_info, unlike the rest of the tab.
+const QString kDecimals = QStringLiteral("NrZec");
 
 }  // namespace
 
@@ -56,7 +54,6 @@ AccountsPage::AccountsPage(QWidget* parent) : ParameterPage(parent) {
   auto* all = new QHBoxLayout(this);
   all->addLayout(left, 1);
   all->addLayout(right);
-  watchControls();
 }
 
 QWidget* AccountsPage::accountsFrame() {
@@ -91,12 +88,13 @@ QWidget* AccountsPage::rangeFrame(const QString& title, int firstBox, const QStr
 }
 
 QWidget* AccountsPage::pricesRow() {
-  txtNrZecimale_ = addNumberBox("txtNrZecimale", "NrZec", kDecimalsWidth, "Valoarea trebuie sa fie numerica",
-                                "Numarul de zecimale al preturilor si valorilor");
+  QLineEdit* box =
+      addNumberBox("txtNrZecimale", kDecimals, kDecimalsWidth, "Valoarea trebuie sa fie numerica",
+                   "Numarul de zecimale al preturilor si valorilor");
   auto* row = new QWidget;
   auto* grid = new QGridLayout(row);
   grid->setContentsMargins(0, 0, 0, 0);
-  addField(grid, 0, 0, "Nr. Zecimale", txtNrZecimale_);
+  addField(grid, 0, 0, "Nr. Zecimale", box);
   grid->addWidget(stornoFrame(), 1, 0, 1, 3);
   grid->setColumnStretch(2, 1);
   return row;
@@ -105,7 +103,7 @@ QWidget* AccountsPage::pricesRow() {
 QWidget* AccountsPage::stornoFrame() {
   auto* frame = new QGroupBox("Stornare ");
   auto* row = new QHBoxLayout(frame);
-  optStornareNegru_ = named(new QRadioButton("Negru "), "optStornareNegru");
+  optStornareNegru_ = card().add("StornareNegru", named(new QRadioButton("Negru "), "optStornareNegru"));
   optStornareRosu_ = named(new QRadioButton("Rosu "), "optStornareRosu");
   txtTipStornare_ = named(new QLineEdit(frame), "txtTipStornare");
   txtTipStornare_->hide();
@@ -126,23 +124,28 @@ void AccountsPage::fillCombos() { fillCodeCombos(combos_, kAccountList); }
 
 void AccountsPage::takePlan(int plan) {
   const Row accounts = defaultAccounts(plan);
-  showBoxes(accounts, accounts.columns().join(QLatin1Char(' ')));
+  for (const QString& column : accounts.columns())
+    static_cast<QLineEdit*>(card().control(column))->setText(accounts.text(column));
   fillCombos();
+  emit edited();
 }
 
 void AccountsPage::showStored() {
   const Row parameters = storedParameters();
-  showBoxes(parameters, kColumns);
-  showBoxes(storedIdentity(), "NrZec");
+  Row shown = rowOf(parameters.columns() + QStringList(kDecimals), parameters);
+  shown.set(kDecimals, Value::raw(storedIdentity().value(kDecimals)));
+  card().show(shown);
   showStorno(parameters.flag("StornareNegru"));
   fillCombos();
 }
 
 void AccountsPage::storeShown() {
-  Row accounts = rowOf(kColumns + QStringLiteral(" StornareNegru"));
-  takeBoxes(accounts);
+  const Row typed = card().typed();
+  QStringList columns = typed.columns();
+  columns.removeAll(kDecimals);
+  Row accounts = rowOf(columns, typed);
   accounts.set("StornareNegru", txtTipStornare_->text().toInt());
-  saveAccounts(accounts, txtNrZecimale_->text());
+  saveAccounts(accounts, typed.text(kDecimals));
 }
 
 }  // namespace velmar

@@ -30,10 +30,9 @@ class AccountsPage : public ParameterPage {
   void fillCombos();
 
   QList<SearchCombo*> combos_;
-  QLineEdit* txtNrZecimale_;
   QRadioButton* optStornareNegru_;
   QRadioButton* optStornareRosu_;
-  QLineEdit* txtTipStornare_;  // the way as it is stored
+  QLineEdit* txtTipStornare_;  ///< the way as "1" or "0", never seen
 };
 
 }  // namespace velmar

@@ -5,8 +5,6 @@
 
 #include "config/FiscalYears.h"
 #include "config/Parameters.h"
-#include "store/Records.h"
-#include "util/Clock.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/windows/Controls.h"
@@ -54,8 +52,7 @@ FiscalYearPage::FiscalYearPage(QWidget* parent) : ParameterPage(parent) {
     date->setDisplayFormat("dd/MM/yyyy");
     moveOnWithEnter(date);
     connect(date, &QDateEdit::dateChanged, this, [this, column = kColumns[i]] { warn(column); });
-    setControl(kColumns[i], date);
-    dates_.append(date);
+    dates_.append(card().add(kColumns[i], date));
   }
   int row = 2;
   for (int i = 0; i < static_cast<int>(std::size(kRanges)); ++i, row += 3) {
@@ -66,13 +63,6 @@ FiscalYearPage::FiscalYearPage(QWidget* parent) : ParameterPage(parent) {
   }
   grid->setColumnStretch(4, 1);
   grid->setRowStretch(row, 1);
-  watchControls();
-}
-
-Row FiscalYearPage::dates() const {
-  Row row = rowOf(kColumns.join(QLatin1Char(' ')));
-  for (int i = 0; i < kColumns.size(); ++i) row.set(kColumns[i], dates_[i]->date());
-  return row;
 }
 
 // Once the change is over: a date is also taken over while the focus moves on.
@@ -84,19 +74,11 @@ void FiscalYearPage::warn(const QString& column) {
 
 void FiscalYearPage::tellWarning() {
   const QString column = std::exchange(changed_, {});
-  const QString text = column.isEmpty() ? QString() : fiscalYearWarning(dates(), column);
+  const QString text = column.isEmpty() ? QString() : fiscalYearWarning(card().typed(), column);
   if (!text.isEmpty() && isVisible()) Mesaj(text);
 }
 
-void FiscalYearPage::showStored() {
-  const Row stored = storedParameters();
-  quiet_ = true;
-  for (int i = 0; i < kColumns.size(); ++i) {
-    const QDate date = stored.date(kColumns[i]);
-    dates_[i]->setDate(date.isValid() ? date : clock::today());
-  }
-  quiet_ = false;
-}
+void FiscalYearPage::showStored() { card().show(storedParameters()); }
 
 void FiscalYearPage::storeShown() {
   // What stands typed is part of what is saved, and the checks of saving say what is wrong with it.
@@ -104,7 +86,7 @@ void FiscalYearPage::storeShown() {
   for (DateBox* date : dates_) date->takeTyped();
   quiet_ = false;
   changed_.clear();
-  saveFiscalYears(dates());
+  saveFiscalYears(card().typed());
 }
 
 }  // namespace velmar

@@ -19,7 +19,6 @@ class FiscalYearPage : public ParameterPage {
   void storeShown() override;
 
  private:
-  Row dates() const;
   void warn(const QString& column);
   void tellWarning();
 

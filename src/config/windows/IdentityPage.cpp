@@ -11,6 +11,7 @@
 #include "store/Records.h"
 #include "util/Errors.h"
 #include "util/windows/Controls.h"
+#include "util/windows/Entry.h"
 
 namespace velmar {
 
@@ -24,17 +25,6 @@ constexpr int kFirstWorkPointBox = 19;
 
 QString textName(int number) { return QStringLiteral("Text1(%1)").arg(number); }
 
-// All boxes of the tab, in the order of their columns in the table.
-QString identityColumns() {
-  QString columns =
-      QStringLiteral("DENUMIRE TIP NREGCOM CODFISCAL CAPSOC FP RAMURA PLATITVA banca contbancar");
-  for (const char* place : {"1", "2"})
-    for (const char* column :
-         {"STRADA", "NR", "BLOC", "AP", "ORAS", "JUDET", "CODPOSTAL", "TELEFON", "FAX", "EMAIL"})
-      columns += QLatin1Char(' ') + QString::fromLatin1(column) + QString::fromLatin1(place);
-  return columns;
-}
-
 QRadioButton* makeOption(const QString& name, const QString& caption, QBoxLayout* layout) {
   auto* option = named(new QRadioButton(caption), name);
   layout->addWidget(option);
@@ -44,14 +34,15 @@ QRadioButton* makeOption(const QString& name, const QString& caption, QBoxLayout
 }  // namespace
 
 IdentityPage::IdentityPage(QWidget* parent) : ParameterPage(parent) {
-  chkModAudio_ =
+  auto* chkModAudio = card().add(
+      "MODAUDIO",
       named(new QCheckBox("Mod aparate auditive"), "chkModAudio",
-            "Arata comenzile pentru aparate auditive; meniul se schimba la urmatoarea autentificare");
+            "Arata comenzile pentru aparate auditive; meniul se schimba la urmatoarea autentificare"));
   QWidget* identity = identityFrame();
   auto* options = new QVBoxLayout;
   options->addWidget(planFrame_ = planFrame());
   options->addWidget(methodFrame());
-  options->addWidget(chkModAudio_);
+  options->addWidget(chkModAudio);
   options->addStretch();
   auto* top = new QHBoxLayout;
   top->addWidget(identity, 1);
@@ -63,15 +54,15 @@ IdentityPage::IdentityPage(QWidget* parent) : ParameterPage(parent) {
   all->addLayout(top);
   all->addLayout(addresses);
   all->addStretch();
-  watchControls();
 }
 
 QWidget* IdentityPage::identityFrame() {
   const QString info = QStringLiteral("kt_info");
   auto* frame = new QGroupBox("Date de identificare");
   auto* grid = new QGridLayout(frame);
-  QLineEdit* name = addTextBox(textName(0), info, "DENUMIRE");
-  name->setMaxLength(kNameWidth);
+  QLineEdit* name = card().add("DENUMIRE", makeTextBox(textName(0), kNameWidth));
+  fitCapitals(name);
+  moveOnWithEnter(name);
   addField(grid, 0, 0, "Denumire", name, 3);
   addField(grid, 1, 0, "Tip", addTextBox(textName(1), info, "TIP"));
   addField(grid, 1, 2, "Nr.Reg.Comert", addTextBox(textName(2), info, "NREGCOM"));
@@ -134,10 +125,14 @@ QGroupBox* IdentityPage::methodFrame() {
   auto* layout = new QVBoxLayout(frame);
   Option1_ = makeOption("Option1", "FIFO", layout);
   Option2_ = makeOption("Option2", "CMP", layout);
-  Text2_ = named(new QLineEdit(frame), "Text2");
+  Text2_ = card().add("TCOST", named(new QLineEdit(frame), "Text2"));
   Text2_->hide();
-  connect(Option1_, &QRadioButton::clicked, this, [this] { Text2_->setText("FIFO"); });
-  connect(Option2_, &QRadioButton::clicked, this, [this] { Text2_->setText("MP"); });
+  const auto choose = [this](const QString& method) {
+    Text2_->setText(method);
+    emit edited();
+  };
+  connect(Option1_, &QRadioButton::clicked, this, [choose] { choose("FIFO"); });
+  connect(Option2_, &QRadioButton::clicked, this, [choose] { choose("MP"); });
   return frame;
 }
 
@@ -159,17 +154,19 @@ void IdentityPage::showMethod(const QString& method) {
 
 void IdentityPage::showStored() {
   const Row info = storedIdentity();
-  showBoxes(info, identityColumns());
+  Row shown = rowOf(info.columns() + QStringList("MODAUDIO"), info);
+  shown.set("MODAUDIO", storedParameters().flag("MODAUDIO"));
+  card().show(shown);
   showMethod(info.text("TCOST"));
   showPlan();
-  chkModAudio_->setChecked(storedParameters().flag("MODAUDIO"));
 }
 
 void IdentityPage::storeShown() {
-  Row identity = rowOf(identityColumns());
-  takeBoxes(identity);
+  const Row typed = card().typed();
+  QStringList columns = typed.columns();
+  for (const char* apart : {"TCOST", "MODAUDIO"}) columns.removeAll(QLatin1String(apart));
   try {
-    saveIdentity(identity, Text2_->text(), chkModAudio_->isChecked());
+    saveIdentity(rowOf(columns, typed), typed.text("TCOST"), typed.flag("MODAUDIO"));
   } catch (const RuleError& rule) {
     if (rule.field() == QStringLiteral("TCOST")) showMethod(storedIdentity().text("TCOST"));
     throw;

@@ -4,7 +4,6 @@
 #include "config/windows/ParameterPage.h"
 
 class QBoxLayout;
-class QCheckBox;
 class QGroupBox;
 class QRadioButton;
 
@@ -38,7 +37,6 @@ class IdentityPage : public ParameterPage {
   QRadioButton* Option1_;
   QRadioButton* Option2_;
   QLineEdit* Text2_;  // the method as it is stored
-  QCheckBox* chkModAudio_;
 };
 
 }  // namespace velmar

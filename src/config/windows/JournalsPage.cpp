@@ -7,7 +7,6 @@
 #include "config/Lists.h"
 #include "config/Parameters.h"
 #include "config/windows/CodeBox.h"
-#include "store/Records.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
 #include "util/windows/SearchCombo.h"
@@ -31,10 +30,6 @@ const JournalField kJournals[] = {{"Factura furnizori", "JURFACFUR"}, {"Factura 
 const BoundList kJournalList = codeList("kt_jur", "COD", "TITLU", "TIP IN ('C', 'V', 'D')");
 constexpr int kShownName = 40;  // characters
 
-const QString kColumns = QStringLiteral(
-    "JURFACFUR JURFACIMP JURFACCLI JURFACSTORNO JURAVIZ JURBONINTR JURBONCONS JURNIR "
-    "CASAMARCAT CASAMARCAT_Nr");
-
 }  // namespace
 
 JournalsPage::JournalsPage(QWidget* parent) : ParameterPage(parent) {
@@ -42,7 +37,6 @@ JournalsPage::JournalsPage(QWidget* parent) : ParameterPage(parent) {
   all->addWidget(journalsFrame());
   all->addWidget(registerRow());
   all->addStretch();
-  watchControls();
 }
 
 QWidget* JournalsPage::journalsFrame() {
@@ -76,14 +70,10 @@ QWidget* JournalsPage::registerRow() {
 }
 
 void JournalsPage::showStored() {
-  showBoxes(storedParameters(), kColumns);
+  card().show(storedParameters());
   fillCodeCombos(combos_, kJournalList);
 }
 
-void JournalsPage::storeShown() {
-  Row journals = rowOf(kColumns);
-  takeBoxes(journals);
-  saveJournals(journals);
-}
+void JournalsPage::storeShown() { saveJournals(card().typed()); }
 
 }  // namespace velmar

@@ -1,11 +1,9 @@
-// A tab of the parameters window: boxes over columns of one table, what was changed in them, where a fault
-// lies.
+// A tab of the parameters window: a card over columns of its one record, and where a fault lies.
 #pragma once
 
-#include <QHash>
 #include <QWidget>
 
-#include "store/Row.h"
+#include "store/windows/Card.h"
 
 class QGridLayout;
 class QLineEdit;
@@ -15,7 +13,7 @@ namespace velmar {
 class ParameterPage : public QWidget {
   Q_OBJECT
  public:
-  using QWidget::QWidget;
+  explicit ParameterPage(QWidget* parent);
 
   /// Shows what is stored.
   void load();
@@ -24,7 +22,7 @@ class ParameterPage : public QWidget {
   void save();
 
   /// Whether something stands in the controls that was not saved.
-  bool isChanged() const { return state() != saved_; }
+  bool isChanged() const { return card_.isChanged(); }
   /// Puts the focus where the column is entered.
   void focusColumn(const QString& column);
 
@@ -35,28 +33,16 @@ class ParameterPage : public QWidget {
   virtual void showStored() = 0;
   virtual void storeShown() = 0;
 
+  Card& card() { return card_; }
   /// A box for a column of the table, as wide as the column's text.
   QLineEdit* addTextBox(const QString& name, const QString& table, const QString& column,
                         const QString& toolTip = {});
   /// A box for a number of at most `width` characters, which must be one when it is left.
   QLineEdit* addNumberBox(const QString& name, const QString& column, int width, const QString& message,
                           const QString& toolTip = {});
-  /// Says where the column is entered.
-  void setControl(const QString& column, QWidget* control) { controls_.insert(column.toUpper(), control); }
-
-  /// Puts columns of the row, separated by blanks, into their boxes.
-  void showBoxes(const Row& row, const QString& columns);
-  /// Takes the columns that the row has from their boxes.
-  void takeBoxes(Row& row) const;
-
-  /// Heeds all changes in the controls; to be called once they all stand.
-  void watchControls();
 
  private:
-  QStringList state() const;
-
-  QHash<QString, QWidget*> controls_;  // by column in upper case
-  QStringList saved_;
+  Card card_;
 };
 
 /// Makes the box wide enough for as many digits as it takes.

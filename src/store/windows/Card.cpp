@@ -1,6 +1,7 @@
 #include "store/windows/Card.h"
 
-#include <QCheckBox>
+#include <algorithm>
+#include <QAbstractButton>
 #include <QLabel>
 
 #include "util/Clock.h"
@@ -35,7 +36,7 @@ void setValue(QWidget* control, const QVariant& value) {
   } else if (auto* list = qobject_cast<QComboBox*>(control)) {
     const QSignalBlocker quiet(list);
     list->setCurrentIndex(value.isNull() ? -1 : itemOf(list, value));
-  } else if (auto* check = qobject_cast<QCheckBox*>(control)) {
+  } else if (auto* check = qobject_cast<QAbstractButton*>(control)) {
     const QSignalBlocker quiet(check);
     check->setChecked(value.toLongLong() != 0);
   } else if (auto* date = qobject_cast<DateBox*>(control)) {
@@ -57,7 +58,7 @@ Value valueOf(const QWidget* control) {
   if (const auto* box = qobject_cast<const QLineEdit*>(control)) return textOrNull(box->text().trimmed());
   if (const auto* search = qobject_cast<const SearchCombo*>(control)) return Value::raw(search->choice());
   if (const auto* list = qobject_cast<const QComboBox*>(control)) return Value::raw(list->currentData());
-  if (const auto* check = qobject_cast<const QCheckBox*>(control)) return check->isChecked();
+  if (const auto* check = qobject_cast<const QAbstractButton*>(control)) return check->isChecked();
   if (const auto* date = qobject_cast<const DateBox*>(control)) return date->date();
   if (const auto* label = qobject_cast<const QLabel*>(control)) return textOrNull(label->text());
   return {};
@@ -65,28 +66,34 @@ Value valueOf(const QWidget* control) {
 
 }  // namespace
 
+// A box cuts what is longer than itself, and a record would be saved shorter than it was found.
+void Card::put(const Bound& bound, const QVariant& value) {
+  if (auto* box = qobject_cast<QLineEdit*>(bound.control))
+    box->setMaxLength(std::max(bound.length, static_cast<int>(value.toString().size())));
+  setValue(bound.control, value);
+}
+
 void Card::bind(const QString& column, QWidget* control) {
-  bound_.append({column, control});
-  if (auto* box = qobject_cast<QLineEdit*>(control))
-    connect(box, &QLineEdit::textEdited, this, &Card::edited);
+  auto* box = qobject_cast<QLineEdit*>(control);
+  bound_.append({column, control, box ? box->maxLength() : 0});
+  if (box) connect(box, &QLineEdit::textEdited, this, &Card::edited);
   if (auto* search = qobject_cast<SearchCombo*>(control))
     connect(search, &SearchCombo::settled, this, &Card::edited);
   else if (auto* list = qobject_cast<QComboBox*>(control))
     connect(list, &QComboBox::currentIndexChanged, this, &Card::edited);
-  if (auto* check = qobject_cast<QCheckBox*>(control))
-    connect(check, &QCheckBox::toggled, this, &Card::edited);
+  if (auto* check = qobject_cast<QAbstractButton*>(control))
+    connect(check, &QAbstractButton::toggled, this, &Card::edited);
   if (auto* date = qobject_cast<DateBox*>(control))
     connect(date, &QDateEdit::dateChanged, this, &Card::edited);
 }
 
 void Card::show(const Row& row) {
-  for (const Bound& bound : bound_)
-    setValue(bound.control, row.has(bound.column) ? row.value(bound.column) : QVariant());
+  for (const Bound& bound : bound_) put(bound, row.has(bound.column) ? row.value(bound.column) : QVariant());
   settle();
 }
 
 void Card::clear() {
-  for (const Bound& bound : bound_) setValue(bound.control, defaults_.value(bound.column).data());
+  for (const Bound& bound : bound_) put(bound, defaults_.value(bound.column).data());
   settle();
 }
 

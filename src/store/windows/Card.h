@@ -9,8 +9,9 @@
 
 namespace velmar {
 
-/// Boxes, lists, check boxes, dates and labels, each with the column that it shows. A list carries the
-/// column's values as the data of its items; a label only shows.
+/// Boxes, lists, check boxes and options, dates and labels, each with the column that it shows. A list
+/// carries the column's values as the data of its items; a label only shows. A text longer than its box takes
+/// is shown whole all the same.
 class Card : public QObject {
   Q_OBJECT
  public:
@@ -48,9 +49,11 @@ class Card : public QObject {
   struct Bound {
     QString column;
     QWidget* control;
+    int length;  ///< the most characters that can be typed, of a text box
   };
 
   void bind(const QString& column, QWidget* control);
+  void put(const Bound& bound, const QVariant& value);
   QStringList state() const;
 
   QList<Bound> bound_;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
-#include <QDir>
 #include <QHeaderView>
 #include <QPainter>
 #include <QSaveFile>
@@ -319,11 +318,7 @@ QString GridPrint::pageText(int page) const {
 
 void GridPrint::writeHtml(const QString& path) const {
   QSaveFile file(path);
-  const auto refused = [&] {
-    return StoreError(kFileFailure, QStringLiteral("Fisierul %1 nu se poate scrie: %2")
-                                        .arg(QDir::toNativeSeparators(path), file.errorString()));
-  };
-  if (!file.open(QIODevice::WriteOnly)) throw refused();
+  if (!file.open(QIODevice::WriteOnly)) throw notWritten(file);
   QStringList title;
   for (const Thirds& thirds : pageLines(settings_.header, 0, 1))
     for (const QString& third : thirds)
@@ -353,7 +348,7 @@ void GridPrint::writeHtml(const QString& path) const {
   }
   out << "</table>\n</body>\n</html>\n";
   out.flush();
-  if (out.status() != QTextStream::Ok || !file.commit()) throw refused();
+  if (out.status() != QTextStream::Ok || !file.commit()) throw notWritten(file);
 }
 
 bool printGrid(const TDBGrid& grid, const GridPrintSettings& settings, QWidget* parent) {

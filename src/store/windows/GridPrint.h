@@ -14,8 +14,7 @@ struct GridPrintSettings {
 
   QString name;  ///< of the files made of it
   /// Texts of the page: "\t" moves to the next third of the line (left, middle, right), "\n" to the next
-  /// line,
-  /// "\p" is the page, "\P" the number of pages.
+  /// line; "\p" is the page, "\P" the number of pages.
   QString header;
   QString footer;
   bool boldHeader = false;

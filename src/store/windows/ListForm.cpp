@@ -53,7 +53,10 @@ void ListForm::setList(EntryGrid* grid, const QString& keyField, Read read, cons
   connect(grid_, &QAbstractItemView::clicked, this, [this] {
     if (new_) guarded(objectName(), "RowColChange", [this] { showRecord(grid_->currentRecord()); });
   });
-  connect(grid_, &EntryGrid::cellStored, this, &ListForm::refreshKeepingEdits, Qt::QueuedConnection);
+  connect(
+      grid_, &EntryGrid::cellStored, this,
+      [this] { guarded(objectName(), "AfterColUpdate", [this] { refreshKeepingEdits(); }); },
+      Qt::QueuedConnection);
 }
 
 QPushButton* ListForm::command(const QString& name, const QString& caption, const QString& toolTip,
@@ -220,12 +223,16 @@ void ListForm::refreshKeepingEdits() {
 void ListForm::follow(const QSet<QString>& written) {
   if (stale_ || !grid_ || !written.intersects(tables_)) return;
   stale_ = true;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        if (stale_ && isVisible()) guarded(objectName(), "Form_Activate", [this] { refreshKeepingEdits(); });
-      },
-      Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, &ListForm::catchUp, Qt::QueuedConnection);
+}
+
+void ListForm::catchUp() {
+  if (stale_ && isVisible()) guarded(objectName(), "Form_Activate", [this] { refreshKeepingEdits(); });
+}
+
+void ListForm::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  catchUp();
 }
 
 void ListForm::showRecord(const Row* record) {
@@ -260,7 +267,7 @@ void ListForm::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
   if (key == Qt::Key_Escape) {
     if (card_.isChanged())
-      takeBack();
+      guarded(objectName(), "KeyDown", [this] { takeBack(); });
     else if (exit_)
       exit_->click();
     return;

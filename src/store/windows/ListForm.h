@@ -87,6 +87,8 @@ class ListForm : public QWidget {
   virtual void focusField(const QString& column);
 
   void keyPressEvent(QKeyEvent* event) override;
+  /// Reads the list again when its tables were written while the window was out of sight.
+  void showEvent(QShowEvent* event) override;
   /// Whether the card holds no record of the list.
   bool isNew() const { return new_; }
   void setNew(bool isNew) { new_ = isNew; }
@@ -94,6 +96,7 @@ class ListForm : public QWidget {
  private:
   void refreshKeepingEdits();
   void follow(const QSet<QString>& written);
+  void catchUp();
   void takeBack();
   void search(const QString& text);
   void showState();
@@ -108,8 +111,8 @@ class ListForm : public QWidget {
   QString searchField_;
   QLabel* state_;
   QPushButton* exit_ = nullptr;
-  bool stale_ = false;
-  bool keepEdits_ = false;
+  bool stale_ = false;      ///< a table of the list was written after it was read
+  bool keepEdits_ = false;  ///< the list is read beneath a card that is being typed into
   bool new_ = false;
   bool addOnly_ = false;
 };

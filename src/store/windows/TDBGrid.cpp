@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include "util/Errors.h"
 #include "util/NumberText.h"
 #include "util/Settings.h"
 
@@ -298,7 +299,7 @@ void TDBGrid::orderByHeading(int column) {
     wanted.descending = wanted.fields == QStringList(field) && !wanted.descending;
     wanted.fields = {field};
   }
-  sortBy(wanted);
+  guarded(objectName(), "HeadClick", [&] { sortBy(wanted); });
 }
 
 void TDBGrid::sortBy(const GridOrder& order) {

@@ -1,4 +1,4 @@
-// How fields of documents are entered: Enter moves on, locked fields show it.
+// How fields are entered: Enter moves on, locked fields show it.
 #pragma once
 
 class QLineEdit;

@@ -125,11 +125,7 @@ QString sendTo(const PrintTarget& target, const PrintJob& job, QWidget* parent) 
 
 void writePdf(const QString& path, const PrintTarget& pages, const PrintJob& job, QWidget* parent) {
   QSaveFile file(path);
-  const auto refused = [&path, &file] {
-    return StoreError(kFileFailure, QStringLiteral("Fisierul %1 nu se poate scrie: %2")
-                                        .arg(QDir::toNativeSeparators(path), file.errorString()));
-  };
-  if (!file.open(QIODevice::WriteOnly)) throw refused();
+  if (!file.open(QIODevice::WriteOnly)) throw notWritten(file);
   {
     QPdfWriter writer(&file);
     writer.setResolution(kDotsPerInch);
@@ -138,7 +134,7 @@ void writePdf(const QString& path, const PrintTarget& pages, const PrintJob& job
     writer.setPageLayout(wholeSheet(job));
     paintAll(writer, kDotsPerInch, pages, job, parent);
   }
-  if (!file.commit()) throw refused();
+  if (!file.commit()) throw notWritten(file);
 }
 
 void keepPreviewCopy(const PrintJob& job, QWidget* parent) {
