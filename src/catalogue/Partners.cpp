@@ -100,7 +100,7 @@ void removePartner(qint64 code) {
 void storeBalances() {
   Transaction transaction(database());
   ExecutaSql(
-      "UPDATE kt_ter SET SOLD = (SELECT SUM(L.DEBIT) - SUM(L.CREDIT) FROM kt_linii L "
+      "UPDATE kt_ter SET SOLD = (SELECT ROUND_EVEN(SUM(L.DEBIT) - SUM(L.CREDIT), 2) FROM kt_linii L "
       "WHERE L.TERT = kt_ter.COD AND L.CONT = (SELECT MAX(C.CONT) FROM kt_linii C WHERE C.TERT = kt_ter.COD "
       "AND C.CONT >= '4' AND C.CONT < '5')) "
       "WHERE COD IN (SELECT TERT FROM kt_linii WHERE CONT >= '4' AND CONT < '5' AND TERT IS NOT NULL)");

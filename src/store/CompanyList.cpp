@@ -10,6 +10,7 @@
 #include <QXmlStreamWriter>
 
 #include "store/DatabaseFiles.h"
+#include "store/Server.h"
 #include "util/Errors.h"
 
 namespace velmar {
@@ -277,6 +278,8 @@ QList<Company> IncarcaSocietati(const QString& folder, QString& gDenSocietateNou
   underFileLock(folder, kListName, [&] {
     // Another process may have made it meanwhile.
     if (databaseExists(folder, kFirstCompanyName)) return;
+    // The template of a folder of files comes with the program's own folder; a server gets it here.
+    if (serverOf(folder)) bringTemplateUpToDate(folder);
     makeCompanyFile(folder, kFirstCompanyName);
     MarcheazaVersiune(folder, kFirstCompanyName, gDenSocietateNoua);
   });

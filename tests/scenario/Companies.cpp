@@ -123,10 +123,7 @@ QString Companies::freshFolder() {
   if (!startUp_) begin();
   QString folder = folders_.nextDatabases();
   nameTestServer(folder);
-  if (serverOf(folder)) {
-    bringTemplateUpToDate(folder);
-    return folder;
-  }
+  if (serverOf(folder)) return folder;
   if (!QFile::copy(pathInFolder(folders_.app(), kTemplateName), QDir(folder).filePath(kTemplateName)))
     throw Failure(QStringLiteral("the template cannot be copied to %1").arg(folder));
   return folder;

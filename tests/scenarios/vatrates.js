@@ -33,11 +33,11 @@ equal([w.text("txtProcent"), w.text("cboCont")], ["", ""]);
 grid.select(2);
 answer("Nu");
 w.click("cmdSterge");
-expectMessage("Sunteti sigur ca doriti sa stergeti cota TVA : 3 - 9.5% ?", {title: "Confirmare stergere"});
+expectMessage("Sunteti sigur ca doriti sa stergeti cota TVA : 3 - 9,5% ?", {title: "Confirmare stergere"});
 equal(rates().length, 3);
 answer("Da");
 w.click("cmdSterge");
-expectMessage("3 - 9.5% ?");
+expectMessage("3 - 9,5% ?");
 equal(rates().length, 2);
 w.close();
 

@@ -8,6 +8,7 @@
 #include "config/VatRates.h"
 #include "config/windows/CodeBox.h"
 #include "config/windows/ComboFill.h"
+#include "util/NumberText.h"
 #include "util/windows/Controls.h"
 #include "util/windows/SearchCombo.h"
 
@@ -52,7 +53,7 @@ void frmCoteTVA::remove() {
   const Row* current = list()->currentRecord();
   if (!current) return;
   removeCurrent(QStringLiteral("Sunteti sigur ca doriti sa stergeti cota TVA : %1 - ") +
-                    current->decimal("PROCENT").toString() + QStringLiteral("% ?"),
+                    editNumber(current->decimal("PROCENT")) + QStringLiteral("% ?"),
                 [](const QString& code) { removeVatRate(code.toLongLong()); });
 }
 
