@@ -125,6 +125,8 @@ void Database::createTable(const Table& table) {
 
 void Database::prepareSchema() { state_->engine->prepareSchema(); }
 
+Engine& Database::engine() { return *state_->engine; }
+
 QStringList Database::takeRecordedStatements() {
   state_->recording = true;
   return std::exchange(state_->recorded, {});

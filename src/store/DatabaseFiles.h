@@ -3,9 +3,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <QString>
 
 namespace velmar {
+
+class Database;
 
 /// Name of the template in a databases folder.
 inline const QString kTemplateName = QStringLiteral("Tarvon.mdb");
@@ -41,6 +44,10 @@ void makeCompanyFile(const QString& folder, const QString& fileName);
 /// Stamps the program's revision on the database of that name in the folder, and the company name waiting in
 /// `gDenSocietateNoua`, which then becomes "00".
 void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& gDenSocietateNoua);
+
+/// The revision that the database was last brought to; nothing when it does not tell, also for want of the
+/// table or column.
+std::optional<qint64> revisionOf(Database& database);
 
 /// Moves a closed database from one folder to another of the same kind. Throws StoreError.
 void moveDatabase(const QString& from, const QString& to);
