@@ -177,6 +177,8 @@ void Connection::forget(const QByteArray& name) {
   run(QStringLiteral("DEALLOCATE ") + QString::fromLatin1(name));
 }
 
+bool Connection::inFailedTransaction() const { return PQtransactionStatus(handle_.get()) == PQTRANS_INERROR; }
+
 bool Connection::renewIfLost() {
   if (PQstatus(handle_.get()) == CONNECTION_OK) return false;
   PQreset(handle_.get());

@@ -32,6 +32,9 @@ class Connection {
   Result execute(const QByteArray& name, const Values& values);
   void forget(const QByteArray& name);
 
+  /// Whether an error has left a transaction in which nothing but undoing it is possible.
+  bool inFailedTransaction() const;
+
   /// The connection was lost and made again: what was prepared on it is gone.
   bool renewIfLost();
 

@@ -181,6 +181,23 @@ TEST_F(CompareTest, AColumnThatLostItsNumberingIsNumberedOn) {
   EXPECT_EQ(cell("SELECT ID FROM kt_par WHERE TVAVanzare = '4428'").toInt(), 10);
 }
 
+// At worst the transaction of the moment is lost to whoever works meanwhile, and not the next one.
+TEST_F(CompareTest, AColleagueWorksOnAfterTheUpgrade) {
+  change({"ALTER TABLE kt_info DROP COLUMN EMAIL2"});
+  const auto colleague = Database::open(TestCompany::path());
+  const auto emails = [&colleague] {
+    Transaction transaction(*colleague);
+    return colleague->query("SELECT * FROM kt_info").first().has("EMAIL2");
+  };
+  EXPECT_FALSE(emails());
+  compare();
+  try {
+    EXPECT_TRUE(emails());
+  } catch (const StoreError&) {
+    EXPECT_TRUE(emails());
+  }
+}
+
 TEST_F(CompareTest, AFailureInTheMiddleLeavesEverythingAsItWas) {
   // Something to do before and behind the value that cannot become a number.
   change({"DROP VIEW qryTertiLinii", "ALTER TABLE kt_info DROP COLUMN EMAIL2", "DROP TABLE G_I_E",
