@@ -29,7 +29,7 @@ class FileEngine : public Engine {
   Recordset ask(const QString& sql, const Values& values = {});
   std::vector<StoredStatement> stored(const QString& sql, const Values& values = {});
   void rebuild(const TableShape& from, const TableShape& to);
-  void requireConverted(const TableShape& table, const ColumnShape& column);
+  void requireConverted(const QString& table, const ColumnShape& column, bool moment);
 
   QString path_;
   QString name_;

@@ -46,14 +46,22 @@ QString converted(const ColumnShape& from, const ColumnShape& to) {
       .arg(name);
 }
 
-// Our own dates and times are the texts that do not sort as texts do.
-bool isMoment(const ColumnShape& column) { return column.isText && column.attributes.isEmpty(); }
+// The engine keeps dates and times as texts; which columns hold them is told by the description alone.
+bool isMoment(const QString& tableName, const QString& columnName) {
+  for (const Table& table : companyTables()) {
+    if (table.name().compare(tableName, Qt::CaseInsensitive) != 0) continue;
+    const Column* column = table.column(columnName);
+    return column && (column->type == ColumnType::Date || column->type == ColumnType::Time ||
+                      column->type == ColumnType::DateTime);
+  }
+  return false;
+}
 
-QString misfit(const ColumnShape& column) {
+QString misfit(const ColumnShape& column, bool moment) {
   const QString name = quotedIdentifier(column.name);
   QString condition = QStringLiteral("%1 IS NOT NULL AND (TYPEOF(%1) NOT IN (%2)").arg(name, kindsOf(column));
   if (column.width > 0) condition += QStringLiteral(" OR LENGTH(%1) > %2").arg(name).arg(column.width);
-  if (isMoment(column) && column.width == 0)
+  if (moment)
     condition += QStringLiteral(
                      " OR JULIANDAY(%1) IS NULL OR (%1 NOT GLOB '[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]*'"
                      " AND %1 NOT GLOB '[0-9][0-9]:[0-9][0-9]*')")
@@ -169,7 +177,7 @@ void FileEngine::rebuild(const TableShape& from, const TableShape& to) {
                quotedIdentifier(from.name)));
   for (const ColumnShape& column : to.columns) {
     const ColumnShape* old = from.column(column.name);
-    if (old && isRetyped(*old, column)) requireConverted(draft, column);
+    if (old && isRetyped(*old, column)) requireConverted(draft.name, column, isMoment(to.name, column.name));
   }
   run(QStringLiteral("DROP TABLE ") + quotedIdentifier(from.name));
   run(QStringLiteral("ALTER TABLE %1 RENAME TO %2")
@@ -178,10 +186,10 @@ void FileEngine::rebuild(const TableShape& from, const TableShape& to) {
 }
 
 // The engine takes any value into any column, and only seeks to bring it to the column's type.
-void FileEngine::requireConverted(const TableShape& table, const ColumnShape& column) {
+void FileEngine::requireConverted(const QString& table, const ColumnShape& column, bool moment) {
   const Recordset misfits =
       ask(QStringLiteral("SELECT %1 AS misfit FROM %2 WHERE %3 LIMIT 1")
-              .arg(quotedIdentifier(column.name), quotedIdentifier(table.name), misfit(column)));
+              .arg(quotedIdentifier(column.name), quotedIdentifier(table), misfit(column, moment)));
   if (misfits.isEmpty()) return;
   throw StoreError(SQLITE_MISMATCH,
                    QStringLiteral("Valoarea \"%1\" din coloana %2 nu se potriveste cu tipul %3.")

@@ -25,6 +25,10 @@ const ColumnShape* TableShape::column(const QString& wanted) const {
   return nullptr;
 }
 
+ColumnShape* TableShape::column(const QString& wanted) {
+  return const_cast<ColumnShape*>(std::as_const(*this).column(wanted));
+}
+
 QString TableShape::createStatement() const {
   QStringList parts;
   for (const ColumnShape& column : columns) parts.append(column.declaration());

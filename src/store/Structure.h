@@ -35,6 +35,7 @@ struct TableShape {
 
   /// The column of that name in any case, null when there is none.
   const ColumnShape* column(const QString& name) const;
+  ColumnShape* column(const QString& name);
   QString createStatement() const;
   bool operator==(const TableShape&) const = default;
 };

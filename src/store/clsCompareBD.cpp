@@ -1,6 +1,7 @@
 #include "store/clsCompareBD.h"
 
 #include <algorithm>
+#include <climits>
 
 #include "store/Database.h"
 #include "store/Engine.h"
@@ -23,10 +24,6 @@ const StoredStatement* find(const std::vector<StoredStatement>& all, const QStri
   const auto found = std::find_if(all.begin(), all.end(),
                                   [&name](const StoredStatement& each) { return sameName(each.name, name); });
   return found == all.end() ? nullptr : &*found;
-}
-
-ColumnShape* find(TableShape& table, const QString& name) {
-  return const_cast<ColumnShape*>(std::as_const(table).column(name));
 }
 
 }  // namespace
@@ -68,7 +65,7 @@ void clsCompareBD::CompareTables(const TableParts& wanted, const QString& name) 
   TableShape target = found;
   bool retyped = false;
   for (const ColumnShape& column : wanted.shape.columns) {
-    if (ColumnShape* own = find(target, column.name))
+    if (ColumnShape* own = target.column(column.name))
       retyped = CompareFields(column, *own) || retyped;
     else
       AdaugaCamp(target, column);
@@ -116,7 +113,7 @@ void clsCompareBD::CompareKeys(const TableShape& wanted, const TableShape& found
     target.suffix = wanted.suffix;
   }
   for (const QString& name : target.key) {
-    ColumnShape* part = find(target, name);
+    ColumnShape* part = target.column(name);
     const ColumnShape* before = found.column(name);
     part->required = part->required || (before && before->required);
   }
