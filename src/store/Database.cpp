@@ -145,6 +145,8 @@ void Database::continueNumbering(const Table& table) { state_->engine->continueN
 
 void Database::prepareSchema() { state_->engine->prepareSchema(); }
 
+Engine& Database::engine() { return *state_->engine; }
+
 QStringList Database::takeRecordedStatements() {
   state_->recording = true;
   return std::exchange(state_->recorded, {});

@@ -12,6 +12,7 @@
 
 namespace velmar {
 
+class Engine;
 class Table;
 
 class Database {
@@ -57,6 +58,9 @@ class Database {
   void continueNumbering(const Table& table);
   /// Makes what tables need before they can be made.
   void prepareSchema();
+
+  /// What the sources of the store ask of the connection itself: its catalogue and changes of structure.
+  Engine& engine();
 
   /// Texts of the statements run since the last call, each once; recording starts with the first call.
   QStringList takeRecordedStatements();

@@ -8,6 +8,7 @@
 #include <QSettings>
 
 #include "store/Database.h"
+#include "store/Engine.h"
 #include "store/PostgresEngine.h"
 #include "store/Schema.h"
 #include "store/Sqlite.h"
@@ -105,8 +106,7 @@ void setPeriods(Database& database, int year) {
 // Whether the folder has no template, or one that another version of the program wrote.
 bool templateIsOutdated(const QString& folder) {
   if (!databaseExists(folder, kTemplateName)) return true;
-  const auto database = Database::open(pathInFolder(folder, kTemplateName));
-  return database->query("SELECT VERSIUNE FROM kt_info").first().integer("VERSIUNE") != programRevision();
+  return revisionOf(*Database::open(pathInFolder(folder, kTemplateName))) != programRevision();
 }
 
 void writeTemplate(const QString& folder) {
@@ -180,6 +180,9 @@ void makeCompanyFile(const QString& folder, const QString& fileName) {
 void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& gDenSocietateNoua) {
   const auto database = Database::open(pathInFolder(folder, fileName));
   Transaction transaction(*database);
+  // A company that had lost the table has it back without its row, and would never stop asking.
+  if (database->query("SELECT VERSIUNE FROM kt_info").isEmpty())
+    database->execute("INSERT INTO kt_info (VERSIUNE) VALUES (NULL)");
   if (gDenSocietateNoua != QStringLiteral("00"))
     database->execute("UPDATE kt_info SET DENUMIRE = ?", {gDenSocietateNoua});
   database->execute("UPDATE kt_info SET VERSIUNE = ?", {programRevision()});
@@ -189,6 +192,14 @@ void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& 
 
 void makeDatabaseWhole(const QString& path, const std::function<void(const QString& draft)>& fill) {
   writeWhole(path, fill);
+}
+
+std::optional<qint64> revisionOf(Database& database) {
+  if (!database.engine().tableShape(QStringLiteral("kt_info")).column(QStringLiteral("VERSIUNE")))
+    return std::nullopt;
+  const Recordset info = database.query("SELECT VERSIUNE FROM kt_info");
+  if (info.isEmpty() || info.first().isNull("VERSIUNE")) return std::nullopt;
+  return info.first().integer("VERSIUNE");
 }
 
 void moveDatabase(const QString& from, const QString& to) {

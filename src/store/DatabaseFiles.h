@@ -3,9 +3,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <QString>
 
 namespace velmar {
+
+class Database;
 
 /// Name of the template in a databases folder.
 inline const QString kTemplateName = QStringLiteral("Tarvon.mdb");
@@ -45,6 +48,10 @@ void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& 
 /// Has `fill` make the database at the path it is given, then puts that in place of the one at `path`: whole
 /// or not at all. Throws StoreError.
 void makeDatabaseWhole(const QString& path, const std::function<void(const QString& draft)>& fill);
+
+/// The revision that the database was last brought to; nothing when it does not tell, also for want of the
+/// table or column.
+std::optional<qint64> revisionOf(Database& database);
 
 /// Moves a closed database from one folder to another of the same kind. Throws StoreError.
 void moveDatabase(const QString& from, const QString& to);

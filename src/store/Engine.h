@@ -6,6 +6,7 @@
 #include <QString>
 
 #include "store/Schema.h"
+#include "store/Structure.h"
 
 namespace velmar {
 
@@ -51,6 +52,20 @@ class Engine {
   virtual void continueNumbering(const Table&) {}
   /// Makes what the tables need before they can be made.
   virtual void prepareSchema() {}
+
+  /// What the catalogue tells. Names of tables are spelt as `tables` gives them.
+  virtual QStringList tables() = 0;
+  virtual TableShape tableShape(const QString& table) = 0;
+  /// The indexes of a table but for that of its key.
+  virtual std::vector<StoredStatement> indexesOf(const QString& table) = 0;
+  /// The stored queries, each behind those that it may rest on.
+  virtual std::vector<StoredStatement> views() = 0;
+  /// Makes a table whose shape is `from` one of shape `to`, which has the same columns and perhaps more, with
+  /// its rows and indexes; inside a transaction. Stored queries must not stand on it meanwhile. Throws
+  /// StoreError when a value has no place in its column's new type; the transaction is then to be undone.
+  virtual void reshape(const TableShape& from, const TableShape& to) = 0;
+  /// Lets the changes of structure in the open transaction fail rather than wait long for another user.
+  virtual void limitLockWaits() {}
 };
 
 }  // namespace velmar

@@ -230,6 +230,8 @@ void Connection::forget(const QByteArray& name) {
 
 bool Connection::isLost() const { return PQstatus(handle_.get()) != CONNECTION_OK; }
 
+bool Connection::inFailedTransaction() const { return PQtransactionStatus(handle_.get()) == PQTRANS_INERROR; }
+
 bool Connection::renewIfLost() {
   if (!isLost()) return false;
   if (inTransaction_) throw describe(QStringLiteral("08006"), text(PQerrorMessage(handle_.get())), database_);

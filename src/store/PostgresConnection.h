@@ -36,6 +36,9 @@ class Connection {
             const std::function<void(std::vector<QVariant>&& cells)>& use);
   void forget(const QByteArray& name);
 
+  /// Whether an error has left a transaction in which nothing but undoing it is possible.
+  bool inFailedTransaction() const;
+
   /// Makes a connection that was lost anew and tells whether it did: what was prepared on it is gone. Throws
   /// StoreError while a transaction stands: what it did is gone as well, and nothing may follow it.
   bool renewIfLost();

@@ -18,8 +18,6 @@ class ServerStatement : public EngineStatement {
  public:
   ServerStatement(std::shared_ptr<Connection> connection, std::shared_ptr<int> generation, const QString& sql)
       : connection_(std::move(connection)), generation_(std::move(generation)), sql_(sql) {
-    static int counter = 0;
-    name_ = "velmar" + QByteArray::number(++counter);
     prepare();
   }
 
@@ -36,6 +34,8 @@ class ServerStatement : public EngineStatement {
 
  private:
   void prepare() {
+    static int counter = 0;
+    name_ = "velmar" + QByteArray::number(++counter);
     connection_->prepare(name_, sql_);
     prepared_ = *generation_;
   }
@@ -50,6 +50,9 @@ class ServerStatement : public EngineStatement {
     try {
       return connection_->execute(name_, values);
     } catch (const PlanOutdated&) {
+      // A transaction is lost with it; it can be begun again.
+      prepared_ = 0;
+      if (connection_->inFailedTransaction()) throw;
       connection_->forget(name_);
       prepare();
       return connection_->execute(name_, values);

@@ -21,10 +21,23 @@ class ServerEngine : public Engine {
   QString declaredType(const Column& column) const override;
   QString clusteredSuffix() const override { return {}; }
   void prepareSchema() override;
+  QStringList tables() override;
+  TableShape tableShape(const QString& table) override;
+  std::vector<StoredStatement> indexesOf(const QString& table) override;
+  std::vector<StoredStatement> views() override;
+  void reshape(const TableShape& from, const TableShape& to) override;
+  void limitLockWaits() override;
 
  private:
+  Recordset ask(const QString& sql, const Values& values = {});
+  void alterColumn(const QString& table, const ColumnShape& from, const ColumnShape& to);
+  void retype(const QString& alter, const ColumnShape& from, const ColumnShape& to);
+  void require(const QString& table, const QString& alter, const ColumnShape& to);
+  void numberRows(const QString& table, const QString& column);
+
   std::shared_ptr<Connection> connection_;
   std::shared_ptr<int> generation_;  ///< of the connection: what was prepared on an earlier one is gone
+  QHash<QString, std::shared_ptr<EngineStatement>> questions_;  ///< about the catalogue
 };
 
 /// Whether the server has a database of that name.

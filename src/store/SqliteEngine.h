@@ -21,8 +21,18 @@ class FileEngine : public Engine {
   QStringList plan(const QString& sql) override;
   QString declaredType(const Column& column) const override;
   QString clusteredSuffix() const override;
+  QStringList tables() override;
+  TableShape tableShape(const QString& table) override;
+  std::vector<StoredStatement> indexesOf(const QString& table) override;
+  std::vector<StoredStatement> views() override;
+  void reshape(const TableShape& from, const TableShape& to) override;
 
  private:
+  Recordset ask(const QString& sql, const Values& values = {});
+  std::vector<StoredStatement> stored(const QString& sql, const Values& values = {});
+  void rebuild(const TableShape& from, const TableShape& to);
+  void requireConverted(const QString& table, const ColumnShape& column, bool moment);
+
   QString path_;
   QString name_;
   QSqlDatabase connection_;

@@ -7,6 +7,7 @@
 #include "config/Session.h"
 #include "shell/ApplicationFolder.h"
 #include "shell/Login.h"
+#include "shell/StructureUpgrade.h"
 #include "shell/windows/frmLogin.h"
 #include "shell/windows/frmMain.h"
 #include "shell/windows/frmSelMagazie.h"
@@ -36,7 +37,7 @@ void StartUp::run() {
   showSplash();
   session().gCaleBD = settings::databasesPath();
   {
-    frmLogin login;
+    frmLogin login(VerificaVersiune);
     login.exec();
     if (!login.LoginSucceeded()) {
       end();

@@ -1,0 +1,47 @@
+#include "shell/StructureUpgrade.h"
+
+#include "config/Session.h"
+#include "store/clsCompareBD.h"
+#include "store/Database.h"
+#include "store/DatabaseFiles.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+
+namespace velmar {
+
+namespace {
+
+// The template counts as right, so it has to be this program's.
+void compareWithTemplate() {
+  Session& s = session();
+  bringTemplateUpToDate(s.gCaleBD);
+  clsCompareBD(pathInFolder(s.gCaleBD, s.gNumeBD), pathInFolder(s.gCaleBD, kTemplateName)).Compara();
+  MarcheazaVersiune(s.gCaleBD, s.gNumeBD, s.gDenSocietateNoua);
+}
+
+}  // namespace
+
+void VerificaVersiune(bool force) {
+  if (!force && revisionOf(database()) == programRevision()) return;
+  const QString question =
+      QStringLiteral(
+          "Structura bazei de date %1 trebuie actualizata !\r\n Doriti sa efectuati actualizarea acum ?")
+          .arg(session().gNumeBD);
+  if (Mesaj(question, kQuestion + kYesNo, QStringLiteral("Actualizare baza de date")) == kResultYes)
+    ActualizeazaStructura();
+}
+
+void ActualizeazaStructura() {
+  try {
+    compareWithTemplate();
+  } catch (const Error& error) {
+    Mesaj(QStringLiteral("Eroare in actualizarea bazei de date !\r\n%1 - %2")
+              .arg(QString::number(error.number()), error.text()));
+    return;
+  } catch (const Cancelled&) {
+    return;
+  }
+  Mesaj(QStringLiteral("Actualizarea bazei de date s-a incheiat !"), kInformation);
+}
+
+}  // namespace velmar

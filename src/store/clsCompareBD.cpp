@@ -1,0 +1,162 @@
+#include "store/clsCompareBD.h"
+
+#include <algorithm>
+#include <climits>
+
+#include "store/Database.h"
+#include "store/Engine.h"
+
+namespace velmar {
+
+namespace {
+
+bool sameName(const QString& one, const QString& other) {
+  return one.compare(other, Qt::CaseInsensitive) == 0;
+}
+
+// Two statements for the same thing, however they are spelt.
+bool sameStatement(const QString& one, const QString& other) {
+  const auto plain = [](QString text) { return text.remove(u'"').simplified().remove(u' ').toLower(); };
+  return plain(one) == plain(other);
+}
+
+const StoredStatement* find(const std::vector<StoredStatement>& all, const QString& name) {
+  const auto found = std::find_if(all.begin(), all.end(),
+                                  [&name](const StoredStatement& each) { return sameName(each.name, name); });
+  return found == all.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+void clsCompareBD::Compara() {
+  readTemplate();
+  const auto company = Database::open(companyPath_);
+  company_ = company.get();
+  Transaction transaction(*company);
+  company->engine().limitLockWaits();
+  company->prepareSchema();
+  const QStringList present = company->engine().tables();
+  // The parameters' `ID` with its key is a column like any other here.
+  for (const TableParts& table : tables_) {
+    const auto found = std::find_if(present.begin(), present.end(), [&table](const QString& name) {
+      return sameName(name, table.shape.name);
+    });
+    if (found == present.end())
+      CopiazaObiect(table);
+    else
+      CompareTables(table, *found);
+  }
+  CompareViews();
+  transaction.commit();
+}
+
+// Read out and closed before the company is touched: on a server nobody can make a company meanwhile.
+void clsCompareBD::readTemplate() {
+  const auto source = Database::open(templatePath_);
+  Engine& engine = source->engine();
+  tables_.clear();
+  for (const QString& name : engine.tables())
+    tables_.push_back({engine.tableShape(name), engine.indexesOf(name)});
+  views_ = engine.views();
+}
+
+void clsCompareBD::CompareTables(const TableParts& wanted, const QString& name) {
+  const TableShape found = company_->engine().tableShape(name);
+  TableShape target = found;
+  bool retyped = false;
+  for (const ColumnShape& column : wanted.shape.columns) {
+    if (ColumnShape* own = target.column(column.name))
+      retyped = CompareFields(column, *own) || retyped;
+    else
+      AdaugaCamp(target, column);
+  }
+  CompareKeys(wanted.shape, found, target);
+  if (!(target == found)) {
+    setViewsAside();
+    // The condition of an index may not read with the new type.
+    if (retyped) dropIndexes(wanted, name);
+    company_->engine().reshape(found, target);
+  }
+  CompareIndexes(wanted, name);
+}
+
+bool clsCompareBD::CompareFields(const ColumnShape& wanted, ColumnShape& own) const {
+  const auto room = [](const ColumnShape& column) { return column.width == 0 ? INT_MAX : column.width; };
+  const bool texts = wanted.isText && own.isText;
+  const bool narrower = texts && room(wanted) < room(own);
+  const bool differs = wanted.declaredType() != own.declaredType() && !narrower;
+  if (differs) ModifyField(wanted, own);
+  // A default that only the company has serves it.
+  if (!wanted.fallback.isEmpty()) own.fallback = wanted.fallback;
+  own.required = wanted.required;
+  return differs;
+}
+
+void clsCompareBD::ModifyField(const ColumnShape& wanted, ColumnShape& own) const {
+  if (own.type != wanted.type) own.fallback = wanted.fallback;
+  own.type = wanted.type;
+  own.width = wanted.width;
+  own.isText = wanted.isText;
+  own.attributes = wanted.attributes;
+}
+
+void clsCompareBD::AdaugaCamp(TableShape& table, const ColumnShape& wanted) const {
+  table.columns.push_back(wanted);
+}
+
+void clsCompareBD::CompareKeys(const TableShape& wanted, const TableShape& found, TableShape& target) const {
+  const bool same =
+      std::equal(wanted.key.begin(), wanted.key.end(), found.key.begin(), found.key.end(), sameName);
+  if (!wanted.key.isEmpty() && !same) {
+    target.key.clear();
+    for (const QString& name : wanted.key) target.key.append(target.column(name)->name);
+    target.suffix = wanted.suffix;
+  }
+  for (const QString& name : target.key) {
+    ColumnShape* part = target.column(name);
+    const ColumnShape* before = found.column(name);
+    part->required = part->required || (before && before->required);
+  }
+}
+
+void clsCompareBD::dropIndexes(const TableParts& wanted, const QString& name) {
+  for (const StoredStatement& own : company_->engine().indexesOf(name))
+    if (find(wanted.indexes, own.name))
+      company_->engine().run(QStringLiteral("DROP INDEX ") + quotedIdentifier(own.name));
+}
+
+void clsCompareBD::CompareIndexes(const TableParts& wanted, const QString& name) {
+  Engine& engine = company_->engine();
+  const auto present = engine.indexesOf(name);
+  for (const StoredStatement& index : wanted.indexes) {
+    const StoredStatement* own = find(present, index.name);
+    if (own && sameStatement(own->statement, index.statement)) continue;
+    if (own) engine.run(QStringLiteral("DROP INDEX ") + quotedIdentifier(own->name));
+    engine.run(index.statement);
+  }
+}
+
+void clsCompareBD::CopiazaObiect(const TableParts& table) {
+  company_->engine().run(table.shape.createStatement());
+  for (const StoredStatement& index : table.indexes) company_->engine().run(index.statement);
+}
+
+// Neither engine changes a table that a stored query stands on.
+void clsCompareBD::setViewsAside() {
+  if (!aside_.empty()) return;
+  aside_ = company_->engine().views();
+  for (auto view = aside_.rbegin(); view != aside_.rend(); ++view)
+    company_->engine().run(QStringLiteral("DROP VIEW ") + quotedIdentifier(view->name));
+}
+
+// A stored query that the company has under the name stays as it is. Names that differ by case alone are one
+// name to an engine.
+void clsCompareBD::CompareViews() {
+  Engine& engine = company_->engine();
+  for (const StoredStatement& view : std::exchange(aside_, {})) engine.run(view.statement);
+  const auto present = engine.views();
+  for (const StoredStatement& view : views_)
+    if (!find(present, view.name)) engine.run(view.statement);
+}
+
+}  // namespace velmar
