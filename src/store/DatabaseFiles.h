@@ -46,6 +46,10 @@ void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& 
 /// or not at all. Throws StoreError.
 void makeDatabaseWhole(const QString& path, const std::function<void(const QString& draft)>& fill);
 
+/// Puts the closed database file `draft` in place of the file at `path`, if one stands there. Throws
+/// StoreError.
+void putFileInPlace(const QString& draft, const QString& path);
+
 /// Moves a closed database from one folder to another of the same kind. Throws StoreError.
 void moveDatabase(const QString& from, const QString& to);
 
