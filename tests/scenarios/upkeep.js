@@ -5,6 +5,7 @@ const backups = folder + "/Salv_Tarvon/";
 const article = (code) => sql("INSERT INTO G_ARTMAG (CODART, DENART) VALUES (?, 'Scaun')", code);
 const articles = () => sql("SELECT CODART FROM G_ARTMAG ORDER BY CODART").map((row) => row.CODART);
 
+answer("OK");
 menu("mnuIntCompactare");
 expectMessage("Compactarea bazei de date Tarvon01.mdb s-a realizat cu succes !", { icon: "information" });
 
@@ -101,6 +102,7 @@ expectMessage("deteriorat");
 check(!restore.isVisible("lblProgressMsg"));
 equal(articles(), ["A1", "A3"]);
 restore.click("cmdIesire");
+answer("OK");
 menu("mnuIntCompactare");
 expectMessage("s-a realizat cu succes !");
 equal(articles(), ["A1", "A3"]);
