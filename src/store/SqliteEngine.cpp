@@ -90,7 +90,7 @@ class CopyWatch {
  public:
   CopyWatch(sqlite3* connection, const QString& from, const QString& to, const EngineProgress& progress)
       : connection_(connection), full_(std::max<qint64>(1, QFileInfo(from).size())), to_(to), use_(progress) {
-    constexpr int kStepsBetween = 20'000;
+    constexpr int kStepsBetween = 10'000;
     if (use_) sqlite3_progress_handler(connection_, kStepsBetween, &CopyWatch::comeBy, this);
   }
   ~CopyWatch() { sqlite3_progress_handler(connection_, 0, nullptr, nullptr); }

@@ -3,6 +3,7 @@
 #include "store/Upkeep.h"
 
 #include <gtest/gtest.h>
+#include <algorithm>
 #include <QFile>
 
 #include "shell/Maintenance.h"
@@ -84,6 +85,31 @@ TEST_F(UpkeepTest, ACopyIsOneFileAsOfOneMomentWhileAColleagueWrites) {
                Cancelled);
   EXPECT_EQ(proofOf(*Database::open(other("Copie.mdb"))), later);
   EXPECT_THROW(saveCompany(TestCompany::path(), other("lipseste/Copie.mdb")), StoreError);
+}
+
+TEST_F(UpkeepTest, ALongCopyTellsItsProgressAndIsStoppedInTheMiddleInFile) {
+  ExecutaSql(
+      "INSERT INTO G_ARTMAG (CODART) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i "
+      "< "
+      "20000) SELECT 'X' || i FROM n");
+  std::vector<int> told;
+  saveCompany(TestCompany::path(), other("Copie.mdb"), [&told](int done, int of) {
+    EXPECT_EQ(of, 100);
+    told.push_back(done);
+  });
+  EXPECT_GT(told.size(), 2U);
+  EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+  EXPECT_EQ(told.back(), 100);
+  bool stopped = false;
+  EXPECT_THROW(saveCompany(TestCompany::path(), other("Alta.mdb"),
+                           [&stopped](int done, int) {
+                             EXPECT_LT(done, 100);
+                             EXPECT_FALSE(std::exchange(stopped, true));
+                             throw Cancelled();
+                           }),
+               Cancelled);
+  EXPECT_EQ(QDir(elsewhere_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+            QStringList("Copie.mdb"));
 }
 
 TEST_F(UpkeepTest, RestoringBringsBackExactlyWhatWasSaved) {

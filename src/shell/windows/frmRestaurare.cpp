@@ -22,7 +22,8 @@ namespace velmar {
 
 namespace {
 
-constexpr int kShownLength = 56;  // characters
+constexpr int kDotsWidth = 8;     // characters
+constexpr int kShownLength = 84;  // characters
 const QString kForm = QStringLiteral("frmRestaurare");
 
 }  // namespace
@@ -51,18 +52,20 @@ QLayout* frmRestaurare::fields() {
   txtSourceSpec1_ = makeTextBox("txtSourceSpec1", 0, "Copia salvata care se restaureaza");
   txtSourceSpec1_->setMinimumWidth(fontMetrics().averageCharWidth() * kShownLength);
   auto* cmdGetSourceSpec1 = makeButton("cmdGetSourceSpec1", "...", "Cautare copie salvata");
+  cmdGetSourceSpec1->setMaximumWidth(fontMetrics().averageCharWidth() * kDotsWidth);
+  cmdGetSourceSpec1->setAutoDefault(true);
   connect(cmdGetSourceSpec1, &QPushButton::clicked, this,
           [this] { guarded(kForm, "cmdGetSourceSpec1_Click", [this] { choose(); }); });
+  auto* folderCaption = new QLabel(QStringLiteral("Director:"));
+  folderCaption->setBuddy(txtDirector_);
+  auto* fileCaption = new QLabel(QStringLiteral("Fisier:"));
+  fileCaption->setBuddy(txtSourceSpec1_);
   auto* rows = new QGridLayout;
-  int row = 0;
-  for (const auto& [text, box] :
-       {std::pair("Director:", txtDirector_), std::pair("Fisier:", txtSourceSpec1_)}) {
-    auto* caption = new QLabel(QString::fromLatin1(text));
-    caption->setBuddy(box);
-    rows->addWidget(caption, row, 0);
-    rows->addWidget(box, row++, 1);
-  }
-  rows->addWidget(cmdGetSourceSpec1, row - 1, 2);
+  rows->addWidget(folderCaption, 0, 0);
+  rows->addWidget(txtDirector_, 0, 1, 1, 2);
+  rows->addWidget(fileCaption, 1, 0);
+  rows->addWidget(txtSourceSpec1_, 1, 1);
+  rows->addWidget(cmdGetSourceSpec1, 1, 2);
   return rows;
 }
 
@@ -73,6 +76,8 @@ QLayout* frmRestaurare::buttons() {
           [this] { guarded(kForm, "cmdOK_Click", [this] { restore(); }); });
   auto* cmdIesire = makeButton("cmdIesire", "Iesire", {}, "exit");
   setUpExitButton(cmdIesire, this);
+  // Enter presses the button that has the focus.
+  for (QPushButton* each : {cmdOK, cmdIesire}) each->setAutoDefault(true);
   auto* row = new QHBoxLayout;
   row->addStretch();
   row->addWidget(cmdOK);

@@ -19,7 +19,8 @@ namespace velmar {
 
 namespace {
 
-constexpr int kShownLength = 64;  // characters
+constexpr int kDotsWidth = 8;     // characters
+constexpr int kShownLength = 96;  // characters
 const QString kForm = QStringLiteral("frmSalvare");
 
 // What stands before the last separator, of either kind; "" for a path that begins nowhere.
@@ -41,6 +42,7 @@ frmSalvare::frmSalvare(QWidget* parent) : QDialog(parent) {
   auto* caption = new QLabel(QStringLiteral("Calea bazei de date salvate"));
   caption->setBuddy(txtCale_);
   auto* cmdOpen = makeButton("cmdOpen", "...", "Cautare catalog de slavare");
+  cmdOpen->setMaximumWidth(cmdOpen->fontMetrics().averageCharWidth() * kDotsWidth);
   connect(cmdOpen, &QPushButton::clicked, this,
           [this] { guarded(kForm, "cmdOpen_Click", [this] { choose(); }); });
   auto* cmdOK = makeButton("cmdOK", "Ok", "Salvare baza de date in folderul ales", "save");
@@ -48,6 +50,9 @@ frmSalvare::frmSalvare(QWidget* parent) : QDialog(parent) {
   connect(cmdOK, &QPushButton::clicked, this, [this] { guarded(kForm, "cmdOK_Click", [this] { save(); }); });
   auto* cmdIesire = makeButton("cmdIesire", "Iesire", {}, "exit");
   setUpExitButton(cmdIesire, this);
+
+  // Enter presses the button that has the focus.
+  for (QPushButton* each : {cmdOpen, cmdOK, cmdIesire}) each->setAutoDefault(true);
 
   auto* path = new QHBoxLayout;
   path->addWidget(txtCale_, 1);

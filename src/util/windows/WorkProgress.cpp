@@ -11,10 +11,11 @@ constexpr int kPatience = 2000;  // milliseconds
 }  // namespace
 
 WorkProgress::WorkProgress(const QString& title, QWidget* parent)
-    : dialog_(QStringLiteral("In Progres!"), QStringLiteral("Renunta"), 0, 0, parent) {
+    : dialog_(QStringLiteral("In Progres!"), QStringLiteral("Renunta"), 0, 1, parent) {
   dialog_.setWindowTitle(title);
   dialog_.setWindowModality(Qt::ApplicationModal);
   dialog_.setMinimumDuration(kPatience);
+  dialog_.setValue(0);  // the patience counts from here
 }
 
 void WorkProgress::show(int done, int of) {
