@@ -182,6 +182,19 @@ TEST_F(UpkeepTest, AFileThatSomebodyHasOpenIsNotReplacedInFile) {
   expectRefused(copy, "si altii lucreaza in societate");
 }
 
+TEST_F(UpkeepTest, ACopyOfAnOlderStructureAsksForALoginInFile) {
+  const QString copy = saved();
+  Database::open(copy)->execute("ALTER TABLE kt_info DROP COLUMN NrZec");
+  ExecutaSql("DELETE FROM G_ARTMAG");
+  try {
+    restoreOpenCompany(copy);
+    ADD_FAILURE() << "nothing was said";
+  } catch (const RuleError& rule) {
+    EXPECT_TRUE(rule.text().contains("Iesiti din program si intrati din nou"));
+  }
+  EXPECT_EQ(OpenRs("SELECT COUNT(*) AS N FROM G_ARTMAG").first().integer("N"), 40);
+}
+
 TEST_F(UpkeepTest, ARestoreThatIsStoppedChangesNothing) {
   const QString copy = saved();
   ExecutaSql("DELETE FROM kt_val");
