@@ -66,7 +66,8 @@ void refuse(const QList<Connection>& others) {
   QString text = QStringLiteral("Restaurarea nu se poate face cat timp si altii lucreaza in societate :\r\n");
   for (const Connection& other : others)
     text += QStringLiteral("%1 - %2\r\n")
-                .arg(other.computer, other.login.isEmpty() ? QStringLiteral("?") : other.login);
+                .arg(other.computer,
+                     other.login.isEmpty() ? QStringLiteral("utilizator necunoscut") : other.login);
   throw RuleError(text + QStringLiteral("Rugati-i sa iasa din program si incercati din nou."), {},
                   kExclamation);
 }
@@ -80,7 +81,8 @@ void requireNobody(const QString& company) {
     QThread::msleep(kFarewellPauseMs);
   if (!others.isEmpty()) refuse(others);
   // Somebody who is just logging in has the file open and is not in the roster yet.
-  if (!serverOf(QFileInfo(company).path()) && sqlite::isInUse(company)) refuse({{"?", {}, true, "-"}});
+  if (!serverOf(QFileInfo(company).path()) && sqlite::isInUse(company))
+    refuse({{"calculator necunoscut", {}, true, "-"}});
 }
 
 void fillFrom(const QString& file, const QString& draft, const CopyProgress& progress) {
