@@ -123,13 +123,15 @@ void copyCompanyRows(Database& from, Database& into, const CopyProgress& progres
   transaction.commit();
 }
 
+void copyToNewDatabase(Database& from, const QString& path, const CopyProgress& progress) {
+  const auto target = Database::create(path);
+  createCompanyTables(*target);
+  copyCompanyRows(from, *target, progress);
+}
+
 void copyDatabase(const QString& from, const QString& to, const CopyProgress& progress) {
   const auto source = Database::open(from);
-  makeDatabaseWhole(to, [&](const QString& draft) {
-    const auto target = Database::create(draft);
-    createCompanyTables(*target);
-    copyCompanyRows(*source, *target, progress);
-  });
+  makeDatabaseWhole(to, [&](const QString& draft) { copyToNewDatabase(*source, draft, progress); });
 }
 
 }  // namespace velmar

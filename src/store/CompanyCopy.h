@@ -33,6 +33,10 @@ using CopyProgress = std::function<void(int done, int of)>;
 /// both. All or nothing. Throws StoreError when the copy is not what the company is.
 void copyCompanyRows(Database& from, Database& into, const CopyProgress& progress = {});
 
+/// Makes a database at the path, where none may stand, with all that the company holds. What a failure leaves
+/// there is the caller's to remove. Throws StoreError.
+void copyToNewDatabase(Database& from, const QString& path, const CopyProgress& progress = {});
+
 /// Copies the database at one path to another, whole or not at all; one that stands there is replaced. Either
 /// may be a file or a database of a server, by its folder. Throws StoreError.
 void copyDatabase(const QString& from, const QString& to, const CopyProgress& progress = {});

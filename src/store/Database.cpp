@@ -143,6 +143,14 @@ void Database::createTable(const Table& table) {
 
 void Database::continueNumbering(const Table& table) { state_->engine->continueNumbering(table); }
 
+void Database::compact() { state_->engine->compact(); }
+
+void Database::requireWhole() { state_->engine->requireWhole(); }
+
+bool Database::copyAsFile(const QString& path, const std::function<void(int done, int of)>& progress) {
+  return state_->engine->copyAsFile(path, progress);
+}
+
 void Database::prepareSchema() { state_->engine->prepareSchema(); }
 
 Engine& Database::engine() { return *state_->engine; }

@@ -56,6 +56,15 @@ class Database {
   void createTable(const Table& table);
   /// Lets the numbers that the engine gives go on behind those that stand in the table.
   void continueNumbering(const Table& table);
+  /// Gives back the room of what was deleted. Throws StoreError, and then everything is as it was.
+  void compact();
+  /// Reads everything; throws StoreError when the database is damaged.
+  void requireWhole();
+  /// Writes the database as it stands now, while others work, to a file at `path`, which must not exist yet.
+  /// `progress` hears how much of how much is done and throws Cancelled to stop. Gives false, and writes
+  /// nothing, where the company is in no file.
+  bool copyAsFile(const QString& path, const std::function<void(int done, int of)>& progress);
+
   /// Makes what tables need before they can be made.
   void prepareSchema();
 

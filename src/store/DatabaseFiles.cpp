@@ -34,13 +34,6 @@ void removeWithSideFiles(const QString& path) {
   removeSideFiles(path);
 }
 
-// In place of a file that stands there, which the toolkit's own renaming refuses.
-bool replaceFile(const QString& from, const QString& to) {
-  std::error_code error;
-  std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), error);
-  return !error;
-}
-
 // On a server: under another name until it is whole.
 template <typename Fill>
 void writeWholeOn(const Server& server, const QString& path, const QString& draft, Fill&& fill) {
@@ -49,8 +42,10 @@ void writeWholeOn(const Server& server, const QString& path, const QString& draf
   postgres::dropDatabase(server, draftName);
   try {
     fill(draft);
-    postgres::dropDatabase(server, name);
-    postgres::renameDatabase(server, draftName, name);
+    if (postgres::databaseExists(server, name))
+      postgres::replaceDatabase(server, draftName, name);
+    else
+      postgres::renameDatabase(server, draftName, name);
   } catch (...) {
     postgres::dropDatabase(server, draftName);
     throw;
@@ -65,12 +60,7 @@ void writeWhole(const QString& path, Fill&& fill) {
   removeWithSideFiles(draft);
   try {
     fill(draft);
-    // What an unhappy end left beside an older file would be taken for the new one's journal.
-    removeSideFiles(path);
-    if (!replaceFile(draft, path))
-      throw StoreError(
-          kFileFailure,
-          QStringLiteral("Fisierul %1 nu poate fi scris. Verificati drepturile asupra lui.").arg(path));
+    putFileInPlace(draft, path);
   } catch (...) {
     QFile::remove(draft);
     removeSideFiles(draft);
@@ -200,6 +190,18 @@ std::optional<qint64> revisionOf(Database& database) {
   const Recordset info = database.query("SELECT VERSIUNE FROM kt_info");
   if (info.isEmpty() || info.first().isNull("VERSIUNE")) return std::nullopt;
   return info.first().integer("VERSIUNE");
+}
+
+// The toolkit's own renaming refuses where a file stands.
+void putFileInPlace(const QString& draft, const QString& path) {
+  // What an unhappy end left beside an older file would be taken for the new one's journal.
+  removeSideFiles(path);
+  std::error_code error;
+  std::filesystem::rename(draft.toStdU16String(), path.toStdU16String(), error);
+  if (error)
+    throw StoreError(
+        kFileFailure,
+        QStringLiteral("Fisierul %1 nu poate fi scris. Verificati drepturile asupra lui.").arg(path));
 }
 
 void moveDatabase(const QString& from, const QString& to) {

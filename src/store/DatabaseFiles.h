@@ -53,6 +53,10 @@ void makeDatabaseWhole(const QString& path, const std::function<void(const QStri
 /// table or column.
 std::optional<qint64> revisionOf(Database& database);
 
+/// Puts the closed database file `draft` in place of the file at `path`, if one stands there. Throws
+/// StoreError.
+void putFileInPlace(const QString& draft, const QString& path);
+
 /// Moves a closed database from one folder to another of the same kind. Throws StoreError.
 void moveDatabase(const QString& from, const QString& to);
 

@@ -13,6 +13,9 @@ namespace velmar {
 /// Takes the cells of a row.
 using EachRow = std::function<void(std::vector<QVariant>&& cells)>;
 
+/// Hears how much of how much is done; an exception stops the work.
+using EngineProgress = std::function<void(int done, int of)>;
+
 /// A statement prepared once and run as often as needed.
 class EngineStatement {
  public:
@@ -41,6 +44,13 @@ class Engine {
   virtual void beginSnapshot() = 0;
   /// The plan of a statement, whose values need not be known, one step a line.
   virtual QStringList plan(const QString& sql) = 0;
+  /// Gives back the room of what was deleted. Throws StoreError, and then everything is as it was.
+  virtual void compact() = 0;
+  /// Reads the whole database and throws StoreError when it is damaged, where the engine keeps it in a file.
+  virtual void requireWhole() {}
+  /// Writes the database as it stands now to a file of its own kind; `progress` hears the percents and may
+  /// throw. Gives false where the engine has no such file.
+  virtual bool copyAsFile(const QString&, const EngineProgress&) { return false; }
 
   /// How a column of that kind is declared, its marks for null and default included.
   virtual QString declaredType(const Column& column) const = 0;

@@ -31,7 +31,7 @@ QString advice(const QString& state) {
   if (is("08") || is("57P") || state.isEmpty())
     return QStringLiteral(
         "Legatura cu serverul de baze de date s-a pierdut, nu s-a salvat nimic. Incercati din nou.");
-  if (is("55P03") || is("40"))
+  if (is("55P03") || is("55006") || is("40"))
     return QStringLiteral("Baza de date este folosita in acest moment de alt utilizator. Incercati din nou.");
   if (is("53100"))
     return QStringLiteral("Discul este plin, nu s-a salvat nimic. Eliberati spatiu si incercati din nou.");
@@ -44,8 +44,9 @@ QString advice(const QString& state) {
 
 // The numbers that the other engine has for the same faults.
 int numberOf(const QString& state) {
-  constexpr std::pair<const char*, int> kNumbers[] = {{"23", 19},    {"55P03", 5}, {"40", 5},   {"53100", 13},
-                                                      {"3D000", 14}, {"08", 10},   {"57P", 10}, {"28", 23}};
+  constexpr std::pair<const char*, int> kNumbers[] = {{"23", 19}, {"55P03", 5},  {"55006", 5},
+                                                      {"40", 5},  {"53100", 13}, {"3D000", 14},
+                                                      {"08", 10}, {"57P", 10},   {"28", 23}};
   for (const auto& [start, number] : kNumbers)
     if (state.startsWith(QLatin1String(start))) return number;
   return state.isEmpty() ? 10 : 1;

@@ -1,9 +1,11 @@
 #include "store/PostgresEngine.h"
 
 #include <QElapsedTimer>
+#include <QScopeGuard>
 #include <QThread>
 
 #include "store/PostgresFunctions.h"
+#include "util/Errors.h"
 
 namespace velmar::postgres {
 
@@ -12,6 +14,7 @@ namespace {
 constexpr int kWriteLock = 0x564C4D52;  // locks of this kind are each database's own
 constexpr int kCopyWaitMs = 15'000;
 constexpr int kCopyPauseMs = 100;
+constexpr int kCompactWaitMs = 5000;
 
 // Prepared when it is first run, and again on a connection that was made anew.
 class ServerStatement : public EngineStatement {
@@ -78,6 +81,23 @@ QString quotedName(const QString& name) {
 void createEmpty(const Server& server, const QString& name) {
   maintenance(server).run(QStringLiteral("CREATE DATABASE %1 TEMPLATE template0 ENCODING 'UTF8' LOCALE 'C'")
                               .arg(quotedName(name)));
+}
+
+// The engine refuses to copy or rename a database that anybody is connected to, which the template is for
+// moments only, and a connection that was just closed a little longer.
+void runWhenFree(const Server& server, const QString& sql) {
+  Connection connection = maintenance(server);
+  QElapsedTimer waited;
+  waited.start();
+  while (true) {
+    try {
+      connection.run(sql);
+      return;
+    } catch (const StoreError&) {
+      if (waited.elapsed() > kCopyWaitMs) throw;
+      QThread::msleep(kCopyPauseMs);
+    }
+  }
 }
 
 }  // namespace
@@ -147,6 +167,26 @@ QStringList ServerEngine::plan(const QString& sql) {
   return steps;
 }
 
+// A table is closed to the others while it is written anew, so it is waited for only so long. An empty one
+// stays as it is: the engine plans worse for a table that it knows to be empty than for one it knows nothing
+// of.
+void ServerEngine::compact() {
+  run(QStringLiteral("SET lock_timeout = %1").arg(kCompactWaitMs));
+  const auto asBefore = qScopeGuard([this] {
+    try {
+      run(QStringLiteral("RESET lock_timeout"));
+    } catch (const StoreError&) {
+      // The connection is gone, and its settings with it.
+    }
+  });
+  for (const Table& table : companyTables()) {
+    const QString name = quoted(table.name());
+    if (!recordsetOf(connection_->run(QStringLiteral("SELECT 1 AS found FROM %1 LIMIT 1").arg(name)))
+             .isEmpty())
+      run(QStringLiteral("VACUUM (FULL, ANALYZE) ") + name);
+  }
+}
+
 QString ServerEngine::declaredType(const Column& column) const {
   switch (column.type) {
     case ColumnType::Text:
@@ -180,20 +220,18 @@ bool databaseExists(const Server& server, const QString& name) {
   return !recordsetOf(connection.execute("exists", {name})).isEmpty();
 }
 
-// The engine refuses to copy a database that anybody is connected to, which the template is for moments only.
 void copyDatabase(const Server& server, const QString& from, const QString& to) {
-  Connection connection = maintenance(server);
-  QElapsedTimer waited;
-  waited.start();
-  while (true) {
-    try {
-      connection.run(QStringLiteral("CREATE DATABASE %1 TEMPLATE %2").arg(quotedName(to), quotedName(from)));
-      return;
-    } catch (const StoreError&) {
-      if (waited.elapsed() > kCopyWaitMs) throw;
-      QThread::msleep(kCopyPauseMs);
-    }
-  }
+  runWhenFree(server, QStringLiteral("CREATE DATABASE %1 TEMPLATE %2").arg(quotedName(to), quotedName(from)));
+}
+
+// Statements sent together are one transaction.
+void replaceDatabase(const Server& server, const QString& from, const QString& to) {
+  const QString rename = QStringLiteral("ALTER DATABASE %1 RENAME TO %2");
+  const QString old = from + QStringLiteral(".vechi");
+  dropDatabase(server, old);
+  runWhenFree(server, rename.arg(quotedName(to), quotedName(old)) + QStringLiteral("; ") +
+                          rename.arg(quotedName(from), quotedName(to)));
+  dropDatabase(server, old);
 }
 
 void renameDatabase(const Server& server, const QString& from, const QString& to) {

@@ -18,6 +18,7 @@ class ServerEngine : public Engine {
   int rowsPerInsert() const override;
   void continueNumbering(const Table& table) override;
   QStringList plan(const QString& sql) override;
+  void compact() override;
   QString declaredType(const Column& column) const override;
   QString clusteredSuffix() const override { return {}; }
   void prepareSchema() override;
@@ -44,6 +45,9 @@ class ServerEngine : public Engine {
 bool databaseExists(const Server& server, const QString& name);
 /// Makes a database from the template's, whole or not at all.
 void copyDatabase(const Server& server, const QString& from, const QString& to);
+/// Puts a database in the place of another one, which is gone then: both or neither. Throws StoreError when
+/// somebody is connected to either.
+void replaceDatabase(const Server& server, const QString& from, const QString& to);
 /// Gives a database another name; whoever is connected is sent away.
 void renameDatabase(const Server& server, const QString& from, const QString& to);
 void dropDatabase(const Server& server, const QString& name);

@@ -150,7 +150,8 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
   }
   QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
   connection.setDatabaseName(uriOf(path) + (create ? "?mode=rwc" : "?mode=rw"));
-  connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=200"));
+  connection.setConnectOptions(
+      QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(kBusyTimeoutMs));
   if (!connection.open()) throw describe(connection.lastError(), path);
   registerFunctions(connection);
   if (create) {
@@ -167,6 +168,25 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
   // into the file while its user waits; 4000 pages are 16 MB on the disk.
   pragma(connection, QStringLiteral("wal_autocheckpoint=4000"), path);
   return connection;
+}
+
+// The journal can be given up by the last connection only.
+bool isInUse(const QString& path) {
+  const QString name = QStringLiteral("velmar-in-use");
+  bool used = false;
+  if (!looksLikeDatabase(path)) return false;
+  {
+    QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+    connection.setDatabaseName(uriOf(path) + QStringLiteral("?mode=rw"));
+    connection.setConnectOptions(
+        QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(kBusyTimeoutMs));
+    if (connection.open()) {
+      QSqlQuery query(connection);
+      used = !query.exec(QStringLiteral("PRAGMA journal_mode=DELETE")) && isBusy(query.lastError());
+    }
+  }
+  QSqlDatabase::removeDatabase(name);
+  return used;
 }
 
 bool tryBeginWrite(QSqlDatabase& connection, const QString& path) {

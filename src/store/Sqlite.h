@@ -15,6 +15,9 @@ namespace velmar::sqlite {
 inline constexpr int kApplicationId = 0x564C4D52;  // "VLMR"
 inline constexpr int kFormatVersion = 1;
 
+/// How long the engine itself waits for a lock before it says that the file is busy.
+inline constexpr int kBusyTimeoutMs = 200;
+
 /// Opens `path` under the connection name given, or makes the file. Throws StoreError.
 QSqlDatabase open(const QString& path, const QString& connectionName, bool create);
 
@@ -23,6 +26,10 @@ sqlite3* handleOf(const QSqlDatabase& connection);
 
 /// Whether the file begins as a database of this engine does.
 bool looksLikeDatabase(const QString& path);
+
+/// Whether any other connection, of whatever process, has the file open. A file that is no database any more
+/// is in nobody's use.
+bool isInUse(const QString& path);
 
 /// Takes the write lock; gives false when another process holds it. Throws StoreError, naming `path`.
 bool tryBeginWrite(QSqlDatabase& connection, const QString& path);

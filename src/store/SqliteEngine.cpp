@@ -1,11 +1,22 @@
 #include "store/SqliteEngine.h"
 
+#include <sqlite3.h>
+#include <algorithm>
+#include <exception>
+#include <QFileInfo>
+#include <QScopeGuard>
 #include <QSqlQuery>
 
 #include "store/Sqlite.h"
 #include "store/SqliteStatement.h"
 
 namespace velmar::sqlite {
+
+namespace {
+
+constexpr int kCompactWaitMs = 5000;
+
+}  // namespace
 
 FileEngine::FileEngine(const QString& path, bool create) : path_(path) {
   static int counter = 0;
@@ -49,6 +60,80 @@ QStringList FileEngine::plan(const QString& sql) {
   QStringList steps;
   while (plan.step()) steps.append(plan.value(kDetail).toString());
   return steps;
+}
+
+void FileEngine::compact() {
+  run(QStringLiteral("PRAGMA busy_timeout = %1").arg(kCompactWaitMs));
+  // The new file is first written beside the old one, and that may be more than memory holds.
+  run(QStringLiteral("PRAGMA temp_store = FILE"));
+  const auto asBefore = qScopeGuard([this] {
+    QSqlQuery query(connection_);
+    query.exec(QStringLiteral("PRAGMA temp_store = MEMORY"));
+    query.exec(QStringLiteral("PRAGMA busy_timeout = %1").arg(kBusyTimeoutMs));
+  });
+  run(QStringLiteral("VACUUM"));
+  // Until now the compacted file stands in the journal. While a colleague reads it stays there a little
+  // longer.
+  run(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
+}
+
+void FileEngine::requireWhole() {
+  const Recordset found = prepare(QStringLiteral("PRAGMA integrity_check(1)"))->query({});
+  const QString verdict = found.isEmpty() ? QString() : found.first().at(0).toString();
+  if (verdict != QStringLiteral("ok")) throw describe(SQLITE_CORRUPT, verdict, path_);
+}
+
+namespace {
+
+// Tells how large the file has grown each time the engine comes by; ours as long as the object lives.
+class CopyWatch {
+ public:
+  CopyWatch(sqlite3* connection, const QString& from, const QString& to, const EngineProgress& progress)
+      : connection_(connection), full_(std::max<qint64>(1, QFileInfo(from).size())), to_(to), use_(progress) {
+    constexpr int kStepsBetween = 10'000;
+    if (use_) sqlite3_progress_handler(connection_, kStepsBetween, &CopyWatch::comeBy, this);
+  }
+  ~CopyWatch() { sqlite3_progress_handler(connection_, 0, nullptr, nullptr); }
+  CopyWatch(const CopyWatch&) = delete;
+  CopyWatch& operator=(const CopyWatch&) = delete;
+
+  /// What the listener threw, if it did.
+  std::exception_ptr stop() const { return stop_; }
+
+ private:
+  // The engine is written in C: an exception must not pass through it.
+  static int comeBy(void* self) {
+    auto* watch = static_cast<CopyWatch*>(self);
+    if (watch->stop_) return 1;
+    try {
+      const qint64 percents = 100 * QFileInfo(watch->to_).size() / watch->full_;
+      watch->use_(static_cast<int>(std::min<qint64>(99, percents)), 100);
+      return 0;
+    } catch (...) {
+      watch->stop_ = std::current_exception();
+      return 1;
+    }
+  }
+
+  sqlite3* connection_;
+  qint64 full_;
+  QString to_;
+  const EngineProgress& use_;
+  std::exception_ptr stop_;
+};
+
+}  // namespace
+
+bool FileEngine::copyAsFile(const QString& path, const EngineProgress& progress) {
+  const CopyWatch watch(handleOf(connection_), path_, path, progress);
+  try {
+    prepare(QStringLiteral("VACUUM INTO ?"))->run({QFileInfo(path).absoluteFilePath()});
+  } catch (const StoreError&) {
+    if (watch.stop()) std::rethrow_exception(watch.stop());
+    throw;
+  }
+  if (progress) progress(100, 100);
+  return true;
 }
 
 QString FileEngine::declaredType(const Column& column) const {

@@ -19,6 +19,9 @@ class FileEngine : public Engine {
   void beginSnapshot() override;
   int rowsPerInsert() const override { return 1; }
   QStringList plan(const QString& sql) override;
+  void compact() override;
+  void requireWhole() override;
+  bool copyAsFile(const QString& path, const EngineProgress& progress) override;
   QString declaredType(const Column& column) const override;
   QString clusteredSuffix() const override;
   QStringList tables() override;

@@ -15,7 +15,11 @@
 #include "config/windows/frmUtilizatori.h"
 #include "config/windows/frmValute.h"
 #include "documents/windows/frmGRILABonIntr.h"
+#include "shell/Maintenance.h"
 #include "shell/windows/frmAbout.h"
+#include "shell/windows/frmRestaurare.h"
+#include "shell/windows/frmSalvare.h"
+#include "util/windows/Forms.h"
 
 namespace velmar {
 
@@ -24,6 +28,11 @@ namespace {
 template <typename Window>
 QWidget* make(QWidget* parent) {
   return new Window(parent);
+}
+
+void compact() {
+  const Hourglass hourglass;
+  CompacteazaBD();
 }
 
 std::vector<MenuEntry> entries() {
@@ -106,9 +115,9 @@ std::vector<MenuEntry> entries() {
       {"mnuGrafice", "&Grafice", Opens::Modal, "frmGrafice", nullptr},
 
       {"mnuIntretinere", "&Intretinere", Opens::Menu, {}},
-      {"mnuIntCompactare", "&Compactare", Opens::Command, {}},
-      {"mnuIntSalvare", "&Salvare", Opens::Modal, "frmSalvare", nullptr},
-      {"mnuIntRestaurare", "&Restaurare", Opens::Modal, "frmRestaurare", nullptr},
+      {"mnuIntCompactare", "&Compactare", Opens::Command, {}, nullptr, compact},
+      {"mnuIntSalvare", "&Salvare", Opens::Modal, "frmSalvare", make<frmSalvare>},
+      {"mnuIntRestaurare", "&Restaurare", Opens::Modal, "frmRestaurare", make<frmRestaurare>},
       {"", "", Opens::Separator, {}},
       {"mnuCorectiiCosturi", "Co&rectii costuri", Opens::Modal, "frmCorectiiCosturi", nullptr},
       {"nmuCorectieStoc", "Corectii stoc&uri", Opens::Command, {}},

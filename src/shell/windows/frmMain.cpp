@@ -151,6 +151,8 @@ void frmMain::runModal(const MenuEntry& entry) {
   auto* dialog = qobject_cast<QDialog*>(window.get());
   Q_ASSERT_X(dialog, "frmMain", "a modal window is a QDialog");
   dialog->exec();
+  // A restored company may trade in something else.
+  showHearingEntries();
 }
 
 void frmMain::runOwn(const QString& name) {

@@ -8,26 +8,24 @@
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QProgressDialog>
-#include <QRegularExpression>
 #include <QSaveFile>
 #include <QScopeGuard>
 #include <QStandardPaths>
 
 #include "util/Errors.h"
+#include "util/FileNames.h"
+#include "util/windows/WorkProgress.h"
 
 namespace velmar {
 
 namespace {
 
 constexpr int kDotsPerInch = 1200;
-constexpr int kPatience = 2000;  // milliseconds before the progress shows
 
 QString theFolder;
 
 QString fileNameOf(const PrintJob& job) {
-  static const QRegularExpression notInNames(QStringLiteral(R"([\\/:*?"<>|\x00-\x1f])"));
-  const QString name = job.name().trimmed().replace(notInNames, QStringLiteral("_"));
+  const QString name = asFileName(job.name().trimmed());
   return name.isEmpty() ? QStringLiteral("Lista") : name;
 }
 
@@ -53,10 +51,7 @@ QPageLayout wholeSheet(const PrintJob& job) {
 void paintAll(QPagedPaintDevice& device, qreal dotsPerInch, const PrintTarget& pages, const PrintJob& job,
               QWidget* parent) {
   const int last = lastPage(pages, job);
-  QProgressDialog progress("In Progres!", "Renunta", pages.first, last + 1, parent);
-  progress.setWindowTitle("Tiparire");
-  progress.setWindowModality(Qt::ApplicationModal);
-  progress.setMinimumDuration(kPatience);
+  WorkProgress progress("Tiparire", parent);
   QPainter painter;
   if (!painter.begin(&device))
     throw StoreError(kFileFailure, QStringLiteral("Tiparirea nu a putut incepe. Verificati imprimanta."));
@@ -64,8 +59,7 @@ void paintAll(QPagedPaintDevice& device, qreal dotsPerInch, const PrintTarget& p
     const bool turned = page == pages.first || device.newPage();
     if (!turned) throw StoreError(kFileFailure, QStringLiteral("Tiparirea s-a intrerupt."));
     paintSheet(painter, job, page, dotsPerInch);
-    progress.setValue(page + 1);
-    if (progress.wasCanceled()) throw Cancelled();
+    progress.show(page + 1 - pages.first, last + 1 - pages.first);
   }
   if (!painter.end()) throw StoreError(kFileFailure, QStringLiteral("Tiparirea s-a intrerupt."));
 }

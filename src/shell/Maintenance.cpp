@@ -1,0 +1,142 @@
+#include "shell/Maintenance.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include "config/Session.h"
+#include "store/Database.h"
+#include "store/DataChanges.h"
+#include "store/Schema.h"
+#include "store/Upkeep.h"
+#include "util/Clock.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+
+namespace velmar {
+
+namespace {
+
+StoreError notWritable(const QString& path) {
+  return StoreError(kFileFailure,
+                    QStringLiteral("%1 nu poate fi scris. Verificati drepturile si spatiul liber de pe disc.")
+                        .arg(QDir::toNativeSeparators(path)));
+}
+
+void makeFolder(const QString& path) {
+  if (!QDir().mkpath(path)) throw notWritable(path);
+}
+
+void saveProjects(const QString& from, const QString& to) {
+  makeFolder(to);
+  for (const QFileInfo& project : QDir(from).entryInfoList({QStringLiteral("*.ls*")}, QDir::Files)) {
+    QFile source(project.filePath());
+    QSaveFile copy(QDir(to).filePath(project.fileName()));
+    if (!source.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly) ||
+        copy.write(source.readAll()) != source.size() || !copy.commit())
+      throw notWritable(copy.fileName());
+  }
+}
+
+// Windows that stand open read their lists again.
+void tellThatAllChanged() {
+  QSet<QString> tables;
+  for (const Table& table : companyTables()) tables.insert(table.name().toUpper());
+  emit dataChanges().written(tables);
+}
+
+void reopen(const QString& path) {
+  if (openDatabase()) return;
+  setOpenDatabase(Database::open(path));
+  session().roster = std::make_unique<RosterEntry>(path, session().gUtilizator);
+}
+
+// A copy that an older program made may lack columns until the login compares the structures.
+void readParametersAgain() {
+  try {
+    InitParaSoc();
+    IncarcaSerii();
+  } catch (const StoreError&) {
+    throw RuleError(QStringLiteral("Copia restaurata este a unei versiuni mai vechi a programului.\r\nIesiti "
+                                   "din program si intrati din nou, pentru actualizarea structurii ei."),
+                    {}, kExclamation);
+  }
+}
+
+}  // namespace
+
+QString backupFolder(bool make) {
+  const QString folder = QDir(session().gCaleBD).filePath(kBackupFolderName);
+  if (make) makeFolder(folder);
+  return folder;
+}
+
+QString savedCopyName() { return savedCopyName(session().gDenSocietate, session().gNumeBD, clock::now()); }
+
+QString saveOpenCompany(const QString& folder, const CopyProgress& progress) {
+  const QString file = QDir(folder).filePath(savedCopyName());
+  saveCompany(database().path(), file, progress);
+  return file;
+}
+
+QString restoreQuestion(const QString& file) {
+  return QStringLiteral(
+             "Toate datele societatii %1 (%2) vor fi inlocuite cu cele din fisierul %3.\r\nCe s-a lucrat "
+             "dupa "
+             "aceasta salvare se pierde.\r\nDoriti sa continuati ?")
+      .arg(session().gDenSocietate, session().gNumeBD, QFileInfo(file).fileName());
+}
+
+void requireAlone() { requireNobodyElse(database().path(), session().gUtilizator); }
+
+void restoreOpenCompany(const QString& file, const CopyProgress& progress) {
+  const QString path = database().path();
+  if (QFileInfo::exists(path) && QFileInfo(file) == QFileInfo(path))
+    throw RuleError(
+        QStringLiteral("Fisierul ales este chiar baza de date deschisa. Alegeti o copie salvata."), {},
+        kExclamation);
+  requireAlone();
+  try {
+    restoreCompany(
+        file, path,
+        [] {
+          session().roster.reset();
+          setOpenDatabase(nullptr);
+        },
+        progress);
+  } catch (...) {
+    reopen(path);
+    throw;
+  }
+  reopen(path);
+  readParametersAgain();
+  tellThatAllChanged();
+}
+
+void tellThatSaved() {
+  Mesaj(QStringLiteral("Salvare cu succes a bazei de date %1").arg(session().gNumeBD), kInformation);
+}
+
+void CompacteazaBD() {
+  try {
+    database().compact();
+  } catch (const StoreError& error) {
+    Mesaj(QStringLiteral("Eroare la compactarea bazelor de date %1").arg(error.text()));
+    return;
+  }
+  Mesaj(QStringLiteral("Compactarea bazei de date %1 s-a realizat cu succes !").arg(session().gNumeBD),
+        kInformation);
+}
+
+void SalveazaAutomat() {
+  const QString file = savedCopyName(session().gNumeBD, clock::now());
+  saveCompany(database().path(), QDir(backupFolder(true)).filePath(file));
+  tellThatSaved();
+  const QDir application(session().gCaleAplicatie);
+  saveProjects(application.filePath(QStringLiteral("lst")),
+               application.filePath(kBackupFolderName + QStringLiteral("/lst")));
+  Mesaj(QStringLiteral("Salvare cu succes a fisierelor proiect pentru listari !"), kInformation);
+}
+
+}  // namespace velmar

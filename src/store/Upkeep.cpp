@@ -1,0 +1,152 @@
+#include "store/Upkeep.h"
+
+#include <algorithm>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QSysInfo>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include "store/Database.h"
+#include "store/DatabaseFiles.h"
+#include "store/Roster.h"
+#include "store/Server.h"
+#include "store/Sqlite.h"
+#include "util/Errors.h"
+#include "util/FileNames.h"
+#include "util/Messages.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kNameLength = 10;
+constexpr int kExtensionLength = 4;
+constexpr int kFarewellMs = 2000;
+constexpr int kFarewellPauseMs = 50;
+
+void requireFolder(const QTemporaryDir& made, const QString& folder) {
+  if (!made.isValid())
+    throw StoreError(kFileFailure,
+                     QStringLiteral("Folderul %1 nu poate fi scris. Verificati drepturile asupra lui.")
+                         .arg(QDir::toNativeSeparators(folder)));
+}
+
+void copyFile(const QString& from, const QString& to) {
+  if (!QFile::copy(from, to))
+    throw StoreError(kFileFailure,
+                     QStringLiteral("Fisierul %1 nu poate fi copiat. Verificati drepturile asupra lui si "
+                                    "spatiul liber de pe disc.")
+                         .arg(QDir::toNativeSeparators(from)));
+  QFile::setPermissions(to, QFile::permissions(to) | QFile::ReadOwner | QFile::WriteOwner);
+}
+
+// A copy that was cut or damaged tells so now, and a file that only looks like a company of ours.
+void requireWholeCompany(Database& company) {
+  company.requireWhole();
+  if (company.query("SELECT VERSIUNE FROM kt_info").isEmpty() ||
+      company.query("SELECT ID FROM kt_par ORDER BY ID").isEmpty())
+    throw StoreError(kFileFailure, QStringLiteral("Fisierul %1 nu este o baza de date de societate.")
+                                       .arg(QDir::toNativeSeparators(company.path())));
+}
+
+// A company that somebody works in has its latest changes beside its file.
+void requireNoJournal(const QString& file) {
+  for (const QString& side : sqlite::sideFiles(file))
+    if (QFileInfo(side).size() > 0)
+      throw RuleError(QStringLiteral("Fisierul %1 este folosit in acest moment. Inchideti societatea lui si "
+                                     "incercati din nou.")
+                          .arg(QDir::toNativeSeparators(file)),
+                      {}, kExclamation);
+}
+
+void refuse(const QList<Connection>& others) {
+  QString text = QStringLiteral("Restaurarea nu se poate face cat timp si altii lucreaza in societate :\r\n");
+  for (const Connection& other : others)
+    text += QStringLiteral("%1 - %2\r\n")
+                .arg(other.computer,
+                     other.login.isEmpty() ? QStringLiteral("utilizator necunoscut") : other.login);
+  throw RuleError(text + QStringLiteral("Rugati-i sa iasa din program si incercati din nou."), {},
+                  kExclamation);
+}
+
+// A server takes a moment to forget a connection that was closed.
+void requireNobody(const QString& company) {
+  QElapsedTimer waited;
+  waited.start();
+  QList<Connection> others;
+  while (!(others = connections(company)).isEmpty() && waited.elapsed() < kFarewellMs)
+    QThread::msleep(kFarewellPauseMs);
+  if (!others.isEmpty()) refuse(others);
+  // Somebody who is just logging in has the file open and is not in the roster yet.
+  if (!serverOf(QFileInfo(company).path()) && sqlite::isInUse(company))
+    refuse({{"calculator necunoscut", {}, true, "-"}});
+}
+
+void fillFrom(const QString& file, const QString& draft, const CopyProgress& progress) {
+  if (!serverOf(QFileInfo(draft).path())) {
+    copyFile(file, draft);
+    return requireWholeCompany(*Database::open(draft));
+  }
+  // Opened where it lies, the file might be taken for a database of the server, and opening it may write.
+  const QTemporaryDir stage;
+  requireFolder(stage, QDir::tempPath());
+  const QString staged = QDir(stage.path()).filePath(QFileInfo(file).fileName());
+  copyFile(file, staged);
+  const auto source = Database::open(staged);
+  requireWholeCompany(*source);
+  copyToNewDatabase(*source, draft, progress);
+}
+
+}  // namespace
+
+QString savedCopyName(const QString& fileName, const QDateTime& moment) {
+  return QStringLiteral("%1_%2.mdb")
+      .arg(fileName.chopped(std::min<qsizetype>(kExtensionLength, fileName.size())),
+           moment.toString(QStringLiteral("dd.MM.yyyy_hh.mm")));
+}
+
+QString savedCopyName(const QString& companyName, const QString& fileName, const QDateTime& moment) {
+  return asFileName(companyName.left(kNameLength)) + u'_' + savedCopyName(fileName, moment);
+}
+
+void saveCompany(const QString& company, const QString& file, const CopyProgress& progress) {
+  const QFileInfo target(file);
+  // In a folder of its own, where no settings of a server can claim the draft.
+  const QTemporaryDir workshop(target.dir().filePath(QStringLiteral(".salvare-XXXXXX")));
+  requireFolder(workshop, target.path());
+  const QString draft = QDir(workshop.path()).filePath(target.fileName());
+  {
+    const auto source = Database::open(company);
+    if (!source->copyAsFile(draft, progress)) copyToNewDatabase(*source, draft, progress);
+  }
+  requireWholeCompany(*Database::open(draft));
+  putFileInPlace(draft, file);
+}
+
+void restoreCompany(const QString& file, const QString& company, const std::function<void()>& release,
+                    const CopyProgress& progress) {
+  const QFileInfo place(company);
+  requireNoJournal(file);
+  underFileLock(place.path(), place.fileName(), [&] {
+    makeDatabaseWhole(company, [&](const QString& draft) {
+      fillFrom(file, draft, progress);
+      release();
+      requireNobody(company);
+    });
+  });
+}
+
+void requireNobodyElse(const QString& company, const QString& login) {
+  QList<Connection> others = connections(company);
+  const auto own = std::find_if(others.begin(), others.end(), [&login](const Connection& each) {
+    return each.computer == QSysInfo::machineHostName() &&
+           each.login.compare(login, Qt::CaseInsensitive) == 0;
+  });
+  if (own != others.end()) others.erase(own);
+  if (!others.isEmpty()) refuse(others);
+}
+
+}  // namespace velmar

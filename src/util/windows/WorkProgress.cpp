@@ -1,0 +1,27 @@
+#include "util/windows/WorkProgress.h"
+
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kPatience = 2000;  // milliseconds
+
+}  // namespace
+
+WorkProgress::WorkProgress(const QString& title, QWidget* parent)
+    : dialog_(QStringLiteral("In Progres!"), QStringLiteral("Renunta"), 0, 1, parent) {
+  dialog_.setWindowTitle(title);
+  dialog_.setWindowModality(Qt::ApplicationModal);
+  dialog_.setMinimumDuration(kPatience);
+  dialog_.setValue(0);  // the patience counts from here
+}
+
+void WorkProgress::show(int done, int of) {
+  if (dialog_.maximum() != of) dialog_.setMaximum(of);
+  dialog_.setValue(done);
+  if (dialog_.wasCanceled()) throw Cancelled();
+}
+
+}  // namespace velmar
