@@ -24,7 +24,9 @@ class ChoiceModel : public QAbstractListModel {
     return parent.isValid() ? 0 : static_cast<int>(choices_.size());
   }
 
+  // A combo box asks for the item that it does not show as well.
   QVariant data(const QModelIndex& index, int role) const override {
+    if (!index.isValid()) return {};
     const Choice& choice = choices_[static_cast<size_t>(index.row())];
     if (role == Qt::DisplayRole || role == Qt::EditRole) return choice.text;
     return role == Qt::UserRole ? choice.value : QVariant();

@@ -98,6 +98,7 @@ int ListModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
   const GridColumn& column = columns_[index.column()];
   switch (role) {
     case Qt::DisplayRole:
@@ -124,6 +125,7 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
 
 Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
   const Qt::ItemFlags base = QAbstractTableModel::flags(index);
+  if (!index.isValid()) return base;
   return columns_[index.column()].editable ? base | Qt::ItemIsEditable : base;
 }
 
