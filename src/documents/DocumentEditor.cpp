@@ -420,8 +420,10 @@ void DocumentEditor::linesChanged() {
     for (const Row& line : lines_) sum += amount(line, column);
     totals_.insert(column, sum);
   }
-  marks_ = rules_->marks(lines_, typed_);
+  refreshMarks();
 }
+
+void DocumentEditor::refreshMarks() { marks_ = rules_->marks(lines_, typed_); }
 
 Decimal DocumentEditor::amount(const Row& line, const QString& field) const {
   const LineColumn* shown = column(field);
