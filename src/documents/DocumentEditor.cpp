@@ -484,8 +484,9 @@ bool DocumentEditor::checkLines() const {
   const QString repeated = repeatedArticle(lines_);
   if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated), "CODART");
   if (!EsteValidDetaliiDocument(kind_.prefix, number())) return false;
-  const auto document = draftFor(typed_, number());
-  if (!document) return true;  // validation tells
+  auto document = draftFor(typed_, number());
+  if (!document) return true;            // validation tells
+  document->header = headerFrom(typed_);  // as validation stores it, saved or not
   const QString refused = rules_->stockRefusal(*document);
   if (!refused.isEmpty()) throw RuleError(refused, "CODART");
   requirePostable(*document);

@@ -144,6 +144,7 @@ equal(sql("SELECT NUMAE FROM G_LBONCON WHERE NUMAE = '14'"), [], "lines gone");
 // The average: the ledger keeps the line's price, the note takes the cost of the moment.
 opened({method: "MP"});
 newVoucher("1", ["A1", "2"]);
+key("Esc");
 equal([lines.cell(0, "PRETFT"), lines.cell(0, "VALOAREFT")], ["20,00", "40,00"], "the article's cost");
 sql("UPDATE G_ARTMAG SET COST = 21 WHERE CODART = 'A1'");
 press("cmdValidare", "Da", "OK");

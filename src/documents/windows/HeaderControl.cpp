@@ -44,9 +44,10 @@ class TextControl : public HeaderControl {
   TextControl(const DocumentKind& kind, const HeaderField& field, QWidget* form)
       : HeaderControl(field), box_(named(new QLineEdit(form), field.control, field.toolTip)) {
     box_->setMaxLength(longestText(kind, field));
-    KeyFilter::install(box_, field.type == HeaderFieldType::Remark
-                                 ? KeyFilter::Options(KeyFilter::NoQuote)
-                                 : KeyFilter::NoQuote | KeyFilter::NoBlank);
+    const bool mayHoldBlanks =
+        field.type == HeaderFieldType::Remark || field.type == HeaderFieldType::Text;
+    KeyFilter::install(box_, mayHoldBlanks ? KeyFilter::Options(KeyFilter::NoQuote)
+                                           : KeyFilter::NoQuote | KeyFilter::NoBlank);
     connect(box_, &QLineEdit::textEdited, this, &HeaderControl::touched);
     connect(box_, &QLineEdit::editingFinished, this, [this] { choose(); });
   }

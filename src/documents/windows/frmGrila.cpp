@@ -113,9 +113,9 @@ QWidget* frmGrila::draftsFrame() {
   const DocumentKind& kind = editor_.kind();
   auto* frame = new QGroupBox(kind.texts.draftsCaption, this);
   drafts_ = new TDBGrid("TDBGrid2", frame);
-  QList<GridColumn> columns{{kind.numberColumn, "Numar", CellFormat::Text, 12},
+  QList<GridColumn> columns{{kind.numberColumn, "Numar", CellFormat::Text, kind.draftColumns.isEmpty() ? 12 : 9},
                             {kind.dateColumn, "Data", CellFormat::Date, 11},
-                            {"NUME", "Tert", CellFormat::Text, 30}};
+                            {"NUME", "Tert", CellFormat::Text, kind.draftColumns.isEmpty() ? 30 : 20}};
   for (const HeaderField& field : kind.headerFields) {
     if (!kind.draftColumns.contains(field.column)) continue;
     const bool isDate = field.type == HeaderFieldType::DueDate;
@@ -304,7 +304,7 @@ QSize frmGrila::sizeHint() const {
   int width = 60;
   for (int i = 0; i < lines_->columns().size(); ++i)
     if (!lines_->isColumnHidden(i)) width += lines_->columnWidth(i);
-  return {std::min(width, kWidest), fontMetrics().height() * 34};
+  return {std::min(width, kWidest), fontMetrics().height() * (header_->hasTwoColumns() ? 45 : 34)};
 }
 
 // Lists are read again whenever the window comes to the front: other windows and workstations may have added
