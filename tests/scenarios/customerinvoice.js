@@ -150,7 +150,7 @@ w.pick("DataCombo2", "Comercial");
 w.click("cmdSalvare");
 noMessage();
 equal(sql("SELECT CODCLI, MODREG, JURNAL, BATVA1, CODDeviza, NoteContabile, OBS FROM G_FACCLI WHERE NUMFAC = '2'"),
-      [{CODCLI: 2, MODREG: 2, JURNAL: " ", BATVA1: 2, CODDEVIZA: "", NOTECONTABILE: -1, OBS: "Contract 7"}], "the header");
+      [{CODCLI: 2, MODREG: 2, JURNAL: " ", BATVA1: 2, CODDEVIZA: null, NOTECONTABILE: -1, OBS: "Contract 7"}], "the header");
 
 // A new date of a draft is stored at once, or refused.
 w.set("dtpDataFactura", year + "-02-03");
