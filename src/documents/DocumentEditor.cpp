@@ -485,7 +485,7 @@ bool DocumentEditor::checkLines() const {
   if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated), "CODART");
   if (!EsteValidDetaliiDocument(kind_.prefix, number())) return false;
   auto document = draftFor(typed_, number());
-  if (!document) return true;            // validation tells
+  if (!document) return true;             // validation tells
   document->header = headerFrom(typed_);  // as validation stores it, saved or not
   const QString refused = rules_->stockRefusal(*document);
   if (!refused.isEmpty()) throw RuleError(refused, "CODART");

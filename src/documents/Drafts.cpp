@@ -49,12 +49,12 @@ Recordset Drafts::list() const {
                   {session().gMagazie});
   QString more;
   for (const QString& column : kind_.draftColumns) more += QStringLiteral(", H.%1 AS %1").arg(column);
-  return OpenRs(QStringLiteral("SELECT H.%1 AS %1, H.%2 AS %2, T.NUME AS NUME, H.%3 AS %3%6 FROM %4 H "
-                               "INNER JOIN kt_ter T ON T.COD = H.%3 WHERE H.VALIDAT = 0 AND H.Magazie = ? "
-                               "ORDER BY H.%2 %5, H.%1 %5")
-                    .arg(kind_.numberColumn, kind_.dateColumn, kind_.partnerColumn, kind_.headerTable, order,
-                         more),
-                {session().gMagazie});
+  return OpenRs(
+      QStringLiteral("SELECT H.%1 AS %1, H.%2 AS %2, T.NUME AS NUME, H.%3 AS %3%6 FROM %4 H "
+                     "INNER JOIN kt_ter T ON T.COD = H.%3 WHERE H.VALIDAT = 0 AND H.Magazie = ? "
+                     "ORDER BY H.%2 %5, H.%1 %5")
+          .arg(kind_.numberColumn, kind_.dateColumn, kind_.partnerColumn, kind_.headerTable, order, more),
+      {session().gMagazie});
 }
 
 std::optional<Document> Drafts::load(const QString& number) const {

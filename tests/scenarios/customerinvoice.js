@@ -84,6 +84,14 @@ equal(lines.captions(), ["nr. linie", "Cod articol", "Denumire", "UM", "Cantitat
                          "Cantitate conform document", "Numar document", "Valoare COST"], "columns");
 equal(w.items("cboTVA")[0], "4427-19", "rates of sales");
 
+// Enter goes through the header; the way of payment may be left out.
+w.press("txtFields(0)", "Enter");
+for (const next of ["dtpDataFactura", "DTPicker1", "txtFields(1)", "DataCombo1", "txtFields(2)", "cboTVA", "cboModPlata", "TxtJNL"]) {
+  check(w.hasFocus(next), "Enter reaches " + next);
+  key("Enter");
+}
+noMessage();
+
 // Validation's checks on a header that is not saved, in their order.
 refused("cmdValidare", "Va rugam selectati o factura !");
 w.type("txtFields(0)", "1");

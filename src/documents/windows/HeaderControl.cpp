@@ -27,7 +27,7 @@ constexpr int kCodeLength = 9;
 constexpr int kPaletLength = 20;
 constexpr int kShownCode = 8;  // characters
 constexpr int kShownChoice = 12;
-constexpr int kShownPartner = 20;
+constexpr int kShownPartner = 14;
 constexpr int kRateDecimals = 4;
 const QString kNotANumber = QStringLiteral("Va rog introduceti o valoare numerica");
 const QString kOwnJournal = QStringLiteral("(jurnalul societatii)");
@@ -44,8 +44,7 @@ class TextControl : public HeaderControl {
   TextControl(const DocumentKind& kind, const HeaderField& field, QWidget* form)
       : HeaderControl(field), box_(named(new QLineEdit(form), field.control, field.toolTip)) {
     box_->setMaxLength(longestText(kind, field));
-    const bool mayHoldBlanks =
-        field.type == HeaderFieldType::Remark || field.type == HeaderFieldType::Text;
+    const bool mayHoldBlanks = field.type == HeaderFieldType::Remark || field.type == HeaderFieldType::Text;
     KeyFilter::install(box_, mayHoldBlanks ? KeyFilter::Options(KeyFilter::NoQuote)
                                            : KeyFilter::NoQuote | KeyFilter::NoBlank);
     connect(box_, &QLineEdit::textEdited, this, &HeaderControl::touched);
@@ -123,9 +122,7 @@ class FlagControl : public HeaderControl {
   QList<QWidget*> boxes() const override { return {box_}; }
 
  protected:
-  void put(const QString& text) override {
-    box_->setChecked(!text.isEmpty() && text != QStringLiteral("0"));
-  }
+  void put(const QString& text) override { box_->setChecked(!text.isEmpty() && text != QStringLiteral("0")); }
 
  private:
   QCheckBox* box_;
@@ -140,7 +137,7 @@ class PartnerControl : public HeaderControl {
         code_(named(new QLineEdit(form), field.control, field.toolTip)),
         names_(new SearchCombo(field.list, field.toolTip, kShownPartner, form)) {
     code_->setMaxLength(kCodeLength);
-    code_->setMaximumWidth(form->fontMetrics().averageCharWidth() * (kShownCode + 2));
+    code_->setFixedWidth(form->fontMetrics().averageCharWidth() * kShownCode);
     KeyFilter::install(code_, KeyFilter::NoQuote | KeyFilter::NoBlank);
     connect(code_, &QLineEdit::textEdited, this, &HeaderControl::touched);
     connect(code_, &QLineEdit::editingFinished, this, [this] {
@@ -190,13 +187,14 @@ class PartnerControl : public HeaderControl {
 
   void tellName() {
     if (!name_) return;
-    name_->setText(names_->currentText());
-    name_->setToolTip(names_->currentText());
+    const QString name = names_->choice().isNull() ? QString() : names_->currentText();
+    name_->setText(name);
+    name_->setToolTip(name);  // where the name is too long for its place
   }
 
   void takeName() {
     const QString code = names_->choice().toString();
-    if (name_) name_->setText(code.isEmpty() ? QString() : names_->currentText());
+    tellName();
     if (text() == code) return;
     code_->setText(code);
     emit touched();
@@ -233,8 +231,7 @@ class CodeControl : public HeaderControl {
     KeyFilter::install(code_, mayBeBlank ? KeyFilter::NoQuote | KeyFilter::UpperCase
                                          : KeyFilter::NoQuote | KeyFilter::NoBlank);
     pairWithCombo(code_, list_);
-    if (mayBeBlank)
-      connect(code_, &QLineEdit::textChanged, this, [this] { tellOwnJournal(); });
+    if (mayBeBlank) connect(code_, &QLineEdit::textChanged, this, [this] { tellOwnJournal(); });
     connect(code_, &QLineEdit::textEdited, this, &HeaderControl::touched);
     connect(code_, &QLineEdit::editingFinished, this, [this] { choose(); });
     connect(list_, &SearchCombo::settled, this, [this] { choose(); });
@@ -330,7 +327,10 @@ class PaymentControl : public HeaderControl {
     connect(list_->lineEdit(), &QLineEdit::editingFinished, this, [this] { take(); });
     checkWhenLeft(
         list_, [this] { return objection(); }, 0, QStringLiteral("Valoare incorecta!"),
-        [this] { put({}); isEdited_ = true; });
+        [this] {
+          put({});
+          isEdited_ = true;
+        });
   }
 
   QString text() const override { return list_->currentText().trimmed(); }
@@ -347,9 +347,8 @@ class PaymentControl : public HeaderControl {
  private:
   QString objection() const {
     const bool isUntouched = text().isEmpty() && !isEdited_;
-    return isUntouched || paymentWords().contains(text())
-               ? QString()
-               : QStringLiteral("Selectati o modalitate de plata");
+    return isUntouched || paymentWords().contains(text()) ? QString()
+                                                          : QStringLiteral("Selectati o modalitate de plata");
   }
 
   void take() {

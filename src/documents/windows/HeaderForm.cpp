@@ -23,9 +23,7 @@ QLabel* captionOf(const HeaderControl* control, QWidget* parent) {
 }  // namespace
 
 HeaderForm::HeaderForm(const DocumentKind& kind, QWidget* parent)
-    : QGroupBox("Antet", parent),
-      kind_(kind),
-      state_(named(new QLabel(this), QStringLiteral("lblStare"))) {
+    : QGroupBox("Antet", parent), kind_(kind), state_(named(new QLabel(this), QStringLiteral("lblStare"))) {
   for (const HeaderField& field : kind_.headerFields) addControl(field);
   layOut();
 }
@@ -56,6 +54,7 @@ void HeaderForm::layOut() {
   size_t filled = inColumn;  // of the column that is being filled
   for (HeaderControl* control : inRows) {
     if (filled >= inColumn) {
+      if (!columns_.isEmpty()) sideBySide->addSpacing(fontMetrics().height());
       columns_.append(new QFormLayout);
       columns_.last()->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
       sideBySide->addLayout(columns_.last(), 1);

@@ -25,6 +25,14 @@ namespace {
 
 constexpr int kWidest = 1180;  // beside the tool bars of the smallest screen
 constexpr int kFooterDecimals = 2;
+constexpr int kTall = 45;       // of a window, in lines of text
+constexpr int kListHeight = 7;  // of a list beside the header, as above
+
+// The header tells how tall its row is; the lists beside it share that height.
+void fitBesideHeader(QWidget* list) {
+  list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+  list->setMinimumHeight(list->fontMetrics().height() * kListHeight);
+}
 
 }  // namespace
 
@@ -103,6 +111,7 @@ void frmGrila::addCommand(QPushButton* button) {
 }
 
 void frmGrila::addBelowDrafts(QWidget* frame, QWidget* list) {
+  fitBesideHeader(list);
   lists_->addWidget(frame, 1);
   added_.append(list);
 }
@@ -113,9 +122,10 @@ QWidget* frmGrila::draftsFrame() {
   const DocumentKind& kind = editor_.kind();
   auto* frame = new QGroupBox(kind.texts.draftsCaption, this);
   drafts_ = new TDBGrid("TDBGrid2", frame);
-  QList<GridColumn> columns{{kind.numberColumn, "Numar", CellFormat::Text, kind.draftColumns.isEmpty() ? 12 : 9},
-                            {kind.dateColumn, "Data", CellFormat::Date, 11},
-                            {"NUME", "Tert", CellFormat::Text, kind.draftColumns.isEmpty() ? 30 : 20}};
+  QList<GridColumn> columns{
+      {kind.numberColumn, "Numar", CellFormat::Text, kind.draftColumns.isEmpty() ? 12 : 9},
+      {kind.dateColumn, "Data", CellFormat::Date, 11},
+      {"NUME", "Tert", CellFormat::Text, kind.draftColumns.isEmpty() ? 30 : 20}};
   for (const HeaderField& field : kind.headerFields) {
     if (!kind.draftColumns.contains(field.column)) continue;
     const bool isDate = field.type == HeaderFieldType::DueDate;
@@ -123,6 +133,7 @@ QWidget* frmGrila::draftsFrame() {
                     isDate ? CellFormat::Date : CellFormat::Text, isDate ? 13 : 7});
   }
   drafts_->setColumns(columns);
+  fitBesideHeader(drafts_);
   drafts_->setEmptyText("Nu exista documente nevalidate. Completati antetul si apasati Salvare.");
   connect(drafts_, &TDBGrid::currentRecordChanged, this, &frmGrila::openSelected);
   auto* inside = new QVBoxLayout(frame);
@@ -304,7 +315,7 @@ QSize frmGrila::sizeHint() const {
   int width = 60;
   for (int i = 0; i < lines_->columns().size(); ++i)
     if (!lines_->isColumnHidden(i)) width += lines_->columnWidth(i);
-  return {std::min(width, kWidest), fontMetrics().height() * (header_->hasTwoColumns() ? 45 : 34)};
+  return {std::min(width, kWidest), fontMetrics().height() * kTall};
 }
 
 // Lists are read again whenever the window comes to the front: other windows and workstations may have added

@@ -62,8 +62,7 @@ void frmGrilaFC::refreshLists() {
 
 // The date of an invoice that stands is stored as soon as it changes.
 void frmGrilaFC::fieldChosen(const QString& key) {
-  if (key == editor().kind().dateColumn && !editor().isNew())
-    run("dtpDataFactura", [this] { saveHeader(); });
+  if (key == editor().kind().dateColumn && !editor().isNew()) run("dtpDataFactura", [this] { saveHeader(); });
 }
 
 }  // namespace velmar

@@ -22,10 +22,11 @@ constexpr int kFromOrders = 7;
 frmGrilaFC2::frmGrilaFC2(QWidget* parent) : QDialog(parent) {
   setObjectName("frmGrilaFC2");
   setWindowTitle("Alegere document sursa pentru factura");
-  auto* notes =
-      makeButton("cmdAE", "Aviz de expeditie", "Creare Facturi din Avize de Expeditie sau Direct", "invoice-out");
+  auto* notes = makeButton("cmdAE", "Aviz de expeditie", "Creare Facturi din Avize de Expeditie sau Direct",
+                           "invoice-out");
   notes->setDefault(true);
-  auto* orders = makeButton("cmdCC", "Comanda client", "Creare Facturi din Comenzi Client sau Direct", "sales");
+  auto* orders =
+      makeButton("cmdCC", "Comanda client", "Creare Facturi din Comenzi Client sau Direct", "sales");
   connect(notes, &QPushButton::clicked, this, [this] { choose(kFromNotes, false); });
   connect(orders, &QPushButton::clicked, this, [this] { choose(kFromOrders, true); });
   auto* all = new QVBoxLayout(this);

@@ -31,8 +31,9 @@ QLabel* legend(const QString& name, const QString& text, const LineColours& colo
 
 frmGrilaFF::frmGrilaFF(QWidget* parent)
     : frmGrila(QStringLiteral("FF"), articleListWithCostOrPrice({}), parent) {
-  auto* import = makeButton("cmdImport", "Import",
-                            "Import detalii din fisier EXCEL cu structura: COD,DENUMIRE,PRET,CANTITATE,ADAOS");
+  auto* import =
+      makeButton("cmdImport", "Import",
+                 "Import detalii din fisier EXCEL cu structura: COD,DENUMIRE,PRET,CANTITATE,ADAOS");
   import->setEnabled(false);
   addCommand(import);
   addLegend();

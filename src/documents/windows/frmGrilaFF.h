@@ -1,5 +1,5 @@
-// The supplier invoice's window: the common one, with lines coloured by how their prices compare with the last
-// purchase.
+// The supplier invoice's window: the common one, with lines coloured by how their prices compare with the
+// last purchase.
 #pragma once
 
 #include "documents/windows/frmGrila.h"

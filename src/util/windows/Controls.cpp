@@ -25,8 +25,7 @@ void bringTabOf(QWidget* box) {
 // Watches one box being left.
 class EntryCheck : public QObject {
  public:
-  EntryCheck(QWidget* box, Objection objection, int icon, const QString& title,
-             std::function<void()> refused)
+  EntryCheck(QWidget* box, Objection objection, int icon, const QString& title, std::function<void()> refused)
       : QObject(box),
         box_(box),
         objection_(std::move(objection)),
