@@ -50,7 +50,7 @@ QString inScript(QString text) {
 QByteArray optionLines() {
   const Recordset families = OpenRs("SELECT COD, DENUMIRE FROM G_FAMART ORDER BY DENUMIRE NULLS FIRST, COD");
   const Recordset articles =
-      OpenRs("SELECT CODART, DENART, FAMART FROM G_ARTMAG WHERE TipAparat <> '' ORDER BY DENART, CODART");
+      OpenRs("SELECT CODART, DENART, FAMART FROM G_ARTMAG WHERE TipAparat <> '' ORDER BY DENART NULLS FIRST, CODART");
   QString lines;
   int count = 0;
   const auto option = [&lines, &count](const QString& text, const QString& value) {

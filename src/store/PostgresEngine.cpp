@@ -15,6 +15,8 @@ constexpr int kWriteLock = 0x564C4D52;  // locks of this kind are each database'
 constexpr int kCopyWaitMs = 15'000;
 constexpr int kCopyPauseMs = 100;
 constexpr int kCompactWaitMs = 5000;
+constexpr int kLockWaitMs = 1000;
+constexpr int kBusy = 5;
 
 // Prepared when it is first run, and again on a connection that was made anew.
 class ServerStatement : public EngineStatement {
@@ -34,6 +36,11 @@ class ServerStatement : public EngineStatement {
     connection_->each(name_, values, use);
   }
   int run(const Values& values) override { return changedBy(execute(values)); }
+  int runEach(const std::vector<Values>& rows) override {
+    if (rows.size() == 1) return run(rows.front());
+    requireConnection();
+    return connection_->executeEach(name_, rows);
+  }
 
  private:
   void prepare() {
@@ -129,15 +136,26 @@ void ServerEngine::run(const QString& sql) {
   }
 }
 
+// One round trip. The server keeps the order of those who wait and wakes the next one at once. What a transaction
+// writes is found by keys, for which the plan made once serves as well as a new one.
 bool ServerEngine::tryBeginWrite() {
   if (connection_->renewIfLost()) ++*generation_;
-  connection_->run(QStringLiteral("BEGIN"));
   connection_->setInTransaction(true);
-  const Recordset locked = recordsetOf(
-      connection_->run(QStringLiteral("SELECT pg_try_advisory_xact_lock(%1) AS locked").arg(kWriteLock)));
-  if (locked.first().flag("LOCKED")) return true;
-  run(QStringLiteral("ROLLBACK"));
-  return false;
+  try {
+    connection_->run(QStringLiteral("BEGIN; SET LOCAL lock_timeout = %1; SELECT pg_advisory_xact_lock(%2); "
+                                    "SET LOCAL lock_timeout = 0; SET LOCAL plan_cache_mode = auto")
+                         .arg(kLockWaitMs)
+                         .arg(kWriteLock));
+    return true;
+  } catch (const StoreError& error) {
+    const bool isHeld = error.number() == kBusy && connection_->inFailedTransaction();
+    if (connection_->isLost())
+      connection_->setInTransaction(false);
+    else
+      run(QStringLiteral("ROLLBACK"));
+    if (isHeld) return false;
+    throw;
+  }
 }
 
 void ServerEngine::beginSnapshot() {
@@ -179,12 +197,23 @@ void ServerEngine::compact() {
       // The connection is gone, and its settings with it.
     }
   });
+  for (const QString& table : filledTables()) run(QStringLiteral("VACUUM (FULL, ANALYZE) ") + table);
+}
+
+QStringList ServerEngine::filledTables() {
+  QStringList names;
   for (const Table& table : companyTables()) {
     const QString name = quoted(table.name());
     if (!recordsetOf(connection_->run(QStringLiteral("SELECT 1 AS found FROM %1 LIMIT 1").arg(name)))
              .isEmpty())
-      run(QStringLiteral("VACUUM (FULL, ANALYZE) ") + name);
+      names.append(name);
   }
+  return names;
+}
+
+// Indexes can answer alone only once the engine has seen that all rows are there for everybody.
+void ServerEngine::studyTables() {
+  for (const QString& table : filledTables()) run(QStringLiteral("VACUUM (ANALYZE) ") + table);
 }
 
 QString ServerEngine::declaredType(const Column& column) const {
@@ -208,6 +237,10 @@ QString ServerEngine::declaredType(const Column& column) const {
       return QStringLiteral("TIMESTAMP");
   }
   return {};
+}
+
+QString ServerEngine::indexedColumn(const Table& table, const QString& column) const {
+  return table.isNullable(column) ? column + QStringLiteral(" NULLS FIRST") : column;
 }
 
 void ServerEngine::prepareSchema() {

@@ -26,11 +26,13 @@ QString createStatement(const Table& table, const Engine& engine) {
       .arg(quoted(table.name()), parts.join(QStringLiteral(", ")), clustered);
 }
 
-QString createStatement(const Table& table, const Index& index, int number) {
+QString createStatement(const Table& table, const Index& index, int number, const Engine& engine) {
+  QStringList columns;
+  for (const QString& column : index.columns) columns.append(engine.indexedColumn(table, column));
   const QString where = index.where.isEmpty() ? QString() : QStringLiteral(" WHERE ") + index.where;
   return QStringLiteral("CREATE INDEX ix%1_%2 ON %3 (%4)%5")
       .arg(QString::number(number), QString(table.name()).remove(QLatin1Char(' ')).remove(QLatin1Char('-')),
-           quoted(table.name()), index.columns.join(QStringLiteral(", ")), where);
+           quoted(table.name()), columns.join(QStringLiteral(", ")), where);
 }
 
 }  // namespace
@@ -72,6 +74,12 @@ const Column* Table::column(const QString& name) const {
   return nullptr;
 }
 
+bool Table::isNullable(const QString& name) const {
+  const Column* found = column(name);
+  return found && !found->zeroDefault && found->type != ColumnType::Boolean &&
+         !key_.contains(name, Qt::CaseInsensitive);
+}
+
 Row Table::emptyRow() const {
   QStringList names;
   for (const Column& column : columns_) names.append(column.name);
@@ -96,7 +104,7 @@ const Table& companyTable(const QString& name) {
 QStringList createStatements(const Table& table, const Engine& engine) {
   QStringList statements{createStatement(table, engine)};
   int number = 0;
-  for (const Index& index : table.indexes()) statements.append(createStatement(table, index, ++number));
+  for (const Index& index : table.indexes()) statements.append(createStatement(table, index, ++number, engine));
   return statements;
 }
 

@@ -50,6 +50,9 @@ class Table {
   /// The column of that name in any case, null when there is none.
   const Column* column(const QString& name) const;
 
+  /// Whether the column of that name takes nulls.
+  bool isNullable(const QString& name) const;
+
   /// An empty row with all columns of the table.
   Row emptyRow() const;
 
