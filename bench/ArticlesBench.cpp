@@ -55,7 +55,8 @@ bool measureArticles(Store store) {
     int rows = 0;
     for (int round = 0; round < kRounds; ++round) {
       ours.add(timed([&] { rows = findArticles(articleList({}), typed, kShown).size(); }));
-      single.add(timed([&] { one.bind(1, holds).bind(2, holds).bind(3, holds).bind(4, begins).bind(5, begins).run(); }));
+      single.add(timed(
+          [&] { one.bind(1, holds).bind(2, holds).bind(3, holds).bind(4, begins).bind(5, begins).run(); }));
     }
     noteRatio(QStringLiteral("articles: ") + QString::fromLatin1(search.name), store,
               ours.median() / single.median());

@@ -1,5 +1,5 @@
-// An engine through its own C interface, with the settings that the program's store uses: the yardstick, and the
-// fast way to fill a company.
+// An engine through its own C interface, with the settings that the program's store uses: the yardstick, and
+// the fast way to fill a company.
 #pragma once
 
 #include <memory>

@@ -81,9 +81,8 @@ class ServerLink : public BareLink {
     const QByteArray user = server->user.toUtf8();
     const QByteArray database = databaseOnServer(*server, path).toUtf8();
     const char* const names[] = {"host", "port", "user", "dbname", "options", nullptr};
-    const char* const values[] = {host.constData(),     port.constData(),
-                                  user.constData(),     database.constData(),
-                                  "-c DateStyle=ISO", nullptr};
+    const char* const values[] = {host.constData(),     port.constData(),   user.constData(),
+                                  database.constData(), "-c DateStyle=ISO", nullptr};
     handle_.reset(PQconnectdbParams(names, values, 0));
     if (PQstatus(handle_.get()) != CONNECTION_OK)
       throw StoreError(1, QString::fromUtf8(PQerrorMessage(handle_.get())));

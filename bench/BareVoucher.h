@@ -1,5 +1,5 @@
-// An input voucher validated by the program, and the same rows written by bare prepared statements one row at a
-// time: what the program's own way is measured against.
+// An input voucher validated by the program, and the same rows written by bare prepared statements one row at
+// a time: what the program's own way is measured against.
 #pragma once
 
 #include <QString>

@@ -9,8 +9,8 @@
 
 #include "Bare.h"
 #include "config/Session.h"
-#include "store/Database.h"
 #include "store/CompanyCopy.h"
+#include "store/Database.h"
 #include "store/DatabaseFiles.h"
 #include "store/PostgresEngine.h"
 #include "TestServer.h"
@@ -65,8 +65,8 @@ constexpr const char* kFillDraftHeaders =
     "INSERT INTO G_BONINT (NUMNR, Magazie, OBS, DATANR, CODFUR, BATVA) "
     "SELECT ?1 * 1000 + r, 1 + r % 3, 'productie', '2026-03-15', 1 + r % 100, 19 FROM d";
 
-// 50,000 documents of 20 lines in two years, as the days bring them; each article is met in each warehouse. The
-// amounts are nearly a million different ones.
+// 50,000 documents of 20 lines in two years, as the days bring them; each article is met in each warehouse.
+// The amounts are nearly a million different ones.
 constexpr const char* kFillLedger =
     "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50000), "
     "kind (k, tip, tipie) AS (VALUES (0, 'FC', 'E'), (1, 'NR', 'I'), (2, 'BI', 'I')) "
@@ -92,7 +92,8 @@ constexpr const char* kFillLedger =
     "UTILIZATOR, TIMP, DocExplicatie, TERT, TIPDOC) "
     "SELECT i, j, 'JV' || i % 3, date('2024-03-15', (i * 730 / 50000) || ' days'), cont, 'document', "
     "j % 2 * (i * 7919 + (j + 1) / 2 * 104729) % 999983 / 100.0, "
-    "(1 - j % 2) * (i * 7919 + (j + 1) / 2 * 104729) % 999983 / 100.0, 1000000 + i, 1000000 + i, 'LEI', 'G', 'admin', "
+    "(1 - j % 2) * (i * 7919 + (j + 1) / 2 * 104729) % 999983 / 100.0, 1000000 + i, 1000000 + i, 'LEI', 'G', "
+    "'admin', "
     "date('2024-03-15', (i * 730 / 50000) || ' days') || ' 10:00:00.000', 'document', "
     "CASE WHEN cont IN ('4111', '401') THEN 1 + i % 100 END, 'FC' FROM n JOIN l";
 
@@ -281,7 +282,8 @@ QString ratio(double value, double aim) {
 }
 
 void noteRatio(const QString& name, Store store, double value, double aim) {
-  auto found = std::find_if(ratios.begin(), ratios.end(), [&name](const Ratio& each) { return each.name == name; });
+  auto found =
+      std::find_if(ratios.begin(), ratios.end(), [&name](const Ratio& each) { return each.name == name; });
   if (found == ratios.end()) found = ratios.insert(ratios.end(), {name, {}});
   found->values.insert(store, ratio(value, aim));
 }

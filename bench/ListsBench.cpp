@@ -58,7 +58,8 @@ void search(QWidget& window, const QString& text) {
 }
 
 template <typename Window>
-void measureOpening(Store store, const QString& name, BareStatement& page, const std::function<Window*()>& make) {
+void measureOpening(Store store, const QString& name, BareStatement& page,
+                    const std::function<Window*()>& make) {
   measure(
       store, name, kOpenAimMs, kWindowRounds,
       [&make] {

@@ -1,5 +1,5 @@
-// Sums that the engine makes of a million amounts, beside the exact sums of the same cells: both must agree to
-// the ban.
+// Sums that the engine makes of a million amounts, beside the exact sums of the same cells: both must agree
+// to the ban.
 #include "Benches.h"
 #include "store/Database.h"
 

@@ -79,8 +79,8 @@ bool measureVouchers(Store store) {
       const double bare = contest->pairs[lines].bare.median();
       const QString row = QStringLiteral("%1 linii, %2").arg(QString::number(lines), name);
       noteRatio(QStringLiteral("voucher: ") + row, store, ours / bare, kRatioAim);
-      printRow(
-          row, {milliseconds(ours), milliseconds(bare), ratio(ours / bare, kRatioAim), QStringLiteral("<= 1.5")});
+      printRow(row, {milliseconds(ours), milliseconds(bare), ratio(ours / bare, kRatioAim),
+                     QStringLiteral("<= 1.5")});
     }
   for (const int lines : kSizes) {
     const double ours = million.pairs[lines].ours.median() / empty.pairs[lines].ours.median();

@@ -1,5 +1,5 @@
-// Workstations that validate vouchers of 20 lines at once, each a process of its own, beside processes that write
-// the same rows with bare prepared statements.
+// Workstations that validate vouchers of 20 lines at once, each a process of its own, beside processes that
+// write the same rows with bare prepared statements.
 #include <cstdio>
 #include <functional>
 #include <memory>

@@ -45,8 +45,8 @@ class Engine {
   virtual std::shared_ptr<EngineStatement> prepare(const QString& sql) = 0;
   /// Runs a statement without values and rows.
   virtual void run(const QString& sql) = 0;
-  /// Begins a transaction with the company's write lock; gives false when another process holds it, at once or
-  /// after a moment's wait.
+  /// Begins a transaction with the company's write lock; gives false when another process holds it, at once
+  /// or after a moment's wait.
   virtual bool tryBeginWrite() = 0;
   /// Begins a transaction that reads the database as it stands now, whatever others write meanwhile.
   virtual void beginSnapshot() = 0;

@@ -136,8 +136,8 @@ void ServerEngine::run(const QString& sql) {
   }
 }
 
-// One round trip. The server keeps the order of those who wait and wakes the next one at once. What a transaction
-// writes is found by keys, for which the plan made once serves as well as a new one.
+// One round trip. The server keeps the order of those who wait and wakes the next one at once. What a
+// transaction writes is found by keys, for which the plan made once serves as well as a new one.
 bool ServerEngine::tryBeginWrite() {
   if (connection_->renewIfLost()) ++*generation_;
   connection_->setInTransaction(true);

@@ -104,7 +104,8 @@ const Table& companyTable(const QString& name) {
 QStringList createStatements(const Table& table, const Engine& engine) {
   QStringList statements{createStatement(table, engine)};
   int number = 0;
-  for (const Index& index : table.indexes()) statements.append(createStatement(table, index, ++number, engine));
+  for (const Index& index : table.indexes())
+    statements.append(createStatement(table, index, ++number, engine));
   return statements;
 }
 

@@ -100,7 +100,8 @@ QList<FilterField> filterOffer() {
   offerChoices(fields, "FAMART", "SELECT COD, DENUMIRE FROM G_FAMART ORDER BY DENUMIRE NULLS FIRST, COD");
   offerChoices(fields, "CODFURNIZO",
                "SELECT COD, NUME FROM kt_ter WHERE TIP IN ('M', 'F') ORDER BY NUME NULLS FIRST, COD");
-  offerChoices(fields, "CODMAGAZIE", "SELECT COD, DENUMIRE FROM G_MULTIMAGAZIE ORDER BY DENUMIRE NULLS FIRST, COD");
+  offerChoices(fields, "CODMAGAZIE",
+               "SELECT COD, DENUMIRE FROM G_MULTIMAGAZIE ORDER BY DENUMIRE NULLS FIRST, COD");
   offerYesNo(fields, "FARASTOC");
   return fields;
 }
