@@ -1,6 +1,7 @@
 #include "store/PostgresEngine.h"
 
 #include <QElapsedTimer>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QThread>
 
@@ -176,12 +177,26 @@ void ServerEngine::continueNumbering(const Table& table) {
               .arg(quoted(table.name()), column.name.toLower()));
 }
 
+// The plan for any values: with nulls in their place every condition would fall away.
 QStringList ServerEngine::plan(const QString& sql) {
-  QString known = sql;
+  static const QRegularExpression kMark(QStringLiteral("\\$\\d+"));
+  const QByteArray name("velmar_plan");
+  connection_->prepare(name, sql);
+  const QStringList nulls(withNumberedMarks(sql).count(kMark), QStringLiteral("NULL"));
+  QString asked = QStringLiteral("EXPLAIN EXECUTE ") + QString::fromLatin1(name);
+  if (!nulls.isEmpty()) asked += QStringLiteral(" (%1)").arg(nulls.join(QStringLiteral(", ")));
+  const auto forgotten = qScopeGuard([&] {
+    try {
+      connection_->forget(name);
+    } catch (const StoreError&) {
+      // The connection is gone, and the statement with it.
+    }
+  });
+  run(QStringLiteral("SET plan_cache_mode = force_generic_plan"));
+  const Recordset plan = recordsetOf(connection_->run(asked));
+  run(QStringLiteral("RESET plan_cache_mode"));
   QStringList steps;
-  for (const Row& row :
-       recordsetOf(connection_->run(QStringLiteral("EXPLAIN ") + known.replace(u'?', "NULL"))))
-    steps.append(row.at(0).toString());
+  for (const Row& row : plan) steps.append(row.at(0).toString());
   return steps;
 }
 
