@@ -8,6 +8,7 @@
 #include "documents/DocumentEditor.h"
 #include "documents/Invariants.h"
 #include "TestCompany.h"
+#include "util/Errors.h"
 
 namespace velmar {
 
