@@ -118,9 +118,7 @@ QString keyNumber(const QString& column, int prefix) {
   return prefix == 0 ? column : QStringLiteral("SUBSTR(%1, %2)").arg(column).arg(prefix + 1);
 }
 
-QString plainNumber(const QString& text) {
-  return QStringLiteral("LTRIM(%1, '0123456789') = ''").arg(text);
-}
+QString plainNumber(const QString& text) { return QStringLiteral("LTRIM(%1, '0123456789') = ''").arg(text); }
 
 QString oddNumber(const QString& column, int prefix) {
   return QStringLiteral("(LTRIM(%1, '0123456789') <> '' OR LENGTH(%2) > %3)")

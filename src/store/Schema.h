@@ -86,7 +86,8 @@ inline constexpr int kPlainDigits = 15;
 QString keyNumber(const QString& column, int prefix);
 /// The condition that a text is made of digits alone, or of nothing.
 QString plainNumber(const QString& text);
-/// The condition on a key column that what stands behind the prefix is no plain number of at most kPlainDigits.
+/// The condition on a key column that what stands behind the prefix is no plain number of at most
+/// kPlainDigits.
 QString oddNumber(const QString& column, int prefix);
 
 /// Throws RuleError, naming the column, when a text of the row is longer than its column allows.
