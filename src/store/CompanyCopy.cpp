@@ -4,6 +4,7 @@
 
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
+#include "store/Engine.h"
 #include "store/Schema.h"
 #include "util/Errors.h"
 
@@ -127,6 +128,7 @@ void copyToNewDatabase(Database& from, const QString& path, const CopyProgress& 
   const auto target = Database::create(path);
   createCompanyTables(*target);
   copyCompanyRows(from, *target, progress);
+  target->engine().studyTables();
 }
 
 void copyDatabase(const QString& from, const QString& to, const CopyProgress& progress) {

@@ -20,7 +20,9 @@ class ServerEngine : public Engine {
   QStringList plan(const QString& sql) override;
   void compact() override;
   QString declaredType(const Column& column) const override;
+  QString indexedColumn(const Table& table, const QString& column) const override;
   QString clusteredSuffix() const override { return {}; }
+  void studyTables() override;
   void prepareSchema() override;
   QStringList tables() override;
   TableShape tableShape(const QString& table) override;
@@ -30,6 +32,7 @@ class ServerEngine : public Engine {
   void limitLockWaits() override;
 
  private:
+  QStringList filledTables();
   Recordset ask(const QString& sql, const Values& values = {});
   void alterColumn(const QString& table, const ColumnShape& from, const ColumnShape& to);
   void retype(const QString& alter, const ColumnShape& from, const ColumnShape& to);

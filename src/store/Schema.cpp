@@ -26,11 +26,13 @@ QString createStatement(const Table& table, const Engine& engine) {
       .arg(quoted(table.name()), parts.join(QStringLiteral(", ")), clustered);
 }
 
-QString createStatement(const Table& table, const Index& index, int number) {
+QString createStatement(const Table& table, const Index& index, int number, const Engine& engine) {
+  QStringList columns;
+  for (const QString& column : index.columns) columns.append(engine.indexedColumn(table, column));
   const QString where = index.where.isEmpty() ? QString() : QStringLiteral(" WHERE ") + index.where;
   return QStringLiteral("CREATE INDEX ix%1_%2 ON %3 (%4)%5")
       .arg(QString::number(number), QString(table.name()).remove(QLatin1Char(' ')).remove(QLatin1Char('-')),
-           quoted(table.name()), index.columns.join(QStringLiteral(", ")), where);
+           quoted(table.name()), columns.join(QStringLiteral(", ")), where);
 }
 
 }  // namespace
@@ -61,6 +63,11 @@ Table& Table::key(const QString& names) {
   return *this;
 }
 
+Table& Table::numbered(const QString& column, int prefix, const QString& within) {
+  return index(QStringLiteral("%1 LENGTH(%2) %2").arg(within, column), plainNumber(keyNumber(column, prefix)))
+      .index(QStringLiteral("%1 %2").arg(within, column), oddNumber(column, prefix));
+}
+
 Table& Table::index(const QString& names, const QString& where) {
   indexes_.push_back({names.split(QLatin1Char(' '), Qt::SkipEmptyParts), where});
   return *this;
@@ -70,6 +77,12 @@ const Column* Table::column(const QString& name) const {
   for (const Column& column : columns_)
     if (column.name.compare(name, Qt::CaseInsensitive) == 0) return &column;
   return nullptr;
+}
+
+bool Table::isNullable(const QString& name) const {
+  const Column* found = column(name);
+  return found && !found->zeroDefault && found->type != ColumnType::Boolean &&
+         !key_.contains(name, Qt::CaseInsensitive);
 }
 
 Row Table::emptyRow() const {
@@ -96,7 +109,8 @@ const Table& companyTable(const QString& name) {
 QStringList createStatements(const Table& table, const Engine& engine) {
   QStringList statements{createStatement(table, engine)};
   int number = 0;
-  for (const Index& index : table.indexes()) statements.append(createStatement(table, index, ++number));
+  for (const Index& index : table.indexes())
+    statements.append(createStatement(table, index, ++number, engine));
   return statements;
 }
 
@@ -107,6 +121,18 @@ void createCompanyTables(Database& database) {
   database.execute(QStringLiteral(
       "CREATE VIEW qryTertiLinii AS SELECT DISTINCT TERT FROM kt_linii WHERE TERT IS NOT NULL"));
   transaction.commit();
+}
+
+QString keyNumber(const QString& column, int prefix) {
+  return prefix == 0 ? column : QStringLiteral("SUBSTR(%1, %2)").arg(column).arg(prefix + 1);
+}
+
+QString plainNumber(const QString& text) { return QStringLiteral("LTRIM(%1, '0123456789') = ''").arg(text); }
+
+QString oddNumber(const QString& column, int prefix) {
+  return QStringLiteral("(LTRIM(%1, '0123456789') <> '' OR LENGTH(%2) > %3)")
+      .arg(keyNumber(column, prefix), column)
+      .arg(prefix + kPlainDigits);
 }
 
 void requireWidths(const Table& table, const Row& row) {

@@ -42,6 +42,9 @@ class Table {
   Table& moments(const QString& names);
   Table& key(const QString& names);
   Table& index(const QString& names, const QString& where = {});
+  /// Indexes by which the highest number in a text key is found at once. The number stands behind a prefix of
+  /// that many characters and is counted apart for each value of the column `within`, if there is one.
+  Table& numbered(const QString& column, int prefix = 0, const QString& within = {});
 
   const QString& name() const { return name_; }
   const std::vector<Column>& columns() const { return columns_; }
@@ -49,6 +52,9 @@ class Table {
   const std::vector<Index>& indexes() const { return indexes_; }
   /// The column of that name in any case, null when there is none.
   const Column* column(const QString& name) const;
+
+  /// Whether the column of that name takes nulls.
+  bool isNullable(const QString& name) const;
 
   /// An empty row with all columns of the table.
   Row emptyRow() const;
@@ -76,6 +82,16 @@ QStringList createStatements(const Table& table, const Engine& engine);
 
 /// Makes all tables, indexes and stored queries in an empty file.
 void createCompanyTables(Database& database);
+
+/// Digits of a plain number that always fits a whole number.
+inline constexpr int kPlainDigits = 15;
+/// What stands behind the prefix of a key.
+QString keyNumber(const QString& column, int prefix);
+/// The condition that a text is made of digits alone, or of nothing.
+QString plainNumber(const QString& text);
+/// The condition on a key column that what stands behind the prefix is no plain number of at most
+/// kPlainDigits.
+QString oddNumber(const QString& column, int prefix);
 
 /// Throws RuleError, naming the column, when a text of the row is longer than its column allows.
 void requireWidths(const Table& table, const Row& row);
