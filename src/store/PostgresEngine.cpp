@@ -12,7 +12,7 @@ namespace velmar::postgres {
 namespace {
 
 constexpr int kWriteLock = 0x564C4D52;  // locks of this kind are each database's own
-constexpr int kCopyWaitMs = 15'000;
+constexpr int kCopyWaitMs = 4000;
 constexpr int kCopyPauseMs = 100;
 constexpr int kCompactWaitMs = 5000;
 
@@ -153,9 +153,11 @@ void ServerEngine::continueNumbering(const Table& table) {
   for (const Column& column : table.columns())
     if (column.type == ColumnType::AutoNumber)
       connection_->run(
-          QStringLiteral("SELECT setval(pg_get_serial_sequence('%1', '%2'), (SELECT MAX(%2) FROM "
-                         "%1)) FROM %1 LIMIT 1")
-              .arg(quoted(table.name()), column.name.toLower()));
+          QStringLiteral("SELECT setval(pg_get_serial_sequence('%1', '%2'), (SELECT MAX(%3) FROM "
+                         "%4)) FROM %4 LIMIT 1")
+              .arg(identifier(table.name()).replace(u'\'', QStringLiteral("''")),
+                   identifier(column.name).mid(1).chopped(1).replace(u'\'', QStringLiteral("''")),
+                   identifier(column.name), identifier(table.name())));
 }
 
 QStringList ServerEngine::plan(const QString& sql) {

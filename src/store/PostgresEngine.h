@@ -21,6 +21,9 @@ class ServerEngine : public Engine {
   void compact() override;
   QString declaredType(const Column& column) const override;
   QString clusteredSuffix() const override { return {}; }
+  QString identifier(const QString& name) const override;
+  std::optional<ColumnType> kindOf(const TableShape& table, const ColumnShape& column) const override;
+  QStringList ownKinds() override;
   void prepareSchema() override;
   QStringList tables() override;
   TableShape tableShape(const QString& table) override;

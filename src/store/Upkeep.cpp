@@ -9,8 +9,10 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include "store/clsCompareBD.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
+#include "store/Engine.h"
 #include "store/Roster.h"
 #include "store/Server.h"
 #include "store/Sqlite.h"
@@ -46,8 +48,14 @@ void copyFile(const QString& from, const QString& to) {
 // A copy that was cut or damaged tells so now, and a file that only looks like a company of ours.
 void requireWholeCompany(Database& company) {
   company.requireWhole();
-  if (company.query("SELECT VERSIUNE FROM kt_info").isEmpty() ||
-      company.query("SELECT ID FROM kt_par ORDER BY ID").isEmpty())
+  const QStringList tables = company.engine().tables();
+  const auto isFilled = [&](const char* table) {
+    return tables.contains(QLatin1String(table), Qt::CaseInsensitive) &&
+           company.query(QStringLiteral("SELECT COUNT(*) AS N FROM ") + QLatin1String(table))
+                   .first()
+                   .integer("N") > 0;
+  };
+  if (!isFilled("kt_info") || !isFilled("kt_par"))
     throw StoreError(kFileFailure, QStringLiteral("Fisierul %1 nu este o baza de date de societate.")
                                        .arg(QDir::toNativeSeparators(company.path())));
 }
@@ -85,18 +93,40 @@ void requireNobody(const QString& company) {
     refuse({{"calculator necunoscut", {}, true, "-"}});
 }
 
+// A copy that an older program made, or that lost something, gets this program's structure before anybody
+// works in it.
+void bringUpToDate(const QString& copy) {
+  const QTemporaryDir model;
+  requireFolder(model, QDir::tempPath());
+  bringTemplateUpToDate(model.path());
+  try {
+    clsCompareBD(copy, pathInFolder(model.path(), kTemplateName)).Compara();
+  } catch (const StoreError& error) {
+    throw StoreError(
+        error.number(),
+        QStringLiteral("Copia salvata are o structura mai veche, care nu poate fi adusa la cea de acum. "
+                       "Societatea a ramas cum era.\r\n%1")
+            .arg(error.text()));
+  }
+  const QFileInfo file(copy);
+  QString keepsItsName = QStringLiteral("00");
+  MarcheazaVersiune(file.path(), file.fileName(), keepsItsName);
+}
+
 void fillFrom(const QString& file, const QString& draft, const CopyProgress& progress) {
   if (!serverOf(QFileInfo(draft).path())) {
     copyFile(file, draft);
-    return requireWholeCompany(*Database::open(draft));
+    requireWholeCompany(*Database::open(draft));
+    return bringUpToDate(draft);
   }
   // Opened where it lies, the file might be taken for a database of the server, and opening it may write.
   const QTemporaryDir stage;
   requireFolder(stage, QDir::tempPath());
   const QString staged = QDir(stage.path()).filePath(QFileInfo(file).fileName());
   copyFile(file, staged);
+  requireWholeCompany(*Database::open(staged));
+  bringUpToDate(staged);
   const auto source = Database::open(staged);
-  requireWholeCompany(*source);
   copyToNewDatabase(*source, draft, progress);
 }
 
