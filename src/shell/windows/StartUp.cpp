@@ -1,5 +1,6 @@
 #include "shell/windows/StartUp.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QEventLoop>
 #include <QTimer>
@@ -14,12 +15,19 @@
 #include "shell/windows/frmSplash.h"
 #include "util/Errors.h"
 #include "util/Settings.h"
+#include "util/windows/WorkProgress.h"
 
 namespace velmar {
 
 namespace {
 constexpr int kSplashMs = 2000;
 const QString kStartModule = QStringLiteral("StartUp");
+
+clsCompareBD::Progress showUpgrade() {
+  auto shown = std::make_shared<WorkProgress>(QStringLiteral("Actualizare baza de date"),
+                                              QApplication::activeWindow());
+  return [shown](int done, int of) { shown->show(done, of); };
+}
 }  // namespace
 
 StartUp::StartUp(const QString& applicationFolder, QObject* parent) : QObject(parent) {
@@ -37,7 +45,7 @@ void StartUp::run() {
   showSplash();
   session().gCaleBD = settings::databasesPath();
   {
-    frmLogin login(VerificaVersiune);
+    frmLogin login([](bool force) { VerificaVersiune(force, showUpgrade); });
     login.exec();
     if (!login.LoginSucceeded()) {
       end();
