@@ -14,8 +14,8 @@ using ShowProgress = std::function<clsCompareBD::Progress()>;
 /// left it, or when `force` tells so. The login goes on whatever the answer and the outcome.
 void VerificaVersiune(bool force, const ShowProgress& show = {});
 
-/// Does it, and says how it ended. After an error, or when the user gives up, the company is as it was and the
-/// question comes back.
+/// Does it, and says how it ended. After an error, or when the user gives up, the company is as it was and
+/// the question comes back.
 void ActualizeazaStructura(const ShowProgress& show = {});
 
 }  // namespace velmar

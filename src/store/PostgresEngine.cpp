@@ -12,6 +12,8 @@ namespace velmar::postgres {
 namespace {
 
 constexpr int kWriteLock = 0x564C4D52;  // locks of this kind are each database's own
+constexpr int kDraftLock = 0x564C4444;
+const QString kOldMark = QStringLiteral(".vechi");
 constexpr int kCopyWaitMs = 4000;
 constexpr int kCopyPauseMs = 100;
 constexpr int kCompactWaitMs = 5000;
@@ -222,6 +224,35 @@ bool databaseExists(const Server& server, const QString& name) {
   return !recordsetOf(connection.execute("exists", {name})).isEmpty();
 }
 
+DraftLock::DraftLock(const Server& server, const QString& name) : connection_(maintenance(server)) {
+  connection_.prepare("draft",
+                      QStringLiteral("SELECT pg_try_advisory_lock(%1, HASHTEXT(?)) AS held").arg(kDraftLock));
+  held_ = recordsetOf(connection_.execute("draft", {name})).first().flag("held");
+}
+
+QStringList databasesLike(const Server& server, const QString& expression) {
+  Connection connection = maintenance(server);
+  connection.prepare("like",
+                     "SELECT datname AS name FROM pg_database WHERE STARTS_WITH(datname, ?) "
+                     "AND SUBSTR(datname, LENGTH(?) + 1) ~ ? ORDER BY datname");
+  QStringList names;
+  for (const Row& row : recordsetOf(connection.execute(
+           "like", {server.prefix, server.prefix, QStringLiteral("^(%1)$").arg(expression)})))
+    names.append(row.text("name"));
+  return names;
+}
+
+void dropAbandoned(const Server& server, const QString& name) {
+  const QString draft = name.endsWith(kOldMark) ? name.chopped(kOldMark.size()) : name;
+  const DraftLock lock(server, draft);
+  if (!lock.isHeld()) return;
+  try {
+    maintenance(server).run(QStringLiteral("DROP DATABASE IF EXISTS ") + quotedName(name));
+  } catch (const StoreError&) {
+    // Somebody is connected to it.
+  }
+}
+
 void copyDatabase(const Server& server, const QString& from, const QString& to) {
   runWhenFree(server, QStringLiteral("CREATE DATABASE %1 TEMPLATE %2").arg(quotedName(to), quotedName(from)));
 }
@@ -229,7 +260,7 @@ void copyDatabase(const Server& server, const QString& from, const QString& to) 
 // Statements sent together are one transaction.
 void replaceDatabase(const Server& server, const QString& from, const QString& to) {
   const QString rename = QStringLiteral("ALTER DATABASE %1 RENAME TO %2");
-  const QString old = from + QStringLiteral(".vechi");
+  const QString old = from + kOldMark;
   dropDatabase(server, old);
   runWhenFree(server, rename.arg(quotedName(to), quotedName(old)) + QStringLiteral("; ") +
                           rename.arg(quotedName(from), quotedName(to)));

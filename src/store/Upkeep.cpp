@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSysInfo>
-#include <QTemporaryDir>
 #include <QThread>
 
 #include "store/clsCompareBD.h"
@@ -16,6 +15,7 @@
 #include "store/Roster.h"
 #include "store/Server.h"
 #include "store/Sqlite.h"
+#include "store/Workshop.h"
 #include "util/Errors.h"
 #include "util/FileNames.h"
 #include "util/Messages.h"
@@ -26,15 +26,9 @@ namespace {
 
 constexpr int kNameLength = 10;
 constexpr int kExtensionLength = 4;
+const QString kStagePrefix = QStringLiteral("velmar-restaurare-");
 constexpr int kFarewellMs = 2000;
 constexpr int kFarewellPauseMs = 50;
-
-void requireFolder(const QTemporaryDir& made, const QString& folder) {
-  if (!made.isValid())
-    throw StoreError(kFileFailure,
-                     QStringLiteral("Folderul %1 nu poate fi scris. Verificati drepturile asupra lui.")
-                         .arg(QDir::toNativeSeparators(folder)));
-}
 
 void copyFile(const QString& from, const QString& to) {
   if (!QFile::copy(from, to))
@@ -96,8 +90,7 @@ void requireNobody(const QString& company) {
 // A copy that an older program made, or that lost something, gets this program's structure before anybody
 // works in it.
 void bringUpToDate(const QString& copy) {
-  const QTemporaryDir model;
-  requireFolder(model, QDir::tempPath());
+  const Workshop model(QDir::tempPath(), kStagePrefix);
   bringTemplateUpToDate(model.path());
   try {
     clsCompareBD(copy, pathInFolder(model.path(), kTemplateName)).Compara();
@@ -120,9 +113,8 @@ void fillFrom(const QString& file, const QString& draft, const CopyProgress& pro
     return bringUpToDate(draft);
   }
   // Opened where it lies, the file might be taken for a database of the server, and opening it may write.
-  const QTemporaryDir stage;
-  requireFolder(stage, QDir::tempPath());
-  const QString staged = QDir(stage.path()).filePath(QFileInfo(file).fileName());
+  const Workshop stage(QDir::tempPath(), kStagePrefix);
+  const QString staged = stage.filePath(QFileInfo(file).fileName());
   copyFile(file, staged);
   requireWholeCompany(*Database::open(staged));
   bringUpToDate(staged);
@@ -145,9 +137,8 @@ QString savedCopyName(const QString& companyName, const QString& fileName, const
 void saveCompany(const QString& company, const QString& file, const CopyProgress& progress) {
   const QFileInfo target(file);
   // In a folder of its own, where no settings of a server can claim the draft.
-  const QTemporaryDir workshop(target.dir().filePath(QStringLiteral(".salvare-XXXXXX")));
-  requireFolder(workshop, target.path());
-  const QString draft = QDir(workshop.path()).filePath(target.fileName());
+  const Workshop workshop(target.path(), QStringLiteral(".salvare-"));
+  const QString draft = workshop.filePath(target.fileName());
   {
     const auto source = Database::open(company);
     if (!source->copyAsFile(draft, progress)) copyToNewDatabase(*source, draft, progress);

@@ -22,8 +22,8 @@ class clsCompareBD {
   using Progress = std::function<void(int done, int of)>;
 
   /// The whole run, in one transaction of its own connection. Throws StoreError, and then the company is as
-  /// it was; likewise Cancelled, when `progress` stops it or the user gave up waiting for another one's work to
-  /// end.
+  /// it was; likewise Cancelled, when `progress` stops it or the user gave up waiting for another one's work
+  /// to end.
   void Compara(const Progress& progress = {});
 
  private:

@@ -144,7 +144,8 @@ TEST(StructureUpgradeTest, AColleagueInTheWayIsToldOf) {
     EXPECT_LT(waited.elapsed(), 6000);
     ASSERT_EQ(heard.all().size(), 2U);
     const QString told = heard.take().last();
-    EXPECT_TRUE(told.contains("Baza de date este folosita in acest moment de alt utilizator.")) << qPrintable(told);
+    EXPECT_TRUE(told.contains("Baza de date este folosita in acest moment de alt utilizator."))
+        << qPrintable(told);
   }
   EXPECT_EQ(revision(), 1);
   EXPECT_TRUE(database().engine().tableShape("kt_val2").columns.empty());
@@ -162,7 +163,8 @@ TEST(StructureUpgradeTest, ATemplateThatIsInUseIsWaitedForFiveSecondsOnServer) {
     makeCompanyFile(TestCompany::folder(), "Tarvon44.mdb");
     ADD_FAILURE() << "copied under the eyes of a colleague";
   } catch (const StoreError& error) {
-    EXPECT_TRUE(error.text().startsWith("Baza de date este folosita in acest moment")) << qPrintable(error.text());
+    EXPECT_TRUE(error.text().startsWith("Baza de date este folosita in acest moment"))
+        << qPrintable(error.text());
   }
   EXPECT_LT(waited.elapsed(), 5500);
   EXPECT_FALSE(databaseExists(TestCompany::folder(), "Tarvon44.mdb"));
