@@ -48,6 +48,8 @@ class Connection {
 
  private:
   Result checked(pg_result* result);
+  void connect(const Server& server, const QString& password);
+  bool wantsPassword() const;
 
   std::unique_ptr<pg_conn, void (*)(pg_conn*)> handle_;
   QString database_;

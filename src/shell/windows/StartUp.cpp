@@ -11,8 +11,10 @@
 #include "shell/StructureUpgrade.h"
 #include "shell/windows/frmLogin.h"
 #include "shell/windows/frmMain.h"
+#include "shell/windows/frmParola.h"
 #include "shell/windows/frmSelMagazie.h"
 #include "shell/windows/frmSplash.h"
+#include "store/Server.h"
 #include "util/Errors.h"
 #include "util/Settings.h"
 #include "util/windows/WorkProgress.h"
@@ -31,6 +33,7 @@ clsCompareBD::Progress showUpgrade() {
 }  // namespace
 
 StartUp::StartUp(const QString& applicationFolder, QObject* parent) : QObject(parent) {
+  setAskPassword(askServerPassword);
   session().gDenSocietateNoua = QStringLiteral("00");
   guarded(kStartModule, "prepareApplicationFolder",
           [&applicationFolder] { prepareApplicationFolder(applicationFolder); });
