@@ -207,6 +207,8 @@ Result Connection::checked(pg_result* raw) {
   if (status == PGRES_EMPTY_QUERY) throw StoreError(1, QStringLiteral("not a single statement"));
   if (state && QLatin1String(state) == QLatin1String("0A000") && strstr(message, "cached plan"))
     throw PlanOutdated(1, text(message));
+  // The server's last word, or none at all: the interface itself may notice only at the next statement.
+  farewell_ = !state || QLatin1String(state).startsWith(QLatin1String("57P"));
   throw describe(QString::fromLatin1(state ? state : ""),
                  text(message ? message : PQerrorMessage(handle_.get())), database_);
 }
@@ -285,7 +287,7 @@ void Connection::forget(const QByteArray& name) {
   run(QStringLiteral("DEALLOCATE ") + QString::fromLatin1(name));
 }
 
-bool Connection::isLost() const { return PQstatus(handle_.get()) != CONNECTION_OK; }
+bool Connection::isLost() const { return farewell_ || PQstatus(handle_.get()) != CONNECTION_OK; }
 
 bool Connection::inFailedTransaction() const { return PQtransactionStatus(handle_.get()) == PQTRANS_INERROR; }
 
@@ -293,6 +295,7 @@ bool Connection::renewIfLost() {
   if (!isLost()) return false;
   if (inTransaction_) throw describe(QStringLiteral("08006"), text(PQerrorMessage(handle_.get())), database_);
   PQreset(handle_.get());
+  farewell_ = false;
   if (PQstatus(handle_.get()) != CONNECTION_OK)
     throw describe(QStringLiteral("08006"), text(PQerrorMessage(handle_.get())), database_);
   return true;

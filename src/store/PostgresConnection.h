@@ -54,6 +54,7 @@ class Connection {
   std::unique_ptr<pg_conn, void (*)(pg_conn*)> handle_;
   QString database_;
   bool inTransaction_ = false;
+  bool farewell_ = false;  ///< the server said that it ends the connection
 };
 
 /// The tables have changed since a statement was prepared: it has to be prepared anew.
