@@ -14,46 +14,107 @@ const QString kOurs = QStringLiteral("G");
 const QString kAccountMissing =
     QStringLiteral("Nu au fost stabilite toate conturile necesare la configurarea societatii !");
 
-struct TotalsStatement {
-  QString key;
-  QString lineTable;
-  QString numberColumn;
-  QString sql;
+// One grouping of a document's lines: what is summed, over which articles, by what.
+struct Totals {
+  const char* key;
+  const char* lineTable;
+  const char* numberColumn;
+  const char* groups;  ///< account columns, and what else is told apart
+  const char* total;   ///< what is summed
+  const char* vat = nullptr;
+  const char* articles = nullptr;  ///< condition
 };
 
-// Values of the lines have at most two decimals, so rounding the sum takes away only what binary addition
-// left.
-const TotalsStatement kTotals[] = {
-    {"G_LBONINT", "G_LBONINT", "NUMNR",
-     "SELECT G_FAMART.CONTSTOCPROD AS CONTSTOCPROD, ROUND_EVEN(SUM(G_LBONINT.VALOAREFT), 2) AS Total "
-     "FROM G_LBONINT INNER JOIN G_ARTMAG ON G_ARTMAG.CODART = G_LBONINT.CODART "
-     "INNER JOIN G_FAMART ON G_FAMART.COD = G_ARTMAG.FAMART WHERE G_LBONINT.NUMNR = ? "
-     "GROUP BY G_FAMART.CONTSTOCPROD ORDER BY CONTSTOCPROD NULLS FIRST"},
+constexpr auto kGoods = "G_ARTMAG.PROVENIENTA = 'M' AND G_ARTMAG.FARASTOC = 0";
+constexpr auto kProducts = "G_ARTMAG.PROVENIENTA = 'P' AND G_ARTMAG.FARASTOC = 0";
+constexpr auto kExpenseAndGoods = "CONTCHELT CONTSTOCMARFA";
+
+constexpr Totals kTotals[] = {
+    {"G_LBONINT", "G_LBONINT", "NUMNR", "CONTSTOCPROD", "L.VALOAREFT"},
+    {"G_LFACFU", "G_LFACFU", "NUMFAC", "CONTSTOCMARFA", "L.VALOAREFT", "L.VALOARETVA"},
+    {"G_LBONCON", "G_LBONCON", "NUMAE", kExpenseAndGoods, "L.CANT * G_ARTMAG.COST"},
+    {"G_LBONCONFIFO", "G_LBONCON", "NUMAE", kExpenseAndGoods, "L.VALOAREFT"},
+    {"G_LFACCL_VEN", "G_LFACCL", "NUMFAC", "CONTVEN", "L.VALOAREFT", "L.VALOARETVA"},
+    {"G_LFACCL_M_COST", "G_LFACCL", "NUMFAC", kExpenseAndGoods, "L.COST", nullptr, kGoods},
+    // The quantity tells groups apart: a pair of rows for each.
+    {"G_LFACCL_M_COSTFIFO", "G_LFACCL", "NUMFAC", "CONTCHELT CONTSTOCMARFA L.CANT", "L.COST", nullptr,
+     kGoods},
+    {"G_LFACCL_P_COST", "G_LFACCL", "NUMFAC", "CONTSTOCPROD", "L.COST", nullptr, kProducts},
+    {"G_LFACCL_P_COSTFIFO", "G_LFACCL", "NUMFAC", "CONTSTOCPROD", "L.COST", nullptr, kProducts},
 };
 
-const TotalsStatement& totalsStatement(const QString& key) {
-  for (const TotalsStatement& statement : kTotals)
-    if (statement.key == key) return statement;
+const Totals& totalsOf(const QString& key) {
+  for (const Totals& totals : kTotals)
+    if (key == QLatin1String(totals.key)) return totals;
   throw StoreError(0, QStringLiteral("Lipseste totalul %1").arg(key));
 }
 
-// An article that is gone, or without a family, would fall out of the totals and leave the note short.
-void requireFamilies(const TotalsStatement& totals, const QString& number) {
-  const Recordset without = database().query(
-      QStringLiteral(
-          "SELECT L.CODART AS CODART, A.CODART AS KNOWN FROM %1 L "
-          "LEFT JOIN G_ARTMAG A ON A.CODART = L.CODART "
-          "LEFT JOIN G_FAMART F ON F.COD = A.FAMART WHERE L.%2 = ? AND F.COD IS NULL ORDER BY L.NRLINIE")
-          .arg(totals.lineTable, totals.numberColumn),
-      {number});
-  if (without.isEmpty()) return;
-  const Row& line = without.first();
-  throw RuleError(
-      (line.isNull("KNOWN")
-           ? QStringLiteral("Articolul cu codul %1 nu exista ! Validarea nu se poate efectua !")
-           : QStringLiteral("Articolul cu codul %1 nu are familie ! Validarea nu se poate efectua !"))
-          .arg(line.text("CODART")));
+// Sums carry what binary addition left behind far below a ban; the rounding takes it away and nothing else.
+QString summed(const char* expression, const char* name) {
+  return QStringLiteral("ROUND_EVEN(SUM(%1), 10) AS %2").arg(QLatin1String(expression), QLatin1String(name));
 }
+
+QString statementOf(const Totals& totals) {
+  QStringList groups, selected;
+  for (const QString& group : QString::fromLatin1(totals.groups).split(u' ')) {
+    const bool isAccount = !group.contains(u'.');
+    groups.append(isAccount ? QStringLiteral("G_FAMART.") + group : group);
+    if (isAccount) selected.append(QStringLiteral("G_FAMART.%1 AS %1").arg(group));
+  }
+  selected.append(summed(totals.total, "TOTAL"));
+  if (totals.vat) selected.append(summed(totals.vat, "TVA"));
+  QStringList order;
+  for (const QString& group : std::as_const(groups)) order.append(group + QStringLiteral(" NULLS FIRST"));
+  const QString articles =
+      totals.articles ? QStringLiteral(" AND ") + QLatin1String(totals.articles) : QString();
+  return QStringLiteral(
+             "SELECT %1 FROM %2 L INNER JOIN G_ARTMAG ON G_ARTMAG.CODART = L.CODART "
+             "INNER JOIN G_FAMART ON G_FAMART.COD = G_ARTMAG.FAMART WHERE L.%3 = ?%4 GROUP BY %5 ORDER BY %6")
+      .arg(selected.join(QStringLiteral(", ")), QLatin1String(totals.lineTable),
+           QLatin1String(totals.numberColumn), articles, groups.join(QStringLiteral(", ")),
+           order.join(QStringLiteral(", ")));
+}
+
+// The columns of every note, and behind them those of the forms that the notes use.
+QStringList columnsOf(const std::vector<Note>& notes) {
+  QStringList columns{"NDI",        "NRLINIE", "JURNAL",        "DATAINR", "CONT", "EXPL",
+                      "DEBIT",      "CREDIT",  "DOC",           "MARCA",   "COD",  "PROV",
+                      "UTILIZATOR", "TIMP",    "DocExplicatie", "TIPDOC",  "TERT", "TVA_LINREF",
+                      "COTATVA",    "CODBUG",  "DATASCAD"};
+  if (notes.front().inCurrencyForm) columns.append({"CURS", "DEVDEBIT", "DEVCREDIT"});
+  if (!notes.front().vatOnCollection.data().isNull()) columns.append("TVAINC");
+  return columns;
+}
+
+Values valuesOf(const Note& note, const NoteRow& row, qint64 ndi, int line, const QDateTime& now) {
+  Values values{ndi,
+                line,
+                note.journal,
+                note.date,
+                row.account,
+                note.remark,
+                row.debit,
+                row.credit,
+                note.number,
+                note.number,
+                note.currency.isEmpty() ? kNational : note.currency,
+                kOurs,
+                session().gUtilizator,
+                now,
+                note.remark,
+                note.kind.isEmpty() ? Value() : Value(note.kind),
+                row.partner,
+                row.vatLink,
+                row.vatPercent,
+                row.costCentre,
+                note.dueDate.isValid() ? Value(note.dueDate) : Value()};
+  if (note.inCurrencyForm)
+    for (const Decimal& amount : {note.rate, row.foreignDebit, row.foreignCredit}) values.push_back(amount);
+  if (!note.vatOnCollection.data().isNull()) values.push_back(note.vatOnCollection);
+  return values;
+}
+
+}  // namespace
 
 void requireBalance(const Note& note) {
   Decimal debit;
@@ -67,54 +128,46 @@ void requireBalance(const Note& note) {
     throw StoreError(0, QStringLiteral("DEBIT <> CREDIT, validarea nu se poate efectua !"));
 }
 
-// The note's rows of the steps, with their journal.
-Note composed(const std::vector<PostingStep>& steps, Note note) {
-  for (const PostingStep& step : steps) {
-    note.journal = requiredParameter(step.journalParameter);
-    const QString credit = requiredParameter(step.creditParameter);
-    requireFamilies(totalsStatement(step.totals), note.number);
-    for (const Row& total : TotaluriConturi(step.totals, note.number)) {
-      note.rows.push_back({total.text(step.debitColumn), total.decimal("Total"), 0});
-      note.rows.push_back({credit, 0, total.decimal("Total")});
-    }
+qint64 writeNotes(const std::vector<Note>& notes) {
+  std::vector<Note> written;
+  for (const Note& note : notes) {
+    requireBalance(note);
+    if (!note.rows.empty()) written.push_back(note);
   }
-  requireBalance(note);
-  return note;
-}
-
-}  // namespace
-
-qint64 writeNote(const Note& note) {
-  if (note.rows.empty()) return 0;
-  requireBalance(note);
-  const qint64 ndi = database().query("SELECT MAX(NDI) AS NDI FROM kt_linii").first().integer("NDI") + 1;
+  if (written.empty()) return 0;
+  const qint64 first = database().query("SELECT MAX(NDI) AS NDI FROM kt_linii").first().integer("NDI") + 1;
   const QDateTime now = clock::now();
   std::vector<Values> rows;
-  rows.reserve(note.rows.size());
-  int line = 0;
-  for (const NoteRow& row : note.rows)
-    rows.push_back({ndi, ++line, note.journal, note.date, row.account, note.remark, row.debit, row.credit,
-                    note.number, note.number, kNational, kOurs, session().gUtilizator, now, note.remark});
-  database().insertRows("kt_linii",
-                        {"NDI", "NRLINIE", "JURNAL", "DATAINR", "CONT", "EXPL", "DEBIT", "CREDIT", "DOC",
-                         "MARCA", "COD", "PROV", "UTILIZATOR", "TIMP", "DocExplicatie"},
-                        rows);
-  database().execute("UPDATE kt_linii SET TIPDOC = ? WHERE NDI = ?", {note.kind, ndi});
-  return ndi;
+  qint64 ndi = first;
+  for (const Note& note : written) {
+    int line = 0;
+    for (const NoteRow& row : note.rows) rows.push_back(valuesOf(note, row, ndi, ++line, now));
+    ++ndi;
+  }
+  database().insertRows("kt_linii", columnsOf(written), rows);
+  return first;
 }
 
 Recordset TotaluriConturi(const QString& key, const QString& number) {
-  return OpenRs(totalsStatement(key).sql, {number});
+  return OpenRs(statementOf(totalsOf(key)), {number});
 }
 
-qint64 SalvareDateContabile(const std::vector<PostingStep>& steps, const Note& note) {
-  return writeNote(composed(steps, note));
-}
-
-void requirePostable(const std::vector<PostingStep>& steps, const QString& number) {
-  Note note;
-  note.number = number;
-  composed(steps, note);
+void requireFamilies(const QString& key, const QString& number) {
+  const Totals& totals = totalsOf(key);
+  const Recordset without = database().query(
+      QStringLiteral(
+          "SELECT L.CODART AS CODART, A.CODART AS KNOWN FROM %1 L "
+          "LEFT JOIN G_ARTMAG A ON A.CODART = L.CODART "
+          "LEFT JOIN G_FAMART F ON F.COD = A.FAMART WHERE L.%2 = ? AND F.COD IS NULL ORDER BY L.NRLINIE")
+          .arg(QLatin1String(totals.lineTable), QLatin1String(totals.numberColumn)),
+      {number});
+  if (without.isEmpty()) return;
+  const Row& line = without.first();
+  throw RuleError(
+      (line.isNull("KNOWN")
+           ? QStringLiteral("Articolul cu codul %1 nu exista ! Validarea nu se poate efectua !")
+           : QStringLiteral("Articolul cu codul %1 nu are familie ! Validarea nu se poate efectua !"))
+          .arg(line.text("CODART")));
 }
 
 }  // namespace velmar

@@ -3,51 +3,53 @@
 
 #include <QDate>
 #include <QString>
-#include <QStringList>
 #include <vector>
 
 #include "store/Row.h"
 
 namespace velmar {
 
-/// One side of an entry. Amounts in lei.
+/// One side of an entry.
 struct NoteRow {
   QString account;
-  Decimal debit;
+  Decimal debit;  ///< lei, as `credit`
   Decimal credit;
+  Decimal foreignDebit;  ///< in the note's currency, as `foreignCredit`
+  Decimal foreignCredit;
+  Value partner;     ///< TERT
+  Value vatLink;     ///< TVA_LINREF
+  Value vatPercent;  ///< COTATVA
+  Value costCentre;  ///< CODBUG
 };
 
 struct Note {
-  QString kind;  ///< prefix of the document, stamped as TIPDOC
+  QString kind;  ///< prefix of the document, stamped as TIPDOC; empty: not stamped
   QString journal;
   QDate date;      ///< document date
   QString number;  ///< document number, without the kind
   QString remark;  ///< observations
   std::vector<NoteRow> rows;
+  QDate dueDate;                ///< invalid: none is written
+  QString currency;             ///< empty: lei
+  bool inCurrencyForm = false;  ///< rate and amounts in currency are written
+  Decimal rate;
+  Value vatOnCollection;  ///< TVAINC
 };
 
-/// Writes the note with the next NDI in the form of vouchers (COD "LEI", PROV "G", no third party, no due
-/// date), stamps it with its kind and gives the NDI. Throws RuleError when a row has no account, StoreError
-/// when debit and credit differ. A note without rows is not written and gives 0.
-qint64 writeNote(const Note& note);
+/// Writes the notes with the next NDIs and gives the first. PROV is "G". Throws RuleError when a row has no
+/// account, StoreError when debit and credit differ. A note without rows is not written and takes no number;
+/// gives 0 when none was written.
+qint64 writeNotes(const std::vector<Note>& notes);
 
-/// Totals of a document's lines grouped by the accounts of the article families. `key` names the grouping.
+/// Throws as writeNotes().
+void requireBalance(const Note& note);
+
+/// Totals of a document's lines grouped by the accounts of the article families: the account columns, TOTAL
+/// and, of sales and purchases, TVA. `key` names the grouping.
 Recordset TotaluriConturi(const QString& key, const QString& number);
 
-/// An entry that a document makes for every group of its totals: debit one account, credit the other.
-struct PostingStep {
-  QString totals;            ///< key of TotaluriConturi
-  QString journalParameter;  ///< column of kt_par
-  QString debitColumn;       ///< account column of the totals
-  QString creditParameter;   ///< column of kt_par
-};
-
-/// Posts the steps of one document as one note; gives its NDI, 0 when nothing was posted. Throws RuleError
-/// when a journal, an account or an article's family is missing.
-qint64 SalvareDateContabile(const std::vector<PostingStep>& steps, const Note& note);
-
-/// Throws RuleError when a journal, an account or an article's family that the steps need is missing: to be
-/// asked before the write lock is taken.
-void requirePostable(const std::vector<PostingStep>& steps, const QString& number);
+/// Throws RuleError with the article's code when one on the document is gone or has no family: it would fall
+/// out of the totals and leave the note short.
+void requireFamilies(const QString& key, const QString& number);
 
 }  // namespace velmar

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "config/Lookups.h"
+#include "config/Session.h"
 #include "store/ListRows.h"
 #include "util/Messages.h"
 
@@ -64,6 +65,12 @@ QString joinedRow(const Row& row, const QString& separators) {
   QString text = cellText(row.at(0));
   for (int i = 1; i < row.columns().size(); ++i) text += separators[i - 1] + cellText(row.at(i));
   return text;
+}
+
+// The VAT account of the company's parameters and what begins with it.
+QString vatAccountPattern(bool ofPurchases) {
+  const QString& account = ofPurchases ? session().TVACumparare : session().TVAVanzare;
+  return escapedForLike(account) + u'%';
 }
 
 QString amountColumn(ArticleList::Amount amount) {
@@ -138,6 +145,35 @@ ArticleList articleListWithCostOrPrice(const QString& kind) {
   if (kind == QStringLiteral("M"))
     return {QStringLiteral("FARASTOC = 0"), true, ArticleList::Amount::SalePrice};
   return {{}, true, ArticleList::Amount::SalePrice};
+}
+
+std::vector<ListEntry> vatRates(bool ofPurchases) {
+  std::vector<ListEntry> rates;
+  for (const Row& row : OpenRs("SELECT COD, CONT, PROCENT FROM kt_cote WHERE CONT LIKE ? ESCAPE '!' "
+                               "OR CONT LIKE '4428%' ORDER BY COD",
+                               {vatAccountPattern(ofPurchases)}))
+    rates.push_back(
+        {row.text("CONT") + u'-' + row.decimal("PROCENT").toString(), QString::number(row.integer("COD"))});
+  return rates;
+}
+
+QString defaultVatRate(bool ofPurchases) {
+  return ValoareSql("SELECT COD FROM kt_cote WHERE CONT LIKE ? ESCAPE '!' ORDER BY COD LIMIT 1",
+                    {vatAccountPattern(ofPurchases)});
+}
+
+std::vector<ListEntry> journals(bool ofPurchases) {
+  std::vector<ListEntry> all;
+  for (const Row& row :
+       OpenRs("SELECT COD, TITLU FROM kt_jur WHERE TIP = ? ORDER BY COD", {ofPurchases ? "C" : "V"}))
+    all.push_back({row.text("COD") + u'-' + row.text("TITLU"), row.text("COD")});
+  return all;
+}
+
+QStringList currencyCodes() {
+  QStringList codes;
+  for (const Row& row : OpenRs("SELECT COD FROM kt_val ORDER BY COD")) codes.append(row.text("COD"));
+  return codes;
 }
 
 Recordset findArticles(const ArticleList& list, const QString& typed, int limit) {

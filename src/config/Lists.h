@@ -23,6 +23,22 @@ extern const BoundList kCustomerList;
 extern const BoundList kFamilyList;
 extern const BoundList kCostCentreList;
 
+/// A row of a list that is shown one way and stored another.
+struct ListEntry {
+  QString text;
+  QString code;
+};
+
+/// VAT rates on the VAT account of purchases or of sales and on the accounts that begin 4428, as "4426-19".
+std::vector<ListEntry> vatRates(bool ofPurchases);
+/// The code of the rate that a new document starts with: the first one on the account itself; "" when there
+/// is none.
+QString defaultVatRate(bool ofPurchases);
+/// Journals of purchases or of sales, as "JC-Jurnal cumparari".
+std::vector<ListEntry> journals(bool ofPurchases);
+/// Codes of the currencies.
+QStringList currencyCodes();
+
 /// A list of articles: which it holds, and what it tells of each besides name, code and unit.
 struct ArticleList {
   enum class Amount { None, SalePrice, Cost };

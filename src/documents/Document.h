@@ -1,10 +1,12 @@
 // A document on its way: its header and lines, and what its validation will write.
 #pragma once
 
+#include <QHash>
 #include <vector>
 
-#include "accounting/Notes.h"
+#include "accounting/Posting.h"
 #include "stock/Ledger.h"
+#include "stock/Lots.h"
 #include "store/Row.h"
 
 namespace velmar {
@@ -16,13 +18,30 @@ struct Document {
   QString number;
   Row header;              ///< a row of the kind's header table
   std::vector<Row> lines;  ///< rows of its line table, by NRLINIE
+  /// The header as it stood on screen, by HeaderField::key(): what no table stores comes from here.
+  QHash<QString, QString> typed = {};
+};
+
+/// The document's ledger entry as far as all kinds have it alike: key, kind and direction, warehouse,
+/// partner, date and remark. The rules add the rest.
+LedgerDocument ledgerOf(const Document& document);
+
+/// What a return to a supplier takes off the receipt that it names.
+struct ReceiptReturn {
+  QString receipt;  ///< key of the ledger
+  QString article;
+  Decimal quantity;  ///< negative
 };
 
 /// What validation will write, worked out before anything is written.
 struct Plan {
   std::vector<LedgerDocument> ledger;
+  std::vector<Row> costedLines;  ///< lines of the draft whose cost the lots have decided
+  QStringList costColumns;       ///< what of them
+  std::vector<Consumption> lots;
+  std::vector<ReceiptReturn> returns;
   std::vector<StockChange> stock;
-  std::vector<PostingStep> posting;  ///< empty: nothing is posted
+  Posting posting;
 };
 
 }  // namespace velmar

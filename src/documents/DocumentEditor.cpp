@@ -2,6 +2,7 @@
 
 #include "catalogue/Articles.h"
 #include "config/Checks.h"
+#include "config/Lists.h"
 #include "config/Lookups.h"
 #include "config/Session.h"
 #include "documents/LineChecks.h"
@@ -20,13 +21,6 @@ namespace {
 
 constexpr int kNameWidth = 35;
 constexpr int kFooterDecimals = 2;
-constexpr qint64 kLargestNumber = 1'000'000'000'000;  // beyond it a double no longer holds thousandths
-
-std::optional<Decimal> typedNumber(const QString& typed) {
-  const auto number = parseNumber(typed);
-  return number && number->abs() < Decimal(kLargestNumber) ? number : std::nullopt;
-}
-
 bool isPositive(const QString& typed) {
   const auto number = typedNumber(typed);
   return number && !number->isNegative();
@@ -42,10 +36,9 @@ QString shownText(const Checked<ValidationCheck>& check) {
   return check.check == ValidationCheck::OutsidePeriod ? withPeriod(check.text) : check.text;
 }
 
-bool isTicked(const QString& typed) { return !typed.trimmed().isEmpty() && typed.trimmed() != "0"; }
-
 // What a column holds for a typed text that has passed its checks.
-Value storedValue(HeaderFieldType type, const QString& text) {
+Value storedValue(HeaderFieldType type, const QString& typed) {
+  const QString text = typed.trimmed();
   switch (type) {
     case HeaderFieldType::Partner:
     case HeaderFieldType::VatRate:
@@ -62,10 +55,11 @@ Value storedValue(HeaderFieldType type, const QString& text) {
       return static_cast<qint64>(paymentWords().indexOf(text) + 1);
     case HeaderFieldType::Flag:
     case HeaderFieldType::Foreign:
-      return isTicked(text);
+      return !text.isEmpty() && text != QStringLiteral("0");
+    case HeaderFieldType::Journal:
+      return typed;  // a blank means the company's own
     case HeaderFieldType::Number:
     case HeaderFieldType::Remark:
-    case HeaderFieldType::Journal:
     case HeaderFieldType::Currency:
     case HeaderFieldType::CostCentre:
     case HeaderFieldType::Text:
@@ -74,11 +68,28 @@ Value storedValue(HeaderFieldType type, const QString& text) {
   return text;
 }
 
-// A kind without the box is in foreign currency always.
-bool isForeign(const DocumentKind& kind, const QHash<QString, QString>& typed) {
-  for (const HeaderField& field : kind.headerFields)
-    if (field.type == HeaderFieldType::Foreign) return isTicked(typed.value(field.key()));
-  return true;
+constexpr int kRateDecimals = 4;
+
+// What a control shows of a stored value.
+QString shownText(HeaderFieldType type, const Row& header, const QString& column) {
+  if (header.isNull(column)) return {};
+  switch (type) {
+    case HeaderFieldType::Percent:
+    case HeaderFieldType::Amount:
+      return editNumber(header.decimal(column));
+    case HeaderFieldType::Rate:
+      return header.decimal(column).isZero() ? QString() : editNumber(header.decimal(column), kRateDecimals);
+    case HeaderFieldType::Date:
+    case HeaderFieldType::DueDate:
+      return header.date(column).toString(Qt::ISODate);
+    case HeaderFieldType::PaymentMode:
+      return paymentWords().value(static_cast<int>(header.integer(column)) - 1);
+    case HeaderFieldType::Flag:
+    case HeaderFieldType::Foreign:
+      return header.flag(column) ? QStringLiteral("-1") : QStringLiteral("0");
+    default:
+      return header.text(column);
+  }
 }
 
 bool paletSold(const QString& palet) {
@@ -101,27 +112,52 @@ bool partnerExists(const QString& code) {
 }  // namespace
 
 DocumentEditor::DocumentEditor(const QString& prefix)
-    : kind_(documentKind(prefix)), rules_(kindRules(prefix)) {
+    : kind_(documentKind(prefix)), rules_(kindRules(prefix)), typed_(kind_, {}) {
   if (!rules_) throw StoreError(0, QStringLiteral("Documentul %1 nu se poate culege inca.").arg(prefix));
   header_ = companyTable(kind_.headerTable).emptyRow();
 }
 
 QString DocumentEditor::newDocument() {
   const ProposedNumber proposed = proposeNumber(kind_);
-  header_ = companyTable(kind_.headerTable).emptyRow();
-  header_.set(kind_.numberColumn, proposed.number);
-  header_.set(kind_.dateColumn, clock::today());
-  header_.set("Magazie", session().gMagazie);
-  for (const HeaderField& field : kind_.headerFields) {
-    if (field.type == HeaderFieldType::DueDate) header_.set(field.column, clock::today().addMonths(1));
-    if (!field.column.isEmpty() && !field.initial.isEmpty())
-      header_.set(field.column, storedValue(field.type, field.initial));
-  }
+  fillNewHeader(proposed);
   lines_.clear();
   isNew_ = true;
   numberLocked_ = proposed.locked;
-  addTotals();
+  linesChanged();
   return proposed.warning;
+}
+
+void DocumentEditor::fillNewHeader(const ProposedNumber& proposed) {
+  header_ = companyTable(kind_.headerTable).emptyRow();
+  header_.set("Magazie", session().gMagazie);
+  if (header_.has("SERIE")) header_.set("SERIE", session().gSerieFC);
+  QHash<QString, QString> texts;
+  for (const HeaderField& field : kind_.headerFields) {
+    const QString before = typed_.texts().value(field.key());
+    texts.insert(field.key(), field.keeps && !before.isEmpty() ? before : newText(field));
+    // The way of payment is not shown until it is chosen, but it has its default.
+    if (field.type == HeaderFieldType::PaymentMode)
+      header_.set(field.column, storedValue(field.type, field.initial));
+  }
+  texts.insert(kind_.numberColumn, proposed.number);
+  typed_ = TypedHeader(kind_, texts);
+  header_ = headerFrom(typed_);
+  header_.set(kind_.numberColumn, proposed.number);
+}
+
+QString DocumentEditor::newText(const HeaderField& field) const {
+  switch (field.type) {
+    case HeaderFieldType::Date:
+      return clock::today().toString(Qt::ISODate);
+    case HeaderFieldType::DueDate:
+      return clock::today().addMonths(1).toString(Qt::ISODate);
+    case HeaderFieldType::PaymentMode:
+      return {};
+    case HeaderFieldType::VatRate:
+      return defaultVatRate(kind_.partnersAreSuppliers);
+    default:
+      return field.initial;
+  }
 }
 
 void DocumentEditor::open(const QString& number) {
@@ -130,40 +166,83 @@ void DocumentEditor::open(const QString& number) {
     throw RuleError(
         QStringLiteral("Documentul %1 a fost validat sau sters intre timp de alt utilizator !").arg(number));
   header_ = document->header;
+  typed_ = TypedHeader(kind_, textsOf(header_));
   lines_ = std::move(document->lines);
   isNew_ = false;
   numberLocked_ = true;
-  addTotals();
+  linesChanged();
+}
+
+QHash<QString, QString> DocumentEditor::textsOf(const Row& header) const {
+  QHash<QString, QString> texts;
+  bool isForeign = false;
+  for (const HeaderField& field : kind_.headerFields) {
+    if (!field.column.isEmpty())
+      texts.insert(field.key(), shownText(field.type, header, field.column));
+    else
+      texts.insert(field.key(), field.keeps ? typed_.texts().value(field.key()) : newText(field));
+    if (field.type == HeaderFieldType::Currency) isForeign = !header.text(field.column).isEmpty();
+  }
+  for (const HeaderField& field : kind_.headerFields)
+    if (field.type == HeaderFieldType::Foreign && field.column.isEmpty())
+      texts.insert(field.key(), isForeign ? QStringLiteral("-1") : QStringLiteral("0"));
+  return texts;
+}
+
+void DocumentEditor::headerTyped(const QHash<QString, QString>& texts) { typed_ = TypedHeader(kind_, texts); }
+
+void DocumentEditor::headerChosen(const QString& key, const QHash<QString, QString>& texts) {
+  headerTyped(texts);
+  const bool isForeign = typed_.isForeign();
+  QString currency, rate, box;
+  for (const HeaderField& field : kind_.headerFields) {
+    if (field.type == HeaderFieldType::Currency) currency = field.key();
+    if (field.type == HeaderFieldType::Rate) rate = field.key();
+    if (field.type == HeaderFieldType::Foreign) box = field.key();
+  }
+  if (!currency.isEmpty() && key == currency && isForeign) {
+    const Decimal found = Curs(typed_.text(currency), typed_.date());
+    typed_.set(rate, found.isZero() ? QString() : editNumber(found, kRateDecimals));
+  } else if (!box.isEmpty() && key == box && !isForeign) {
+    typed_.set(currency, {});
+    typed_.set(rate, {});
+  }
+  rules_->follow(key, typed_);
 }
 
 void DocumentEditor::save(const QHash<QString, QString>& typed) {
-  const QDate date = QDate::fromString(typed.value(kind_.dateColumn), Qt::ISODate);
-  if (!InPerioadaCulegere(date)) throw RuleError(withPeriod(kPeriodText), kind_.dateColumn);
-  checkHeader(typed);
-  const Row header = headerFrom(typed);
-  noticeMissingRate(header, typed);
+  headerTyped(typed);
+  if (!InPerioadaCulegere(typed_.date())) throw RuleError(withPeriod(kPeriodText), kind_.dateColumn);
+  checkHeader();
+  const Row header = headerFrom(typed_);
+  noticeMissingRate(header);
   if (isNew_) {
     drafts().insertHeader(header);
+    const TypedHeader asTyped = typed_;
     open(header.text(kind_.numberColumn));
+    for (const HeaderField& field : kind_.headerFields)  // what no table stores stands as it was typed
+      if (field.column.isEmpty()) typed_.set(field.key(), asTyped.texts().value(field.key()));
+    typed_.takeChanges();
   } else {
     drafts().updateHeader(header);
     header_ = header;
   }
 }
 
-void DocumentEditor::checkHeader(const QHash<QString, QString>& typed) const {
-  for (const auto& check : kind_.headerChecks) checkHeaderField(check, typed);
+void DocumentEditor::checkHeader() const {
+  for (const auto& check : kind_.headerChecks) checkHeaderField(check);
 }
 
-void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check,
-                                      const QHash<QString, QString>& typed) const {
-  const QString text = typed.value(check.field).trimmed();
+void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
+  const QString text = typed_.text(check.field);
   bool broken = false;
   switch (check.check) {
     case HeaderCheck::NumberEmpty:
-    case HeaderCheck::JournalEmpty:
     case HeaderCheck::FieldEmpty:
       broken = text.isEmpty();
+      break;
+    case HeaderCheck::JournalEmpty:
+      broken = typed_.texts().value(check.field).isEmpty();  // a blank is the company's own journal
       break;
     case HeaderCheck::PartnerEmpty:
       broken = text.isEmpty();
@@ -201,8 +280,8 @@ bool DocumentEditor::isTaken(const QString& number) const {
   return kind_.existsKind.isEmpty() ? drafts().load(number).has_value() : Exista(number, kind_.existsKind);
 }
 
-void DocumentEditor::noticeMissingRate(const Row& header, const QHash<QString, QString>& typed) const {
-  if (kind_.texts.rateMissing.isEmpty() || !isForeign(kind_, typed)) return;
+void DocumentEditor::noticeMissingRate(const Row& header) const {
+  if (kind_.texts.rateMissing.isEmpty() || !typed_.isForeign()) return;
   QString currency;
   Decimal rate;
   for (const HeaderField& field : kind_.headerFields) {
@@ -212,13 +291,14 @@ void DocumentEditor::noticeMissingRate(const Row& header, const QHash<QString, Q
   if (rate.isZero()) Mesaj(kind_.texts.rateMissing.arg(currency), kExclamation);
 }
 
-Row DocumentEditor::headerFrom(const QHash<QString, QString>& typed) const {
+Row DocumentEditor::headerFrom(const TypedHeader& typed) const {
   Row header = header_;
-  const bool foreign = isForeign(kind_, typed);
+  const bool foreign = typed.isForeign();
   for (const HeaderField& field : kind_.headerFields) {
-    const QString text = typed.value(field.key()).trimmed();
-    const bool isKept = field.column.isEmpty() || (field.type == HeaderFieldType::Number && !isNew_) ||
-                        (field.type == HeaderFieldType::PaymentMode && !paymentWords().contains(text));
+    const QString text = typed.texts().value(field.key());
+    const bool isKept =
+        field.column.isEmpty() || (field.type == HeaderFieldType::Number && !isNew_) ||
+        (field.type == HeaderFieldType::PaymentMode && !paymentWords().contains(text.trimmed()));
     if (isKept) continue;
     const bool isCleared =
         !foreign && (field.type == HeaderFieldType::Currency || field.type == HeaderFieldType::Rate);
@@ -233,7 +313,7 @@ const LineColumn* DocumentEditor::column(const QString& field) const {
   return nullptr;
 }
 
-DocumentEditor::Verdict DocumentEditor::check(const QString& field, const QString& typed,
+DocumentEditor::Verdict DocumentEditor::check(size_t line, const QString& field, const QString& typed,
                                               bool bySupplierCode) const {
   const LineColumn* entry = column(field);
   const QString text = typed.trimmed();
@@ -267,7 +347,9 @@ DocumentEditor::Verdict DocumentEditor::check(const QString& field, const QStrin
     return {
         true,
         QStringLiteral("Va rugam introduceti o valoare numerica pozitiva pentru %1 !").arg(entry->caption)};
-  return {};
+  const QString refused =
+      line < lines_.size() ? rules_->refusal(lines_[line], entry->field, *number, typed_) : QString();
+  return {!refused.isEmpty(), refused};
 }
 
 bool DocumentEditor::isOpen(size_t line, const QString& field) const {
@@ -296,7 +378,7 @@ size_t DocumentEditor::setArticle(size_t line, const QString& code, const QStrin
   row.set(kind_.numberColumn, number());
   row.set("CODART", article->text("CODART"));
   row.set("DENUMIRE", listText.isEmpty() ? article->text("DENART") : listText.left(kNameWidth));
-  rules_->completeLine(row, *article);
+  rules_->completeLine(row, *article, typed_);
   if (isNewLine) {
     drafts().insertLine(row);
     lines_.push_back(std::move(row));
@@ -305,7 +387,7 @@ size_t DocumentEditor::setArticle(size_t line, const QString& code, const QStrin
     drafts().updateLine(row);
     lines_[line] = std::move(row);
   }
-  addTotals();
+  linesChanged();
   return line;
 }
 
@@ -315,25 +397,30 @@ void DocumentEditor::setNumber(size_t line, const QString& field, const QString&
   auto number = typedNumber(typed.trimmed());
   if (number && entry->roundTo != kAsTyped) number = Round(*number, decimalsOf(entry->roundTo));
   row.set(entry->field, number ? Value(*number) : Value());
-  rules_->recalculate(row, entry->field);
+  rules_->recalculate(row, entry->field, typed_);
+  store(line, std::move(row));
+}
+
+void DocumentEditor::store(size_t line, Row row) {
   drafts().updateLine(row);
   lines_[line] = std::move(row);
-  addTotals();
+  linesChanged();
 }
 
 void DocumentEditor::deleteLine(size_t line) {
   drafts().deleteLine(number(), lines_.at(line).integer("NRLINIE"));
   lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(line));
-  addTotals();
+  linesChanged();
 }
 
-void DocumentEditor::addTotals() {
+void DocumentEditor::linesChanged() {
   totals_.clear();
   for (const QString& column : rules_->totalColumns()) {
     Decimal sum;
     for (const Row& line : lines_) sum += amount(line, column);
     totals_.insert(column, sum);
   }
+  marks_ = rules_->marks(lines_, typed_);
 }
 
 Decimal DocumentEditor::amount(const Row& line, const QString& field) const {
@@ -344,22 +431,31 @@ Decimal DocumentEditor::amount(const Row& line, const QString& field) const {
   return product;
 }
 
-void DocumentEditor::checkValidation(const QHash<QString, QString>& typed) const {
+void DocumentEditor::checkValidation(const QHash<QString, QString>& typed) {
+  headerTyped(typed);
   for (const auto& check : kind_.validationChecks)
-    if (isBroken(check, typed)) throw RuleError(shownText(check), check.field, 0, check.title);
+    if (isBroken(check)) throw RuleError(shownText(check), check.field, 0, check.title);
   // The header goes to the ledger as it stands, so it must still be whole.
-  checkHeader(typed);
+  checkHeader();
+  refreshStaleLine();
 }
 
-bool DocumentEditor::isBroken(const Checked<ValidationCheck>& check,
-                              const QHash<QString, QString>& typed) const {
-  const QString text = typed.value(check.field).trimmed();
-  const QDate date = QDate::fromString(typed.value(kind_.dateColumn), Qt::ISODate);
+void DocumentEditor::refreshStaleLine() {
+  if (lines_.empty() || !rules_->isStale(lines_.front())) return;
+  Row row = lines_.front();
+  rules_->recalculate(row, QStringLiteral("CANT"), typed_);
+  store(0, std::move(row));
+}
+
+bool DocumentEditor::isBroken(const Checked<ValidationCheck>& check) const {
+  const QString text = typed_.text(check.field);
+  const QDate date = typed_.date();
   const Decimal number = typedNumber(text).value_or(Decimal(0));
   switch (check.check) {
     case ValidationCheck::NumberEmpty:
-    case ValidationCheck::JournalEmpty:
       return text.isEmpty();
+    case ValidationCheck::JournalEmpty:
+      return typed_.texts().value(check.field).isEmpty();
     case ValidationCheck::NumberOfOrigin:
       return !text.isEmpty() && text == this->number();
     case ValidationCheck::OutsidePeriod:
@@ -369,7 +465,7 @@ bool DocumentEditor::isBroken(const Checked<ValidationCheck>& check,
     case ValidationCheck::BeforeFiscalYear:
       return date < session().DataIN;
     case ValidationCheck::CurrencyWithoutRate:
-      return isForeign(kind_, typed) && number.isZero();
+      return typed_.isForeign() && number.isZero();
     case ValidationCheck::NoLines:
       return isNew_ || lines_.empty();
     case ValidationCheck::TotalDiffers:
@@ -386,12 +482,17 @@ bool DocumentEditor::checkLines() const {
   const QString repeated = repeatedArticle(lines_);
   if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated), "CODART");
   if (!EsteValidDetaliiDocument(kind_.prefix, number())) return false;
-  requirePostable(kind_, number());
+  const auto document = draftFor(typed_, number());
+  if (!document) return true;  // validation tells
+  const QString refused = rules_->stockRefusal(*document);
+  if (!refused.isEmpty()) throw RuleError(refused, "CODART");
+  requirePostable(*document);
   return true;
 }
 
 void DocumentEditor::validate(const QHash<QString, QString>& typed) {
-  SalvareDocumente(kind_, headerFrom(typed));
+  headerTyped(typed);
+  SalvareDocumente(typed_, headerFrom(typed_));
 }
 
 void DocumentEditor::checkPrinting(const QHash<QString, QString>& typed) const {

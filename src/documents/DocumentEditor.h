@@ -6,6 +6,7 @@
 
 #include "documents/Drafts.h"
 #include "documents/KindRules.h"
+#include "documents/Numbering.h"
 
 namespace velmar {
 
@@ -21,6 +22,15 @@ class DocumentEditor {
   QString newDocument();
   /// Shows a draft. Throws RuleError when it is gone.
   void open(const QString& number);
+
+  /// What the header on screen should show, by HeaderField::key(); dates in ISO form.
+  const QHash<QString, QString>& headerTexts() const { return typed_.texts(); }
+  /// Tells what stands in the header now: the lines follow it, saved or not.
+  void headerTyped(const QHash<QString, QString>& texts);
+  /// Tells that the user chose something in a field, and puts what follows into others.
+  void headerChosen(const QString& key, const QHash<QString, QString>& texts);
+  /// What was put into fields of the header since the last call, to be shown.
+  QHash<QString, QString> takeHeaderChanges() { return typed_.takeChanges(); }
 
   bool isNew() const { return isNew_; }
   bool numberLocked() const { return numberLocked_; }
@@ -43,7 +53,7 @@ class DocumentEditor {
     bool refused = false;
     QString text;
   };
-  Verdict check(const QString& field, const QString& typed, bool bySupplierCode) const;
+  Verdict check(size_t line, const QString& field, const QString& typed, bool bySupplierCode) const;
 
   /// Whether the cell takes typing. `line` equal to the number of lines is the new line.
   bool isOpen(size_t line, const QString& field) const;
@@ -60,8 +70,12 @@ class DocumentEditor {
 
   void deleteLine(size_t line);
 
-  /// The checks before the question, on the header as typed; throws RuleError for the first that fails.
-  void checkValidation(const QHash<QString, QString>& typed) const;
+  /// How the line stands out.
+  LineMark mark(size_t line) const { return line < marks_.size() ? marks_[line] : LineMark::None; }
+
+  /// The checks before the question, on the header as typed; throws RuleError for the first that fails. A
+  /// line whose amounts no longer fit its quantity and price is worked out anew first.
+  void checkValidation(const QHash<QString, QString>& typed);
   /// The checks behind the question; throws RuleError. Notices that do not stop are shown.
   bool checkLines() const;
   /// Validates the draft; newDocument() is to follow. Throws RuleError or StepError; then nothing was
@@ -75,19 +89,26 @@ class DocumentEditor {
   void remove();
 
  private:
-  Row headerFrom(const QHash<QString, QString>& typed) const;
-  void checkHeader(const QHash<QString, QString>& typed) const;
-  void checkHeaderField(const Checked<HeaderCheck>& check, const QHash<QString, QString>& typed) const;
+  QHash<QString, QString> textsOf(const Row& header) const;
+  QString newText(const HeaderField& field) const;
+  void fillNewHeader(const ProposedNumber& proposed);
+  Row headerFrom(const TypedHeader& typed) const;
+  void checkHeader() const;
+  void checkHeaderField(const Checked<HeaderCheck>& check) const;
   bool isTaken(const QString& number) const;
-  void noticeMissingRate(const Row& header, const QHash<QString, QString>& typed) const;
-  bool isBroken(const Checked<ValidationCheck>& check, const QHash<QString, QString>& typed) const;
+  void noticeMissingRate(const Row& header) const;
+  bool isBroken(const Checked<ValidationCheck>& check) const;
   const LineColumn* column(const QString& field) const;
-  void addTotals();
+  void store(size_t line, Row row);
+  void refreshStaleLine();
+  void linesChanged();
 
   const DocumentKind& kind_;
   const KindRules* rules_;
   Row header_;
+  TypedHeader typed_;
   std::vector<Row> lines_;
+  std::vector<LineMark> marks_;
   QHash<QString, Decimal> totals_;
   bool isNew_ = true;
   bool numberLocked_ = false;

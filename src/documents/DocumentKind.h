@@ -90,6 +90,7 @@ struct HeaderField {
   QString list = {};     ///< known name of the list that fills the control
   QString initial = {};  ///< what a new document starts with, as typed
   int longest = 0;       ///< characters; 0: as its column allows
+  bool keeps = false;    ///< a new document goes on with what stood for the one before
 
   /// What its text goes by among the typed ones. The text of a ticked box is "-1".
   const QString& key() const { return column.isEmpty() ? control : column; }
@@ -142,6 +143,13 @@ struct KindTexts {
   QString validatedFromNotes;  ///< instead of `validated`, for an invoice made of delivery notes
   QString rateMissing;         ///< notice when a header in currency %1 is saved without a rate; empty: none
   QString unknownArticle = QStringLiteral("Articolul cu codul intern %1 nu exista ");
+  // What is shown when validation fails: %1 the error's number, %2 its text, %3 the line; and the titles.
+  QString ledgerFailure = QStringLiteral("%1 - %2 Linia: %3");
+  QString ledgerFailureTitle = QStringLiteral("Salvare in Documente");
+  QString stockFailure = QStringLiteral("%1 - %2 Linia: %3");
+  QString stockFailureTitle = QStringLiteral("Functia SalvareStocArticole");
+  QString postingFailure = QStringLiteral("%1 - %2 Linia: %3");
+  QString postingFailureTitle = QStringLiteral("Functia SalvareStocArticole");
 };
 
 struct DocumentKind {

@@ -113,6 +113,20 @@ void Drafts::updateLine(const Row& line) const {
                  values));
 }
 
+void Drafts::updateColumns(const std::vector<Row>& lines, const QStringList& columns) const {
+  if (lines.empty()) return;
+  std::vector<Values> rows;
+  for (const Row& line : lines) {
+    Values values = valuesOf(line, columns);
+    values.push_back(Value::raw(line.value(kind_.numberColumn)));
+    values.emplace_back(line.integer("NRLINIE"));
+    rows.push_back(std::move(values));
+  }
+  database().executeEach(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ? AND NRLINIE = ?")
+                             .arg(kind_.lineTable, assignments(columns), kind_.numberColumn),
+                         rows);
+}
+
 void Drafts::deleteLine(const QString& number, qint64 line) const {
   requireChanged(ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ? AND NRLINIE = ? AND EXISTS "
                                            "(SELECT %2 FROM %3 WHERE %2 = ? AND VALIDAT = 0)")

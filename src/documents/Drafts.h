@@ -29,6 +29,8 @@ class Drafts {
   /// Stores a new line behind the others and sets its NRLINIE.
   void insertLine(Row& line) const;
   void updateLine(const Row& line) const;
+  /// Stores those columns of the lines, of a draft that the caller has locked.
+  void updateColumns(const std::vector<Row>& lines, const QStringList& columns) const;
   void deleteLine(const QString& number, qint64 line) const;
 
   /// Deletes header and lines.

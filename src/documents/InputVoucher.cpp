@@ -7,27 +7,23 @@ namespace {
 
 class InputVoucherRules : public KindRules {
  public:
-  void completeLine(Row& line, const Row& article) const override {
+  void completeLine(Row& line, const Row& article, TypedHeader& header) const override {
     line.set("UM", article.text("UM"));
     if (line.isNull("CANT")) line.set("CANT", Decimal(0));
     line.set("PRETFT", Round(article.decimal("COST"), 2));
     line.set("PRETVA", article.decimal("PRETVFT"));
-    recalculate(line, QStringLiteral("PRETFT"));
+    recalculate(line, QStringLiteral("PRETFT"), header);
   }
 
-  void recalculate(Row& line, const QString& changed) const override {
+  void recalculate(Row& line, const QString& changed, const TypedHeader& /*header*/) const override {
     if (changed != QStringLiteral("CANT") && changed != QStringLiteral("PRETFT")) return;
     line.set("VALOAREFT", Round(line.decimal("CANT") * line.decimal("PRETFT"), 2));
   }
 
   QStringList totalColumns() const override { return {"VALOAREFT"}; }
 
-  Plan plan(const Document& document) const override {
-    LedgerDocument ledger;
-    ledger.key = document.kind->prefix + document.number;
-    ledger.tip = document.kind->prefix;
-    ledger.tipie = document.kind->tipie;
-    ledger.warehouse = document.header.integer("Magazie");
+  Plan plan(Document& document) const override {
+    LedgerDocument ledger = ledgerOf(document);
     ledger.lineColumns =
         QStringList{"ARTID",   "CANT",    "PRETFT",     "PRETTTI", "PRETDEV",    "VALTVA", "COST",
                     "COSTDEV", "VALCOST", "VALCOSTDEV", "CODTVA",  "CANTRAMASA", "PRETVA"};
@@ -46,17 +42,19 @@ class InputVoucherRules : public KindRules {
                               quantity, Value::raw(line.value("PRETVA"))});
       plan.stock.push_back({article, quantity, cost, salePrice, StockRule::ReceiptByMargin});
     }
-    ledger.header = {{"CODTERT", document.header.integer("CODFUR")},
-                     {"DATADOC", document.header.date("DATANR")},
-                     {"OBS", document.header.text("OBS")},
-                     {"TOTALTVA", zero},
-                     {"TOTALFT", total},
-                     {"TOTALCOST", total},
-                     {"CODDEV", "LEI"},
-                     {"CURS", zero},
-                     {"TOTALDEV", zero}};
+    ledger.add({{"TOTALTVA", zero},
+                {"TOTALFT", total},
+                {"TOTALCOST", total},
+                {"CODDEV", "LEI"},
+                {"CURS", zero},
+                {"TOTALDEV", zero}});
     plan.ledger.push_back(std::move(ledger));
-    plan.posting.push_back({"G_LBONINT", "JURBONINTR", "CONTSTOCPROD", "CONTINTRPROD"});
+    plan.posting.notes = {{"G_LBONINT",
+                           "JURBONINTR",
+                           {},
+                           {{Side::Debit, AccountSource::Totals, "CONTSTOCPROD"},
+                            {Side::Credit, AccountSource::Parameter, "CONTINTRPROD"}},
+                           {}}};
     return plan;
   }
 };

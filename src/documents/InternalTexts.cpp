@@ -36,6 +36,8 @@ void describeConsumptionVoucher(DocumentKind& kind) {
   setQuestions(kind.texts, "bonul de consum", "Va rugam selectati un aviz !");
   kind.texts.confirmDeletion = "Sunteti sigur ca doriti sa stergeti avizul %1 ?";
   kind.texts.validated = "Bonul de consum a fost salvat cu succes in Articole si Documente !";
+  kind.texts.ledgerFailure = kind.texts.stockFailure = kind.texts.postingFailure =
+      "%1 - %2 in procedura SalvareDocumente din Form frmGRILABonConsum Linia: %3";
 }
 
 void describeTransfer(DocumentKind& kind) {

@@ -1,11 +1,37 @@
-// Which kinds have rules, and so can be kept.
+// Which kinds have rules, and so can be kept; and what most kinds do not need.
 #include "documents/KindRules.h"
+
+#include <map>
 
 namespace velmar {
 
+QString KindRules::refusal(const Row& /*line*/, const QString& /*field*/, const Decimal& /*number*/,
+                           const TypedHeader& /*header*/) const {
+  return {};
+}
+
+void KindRules::follow(const QString& /*changed*/, TypedHeader& /*header*/) const {}
+
+std::vector<LineMark> KindRules::marks(const std::vector<Row>& /*lines*/,
+                                       const TypedHeader& /*header*/) const {
+  return {};
+}
+
+bool KindRules::isStale(const Row& /*line*/) const { return false; }
+
+QString KindRules::stockRefusal(const Document& /*document*/) const { return {}; }
+
 const KindRules* kindRules(const QString& prefix) {
-  static const std::unique_ptr<KindRules> inputVoucher = makeInputVoucherRules();
-  return prefix.compare(QStringLiteral("BI"), Qt::CaseInsensitive) == 0 ? inputVoucher.get() : nullptr;
+  static const std::map<QString, std::unique_ptr<KindRules>> all = [] {
+    std::map<QString, std::unique_ptr<KindRules>> rules;
+    rules.emplace("BI", makeInputVoucherRules());
+    rules.emplace("FF", makeSupplierInvoiceRules());
+    rules.emplace("BC", makeConsumptionVoucherRules());
+    rules.emplace("FC", makeCustomerInvoiceRules());
+    return rules;
+  }();
+  const auto found = all.find(prefix.toUpper());
+  return found == all.end() ? nullptr : found->second.get();
 }
 
 }  // namespace velmar

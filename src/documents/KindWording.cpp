@@ -87,9 +87,25 @@ QList<HeaderField> currencyFields(const QString& currency, const QString& rate) 
       {HeaderFieldType::Rate, rate, "txtCurs", "Curs", "Curs valutar"}};
 }
 
+HeaderField companyJournal() {
+  return {HeaderFieldType::Journal,       "JURNAL",    "TxtJNL", "&Jurnal",
+          "Selectati jurnalul din lista", "cboJurnal", " "};
+}
+
+HeaderField postsNotes(const QString& toolTip) {
+  return {HeaderFieldType::Flag, "NoteContabile", "chkNoteContabile", "Note Contabile", toolTip, "", "-1"};
+}
+
 HeaderField vatPercent(const QString& column, const QString& initial) {
-  return {HeaderFieldType::Percent,      column, "txtFields(2)", "Cota &TVA",
-          "Selectati cota TVA in lista", "",     initial};
+  return {HeaderFieldType::Percent,
+          column,
+          "txtFields(2)",
+          "Cota &TVA",
+          "Selectati cota TVA in lista",
+          "",
+          initial,
+          0,
+          true};
 }
 
 QList<LineColumn> leadingColumns(const DocumentKind& kind) {

@@ -35,6 +35,10 @@ Checked<PrintCheck> printUnsaved(const DocumentKind& kind, const QString& text =
 
 /// The box, the currency and the rate of a document that may be in foreign currency.
 QList<HeaderField> currencyFields(const QString& currency, const QString& rate);
+/// The journal, which starts as the single blank that means the company's own.
+HeaderField companyJournal();
+/// The box that decides whether accounts are posted; a new document has it ticked.
+HeaderField postsNotes(const QString& toolTip);
 HeaderField vatPercent(const QString& column, const QString& initial = {});
 
 /// Number (hidden), line number, code, name and unit.

@@ -16,12 +16,10 @@ HeaderField supplier(const QString& toolTip) {
 }
 
 HeaderField vatRate(const QString& column, const QString& control) {
-  return {HeaderFieldType::VatRate, column, control, "Cota &TVA", "Selectati cota TVA din lista", "cboTVA"};
-}
-
-HeaderField journal() {
-  return {HeaderFieldType::Journal,       "JURNAL",   "TxtJNL", "&Jurnal",
-          "Selectati jurnalul din lista", "cboJurnal"};
+  HeaderField field{HeaderFieldType::VatRate,       column,  control, "Cota &TVA",
+                    "Selectati cota TVA din lista", "cboTVA"};
+  field.keeps = true;
+  return field;
 }
 
 HeaderField remark(const QString& toolTip, int longest) {
@@ -122,7 +120,7 @@ void describeImportFields(DocumentKind& kind) {
        "Selectati furnizorul de servicii de transport"},
       {HeaderFieldType::Amount, "", "Text4", "Valoare factura", "Valoare factura in valuta", "", "0"},
       {HeaderFieldType::CostCentre, "", "DataCombo2", "Centru de cost", "Selectati centru de cost din lista"},
-      journal(),
+      companyJournal(),
       {HeaderFieldType::Flag, "", "CheckTVAINC", "TVA la incasare", ""},
       {HeaderFieldType::Remark, "OBS", "txtFields(6)", "&Observatii", "Maxim 60 caractere"}};
 }
@@ -164,14 +162,13 @@ void describeSupplierInvoice(DocumentKind& kind) {
       {HeaderFieldType::DueDate, "DATASCAD", "DScadenta", "Data &scadenta", ""},
       supplier("Selectati furnizor din lista de furnizori"),
       vatRate("BATVA1", "txtFields(2)"),
-      journal(),
-      {HeaderFieldType::Flag, "", "chkNoteContabile", "Note Contabile",
-       "Bifati daca factura genereaza note contabile"},
+      companyJournal(),
+      postsNotes("Bifati daca factura genereaza note contabile"),
       {HeaderFieldType::Flag, "", "CheckTVAINC", "TVA la incasare", ""},
       {HeaderFieldType::Amount, "", "TextMarja", " Marja",
        "Marja procentuala pentru care diferenta intre pretul vechi si pretul nou de achizitie este "
        "acceptabila",
-       "", "10"},
+       "", "10", 0, true},
       remark("Maxim 35 de caractere", 35)};
   kind.lineColumns = leadingColumns(kind);
   kind.lineColumns +=
@@ -183,6 +180,8 @@ void describeSupplierInvoice(DocumentKind& kind) {
                         {"PRETVA", "Pret vanzare", LineEntry::OptionalPositive, 2, kAsTyped, 12},
                         palet()};
   setInvoiceTexts(kind.texts, "Facturi furnizor", "Creare factura furnizor noua", "Tiparire NIR");
+  kind.texts.ledgerFailureTitle = kind.texts.stockFailureTitle = kind.texts.postingFailureTitle =
+      "Salvare Documente/Stoc";
 }
 
 void describeImportInvoice(DocumentKind& kind) {

@@ -24,7 +24,9 @@ HeaderField remark(const DocumentKind& kind) {
 }
 
 HeaderField vatRate(const QString& column) {
-  return {HeaderFieldType::VatRate, column, "txtFields(2)", "Cota &TVA", kChooseRate, "cboTVA"};
+  HeaderField field{HeaderFieldType::VatRate, column, "txtFields(2)", "Cota &TVA", kChooseRate, "cboTVA"};
+  field.keeps = true;
+  return field;
 }
 
 HeaderField costCentre() {
@@ -55,13 +57,13 @@ void describeInvoiceFields(DocumentKind& kind) {
       customer(kind),
       vatRate("BATVA1"),
       {HeaderFieldType::PaymentMode, "MODREG", "cboModPlata", "&Mod de plata", kChoosePayment, "", "OP"},
-      {HeaderFieldType::Journal, "JURNAL", "TxtJNL", "&Jurnal", "Selectati jurnalul din lista", "cboJurnal"}};
+      companyJournal()};
   kind.headerFields += currencyFields("CODDeviza", "Curs");
   kind.headerFields += QList<HeaderField>{
       costCentre(),
-      {HeaderFieldType::Flag, "NoteContabile", "chkNoteContabile", "Note Contabile",
-       "Bifati daca factura genereaza note contabile"},
-      {HeaderFieldType::Flag, "", "chkCalculValuta", "Pret articol din pret de vanzare in valuta", ""},
+      postsNotes("Bifati daca factura genereaza note contabile"),
+      {HeaderFieldType::Flag, "", "chkCalculValuta", "Pret articol din pret de vanzare in valuta", "", "", "",
+       0, true},
       {HeaderFieldType::Text, "", "TextPalet", "Palet", "Paletul ale carui articole se preiau pe factura"},
       remark(kind)};
 }
@@ -106,6 +108,10 @@ void describeCustomerInvoice(DocumentKind& kind) {
   setQuestions(kind.texts, "factura", "Va rugam selectati o factura !");
   kind.texts.validated = "Factura a fost salvata cu succes in Articole si Documente !";
   kind.texts.validatedFromNotes = "Factura a fost salvata cu succes in Documente !";
+  kind.texts.ledgerFailure = kind.texts.stockFailure = "EROARE: %1 - %2 LINIA %3";
+  kind.texts.ledgerFailureTitle = kind.texts.stockFailureTitle = kind.texts.postingFailureTitle = "";
+  kind.texts.postingFailure =
+      "Eroare %1 - %2 in procedura SalvareDateContabile_1 din Form frmGrilaFC Linia: %3";
 }
 
 void describeCashSale(DocumentKind& kind) {

@@ -1,6 +1,5 @@
 #include "documents/Validation.h"
 
-#include <optional>
 #include <source_location>
 
 #include "documents/Drafts.h"
@@ -14,25 +13,26 @@ namespace velmar {
 
 namespace {
 
-const QString kLedgerTitle = QStringLiteral("Salvare in Documente");
-const QString kStockTitle = QStringLiteral("Functia SalvareStocArticole");
-
-// Runs a step; an error gets the step's title and line, a broken rule passes as it is.
+// Runs a step; an error gets the step's words, title and line, a broken rule passes as it is.
 template <typename Work>
-void step(const QString& title, Work&& work, std::source_location place = std::source_location::current()) {
+void step(const QString& words, const QString& title, Work&& work,
+          std::source_location place = std::source_location::current()) {
   try {
     work();
   } catch (const RuleError&) {
     throw;
   } catch (const Error& error) {
-    throw StepError(error, title, lineOf(place));
+    throw StepError(error.number(),
+                    words.arg(QString::number(error.number()), error.text(), QString::number(lineOf(place))),
+                    title);
   }
 }
 
 // The draft as the store holds it at this moment, checked again in silence: another workstation may have
-// changed it since the user was asked.
-Document checkedDraft(const DocumentKind& kind, const QString& number) {
-  auto document = Drafts(kind).load(number);
+// changed it, or the stock, since the user was asked.
+Document checkedDraft(const TypedHeader& typed, const QString& number) {
+  const DocumentKind& kind = typed.kind();
+  auto document = draftFor(typed, number);
   if (!document) throw RuleError(QStringLiteral("Documentul a fost sters intre timp de alt utilizator !"));
   if (document->lines.empty())
     for (const auto& check : kind.validationChecks)
@@ -41,10 +41,12 @@ Document checkedDraft(const DocumentKind& kind, const QString& number) {
   if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated));
   const QString broken = brokenLineRule(kind, document->lines);
   if (!broken.isEmpty()) throw RuleError(broken);
+  const QString refused = kindRules(kind.prefix)->stockRefusal(*document);
+  if (!refused.isEmpty()) throw RuleError(refused);
   return *document;
 }
 
-Note noteOf(const Document& document) {
+Note headOf(const Document& document) {
   Note note;
   note.kind = document.kind->prefix;
   note.date = document.header.date(document.kind->dateColumn);
@@ -53,38 +55,53 @@ Note noteOf(const Document& document) {
   return note;
 }
 
-// Cost, stock and prices of the articles, the mark on the draft, and the accounts.
+void writeStockOf(const Document& document, const Plan& plan) {
+  Drafts(*document.kind).updateColumns(plan.costedLines, plan.costColumns);
+  if (!plan.lots.empty()) writeConsumption({document.kind->prefix, document.number}, plan.lots);
+  for (const ReceiptReturn& back : plan.returns) CautaFF(back.receipt, back.article, back.quantity);
+}
+
+// Stock, cost and prices of the articles, and the mark on the draft.
 void SalvareStocArticole(const Document& document, const Plan& plan) {
-  updateArticles(plan.stock);
+  updateArticles(plan.stock, document.header.date(document.kind->dateColumn));
   Drafts(*document.kind).setValidated(document.number);
-  SalvareDateContabile(plan.posting, noteOf(document));
 }
 
 }  // namespace
 
-StepError::StepError(const Error& cause, const QString& title, int line)
-    : Error(cause.number(), cause.text()), title_(title), line_(line) {}
+StepError::StepError(int number, const QString& text, const QString& title)
+    : Error(number, text), title_(title) {}
 
-void requirePostable(const DocumentKind& kind, const QString& number) {
-  if (const auto document = Drafts(kind).load(number))
-    requirePostable(kindRules(kind.prefix)->plan(*document).posting, number);
+std::optional<Document> draftFor(const TypedHeader& typed, const QString& number) {
+  auto document = Drafts(typed.kind()).load(number);
+  if (document) document->typed = typed.texts();
+  return document;
 }
 
-void SalvareDocumente(const DocumentKind& kind, const Row& header) {
-  const KindRules* rules = kindRules(kind.prefix);
+void requirePostable(Document document) {
+  const Plan plan = kindRules(document.kind->prefix)->plan(document);
+  requirePostable(plan.posting, document.number);
+}
+
+void SalvareDocumente(const TypedHeader& typed, const Row& header) {
+  const DocumentKind& kind = typed.kind();
+  const KindTexts& texts = kind.texts;
   std::optional<Transaction> transaction;
-  step(kLedgerTitle, [&] { transaction.emplace(database()); });
   Plan plan;
   Document document;
-  step(kLedgerTitle, [&] {
+  step(texts.ledgerFailure, texts.ledgerFailureTitle, [&] {
+    transaction.emplace(database());
     Drafts(kind).updateHeader(header);
-    document = checkedDraft(kind, header.text(kind.numberColumn));
-    plan = rules->plan(document);
+    document = checkedDraft(typed, header.text(kind.numberColumn));
+    plan = kindRules(kind.prefix)->plan(document);
     const QDateTime moment = clock::now();
     for (const LedgerDocument& ledger : plan.ledger) writeLedger(ledger, moment);
+    writeStockOf(document, plan);
   });
-  step(kStockTitle, [&] { SalvareStocArticole(document, plan); });
-  step(kStockTitle, [&] { transaction->commit(); });
+  step(texts.stockFailure, texts.stockFailureTitle, [&] { SalvareStocArticole(document, plan); });
+  step(texts.postingFailure, texts.postingFailureTitle,
+       [&] { SalvareDateContabile(plan.posting, headOf(document)); });
+  step(texts.stockFailure, texts.stockFailureTitle, [&] { transaction->commit(); });
 }
 
 }  // namespace velmar

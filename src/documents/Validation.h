@@ -2,30 +2,34 @@
 // not at all.
 #pragma once
 
+#include <optional>
+
 #include "documents/Document.h"
+#include "documents/TypedHeader.h"
 #include "util/Errors.h"
 
 namespace velmar {
 
-/// An error inside validation, with the title of the step that it rose in.
+/// An error inside validation; its text is the whole message, under the title of the step that it rose in.
 class StepError : public Error {
  public:
-  StepError(const Error& cause, const QString& title, int line);
+  StepError(int number, const QString& text, const QString& title);
   const QString& title() const { return title_; }
-  int line() const { return line_; }
 
  private:
   QString title_;
-  int line_;
 };
 
-/// Throws RuleError when a journal, an account or an article's family that the draft's posting needs is
-/// missing. To be asked before validation, so that no message stands while the write lock is held.
-void requirePostable(const DocumentKind& kind, const QString& number);
+/// The draft with the window's state, as validation would take it now; nothing when it is gone.
+std::optional<Document> draftFor(const TypedHeader& typed, const QString& number);
 
-/// Stores the header on the draft, writes ledger, articles and note, marks the draft validated. The lines are
-/// those that the draft store holds. Checks everything once more under the write lock. Throws RuleError for a
-/// broken rule, StepError for anything else; then nothing was written.
-void SalvareDocumente(const DocumentKind& kind, const Row& header);
+/// Throws RuleError when a journal, an account or an article's family that the document's posting needs is
+/// missing. To be asked before validation, so that no message stands while the write lock is held.
+void requirePostable(Document document);
+
+/// Stores the header on the draft, writes ledger, lots, articles and notes, marks the draft validated. The
+/// lines are those that the draft store holds. Checks everything once more under the write lock. Throws
+/// RuleError for a broken rule, StepError for anything else; then nothing was written.
+void SalvareDocumente(const TypedHeader& typed, const Row& header);
 
 }  // namespace velmar

@@ -112,6 +112,20 @@ Row record(const Table& table, const Value& key) {
   return found.isEmpty() ? Row() : found.first();
 }
 
+std::vector<Row> rowsOfKeys(const QString& sql, const QStringList& keys, const Values& behind) {
+  constexpr qsizetype kMost = 500;
+  std::vector<Row> rows;
+  for (qsizetype from = 0; from < keys.size(); from += kMost) {
+    const QStringList part = keys.mid(from, kMost);
+    Values values;
+    for (const QString& key : part) values.emplace_back(key);
+    values.insert(values.end(), behind.begin(), behind.end());
+    const QString marks = QStringList(part.size(), QStringLiteral("?")).join(QStringLiteral(", "));
+    for (Row& row : database().query(sql.arg(marks), values).takeRows()) rows.push_back(std::move(row));
+  }
+  return rows;
+}
+
 RuleError gone() {
   return RuleError(QStringLiteral("Inregistrarea a fost stearsa intre timp de alt utilizator !"));
 }

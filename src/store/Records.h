@@ -40,6 +40,10 @@ bool deleteRecord(const Table& table, const Value& key);
 /// The record of a table with one key column; an empty row (Row::isEmpty) when there is none.
 Row record(const Table& table, const Value& key);
 
+/// Reads a SELECT for many keys: `%1` in it stands for their list, `behind` holds the values that follow
+/// them. Some hundred keys go into a statement, and its order holds among their rows alone.
+std::vector<Row> rowsOfKeys(const QString& sql, const QStringList& keys, const Values& behind = {});
+
 /// The error for a record that another workstation has deleted meanwhile.
 RuleError gone();
 

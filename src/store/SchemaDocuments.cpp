@@ -105,7 +105,8 @@ std::vector<Table> salesTables() {
       lines("G_LCOMCL", "NUMCOM")
           .reals("PRETFT VALOAREFT VALOARETVA VALOARETTI PRIXUV")
           .text("REFERINTA", kNumberWidth + 2)
-          .reals("CANTLIV CANTRLIV"),
+          .reals("CANTLIV CANTRLIV")
+          .index("CODART"),
       Table("G_FACTURI_COMENZI_CLIENTI")
           .texts("ID_Factura ID_Comanda", kNumberWidth)
           .key("ID_Factura ID_Comanda")
@@ -128,7 +129,11 @@ std::vector<Table> purchaseTables() {
           .reals("PRETFT VALOAREFT CANTLIV CANTRLIV")
           .text("REFERINTA", kNumberWidth + 2)
           .dates("DATASOLD"),
-      header("G_FACFUR", "NUMFAC", "DATAFAC").integers("CODFUR BATVA1").dates("DATASCAD").text("JURNAL", 3),
+      header("G_FACFUR", "NUMFAC", "DATAFAC")
+          .integers("CODFUR BATVA1")
+          .dates("DATASCAD")
+          .text("JURNAL", 3)
+          .flags("NoteContabile"),
       lines("G_LFACFU", "NUMFAC")
           .reals("PRETFT VALOAREFT VALOARETVA VALOARETTI PRETVA")
           .text("PALET", 20)

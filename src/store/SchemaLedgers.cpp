@@ -34,6 +34,7 @@ Table ledgerDocuments() {
       .text("NUMAR", 20)
       .key("ID")
       .index("TIP DATADOC")
+      .index("TIP ID")  // the numbers that a kind has used
       .index("DATADOC")
       .index("CODTERT DATADOC");
 }
@@ -53,9 +54,10 @@ Table ledgerLines() {
       .reals("PROCRAB VALRAB")
       .text("PALET", 20)
       .key("DOCID LINIE")
-      // Stock by article and warehouse, and the keys of the lots with something left, are read from this
-      // index alone. One for both: each is a page touched at random by every line that is validated.
+      // Stock by article and warehouse is read from this index alone.
       .index("ARTID CODMAG DOCID CANT CANTRAMASA")
+      // The lots of an article that have something left: few, however long its history.
+      .index("ARTID", "CANTRAMASA > 0")
       .index("REFERINTA", "REFERINTA IS NOT NULL");
 }
 
@@ -114,6 +116,7 @@ std::vector<Table> ledgerTables() {
       ledgerLines(),
       Table("G_I_E")
           .text("ID_E", 21)
+          .text("TIP_E", 2)  // kind of the issue: a voucher and an invoice may share a number
           .text("ID_I", kKeyWidth)
           .text("CODART", 20)
           .reals("CANT")

@@ -52,15 +52,23 @@ TEST(NotesTest, ANoteAsAnObjectFillsEveryColumnAndNumbersItself) {
 
 TEST(NotesTest, UnbalancedOrUnnamedRowsAreRefused) {
   const TestCompany company;
-  Note note{"BI", "BI", QDate(2026, 1, 1), "1", "", {{"345", 10, 0}, {"711", 0, 9}}};
-  EXPECT_THROW(writeNote(note), StoreError);
+  Note note;
+  note.journal = "BI";
+  note.date = QDate(2026, 1, 1);
+  note.number = "1";
+  note.rows.resize(2);
+  note.rows[0].account = "345";
+  note.rows[0].debit = 10;
+  note.rows[1].account = "711";
+  note.rows[1].credit = 9;
+  EXPECT_THROW(writeNotes({note}), StoreError);
   note.rows[1].credit = 10;
   note.rows[1].account = " ";
-  EXPECT_THROW(writeNote(note), RuleError);
-  EXPECT_EQ(writeNote({}), 0);
+  EXPECT_THROW(writeNotes({note}), RuleError);
+  EXPECT_EQ(writeNotes({Note()}), 0);
   note.rows[1].account = "711";
-  EXPECT_EQ(writeNote(note), 1);
-  EXPECT_EQ(writeNote(note), 2);
+  EXPECT_EQ(writeNotes({note}), 1);
+  EXPECT_EQ(writeNotes({note}), 2);
 }
 
 TEST(NotesTest, AMissingParameterTellsItsGroup) {

@@ -230,11 +230,11 @@ TEST_F(VoucherTest, LinesAreCheckedBeforeTheLedger) {
   editor.newDocument();
   editor.save(header("1"));
   const auto message = [&editor](const QString& field, const QString& typed) {
-    return editor.check(field, typed, false).text;
+    return editor.check(0, field, typed, false).text;
   };
   EXPECT_EQ(message("CODART", ""), "Va rugam introduceti cod articol");
   EXPECT_EQ(message("CODART", "NU"), "Articolul cu codul intern NU nu exista ");
-  EXPECT_EQ(editor.check("CODART", "NU", true).text,
+  EXPECT_EQ(editor.check(0, "CODART", "NU", true).text,
             "Articolul cu codul produs de la furnizor NU nu exista ");
   EXPECT_EQ(message("CODART", "a1"), "");
   EXPECT_EQ(message("CANT", "doi"), "Va rugam introduceti o valoare numerica pentru Cantitate !");

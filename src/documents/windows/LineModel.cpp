@@ -83,7 +83,8 @@ Qt::ItemFlags LineModel::flags(const QModelIndex& index) const {
 }
 
 DocumentEditor::Verdict LineModel::check(const QModelIndex& index, const QString& typed) const {
-  return editor_.check(lineColumn(index.column()).field, typed, bySupplierCode_());
+  return editor_.check(static_cast<size_t>(index.row()), lineColumn(index.column()).field, typed,
+                       bySupplierCode_());
 }
 
 void LineModel::enter(const QModelIndex& index, const QString& typed) {

@@ -207,9 +207,7 @@ void frmGrila::validate() {
     if (!editor_.checkLines()) return;
     editor_.validate(typed);
   } catch (const StepError& error) {
-    Mesaj(QStringLiteral("%1 - %2 Linia: %3")
-              .arg(QString::number(error.number()), error.text(), QString::number(error.line())),
-          kCritical, error.title());
+    Mesaj(error.text(), kCritical, error.title());
     return;
   }
   // What goes wrong from here on is no failure of the validation.

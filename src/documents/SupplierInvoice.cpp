@@ -1,0 +1,151 @@
+// The supplier invoice: goods come in at the invoice's price and get their sale prices; a negative line goes
+// back to the supplier.
+#include "config/Lookups.h"
+#include "config/Session.h"
+#include "documents/IssueChecks.h"
+#include "documents/KindRules.h"
+#include "stock/Availability.h"
+#include "store/Records.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kTypedVatDecimals = 0;  // what a typed VAT makes of the line's whole value
+
+const QString kStockTooSmall = QStringLiteral(
+    "Cantitatea din Stoc este mai mica decat cea de pe factura! Stornarea nu se poate efectua !");
+const QString kNameTheInvoice =
+    QStringLiteral("Va rog introduceti in campul Observatii, numarul facturii de stornat.");
+const QString kNoMethod = QStringLiteral("VA ROG SA ALEGETI METODA DE EVALUARE A STOCURILOR!");
+
+const NoteRule kNote{
+    .totals = "G_LFACFU",
+    .journalParameter = "JURFACFUR",
+    .before = {{Side::Credit, AccountSource::Parameter, "CONTFURNIZORI", AmountOf::Gross, kPartner}},
+    .perGroup = {{Side::Debit, AccountSource::Totals, "CONTSTOCMARFA", AmountOf::Group,
+                  kVatLinkIfTaxed | kVatPercent}},
+    .after = {{Side::Debit, AccountSource::VatRate, "", AmountOf::Vat, kVatLink, true}},
+    .journalOfDocument = true,
+    .vatWithoutRate = true};
+
+class SupplierInvoiceRules : public KindRules {
+ public:
+  void completeLine(Row& line, const Row& article, TypedHeader& header) const override {
+    line.set("UM", article.text("UM"));
+    for (const char* column : {"CANT", "PRETFT", "VALOAREFT", "VALOARETVA", "VALOARETTI"})
+      if (line.isNull(column)) line.set(column, Decimal(0));
+    line.set("PRETVA", article.decimal("PRETVFT"));
+    recalculate(line, QStringLiteral("PRETFT"), header);
+  }
+
+  void recalculate(Row& line, const QString& changed, const TypedHeader& header) const override {
+    const int decimals = session().NrZec;
+    if (changed == QStringLiteral("VALOARETVA")) {
+      line.set("VALOARETTI",
+               Round(line.decimal("VALOAREFT") + line.decimal("VALOARETVA"), kTypedVatDecimals));
+    } else if (changed == QStringLiteral("CANT") || changed == QStringLiteral("PRETFT")) {
+      const Decimal value = Round(line.decimal("PRETFT") * line.decimal("CANT"), decimals);
+      const Decimal vat = Round(value * header.vatPercent() / 100, decimals);
+      line.set("VALOAREFT", value);
+      line.set("VALOARETVA", vat);
+      line.set("VALOARETTI", value + vat);
+    }
+  }
+
+  QString refusal(const Row& line, const QString& field, const Decimal& number,
+                  const TypedHeader& header) const override {
+    if (field != QStringLiteral("CANT") || !number.isNegative()) return {};
+    const QString article = line.text("CODART");
+    if (warehouseStock({article}, session().gMagazie).of(article) < number.abs()) return kStockTooSmall;
+    return header.text("OBS").isEmpty() ? kNameTheInvoice : QString();
+  }
+
+  // Only a price above the last one counts, and only what has one.
+  std::vector<LineMark> marks(const std::vector<Row>& lines, const TypedHeader& header) const override {
+    QHash<QString, Decimal> last;
+    for (const Row& row :
+         rowsOfKeys("SELECT CODART, COST FROM G_ARTMAG WHERE CODART IN (%1)", articlesOf(lines)))
+      last.insert(row.text("CODART").toUpper(), row.decimal("COST"));
+    const Decimal margin = header.number("TextMarja");
+    std::vector<LineMark> marks;
+    for (const Row& line : lines) {
+      const Decimal cost = last.value(line.text("CODART").toUpper());
+      const bool isDearer = line.decimal("PRETFT") - cost > cost * margin / 100;
+      marks.push_back(cost.isZero() ? LineMark::First : isDearer ? LineMark::Dearer : LineMark::None);
+    }
+    return marks;
+  }
+
+  QString stockRefusal(const Document& document) const override {
+    QStringList returned;
+    for (const Row& line : document.lines)
+      if (line.decimal("CANT").isNegative()) returned.append(line.text("CODART"));
+    if (returned.isEmpty()) return {};
+    const Quantities stock = warehouseStock(returned, document.header.integer("Magazie"));
+    for (const Row& line : document.lines) {
+      if (!line.decimal("CANT").isNegative()) continue;
+      if (stock.of(line.text("CODART")) < line.decimal("CANT").abs()) return kStockTooSmall;
+      if (document.header.text("OBS").trimmed().isEmpty()) return kNameTheInvoice;
+    }
+    return {};
+  }
+
+  QStringList totalColumns() const override { return {"VALOAREFT", "VALOARETVA", "VALOARETTI"}; }
+
+  Plan plan(Document& document) const override {
+    if (TIPCOST().isEmpty()) throw RuleError(kNoMethod, "TCOST");
+    const qint64 rateCode = document.header.integer("BATVA1");
+    const Decimal percent = ProcentTVA(rateCode);
+    LedgerDocument ledger = ledgerOf(document);
+    ledger.lineColumns =
+        QStringList{"ARTID",   "CANT",    "PRETFT",     "PRETTTI", "PRETDEV",    "VALTVA", "COST",
+                    "COSTDEV", "VALCOST", "VALCOSTDEV", "CODTVA",  "CANTRAMASA", "PRETVA", "PALET"};
+    Plan plan;
+    const Decimal zero;
+    Decimal value, vat;
+    for (const Row& line : document.lines) {
+      const QString article = line.text("CODART");
+      const Decimal quantity = line.decimal("CANT");
+      const Decimal price = line.decimal("PRETFT");
+      const Decimal lineVat = line.decimal("VALOARETVA");
+      value += line.decimal("VALOAREFT");
+      vat += lineVat;
+      ledger.lines.push_back({article, quantity, price, price + lineVat / quantity, zero, lineVat, price,
+                              zero, quantity * price, zero, percent, quantity,
+                              Value::raw(line.value("PRETVA")), Value::raw(line.value("PALET"))});
+      plan.stock.push_back({article, quantity, price, line.decimal("PRETVA"), StockRule::ReceiptByPrice});
+      if (quantity.isNegative()) plan.returns.push_back({document.header.text("OBS"), article, quantity});
+    }
+    ledger.add({{"TOTALTVA", vat},
+                {"TOTALFT", value},
+                {"TOTALCOST", value},
+                {"CODDEV", "LEI"},
+                {"CURS", zero},
+                {"TOTALDEV", zero},
+                {"DATASCAD", document.header.date("DATASCAD")}});
+    plan.ledger.push_back(std::move(ledger));
+    if (document.header.flag("NoteContabile")) post(document, percent, ContTVA(rateCode), plan.posting);
+    return plan;
+  }
+
+ private:
+  static void post(const Document& document, const Decimal& percent, const QString& vatAccount,
+                   Posting& posting) {
+    posting.notes = {kNote};
+    posting.journal = document.header.text("JURNAL");
+    posting.dueDate = document.header.date("DATASCAD");
+    posting.partner = document.header.integer("CODFUR");
+    posting.vatPercent = percent;
+    posting.vatAccount = vatAccount;
+    posting.vatOnCollection = TypedHeader(*document.kind, document.typed).isTicked("CheckTVAINC");
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<KindRules> makeSupplierInvoiceRules() { return std::make_unique<SupplierInvoiceRules>(); }
+
+}  // namespace velmar

@@ -1,0 +1,57 @@
+#include "documents/TypedHeader.h"
+
+#include "config/Lookups.h"
+#include "util/NumberText.h"
+
+namespace velmar {
+
+std::optional<Decimal> typedNumber(const QString& typed) {
+  constexpr qint64 kLargest = 1'000'000'000'000;  // beyond it a double no longer holds thousandths
+  const auto number = parseNumber(typed);
+  return number && number->abs() < Decimal(kLargest) ? number : std::nullopt;
+}
+
+TypedHeader::TypedHeader(const DocumentKind& kind, const QHash<QString, QString>& texts)
+    : kind_(&kind), texts_(texts) {}
+
+bool TypedHeader::isTicked(const QString& key) const {
+  const QString typed = text(key);
+  return !typed.isEmpty() && typed != QStringLiteral("0");
+}
+
+QDate TypedHeader::date() const { return QDate::fromString(text(kind_->dateColumn), Qt::ISODate); }
+
+qint64 TypedHeader::partner() const { return text(kind_->partnerColumn).toLongLong(); }
+
+bool TypedHeader::isForeign() const {
+  const HeaderField* box = field(HeaderFieldType::Foreign);
+  return !box || isTicked(box->key());
+}
+
+Decimal TypedHeader::rate() const {
+  const HeaderField* rate = field(HeaderFieldType::Rate);
+  return rate && isForeign() ? number(rate->key()) : Decimal(0);
+}
+
+Decimal TypedHeader::vatPercent() const {
+  const HeaderField* rate = field(HeaderFieldType::VatRate);
+  if (!rate) return 0;
+  const QString code = text(rate->key());
+  if (!percents_.contains(code)) percents_.insert(code, ProcentTVA(code.toLongLong()));
+  return percents_.value(code);
+}
+
+void TypedHeader::set(const QString& key, const QString& text) {
+  texts_.insert(key, text);
+  changes_.insert(key, text);
+}
+
+QHash<QString, QString> TypedHeader::takeChanges() { return std::exchange(changes_, {}); }
+
+const HeaderField* TypedHeader::field(HeaderFieldType type) const {
+  for (const HeaderField& field : kind_->headerFields)
+    if (field.type == type) return &field;
+  return nullptr;
+}
+
+}  // namespace velmar

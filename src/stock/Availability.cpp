@@ -1,0 +1,50 @@
+#include "stock/Availability.h"
+
+#include "store/Database.h"
+#include "store/Records.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kQuantityDecimals = 3;
+
+// CODART and CANT of the rows, added up.
+Quantities addedUp(const std::vector<Row>& rows) {
+  Quantities result;
+  for (const Row& row : rows) result.add(row.text("CODART"), Round(row.decimal("CANT"), kQuantityDecimals));
+  return result;
+}
+
+}  // namespace
+
+Quantities warehouseStock(const QStringList& articles, qint64 warehouse) {
+  return addedUp(rowsOfKeys(
+      "SELECT L.ARTID AS CODART, SUM(CASE WHEN D.TIPIE IN ('I', 'S') THEN L.CANT WHEN D.TIPIE = 'E' "
+      "THEN -L.CANT ELSE 0 END) AS CANT FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID "
+      "WHERE L.ARTID IN (%1) AND L.CODMAG = ? GROUP BY L.ARTID",
+      articles, {warehouse}));
+}
+
+Quantities openOrders(const QStringList& articles) {
+  return addedUp(
+      rowsOfKeys("SELECT L.CODART AS CODART, SUM(L.CANT - COALESCE(L.CANTLIV, 0)) AS CANT FROM G_COMCLI C "
+                 "INNER JOIN G_LCOMCL L ON C.NUMCOM = L.NUMCOM WHERE L.CODART IN (%1) AND C.VALIDAT = -1 "
+                 "GROUP BY L.CODART",
+                 articles));
+}
+
+Decimal gStocValid(const QString& article) { return openOrders({article}).of(article); }
+
+std::optional<Shortage> firstShortage(const QStringList& articles, const Quantities& wanted,
+                                      qint64 warehouse) {
+  const Quantities stock = warehouseStock(articles, warehouse);
+  const Quantities ordered = openOrders(articles);
+  for (const QString& article : articles) {
+    const Decimal available = stock.of(article) - ordered.of(article).abs();
+    if (available < wanted.of(article)) return Shortage{article, available};
+  }
+  return std::nullopt;
+}
+
+}  // namespace velmar

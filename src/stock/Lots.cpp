@@ -1,0 +1,106 @@
+#include "stock/Lots.h"
+
+#include <algorithm>
+
+#include "store/Database.h"
+#include "store/Records.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kQuantityDecimals = 3;
+
+Lot lotOf(const Row& row) {
+  const Decimal cost = row.decimal("COST");
+  // What a customer brought back is worth what it had cost and not what it was sold for.
+  const bool isStorno = row.text("DOCID").startsWith(QStringLiteral("FS"), Qt::CaseInsensitive);
+  return {row.text("DOCID"), row.integer("LINIE"), row.decimal("CANTRAMASA"),
+          isStorno ? cost : row.decimal("PRETFT"), cost};
+}
+
+}  // namespace
+
+OpenLots::OpenLots(const QStringList& articles) {
+  const auto rows = rowsOfKeys(
+      "SELECT L.ARTID AS ARTID, L.DOCID AS DOCID, L.LINIE AS LINIE, L.CANTRAMASA AS CANTRAMASA, "
+      "L.COST AS COST, L.PRETFT AS PRETFT FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID "
+      "WHERE L.ARTID IN (%1) AND L.CANTRAMASA > 0 "
+      "AND SUBSTR(L.DOCID, 1, 2) IN ('FF', 'BI', 'FI', 'FS', 'NR') "
+      "ORDER BY D.DATADOC NULLS FIRST, L.DATA NULLS FIRST, L.DOCID, L.LINIE",
+      articles);
+  for (const Row& row : rows) lots_[row.text("ARTID").toUpper()].push_back(lotOf(row));
+}
+
+Consumption OpenLots::costFIFO(const QString& article, const Decimal& quantity, CostFollows follows) {
+  Consumption result;
+  result.missing = Round(quantity, kQuantityDecimals);
+  const auto found = lots_.find(article.toUpper());
+  if (found == lots_.end()) return result;
+  for (Lot& lot : *found) {
+    if (result.missing <= 0) break;
+    if (lot.rest <= 0) continue;
+    const bool isUsedUp = lot.rest <= result.missing;
+    const Decimal taken = isUsedUp ? lot.rest : result.missing;
+    result.value += taken * lot.unit;
+    lot.rest = Round(lot.rest - taken, kQuantityDecimals);
+    result.missing = Round(result.missing - taken, kQuantityDecimals);
+    if (!isUsedUp || follows == CostFollows::LastLot) result.articleCost = lot.cost;
+    result.takes.push_back({article, lot.document, lot.line, taken, lot.rest});
+  }
+  return result;
+}
+
+void writeConsumption(const Issue& issue, const std::vector<Consumption>& consumptions) {
+  std::vector<LotTake> takes;
+  std::vector<Values> rests;
+  std::vector<Values> costs;
+  for (const Consumption& consumption : consumptions) {
+    for (const LotTake& take : consumption.takes) {
+      takes.push_back(take);
+      rests.push_back({take.rest, take.document, take.line});
+    }
+    if (consumption.articleCost)
+      costs.push_back({*consumption.articleCost, consumption.takes.front().article});
+  }
+  database().executeEach("UPDATE G_LDOCUM SET CANTRAMASA = ? WHERE DOCID = ? AND LINIE = ?", rests);
+  pAddDOCI(issue, takes);
+  database().executeEach("UPDATE G_ARTMAG SET COST = ? WHERE CODART = ?", costs);
+}
+
+void pAddDOCI(const Issue& issue, const std::vector<LotTake>& takes) {
+  // One row for a document, also when it had the article on several lines.
+  std::vector<LotTake> byDocument;
+  for (const LotTake& take : takes) {
+    const auto same = std::find_if(byDocument.begin(), byDocument.end(), [&take](const LotTake& other) {
+      return other.document == take.document && other.article.compare(take.article, Qt::CaseInsensitive) == 0;
+    });
+    if (same == byDocument.end())
+      byDocument.push_back(take);
+    else
+      same->taken += take.taken;
+  }
+  std::vector<Values> keys;
+  std::vector<Values> links;
+  for (const LotTake& take : byDocument) {
+    keys.push_back({issue.number, take.article, take.document, issue.kind});
+    links.push_back({issue.number, issue.kind, take.document, take.article, take.taken});
+  }
+  database().executeEach(
+      "DELETE FROM G_I_E WHERE ID_E = ? AND CODART = ? AND ID_I = ? AND (TIP_E = ? OR TIP_E IS NULL)", keys);
+  database().insertRows("G_I_E", {"ID_E", "TIP_E", "ID_I", "CODART", "CANT"}, links);
+}
+
+void pStergDOCI(const Issue& issue, const QString& article) {
+  database().execute("DELETE FROM G_I_E WHERE ID_E = ? AND CODART = ? AND (TIP_E = ? OR TIP_E IS NULL)",
+                     {issue.number, article, issue.kind});
+}
+
+void CautaFF(const QString& key, const QString& article, const Decimal& quantity) {
+  database().execute(
+      "UPDATE G_LDOCUM SET CANTRAMASA = ROUND_EVEN(CANTRAMASA + ?, 3) WHERE DOCID = ? AND ARTID = ? "
+      "AND EXISTS (SELECT D.ID FROM G_DOCUME D WHERE D.ID = G_LDOCUM.DOCID)",
+      {quantity, key.trimmed(), article});
+}
+
+}  // namespace velmar
