@@ -1,5 +1,6 @@
 #include "config/Numbers.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "store/Database.h"
@@ -44,14 +45,53 @@ qint64 afterHighest(const Recordset& found) {
   return static_cast<qint64>(std::floor(row.decimal("HIGHEST").toDouble())) + 1;
 }
 
+// Numbers that are keys of documents, in the rows of a table that a condition chooses.
+struct KeyNumbers {
+  QString table;
+  QString column;
+  int prefix = 0;  ///< characters ahead of the number
+  QString condition = {};
+
+  QString where(const QString& more) const {
+    return condition.isEmpty() ? more : condition + QStringLiteral(" AND ") + more;
+  }
+};
+
 // The CASE keeps texts that are no numbers away from the cast in every engine.
-qint64 afterHighestNumeric(const QString& expression, const QString& from) {
-  const QString sql =
-      QStringLiteral(
-          "SELECT MAX(NUMBER) AS HIGHEST FROM (SELECT CASE WHEN IS_NUMERIC(%1) <> 0 "
-          "THEN CAST(%1 AS DOUBLE PRECISION) END AS NUMBER FROM %2) AS NUMBERS WHERE NUMBER BETWEEN ? AND ?")
-          .arg(expression, from);
-  return afterHighest(OpenRs(sql, {-kHighest, kHighest}));
+QString highestNumeric(const QString& number, const QString& from) {
+  return QStringLiteral(
+             "SELECT MAX(NUMBER) AS HIGHEST FROM (SELECT CASE WHEN IS_NUMERIC(%1) <> 0 "
+             "THEN CAST(%1 AS DOUBLE PRECISION) END AS NUMBER FROM %2) AS NUMBERS "
+             "WHERE NUMBER BETWEEN -%3 AND %3")
+      .arg(number, from, QString::number(kHighest));
+}
+
+// Of plain digits the highest is the last one of its length in the index; so one look for each length serves,
+// however many documents there are.
+QString highestPlain(const KeyNumbers& keys) {
+  QStringList lengths;
+  for (int length = 1; length <= kPlainDigits; ++length)
+    lengths.append(QStringLiteral("SELECT %1 AS LEN").arg(keys.prefix + length));
+  const QString last = QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %1 DESC LIMIT 1")
+                           .arg(keys.column, keys.table,
+                                keys.where(QStringLiteral("LENGTH(%1) = LENGTHS.LEN AND %2")
+                                               .arg(keys.column, plainNumber(keyNumber(keys.column, keys.prefix)))));
+  return highestNumeric(keyNumber("LAST", keys.prefix),
+                        QStringLiteral("(SELECT (%1) AS LAST FROM (%2) AS LENGTHS) AS LASTS")
+                            .arg(last, lengths.join(QStringLiteral(" UNION ALL "))));
+}
+
+// What else reads as a number: signs, fractions, exponents. Few keys, with an index of their own.
+QString highestOdd(const KeyNumbers& keys) {
+  return highestNumeric(keyNumber(keys.column, keys.prefix), QStringLiteral("%1 WHERE %2").arg(keys.table, keys.where(oddNumber(keys.column, keys.prefix))));
+}
+
+qint64 afterHighestKey(const KeyNumbers& keys) {
+  return std::max(afterHighest(OpenRs(highestPlain(keys))), afterHighest(OpenRs(highestOdd(keys))));
+}
+
+qint64 afterHighestInLedger(const QString& kind) {
+  return afterHighestKey({"G_DOCUME", "ID", 2, QStringLiteral("TIP = '%1'").arg(kind)});
 }
 
 void requireNumericCodes() {
@@ -75,10 +115,10 @@ qint64 afterHighestOf(const Table& table, const QString& column) {
 qint64 NumarUrmator(const QString& table) {
   const Table& known = companyTable(table);
   const QString number = columnFor(kDocumentNumbers, table);
-  if (!number.isEmpty()) return afterHighestNumeric(number, known.name());
+  if (!number.isEmpty()) return afterHighestKey({known.name(), number});
   if (table == QStringLiteral("G_ARTMAG")) {
     requireNumericCodes();
-    return afterHighestNumeric(QStringLiteral("CODART"), known.name());
+    return afterHighest(OpenRs(highestNumeric("CODART", known.name())));
   }
   return afterHighestOf(known,
                         table == QStringLiteral("kt_linii") ? QStringLiteral("NDI") : QStringLiteral("COD"));
@@ -93,13 +133,8 @@ qint64 LinieUrmatoare(const QString& table, const QString& number) {
       .integer("HIGHEST");
 }
 
-qint64 FacturaUrmatoare() {
-  return afterHighestNumeric(QStringLiteral("SUBSTR(ID, 3)"),
-                             QStringLiteral("G_DOCUME WHERE TIP IN ('FC', 'FS')"));
-}
+qint64 FacturaUrmatoare() { return std::max(afterHighestInLedger("FC"), afterHighestInLedger("FS")); }
 
-qint64 BonUrmator() {
-  return afterHighestNumeric(QStringLiteral("SUBSTR(ID, 3)"), QStringLiteral("G_DOCUME WHERE TIP = 'BS'"));
-}
+qint64 BonUrmator() { return afterHighestInLedger("BS"); }
 
 }  // namespace velmar

@@ -64,6 +64,11 @@ Table& Table::key(const QString& names) {
   return *this;
 }
 
+Table& Table::numbered(const QString& column, int prefix, const QString& within) {
+  return index(QStringLiteral("%1 LENGTH(%2) %2").arg(within, column), plainNumber(keyNumber(column, prefix)))
+      .index(QStringLiteral("%1 %2").arg(within, column), oddNumber(column, prefix));
+}
+
 Table& Table::index(const QString& names, const QString& where) {
   indexes_.push_back({names.split(QLatin1Char(' '), Qt::SkipEmptyParts), where});
   return *this;
@@ -137,6 +142,20 @@ void createCompanyTables(Database& database) {
   for (const Table& table : companyTables()) database.createTable(table);
   for (const StoredStatement& view : companyViews()) database.execute(view.statement);
   transaction.commit();
+}
+
+QString keyNumber(const QString& column, int prefix) {
+  return prefix == 0 ? column : QStringLiteral("SUBSTR(%1, %2)").arg(column).arg(prefix + 1);
+}
+
+QString plainNumber(const QString& text) {
+  return QStringLiteral("LTRIM(%1, '0123456789') = ''").arg(text);
+}
+
+QString oddNumber(const QString& column, int prefix) {
+  return QStringLiteral("(LTRIM(%1, '0123456789') <> '' OR LENGTH(%2) > %3)")
+      .arg(keyNumber(column, prefix), column)
+      .arg(prefix + kPlainDigits);
 }
 
 void requireWidths(const Table& table, const Row& row) {

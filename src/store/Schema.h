@@ -49,6 +49,9 @@ class Table {
   Table& add(const Index& index);
   Table& keyOf(const QStringList& columns);
   Table& rule(const QString& constraint);  ///< what else its rows must meet, as a table is declared with it
+  /// Indexes by which the highest number in a text key is found at once. The number stands behind a prefix of
+  /// that many characters and is counted apart for each value of the column `within`, if there is one.
+  Table& numbered(const QString& column, int prefix = 0, const QString& within = {});
 
   const QString& name() const { return name_; }
   const std::vector<Column>& columns() const { return columns_; }
@@ -88,6 +91,15 @@ QStringList createStatements(const Table& table, const Engine& engine);
 
 /// Makes all tables, indexes and stored queries in an empty file.
 void createCompanyTables(Database& database);
+
+/// Digits of a plain number that always fits a whole number.
+inline constexpr int kPlainDigits = 15;
+/// What stands behind the prefix of a key.
+QString keyNumber(const QString& column, int prefix);
+/// The condition that a text is made of digits alone, or of nothing.
+QString plainNumber(const QString& text);
+/// The condition on a key column that what stands behind the prefix is no plain number of at most kPlainDigits.
+QString oddNumber(const QString& column, int prefix);
 
 /// Throws RuleError, naming the column, when a text of the row is longer than its column allows.
 void requireWidths(const Table& table, const Row& row);

@@ -39,6 +39,7 @@ Table lines(const QString& name, const QString& number) {
 std::vector<Table> salesTables() {
   return {
       header("G_FACCLI", "NUMFAC", "DATAFAC")
+          .numbered("NUMFAC")
           .text("SERIE", 5)
           .integers("CODCLI MODREG BATVA1")
           .dates("DATASCAD")
@@ -68,6 +69,7 @@ std::vector<Table> salesTables() {
           .texts("MODCAL ECU_UM PROV EXIM", 20)
           .index("NUMAE", "NUMAE IS NOT NULL"),
       header("G_BONCASA", "NUMFAC", "DATAFAC")
+          .numbered("NUMFAC")
           .integers("CODCLI BATVA1 MODREG")
           .dates("DATASCAD")
           .text("SERIE", 5)
@@ -79,6 +81,7 @@ std::vector<Table> salesTables() {
           .text("NUMAE", kNumberWidth + 2)
           .reals("COST DiscountArticol DiscountClient"),
       header("G_AECLI", "NUMAE", "DATAAE", "OBSERV")
+          .numbered("NUMAE")
           .integers("CODCLI BATVA1")
           .text("SERIE", 5)
           .text("CODDeviza", 3)

@@ -34,7 +34,7 @@ Table ledgerDocuments() {
       .text("NUMAR", 20)
       .key("ID")
       .index("TIP DATADOC")
-      .index("TIP ID")  // the numbers that a kind has used
+      .numbered("ID", 2, "TIP")
       .index("DATADOC")
       .index("CODTERT DATADOC");
 }

@@ -7,8 +7,10 @@
 #include "config/Lookups.h"
 #include "config/Numbers.h"
 #include "config/Session.h"
+#include "documents/Invariants.h"
 #include "documents/Numbering.h"
 #include "shell/SampleCompany.h"
+#include "stock/Availability.h"
 #include "store/DatabaseFiles.h"
 #include "util/Messages.h"
 
@@ -76,6 +78,8 @@ Functions lookups() {
   };
   f["FacturaUrmatoare"] = [](const Arguments&) { return FacturaUrmatoare(); };
   f["BonUrmator"] = [](const Arguments&) { return BonUrmator(); };
+  f["gStocValid"] = [](const Arguments& a) { return gStocValid(a.value(0).toString()).toDouble(); };
+  f["disagreementText"] = [](const Arguments&) { return disagreementText(); };
   f["NumarDocument"] = [](const Arguments& a) { return NumarDocument(a.value(0).toString()); };
   f["ValoareSql"] = [](const Arguments& a) { return ValoareSql(a.value(0).toString(), valuesFrom(a, 1)); };
   f["ProcentTVA"] = [](const Arguments& a) { return ProcentTVA(a.value(0).toLongLong()).toDouble(); };

@@ -1,0 +1,142 @@
+#include "documents/Invariants.h"
+
+#include "documents/KindRules.h"
+#include "stock/Ledger.h"
+#include "store/Database.h"
+
+namespace velmar {
+
+namespace {
+
+// Quantity of the ledger by article: what came in less what went out.
+const QString kLedgerStock = QStringLiteral(
+    "SELECT L.ARTID AS ARTID, SUM(CASE WHEN D.TIPIE IN ('I', 'S') THEN L.CANT ELSE -L.CANT END) AS CANT "
+    "FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID WHERE D.TIPIE IN ('I', 'S', 'E') "
+    "GROUP BY L.ARTID");
+
+const QString kIsLot = QStringLiteral("SUBSTR(L.DOCID, 1, 2) IN ('FF', 'BI', 'FI', 'FS', 'NR')");
+
+// Articles that lots cannot follow: what customers brought back makes no lot, a return to a supplier that
+// names no receipt takes from none, and one that names a receipt can take more than it has left.
+const QString kBeyondLots = QStringLiteral(
+    "SELECT L.ARTID FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID "
+    "WHERE (L.CANT < 0 AND D.TIPIE = 'E') OR (L.CANT > 0 AND L.CANTRAMASA < 0) OR (L.CANT < 0 AND D.TIP = "
+    "'FF' "
+    "AND NOT EXISTS (SELECT R.DOCID FROM G_LDOCUM R WHERE R.DOCID = TRIM(D.OBS) AND R.ARTID = L.ARTID))");
+
+const QString kHeldArticles = QStringLiteral("SELECT CODART FROM G_ARTMAG WHERE FARASTOC = 0");
+
+class Finder {
+ public:
+  void find(const QString& what, const QString& sql) {
+    for (const Row& row : OpenRs(sql)) found_.push_back({what, row.text("PLACE")});
+  }
+  std::vector<Disagreement> found() && { return std::move(found_); }
+
+ private:
+  std::vector<Disagreement> found_;
+};
+
+void findStock(Finder& finder) {
+  finder.find(
+      QStringLiteral("Stocul articolului difera de documente"),
+      QStringLiteral("SELECT A.CODART AS PLACE FROM G_ARTMAG A LEFT JOIN (%1) S ON S.ARTID = A.CODART "
+                     "WHERE A.FARASTOC = 0 AND ROUND_EVEN(COALESCE(A.STOC, 0) - COALESCE(S.CANT, 0), 3) "
+                     "<> 0 ORDER BY A.CODART")
+          .arg(kLedgerStock));
+}
+
+void findLots(Finder& finder) {
+  finder.find(
+      QStringLiteral("Loturile articolului difera de documente"),
+      QStringLiteral(
+          "SELECT S.ARTID AS PLACE FROM (%1) S LEFT JOIN (SELECT L.ARTID AS ARTID, "
+          "SUM(L.CANTRAMASA) AS CANT FROM G_LDOCUM L WHERE L.CANTRAMASA > 0 AND %2 GROUP BY L.ARTID) R "
+          "ON R.ARTID = S.ARTID WHERE S.ARTID IN (%3) AND S.ARTID NOT IN (%4) AND "
+          "ROUND_EVEN(S.CANT - COALESCE(R.CANT, 0), 3) <> 0 ORDER BY S.ARTID")
+          .arg(kLedgerStock, kIsLot, kHeldArticles, kBeyondLots));
+  // What is gone from a receipt went to issues, or back to its supplier.
+  finder.find(
+      QStringLiteral("Legaturile cu intrarea difera de cantitatea consumata"),
+      QStringLiteral(
+          "SELECT G.DOCID || ' ' || G.ARTID AS PLACE FROM (SELECT L.DOCID AS DOCID, L.ARTID AS ARTID, "
+          "SUM(L.CANT - L.CANTRAMASA) AS CANT FROM G_LDOCUM L WHERE L.CANT > 0 AND %1 "
+          "GROUP BY L.DOCID, L.ARTID) G "
+          "LEFT JOIN (SELECT ID_I, CODART, SUM(CANT) AS CANT FROM G_I_E GROUP BY ID_I, CODART) E "
+          "ON E.ID_I = G.DOCID AND E.CODART = G.ARTID "
+          "LEFT JOIN (SELECT TRIM(D.OBS) AS DOCID, L.ARTID AS ARTID, -SUM(L.CANT) AS CANT "
+          "FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID WHERE D.TIP = 'FF' AND L.CANT < 0 "
+          "GROUP BY TRIM(D.OBS), L.ARTID) B ON B.DOCID = G.DOCID AND B.ARTID = G.ARTID "
+          "WHERE ROUND_EVEN(G.CANT - COALESCE(E.CANT, 0) - COALESCE(B.CANT, 0), 3) <> 0 "
+          "ORDER BY G.DOCID, G.ARTID")
+          .arg(kIsLot));
+  finder.find(QStringLiteral("Legaturile iesirii difera de cantitatea ei"),
+              QStringLiteral(
+                  "SELECT L.DOCID || ' ' || L.ARTID AS PLACE FROM G_LDOCUM L INNER JOIN G_DOCUME D "
+                  "ON D.ID = L.DOCID LEFT JOIN (SELECT TIP_E, ID_E, CODART, SUM(CANT) AS CANT FROM G_I_E "
+                  "GROUP BY TIP_E, ID_E, CODART) E ON D.ID = E.TIP_E || E.ID_E AND E.CODART = L.ARTID "
+                  "WHERE D.TIPIE = 'E' AND D.TIP IN ('BC', 'FC') AND L.ARTID IN (%1) AND L.ARTID NOT IN (%2) "
+                  "AND ROUND_EVEN(L.CANT - COALESCE(E.CANT, 0), 3) <> 0 ORDER BY L.DOCID, L.ARTID")
+                  .arg(kHeldArticles, kBeyondLots));
+}
+
+void findNotes(Finder& finder) {
+  finder.find(
+      QStringLiteral("Nota contabila nu este echilibrata sau are doua documente"),
+      QStringLiteral("SELECT NDI AS PLACE FROM kt_linii WHERE PROV = 'G' GROUP BY NDI "
+                     "HAVING ROUND_EVEN(SUM(DEBIT) - SUM(CREDIT), 2) <> 0 OR COUNT(DISTINCT DOC) <> 1 "
+                     "ORDER BY NDI"));
+}
+
+void findCosts(Finder& finder) {
+  finder.find(
+      QStringLiteral("Costul documentului difera de costul liniilor"),
+      QStringLiteral(
+          "SELECT D.ID AS PLACE FROM G_DOCUME D INNER JOIN (SELECT DOCID, SUM(VALCOST) AS COST, "
+          "COUNT(*) AS LINES, MIN(CANT) AS SMALLEST FROM G_LDOCUM GROUP BY DOCID) L ON L.DOCID = D.ID "
+          "WHERE D.TIPIE IN ('I', 'S', 'E') AND NOT (D.TIPIE = 'E' AND L.SMALLEST < 0) "
+          "AND ABS(D.TOTALCOST - L.COST) > 0.005 * L.LINES + 0.000001 ORDER BY D.ID"));
+}
+
+void findDrafts(Finder& finder) {
+  for (const DocumentKind& kind : documentKinds()) {
+    if (!kindRules(kind.prefix)) continue;
+    finder.find(
+        QStringLiteral("Document validat fara inregistrare in documente"),
+        QStringLiteral("SELECT '%1' || H.%2 AS PLACE FROM %3 H LEFT JOIN G_DOCUME D ON D.ID = '%1' || H.%2 "
+                       "WHERE H.VALIDAT <> 0 AND D.ID IS NULL ORDER BY H.%2")
+            .arg(kind.prefix, kind.numberColumn, kind.headerTable));
+    finder.find(
+        QStringLiteral("Inregistrare fara document validat"),
+        QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D LEFT JOIN %3 H ON H.%2 = SUBSTR(D.ID, 3) "
+                       "WHERE D.TIP = '%1' AND COALESCE(H.VALIDAT, 0) = 0 ORDER BY D.ID")
+            .arg(kind.prefix, kind.numberColumn, kind.headerTable));
+  }
+  finder.find(QStringLiteral("Document fara linii, sau linii fara document"),
+              QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D WHERE NOT EXISTS "
+                             "(SELECT L.DOCID FROM G_LDOCUM L WHERE L.DOCID = D.ID) UNION "
+                             "SELECT L.DOCID AS PLACE FROM G_LDOCUM L LEFT JOIN G_DOCUME D ON D.ID = L.DOCID "
+                             "WHERE D.ID IS NULL ORDER BY PLACE"));
+}
+
+}  // namespace
+
+std::vector<Disagreement> disagreements() {
+  const Snapshot moment(database());
+  Finder finder;
+  findStock(finder);
+  if (TIPCOST() == kFifo) findLots(finder);
+  findNotes(finder);
+  findCosts(finder);
+  findDrafts(finder);
+  return std::move(finder).found();
+}
+
+QString disagreementText() {
+  QStringList lines;
+  for (const Disagreement& found : disagreements())
+    lines.append(found.what + QStringLiteral(": ") + found.where);
+  return lines.join(u'\n');
+}
+
+}  // namespace velmar

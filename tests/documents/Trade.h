@@ -1,0 +1,125 @@
+// A company that trades, for tests of whole documents: partners, families, articles, and documents from their
+// header to validation in a call each.
+#pragma once
+
+#include "catalogue/Articles.h"
+#include "catalogue/Families.h"
+#include "catalogue/Partners.h"
+#include "documents/DocumentEditor.h"
+#include "documents/Invariants.h"
+#include "TestCompany.h"
+#include "util/Errors.h"
+
+namespace velmar {
+
+/// A line as it is typed: the article's code, then cells in their order.
+struct TypedLine {
+  QString code;
+  std::vector<std::pair<QString, QString>> cells;
+};
+
+using TypedTexts = QHash<QString, QString>;
+
+class Trade {
+ public:
+  explicit Trade(const QString& method) {
+    ExecutaSql("UPDATE kt_info SET TCOST = ?", {method});
+    InitParaSoc();
+    supplier = addPartner(newPartner("FURNIZOR SRL", "F"));
+    customer = addPartner(newPartner("CLIENT SRL", "C"));
+    goods = addFamily(newFamily("Marfuri", "371", "607", "707", "345"));
+    products = addFamily(newFamily("Produse", "371", "607", "701", "345"));
+  }
+
+  void article(const QString& code, const QString& salePrice = "0", bool isGoods = true,
+               bool isHeld = true) const {
+    Row row = newArticle();
+    row.set("CODART", code);
+    row.set("DENART", "Articolul " + code);
+    row.set("FAMART", isGoods ? goods : products);
+    row.set("CODFURNIZO", supplier);
+    row.set("PROVENIENTA", isGoods ? "M" : "P");
+    row.set("FARASTOC", !isHeld);
+    addArticle(row);
+    ExecutaSql("UPDATE G_ARTMAG SET PRETVFT = ? WHERE CODART = ?", {*Decimal::parse(salePrice), code});
+  }
+
+  /// A draft with those lines on the editor; `more` overrides what the header starts with.
+  static void draft(DocumentEditor& editor, const TypedTexts& more, const std::vector<TypedLine>& lines) {
+    editor.newDocument();
+    TypedTexts header = editor.headerTexts();
+    for (auto it = more.cbegin(); it != more.cend(); ++it) header.insert(it.key(), it.value());
+    editor.save(header);
+    for (const TypedLine& line : lines) {
+      const size_t at = editor.setArticle(editor.lines().size(), line.code);
+      for (const auto& [column, typed] : line.cells) {
+        const auto verdict = editor.check(at, column, typed, false);
+        if (verdict.refused) throw RuleError(verdict.text);
+        editor.setNumber(at, column, typed);
+      }
+    }
+  }
+
+  static bool validate(DocumentEditor& editor) {
+    editor.checkValidation(editor.headerTexts());
+    if (!editor.checkLines()) return false;
+    editor.validate(editor.headerTexts());
+    return true;
+  }
+
+  void validated(const QString& kind, const TypedTexts& more, const std::vector<TypedLine>& lines) const {
+    DocumentEditor editor(kind);
+    draft(editor, more, lines);
+    ASSERT_TRUE(validate(editor));
+  }
+
+  static QString iso(const QDate& date) { return date.toString(Qt::ISODate); }
+
+  TypedTexts purchase(const QString& number, const QDate& date = clock::today(),
+                      const QString& remark = {}) const {
+    return {
+        {"NUMFAC", number}, {"CODFUR", QString::number(supplier)}, {"DATAFAC", iso(date)}, {"OBS", remark}};
+  }
+  TypedTexts sale(const QString& number, const QString& remark = {}) const {
+    return {{"NUMFAC", number}, {"CODCLI", QString::number(customer)}, {"BATVA1", "2"}, {"OBS", remark}};
+  }
+  TypedTexts consumption(const QString& number) const {
+    return {{"NUMAE", number}, {"CODCLI", QString::number(customer)}, {"BATVA1", "19"}};
+  }
+
+  static TypedLine bought(const QString& code, const QString& quantity, const QString& price,
+                          const QString& salePrice) {
+    return {code, {{"CANT", quantity}, {"PRETFT", price}, {"PRETVA", salePrice}}};
+  }
+  static TypedLine out(const QString& code, const QString& quantity) { return {code, {{"CANT", quantity}}}; }
+
+  static Decimal figure(const QString& code, const QString& column) {
+    return articleByCode(code)->decimal(column);
+  }
+  static Decimal rest(const QString& document) {
+    return OpenRs("SELECT CANTRAMASA FROM G_LDOCUM WHERE DOCID = ?", {document})
+        .first()
+        .decimal("CANTRAMASA");
+  }
+
+  /// The rows of the note of a document, as "NDI side account amount", in their order.
+  static QStringList note(const QString& number) {
+    QStringList rows;
+    for (const Row& row : OpenRs("SELECT * FROM kt_linii WHERE DOC = ? ORDER BY NDI, NRLINIE", {number})) {
+      const bool isDebit = !row.decimal("DEBIT").isZero();
+      rows.append(QStringLiteral("%1 %2 %3 %4")
+                      .arg(QString::number(row.integer("NDI")), isDebit ? "D" : "C", row.text("CONT"),
+                           row.decimal(isDebit ? "DEBIT" : "CREDIT").toString()));
+    }
+    return rows;
+  }
+
+  TestCompany company;
+  HeardMessages heard;
+  qint64 supplier = 0;
+  qint64 customer = 0;
+  qint64 goods = 0;
+  qint64 products = 0;
+};
+
+}  // namespace velmar
