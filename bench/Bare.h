@@ -1,8 +1,7 @@
-// SQLite through its own C interface, with the settings that the program's store uses: the yardstick, and the
-// fast way to fill a company.
+// An engine through its own C interface, with the settings that the program's store uses: the yardstick, and
+// the fast way to fill a company.
 #pragma once
 
-#include <sqlite3.h>
 #include <memory>
 #include <QByteArray>
 #include <QString>
@@ -10,41 +9,72 @@
 
 namespace velmar::bench {
 
-class BareStatement;
-
-class BareConnection {
+/// A statement prepared once, as an engine's own interface runs it.
+class BareCursor {
  public:
-  explicit BareConnection(const QString& path);
+  virtual ~BareCursor() = default;
 
-  /// Runs statements without values.
-  void run(const char* sql);
-  BareStatement prepare(const char* sql);
+  virtual void bind(int position, std::string_view text) = 0;
+  virtual void bind(int position, double number) = 0;
+  virtual void bind(int position, int number) = 0;
+  virtual bool step() = 0;
+  virtual double number(int column) const = 0;
+  virtual std::string_view text(int column) const = 0;
+  virtual int integer(int column) const = 0;
+  virtual void reset() = 0;
+};
 
- private:
-  std::unique_ptr<sqlite3, int (*)(sqlite3*)> handle_;
+/// A connection as an engine's own interface has it.
+class BareLink {
+ public:
+  virtual ~BareLink() = default;
+
+  virtual void run(const char* sql) = 0;
+  virtual void beginWrite() = 0;
+  virtual std::unique_ptr<BareCursor> prepare(const char* sql) = 0;
 };
 
 /// A statement prepared once. Texts must live until it was run.
 class BareStatement {
  public:
-  explicit BareStatement(sqlite3_stmt* statement) : statement_(statement, sqlite3_finalize) {}
+  explicit BareStatement(std::unique_ptr<BareCursor> cursor) : cursor_(std::move(cursor)) {}
 
-  BareStatement& bind(int position, std::string_view text);
-  BareStatement& bind(int position, double number);
-  BareStatement& bind(int position, int number);
+  template <typename Bound>
+  BareStatement& bind(int position, const Bound& value) {
+    cursor_->bind(position, value);
+    return *this;
+  }
 
   /// Steps once; whether a row stands to be read.
-  bool step();
-  double number(int column) const { return sqlite3_column_double(statement_.get(), column); }
+  bool step() { return cursor_->step(); }
+  double number(int column) const { return cursor_->number(column); }
   /// Valid until the next step.
-  std::string_view text(int column) const;
-  int integer(int column) const { return sqlite3_column_int(statement_.get(), column); }
-  void reset() { sqlite3_reset(statement_.get()); }
+  std::string_view text(int column) const { return cursor_->text(column); }
+  int integer(int column) const { return cursor_->integer(column); }
+  void reset() { cursor_->reset(); }
   /// Steps to the end and makes ready for the next time; gives the number of rows.
   int run();
 
  private:
-  std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> statement_;
+  std::unique_ptr<BareCursor> cursor_;
 };
+
+class BareConnection {
+ public:
+  /// The company at that path, on the engine that its folder names.
+  explicit BareConnection(const QString& path);
+
+  /// Runs statements without values.
+  void run(const char* sql) { link_->run(sql); }
+  /// Begins a transaction that keeps other writers out, waiting for them.
+  void beginWrite() { link_->beginWrite(); }
+  BareStatement prepare(const char* sql) { return BareStatement(link_->prepare(sql)); }
+
+ private:
+  std::unique_ptr<BareLink> link_;
+};
+
+std::unique_ptr<BareLink> bareFile(const QString& path);
+std::unique_ptr<BareLink> bareServer(const QString& path);
 
 }  // namespace velmar::bench

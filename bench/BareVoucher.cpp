@@ -3,6 +3,9 @@
 #include <cmath>
 #include <string>
 
+#include "documents/DocumentEditor.h"
+#include "Fixture.h"
+
 namespace velmar::bench {
 
 namespace {
@@ -46,7 +49,7 @@ BareVoucher::BareVoucher(const QString& path)
 void BareVoucher::validate(const QString& number) {
   const std::string draft = number.toStdString();
   const std::string key = "BI" + draft;
-  connection_.run("BEGIN IMMEDIATE");
+  connection_.beginWrite();
   header_.bind(1, draft).step();
   double total = 0;
   int line = 0;
@@ -103,6 +106,17 @@ void BareVoucher::writeNote(const std::string& number) {
   }
   totals_.reset();
   stamp_.bind(1, note).run();
+}
+
+double validatedByProgram(const QString& number) {
+  DocumentEditor editor(QStringLiteral("BI"));
+  editor.open(number);
+  const QHash<QString, QString> typed{{QStringLiteral("NUMNR"), number},
+                                      {QStringLiteral("CODFUR"), editor.header().text("CODFUR")},
+                                      {QStringLiteral("BATVA"), QStringLiteral("19")},
+                                      {QStringLiteral("OBS"), QStringLiteral("productie")},
+                                      {QStringLiteral("DATANR"), QStringLiteral("2026-03-15")}};
+  return timed([&] { editor.validate(typed); });
 }
 
 }  // namespace velmar::bench

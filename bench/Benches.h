@@ -3,14 +3,23 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+
+#include "Fixture.h"
 
 namespace velmar::bench {
 
-bool measureVouchers();
-bool checkPlans();
-bool measureArticles();
-bool measureLists();
-bool measureStart();
+bool measureVouchers(Store store);
+bool measureWriters(Store store);
+bool checkPlans(Store store);
+bool checkSums(Store store);
+bool measureArticles(Store store);
+bool measureLists(Store store);
+bool measureStart(Store store);
+
+/// With this option the process is one of the writers that measureWriters() sets to work.
+inline const QString kWriterOption = QStringLiteral("--writer");
+int runWriter(const QStringList& arguments);
 
 /// With this option and a databases folder the process is the program that measureStart() times.
 inline const QString kStartOption = QStringLiteral("--start");

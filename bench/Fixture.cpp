@@ -2,13 +2,18 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <memory>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include "Bare.h"
 #include "config/Session.h"
+#include "store/CompanyCopy.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
+#include "store/PostgresEngine.h"
+#include "TestServer.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
 
@@ -16,8 +21,9 @@ namespace velmar::bench {
 
 namespace {
 
+const QDate kToday(2026, 3, 15);
 constexpr int kCatalogue = 10'000;
-constexpr int kNameColumn = 34;
+constexpr int kNameColumn = 44;
 constexpr int kCellColumn = 14;
 
 // Names of ten thousand and more that begin with a handful of words, as catalogues do.
@@ -60,6 +66,7 @@ constexpr const char* kFillDraftHeaders =
     "SELECT ?1 * 1000 + r, 1 + r % 3, 'productie', '2026-03-15', 1 + r % 100, 19 FROM d";
 
 // 50,000 documents of 20 lines in two years, as the days bring them; each article is met in each warehouse.
+// The amounts are nearly a million different ones.
 constexpr const char* kFillLedger =
     "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50000), "
     "kind (k, tip, tipie) AS (VALUES (0, 'FC', 'E'), (1, 'NR', 'I'), (2, 'BI', 'I')) "
@@ -75,17 +82,18 @@ constexpr const char* kFillLedger =
     "INSERT INTO G_LDOCUM (DOCID, LINIE, DATA, CODMAG, ARTID, CANT, PRETFT, PRETTTI, PRETDEV, VALTVA, COST, "
     "COSTDEV, VALCOST, VALCOSTDEV, CODTVA, CANTRAMASA, PRETVA) "
     "SELECT tip || (1000000 + i), j, date('2024-03-15', (i * 730 / 50000) || ' days') || ' 10:00:00.000', "
-    "1 + i % 3, printf('A%06d', (i * 20 + j) * 2654435761 / 128 % 10000 + 1), 5, 10, 12, 0, 1.9, 8, 0, 40, "
-    "0, 19, "
+    "1 + i % 3, printf('A%06d', (i * 20 + j) * 2654435761 / 128 % 10000 + 1), 5, 10, 12, 0, 1.9, 8, 0, "
+    "(i * 20 + j) * 7919 % 999983 / 100.0, 0, 19, "
     "CASE WHEN k > 0 AND (i + j) % 5 = 0 THEN 2 ELSE 0 END, 15 FROM n JOIN kind ON k = i % 3 JOIN l; "
     "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50000), "
     "l (j, cont) AS (VALUES (1, '4111'), (2, '707'), (3, '4111'), (4, '4427'), (5, '607'), (6, '371'), "
     "(7, '345'), (8, '711'), (9, '371'), (10, '401')) "
     "INSERT INTO kt_linii (NDI, NRLINIE, JURNAL, DATAINR, CONT, EXPL, DEBIT, CREDIT, DOC, MARCA, COD, PROV, "
     "UTILIZATOR, TIMP, DocExplicatie, TERT, TIPDOC) "
-    "SELECT i, j, 'JV' || i % 3, date('2024-03-15', (i * 730 / 50000) || ' days'), cont, 'document', j % 2 * "
-    "100, "
-    "(1 - j % 2) * 100, 1000000 + i, 1000000 + i, 'LEI', 'G', 'admin', "
+    "SELECT i, j, 'JV' || i % 3, date('2024-03-15', (i * 730 / 50000) || ' days'), cont, 'document', "
+    "j % 2 * (i * 7919 + (j + 1) / 2 * 104729) % 999983 / 100.0, "
+    "(1 - j % 2) * (i * 7919 + (j + 1) / 2 * 104729) % 999983 / 100.0, 1000000 + i, 1000000 + i, 'LEI', 'G', "
+    "'admin', "
     "date('2024-03-15', (i * 730 / 50000) || ' days') || ' 10:00:00.000', 'document', "
     "CASE WHEN cont IN ('4111', '401') THEN 1 + i % 100 END, 'FC' FROM n JOIN l";
 
@@ -99,21 +107,27 @@ constexpr const char* kGrowPartners =
     "i % 300 FROM n JOIN kind ON k = i % 4; "
     "UPDATE kt_linii SET TERT = 1 + NDI % 50000 WHERE TERT IS NOT NULL";
 
-QString folder() {
-  static const QTemporaryDir dir;
-  static const bool written = [] {
-    clock::setToday(QDate(2026, 3, 15));
-    bringTemplateUpToDate(dir.path());
-    return true;
-  }();
-  return written ? dir.path() : QString();
+QString madeFolder(Store store) {
+  static std::vector<std::unique_ptr<QTemporaryDir>> folders;
+  folders.push_back(std::make_unique<QTemporaryDir>());
+  const QString path = folders.back()->path();
+  if (store == Store::Server) nameTestServer(path);
+  clock::setToday(kToday);
+  bringTemplateUpToDate(path);
+  return path;
+}
+
+QString folder(Store store) {
+  static QHash<Store, QString> paths;
+  if (!paths.contains(store)) paths.insert(store, madeFolder(store));
+  return paths[store];
 }
 
 // Filling needs no journal: a file that fails half way is thrown away.
 template <typename Fill>
 QString filled(const QString& name, Fill&& fill) {
-  makeCompanyFile(folder(), name);
-  QString path = pathInFolder(folder(), name);
+  makeCompanyFile(folder(Store::Files), name);
+  QString path = pathInFolder(folder(Store::Files), name);
   BareConnection connection(path);
   connection.run("PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA cache_size=-400000; BEGIN");
   fill(connection);
@@ -161,28 +175,73 @@ const QString& grown() {
   return path;
 }
 
-const QString& original(CompanySize size) {
+const QString& file(CompanySize size) {
   if (size == CompanySize::Grown) return grown();
   return size == CompanySize::EmptyLedger ? emptyLedger() : millionLines();
 }
 
+// The same rows on the server, brought there as the program brings them.
+QString onServer(const QString& path) {
+  QString target = pathInFolder(folder(Store::Server), QFileInfo(path).fileName());
+  progress(QStringLiteral("Se copiaza %1 pe server").arg(QFileInfo(path).fileName()));
+  copyDatabase(path, target);
+  return target;
+}
+
+QString original(Store store, CompanySize size) {
+  if (store == Store::Files) return file(size);
+  static QHash<CompanySize, QString> copies;
+  if (!copies.contains(size)) copies.insert(size, onServer(file(size)));
+  return copies[size];
+}
+
+void printHeading(const QString& title, const QStringList& columns) {
+  std::printf("\n");
+  printRow(title, columns);
+  std::printf("%s\n", qPrintable(QString(kNameColumn + kCellColumn * columns.size(), u'-')));
+}
+
+struct Ratio {
+  QString name;
+  QHash<Store, QString> values;
+};
+QList<Ratio> ratios;
+
 }  // namespace
+
+QString nameOf(Store store) {
+  return store == Store::Files ? QStringLiteral("SQLite") : QStringLiteral("PostgreSQL");
+}
+
+bool hasServer() { return !qEnvironmentVariableIsEmpty("VELMAR_TEST_SERVER"); }
 
 QString draftNumber(int lines, int draft) { return QString::number(lines * 1000 + draft); }
 
-QString copyOfCompany(CompanySize size, const QString& fileName) {
-  const QString& from = original(size);
-  QString path = pathInFolder(folder(), fileName);
-  if (!QFile::copy(from, path)) throw StoreError(0, QStringLiteral("Nu s-a copiat %1").arg(from));
+QString copyOfCompany(Store store, CompanySize size, const QString& fileName) {
+  const QString from = original(store, size);
+  QString path = pathInFolder(folder(store), fileName);
+  if (const auto server = serverOf(folder(store)))
+    postgres::copyDatabase(*server, databaseOnServer(*server, from), databaseOnServer(*server, path));
+  else if (!QFile::copy(from, path))
+    throw StoreError(0, QStringLiteral("Nu s-a copiat %1").arg(from));
   return path;
 }
 
-QString companyWithArticles(int count) {
-  return filled(QStringLiteral("articole.mdb"),
-                [count](BareConnection& connection) { fillMasters(connection, count); });
+void removeCompany(const QString& path) {
+  removeDatabaseFile(QFileInfo(path).path(), QFileInfo(path).fileName());
+}
+
+QString companyWithArticles(Store store, int count) {
+  QString path = filled(QStringLiteral("articole.mdb"),
+                        [count](BareConnection& connection) { fillMasters(connection, count); });
+  if (store == Store::Files) return path;
+  QString copy = onServer(path);
+  removeCompany(path);
+  return copy;
 }
 
 OpenCompany::OpenCompany(const QString& path) {
+  clock::setToday(kToday);
   setOpenDatabase(Database::open(path));
   session() = Session();
   session().gUtilizator = QStringLiteral("admin");
@@ -205,10 +264,8 @@ double Times::median() const {
 
 double Times::worst() const { return *std::max_element(values_.begin(), values_.end()); }
 
-void printHeading(const QString& title, const QStringList& columns) {
-  std::printf("\n");
-  printRow(title, columns);
-  std::printf("%s\n", qPrintable(QString(kNameColumn + kCellColumn * columns.size(), u'-')));
+void printHeading(Store store, const QString& title, const QStringList& columns) {
+  printHeading(QStringLiteral("%1, %2").arg(nameOf(store), title), columns);
 }
 
 void printRow(const QString& name, const QStringList& cells) {
@@ -222,6 +279,21 @@ QString milliseconds(double value) { return QString::number(value, 'f', 2) + QSt
 
 QString ratio(double value, double aim) {
   return QString::number(value, 'f', 2) + (value > aim ? QStringLiteral(" !") : QString());
+}
+
+void noteRatio(const QString& name, Store store, double value, double aim) {
+  auto found =
+      std::find_if(ratios.begin(), ratios.end(), [&name](const Ratio& each) { return each.name == name; });
+  if (found == ratios.end()) found = ratios.insert(ratios.end(), {name, {}});
+  found->values.insert(store, ratio(value, aim));
+}
+
+void printRatios() {
+  if (ratios.isEmpty()) return;
+  printHeading(QStringLiteral("raport Velmar / instructiuni directe"),
+               {nameOf(Store::Files), nameOf(Store::Server)});
+  for (const Ratio& each : ratios)
+    printRow(each.name, {each.values.value(Store::Files), each.values.value(Store::Server)});
 }
 
 void progress(const QString& text) { std::fprintf(stderr, "%s...\n", qUtf8Printable(text)); }

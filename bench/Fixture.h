@@ -12,7 +12,7 @@ inline constexpr int kRounds = 30;
 inline constexpr int kSmallVoucher = 20;
 inline constexpr int kLargeVoucher = 200;
 
-inline constexpr int kDrafts = 2 * kRounds;
+inline constexpr int kDrafts = 240;
 /// Number of the draft of that many lines; each company has drafts 0 to kDrafts - 1.
 QString draftNumber(int lines, int draft);
 
@@ -22,11 +22,21 @@ enum class CompanySize {
   Grown          ///< as MillionLines, without drafts, with 100,000 articles and 50,000 partners
 };
 
+/// Where companies are kept.
+enum class Store { Files, Server };
+QString nameOf(Store store);
+
+/// Whether the measurements have a server: its socket's folder stands in VELMAR_TEST_SERVER.
+bool hasServer();
+
 /// The path of a fresh copy of such a company. The original is made once a run.
-QString copyOfCompany(CompanySize size, const QString& fileName);
+QString copyOfCompany(Store store, CompanySize size, const QString& fileName);
+
+/// Takes a company away that is not needed any more.
+void removeCompany(const QString& path);
 
 /// The path of a company with that many articles and nothing else.
-QString companyWithArticles(int count);
+QString companyWithArticles(Store store, int count);
 
 /// A company open as the program has it, database and session, for as long as this lives.
 class OpenCompany {
@@ -52,12 +62,18 @@ class Times {
 };
 
 /// Prints a heading, its columns behind the name of the row.
-void printHeading(const QString& title, const QStringList& columns);
+void printHeading(Store store, const QString& title, const QStringList& columns);
 void printRow(const QString& name, const QStringList& cells);
 QString milliseconds(double value);
 
+inline constexpr double kNoAim = 1e9;
 /// "1.23" and, where it is above the aim, a mark.
 QString ratio(double value, double aim);
+
+/// Keeps how many times as long as the bare statements a piece of work took, for the table at the end.
+void noteRatio(const QString& name, Store store, double value, double aim = kNoAim);
+/// Prints the ratios of the run, the engines beside each other.
+void printRatios();
 
 /// Says on standard error what takes a while.
 void progress(const QString& text);

@@ -37,13 +37,14 @@ void settle() {
   QApplication::processEvents();
 }
 
-void measure(const QString& name, double aim, int rounds, const std::function<void()>& ours,
+void measure(Store store, const QString& name, double aim, int rounds, const std::function<void()>& ours,
              const std::function<void()>& bare) {
   Times windows, statements;
   for (int round = 0; round < rounds; ++round) {
     windows.add(timed(ours));
     statements.add(timed(bare));
   }
+  noteRatio(QStringLiteral("lists: ") + name, store, windows.median() / statements.median());
   printRow(name, {milliseconds(windows.median()),
                   milliseconds(windows.worst()) + (windows.worst() > aim ? QStringLiteral(" !") : QString()),
                   milliseconds(statements.median()), QStringLiteral("<= %1 ms").arg(aim)});
@@ -57,9 +58,10 @@ void search(QWidget& window, const QString& text) {
 }
 
 template <typename Window>
-void measureOpening(const QString& name, BareStatement& page, const std::function<Window*()>& make) {
+void measureOpening(Store store, const QString& name, BareStatement& page,
+                    const std::function<Window*()>& make) {
   measure(
-      name, kOpenAimMs, kWindowRounds,
+      store, name, kOpenAimMs, kWindowRounds,
       [&make] {
         const std::unique_ptr<Window> window(make());
         window->show();
@@ -68,7 +70,7 @@ void measureOpening(const QString& name, BareStatement& page, const std::functio
       [&page] { page.run(); });
 }
 
-void measureScrolling(QWidget& window, BareConnection& bare) {
+void measureScrolling(Store store, QWidget& window, BareConnection& bare) {
   auto* grid = window.findChild<TDBGrid*>("grdDataGrid");
   BareStatement page = bare.prepare(
       "SELECT A.*, F.DENUMIRE, T.NUME FROM G_ARTMAG A LEFT JOIN G_FAMART F ON F.COD = A.FAMART LEFT JOIN "
@@ -76,7 +78,7 @@ void measureScrolling(QWidget& window, BareConnection& bare) {
       "T ON T.COD = A.CODFURNIZO WHERE A.CODART > ? ORDER BY A.CODART LIMIT 100");
   int step = 0;
   measure(
-      QStringLiteral("un ecran mai departe"), kScrollAimMs, kRounds,
+      store, QStringLiteral("un ecran mai departe"), kScrollAimMs, kRounds,
       [grid, &step] {
         grid->verticalScrollBar()->setValue(++step * 2'000 % grid->verticalScrollBar()->maximum());
         settle();
@@ -89,19 +91,19 @@ void measureScrolling(QWidget& window, BareConnection& bare) {
 
 }  // namespace
 
-bool measureLists() {
-  const QString path = copyOfCompany(CompanySize::Grown, QStringLiteral("liste.mdb"));
+bool measureLists(Store store) {
+  const QString path = copyOfCompany(store, CompanySize::Grown, QStringLiteral("liste.mdb"));
   const OpenCompany company(path);
   BareConnection bare(path);
-  printHeading(QStringLiteral("lists: 100.000 articole, 50.000 terti"),
+  printHeading(store, QStringLiteral("lists: 100.000 articole, 50.000 terti"),
                {QStringLiteral("median"), QStringLiteral("maxim"), QStringLiteral("o instr."),
                 QStringLiteral("tinta")});
 
   BareStatement articlePage = bare.prepare(kArticlePage);
   BareStatement partnerPage = bare.prepare(kPartnerPage);
-  measureOpening<frmArticole>(QStringLiteral("deschidere articole"), articlePage,
+  measureOpening<frmArticole>(store, QStringLiteral("deschidere articole"), articlePage,
                               [] { return new frmArticole; });
-  measureOpening<frmTerti>(QStringLiteral("deschidere clienti"), partnerPage,
+  measureOpening<frmTerti>(store, QStringLiteral("deschidere clienti"), partnerPage,
                            [] { return new frmTerti(QStringLiteral("C")); });
 
   frmArticole articles;
@@ -114,12 +116,12 @@ bool measureLists() {
     const std::string from = letters;
     const std::string to = from + "\xf4\x8f\xbf\xbf";
     measure(
-        QStringLiteral("articole: \"%1\"").arg(QString::fromLatin1(letters)), kSearchAimMs, kRounds,
+        store, QStringLiteral("articole: \"%1\"").arg(QString::fromLatin1(letters)), kSearchAimMs, kRounds,
         [&] { search(articles, QString::fromLatin1(letters)); },
         [&] { names.bind(1, from).bind(2, to).run(); });
   }
   search(articles, {});
-  measureScrolling(articles, bare);
+  measureScrolling(store, articles, bare);
 
   frmTerti partners(QStringLiteral("C"));
   partners.resize(partners.sizeHint());
@@ -132,7 +134,7 @@ bool measureLists() {
       "TERT IS NOT NULL GROUP BY TERT) S ON S.TERT = T.COD WHERE T.TIP <> 'F' ORDER BY S.SOLD, T.COD");
   bool down = false;
   measure(
-      QStringLiteral("terti dupa sold"), kBalanceAimMs, kWindowRounds,
+      store, QStringLiteral("terti dupa sold"), kBalanceAimMs, kWindowRounds,
       [grid, &down] {
         grid->sortBy({{QStringLiteral("SOLD")}, down = !down});
         settle();
@@ -142,7 +144,7 @@ bool measureLists() {
   BareStatement turnovers = bare.prepare(
       "SELECT CONT, SUM(DEBIT), SUM(CREDIT) FROM kt_linii WHERE DATAINR <= '2026-03-15' GROUP BY CONT");
   measure(
-      QStringLiteral("rulaje"), kTurnoverAimMs, kWindowRounds, [day] { storeTurnovers(day); },
+      store, QStringLiteral("rulaje"), kTurnoverAimMs, kWindowRounds, [day] { storeTurnovers(day); },
       [&turnovers] { turnovers.run(); });
   return true;
 }

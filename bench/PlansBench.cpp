@@ -27,9 +27,13 @@ QStringList ledgerNames(const QString& sql) {
   return names;
 }
 
+// "SCAN kt_linii" the one engine says, "Seq Scan on kt_linii" the other.
 bool readsThrough(const QString& step, const QStringList& ledgers) {
-  const QStringList words = step.toUpper().split(u' ');
-  return words.size() > 1 && words[0] == QStringLiteral("SCAN") && ledgers.contains(words[1]);
+  static const QRegularExpression kScan(QStringLiteral("(?:^SCAN|Seq Scan on) (\\w+)(?: (\\w+))?"),
+                                        QRegularExpression::CaseInsensitiveOption);
+  const auto found = kScan.match(step);
+  return found.hasMatch() &&
+         (ledgers.contains(found.captured(1).toUpper()) || ledgers.contains(found.captured(2).toUpper()));
 }
 
 QStringList statementsOfValidation() {
@@ -48,10 +52,10 @@ QStringList statementsOfValidation() {
 
 }  // namespace
 
-bool checkPlans() {
-  const OpenCompany company(copyOfCompany(CompanySize::MillionLines, QStringLiteral("planuri.mdb")));
+bool checkPlans(Store store) {
+  const OpenCompany company(copyOfCompany(store, CompanySize::MillionLines, QStringLiteral("planuri.mdb")));
   const QStringList statements = statementsOfValidation();
-  printHeading(QStringLiteral("plans: instructiunile validarii"), {});
+  printHeading(store, QStringLiteral("plans: instructiunile validarii"), {});
   bool held = true;
   for (const QString& sql : statements) {
     std::printf("%s%s\n", qUtf8Printable(sql.left(kShownText)), sql.size() > kShownText ? " ..." : "");

@@ -92,9 +92,9 @@ QHash<QString, qint64> startedOnce(const QString& folder) {
 
 }  // namespace
 
-bool measureStart() {
+bool measureStart(Store store) {
   const QString folder =
-      QFileInfo(copyOfCompany(CompanySize::MillionLines, kFirstCompanyName)).absolutePath();
+      QFileInfo(copyOfCompany(store, CompanySize::MillionLines, kFirstCompanyName)).absolutePath();
   Times login;
   Times mainWindow;
   for (int round = 0; round <= kStarts; ++round) {
@@ -109,7 +109,7 @@ bool measureStart() {
     mainWindow.add(
         static_cast<double>(moments[QStringLiteral("frmMain")] - moments[QStringLiteral("frmLogin")]));
   }
-  printHeading(QStringLiteral("start: pornirea programului"),
+  printHeading(store, QStringLiteral("start: pornirea programului"),
                {QStringLiteral("median"), QStringLiteral("maxim")});
   printRow(QStringLiteral("pana la autentificare"),
            {milliseconds(login.median()), milliseconds(login.worst())});

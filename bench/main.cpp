@@ -6,20 +6,66 @@
 
 namespace {
 
+using velmar::bench::Store;
+
 struct Bench {
   const char* name;
-  bool (*run)();
+  bool (*run)(Store store);
 };
 
 const Bench kBenches[] = {
-    {"voucher", velmar::bench::measureVouchers},  {"plans", velmar::bench::checkPlans},
+    {"voucher", velmar::bench::measureVouchers},  {"writers", velmar::bench::measureWriters},
+    {"plans", velmar::bench::checkPlans},         {"sums", velmar::bench::checkSums},
     {"articles", velmar::bench::measureArticles}, {"lists", velmar::bench::measureLists},
     {"start", velmar::bench::measureStart},
+};
+const QString kEngineOption = QStringLiteral("--engine");
+
+struct Asked {
+  QStringList names;
+  QList<Store> stores;
+  QString refusal;  ///< what is wrong with the command line, empty when nothing is
 };
 
 bool isKnown(const QString& name) {
   return std::any_of(std::begin(kBenches), std::end(kBenches),
                      [&name](const Bench& bench) { return name == QLatin1String(bench.name); });
+}
+
+QList<Store> storesOf(const QString& engine) {
+  if (engine == QStringLiteral("sqlite")) return {Store::Files};
+  if (engine == QStringLiteral("postgresql")) return {Store::Server};
+  return {};
+}
+
+// Without an engine it is the files, and the server where there is one.
+Asked asked(QStringList arguments) {
+  Asked all;
+  if (const qsizetype place = arguments.indexOf(kEngineOption); place >= 0) {
+    const QString engine = arguments.value(place + 1);
+    all.stores = storesOf(engine);
+    if (all.stores.isEmpty()) all.refusal = QStringLiteral("Motor necunoscut: %1").arg(engine);
+    arguments.remove(place, std::min<qsizetype>(2, arguments.size() - place));
+  } else {
+    all.stores = {Store::Files};
+    if (velmar::bench::hasServer()) all.stores.append(Store::Server);
+  }
+  if (all.stores.contains(Store::Server) && !velmar::bench::hasServer())
+    all.refusal = QStringLiteral("Nu este pornit un server; porniti masuratorile cu ./velmar bench.");
+  for (const QString& name : arguments)
+    if (!isKnown(name)) all.refusal = QStringLiteral("Masuratoare necunoscuta: %1").arg(name);
+  all.names = arguments;
+  return all;
+}
+
+bool runAll(const Asked& asked) {
+  bool held = true;
+  for (const Bench& bench : kBenches) {
+    if (!asked.names.isEmpty() && !asked.names.contains(QLatin1String(bench.name))) continue;
+    for (const Store store : asked.stores) held = bench.run(store) && held;
+  }
+  velmar::bench::printRatios();
+  return held;
 }
 
 }  // namespace
@@ -30,19 +76,18 @@ int main(int argc, char** argv) {
   // Windows are measured without a display.
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
-  const QStringList names = QCoreApplication::arguments().mid(1);
-  for (const QString& name : names)
-    if (!isKnown(name)) {
-      std::fprintf(stderr, "Masuratoare necunoscuta: %s\n", qUtf8Printable(name));
-      return 2;
-    }
-  bool held = true;
+  const QStringList arguments = QCoreApplication::arguments().mid(1);
+  if (arguments.size() == 5 && arguments[0] == velmar::bench::kWriterOption)
+    return velmar::bench::runWriter(arguments.mid(1));
+  const Asked all = asked(arguments);
+  if (!all.refusal.isEmpty()) {
+    std::fprintf(stderr, "%s\n", qUtf8Printable(all.refusal));
+    return 2;
+  }
   try {
-    for (const Bench& bench : kBenches)
-      if (names.isEmpty() || names.contains(QLatin1String(bench.name))) held = bench.run() && held;
+    return runAll(all) ? 0 : 1;
   } catch (const velmar::Error& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 1;
   }
-  return held ? 0 : 1;
 }

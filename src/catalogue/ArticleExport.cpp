@@ -49,8 +49,9 @@ QString inScript(QString text) {
 // The options of the page's list: for each family with articles a heading, its articles, a separator.
 QByteArray optionLines() {
   const Recordset families = OpenRs("SELECT COD, DENUMIRE FROM G_FAMART ORDER BY DENUMIRE NULLS FIRST, COD");
-  const Recordset articles =
-      OpenRs("SELECT CODART, DENART, FAMART FROM G_ARTMAG WHERE TipAparat <> '' ORDER BY DENART, CODART");
+  const Recordset articles = OpenRs(
+      "SELECT CODART, DENART, FAMART FROM G_ARTMAG WHERE TipAparat <> '' ORDER BY DENART NULLS FIRST, "
+      "CODART");
   QString lines;
   int count = 0;
   const auto option = [&lines, &count](const QString& text, const QString& value) {

@@ -72,10 +72,11 @@ QString highestPlain(const KeyNumbers& keys) {
   QStringList lengths;
   for (int length = 1; length <= kPlainDigits; ++length)
     lengths.append(QStringLiteral("SELECT %1 AS LEN").arg(keys.prefix + length));
-  const QString last = QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %1 DESC LIMIT 1")
-                           .arg(keys.column, keys.table,
-                                keys.where(QStringLiteral("LENGTH(%1) = LENGTHS.LEN AND %2")
-                                               .arg(keys.column, plainNumber(keyNumber(keys.column, keys.prefix)))));
+  const QString last =
+      QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %1 DESC LIMIT 1")
+          .arg(keys.column, keys.table,
+               keys.where(QStringLiteral("LENGTH(%1) = LENGTHS.LEN AND %2")
+                              .arg(keys.column, plainNumber(keyNumber(keys.column, keys.prefix)))));
   return highestNumeric(keyNumber("LAST", keys.prefix),
                         QStringLiteral("(SELECT (%1) AS LAST FROM (%2) AS LENGTHS) AS LASTS")
                             .arg(last, lengths.join(QStringLiteral(" UNION ALL "))));
@@ -83,7 +84,9 @@ QString highestPlain(const KeyNumbers& keys) {
 
 // What else reads as a number: signs, fractions, exponents. Few keys, with an index of their own.
 QString highestOdd(const KeyNumbers& keys) {
-  return highestNumeric(keyNumber(keys.column, keys.prefix), QStringLiteral("%1 WHERE %2").arg(keys.table, keys.where(oddNumber(keys.column, keys.prefix))));
+  return highestNumeric(
+      keyNumber(keys.column, keys.prefix),
+      QStringLiteral("%1 WHERE %2").arg(keys.table, keys.where(oddNumber(keys.column, keys.prefix))));
 }
 
 qint64 afterHighestKey(const KeyNumbers& keys) {

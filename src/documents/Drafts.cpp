@@ -42,7 +42,8 @@ QStringList filledColumns(const Row& row) {
 }  // namespace
 
 Recordset Drafts::list() const {
-  const QString order = kind_.oldestFirst ? QStringLiteral("ASC") : QStringLiteral("DESC");
+  const QString order =
+      kind_.oldestFirst ? QStringLiteral("ASC NULLS FIRST") : QStringLiteral("DESC NULLS LAST");
   if (kind_.partnerColumn.isEmpty())
     return OpenRs(QStringLiteral("SELECT * FROM %1 WHERE VALIDAT = 0 AND Magazie = ? ORDER BY %2 %4, %3 %4")
                       .arg(kind_.headerTable, kind_.dateColumn, kind_.numberColumn, order),

@@ -13,9 +13,9 @@
 #include "config/Currencies.h"
 #include "config/Session.h"
 #include "config/Warehouses.h"
-#include "documents/DocumentEditor.h"
 #include "shell/Login.h"
 #include "shell/SampleData.h"
+#include "shell/SampleDocuments.h"
 #include "store/DatabaseFiles.h"
 #include "store/Records.h"
 #include "store/Workshop.h"
@@ -27,29 +27,6 @@ namespace velmar {
 namespace {
 
 const QString kSampleName = QStringLiteral("EXEMPLU SRL");
-constexpr int kVouchers = 40;
-constexpr int kDaysBack = 91;
-constexpr int kSampleVat = 19;
-
-// The same figures on every machine.
-class Dice {
- public:
-  int below(int limit) {
-    state_ = state_ * 6364136223846793005ULL + 1442695040888963407ULL;
-    return static_cast<int>((state_ >> 33) % static_cast<unsigned>(limit));
-  }
-
- private:
-  quint64 state_ = 20260401;
-};
-
-struct Catalogue {
-  std::vector<qint64> families;
-  std::vector<qint64> suppliers;
-  std::vector<qint64> customers;
-  QStringList articles;
-};
-
 std::vector<qint64> addFamilies() {
   std::vector<qint64> codes;
   for (const SampleFamily& family : sampleFamilies())
@@ -57,7 +34,7 @@ std::vector<qint64> addFamilies() {
   return codes;
 }
 
-void addPartners(Catalogue& catalogue) {
+void addPartners(SampleCatalogue& catalogue) {
   for (const SamplePartner& partner : samplePartners()) {
     Row row = newPartner(partner.NUME, partner.TIP);
     row.set("CODFISCAL", partner.CODFISCAL);
@@ -73,8 +50,8 @@ void addPartners(Catalogue& catalogue) {
   }
 }
 
-Catalogue addCatalogue() {
-  Catalogue catalogue;
+SampleCatalogue addCatalogue() {
+  SampleCatalogue catalogue;
   catalogue.families = addFamilies();
   addPartners(catalogue);
   for (size_t f = 0; f < catalogue.families.size(); ++f) {
@@ -90,52 +67,12 @@ Catalogue addCatalogue() {
       article.set("UM", family.unit);
       article.set("CODFURNIZO",
                   catalogue.suppliers[(f + static_cast<size_t>(i)) % catalogue.suppliers.size()]);
-      article.set("PROVENIENTA", "P");
+      article.set("PROVENIENTA", family.isMade ? "P" : "M");
       addArticle(article);
-      catalogue.articles.append(code);
+      (family.isMade ? catalogue.products : catalogue.goods).append(code);
     }
   }
   return catalogue;
-}
-
-QHash<QString, QString> voucherHeader(int number, qint64 supplier, const QDate& date) {
-  return {{"NUMNR", QString::number(number)},
-          {"CODFUR", QString::number(supplier)},
-          {"BATVA", QString::number(kSampleVat)},
-          {"OBS", QStringLiteral("Productie %1").arg(date.toString("dd.MM.yyyy"))},
-          {"DATANR", date.toString(Qt::ISODate)}};
-}
-
-// An article comes in at much the same cost each time, a little dearer as the months go by.
-void addLine(DocumentEditor& editor, const QString& article, int position, int voucher, Dice& dice) {
-  const size_t line = editor.setArticle(editor.lines().size(), article);
-  const int bani = 450 + position * 137 + voucher * 3 + dice.below(40);
-  const Decimal cost = Decimal(bani) / 100;
-  editor.setNumber(line, "CANT", QString::number(5 + dice.below(40)));
-  editor.setNumber(line, "PRETFT", cost.toString());
-  editor.setNumber(line, "PRETVA", Round(cost * Decimal(14) / 10, 2).toString());
-}
-
-void addVouchers(const Catalogue& catalogue) {
-  const QDate last = clock::today();
-  const QDate first = std::max(session().DataIC, last.addDays(-kDaysBack));
-  const int days = static_cast<int>(first.daysTo(last));
-  Dice dice;
-  DocumentEditor editor("BI");
-  for (int number = 1; number <= kVouchers; ++number) {
-    const QDate date = first.addDays(days * number / kVouchers);
-    const qint64 supplier = catalogue.suppliers[static_cast<size_t>(number) % catalogue.suppliers.size()];
-    const auto header = voucherHeader(number, supplier, date);
-    editor.newDocument();
-    editor.save(header);
-    const int start = dice.below(static_cast<int>(catalogue.articles.size()));
-    for (int i = 0; i < 6; ++i) {
-      const int position = (start + i * 7) % static_cast<int>(catalogue.articles.size());
-      addLine(editor, catalogue.articles[position], position, number, dice);
-    }
-    // The last one waits as a draft for the newcomer to validate.
-    if (number < kVouchers && editor.checkLines()) editor.validate(header);
-  }
 }
 
 // Two currencies, a rate each working day of the last month.
@@ -145,7 +82,7 @@ void addRates() {
     const char* currency;
     int rate;  ///< in ten-thousandths of a leu
   };
-  Dice dice;
+  SampleDice dice;
   for (const Start& start : {Start{"EUR", 49'750}, Start{"USD", 45'900}}) {
     int rate = start.rate;
     for (int back = kRateDays; back >= 0; --back) {
@@ -160,6 +97,12 @@ void addRates() {
   }
 }
 
+// Invoices count on from 1001 by themselves.
+void giveInvoiceNumbers() {
+  ExecutaSql("UPDATE kt_par SET SERIEFC = 'EXS', FCSTART = '1001', FCEND = '9999'");
+  IncarcaSerii();
+}
+
 void addWarehouses() {
   for (const char* name : {"Depozit central", "Magazin Piata Mare"}) {
     Row row = rowOf("DENUMIRE JURNAL");
@@ -169,7 +112,7 @@ void addWarehouses() {
 }
 
 // Bands of a whole family, of one article that is dearer to carry, and percents of good customers.
-void addDiscounts(const Catalogue& catalogue) {
+void addDiscounts(const SampleCatalogue& catalogue) {
   const auto fill = [](DiscountBands bands, const std::vector<TypedBand>& typed) {
     for (const TypedBand& band : typed) bands.save(bands.add(), band);
     return bands;
@@ -177,7 +120,7 @@ void addDiscounts(const Catalogue& catalogue) {
   DiscountBands family = fill(DiscountBands::ofFamily(catalogue.families.front()),
                               {{"1", "9", "0"}, {"10", "49", "3"}, {"50", "1000", "5"}});
   family.applyToArticles();
-  fill(DiscountBands::ofArticle(catalogue.articles.last()), {{"1", "20", "0"}, {"21", "500", "7.5"}});
+  fill(DiscountBands::ofArticle(catalogue.products.last()), {{"1", "20", "0"}, {"21", "500", "7.5"}});
   int percent = 2;
   for (size_t i = 0; i < catalogue.customers.size(); i += 3)
     setPartnerDiscount(catalogue.customers[i], Decimal(percent++));
@@ -200,10 +143,11 @@ void makeIn(const QString& workshop) {
   session().gDenMagazie = warehouse.text("DENUMIRE");
   chooseCostMethod("FIFO");
   addWarehouses();
+  giveInvoiceNumbers();
   addRates();
-  const Catalogue catalogue = addCatalogue();
+  const SampleCatalogue catalogue = addCatalogue();
   addDiscounts(catalogue);
-  addVouchers(catalogue);
+  addSampleDocuments(catalogue);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@ struct SampleFamily {
   QString name;
   QString productStock;  ///< stock account of own products
   QString unit;
+  bool isMade;  ///< by the company itself; else bought
   QStringList articles;
 };
 

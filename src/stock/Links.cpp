@@ -41,11 +41,13 @@ void takeFromNote(const QString& note, const QString& article, const Decimal& qu
                   const LinkReference& taker) {
   Transaction transaction(database());
   database().execute(
-      "UPDATE G_LAECLI SET CANTRAMAS = ROUND_EVEN(COALESCE(CANTRAMAS, 0) - ?, 3), REFERINTA = ?, DATASOLD = ? "
+      "UPDATE G_LAECLI SET CANTRAMAS = ROUND_EVEN(COALESCE(CANTRAMAS, 0) - ?, 3), REFERINTA = ?, DATASOLD = "
+      "? "
       "WHERE NUMAE = ? AND CODART = ?",
       {quantity, taker.document, taker.date, note, article});
   database().execute(
-      "UPDATE G_LDOCUM SET CANTRAMASA = ROUND_EVEN(COALESCE(CANTRAMASA, 0) - ?, 3), REFERINTA = ?, DATASOLD = ? "
+      "UPDATE G_LDOCUM SET CANTRAMASA = ROUND_EVEN(COALESCE(CANTRAMASA, 0) - ?, 3), REFERINTA = ?, DATASOLD "
+      "= ? "
       "WHERE DOCID = ? AND ARTID = ?",
       {quantity, taker.document, clock::today(), kNote + note, article});
   transaction.commit();
@@ -71,7 +73,8 @@ void CorecteazaComenzi(const QString& invoice) {
       "ORDER BY L.NRLINIE, L.NUMCOM",
       {invoice});
   if (ordered.isEmpty()) return;
-  for (const Row& line : OpenRs("SELECT CODART, CANT FROM G_LFACCL WHERE NUMFAC = ? ORDER BY NRLINIE", {invoice}))
+  for (const Row& line :
+       OpenRs("SELECT CODART, CANT FROM G_LFACCL WHERE NUMFAC = ? ORDER BY NRLINIE", {invoice}))
     for (const Row& order : ordered) {
       if (order.text("CODART").compare(line.text("CODART"), Qt::CaseInsensitive) != 0) continue;
       const Decimal quantity = line.decimal("CANT");

@@ -1,5 +1,5 @@
-// What orders and delivery notes have left: remainders and references in their own lines, moved when a receipt
-// or an invoice takes from them and put back when that is deleted.
+// What orders and delivery notes have left: remainders and references in their own lines, moved when a
+// receipt or an invoice takes from them and put back when that is deleted.
 #pragma once
 
 #include <QDate>
@@ -27,8 +27,8 @@ void takeFromNote(const QString& note, const QString& article, const Decimal& qu
 /// Marks the delivery note as invoiced, and its ledger row as validated, when no line has anything left.
 void closeNoteIfTaken(const QString& note);
 
-/// Gives back what the deleted invoice had delivered of its customer orders: the first order line of an article
-/// takes the whole quantity, and falls to 0 where it was not ordered more.
+/// Gives back what the deleted invoice had delivered of its customer orders: the first order line of an
+/// article takes the whole quantity, and falls to 0 where it was not ordered more.
 void CorecteazaComenzi(const QString& invoice);
 
 /// Gives back what a deleted receipt note or invoice (its whole key) had taken from delivery notes, and opens

@@ -153,6 +153,7 @@ void copyToNewDatabase(Database& from, const QString& path, const CopyProgress& 
   for (const StoredStatement& view : company.views)
     orRefuse(QStringLiteral("Interogarea ") + view.name, [&] { into->engine().run(view.statement); });
   transaction.commit();
+  into->engine().studyTables();
 }
 
 void copyDatabase(const QString& from, const QString& to, const CopyProgress& progress) {

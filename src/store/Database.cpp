@@ -99,10 +99,9 @@ int Database::execute(const QString& sql, const Values& values) { return execute
 int Database::executeEach(const QString& sql, const std::vector<Values>& rows) {
   std::optional<Transaction> own;
   if (!inTransaction()) own.emplace(*this);
-  int changed = 0;
   const auto statement = state_->prepare(sql);
   state_->noteWritten(sql);
-  for (const Values& values : rows) changed += statement->run(values);
+  const int changed = statement->runEach(rows);
   if (own) own->commit();
   return changed;
 }

@@ -28,6 +28,13 @@ class EngineStatement {
   virtual void each(const Values& values, const EachRow& use) = 0;
   /// Runs it to the end; gives the number of rows changed. Throws StoreError.
   virtual int run(const Values& values) = 0;
+  /// Runs it once for each row of values, inside a transaction; gives the number of rows changed. Throws
+  /// StoreError, and nothing is left to do then but to undo the transaction.
+  virtual int runEach(const std::vector<Values>& rows) {
+    int changed = 0;
+    for (const Values& values : rows) changed += run(values);
+    return changed;
+  }
 };
 
 /// A connection to one database.
@@ -39,7 +46,8 @@ class Engine {
   virtual std::shared_ptr<EngineStatement> prepare(const QString& sql) = 0;
   /// Runs a statement without values and rows.
   virtual void run(const QString& sql) = 0;
-  /// Begins a transaction with the company's write lock; gives false when another process holds it.
+  /// Begins a transaction with the company's write lock; gives false when another process holds it, at once
+  /// or after a moment's wait.
   virtual bool tryBeginWrite() = 0;
   /// Begins a transaction that reads the database as it stands now, whatever others write meanwhile.
   virtual void beginSnapshot() = 0;
@@ -62,12 +70,17 @@ class Engine {
   /// Names what the database has that is neither table nor index nor stored query of a kind that both engines
   /// know: triggers, computed columns and the like.
   virtual QStringList ownKinds() = 0;
+  /// How an index names one of its columns, so that what is ordered by them, nulls first where there may be
+  /// some, is read from it in order.
+  virtual QString indexedColumn(const Table&, const QString& column) const { return column; }
   /// What stands behind the columns of a table whose key has several of them.
   virtual QString clusteredSuffix() const = 0;
   /// How many rows a statement should insert at once.
   virtual int rowsPerInsert() const = 0;
   /// Lets the numbers that the engine gives by itself go on behind those that were inserted.
   virtual void continueNumbering(const Table&) {}
+  /// Has the engine look at what the tables hold, after many rows were written at once.
+  virtual void studyTables() {}
   /// Makes what the tables need before they can be made.
   virtual void prepareSchema() {}
 

@@ -80,16 +80,27 @@ void RecordsetRows::sort(const QStringList& fields, bool descending) {
 }
 
 ListRows::ListRows(const ListQuery& query, const Condition& condition, const QString& order)
-    : query_(query), condition_(condition), order_(order) {
-  readKeys(order_);
+    : query_(query), condition_(condition), order_(order.split(u',', Qt::SkipEmptyParts)) {
+  readKeys(order_, false);
 }
 
-void ListRows::readKeys(const QString& order) {
+bool ListRows::isKey(const QString& field) const {
+  return query_.key.section(QLatin1Char('.'), -1).compare(field, Qt::CaseInsensitive) == 0;
+}
+
+// The key is never null, and an index on it gives its order only when nothing is said of nulls.
+void ListRows::readKeys(const QStringList& fields, bool descending) {
+  QString order;
+  for (const QString& each : fields) {
+    const QString field = each.trimmed();
+    const QString nulls = descending ? QStringLiteral(" NULLS LAST") : QStringLiteral(" NULLS FIRST");
+    order += field + (descending ? QStringLiteral(" DESC") : QString()) + (isKey(field) ? QString() : nulls) +
+             QStringLiteral(", ");
+  }
   const QString where = condition_.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition_.sql;
   const Recordset found = OpenRs(
       QStringLiteral("SELECT ROWKEY FROM (SELECT %1 AS ROWKEY, %2 FROM %3) AS LIST%4 ORDER BY %5ROWKEY")
-          .arg(query_.key, query_.columns, query_.from, where,
-               order.isEmpty() ? QString() : order + QStringLiteral(", ")),
+          .arg(query_.key, query_.columns, query_.from, where, order),
       condition_.values);
   keys_.clear();
   keys_.reserve(static_cast<size_t>(found.size()));
@@ -146,17 +157,15 @@ int ListRows::placeOf(const QVariant& key) const {
 }
 
 int ListRows::find(const QString& field, const QString& text) const {
-  if (query_.key.section(QLatin1Char('.'), -1).compare(field, Qt::CaseInsensitive) == 0) return placeOf(text);
+  if (isKey(field)) return placeOf(text);
   for (int place = 0; place < size(); ++place)
     if (row(place).text(field).compare(text, Qt::CaseInsensitive) == 0) return place;
   return -1;
 }
 
 void ListRows::sort(const QStringList& fields, bool descending) {
-  QStringList parts;
-  for (const QString& field : fields)
-    parts.append(field + (descending ? QStringLiteral(" DESC NULLS LAST") : QStringLiteral(" NULLS FIRST")));
-  readKeys(parts.isEmpty() ? order_ : parts.join(QStringLiteral(", ")));
+  if (fields.isEmpty()) return readKeys(order_, false);
+  readKeys(fields, descending);
 }
 
 }  // namespace velmar

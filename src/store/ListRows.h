@@ -72,8 +72,8 @@ class RecordsetRows : public RowSource {
 /// A list of the open company, read as described above.
 class ListRows : public RowSource {
  public:
-  /// `order` is what stands behind ORDER BY; rows alike in it come by their key. Condition and order speak of
-  /// the columns that the query gives. Reads the keys.
+  /// `order` names columns, divided by commas; rows alike in them come by their key, nulls come first.
+  /// Condition and order speak of the columns that the query gives. Reads the keys.
   ListRows(const ListQuery& query, const Condition& condition, const QString& order);
 
   int size() const override { return static_cast<int>(keys_.size()); }
@@ -86,12 +86,13 @@ class ListRows : public RowSource {
   int placeOf(const QVariant& key) const;
 
  private:
-  void readKeys(const QString& order);
+  void readKeys(const QStringList& fields, bool descending);
+  bool isKey(const QString& field) const;
   void readPage(int page) const;
 
   ListQuery query_;
   Condition condition_;
-  QString order_;
+  QStringList order_;
   std::vector<QVariant> keys_;
   mutable QHash<int, std::vector<Row>> pages_;
 };

@@ -31,6 +31,9 @@ class Connection {
   /// Prepares a statement, its marks "?", under that name.
   void prepare(const QByteArray& name, const QString& sql);
   Result execute(const QByteArray& name, const Values& values);
+  /// Runs the statement for each row of values without waiting for one answer before the next question; gives
+  /// the number of rows changed. Throws the first error.
+  int executeEach(const QByteArray& name, const std::vector<Values>& rows);
   /// Hands over the rows one by one, none of them kept.
   void each(const QByteArray& name, const Values& values,
             const std::function<void(std::vector<QVariant>&& cells)>& use);
@@ -50,6 +53,7 @@ class Connection {
   Result checked(pg_result* result);
   void connect(const Server& server, const QString& password);
   bool wantsPassword() const;
+  int pipelined(const QByteArray& name, const Values* rows, size_t count);
 
   std::unique_ptr<pg_conn, void (*)(pg_conn*)> handle_;
   QString database_;

@@ -1,6 +1,7 @@
 #include "store/PostgresEngine.h"
 
 #include <QElapsedTimer>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QThread>
 
@@ -17,6 +18,8 @@ const QString kOldMark = QStringLiteral(".vechi");
 constexpr int kCopyWaitMs = 4000;
 constexpr int kCopyPauseMs = 100;
 constexpr int kCompactWaitMs = 5000;
+constexpr int kLockWaitMs = 1000;
+constexpr int kBusy = 5;
 
 // Prepared when it is first run, and again on a connection that was made anew.
 class ServerStatement : public EngineStatement {
@@ -36,6 +39,11 @@ class ServerStatement : public EngineStatement {
     connection_->each(name_, values, use);
   }
   int run(const Values& values) override { return changedBy(execute(values)); }
+  int runEach(const std::vector<Values>& rows) override {
+    if (rows.size() == 1) return run(rows.front());
+    requireConnection();
+    return connection_->executeEach(name_, rows);
+  }
 
  private:
   void prepare() {
@@ -131,15 +139,26 @@ void ServerEngine::run(const QString& sql) {
   }
 }
 
+// One round trip. The server keeps the order of those who wait and wakes the next one at once. What a
+// transaction writes is found by keys, for which the plan made once serves as well as a new one.
 bool ServerEngine::tryBeginWrite() {
   if (connection_->renewIfLost()) ++*generation_;
-  connection_->run(QStringLiteral("BEGIN"));
   connection_->setInTransaction(true);
-  const Recordset locked = recordsetOf(
-      connection_->run(QStringLiteral("SELECT pg_try_advisory_xact_lock(%1) AS locked").arg(kWriteLock)));
-  if (locked.first().flag("LOCKED")) return true;
-  run(QStringLiteral("ROLLBACK"));
-  return false;
+  try {
+    connection_->run(QStringLiteral("BEGIN; SET LOCAL lock_timeout = %1; SELECT pg_advisory_xact_lock(%2); "
+                                    "SET LOCAL lock_timeout = 0; SET LOCAL plan_cache_mode = auto")
+                         .arg(kLockWaitMs)
+                         .arg(kWriteLock));
+    return true;
+  } catch (const StoreError& error) {
+    const bool isHeld = error.number() == kBusy && connection_->inFailedTransaction();
+    if (connection_->isLost())
+      connection_->setInTransaction(false);
+    else
+      run(QStringLiteral("ROLLBACK"));
+    if (isHeld) return false;
+    throw;
+  }
 }
 
 void ServerEngine::beginSnapshot() {
@@ -162,12 +181,26 @@ void ServerEngine::continueNumbering(const Table& table) {
                    identifier(column.name), identifier(table.name())));
 }
 
+// The plan for any values: with nulls in their place every condition would fall away.
 QStringList ServerEngine::plan(const QString& sql) {
-  QString known = sql;
+  static const QRegularExpression kMark(QStringLiteral("\\$\\d+"));
+  const QByteArray name("velmar_plan");
+  connection_->prepare(name, sql);
+  const QStringList nulls(withNumberedMarks(sql).count(kMark), QStringLiteral("NULL"));
+  QString asked = QStringLiteral("EXPLAIN EXECUTE ") + QString::fromLatin1(name);
+  if (!nulls.isEmpty()) asked += QStringLiteral(" (%1)").arg(nulls.join(QStringLiteral(", ")));
+  const auto forgotten = qScopeGuard([&] {
+    try {
+      connection_->forget(name);
+    } catch (const StoreError&) {
+      // The connection is gone, and the statement with it.
+    }
+  });
+  run(QStringLiteral("SET plan_cache_mode = force_generic_plan"));
+  const Recordset plan = recordsetOf(connection_->run(asked));
+  run(QStringLiteral("RESET plan_cache_mode"));
   QStringList steps;
-  for (const Row& row :
-       recordsetOf(connection_->run(QStringLiteral("EXPLAIN ") + known.replace(u'?', "NULL"))))
-    steps.append(row.at(0).toString());
+  for (const Row& row : plan) steps.append(row.at(0).toString());
   return steps;
 }
 
@@ -183,12 +216,23 @@ void ServerEngine::compact() {
       // The connection is gone, and its settings with it.
     }
   });
-  for (const Table& table : companyTables()) {
-    const QString name = quoted(table.name());
+  for (const QString& table : filledTables()) run(QStringLiteral("VACUUM (FULL, ANALYZE) ") + table);
+}
+
+QStringList ServerEngine::filledTables() {
+  QStringList names;
+  for (const QString& table : tables()) {
+    const QString name = quotedIdentifier(table);
     if (!recordsetOf(connection_->run(QStringLiteral("SELECT 1 AS found FROM %1 LIMIT 1").arg(name)))
              .isEmpty())
-      run(QStringLiteral("VACUUM (FULL, ANALYZE) ") + name);
+      names.append(name);
   }
+  return names;
+}
+
+// Indexes can answer alone only once the engine has seen that all rows are there for everybody.
+void ServerEngine::studyTables() {
+  for (const QString& table : filledTables()) run(QStringLiteral("VACUUM (ANALYZE) ") + table);
 }
 
 QString ServerEngine::declaredType(const Column& column) const {
@@ -212,6 +256,10 @@ QString ServerEngine::declaredType(const Column& column) const {
       return QStringLiteral("TIMESTAMP");
   }
   return {};
+}
+
+QString ServerEngine::indexedColumn(const Table& table, const QString& column) const {
+  return table.isNullable(column) ? column + QStringLiteral(" NULLS FIRST") : column;
 }
 
 void ServerEngine::prepareSchema() {

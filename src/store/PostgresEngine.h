@@ -20,10 +20,12 @@ class ServerEngine : public Engine {
   QStringList plan(const QString& sql) override;
   void compact() override;
   QString declaredType(const Column& column) const override;
+  QString indexedColumn(const Table& table, const QString& column) const override;
   QString clusteredSuffix() const override { return {}; }
   QString identifier(const QString& name) const override;
   std::optional<ColumnType> kindOf(const TableShape& table, const ColumnShape& column) const override;
   QStringList ownKinds() override;
+  void studyTables() override;
   void prepareSchema() override;
   QStringList tables() override;
   TableShape tableShape(const QString& table) override;
@@ -33,6 +35,7 @@ class ServerEngine : public Engine {
   void limitLockWaits() override;
 
  private:
+  QStringList filledTables();
   Recordset ask(const QString& sql, const Values& values = {});
   void alterColumn(const QString& table, const ColumnShape& from, const ColumnShape& to);
   void retype(const QString& alter, const ColumnShape& from, const ColumnShape& to);

@@ -29,11 +29,13 @@ QString createStatement(const Table& table, const Engine& engine) {
       .arg(engine.identifier(table.name()), parts.join(QStringLiteral(", ")), clustered);
 }
 
-QString createStatement(const Table& table, const Index& index, int number) {
+QString createStatement(const Table& table, const Index& index, int number, const Engine& engine) {
+  QStringList columns;
+  for (const QString& column : index.columns) columns.append(engine.indexedColumn(table, column));
   const QString where = index.where.isEmpty() ? QString() : QStringLiteral(" WHERE ") + index.where;
   return QStringLiteral("CREATE INDEX ix%1_%2 ON %3 (%4)%5")
       .arg(QString::number(number), QString(table.name()).remove(QLatin1Char(' ')).remove(QLatin1Char('-')),
-           quoted(table.name()), index.columns.join(QStringLiteral(", ")), where);
+           quoted(table.name()), columns.join(QStringLiteral(", ")), where);
 }
 
 }  // namespace
@@ -100,6 +102,12 @@ Table& Table::rule(const QString& constraint) {
   return *this;
 }
 
+bool Table::isNullable(const QString& name) const {
+  const Column* found = column(name);
+  return found && !found->zeroDefault && !found->required && found->type != ColumnType::Boolean &&
+         !key_.contains(name, Qt::CaseInsensitive);
+}
+
 Row Table::emptyRow() const {
   QStringList names;
   for (const Column& column : columns_) names.append(column.name);
@@ -132,7 +140,8 @@ const std::vector<StoredStatement>& companyViews() {
 QStringList createStatements(const Table& table, const Engine& engine) {
   QStringList statements{createStatement(table, engine)};
   int number = 0;
-  for (const Index& index : table.indexes()) statements.append(createStatement(table, index, ++number));
+  for (const Index& index : table.indexes())
+    statements.append(createStatement(table, index, ++number, engine));
   return statements;
 }
 
@@ -148,9 +157,7 @@ QString keyNumber(const QString& column, int prefix) {
   return prefix == 0 ? column : QStringLiteral("SUBSTR(%1, %2)").arg(column).arg(prefix + 1);
 }
 
-QString plainNumber(const QString& text) {
-  return QStringLiteral("LTRIM(%1, '0123456789') = ''").arg(text);
-}
+QString plainNumber(const QString& text) { return QStringLiteral("LTRIM(%1, '0123456789') = ''").arg(text); }
 
 QString oddNumber(const QString& column, int prefix) {
   return QStringLiteral("(LTRIM(%1, '0123456789') <> '' OR LENGTH(%2) > %3)")

@@ -61,6 +61,9 @@ class Table {
   /// The column of that name in any case, null when there is none.
   const Column* column(const QString& name) const;
 
+  /// Whether the column of that name takes nulls.
+  bool isNullable(const QString& name) const;
+
   /// An empty row with all columns of the table.
   Row emptyRow() const;
 
@@ -98,7 +101,8 @@ inline constexpr int kPlainDigits = 15;
 QString keyNumber(const QString& column, int prefix);
 /// The condition that a text is made of digits alone, or of nothing.
 QString plainNumber(const QString& text);
-/// The condition on a key column that what stands behind the prefix is no plain number of at most kPlainDigits.
+/// The condition on a key column that what stands behind the prefix is no plain number of at most
+/// kPlainDigits.
 QString oddNumber(const QString& column, int prefix);
 
 /// Throws RuleError, naming the column, when a text of the row is longer than its column allows.

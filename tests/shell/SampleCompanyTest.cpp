@@ -38,7 +38,11 @@ class SampleCompanyTest : public testing::Test {
     };
     EXPECT_EQ(count("G_BONINT"), 40);
     EXPECT_EQ(count("G_BONINT WHERE VALIDAT = 0"), 1);
-    EXPECT_EQ(count("G_DOCUME"), 39);
+    EXPECT_EQ(count("G_DOCUME WHERE TIP = 'BI'"), 39);
+    EXPECT_EQ(count("G_FACFUR WHERE VALIDAT <> 0"), 26);
+    EXPECT_GE(count("G_FACCLI WHERE VALIDAT <> 0"), 45);
+    EXPECT_GE(count("G_BONCON WHERE VALIDAT <> 0"), 10);
+    EXPECT_EQ(count("G_FACCLI WHERE VALIDAT = 0"), 0);
   }
 
   QTemporaryDir place_;

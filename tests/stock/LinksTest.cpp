@@ -14,7 +14,9 @@ Decimal value(const QString& sql) { return OpenRs(sql).first().decimal("V"); }
 TEST(LinksTest, ASupplierOrderIsSettledWhenItsLastLineCame) {
   const TestCompany company;
   ExecutaSql("INSERT INTO G_COMFUR (NUMCOM, VALIDAT) VALUES ('5', -1)");
-  ExecutaSql("INSERT INTO G_LCOMFU (NUMCOM, NRLINIE, CODART, CANT, CANTRLIV) VALUES ('5', 1, 'A', 3, 3), ('5', 2, 'B', 1, 1)");
+  ExecutaSql(
+      "INSERT INTO G_LCOMFU (NUMCOM, NRLINIE, CODART, CANT, CANTRLIV) VALUES ('5', 1, 'A', 3, 3), ('5', 2, "
+      "'B', 1, 1)");
   ExecutaSql("INSERT INTO G_DOCUME (ID, TIP) VALUES ('CF5', 'CF')");
   ExecutaSql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT) VALUES ('CF5', 1, 'A', 3)");
   const LinkReference receipt{"NR8", QDate(2026, 3, 1)};
@@ -67,7 +69,8 @@ TEST(LinksTest, CustomerOrdersReserveAndGetBackWhatADeletedInvoiceDelivered) {
   EXPECT_EQ(gStocValid("a"), 15_dec / 10);  // drafts do not count, and what was never delivered does
   EXPECT_EQ(gStocValid("C"), Decimal(0));
   ExecutaSql("INSERT INTO G_FACTURI_COMENZI_CLIENTI (ID_Factura, ID_Comanda) VALUES ('7', '1')");
-  ExecutaSql("INSERT INTO G_LFACCL (NUMFAC, NRLINIE, CODART, CANT) VALUES ('7', 1, 'A', 1.5), ('7', 2, 'B', 2)");
+  ExecutaSql(
+      "INSERT INTO G_LFACCL (NUMFAC, NRLINIE, CODART, CANT) VALUES ('7', 1, 'A', 1.5), ('7', 2, 'B', 2)");
   CorecteazaComenzi("7");
   EXPECT_EQ(value("SELECT CANTLIV AS V FROM G_LCOMCL WHERE NUMCOM = '1' AND CODART = 'A'"), Decimal(3));
   EXPECT_EQ(value("SELECT CANTLIV AS V FROM G_LCOMCL WHERE NUMCOM = '1' AND CODART = 'B'"), Decimal(0));

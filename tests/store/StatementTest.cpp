@@ -83,5 +83,72 @@ TEST_F(StatementTest, AReaderDoesNotKeepAColleagueOut) {
   EXPECT_EQ(ExecutaSql("DELETE FROM kt_val WHERE COD = 'X'"), 1);
 }
 
+// A company moved from one engine to the other must find, order and refuse the same.
+TEST_F(StatementTest, TextsCompareInAnyCaseWhateverCompares) {
+  ExecutaSql("DELETE FROM kt_oper");
+  const QString comma = QString::fromUtf8("\xC8\x99ofer");
+  const QString capital = QString::fromUtf8("\xC8\x98ofer");
+  database().insertRows("kt_oper", {"COD", "DENUMIRE"},
+                        {{"a1", "Masa"},
+                         {"A2", "masa"},
+                         {"B[", "MASA "},
+                         {"b_", "Banca"},
+                         {"Bz", "banda"},
+                         {"c1", comma},
+                         {"C2", capital},
+                         {"D", nullptr}});
+  const auto codes = [](const QString& rest, const Values& values = {}) {
+    QString all;
+    for (const Row& row : OpenRs("SELECT COD FROM kt_oper " + rest, values)) all += row.text("COD") + ' ';
+    return all.trimmed();
+  };
+  EXPECT_EQ(codes("WHERE DENUMIRE = ? ORDER BY COD", {"MASA"}), "a1 A2");
+  EXPECT_EQ(codes("WHERE DENUMIRE <> 'MaSa' ORDER BY COD"), "B[ b_ Bz c1 C2");
+  EXPECT_EQ(codes("WHERE DENUMIRE IN ('BANCA', ?) ORDER BY COD", {"BANDA"}), "b_ Bz");
+  EXPECT_EQ(codes("WHERE DENUMIRE LIKE ? ESCAPE '!' ORDER BY COD", {"%ASA%"}), "a1 A2 B[");
+  EXPECT_EQ(codes("WHERE COD LIKE ? ESCAPE '!' ORDER BY COD", {"B!_"}), "b_");
+  EXPECT_EQ(codes("WHERE DENUMIRE >= 'BAN' AND DENUMIRE < 'bao' ORDER BY DENUMIRE DESC"), "Bz b_");
+  EXPECT_EQ(codes("WHERE DENUMIRE LIKE ? ORDER BY COD", {capital.left(1) + "OFER"}), "C2");
+  EXPECT_EQ(codes("ORDER BY DENUMIRE NULLS FIRST, COD"), "D b_ Bz a1 A2 B[ C2 c1");
+  EXPECT_EQ(
+      OpenRs("SELECT DENUMIRE, COUNT(*) AS N FROM kt_oper GROUP BY DENUMIRE HAVING COUNT(*) > 1").size(), 1);
+  EXPECT_EQ(OpenRs("SELECT DISTINCT DENUMIRE FROM kt_oper").size(), 7);
+  EXPECT_EQ(OpenRs("SELECT COUNT(DISTINCT DENUMIRE) AS N FROM kt_oper").first().integer("N"), 6);
+  EXPECT_EQ(errorOf("INSERT INTO kt_oper (COD) VALUES ('d')"), 19);
+}
+
+TEST_F(StatementTest, ABadUpdateAmongManyUndoesThemAllAndTheConnectionServesOn) {
+  constexpr int kRows = 300;
+  constexpr int kBad = 140;
+  std::vector<Values> lines, changes;
+  for (int i = 0; i < kRows; ++i) {
+    const QString code = QStringLiteral("N%1").arg(i);
+    lines.push_back({code, "0"});
+    changes.push_back({i == kBad ? QStringLiteral("N0") : "M" + code, code});
+  }
+  database().insertRows("kt_cc", {"COD", "TITLU"}, lines);
+  const QString rename = QStringLiteral("UPDATE kt_cc SET COD = ? WHERE COD = ?");
+  changes[0] = {"N0", "N0"};
+  EXPECT_THROW(database().executeEach(rename, changes), StoreError);
+  EXPECT_TRUE(OpenRs("SELECT COD FROM kt_cc WHERE COD LIKE 'M%'").isEmpty());
+  changes[kBad] = {"M", "nobody"};
+  EXPECT_EQ(database().executeEach(rename, changes), kRows - 1);
+  EXPECT_EQ(OpenRs("SELECT COD FROM kt_cc WHERE COD LIKE 'MN%'").size(), kRows - 2);
+}
+
+TEST_F(StatementTest, SumsOfManyAmountsAreExactToTheBan) {
+  constexpr int kRows = 20'000;
+  std::vector<Values> rows;
+  Decimal exact;
+  for (int i = 0; i < kRows; ++i) {
+    const Decimal amount = Decimal(static_cast<qint64>(i) * 7'919 % 99'999'989 - 40'000'000) / 100;
+    exact += amount;
+    rows.push_back({"s", amount});
+  }
+  database().insertRows("tmpArt", {"ARTID", "STOC"}, rows);
+  const Row sum = OpenRs("SELECT ROUND_EVEN(SUM(STOC), 2) AS TOTAL FROM tmpArt WHERE ARTID = 'S'").first();
+  EXPECT_EQ(sum.decimal("TOTAL"), exact);
+}
+
 }  // namespace
 }  // namespace velmar

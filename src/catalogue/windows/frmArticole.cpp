@@ -97,10 +97,11 @@ QList<FilterField> filterOffer() {
   if (!session().ModAudio)
     without += {"TipAparat", "TipBaterie", "TipEmitator", "PretVanzare", "CompensareCAS"};
   QList<FilterField> fields = filterFields(companyTable("G_ARTMAG"), captions, without);
-  offerChoices(fields, "FAMART", "SELECT COD, DENUMIRE FROM G_FAMART ORDER BY DENUMIRE, COD");
+  offerChoices(fields, "FAMART", "SELECT COD, DENUMIRE FROM G_FAMART ORDER BY DENUMIRE NULLS FIRST, COD");
   offerChoices(fields, "CODFURNIZO",
-               "SELECT COD, NUME FROM kt_ter WHERE TIP IN ('M', 'F') ORDER BY NUME, COD");
-  offerChoices(fields, "CODMAGAZIE", "SELECT COD, DENUMIRE FROM G_MULTIMAGAZIE ORDER BY DENUMIRE, COD");
+               "SELECT COD, NUME FROM kt_ter WHERE TIP IN ('M', 'F') ORDER BY NUME NULLS FIRST, COD");
+  offerChoices(fields, "CODMAGAZIE",
+               "SELECT COD, DENUMIRE FROM G_MULTIMAGAZIE ORDER BY DENUMIRE NULLS FIRST, COD");
   offerYesNo(fields, "FARASTOC");
   return fields;
 }

@@ -107,7 +107,7 @@ QList<FilterField> filterOffer() {
   offerYesNo(fields, "Reprezentant");
   offerYesNo(fields, "PlatesteTVA");
   offerYesNo(fields, "PF");
-  offerChoices(fields, "ID_Angajator", "SELECT COD, NUME FROM kt_ter ORDER BY NUME, COD");
+  offerChoices(fields, "ID_Angajator", "SELECT COD, NUME FROM kt_ter ORDER BY NUME NULLS FIRST, COD");
   return fields;
 }
 
@@ -318,7 +318,7 @@ void frmTerti::tabChanged() {
   if (!onCard()) return;
   const bool untouched = !card().isChanged();
   const QVariant employer = cboIDAngajator_->choice();
-  LegaCombo(*cboIDAngajator_, {"SELECT COD, NUME FROM kt_ter ORDER BY NUME, COD", "NUME", "COD"});
+  LegaCombo(*cboIDAngajator_, {"SELECT COD, NUME FROM kt_ter ORDER BY NUME NULLS FIRST, COD", "NUME", "COD"});
   cboIDAngajator_->showData(employer);
   if (untouched && !isNew()) showRecord(list()->currentRecord());
 }

@@ -1,0 +1,193 @@
+#include "shell/SampleDocuments.h"
+
+#include <algorithm>
+
+#include "config/Session.h"
+#include "documents/DocumentEditor.h"
+#include "stock/Availability.h"
+#include "store/Database.h"
+#include "util/Clock.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kDaysBack = 182;
+constexpr int kVouchers = 40;
+constexpr int kPurchases = 26;
+constexpr int kSales = 52;
+constexpr int kConsumptions = 13;
+constexpr int kForeignEvery = 17;  // sales
+constexpr auto kVatOfSales = "2";
+
+using Texts = QHash<QString, QString>;
+
+class SampleTrade {
+ public:
+  explicit SampleTrade(const SampleCatalogue& catalogue) : catalogue_(catalogue) {}
+
+  void voucher(int number, const QDate& date) {
+    DocumentEditor editor("BI");
+    begin(editor, date,
+          {{"NUMNR", QString::number(number)},
+           {"CODFUR", pick(catalogue_.suppliers, number)},
+           {"OBS", QStringLiteral("Productie %1").arg(date.toString("dd.MM.yyyy"))}});
+    for (const auto& [article, position] : articles(catalogue_.products, 6))
+      receive(editor, article, cost(position, number), 5 + dice_.below(40));
+    // The last one waits as a draft for the newcomer to validate.
+    if (number < kVouchers) validate(editor);
+  }
+
+  void purchase(int number, const QDate& date) {
+    DocumentEditor editor("FF");
+    const QString key = QStringLiteral("F%1").arg(1200 + number * 3);
+    begin(editor, date,
+          {{"NUMFAC", key},
+           {"CODFUR", pick(catalogue_.suppliers, number)},
+           {"DATASCAD", iso(date.addMonths(1))},
+           {"OBS", QStringLiteral("Aprovizionare")}});
+    for (const auto& [article, position] : articles(catalogue_.goods, 6))
+      receive(editor, article, cost(position, number), 10 + dice_.below(60));
+    validate(editor);
+  }
+
+  void sale(int number, const QDate& date) {
+    const Stock stock = sellable();
+    if (stock.codes.isEmpty()) return;
+    DocumentEditor editor("FC");
+    Texts header{{"CODCLI", pick(catalogue_.customers, number)},
+                 {"BATVA1", kVatOfSales},
+                 {"DATASCAD", iso(date.addMonths(1))},
+                 {"OBS", QStringLiteral("Comanda telefonica")},
+                 {"DataCombo2", "COM"}};
+    const bool isForeign = number % kForeignEvery == 0;
+    if (isForeign) {
+      header.insert("chkDeviza", "-1");
+      header.insert("CODDeviza", "EUR");
+      header.insert("Curs", "4,9750");
+    }
+    begin(editor, date, header);
+    issue(editor, stock, 4);
+    // Prices of the catalogue are in lei.
+    for (size_t line = 0; isForeign && line < editor.lines().size(); ++line)
+      editor.setNumber(line, "PRETFT", Round(editor.lines()[line].decimal("PRETFT") / 5, 2).toString());
+    validate(editor);
+  }
+
+  void consumption(int number, const QDate& date) {
+    const Stock stock = sellable();
+    if (stock.codes.isEmpty()) return;
+    DocumentEditor editor("BC");
+    begin(editor, date,
+          {{"NUMAE", QString::number(number)},
+           {"CODCLI", pick(catalogue_.customers, 0)},
+           {"BATVA1", "19"},
+           {"DataCombo2", "ADM"},
+           {"OBSERV", QStringLiteral("Consum propriu")}});
+    issue(editor, stock, 2);
+    validate(editor);
+  }
+
+ private:
+  struct Stock {
+    QStringList codes;
+    Quantities quantities;
+  };
+
+  static QString iso(const QDate& date) { return date.toString(Qt::ISODate); }
+
+  static QString pick(const std::vector<qint64>& codes, int number) {
+    return QString::number(codes[static_cast<size_t>(number) % codes.size()]);
+  }
+
+  static void begin(DocumentEditor& editor, const QDate& date, const Texts& typed) {
+    editor.newDocument();
+    Texts header = editor.headerTexts();
+    header.insert(editor.kind().dateColumn, iso(date));
+    for (auto it = typed.cbegin(); it != typed.cend(); ++it) header.insert(it.key(), it.value());
+    editor.save(header);
+  }
+
+  static void validate(DocumentEditor& editor) {
+    const Texts header = editor.headerTexts();
+    if (editor.checkLines()) editor.validate(header);
+  }
+
+  // An article comes in at much the same cost each time, a little dearer as the months go by.
+  Decimal cost(int position, int number) {
+    return Decimal(450 + position * 137 + number * 3 + dice_.below(40)) / 100;
+  }
+
+  std::vector<std::pair<QString, int>> articles(const QStringList& codes, int count) {
+    std::vector<std::pair<QString, int>> chosen;
+    const int start = dice_.below(static_cast<int>(codes.size()));
+    for (int i = 0; i < count; ++i) {
+      const int position = (start + i * 7) % static_cast<int>(codes.size());
+      chosen.emplace_back(codes[position], position);
+    }
+    return chosen;
+  }
+
+  static void receive(DocumentEditor& editor, const QString& article, const Decimal& cost, int quantity) {
+    const size_t line = editor.setArticle(editor.lines().size(), article);
+    editor.setNumber(line, "CANT", QString::number(quantity));
+    editor.setNumber(line, "PRETFT", cost.toString());
+    editor.setNumber(line, "PRETVA", Round(cost * Decimal(14) / 10, 2).toString());
+  }
+
+  // What the warehouse has at least some pieces of.
+  Stock sellable() const {
+    constexpr int kSome = 4;
+    Stock stock;
+    const QStringList all = catalogue_.goods + catalogue_.products;
+    stock.quantities = warehouseStock(all, session().gMagazie);
+    for (const QString& code : all)
+      if (stock.quantities.of(code) >= kSome) stock.codes.append(code);
+    return stock;
+  }
+
+  void issue(DocumentEditor& editor, const Stock& stock, int count) {
+    const int most = static_cast<int>(stock.codes.size());
+    const int start = dice_.below(most);
+    for (int i = 0; i < std::min(count, most); ++i) {
+      const QString& code = stock.codes[(start + i) % most];
+      const int there = static_cast<int>(stock.quantities.of(code).toDouble());
+      const size_t line = editor.setArticle(editor.lines().size(), code);
+      editor.setNumber(line, "CANT", QString::number(1 + dice_.below(there / 2)));
+    }
+  }
+
+  const SampleCatalogue& catalogue_;
+  SampleDice dice_;
+};
+
+struct Planned {
+  QDate date;
+  void (SampleTrade::*enter)(int number, const QDate& date);
+  int number;
+};
+
+}  // namespace
+
+void addSampleDocuments(const SampleCatalogue& catalogue) {
+  const QDate last = clock::today();
+  const QDate first = std::max(session().DataIC, last.addDays(-kDaysBack));
+  const int days = static_cast<int>(first.daysTo(last));
+  std::vector<Planned> plan;
+  const auto spread = [&](int count, auto enter) {
+    for (int number = 1; number <= count; ++number)
+      plan.push_back({first.addDays(days * number / count), enter, number});
+  };
+  spread(kVouchers, &SampleTrade::voucher);
+  spread(kPurchases, &SampleTrade::purchase);
+  spread(kSales, &SampleTrade::sale);
+  spread(kConsumptions, &SampleTrade::consumption);
+  std::stable_sort(plan.begin(), plan.end(),
+                   [](const Planned& a, const Planned& b) { return a.date < b.date; });
+  SampleTrade trade(catalogue);
+  Transaction transaction(database());  // one for all: nobody else is in the company yet
+  for (const Planned& document : plan) (trade.*document.enter)(document.number, document.date);
+  transaction.commit();
+}
+
+}  // namespace velmar
