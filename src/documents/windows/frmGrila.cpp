@@ -148,7 +148,13 @@ void frmGrila::buildLines(const ArticleList& articles) {
   lines_ = new LineGrid("TDBGrid1", lineModel_, articles, kind.window, this);
   lines_->setColumns(LineModel::gridColumns(kind));
   lines_->setEmptyText("Liniile se adauga dupa salvarea antetului.");
-  connect(lines_, &LineGrid::refusedByStore, this, &frmGrila::refreshDrafts);
+  connect(lines_, &LineGrid::refusedByStore, this, [this] {
+    try {
+      refreshDrafts();
+    } catch (const StoreError&) {
+      // The refusal has just been told for the same cause; the list stays as it is.
+    }
+  });
   connect(lineModel_, &LineModel::totalsChanged, this, &frmGrila::GridFooterText);
 }
 
