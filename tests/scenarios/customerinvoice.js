@@ -246,6 +246,16 @@ sql("UPDATE G_FACCLI SET NUMFAC = '150' WHERE NUMFAC = '100'");
 press("cmdFacturaNoua", "OK");
 expectMessage("Atentie! S-a depasit plaja de valori pentru facturi. Inlocuiti setul de tipizate, apoi introduceti noua plaja de valori.");
 equal([w.text("txtFields(0)"), w.isReadOnly("txtFields(0)")], ["", false], "typed from here on");
+// A field that stands refused holds its document on screen.
+answer("OK");
+w.type("cboModPlata", "BARTER");
+answer("OK");
+w.grid("TDBGrid2").select(0);
+equal(messages().length, 2, "refused at leaving, and once more");
+equal(w.text("txtFields(0)"), "", "the document stays");
+w.pick("cboModPlata", "OP");
+w.grid("TDBGrid2").select(0);
+equal(w.text("txtFields(0)"), "150", "and goes once the field is right");
 shot("factura-client");
 
 // Quantity, price, value and VAT at each number of decimals.

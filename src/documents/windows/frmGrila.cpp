@@ -265,6 +265,11 @@ void frmGrila::openSelected() {
     AfisareAntet();
     DetaliiFactura();
   });
+  if (!editor_.isNew() && number == editor_.number()) return;
+  // A field that stands refused keeps its document on screen: the list goes back to it.
+  QMetaObject::invokeMethod(
+      this, [this] { guarded(editor_.kind().window, "TDBGrid2", [this] { refreshDrafts(); }); },
+      Qt::QueuedConnection);
 }
 
 void frmGrila::validate() {
