@@ -211,8 +211,8 @@ Result Connection::checked(pg_result* raw) {
   if (state && QLatin1String(state) == QLatin1String("0A000") && strstr(message, "cached plan"))
     throw PlanOutdated(1, text(message));
   // The server's last word, or none at all: the interface itself may notice only at the next statement.
-  farewell_ = status == PGRES_FATAL_ERROR &&
-              (!state || QLatin1String(state).startsWith(QLatin1String("57P")));
+  farewell_ =
+      status == PGRES_FATAL_ERROR && (!state || QLatin1String(state).startsWith(QLatin1String("57P")));
   throw describe(QString::fromLatin1(state ? state : ""),
                  text(message ? message : PQerrorMessage(handle_.get())), database_);
 }
