@@ -3,9 +3,6 @@
 #include <cmath>
 #include <string>
 
-#include "documents/DocumentEditor.h"
-#include "Fixture.h"
-
 namespace velmar::bench {
 
 namespace {
@@ -106,17 +103,6 @@ void BareVoucher::writeNote(const std::string& number) {
   }
   totals_.reset();
   stamp_.bind(1, note).run();
-}
-
-double validatedByProgram(const QString& number) {
-  DocumentEditor editor(QStringLiteral("BI"));
-  editor.open(number);
-  const QHash<QString, QString> typed{{QStringLiteral("NUMNR"), number},
-                                      {QStringLiteral("CODFUR"), editor.header().text("CODFUR")},
-                                      {QStringLiteral("BATVA"), QStringLiteral("19")},
-                                      {QStringLiteral("OBS"), QStringLiteral("productie")},
-                                      {QStringLiteral("DATANR"), QStringLiteral("2026-03-15")}};
-  return timed([&] { editor.validate(typed); });
 }
 
 }  // namespace velmar::bench

@@ -1,19 +1,19 @@
-// An input voucher validated by the program, and the same rows written by bare prepared statements one row at
-// a time: what the program's own way is measured against.
+// An input voucher validated by bare prepared statements one row at a time.
 #pragma once
 
 #include <QString>
 
 #include "Bare.h"
+#include "Validated.h"
 
 namespace velmar::bench {
 
-class BareVoucher {
+class BareVoucher : public BareValidation {
  public:
   explicit BareVoucher(const QString& path);
 
   /// Validates the draft in one transaction: ledger, articles, mark, note and its stamp.
-  void validate(const QString& number);
+  void validate(const QString& number) override;
 
  private:
   void writeLine(const std::string& key, int line);
@@ -24,8 +24,5 @@ class BareVoucher {
   BareStatement header_, lines_, ledger_, ledgerLine_, article_, figures_, mark_, totals_, lastNote_,
       noteLine_, stamp_;
 };
-
-/// Validates the draft of the open company as the program does; gives the milliseconds that it took.
-double validatedByProgram(const QString& number);
 
 }  // namespace velmar::bench

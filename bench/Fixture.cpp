@@ -14,6 +14,7 @@
 #include "store/DatabaseFiles.h"
 #include "store/PostgresEngine.h"
 #include "TestServer.h"
+#include "TradeFill.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
 
@@ -84,7 +85,9 @@ constexpr const char* kFillLedger =
     "SELECT tip || (1000000 + i), j, date('2024-03-15', (i * 730 / 50000) || ' days') || ' 10:00:00.000', "
     "1 + i % 3, printf('A%06d', (i * 20 + j) * 2654435761 / 128 % 10000 + 1), 5, 10, 12, 0, 1.9, 8, 0, "
     "(i * 20 + j) * 7919 % 999983 / 100.0, 0, 19, "
-    "CASE WHEN k > 0 AND (i + j) % 5 = 0 THEN 2 ELSE 0 END, 15 FROM n JOIN kind ON k = i % 3 JOIN l; "
+    "CASE WHEN k > 0 AND (i + j) % 5 = 0 THEN 2 ELSE 0 END, 15 FROM n JOIN kind ON k = i % 3 JOIN l";
+
+constexpr const char* kFillNotes =
     "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50000), "
     "l (j, cont) AS (VALUES (1, '4111'), (2, '707'), (3, '4111'), (4, '4427'), (5, '607'), (6, '371'), "
     "(7, '345'), (8, '711'), (9, '371'), (10, '401')) "
@@ -141,7 +144,7 @@ void fillMasters(BareConnection& connection, int articles) {
 }
 
 void fillDrafts(BareConnection& connection) {
-  for (const int lines : {kSmallVoucher, kLargeVoucher}) {
+  for (const int lines : {kSmallDocument, kLargeDocument}) {
     connection.prepare(kFillDraftHeaders).bind(1, lines).bind(2, kDrafts - 1).run();
     connection.prepare(kFillDraftLines).bind(1, lines).bind(2, kDrafts - 1).run();
   }
@@ -160,6 +163,7 @@ const QString& millionLines() {
     progress(QStringLiteral("Se umple registrul cu 1.000.000 de linii"));
     fillMasters(connection, kCatalogue);
     connection.run(kFillLedger);
+    connection.run(kFillNotes);
     fillDrafts(connection);
   });
   return path;
@@ -170,14 +174,44 @@ const QString& grown() {
     progress(QStringLiteral("Se umple un catalog de 100.000 articole si 50.000 terti"));
     fillMasters(connection, kGrownCatalogue);
     connection.run(kFillLedger);
+    connection.run(kFillNotes);
     connection.run(kGrowPartners);
   });
   return path;
 }
 
+const QString& trade() {
+  static const QString path = filled(QStringLiteral("comert.mdb"), [](BareConnection& connection) {
+    fillMasters(connection, kCatalogue);
+    fillTrade(connection, kSmallTrade);
+  });
+  return path;
+}
+
+const QString& grownTrade() {
+  static const QString path = filled(QStringLiteral("comertmare.mdb"), [](BareConnection& connection) {
+    progress(QStringLiteral("Se umple comertul cu 1.000.000 de linii"));
+    fillMasters(connection, kCatalogue);
+    fillTrade(connection, kLargeTrade);
+    connection.run(kFillNotes);
+  });
+  return path;
+}
+
 const QString& file(CompanySize size) {
-  if (size == CompanySize::Grown) return grown();
-  return size == CompanySize::EmptyLedger ? emptyLedger() : millionLines();
+  switch (size) {
+    case CompanySize::EmptyLedger:
+      return emptyLedger();
+    case CompanySize::Grown:
+      return grown();
+    case CompanySize::Trade:
+      return trade();
+    case CompanySize::GrownTrade:
+      return grownTrade();
+    case CompanySize::MillionLines:
+      break;
+  }
+  return millionLines();
 }
 
 // The same rows on the server, brought there as the program brings them.

@@ -8,9 +8,9 @@
 namespace velmar::bench {
 
 inline constexpr int kRounds = 30;
-/// Lines of the vouchers that are measured.
-inline constexpr int kSmallVoucher = 20;
-inline constexpr int kLargeVoucher = 200;
+/// Lines of the documents whose validation is measured.
+inline constexpr int kSmallDocument = 20;
+inline constexpr int kLargeDocument = 200;
 
 inline constexpr int kDrafts = 240;
 /// Number of the draft of that many lines; each company has drafts 0 to kDrafts - 1.
@@ -19,7 +19,9 @@ QString draftNumber(int lines, int draft);
 enum class CompanySize {
   EmptyLedger,   ///< 10,000 articles, the drafts, nothing validated
   MillionLines,  ///< as EmptyLedger, with 1,000,000 lines of 50,000 documents and 500,000 of notes
-  Grown          ///< as MillionLines, without drafts, with 100,000 articles and 50,000 partners
+  Grown,         ///< as MillionLines, without drafts, with 100,000 articles and 50,000 partners
+  Trade,         ///< 10,000 articles, a ledger of 10,000 lines, drafts of customer invoices (TradeFill.h)
+  GrownTrade     ///< as Trade, with 1,000,000 lines of 50,000 documents and 500,000 of notes
 };
 
 /// Where companies are kept.

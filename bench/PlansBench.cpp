@@ -7,6 +7,7 @@
 #include "documents/DocumentEditor.h"
 #include "Fixture.h"
 #include "store/Database.h"
+#include "Validated.h"
 
 namespace velmar::bench {
 
@@ -17,7 +18,7 @@ constexpr int kShownText = 150;
 // The names under which a statement knows the ledgers: their own and its aliases.
 QStringList ledgerNames(const QString& sql) {
   static const QRegularExpression kLedger(
-      QStringLiteral("\\b(G_LDOCUM|G_DOCUME|kt_linii)\\b(?:\\s+(?:AS\\s+)?(\\w+))?"),
+      QStringLiteral("\\b(G_LDOCUM|G_DOCUME|kt_linii|G_I_E|G_FACCLI|G_LFACCL)\\b(?:\\s+(?:AS\\s+)?(\\w+))?"),
       QRegularExpression::CaseInsensitiveOption);
   QStringList names;
   for (auto found = kLedger.globalMatch(sql); found.hasNext();) {
@@ -36,26 +37,23 @@ bool readsThrough(const QString& step, const QStringList& ledgers) {
          (ledgers.contains(found.captured(1).toUpper()) || ledgers.contains(found.captured(2).toUpper()));
 }
 
-QStringList statementsOfValidation() {
-  const QString number = draftNumber(kLargeVoucher, kDrafts - 1);
-  DocumentEditor editor(QStringLiteral("BI"));
+QStringList statementsOfValidation(const Validated& kind) {
+  DocumentEditor editor(kind.prefix);
   database().takeRecordedStatements();
-  editor.open(number);
-  const QHash<QString, QString> typed{{QStringLiteral("NUMNR"), number},
-                                      {QStringLiteral("CODFUR"), QStringLiteral("1")},
-                                      {QStringLiteral("DATANR"), QStringLiteral("2026-03-15")}};
+  proposeNumber(editor.kind());
+  editor.open(draftNumber(kLargeDocument, kDrafts - 1));
+  const QHash<QString, QString> typed = editor.headerTexts();
   editor.checkValidation(typed);
   editor.checkLines();
   editor.validate(typed);
   return database().takeRecordedStatements();
 }
 
-}  // namespace
-
-bool checkPlans(Store store) {
-  const OpenCompany company(copyOfCompany(store, CompanySize::MillionLines, QStringLiteral("planuri.mdb")));
-  const QStringList statements = statementsOfValidation();
-  printHeading(store, QStringLiteral("plans: instructiunile validarii"), {});
+bool checkKind(Store store, const Validated& kind) {
+  const OpenCompany company(
+      copyOfCompany(store, kind.large, QStringLiteral("planuri-%1.mdb").arg(kind.bench)));
+  const QStringList statements = statementsOfValidation(kind);
+  printHeading(store, QStringLiteral("plans: ") + kind.title, {});
   bool held = true;
   for (const QString& sql : statements) {
     std::printf("%s%s\n", qUtf8Printable(sql.left(kShownText)), sql.size() > kShownText ? " ..." : "");
@@ -68,6 +66,14 @@ bool checkPlans(Store store) {
   }
   printRow(QStringLiteral("%1 instructiuni").arg(statements.size()),
            {held ? QStringLiteral("in regula") : QStringLiteral("GRESIT")});
+  return held;
+}
+
+}  // namespace
+
+bool checkPlans(Store store) {
+  bool held = true;
+  for (const Validated* kind : {&vouchers(), &invoices()}) held = checkKind(store, *kind) && held;
   return held;
 }
 

@@ -1,4 +1,4 @@
-// Workstations that validate vouchers of 20 lines at once, each a process of its own, beside processes that
+// Workstations that validate documents of 20 lines at once, each a process of its own, beside processes that
 // write the same rows with bare prepared statements.
 #include <cstdio>
 #include <functional>
@@ -7,15 +7,16 @@
 #include <QProcess>
 #include <vector>
 
-#include "BareVoucher.h"
+#include "Bare.h"
 #include "Benches.h"
+#include "documents/DocumentKind.h"
 #include "util/Errors.h"
+#include "Validated.h"
 
 namespace velmar::bench {
 
 namespace {
 
-constexpr double kRatioAim = 1.5;
 constexpr int kLimitMs = 120'000;
 constexpr int kWriters[] = {1, 4, 8};
 constexpr int kValidations = 232;
@@ -24,40 +25,58 @@ const QString kOurs = QStringLiteral("velmar");
 const QString kBare = QStringLiteral("direct");
 
 void work(const std::function<void(const QString&)>& validate, int first, int count) {
-  validate(draftNumber(kSmallVoucher, first));
+  validate(draftNumber(kSmallDocument, first));
   std::printf("gata\n");
   std::fflush(stdout);
   std::getchar();
-  for (int draft = first + 1; draft <= first + count; ++draft) validate(draftNumber(kSmallVoucher, draft));
+  for (int draft = first + 1; draft <= first + count; ++draft) validate(draftNumber(kSmallDocument, draft));
 }
 
-std::unique_ptr<QProcess> started(const QString& path, const QString& way, int first, int count) {
+std::unique_ptr<QProcess> started(const Validated& kind, const QString& path, const QString& way, int first,
+                                  int count) {
   auto process = std::make_unique<QProcess>();
   process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
   process->start(QCoreApplication::applicationFilePath(),
-                 {kWriterOption, path, way, QString::number(first), QString::number(count)});
+                 {kWriterOption, kind.bench, path, way, QString::number(first), QString::number(count)});
   if (!process->waitForReadyRead(kLimitMs)) throw StoreError(0, QStringLiteral("Un proces nu a pornit."));
   return process;
 }
 
-// Each draft is validated, and each has a note of its own.
-void requireAllWritten(const QString& path, int drafts) {
+struct Written {
+  int drafts = 0, notes = 0, documents = 0;
+
+  bool operator==(const Written&) const = default;
+};
+
+Written writtenIn(const Validated& kind, const QString& path) {
   BareConnection reader(path);
-  for (const char* sql : {"SELECT COUNT(*) FROM G_BONINT WHERE VALIDAT = -1",
-                          "SELECT COUNT(DISTINCT NDI) FROM kt_linii", "SELECT COUNT(*) FROM G_DOCUME"}) {
-    BareStatement count = reader.prepare(sql);
-    if (!count.step() || count.integer(0) != drafts)
-      throw StoreError(0, QStringLiteral("Validarile simultane nu sunt toate scrise."));
-  }
+  const auto count = [&reader](const QString& sql) {
+    BareStatement statement = reader.prepare(qPrintable(sql));
+    return statement.step() ? statement.integer(0) : 0;
+  };
+  return {count(QStringLiteral("SELECT COUNT(*) FROM %1 WHERE VALIDAT = -1")
+                    .arg(documentKind(kind.prefix).headerTable)),
+          count(QStringLiteral("SELECT COUNT(DISTINCT NDI) FROM kt_linii")),
+          count(QStringLiteral("SELECT COUNT(*) FROM G_DOCUME"))};
+}
+
+// Each draft is validated, and each has notes of its own.
+void requireAllWritten(const Validated& kind, const QString& path, Written before, int drafts) {
+  before.drafts += drafts;
+  before.notes += kind.notes * drafts;
+  before.documents += drafts;
+  if (writtenIn(kind, path) != before)
+    throw StoreError(0, QStringLiteral("Validarile simultane nu sunt toate scrise."));
 }
 
 // Validations a second of that many processes, from the moment when all of them are ready.
-double rate(Store store, const QString& way, int writers) {
-  const QString path = copyOfCompany(store, CompanySize::EmptyLedger, QStringLiteral("scriu.mdb"));
+double rate(Store store, const Validated& kind, const QString& way, int writers) {
+  const QString path = copyOfCompany(store, kind.small, QStringLiteral("scriu.mdb"));
+  const Written before = writtenIn(kind, path);
   const int count = kValidations / writers;
   std::vector<std::unique_ptr<QProcess>> processes;
   for (int writer = 0; writer < writers; ++writer)
-    processes.push_back(started(path, way, writer * (count + 1), count));
+    processes.push_back(started(kind, path, way, writer * (count + 1), count));
   const double elapsed = timed([&processes] {
     for (const auto& process : processes) {
       process->write("\n");
@@ -67,45 +86,50 @@ double rate(Store store, const QString& way, int writers) {
       if (!process->waitForFinished(kLimitMs) || process->exitCode() != 0)
         throw StoreError(0, QStringLiteral("Un proces nu a validat tot."));
   });
-  requireAllWritten(path, writers * (count + 1));
+  requireAllWritten(kind, path, before, writers * (count + 1));
   removeCompany(path);
   return writers * count / elapsed * 1000;
 }
 
 QString aSecond(double value) { return QString::number(value, 'f', 0) + QStringLiteral(" /s"); }
 
-}  // namespace
-
-bool measureWriters(Store store) {
-  printHeading(store, QStringLiteral("writers: validari de 20 linii deodata"),
+void measureKind(Store store, const Validated& kind) {
+  printHeading(store, QStringLiteral("writers: 20 linii deodata, ") + kind.title,
                {QStringLiteral("Velmar"), QStringLiteral("direct"), QStringLiteral("raport"),
                 QStringLiteral("tinta")});
   for (const int writers : kWriters) {
     Times ours, bare;
     for (int turn = 0; turn < kTurns; ++turn) {
-      ours.add(rate(store, kOurs, writers));
-      bare.add(rate(store, kBare, writers));
+      ours.add(rate(store, kind, kOurs, writers));
+      bare.add(rate(store, kind, kBare, writers));
     }
     const double times = bare.median() / ours.median();
     const QString row = QStringLiteral("%1 procese").arg(writers);
-    noteRatio(QStringLiteral("writers: ") + row, store, times, kRatioAim);
-    printRow(row, {aSecond(ours.median()), aSecond(bare.median()), ratio(times, kRatioAim),
-                   QStringLiteral("<= 1.5")});
+    noteRatio(QStringLiteral("writers, %1: %2").arg(kind.bench, row), store, times, kind.ratioAim);
+    printRow(row, {aSecond(ours.median()), aSecond(bare.median()), ratio(times, kind.ratioAim),
+                   QStringLiteral("<= %1").arg(kind.ratioAim, 0, 'f', 1)});
   }
+}
+
+}  // namespace
+
+bool measureWriters(Store store) {
+  for (const Validated* kind : {&vouchers(), &invoices()}) measureKind(store, *kind);
   return true;
 }
 
 int runWriter(const QStringList& arguments) {
-  const QString& path = arguments[0];
-  const int first = arguments[2].toInt();
-  const int count = arguments[3].toInt();
+  const Validated& kind = validatedBy(arguments[0]);
+  const QString& path = arguments[1];
+  const int first = arguments[3].toInt();
+  const int count = arguments[4].toInt();
   try {
-    if (arguments[1] == kOurs) {
+    if (arguments[2] == kOurs) {
       const OpenCompany company(path);
-      work(validatedByProgram, first, count);
+      work([&kind](const QString& number) { kind.byProgram(number); }, first, count);
     } else {
-      BareVoucher bare(path);
-      work([&bare](const QString& number) { bare.validate(number); }, first, count);
+      const auto bare = kind.bare(path);
+      work([&bare](const QString& number) { bare->validate(number); }, first, count);
     }
   } catch (const Error& error) {
     std::fprintf(stderr, "%s\n", error.what());

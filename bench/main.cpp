@@ -14,10 +14,10 @@ struct Bench {
 };
 
 const Bench kBenches[] = {
-    {"voucher", velmar::bench::measureVouchers},  {"writers", velmar::bench::measureWriters},
-    {"plans", velmar::bench::checkPlans},         {"sums", velmar::bench::checkSums},
-    {"articles", velmar::bench::measureArticles}, {"lists", velmar::bench::measureLists},
-    {"start", velmar::bench::measureStart},
+    {"voucher", velmar::bench::measureVouchers}, {"invoice", velmar::bench::measureInvoices},
+    {"writers", velmar::bench::measureWriters},  {"plans", velmar::bench::checkPlans},
+    {"sums", velmar::bench::checkSums},          {"articles", velmar::bench::measureArticles},
+    {"lists", velmar::bench::measureLists},      {"start", velmar::bench::measureStart},
 };
 const QString kEngineOption = QStringLiteral("--engine");
 
@@ -77,7 +77,7 @@ int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments().mid(1);
-  if (arguments.size() == 5 && arguments[0] == velmar::bench::kWriterOption)
+  if (arguments.size() == 6 && arguments[0] == velmar::bench::kWriterOption)
     return velmar::bench::runWriter(arguments.mid(1));
   const Asked all = asked(arguments);
   if (!all.refusal.isEmpty()) {

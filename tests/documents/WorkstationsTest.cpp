@@ -132,37 +132,53 @@ TEST_F(WorkstationsTest, EightValidateAtOnce) {
   expectAllAgrees();
 }
 
-// Two work, and now the one, now the other is killed at whatever it does.
+// Two work, and now the one, now the other is killed at whatever it does: every second one wherever it is by
+// then, its start included, the others once they have validated, so that there is something to find half
+// written.
 TEST_F(WorkstationsTest, ProcessesKilledAtAnyMomentLeaveNothingHalfWritten) {
   const int kills = 36 * patience();
   constexpr int kPlaces = 2;
   std::minstd_rand dice(20260315);
   startProcesses([&] {
     pid_t processes[kPlaces] = {};
+    int validated[kPlaces] = {};
     const auto begin = [&](int round) {
-      return workstation([this, round] {
+      int ends[2];
+      if (pipe(ends) != 0) abort();
+      processes[round % kPlaces] = workstation([this, round, &ends] {
         const RosterEntry entry(company_.path(), QStringLiteral("STATIE"));
-        for (int i = 0; i < 1000; ++i) validate(QStringLiteral("%1").arg(round * 1000 + i), 2);
+        for (int i = 0; i < 1000; ++i) {
+          validate(QStringLiteral("%1").arg(round * 1000 + i), 2);
+          if (i == 0) [[maybe_unused]]
+            const auto told = write(ends[1], "x", 1);
+        }
       });
+      validated[round % kPlaces] = ends[0];
+      close(ends[1]);
     };
     for (int round = 0; round < kills + kPlaces; ++round) {
-      pid_t& process = processes[round % kPlaces];
+      const pid_t process = processes[round % kPlaces];
       if (process != 0) {
+        char done = 0;
+        const bool waits = round / kPlaces % 2 == 0;
+        EXPECT_TRUE(!waits || read(validated[round % kPlaces], &done, 1) == 1);
+        close(validated[round % kPlaces]);
         usleep(5'000 + static_cast<useconds_t>(dice() % 120'000));
         kill(process, SIGKILL);
         int status = 0;
         waitpid(process, &status, 0);
         EXPECT_TRUE(WIFSIGNALED(status)) << "it ended by itself, with " << WEXITSTATUS(status);
       }
-      process = begin(round);
+      begin(round);
     }
-    for (const pid_t process : processes) {
-      kill(process, SIGKILL);
-      waitpid(process, nullptr, 0);
+    for (int place = 0; place < kPlaces; ++place) {
+      kill(processes[place], SIGKILL);
+      waitpid(processes[place], nullptr, 0);
+      close(validated[place]);
     }
   });
   expectAllAgrees();
-  EXPECT_GT(OpenRs("SELECT COUNT(*) AS N FROM G_DOCUME").first().integer("N"), 20);
+  EXPECT_GT(OpenRs("SELECT COUNT(*) AS N FROM G_DOCUME").first().integer("N"), kills / 2 - kPlaces);
   // A server notices within moments that they are gone.
   QElapsedTimer waited;
   waited.start();

@@ -1,0 +1,57 @@
+// A customer invoice under the valuation by lots, validated by bare prepared statements one row at a time.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Bare.h"
+#include "Validated.h"
+
+namespace velmar::bench {
+
+class BareInvoice : public BareValidation {
+ public:
+  explicit BareInvoice(const QString& path);
+
+  /// Looks for the next number, then in one transaction: stock, lots, draft, ledger, links, articles, mark,
+  /// notes.
+  void validate(const QString& number) override;
+
+  /// A line of a draft.
+  struct Sold {
+    int line = 0;
+    std::string article;
+    double quantity = 0, price = 0, value = 0, vat = 0;
+    double cost = 0;
+    double stock = 0;  ///< of the article, as G_ARTMAG has it
+  };
+  std::vector<Sold> sold(const QString& number);
+  /// Whether warehouse 1 has too little of an article for the lines.
+  bool isShort(std::vector<Sold>& lines);
+
+ private:
+  struct Head {
+    int warehouse = 0, partner = 0, payment = 0;
+    std::string due, remark, series;
+  };
+  struct Rate {
+    double percent = 0;
+    std::string account;
+  };
+
+  double nextNumber();
+  double highest(BareStatement& plain, BareStatement& odd, size_t prefix);
+  Head headOf(const std::string& number);
+  void takeLots(Sold& line, const std::string& number);
+  void writeLedger(const std::string& number, const Head& head, const Rate& rate,
+                   const std::vector<Sold>& lines);
+  void writeNotes(const std::string& number, const Head& head, const Rate& rate);
+
+  BareConnection connection_;
+  BareStatement ranges_, draftsPlain_, draftsOdd_, invoicesPlain_, invoicesOdd_, stornosPlain_, stornosOdd_;
+  BareStatement header_, lines_, rate_, method_, stock_, ordered_, article_, lots_;
+  BareStatement rest_, link_, cost_, draftCost_, ledger_, ledgerLine_, figures_, mark_;
+  BareStatement parameters_, sales_, goods_, products_, lastNote_, noteLine_;
+};
+
+}  // namespace velmar::bench

@@ -1,0 +1,177 @@
+// Validating a document beside the same rows written by bare prepared statements. Both write companies of
+// their own that began as copies of one, in turns, and so do the small and the large ledger: the disk of a
+// shared machine may be ten times slower a second later. At the end both companies hold the same.
+#include "BareInvoice.h"
+#include "Benches.h"
+#include "documents/DocumentEditor.h"
+#include "documents/Validation.h"
+#include "Fixture.h"
+#include "Validated.h"
+
+namespace velmar::bench {
+
+namespace {
+
+constexpr double kGrowthAim = 1.2;
+constexpr int kBlock = 3;
+constexpr int kSizes[] = {kSmallDocument, kLargeDocument};
+
+struct Pair {
+  Times ours;
+  Times bare;
+};
+
+// A company kept in use by a colleague, so that closing a file does not empty its journal.
+struct Used {
+  explicit Used(const QString& file) : path(file), colleague(file) {
+    colleague.run("SELECT VERSIUNE FROM kt_info");
+  }
+
+  QString path;
+  BareConnection colleague;
+};
+
+// One size of company, two of them, and the times by the number of lines.
+struct Contest {
+  Contest(Store store, const Validated& what, CompanySize size, const QString& name)
+      : kind(what),
+        mine(copyOfCompany(store, size, name + QStringLiteral("-noi.mdb"))),
+        theirs(copyOfCompany(store, size, name + QStringLiteral("-direct.mdb"))) {}
+
+  // A few rounds in a row; the first after opening the files is not counted. Who begins changes, since what
+  // follows a write to the disk may start in its shadow.
+  void measureBlock() {
+    const OpenCompany company(mine.path);
+    const auto bare = kind.bare(theirs.path);
+    for (int round = 0; round <= kBlock; ++round, ++draft)
+      for (const int lines : kSizes) {
+        const QString number = draftNumber(lines, draft);
+        const auto validatedBare = [&] { return timed([&] { bare->validate(number); }); };
+        const bool bareBegins = draft % 2 == 1;
+        double bareTime = bareBegins ? validatedBare() : 0;
+        const double ourTime = kind.byProgram(number);
+        if (!bareBegins) bareTime = validatedBare();
+        if (round == 0) continue;
+        pairs[lines].ours.add(ourTime);
+        pairs[lines].bare.add(bareTime);
+      }
+  }
+
+  bool agrees() const { return agree(kind, mine.path, theirs.path); }
+
+  const Validated& kind;
+  Used mine;
+  Used theirs;
+  int draft = 0;
+  QHash<int, Pair> pairs;
+};
+
+struct Ledger {
+  QString name;
+  const Contest* contest;
+};
+
+void printRatio(Store store, const QString& bench, const QString& row, const Pair& pair, double aim) {
+  const double times = pair.ours.median() / pair.bare.median();
+  noteRatio(bench + QStringLiteral(": ") + row, store, times, aim);
+  printRow(row, {milliseconds(pair.ours.median()), milliseconds(pair.bare.median()), ratio(times, aim),
+                 QStringLiteral("<= %1").arg(aim, 0, 'f', 1)});
+}
+
+void printGrowth(int lines, const Pair& small, const Pair& large) {
+  const double ours = large.ours.median() / small.ours.median();
+  const double bare = large.bare.median() / small.bare.median();
+  printRow(QStringLiteral("%1 linii, crestere mic -> mare").arg(lines),
+           {ratio(ours, kGrowthAim), QString::number(bare, 'f', 2), QString(), QStringLiteral("<= 1.2")});
+}
+
+const QStringList kColumns{QStringLiteral("Velmar"), QStringLiteral("direct"), QStringLiteral("raport"),
+                           QStringLiteral("tinta")};
+
+bool measureValidation(Store store, const Validated& kind) {
+  Contest small(store, kind, kind.small, kind.bench + QStringLiteral("-mic"));
+  Contest large(store, kind, kind.large, kind.bench + QStringLiteral("-mare"));
+  for (int block = 0; block < kRounds / kBlock; ++block) {
+    small.measureBlock();
+    large.measureBlock();
+  }
+  printHeading(store, kind.bench + QStringLiteral(": ") + kind.title, kColumns);
+  for (const int lines : kSizes)
+    for (const Ledger& ledger : {Ledger{kind.smallName, &small}, Ledger{kind.largeName, &large}})
+      printRatio(store, kind.bench, QStringLiteral("%1 linii, %2").arg(QString::number(lines), ledger.name),
+                 ledger.contest->pairs[lines], kind.ratioAim);
+  for (const int lines : kSizes) printGrowth(lines, small.pairs[lines], large.pairs[lines]);
+  const bool held = small.agrees() && large.agrees();
+  printRow(QStringLiteral("aceleasi randuri ca direct"),
+           {held ? QStringLiteral("in regula") : QStringLiteral("GRESIT")});
+  return held;
+}
+
+// The questions asked before a validation, which write nothing, so that one company serves both.
+struct Checks {
+  Checks(Store store, CompanySize size, const QString& name) : used(copyOfCompany(store, size, name)) {}
+
+  void measureBlock() {
+    const OpenCompany company(used.path);
+    BareInvoice bare(used.path);
+    for (int round = 0; round <= kBlock; ++round, ++draft)
+      for (const int lines : kSizes) {
+        const QString number = draftNumber(lines, draft);
+        DocumentEditor editor(invoices().prefix);
+        editor.open(number);
+        const Document document{&editor.kind(), number, editor.header(), editor.lines(),
+                                editor.headerTexts()};
+        auto sold = bare.sold(number);
+        bool isShort = false;
+        const double bareTime = timed([&] { isShort = bare.isShort(sold); });
+        QString refused;
+        const double ourTime = timed([&] { refused = kindRules(invoices().prefix)->stockRefusal(document); });
+        const double wholeTime = timed([&] { editor.checkLines(); });
+        held = held && !isShort && refused.isEmpty();
+        if (round == 0) continue;
+        stock[lines].ours.add(ourTime);
+        stock[lines].bare.add(bareTime);
+        whole[lines].add(wholeTime);
+      }
+  }
+
+  Used used;
+  int draft = 0;
+  bool held = true;
+  QHash<int, Pair> stock;
+  QHash<int, Times> whole;
+};
+
+bool measureChecks(Store store) {
+  const Validated& kind = invoices();
+  Checks small(store, kind.small, QStringLiteral("intrebari-mic.mdb"));
+  Checks large(store, kind.large, QStringLiteral("intrebari-mare.mdb"));
+  for (int block = 0; block < kRounds / kBlock; ++block) {
+    small.measureBlock();
+    large.measureBlock();
+  }
+  printHeading(store, QStringLiteral("invoice: ce se verifica inainte"), kColumns);
+  const std::pair<QString, const Checks*> sides[] = {{kind.smallName, &small}, {kind.largeName, &large}};
+  for (const int lines : kSizes)
+    for (const auto& [name, checks] : sides)
+      printRatio(store, kind.bench,
+                 QStringLiteral("stoc pentru %1 linii, %2").arg(QString::number(lines), name),
+                 checks->stock[lines], kind.ratioAim);
+  for (const int lines : kSizes) printGrowth(lines, small.stock[lines], large.stock[lines]);
+  for (const int lines : kSizes)
+    for (const auto& [name, checks] : sides)
+      printRow(QStringLiteral("toate pentru %1 linii, %2").arg(QString::number(lines), name),
+               {milliseconds(checks->whole[lines].median())});
+  return small.held && large.held;
+}
+
+}  // namespace
+
+bool measureVouchers(Store store) { return measureValidation(store, vouchers()); }
+
+bool measureInvoices(Store store) {
+  const bool held = measureValidation(store, invoices());
+  return measureChecks(store) && held;
+}
+
+}  // namespace velmar::bench
