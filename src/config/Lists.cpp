@@ -113,6 +113,8 @@ const BoundList kFamilyList{
     QStringLiteral("DENUMIRE"), QStringLiteral("COD")};
 const BoundList kCostCentreList{QStringLiteral("SELECT * FROM kt_cc ORDER BY COD"), QStringLiteral("TITLU"),
                                 QStringLiteral("COD")};
+const BoundList kWarehouseList{QStringLiteral("SELECT COD, DENUMIRE FROM G_MULTIMAGAZIE ORDER BY COD"),
+                               QStringLiteral("DENUMIRE"), QStringLiteral("COD")};
 
 QStringList comboItems(const QString& controlName) {
   const ComboStatement* statement = comboStatement(controlName);

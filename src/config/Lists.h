@@ -22,6 +22,7 @@ extern const BoundList kSupplierList;
 extern const BoundList kCustomerList;
 extern const BoundList kFamilyList;
 extern const BoundList kCostCentreList;
+extern const BoundList kWarehouseList;
 
 /// A row of a list that is shown one way and stored another.
 struct ListEntry {

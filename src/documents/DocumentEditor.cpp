@@ -420,8 +420,10 @@ void DocumentEditor::linesChanged() {
     for (const Row& line : lines_) sum += amount(line, column);
     totals_.insert(column, sum);
   }
-  marks_ = rules_->marks(lines_, typed_);
+  refreshMarks();
 }
+
+void DocumentEditor::refreshMarks() { marks_ = rules_->marks(lines_, typed_); }
 
 Decimal DocumentEditor::amount(const Row& line, const QString& field) const {
   const LineColumn* shown = column(field);
@@ -482,8 +484,9 @@ bool DocumentEditor::checkLines() const {
   const QString repeated = repeatedArticle(lines_);
   if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated), "CODART");
   if (!EsteValidDetaliiDocument(kind_.prefix, number())) return false;
-  const auto document = draftFor(typed_, number());
-  if (!document) return true;  // validation tells
+  auto document = draftFor(typed_, number());
+  if (!document) return true;             // validation tells
+  document->header = headerFrom(typed_);  // as validation stores it, saved or not
   const QString refused = rules_->stockRefusal(*document);
   if (!refused.isEmpty()) throw RuleError(refused, "CODART");
   requirePostable(*document);

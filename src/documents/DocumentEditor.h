@@ -72,6 +72,8 @@ class DocumentEditor {
 
   /// How the line stands out.
   LineMark mark(size_t line) const { return line < marks_.size() ? marks_[line] : LineMark::None; }
+  /// Marks the lines anew, by the header as it was told last.
+  void refreshMarks();
 
   /// The checks before the question, on the header as typed; throws RuleError for the first that fails. A
   /// line whose amounts no longer fit its quantity and price is worked out anew first.

@@ -168,6 +168,7 @@ struct DocumentKind {
   QString existsKind;  ///< kind of Exista that finds its number
   bool partnersAreSuppliers = false;
   bool oldestFirst = false;  ///< order of the list of drafts
+  QStringList draftColumns;  ///< of the list of drafts, behind number, date and partner's name
   LineCheckColumns lineCheck;
   std::vector<Checked<HeaderCheck>> headerChecks;
   std::vector<Checked<ValidationCheck>> validationChecks;

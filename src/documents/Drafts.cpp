@@ -48,11 +48,14 @@ Recordset Drafts::list() const {
     return OpenRs(QStringLiteral("SELECT * FROM %1 WHERE VALIDAT = 0 AND Magazie = ? ORDER BY %2 %4, %3 %4")
                       .arg(kind_.headerTable, kind_.dateColumn, kind_.numberColumn, order),
                   {session().gMagazie});
-  return OpenRs(QStringLiteral("SELECT H.%1 AS %1, H.%2 AS %2, T.NUME AS NUME, H.%3 AS %3 FROM %4 H "
-                               "INNER JOIN kt_ter T ON T.COD = H.%3 WHERE H.VALIDAT = 0 AND H.Magazie = ? "
-                               "ORDER BY H.%2 %5, H.%1 %5")
-                    .arg(kind_.numberColumn, kind_.dateColumn, kind_.partnerColumn, kind_.headerTable, order),
-                {session().gMagazie});
+  QString more;
+  for (const QString& column : kind_.draftColumns) more += QStringLiteral(", H.%1 AS %1").arg(column);
+  return OpenRs(
+      QStringLiteral("SELECT H.%1 AS %1, H.%2 AS %2, T.NUME AS NUME, H.%3 AS %3%6 FROM %4 H "
+                     "INNER JOIN kt_ter T ON T.COD = H.%3 WHERE H.VALIDAT = 0 AND H.Magazie = ? "
+                     "ORDER BY H.%2 %5, H.%1 %5")
+          .arg(kind_.numberColumn, kind_.dateColumn, kind_.partnerColumn, kind_.headerTable, order, more),
+      {session().gMagazie});
 }
 
 std::optional<Document> Drafts::load(const QString& number) const {

@@ -170,6 +170,7 @@ void describeSupplierInvoice(DocumentKind& kind) {
        "acceptabila",
        "", "10", 0, true},
       remark("Maxim 35 de caractere", 35)};
+  kind.draftColumns = QStringList{"JURNAL"};
   kind.lineColumns = leadingColumns(kind);
   kind.lineColumns +=
       QList<LineColumn>{{"CANT", "Cantitate", LineEntry::Number, 3, 3, 12},

@@ -102,6 +102,7 @@ void describeCustomerInvoice(DocumentKind& kind) {
       printUnsaved(kind, "Va rugam apasati butonul Detaliu pentru salvarea informatiilor din antet")};
   describeInvoiceFields(kind);
   describeInvoiceColumns(kind);
+  kind.draftColumns = QStringList{"DATASCAD", "JURNAL"};
   kind.texts.title = "Facturi client";
   kind.texts.draftsCaption = "Lista facturi";
   setTips(kind.texts, "Creare factura client noua", "Stergere factura selectata", "Tiparire factura");

@@ -4,9 +4,11 @@
 #include <QFileInfo>
 
 #include "config/Session.h"
+#include "shell/SampleCompany.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
 #include "store/Server.h"
+#include "store/Workshop.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/Settings.h"
@@ -26,6 +28,16 @@ void requireUser(const QString& user, const QString& password) {
   session().gTipUtilizator = static_cast<int>(found.first().integer("TIP"));
   session().gUtilizator = user.trimmed().toUpper();
   settings::setUser(session().gUtilizator);
+}
+
+// What killed processes left; a folder that cannot be tidied is no reason to stay outside.
+void sweep(const QString& folder) {
+  sweepWorkshops(folder, kSamplePrefix);
+  try {
+    sweepDrafts(folder);
+  } catch (const StoreError&) {
+    // It stays for the next time.
+  }
 }
 
 }  // namespace
@@ -56,6 +68,7 @@ bool Login::chooseFile(const QString& file, const QString& currentNUMEBD) {
 void Login::useFolder(const QString& folder) {
   companies_ = IncarcaSocietati(folder, session().gDenSocietateNoua);
   session().gCaleBD = QDir::cleanPath(folder);
+  sweep(session().gCaleBD);
 }
 
 void Login::enter(const QString& numeBD, const QString& denumire, const QString& user,

@@ -52,18 +52,6 @@ void reopen(const QString& path) {
   session().roster = std::make_unique<RosterEntry>(path, session().gUtilizator);
 }
 
-// A copy that an older program made may lack columns until the login compares the structures.
-void readParametersAgain() {
-  try {
-    InitParaSoc();
-    IncarcaSerii();
-  } catch (const StoreError&) {
-    throw RuleError(QStringLiteral("Copia restaurata este a unei versiuni mai vechi a programului.\r\nIesiti "
-                                   "din program si intrati din nou, pentru actualizarea structurii ei."),
-                    {}, kExclamation);
-  }
-}
-
 }  // namespace
 
 QString backupFolder(bool make) {
@@ -110,7 +98,8 @@ void restoreOpenCompany(const QString& file, const CopyProgress& progress) {
     throw;
   }
   reopen(path);
-  readParametersAgain();
+  InitParaSoc();
+  IncarcaSerii();
   tellThatAllChanged();
 }
 

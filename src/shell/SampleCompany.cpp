@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <QDir>
-#include <QTemporaryDir>
 
 #include "catalogue/Articles.h"
 #include "catalogue/DiscountBands.h"
@@ -19,6 +18,7 @@
 #include "shell/SampleDocuments.h"
 #include "store/DatabaseFiles.h"
 #include "store/Records.h"
+#include "store/Workshop.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
 
@@ -156,11 +156,7 @@ void makeIn(const QString& workshop) {
 bool makeSampleCompany(QString folder) {
   session().gCaleBD = folder;
   if (sampleExists(folder)) return false;
-  const QTemporaryDir workshop(QDir(folder).filePath(QStringLiteral("Exemplu-XXXXXX")));
-  if (!workshop.isValid())
-    throw StoreError(kFileFailure,
-                     QStringLiteral("Folderul %1 nu poate fi scris. Verificati drepturile asupra lui.")
-                         .arg(QDir::toNativeSeparators(folder)));
+  const Workshop workshop(folder, kSamplePrefix);
   shareServer(folder, workshop.path());
   try {
     makeIn(workshop.path());

@@ -12,28 +12,29 @@ namespace velmar {
 namespace {
 
 // The template counts as right, so it has to be this program's.
-void compareWithTemplate() {
+void compareWithTemplate(const ShowProgress& show) {
   Session& s = session();
   bringTemplateUpToDate(s.gCaleBD);
-  clsCompareBD(pathInFolder(s.gCaleBD, s.gNumeBD), pathInFolder(s.gCaleBD, kTemplateName)).Compara();
+  clsCompareBD(pathInFolder(s.gCaleBD, s.gNumeBD), pathInFolder(s.gCaleBD, kTemplateName))
+      .Compara(show ? show() : clsCompareBD::Progress());
   MarcheazaVersiune(s.gCaleBD, s.gNumeBD, s.gDenSocietateNoua);
 }
 
 }  // namespace
 
-void VerificaVersiune(bool force) {
+void VerificaVersiune(bool force, const ShowProgress& show) {
   if (!force && revisionOf(database()) == programRevision()) return;
   const QString question =
       QStringLiteral(
           "Structura bazei de date %1 trebuie actualizata !\r\n Doriti sa efectuati actualizarea acum ?")
           .arg(session().gNumeBD);
   if (Mesaj(question, kQuestion + kYesNo, QStringLiteral("Actualizare baza de date")) == kResultYes)
-    ActualizeazaStructura();
+    ActualizeazaStructura(show);
 }
 
-void ActualizeazaStructura() {
+void ActualizeazaStructura(const ShowProgress& show) {
   try {
-    compareWithTemplate();
+    compareWithTemplate(show);
   } catch (const Error& error) {
     Mesaj(QStringLiteral("Eroare in actualizarea bazei de date !\r\n%1 - %2")
               .arg(QString::number(error.number()), error.text()));

@@ -2,10 +2,10 @@
 
 #include <QCryptographicHash>
 
+#include "store/CompanyShape.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
 #include "store/Engine.h"
-#include "store/Schema.h"
 #include "util/Errors.h"
 
 namespace velmar {
@@ -19,15 +19,8 @@ bool isNumber(const Column& column) {
          column.type != ColumnType::Time && column.type != ColumnType::DateTime;
 }
 
-QStringList columnNames(const Table& table) {
-  QStringList names;
-  for (const Column& column : table.columns()) names.append(column.name);
-  return names;
-}
-
-QString selectAll(const Table& table) {
-  return QStringLiteral("SELECT %1 FROM %2")
-      .arg(columnNames(table).join(QStringLiteral(", ")), quoted(table.name()));
+QString selectAll(const FoundTable& found) {
+  return QStringLiteral("SELECT %1 FROM %2").arg(found.columns.join(QStringLiteral(", ")), found.source);
 }
 
 // Adds rows to the proof of a table, one by one.
@@ -44,9 +37,13 @@ class Prover {
     qsizetype sum = 0;
     for (size_t i = 0; i < cells.size(); ++i) {
       const QVariant& cell = cells[i];
+      if (cell.typeId() == QMetaType::QByteArray)
+        throw StoreError(0,
+                         QStringLiteral("Coloana %1 are un continut binar.").arg(table_.columns()[i].name));
       QByteArray text = cell.isNull() ? QByteArray() : cell.toString().toUtf8();
       if (isNumber(table_.columns()[i])) {
-        if (!cell.isNull()) {
+        // A file takes a text into a column of numbers as well.
+        if (cell.typeId() == QMetaType::Double || cell.typeId() == QMetaType::LongLong) {
           const Decimal number = cell.typeId() == QMetaType::Double
                                      ? Decimal::fromDouble(cell.toDouble())
                                      : Decimal(static_cast<qint64>(cell.toLongLong()));
@@ -71,22 +68,23 @@ class Prover {
   TableProof proof_;
 };
 
-TableProof proofOf(Database& company, const Table& table) {
-  Prover prover(table);
-  company.each(selectAll(table), [&prover](std::vector<QVariant>&& cells) { prover.add(cells); });
+TableProof proofOf(Database& company, const FoundTable& found) {
+  Prover prover(found.table);
+  company.each(selectAll(found), [&prover](std::vector<QVariant>&& cells) { prover.add(cells); });
   return prover.proof();
 }
 
-TableProof copyTable(Database& from, Database& into, const Table& table) {
-  Prover prover(table);
-  const QStringList columns = columnNames(table);
-  const QString name = quoted(table.name());
+TableProof copyRows(Database& from, Database& into, const FoundTable& found) {
+  Prover prover(found.table);
+  QStringList columns;
+  for (const Column& column : found.table.columns()) columns.append(into.engine().identifier(column.name));
+  const QString name = into.engine().identifier(found.table.name());
   std::vector<Values> rows;
   const auto flush = [&] {
     into.insertRows(name, columns, rows);
     rows.clear();
   };
-  from.each(selectAll(table), [&](std::vector<QVariant>&& cells) {
+  from.each(selectAll(found), [&](std::vector<QVariant>&& cells) {
     prover.add(cells);
     Values values;
     values.reserve(cells.size());
@@ -95,8 +93,40 @@ TableProof copyTable(Database& from, Database& into, const Table& table) {
     if (rows.size() == kRowsAtOnce) flush();
   });
   flush();
-  into.continueNumbering(table);
+  into.continueNumbering(found.table);
   return prover.proof();
+}
+
+// As the copy has it.
+TableProof proofOfCopy(Database& into, const FoundTable& found) {
+  FoundTable copy = found;
+  copy.source = into.engine().identifier(found.table.name());
+  copy.columns.clear();
+  for (const Column& column : found.table.columns())
+    copy.columns.append(into.engine().identifier(column.name));
+  return proofOf(into, copy);
+}
+
+// What one engine declares the other may not understand.
+template <typename Work>
+void orRefuse(const QString& what, Work&& work) {
+  try {
+    work();
+  } catch (const StoreError& error) {
+    throw StoreError(
+        error.number(),
+        QStringLiteral("%1 nu poate fi copiata, nu s-a copiat nimic. (%2)").arg(what, error.text()));
+  }
+}
+
+void copyTable(Database& from, Database& into, const FoundTable& found) {
+  orRefuse(QStringLiteral("Tabela ") + found.table.name(), [&] {
+    into.createTable(found.table);
+    const TableProof original = copyRows(from, into, found);
+    for (const StoredStatement& index : found.indexes) into.engine().run(index.statement);
+    if (!(proofOfCopy(into, found) == original))
+      throw StoreError(0, QStringLiteral("Copia ei nu este la fel cu originalul."));
+  });
 }
 
 }  // namespace
@@ -104,31 +134,26 @@ TableProof copyTable(Database& from, Database& into, const Table& table) {
 QList<TableProof> proofOf(Database& company) {
   const Snapshot snapshot(company);
   QList<TableProof> proofs;
-  for (const Table& table : companyTables()) proofs.append(proofOf(company, table));
+  for (const FoundTable& found : describeCompany(company).tables) proofs.append(proofOf(company, found));
   return proofs;
 }
 
-void copyCompanyRows(Database& from, Database& into, const CopyProgress& progress) {
+void copyToNewDatabase(Database& from, const QString& path, const CopyProgress& progress) {
+  const auto into = Database::create(path);
   const Snapshot snapshot(from);
-  Transaction transaction(into);
-  const int count = static_cast<int>(companyTables().size());
+  const FoundCompany company = describeCompany(from);
+  Transaction transaction(*into);
+  into->prepareSchema();
+  const int count = static_cast<int>(company.tables.size());
   int done = 0;
-  for (const Table& table : companyTables()) {
-    const TableProof original = copyTable(from, into, table);
-    if (!(proofOf(into, table) == original))
-      throw StoreError(0,
-                       QStringLiteral("Copia tabelei %1 nu este la fel cu originalul, nu s-a copiat nimic.")
-                           .arg(table.name()));
+  for (const FoundTable& found : company.tables) {
+    copyTable(from, *into, found);
     if (progress) progress(++done, count);
   }
+  for (const StoredStatement& view : company.views)
+    orRefuse(QStringLiteral("Interogarea ") + view.name, [&] { into->engine().run(view.statement); });
   transaction.commit();
-}
-
-void copyToNewDatabase(Database& from, const QString& path, const CopyProgress& progress) {
-  const auto target = Database::create(path);
-  createCompanyTables(*target);
-  copyCompanyRows(from, *target, progress);
-  target->engine().studyTables();
+  into->engine().studyTables();
 }
 
 void copyDatabase(const QString& from, const QString& to, const CopyProgress& progress) {

@@ -29,12 +29,9 @@ QList<TableProof> proofOf(Database& company);
 /// Hears how many tables of how many are done; throws Cancelled to stop.
 using CopyProgress = std::function<void(int done, int of)>;
 
-/// Copies all rows of the company into a database that has its tables, empty, as of one moment, and compares
-/// both. All or nothing. Throws StoreError when the copy is not what the company is.
-void copyCompanyRows(Database& from, Database& into, const CopyProgress& progress = {});
-
-/// Makes a database at the path, where none may stand, with all that the company holds. What a failure leaves
-/// there is the caller's to remove. Throws StoreError.
+/// Makes a database at the path, where none may stand, with all that the company holds as of one moment, its
+/// own tables and columns included, and compares both. Throws StoreError, naming it, when something cannot be
+/// carried over. What a failure leaves there is the caller's to remove.
 void copyToNewDatabase(Database& from, const QString& path, const CopyProgress& progress = {});
 
 /// Copies the database at one path to another, whole or not at all; one that stands there is replaced. Either

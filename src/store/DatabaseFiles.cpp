@@ -34,11 +34,33 @@ void removeWithSideFiles(const QString& path) {
   removeSideFiles(path);
 }
 
+const QString kDraftMark = QStringLiteral(".nou");
+
+StoreError beingMade(const QString& path) {
+  return StoreError(kFileFailure,
+                    QStringLiteral("Fisierul %1 este scris in acest moment de alt utilizator. Incercati "
+                                   "din nou.")
+                        .arg(QFileInfo(path).fileName()));
+}
+
+std::unique_ptr<QLockFile> lockOfDraft(const QString& draft) {
+  auto lock = std::make_unique<QLockFile>(draft + QStringLiteral(".lock"));
+  lock->setStaleLockTime(0);
+  return lock;
+}
+
+void removeDraft(const QString& draft) {
+  QFile::remove(draft);
+  removeSideFiles(draft);
+}
+
 // On a server: under another name until it is whole.
 template <typename Fill>
 void writeWholeOn(const Server& server, const QString& path, const QString& draft, Fill&& fill) {
   const QString draftName = databaseOnServer(server, draft);
   const QString name = databaseOnServer(server, path);
+  const postgres::DraftLock lock(server, draftName);
+  if (!lock.isHeld()) throw beingMade(path);
   postgres::dropDatabase(server, draftName);
   try {
     fill(draft);
@@ -55,15 +77,16 @@ void writeWholeOn(const Server& server, const QString& path, const QString& draf
 // A file of its own name until it is whole, so that nobody ever sees half a database.
 template <typename Fill>
 void writeWhole(const QString& path, Fill&& fill) {
-  const QString draft = path + QStringLiteral(".nou");
+  const QString draft = path + kDraftMark;
   if (const auto server = serverOf(QFileInfo(path).path())) return writeWholeOn(*server, path, draft, fill);
+  const auto lock = lockOfDraft(draft);
+  if (!lock->tryLock(0) && lock->error() == QLockFile::LockFailedError) throw beingMade(path);
   removeWithSideFiles(draft);
   try {
     fill(draft);
     putFileInPlace(draft, path);
   } catch (...) {
-    QFile::remove(draft);
-    removeSideFiles(draft);
+    removeDraft(draft);
     throw;
   }
 }
@@ -230,6 +253,29 @@ void removeDatabaseFile(const QString& folder, const QString& fileName) {
   if (const auto server = serverOf(folder))
     return postgres::dropDatabase(*server, databaseOnServer(*server, fileName));
   removeWithSideFiles(pathInFolder(folder, fileName));
+}
+
+void removeDatabasesOf(const QString& folder) {
+  const auto server = serverOf(folder);
+  // A folder that its maker did not get to give a prefix of its own shows that of the folder around it.
+  if (!server || !server->prefix.endsWith(QDir(folder).dirName().toLower() + u'_')) return;
+  for (const QString& name : postgres::databasesLike(*server, QStringLiteral(".*")))
+    postgres::dropDatabase(*server, name);
+}
+
+// A server's drafts are named as writeWholeOn() and the exchange of databases name them.
+void sweepDrafts(const QString& folder) {
+  if (const auto server = serverOf(folder)) {
+    for (const QString& name :
+         postgres::databasesLike(*server, QStringLiteral("tarvon[0-9a-z]*[.]mdb([.]vechi)?")))
+      postgres::dropAbandoned(*server, name);
+    return;
+  }
+  for (const QFileInfo& draft :
+       QDir(folder).entryInfoList({QStringLiteral("*.mdb") + kDraftMark}, QDir::Files)) {
+    const auto lock = lockOfDraft(draft.filePath());
+    if (lock->tryLock(0)) removeDraft(draft.filePath());
+  }
 }
 
 int programRevision() { return VELMAR_REVISION; }

@@ -66,6 +66,14 @@ void shareServer(const QString& folder, const QString& inner);
 /// Deletes a database file and its side files. Throws StoreError.
 void removeDatabaseFile(const QString& folder, const QString& fileName);
 
+/// Removes the databases that the settings of a server in the folder have there for this folder alone;
+/// nothing where the settings name no such.
+void removeDatabasesOf(const QString& folder);
+
+/// Removes what killed processes left half made of the databases of the folder; never what somebody is still
+/// making. Throws StoreError.
+void sweepDrafts(const QString& folder);
+
 /// The revision of the program, kept in `kt_info.VERSIUNE` of the databases that it made.
 int programRevision();
 

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <QString>
 
 #include "store/Schema.h"
@@ -62,6 +63,13 @@ class Engine {
 
   /// How a column of that kind is declared, its marks for null and default included.
   virtual QString declaredType(const Column& column) const = 0;
+  /// The name as statements of this engine take it, whatever it is; a plain one is the same in any case.
+  virtual QString identifier(const QString& name) const { return quotedIdentifier(name); }
+  /// What kind of values a column has; nothing for those that only this engine knows.
+  virtual std::optional<ColumnType> kindOf(const TableShape& table, const ColumnShape& column) const = 0;
+  /// Names what the database has that is neither table nor index nor stored query of a kind that both engines
+  /// know: triggers, computed columns and the like.
+  virtual QStringList ownKinds() = 0;
   /// How an index names one of its columns, so that what is ordered by them, nulls first where there may be
   /// some, is read from it in order.
   virtual QString indexedColumn(const Table&, const QString& column) const { return column; }

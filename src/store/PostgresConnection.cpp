@@ -112,13 +112,76 @@ QString connectionName(const QString& login) {
   return QStringLiteral("Velmar|%1|%2").arg(QSysInfo::machineHostName(), login);
 }
 
+namespace {
+
+AskPassword askPassword;
+
+// Of the servers that asked, for as long as the process runs.
+QHash<QString, QString>& passwords() {
+  static QHash<QString, QString> known;
+  return known;
+}
+
+// Why a server cannot be reached is told in words alone.
+StoreError connectError(const QString& message, const QString& database) {
+  const auto says = [&message](const char* words) { return message.contains(QLatin1String(words)); };
+  const auto error = [&](int number, const QString& text) {
+    return StoreError(number, QStringLiteral("%1 (%2: %3)").arg(text, database, message));
+  };
+  if (says("does not support SSL"))
+    return error(23, QStringLiteral(
+                         "Serverul de baze de date nu primeste legaturi criptate (TLS), iar setarile le cer. "
+                         "Cereti pornirea TLS pe server sau schimbati tls in Server.ini."));
+  if (says("certificate") || says("sslmode"))
+    return error(
+        23, QStringLiteral("Certificatul serverului nu este recunoscut sau setarea tls din Server.ini este "
+                           "gresita."));
+  if (says("password") || says("pg_hba") || (says("role") && says("does not exist")))
+    return describe(QStringLiteral("28"), message, database);
+  return describe(says("does not exist") ? QStringLiteral("3D000") : QStringLiteral("08006"), message,
+                  database);
+}
+
+}  // namespace
+
+}  // namespace velmar::postgres
+
+void velmar::setAskPassword(AskPassword ask) { postgres::askPassword = std::move(ask); }
+
+namespace velmar::postgres {
+
 Connection::Connection(const Server& server, const QString& database)
     : handle_(nullptr, PQfinish), database_(database) {
+  const QString place = QStringLiteral("%1@%2:%3").arg(server.user, server.host).arg(server.port);
+  QString password = passwords().value(place);
+  connect(server, password);
+  while (wantsPassword() && askPassword) {
+    const auto typed = askPassword(server, !password.isEmpty());
+    if (!typed) throw Cancelled();
+    password = *typed;
+    connect(server, password);
+  }
+  if (PQstatus(handle_.get()) != CONNECTION_OK)
+    throw connectError(text(PQerrorMessage(handle_.get())), database);
+  if (!password.isEmpty()) passwords().insert(place, password);
+  PQsetNoticeProcessor(
+      handle_.get(), [](void*, const char*) {}, nullptr);
+}
+
+// None was given, or a wrong one.
+bool Connection::wantsPassword() const {
+  if (PQstatus(handle_.get()) == CONNECTION_OK) return false;
+  return PQconnectionNeedsPassword(handle_.get()) ||
+         text(PQerrorMessage(handle_.get())).contains(QStringLiteral("password authentication failed"));
+}
+
+void Connection::connect(const Server& server, const QString& password) {
   const std::pair<const char*, QByteArray> settings[] = {
       {"host", server.host.toUtf8()},
       {"port", QByteArray::number(server.port)},
       {"user", server.user.toUtf8()},
-      {"dbname", database.toUtf8()},
+      {"password", password.toUtf8()},
+      {"dbname", database_.toUtf8()},
       {"sslmode", server.tls.toUtf8()},
       {"application_name", connectionName({}).toUtf8()},
       {"client_encoding", "UTF8"},
@@ -136,13 +199,6 @@ Connection::Connection(const Server& server, const QString& database)
   names.push_back(nullptr);
   values.push_back(nullptr);
   handle_.reset(PQconnectdbParams(names.data(), values.data(), 0));
-  if (PQstatus(handle_.get()) != CONNECTION_OK) {
-    const QString message = text(PQerrorMessage(handle_.get()));
-    const bool missing = message.contains(QStringLiteral("does not exist"));
-    throw describe(missing ? QStringLiteral("3D000") : QStringLiteral("08006"), message, database);
-  }
-  PQsetNoticeProcessor(
-      handle_.get(), [](void*, const char*) {}, nullptr);
 }
 
 Result Connection::checked(pg_result* raw) {
@@ -154,6 +210,9 @@ Result Connection::checked(pg_result* raw) {
   if (status == PGRES_EMPTY_QUERY) throw StoreError(1, QStringLiteral("not a single statement"));
   if (state && QLatin1String(state) == QLatin1String("0A000") && strstr(message, "cached plan"))
     throw PlanOutdated(1, text(message));
+  // The server's last word, or none at all: the interface itself may notice only at the next statement.
+  farewell_ =
+      status == PGRES_FATAL_ERROR && (!state || QLatin1String(state).startsWith(QLatin1String("57P")));
   throw describe(QString::fromLatin1(state ? state : ""),
                  text(message ? message : PQerrorMessage(handle_.get())), database_);
 }
@@ -266,7 +325,7 @@ void Connection::forget(const QByteArray& name) {
   run(QStringLiteral("DEALLOCATE ") + QString::fromLatin1(name));
 }
 
-bool Connection::isLost() const { return PQstatus(handle_.get()) != CONNECTION_OK; }
+bool Connection::isLost() const { return farewell_ || PQstatus(handle_.get()) != CONNECTION_OK; }
 
 bool Connection::inFailedTransaction() const { return PQtransactionStatus(handle_.get()) == PQTRANS_INERROR; }
 
@@ -274,6 +333,7 @@ bool Connection::renewIfLost() {
   if (!isLost()) return false;
   if (inTransaction_) throw describe(QStringLiteral("08006"), text(PQerrorMessage(handle_.get())), database_);
   PQreset(handle_.get());
+  farewell_ = false;
   if (PQstatus(handle_.get()) != CONNECTION_OK)
     throw describe(QStringLiteral("08006"), text(PQerrorMessage(handle_.get())), database_);
   return true;

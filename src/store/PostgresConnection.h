@@ -51,11 +51,14 @@ class Connection {
 
  private:
   Result checked(pg_result* result);
+  void connect(const Server& server, const QString& password);
+  bool wantsPassword() const;
   int pipelined(const QByteArray& name, const Values* rows, size_t count);
 
   std::unique_ptr<pg_conn, void (*)(pg_conn*)> handle_;
   QString database_;
   bool inTransaction_ = false;
+  bool farewell_ = false;  ///< the server said that it ends the connection
 };
 
 /// The tables have changed since a statement was prepared: it has to be prepared anew.

@@ -13,7 +13,9 @@ namespace velmar::postgres {
 namespace {
 
 constexpr int kWriteLock = 0x564C4D52;  // locks of this kind are each database's own
-constexpr int kCopyWaitMs = 15'000;
+constexpr int kDraftLock = 0x564C4444;
+const QString kOldMark = QStringLiteral(".vechi");
+constexpr int kCopyWaitMs = 4000;
 constexpr int kCopyPauseMs = 100;
 constexpr int kCompactWaitMs = 5000;
 constexpr int kLockWaitMs = 1000;
@@ -172,9 +174,11 @@ void ServerEngine::continueNumbering(const Table& table) {
   for (const Column& column : table.columns())
     if (column.type == ColumnType::AutoNumber)
       connection_->run(
-          QStringLiteral("SELECT setval(pg_get_serial_sequence('%1', '%2'), (SELECT MAX(%2) FROM "
-                         "%1)) FROM %1 LIMIT 1")
-              .arg(quoted(table.name()), column.name.toLower()));
+          QStringLiteral("SELECT setval(pg_get_serial_sequence('%1', '%2'), (SELECT MAX(%3) FROM "
+                         "%4)) FROM %4 LIMIT 1")
+              .arg(identifier(table.name()).replace(u'\'', QStringLiteral("''")),
+                   identifier(column.name).mid(1).chopped(1).replace(u'\'', QStringLiteral("''")),
+                   identifier(column.name), identifier(table.name())));
 }
 
 // The plan for any values: with nulls in their place every condition would fall away.
@@ -217,8 +221,8 @@ void ServerEngine::compact() {
 
 QStringList ServerEngine::filledTables() {
   QStringList names;
-  for (const Table& table : companyTables()) {
-    const QString name = quoted(table.name());
+  for (const QString& table : tables()) {
+    const QString name = quotedIdentifier(table);
     if (!recordsetOf(connection_->run(QStringLiteral("SELECT 1 AS found FROM %1 LIMIT 1").arg(name)))
              .isEmpty())
       names.append(name);
@@ -268,6 +272,35 @@ bool databaseExists(const Server& server, const QString& name) {
   return !recordsetOf(connection.execute("exists", {name})).isEmpty();
 }
 
+DraftLock::DraftLock(const Server& server, const QString& name) : connection_(maintenance(server)) {
+  connection_.prepare("draft",
+                      QStringLiteral("SELECT pg_try_advisory_lock(%1, HASHTEXT(?)) AS held").arg(kDraftLock));
+  held_ = recordsetOf(connection_.execute("draft", {name})).first().flag("held");
+}
+
+QStringList databasesLike(const Server& server, const QString& expression) {
+  Connection connection = maintenance(server);
+  connection.prepare("like",
+                     "SELECT datname AS name FROM pg_database WHERE STARTS_WITH(datname, ?) "
+                     "AND SUBSTR(datname, LENGTH(?) + 1) ~ ? ORDER BY datname");
+  QStringList names;
+  for (const Row& row : recordsetOf(connection.execute(
+           "like", {server.prefix, server.prefix, QStringLiteral("^(%1)$").arg(expression)})))
+    names.append(row.text("name"));
+  return names;
+}
+
+void dropAbandoned(const Server& server, const QString& name) {
+  const QString draft = name.endsWith(kOldMark) ? name.chopped(kOldMark.size()) : name;
+  const DraftLock lock(server, draft);
+  if (!lock.isHeld()) return;
+  try {
+    maintenance(server).run(QStringLiteral("DROP DATABASE IF EXISTS ") + quotedName(name));
+  } catch (const StoreError&) {
+    // Somebody is connected to it.
+  }
+}
+
 void copyDatabase(const Server& server, const QString& from, const QString& to) {
   runWhenFree(server, QStringLiteral("CREATE DATABASE %1 TEMPLATE %2").arg(quotedName(to), quotedName(from)));
 }
@@ -275,7 +308,7 @@ void copyDatabase(const Server& server, const QString& from, const QString& to) 
 // Statements sent together are one transaction.
 void replaceDatabase(const Server& server, const QString& from, const QString& to) {
   const QString rename = QStringLiteral("ALTER DATABASE %1 RENAME TO %2");
-  const QString old = from + QStringLiteral(".vechi");
+  const QString old = from + kOldMark;
   dropDatabase(server, old);
   runWhenFree(server, rename.arg(quotedName(to), quotedName(old)) + QStringLiteral("; ") +
                           rename.arg(quotedName(from), quotedName(to)));

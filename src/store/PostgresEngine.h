@@ -22,6 +22,9 @@ class ServerEngine : public Engine {
   QString declaredType(const Column& column) const override;
   QString indexedColumn(const Table& table, const QString& column) const override;
   QString clusteredSuffix() const override { return {}; }
+  QString identifier(const QString& name) const override;
+  std::optional<ColumnType> kindOf(const TableShape& table, const ColumnShape& column) const override;
+  QStringList ownKinds() override;
   void studyTables() override;
   void prepareSchema() override;
   QStringList tables() override;
@@ -43,6 +46,24 @@ class ServerEngine : public Engine {
   std::shared_ptr<int> generation_;  ///< of the connection: what was prepared on an earlier one is gone
   QHash<QString, std::shared_ptr<EngineStatement>> questions_;  ///< about the catalogue
 };
+
+/// Tells the other processes that this one is making the database, for as long as the object lives.
+class DraftLock {
+ public:
+  DraftLock(const Server& server, const QString& name);
+  /// Not while another process makes it.
+  bool isHeld() const { return held_; }
+
+ private:
+  Connection connection_;
+  bool held_ = false;
+};
+
+/// The databases of the server whose name is the prefix of the settings and what the regular expression
+/// tells.
+QStringList databasesLike(const Server& server, const QString& expression);
+/// Drops a draft, or what an exchange of databases left, unless somebody is making or using it.
+void dropAbandoned(const Server& server, const QString& name);
 
 /// Whether the server has a database of that name.
 bool databaseExists(const Server& server, const QString& name);

@@ -11,19 +11,22 @@ namespace {
 QString createStatement(const Table& table, const Engine& engine) {
   QStringList parts;
   for (const Column& column : table.columns()) {
-    QString part = column.name + QLatin1Char(' ') + engine.declaredType(column);
-    if (table.keyColumns().contains(column.name)) part += QStringLiteral(" NOT NULL");
+    QString part = engine.identifier(column.name) + QLatin1Char(' ') + engine.declaredType(column);
+    if (table.keyColumns().contains(column.name) || column.required) part += QStringLiteral(" NOT NULL");
     // A line that says nothing of its number is the document's line 0.
     if (table.keyColumns().size() > 1 && table.keyColumns().last() == column.name &&
         column.type == ColumnType::Integer)
       part += QStringLiteral(" DEFAULT 0");
+    if (!column.fallback.isEmpty()) part += QStringLiteral(" DEFAULT ") + column.fallback;
     parts.append(part);
   }
-  if (!table.keyColumns().isEmpty())
-    parts.append(QStringLiteral("PRIMARY KEY (%1)").arg(table.keyColumns().join(QStringLiteral(", "))));
+  QStringList key;
+  for (const QString& name : table.keyColumns()) key.append(engine.identifier(name));
+  if (!key.isEmpty()) parts.append(QStringLiteral("PRIMARY KEY (%1)").arg(key.join(QStringLiteral(", "))));
+  parts.append(table.rules());
   const QString clustered = table.keyColumns().size() > 1 ? engine.clusteredSuffix() : QString();
   return QStringLiteral("CREATE TABLE %1 (%2)%3")
-      .arg(quoted(table.name()), parts.join(QStringLiteral(", ")), clustered);
+      .arg(engine.identifier(table.name()), parts.join(QStringLiteral(", ")), clustered);
 }
 
 QString createStatement(const Table& table, const Index& index, int number, const Engine& engine) {
@@ -43,7 +46,7 @@ QString quoted(const QString& name) {
 
 Table& Table::add(const QString& names, ColumnType type, int width, bool zeroDefault) {
   for (const QString& name : names.split(QLatin1Char(' '), Qt::SkipEmptyParts))
-    columns_.push_back({name, type, width, zeroDefault});
+    columns_.push_back({name, type, width, zeroDefault, false, {}});
   return *this;
 }
 
@@ -79,9 +82,29 @@ const Column* Table::column(const QString& name) const {
   return nullptr;
 }
 
+Table& Table::add(const Column& column) {
+  columns_.push_back(column);
+  return *this;
+}
+
+Table& Table::add(const Index& index) {
+  indexes_.push_back(index);
+  return *this;
+}
+
+Table& Table::keyOf(const QStringList& columns) {
+  key_ = columns;
+  return *this;
+}
+
+Table& Table::rule(const QString& constraint) {
+  rules_.append(constraint);
+  return *this;
+}
+
 bool Table::isNullable(const QString& name) const {
   const Column* found = column(name);
-  return found && !found->zeroDefault && found->type != ColumnType::Boolean &&
+  return found && !found->zeroDefault && !found->required && found->type != ColumnType::Boolean &&
          !key_.contains(name, Qt::CaseInsensitive);
 }
 
@@ -106,6 +129,14 @@ const Table& companyTable(const QString& name) {
   throw StoreError(0, QStringLiteral("Lipseste tabela %1").arg(name));
 }
 
+const std::vector<StoredStatement>& companyViews() {
+  static const std::vector<StoredStatement> views = {
+      {QStringLiteral("qryTertiLinii"),
+       QStringLiteral(
+           "CREATE VIEW qryTertiLinii AS SELECT DISTINCT TERT FROM kt_linii WHERE TERT IS NOT NULL")}};
+  return views;
+}
+
 QStringList createStatements(const Table& table, const Engine& engine) {
   QStringList statements{createStatement(table, engine)};
   int number = 0;
@@ -118,8 +149,7 @@ void createCompanyTables(Database& database) {
   Transaction transaction(database);
   database.prepareSchema();
   for (const Table& table : companyTables()) database.createTable(table);
-  database.execute(QStringLiteral(
-      "CREATE VIEW qryTertiLinii AS SELECT DISTINCT TERT FROM kt_linii WHERE TERT IS NOT NULL"));
+  for (const StoredStatement& view : companyViews()) database.execute(view.statement);
   transaction.commit();
 }
 

@@ -11,6 +11,7 @@ namespace velmar {
 
 class Database;
 class Engine;
+struct StoredStatement;
 
 enum class ColumnType { Text, Integer, AutoNumber, Real, Boolean, Date, Time, DateTime };
 
@@ -19,6 +20,8 @@ struct Column {
   ColumnType type = ColumnType::Text;
   int width = 0;             ///< characters a text may have; 0 is without limit
   bool zeroDefault = false;  ///< a number that is 0 until written
+  bool required = false;     ///< never null, for what the type alone does not tell
+  QString fallback = {};     ///< a constant that stands until something is written, as statements take it
 };
 
 struct Index {
@@ -42,6 +45,10 @@ class Table {
   Table& moments(const QString& names);
   Table& key(const QString& names);
   Table& index(const QString& names, const QString& where = {});
+  Table& add(const Column& column);
+  Table& add(const Index& index);
+  Table& keyOf(const QStringList& columns);
+  Table& rule(const QString& constraint);  ///< what else its rows must meet, as a table is declared with it
   /// Indexes by which the highest number in a text key is found at once. The number stands behind a prefix of
   /// that many characters and is counted apart for each value of the column `within`, if there is one.
   Table& numbered(const QString& column, int prefix = 0, const QString& within = {});
@@ -50,6 +57,7 @@ class Table {
   const std::vector<Column>& columns() const { return columns_; }
   const QStringList& keyColumns() const { return key_; }
   const std::vector<Index>& indexes() const { return indexes_; }
+  const QStringList& rules() const { return rules_; }
   /// The column of that name in any case, null when there is none.
   const Column* column(const QString& name) const;
 
@@ -66,6 +74,7 @@ class Table {
   std::vector<Column> columns_;
   QStringList key_;
   std::vector<Index> indexes_;
+  QStringList rules_;
 };
 
 /// All tables of a company file: master data, documents, ledgers and work tables.
@@ -73,6 +82,9 @@ const std::vector<Table>& companyTables();
 
 /// The table of that name in any case. Throws StoreError when there is none.
 const Table& companyTable(const QString& name);
+
+/// The stored queries of a company.
+const std::vector<StoredStatement>& companyViews();
 
 /// The name of a table as a statement takes it: one with blanks stands in double quotes.
 QString quoted(const QString& name);

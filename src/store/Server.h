@@ -3,6 +3,7 @@
 // template.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <QString>
 
@@ -22,6 +23,14 @@ struct Server {
 /// The server that the folder names; nothing for a folder of company files. Throws StoreError when the
 /// settings cannot be read.
 std::optional<Server> serverOf(const QString& folder);
+
+/// Asks the user for the password of a server's user; `refused` tells that the one given before was wrong.
+/// Gives nothing when the user gives up.
+using AskPassword = std::function<std::optional<QString>(const Server& server, bool refused)>;
+
+/// Who is asked when a server wants a password that nothing else gives; without one it is refused. A password
+/// that was right is known until the process ends, and is stored nowhere.
+void setAskPassword(AskPassword ask);
 
 /// The database that a path in such a folder stands for.
 QString databaseOnServer(const Server& server, const QString& path);

@@ -24,6 +24,8 @@ class FileEngine : public Engine {
   bool copyAsFile(const QString& path, const EngineProgress& progress) override;
   QString declaredType(const Column& column) const override;
   QString clusteredSuffix() const override;
+  std::optional<ColumnType> kindOf(const TableShape& table, const ColumnShape& column) const override;
+  QStringList ownKinds() override;
   QStringList tables() override;
   TableShape tableShape(const QString& table) override;
   std::vector<StoredStatement> indexesOf(const QString& table) override;
@@ -33,6 +35,7 @@ class FileEngine : public Engine {
  private:
   Recordset ask(const QString& sql, const Values& values = {});
   std::vector<StoredStatement> stored(const QString& sql, const Values& values = {});
+  QStringList rulesOf(const QString& table);
   void rebuild(const TableShape& from, const TableShape& to);
   void requireConverted(const QString& table, const ColumnShape& column, bool moment);
 

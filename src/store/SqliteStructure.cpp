@@ -2,6 +2,8 @@
 // can only add columns to a table that stands, so every other change makes the table anew and moves the rows
 // over.
 #include <sqlite3.h>
+#include <QMap>
+#include <QRegularExpression>
 
 #include "store/Sqlite.h"
 #include "store/SqliteEngine.h"
@@ -84,6 +86,34 @@ bool onlyAdds(const TableShape& from, const TableShape& to) {
   return true;
 }
 
+// The conditions that the statement of a table declares, in any place of it: CHECK and the brackets behind
+// it.
+QStringList checksIn(const QString& statement) {
+  static const QRegularExpression kToken(
+      QStringLiteral(
+          "'(?:[^']|'')*'|\"(?:[^\"]|\"\")*\"|`[^`]*`|\\[[^\\]]*\\]|--[^\\n]*|/\\*.*?\\*/|\\w+|[()]"),
+      QRegularExpression::DotMatchesEverythingOption);
+  QStringList checks;
+  int depth = 0;
+  int from = -1;  // where the brackets of a condition begin
+  int outside = 0;
+  bool expected = false;
+  for (auto tokens = kToken.globalMatch(statement); tokens.hasNext();) {
+    const auto token = tokens.next();
+    const QString text = token.captured();
+    if (text == QStringLiteral("(") && ++depth && expected) {
+      from = static_cast<int>(token.capturedStart());
+      outside = depth - 1;
+    }
+    if (text == QStringLiteral(")") && --depth == outside && from >= 0) {
+      checks.append(QStringLiteral("CHECK ") + statement.mid(from, token.capturedEnd() - from));
+      from = -1;
+    }
+    expected = from < 0 && text.compare(QStringLiteral("CHECK"), Qt::CaseInsensitive) == 0;
+  }
+  return checks;
+}
+
 // The catalogue gives an expression without the brackets that it needs to be declared.
 QString declarable(const QString& fallback) {
   if (fallback.isEmpty() || fallback.startsWith(u'\'')) return fallback;
@@ -135,7 +165,67 @@ TableShape FileEngine::tableShape(const QString& table) {
       QStringLiteral("SELECT wr FROM pragma_table_list WHERE name = ? COLLATE NOCASE AND schema = 'main'"),
       {table});
   if (!kind.isEmpty() && kind.first().flag("wr")) shape.suffix = clusteredSuffix();
+  shape.rules = rulesOf(table);
   return shape;
+}
+
+QStringList FileEngine::rulesOf(const QString& table) {
+  QStringList rules;
+  for (const Row& row :
+       ask(QStringLiteral("SELECT (SELECT GROUP_CONCAT('\"' || REPLACE(name, '\"', '\"\"') || "
+                          "'\"', ', ') FROM pragma_index_info(l.name)) AS columns "
+                          "FROM pragma_index_list(?) AS l WHERE l.origin = 'u' ORDER BY l.name"),
+           {table}))
+    rules.append(QStringLiteral("UNIQUE (%1)").arg(row.text("columns")));
+  QMap<qint64, Row> first;
+  QMap<qint64, QStringList> from, to;
+  for (const Row& row :
+       ask(QStringLiteral("SELECT id, \"table\" AS other, \"from\" AS part, \"to\" AS target, on_update, "
+                          "on_delete FROM pragma_foreign_key_list(?) ORDER BY id, seq"),
+           {table})) {
+    first.insert(row.integer("id"), row);
+    from[row.integer("id")].append(row.text("part"));
+    if (!row.isNull("target")) to[row.integer("id")].append(row.text("target"));
+  }
+  for (auto key = first.cbegin(); key != first.cend(); ++key) {
+    const QStringList targets = to.value(key.key());
+    rules.append(
+        QStringLiteral("FOREIGN KEY (%1) REFERENCES %2%3 ON UPDATE %4 ON DELETE %5")
+            .arg(quotedIdentifiers(from.value(key.key())), quotedIdentifier(key->text("other")),
+                 targets.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(quotedIdentifiers(targets)),
+                 key->text("on_update"), key->text("on_delete")));
+  }
+  const Recordset statement =
+      ask(QStringLiteral("SELECT sql FROM sqlite_master WHERE type = 'table' AND name = ? COLLATE NOCASE"),
+          {table});
+  return statement.isEmpty() ? rules : rules + checksIn(statement.first().text("sql"));
+}
+
+std::optional<ColumnType> FileEngine::kindOf(const TableShape& table, const ColumnShape& column) const {
+  const QString type = column.type.toUpper();
+  if (type == QStringLiteral("INTEGER") && table.key == QStringList(column.name) && table.suffix.isEmpty())
+    return ColumnType::AutoNumber;
+  // In the engine's own order, which is that of the first that fits.
+  constexpr std::pair<const char*, ColumnType> kKinds[] = {
+      {"INT", ColumnType::Integer},  {"CHAR", ColumnType::Text},         {"CLOB", ColumnType::Text},
+      {"TEXT", ColumnType::Text},    {"REAL", ColumnType::Real},         {"FLOA", ColumnType::Real},
+      {"DOUB", ColumnType::Real},    {"NUM", ColumnType::Real},          {"DEC", ColumnType::Real},
+      {"BOOL", ColumnType::Integer}, {"DATETIME", ColumnType::DateTime}, {"TIMESTAMP", ColumnType::DateTime},
+      {"DATE", ColumnType::Date},    {"TIME", ColumnType::Time}};
+  for (const auto& [part, kind] : kKinds)
+    if (type.contains(QLatin1String(part))) return kind;
+  return std::nullopt;
+}
+
+QStringList FileEngine::ownKinds() {
+  QStringList names;
+  for (const Row& row : ask(QStringLiteral(
+           "SELECT 'trigger ' || name AS name FROM sqlite_master WHERE type = 'trigger' UNION ALL "
+           "SELECT name FROM sqlite_master WHERE type = 'table' AND sql LIKE 'CREATE VIRTUAL%' UNION ALL "
+           "SELECT m.name || '.' || x.name FROM sqlite_master AS m, pragma_table_xinfo(m.name) AS x "
+           "WHERE m.type = 'table' AND x.hidden <> 0")))
+    names.append(row.text("name"));
+  return names;
 }
 
 std::vector<StoredStatement> FileEngine::indexesOf(const QString& table) {
@@ -156,6 +246,13 @@ void FileEngine::reshape(const TableShape& from, const TableShape& to) {
 }
 
 void FileEngine::rebuild(const TableShape& from, const TableShape& to) {
+  const Recordset computed =
+      ask(QStringLiteral("SELECT name FROM pragma_table_xinfo(?) WHERE hidden <> 0 LIMIT 1"), {from.name});
+  if (!computed.isEmpty())
+    throw StoreError(SQLITE_ERROR,
+                     QStringLiteral("Tabela %1 are coloana calculata %2 si nu poate fi refacuta. "
+                                    "Stergeti coloana si incercati din nou.")
+                         .arg(from.name, computed.first().text("name")));
   const auto followers =
       stored(QStringLiteral("SELECT name, sql FROM sqlite_master WHERE type IN ('index', 'trigger') "
                             "AND sql IS NOT NULL AND tbl_name = ? COLLATE NOCASE ORDER BY rowid"),

@@ -33,6 +33,7 @@ QString TableShape::createStatement() const {
   QStringList parts;
   for (const ColumnShape& column : columns) parts.append(column.declaration());
   if (!key.isEmpty()) parts.append(QStringLiteral("PRIMARY KEY (%1)").arg(quotedIdentifiers(key)));
+  parts.append(rules);
   return QStringLiteral("CREATE TABLE %1 (%2)%3")
       .arg(quotedIdentifier(name), parts.join(QStringLiteral(", ")), suffix);
 }

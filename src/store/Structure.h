@@ -30,8 +30,9 @@ struct TableShape {
   QString name;
   std::vector<ColumnShape> columns;
   QStringList key;
-  QString keyName;  ///< what the engine calls the key, empty where it has no name
-  QString suffix;   ///< what stands behind the columns
+  QString keyName;    ///< what the engine calls the key, empty where it has no name
+  QString suffix;     ///< what stands behind the columns
+  QStringList rules;  ///< its constraints beside the key, as they are declared
 
   /// The column of that name in any case, null when there is none.
   const ColumnShape* column(const QString& name) const;

@@ -6,14 +6,16 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSysInfo>
-#include <QTemporaryDir>
 #include <QThread>
 
+#include "store/clsCompareBD.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
+#include "store/Engine.h"
 #include "store/Roster.h"
 #include "store/Server.h"
 #include "store/Sqlite.h"
+#include "store/Workshop.h"
 #include "util/Errors.h"
 #include "util/FileNames.h"
 #include "util/Messages.h"
@@ -24,15 +26,9 @@ namespace {
 
 constexpr int kNameLength = 10;
 constexpr int kExtensionLength = 4;
+const QString kStagePrefix = QStringLiteral("velmar-restaurare-");
 constexpr int kFarewellMs = 2000;
 constexpr int kFarewellPauseMs = 50;
-
-void requireFolder(const QTemporaryDir& made, const QString& folder) {
-  if (!made.isValid())
-    throw StoreError(kFileFailure,
-                     QStringLiteral("Folderul %1 nu poate fi scris. Verificati drepturile asupra lui.")
-                         .arg(QDir::toNativeSeparators(folder)));
-}
 
 void copyFile(const QString& from, const QString& to) {
   if (!QFile::copy(from, to))
@@ -46,8 +42,14 @@ void copyFile(const QString& from, const QString& to) {
 // A copy that was cut or damaged tells so now, and a file that only looks like a company of ours.
 void requireWholeCompany(Database& company) {
   company.requireWhole();
-  if (company.query("SELECT VERSIUNE FROM kt_info").isEmpty() ||
-      company.query("SELECT ID FROM kt_par ORDER BY ID").isEmpty())
+  const QStringList tables = company.engine().tables();
+  const auto isFilled = [&](const char* table) {
+    return tables.contains(QLatin1String(table), Qt::CaseInsensitive) &&
+           company.query(QStringLiteral("SELECT COUNT(*) AS N FROM ") + QLatin1String(table))
+                   .first()
+                   .integer("N") > 0;
+  };
+  if (!isFilled("kt_info") || !isFilled("kt_par"))
     throw StoreError(kFileFailure, QStringLiteral("Fisierul %1 nu este o baza de date de societate.")
                                        .arg(QDir::toNativeSeparators(company.path())));
 }
@@ -85,18 +87,38 @@ void requireNobody(const QString& company) {
     refuse({{"calculator necunoscut", {}, true, "-"}});
 }
 
+// A copy that an older program made, or that lost something, gets this program's structure before anybody
+// works in it.
+void bringUpToDate(const QString& copy) {
+  const Workshop model(QDir::tempPath(), kStagePrefix);
+  bringTemplateUpToDate(model.path());
+  try {
+    clsCompareBD(copy, pathInFolder(model.path(), kTemplateName)).Compara();
+  } catch (const StoreError& error) {
+    throw StoreError(
+        error.number(),
+        QStringLiteral("Copia salvata are o structura mai veche, care nu poate fi adusa la cea de acum. "
+                       "Societatea a ramas cum era.\r\n%1")
+            .arg(error.text()));
+  }
+  const QFileInfo file(copy);
+  QString keepsItsName = QStringLiteral("00");
+  MarcheazaVersiune(file.path(), file.fileName(), keepsItsName);
+}
+
 void fillFrom(const QString& file, const QString& draft, const CopyProgress& progress) {
   if (!serverOf(QFileInfo(draft).path())) {
     copyFile(file, draft);
-    return requireWholeCompany(*Database::open(draft));
+    requireWholeCompany(*Database::open(draft));
+    return bringUpToDate(draft);
   }
   // Opened where it lies, the file might be taken for a database of the server, and opening it may write.
-  const QTemporaryDir stage;
-  requireFolder(stage, QDir::tempPath());
-  const QString staged = QDir(stage.path()).filePath(QFileInfo(file).fileName());
+  const Workshop stage(QDir::tempPath(), kStagePrefix);
+  const QString staged = stage.filePath(QFileInfo(file).fileName());
   copyFile(file, staged);
+  requireWholeCompany(*Database::open(staged));
+  bringUpToDate(staged);
   const auto source = Database::open(staged);
-  requireWholeCompany(*source);
   copyToNewDatabase(*source, draft, progress);
 }
 
@@ -115,9 +137,8 @@ QString savedCopyName(const QString& companyName, const QString& fileName, const
 void saveCompany(const QString& company, const QString& file, const CopyProgress& progress) {
   const QFileInfo target(file);
   // In a folder of its own, where no settings of a server can claim the draft.
-  const QTemporaryDir workshop(target.dir().filePath(QStringLiteral(".salvare-XXXXXX")));
-  requireFolder(workshop, target.path());
-  const QString draft = QDir(workshop.path()).filePath(target.fileName());
+  const Workshop workshop(target.path(), QStringLiteral(".salvare-"));
+  const QString draft = workshop.filePath(target.fileName());
   {
     const auto source = Database::open(company);
     if (!source->copyAsFile(draft, progress)) copyToNewDatabase(*source, draft, progress);

@@ -21,10 +21,10 @@ QString savedCopyName(const QString& companyName, const QString& fileName, const
 /// not at all, and a file that stands there is replaced. Throws StoreError.
 void saveCompany(const QString& company, const QString& file, const CopyProgress& progress = {});
 
-/// Puts the company that was saved to a file in place of the one at the path `company`, whole or not at all.
-/// `release` is called when all is prepared, before the company itself is touched, and must close its
-/// database. Throws StoreError, also when the file is no whole company, RuleError while somebody works in the
-/// company.
+/// Puts the company that was saved to a file in place of the one at the path `company`, brought to the
+/// structure of this program, whole or not at all. `release` is called when all is prepared, before the
+/// company itself is touched, and must close its database. Throws StoreError, also when the file is no whole
+/// company, RuleError while somebody works in the company.
 void restoreCompany(const QString& file, const QString& company, const std::function<void()>& release,
                     const CopyProgress& progress = {});
 

@@ -28,7 +28,7 @@ const StoredStatement* find(const std::vector<StoredStatement>& all, const QStri
 
 }  // namespace
 
-void clsCompareBD::Compara() {
+void clsCompareBD::Compara(const Progress& progress) {
   readTemplate();
   const auto company = Database::open(companyPath_);
   company_ = company.get();
@@ -36,6 +36,8 @@ void clsCompareBD::Compara() {
   company->engine().limitLockWaits();
   company->prepareSchema();
   const QStringList present = company->engine().tables();
+  const int count = static_cast<int>(tables_.size());
+  int done = 0;
   // The parameters' `ID` with its key is a column like any other here.
   for (const TableParts& table : tables_) {
     const auto found = std::find_if(present.begin(), present.end(), [&table](const QString& name) {
@@ -45,6 +47,7 @@ void clsCompareBD::Compara() {
       CopiazaObiect(table);
     else
       CompareTables(table, *found);
+    if (progress) progress(++done, count);
   }
   CompareViews();
   transaction.commit();

@@ -2,6 +2,7 @@
 // keys, indexes and stored queries. All or nothing, and what only the company has stays.
 #pragma once
 
+#include <functional>
 #include <QString>
 #include <vector>
 
@@ -17,9 +18,13 @@ class clsCompareBD {
   clsCompareBD(const QString& company, const QString& templatePath)
       : companyPath_(company), templatePath_(templatePath) {}
 
+  /// Hears how many tables of how many are done; throws Cancelled to stop.
+  using Progress = std::function<void(int done, int of)>;
+
   /// The whole run, in one transaction of its own connection. Throws StoreError, and then the company is as
-  /// it was; Cancelled when the user gave up waiting for another one's work to end.
-  void Compara();
+  /// it was; likewise Cancelled, when `progress` stops it or the user gave up waiting for another one's work
+  /// to end.
+  void Compara(const Progress& progress = {});
 
  private:
   struct TableParts {

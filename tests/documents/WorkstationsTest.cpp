@@ -1,12 +1,16 @@
 // Several processes in one company file: validations at once, and a process killed in the middle of one.
 #include <sys/wait.h>
 #include <unistd.h>
+#include <algorithm>
 #include <csignal>
+#include <QElapsedTimer>
+#include <random>
 
 #include "catalogue/Articles.h"
 #include "catalogue/Families.h"
 #include "catalogue/Partners.h"
 #include "documents/DocumentEditor.h"
+#include "store/Roster.h"
 #include "TestCompany.h"
 
 namespace velmar {
@@ -104,14 +108,17 @@ class WorkstationsTest : public ::testing::Test {
   qint64 supplier_ = 0;
 };
 
-TEST_F(WorkstationsTest, FourValidateAtOnce) {
-  constexpr int kProcesses = 4;
-  constexpr int kEach = 10;
+// How many times longer than in the daily run; for a night's run.
+int patience() { return std::max(1, qEnvironmentVariableIntValue("VELMAR_WORKSTATION_ROUNDS")); }
+
+TEST_F(WorkstationsTest, EightValidateAtOnce) {
+  constexpr int kProcesses = 8;
+  const int each = 6 * patience();
   std::vector<pid_t> processes;
   startProcesses([&] {
     for (int p = 0; p < kProcesses; ++p)
-      processes.push_back(workstation([this, p] {
-        for (int i = 0; i < kEach; ++i) validate(QStringLiteral("%1").arg(p * 100 + i), 5);
+      processes.push_back(workstation([this, p, each] {
+        for (int i = 0; i < each; ++i) validate(QStringLiteral("%1").arg(p * 10'000 + i), 5);
       }));
     for (const pid_t process : processes) {
       int status = 0;
@@ -119,35 +126,73 @@ TEST_F(WorkstationsTest, FourValidateAtOnce) {
       EXPECT_EQ(status, 0);
     }
   });
-  EXPECT_EQ(OpenRs("SELECT COUNT(*) AS N FROM G_DOCUME").first().integer("N"), kProcesses * kEach);
-  EXPECT_EQ(articleByCode("A0")->decimal("STOC"), Decimal(kProcesses * kEach));
+  EXPECT_EQ(OpenRs("SELECT COUNT(*) AS N FROM G_DOCUME").first().integer("N"), kProcesses * each);
+  EXPECT_EQ(OpenRs("SELECT COUNT(*) AS N FROM G_LDOCUM").first().integer("N"), kProcesses * each * 5);
+  EXPECT_EQ(articleByCode("A0")->decimal("STOC"), Decimal(kProcesses * each));
   expectAllAgrees();
 }
 
-TEST_F(WorkstationsTest, AProcessKilledInTheMiddleLeavesNothingHalfWritten) {
-  for (int round = 0; round < 12; ++round) {
-    startProcesses([&] {
-      int first[2];
-      ASSERT_EQ(pipe(first), 0);
-      const pid_t process = workstation([&, round] {
+// Two work, and now the one, now the other is killed at whatever it does: every second one wherever it is by
+// then, its start included, the others once they have validated, so that there is something to find half
+// written.
+TEST_F(WorkstationsTest, ProcessesKilledAtAnyMomentLeaveNothingHalfWritten) {
+  const int kills = 36 * patience();
+  constexpr int kPlaces = 2;
+  std::minstd_rand dice(20260315);
+  startProcesses([&] {
+    pid_t processes[kPlaces] = {};
+    int validated[kPlaces] = {};
+    const auto begin = [&](int round) {
+      int ends[2];
+      if (pipe(ends) != 0) abort();
+      processes[round % kPlaces] = workstation([this, round, &ends] {
+        const RosterEntry entry(company_.path(), QStringLiteral("STATIE"));
         for (int i = 0; i < 1000; ++i) {
           validate(QStringLiteral("%1").arg(round * 1000 + i), 2);
           if (i == 0) [[maybe_unused]]
-            const auto told = write(first[1], "x", 1);
+            const auto told = write(ends[1], "x", 1);
         }
       });
-      char done = 0;
-      ASSERT_EQ(read(first[0], &done, 1), 1);
-      usleep(static_cast<useconds_t>(round) * 3771);
-      kill(process, SIGKILL);
-      waitpid(process, nullptr, 0);
-      close(first[0]);
-      close(first[1]);
-    });
-    expectAllAgrees();
-  }
-  EXPECT_GE(OpenRs("SELECT COUNT(*) AS N FROM G_DOCUME").first().integer("N"), 12);
-  validate("99999", kArticles);
+      validated[round % kPlaces] = ends[0];
+      close(ends[1]);
+    };
+    for (int round = 0; round < kills + kPlaces; ++round) {
+      const pid_t process = processes[round % kPlaces];
+      if (process != 0) {
+        char done = 0;
+        const bool waits = round / kPlaces % 2 == 0;
+        EXPECT_TRUE(!waits || read(validated[round % kPlaces], &done, 1) == 1);
+        close(validated[round % kPlaces]);
+        usleep(5'000 + static_cast<useconds_t>(dice() % 120'000));
+        kill(process, SIGKILL);
+        int status = 0;
+        waitpid(process, &status, 0);
+        EXPECT_TRUE(WIFSIGNALED(status)) << "it ended by itself, with " << WEXITSTATUS(status);
+      }
+      begin(round);
+    }
+    for (int place = 0; place < kPlaces; ++place) {
+      kill(processes[place], SIGKILL);
+      waitpid(processes[place], nullptr, 0);
+      close(validated[place]);
+    }
+  });
+  expectAllAgrees();
+  EXPECT_GT(OpenRs("SELECT COUNT(*) AS N FROM G_DOCUME").first().integer("N"), kills / 2 - kPlaces);
+  // A server notices within moments that they are gone.
+  QElapsedTimer waited;
+  waited.start();
+  const auto others = [this] {
+    QList<Connection> all = connections(company_.path());
+    all.removeIf([](const Connection& each) { return each.login != "STATIE"; });
+    return all.size();
+  };
+  while (others() > 0 && waited.elapsed() < 3000) usleep(50'000);
+  EXPECT_EQ(others(), 0) << "the roster still names the dead";
+  waited.restart();
+  validate("9999999", kArticles);
+  EXPECT_LT(waited.elapsed(), 5000) << "a lock outlived its holder";
+  expectAllAgrees();
 }
 
 }  // namespace

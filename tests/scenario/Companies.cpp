@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QProcess>
 #include <QScreen>
 #include <QWidget>
 
@@ -100,6 +101,20 @@ QVariant runSql(const QString& text, const QVariantList& arguments) {
     rows.append(cells);
   }
   return rows;
+}
+
+// Has the script of the tests' server, which must be this scenario's alone, do something with it.
+QString serverScript(const QStringList& words) {
+  const QString script = qEnvironmentVariable("VELMAR_TEST_SERVER_SCRIPT");
+  if (script.isEmpty()) throw Failure(QStringLiteral("no server is this scenario's alone"));
+  QStringList arguments = words;
+  arguments.insert(1, qEnvironmentVariable("VELMAR_TEST_SERVER"));
+  QProcess process;
+  process.setStandardErrorFile(QProcess::nullDevice());
+  process.start(script, arguments);
+  if (!process.waitForFinished() || process.exitCode() != 0)
+    throw Failure(QStringLiteral("the server did not %1").arg(words.first()));
+  return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
 }
 
 }  // namespace
@@ -201,6 +216,7 @@ void Companies::addFunctions(Functions& functions) {
   };
   functions["paths"] = [this](const Arguments&) { return paths(); };
   functions["sql"] = [](const Arguments& a) { return runSql(a[0].toString(), a[1].toList()); };
+  functions["server"] = [](const Arguments& a) { return serverScript(a[0].toStringList()); };
   functions["today"] = [](const Arguments&) { return clock::today().toString(Qt::ISODate); };
   functions["setToday"] = [](const Arguments& a) {
     clock::setToday(isoDate(a[0]));

@@ -197,6 +197,7 @@
              "a message stands unread");
     },
     file: (path) => { N("file", path); },
+    server: (...words) => N("server", words),
     sql: (text, ...values) => N("sql", text, values),
     equal(actual, expected, what) {
       bridge.count();

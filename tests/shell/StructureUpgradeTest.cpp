@@ -1,8 +1,13 @@
 // When the upgrade of a company's structure is offered, and what stands behind each answer and outcome.
 #include "shell/StructureUpgrade.h"
 
+#include <optional>
+#include <QElapsedTimer>
+
 #include "store/Engine.h"
+#include "store/Server.h"
 #include "TestCompany.h"
+#include "util/Errors.h"
 
 namespace velmar {
 namespace {
@@ -84,6 +89,85 @@ TEST(StructureUpgradeTest, AnErrorIsToldAndTheQuestionComesBack) {
   VerificaVersiune(false);
   EXPECT_EQ(heard.take().last(), kDone);
   EXPECT_EQ(revision(), programRevision());
+}
+
+void damage() {
+  Transaction transaction(database());
+  database().engine().run("DROP TABLE kt_val2");
+  database().engine().run("ALTER TABLE kt_info DROP COLUMN EMAIL2");
+  database().engine().run("UPDATE kt_info SET VERSIUNE = 1");
+  transaction.commit();
+}
+
+TEST(StructureUpgradeTest, AnUpgradeThatItsUserStopsLeavesTheCompanyAsItWas) {
+  const TestCompany company;
+  damage();
+  HeardMessages heard;
+  std::vector<int> told;
+  const int stopAt = static_cast<int>(companyTables().size());
+  heard.answer(kResultYes);
+  VerificaVersiune(false, [&] {
+    return [&](int done, int of) {
+      EXPECT_EQ(of, stopAt);
+      told.push_back(done);
+      if (done == of) throw Cancelled();
+    };
+  });
+  EXPECT_EQ(heard.take(), QStringList({kQuestionText}));
+  EXPECT_EQ(told.size(), static_cast<size_t>(stopAt));
+  EXPECT_EQ(revision(), 1);
+  EXPECT_FALSE(database().engine().tableShape("kt_info").column("EMAIL2"));
+  EXPECT_TRUE(database().engine().tableShape("kt_val2").columns.empty());
+}
+
+// Within five seconds, in words, and nothing is changed; when the colleague has left it succeeds.
+TEST(StructureUpgradeTest, AColleagueInTheWayIsToldOf) {
+  const TestCompany company;
+  damage();
+  HeardMessages heard;
+  const bool onServer = serverOf(TestCompany::folder()).has_value();
+  {
+    const auto colleague = Database::open(TestCompany::path());
+    // A reader is in the way on a server, and in a file somebody who writes.
+    std::optional<Snapshot> reads;
+    std::optional<Transaction> writes;
+    if (onServer)
+      reads.emplace(*colleague);
+    else
+      writes.emplace(*colleague);
+    colleague->query("SELECT DENUMIRE FROM kt_info");
+    heard.answer(kResultYes);
+    if (!onServer) heard.answer(kResultCancel);
+    QElapsedTimer waited;
+    waited.start();
+    VerificaVersiune(false);
+    EXPECT_LT(waited.elapsed(), 6000);
+    ASSERT_EQ(heard.all().size(), 2U);
+    const QString told = heard.take().last();
+    EXPECT_TRUE(told.contains("Baza de date este folosita in acest moment de alt utilizator."))
+        << qPrintable(told);
+  }
+  EXPECT_EQ(revision(), 1);
+  EXPECT_TRUE(database().engine().tableShape("kt_val2").columns.empty());
+  heard.answer(kResultYes);
+  VerificaVersiune(false);
+  EXPECT_EQ(heard.take().last(), kDone);
+}
+
+TEST(StructureUpgradeTest, ATemplateThatIsInUseIsWaitedForFiveSecondsOnServer) {
+  const TestCompany company;
+  const auto colleague = Database::open(pathInFolder(TestCompany::folder(), kTemplateName));
+  QElapsedTimer waited;
+  waited.start();
+  try {
+    makeCompanyFile(TestCompany::folder(), "Tarvon44.mdb");
+    ADD_FAILURE() << "copied under the eyes of a colleague";
+  } catch (const StoreError& error) {
+    EXPECT_TRUE(error.text().startsWith("Baza de date este folosita in acest moment"))
+        << qPrintable(error.text());
+  }
+  EXPECT_LT(waited.elapsed(), 5500);
+  EXPECT_FALSE(databaseExists(TestCompany::folder(), "Tarvon44.mdb"));
 }
 
 }  // namespace

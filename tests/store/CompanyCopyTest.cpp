@@ -2,8 +2,11 @@
 #include "store/CompanyCopy.h"
 
 #include <gtest/gtest.h>
+#include <algorithm>
 
+#include "store/Engine.h"
 #include "store/Schema.h"
+#include "store/Server.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
 
@@ -25,6 +28,12 @@ class CompanyCopyTest : public testing::Test {
   }
 
   QString other(const QString& name) const { return QDir(elsewhere_.path()).filePath(name); }
+
+  static void change(const QStringList& statements) {
+    Transaction transaction(database());
+    for (const QString& sql : statements) database().engine().run(sql);
+    transaction.commit();
+  }
 
   TestCompany company_;
   QTemporaryDir elsewhere_;  // a folder of files, whatever the company is on
@@ -48,6 +57,71 @@ TEST_F(CompanyCopyTest, TheCopyOfTheCopyIsTheOriginal) {
     EXPECT_EQ(copy->query("SELECT CODART FROM G_ARTMAG WHERE CODART = 'a''1'").size(), 1);
   }
   removeDatabaseFile(TestCompany::folder(), "Tarvon09.mdb");
+}
+
+// What a company has beside the description: its own tables, columns, keys, rules, indexes and stored
+// queries.
+TEST_F(CompanyCopyTest, WhatOnlyThisCompanyHasGoesAlong) {
+  change(
+      {"CREATE TABLE Ale_Mele (Nr INTEGER NOT NULL, Nota VARCHAR(30) DEFAULT 'fara', Suma DOUBLE PRECISION, "
+       "Ziua "
+       "DATE, PRIMARY KEY (Nr), UNIQUE (Nota), CHECK (Suma < 1000))",
+       "CREATE UNIQUE INDEX ix_ziua ON Ale_Mele (Ziua)", "CREATE TABLE \"De mana\" (\"order\" INTEGER)",
+       "ALTER TABLE kt_val ADD COLUMN Rang INTEGER NOT NULL DEFAULT 7",
+       "CREATE VIEW q_mea AS SELECT COD, Rang FROM kt_val"});
+  ExecutaSql("INSERT INTO Ale_Mele (Nr, Nota, Suma, Ziua) VALUES (3, 'unu', 0.1, '2026-03-15')");
+  ExecutaSql("INSERT INTO Ale_Mele (Nr, Suma) VALUES (4, 0.2)");
+  ExecutaSql("INSERT INTO \"De mana\" (\"order\") VALUES (12345)");
+  ExecutaSql("UPDATE kt_val SET Rang = 11 WHERE COD = 'USD'");
+  const QList<TableProof> original = proofOf(database());
+  const auto own = std::find_if(original.begin(), original.end(),
+                                [](const TableProof& proof) { return proof.table == "ale_mele"; });
+  ASSERT_NE(own, original.end());
+  EXPECT_EQ(own->rows, 2);
+  EXPECT_EQ(own->sums, QList<Decimal>({Decimal(7), 3_dec / 10}));
+
+  copyDatabase(TestCompany::path(), other("Copie.mdb"));
+  EXPECT_EQ(proofOf(*Database::open(other("Copie.mdb"))), original);
+  const QString back = QDir(TestCompany::folder()).filePath("Tarvon09.mdb");
+  copyDatabase(other("Copie.mdb"), back);
+  {
+    const auto copy = Database::open(back);
+    EXPECT_EQ(proofOf(*copy), original);
+    EXPECT_EQ(copy->query("SELECT Rang FROM q_mea WHERE COD = 'USD'").first().integer("Rang"), 11);
+    copy->execute("INSERT INTO kt_val (COD) VALUES ('QQQ')");
+    EXPECT_EQ(copy->query("SELECT Rang FROM kt_val WHERE COD = 'QQQ'").first().integer("Rang"), 7);
+    for (const char* values :
+         {"(3, 'x', 1, NULL)", "(5, 'unu', 1, NULL)", "(6, 'y', 1000, NULL)", "(7, 'z', 1, '2026-03-15')"})
+      EXPECT_THROW(
+          copy->execute(QStringLiteral("INSERT INTO Ale_Mele (Nr, Nota, Suma, Ziua) VALUES ") + values),
+          StoreError)
+          << values;
+  }
+  removeDatabaseFile(TestCompany::folder(), "Tarvon09.mdb");
+}
+
+TEST_F(CompanyCopyTest, WhatNoCopyCanCarryIsNamedAndNothingIsCopied) {
+  const auto refused = [this] {
+    try {
+      copyDatabase(TestCompany::path(), other("Copie.mdb"));
+      return QString();
+    } catch (const StoreError& error) {
+      EXPECT_EQ(QDir(elsewhere_.path()).entryList(QDir::Files), QStringList());
+      return error.text();
+    }
+  };
+  const bool onServer = serverOf(TestCompany::folder()).has_value();
+  change({onServer ? "CREATE TABLE poze (poza BYTEA)" : "CREATE TABLE poze (poza BLOB)"});
+  EXPECT_TRUE(refused().startsWith("Societatea are coloana poze.poza de tipul ")) << qPrintable(refused());
+  change(
+      {"DROP TABLE poze", "CREATE TABLE calcul (a INTEGER, b INTEGER GENERATED ALWAYS AS (a + 1) STORED)"});
+  EXPECT_EQ(refused(), "Societatea are calcul.b, care nu se poate copia. Nu s-a copiat nimic.");
+  change({"DROP TABLE calcul"});
+  if (!onServer) change({"CREATE TRIGGER t_mea AFTER DELETE ON kt_val BEGIN DELETE FROM kt_val2; END"});
+  EXPECT_EQ(refused(),
+            onServer ? QString()
+                     : QStringLiteral("Societatea are trigger t_mea, care nu se poate copia. Nu s-a copiat "
+                                      "nimic."));
 }
 
 TEST_F(CompanyCopyTest, AnyDifferenceShows) {

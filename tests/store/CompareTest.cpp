@@ -181,6 +181,35 @@ TEST_F(CompareTest, AColumnThatLostItsNumberingIsNumberedOn) {
   EXPECT_EQ(cell("SELECT ID FROM kt_par WHERE TVAVanzare = '4428'").toInt(), 10);
 }
 
+// Rules that somebody laid on a table by hand outlive its being made anew.
+TEST_F(CompareTest, RulesLaidOnByHandStay) {
+  change({"DROP TABLE kt_cc",
+          "CREATE TABLE kt_cc (COD " + typed("", ColumnType::Text) +
+              " NOT NULL CHECK (COD <> ')'), TITLU INTEGER, UTILIZABIL VARCHAR(1) /* CHECK (0) */, NR "
+              "INTEGER UNIQUE, "
+              "CONSTRAINT pozitiv CHECK ((NR > 0) OR NR IS NULL), PRIMARY KEY (COD))",
+          "CREATE UNIQUE INDEX ix_al_meu ON kt_cc (TITLU)"});
+  ExecutaSql("INSERT INTO kt_cc (COD, TITLU, NR) VALUES ('A', 1, 5)");
+  compare();
+  EXPECT_EQ(missing(), QStringList());
+  EXPECT_EQ(cell("SELECT TITLU FROM kt_cc"), "1");
+  for (const char* values : {"(')', 2, 6)", "('B', 1, 7)", "('C', 3, 5)", "('D', 4, -1)"})
+    EXPECT_THROW(ExecutaSql(QStringLiteral("INSERT INTO kt_cc (COD, TITLU, NR) VALUES ") + values),
+                 StoreError)
+        << values;
+  ExecutaSql("INSERT INTO kt_cc (COD, TITLU, NR) VALUES ('E', 5, 8)");
+}
+
+TEST_F(CompareTest, ATableWithAComputedColumnIsNotMadeAnewInFile) {
+  change({"DROP TABLE kt_cc",
+          "CREATE TABLE kt_cc (COD TEXT NOT NULL PRIMARY KEY, TITLU INTEGER, UTILIZABIL TEXT, DUBLU INTEGER "
+          "GENERATED "
+          "ALWAYS AS (TITLU * 2) STORED)"});
+  ExecutaSql("INSERT INTO kt_cc (COD, TITLU) VALUES ('A', 4)");
+  EXPECT_THROW(compare(), StoreError);
+  EXPECT_EQ(cell("SELECT DUBLU FROM kt_cc").toInt(), 8);
+}
+
 // At worst the transaction of the moment is lost to whoever works meanwhile, and not the next one.
 TEST_F(CompareTest, AColleagueWorksOnAfterTheUpgrade) {
   change({"ALTER TABLE kt_info DROP COLUMN EMAIL2"});

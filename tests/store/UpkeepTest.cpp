@@ -156,7 +156,7 @@ TEST_F(UpkeepTest, WhatIsNoWholeCompanyIsRefused) {
                         }),
                 "nu este o baza de date Velmar");
   Database::create(other("fara-tabele.mdb"));
-  expectRefused(other("fara-tabele.mdb"), "kt_info");
+  expectRefused(other("fara-tabele.mdb"), "nu este o baza de date de societate");
   expectRefused(other("lipseste.mdb"), "nu poate fi copiat");
 }
 
@@ -182,17 +182,24 @@ TEST_F(UpkeepTest, AFileThatSomebodyHasOpenIsNotReplacedInFile) {
   expectRefused(copy, "si altii lucreaza in societate");
 }
 
-TEST_F(UpkeepTest, ACopyOfAnOlderStructureAsksForALoginInFile) {
+TEST_F(UpkeepTest, ACopyOfAnOlderStructureIsBroughtToThisOneBeforeItStands) {
   const QString copy = saved();
-  Database::open(copy)->execute("ALTER TABLE kt_info DROP COLUMN NrZec");
+  const auto change = [&copy](const QStringList& statements) {
+    for (const QString& sql : statements) Database::open(copy)->execute(sql);
+  };
+  change({"ALTER TABLE kt_info DROP COLUMN NrZec", "DROP TABLE kt_val2", "DROP VIEW qryTertiLinii",
+          "ALTER TABLE kt_info DROP COLUMN CAPSOC", "ALTER TABLE kt_info ADD COLUMN CAPSOC TEXT",
+          "UPDATE kt_info SET VERSIUNE = 12, CAPSOC = 'multi bani'"});
   ExecutaSql("DELETE FROM G_ARTMAG");
-  try {
-    restoreOpenCompany(copy);
-    ADD_FAILURE() << "nothing was said";
-  } catch (const RuleError& rule) {
-    EXPECT_TRUE(rule.text().contains("Iesiti din program si intrati din nou"));
-  }
+  expectRefused(copy, "nu poate fi adusa la cea de acum. Societatea a ramas cum era.");
+
+  change({"UPDATE kt_info SET CAPSOC = '200'"});
+  restoreOpenCompany(copy);
   EXPECT_EQ(OpenRs("SELECT COUNT(*) AS N FROM G_ARTMAG").first().integer("N"), 40);
+  EXPECT_EQ(revisionOf(database()), programRevision());
+  EXPECT_EQ(OpenRs("SELECT CAPSOC FROM kt_info").first().decimal("CAPSOC"), Decimal(200));
+  EXPECT_TRUE(OpenRs("SELECT NrZec FROM kt_info").first().isNull("NrZec"));
+  ExecutaSql("INSERT INTO kt_val2 (COD, CURS) VALUES ('EUR', 5)");
 }
 
 TEST_F(UpkeepTest, ARestoreThatIsStoppedChangesNothing) {

@@ -58,4 +58,10 @@ void LegaCombo(QComboBox& combo, const BoundList& list) {
   setChoices(combo, std::move(choices));
 }
 
+void LegaCombo(QComboBox& combo, const std::vector<ListEntry>& list) {
+  std::vector<ChoiceModel::Choice> choices;
+  for (const ListEntry& entry : list) choices.push_back({entry.text, entry.code});
+  setChoices(combo, std::move(choices));
+}
+
 }  // namespace velmar

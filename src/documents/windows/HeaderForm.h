@@ -1,11 +1,12 @@
-// The header of a document on screen: a control for each header field of the kind, under its known name.
+// The header of a document on screen: a control for each header field of the kind, under its known name, in
+// one column or, where there are many, in two.
 #pragma once
 
+#include <memory>
 #include <QGroupBox>
 #include <QHash>
 
 #include "documents/DocumentKind.h"
-#include "store/Row.h"
 
 class QFormLayout;
 class QLabel;
@@ -13,47 +14,56 @@ class QLineEdit;
 
 namespace velmar {
 
-class SearchCombo;
+class HeaderControl;
 
 class HeaderForm : public QGroupBox {
   Q_OBJECT
  public:
   HeaderForm(const DocumentKind& kind, QWidget* parent);
+  ~HeaderForm() override;
 
-  /// Fills the controls from a row of the kind's header table.
-  void fill(const Row& header, bool numberLocked);
-  /// Re-reads the list of partners; the one that is chosen stays chosen.
-  void refreshPartners();
+  /// Shows the texts of a document, by HeaderField::key(); dates in ISO form.
+  void fill(const QHash<QString, QString>& texts, bool numberLocked);
+  /// Shows what changed in some fields.
+  void showChanges(const QHash<QString, QString>& texts);
+  /// Re-reads the lists; what is chosen stays chosen.
+  void refreshLists();
 
-  /// What stands in the controls, by column; dates in ISO form. Takes over first what is still being typed.
+  /// What stands in the controls, by HeaderField::key().
+  QHash<QString, QString> texts() const;
+  /// As texts(), having taken over first what is still being typed.
   QHash<QString, QString> typed();
 
   /// A line below the fields: what state the document is in.
   void showState(const QString& text);
 
-  /// The control of a column, null when the header has none.
-  QWidget* control(const QString& column) const { return controls_.value(column); }
+  /// The control of a key, null when the header has none.
+  QWidget* control(const QString& key) const;
   void focusNumber();
   /// The controls in the order in which Tab and Enter go through them.
   QList<QWidget*> tabChain() const;
 
+  bool hasTwoColumns() const { return columns_.size() > 1; }
+
  signals:
   /// The user changed something.
   void touched();
+  /// The user chose something in the field of that key.
+  void chosen(const QString& key);
 
  private:
-  void addDateField(const HeaderField& field);
-  void addTextField(const HeaderField& field);
-  void addPartnerField(const HeaderField& field);
-  void takePartner();
-  void showPartner(const QString& code);
-  QLineEdit* partnerCode() const;
+  void addControl(const HeaderField& field);
+  void layOut();
+  void addRow(QFormLayout* rows, HeaderControl* control);
+  void addCurrencyRow(QFormLayout* rows, HeaderControl* box);
+  HeaderControl* find(HeaderFieldType type) const;
+  /// Whether the control stands in the row of the currency's box.
+  bool isBesideForeign(const HeaderControl* control) const;
+  void enableCurrency();
 
   const DocumentKind& kind_;
-  QFormLayout* form_;
-  QHash<QString, QWidget*> controls_;
-  SearchCombo* partner_ = nullptr;  ///< DataCombo1
-  QLabel* partnerName_ = nullptr;
+  std::vector<std::unique_ptr<HeaderControl>> controls_;
+  QList<QFormLayout*> columns_;
   QLabel* state_;
 };
 

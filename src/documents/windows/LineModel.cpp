@@ -11,6 +11,24 @@ LineModel::LineModel(DocumentEditor& editor, std::function<bool()> bySupplierCod
       bySupplierCode_(std::move(bySupplierCode)),
       columns_(gridColumns(editor.kind())) {}
 
+namespace {
+
+const QColor kFirstBack(192, 255, 192);
+
+}  // namespace
+
+LineColours lineColours(LineMark mark) {
+  switch (mark) {
+    case LineMark::Dearer:
+      return {Qt::red, Qt::white};
+    case LineMark::First:
+      return {Qt::black, kFirstBack};
+    case LineMark::None:
+      break;
+  }
+  return {};
+}
+
 QList<GridColumn> LineModel::gridColumns(const DocumentKind& kind) {
   QList<GridColumn> columns;
   for (const LineColumn& line : kind.lineColumns) {
@@ -32,6 +50,12 @@ void LineModel::documentChanged() {
   emit totalsChanged();
 }
 
+void LineModel::marksChanged() {
+  if (rowCount() > 0)
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1),
+                     {Qt::BackgroundRole, Qt::ForegroundRole});
+}
+
 int LineModel::rowCount(const QModelIndex& parent) const {
   if (parent.isValid()) return 0;
   return static_cast<int>(editor_.lines().size()) + (editor_.isNew() ? 0 : 1);
@@ -44,6 +68,7 @@ int LineModel::columnCount(const QModelIndex& parent) const {
 QVariant LineModel::data(const QModelIndex& index, int role) const {
   const GridColumn& column = columns_[index.column()];
   const bool empty = isNewRow(index.row());
+  const LineMark marked = empty ? LineMark::None : editor_.mark(static_cast<size_t>(index.row()));
   switch (role) {
     case Qt::DisplayRole:
       return empty ? QString()
@@ -60,9 +85,11 @@ QVariant LineModel::data(const QModelIndex& index, int role) const {
       if (column.format == CellFormat::Number) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
       return {};
     case Qt::BackgroundRole:
+      if (marked != LineMark::None) return lineColours(marked).back;
       if (!empty && lineColumn(index.column()).entry == LineEntry::Locked) return gCuloareInfo();
       return {};
     case Qt::ForegroundRole:
+      if (marked != LineMark::None) return lineColours(marked).text;
       if (lineColumn(index.column()).entry == LineEntry::Locked) return gCuloareInfoText();
       return {};
     default:

@@ -4,11 +4,18 @@
 
 #include <functional>
 #include <QAbstractTableModel>
+#include <QColor>
 
 #include "documents/DocumentEditor.h"
 #include "store/windows/TDBGrid.h"
 
 namespace velmar {
+
+/// How a marked line is painted; no valid colours for one that is not.
+struct LineColours {
+  QColor text, back;
+};
+LineColours lineColours(LineMark mark);
 
 class LineModel : public QAbstractTableModel {
   Q_OBJECT
@@ -17,6 +24,8 @@ class LineModel : public QAbstractTableModel {
 
   /// Tells the view that the document on screen is another one.
   void documentChanged();
+  /// Tells the view that lines stand out in another way.
+  void marksChanged();
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

@@ -14,6 +14,7 @@
 #include "documents/windows/LineGrid.h"
 #include "util/Messages.h"
 #include "util/NumberText.h"
+#include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
 #include "util/windows/Forms.h"
 #include "util/windows/Look.h"
@@ -24,32 +25,41 @@ namespace {
 
 constexpr int kWidest = 1180;  // beside the tool bars of the smallest screen
 constexpr int kFooterDecimals = 2;
+constexpr int kTall = 45;       // of a window, in lines of text
+constexpr int kListHeight = 7;  // of a list beside the header, as above
+
+// The header tells how tall its row is; the lists beside it share that height.
+void fitBesideHeader(QWidget* list) {
+  list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+  list->setMinimumHeight(list->fontMetrics().height() * kListHeight);
+}
 
 }  // namespace
 
 frmGrila::frmGrila(const QString& prefix, const ArticleList& articles, QWidget* parent)
-    : QWidget(parent), editor_(prefix), header_(new HeaderForm(editor_.kind(), this)) {
+    : QWidget(parent),
+      editor_(prefix),
+      header_(new HeaderForm(editor_.kind(), this)),
+      commands_(new QHBoxLayout),
+      lists_(new QVBoxLayout),
+      besideCheck_(new QHBoxLayout) {
   setObjectName(editor_.kind().window);
   setWindowTitle(editor_.kind().texts.title);
-  connect(header_, &HeaderForm::touched, this, [this] {
-    if (!editor_.isNew()) header_->showState("Document nevalidat, antet modificat si nesalvat");
-  });
+  connect(header_, &HeaderForm::touched, this, &frmGrila::followHeader);
+  connect(header_, &HeaderForm::chosen, this, &frmGrila::followChoice);
   bySupplierCode_ = new QCheckBox("Cod produs &furnizor", this);
   bySupplierCode_->setObjectName("CheckCODP");
   bySupplierCode_->setToolTip("Daca se bifeaza, cautarea articolului se va face dupa cod produs furnizor ");
   buildLines(articles);
-  auto* top = new QHBoxLayout;
-  top->addWidget(header_, 3);
-  top->addWidget(draftsFrame(), 4);
+  besideCheck_->addWidget(bySupplierCode_);
+  besideCheck_->addStretch();
   auto* all = new QVBoxLayout(this);
   all->setContentsMargins(8, 8, 8, 8);
   all->addLayout(commandRow());
-  all->addLayout(top);
-  all->addWidget(bySupplierCode_);
+  all->addLayout(headerRow());
+  all->addLayout(besideCheck_);
   all->addWidget(lines_, 1);
-  giveMnemonics(this);
-  orderTabs();
-  refreshLists();
+  header_->refreshLists();
   newDocument();
 }
 
@@ -66,7 +76,7 @@ QPushButton* frmGrila::command(const QString& name, const QString& caption, cons
 
 QBoxLayout* frmGrila::commandRow() {
   const KindTexts& texts = editor_.kind().texts;
-  auto* row = new QHBoxLayout;
+  QHBoxLayout* row = commands_;
   row->addWidget(command("cmdFacturaNoua", "Document &nou", texts.newTip, "new", &frmGrila::newDocument));
   row->addWidget(command("cmdSalvare", "Sa&lvare", texts.saveTip, "save", &frmGrila::save));
   row->addWidget(command("cmdValidare", "Vali&dare", texts.validateTip, "validate", &frmGrila::validate));
@@ -87,13 +97,43 @@ QBoxLayout* frmGrila::commandRow() {
   return row;
 }
 
+QBoxLayout* frmGrila::headerRow() {
+  lists_->addWidget(draftsFrame(), 1);
+  auto* row = new QHBoxLayout;
+  row->addWidget(header_, header_->hasTwoColumns() ? 5 : 3);
+  row->addLayout(lists_, header_->hasTwoColumns() ? 3 : 4);
+  return row;
+}
+
+void frmGrila::addCommand(QPushButton* button) {
+  commands_->insertWidget(commands_->indexOf(findChild<QWidget*>("cmdClose")) - 1, button);
+  added_.append(button);
+}
+
+void frmGrila::addBelowDrafts(QWidget* frame, QWidget* list) {
+  fitBesideHeader(list);
+  lists_->addWidget(frame, 1);
+  added_.append(list);
+}
+
+void frmGrila::addBesideCheck(QWidget* widget) { besideCheck_->addWidget(widget); }
+
 QWidget* frmGrila::draftsFrame() {
   const DocumentKind& kind = editor_.kind();
   auto* frame = new QGroupBox(kind.texts.draftsCaption, this);
   drafts_ = new TDBGrid("TDBGrid2", frame);
-  drafts_->setColumns({{kind.numberColumn, "Numar", CellFormat::Text, 12},
-                       {kind.dateColumn, "Data", CellFormat::Date, 11},
-                       {"NUME", "Tert", CellFormat::Text, 30}});
+  QList<GridColumn> columns{
+      {kind.numberColumn, "Numar", CellFormat::Text, kind.draftColumns.isEmpty() ? 12 : 9},
+      {kind.dateColumn, "Data", CellFormat::Date, 11},
+      {"NUME", "Tert", CellFormat::Text, kind.draftColumns.isEmpty() ? 30 : 20}};
+  for (const HeaderField& field : kind.headerFields) {
+    if (!kind.draftColumns.contains(field.column)) continue;
+    const bool isDate = field.type == HeaderFieldType::DueDate;
+    columns.append({field.column, QString(field.caption).remove(u'&'),
+                    isDate ? CellFormat::Date : CellFormat::Text, isDate ? 13 : 7});
+  }
+  drafts_->setColumns(columns);
+  fitBesideHeader(drafts_);
   drafts_->setEmptyText("Nu exista documente nevalidate. Completati antetul si apasati Salvare.");
   connect(drafts_, &TDBGrid::currentRecordChanged, this, &frmGrila::openSelected);
   auto* inside = new QVBoxLayout(frame);
@@ -108,7 +148,13 @@ void frmGrila::buildLines(const ArticleList& articles) {
   lines_ = new LineGrid("TDBGrid1", lineModel_, articles, kind.window, this);
   lines_->setColumns(LineModel::gridColumns(kind));
   lines_->setEmptyText("Liniile se adauga dupa salvarea antetului.");
-  connect(lines_, &LineGrid::refusedByStore, this, &frmGrila::refreshDrafts);
+  connect(lines_, &LineGrid::refusedByStore, this, [this] {
+    try {
+      refreshDrafts();
+    } catch (const StoreError&) {
+      // The refusal has just been told for the same cause; the list stays as it is.
+    }
+  });
   connect(lineModel_, &LineModel::totalsChanged, this, &frmGrila::GridFooterText);
 }
 
@@ -118,12 +164,14 @@ void frmGrila::orderTabs() {
   for (const char* name :
        {"cmdSalvare", "cmdValidare", "cmdSterge", "cmdTiparire", "cmdClose", "cmdFacturaNoua"})
     chain.append(findChild<QWidget*>(name));
-  chain.append({drafts_, bySupplierCode_, lines_});
+  chain.append(drafts_);
+  chain += added_;
+  chain.append({bySupplierCode_, lines_});
   for (int i = 1; i < chain.size(); ++i) setTabOrder(chain[i - 1], chain[i]);
 }
 
 void frmGrila::run(const QString& procedure, const std::function<void()>& work) {
-  if (!lines_->commitPending()) return;
+  if (!lines_->commitPending() || !entriesStand(header_)) return;
   guarded(editor_.kind().window, procedure, [this, &work] {
     try {
       work();
@@ -139,13 +187,37 @@ void frmGrila::showRule(const RuleError& rule) {
   Mesaj(rule.text(), rule.icon(), rule.title());
   QWidget* at = header_->control(rule.field());
   if (!at && rule.field() == QStringLiteral("CODART")) at = lines_;
-  if (!at) return;
-  at->setFocus();
+  if (at) at->setFocus();
   if (auto* box = qobject_cast<QLineEdit*>(at)) box->selectAll();
+  ruleTold(rule);
+}
+
+void frmGrila::followHeader() {
+  editor_.headerTyped(header_->texts());
+  if (!editor_.isNew()) header_->showState("Document nevalidat, antet modificat si nesalvat");
+  guarded(editor_.kind().window, "Antet", [this] { headerTouched(); });
+}
+
+void frmGrila::followChoice(const QString& key) {
+  guarded(editor_.kind().window, key, [this, &key] {
+    editor_.headerChosen(key, header_->texts());
+    showHeaderChanges();
+    fieldChosen(key);
+  });
+}
+
+void frmGrila::showHeaderChanges() {
+  const QHash<QString, QString> changes = editor_.takeHeaderChanges();
+  if (!changes.isEmpty()) header_->showChanges(changes);
+}
+
+void frmGrila::recolourLines() {
+  editor_.refreshMarks();
+  lineModel_->marksChanged();
 }
 
 void frmGrila::refreshLists() {
-  header_->refreshPartners();
+  header_->refreshLists();
   refreshDrafts();
 }
 
@@ -173,6 +245,12 @@ void frmGrila::save() {
   Salvare();
   showDocument();
   lines_->startNewLine();
+}
+
+void frmGrila::saveHeader() {
+  Salvare();
+  header_->showState("Document nevalidat");
+  refreshDrafts();
 }
 
 void frmGrila::Salvare() { editor_.save(header_->typed()); }
@@ -226,13 +304,14 @@ void frmGrila::print() {
 }
 
 void frmGrila::AfisareAntet() {
-  header_->fill(editor_.header(), editor_.numberLocked());
+  header_->fill(editor_.headerTexts(), editor_.numberLocked());
   header_->showState(editor_.isNew() ? "Document nou, nesalvat" : "Document nevalidat");
 }
 
 void frmGrila::DetaliiFactura() { lineModel_->documentChanged(); }
 
 void frmGrila::GridFooterText() {
+  showHeaderChanges();  // a line that got its article may have brought the rate
   for (const LineColumn& column : editor_.kind().lineColumns)
     if (editor_.isTotal(column.field))
       lines_->setFooter(column.field, formatNumber(editor_.total(column.field), kFooterDecimals));
@@ -242,13 +321,18 @@ QSize frmGrila::sizeHint() const {
   int width = 60;
   for (int i = 0; i < lines_->columns().size(); ++i)
     if (!lines_->isColumnHidden(i)) width += lines_->columnWidth(i);
-  return {std::min(width, kWidest), fontMetrics().height() * 34};
+  return {std::min(width, kWidest), fontMetrics().height() * kTall};
 }
 
 // Lists are read again whenever the window comes to the front: other windows and workstations may have added
 // to them.
 void frmGrila::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
+  if (!ordered_) {
+    ordered_ = true;
+    giveMnemonics(this);
+    orderTabs();
+  }
   auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
   if (!frame || listening_) return;
   listening_ = true;

@@ -10,7 +10,9 @@
 
 class QBoxLayout;
 class QCheckBox;
+class QHBoxLayout;
 class QPushButton;
+class QVBoxLayout;
 
 namespace velmar {
 
@@ -26,8 +28,8 @@ class frmGrila : public QWidget {
   /// A window for the kind, with the list that its name cells drop.
   frmGrila(const QString& prefix, const ArticleList& articles, QWidget* parent);
 
-  /// Re-reads the lists: drafts and partners.
-  void refreshLists();
+  /// Re-reads the lists: drafts and those of the header.
+  virtual void refreshLists();
 
   QSize sizeHint() const override;
 
@@ -35,8 +37,30 @@ class frmGrila : public QWidget {
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
+  DocumentEditor& editor() { return editor_; }
+
+  /// Called when something in the header has changed, after the document has been told.
+  virtual void headerTouched() {}
+  /// Called when the user has chosen something in a field of the header, after the document has followed.
+  virtual void fieldChosen(const QString& /*key*/) {}
+  /// Called when the user has been told of a broken rule.
+  virtual void ruleTold(const RuleError& /*rule*/) {}
+
+  // What the windows of the kinds add to the common one.
+  void addCommand(QPushButton* button);
+  /// `list` takes the focus within the frame.
+  void addBelowDrafts(QWidget* frame, QWidget* list);
+  void addBesideCheck(QWidget* widget);
+
+  /// Runs a command: first takes over what stands in an open cell, then guards the work.
+  void run(const QString& procedure, const std::function<void()>& work);
+  /// Stores the header as it stands and shows it in the list of drafts.
+  void saveHeader();
+  void recolourLines();
+
  private:
   QBoxLayout* commandRow();
+  QBoxLayout* headerRow();
   QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,
                        const QString& picture, void (frmGrila::*action)());
   QWidget* draftsFrame();
@@ -58,15 +82,21 @@ class frmGrila : public QWidget {
   void showDocument();
   void refreshDrafts();
   void showRule(const RuleError& rule);
-  /// Runs a command: first takes over what stands in an open cell, then guards the work.
-  void run(const QString& procedure, const std::function<void()>& work);
+  void followHeader();
+  void followChoice(const QString& key);
+  void showHeaderChanges();
 
   DocumentEditor editor_;
   HeaderForm* header_;
+  QHBoxLayout* commands_;
+  QVBoxLayout* lists_;         ///< drafts and what stands below them
+  QHBoxLayout* besideCheck_;   ///< the row above the lines
+  QList<QWidget*> added_;      ///< by the windows of the kinds, in tab order
   TDBGrid* drafts_ = nullptr;  ///< TDBGrid2
   QCheckBox* bySupplierCode_ = nullptr;
   LineModel* lineModel_ = nullptr;
   LineGrid* lines_ = nullptr;  ///< TDBGrid1
+  bool ordered_ = false;       ///< tab order and mnemonics are given
   bool listening_ = false;     ///< already follows the activation of its frame
 };
 

@@ -14,7 +14,10 @@
 #include "config/windows/frmSocietati.h"
 #include "config/windows/frmUtilizatori.h"
 #include "config/windows/frmValute.h"
+#include "documents/windows/frmGRILABonConsum.h"
 #include "documents/windows/frmGRILABonIntr.h"
+#include "documents/windows/frmGrilaFC2.h"
+#include "documents/windows/frmGrilaFF.h"
 #include "shell/Maintenance.h"
 #include "shell/windows/frmAbout.h"
 #include "shell/windows/frmRestaurare.h"
@@ -69,7 +72,7 @@ std::vector<MenuEntry> entries() {
       {"mnuMiscastoc", "&Miscari de stoc", Opens::One, "frmMiscariStoc", nullptr},
 
       {"mnuCumparari", "&Cumparari", Opens::Menu, {}},
-      {"mnuCumpFactura", "&Factura", Opens::One, "frmGrilaFF", nullptr},
+      {"mnuCumpFactura", "&Factura", Opens::One, "frmGrilaFF", make<frmGrilaFF>},
       {"mnuCumpFacturaImport", "&Factura Import", Opens::One, "frmGrilaFFI", nullptr},
       {"mnuCumpNIR", "&N.I.R.", Opens::One, "frmGrilaNIR", nullptr},
       {"", "", Opens::Separator, {}},
@@ -78,11 +81,11 @@ std::vector<MenuEntry> entries() {
 
       {"mnuVanzari", "&Vanzari", Opens::Menu, {}},
       {"mnuCasa", "&Casa", Opens::New, "frmGrilaCS", nullptr},
-      {"mnuVanzFactura", "&Factura", Opens::Modal, "frmGrilaFC2", nullptr},
+      {"mnuVanzFactura", "&Factura", Opens::Modal, "frmGrilaFC2", make<frmGrilaFC2>},
       {"", "", Opens::Separator, {}},
       {"mnuVanzariProforma", "&Proforma", Opens::One, "frmGrilaPRO", nullptr},
       {"mnuStorno", "Factura &Storno", Opens::One, "frmGRILAStornare", nullptr},
-      {"mnuBonConsum", "&Bon de consum", Opens::One, "frmGRILABonConsum", nullptr},
+      {"mnuBonConsum", "&Bon de consum", Opens::One, "frmGRILABonConsum", make<frmGRILABonConsum>},
       {"", "", Opens::Separator, {}},
       {"mnuVanzariAE", "&Aviz de Expeditie", Opens::One, "frmGrilaAE", nullptr},
       {"mnuVanzariComanda", "&Comanda", Opens::One, "frmGrilaCOMC", nullptr},

@@ -1,5 +1,6 @@
 #include "shell/windows/StartUp.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QEventLoop>
 #include <QTimer>
@@ -10,19 +11,29 @@
 #include "shell/StructureUpgrade.h"
 #include "shell/windows/frmLogin.h"
 #include "shell/windows/frmMain.h"
+#include "shell/windows/frmParola.h"
 #include "shell/windows/frmSelMagazie.h"
 #include "shell/windows/frmSplash.h"
+#include "store/Server.h"
 #include "util/Errors.h"
 #include "util/Settings.h"
+#include "util/windows/WorkProgress.h"
 
 namespace velmar {
 
 namespace {
 constexpr int kSplashMs = 2000;
 const QString kStartModule = QStringLiteral("StartUp");
+
+clsCompareBD::Progress showUpgrade() {
+  auto shown = std::make_shared<WorkProgress>(QStringLiteral("Actualizare baza de date"),
+                                              QApplication::activeWindow());
+  return [shown](int done, int of) { shown->show(done, of); };
+}
 }  // namespace
 
 StartUp::StartUp(const QString& applicationFolder, QObject* parent) : QObject(parent) {
+  setAskPassword(askServerPassword);
   session().gDenSocietateNoua = QStringLiteral("00");
   guarded(kStartModule, "prepareApplicationFolder",
           [&applicationFolder] { prepareApplicationFolder(applicationFolder); });
@@ -37,7 +48,7 @@ void StartUp::run() {
   showSplash();
   session().gCaleBD = settings::databasesPath();
   {
-    frmLogin login(VerificaVersiune);
+    frmLogin login([](bool force) { VerificaVersiune(force, showUpgrade); });
     login.exec();
     if (!login.LoginSucceeded()) {
       end();

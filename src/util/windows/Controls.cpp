@@ -25,8 +25,7 @@ void bringTabOf(QWidget* box) {
 // Watches one box being left.
 class EntryCheck : public QObject {
  public:
-  EntryCheck(QLineEdit* box, Objection objection, int icon, const QString& title,
-             std::function<void()> refused)
+  EntryCheck(QWidget* box, Objection objection, int icon, const QString& title, std::function<void()> refused)
       : QObject(box),
         box_(box),
         objection_(std::move(objection)),
@@ -69,12 +68,12 @@ class EntryCheck : public QObject {
       Mesaj(text, icon_, title_);
       if (refused_) refused_();
       box_->setFocus();
-      box_->selectAll();
+      if (auto* line = qobject_cast<QLineEdit*>(box_)) line->selectAll();
     }
     waiting_ = false;
   }
 
-  QLineEdit* box_;
+  QWidget* box_;
   Objection objection_;
   int icon_;
   QString title_;
@@ -137,15 +136,14 @@ void NumberBox::focusOutEvent(QFocusEvent* event) {
   showText();
 }
 
-void checkWhenLeft(QLineEdit* box, Objection objection, int icon, const QString& title,
+void checkWhenLeft(QWidget* box, Objection objection, int icon, const QString& title,
                    std::function<void()> refused) {
   new EntryCheck(box, std::move(objection), icon, title, std::move(refused));
 }
 
 bool entriesStand(QWidget* form) {
-  for (const QLineEdit* box : form->findChildren<QLineEdit*>())
-    for (QObject* child : box->children())
-      if (auto* check = dynamic_cast<EntryCheck*>(child); check && !check->passes()) return false;
+  for (QObject* child : form->findChildren<QObject*>())
+    if (auto* check = dynamic_cast<EntryCheck*>(child); check && !check->passes()) return false;
   return true;
 }
 

@@ -62,7 +62,7 @@ using Objection = std::function<QString()>;
 
 /// Shows the objection, if there is one, when the user leaves the box, and brings the focus back to it;
 /// `refused` runs between the two.
-void checkWhenLeft(QLineEdit* box, Objection objection, int icon = 0, const QString& title = {},
+void checkWhenLeft(QWidget* box, Objection objection, int icon = 0, const QString& title = {},
                    std::function<void()> refused = {});
 
 /// Whether a command of the form may run: false while a box of it stands refused by its check. A box that has

@@ -1,0 +1,17 @@
+// The choice of what customer invoices are made of, before their window opens.
+#pragma once
+
+#include <QDialog>
+
+namespace velmar {
+
+class frmGrilaFC2 : public QDialog {
+  Q_OBJECT
+ public:
+  explicit frmGrilaFC2(QWidget* parent = nullptr);
+
+ private:
+  void choose(int source, bool fromOrders);
+};
+
+}  // namespace velmar

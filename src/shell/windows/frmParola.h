@@ -1,0 +1,26 @@
+// The question for the password of a database server. What is typed is kept in memory alone.
+#pragma once
+
+#include <optional>
+#include <QDialog>
+
+class QLineEdit;
+
+namespace velmar {
+
+struct Server;
+
+class frmParola : public QDialog {
+  Q_OBJECT
+ public:
+  explicit frmParola(const Server& server, QWidget* parent = nullptr);
+  QString password() const;
+
+ private:
+  QLineEdit* txtParola_;
+};
+
+/// Tells that the last one was refused, if so, and asks. Nothing when the user gives up.
+std::optional<QString> askServerPassword(const Server& server, bool refused);
+
+}  // namespace velmar
