@@ -19,6 +19,12 @@ Lot lotOf(const Row& row) {
           isStorno ? cost : row.decimal("PRETFT"), cost};
 }
 
+bool hasLinks(const Issue& issue) {
+  return !OpenRs("SELECT ID_E FROM G_I_E WHERE ID_E = ? AND (TIP_E = ? OR TIP_E IS NULL) LIMIT 1",
+                 {issue.number, issue.kind})
+              .isEmpty();
+}
+
 }  // namespace
 
 OpenLots::OpenLots(const QStringList& articles) {
@@ -86,8 +92,10 @@ void pAddDOCI(const Issue& issue, const std::vector<LotTake>& takes) {
     keys.push_back({issue.number, take.article, take.document, issue.kind});
     links.push_back({issue.number, issue.kind, take.document, take.article, take.taken});
   }
-  database().executeEach(
-      "DELETE FROM G_I_E WHERE ID_E = ? AND CODART = ? AND ID_I = ? AND (TIP_E = ? OR TIP_E IS NULL)", keys);
+  if (hasLinks(issue))
+    database().executeEach(
+        "DELETE FROM G_I_E WHERE ID_E = ? AND CODART = ? AND ID_I = ? AND (TIP_E = ? OR TIP_E IS NULL)",
+        keys);
   database().insertRows("G_I_E", {"ID_E", "TIP_E", "ID_I", "CODART", "CANT"}, links);
 }
 
