@@ -20,11 +20,11 @@ Quantities addedUp(const std::vector<Row>& rows) {
 
 // The direction is looked up line by line: for many articles a join would be made by reading all documents.
 Quantities warehouseStock(const QStringList& articles, qint64 warehouse) {
-  return addedUp(rowsOfKeys(
-      "SELECT L.ARTID AS CODART, SUM(CASE (SELECT D.TIPIE FROM G_DOCUME D WHERE D.ID = L.DOCID) "
-      "WHEN 'I' THEN L.CANT WHEN 'S' THEN L.CANT WHEN 'E' THEN -L.CANT ELSE 0 END) AS CANT "
-      "FROM G_LDOCUM L WHERE L.ARTID IN (%1) AND L.CODMAG = ? GROUP BY L.ARTID",
-      articles, {warehouse}));
+  return addedUp(
+      rowsOfKeys("SELECT L.ARTID AS CODART, SUM(CASE (SELECT D.TIPIE FROM G_DOCUME D WHERE D.ID = L.DOCID) "
+                 "WHEN 'I' THEN L.CANT WHEN 'S' THEN L.CANT WHEN 'E' THEN -L.CANT ELSE 0 END) AS CANT "
+                 "FROM G_LDOCUM L WHERE L.ARTID IN (%1) AND L.CODMAG = ? GROUP BY L.ARTID",
+                 articles, {warehouse}));
 }
 
 Quantities openOrders(const QStringList& articles) {
