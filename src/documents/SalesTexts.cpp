@@ -1,4 +1,6 @@
 // Customer invoice, cash sale, delivery note, proforma, customer order and storno.
+#include <QHash>
+
 #include "documents/KindTexts.h"
 #include "documents/KindWording.h"
 
@@ -34,6 +36,14 @@ HeaderField costCentre() {
           "Selectati centru de cost din lista"};
 }
 
+// Sales have more columns than others: narrower ones leave the value in sight on the smallest screen.
+void fitOnScreen(QList<LineColumn>& columns) {
+  static const QHash<QString, int> kWidths{{"CODART", 12},     {"DENUMIRE", 24},  {"CANT", 9},
+                                           {"PRETFT", 10},     {"VALOAREFT", 11}, {"ValoareFTCuDiscount", 10},
+                                           {"VALOARETVA", 10}, {"VALOARETTI", 11}};
+  for (LineColumn& column : columns) column.width = kWidths.value(column.field, column.width);
+}
+
 // Quantity to value with VAT, with the prices and discounts of a sale. `currencyPrice` may be empty.
 QList<LineColumn> saleColumns(const DocumentKind& kind, LineEntry entry, const QString& currencyPrice) {
   QList<LineColumn> columns = leadingColumns(kind);
@@ -46,6 +56,7 @@ QList<LineColumn> saleColumns(const DocumentKind& kind, LineEntry entry, const Q
                   value("VALOAREFT", "Valoare"),
                   {"VALOARETVA", "Valoare TVA", entry, kSessionDecimals, 2, 14},
                   value("VALOARETTI", "Valoare Totala")});
+  fitOnScreen(columns);
   return columns;
 }
 

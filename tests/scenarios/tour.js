@@ -65,13 +65,48 @@ equal(after.map((article, i) => article.STOC - before[i].STOC), [40, 12], "the s
 equal(sql("SELECT CONT, DEBIT, CREDIT FROM kt_linii WHERE DOC = '41' ORDER BY NRLINIE"),
       [{CONT: "345", DEBIT: 635, CREDIT: 0}, {CONT: "711", DEBIT: 0, CREDIT: 635}], "the note");
 
+// A sale: what the invoice is made from, its header, lines by code with the customer's and the articles' discounts.
+menu("mnuVanzFactura");
+shot("08-alegere-document-sursa");
+win("frmGrilaFC2").click("cmdAE");
+const invoice = win("frmGrilaFC");
+equal(Number(invoice.text("txtFields(0)")) > 1001, true, "the number goes on with the range");
+invoice.pick("DataCombo1", invoice.items("DataCombo1")[1]);
+invoice.pick("DataCombo2", "Comercial");
+invoice.pick("cboModPlata", "OP");
+invoice.type("txtFields(3)", "Livrare la magazin");
+invoice.click("cmdSalvare");
+const sold = invoice.grid("TDBGrid1");
+for (const [code, quantity] of [["MB002", "2"], ["CR001", "12"], ["TX004", "1"]]) sold.addLine(code, quantity);
+shot("09-factura-client");
+const stock = "SELECT CODART, STOC FROM G_ARTMAG WHERE CODART IN ('CR001', 'MB002', 'TX004') ORDER BY CODART";
+const there = sql(stock);
+const number = invoice.text("txtFields(0)");
+answer("Da");
+invoice.click("cmdValidare");
+shot("10-factura-validata");
+win("frmMsgBox").click("cmdBtn(0)");
+expectMessage("Sunteti sigur ca doriti sa validati factura " + number + " ?");
+expectMessage("Factura a fost salvata cu succes in Articole si Documente !");
+equal(sql(stock).map((article, i) => there[i].STOC - article.STOC), [12, 2, 1], "what went out");
+equal(call("disagreementText"), "", "stock, lots, links and notes agree after half a year");
+invoice.close();
+
+// Goods bought, and goods used up: drafts beside what was validated.
+for (const [entry, name, picture] of [["mnuCumpFactura", "frmGrilaFF", "11-factura-furnizor"],
+                                      ["mnuBonConsum", "frmGRILABonConsum", "12-bon-de-consum"]]) {
+  menu(entry);
+  win(name).shot(picture);
+  win(name).close();
+}
+
 // Who works in the company, and the list of companies.
 menu("mnuConexiuni");
 win("frmConexiuni").click("cmConexiuni");
-shot("08-conexiuni");
+shot("13-conexiuni");
 win("frmConexiuni").close();
 menu("mnuCreare");
-shot("09-societati");
+shot("14-societati");
 
 // Setting the company up: its parameters, users, warehouses, accounts, journals, rates.
 function visit(entry, name, picture, steps) {
@@ -81,38 +116,38 @@ function visit(entry, name, picture, steps) {
   shot(picture);
   window.close();
 }
-visit("mnuFilemnuSocConf", "frmParamSoc", "10-parametri", window => window.tab("Conturi"));
-visit("mnuUtilizatori", "frmUtilizatori", "11-utilizatori");
-visit("mnuMagazii", "frmMagazii", "12-magazii");
-visit("mnumnuTabelemnuTabPC", "frmPC", "13-plan-de-conturi", window => window.click("cmdActualizare"));
-visit("mnuJurnale", "frmJurnale", "14-jurnale");
-visit("mnumnuTabelemnuTabTVA", "frmCoteTVA", "15-cote-tva");
-visit("mnumnuTabelemnuPrelValuta", "frmValute", "16-valute", window => {
+visit("mnuFilemnuSocConf", "frmParamSoc", "15-parametri", window => window.tab("Conturi"));
+visit("mnuUtilizatori", "frmUtilizatori", "16-utilizatori");
+visit("mnuMagazii", "frmMagazii", "17-magazii");
+visit("mnumnuTabelemnuTabPC", "frmPC", "18-plan-de-conturi", window => window.click("cmdActualizare"));
+visit("mnuJurnale", "frmJurnale", "19-jurnale");
+visit("mnumnuTabelemnuTabTVA", "frmCoteTVA", "20-cote-tva");
+visit("mnumnuTabelemnuPrelValuta", "frmValute", "21-valute", window => {
   window.grid("grdValute").select(window.grid("grdValute").column("COD").indexOf("EUR"));
   check(window.grid("grdCursValuta").rows() > 0, "rates of the euro");
 });
 
 // The catalogue: families, articles with search and card, partners with filter and card, discounts, prices.
-visit("mnuTabeleFamArt", "frmFamArticole", "17-familii");
-visit("mnuTabeleArticole", "frmArticole", "18-articole", window => {
+visit("mnuTabeleFamArt", "frmFamArticole", "22-familii");
+visit("mnuTabeleArticole", "frmArticole", "23-articole", window => {
   window.type("txtCautare", "lum");
   window.press("txtCautare", "Enter");
   check(window.grid("grdDataGrid").rows() > 1, "articles that begin with lum");
 });
-visit("mnuTabeleArticole", "frmArticole", "19-articol", window => {
+visit("mnuTabeleArticole", "frmArticole", "24-articol", window => {
   window.grid("grdDataGrid").select(3);
   window.tab("Articol Detalii");
 });
-visit("mnuTabeleClienti", "frmTerti", "20-clienti", window => {
+visit("mnuTabeleClienti", "frmTerti", "25-clienti", window => {
   window.pick("cboCamp", "ORAS FACTURARE");
   window.pick("cboComparatie", "contine");
   window.type("txtValoare", "ur");
   window.click("cmdCauta");
   check(window.grid("grdDataGrid").rows() > 0, "customers in a town with ur");
 });
-visit("mnuTabeleFurnizori", "frmTerti", "21-furnizor", window => window.tab("Fisa Tert"));
-visit("mnuDiscounturiArt", "frmArticoleDiscount", "22-discounturi", window => {
+visit("mnuTabeleFurnizori", "frmTerti", "26-furnizor", window => window.tab("Fisa Tert"));
+visit("mnuDiscounturiArt", "frmArticoleDiscount", "27-discounturi", window => {
   window.tree("treeArticole").select("Mobilier din lemn (1)");
   equal(window.grid("lvwDiscounts").rows(), 3, "three bands of a family");
 });
-visit("mnuActualizarePret", "FrmActPretVanz", "23-preturi");
+visit("mnuActualizarePret", "FrmActPretVanz", "28-preturi");
