@@ -63,12 +63,7 @@ class ConsumptionVoucherRules : public KindRules {
                               value, zero, zero, written});
       plan.stock.push_back({line.text("CODART"), line.decimal("CANT"), {}, {}, StockRule::Issue});
     }
-    ledger.add({{"TOTALTVA", zero},
-                {"TOTALFT", total},
-                {"TOTALCOST", total},
-                {"CODDEV", "LEI"},
-                {"CURS", zero},
-                {"TOTALDEV", zero}});
+    addTotalsInLei(ledger, total, zero, total);
     plan.ledger.push_back(std::move(ledger));
     plan.posting.notes = {kNote};
     if (method == QStringLiteral("MP")) plan.posting.notes.front().totals = "G_LBONCON";

@@ -17,4 +17,13 @@ LedgerDocument ledgerOf(const Document& document) {
   return ledger;
 }
 
+void addTotalsInLei(LedgerDocument& ledger, const Decimal& value, const Decimal& vat, const Decimal& cost) {
+  ledger.add({{"TOTALTVA", vat},
+              {"TOTALFT", value},
+              {"TOTALCOST", cost},
+              {"CODDEV", "LEI"},
+              {"CURS", Decimal(0)},
+              {"TOTALDEV", Decimal(0)}});
+}
+
 }  // namespace velmar

@@ -26,6 +26,9 @@ struct Document {
 /// partner, date and remark. The rules add the rest.
 LedgerDocument ledgerOf(const Document& document);
 
+/// Adds the totals of a document in lei: value without VAT, VAT, cost.
+void addTotalsInLei(LedgerDocument& ledger, const Decimal& value, const Decimal& vat, const Decimal& cost);
+
 /// What a return to a supplier takes off the receipt that it names.
 struct ReceiptReturn {
   QString receipt;  ///< key of the ledger

@@ -42,12 +42,7 @@ class InputVoucherRules : public KindRules {
                               quantity, Value::raw(line.value("PRETVA"))});
       plan.stock.push_back({article, quantity, cost, salePrice, StockRule::ReceiptByMargin});
     }
-    ledger.add({{"TOTALTVA", zero},
-                {"TOTALFT", total},
-                {"TOTALCOST", total},
-                {"CODDEV", "LEI"},
-                {"CURS", zero},
-                {"TOTALDEV", zero}});
+    addTotalsInLei(ledger, total, zero, total);
     plan.ledger.push_back(std::move(ledger));
     plan.posting.notes = {{"G_LBONINT",
                            "JURBONINTR",

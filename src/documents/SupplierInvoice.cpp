@@ -119,13 +119,8 @@ class SupplierInvoiceRules : public KindRules {
       plan.stock.push_back({article, quantity, price, line.decimal("PRETVA"), StockRule::ReceiptByPrice});
       if (quantity.isNegative()) plan.returns.push_back({document.header.text("OBS"), article, quantity});
     }
-    ledger.add({{"TOTALTVA", vat},
-                {"TOTALFT", value},
-                {"TOTALCOST", value},
-                {"CODDEV", "LEI"},
-                {"CURS", zero},
-                {"TOTALDEV", zero},
-                {"DATASCAD", document.header.date("DATASCAD")}});
+    addTotalsInLei(ledger, value, vat, value);
+    ledger.add({{"DATASCAD", document.header.date("DATASCAD")}});
     plan.ledger.push_back(std::move(ledger));
     if (document.header.flag("NoteContabile")) post(document, percent, ContTVA(rateCode), plan.posting);
     return plan;
