@@ -67,14 +67,14 @@ struct Issue {
   QString number;  ///< without the prefix
 };
 
-/// Writes the lots' remainders, the links of the issue to them and the articles' costs.
+/// Writes the lots' remainders, the links of the outgoing document to them and the articles' costs.
 void writeConsumption(const Issue& issue, const std::vector<Consumption>& consumptions);
 
-/// Keeps in G_I_E what the issue took, one row for each lot document and article, in place of what stood
+/// Keeps in G_I_E what it took, one row for each lot document and article, in place of what stood
 /// there for them.
 void pAddDOCI(const Issue& issue, const std::vector<LotTake>& takes);
 
-/// Forgets what the issue took of the article.
+/// Forgets what it took of the article.
 void pStergDOCI(const Issue& issue, const QString& article);
 
 /// Takes a return to the supplier (a negative quantity) off the line of the receipt that it names by its

@@ -116,7 +116,7 @@ std::vector<Table> ledgerTables() {
       ledgerLines(),
       Table("G_I_E")
           .text("ID_E", 21)
-          .text("TIP_E", 2)  // kind of the issue: a voucher and an invoice may share a number
+          .text("TIP_E", 2)  // its kind: a voucher and an invoice may share a number
           .text("ID_I", kKeyWidth)
           .text("CODART", 20)
           .reals("CANT")
