@@ -9,10 +9,10 @@
 //   data(DATAFAC, "yyyy"), numar(CURS, 4)    a date or number as text, apart from the cell's own format
 #pragma once
 
+#include <optional>
 #include <QJSEngine>
 #include <QStringList>
 #include <QVariant>
-#include <optional>
 #include <vector>
 
 #include "util/Errors.h"

@@ -1,12 +1,12 @@
 #include "reports/Layout.h"
 
+#include <array>
+#include <cmath>
 #include <QFile>
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
-#include <array>
-#include <cmath>
 #include <utility>
 
 namespace velmar::layout {
@@ -21,14 +21,12 @@ const Choices<VerticalAlign> kVerticalAligns = {
     {VerticalAlign::Top, "top"}, {VerticalAlign::Middle, "middle"}, {VerticalAlign::Bottom, "bottom"}};
 const Choices<Format> kFormats = {{Format::Text, "text"}, {Format::Number, "number"}, {Format::Date, "date"}};
 const Choices<BarCodeType> kBarCodes = {{BarCodeType::Code128, "code128"}, {BarCodeType::Ean13, "ean13"}};
-const Choices<Pages> kPages = {{Pages::All, "all"},
-                               {Pages::First, "first"},
-                               {Pages::Following, "following"},
-                               {Pages::Last, "last"}};
-const Choices<RowRole> kRoles = {{RowRole::Header, "header"},           {RowRole::Brought, "brought"},
-                                 {RowRole::GroupHeader, "groupHeader"}, {RowRole::Line, "line"},
-                                 {RowRole::GroupFooter, "groupFooter"}, {RowRole::Carried, "carried"},
-                                 {RowRole::Total, "total"}};
+const Choices<Pages> kPages = {
+    {Pages::All, "all"}, {Pages::First, "first"}, {Pages::Following, "following"}, {Pages::Last, "last"}};
+const Choices<RowRole> kRoles = {
+    {RowRole::Header, "header"}, {RowRole::Brought, "brought"},         {RowRole::GroupHeader, "groupHeader"},
+    {RowRole::Line, "line"},     {RowRole::GroupFooter, "groupFooter"}, {RowRole::Carried, "carried"},
+    {RowRole::Total, "total"}};
 
 constexpr int kMostGroups = 8;
 constexpr int kLongestText = 20000;
@@ -305,16 +303,30 @@ class Reader {
 
   /// Gives the object what the current element stands for.
   bool makeContent(Object& object) const {
-    const auto element = std::find_if(kObjectElements.begin(), kObjectElements.end(),
-                                      [this](const char* name) { return xml_.name() == QLatin1String(name); });
+    const auto element =
+        std::find_if(kObjectElements.begin(), kObjectElements.end(),
+                     [this](const char* name) { return xml_.name() == QLatin1String(name); });
     switch (element - kObjectElements.begin()) {
-      case 0: object.content = Text(); return true;
-      case 1: object.content = Line(); return true;
-      case 2: object.content = Box(); return true;
-      case 3: object.content = Picture(); return true;
-      case 4: object.content = BarCode(); return true;
-      case 5: object.content = Table(); return true;
-      default: return false;
+      case 0:
+        object.content = Text();
+        return true;
+      case 1:
+        object.content = Line();
+        return true;
+      case 2:
+        object.content = Box();
+        return true;
+      case 3:
+        object.content = Picture();
+        return true;
+      case 4:
+        object.content = BarCode();
+        return true;
+      case 5:
+        object.content = Table();
+        return true;
+      default:
+        return false;
     }
   }
 
@@ -370,9 +382,7 @@ class Reader {
   [[noreturn]] void fail(const QString& text) const {
     throw LayoutError(text, static_cast<int>(xml_.lineNumber()), static_cast<int>(xml_.columnNumber()));
   }
-  [[noreturn]] void failXml() const {
-    fail(QStringLiteral("XML gresit (%1)").arg(xml_.errorString()));
-  }
+  [[noreturn]] void failXml() const { fail(QStringLiteral("XML gresit (%1)").arg(xml_.errorString())); }
 
   QXmlStreamReader xml_;
 };
@@ -399,7 +409,8 @@ class Writer {
     AttributeTexts texts;
     describeFrame(texts, object, frame);
     for (const auto& [name, text] : texts.texts)
-      if (!text.isEmpty() && !(name == u"pages" && object.pages == Pages::All)) xml_.writeAttribute(name, text);
+      if (!text.isEmpty() && !(name == u"pages" && object.pages == Pages::All))
+        xml_.writeAttribute(name, text);
     std::visit([this](const auto& content) { writeAttributes(content); }, object.content);
     if (const auto* table = std::get_if<Table>(&object.content)) writeTable(*table);
     xml_.writeEndElement();
@@ -435,7 +446,8 @@ class Writer {
     describe(texts, part);
     describe(defaults, fresh);
     for (size_t i = 0; i < texts.texts.size(); ++i)
-      if (texts.texts[i] != defaults.texts[i]) xml_.writeAttribute(texts.texts[i].first, texts.texts[i].second);
+      if (texts.texts[i] != defaults.texts[i])
+        xml_.writeAttribute(texts.texts[i].first, texts.texts[i].second);
   }
 
   QByteArray data_;

@@ -62,7 +62,7 @@ struct TextStyle {
   VerticalAlign vertical = VerticalAlign::Top;
   bool wraps = false;  ///< onto further lines; in a table the row grows
   Format format = Format::Text;
-  int decimals = 2;      ///< 0 to 9
+  int decimals = 2;        ///< 0 to 9
   bool hidesZero = false;  ///< a number that is 0 prints empty
   QString pattern = QStringLiteral("dd.MM.yyyy");
 };
@@ -128,7 +128,7 @@ enum class RowRole {
 
 struct TableRow {
   RowRole role = RowRole::Line;
-  int group = 0;  ///< of a group's row: the place of its group in Table::groups
+  int group = 0;      ///< of a group's row: the place of its group in Table::groups
   QString condition;  ///< formula; the row is left out where it gives false, 0 or nothing
   double height = 5;  ///< at least; a row grows with its wrapped texts
   std::vector<Cell> cells;

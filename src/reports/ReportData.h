@@ -1,9 +1,9 @@
 // What a report prints from: named variables for a page, named fields for a line.
 #pragma once
 
+#include <memory>
 #include <QStringList>
 #include <QVariant>
-#include <memory>
 #include <vector>
 
 #include "store/ListRows.h"
