@@ -28,6 +28,8 @@ class ConsumptionVoucherRules : public KindRules {
   }
 
   void recalculate(Row& line, const QString& changed, const TypedHeader& /*header*/) const override {
+    if (changed == QStringLiteral("VALOARETVA"))
+      line.set("VALOARETTI", line.decimal("VALOAREFT") + line.decimal("VALOARETVA"));
     if (changed != QStringLiteral("CANT") && changed != QStringLiteral("PRETFT")) return;
     line.set("CANTRAMAS", line.decimal("CANT"));
     if (changed == QStringLiteral("CANT") && TIPCOST() == kFifo) {

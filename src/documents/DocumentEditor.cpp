@@ -347,9 +347,9 @@ DocumentEditor::Verdict DocumentEditor::check(size_t line, const QString& field,
     return {
         true,
         QStringLiteral("Va rugam introduceti o valoare numerica pozitiva pentru %1 !").arg(entry->caption)};
-  const QString refused =
-      line < lines_.size() ? rules_->refusal(lines_[line], entry->field, *number, typed_) : QString();
-  return {!refused.isEmpty(), refused};
+  const CellObjection objection =
+      line < lines_.size() ? rules_->objection(lines_[line], entry->field, *number, typed_) : CellObjection{};
+  return {!objection.text.isEmpty(), objection.text, objection.setsBack};
 }
 
 bool DocumentEditor::isOpen(size_t line, const QString& field) const {

@@ -52,6 +52,7 @@ class DocumentEditor {
   struct Verdict {
     bool refused = false;
     QString text;
+    bool setsBack = false;  ///< the cell shows again what it held
   };
   Verdict check(size_t line, const QString& field, const QString& typed, bool bySupplierCode) const;
 

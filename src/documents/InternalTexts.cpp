@@ -26,7 +26,7 @@ void describeConsumptionVoucher(DocumentKind& kind) {
                                         {"CANTRAMAS", "Cantitate ramasa", LineEntry::Locked, 3, kAsTyped, 12},
                                         price("PRETFT", "Pret unitar", LineEntry::PositiveNumber),
                                         value("VALOAREFT", "Valoare"),
-                                        value("VALOARETVA", "Valoare TVA"),
+                                        {"VALOARETVA", "Valoare TVA", LineEntry::Number, kSessionDecimals, 2, 14},
                                         value("VALOARETTI", "Valoare Totala")};
   kind.texts.title = "Bon de consum";
   kind.texts.draftsCaption = "Lista bonuri de consum";

@@ -5,8 +5,8 @@
 
 namespace velmar {
 
-QString KindRules::refusal(const Row& /*line*/, const QString& /*field*/, const Decimal& /*number*/,
-                           const TypedHeader& /*header*/) const {
+CellObjection KindRules::objection(const Row& /*line*/, const QString& /*field*/, const Decimal& /*number*/,
+                               const TypedHeader& /*header*/) const {
   return {};
 }
 

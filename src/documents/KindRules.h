@@ -16,6 +16,12 @@ enum class LineMark {
   First    ///< bought for the first time
 };
 
+/// What stands against a typed number; an empty text: nothing.
+struct CellObjection {
+  QString text;
+  bool setsBack = false;  ///< the cell shows again what it held; else the number stays to be mended
+};
+
 class KindRules {
  public:
   virtual ~KindRules() = default;
@@ -27,9 +33,9 @@ class KindRules {
   /// Recomputes the line after `changed` was typed.
   virtual void recalculate(Row& line, const QString& changed, const TypedHeader& header) const = 0;
 
-  /// Why the number cannot stand in the cell of the line, as a message; "" when it can.
-  virtual QString refusal(const Row& line, const QString& field, const Decimal& number,
-                          const TypedHeader& header) const;
+  /// Why the number cannot stand in the cell of the line.
+  virtual CellObjection objection(const Row& line, const QString& field, const Decimal& number,
+                              const TypedHeader& header) const;
 
   /// Puts into other fields what follows from a choice in the field `changed`.
   virtual void follow(const QString& changed, TypedHeader& header) const;

@@ -55,12 +55,13 @@ class SupplierInvoiceRules : public KindRules {
     }
   }
 
-  QString refusal(const Row& line, const QString& field, const Decimal& number,
-                  const TypedHeader& header) const override {
+  CellObjection objection(const Row& line, const QString& field, const Decimal& number,
+                      const TypedHeader& header) const override {
     if (field != QStringLiteral("CANT") || !number.isNegative()) return {};
     const QString article = line.text("CODART");
-    if (warehouseStock({article}, session().gMagazie).of(article) < number.abs()) return kStockTooSmall;
-    return header.text("OBS").isEmpty() ? kNameTheInvoice : QString();
+    if (warehouseStock({article}, session().gMagazie).of(article) < number.abs()) return {kStockTooSmall};
+    // The number is right, but another field comes first.
+    return header.text("OBS").isEmpty() ? CellObjection{kNameTheInvoice, true} : CellObjection{};
   }
 
   // Only a price above the last one counts, and only what has one.
