@@ -40,8 +40,8 @@ class ConsumptionVoucherRules : public KindRules {
     }
   }
 
-  QString stockRefusal(const Document& document) const override {
-    return shortageText(document, Stocked::All, QStringLiteral("Articolul: %1 are disponibil numai %2"));
+  void requireStock(const Document& document) const override {
+    requireAvailable(document, Stocked::All, QStringLiteral("Articolul: %1 are disponibil numai %2"));
   }
 
   QStringList totalColumns() const override { return {"VALOAREFT", "VALOARETVA", "VALOARETTI"}; }

@@ -92,9 +92,9 @@ class CustomerInvoiceRules : public KindRules {
     return value.isNegative() || (priced - Round(value, 0)).abs() > 1;
   }
 
-  QString stockRefusal(const Document& document) const override {
-    return shortageText(document, Stocked::OnlyHeld,
-                        QStringLiteral("Articolul: %1 are disponibil in stoc numai %2"));
+  void requireStock(const Document& document) const override {
+    requireAvailable(document, Stocked::OnlyHeld,
+                     QStringLiteral("Articolul: %1 are disponibil in stoc numai %2"));
   }
 
   QStringList totalColumns() const override { return {"VALOAREFT", "VALOARETVA", "VALOARETTI", "COST"}; }

@@ -1,5 +1,7 @@
 #include "documents/DocumentEditor.h"
 
+#include <algorithm>
+
 #include "catalogue/Articles.h"
 #include "config/Checks.h"
 #include "config/Lists.h"
@@ -107,6 +109,13 @@ bool cashPartnerExists() {
 
 bool partnerExists(const QString& code) {
   return !OpenRs("SELECT COD FROM kt_ter WHERE COD = ?", {static_cast<qint64>(code.toLongLong())}).isEmpty();
+}
+
+bool isOffered(const QString& code, const std::vector<ListEntry>& list) {
+  bool isNumber = false;
+  const QString number = QString::number(code.toLongLong(&isNumber));
+  return isNumber && std::any_of(list.begin(), list.end(),
+                                 [&number](const ListEntry& entry) { return entry.code == number; });
 }
 
 }  // namespace
@@ -251,6 +260,9 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
                             .arg(text.left(20)),
                         check.field, kCritical);
       break;
+    case HeaderCheck::RateNotChosen:
+      broken = !isOffered(text, vatRates(kind_.partnersAreSuppliers));
+      break;
     case HeaderCheck::NotNumeric:
       broken = !typedNumber(text);
       break;
@@ -377,7 +389,7 @@ size_t DocumentEditor::setArticle(size_t line, const QString& code, const QStrin
   Row row = isNewLine ? companyTable(kind_.lineTable).emptyRow() : lines_[line];
   row.set(kind_.numberColumn, number());
   row.set("CODART", article->text("CODART"));
-  row.set("DENUMIRE", listText.isEmpty() ? article->text("DENART") : listText.left(kNameWidth));
+  row.set("DENUMIRE", (listText.isEmpty() ? article->text("DENART") : listText).left(kNameWidth));
   rules_->completeLine(row, *article, typed_);
   if (isNewLine) {
     drafts().insertLine(row);
@@ -487,8 +499,7 @@ bool DocumentEditor::checkLines() const {
   auto document = draftFor(typed_, number());
   if (!document) return true;             // validation tells
   document->header = headerFrom(typed_);  // as validation stores it, saved or not
-  const QString refused = rules_->stockRefusal(*document);
-  if (!refused.isEmpty()) throw RuleError(refused, "CODART");
+  rules_->requireStock(*document);
   requirePostable(*document);
   return true;
 }

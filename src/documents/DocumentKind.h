@@ -18,7 +18,8 @@ enum class Numbering {
 /// A check of the header, made at saving in the kind's order. All refuse with a text of their own.
 enum class HeaderCheck {
   NumberEmpty,
-  PartnerEmpty,  ///< or a code that no partner has
+  PartnerEmpty,   ///< or a code that no partner has
+  RateNotChosen,  ///< or a code that is not among the rates offered
   JournalEmpty,
   FieldEmpty,
   NotNumeric,          ///< an empty text is no number

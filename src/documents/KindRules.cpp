@@ -6,7 +6,7 @@
 namespace velmar {
 
 CellObjection KindRules::objection(const Row& /*line*/, const QString& /*field*/, const Decimal& /*number*/,
-                               const TypedHeader& /*header*/) const {
+                                   const TypedHeader& /*header*/) const {
   return {};
 }
 
@@ -19,7 +19,7 @@ std::vector<LineMark> KindRules::marks(const std::vector<Row>& /*lines*/,
 
 bool KindRules::isStale(const Row& /*line*/) const { return false; }
 
-QString KindRules::stockRefusal(const Document& /*document*/) const { return {}; }
+void KindRules::requireStock(const Document& /*document*/) const {}
 
 const KindRules* kindRules(const QString& prefix) {
   static const std::map<QString, std::unique_ptr<KindRules>> all = [] {

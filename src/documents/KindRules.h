@@ -35,7 +35,7 @@ class KindRules {
 
   /// Why the number cannot stand in the cell of the line.
   virtual CellObjection objection(const Row& line, const QString& field, const Decimal& number,
-                              const TypedHeader& header) const;
+                                  const TypedHeader& header) const;
 
   /// Puts into other fields what follows from a choice in the field `changed`.
   virtual void follow(const QString& changed, TypedHeader& header) const;
@@ -46,9 +46,9 @@ class KindRules {
   /// Whether the line's amounts no longer fit what they were made of, and are to be worked out anew.
   virtual bool isStale(const Row& line) const;
 
-  /// Why the lines cannot move the stock that the ledger shows now, as a message; "" when they can. Asked
-  /// before validation and once more under its lock.
-  virtual QString stockRefusal(const Document& document) const;
+  /// Throws RuleError naming the field at fault when the lines cannot move the stock that the ledger shows
+  /// now. Asked before validation and once more under its lock.
+  virtual void requireStock(const Document& document) const;
 
   /// Columns whose sums stand in the footers.
   virtual QStringList totalColumns() const = 0;

@@ -41,8 +41,7 @@ Document checkedDraft(const TypedHeader& typed, const QString& number) {
   if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated));
   const QString broken = brokenLineRule(kind, document->lines);
   if (!broken.isEmpty()) throw RuleError(broken);
-  const QString refused = kindRules(kind.prefix)->stockRefusal(*document);
-  if (!refused.isEmpty()) throw RuleError(refused);
+  kindRules(kind.prefix)->requireStock(*document);
   return *document;
 }
 
