@@ -181,7 +181,9 @@ QHash<QString, QString> DocumentEditor::textsOf(const Row& header) const {
   QHash<QString, QString> texts;
   bool isForeign = false;
   for (const HeaderField& field : kind_.headerFields) {
-    if (!field.column.isEmpty())
+    // A date box always shows a date: where none is stored, the one that a new document starts with.
+    const bool isDate = field.type == HeaderFieldType::Date || field.type == HeaderFieldType::DueDate;
+    if (!field.column.isEmpty() && !(isDate && header.isNull(field.column)))
       texts.insert(field.key(), shownText(field.type, header, field.column));
     else
       texts.insert(field.key(), field.keeps ? typed_.texts().value(field.key()) : newText(field));

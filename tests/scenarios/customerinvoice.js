@@ -301,6 +301,15 @@ lines.enter(-1, "CODART", "M1");
 key("Esc");
 equal([lines.cell(4, "PRETFT"), w.text("txtCurs")], ["5,00", "4,9755"], "the price as it is, and its rate");
 
+// A draft without a due date does not take over the one of the draft before it.
+w.set("DTPicker1", year + "-12-31");
+w.click("cmdSalvare");
+sql("INSERT INTO G_FACCLI (NUMFAC, CODCLI, DATAFAC, VALIDAT, Magazie) VALUES ('9', 3, ?, 0, 1)", year + "-03-03");
+setToday(year + "-04-10");
+w.press("txtFields(0)", "F5");
+w.grid("TDBGrid2").select(w.grid("TDBGrid2").column("NUMFAC").indexOf("9"));
+equal([w.value("dtpDataFactura"), w.value("DTPicker1")], [year + "-03-03", year + "-05-10"], "dates of the draft");
+
 // What comes back without naming its invoice leaves the accounts as well: 2 at the article's cost of 20.
 w.set("chkCalculValuta", false);
 newInvoice("2", "MIXT TREI SA", ["M1", "-2"]);
