@@ -1,6 +1,6 @@
-// The fiscal registers that the program knows, by the letter of the company parameter `CasaMarcat`: "D" Datecs,
-// "P" Help Micro, "A" ACTIVA, "O" OPTIMA. Each is driven by a command file and an outside program; their
-// folders are those of settings::driveFolder() and `gCaleAplicatie`.
+// The fiscal registers that the program knows, by the letter of the company parameter `CasaMarcat`: "D"
+// Datecs, "P" Help Micro, "A" ACTIVA, "O" OPTIMA. Each is driven by a command file and an outside program;
+// their folders are those of settings::driveFolder() and `gCaleAplicatie`.
 #pragma once
 
 #include "fiscal/Receipt.h"

@@ -8,8 +8,8 @@ class OutsideProgram;
 class RegisterWait {
  public:
   virtual ~RegisterWait() = default;
-  /// Runs an event loop until the program has ended; gives false when the user gave up before.
-  virtual bool wait(OutsideProgram& program) = 0;
+  /// Returns when the program has ended, or the user has given up. The event loop runs meanwhile.
+  virtual void wait(OutsideProgram& program) = 0;
 };
 
 /// Makes `wait` the one that is asked and gives the one before it; null means none, and then a register that

@@ -17,7 +17,7 @@ class frmAsteptare : public QDialog {
 /// Shows frmAsteptare over the window that is active, when a register takes longer than a moment.
 class WindowRegisterWait : public RegisterWait {
  public:
-  bool wait(OutsideProgram& program) override;
+  void wait(OutsideProgram& program) override;
 };
 
 }  // namespace velmar
