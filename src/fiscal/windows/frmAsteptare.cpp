@@ -34,7 +34,7 @@ QLabel* stopwatch(QObject* owner) {
   since.start();
   const auto tell = [label, since] {
     label->setText(
-        QStringLiteral("Timp de asteptare: %1 secunde").arg((kMoment + since.elapsed()) / std::milli::den));
+        QStringLiteral("Timp de asteptare: %1 s").arg((kMoment + since.elapsed()) / std::milli::den));
   };
   auto* second = new QTimer(owner);
   QObject::connect(second, &QTimer::timeout, label, tell);
