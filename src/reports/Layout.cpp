@@ -1,0 +1,487 @@
+#include "reports/Layout.h"
+
+#include <array>
+#include <cmath>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSaveFile>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+#include <utility>
+
+namespace velmar::layout {
+
+namespace {
+
+template <typename Enum>
+using Choices = std::vector<std::pair<Enum, const char*>>;
+
+const Choices<Align> kAligns = {{Align::Left, "left"}, {Align::Centre, "centre"}, {Align::Right, "right"}};
+const Choices<VerticalAlign> kVerticalAligns = {
+    {VerticalAlign::Top, "top"}, {VerticalAlign::Middle, "middle"}, {VerticalAlign::Bottom, "bottom"}};
+const Choices<Format> kFormats = {{Format::Text, "text"}, {Format::Number, "number"}, {Format::Date, "date"}};
+const Choices<BarCodeType> kBarCodes = {{BarCodeType::Code128, "code128"}, {BarCodeType::Ean13, "ean13"}};
+const Choices<Pages> kPages = {
+    {Pages::All, "all"}, {Pages::First, "first"}, {Pages::Following, "following"}, {Pages::Last, "last"}};
+const Choices<RowRole> kRoles = {
+    {RowRole::Header, "header"}, {RowRole::Brought, "brought"},         {RowRole::GroupHeader, "groupHeader"},
+    {RowRole::Line, "line"},     {RowRole::GroupFooter, "groupFooter"}, {RowRole::Carried, "carried"},
+    {RowRole::Total, "total"}};
+
+constexpr int kMostGroups = 8;
+constexpr int kLongestText = 20000;
+
+/// A range in which a number must lie.
+struct Range {
+  double least;
+  double most;
+};
+
+constexpr Range kLength = {0, kLargestSheet};
+constexpr Range kPlace = {-kLargestSheet, kLargestSheet};
+constexpr Range kPen = {0, 20};
+
+/// Takes the attributes of an element into the members that describe() names.
+class AttributeReader {
+ public:
+  explicit AttributeReader(const QXmlStreamReader& xml) : xml_(xml), attributes_(xml.attributes()) {}
+
+  void field(const char* name, QString& value) {
+    if (const auto text = take(name)) {
+      if (text->size() > kLongestText) fail(QStringLiteral("\"%1\" este prea lung").arg(QLatin1String(name)));
+      value = *text;
+    }
+  }
+
+  void field(const char* name, double& value, Range range) {
+    const auto text = take(name);
+    if (!text) return;
+    bool isNumber = false;
+    value = text->toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(value) || value < range.least || value > range.most)
+      fail(QStringLiteral("\"%1\" trebuie sa fie un numar intre %2 si %3")
+               .arg(QLatin1String(name))
+               .arg(range.least)
+               .arg(range.most));
+  }
+
+  void field(const char* name, int& value, Range range) {
+    double number = value;
+    field(name, number, range);
+    if (number != std::floor(number))
+      fail(QStringLiteral("\"%1\" trebuie sa fie un numar intreg").arg(QLatin1String(name)));
+    value = static_cast<int>(number);
+  }
+
+  void field(const char* name, bool& value) {
+    const auto text = take(name);
+    if (!text) return;
+    if (*text != u"yes" && *text != u"no")
+      fail(QStringLiteral("\"%1\" trebuie sa fie \"yes\" sau \"no\"").arg(QLatin1String(name)));
+    value = *text == u"yes";
+  }
+
+  template <typename Enum>
+  void field(const char* name, Enum& value, const Choices<Enum>& choices) {
+    const auto text = take(name);
+    if (!text) return;
+    for (const auto& [choice, word] : choices)
+      if (*text == QLatin1String(word)) {
+        value = choice;
+        return;
+      }
+    fail(QStringLiteral("\"%1\" nu poate fi \"%2\"").arg(QLatin1String(name), *text));
+  }
+
+  void colour(const char* name, QString& value) {
+    static const QRegularExpression kColour(QStringLiteral("^(#[0-9A-Fa-f]{6})?$"));
+    field(name, value);
+    if (!kColour.match(value).hasMatch())
+      fail(QStringLiteral("\"%1\" trebuie sa fie o culoare #RRGGBB").arg(QLatin1String(name)));
+  }
+
+  /// Refuses what describe() did not name: a misspelt attribute must not be lost in silence.
+  void finish() const {
+    for (const QXmlStreamAttribute& attribute : attributes_)
+      if (!taken_.contains(attribute.qualifiedName().toString()))
+        fail(QStringLiteral("atribut necunoscut: \"%1\"").arg(attribute.qualifiedName()));
+  }
+
+ private:
+  std::optional<QString> take(const char* name) {
+    const QString key = QLatin1String(name);
+    taken_.append(key);
+    if (!attributes_.hasAttribute(key)) return std::nullopt;
+    return attributes_.value(key).toString();
+  }
+
+  [[noreturn]] void fail(const QString& text) const {
+    throw LayoutError(text, static_cast<int>(xml_.lineNumber()), static_cast<int>(xml_.columnNumber()));
+  }
+
+  const QXmlStreamReader& xml_;
+  QXmlStreamAttributes attributes_;
+  QStringList taken_;
+};
+
+/// Collects the members that describe() names as texts.
+class AttributeTexts {
+ public:
+  void field(const char* name, const QString& value) { texts.emplace_back(QLatin1String(name), value); }
+  void field(const char* name, double value, Range) { field(name, QString::number(value, 'g', 10)); }
+  void field(const char* name, int value, Range) { field(name, QString::number(value)); }
+  void field(const char* name, bool value) {
+    field(name, value ? QStringLiteral("yes") : QStringLiteral("no"));
+  }
+  template <typename Enum>
+  void field(const char* name, Enum value, const Choices<Enum>& choices) {
+    for (const auto& [choice, word] : choices)
+      if (choice == value) field(name, QString(QLatin1String(word)));
+  }
+  void colour(const char* name, const QString& value) { field(name, value); }
+
+  std::vector<std::pair<QString, QString>> texts;
+};
+
+// What an element says, once for reading and for writing.
+
+template <typename Archive>
+void describe(Archive& archive, Page& page) {
+  archive.field("width", page.width, {10, kLargestSheet});
+  archive.field("height", page.height, {10, kLargestSheet});
+  archive.field("left", page.left, kLength);
+  archive.field("top", page.top, kLength);
+  archive.field("right", page.right, kLength);
+  archive.field("bottom", page.bottom, kLength);
+}
+
+template <typename Archive>
+void describe(Archive& archive, TextStyle& style) {
+  archive.field("font", style.font.family);
+  archive.field("points", style.font.points, {1, 500});
+  archive.field("bold", style.font.bold);
+  archive.field("italic", style.font.italic);
+  archive.field("underlined", style.font.underlined);
+  archive.colour("colour", style.colour);
+  archive.field("align", style.align, kAligns);
+  archive.field("vertical", style.vertical, kVerticalAligns);
+  archive.field("wraps", style.wraps);
+  archive.field("format", style.format, kFormats);
+  archive.field("decimals", style.decimals, {0, 9});
+  archive.field("hidesZero", style.hidesZero);
+  archive.field("pattern", style.pattern);
+}
+
+template <typename Archive>
+void describe(Archive& archive, Text& text) {
+  archive.field("formula", text.formula);
+  describe(archive, text.style);
+}
+
+template <typename Archive>
+void describe(Archive& archive, Line& line) {
+  archive.field("pen", line.pen, kPen);
+  archive.colour("colour", line.colour);
+  archive.field("rising", line.rising);
+}
+
+template <typename Archive>
+void describe(Archive& archive, Box& box) {
+  archive.field("pen", box.pen, kPen);
+  archive.colour("colour", box.colour);
+  archive.colour("fill", box.fill);
+  archive.field("radius", box.radius, kLength);
+}
+
+template <typename Archive>
+void describe(Archive& archive, Picture& picture) {
+  archive.field("file", picture.file);
+  archive.field("keepsRatio", picture.keepsRatio);
+}
+
+template <typename Archive>
+void describe(Archive& archive, BarCode& code) {
+  archive.field("type", code.type, kBarCodes);
+  archive.field("formula", code.formula);
+  archive.field("showsText", code.showsText);
+}
+
+template <typename Archive>
+void describe(Archive& archive, Cell& cell) {
+  archive.field("width", cell.width, {0.1, kLargestSheet});
+  archive.field("formula", cell.formula);
+  describe(archive, cell.style);
+  archive.field("lineLeft", cell.borders.left);
+  archive.field("lineTop", cell.borders.top);
+  archive.field("lineRight", cell.borders.right);
+  archive.field("lineBottom", cell.borders.bottom);
+  archive.colour("fill", cell.fill);
+}
+
+template <typename Archive>
+void describe(Archive& archive, TableRow& row) {
+  archive.field("role", row.role, kRoles);
+  archive.field("group", row.group, {0, kMostGroups - 1});
+  archive.field("condition", row.condition);
+  archive.field("height", row.height, {0.1, kLargestSheet});
+}
+
+template <typename Archive>
+void describe(Archive& archive, Sum& sum) {
+  archive.field("name", sum.name);
+  archive.field("formula", sum.formula);
+  archive.field("group", sum.group, {-1, kMostGroups - 1});
+}
+
+template <typename Archive>
+void describe(Archive& archive, Table& table) {
+  archive.field("pen", table.pen, kPen);
+  archive.colour("colour", table.colour);
+  archive.field("fillsDown", table.fillsDown);
+}
+
+/// What all objects have, whatever they show.
+template <typename Archive>
+void describeFrame(Archive& archive, Object& object, std::array<double, 4>& frame) {
+  archive.field("name", object.name);
+  archive.field("x", frame[0], kPlace);
+  archive.field("y", frame[1], kPlace);
+  archive.field("width", frame[2], kLength);
+  archive.field("height", frame[3], kLength);
+  archive.field("condition", object.condition);
+  archive.field("pages", object.pages, kPages);
+}
+
+/// The element of an object, by the place of its kind in Object::content.
+constexpr std::array kObjectElements = {"text", "line", "box", "picture", "barcode", "table"};
+
+class Reader {
+ public:
+  explicit Reader(const QByteArray& data) : xml_(data) {}
+
+  Layout read() {
+    Layout layout;
+    if (!xml_.readNextStartElement()) failXml();
+    if (xml_.name() != u"report") fail(QStringLiteral("fisierul nu este un raport"));
+    AttributeReader attributes(xml_);
+    attributes.field("title", layout.title);
+    attributes.finish();
+    while (xml_.readNextStartElement()) readPart(layout);
+    while (!xml_.atEnd()) xml_.readNext();
+    if (xml_.hasError()) failXml();
+    return layout;
+  }
+
+ private:
+  void readPart(Layout& layout) {
+    if (xml_.name() == u"page") {
+      layout.page = readLeaf<Page>();
+      return;
+    }
+    if (layout.objects.size() >= kMostObjects) fail(QStringLiteral("raportul are prea multe obiecte"));
+    layout.objects.push_back(readObject());
+    const bool isTable = std::holds_alternative<Table>(layout.objects.back().content);
+    if (isTable && layout.table() != &std::get<Table>(layout.objects.back().content))
+      fail(QStringLiteral("raportul are mai multe tabele"));
+  }
+
+  Object readObject() {
+    Object object;
+    if (!makeContent(object)) fail(QStringLiteral("element necunoscut: \"%1\"").arg(xml_.name()));
+    AttributeReader attributes(xml_);
+    std::array<double, 4> frame = {0, 0, 20, 5};
+    describeFrame(attributes, object, frame);
+    object.frame = QRectF(frame[0], frame[1], frame[2], frame[3]);
+    std::visit([&](auto& content) { describe(attributes, content); }, object.content);
+    attributes.finish();
+    if (auto* table = std::get_if<Table>(&object.content))
+      readTable(*table);
+    else
+      expectEnd();
+    return object;
+  }
+
+  /// Gives the object what the current element stands for.
+  bool makeContent(Object& object) const {
+    const auto element =
+        std::find_if(kObjectElements.begin(), kObjectElements.end(),
+                     [this](const char* name) { return xml_.name() == QLatin1String(name); });
+    switch (element - kObjectElements.begin()) {
+      case 0:
+        object.content = Text();
+        return true;
+      case 1:
+        object.content = Line();
+        return true;
+      case 2:
+        object.content = Box();
+        return true;
+      case 3:
+        object.content = Picture();
+        return true;
+      case 4:
+        object.content = BarCode();
+        return true;
+      case 5:
+        object.content = Table();
+        return true;
+      default:
+        return false;
+    }
+  }
+
+  void readTable(Table& table) {
+    size_t cells = 0;
+    while (xml_.readNextStartElement()) {
+      if (xml_.name() == u"group") {
+        AttributeReader attributes(xml_);
+        attributes.field("formula", table.groups.emplace_back());
+        attributes.finish();
+        if (table.groups.size() > kMostGroups) fail(QStringLiteral("tabelul are prea multe grupe"));
+        expectEnd();
+      } else if (xml_.name() == u"sum") {
+        table.sums.push_back(readLeaf<Sum>());
+      } else if (xml_.name() == u"row") {
+        table.rows.push_back(readRow());
+        cells += table.rows.back().cells.size() + 1;
+      } else {
+        fail(QStringLiteral("element necunoscut: \"%1\"").arg(xml_.name()));
+      }
+      if (cells + table.sums.size() > kMostObjects) fail(QStringLiteral("tabelul are prea multe celule"));
+    }
+  }
+
+  TableRow readRow() {
+    TableRow row;
+    AttributeReader attributes(xml_);
+    describe(attributes, row);
+    attributes.finish();
+    while (xml_.readNextStartElement()) {
+      if (xml_.name() != u"cell") fail(QStringLiteral("element necunoscut: \"%1\"").arg(xml_.name()));
+      row.cells.push_back(readLeaf<Cell>());
+      if (row.cells.size() > kMostObjects) fail(QStringLiteral("randul are prea multe celule"));
+    }
+    return row;
+  }
+
+  /// An element without others inside.
+  template <typename Part>
+  Part readLeaf() {
+    Part part;
+    AttributeReader attributes(xml_);
+    describe(attributes, part);
+    attributes.finish();
+    expectEnd();
+    return part;
+  }
+
+  void expectEnd() {
+    if (xml_.readNextStartElement()) fail(QStringLiteral("element neasteptat: \"%1\"").arg(xml_.name()));
+  }
+
+  [[noreturn]] void fail(const QString& text) const {
+    throw LayoutError(text, static_cast<int>(xml_.lineNumber()), static_cast<int>(xml_.columnNumber()));
+  }
+  [[noreturn]] void failXml() const { fail(QStringLiteral("XML gresit (%1)").arg(xml_.errorString())); }
+
+  QXmlStreamReader xml_;
+};
+
+class Writer {
+ public:
+  QByteArray write(const Layout& layout) {
+    xml_.setAutoFormatting(true);
+    xml_.setAutoFormattingIndent(2);
+    xml_.writeStartDocument();
+    xml_.writeStartElement(QStringLiteral("report"));
+    if (!layout.title.isEmpty()) xml_.writeAttribute(QStringLiteral("title"), layout.title);
+    writeLeaf("page", layout.page);
+    for (const Object& object : layout.objects) writeObject(object);
+    xml_.writeEndDocument();
+    return data_;
+  }
+
+ private:
+  void writeObject(Object object) {
+    xml_.writeStartElement(QLatin1String(kObjectElements[object.content.index()]));
+    const QRectF& at = object.frame;
+    std::array<double, 4> frame = {at.x(), at.y(), at.width(), at.height()};
+    AttributeTexts texts;
+    describeFrame(texts, object, frame);
+    for (const auto& [name, text] : texts.texts)
+      if (!text.isEmpty() && !(name == u"pages" && object.pages == Pages::All))
+        xml_.writeAttribute(name, text);
+    std::visit([this](const auto& content) { writeAttributes(content); }, object.content);
+    if (const auto* table = std::get_if<Table>(&object.content)) writeTable(*table);
+    xml_.writeEndElement();
+  }
+
+  void writeTable(const Table& table) {
+    for (const QString& group : table.groups) {
+      xml_.writeStartElement(QStringLiteral("group"));
+      xml_.writeAttribute(QStringLiteral("formula"), group);
+      xml_.writeEndElement();
+    }
+    for (const Sum& sum : table.sums) writeLeaf("sum", sum);
+    for (const TableRow& row : table.rows) {
+      xml_.writeStartElement(QStringLiteral("row"));
+      writeAttributes(row);
+      for (const Cell& cell : row.cells) writeLeaf("cell", cell);
+      xml_.writeEndElement();
+    }
+  }
+
+  template <typename Part>
+  void writeLeaf(const char* element, const Part& part) {
+    xml_.writeStartElement(QLatin1String(element));
+    writeAttributes(part);
+    xml_.writeEndElement();
+  }
+
+  /// Only what differs from a new part: what a layout says stays readable.
+  template <typename Part>
+  void writeAttributes(Part part) {
+    Part fresh;
+    AttributeTexts texts, defaults;
+    describe(texts, part);
+    describe(defaults, fresh);
+    for (size_t i = 0; i < texts.texts.size(); ++i)
+      if (texts.texts[i] != defaults.texts[i])
+        xml_.writeAttribute(texts.texts[i].first, texts.texts[i].second);
+  }
+
+  QByteArray data_;
+  QXmlStreamWriter xml_{&data_};
+};
+
+}  // namespace
+
+LayoutError::LayoutError(const QString& text, int line, int column)
+    : Error(kConversionFailure, text), line_(line), column_(column) {}
+
+const Table* Layout::table() const {
+  for (const Object& object : objects)
+    if (const auto* table = std::get_if<Table>(&object.content)) return table;
+  return nullptr;
+}
+
+Layout read(const QByteArray& xml) { return Reader(xml).read(); }
+
+QByteArray write(const Layout& layout) { return Writer().write(layout); }
+
+Layout load(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly))
+    throw StoreError(kFileFailure,
+                     QStringLiteral("Fisierul nu poate fi citit: %1 (%2)").arg(path, file.errorString()));
+  return read(file.readAll());
+}
+
+void save(const QString& path, const Layout& layout) {
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) throw notWritten(file);
+  file.write(write(layout));
+  if (!file.commit()) throw notWritten(file);
+}
+
+}  // namespace velmar::layout
