@@ -186,7 +186,9 @@ QHash<QString, QString> DocumentEditor::textsOf(const Row& header) const {
   QHash<QString, QString> texts;
   bool isForeign = false;
   for (const HeaderField& field : kind_.headerFields) {
-    if (!field.column.isEmpty())
+    // A date box always shows a date: where none is stored, the one that a new document starts with.
+    const bool isDate = field.type == HeaderFieldType::Date || field.type == HeaderFieldType::DueDate;
+    if (!field.column.isEmpty() && !(isDate && header.isNull(field.column)))
       texts.insert(field.key(), shownText(field.type, header, field.column));
     else
       texts.insert(field.key(), field.keeps ? typed_.texts().value(field.key()) : newText(field));
@@ -248,7 +250,7 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
   switch (check.check) {
     case HeaderCheck::NumberEmpty:
     case HeaderCheck::FieldEmpty:
-      broken = text.isEmpty();
+      broken = text.isEmpty() || isUnofferedRate(check.field, text);
       break;
     case HeaderCheck::JournalEmpty:
       broken = typed_.texts().value(check.field).isEmpty();  // a blank is the company's own journal
@@ -260,11 +262,8 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
                             .arg(text.left(20)),
                         check.field, kCritical);
       break;
-    case HeaderCheck::RateNotChosen:
-      broken = !isOffered(text, vatRates(kind_.partnersAreSuppliers));
-      break;
     case HeaderCheck::NotNumeric:
-      broken = !typedNumber(text);
+      broken = !typedNumber(text) || isUnofferedRate(check.field, text);
       break;
     case HeaderCheck::PercentNotPositive:
       broken = !text.isEmpty() && !isPositive(text);
@@ -286,6 +285,13 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
       break;
   }
   if (broken) throw RuleError(check.text, check.field, kCritical, check.title);
+}
+
+bool DocumentEditor::isUnofferedRate(const QString& key, const QString& code) const {
+  for (const HeaderField& field : kind_.headerFields)
+    if (field.key() == key && field.type == HeaderFieldType::VatRate)
+      return !isOffered(code, vatRates(kind_.partnersAreSuppliers));
+  return false;
 }
 
 bool DocumentEditor::isTaken(const QString& number) const {
@@ -479,7 +485,7 @@ bool DocumentEditor::isBroken(const Checked<ValidationCheck>& check) const {
     case ValidationCheck::BeforeFiscalYear:
       return date < session().DataIN;
     case ValidationCheck::CurrencyWithoutRate:
-      return typed_.isForeign() && number.isZero();
+      return typed_.isForeign() && number <= 0;
     case ValidationCheck::NoLines:
       return isNew_ || lines_.empty();
     case ValidationCheck::TotalDiffers:

@@ -18,11 +18,10 @@ enum class Numbering {
 /// A check of the header, made at saving in the kind's order. All refuse with a text of their own.
 enum class HeaderCheck {
   NumberEmpty,
-  PartnerEmpty,   ///< or a code that no partner has
-  RateNotChosen,  ///< or a code that is not among the rates offered
+  PartnerEmpty,  ///< or a code that no partner has
   JournalEmpty,
-  FieldEmpty,
-  NotNumeric,          ///< an empty text is no number
+  FieldEmpty,          ///< of a VAT rate also a code that is not offered
+  NotNumeric,          ///< an empty text is no number; of a VAT rate also a code that is not offered
   PercentNotPositive,  ///< an empty text passes: it is stored as 0
   NotPositive,         ///< no number, or below 0
   NumberTaken,
@@ -38,7 +37,7 @@ enum class ValidationCheck {
   OutsidePeriod,   ///< %1 and %2 of its text: the ends of the entry period
   DueBeforeDate,
   BeforeFiscalYear,
-  CurrencyWithoutRate,
+  CurrencyWithoutRate,  ///< or with one that is not above 0
   JournalEmpty,
   NoLines,
   TotalDiffers,       ///< the sum of the line column in `detail` is not what the header tells

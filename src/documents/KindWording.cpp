@@ -27,8 +27,7 @@ Checked<HeaderCheck> supplierEmpty(const DocumentKind& kind) {
 Checked<HeaderCheck> journalEmpty() { return {HeaderCheck::JournalEmpty, kJournal, "JURNAL"}; }
 
 Checked<HeaderCheck> rateNotChosen(const QString& column) {
-  return {HeaderCheck::RateNotChosen, "Va rugam selectati o Cota TVA ! Salvarea nu se poate efectua !",
-          column};
+  return {HeaderCheck::NotNumeric, "Va rugam selectati o Cota TVA ! Salvarea nu se poate efectua !", column};
 }
 
 Checked<HeaderCheck> percentNotPositive(const QString& column, HeaderCheck check) {

@@ -147,12 +147,12 @@ void describeImportColumns(DocumentKind& kind) {
 }  // namespace
 
 void describeSupplierInvoice(DocumentKind& kind) {
-  kind.headerChecks = {numberEmpty(kind, "facturii"),
-                       supplierEmpty(kind),
-                       {HeaderCheck::RateNotChosen,
-                        "Va rugam completati codul TVA ! Salvarea nu se poate efectua !", "BATVA1"},
-                       journalEmpty(),
-                       numberTaken(kind, "Factura")};
+  kind.headerChecks = {
+      numberEmpty(kind, "facturii"),
+      supplierEmpty(kind),
+      {HeaderCheck::FieldEmpty, "Va rugam completati codul TVA ! Salvarea nu se poate efectua !", "BATVA1"},
+      journalEmpty(),
+      numberTaken(kind, "Factura")};
   kind.validationChecks = {nothingSelected(kind, kSelectInvoice), noLines("Factura"), dueBeforeDate(),
                            beforeFiscalYear(kind), journalNotChosen()};
   kind.printChecks = invoicePrintChecks(kind);
