@@ -1,6 +1,7 @@
 #include "reports/VatJournals.h"
 
 #include "config/Session.h"
+#include "reports/Variables.h"
 #include "store/Database.h"
 #include "util/Errors.h"
 #include "util/NumberText.h"
@@ -28,20 +29,6 @@ const QString kInsertSales = QStringLiteral(
 
 Values boundsOf(const VatPeriod& period) { return {period.from.addDays(1), period.to}; }
 
-Recordset withDates(const Recordset& rows, const QString& column) {
-  const auto columns = std::make_shared<const Columns>(rows.columns());
-  const int place = columns->indexOf(column);
-  Recordset dated(columns);
-  for (const Row& row : rows) {
-    std::vector<QVariant> cells;
-    cells.reserve(static_cast<size_t>(rows.columns().size()));
-    for (int i = 0; i < rows.columns().size(); ++i)
-      cells.push_back(i == place ? QVariant(row.date(column)) : row.at(i));
-    dated.append(std::move(cells));
-  }
-  return dated;
-}
-
 }  // namespace
 
 const VatJournal& purchaseJournal() {
@@ -59,7 +46,9 @@ const VatJournal& salesJournal() {
 }
 
 Recordset documentsOf(const VatJournal& journal, const VatPeriod& period) {
-  return withDates(session().gDataEnv.open(journal.command, boundsOf(period)), "DataFactura");
+  Recordset rows = session().gDataEnv.open(journal.command, boundsOf(period));
+  rows.transform("DataFactura", asDate);
+  return rows;
 }
 
 int computeJournal(const VatJournal& journal, const VatPeriod& period, int firstNumber, const QString& user) {
@@ -87,9 +76,11 @@ ReportData journalReport(const VatJournal& journal, const VatPeriod& period, int
   ReportData data;
   data.fieldNames = rows.columns();
   data.fields = std::make_shared<RecordsetRows>(rows);
-  data.extraVariables = {{"ParamDataDela", LLTip::Date, period.from},
-                         {"ParamDataPanala", LLTip::Date, period.to},
-                         {"NrCrt", LLTip::Number, firstNumber}};
+  Variables variables(data);
+  variables.add("ParamDataDela", period.from);
+  variables.add("ParamDataPanala", period.to);
+  variables.add("NrCrt", firstNumber);
+  variables.addCompany();
   return data;
 }
 

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "documents/Validation.h"
+#include "documents/windows/frmLst.h"
 #include "documents/windows/HeaderForm.h"
 #include "documents/windows/LineGrid.h"
 #include "util/Messages.h"
@@ -304,8 +305,10 @@ void frmGrila::sterge() {
 }
 
 void frmGrila::print() {
-  editor_.checkPrinting(header_->typed());
-  header_->showState("Tiparirea documentelor nu este disponibila inca.");
+  const QHash<QString, QString> typed = header_->typed();
+  editor_.checkPrinting(typed);
+  const bool foreign = typed.value(QStringLiteral("chkDeviza")) == QStringLiteral("-1");
+  listDocument(editor_.kind().prefix, typed.value(editor_.kind().numberColumn).trimmed(), foreign, this);
 }
 
 void frmGrila::AfisareAntet() {
