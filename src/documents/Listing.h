@@ -43,7 +43,7 @@ struct ListedDocument {
   Recordset header;  ///< one row; without a currency it tells "ROL", without a rate 0
   Recordset lines;
   Recordset partner;                         ///< empty when the partner's card is missing
-  Decimal total;                             ///< with VAT, in lei
+  Decimal total;                             ///< with VAT, in the document's currency
   QString currency = QStringLiteral("ROL");  ///< code
 };
 
