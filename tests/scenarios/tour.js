@@ -166,10 +166,11 @@ visit("mnuDiscounturiArt", "frmArticoleDiscount", "27-discounturi", window => {
 });
 visit("mnuActualizarePret", "FrmActPretVanz", "28-preturi");
 
-// The VAT journals of the year, computed and on paper.
+// The VAT journals, computed and on paper.
 for (const [entry, name, file, picture] of [["mnumnuRapmnuRapJVT", "frmRapJVTVA", "Jvtva", "29-jurnal-vanzari"],
                                             ["mnumnuRapmnuJCT", "frmRapJCTVA", "Jctva", "30-jurnal-cumparari"]]) {
   visit(entry, name, picture, window => {
+    window.set("DTPickerdela", (Number(today().substring(0, 4)) - 1) + "-06-01");
     window.click("cmdCalcul");
     check(/^Jurnalul a fost calculat: \d+ documente$/.test(window.text("lblStare")), window.text("lblStare"));
     window.click("cmdVisualizare");
