@@ -5,7 +5,7 @@
 namespace velmar {
 
 void Variables::add(const QString& name, const QVariant& value) {
-  data_.extraVariables.push_back({name, GetLLTip(value.metaType()), value});
+  data_.extraVariables.push_back(described(name, value));
 }
 
 void Variables::addColumns(const Recordset& rows, const QStringList& columns, const QString& prefix) {

@@ -6,8 +6,7 @@ const day = today().split("-").reverse().join(".");
 company({method: "MP", denumire: "ATELIERUL SRL"});
 sql("UPDATE kt_info SET NREGCOM = 'J40/12/2020', CODFISCAL = 'RO777', CAPSOC = 200, STRADA1 = 'Lunga', NR1 = '5', " +
     "ORAS1 = 'Brasov', JUDET1 = 'BV', BANCA = 'BANCA MARE', CONTBANCAR = 'RO49AAAA1B31007593840000'");
-sql("UPDATE kt_par SET SERIEFC = 'ATL', FCSTART = '1', FCEND = '999'");
-call("InitParaSoc");
+sql("UPDATE kt_par SET SERIEFC = 'ATL'");
 sql("INSERT INTO kt_ter (COD, NUME, TIP, CODFISCAL, AD) VALUES (1, 'FURNIZOR UNU SRL', 'F', '111', 'Cluj, Str. Morii 1')");
 sql("INSERT INTO kt_ter (COD, NUME, TIP, CODFISCAL, CT, AD, JUDET, REGCOM, BANCA, CONTBANCAR, NUMEDELEGAT, ACTIDENT) VALUES " +
     "(2, 'CLIENT DOI CU NUME FOARTE LUNG SRL', 'C', '222', 'RO', 'Iasi, Str. Noua 2', 'IS', 'J22/9/2019', 'BANCA MICA', 'RO11CCCC', " +

@@ -5,6 +5,7 @@
 
 #include "reports/windows/clsListLabel.h"
 #include "util/Errors.h"
+#include "util/Messages.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Forms.h"
 
@@ -77,6 +78,8 @@ void printReport(const PreparedReport& report, QWidget* form) {
   prepared(report, form).Print_Preview(clsListLabel::Print);
 }
 
-void designReport(const PreparedReport& report, QWidget* form) { prepared(report, form).Design(); }
+void designReport(const PreparedReport&, QWidget*) {
+  Mesaj(QStringLiteral("Proiectarea nu este disponibila inca."));
+}
 
 }  // namespace velmar
