@@ -198,11 +198,14 @@ ReportJob::Block ReportJob::nextBlock(const Position& at, int page, bool withTex
   return total;
 }
 
-// The table's part of a page; gives where the next page goes on, which is another set when this one ends.
-ReportJob::Position ReportJob::flow(const Position& start, int page, Flow* out) const {
+// The table's part of a page; gives where the next page goes on, which is another set, with sums of its own,
+// when this one ends.
+ReportJob::Position ReportJob::flow(const Position& start, int page, Flow* out,
+                                    std::vector<Decimal>* sumsAtEnd) const {
   const bool withTexts = out != nullptr;
   Position at = start;
-  const auto endOfSet = [this, &at] {
+  const auto endOfSet = [&at, sumsAtEnd] {
+    if (sumsAtEnd) *sumsAtEnd = at.sums;
     Position next;
     next.set = at.set + 1;
     next.sums.resize(at.sums.size());
@@ -243,6 +246,7 @@ ReportJob::Position ReportJob::flow(const Position& start, int page, Flow* out) 
     if (y + block.height > bottom + 1 && isStarted) {
       putLast(carried());
       at.opensSet = false;
+      if (sumsAtEnd) *sumsAtEnd = at.sums;
       return at;
     }
     if (block.isTotal) {
@@ -262,8 +266,9 @@ bool ReportJob::countSheet() const {
     isCounted_ = true;
     return false;
   }
-  const Position next = flow(next_, knownPages(), nullptr);
-  Sheet sheet{next_, next.sums, next.set != next_.set};
+  std::vector<Decimal> sums;
+  const Position next = flow(next_, knownPages(), nullptr, &sums);
+  Sheet sheet{next_, std::move(sums), next.set != next_.set};
   sheets_.push_back(std::move(sheet));
   next_ = next;
   if (next_.set >= evaluation_.setCount()) isCounted_ = true;

@@ -82,7 +82,7 @@ class ReportJob : public PrintJob {
                   bool withTexts) const;
   std::vector<QVariant> groupsAt(const layout::Place& place) const;
   void addToSums(std::vector<Decimal>& sums, int firstOpened, const layout::Place& place) const;
-  Position flow(const Position& start, int page, Flow* out) const;
+  Position flow(const Position& start, int page, Flow* out, std::vector<Decimal>* sumsAtEnd = nullptr) const;
   void putObject(size_t object, const Sheet& sheet, const layout::Place& place, Flow& out) const;
   void putPage(int page, Flow& out) const;
   QImage picture(const QString& path) const;
