@@ -164,7 +164,7 @@ function listed(name, caption, path) {
   window.click("cmdVisualizare");
   window.click("cmdAnulare");
   const found = printed();
-  equal(found.map((file) => file.replace(/.*\//, "")), [path + "-1.pdf"]);
+  equal([found.length, found[0].replace(/.*\//, "").replace(/-\d+/, "")], [1, path + ".pdf"], "the preview alone");
   return flat(found[0]);
 }
 
