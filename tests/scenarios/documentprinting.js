@@ -154,6 +154,38 @@ form.click("cmdVisualizare");
 text = flat(printed()[1]);
 has(text, "Valori in lei", "90,00", "270,00", "51,30", "495,00", "94,05", "589,05");
 form.click("cmdAnulare");
+
+// Over several pages: 400 lines of 2 x 1.25, each with 0.48 of VAT. Every line stands once, the sum is carried over.
+sql("INSERT INTO G_FACCLI (NUMFAC, CODCLI, BATVA1, DATAFAC, Magazie, VALIDAT, JURNAL) SELECT '8', 2, BATVA1, DATAFAC, 1, 0, ' ' FROM G_FACCLI WHERE NUMFAC = '7'");
+const longName = "Covor tesut manual din lana WWWWWWW";
+function printLines(count) {
+  sql("DELETE FROM G_LFACCL WHERE NUMFAC = '8'");
+  for (let i = 1; i <= count; ++i)
+    sql("INSERT INTO G_LFACCL (NUMFAC, NRLINIE, CODART, DENUMIRE, UM, CANT, PRETFT, ValoareFTCuDiscount, VALOAREFT, VALOARETVA, VALOARETTI) VALUES " +
+        "('8', ?, 'M1', ?, 'Buc', 2, 1.25, 1.25, 2.5, 0.48, 2.98)", i, i % 7 ? "Linia-" + i : "Linia-" + i + " " + longName.substring(0, 24));
+  w.click("cmdFacturaNoua");
+  const drafts = w.grid("TDBGrid2");
+  drafts.select(drafts.column("NUMFAC").indexOf("8"));
+  w.click("cmdTiparire");
+  form = win("frmLstFC");
+  form.click("cmdVisualizare");
+  form.click("cmdAnulare");
+  return pdfText(printed()[1]);
+}
+for (const [count, value, tax, total] of [[1, "2,50", "0,48", "2,98"], [40, "100,00", "19,20", "119,20"], [400, "1.000,00", "192,00", "1.192,00"]]) {
+  text = printLines(count);
+  equal(text.match(/Linia-\d+/g), Array.from({length: count}, (_, i) => "Linia-" + (i + 1)), count + " lines, each once and in order");
+  const pages = text.split("\f").filter((page) => page.trim() != "");
+  has(pages[pages.length - 1].replace(/\s+/g, " "), "Total " + value + " " + tax, total, "Pagina " + pages.length + " din " + pages.length);
+  pages.slice(0, -1).forEach((page, i) => {
+    const lines = page.match(/Linia-\d+/g);
+    const soFar = Number(lines[lines.length - 1].substring(6));
+    const sum = (soFar * 2.5).toFixed(2).replace(".", ",").replace(/(\d)(\d{3},)/, "$1.$2");
+    has(page.replace(/\s+/g, " "), "De reportat pe pagina urmatoare " + sum, "Pagina " + (i + 1) + " din " + pages.length);
+    has(pages[i + 1].replace(/\s+/g, " "), "Report de pe pagina precedenta " + sum);
+    not(page, "Total de plata " + total);
+  });
+}
 w.close();
 
 // The others: one form each, the preview alone.
