@@ -16,6 +16,7 @@ bool checkPlans(Store store);
 bool checkSums(Store store);
 bool measureArticles(Store store);
 bool measureLists(Store store);
+bool measureInvoicePrint(Store store);
 bool measureJournals(Store store);
 bool measureStart(Store store);
 

@@ -14,10 +14,15 @@ struct Bench {
 };
 
 const Bench kBenches[] = {
-    {"voucher", velmar::bench::measureVouchers}, {"invoice", velmar::bench::measureInvoices},
-    {"writers", velmar::bench::measureWriters},  {"plans", velmar::bench::checkPlans},
-    {"sums", velmar::bench::checkSums},          {"articles", velmar::bench::measureArticles},
-    {"lists", velmar::bench::measureLists},      {"journals", velmar::bench::measureJournals},
+    {"voucher", velmar::bench::measureVouchers},
+    {"invoice", velmar::bench::measureInvoices},
+    {"writers", velmar::bench::measureWriters},
+    {"plans", velmar::bench::checkPlans},
+    {"sums", velmar::bench::checkSums},
+    {"articles", velmar::bench::measureArticles},
+    {"lists", velmar::bench::measureLists},
+    {"journals", velmar::bench::measureJournals},
+    {"print", velmar::bench::measureInvoicePrint},
     {"start", velmar::bench::measureStart},
 };
 const QString kEngineOption = QStringLiteral("--engine");
