@@ -17,7 +17,8 @@ const Bench kBenches[] = {
     {"voucher", velmar::bench::measureVouchers}, {"invoice", velmar::bench::measureInvoices},
     {"writers", velmar::bench::measureWriters},  {"plans", velmar::bench::checkPlans},
     {"sums", velmar::bench::checkSums},          {"articles", velmar::bench::measureArticles},
-    {"lists", velmar::bench::measureLists},      {"start", velmar::bench::measureStart},
+    {"lists", velmar::bench::measureLists},      {"reports", velmar::bench::measureReports},
+    {"start", velmar::bench::measureStart},
 };
 const QString kEngineOption = QStringLiteral("--engine");
 
