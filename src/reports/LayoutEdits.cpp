@@ -280,12 +280,6 @@ Part insertName(Layout& layout, const clsFieldVarDescription& name, const Part& 
   return {row.object, row.row, std::clamp(place, 0, static_cast<int>(target.cells.size()) - 1)};
 }
 
-Part insertText(Layout& layout, const clsFieldVarDescription& name, const QPointF& at) {
-  const Part part = add(layout, Kind::Text, QRectF(at, QSizeF()));
-  std::get<Text>(objectAt(layout, part).content) = Text{name.name, styleFor(name.type)};
-  return part;
-}
-
 // The row that takes the columns of the data: the Line row of a table that was meant as a whole.
 Part lineRow(Layout& layout, const Part& part) {
   if (part.row >= 0) return {part.object, part.row, -1};
@@ -464,9 +458,15 @@ Part add(Layout& layout, Kind kind, const QRectF& frame) {
   return {static_cast<int>(layout.objects.size()) - 1, -1, -1};
 }
 
+Part addText(Layout& layout, const clsFieldVarDescription& name, const QPointF& at) {
+  const Part part = add(layout, Kind::Text, QRectF(at, QSizeF()));
+  std::get<Text>(objectAt(layout, part).content) = Text{name.name, styleFor(name.type)};
+  return part;
+}
+
 Part addName(Layout& layout, const clsFieldVarDescription& name, const QPointF& at) {
   const Part part = partAt(layout, at, 0, true);
-  if (!isTable(layout, part)) return insertText(layout, name, at);
+  if (!isTable(layout, part)) return addText(layout, name, at);
   if (!part.isCell()) return addNameAt(layout, name, part, false);
   return addNameAt(layout, name, part, at.x() < frameOf(layout, part).center().x());
 }

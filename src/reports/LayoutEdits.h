@@ -57,10 +57,12 @@ Parts reorder(Layout& layout, const Parts& parts, bool toFront);
 /// Adds an object of that kind; an empty frame gives it its usual size there. Throws RuleError where the layout
 /// has no room for it, as for a second table.
 Part add(Layout& layout, Kind kind, const QRectF& frame);
-/// Adds a name of the data: a text with it as its formula at that place of the page; in a row of the table a
-/// cell where `at` says, which makes room in the other rows with as many cells. Gives the new part.
+/// Adds a text object that shows a name of the data.
+Part addText(Layout& layout, const clsFieldVarDescription& name, const QPointF& at);
+/// Adds a name of the data where it was dropped: in the table's row of lines a cell, with one above and below it
+/// in the other rows that have as many; in another row a cell of that alone; elsewhere a text object.
 Part addName(Layout& layout, const clsFieldVarDescription& name, const QPointF& at);
-/// As addName() in front of or behind a cell; in a row, as its last cell.
+/// As addName() in front of or behind a cell; behind the last one of a row, or of a table's row of lines.
 Part addNameAt(Layout& layout, const clsFieldVarDescription& name, const Part& place, bool before);
 
 /// Rows and cells of a table. Each gives the part to choose after it.
