@@ -1,5 +1,8 @@
 #include "catalogue/Articles.h"
 
+#include <algorithm>
+#include <QHash>
+
 #include "store/Records.h"
 
 namespace velmar {
@@ -62,6 +65,20 @@ Row stored(const Row& article, const QStringList& leftOut) {
   return row;
 }
 
+std::vector<Row> numbersOf(const QStringList& codes) {
+  return rowsOfKeys("SELECT CODART, ID FROM G_ARTMAG WHERE CODART IN (%1) ORDER BY CODART", codes);
+}
+
+void giveMissingNumbers(const QStringList& codes) {
+  Transaction transaction(database());
+  qint64 last = OpenRs("SELECT MAX(ID) AS LAST FROM G_ARTMAG").first().integer("LAST");
+  std::vector<Values> rows;
+  for (const Row& row : numbersOf(codes))
+    if (row.isNull("ID")) rows.push_back({++last, row.text("CODART")});
+  database().executeEach("UPDATE G_ARTMAG SET ID = ? WHERE CODART = ?", rows);
+  transaction.commit();
+}
+
 const QStringList kComputed = {"STOC", "CANTE", "COSTDEV"};
 
 }  // namespace
@@ -77,6 +94,25 @@ std::optional<Row> articleByCode(const QString& code) { return articleWhere(QStr
 
 std::optional<Row> articleBySupplierCode(const QString& code) {
   return articleWhere(QStringLiteral("CODPRODFUR"), code);
+}
+
+std::vector<qint64> articleNumbers(const QStringList& codes) {
+  std::vector<Row> stored = numbersOf(codes);
+  const auto hasNone = [](const Row& row) { return row.isNull("ID"); };
+  if (std::any_of(stored.begin(), stored.end(), hasNone)) {
+    giveMissingNumbers(codes);
+    stored = numbersOf(codes);
+  }
+  QHash<QString, qint64> known;
+  for (const Row& row : stored) known.insert(row.text("CODART").toUpper(), row.integer("ID"));
+  std::vector<qint64> numbers;
+  for (const QString& code : codes) {
+    const auto found = known.constFind(code.toUpper());
+    if (found == known.cend())
+      throw StoreError(0, QStringLiteral("Articolul cu codul %1 nu exista").arg(code));
+    numbers.push_back(*found);
+  }
+  return numbers;
 }
 
 Row newArticle() {

@@ -26,6 +26,10 @@ struct CompanyParameters {
   int NrZec = 0;  ///< decimals of prices and values
 };
 
+/// Values of Session::gModFactura.
+inline constexpr int kFromNotes = 6;
+inline constexpr int kFromOrders = 7;
+
 struct Session : CompanyParameters {
   QString gCaleAplicatie;  ///< the program's folder, which the user may write
   QString gCaleBD;         ///< the databases folder
@@ -37,7 +41,7 @@ struct Session : CompanyParameters {
   qint64 gMagazie = 0;
   QString gDenMagazie;
   QString gDenSocietateNoua = QStringLiteral("00");  ///< "00": no name is waiting for a new company
-  int gModFactura = 0;
+  int gModFactura = 0;  ///< what a customer invoice is made from: kFromNotes, kFromOrders
   bool ModAudio = false;
   QString gSerieFC = QStringLiteral("00"), gFCStart = QStringLiteral("00"), gFCEnd = QStringLiteral("00");
   QString gSerieAE = QStringLiteral("00"), gAEStart = QStringLiteral("00"), gAEEnd = QStringLiteral("00");

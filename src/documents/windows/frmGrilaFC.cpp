@@ -11,12 +11,6 @@
 
 namespace velmar {
 
-namespace {
-
-constexpr int kFromNotes = 6;  // gModFactura
-
-}  // namespace
-
 frmGrilaFC::frmGrilaFC(QWidget* parent)
     : frmGrila(QStringLiteral("FC"), articleListWithCostOrPrice({}), parent),
       notes_(new TDBGrid("TDBGrid3")),

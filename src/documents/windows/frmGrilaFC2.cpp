@@ -12,13 +12,6 @@
 
 namespace velmar {
 
-namespace {
-
-constexpr int kFromNotes = 6;
-constexpr int kFromOrders = 7;
-
-}  // namespace
-
 frmGrilaFC2::frmGrilaFC2(QWidget* parent) : QDialog(parent) {
   setObjectName("frmGrilaFC2");
   setWindowTitle("Alegere document sursa pentru factura");
