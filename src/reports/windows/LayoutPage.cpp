@@ -75,11 +75,12 @@ void LayoutPage::setFaulty(const Parts& parts) {
 
 void LayoutPage::setZoom(double zoom) {
   const QPointF middle = fromScreen(QRectF(viewport()->rect()).center());
+  const bool isAtTop = verticalScrollBar()->value() == 0;
   zoom_ = zoom;
   layOut();
   const QPointF moved = toScreen(middle) - QRectF(viewport()->rect()).center();
   horizontalScrollBar()->setValue(horizontalScrollBar()->value() + qRound(moved.x()));
-  verticalScrollBar()->setValue(verticalScrollBar()->value() + qRound(moved.y()));
+  verticalScrollBar()->setValue(isAtTop ? 0 : verticalScrollBar()->value() + qRound(moved.y()));
   viewport()->update();
 }
 
@@ -126,6 +127,8 @@ QPointF LayoutPage::freePlace() const {
   return {left, top};
 }
 
+void LayoutPage::scrollToTop() { verticalScrollBar()->setValue(0); }
+
 void LayoutPage::reveal(const Part& part) {
   if (part.isPage()) return;
   const QRectF frame = frameOf(*state_.layout, part);
@@ -154,6 +157,7 @@ void LayoutPage::layOut() {
 void LayoutPage::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
   layOut();
+  emit resized();
 }
 
 void LayoutPage::paintEvent(QPaintEvent*) {

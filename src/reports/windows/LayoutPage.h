@@ -37,6 +37,7 @@ class LayoutPage : public QAbstractScrollArea {
   QPointF fromScreen(const QPointF& pixel) const;
   /// A free place of the part of the sheet that can be seen, for what is added by keyboard.
   QPointF freePlace() const;
+  void scrollToTop();
   /// Scrolls to the part.
   void reveal(const layout::Part& part);
 
@@ -51,6 +52,7 @@ class LayoutPage : public QAbstractScrollArea {
   void cutWanted();
   void pasteWanted();
   void toolUsed();
+  void resized();
   void zoomWanted(int step);
   void pointerMoved(const QPointF& place);
 

@@ -134,9 +134,15 @@ void PropertyGrid::show(const std::vector<Property>& properties) {
 
 void PropertyGrid::showLater() {
   if (!std::exchange(waiting_, false)) return;
+  // The next cell may be open already: it is opened again where it then stands.
+  const bool wasEditing = isEditing();
+  if (!commitPending()) return;
   const QString current = currentProperty();
   properties_->setProperties(later_);
-  if (const int row = properties_->rowOf(current); row >= 0) setCurrentIndex(properties_->index(row, kValue));
+  const int row = properties_->rowOf(current);
+  if (row < 0) return;
+  setCurrentIndex(properties_->index(row, kValue));
+  if (wasEditing) TDBGrid::edit(currentIndex());
 }
 
 void PropertyGrid::editProperty(const QString& name, int column) {

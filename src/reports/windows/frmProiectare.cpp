@@ -53,7 +53,8 @@ constexpr int kPageWidth = 0;  // of the sizes offered, beside percents
 constexpr int kPercents[] = {50, 75, 100, 125, 150, 200, 300};
 constexpr int kSelect = -1;  // of the tools: parts are chosen
 constexpr int kMostSteps = 500;
-constexpr int kLongestFaults = 300;  // shown at once
+constexpr int kMostFaults = 300;  // told at once
+constexpr int kFaultRows = 5;     // seen at once
 
 // One step of the designer on the stack of those that can be taken back.
 class EditCommand : public QUndoCommand {
@@ -153,6 +154,12 @@ frmProiectare::frmProiectare(const ReportData& reportData, QWidget* parent)
   const QSize room = screen()->availableSize();
   resize(room.width() * 19 / 20, room.height() * 9 / 10);
   page_->setFocus();
+}
+
+// What the controls and the stack tell while they go finds no window any more.
+frmProiectare::~frmProiectare() {
+  stack_.disconnect(this);
+  for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
 }
 
 // ---- Controls ----
@@ -303,6 +310,7 @@ QWidget* frmProiectare::arrangingTools() {
   txtGrila_->setRange(kLeastStep, kLargestStep);
   txtGrila_->setSingleStep(kLeastStep);
   txtGrila_->setDecimals(1);
+  txtGrila_->setLocale(QLocale(QLocale::Romanian));
   txtGrila_->setSuffix(" mm");
   txtGrila_->setValue(1);
   cboMarime_ = named(new QComboBox, "cboMarime", "Marimea paginii (Ctrl+plus, Ctrl+minus)");
@@ -349,8 +357,6 @@ QWidget* frmProiectare::middlePane() {
     guarded(objectName(), "tabPagina_Click", [this, tab] { tabChanged(tab); });
   });
   lstGreseli_ = named(new QListWidget, "lstGreseli", "Greselile raportului: Enter duce la loc");
-  lstGreseli_->setMaximumHeight(fontMetrics().height() * 6);
-  lstGreseli_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
   connect(lstGreseli_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
     perform("lstGreseli_DblClick", [this, item] { showFault(lstGreseli_->row(item)); });
   });
@@ -385,6 +391,7 @@ void frmProiectare::connectPage() {
   connect(page_, &LayoutPage::pasteWanted, this, [this] { perform("pagina_KeyDown", [this] { paste(); }); });
   connect(page_, &LayoutPage::toolUsed, this, [this] { setTool(kSelect); });
   connect(page_, &LayoutPage::zoomWanted, this, &frmProiectare::zoomBy);
+  connect(page_, &LayoutPage::resized, this, &frmProiectare::fitPage);
   connect(page_, &LayoutPage::pointerMoved, this, [this](const QPointF& place) {
     lblLoc_->setText(QStringLiteral("%1 x %2 mm").arg(place.x(), 0, 'f', 1).arg(place.y(), 0, 'f', 1));
   });
@@ -407,11 +414,6 @@ void frmProiectare::perform(const QString& procedure, const std::function<void()
   guarded(objectName(), procedure, [this, &work] {
     if (grdProprietati_->commitPending()) work();
   });
-}
-
-void frmProiectare::showEvent(QShowEvent* event) {
-  QDialog::showEvent(event);
-  if (!event->spontaneous()) setZoom();
 }
 
 void frmProiectare::keyPressEvent(QKeyEvent* event) {
@@ -552,6 +554,10 @@ void frmProiectare::setZoom() {
   page_->setZoom(percent == kPageWidth ? page_->fittingZoom() : percent / kWhole);
 }
 
+void frmProiectare::fitPage() {
+  if (cboMarime_->currentData().toInt() == kPageWidth) setZoom();
+}
+
 void frmProiectare::zoomBy(int step) {
   constexpr double kWhole = 100;
   const int now = qRound(page_->zoom() * kWhole);
@@ -601,13 +607,15 @@ void frmProiectare::showFaults() {
     faults_ = faultsOf(*state_.layout, KnownNames(*state_.layout, variables_, fields_));
     for (const Fault& fault : faults_) {
       faulty.push_back(fault.part);
-      if (texts.size() < kLongestFaults) texts.append(textOf(*state_.layout, fault));
+      if (texts.size() < kMostFaults) texts.append(textOf(*state_.layout, fault));
     }
   }
   page_->setFaulty(faulty);
   lstGreseli_->clear();
   lstGreseli_->addItems(texts);
   lstGreseli_->setVisible(!texts.isEmpty());
+  const int rows = std::min(kFaultRows, static_cast<int>(texts.size()));
+  lstGreseli_->setFixedHeight(rows * (fontMetrics().height() + 2) + 2 * lstGreseli_->frameWidth() + 2);
 }
 
 void frmProiectare::showFault(int row) {
@@ -708,7 +716,7 @@ void frmProiectare::begin(const std::shared_ptr<const Layout>& layout, bool isSa
   setState({layout, {}});
   setTool(kSelect);
   lblFisier_->setText(file_.isEmpty() ? QString() : QDir::toNativeSeparators(file_));
-  if (isVisible()) setZoom();
+  page_->scrollToTop();
 }
 
 // ---- Files ----

@@ -34,6 +34,7 @@ class frmProiectare : public QDialog {
   Q_OBJECT
  public:
   frmProiectare(const ReportData& data, QWidget* parent);
+  ~frmProiectare() override;
 
   /// Shows a file in place of what is open, whose changes are lost. Damaged text is shown as text. Throws
   /// StoreError when the file cannot be read.
@@ -43,7 +44,6 @@ class frmProiectare : public QDialog {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  void showEvent(QShowEvent* event) override;
 
  private:
   enum Tab { kPageTab, kPreviewTab, kTextTab };
@@ -75,6 +75,7 @@ class frmProiectare : public QDialog {
   void setTool(int kind);
   void setGrid();
   void setZoom();
+  void fitPage();
   void zoomBy(int step);
   void editChosen();
   void nextPane();
