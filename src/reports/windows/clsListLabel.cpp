@@ -1,8 +1,10 @@
 #include "reports/windows/clsListLabel.h"
 
 #include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 
+#include "reports/windows/frmProiectare.h"
 #include "reports/windows/ReportJob.h"
 #include "store/DatabaseFiles.h"
 #include "util/Errors.h"
@@ -51,6 +53,16 @@ void clsListLabel::addVariable(const QString& name, const QVariant& value) {
 
 void clsListLabel::addField(const QString& name, const QVariant& value) {
   data_.extraFields.push_back(described(name, value));
+}
+
+void clsListLabel::Design() {
+  if (QFileInfo::exists(fileName_)) {
+    const QString chosen = QFileDialog::getOpenFileName(parent_, QStringLiteral("Raport"), fileName_,
+                                                        QStringLiteral("Rapoarte (*.lst)"));
+    if (chosen.isEmpty()) return;
+    setFileName(chosen);
+  }
+  designLayout(parent_, fileName_, data_);
 }
 
 bool clsListLabel::Print_Preview(Mode mode) {
