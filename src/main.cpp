@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QTimer>
 
+#include "fiscal/windows/frmAsteptare.h"
 #include "shell/ApplicationFolder.h"
 #include "shell/windows/Application.h"
 #include "shell/windows/frmMsgBox.h"
@@ -18,10 +19,13 @@ int main(int argc, char** argv) {
 
   velmar::WindowMessages messages;
   velmar::setMessageSink(&messages);
+  velmar::WindowRegisterWait registerWait;
+  velmar::setRegisterWait(&registerWait);
   velmar::StartUp startUp(velmar::defaultApplicationFolder());
   QObject::connect(&startUp, &velmar::StartUp::ended, &application, &QCoreApplication::quit);
   QTimer::singleShot(0, &startUp, &velmar::StartUp::run);
   const int result = QApplication::exec();
+  velmar::setRegisterWait(nullptr);
   velmar::setMessageSink(nullptr);
   return result;
 }

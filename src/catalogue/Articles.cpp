@@ -1,5 +1,8 @@
 #include "catalogue/Articles.h"
 
+#include <algorithm>
+#include <QHash>
+
 #include "store/Records.h"
 
 namespace velmar {
@@ -62,6 +65,26 @@ Row stored(const Row& article, const QStringList& leftOut) {
   return row;
 }
 
+// The stored identities by code in capitals; null where an article has none.
+QHash<QString, Value> storedNumbers(const QStringList& codes) {
+  QHash<QString, Value> numbers;
+  for (const Row& row :
+       rowsOfKeys("SELECT CODART, ID FROM G_ARTMAG WHERE CODART IN (%1) ORDER BY CODART", codes))
+    numbers.insert(row.text("CODART").toUpper(), Value::raw(row.value("ID")));
+  return numbers;
+}
+
+void giveMissingNumbers(const QStringList& codes) {
+  Transaction transaction(database());
+  qint64 last = OpenRs("SELECT MAX(ID) AS LAST FROM G_ARTMAG").first().integer("LAST");
+  std::vector<Values> rows;
+  const auto numbers = storedNumbers(codes);
+  for (auto it = numbers.cbegin(); it != numbers.cend(); ++it)
+    if (it->data().isNull()) rows.push_back({++last, it.key()});
+  database().executeEach("UPDATE G_ARTMAG SET ID = ? WHERE CODART = ?", rows);
+  transaction.commit();
+}
+
 const QStringList kComputed = {"STOC", "CANTE", "COSTDEV"};
 
 }  // namespace
@@ -77,6 +100,23 @@ std::optional<Row> articleByCode(const QString& code) { return articleWhere(QStr
 
 std::optional<Row> articleBySupplierCode(const QString& code) {
   return articleWhere(QStringLiteral("CODPRODFUR"), code);
+}
+
+std::vector<qint64> articleNumbers(const QStringList& codes) {
+  auto stored = storedNumbers(codes);
+  const auto hasNone = [](const Value& number) { return number.data().isNull(); };
+  if (std::any_of(stored.cbegin(), stored.cend(), hasNone)) {
+    giveMissingNumbers(codes);
+    stored = storedNumbers(codes);
+  }
+  std::vector<qint64> numbers;
+  for (const QString& code : codes) {
+    const auto found = stored.constFind(code.toUpper());
+    if (found == stored.cend())
+      throw StoreError(0, QStringLiteral("Articolul cu codul %1 nu exista").arg(code));
+    numbers.push_back(found->data().toLongLong());
+  }
+  return numbers;
 }
 
 Row newArticle() {

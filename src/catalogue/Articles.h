@@ -17,6 +17,10 @@ std::optional<Row> articleByCode(const QString& code);
 /// The article with that product code of the supplier.
 std::optional<Row> articleBySupplierCode(const QString& code);
 
+/// The numeric identity (`ID`) of each article, in the order of the codes. An article that has none yet is
+/// given the next free one. Throws StoreError for an unknown code.
+std::vector<qint64> articleNumbers(const QStringList& codes);
+
 /// What a new article starts from: unit "Buc", VAT 19, goods, held in stock, all else empty.
 Row newArticle();
 

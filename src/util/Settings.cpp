@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QSettings>
+#include <QStandardPaths>
 
 #include "util/Errors.h"
 
@@ -10,6 +11,7 @@ namespace velmar::settings {
 namespace {
 
 const QString kDatabasesPath = QStringLiteral("Software/TARVON/Setari/DatabasesPath");
+const QString kDriveFolder = QStringLiteral("Velmar/Settings/DriveFolder");
 const QString kMainLeft = QStringLiteral("Velmar/Settings/MainLeft");
 const QString kMainTop = QStringLiteral("Velmar/Settings/MainTop");
 const QString kMainWidth = QStringLiteral("Velmar/Settings/MainWidth");
@@ -28,6 +30,15 @@ auto withStore(Work&& work) {
   }
   QSettings store(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("velmar"));
   return work(store);
+}
+
+QString ownDrive() {
+#ifdef Q_OS_WIN
+  return QStringLiteral("C:/");
+#else
+  return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
+      .filePath(QStringLiteral("drive_c"));
+#endif
 }
 
 QString& user() {
@@ -60,6 +71,15 @@ void setDatabasesPath(const QString& path) {
                        QStringLiteral("Setarile din %1 nu pot fi scrise. Verificati drepturile asupra lor.")
                            .arg(QDir::toNativeSeparators(store.fileName())));
   });
+}
+
+QString driveFolder() {
+  const QString set = withStore([](QSettings& store) { return store.value(kDriveFolder).toString(); });
+  return set.isEmpty() ? ownDrive() : set;
+}
+
+void setDriveFolder(const QString& path) {
+  withStore([&path](QSettings& store) { store.setValue(kDriveFolder, path); });
 }
 
 MainWindowPlace mainWindowPlace() {

@@ -24,6 +24,11 @@ QString databasesPath();
 /// Throws StoreError when the settings cannot be written.
 void setDatabasesPath(const QString& path);
 
+/// `DriveFolder`: the folder that stands for drive C: where the programs of fiscal registers look for their
+/// files. Unless set, the drive itself on Windows, else "drive_c" in the user's folder of the program.
+QString driveFolder();
+void setDriveFolder(const QString& path);
+
 MainWindowPlace mainWindowPlace();
 /// A place that cannot be written is forgotten in silence: it must not hold up the end of the program.
 void setMainWindowPlace(const MainWindowPlace& place);

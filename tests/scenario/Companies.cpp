@@ -123,11 +123,13 @@ Companies::Companies(Folders& folders, Answers& answers)
     : folders_(folders), answers_(answers), boxes_(std::make_unique<WindowMessages>()) {
   applyLook(*qApp);
   settings::setFolder(folders.settings());
+  settings::setDriveFolder(folders.drive());
   // As left by a user who has given the main window the whole screen.
   const QRect screen = QApplication::primaryScreen()->availableGeometry();
   settings::setMainWindowPlace(
       {0, 0, screen.width() * settings::kTwipsPerPixel, screen.height() * settings::kTwipsPerPixel});
   setMessageSink(boxes_.get());
+  setRegisterWait(&registerWait_);
   answers.listen();
 }
 

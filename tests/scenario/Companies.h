@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "Answers.h"
+#include "fiscal/windows/frmAsteptare.h"
 #include "Folders.h"
 
 namespace velmar {
@@ -30,6 +31,7 @@ class Companies {
   Folders& folders_;
   Answers& answers_;
   std::unique_ptr<MessageSink> boxes_;
+  WindowRegisterWait registerWait_;
   std::unique_ptr<StartUp> startUp_;
   QString firstFolder_;
   bool starting_ = false;

@@ -1,0 +1,35 @@
+// The register ACTIVA: a command file in the form "KARAT", and a batch file whose exit code tells whether the
+// register was ready.
+#pragma once
+
+#include "fiscal/CommandFile.h"
+#include "fiscal/Receipt.h"
+
+namespace velmar {
+
+class CasaComandaMarcat2 {
+ public:
+  QString FPRWINPath;       ///< the batch file
+  bool EroareCasa = false;  ///< after GenereazaBon: it did not print, as far as is known
+  int COM = 0;              ///< the port; the program knows it by itself
+  QString FileName;         ///< the command file
+  int DecimalPoint = 0;     ///< decimals of prices
+  int CotaTVA = 0;          ///< percent
+  int NrCaractere = 0;      ///< width of a name
+  int SubGroup = 0;
+  int Group = 0;
+
+  void addTextPublicitar(const QString& text);
+  void resetTextPublicitar() { advertising_.clear(); }
+
+  /// Prints; waits for the register. Prices count in ten-thousandths of a leu, quantities in whole pieces
+  /// (halves to the even one). What goes wrong is told to the user.
+  ReceiptResult GenereazaBon(const std::vector<ReceiptLine>& lines);
+
+ private:
+  void addArticle(CommandFile& file, const ReceiptLine& line) const;
+
+  Advertising advertising_;
+};
+
+}  // namespace velmar

@@ -1,0 +1,82 @@
+#include "fiscal/OutsideProgram.h"
+
+#include <QProcess>
+#include <QSet>
+#include <stdexcept>
+
+#include "fiscal/RegisterWait.h"
+
+namespace velmar {
+
+namespace {
+
+RegisterWait* currentWait = nullptr;
+
+void prepare(QProcess& process, const OutsideCommand& command) {
+  process.setProgram(command.program);
+  process.setArguments(command.arguments);
+  process.setWorkingDirectory(command.folder);
+  process.setStandardInputFile(QProcess::nullDevice());
+  process.setStandardOutputFile(QProcess::nullDevice());
+  process.setStandardErrorFile(QProcess::nullDevice());
+}
+
+// A QProcess takes its program along when it goes: these stay until theirs have ended, at the longest as long
+// as this process.
+void letGo(std::unique_ptr<QProcess> process) {
+  static auto* const running = new QSet<QProcess*>;
+  QProcess* left = process.release();
+  running->insert(left);
+  QObject::connect(left, &QProcess::finished, left, [left] {
+    running->remove(left);
+    left->deleteLater();
+  });
+}
+
+}  // namespace
+
+RegisterWait* setRegisterWait(RegisterWait* wait) { return std::exchange(currentWait, wait); }
+
+RegisterWait& registerWait() {
+  if (!currentWait) throw std::logic_error("nobody waits for the fiscal registers");
+  return *currentWait;
+}
+
+bool startOutside(const OutsideCommand& command) {
+  QProcess process;
+  prepare(process, command);
+  return process.startDetached();
+}
+
+OutsideProgram::OutsideProgram(const OutsideCommand& command) : process_(std::make_unique<QProcess>()) {
+  prepare(*process_, command);
+  connect(process_.get(), &QProcess::finished, this, &OutsideProgram::ended);
+  process_->start();
+  process_->waitForStarted(-1);
+}
+
+OutsideProgram::~OutsideProgram() {
+  process_->disconnect(this);
+  if (!hasEnded()) letGo(std::move(process_));
+}
+
+bool OutsideProgram::hasEnded() const { return process_->state() == QProcess::NotRunning; }
+
+bool OutsideProgram::hasSucceeded() const {
+  return hasEnded() && process_->error() != QProcess::FailedToStart &&
+         process_->exitStatus() == QProcess::NormalExit && process_->exitCode() == 0;
+}
+
+bool OutsideProgram::waitForEnd(int milliseconds) {
+  return hasEnded() || process_->waitForFinished(milliseconds) || hasEnded();
+}
+
+OutsideEnd runOutside(const OutsideCommand& command) {
+  RegisterWait& wait = registerWait();
+  OutsideProgram program(command);
+  if (!program.hasEnded()) wait.wait(program);
+  if (!program.hasEnded()) return OutsideEnd::GivenUp;
+  return program.hasSucceeded() ? OutsideEnd::Succeeded : OutsideEnd::Failed;
+}
+
+}  // namespace velmar
