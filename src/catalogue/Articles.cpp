@@ -65,22 +65,16 @@ Row stored(const Row& article, const QStringList& leftOut) {
   return row;
 }
 
-// The stored identities by code in capitals; null where an article has none.
-QHash<QString, Value> storedNumbers(const QStringList& codes) {
-  QHash<QString, Value> numbers;
-  for (const Row& row :
-       rowsOfKeys("SELECT CODART, ID FROM G_ARTMAG WHERE CODART IN (%1) ORDER BY CODART", codes))
-    numbers.insert(row.text("CODART").toUpper(), Value::raw(row.value("ID")));
-  return numbers;
+std::vector<Row> numbersOf(const QStringList& codes) {
+  return rowsOfKeys("SELECT CODART, ID FROM G_ARTMAG WHERE CODART IN (%1) ORDER BY CODART", codes);
 }
 
 void giveMissingNumbers(const QStringList& codes) {
   Transaction transaction(database());
   qint64 last = OpenRs("SELECT MAX(ID) AS LAST FROM G_ARTMAG").first().integer("LAST");
   std::vector<Values> rows;
-  const auto numbers = storedNumbers(codes);
-  for (auto it = numbers.cbegin(); it != numbers.cend(); ++it)
-    if (it->data().isNull()) rows.push_back({++last, it.key()});
+  for (const Row& row : numbersOf(codes))
+    if (row.isNull("ID")) rows.push_back({++last, row.text("CODART")});
   database().executeEach("UPDATE G_ARTMAG SET ID = ? WHERE CODART = ?", rows);
   transaction.commit();
 }
@@ -103,18 +97,20 @@ std::optional<Row> articleBySupplierCode(const QString& code) {
 }
 
 std::vector<qint64> articleNumbers(const QStringList& codes) {
-  auto stored = storedNumbers(codes);
-  const auto hasNone = [](const Value& number) { return number.data().isNull(); };
-  if (std::any_of(stored.cbegin(), stored.cend(), hasNone)) {
+  std::vector<Row> stored = numbersOf(codes);
+  const auto hasNone = [](const Row& row) { return row.isNull("ID"); };
+  if (std::any_of(stored.begin(), stored.end(), hasNone)) {
     giveMissingNumbers(codes);
-    stored = storedNumbers(codes);
+    stored = numbersOf(codes);
   }
+  QHash<QString, qint64> known;
+  for (const Row& row : stored) known.insert(row.text("CODART").toUpper(), row.integer("ID"));
   std::vector<qint64> numbers;
   for (const QString& code : codes) {
-    const auto found = stored.constFind(code.toUpper());
-    if (found == stored.cend())
+    const auto found = known.constFind(code.toUpper());
+    if (found == known.cend())
       throw StoreError(0, QStringLiteral("Articolul cu codul %1 nu exista").arg(code));
-    numbers.push_back(found->data().toLongLong());
+    numbers.push_back(*found);
   }
   return numbers;
 }

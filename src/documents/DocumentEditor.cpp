@@ -109,6 +109,10 @@ bool partnerExists(const QString& code) {
   return !OpenRs("SELECT COD FROM kt_ter WHERE COD = ?", {static_cast<qint64>(code.toLongLong())}).isEmpty();
 }
 
+bool vatRateExists(const QString& code) {
+  return !OpenRs("SELECT COD FROM kt_cote WHERE COD = ?", {static_cast<qint64>(code.toLongLong())}).isEmpty();
+}
+
 }  // namespace
 
 DocumentEditor::DocumentEditor(const QString& prefix)
@@ -198,7 +202,9 @@ QHash<QString, QString> DocumentEditor::textsOf(const Row& header) const {
   QHash<QString, QString> texts;
   bool isForeign = false;
   for (const HeaderField& field : kind_.headerFields) {
-    if (!field.column.isEmpty())
+    // A date box always shows a date: where none is stored, the one that a new document starts with.
+    const bool isDate = field.type == HeaderFieldType::Date || field.type == HeaderFieldType::DueDate;
+    if (!field.column.isEmpty() && !(isDate && header.isNull(field.column)))
       texts.insert(field.key(), shownText(field.type, header, field.column));
     else
       texts.insert(field.key(), field.keeps ? typed_.texts().value(field.key()) : newText(field));
@@ -277,7 +283,7 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
                         check.field, kCritical);
       break;
     case HeaderCheck::NotNumeric:
-      broken = !typedNumber(text);
+      broken = !typedNumber(text) || (isVatRate(check.field) && !vatRateExists(text));
       break;
     case HeaderCheck::PercentNotPositive:
       broken = !text.isEmpty() && !isPositive(text);
@@ -299,6 +305,12 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
       break;
   }
   if (broken) throw RuleError(check.text, check.field, kCritical, check.title);
+}
+
+bool DocumentEditor::isVatRate(const QString& key) const {
+  for (const HeaderField& field : kind_.headerFields)
+    if (field.key() == key) return field.type == HeaderFieldType::VatRate;
+  return false;
 }
 
 bool DocumentEditor::isTaken(const QString& number) const {
@@ -492,7 +504,7 @@ bool DocumentEditor::isBroken(const Checked<ValidationCheck>& check) const {
     case ValidationCheck::BeforeFiscalYear:
       return date < session().DataIN;
     case ValidationCheck::CurrencyWithoutRate:
-      return typed_.isForeign() && number.isZero();
+      return typed_.isForeign() && number <= 0;
     case ValidationCheck::NoLines:
       return isNew_ || lines_.empty();
     case ValidationCheck::TotalDiffers:

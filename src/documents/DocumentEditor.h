@@ -109,6 +109,7 @@ class DocumentEditor {
   Row headerFrom(const TypedHeader& typed) const;
   void checkHeader() const;
   void checkHeaderField(const Checked<HeaderCheck>& check) const;
+  bool isVatRate(const QString& key) const;
   bool isTaken(const QString& number) const;
   void noticeMissingRate(const Row& header) const;
   bool isBroken(const Checked<ValidationCheck>& check) const;

@@ -21,7 +21,7 @@ enum class HeaderCheck {
   PartnerEmpty,  ///< or a code that no partner has
   JournalEmpty,
   FieldEmpty,
-  NotNumeric,          ///< an empty text is no number
+  NotNumeric,          ///< an empty text is no number; of a VAT rate also a code that no rate has
   PercentNotPositive,  ///< an empty text passes: it is stored as 0
   NotPositive,         ///< no number, or below 0
   NumberTaken,
@@ -37,7 +37,7 @@ enum class ValidationCheck {
   OutsidePeriod,   ///< %1 and %2 of its text: the ends of the entry period
   DueBeforeDate,
   BeforeFiscalYear,
-  CurrencyWithoutRate,
+  CurrencyWithoutRate,  ///< or with one that is not above 0
   JournalEmpty,
   NoLines,
   TotalDiffers,       ///< the sum of the line column in `detail` is not what the header tells

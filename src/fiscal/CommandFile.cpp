@@ -67,6 +67,7 @@ CommandFile& CommandFile::operator<<(const QByteArray& line) {
 
 void CommandFile::write(const QString& path) const {
   QSaveFile file(path);
+  file.setDirectWriteFallback(true);  // the drive's own folder is often closed, the file in it open
   if (!file.open(QIODevice::WriteOnly) || file.write(text_) != text_.size() || !file.commit())
     throw notWritten(file);
 }

@@ -29,7 +29,7 @@ Decimal withVat(const Decimal& price, int percent, int decimals);
 class CommandFile {
  public:
   CommandFile& operator<<(const QByteArray& line);
-  /// Replaces the file, wholly or not at all. Throws StoreError.
+  /// Replaces the file: wholly or not at all, where its folder takes new files. Throws StoreError.
   void write(const QString& path) const;
 
  private:

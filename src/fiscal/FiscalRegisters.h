@@ -14,8 +14,8 @@ QString missingCommandFile(const QString& letter);
 /// Hands the receipt to the register. On "A" and "O" that takes as long as their program runs, which the user
 /// may give up (RegisterWait); on "D" and "P" a program that was started counts as a printed receipt. What
 /// went wrong has been told to the user when this returns. Nothing is sent for a receipt without lines.
-/// Writes nothing to the company but the missing numbers of articles, on "P". Throws RuleError for an unknown
-/// letter.
+/// Writes nothing to the company but the missing numbers of articles, on "P", in a transaction of its own.
+/// Throws RuleError for an unknown letter, Cancelled when the user gives up waiting for that write.
 ReceiptResult printReceipt(const QString& letter, const Receipt& receipt);
 
 }  // namespace velmar

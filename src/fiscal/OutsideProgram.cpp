@@ -3,6 +3,7 @@
 #include <QProcess>
 #include <QSet>
 #include <stdexcept>
+#include <utility>
 
 #include "fiscal/RegisterWait.h"
 
@@ -65,10 +66,6 @@ bool OutsideProgram::hasEnded() const { return process_->state() == QProcess::No
 bool OutsideProgram::hasSucceeded() const {
   return hasEnded() && process_->error() != QProcess::FailedToStart &&
          process_->exitStatus() == QProcess::NormalExit && process_->exitCode() == 0;
-}
-
-bool OutsideProgram::waitForEnd(int milliseconds) {
-  return hasEnded() || process_->waitForFinished(milliseconds) || hasEnded();
 }
 
 OutsideEnd runOutside(const OutsideCommand& command) {

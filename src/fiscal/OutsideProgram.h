@@ -29,8 +29,6 @@ class OutsideProgram : public QObject {
   bool hasEnded() const;
   /// Whether it ended by itself with exit code 0.
   bool hasSucceeded() const;
-  /// Waits without an event loop; gives false when it has not ended by then.
-  bool waitForEnd(int milliseconds);
 
  signals:
   void ended();

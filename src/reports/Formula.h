@@ -1,37 +1,40 @@
 // Formulas of layouts: JavaScript expressions over the names of variables and fields, found without regard to
-// case. A name that is not defined has no value and prints as nothing.
+// case. A name that is not defined is an empty text.
 //
 //   Denumire + " " + UM                      text
-//   Cant * PretFT                            a number; lei and quantities are decimals, rounded on paper
+//   Cant * PretFT                            a number; rounded where it is shown
 //   bDeviza ? CODDEVIZA : "LEI"              a choice
 //   nPagina + " din " + nPagini              the page, and how many there are (dots until they are counted)
 //   nLinie                                   the line, counted from 1
 //   data(DATAFAC, "yyyy"), numar(CURS, 4)    a date or number as text, apart from the cell's own format
+//
+// An expression only: no statements, assignments or functions of its own, so that each ends.
 #pragma once
 
+#include <memory>
 #include <optional>
-#include <QJSEngine>
+#include <QJSValue>
 #include <QStringList>
 #include <QVariant>
 #include <vector>
 
-#include "util/Errors.h"
+class QJSEngine;
 
 namespace velmar::layout {
 
 /// Why a formula cannot be used.
 struct FormulaFault {
   QString text;    ///< Romanian
-  int column = 0;  ///< from 1 within the formula; 0 when no place is known
+  int column = 0;  ///< from 1 within the formula
 };
 
-/// The names that formulas have besides variables and fields.
+/// The names that formulas have besides variables, fields and sums.
 inline constexpr const char* kPageName = "nPagina";
 inline constexpr const char* kPageCountName = "nPagini";
 inline constexpr const char* kLineName = "nLinie";
 
-/// The names a formula speaks of, in their order, as they are written in it. Functions, properties and words
-/// inside texts are not among them.
+/// The names a formula speaks of, each once, in their order, as they are written in it. Functions, properties
+/// and words inside texts are not among them.
 QStringList namesIn(const QString& formula);
 
 /// Nothing when the formula can be compiled; an empty one can. Unknown names are no fault: see namesIn().
@@ -41,22 +44,26 @@ std::optional<FormulaFault> faultOf(const QString& formula);
 class Formulas {
  public:
   Formulas();
+  ~Formulas();
 
-  /// Takes a formula and gives its number. One with a fault gives nothing wherever it is asked for.
+  /// Takes a formula and gives its number. One with a fault has no value.
   int add(const QString& formula);
   /// The names that the formula uses.
-  const QStringList& names(int formula) const;
-  /// Its value with these values for its names: text, number (double), boolean, QDate(Time) or null; what
-  /// fails while it is computed, infinities included, is null.
-  QVariant value(int formula, const QVariantList& values);
+  const QStringList& names(int formula) const { return compiled_[static_cast<size_t>(formula)].names; }
+  /// Whether the formula is but a name, whose value can be taken as it stands.
+  bool isName(int formula) const { return compiled_[static_cast<size_t>(formula)].isName; }
+  /// Its value with these values for its names: text, number (double), boolean, or null, which is also what
+  /// fails while it is computed.
+  QVariant value(int formula, const QVariantList& values) const;
 
  private:
   struct Compiled {
     QStringList names;
+    bool isName = false;
     QJSValue function;
   };
 
-  QJSEngine engine_;
+  std::unique_ptr<QJSEngine> engine_;
   std::vector<Compiled> compiled_;
 };
 

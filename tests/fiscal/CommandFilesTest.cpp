@@ -59,12 +59,12 @@ TEST_F(CommandFilesTest, DatecsIsToldPricesWithVat) {
 }
 
 TEST_F(CommandFilesTest, HelpMicroIsToldArticlesAndDiscounts) {
-  for (const char* code : {"C1", "c2", "C3"})
+  for (const char* code : {"C1", "că2", "C3"})
     ExecutaSql("INSERT INTO G_ARTMAG (CODART, ID) VALUES (?, ?)",
-               {QString(code), *code == 'c' ? Value() : Value(40 + code[1] - '0')});
+               {QString::fromUtf8(code), *code == 'c' ? Value() : Value(40 + code[1] - '0')});
   // 1 leu off 3 pieces is 3.57 with VAT; 0.40 off 1.5 is 0.714. The article without a number gets the next.
   Receipt sale = receipt({discounted(line("Suc de portocale Fresca 1L", "10", "3", "C1 "), "9", "27"),
-                          line(" Paine", "0.8", "2", "C2"),
+                          line(" Paine", "0.8", "2", "Că2"),
                           discounted(line("Cascaval", "4", "1.5", "C3"), "3.6", "5.4")});
   const QByteArray first =
       "S;41;Suc de portocale Fresca;11.90;3.000;1;1;1;;\r\n"

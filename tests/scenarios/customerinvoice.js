@@ -102,8 +102,11 @@ w.set("DTPicker1", year + "-12-31");
 refused("cmdValidare", "Data documentului trebuie sa fie cuprinsa in exercitiul financiar!");
 w.set("dtpDataFactura", today());
 w.set("chkDeviza", true);
-refused("cmdValidare", "Pentru operatiuni in valuta, va rugam introduceti cursul. ");
-check(w.hasFocus("txtCurs"), "focus on the rate");
+for (const rate of ["", "0", "-4.5"]) {
+  w.type("txtCurs", rate);
+  refused("cmdValidare", "Pentru operatiuni in valuta, va rugam introduceti cursul. ");
+  check(w.hasFocus("txtCurs"), "focus on the rate");
+}
 w.set("chkDeviza", false);
 equal(w.text("TxtJNL"), " ", "the company's own journal");
 w.type("TxtJNL", "");
@@ -125,6 +128,7 @@ const steps = [["Pentru acest palet a fost deja emisa factura de vanzare. ", () 
                ["Va rugam completati numarul facturii ! Salvarea nu se poate efectua !", () => w.type("txtFields(0)", "1")],
                ["Va rugam completati codul clientului ! Salvarea nu se poate efectua !", () => w.pick("DataCombo1", "CLIENT DOI SRL")],
                ["Va rugam selectati jurnalul ! Salvarea nu se poate efectua !", () => w.type("TxtJNL", " ")],
+               ["Va rugam selectati o Cota TVA ! Salvarea nu se poate efectua !", () => w.type("txtFields(2)", "99")],
                ["Va rugam selectati o Cota TVA ! Salvarea nu se poate efectua !", () => w.pick("cboTVA", "4427-19")],
                ["Factura cu acest numar exista deja ! Salvarea nu se poate efectua !", () => w.type("txtFields(0)", "2")]];
 for (const [text, mend] of steps) {
@@ -140,6 +144,9 @@ w.type("cboModPlata", "BARTER");
 expectMessage("Selectati o modalitate de plata", {title: "Valoare incorecta!"});
 equal(w.text("cboModPlata"), "", "cleared");
 check(w.hasFocus("cboModPlata"), "the focus is back");
+w.type("cboModPlata", " op ");
+noMessage();
+equal(w.text("cboModPlata"), "OP", "in capitals, without blanks");
 w.pick("cboModPlata", "CEC");
 check(!w.isEnabled("txtCurs") && !w.isEnabled("cboIDDeviza"), "in lei");
 w.set("chkDeviza", true);
@@ -257,6 +264,57 @@ w.pick("cboModPlata", "OP");
 w.grid("TDBGrid2").select(0);
 equal(w.text("txtFields(0)"), "150", "and goes once the field is right");
 shot("factura-client");
+
+// The price in currency, with its notices: one box each, and the line is there once however its cell was left.
+// 3 EUR are 14.9265 lei, 5 EUR 24.8775.
+opened({method: "MP"});
+sql("UPDATE G_ARTMAG SET CODDEVIZAVANZ = 'EUR', PRETDEVIZAVANZ = 5 WHERE CODART = 'M1'");
+for (const [code, currency] of [["E1", "EUR"], ["U1", "USD"]])
+  sql("INSERT INTO G_ARTMAG (CODART, DENART, UM, FAMART, PRETVFT, PROVENIENTA, FARASTOC, CODDEVIZAVANZ, PRETDEVIZAVANZ) " +
+      "VALUES (?, ?, 'Buc', 1, 15, 'M', -1, ?, 3)", code, "Serviciu " + code, currency);
+const cheap = "Pretul de vanzare stabilit in valuta este mai mic decat pretul in lei !";
+newInvoice("1", "MIXT TREI SA");
+w.set("chkCalculValuta", true);
+for (const [ways, text] of [[() => lines.enter(-1, "CODART", "S1"), "Nu exista pret in valuta "],
+                            [() => lines.enter(-1, "CODART", "U1"), "Nu exista curs valutar pentru data de : "],
+                            [() => lines.enter(-1, "DENUMIRE", "Serviciu E1"), cheap],
+                            [() => ["Insert", "E", "1"].forEach((k) => k == "Insert" ? w.press("TDBGrid1", k) : key(k)), cheap]]) {
+  answer("OK");
+  ways();
+  w.click("cmdSalvare");  // takes over the cell that still stands open
+  expectMessage(text);
+  noMessage();
+}
+lines.enter(-1, "CODART", "M1");
+key("Esc");
+noMessage();
+equal(sql("SELECT CODART, PRETFT, PRETVALUTA, ValoareFTCuDiscount AS P FROM G_LFACCL ORDER BY NRLINIE").map((line) =>
+          [line.CODART, line.PRETFT, line.PRETVALUTA, line.P]),
+      [["S1", 25, 0, 25], ["U1", 0, 3, 0], ["E1", 14.9265, 3, 14.9265], ["E1", 14.9265, 3, 14.9265], ["M1", 24.8775, 5, 24.8775]],
+      "lines");
+equal(w.text("txtCurs"), "", "in lei the document has no rate");
+w.set("chkDeviza", true);
+w.pick("cboIDDeviza", "EUR");
+w.type("txtCurs", "4");
+lines.deleteRow(4);
+lines.enter(-1, "CODART", "M1");
+key("Esc");
+equal([lines.cell(4, "PRETFT"), w.text("txtCurs")], ["5,00", "4,9755"], "the price as it is, and its rate");
+
+// A draft without a due date does not take over the one of the draft before it.
+w.set("DTPicker1", year + "-12-31");
+w.click("cmdSalvare");
+sql("INSERT INTO G_FACCLI (NUMFAC, CODCLI, DATAFAC, VALIDAT, Magazie) VALUES ('9', 3, ?, 0, 1)", year + "-03-03");
+setToday(year + "-04-10");
+w.press("txtFields(0)", "F5");
+w.grid("TDBGrid2").select(w.grid("TDBGrid2").column("NUMFAC").indexOf("9"));
+equal([w.value("dtpDataFactura"), w.value("DTPicker1")], [year + "-03-03", year + "-05-10"], "dates of the draft");
+
+// What comes back without naming its invoice leaves the accounts as well: 2 at the article's cost of 20.
+w.set("chkCalculValuta", false);
+newInvoice("2", "MIXT TREI SA", ["M1", "-2"]);
+validated();
+equal(note("2"), ["707 C -40", "4427 C -7.6", "411 D -47.6", "607 D -40", "371 C -40"], "notes of a return by average cost");
 
 // Quantity, price, value and VAT at each number of decimals.
 for (const [decimals, quantity, price, value, vat] of [[0, "1.25", "3", "4", "1"], [2, "1.5", "0.33", "0,50", "0,09"],

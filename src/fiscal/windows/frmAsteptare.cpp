@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QBoxLayout>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
@@ -43,6 +44,20 @@ QLabel* stopwatch(QObject* owner) {
   return label;
 }
 
+// Waits a moment with living windows that take no input. The property counts work that goes on without the
+// user: who watches the program sees it busy.
+void waitAMoment(OutsideProgram& program) {
+  constexpr const char* kBusy = "busy";
+  const Hourglass hourglass;
+  const QVariant before = qApp->property(kBusy);
+  qApp->setProperty(kBusy, before.toInt() + 1);
+  QEventLoop loop;
+  QObject::connect(&program, &OutsideProgram::ended, &loop, &QEventLoop::quit);
+  QTimer::singleShot(kMoment, &loop, &QEventLoop::quit);
+  loop.exec(QEventLoop::ExcludeUserInputEvents);
+  qApp->setProperty(kBusy, before);
+}
+
 }  // namespace
 
 frmAsteptare::frmAsteptare(OutsideProgram& program, QWidget* parent) : QDialog(parent) {
@@ -71,10 +86,8 @@ frmAsteptare::frmAsteptare(OutsideProgram& program, QWidget* parent) : QDialog(p
 }
 
 void WindowRegisterWait::wait(OutsideProgram& program) {
-  {
-    const Hourglass hourglass;
-    if (program.waitForEnd(kMoment)) return;
-  }
+  waitAMoment(program);
+  if (program.hasEnded()) return;
   QWidget* owner = QApplication::activeModalWidget();
   frmAsteptare window(program, owner ? owner : QApplication::activeWindow());
   window.exec();

@@ -26,6 +26,8 @@ class clsListLabel {
   const QString& FileName() const { return fileName_; }
   void setFileName(const QString& path);
 
+  /// Everything at once, in place of what was set before.
+  void setData(const ReportData& data) { data_ = data; }
   void setVariables(const Recordset& rows);
   void setFields(std::shared_ptr<const RowSource> rows, const QStringList& columns);
   void setFields(const Recordset& rows);

@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 
 #include "util/Errors.h"
@@ -107,14 +108,15 @@ bool EntryGrid::commitPending() {
 
 void EntryGrid::commitData(QWidget* widget) {
   auto* line = qobject_cast<QLineEdit*>(widget);
-  // The box itself takes the focus from the editor, which asks again.
-  if (telling_ || !line || widget != editor_ || !editing_.isValid()) return;
+  // A box, also one shown while the text is taken over, takes the focus from the editor, which asks again.
+  if (telling_ || taking_ || !line || widget != editor_ || !editing_.isValid()) return;
   if (policy_ == Refused::Reverted && cause_) return;
   if (leavesUntouched(line, editing_)) {
     refused_.clear();
     return;
   }
   try {
+    const QScopedValueRollback<bool> taking(taking_, true);
     take(line, editing_);
     refused_.clear();
     initialText_ = line->text();
@@ -154,6 +156,7 @@ void EntryGrid::tellRefusal() {
 }
 
 void EntryGrid::closeEditor(QWidget* widget, QAbstractItemDelegate::EndEditHint hint) {
+  if (taking_) return;  // whoever asked to take the text over closes the editor behind it
   if (widget == refused_ && hint != QAbstractItemDelegate::RevertModelCache) return;
   if (widget == refused_) {
     refused_.clear();

@@ -79,6 +79,7 @@ class EntryGrid : public TDBGrid {
   QPointer<QWidget> refused_;      ///< the editor whose text was refused, until its text is mended
   std::exception_ptr cause_;       ///< why, until the user has been told
   bool telling_ = false;           ///< that box stands
+  bool taking_ = false;            ///< a text is being taken over, perhaps with a box on the way
   bool confirming_ = false;
 };
 

@@ -9,27 +9,32 @@ namespace velmar {
 
 namespace {
 
-// Turns letters into upper case on their way from the keyboard.
+// Turns letters into upper case on their way from the keyboard. The box of a combo gets its keys through the
+// combo, which is where they are met then.
 class UpperCaseKeys : public QObject {
  public:
-  explicit UpperCaseKeys(QLineEdit* box) : QObject(box) { box->installEventFilter(this); }
+  explicit UpperCaseKeys(QLineEdit* box) : QObject(box), box_(box) {
+    QObject* receiver = box->focusProxy() ? static_cast<QObject*>(box->focusProxy()) : box;
+    receiver->installEventFilter(this);
+  }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() != QEvent::KeyPress) return false;
-    auto* box = static_cast<QLineEdit*>(watched);
+    if (event->type() != QEvent::KeyPress || box_->isReadOnly()) return false;
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (box->isReadOnly()) return false;
     if (key->matches(QKeySequence::Paste)) {
-      box->insert(QApplication::clipboard()->text().toUpper());
+      box_->insert(QApplication::clipboard()->text().toUpper());
       return true;
     }
     const QString upper = key->text().toUpper();
     if (upper == key->text()) return false;
     QKeyEvent typed(QEvent::KeyPress, key->key(), key->modifiers(), upper, key->isAutoRepeat());
-    QCoreApplication::sendEvent(box, &typed);
+    QCoreApplication::sendEvent(watched, &typed);
     return true;
   }
+
+ private:
+  QLineEdit* box_;
 };
 
 }  // namespace

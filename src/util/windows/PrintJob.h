@@ -32,8 +32,17 @@ class PrintJob {
   /// anew.
   virtual bool canSetPage() const { return false; }
   virtual void setPageLayout(const QPageLayout&) {}
-  /// At least 1; told without drawing the pages.
+  /// At least 1; told without drawing the pages. May take its time, where pages have to be counted: see
+  /// countPages() in PrintOutput.h.
   virtual int pageCount() const = 0;
+  /// How many pages have been counted so far, and whether these are all.
+  virtual int knownPages() const { return pageCount(); }
+  virtual bool isCounted() const { return true; }
+  /// Counts on for about that time; gives how far it is, in percent.
+  virtual int countOn(int milliseconds) const {
+    Q_UNUSED(milliseconds)
+    return 100;
+  }
   /// Draws the page, counted from 0. The origin is the upper left corner of the sheet, the unit the twip.
   virtual void paintPage(QPainter& painter, int page) const = 0;
   /// The words of a page, for the search in the preview.

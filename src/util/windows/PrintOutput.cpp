@@ -35,8 +35,8 @@ QString nextFile(const PrintJob& job) {
   return QDir(theFolder).filePath(QStringLiteral("%1-%2.pdf").arg(name).arg(++counters[name]));
 }
 
-int lastPage(const PrintTarget& pages, const PrintJob& job) {
-  const int end = job.pageCount() - 1;
+int lastPage(const PrintTarget& pages, const PrintJob& job, QWidget* parent) {
+  const int end = countPages(job, parent) - 1;
   return pages.last < 0 ? end : std::min(pages.last, end);
 }
 
@@ -50,7 +50,7 @@ QPageLayout wholeSheet(const PrintJob& job) {
 // Draws the pages one behind the other; throws Cancelled when the user has seen enough of it.
 void paintAll(QPagedPaintDevice& device, qreal dotsPerInch, const PrintTarget& pages, const PrintJob& job,
               QWidget* parent) {
-  const int last = lastPage(pages, job);
+  const int last = lastPage(pages, job, parent);
   WorkProgress progress("Tiparire", parent);
   QPainter painter;
   if (!painter.begin(&device))
@@ -133,6 +133,15 @@ void writePdf(const QString& path, const PrintTarget& pages, const PrintJob& job
 
 void keepPreviewCopy(const PrintJob& job, QWidget* parent) {
   if (!theFolder.isEmpty()) writePdf(nextFile(job), {}, job, parent);
+}
+
+int countPages(const PrintJob& job, QWidget* parent) {
+  constexpr int kSlice = 100;  // milliseconds
+  if (!job.isCounted()) {
+    WorkProgress progress("Numararea paginilor", parent);
+    while (!job.isCounted()) progress.show(job.countOn(kSlice), 100);
+  }
+  return job.pageCount();
 }
 
 void paintSheet(QPainter& painter, const PrintJob& job, int page, qreal dotsPerInch) {

@@ -33,6 +33,9 @@ void writePdf(const QString& path, const PrintTarget& pages, const PrintJob& job
 /// Leaves a copy of what a preview shows in the print folder, if there is one.
 void keepPreviewCopy(const PrintJob& job, QWidget* parent);
 
+/// Counts the pages, and shows how far it is where that takes long. Throws Cancelled when the user gives up.
+int countPages(const PrintJob& job, QWidget* parent);
+
 /// Draws a page on a device of that resolution.
 void paintSheet(QPainter& painter, const PrintJob& job, int page, qreal dotsPerInch);
 

@@ -198,7 +198,7 @@ void frmOptiuniTiparire::sheetChanged() {
 }
 
 void frmOptiuniTiparire::countPages() {
-  const int before = std::exchange(pageCount_, job_.pageCount());
+  const int before = std::exchange(pageCount_, velmar::countPages(job_, this));
   txtDeLa_->setMaximum(pageCount_);
   const bool toTheEnd = txtPanaLa_->value() == before || before == 0;
   txtPanaLa_->setMaximum(pageCount_);

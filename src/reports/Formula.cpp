@@ -1,0 +1,242 @@
+#include "reports/Formula.h"
+
+#include <cmath>
+#include <QDate>
+#include <QJSEngine>
+
+#include "reports/Shown.h"
+
+namespace velmar::layout {
+
+namespace {
+
+/// The functions that formulas have besides JavaScript's own.
+class Functions : public QObject {
+  Q_OBJECT
+ public:
+  Q_INVOKABLE QString data(const QJSValue& value, const QString& pattern) const {
+    const QVariant given = value.toVariant();
+    const QDateTime moment = dateOf(given);
+    return moment.isValid() ? dateText(moment, pattern.isEmpty() ? kDatePattern : pattern) : textOf(given);
+  }
+  Q_INVOKABLE QString data(const QJSValue& value) const { return data(value, {}); }
+
+  Q_INVOKABLE QString numar(const QJSValue& value, int decimals) const {
+    TextStyle style;
+    style.format = Format::Number;
+    style.decimals = std::clamp(decimals, 0, kMostDecimals);
+    return shownText(value.toVariant(), style);
+  }
+  Q_INVOKABLE QString numar(const QJSValue& value) const { return numar(value, 2); }
+};
+
+enum class TokenKind { Name, Text, Number, Sign, Bad };
+
+struct Token {
+  TokenKind kind;
+  QString text;
+  int column;  // from 1
+};
+
+bool beginsName(QChar letter) { return letter.isLetter() || letter == u'_' || letter == u'$'; }
+
+// The end of a text that begins at `from`, -1 when it has none.
+qsizetype endOfText(const QString& formula, qsizetype from) {
+  for (qsizetype at = from + 1; at < formula.size(); ++at) {
+    if (formula[at] == u'\\')
+      ++at;
+    else if (formula[at] == formula[from])
+      return at + 1;
+  }
+  return -1;
+}
+
+Token tokenAt(const QString& formula, qsizetype from) {
+  const QChar first = formula[from];
+  const auto token = [&](TokenKind kind, qsizetype end) {
+    return Token{kind, formula.mid(from, end - from), static_cast<int>(from) + 1};
+  };
+  qsizetype end = from + 1;
+  if (first == u'"' || first == u'\'') {
+    end = endOfText(formula, from);
+    return end < 0 ? token(TokenKind::Bad, formula.size()) : token(TokenKind::Text, end);
+  }
+  if (beginsName(first)) {
+    while (end < formula.size() && (beginsName(formula[end]) || formula[end].isDigit())) ++end;
+    return token(TokenKind::Name, end);
+  }
+  if (first.isDigit()) {
+    while (end < formula.size() && (formula[end].isLetterOrNumber() || formula[end] == u'.')) ++end;
+    return token(TokenKind::Number, end);
+  }
+  for (const char* sign : {"===", "!==", "==", "!=", "<=", ">=", "&&", "||", "??", "=>", "**", "++", "--"})
+    if (QStringView(formula).mid(from).startsWith(QLatin1String(sign)))
+      return token(TokenKind::Sign, from + QLatin1String(sign).size());
+  return token(TokenKind::Sign, end);
+}
+
+std::vector<Token> tokensOf(const QString& formula) {
+  std::vector<Token> tokens;
+  for (qsizetype at = 0; at < formula.size();) {
+    if (formula[at].isSpace()) {
+      ++at;
+      continue;
+    }
+    tokens.push_back(tokenAt(formula, at));
+    at += tokens.back().text.size();
+  }
+  return tokens;
+}
+
+bool isWordOfTheLanguage(const QString& word) {
+  static const QStringList kWords = {"true", "false", "null", "undefined", "NaN", "Infinity", "typeof", "in"};
+  return kWords.contains(word);
+}
+
+// What would let a formula do more than compute a value.
+std::optional<FormulaFault> forbidden(const Token& token) {
+  static const QStringList kSigns = {";", "{", "}", "`", "=>", "++", "--", "\\", "#", "@"};
+  static const QStringList kWords = {
+      "function", "new",      "delete",     "void",       "this",  "class",  "var",    "let",
+      "const",    "while",    "for",        "do",         "if",    "return", "import", "export",
+      "yield",    "await",    "eval",       "Function",   "async", "throw",  "try",    "switch",
+      "with",     "debugger", "super",      "instanceof", "else",  "catch",  "case",   "repeat",
+      "padStart", "padEnd",   "globalThis", "constructor"};
+  if (token.kind == TokenKind::Bad)
+    return FormulaFault{QStringLiteral("textul nu este incheiat"), token.column};
+  if (token.kind == TokenKind::Sign && token.text == u"=")
+    return FormulaFault{QStringLiteral("o comparatie se scrie \"==\""), token.column};
+  if ((token.kind == TokenKind::Sign && kSigns.contains(token.text)) ||
+      (token.kind == TokenKind::Name && kWords.contains(token.text)))
+    return FormulaFault{QStringLiteral("\"%1\" nu poate sta intr-o formula").arg(token.text), token.column};
+  return std::nullopt;
+}
+
+// Parentheses that close what was never opened would end the function that is made of a formula.
+std::optional<FormulaFault> unbalanced(const std::vector<Token>& tokens) {
+  std::vector<Token> open;
+  for (const Token& token : tokens) {
+    if (token.kind != TokenKind::Sign) continue;
+    if (token.text == u"(" || token.text == u"[") {
+      open.push_back(token);
+    } else if (token.text == u")" || token.text == u"]") {
+      const QString opened = token.text == u")" ? QStringLiteral("(") : QStringLiteral("[");
+      if (open.empty() || open.back().text != opened)
+        return FormulaFault{QStringLiteral("\"%1\" nu inchide nimic").arg(token.text), token.column};
+      open.pop_back();
+    }
+  }
+  if (open.empty()) return std::nullopt;
+  return FormulaFault{QStringLiteral("\"%1\" nu este inchisa").arg(open.back().text), open.back().column};
+}
+
+QStringList namesOf(const std::vector<Token>& tokens) {
+  QStringList names;
+  for (size_t i = 0; i < tokens.size(); ++i) {
+    const Token& token = tokens[i];
+    if (token.kind != TokenKind::Name || isWordOfTheLanguage(token.text) || names.contains(token.text))
+      continue;
+    const bool isProperty = i > 0 && tokens[i - 1].text == u".";
+    const bool isCalled = i + 1 < tokens.size() && tokens[i + 1].text == u"(";
+    const bool isLibrary = i + 1 < tokens.size() && tokens[i + 1].text == u"." && token.text == u"Math";
+    if (!isProperty && !isCalled && !isLibrary) names.append(token.text);
+  }
+  return names;
+}
+
+// Each token on a line of its own, so that the engine's line tells the token.
+QString functionOf(const QStringList& names, const std::vector<Token>& tokens) {
+  QStringList lines;
+  for (const Token& token : tokens) lines.append(token.text);
+  return QStringLiteral("(function(%1) { return (\n%2\n); })").arg(names.join(u','), lines.join(u'\n'));
+}
+
+std::optional<FormulaFault> compileFault(const QJSValue& result, const std::vector<Token>& tokens) {
+  if (!result.isError()) return std::nullopt;
+  constexpr int kLinesBefore = 2;  // the function's head, and counting from 1
+  const int token = result.property(QStringLiteral("lineNumber")).toInt() - kLinesBefore;
+  const bool isKnown = token >= 0 && token < static_cast<int>(tokens.size());
+  const Token& place = isKnown ? tokens[static_cast<size_t>(token)] : tokens.back();
+  return FormulaFault{QStringLiteral("formula este gresita la \"%1\"").arg(place.text), place.column};
+}
+
+std::optional<FormulaFault> faultBefore(const std::vector<Token>& tokens) {
+  for (const Token& token : tokens)
+    if (auto fault = forbidden(token)) return fault;
+  return unbalanced(tokens);
+}
+
+// JavaScript has no dates of ours: they come as their text, which data() reads again.
+QJSValue scriptValue(const QVariant& value) {
+  if (value.isNull()) return QString();
+  switch (value.typeId()) {
+    case QMetaType::Bool:
+      return value.toBool();
+    case QMetaType::Double:
+    case QMetaType::Float:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+      return value.toDouble();
+    default:
+      break;
+  }
+  if (value.metaType() == QMetaType::fromType<Decimal>()) return value.value<Decimal>().toDouble();
+  return textOf(value);
+}
+
+QVariant valueOf(const QJSValue& result) {
+  if (result.isBool()) return result.toBool();
+  if (result.isNumber()) return std::isfinite(result.toNumber()) ? QVariant(result.toNumber()) : QVariant();
+  if (result.isString()) return result.toString();
+  return {};
+}
+
+}  // namespace
+
+QStringList namesIn(const QString& formula) { return namesOf(tokensOf(formula)); }
+
+std::optional<FormulaFault> faultOf(const QString& formula) {
+  const std::vector<Token> tokens = tokensOf(formula);
+  if (tokens.empty()) return std::nullopt;
+  if (auto fault = faultBefore(tokens)) return fault;
+  static thread_local QJSEngine engine;
+  return compileFault(engine.evaluate(functionOf(namesOf(tokens), tokens)), tokens);
+}
+
+Formulas::Formulas() : engine_(std::make_unique<QJSEngine>()) {
+  const QJSValue functions = engine_->newQObject(new Functions);  // the engine's from now on
+  for (const QString& name : {QStringLiteral("data"), QStringLiteral("numar")})
+    engine_->globalObject().setProperty(name, functions.property(name));
+}
+
+Formulas::~Formulas() {
+  compiled_.clear();  // its functions belong to the engine
+}
+
+int Formulas::add(const QString& formula) {
+  const std::vector<Token> tokens = tokensOf(formula);
+  Compiled compiled;
+  if (!tokens.empty() && !faultBefore(tokens)) {
+    compiled.names = namesOf(tokens);
+    compiled.isName = tokens.size() == 1 && compiled.names.size() == 1;
+    if (!compiled.isName) compiled.function = engine_->evaluate(functionOf(compiled.names, tokens));
+  }
+  compiled_.push_back(std::move(compiled));
+  return static_cast<int>(compiled_.size()) - 1;
+}
+
+QVariant Formulas::value(int formula, const QVariantList& values) const {
+  const Compiled& compiled = compiled_[static_cast<size_t>(formula)];
+  if (compiled.isName) return values.value(0);
+  if (!compiled.function.isCallable()) return {};
+  QJSValueList arguments;
+  arguments.reserve(values.size());
+  for (const QVariant& value : values) arguments.append(scriptValue(value));
+  return valueOf(compiled.function.call(arguments));
+}
+
+}  // namespace velmar::layout
+
+#include "Formula.moc"

@@ -1,0 +1,241 @@
+#include "reports/windows/ObjectPainter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <QHash>
+#include <QScopeGuard>
+#include <QTextLayout>
+
+#include "reports/BarCodes.h"
+
+namespace velmar::layout {
+
+namespace {
+
+constexpr qreal kCellPadding = 0.8 * kTwipsPerMillimetre;
+constexpr qreal kCellMargin = 0.3 * kTwipsPerMillimetre;  // above and below a cell's text
+constexpr qreal kNarrowest = 0.7;                         // of a text
+constexpr qreal kNarrowestNumber = 0.4;
+constexpr qreal kQuietZone = 10;  // modules beside a bar code
+
+/// A font with its measures, made once.
+struct Letters {
+  explicit Letters(const Font& told) : font(fontOf(told)), metrics(font) {}
+
+  QFont font;
+  QFontMetricsF metrics;
+};
+
+const Letters& lettersOf(const Font& font) {
+  using Key = std::tuple<QString, double, bool, bool, bool>;
+  static thread_local std::map<Key, Letters> known;
+  const Key key{font.family, font.points, font.bold, font.italic, font.underlined};
+  const auto found = known.find(key);
+  return found != known.end() ? found->second : known.emplace(key, Letters(font)).first->second;
+}
+
+// Lines of a wrapped text; a word that is wider than the frame is broken.
+QStringList wrapped(const QString& text, const Letters& letters, qreal width) {
+  QStringList lines;
+  for (const QString& paragraph : text.split(u'\n')) {
+    if (letters.metrics.horizontalAdvance(paragraph) <= width) {
+      lines.append(paragraph);
+      continue;
+    }
+    QTextLayout layout(paragraph, letters.font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+      line.setLineWidth(std::max(width, 1.0));
+      lines.append(paragraph.mid(line.textStart(), line.textLength()).trimmed());
+    }
+    layout.endLayout();
+  }
+  return lines;
+}
+
+QString oneLine(QString text) { return text.replace(u'\n', u' ').remove(u'\r'); }
+
+qreal alignedLeft(const QRectF& frame, qreal width, Align align) {
+  if (align == Align::Right) return frame.right() - width;
+  return align == Align::Centre ? frame.center().x() - width / 2 : frame.left();
+}
+
+// A line of text whose width is known to be too much for the frame.
+void drawNarrowed(QPainter& painter, const QRectF& frame, qreal baseline, const QString& text, qreal width,
+                  const TextStyle& style, const Letters& letters) {
+  const bool isNumber = style.format == Format::Number;
+  const qreal scale = std::max(frame.width() / width, isNumber ? kNarrowestNumber : kNarrowest);
+  const QString shown =
+      isNumber ? text : letters.metrics.elidedText(text, Qt::ElideRight, frame.width() / scale);
+  const qreal shownWidth = letters.metrics.horizontalAdvance(shown) * scale;
+  painter.save();
+  painter.translate(alignedLeft(frame, shownWidth, style.align), baseline);
+  painter.scale(scale, 1);
+  painter.drawText(QPointF(0, 0), shown);
+  painter.restore();
+}
+
+void drawLineOfText(QPainter& painter, const QRectF& frame, qreal baseline, const QString& text,
+                    const TextStyle& style, const Letters& letters) {
+  if (text.isEmpty()) return;
+  const qreal width = letters.metrics.horizontalAdvance(text);
+  if (width > frame.width() + 1)
+    drawNarrowed(painter, frame, baseline, text, width, style, letters);
+  else
+    painter.drawText(QPointF(alignedLeft(frame, width, style.align), baseline), text);
+}
+
+QPen penOf(double millimetres, const QString& colour) {
+  QPen pen(QColor(colour), toTwips(millimetres));
+  pen.setCapStyle(Qt::FlatCap);
+  pen.setJoinStyle(Qt::MiterJoin);
+  return pen;
+}
+
+qreal textHeight(const QString& text, const TextStyle& style, qreal width) {
+  const Letters& letters = lettersOf(style.font);
+  return static_cast<qreal>(wrapped(text, letters, width).size()) * letters.metrics.height();
+}
+
+// The squares of a row's cells, from left to right.
+template <typename Work>
+void forEachCell(const QRectF& frame, const TableRow& row, Work work) {
+  qreal left = frame.left();
+  for (size_t i = 0; i < row.cells.size(); ++i) {
+    const qreal width = toTwips(row.cells[i].width);
+    work(i, QRectF(left, frame.top(), width, frame.height()));
+    left += width;
+  }
+}
+
+}  // namespace
+
+QRectF toTwips(const QRectF& millimetres) {
+  return {millimetres.topLeft() * kTwipsPerMillimetre, millimetres.size() * kTwipsPerMillimetre};
+}
+
+QFont fontOf(const Font& told) {
+  QFont font = printFont(QFont(told.family), told.points);
+  font.setBold(told.bold);
+  font.setItalic(told.italic);
+  font.setUnderline(told.underlined);
+  return font;
+}
+
+void drawText(QPainter& painter, const QRectF& frame, const QString& text, const TextStyle& style) {
+  if (text.isEmpty()) return;
+  const Letters& letters = lettersOf(style.font);
+  painter.setFont(letters.font);
+  painter.setPen(QColor(style.colour));
+  const QStringList lines = style.wraps ? wrapped(text, letters, frame.width()) : QStringList(oneLine(text));
+  const qreal lineHeight = letters.metrics.height();
+  const qreal height = lineHeight * static_cast<qreal>(lines.size());
+  qreal top = frame.top();
+  if (style.vertical == VerticalAlign::Bottom) top = frame.bottom() - height;
+  if (style.vertical == VerticalAlign::Middle) top = frame.center().y() - height / 2;
+  for (const QString& line : lines) {
+    drawLineOfText(painter, frame, top + letters.metrics.ascent(), line, style, letters);
+    top += lineHeight;
+  }
+}
+
+void drawLine(QPainter& painter, const QRectF& frame, const Line& line) {
+  painter.setPen(penOf(line.pen, line.colour));
+  if (line.rising)
+    painter.drawLine(frame.bottomLeft(), frame.topRight());
+  else
+    painter.drawLine(frame.topLeft(), frame.bottomRight());
+}
+
+void drawBox(QPainter& painter, const QRectF& frame, const Box& box) {
+  painter.setPen(box.pen > 0 ? penOf(box.pen, box.colour) : QPen(Qt::NoPen));
+  painter.setBrush(box.fill.isEmpty() ? QBrush(Qt::NoBrush) : QBrush(QColor(box.fill)));
+  const qreal radius = std::min({toTwips(box.radius), frame.width() / 2, frame.height() / 2});
+  if (radius > 0)
+    painter.drawRoundedRect(frame, radius, radius);
+  else
+    painter.drawRect(frame);
+  painter.setBrush(Qt::NoBrush);
+}
+
+void drawPicture(QPainter& painter, const QRectF& frame, const QImage& image, bool keepsRatio) {
+  if (image.isNull() || frame.isEmpty()) return;
+  QRectF place = frame;
+  if (keepsRatio) {
+    const QSizeF size = QSizeF(image.size()).scaled(frame.size(), Qt::KeepAspectRatio);
+    place = QRectF(
+        frame.topLeft() + QPointF(frame.width() - size.width(), frame.height() - size.height()) / 2, size);
+  }
+  painter.drawImage(place, image);
+}
+
+void drawBarCode(QPainter& painter, const QRectF& frame, const BarCode& code, const QString& text) {
+  const QBitArray modules = barModules(code.type, text.trimmed());
+  if (modules.isEmpty() || frame.isEmpty()) return;
+  TextStyle style;
+  style.align = Align::Centre;
+  style.vertical = VerticalAlign::Bottom;
+  const qreal textRoom = code.showsText ? lettersOf(style.font).metrics.height() : 0;
+  const qreal module = frame.width() / (static_cast<qreal>(modules.size()) + 2 * kQuietZone);
+  const qreal height = std::max(frame.height() - textRoom, frame.height() / 4);
+  for (qsizetype from = 0; from < modules.size();) {
+    qsizetype end = from;
+    while (end < modules.size() && modules.testBit(end)) ++end;
+    if (end > from)
+      painter.fillRect(QRectF(frame.left() + (kQuietZone + static_cast<qreal>(from)) * module, frame.top(),
+                              static_cast<qreal>(end - from) * module, height),
+                       Qt::black);
+    from = std::max(end, from + 1);
+  }
+  if (code.showsText) drawText(painter, frame, text.trimmed(), style);
+}
+
+qreal rowHeight(const TableRow& row, const QStringList& texts) {
+  qreal height = toTwips(row.height);
+  for (size_t i = 0; i < row.cells.size(); ++i) {
+    const Cell& cell = row.cells[i];
+    const QString text = texts.value(static_cast<qsizetype>(i));
+    if (!cell.style.wraps || text.isEmpty()) continue;
+    height = std::max(height,
+                      2 * kCellMargin + textHeight(text, cell.style, toTwips(cell.width) - 2 * kCellPadding));
+  }
+  return height;
+}
+
+qreal rowWidth(const TableRow& row) {
+  qreal width = 0;
+  for (const Cell& cell : row.cells) width += toTwips(cell.width);
+  return width;
+}
+
+void drawRow(QPainter& painter, const QRectF& frame, const TableRow& row, const QStringList& texts,
+             const Table& table) {
+  forEachCell(frame, row, [&](size_t i, const QRectF& square) {
+    const Cell& cell = row.cells[i];
+    if (!cell.fill.isEmpty()) painter.fillRect(square, QColor(cell.fill));
+    drawText(painter, square.adjusted(kCellPadding, kCellMargin, -kCellPadding, -kCellMargin),
+             texts.value(static_cast<qsizetype>(i)), cell.style);
+  });
+  drawSides(painter, frame, row, table);
+  if (table.pen <= 0) return;
+  forEachCell(frame, row, [&](size_t i, const QRectF& square) {
+    const Borders& borders = row.cells[i].borders;
+    if (borders.top) painter.drawLine(square.topLeft(), square.topRight());
+    if (borders.bottom) painter.drawLine(square.bottomLeft(), square.bottomRight());
+  });
+}
+
+void drawSides(QPainter& painter, const QRectF& frame, const TableRow& row, const Table& table) {
+  if (table.pen <= 0) return;
+  painter.setPen(penOf(table.pen, table.colour));
+  forEachCell(frame, row, [&](size_t i, const QRectF& square) {
+    const Borders& borders = row.cells[i].borders;
+    if (borders.left) painter.drawLine(square.topLeft(), square.bottomLeft());
+    if (borders.right) painter.drawLine(square.topRight(), square.bottomRight());
+  });
+}
+
+}  // namespace velmar::layout

@@ -1,0 +1,358 @@
+#include "reports/windows/ReportJob.h"
+
+#include <algorithm>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QPainter>
+
+#include "reports/Shown.h"
+#include "reports/windows/ObjectPainter.h"
+
+namespace velmar {
+
+using layout::Object;
+using layout::Place;
+using layout::RowRole;
+using layout::Scope;
+using layout::TableRow;
+
+namespace {
+
+constexpr int kMostPictures = 20;
+constexpr int kAll = 100;  // percent
+
+QRectF frameOfTable(const layout::Layout& layout) {
+  for (const Object& object : layout.objects)
+    if (std::holds_alternative<layout::Table>(object.content)) return layout::toTwips(object.frame);
+  return {};
+}
+
+qreal heightOf(const auto& rows) {
+  qreal height = 0;
+  for (const auto& row : rows) height += row.height;
+  return height;
+}
+
+template <class... Works>
+struct Visitor : Works... {
+  using Works::operator()...;
+};
+
+}  // namespace
+
+/// Takes what stands on a page: on a painter, or as words alone.
+class ReportJob::Flow {
+ public:
+  explicit Flow(QPainter* painter) : painter_(painter) {}
+
+  void row(const FilledRow& filled, const QRectF& frame, const layout::Table& table) {
+    if (painter_)
+      layout::drawRow(*painter_, frame, *filled.row, filled.texts, table);
+    else
+      words_.append(filled.texts.join(u' '));
+  }
+  void sides(const TableRow& row, const QRectF& frame, const layout::Table& table) {
+    if (painter_) layout::drawSides(*painter_, frame, row, table);
+  }
+  void text(const QString& text) {
+    if (!painter_) words_.append(text);
+  }
+  QPainter* painter() { return painter_; }
+  QString words() const { return words_.join(u'\n'); }
+
+ private:
+  QPainter* painter_;
+  QStringList words_;
+};
+
+ReportJob::ReportJob(const QString& file, layout::Layout layout, const ReportData& data)
+    : file_(file),
+      layout_(std::move(layout)),
+      table_(layout_.table()),
+      tableFrame_(frameOfTable(layout_)),
+      evaluation_(data, table_) {
+  addFormulas();
+}
+
+void ReportJob::addFormulas() {
+  const auto optional = [this](const QString& formula, Scope scope) {
+    return formula.trimmed().isEmpty() ? -1 : evaluation_.add(formula, scope);
+  };
+  for (const Object& object : layout_.objects) {
+    const QString content = std::visit(Visitor{[](const layout::Text& text) { return text.formula; },
+                                               [](const layout::Picture& picture) { return picture.file; },
+                                               [](const layout::BarCode& code) { return code.formula; },
+                                               [](const auto&) { return QString(); }},
+                                       object.content);
+    objectFormulas_.push_back({optional(object.condition, Scope::Page), optional(content, Scope::Page)});
+  }
+  if (!table_) return;
+  for (const QString& group : table_->groups) groupFormulas_.push_back(evaluation_.add(group, Scope::Line));
+  for (const layout::Sum& sum : table_->sums)
+    sumFormulas_.push_back(evaluation_.add(sum.formula, Scope::Line));
+  for (const TableRow& row : table_->rows) {
+    RowFormulas formulas{optional(row.condition, Scope::Line), {}};
+    for (const layout::Cell& cell : row.cells) formulas.cells.push_back(optional(cell.formula, Scope::Line));
+    rowFormulas_.push_back(std::move(formulas));
+  }
+  next_.sums.resize(table_->sums.size());
+}
+
+QString ReportJob::name() const { return QFileInfo(file_).completeBaseName(); }
+
+QPageLayout ReportJob::pageLayout() const {
+  const layout::Page& page = layout_.page;
+  const bool lies = page.width > page.height;
+  const QSizeF upright(std::min(page.width, page.height), std::max(page.width, page.height));
+  const QPageSize size(upright, QPageSize::Millimeter, QString(), QPageSize::FuzzyMatch);
+  return QPageLayout(size, lies ? QPageLayout::Landscape : QPageLayout::Portrait,
+                     QMarginsF(page.left, page.top, page.right, page.bottom), QPageLayout::Millimeter);
+}
+
+Place ReportJob::placeOf(const Position& position, int line, int page) const {
+  return {position.set, line, page, isCounted_ ? knownPages() : 0, &position.sums};
+}
+
+bool ReportJob::isShown(int condition, const Place& place) const {
+  return condition < 0 || evaluation_.isTrue(condition, place);
+}
+
+// Without texts only those are made that may let their row grow.
+ReportJob::FilledRows ReportJob::filled(RowRole role, int group, const Place& place, bool withTexts) const {
+  FilledRows result;
+  for (size_t i = 0; i < table_->rows.size(); ++i) {
+    const TableRow& row = table_->rows[i];
+    const bool isOfGroup = role != RowRole::GroupHeader && role != RowRole::GroupFooter;
+    if (row.role != role || (!isOfGroup && row.group != group)) continue;
+    const RowFormulas& formulas = rowFormulas_[i];
+    if (!isShown(formulas.condition, place)) continue;
+    FilledRow filled{&row, {}, 0};
+    for (size_t cell = 0; cell < row.cells.size(); ++cell) {
+      const bool wanted = formulas.cells[cell] >= 0 && (withTexts || row.cells[cell].style.wraps);
+      filled.texts.append(
+          wanted ? layout::shownText(evaluation_.value(formulas.cells[cell], place), row.cells[cell].style)
+                 : QString());
+    }
+    filled.height = layout::rowHeight(row, filled.texts);
+    result.push_back(std::move(filled));
+  }
+  return result;
+}
+
+std::vector<QVariant> ReportJob::groupsAt(const Place& place) const {
+  std::vector<QVariant> values;
+  for (const int formula : groupFormulas_) values.push_back(evaluation_.value(formula, place));
+  return values;
+}
+
+void ReportJob::addToSums(std::vector<Decimal>& sums, int firstOpened, const Place& place) const {
+  for (size_t i = 0; i < sums.size(); ++i) {
+    const int group = table_->sums[i].group;
+    if (group >= 0 && group >= firstOpened) sums[i] = 0;
+    if (const auto number = layout::numberOf(evaluation_.value(sumFormulas_[i], place))) sums[i] += *number;
+  }
+}
+
+// The footer rows of the innermost group that is still to be looked at, if it closes here.
+std::optional<ReportJob::Block> ReportJob::closingBlock(const Position& at, int firstClosed, int page,
+                                                        bool withTexts) const {
+  const int group = static_cast<int>(groupFormulas_.size()) - 1 - at.step;
+  if (at.line == 0 || group < firstClosed) return std::nullopt;
+  Block block{filled(RowRole::GroupFooter, group, placeOf(at, at.line - 1, page), withTexts), 0, false, false,
+              at};
+  ++block.next.step;
+  return block;
+}
+
+ReportJob::Block ReportJob::lineBlock(const Position& at, const std::vector<QVariant>& groups,
+                                      int firstOpened, int page, bool withTexts) const {
+  Block block;
+  block.next = at;
+  block.next.groups = groups;
+  block.next.line = at.line + 1;
+  block.next.step = 0;
+  const Place place = placeOf(block.next, at.line, page);
+  addToSums(block.next.sums, firstOpened, place);
+  for (int group = firstOpened; group < static_cast<int>(groupFormulas_.size()); ++group)
+    for (FilledRow& row : filled(RowRole::GroupHeader, group, place, withTexts))
+      block.rows.push_back(std::move(row));
+  for (FilledRow& row : filled(RowRole::Line, 0, place, withTexts)) block.rows.push_back(std::move(row));
+  return block;
+}
+
+ReportJob::Block ReportJob::nextBlock(const Position& at, int page, bool withTexts) const {
+  const int groupCount = static_cast<int>(groupFormulas_.size());
+  if (at.line < evaluation_.lineCount()) {
+    const std::vector<QVariant> groups = groupsAt(placeOf(at, at.line, page));
+    int firstChanged = 0;
+    if (at.line > 0)
+      while (firstChanged < groupCount &&
+             groups[static_cast<size_t>(firstChanged)] == at.groups[static_cast<size_t>(firstChanged)])
+        ++firstChanged;
+    if (auto closing = closingBlock(at, firstChanged, page, withTexts)) return *closing;
+    return lineBlock(at, groups, firstChanged, page, withTexts);
+  }
+  if (auto closing = closingBlock(at, 0, page, withTexts)) return *closing;
+  Block total{filled(RowRole::Total, 0, placeOf(at, at.line - 1, page), withTexts), 0, true, true, at};
+  return total;
+}
+
+// The table's part of a page; gives where the next page goes on, which is another set when this one ends.
+ReportJob::Position ReportJob::flow(const Position& start, int page, Flow* out) const {
+  const bool withTexts = out != nullptr;
+  Position at = start;
+  const auto endOfSet = [this, &at] {
+    Position next;
+    next.set = at.set + 1;
+    next.sums.resize(at.sums.size());
+    return next;
+  };
+  if (!table_) return endOfSet();
+
+  qreal y = tableFrame_.top();
+  const TableRow* lineRow = nullptr;
+  const auto put = [&](const FilledRows& rows, qreal from) {
+    for (const FilledRow& row : rows) {
+      if (out) out->row(row, QRectF(tableFrame_.left(), from, tableFrame_.width(), row.height), *table_);
+      from += row.height;
+    }
+    return from;
+  };
+  // What stands at the lower end of the page, over the sides of the lines drawn down to it.
+  const auto putLast = [&](const FilledRows& rows) {
+    const qreal last = table_->fillsDown ? std::max(y, tableFrame_.bottom() - heightOf(rows)) : y;
+    if (out && table_->fillsDown && lineRow && last > y)
+      out->sides(*lineRow, QRectF(tableFrame_.left(), y, tableFrame_.width(), last - y), *table_);
+    put(rows, last);
+  };
+
+  const Place top = placeOf(at, at.line, page);
+  y = put(filled(RowRole::Header, 0, top, true), y);
+  if (!at.opensSet) y = put(filled(RowRole::Brought, 0, top, true), y);
+  for (const TableRow& row : table_->rows)
+    if (row.role == RowRole::Line && !lineRow) lineRow = &row;
+  const auto carried = [&] { return filled(RowRole::Carried, 0, placeOf(at, at.line - 1, page), true); };
+  const qreal kept = heightOf(carried());
+  bool isStarted = false;
+  for (;;) {
+    Block block = nextBlock(at, page, withTexts);
+    block.height = heightOf(block.rows);
+    const qreal bottom = tableFrame_.bottom() - (block.isLast ? 0 : kept);
+    // What does not fit an empty page either must stand somewhere.
+    if (y + block.height > bottom + 1 && isStarted) {
+      putLast(carried());
+      at.opensSet = false;
+      return at;
+    }
+    if (block.isTotal) {
+      putLast(block.rows);
+      return endOfSet();
+    }
+    y = put(block.rows, y);
+    isStarted = isStarted || block.height > 0;
+    at = std::move(block.next);
+  }
+}
+
+// False when there is no further page.
+bool ReportJob::countSheet() const {
+  if (isCounted_) return false;
+  if (next_.set >= evaluation_.setCount()) {
+    isCounted_ = true;
+    return false;
+  }
+  const Position next = flow(next_, knownPages(), nullptr);
+  Sheet sheet{next_, next.sums, next.set != next_.set};
+  sheets_.push_back(std::move(sheet));
+  next_ = next;
+  if (next_.set >= evaluation_.setCount()) isCounted_ = true;
+  return true;
+}
+
+int ReportJob::pageCount() const {
+  while (countSheet()) {
+  }
+  return std::max(1, knownPages());
+}
+
+int ReportJob::countOn(int milliseconds) const {
+  QElapsedTimer time;
+  time.start();
+  while (time.elapsed() < milliseconds && countSheet()) {
+  }
+  if (isCounted_) return kAll;
+  const double ofSet = next_.line / static_cast<double>(std::max(1, evaluation_.lineCount()));
+  return static_cast<int>(kAll * (next_.set + ofSet) / evaluation_.setCount());
+}
+
+ReportJob::Sheet ReportJob::sheet(int page) const {
+  while (page >= knownPages() && countSheet()) {
+  }
+  return sheets_[static_cast<size_t>(std::clamp(page, 0, std::max(0, knownPages() - 1)))];
+}
+
+QImage ReportJob::picture(const QString& path) const {
+  const QString whole = QFileInfo(file_).dir().absoluteFilePath(QDir::fromNativeSeparators(path.trimmed()));
+  const auto known = pictures_.constFind(whole);
+  if (known != pictures_.constEnd()) return *known;
+  if (pictures_.size() >= kMostPictures) pictures_.clear();
+  return *pictures_.insert(whole, QImage(whole));
+}
+
+void ReportJob::putObject(size_t number, const Sheet& sheet, const Place& place, Flow& out) const {
+  const Object& object = layout_.objects[number];
+  const ObjectFormulas& formulas = objectFormulas_[number];
+  const bool isOnPage = object.pages == layout::Pages::All ||
+                        (object.pages == layout::Pages::First && sheet.start.opensSet) ||
+                        (object.pages == layout::Pages::Following && !sheet.start.opensSet) ||
+                        (object.pages == layout::Pages::Last && sheet.closesSet);
+  if (!isOnPage || !isShown(formulas.condition, place)) return;
+  const QRectF frame = layout::toTwips(object.frame);
+  const QVariant value = formulas.content < 0 ? QVariant() : evaluation_.value(formulas.content, place);
+  QPainter* painter = out.painter();
+  std::visit(Visitor{[&](const layout::Text& text) {
+                       const QString shown = layout::shownText(value, text.style);
+                       out.text(shown);
+                       if (painter) layout::drawText(*painter, frame, shown, text.style);
+                     },
+                     [&](const layout::Line& line) {
+                       if (painter) layout::drawLine(*painter, frame, line);
+                     },
+                     [&](const layout::Box& box) {
+                       if (painter) layout::drawBox(*painter, frame, box);
+                     },
+                     [&](const layout::Picture& shown) {
+                       if (painter)
+                         layout::drawPicture(*painter, frame, picture(value.toString()), shown.keepsRatio);
+                     },
+                     [&](const layout::BarCode& code) {
+                       const QString text = layout::textOf(value);
+                       if (code.showsText) out.text(text);
+                       if (painter) layout::drawBarCode(*painter, frame, code, text);
+                     },
+                     [&](const layout::Table&) { flow(sheet.start, place.page, &out); }},
+             object.content);
+}
+
+void ReportJob::putPage(int page, Flow& out) const {
+  if (isEmpty()) return;
+  const Sheet shown = sheet(page);
+  Position end = shown.start;
+  end.sums = shown.sums;
+  const Place place = placeOf(end, -1, page);
+  for (size_t i = 0; i < layout_.objects.size(); ++i) putObject(i, shown, place, out);
+}
+
+void ReportJob::paintPage(QPainter& painter, int page) const {
+  Flow out(&painter);
+  putPage(page, out);
+}
+
+QString ReportJob::pageText(int page) const {
+  Flow out(nullptr);
+  putPage(page, out);
+  return out.words();
+}
+
+}  // namespace velmar

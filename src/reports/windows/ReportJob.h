@@ -1,0 +1,105 @@
+// A report on its way to paper: a layout with its data, cut into pages. Where each page begins is found by
+// walking through the lines once; from there any page is drawn by itself, so that a report of thousands of
+// pages takes the memory of one.
+#pragma once
+
+#include <QImage>
+
+#include "reports/Evaluation.h"
+#include "reports/Layout.h"
+#include "util/windows/PrintJob.h"
+
+namespace velmar {
+
+class ReportJob : public PrintJob {
+ public:
+  /// `file`: the layout's path, after which the job is named and beside which pictures are looked for.
+  ReportJob(const QString& file, layout::Layout layout, const ReportData& data);
+
+  /// Whether there is neither a row of variables nor a record set of lines: nothing to print.
+  bool isEmpty() const { return evaluation_.setCount() == 0; }
+
+  QString name() const override;
+  QPageLayout pageLayout() const override;
+  int pageCount() const override;
+  int knownPages() const override { return static_cast<int>(sheets_.size()); }
+  bool isCounted() const override { return isCounted_; }
+  int countOn(int milliseconds) const override;
+  void paintPage(QPainter& painter, int page) const override;
+  QString pageText(int page) const override;
+
+ private:
+  /// How far the walk through the data has come.
+  struct Position {
+    int set = 0;
+    int line = 0;  ///< the next one
+    int step = 0;  ///< how many groups have been looked at for closing before that line
+    bool opensSet = true;
+    std::vector<QVariant> groups;  ///< of the line before
+    std::vector<Decimal> sums;     ///< up to the line before
+  };
+  struct Sheet {
+    Position start;
+    std::vector<Decimal> sums;  ///< at its end
+    bool closesSet = false;
+  };
+  /// A row with what its cells say.
+  struct FilledRow {
+    const layout::TableRow* row;
+    QStringList texts;
+    qreal height;
+  };
+  using FilledRows = std::vector<FilledRow>;
+  /// Rows that stand on one page together, and where the walk is behind them.
+  struct Block {
+    FilledRows rows;
+    qreal height = 0;
+    bool isLast = false;
+    bool isTotal = false;
+    Position next;
+  };
+  /// The formulas of a row, by their numbers.
+  struct RowFormulas {
+    int condition = -1;
+    std::vector<int> cells;
+  };
+  /// The formulas of an object.
+  struct ObjectFormulas {
+    int condition = -1;
+    int content = -1;
+  };
+  class Flow;
+
+  void addFormulas();
+  bool countSheet() const;
+  Sheet sheet(int page) const;
+  layout::Place placeOf(const Position& position, int line, int page) const;
+  bool isShown(int condition, const layout::Place& place) const;
+  FilledRows filled(layout::RowRole role, int group, const layout::Place& place, bool withTexts) const;
+  Block nextBlock(const Position& at, int page, bool withTexts) const;
+  std::optional<Block> closingBlock(const Position& at, int firstClosed, int page, bool withTexts) const;
+  Block lineBlock(const Position& at, const std::vector<QVariant>& groups, int firstOpened, int page,
+                  bool withTexts) const;
+  std::vector<QVariant> groupsAt(const layout::Place& place) const;
+  void addToSums(std::vector<Decimal>& sums, int firstOpened, const layout::Place& place) const;
+  Position flow(const Position& start, int page, Flow* out) const;
+  void putObject(size_t object, const Sheet& sheet, const layout::Place& place, Flow& out) const;
+  void putPage(int page, Flow& out) const;
+  QImage picture(const QString& path) const;
+
+  QString file_;
+  layout::Layout layout_;
+  const layout::Table* table_;
+  QRectF tableFrame_;  ///< twips
+  layout::Evaluation evaluation_;
+  std::vector<RowFormulas> rowFormulas_;
+  std::vector<ObjectFormulas> objectFormulas_;
+  std::vector<int> groupFormulas_;
+  std::vector<int> sumFormulas_;
+  mutable std::vector<Sheet> sheets_;
+  mutable Position next_;
+  mutable bool isCounted_ = false;
+  mutable QHash<QString, QImage> pictures_;
+};
+
+}  // namespace velmar

@@ -1,0 +1,63 @@
+#include "reports/windows/clsListLabel.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include "reports/windows/ReportJob.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+
+namespace velmar {
+
+namespace {
+
+QString faultText(const QString& file, const layout::LayoutError& error) {
+  return QStringLiteral("Raportul %1 nu poate fi folosit.\nLinia %2, coloana %3: %4.")
+      .arg(QDir::toNativeSeparators(file), QString::number(error.line()), QString::number(error.column()),
+           error.text());
+}
+
+}  // namespace
+
+void clsListLabel::setFileName(const QString& path) { fileName_ = QString(path).replace(u'\\', u'/'); }
+
+void clsListLabel::setVariables(const Recordset& rows) {
+  data_.variables = rows;
+  data_.hasVariables = true;
+}
+
+void clsListLabel::setFields(std::shared_ptr<const RowSource> rows, const QStringList& columns) {
+  data_.fields = std::move(rows);
+  data_.fieldNames = columns;
+}
+
+void clsListLabel::setFields(const Recordset& rows) {
+  setFields(std::make_shared<RecordsetRows>(rows), rows.columns());
+}
+
+void clsListLabel::AddVarsFromRecordset(const Recordset& rows, const QStringList& columns) {
+  if (rows.isEmpty()) return;
+  for (const QString& column : columns.isEmpty() ? rows.columns() : columns)
+    addVariable(column, rows.first().value(column));
+}
+
+void clsListLabel::addVariable(const QString& name, const QVariant& value) {
+  data_.extraVariables.push_back(described(name, value));
+}
+
+void clsListLabel::addField(const QString& name, const QVariant& value) {
+  data_.extraFields.push_back(described(name, value));
+}
+
+bool clsListLabel::Print_Preview(Mode mode) {
+  try {
+    ReportJob job(fileName_, layout::load(fileName_), data_);
+    if (job.isEmpty()) return false;
+    return printAndPreview(job, mode == Preview ? PrintWay::Preview : PrintWay::Print, parent_);
+  } catch (const layout::LayoutError& error) {
+    Mesaj(faultText(fileName_, error), kExclamation);
+    return false;
+  }
+}
+
+}  // namespace velmar
