@@ -15,6 +15,7 @@ function seed() {
   sql("INSERT INTO \"Articole - Discounturi\" (CodArticol, CantMin, CantMax, Discount) VALUES ('M1', 2, 9, 5)");
   for (const [number, price] of [["1", 10], ["2", 20]]) {
     sql("INSERT INTO G_DOCUME (ID, TIP, TIPIE, DATADOC, CODMAG) VALUES (?, 'FF', 'I', ?, 1)", "FF" + number, year + "-01-0" + number);
+    sql("INSERT INTO G_FACFUR (NUMFAC, DATAFAC, VALIDAT) VALUES (?, ?, -1)", number, year + "-01-0" + number);
     sql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT, CANTRAMASA, PRETFT, COST, VALCOST, CODMAG) VALUES (?, 1, 'M1', 5, 5, ?, ?, ?, 1)",
         "FF" + number, price, price, 5 * price);
   }
@@ -249,10 +250,10 @@ validated();
 equal([note(second), sql("SELECT DISTINCT JURNAL FROM kt_linii WHERE DOC = ? AND CONT = '5125'", second), sql("SELECT MODREG FROM G_DOCUME WHERE ID = ?", "BS" + second)],
       [["707 C 63", "4427 C 11.97", "5125 D 74.97", "607 D 40", "371 C 40"], [{JURNAL: "CS1"}], [{MODREG: 4}]], "notes by card");
 
-// ACTIVA: success, refusal, crash, and a register that never answers.
+// ACTIVA: a register that refuses, one that crashes, and one that never answers.
 writeFile(app + "TX.TXT", "");
 register("A");
-const third = newSale(["M1", "1.5"]);
+const third = newSale(["M1", "1"]);
 for (const failure of ["exit 3", "kill -SEGV $$"]) {
   program(app + "start.bat", failure);
   press("cmdTiparire", "OK", "OK");
@@ -260,17 +261,94 @@ for (const failure of ["exit 3", "kill -SEGV $$"]) {
   expectMessage("Bonul nu poate fi tiparit pe casa de marcat.");
   equal([marks(third), lines.isLocked(0, "CANT")], [[0, 0, 0], false], failure);
 }
-program(app + "start.bat", "exec sleep 60");
+program(app + "start.bat", "exec sleep 20");
 const question = "Bonul " + third + " a fost trimis la casa de marcat si nu se stie daca a iesit. Verificati. A iesit bonul din casa de marcat ?";
-function giveUp(caption) {
-  w.click("cmdTiparire");
-  answer(caption);
-  win("frmAsteptare").click("cmdRenunta");
-  expectMessage(question, {title: "Casa de marcat", icon: "question"});
-}
-giveUp("Anulare");
-equal(marks(third), [0, 1, 0], "nobody knows");
+w.click("cmdTiparire");
+equal(marks(third), [0, 1, 0], "known to be sent before the register answers");
+answer("Anulare");
+win("frmAsteptare").click("cmdRenunta");
+expectMessage(question, {title: "Casa de marcat", icon: "question"});
 expectLocked("as it was sent");
 refused("cmdSterge", "Bonul a fost trimis la casa de marcat si nu se stie daca a iesit. Apasati Tiparire pentru a spune.");
+
+// Whoever finds it so, also after a crash, is asked before anything is sent once more.
+register("A");
+w.grid("TDBGrid2").select(0);
+expectLocked("found again");
+press("cmdTiparire", "Anulare");
+expectMessage(question);
+equal([marks(third), isOpen("frmAsteptare")], [[0, 1, 0], false], "nothing sent");
+press("cmdTiparire", "Nu");
+expectMessage(question);
+equal(marks(third), [0, 2, 0], "the second attempt");
+answer("Nu");
 answer("OK");
-giveUp("Nu");
+win("frmAsteptare").click("cmdRenunta");
+expectMessage(question);
+expectMessage("Bonul nu poate fi tiparit pe casa de marcat.");
+equal([marks(third), lines.isLocked(0, "CANT")], [[0, 0, 0], false], "open again");
+program(app + "start.bat", "cp TX.TXT read; exit 0");
+w.click("cmdTiparire");
+noMessage();
+equal(readFile(app + "read"), "KARAT\r\nP\r\nPATI CUMPARAT:\r\n*Marfa intai         000023802000001000111\r\nPVA MULTUMIM!\r\n" +
+      "T0000010000CASH  \r\nEND KARAT\r\n", "the receipt");
+equal(marks(third), [-1, 0, 0], "printed");
+validated();
+equal(note(third), ["707 C 20", "4427 C 3.8", "5314 D 23.8", "607 D 20", "371 C 20"], "the warehouse's own account");
+
+// OPTIMA: an error file fails it; a receipt that came out although nobody waited counts when told.
+writeFile(app + "OPTIMA.BON", "");
+writeFile(drive + "OPTYKEY/Erori.txt", "");
+register("O");
+const fourth = newSale(["S1", "2"]);
+program(app + "OPTIKEY.EXE", "cp OPTIMA.BON read; exit 0");
+press("cmdTiparire", "OK", "OK");
+expectMessage("Casa de marcat nu este pregatita !");
+expectMessage("Bonul nu poate fi tiparit pe casa de marcat.");
+removeFile(drive + "OPTYKEY/Erori.txt");
+program(app + "OPTIKEY.EXE", "cp OPTIMA.BON read; exec sleep 20");
+w.click("cmdTiparire");
+answer("Da");
+win("frmAsteptare").click("cmdRenunta");
+expectMessage("A iesit bonul din casa de marcat ?");
+equal([marks(fourth), readFile(app + "read")], [[-1, 0, 0], "1\r\nS;Transport ;29.75;2;2;\r\nT;59.5;CASH;;;;;;;;;;;\r\n"], "told to be printed");
+validated();
+
+// Another workstation prints it under an open window: nothing of it changes here any more.
+const fifth = newSale(["S1", "2"]);
+sql("UPDATE G_BONCASA SET LISTAT = -1 WHERE NUMFAC = ?", fifth);
+answer("OK");
+lines.enter(0, "CANT", "5");
+expectMessage("Bonul a fost trimis intre timp la casa de marcat !");
+key("Esc");
+refused("cmdTiparire", "Bonul a fost tiparit pe casa de marcat. Nu mai poate fi tiparit inca odata.");
+press("cmdSterge", "Da", "OK");
+expectMessage("Sunteti sigur");
+expectMessage("Bonul a fost trimis intre timp la casa de marcat !");
+equal(sql("SELECT CANT FROM G_LBONCASA WHERE NUMFAC = ?", fifth), [{CANT: 2}], "as it was printed");
+validated();
+
+// Without the box the receipt belongs on an ordinary printer; a new sale follows.
+const sixth = newSale(["S1", "1"]);
+w.set("CheckCasaMarcat", false);
+w.click("cmdTiparire");
+noMessage();
+equal([marks(sixth), w.text("txtFields(0)"), w.value("CheckCasaMarcat")], [[0, 0, 0], String(Number(sixth) + 1), false], "not fiscal");
+equal(call("disagreementText"), "", "all agrees");
+
+// The average method: a line tells the cost of one piece, the ledger that of the line. 3 and 2 at 2.50.
+company({method: "MP"});
+seed();
+sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (4, 'CASA', 'C')");
+sql("UPDATE G_ARTMAG SET COST = 2.5 WHERE CODART = 'M1'");
+w = null;
+register(" ");
+const average = newSale(["M1", "3"], ["M1", "2"]);
+equal([cells(0, "COST"), cells(1, "COST")], [["2,50"], ["2,50"]], "of one piece");
+validated();
+equal(sql("SELECT COST, VALCOST FROM G_LDOCUM WHERE DOCID = ? ORDER BY LINIE", "BS" + average),
+      [{COST: 2.5, VALCOST: 7.5}, {COST: 2.5, VALCOST: 5}], "ledger lines");
+equal(sql("SELECT TOTALCOST FROM G_DOCUME WHERE ID = ?", "BS" + average), [{TOTALCOST: 12.5}], "ledger");
+// 3 and 2 at 19: 57 and 38, VAT 10.83 and 7.22.
+equal(note(average), ["707 C 95", "4427 C 18.05", "5311 D 113.05", "607 D 12.5", "371 C 12.5"], "notes");
+equal(call("disagreementText"), "", "all agrees");
