@@ -20,6 +20,10 @@ class KindRules {
  public:
   virtual ~KindRules() = default;
 
+  /// Puts into fields what the kind begins with: those of a new document, and those that no table stores of
+  /// one that is opened.
+  virtual void begin(TypedHeader& header, bool isNew) const;
+
   /// Completes a line with the article's data and the kind's price (what the line has of a quantity is kept).
   /// `article` is a row of G_ARTMAG. Number, code and name are already set.
   virtual void completeLine(Row& line, const Row& article, TypedHeader& header) const = 0;
@@ -44,6 +48,10 @@ class KindRules {
   /// before validation and once more under its lock.
   virtual QString stockRefusal(const Document& document) const;
 
+  /// Why the document may not be validated even so, as a message; "" when it may. Asked as stockRefusal(), and
+  /// after it.
+  virtual QString validationRefusal(const Document& document) const;
+
   /// Columns whose sums stand in the footers.
   virtual QStringList totalColumns() const = 0;
 
@@ -58,5 +66,6 @@ std::unique_ptr<KindRules> makeInputVoucherRules();
 std::unique_ptr<KindRules> makeSupplierInvoiceRules();
 std::unique_ptr<KindRules> makeConsumptionVoucherRules();
 std::unique_ptr<KindRules> makeCustomerInvoiceRules();
+std::unique_ptr<KindRules> makeCashSaleRules();
 
 }  // namespace velmar

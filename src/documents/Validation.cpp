@@ -37,11 +37,11 @@ Document checkedDraft(const TypedHeader& typed, const QString& number) {
   if (document->lines.empty())
     for (const auto& check : kind.validationChecks)
       if (check.check == ValidationCheck::NoLines) throw RuleError(check.text);
-  const QString repeated = repeatedArticle(document->lines);
+  const QString repeated = kind.distinctArticles ? repeatedArticle(document->lines) : QString();
   if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated));
   const QString broken = brokenLineRule(kind, document->lines);
   if (!broken.isEmpty()) throw RuleError(broken);
-  const QString refused = kindRules(kind.prefix)->stockRefusal(*document);
+  const QString refused = refusalOf(*document);
   if (!refused.isEmpty()) throw RuleError(refused);
   return *document;
 }
@@ -76,6 +76,12 @@ std::optional<Document> draftFor(const TypedHeader& typed, const QString& number
   auto document = Drafts(typed.kind()).load(number);
   if (document) document->typed = typed.texts();
   return document;
+}
+
+QString refusalOf(const Document& document) {
+  const KindRules* rules = kindRules(document.kind->prefix);
+  QString refused = rules->stockRefusal(document);
+  return refused.isEmpty() ? rules->validationRefusal(document) : refused;
 }
 
 void requirePostable(Document document) {
