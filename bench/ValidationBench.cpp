@@ -124,7 +124,6 @@ struct Checks {
         auto sold = bare.sold(number);
         bool isShort = false;
         const double bareTime = timed([&] { isShort = bare.isShort(sold); });
-        // Throws when there is too little, which ends the run.
         const double ourTime = timed([&] { kindRules(invoices().prefix)->requireStock(document); });
         const double wholeTime = timed([&] { editor.checkLines(); });
         held = held && !isShort;

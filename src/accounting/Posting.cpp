@@ -53,6 +53,8 @@ class Composer {
         return group->text(entry.account);
       case AccountSource::Parameter:
         return requiredParameter(entry.account);
+      case AccountSource::Cash:
+        return posting_.cashAccount;
       case AccountSource::VatRate:
         break;
     }

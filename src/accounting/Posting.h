@@ -14,7 +14,8 @@ enum class Side { Debit, Credit };
 enum class AccountSource {
   Totals,     ///< the column of the totals, an account of the article's family
   Parameter,  ///< the column of kt_par
-  VatRate     ///< the account of the document's VAT rate
+  VatRate,    ///< the account of the document's VAT rate
+  Cash        ///< the account that a sale at the counter is paid into
 };
 
 enum class AmountOf {
@@ -66,6 +67,7 @@ struct Posting {
   QString costCentre;
   Decimal vatPercent;
   QString vatAccount;
+  QString cashAccount;
   bool isNegative = false;  ///< the document's value is below 0
   Value vatOnCollection;    ///< TVAINC; null: left as it is
 };

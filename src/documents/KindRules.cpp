@@ -5,6 +5,8 @@
 
 namespace velmar {
 
+void KindRules::begin(TypedHeader& /*header*/, bool /*isNew*/) const {}
+
 CellObjection KindRules::objection(const Row& /*line*/, const QString& /*field*/, const Decimal& /*number*/,
                                    const TypedHeader& /*header*/) const {
   return {};
@@ -21,6 +23,8 @@ bool KindRules::isStale(const Row& /*line*/) const { return false; }
 
 void KindRules::requireStock(const Document& /*document*/) const {}
 
+void KindRules::requireReceipt(const Document& /*document*/) const {}
+
 const KindRules* kindRules(const QString& prefix) {
   static const std::map<QString, std::unique_ptr<KindRules>> all = [] {
     std::map<QString, std::unique_ptr<KindRules>> rules;
@@ -28,6 +32,7 @@ const KindRules* kindRules(const QString& prefix) {
     rules.emplace("FF", makeSupplierInvoiceRules());
     rules.emplace("BC", makeConsumptionVoucherRules());
     rules.emplace("FC", makeCustomerInvoiceRules());
+    rules.emplace("BS", makeCashSaleRules());
     return rules;
   }();
   const auto found = all.find(prefix.toUpper());

@@ -26,6 +26,10 @@ class KindRules {
  public:
   virtual ~KindRules() = default;
 
+  /// Puts into fields what the kind begins with: those of a new document, and those that no table stores of
+  /// one that is opened.
+  virtual void begin(TypedHeader& header, bool isNew) const;
+
   /// Completes a line with the article's data and the kind's price (what the line has of a quantity is kept).
   /// `article` is a row of G_ARTMAG. Number, code and name are already set.
   virtual void completeLine(Row& line, const Row& article, TypedHeader& header) const = 0;
@@ -50,6 +54,9 @@ class KindRules {
   /// now. Asked before validation and once more under its lock.
   virtual void requireStock(const Document& document) const;
 
+  /// Throws RuleError when the document has to be printed first. Asked as requireStock(), and after it.
+  virtual void requireReceipt(const Document& document) const;
+
   /// Columns whose sums stand in the footers.
   virtual QStringList totalColumns() const = 0;
 
@@ -64,5 +71,6 @@ std::unique_ptr<KindRules> makeInputVoucherRules();
 std::unique_ptr<KindRules> makeSupplierInvoiceRules();
 std::unique_ptr<KindRules> makeConsumptionVoucherRules();
 std::unique_ptr<KindRules> makeCustomerInvoiceRules();
+std::unique_ptr<KindRules> makeCashSaleRules();
 
 }  // namespace velmar

@@ -87,6 +87,14 @@ void LineGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
         Qt::QueuedConnection);
 }
 
+QModelIndex LineGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  const QModelIndex from = currentIndex();
+  if (action == MoveNext && isConfirming() && from.isValid() && hasNewRow() &&
+      lines_->lineColumn(from.column()).field == lastColumn_)
+    return lines_->index(lines_->rowCount() - 1, columnOf("CODART"));
+  return EntryGrid::moveCursor(action, modifiers);
+}
+
 void LineGrid::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Insert)
     startNewLine();
