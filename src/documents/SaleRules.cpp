@@ -170,7 +170,7 @@ Values SaleRules::ledgerLine(const Row& line, const Terms& terms) const {
   const Decimal unit = (cost / quantity).abs();
   const bool hasRate = !terms.currency.isEmpty() && !terms.rate.isZero();
   const Decimal unitInCurrency = hasRate ? (unit / terms.rate).abs() : Decimal(0);
-  const QString palet = line.text("PALET");
+  const QString palet = line.has("PALET") ? line.text("PALET") : QString();
   return {line.text("CODART"),
           quantity,
           lei,
