@@ -51,7 +51,7 @@ class Sending {
     const FiscalReceipt& columns = typed_.kind().receipt;
     const auto document = drafts_.load(number_);
     if (document && !document->header.flag("VALIDAT") && document->header.flag(columns.printed))
-      throw RuleError(columns.printedText);
+      throw RuleError(columns.printedText);  // at another workstation
     return document ? document->header.integer(columns.sending) : 0;
   }
 

@@ -27,7 +27,7 @@ QString assignments(const QStringList& columns) {
 }
 
 const QString kSentMeanwhile = QStringLiteral(
-    "Bonul a fost trimis intre timp la casa de marcat ! Nu s-a modificat nimic ! Alegeti-l din nou din lista.");
+    "Bonul a fost trimis intre timp la casa de marcat ! Nu s-a modificat nimic !");
 
 QStringList without(QStringList columns, const QStringList& left) {
   for (const QString& column : left) columns.removeOne(column);

@@ -150,7 +150,7 @@ void frmGrila::buildLines(const ArticleList& articles) {
   lines_->setEmptyText("Liniile se adauga dupa salvarea antetului.");
   connect(lines_, &LineGrid::refusedByStore, this, [this] {
     try {
-      refreshDrafts();
+      changedElsewhere();
     } catch (const StoreError&) {
       // The refusal has just been told for the same cause; the list stays as it is.
     }
@@ -178,7 +178,7 @@ void frmGrila::run(const QString& procedure, const std::function<void()>& work) 
     } catch (const RuleError& rule) {
       showRule(rule);
       // A rule that no field broke was broken by a colleague: the draft is gone.
-      if (rule.field().isEmpty()) refreshDrafts();
+      if (rule.field().isEmpty()) changedElsewhere();
     }
   });
 }
