@@ -34,7 +34,7 @@ class Composer {
 
   void addUp(const Row& group) {
     value_ += group.decimal("TOTAL");
-    if (group.has("TVA") && (isTaxed() || rule_.vatWithoutRate)) vat_ += group.decimal("TVA");
+    if (group.has("TVA") && isTaxed()) vat_ += group.decimal("TVA");
   }
 
   void fillHead() {

@@ -53,7 +53,6 @@ struct NoteRule {
   bool inDocumentCurrency = false;  ///< the totals are in the document's currency, else in lei
   bool turnedWithDocument = false;  ///< amounts change their sign on a document whose value is negative
   bool skipsZero = false;           ///< groups of 0 make no entry
-  bool vatWithoutRate = false;      ///< typed VAT counts also where the percent is 0
 };
 
 /// A document's posting: its notes, and what their rows hold besides the amounts.

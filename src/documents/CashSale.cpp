@@ -3,6 +3,7 @@
 #include "config/Lookups.h"
 #include "config/Session.h"
 #include "documents/SaleRules.h"
+#include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/NumberText.h"
 
@@ -54,11 +55,11 @@ class CashSaleRules : public SaleRules {
     SaleRules::recalculate(line, QStringLiteral("PRETFT"), header);
   }
 
-  QString validationRefusal(const Document& document) const override {
+  void requireReceipt(const Document& document) const override {
     const bool usesRegister = TypedHeader(*document.kind, document.typed).isTicked("CheckCasaMarcat");
-    return usesRegister && !document.header.flag("LISTAT")
-               ? QStringLiteral("Bonul nu a fost tiparit pe casa de marcat.Dupa validare nu mai poate fi tiparit.")
-               : QString();
+    if (usesRegister && !document.header.flag("LISTAT"))
+      throw RuleError(QStringLiteral(
+          "Bonul nu a fost tiparit pe casa de marcat.Dupa validare nu mai poate fi tiparit."));
   }
 
  protected:

@@ -1,5 +1,7 @@
 #include "documents/DocumentEditor.h"
 
+#include <algorithm>
+
 #include "catalogue/Articles.h"
 #include "config/Checks.h"
 #include "config/Lists.h"
@@ -109,8 +111,11 @@ bool partnerExists(const QString& code) {
   return !OpenRs("SELECT COD FROM kt_ter WHERE COD = ?", {static_cast<qint64>(code.toLongLong())}).isEmpty();
 }
 
-bool vatRateExists(const QString& code) {
-  return !OpenRs("SELECT COD FROM kt_cote WHERE COD = ?", {static_cast<qint64>(code.toLongLong())}).isEmpty();
+bool isOffered(const QString& code, const std::vector<ListEntry>& list) {
+  bool isNumber = false;
+  const QString number = QString::number(code.toLongLong(&isNumber));
+  return isNumber && std::any_of(list.begin(), list.end(),
+                                 [&number](const ListEntry& entry) { return entry.code == number; });
 }
 
 }  // namespace
@@ -270,7 +275,7 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
   switch (check.check) {
     case HeaderCheck::NumberEmpty:
     case HeaderCheck::FieldEmpty:
-      broken = text.isEmpty();
+      broken = text.isEmpty() || isUnofferedRate(check.field, text);
       break;
     case HeaderCheck::JournalEmpty:
       broken = typed_.texts().value(check.field).isEmpty();  // a blank is the company's own journal
@@ -283,7 +288,7 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
                         check.field, kCritical);
       break;
     case HeaderCheck::NotNumeric:
-      broken = !typedNumber(text) || (isVatRate(check.field) && !vatRateExists(text));
+      broken = !typedNumber(text) || isUnofferedRate(check.field, text);
       break;
     case HeaderCheck::PercentNotPositive:
       broken = !text.isEmpty() && !isPositive(text);
@@ -307,9 +312,10 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
   if (broken) throw RuleError(check.text, check.field, kCritical, check.title);
 }
 
-bool DocumentEditor::isVatRate(const QString& key) const {
+bool DocumentEditor::isUnofferedRate(const QString& key, const QString& code) const {
   for (const HeaderField& field : kind_.headerFields)
-    if (field.key() == key) return field.type == HeaderFieldType::VatRate;
+    if (field.key() == key && field.type == HeaderFieldType::VatRate)
+      return !isOffered(code, vatRates(kind_.partnersAreSuppliers));
   return false;
 }
 
@@ -384,9 +390,9 @@ DocumentEditor::Verdict DocumentEditor::check(size_t line, const QString& field,
     return {
         true,
         QStringLiteral("Va rugam introduceti o valoare numerica pozitiva pentru %1 !").arg(entry->caption)};
-  const QString refused =
-      line < lines_.size() ? rules_->refusal(lines_[line], entry->field, *number, typed_) : QString();
-  return {!refused.isEmpty(), refused};
+  const CellObjection objection =
+      line < lines_.size() ? rules_->objection(lines_[line], entry->field, *number, typed_) : CellObjection{};
+  return {!objection.text.isEmpty(), objection.text, objection.setsBack};
 }
 
 bool DocumentEditor::isOpen(size_t line, const QString& field) const {
@@ -414,7 +420,7 @@ size_t DocumentEditor::setArticle(size_t line, const QString& code, const QStrin
   Row row = isNewLine ? companyTable(kind_.lineTable).emptyRow() : lines_[line];
   row.set(kind_.numberColumn, number());
   row.set("CODART", article->text("CODART"));
-  row.set("DENUMIRE", listText.isEmpty() ? article->text("DENART") : listText.left(kNameWidth));
+  row.set("DENUMIRE", (listText.isEmpty() ? article->text("DENART") : listText).left(kNameWidth));
   rules_->completeLine(row, *article, typed_);
   if (isNewLine) {
     drafts().insertLine(row);
@@ -524,8 +530,7 @@ bool DocumentEditor::checkLines() const {
   auto document = draftFor(typed_, number());
   if (!document) return true;             // validation tells
   document->header = headerFrom(typed_);  // as validation stores it, saved or not
-  const QString refused = refusalOf(*document);
-  if (!refused.isEmpty()) throw RuleError(refused, "CODART");
+  requireValidatable(*document);
   requirePostable(*document);
   return true;
 }

@@ -57,6 +57,7 @@ class DocumentEditor {
   struct Verdict {
     bool refused = false;
     QString text;
+    bool setsBack = false;  ///< the cell shows again what it held
   };
   Verdict check(size_t line, const QString& field, const QString& typed, bool bySupplierCode) const;
 
@@ -113,7 +114,7 @@ class DocumentEditor {
   Row headerFrom(const TypedHeader& typed) const;
   void checkHeader() const;
   void checkHeaderField(const Checked<HeaderCheck>& check) const;
-  bool isVatRate(const QString& key) const;
+  bool isUnofferedRate(const QString& key, const QString& code) const;
   bool isTaken(const QString& number) const;
   void noticeMissingRate(const Row& header) const;
   bool isBroken(const Checked<ValidationCheck>& check) const;

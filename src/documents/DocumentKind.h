@@ -20,8 +20,8 @@ enum class HeaderCheck {
   NumberEmpty,
   PartnerEmpty,  ///< or a code that no partner has
   JournalEmpty,
-  FieldEmpty,
-  NotNumeric,          ///< an empty text is no number; of a VAT rate also a code that no rate has
+  FieldEmpty,          ///< of a VAT rate also a code that is not offered
+  NotNumeric,          ///< an empty text is no number; of a VAT rate also a code that is not offered
   PercentNotPositive,  ///< an empty text passes: it is stored as 0
   NotPositive,         ///< no number, or below 0
   NumberTaken,

@@ -7,8 +7,8 @@ namespace velmar {
 
 void KindRules::begin(TypedHeader& /*header*/, bool /*isNew*/) const {}
 
-QString KindRules::refusal(const Row& /*line*/, const QString& /*field*/, const Decimal& /*number*/,
-                           const TypedHeader& /*header*/) const {
+CellObjection KindRules::objection(const Row& /*line*/, const QString& /*field*/, const Decimal& /*number*/,
+                                   const TypedHeader& /*header*/) const {
   return {};
 }
 
@@ -21,9 +21,9 @@ std::vector<LineMark> KindRules::marks(const std::vector<Row>& /*lines*/,
 
 bool KindRules::isStale(const Row& /*line*/) const { return false; }
 
-QString KindRules::stockRefusal(const Document& /*document*/) const { return {}; }
+void KindRules::requireStock(const Document& /*document*/) const {}
 
-QString KindRules::validationRefusal(const Document& /*document*/) const { return {}; }
+void KindRules::requireReceipt(const Document& /*document*/) const {}
 
 const KindRules* kindRules(const QString& prefix) {
   static const std::map<QString, std::unique_ptr<KindRules>> all = [] {

@@ -100,9 +100,9 @@ bool SaleRules::isStale(const Row& line) const {
   return value.isNegative() || (priced - Round(value, 0)).abs() > 1;
 }
 
-QString SaleRules::stockRefusal(const Document& document) const {
-  return shortageText(document, Stocked::OnlyHeld,
-                      QStringLiteral("Articolul: %1 are disponibil in stoc numai %2"));
+void SaleRules::requireStock(const Document& document) const {
+  requireAvailable(document, Stocked::OnlyHeld,
+                   QStringLiteral("Articolul: %1 are disponibil in stoc numai %2"));
 }
 
 Plan SaleRules::plan(Document& document) const {

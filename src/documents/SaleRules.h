@@ -11,7 +11,7 @@ class SaleRules : public KindRules {
   void completeLine(Row& line, const Row& article, TypedHeader& header) const override;
   void recalculate(Row& line, const QString& changed, const TypedHeader& header) const override;
   bool isStale(const Row& line) const override;
-  QString stockRefusal(const Document& document) const override;
+  void requireStock(const Document& document) const override;
   QStringList totalColumns() const override { return {"VALOAREFT", "VALOARETVA", "VALOARETTI", "COST"}; }
   Plan plan(Document& document) const override;
 

@@ -41,8 +41,7 @@ Document checkedDraft(const TypedHeader& typed, const QString& number) {
   if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated));
   const QString broken = brokenLineRule(kind, document->lines);
   if (!broken.isEmpty()) throw RuleError(broken);
-  const QString refused = refusalOf(*document);
-  if (!refused.isEmpty()) throw RuleError(refused);
+  requireValidatable(*document);
   return *document;
 }
 
@@ -78,10 +77,10 @@ std::optional<Document> draftFor(const TypedHeader& typed, const QString& number
   return document;
 }
 
-QString refusalOf(const Document& document) {
+void requireValidatable(const Document& document) {
   const KindRules* rules = kindRules(document.kind->prefix);
-  QString refused = rules->stockRefusal(document);
-  return refused.isEmpty() ? rules->validationRefusal(document) : refused;
+  rules->requireStock(document);
+  rules->requireReceipt(document);
 }
 
 void requirePostable(Document document) {

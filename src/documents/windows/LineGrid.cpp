@@ -55,6 +55,7 @@ void LineGrid::take(QLineEdit* editor, const QModelIndex& index) {
     const DocumentEditor::Verdict verdict = lines_->check(index, editor->text());
     if (verdict.refused && verdict.text.isEmpty() && picker) return;  // an empty name is just left
     if (verdict.refused && verdict.text.isEmpty()) throw QuietRefusal();
+    if (verdict.setsBack) throw SetBack(verdict.text);
     if (verdict.refused) throw RuleError(verdict.text);
   }
   try {

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "documents/Validation.h"
+#include "documents/windows/frmLst.h"
 #include "documents/windows/HeaderForm.h"
 #include "documents/windows/LineGrid.h"
 #include "util/Messages.h"
@@ -309,7 +310,11 @@ void frmGrila::print() {
   printStored();
 }
 
-void frmGrila::printStored() { header_->showState("Tiparirea documentelor nu este disponibila inca."); }
+void frmGrila::printStored() {
+  const QHash<QString, QString> typed = header_->typed();
+  const bool foreign = typed.value(QStringLiteral("chkDeviza")) == QStringLiteral("-1");
+  listDocument(editor_.kind().prefix, typed.value(editor_.kind().numberColumn).trimmed(), foreign, this);
+}
 
 void frmGrila::AfisareAntet() {
   header_->fill(editor_.headerTexts(), editor_.numberLocked());

@@ -19,6 +19,7 @@
 #include "documents/windows/frmGrilaCS.h"
 #include "documents/windows/frmGrilaFC2.h"
 #include "documents/windows/frmGrilaFF.h"
+#include "reports/windows/frmRapJTVA.h"
 #include "shell/Maintenance.h"
 #include "shell/windows/frmAbout.h"
 #include "shell/windows/frmRestaurare.h"
@@ -97,8 +98,8 @@ std::vector<MenuEntry> entries() {
       {"mnuBonReparatie", "&Bon de reparatie", Opens::New, "frmGrilaBonReparatie", nullptr},
 
       {"mnuRap", "&Rapoarte", Opens::Menu, {}},
-      {"mnumnuRapmnuJCT", "Jurnal &Cumparari TVA", Opens::One, "frmRapJCTVA", nullptr},
-      {"mnumnuRapmnuRapJVT", "Jurnal &Vanzari TVA", Opens::One, "frmRapJVTVA", nullptr},
+      {"mnumnuRapmnuJCT", "Jurnal &Cumparari TVA", Opens::One, "frmRapJCTVA", make<frmRapJCTVA>},
+      {"mnumnuRapmnuRapJVT", "Jurnal &Vanzari TVA", Opens::One, "frmRapJVTVA", make<frmRapJVTVA>},
       {"", "", Opens::Separator, {}},
       {"mnuRapComenziClienti", "Comenzi C&lienti", Opens::One, "frmRapComNelivCl", nullptr},
       {"mnuRapComenziFurnizori", "Comenzi &Furnizori", Opens::One, "frmRapComNelivFr", nullptr},
