@@ -16,6 +16,9 @@ bool checkPlans(Store store);
 bool checkSums(Store store);
 bool measureArticles(Store store);
 bool measureLists(Store store);
+bool measureInvoicePrint(Store store);
+bool measureJournals(Store store);
+bool measureReports(Store store);
 bool measureStart(Store store);
 
 /// With this option the process is one of the writers that measureWriters() sets to work.

@@ -14,10 +14,17 @@ struct Bench {
 };
 
 const Bench kBenches[] = {
-    {"voucher", velmar::bench::measureVouchers}, {"invoice", velmar::bench::measureInvoices},
-    {"writers", velmar::bench::measureWriters},  {"plans", velmar::bench::checkPlans},
-    {"sums", velmar::bench::checkSums},          {"articles", velmar::bench::measureArticles},
-    {"lists", velmar::bench::measureLists},      {"start", velmar::bench::measureStart},
+    {"voucher", velmar::bench::measureVouchers},
+    {"invoice", velmar::bench::measureInvoices},
+    {"writers", velmar::bench::measureWriters},
+    {"plans", velmar::bench::checkPlans},
+    {"sums", velmar::bench::checkSums},
+    {"articles", velmar::bench::measureArticles},
+    {"lists", velmar::bench::measureLists},
+    {"journals", velmar::bench::measureJournals},
+    {"print", velmar::bench::measureInvoicePrint},
+    {"reports", velmar::bench::measureReports},
+    {"start", velmar::bench::measureStart},
 };
 const QString kEngineOption = QStringLiteral("--engine");
 

@@ -9,8 +9,11 @@
 #include "store/DatabaseFiles.h"
 #include "util/Errors.h"
 
-// Outside the namespace, because the resource's own function is.
-static void loadPictures() { Q_INIT_RESOURCE(pictures); }
+// Outside the namespace, because the resources' own functions are.
+static void loadResources() {
+  Q_INIT_RESOURCE(pictures);
+  Q_INIT_RESOURCE(layouts);
+}
 
 namespace velmar {
 
@@ -51,7 +54,7 @@ QString defaultApplicationFolder() {
 }
 
 void prepareApplicationFolder(const QString& folder) {
-  loadPictures();
+  loadResources();
   session().gCaleAplicatie = QDir::cleanPath(folder);
   const QDir dir(folder);
   makeFolder(dir.path());

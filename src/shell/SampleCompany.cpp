@@ -97,6 +97,14 @@ void addRates() {
   }
 }
 
+// What documents tell of the company.
+void giveIdentity() {
+  ExecutaSql(
+      "UPDATE kt_info SET NREGCOM = 'J32/417/2016', CODFISCAL = 'RO36100200', CAPSOC = 200, "
+      "banca = 'Banca Sibiana', contbancar = 'RO49AAAA1B31007593840000', STRADA1 = 'Olarilor', NR1 = '14', "
+      "ORAS1 = 'Sibiu', JUDET1 = 'SB', CODPOSTAL1 = '550001', TELEFON1 = '0269 111 222'");
+}
+
 // Invoices count on from 1001 by themselves.
 void giveInvoiceNumbers() {
   ExecutaSql("UPDATE kt_par SET SERIEFC = 'EXS', FCSTART = '1001', FCEND = '9999'");
@@ -142,11 +150,13 @@ void makeIn(const QString& workshop) {
   session().gMagazie = warehouse.integer("COD");
   session().gDenMagazie = warehouse.text("DENUMIRE");
   chooseCostMethod("FIFO");
+  giveIdentity();
   addWarehouses();
   giveInvoiceNumbers();
   addRates();
   const SampleCatalogue catalogue = addCatalogue();
   addDiscounts(catalogue);
+  addPartner(newPartner("CASA", "C"));  // sales over the counter go to it
   addSampleDocuments(catalogue);
 }
 

@@ -54,7 +54,7 @@ QString turnover(const QString& kinds) {
 std::vector<Command> ledgerCommands() {
   return {
       {"Get_Doc_CTVA", 2, vatDocuments("'FF', 'FI'", "'F', 'M'", "D.DATADOC, D.ID")},
-      {"Get_Doc_VTVA", 2, vatDocuments("'FC', 'FS', 'BS'", "'C', 'M'", "D.ID")},
+      {"Get_Doc_VTVA", 2, vatDocuments("'FC', 'FS', 'BS'", "'C', 'M'", "D.DATADOC, D.ID")},
       {"rapStaCl", 4, turnover("'FC'")},
       {"rapStaFr", 4, turnover("'FF', 'FI', 'NR'")},
       {"RapVanzari", 2,

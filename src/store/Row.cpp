@@ -8,7 +8,10 @@ namespace {
 
 const QString kDateTimeFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz");
 
-QString cut(const QString& iso, int length) { return iso.left(length); }
+QDate dateIn(const QVariant& cell) {
+  constexpr int kLength = 10;
+  return QDate::fromString(cell.toString().left(kLength), Qt::ISODate);
+}
 
 }  // namespace
 
@@ -81,14 +84,21 @@ Decimal Row::decimal(const QString& column) const {
 
 bool Row::flag(const QString& column) const { return integer(column) != 0; }
 
-QDate Row::date(const QString& column) const {
-  return QDate::fromString(cut(value(column).toString(), 10), Qt::ISODate);
-}
+QDate Row::date(const QString& column) const { return dateIn(value(column)); }
 
 QDateTime Row::moment(const QString& column) const {
   const QString text = value(column).toString();
   const QDateTime precise = QDateTime::fromString(text, kDateTimeFormat);
   return precise.isValid() ? precise : QDateTime::fromString(text, Qt::ISODate);
+}
+
+void Recordset::transform(const QString& column, const std::function<QVariant(const QVariant&)>& change) {
+  for (Row& row : rows_) row.set(column, Value::raw(change(row.value(column))));
+}
+
+QVariant asDate(const QVariant& cell) {
+  const QDate date = dateIn(cell);
+  return date.isValid() ? QVariant(date) : QVariant();
 }
 
 QVariant Nz(const QVariant& value, const QVariant& defaultValue) {

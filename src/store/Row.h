@@ -2,6 +2,7 @@
 // regard to case. Nothing above the store sees the toolkit's own query classes.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <QDateTime>
 #include <QHash>
@@ -95,6 +96,8 @@ class Recordset {
   auto end() const { return rows_.end(); }
   const QStringList& columns() const { return columns_->names(); }
 
+  /// Replaces each cell of the column by what `change` makes of it.
+  void transform(const QString& column, const std::function<QVariant(const QVariant&)>& change);
   void append(std::vector<QVariant> cells) { rows_.emplace_back(columns_, std::move(cells)); }
   std::vector<Row> takeRows() { return std::move(rows_); }
 
@@ -102,6 +105,9 @@ class Recordset {
   std::shared_ptr<const Columns> columns_;
   std::vector<Row> rows_;
 };
+
+/// A stored date as a date rather than its text; null stays null.
+QVariant asDate(const QVariant& cell);
 
 /// The value; a null gives the default, which is 0 when none is given.
 QVariant Nz(const QVariant& value, const QVariant& defaultValue = 0);

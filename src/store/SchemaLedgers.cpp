@@ -99,11 +99,10 @@ Table vatJournal(const QString& name) {
       .text("UTILIZATOR", 10)
       .integers("NRC")
       .dates("DATA")
-      .texts("NDP NUMARFACTURA", 20)
+      .texts("NDP NUMARFACTURA", kKeyWidth)
       .dates("DATAFACTURA")
-      .integers("CODF")
       .texts("NUMETERT NUME", 40)
-      .text("CODFISCAL", 14)
+      .texts("CODF CODFISCAL", 14)
       .reals("TOTAL TOTALFT TOTALTVA BAZA1 TVA1")
       .index("UTILIZATOR NRC");
 }

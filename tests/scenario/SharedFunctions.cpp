@@ -13,6 +13,7 @@
 #include "shell/SampleCompany.h"
 #include "stock/Availability.h"
 #include "store/DatabaseFiles.h"
+#include "util/AmountText.h"
 #include "util/Messages.h"
 
 namespace velmar::scenario {
@@ -45,6 +46,10 @@ Values valuesFrom(const Arguments& a, int first) {
 Functions valueFunctions() {
   Functions f;
   f["Round"] = [](const Arguments& a) { return Round(decimal(a.value(0)), a.value(1).toInt()).toDouble(); };
+  f["SumaText"] = [](const Arguments& a) {
+    QString currency = a.value(1).toString();
+    return SumaText(decimal(a.value(0)), currency);
+  };
   f["Nz"] = [](const Arguments& a) {
     return Nz(databaseValue(a.value(0)), a.size() > 1 ? databaseValue(a[1]) : QVariant(0));
   };

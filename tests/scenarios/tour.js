@@ -79,6 +79,20 @@ invoice.click("cmdSalvare");
 const sold = invoice.grid("TDBGrid1");
 for (const [code, quantity] of [["MB002", "2"], ["CR001", "12"], ["TX004", "1"]]) sold.addLine(code, quantity);
 shot("09-factura-client");
+
+// On paper: the delegate's data, the receipt, and the preview, which is a PDF file in the out folder.
+invoice.click("cmdTiparire");
+const listing = win("frmLstFC");
+listing.set("CheckChitanta", true);
+listing.type("txtNume", "Marin Ionescu");
+listing.type("txtBI", "SB 401223");
+listing.type("txtAuto", "SB 22 EXS");
+shot("09a-listare-factura");
+printed();
+listing.click("cmdVisualizare");
+listing.click("cmdAnulare");
+equal(printed().map((path) => path.replace(/.*\//, "")), ["FacturiCLIFull-1.pdf", "FacturiCLIFull-2.pdf"], "the invoice on paper");
+
 const stock = "SELECT CODART, STOC FROM G_ARTMAG WHERE CODART IN ('CR001', 'MB002', 'TX004') ORDER BY CODART";
 const there = sql(stock);
 const number = invoice.text("txtFields(0)");
@@ -151,3 +165,15 @@ visit("mnuDiscounturiArt", "frmArticoleDiscount", "27-discounturi", window => {
   equal(window.grid("lvwDiscounts").rows(), 3, "three bands of a family");
 });
 visit("mnuActualizarePret", "FrmActPretVanz", "28-preturi");
+
+// The VAT journals, computed and on paper.
+for (const [entry, name, file, picture] of [["mnumnuRapmnuRapJVT", "frmRapJVTVA", "Jvtva", "29-jurnal-vanzari"],
+                                            ["mnumnuRapmnuJCT", "frmRapJCTVA", "Jctva", "30-jurnal-cumparari"]]) {
+  visit(entry, name, picture, window => {
+    window.set("DTPickerdela", (Number(today().substring(0, 4)) - 1) + "-06-01");
+    window.click("cmdCalcul");
+    check(/^Jurnalul a fost calculat: \d+ documente$/.test(window.text("lblStare")), window.text("lblStare"));
+    window.click("cmdVisualizare");
+    equal(printed().map((path) => path.replace(/.*\//, "")), [file + "-1.pdf", file + "-2.pdf"], "the journal on paper");
+  });
+}

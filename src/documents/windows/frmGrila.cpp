@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "documents/Validation.h"
+#include "documents/windows/frmLst.h"
 #include "documents/windows/HeaderForm.h"
 #include "documents/windows/LineGrid.h"
 #include "util/Messages.h"
@@ -77,7 +78,7 @@ QPushButton* frmGrila::command(const QString& name, const QString& caption, cons
 QBoxLayout* frmGrila::commandRow() {
   const KindTexts& texts = editor_.kind().texts;
   QHBoxLayout* row = commands_;
-  row->addWidget(command("cmdFacturaNoua", "Document &nou", texts.newTip, "new", &frmGrila::newDocument));
+  row->addWidget(command("cmdFacturaNoua", "Document &nou", texts.newTip, "new", &frmGrila::startDocument));
   row->addWidget(command("cmdSalvare", "Sa&lvare", texts.saveTip, "save", &frmGrila::save));
   row->addWidget(command("cmdValidare", "Vali&dare", texts.validateTip, "validate", &frmGrila::validate));
   row->addWidget(command("cmdSterge", "S&tergere", texts.deleteTip, "delete", &frmGrila::sterge));
@@ -276,8 +277,9 @@ void frmGrila::validate() {
   const QHash<QString, QString> typed = header_->typed();
   const KindTexts& texts = editor_.kind().texts;
   editor_.checkValidation(typed);
-  if (Mesaj(texts.confirmValidation.arg(editor_.number()), kYesNo + kQuestion, "Confirmare validare") !=
-      kResultYes)
+  if (!texts.confirmValidation.isEmpty() &&
+      Mesaj(texts.confirmValidation.arg(editor_.number()), kYesNo + kQuestion, "Confirmare validare") !=
+          kResultYes)
     return;
   try {
     const Hourglass wait;
@@ -294,10 +296,10 @@ void frmGrila::validate() {
 }
 
 void frmGrila::sterge() {
-  const QString number = header_->typed().value(editor_.kind().numberColumn).trimmed();
-  if (number.isEmpty() || editor_.isNew()) throw RuleError(editor_.kind().texts.nothingToDelete);
-  if (Mesaj(editor_.kind().texts.confirmDeletion.arg(number), kYesNo + kQuestion, "Confirmare stergere") !=
-      kResultYes)
+  editor_.headerTyped(header_->typed());
+  editor_.checkDeletion();
+  if (Mesaj(editor_.kind().texts.confirmDeletion.arg(editor_.number()), kYesNo + kQuestion,
+            "Confirmare stergere") != kResultYes)
     return;
   editor_.remove();
   newDocument();
@@ -305,12 +307,19 @@ void frmGrila::sterge() {
 
 void frmGrila::print() {
   editor_.checkPrinting(header_->typed());
-  header_->showState("Tiparirea documentelor nu este disponibila inca.");
+  printStored();
+}
+
+void frmGrila::printStored() {
+  const QHash<QString, QString> typed = header_->typed();
+  const bool foreign = typed.value(QStringLiteral("chkDeviza")) == QStringLiteral("-1");
+  listDocument(editor_.kind().prefix, typed.value(editor_.kind().numberColumn).trimmed(), foreign, this);
 }
 
 void frmGrila::AfisareAntet() {
   header_->fill(editor_.headerTexts(), editor_.numberLocked());
   header_->showState(editor_.isNew() ? "Document nou, nesalvat" : "Document nevalidat");
+  documentShown();
 }
 
 void frmGrila::DetaliiFactura() { lineModel_->documentChanged(); }

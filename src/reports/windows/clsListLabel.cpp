@@ -6,6 +6,7 @@
 
 #include "reports/windows/frmProiectare.h"
 #include "reports/windows/ReportJob.h"
+#include "store/DatabaseFiles.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 
@@ -14,14 +15,17 @@ namespace velmar {
 namespace {
 
 QString faultText(const QString& file, const layout::LayoutError& error) {
-  return QStringLiteral("Raportul %1 nu poate fi folosit.\nLinia %2, coloana %3: %4.")
+  return QStringLiteral("Raportul %1 nu poate fi folosit.\r\nLinia %2, coloana %3: %4.")
       .arg(QDir::toNativeSeparators(file), QString::number(error.line()), QString::number(error.column()),
            error.text());
 }
 
 }  // namespace
 
-void clsListLabel::setFileName(const QString& path) { fileName_ = QString(path).replace(u'\\', u'/'); }
+void clsListLabel::setFileName(const QString& path) {
+  const QFileInfo told(QString(path).replace(u'\\', u'/'));
+  fileName_ = pathInFolder(told.path(), told.fileName());
+}
 
 void clsListLabel::setVariables(const Recordset& rows) {
   data_.variables = rows;

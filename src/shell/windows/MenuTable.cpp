@@ -16,8 +16,10 @@
 #include "config/windows/frmValute.h"
 #include "documents/windows/frmGRILABonConsum.h"
 #include "documents/windows/frmGRILABonIntr.h"
+#include "documents/windows/frmGrilaCS.h"
 #include "documents/windows/frmGrilaFC2.h"
 #include "documents/windows/frmGrilaFF.h"
+#include "reports/windows/frmRapJTVA.h"
 #include "shell/Maintenance.h"
 #include "shell/windows/frmAbout.h"
 #include "shell/windows/frmRestaurare.h"
@@ -80,7 +82,7 @@ std::vector<MenuEntry> entries() {
       {"mnuCumpComanda", "&Comanda", Opens::One, "frmGrilaCOMF", nullptr},
 
       {"mnuVanzari", "&Vanzari", Opens::Menu, {}},
-      {"mnuCasa", "&Casa", Opens::New, "frmGrilaCS", nullptr},
+      {"mnuCasa", "&Casa", Opens::New, "frmGrilaCS", make<frmGrilaCS>},
       {"mnuVanzFactura", "&Factura", Opens::Modal, "frmGrilaFC2", make<frmGrilaFC2>},
       {"", "", Opens::Separator, {}},
       {"mnuVanzariProforma", "&Proforma", Opens::One, "frmGrilaPRO", nullptr},
@@ -96,8 +98,8 @@ std::vector<MenuEntry> entries() {
       {"mnuBonReparatie", "&Bon de reparatie", Opens::New, "frmGrilaBonReparatie", nullptr},
 
       {"mnuRap", "&Rapoarte", Opens::Menu, {}},
-      {"mnumnuRapmnuJCT", "Jurnal &Cumparari TVA", Opens::One, "frmRapJCTVA", nullptr},
-      {"mnumnuRapmnuRapJVT", "Jurnal &Vanzari TVA", Opens::One, "frmRapJVTVA", nullptr},
+      {"mnumnuRapmnuJCT", "Jurnal &Cumparari TVA", Opens::One, "frmRapJCTVA", make<frmRapJCTVA>},
+      {"mnumnuRapmnuRapJVT", "Jurnal &Vanzari TVA", Opens::One, "frmRapJVTVA", make<frmRapJVTVA>},
       {"", "", Opens::Separator, {}},
       {"mnuRapComenziClienti", "Comenzi C&lienti", Opens::One, "frmRapComNelivCl", nullptr},
       {"mnuRapComenziFurnizori", "Comenzi &Furnizori", Opens::One, "frmRapComNelivFr", nullptr},

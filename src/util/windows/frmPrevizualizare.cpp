@@ -7,24 +7,30 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
+#include <QStringListModel>
 
 #include "util/Errors.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
 #include "util/windows/Forms.h"
 #include "util/windows/frmOptiuniTiparire.h"
+#include "util/windows/WorkProgress.h"
 
 namespace velmar {
 
 namespace {
 
 constexpr int kPagesKept = 6;
+constexpr int kFirstCount = 150;    // milliseconds of counting before the window shows
+constexpr int kCountingSlice = 15;  // milliseconds of it while the window waits for its user
+constexpr int kUnknownEnd = 1000000;
 constexpr int kBorder = 12;  // pixels around the sheet
 constexpr qreal kPointsPerInch = 72;
 constexpr int kWholePage = -1;  // of the sizes offered, beside percents
@@ -33,8 +39,7 @@ constexpr int kPercents[] = {50, 75, 100, 125, 150, 200, 300};
 
 }  // namespace
 
-frmPrevizualizare::frmPrevizualizare(PrintJob& job, QWidget* parent)
-    : QDialog(parent), job_(job), pageCount_(job.pageCount()) {
+frmPrevizualizare::frmPrevizualizare(PrintJob& job, QWidget* parent) : QDialog(parent), job_(job) {
   setObjectName("frmPrevizualizare");
   setWindowTitle(QStringLiteral("Previzualizare - %1").arg(job.name()));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -51,11 +56,19 @@ frmPrevizualizare::frmPrevizualizare(PrintJob& job, QWidget* parent)
   lblStare_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* all = new QVBoxLayout(this);
   all->addLayout(toolRow());
-  all->addWidget(area_, 1);
+  auto* middle = new QHBoxLayout;
+  middle->addWidget(pageList());
+  middle->addWidget(area_, 1);
+  all->addLayout(middle, 1);
   all->addWidget(lblStare_);
   lblStare_->hide();
   giveMnemonics(this);
   area_->setFocus();
+  connect(&counting_, &QTimer::timeout, this,
+          [this] { guarded(objectName(), "counting_Timer", [this] { countOn(); }); });
+  job_.countOn(kFirstCount);
+  pagesCounted();
+  if (!job_.isCounted()) counting_.start();
   const QSize room = screen()->availableSize();
   resize(room.width() * 4 / 5, room.height() * 7 / 8);
 }
@@ -72,7 +85,10 @@ QLayout* frmPrevizualizare::toolRow() {
   cmdPrima_ = tool("cmdPrima", "|<", "Prima pagina (Home)", {}, [this] { turnTo(0); });
   cmdInapoi_ = tool("cmdInapoi", "<", "Pagina dinainte (PageUp)", {}, [this] { turnTo(page_ - 1); });
   cmdInainte_ = tool("cmdInainte", ">", "Pagina urmatoare (PageDown)", {}, [this] { turnTo(page_ + 1); });
-  cmdUltima_ = tool("cmdUltima", ">|", "Ultima pagina (End)", {}, [this] { turnTo(pageCount_ - 1); });
+  cmdUltima_ = tool("cmdUltima", ">|", "Ultima pagina (End)", {}, [this] {
+    countToTheEnd();
+    turnTo(pageCount_ - 1);
+  });
   for (QPushButton* button : {cmdPrima_, cmdInapoi_, cmdInainte_, cmdUltima_})
     button->setFixedWidth(fontMetrics().horizontalAdvance("MMMM"));
   txtPagina_ = named(new QSpinBox, "txtPagina", "Numarul paginii");
@@ -130,7 +146,10 @@ bool frmPrevizualizare::takeKey(const QKeyEvent& event) {
     case Qt::Key_Home:
       return work([this] { turnTo(0); });
     case Qt::Key_End:
-      return work([this] { turnTo(pageCount_ - 1); });
+      return work([this] {
+        countToTheEnd();
+        turnTo(pageCount_ - 1);
+      });
     case Qt::Key_Plus:
     case Qt::Key_Equal:
       return control && work([this] { zoomBy(1); });
@@ -177,13 +196,64 @@ void frmPrevizualizare::resizeEvent(QResizeEvent* event) {
     guarded(objectName(), "Form_Resize", [this] { showPage(); });
 }
 
+QListView* frmPrevizualizare::pageList() {
+  pages_ = new QStringListModel(this);
+  lstPagini_ = named(new QListView, "lstPagini", "Paginile");
+  lstPagini_->setModel(pages_);
+  lstPagini_->setUniformItemSizes(true);
+  lstPagini_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  lstPagini_->setFixedWidth(fontMetrics().horizontalAdvance("Pagina 00000") +
+                            lstPagini_->verticalScrollBar()->sizeHint().width());
+  connect(lstPagini_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& current) {
+            guarded(objectName(), "lstPagini_Click", [this, current] {
+              if (current.isValid() && current.row() != page_) turnTo(current.row());
+            });
+          });
+  return lstPagini_;
+}
+
+void frmPrevizualizare::countOn() {
+  counting_.stop();  // what fails is told once
+  job_.countOn(kCountingSlice);
+  pagesCounted();
+  if (!job_.isCounted()) return counting_.start();
+  drawn_.clear();  // pages may tell how many there are
+  showPage();
+}
+
+// Throws Cancelled when the user does not wait for it.
+void frmPrevizualizare::countToTheEnd() {
+  if (job_.isCounted()) return;
+  countPages(job_, this);
+  countOn();
+}
+
+void frmPrevizualizare::pagesCounted() {
+  pageCount_ = std::max(1, job_.isCounted() ? job_.pageCount() : job_.knownPages());
+  int listed = pages_->rowCount();
+  if (listed > pageCount_) pages_->removeRows(pageCount_, listed - pageCount_);
+  if (listed < pageCount_) {
+    pages_->insertRows(listed, pageCount_ - listed);
+    for (; listed < pageCount_; ++listed)
+      pages_->setData(pages_->index(listed), QStringLiteral("Pagina %1").arg(listed + 1));
+  }
+  {
+    const QSignalBlocker quiet(txtPagina_);
+    txtPagina_->setRange(1, job_.isCounted() ? pageCount_ : kUnknownEnd);
+  }
+  lblPagini_->setText(job_.isCounted() ? QStringLiteral("din %1").arg(pageCount_)
+                                       : QStringLiteral("din ... (%1)").arg(pageCount_));
+}
+
 void frmPrevizualizare::turnTo(int page) {
+  if (page >= pageCount_) countToTheEnd();
   const int wanted = std::clamp(page, 0, pageCount_ - 1);
   const bool back = wanted < page_;
   const bool turned = std::exchange(page_, wanted) != wanted;
   showPage();
   // A button that is disabled hands the focus to its neighbour, which would take the next key.
-  if (!txtPagina_->hasFocus()) area_->setFocus();
+  if (!txtPagina_->hasFocus() && !lstPagini_->hasFocus()) area_->setFocus();
   if (turned) area_->verticalScrollBar()->setValue(back ? area_->verticalScrollBar()->maximum() : 0);
 }
 
@@ -192,7 +262,7 @@ void frmPrevizualizare::scrollOrTurn(int step) {
   const bool atEnd = step > 0 ? bar->value() == bar->maximum() : bar->value() == bar->minimum();
   if (!atEnd)
     bar->setValue(bar->value() + step * bar->pageStep() * 9 / 10);
-  else if (page_ + step >= 0 && page_ + step < pageCount_)
+  else if (page_ + step >= 0 && (page_ + step < pageCount_ || !job_.isCounted()))
     turnTo(page_ + step);
 }
 
@@ -241,14 +311,14 @@ const QPixmap& frmPrevizualizare::drawn(int page) {
 void frmPrevizualizare::showPage() {
   {
     const QSignalBlocker quiet(txtPagina_);
-    txtPagina_->setRange(1, pageCount_);
     txtPagina_->setValue(page_ + 1);
   }
-  lblPagini_->setText(QStringLiteral("din %1").arg(pageCount_));
+  lstPagini_->setCurrentIndex(pages_->index(page_));
   cmdPrima_->setEnabled(page_ > 0);
   cmdInapoi_->setEnabled(page_ > 0);
-  cmdInainte_->setEnabled(page_ < pageCount_ - 1);
-  cmdUltima_->setEnabled(page_ < pageCount_ - 1);
+  const bool hasMore = page_ < pageCount_ - 1 || !job_.isCounted();
+  cmdInainte_->setEnabled(hasMore);
+  cmdUltima_->setEnabled(hasMore);
   sheet_->clear();  // a page that cannot be drawn must not look like the one before it
   sheet_->setPixmap(drawn(page_));
 }
@@ -256,8 +326,10 @@ void frmPrevizualizare::showPage() {
 void frmPrevizualizare::search() {
   const QString text = txtCautare_->text().trimmed();
   if (text.isEmpty()) return;
-  const Hourglass hourglass;
+  countToTheEnd();
+  WorkProgress progress("Cautare", this);
   for (int step = 1; step <= pageCount_; ++step) {
+    progress.show(step - 1, pageCount_);
     const int page = (page_ + step) % pageCount_;
     if (!job_.pageText(page).contains(text, Qt::CaseInsensitive)) continue;
     turnTo(page);
@@ -278,7 +350,7 @@ void frmPrevizualizare::print() {
   }
   // The sheet may be another one now.
   drawn_.clear();
-  pageCount_ = job_.pageCount();
+  pagesCounted();
   turnTo(page_);
 }
 

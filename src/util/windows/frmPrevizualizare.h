@@ -4,15 +4,18 @@
 #include <QDialog>
 #include <QHash>
 #include <QPixmap>
+#include <QTimer>
 
 #include "util/windows/PrintOutput.h"
 
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QListView;
 class QPushButton;
 class QScrollArea;
 class QSpinBox;
+class QStringListModel;
 
 namespace velmar {
 
@@ -32,6 +35,12 @@ class frmPrevizualizare : public QDialog {
   QPushButton* tool(const QString& name, const QString& caption, const QString& toolTip,
                     const QString& picture, const std::function<void()>& action);
   bool takeKey(const QKeyEvent& event);
+  /// The pages beside the sheet, one of which is the page that shows.
+  QListView* pageList();
+  /// Counts pages while nothing else is to be done, and shows how many there are.
+  void countOn();
+  void countToTheEnd();
+  void pagesCounted();
   void turnTo(int page);
   void scrollOrTurn(int step);
   void zoomBy(int step);
@@ -45,13 +54,16 @@ class frmPrevizualizare : public QDialog {
 
   PrintJob& job_;
   int page_ = 0;
-  int pageCount_;
+  int pageCount_ = 1;  ///< as far as they are counted
+  QTimer counting_;
   QHash<int, QPixmap> drawn_;
   qreal drawnZoom_ = 0;
   QScrollArea* area_;
   QLabel* sheet_;
   QSpinBox* txtPagina_;
   QLabel* lblPagini_;
+  QListView* lstPagini_;
+  QStringListModel* pages_;
   QComboBox* cboMarime_;
   QLineEdit* txtCautare_;
   QLabel* lblStare_;

@@ -1,0 +1,42 @@
+// The one listing form of all documents: its options, the delegate's data, and the way to preview and
+// printer.
+#pragma once
+
+#include <QDialog>
+
+#include "documents/Listing.h"
+
+class QCheckBox;
+class QGroupBox;
+
+namespace velmar {
+
+struct PreparedReport;
+
+class frmLst : public QDialog {
+  Q_OBJECT
+ public:
+  /// For the document, which is read at once: throws RuleError when it is not stored. `foreign`: the document
+  /// is told to be in foreign currency.
+  frmLst(const ListingKind& kind, const QString& number, bool foreign, QWidget* parent);
+
+ private:
+  QGroupBox* optionsFrame(bool foreign);
+  QGroupBox* delegateFrame();
+  ListingOptions options() const;
+  void list();
+  void design();
+  PreparedReport prepare() const;
+
+  const ListingKind& kind_;
+  ListedDocument document_;
+  QCheckBox* CheckChitanta_ = nullptr;
+  QCheckBox* CheckDeviza_ = nullptr;
+  QCheckBox* chkTiparire_ = nullptr;
+};
+
+/// Shows the listing form of a stored document and returns when it is closed. Throws RuleError when there is
+/// no such document.
+void listDocument(const QString& prefix, const QString& number, bool foreign, QWidget* parent);
+
+}  // namespace velmar

@@ -1,0 +1,85 @@
+#include "reports/windows/ListingCommands.h"
+
+#include <QKeyEvent>
+#include <QPushButton>
+
+#include "reports/windows/clsListLabel.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+#include "util/windows/Controls.h"
+#include "util/windows/Forms.h"
+
+namespace velmar {
+
+namespace {
+
+// Layouts are changed rarely and by few: the command for it stays out of the way of the others.
+class DesignKey : public QObject {
+ public:
+  DesignKey(QPushButton* pressed, QPushButton* shown) : QObject(pressed), shown_(shown) {
+    pressed->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_P) {
+      shown_->show();
+      return true;
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  QPushButton* shown_;
+};
+
+QPushButton* command(QWidget* form, const QString& name, const QString& caption, const QString& picture,
+                     const std::function<void()>& action) {
+  QPushButton* button = makeButton(name, caption, {}, picture);
+  QObject::connect(button, &QPushButton::clicked, form, [form, name, action] {
+    guarded(form->objectName(), name + QStringLiteral("_Click"), action);
+  });
+  return button;
+}
+
+// The engine's object for one run.
+clsListLabel prepared(const PreparedReport& report, QWidget* form) {
+  clsListLabel label(form);
+  label.setFileName(report.file);
+  label.setData(report.data);
+  return label;
+}
+
+}  // namespace
+
+QHBoxLayout* listingCommands(QWidget* form, const QString& exitCaption, const ListingActions& actions) {
+  QPushButton* list = command(form, "cmdVisualizare", "Listare", "print", actions.list);
+  QPushButton* design = command(form, "cmdDesign", "Proiectare", "settings", actions.design);
+  QPushButton* exit = makeButton("cmdAnulare", exitCaption, {}, "close");
+  design->setToolTip(QStringLiteral("Modificarea machetei de listare"));
+  setUpExitButton(exit, form);
+  new DesignKey(list, design);
+  auto* row = new QHBoxLayout;
+  row->addStretch();
+  for (QPushButton* button : {list, design, exit}) {
+    button->setAutoDefault(false);
+    row->addWidget(button);
+  }
+  design->hide();
+  setUpKeys(form, list, exit);
+  return row;
+}
+
+void listReport(const PreparedReport& report, bool choosesTarget, QWidget* form) {
+  if (choosesTarget) prepared(report, form).Print_Preview(clsListLabel::PrintChoosing);
+  prepared(report, form).Print_Preview(clsListLabel::Preview);
+}
+
+void printReport(const PreparedReport& report, QWidget* form) {
+  prepared(report, form).Print_Preview(clsListLabel::Print);
+}
+
+void designReport(const PreparedReport&, QWidget*) {
+  Mesaj(QStringLiteral("Proiectarea nu este disponibila inca."));
+}
+
+}  // namespace velmar

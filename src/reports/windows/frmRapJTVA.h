@@ -1,0 +1,59 @@
+// The VAT journals: a period, the first number, and what is made of them.
+#pragma once
+
+#include <QWidget>
+
+#include "reports/VatJournals.h"
+
+class QGroupBox;
+class QLabel;
+
+namespace velmar {
+
+class DateBox;
+class NumberBox;
+struct PreparedReport;
+
+class frmRapJTVA : public QWidget {
+  Q_OBJECT
+ public:
+  explicit frmRapJTVA(const VatJournal& journal, QWidget* parent = nullptr);
+
+ private:
+  QGroupBox* optionsFrame();
+  QGroupBox* periodFrame();
+  QLayout* commandLine();
+  DateBox* dateBox(const QString& name, const QDate& date);
+
+  VatPeriod period() const;
+  int firstNumber() const;
+  PreparedReport report() const;
+  void compute();
+  void list();
+  void print();
+  void design();
+  /// Runs a command; a broken rule is told and its field gets the focus.
+  void run(void (frmRapJTVA::*command)());
+
+  const VatJournal& journal_;
+  NumberBox* txtNRC_;
+  DateBox* DTPickerdela_;
+  DateBox* DTPickerla_;
+  QLabel* lblStare_;
+};
+
+/// "Jurnal de cumparare cu TVA"
+class frmRapJCTVA : public frmRapJTVA {
+  Q_OBJECT
+ public:
+  explicit frmRapJCTVA(QWidget* parent = nullptr) : frmRapJTVA(purchaseJournal(), parent) {}
+};
+
+/// "Jurnal de vanzare cu TVA"
+class frmRapJVTVA : public frmRapJTVA {
+  Q_OBJECT
+ public:
+  explicit frmRapJVTVA(QWidget* parent = nullptr) : frmRapJTVA(salesJournal(), parent) {}
+};
+
+}  // namespace velmar

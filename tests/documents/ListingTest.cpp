@@ -1,0 +1,125 @@
+#include "documents/Listing.h"
+
+#include "TestCompany.h"
+#include "util/Errors.h"
+
+namespace velmar {
+namespace {
+
+class Listing : public ::testing::Test {
+ protected:
+  Listing() {
+    session().gCaleAplicatie = "/velmar";
+    ExecutaSql("UPDATE kt_info SET DENUMIRE = 'ATELIERUL', CODFISCAL = 'RO777'");
+    ExecutaSql("UPDATE kt_par SET SERIEFC = 'ATL'");
+    ExecutaSql("INSERT INTO kt_ter (COD, TIP, NUME, CODFISCAL) VALUES (5, 'C', 'ALFA', 'RO5')");
+    ExecutaSql("INSERT INTO kt_cote (COD, CONT, PROCENT) VALUES (77, '4427', 21)");
+    ExecutaSql("INSERT INTO G_FACCLI (NUMFAC, CODCLI, BATVA1, DATAFAC) VALUES ('8', 5, 77, '2026-03-15')");
+    for (const char* code : {"A", "B"}) ExecutaSql("INSERT INTO G_ARTMAG (CODART) VALUES (?)", {code});
+    ExecutaSql(
+        "INSERT INTO G_LFACCL (NUMFAC, NRLINIE, CODART, PRETFT, ValoareFTCuDiscount, VALOARETTI) VALUES "
+        "('8', 2, 'B', 10, 9, 0.2), ('8', 1, 'A', 10, 8, 1000.1), ('9', 1, 'A', 1, 1, 7)");
+  }
+
+  ReportData data(const ListingOptions& options = {}) {
+    const ListingKind& kind = listingKind("FC");
+    return listingData(kind, readListed(kind, "8"), options);
+  }
+
+  static const clsFieldVarDescription* find(const ReportData& data, const QString& name) {
+    for (const clsFieldVarDescription& variable : data.extraVariables)
+      if (variable.name == name) return &variable;
+    return nullptr;
+  }
+
+  TestCompany company_;
+};
+
+TEST_F(Listing, AnInvoiceHandsOverItsStoredHeaderAndLines) {
+  const ReportData all = data();
+  ASSERT_EQ(all.variables.size(), 1);
+  const Row& header = all.variables.first();
+  EXPECT_EQ(header.decimal("BATVA1"), 21);  // the rate's percent
+  EXPECT_EQ(header.value("DATAFAC"), QVariant(QDate(2026, 3, 15)));
+  EXPECT_EQ(header.text("CODDEVIZA"), "ROL");
+  EXPECT_EQ(header.value("CURS"), QVariant(0.0));
+  ASSERT_EQ(all.fields->size(), 2);
+  EXPECT_EQ(all.fields->row(0).text("CODART"), "A");
+  EXPECT_EQ(all.fields->row(0).decimal("PRETFT"), 8);  // net of discount
+}
+
+TEST_F(Listing, VariablesHaveTheirTypes) {
+  ListingOptions options;
+  options.receipt = true;
+  options.boxes = {{"txtNume", "Pop Ion"}, {"DataExp", QDate(2026, 3, 16)}};
+  const ReportData all = data(options);
+  EXPECT_EQ(find(all, "DENUMIRE")->value, "ATELIERUL");
+  EXPECT_EQ(find(all, "KT_CODFISCAL")->value, "RO777");
+  EXPECT_EQ(find(all, "CODFISCAL")->value, "RO5");
+  EXPECT_EQ(find(all, "SECTOR1")->value, "");
+  EXPECT_EQ(find(all, "SERIEFC")->value, "ATL");
+  EXPECT_EQ(find(all, "txtNume")->value, "Pop Ion");
+  EXPECT_EQ(find(all, "DataExp")->type, LLTip::Date);
+  EXPECT_EQ(find(all, "bDeviza")->type, LLTip::Boolean);
+  EXPECT_EQ(find(all, "bDeviza")->value, false);
+  EXPECT_EQ(find(all, "ParamCHI")->value, true);
+  EXPECT_EQ(find(all, "SumaDePlataCifre")->type, LLTip::Number);
+  EXPECT_EQ(find(all, "SumaDePlataCifre")->value, 1000.3);
+  EXPECT_EQ(find(all, "SumaDePlataLitere")->value, "omie lei si treizeci bani");
+}
+
+TEST_F(Listing, TheSumIsToldInTheDocumentsCurrency) {
+  ExecutaSql("UPDATE G_FACCLI SET CODDeviza = 'USD', Curs = 4.5 WHERE NUMFAC = '8'");
+  const ReportData all = data();
+  EXPECT_EQ(all.variables.first().text("CODDEVIZA"), "USD");
+  EXPECT_EQ(find(all, "SumaDePlataLitere")->value, "omie USD si treizeci US centi");
+}
+
+TEST_F(Listing, AMissingPartnerLeavesItsVariablesUndefined) {
+  ExecutaSql("DELETE FROM kt_ter");
+  const ReportData all = data();
+  for (const char* name : {"NUME", "CODFISCAL", "AD", "CT"}) EXPECT_EQ(find(all, name), nullptr) << name;
+  EXPECT_NE(find(all, "KT_CODFISCAL"), nullptr);
+  EXPECT_EQ(missingPartnerTexts(listingKind("FC")),
+            QStringList({"Client inexistent in baza de date", "Trebuie introdus in baza de date"}));
+  EXPECT_EQ(missingPartnerTexts(listingKind("BI")).first(), "Furnizor inexistent in baza de date");
+}
+
+TEST_F(Listing, WhatIsNotStoredCannotBePrinted) {
+  try {
+    readListed(listingKind("FC"), "80");
+    FAIL();
+  } catch (const RuleError& rule) {
+    EXPECT_EQ(rule.text(), "Va rugam apasati butonul Detaliu pentru salvarea informatiilor din antet");
+    EXPECT_EQ(rule.field(), "NUMFAC");
+  }
+  EXPECT_THROW(readListed(listingKind("BC"), "1"), RuleError);
+}
+
+TEST_F(Listing, EveryKindReadsWithItsOwnStatements) {
+  ExecutaSql(
+      "INSERT INTO G_BONCASA (NUMFAC, CODCLI, BATVA1, DATAFAC, LISTAT) VALUES ('1', 5, 77, "
+      "'2026-03-15', 0)");
+  ExecutaSql("INSERT INTO G_BONCON (NUMAE, CODCLI, BATVA1, DATAAE) VALUES ('1', 5, 19, '2026-03-15')");
+  ExecutaSql("INSERT INTO G_BONINT (NUMNR, CODFUR, BATVA, DATANR) VALUES ('1', 5, 19, '2026-03-15')");
+  ExecutaSql("INSERT INTO G_FACFUR (NUMFAC, CODFUR, BATVA1, DATAFAC) VALUES ('1', 5, 77, '2026-03-15')");
+  for (const char* prefix : {"BS", "BC", "BI", "FF"}) {
+    const ListingKind& kind = listingKind(prefix);
+    const ReportData all = listingData(kind, readListed(kind, "1"), {});
+    EXPECT_EQ(find(all, "NUME")->value, "ALFA") << prefix;
+    EXPECT_EQ(find(all, "bDeviza"), nullptr) << prefix;
+    EXPECT_EQ(all.fields->size(), 0) << prefix;
+    EXPECT_FALSE(all.fieldNames.isEmpty()) << prefix;
+  }
+}
+
+TEST_F(Listing, ThePreprintedFormHasALayoutOfItsOwn) {
+  ListingOptions options;
+  EXPECT_EQ(listingFile(listingKind("FC"), options), "/velmar/lst/FacturiCLIFull.lst");
+  options.preprinted = true;
+  EXPECT_EQ(listingFile(listingKind("FC"), options), "/velmar/lst/FacturiCLI.lst");
+  EXPECT_EQ(listingFile(listingKind("FF"), {}), "/velmar/lst/NIR_FF.lst");
+}
+
+}  // namespace
+}  // namespace velmar

@@ -1,0 +1,84 @@
+// The VAT journals through their windows: a period, the work tables, the pages.
+
+const year = today().substring(0, 4);
+
+company({denumire: "ATELIERUL SRL"});
+sql("INSERT INTO kt_ter (COD, NUME, TIP, CODFISCAL) VALUES (1, 'ALFA SRL', 'C', 'RO11'), (2, 'BETA SA', 'M', 'RO22')");
+const document = (id, partner, month, base, vat) =>
+    sql("INSERT INTO G_DOCUME (ID, TIP, CODTERT, DATADOC, TOTALFT, TOTALTVA) VALUES (?, ?, ?, ?, ?, ?)", id, id.substring(0, 2), partner,
+        year + "-" + month, base, vat);
+document("FC10", 1, "02-03", 100, 19);
+document("FS11", 2, "02-10", -50, -9.5);
+document("BS3", 1, "02-04", 8.4, 1.6);
+document("FC12", 1, "01-01", 1000, 190); // the first day itself is left out
+document("FF5", 2, "03-05", 200, 38);
+document("FI6", 2, "03-02", 70, 0);
+
+const flat = (path) => pdfText(path).replace(/\s+/g, " ");
+const has = (text, ...parts) => parts.forEach((part) => check(text.includes(part), part + " in " + text));
+
+menu("mnumnuRapmnuRapJVT");
+let w = win("frmRapJVTVA");
+equal([w.title(), w.text("frmOptiuni"), w.text("frmData")].map((text) => text.replace("&", "")),
+      ["Jurnal de vanzare cu TVA", "Optiuni", "Perioada"]);
+equal([w.text("txtNRC"), w.value("DTPickerdela"), w.value("DTPickerla")], ["1", year + "-01-01", year + "-12-31"], "the year");
+equal(["cmdCalcul", "cmdVisualizare", "cmdAnulare"].map((name) => w.text(name).replace("&", "")), ["Calcule", "Listare", "Iesire"]);
+check(!w.isVisible("cmdDesign"), "hidden");
+w.press("cmdVisualizare", "P");
+check(w.isVisible("cmdDesign"), "shown by P");
+shot("frmRapJVTVA");
+
+// Printing asks the ledger and leaves the table alone.
+w.click("cmdVisualizare");
+let files = printed();
+equal(files.map((path) => path.replace(/.*\//, "")), ["Jvtva-1.pdf", "Jvtva-2.pdf"]);
+let text = flat(files[1]);
+has(text, "JURNAL PENTRU VANZARI", "01.01." + year + " - 31.12." + year, "ATELIERUL SRL", "FC10", "ALFA SRL", "RO11", "119,00", "100,00", "19,00",
+    "FS11", "BETA SA", "-59,50", "-50,00", "-9,50", "BS3", "10,00", "TOTAL 69,50 58,40 11,10", "Pagina 1 din 1");
+check(!text.includes("FC12"), "the first day");
+equal(sql("SELECT COUNT(*) AS N FROM kt_jvt")[0].N, 0);
+
+// The table, numbered from where it is told.
+w.type("txtNRC", "100");
+w.click("cmdCalcul");
+equal(sql("SELECT NRC, NDP, TOTAL, BAZA1, TVA1, UTILIZATOR FROM kt_jvt ORDER BY NRC"),
+      [{NRC: 100, NDP: "FC10", TOTAL: 119, BAZA1: 100, TVA1: 19, UTILIZATOR: "ADMIN"},
+       {NRC: 101, NDP: "BS3", TOTAL: 10, BAZA1: 8.4, TVA1: 1.6, UTILIZATOR: "ADMIN"},
+       {NRC: 102, NDP: "FS11", TOTAL: -59.5, BAZA1: -50, TVA1: -9.5, UTILIZATOR: "ADMIN"}]);
+equal(w.text("lblStare"), "Jurnalul a fost calculat: 3 documente");
+w.click("cmdVisualizare");
+has(flat(printed()[0]), " 102 ");
+
+// What cannot be a number, and a period without documents.
+for (const wrong of ["0", "1.5", "40000"]) {
+  w.type("txtNRC", wrong);
+  answer("OK");
+  w.click("cmdCalcul");
+  expectMessage("Numarul curent de inceput trebuie sa fie un numar intreg intre 1 si 32767");
+  check(w.hasFocus("txtNRC"), "focus on the number");
+}
+w.type("txtNRC", "");
+w.set("DTPickerdela", year + "-06-01");
+answer("OK");
+w.click("cmdCalcul");
+expectMessage("Nu exista inregistrari in perioada 01/06/" + year + " - 31/12/" + year);
+answer("OK");
+w.click("cmdVisualizare");
+expectMessage("Nu exista inregistrari");
+equal(sql("SELECT COUNT(*) AS N FROM kt_jvt")[0].N, 3, "the last calculation stands");
+equal(printed(), []);
+w.click("cmdAnulare");
+check(!isOpen("frmRapJVTVA"), "closed");
+
+menu("mnumnuRapmnuJCT");
+w = win("frmRapJCTVA");
+equal(w.title(), "Jurnal de cumparare cu TVA");
+w.click("cmdCalcul");
+equal(sql("SELECT NRC, NDP, NUME, CODF, TOTAL, NEIMP, BAZA1, TVA1, IMP, TVAIMP, UTILIZATOR FROM kt_jct ORDER BY NRC"),
+      [{NRC: 1, NDP: "FI6", NUME: "BETA SA", CODF: "RO22", TOTAL: 70, NEIMP: 70, BAZA1: 70, TVA1: 0, IMP: 0, TVAIMP: 0, UTILIZATOR: null},
+       {NRC: 2, NDP: "FF5", NUME: "BETA SA", CODF: "RO22", TOTAL: 238, NEIMP: 0, BAZA1: 200, TVA1: 38, IMP: 0, TVAIMP: 0, UTILIZATOR: null}]);
+w.click("cmdPrint");
+files = printed();
+equal(files.map((path) => path.replace(/.*\//, "")), ["Jctva-1.pdf"], "the printer alone");
+has(flat(files[0]), "JURNAL PENTRU CUMPARARI", "FI6", "70,00", "FF5", "238,00", "200,00", "38,00", "TOTAL 308,00 70,00 200,00 38,00");
+noMessage();
