@@ -56,10 +56,11 @@ class Sending {
   }
 
   int askWhetherPrinted() const {
-    return Mesaj(QStringLiteral("Bonul %1 a fost trimis la casa de marcat si nu se stie daca a iesit. Verificati. A "
-                                "iesit bonul din casa de marcat ?")
-                     .arg(number_),
-                 kYesNoCancel + kQuestion + kThirdDefault, QStringLiteral("Casa de marcat"));
+    return Mesaj(
+        QStringLiteral("Bonul %1 a fost trimis la casa de marcat si nu se stie daca a iesit. Verificati. A "
+                       "iesit bonul din casa de marcat ?")
+            .arg(number_),
+        kYesNoCancel + kQuestion + kThirdDefault, QStringLiteral("Casa de marcat"));
   }
 
   // From here on the sale stands as it is sent.

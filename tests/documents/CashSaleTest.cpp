@@ -1,4 +1,5 @@
-// The receipt of a cash sale between the register and the company: what two workstations and a crash may do to it.
+// The receipt of a cash sale between the register and the company: what two workstations and a crash may do
+// to it.
 #include <stdexcept>
 
 #include "../fiscal/RegisterPlace.h"

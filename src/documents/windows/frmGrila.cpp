@@ -277,9 +277,8 @@ void frmGrila::validate() {
   const QHash<QString, QString> typed = header_->typed();
   const KindTexts& texts = editor_.kind().texts;
   editor_.checkValidation(typed);
-  if (!texts.confirmValidation.isEmpty() &&
-      Mesaj(texts.confirmValidation.arg(editor_.number()), kYesNo + kQuestion, "Confirmare validare") !=
-          kResultYes)
+  if (!texts.confirmValidation.isEmpty() && Mesaj(texts.confirmValidation.arg(editor_.number()),
+                                                  kYesNo + kQuestion, "Confirmare validare") != kResultYes)
     return;
   try {
     const Hourglass wait;
