@@ -6,9 +6,11 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDateTimeEdit>
+#include <QDropEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QStatusBar>
@@ -224,6 +226,71 @@ QString shownText(const QWidget* widget) {
   return widget->property("text").toString();
 }
 
+namespace {
+
+QWidget* mouseTarget(QWidget* widget) {
+  auto* area = qobject_cast<QAbstractScrollArea*>(widget);
+  return area ? area->viewport() : widget;
+}
+
+// Two numbers are a place in the control's own measure, where it has one, or pixels.
+QPoint mousePlace(QWidget* widget, const QVariant& where) {
+  const QVariantList numbers = where.toList();
+  const QPointF told(numbers.value(0).toDouble(), numbers.value(1).toDouble());
+  QPointF place = told;
+  if (widget->metaObject()->indexOfMethod("toScreen(QPointF)") >= 0)
+    QMetaObject::invokeMethod(widget, "toScreen", Q_RETURN_ARG(QPointF, place), Q_ARG(QPointF, told));
+  return place.toPoint();
+}
+
+// The screen in memory carries nothing: what a platform would tell the two controls is told here.
+void carry(QAbstractItemView* from, const QString& item, QWidget* onto, const QVariant& to) {
+  requireUsable(from);
+  requireUsable(onto);
+  bringToFront(onto);
+  const int row = rowOfText(from->model(), 0, from->rootIndex(), item);
+  if (row < 0 || !from->dragEnabled())
+    throw Failure(QStringLiteral("%1 has no item \"%2\" to carry").arg(from->objectName(), item));
+  const std::unique_ptr<QMimeData> data(
+      from->model()->mimeData({from->model()->index(row, 0, from->rootIndex())}));
+  QWidget* target = mouseTarget(onto);
+  const QPoint place = mousePlace(onto, to);
+  QDragEnterEvent enter(place, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(target, &enter);
+  if (!enter.isAccepted()) throw Failure(onto->objectName() + QStringLiteral(" does not take it"));
+  QDragMoveEvent move(place, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(target, &move);
+  QDropEvent drop(place, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(target, &drop);
+}
+
+void addMouseFunctions(Functions& functions, Windows& windows) {
+  const auto on = [&functions, &windows](const QString& name, auto&& work) {
+    functions[name] = [&windows, work](const Arguments& a) {
+      QWidget* widget = windows.control(a[0], a[1]);
+      const bool control = a.value(3).toString() == QStringLiteral("Ctrl");
+      work(mouseTarget(widget), mousePlace(widget, a.value(2)),
+           control ? Qt::ControlModifier : Qt::NoModifier);
+      return QVariant();
+    };
+  };
+  on("mousePress",
+     [](QWidget* widget, const QPoint& place, Qt::KeyboardModifier key) { pressMouse(widget, place, key); });
+  on("mouseMove",
+     [](QWidget* widget, const QPoint& place, Qt::KeyboardModifier) { moveMouse(widget, place); });
+  on("mouseRelease", [](QWidget* widget, const QPoint& place, Qt::KeyboardModifier key) {
+    releaseMouse(widget, place, key);
+  });
+  functions["carry"] = [&windows](const Arguments& a) {
+    auto* from = qobject_cast<QAbstractItemView*>(windows.control(a[0], a[1]));
+    if (!from) throw Failure(a[1].toString() + QStringLiteral(" is no list"));
+    carry(from, a[2].toString(), windows.control(a[0], a[3]), a[4]);
+    return QVariant();
+  };
+}
+
+}  // namespace
+
 bool chooseInCombo(QComboBox* combo, const QString& text) {
   const int row = rowOfText(combo->model(), combo->modelColumn(), combo->rootModelIndex(), text);
   if (row < 0) return false;
@@ -276,6 +343,7 @@ void addControlFunctions(Functions& functions, Windows& windows) {
   on("tooltip", [](QWidget* w, const QVariant&) { return w->toolTip(); });
   on("isDate", [](QWidget* w, const QVariant&) { return w->inherits("QDateTimeEdit"); });
   on("isCombo", [](QWidget* w, const QVariant&) { return w->inherits("QComboBox"); });
+  addMouseFunctions(functions, windows);
   functions["tab"] = [&windows](const Arguments& a) {
     bringTab(windows.window(a[0].toInt()), a[1].toString());
     return QVariant();

@@ -133,6 +133,22 @@ void clickAt(QWidget* widget, const QPoint& place, Qt::KeyboardModifiers modifie
   QTest::mouseClick(window->windowHandle(), Qt::LeftButton, modifiers, inWindow);
 }
 
+void pressMouse(QWidget* widget, const QPoint& place, Qt::KeyboardModifiers modifiers) {
+  requireUsable(widget);
+  bringToFront(widget);
+  QTest::mousePress(widget->window()->windowHandle(), Qt::LeftButton, modifiers,
+                    widget->mapTo(widget->window(), place));
+}
+
+void moveMouse(QWidget* widget, const QPoint& place) {
+  QTest::mouseMove(widget->window()->windowHandle(), widget->mapTo(widget->window(), place));
+}
+
+void releaseMouse(QWidget* widget, const QPoint& place, Qt::KeyboardModifiers modifiers) {
+  QTest::mouseRelease(widget->window()->windowHandle(), Qt::LeftButton, modifiers,
+                      widget->mapTo(widget->window(), place));
+}
+
 QWidget* modalBefore(const QWidget* widget) {
   QWidget* modal = QApplication::activeModalWidget();
   if (!modal || modal == widget->window() || modal->isAncestorOf(widget)) return nullptr;

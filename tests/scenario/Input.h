@@ -15,6 +15,11 @@ void typeCharacter(QChar character);
 /// Presses the left mouse button on the widget at that place.
 void clickAt(QWidget* widget, const QPoint& place, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
+/// The steps of dragging with the left mouse button, by places of the widget.
+void pressMouse(QWidget* widget, const QPoint& place, Qt::KeyboardModifiers modifiers);
+void moveMouse(QWidget* widget, const QPoint& place);
+void releaseMouse(QWidget* widget, const QPoint& place, Qt::KeyboardModifiers modifiers);
+
 /// Brings the window of the widget to the front; fails when another modal window stands before it.
 void bringToFront(QWidget* widget);
 

@@ -9,6 +9,7 @@
 #include "config/Session.h"
 #include "documents/Invariants.h"
 #include "documents/Numbering.h"
+#include "reports/windows/frmProiectare.h"
 #include "shell/SampleCompany.h"
 #include "stock/Availability.h"
 #include "store/DatabaseFiles.h"
@@ -107,6 +108,19 @@ Functions lookups() {
   return f;
 }
 
+// A layout in the designer, with an invoice of one line for data.
+void design(const QString& file) {
+  ReportData data;
+  data.variables = Recordset(std::make_shared<Columns>(QStringList{"CLIENT", "NRFAC"}));
+  data.variables.append({QStringLiteral("ALFA SRL"), 17});
+  data.hasVariables = true;
+  Recordset lines(std::make_shared<Columns>(QStringList{"DENUMIRE", "CANT"}));
+  lines.append({QStringLiteral("Suruburi"), 12.5});
+  data.fields = std::make_shared<RecordsetRows>(lines);
+  data.fieldNames = lines.columns();
+  designLayout(nullptr, file, data);
+}
+
 // What the program does besides: reading its parameters anew, making the sample company beside the others.
 Functions services() {
   Functions f;
@@ -114,6 +128,10 @@ Functions services() {
     return databaseExists(a.value(0).toString(), a.value(1).toString());
   };
   f["makeSampleCompany"] = [](const Arguments& a) { return makeSampleCompany(a.value(0).toString()); };
+  f["designLayout"] = [](const Arguments& a) {
+    design(a.value(0).toString());
+    return QVariant();
+  };
   return f;
 }
 

@@ -131,6 +131,15 @@
       if (this.N("items", name).includes(String(text)) && this.N("pick", name, String(text))) return;
       this.N("leave", name);
     }
+    // Drags with the mouse from one place of a control to another.
+    drag(name, from, to, keys) {
+      this.N("mousePress", name, from, keys);
+      this.N("mouseMove", name, to);
+      this.N("mouseMove", name, to);
+      this.N("mouseRelease", name, to, keys);
+    }
+    // Takes an item of a list to a place of another control.
+    carry(name, item, onto, to) { this.N("carry", name, item, onto, to); }
     items(name) { return this.N("items", name); }
     set(name, value) {
       const typed = this.N("set", name, value);

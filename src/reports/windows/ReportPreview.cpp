@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kBorder = 12;  // pixels around the sheet
 constexpr double kLargestZoom = 1.5;
+constexpr int kCountingTime = 300;  // milliseconds
 
 }  // namespace
 
@@ -49,13 +50,16 @@ ReportPreview::ReportPreview(QWidget* parent) : QWidget(parent) {
 
 void ReportPreview::setJob(std::unique_ptr<PrintJob> job, const QString& why) {
   job_ = std::move(job);
-  const int pages = job_ ? job_->pageCount() : 0;
+  // A long report is shown as far as it is counted at once: the next change counts it anew.
+  if (job_) job_->countOn(kCountingTime);
+  const int pages = job_ ? std::max(1, job_->knownPages()) : 0;
   {
     const QSignalBlocker quiet(txtPagina_);
     txtPagina_->setRange(std::min(1, pages), pages);
   }
   txtPagina_->setEnabled(pages > 1);
-  lblPagini_->setText(QStringLiteral("din %1").arg(pages));
+  const bool isCounted = !job_ || job_->isCounted();
+  lblPagini_->setText((isCounted ? QStringLiteral("din %1") : QStringLiteral("din peste %1")).arg(pages));
   if (job_)
     showPage();
   else
@@ -90,7 +94,8 @@ void ReportPreview::showPage() {
   QPixmap picture((inches * dots).toSize().expandedTo({1, 1}));
   picture.fill(Qt::white);
   QPainter painter(&picture);
-  painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
+                         QPainter::SmoothPixmapTransform);
   sheet_->clear();  // a page that cannot be drawn must not look like the one before it
   paintSheet(painter, *job_, std::max(0, txtPagina_->value() - 1), dots);
   painter.end();
