@@ -18,6 +18,7 @@ bool measureArticles(Store store);
 bool measureLists(Store store);
 bool measureInvoicePrint(Store store);
 bool measureJournals(Store store);
+bool measureReports(Store store);
 bool measureStart(Store store);
 
 /// With this option the process is one of the writers that measureWriters() sets to work.

@@ -23,6 +23,7 @@ const Bench kBenches[] = {
     {"lists", velmar::bench::measureLists},
     {"journals", velmar::bench::measureJournals},
     {"print", velmar::bench::measureInvoicePrint},
+    {"reports", velmar::bench::measureReports},
     {"start", velmar::bench::measureStart},
 };
 const QString kEngineOption = QStringLiteral("--engine");

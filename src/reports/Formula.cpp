@@ -93,41 +93,88 @@ bool isWordOfTheLanguage(const QString& word) {
   return kWords.contains(word);
 }
 
+// What a formula may call or ask of a value: nothing that runs for long, takes memory without bound or makes
+// code of a text.
+bool isKnownFunction(const QString& name) {
+  static const QStringList kFunctions = {"data",    "numar",      "Number", "String",
+                                         "Boolean", "parseFloat", "isNaN"};
+  return kFunctions.contains(name);
+}
+
+bool isKnownProperty(const QString& owner, const QString& name) {
+  static const QStringList kOfMath = {"round", "floor", "ceil", "trunc", "abs",
+                                      "min",   "max",   "sign", "sqrt",  "pow"};
+  static const QStringList kOfTexts = {"length",  "toUpperCase", "toLowerCase", "trim",    "substring",
+                                       "substr",  "slice",       "charAt",      "indexOf", "includes",
+                                       "replace", "startsWith",  "endsWith",    "toFixed"};
+  return owner == u"Math" ? kOfMath.contains(name) : kOfTexts.contains(name);
+}
+
+/// A token with those around it; empty ones at the ends.
+struct Place {
+  Token before, token, after;
+};
+
 // What would let a formula do more than compute a value.
-std::optional<FormulaFault> forbidden(const Token& token) {
-  static const QStringList kSigns = {";", "{", "}", "`", "=>", "++", "--", "\\", "#", "@"};
+std::optional<FormulaFault> forbidden(const Place& place) {
+  static const QStringList kSigns = {";", "{", "}", "[", "]", "`", "=>", "++", "--", "\\", "#", "@"};
   static const QStringList kWords = {
-      "function", "new",      "delete",     "void",       "this",  "class",  "var",    "let",
-      "const",    "while",    "for",        "do",         "if",    "return", "import", "export",
-      "yield",    "await",    "eval",       "Function",   "async", "throw",  "try",    "switch",
-      "with",     "debugger", "super",      "instanceof", "else",  "catch",  "case",   "repeat",
-      "padStart", "padEnd",   "globalThis", "constructor"};
-  if (token.kind == TokenKind::Bad)
-    return FormulaFault{QStringLiteral("textul nu este incheiat"), token.column};
+      "function", "new",   "delete", "void",     "this",       "class",     "var",    "let",
+      "const",    "while", "for",    "do",       "if",         "return",    "import", "export",
+      "yield",    "await", "async",  "throw",    "try",        "switch",    "with",   "super",
+      "else",     "catch", "case",   "debugger", "instanceof", "arguments", "eval",   "globalThis"};
+  const Token& token = place.token;
+  const auto fault = [&token](const QString& text) {
+    return FormulaFault{QString(text).replace(QStringLiteral("%1"), token.text), token.column};
+  };
+  if (token.kind == TokenKind::Bad) return fault(QStringLiteral("textul nu este incheiat"));
   if (token.kind == TokenKind::Sign && token.text == u"=")
-    return FormulaFault{QStringLiteral("o comparatie se scrie \"==\""), token.column};
+    return fault(QStringLiteral("o comparatie se scrie \"==\""));
+  const bool isProperty = place.before.text == u".";
   if ((token.kind == TokenKind::Sign && kSigns.contains(token.text)) ||
-      (token.kind == TokenKind::Name && kWords.contains(token.text)))
-    return FormulaFault{QStringLiteral("\"%1\" nu poate sta intr-o formula").arg(token.text), token.column};
+      (token.kind == TokenKind::Name && !isProperty && kWords.contains(token.text)))
+    return fault(QStringLiteral("\"%1\" nu poate sta intr-o formula"));
+  if (token.kind == TokenKind::Sign && token.text == u"(" &&
+      (place.before.text == u")" || place.before.kind == TokenKind::Text ||
+       place.before.kind == TokenKind::Number))
+    return fault(QStringLiteral("\"%1\" nu este asteptat aici"));
+  const bool isCalled = place.after.kind == TokenKind::Sign && place.after.text == u"(";
+  if (token.kind == TokenKind::Name && isCalled && !isProperty && !isKnownFunction(token.text))
+    return fault(QStringLiteral("functie necunoscuta: %1"));
   return std::nullopt;
 }
 
-// Parentheses that close what was never opened would end the function that is made of a formula.
+std::optional<FormulaFault> unknownProperty(const std::vector<Token>& tokens, size_t dot) {
+  const Token owner = dot > 0 ? tokens[dot - 1] : Token{TokenKind::Sign, {}, 0};
+  if (dot + 1 == tokens.size())
+    return FormulaFault{QStringLiteral("formula nu este terminata"), tokens[dot].column};
+  const Token& name = tokens[dot + 1];
+  if (name.kind == TokenKind::Name && isKnownProperty(owner.text, name.text)) return std::nullopt;
+  return FormulaFault{QStringLiteral("functie necunoscuta: %1").arg(name.text), name.column};
+}
+
+// Parentheses that close what was never opened would end the function that is made of a formula; a comma
+// stands between arguments alone.
 std::optional<FormulaFault> unbalanced(const std::vector<Token>& tokens) {
-  std::vector<Token> open;
-  for (const Token& token : tokens) {
+  struct Open {
+    int column;
+    bool isCall;
+  };
+  std::vector<Open> open;
+  for (size_t i = 0; i < tokens.size(); ++i) {
+    const Token& token = tokens[i];
     if (token.kind != TokenKind::Sign) continue;
-    if (token.text == u"(" || token.text == u"[") {
-      open.push_back(token);
-    } else if (token.text == u")" || token.text == u"]") {
-      const QString opened = token.text == u")" ? QStringLiteral("(") : QStringLiteral("[");
-      if (open.empty() || open.back().text != opened)
-        return FormulaFault{QStringLiteral("\"%1\" nu inchide nimic").arg(token.text), token.column};
+    if (token.text == u"(") {
+      open.push_back({token.column, i > 0 && tokens[i - 1].kind == TokenKind::Name});
+    } else if (token.text == u")") {
+      if (open.empty()) return FormulaFault{QStringLiteral("\")\" nu inchide nimic"), token.column};
       open.pop_back();
+    } else if (token.text == u"," && (open.empty() || !open.back().isCall)) {
+      return FormulaFault{QStringLiteral("\",\" nu este asteptata aici"), token.column};
     }
   }
   if (open.empty()) return std::nullopt;
-  return FormulaFault{QStringLiteral("\"%1\" nu este inchisa").arg(open.back().text), open.back().column};
+  return FormulaFault{QStringLiteral("\"(\" nu este inchisa"), open.back().column};
 }
 
 QStringList namesOf(const std::vector<Token>& tokens) {
@@ -161,8 +208,13 @@ std::optional<FormulaFault> compileFault(const QJSValue& result, const std::vect
 }
 
 std::optional<FormulaFault> faultBefore(const std::vector<Token>& tokens) {
-  for (const Token& token : tokens)
-    if (auto fault = forbidden(token)) return fault;
+  const Token none{TokenKind::Sign, {}, 0};
+  for (size_t i = 0; i < tokens.size(); ++i) {
+    const Place place{i > 0 ? tokens[i - 1] : none, tokens[i], i + 1 < tokens.size() ? tokens[i + 1] : none};
+    if (auto fault = forbidden(place)) return fault;
+    if (tokens[i].kind != TokenKind::Sign || tokens[i].text != u".") continue;
+    if (auto fault = unknownProperty(tokens, i)) return fault;
+  }
   return unbalanced(tokens);
 }
 
@@ -186,9 +238,15 @@ QJSValue scriptValue(const QVariant& value) {
   return textOf(value);
 }
 
+// What computing with doubles leaves behind the 15 digits that they hold for sure (0.1 + 0.2) is cut off: it
+// must decide no tie, and enters no sum.
 QVariant valueOf(const QJSValue& result) {
+  constexpr int kSureDigits = 15;
   if (result.isBool()) return result.toBool();
-  if (result.isNumber()) return std::isfinite(result.toNumber()) ? QVariant(result.toNumber()) : QVariant();
+  if (result.isNumber()) {
+    if (!std::isfinite(result.toNumber())) return {};
+    return QString::number(result.toNumber(), 'g', kSureDigits).toDouble();
+  }
   if (result.isString()) return result.toString();
   return {};
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <QHash>
 #include <QScopeGuard>
 #include <QTextLayout>
@@ -88,6 +89,26 @@ void drawLineOfText(QPainter& painter, const QRectF& frame, qreal baseline, cons
     painter.drawText(QPointF(alignedLeft(frame, width, style.align), baseline), text);
 }
 
+// Of a text of more lines the first ones.
+void drawLines(QPainter& painter, const QRectF& frame, const QString& text, const TextStyle& style,
+               qsizetype most) {
+  if (text.isEmpty()) return;
+  const Letters& letters = lettersOf(style.font);
+  painter.setFont(letters.font);
+  painter.setPen(QColor(style.colour));
+  QStringList lines = style.wraps ? wrapped(text, letters, frame.width()) : QStringList(oneLine(text));
+  if (lines.size() > most) lines = lines.first(most);
+  const qreal lineHeight = letters.metrics.height();
+  const qreal height = lineHeight * static_cast<qreal>(lines.size());
+  qreal top = frame.top();
+  if (style.vertical == VerticalAlign::Bottom) top = frame.bottom() - height;
+  if (style.vertical == VerticalAlign::Middle) top = frame.center().y() - height / 2;
+  for (const QString& line : lines) {
+    drawLineOfText(painter, frame, top + letters.metrics.ascent(), line, style, letters);
+    top += lineHeight;
+  }
+}
+
 QPen penOf(double millimetres, const QString& colour) {
   QPen pen(QColor(colour), toTwips(millimetres));
   pen.setCapStyle(Qt::FlatCap);
@@ -126,20 +147,7 @@ QFont fontOf(const Font& told) {
 }
 
 void drawText(QPainter& painter, const QRectF& frame, const QString& text, const TextStyle& style) {
-  if (text.isEmpty()) return;
-  const Letters& letters = lettersOf(style.font);
-  painter.setFont(letters.font);
-  painter.setPen(QColor(style.colour));
-  const QStringList lines = style.wraps ? wrapped(text, letters, frame.width()) : QStringList(oneLine(text));
-  const qreal lineHeight = letters.metrics.height();
-  const qreal height = lineHeight * static_cast<qreal>(lines.size());
-  qreal top = frame.top();
-  if (style.vertical == VerticalAlign::Bottom) top = frame.bottom() - height;
-  if (style.vertical == VerticalAlign::Middle) top = frame.center().y() - height / 2;
-  for (const QString& line : lines) {
-    drawLineOfText(painter, frame, top + letters.metrics.ascent(), line, style, letters);
-    top += lineHeight;
-  }
+  drawLines(painter, frame, text, style, std::numeric_limits<qsizetype>::max());
 }
 
 void drawLine(QPainter& painter, const QRectF& frame, const Line& line) {
@@ -216,8 +224,10 @@ void drawRow(QPainter& painter, const QRectF& frame, const TableRow& row, const 
   forEachCell(frame, row, [&](size_t i, const QRectF& square) {
     const Cell& cell = row.cells[i];
     if (!cell.fill.isEmpty()) painter.fillRect(square, QColor(cell.fill));
-    drawText(painter, square.adjusted(kCellPadding, kCellMargin, -kCellPadding, -kCellMargin),
-             texts.value(static_cast<qsizetype>(i)), cell.style);
+    const QRectF room = square.adjusted(kCellPadding, kCellMargin, -kCellPadding, -kCellMargin);
+    const qreal lines = room.height() / lettersOf(cell.style.font).metrics.height();
+    drawLines(painter, room, texts.value(static_cast<qsizetype>(i)), cell.style,
+              std::max<qsizetype>(1, qRound(lines)));
   });
   drawSides(painter, frame, row, table);
   if (table.pen <= 0) return;

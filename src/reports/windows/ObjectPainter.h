@@ -34,7 +34,7 @@ void drawBarCode(QPainter& painter, const QRectF& frame, const BarCode& code, co
 qreal rowHeight(const TableRow& row, const QStringList& texts);
 qreal rowWidth(const TableRow& row);
 
-/// The row's fills, texts and borders.
+/// The row's fills, texts and borders. Lines of a text for which the frame is too low are left out.
 void drawRow(QPainter& painter, const QRectF& frame, const TableRow& row, const QStringList& texts,
              const Table& table);
 /// The borders at the sides of the row's cells, over the frame's height.

@@ -8,6 +8,7 @@
 
 #include "reports/Shown.h"
 #include "reports/windows/ObjectPainter.h"
+#include "store/DatabaseFiles.h"
 
 namespace velmar {
 
@@ -22,10 +23,14 @@ namespace {
 constexpr int kMostPictures = 20;
 constexpr int kAll = 100;  // percent
 
-QRectF frameOfTable(const layout::Layout& layout) {
-  for (const Object& object : layout.objects)
-    if (std::holds_alternative<layout::Table>(object.content)) return layout::toTwips(object.frame);
-  return {};
+constexpr qreal kLeastRow = kTwipsPerMillimetre;  // of a row that is cut at the end of its table
+
+size_t placeOfTable(const layout::Layout& layout) {
+  const auto isTable = [](const Object& object) {
+    return std::holds_alternative<layout::Table>(object.content);
+  };
+  const auto& objects = layout.objects;
+  return static_cast<size_t>(std::find_if(objects.begin(), objects.end(), isTable) - objects.begin());
 }
 
 qreal heightOf(const auto& rows) {
@@ -70,7 +75,8 @@ ReportJob::ReportJob(const QString& file, layout::Layout layout, const ReportDat
     : file_(file),
       layout_(std::move(layout)),
       table_(layout_.table()),
-      tableFrame_(frameOfTable(layout_)),
+      tableObject_(placeOfTable(layout_)),
+      tableFrame_(table_ ? layout::toTwips(layout_.objects[tableObject_].frame) : QRectF()),
       evaluation_(data, table_) {
   addFormulas();
 }
@@ -198,27 +204,26 @@ ReportJob::Block ReportJob::nextBlock(const Position& at, int page, bool withTex
   return total;
 }
 
-// The table's part of a page; gives where the next page goes on, which is another set, with sums of its own,
-// when this one ends.
-ReportJob::Position ReportJob::flow(const Position& start, int page, Flow* out,
-                                    std::vector<Decimal>* sumsAtEnd) const {
+bool ReportJob::hasTable(const Place& place) const {
+  return table_ && isShown(objectFormulas_[tableObject_].condition, place);
+}
+
+// The table's part of a page; gives where it ends. A page that was counted ends where it ended then: the
+// number of pages, known by now, or a row that was written since may make it higher, but must move no line.
+ReportJob::PageEnd ReportJob::flow(const Position& start, int page, const Sheet* counted, Flow* out) const {
   const bool withTexts = out != nullptr;
   Position at = start;
-  const auto endOfSet = [&at, sumsAtEnd] {
-    if (sumsAtEnd) *sumsAtEnd = at.sums;
-    Position next;
-    next.set = at.set + 1;
-    next.sums.resize(at.sums.size());
-    return next;
-  };
-  if (!table_) return endOfSet();
+  if (!hasTable(placeOf(start, -1, page))) return {at, true};
 
   qreal y = tableFrame_.top();
   const TableRow* lineRow = nullptr;
-  const auto put = [&](const FilledRows& rows, qreal from) {
+  // A row higher than the page is cut at `end`.
+  const auto put = [&](const FilledRows& rows, qreal from, qreal end) {
     for (const FilledRow& row : rows) {
-      if (out) out->row(row, QRectF(tableFrame_.left(), from, tableFrame_.width(), row.height), *table_);
-      from += row.height;
+      const qreal left = end - from;
+      const qreal height = left > kLeastRow ? std::min(row.height, left) : row.height;
+      if (out) out->row(row, QRectF(tableFrame_.left(), from, tableFrame_.width(), height), *table_);
+      from += height;
     }
     return from;
   };
@@ -227,12 +232,12 @@ ReportJob::Position ReportJob::flow(const Position& start, int page, Flow* out,
     const qreal last = table_->fillsDown ? std::max(y, tableFrame_.bottom() - heightOf(rows)) : y;
     if (out && table_->fillsDown && lineRow && last > y)
       out->sides(*lineRow, QRectF(tableFrame_.left(), y, tableFrame_.width(), last - y), *table_);
-    put(rows, last);
+    put(rows, last, tableFrame_.bottom());
   };
 
   const Place top = placeOf(at, at.line, page);
-  y = put(filled(RowRole::Header, 0, top, true), y);
-  if (!at.opensSet) y = put(filled(RowRole::Brought, 0, top, true), y);
+  y = put(filled(RowRole::Header, 0, top, true), y, tableFrame_.bottom());
+  if (!at.opensSet) y = put(filled(RowRole::Brought, 0, top, true), y, tableFrame_.bottom());
   for (const TableRow& row : table_->rows)
     if (row.role == RowRole::Line && !lineRow) lineRow = &row;
   const auto carried = [&] { return filled(RowRole::Carried, 0, placeOf(at, at.line - 1, page), true); };
@@ -243,19 +248,20 @@ ReportJob::Position ReportJob::flow(const Position& start, int page, Flow* out,
     block.height = heightOf(block.rows);
     const qreal bottom = tableFrame_.bottom() - (block.isLast ? 0 : kept);
     // What does not fit an empty page either must stand somewhere.
-    if (y + block.height > bottom + 1 && isStarted) {
+    const bool isFull = y + block.height > bottom + 1 && isStarted;
+    if (counted ? !counted->closesSet && at.blocks >= counted->blocks : isFull) {
       putLast(carried());
       at.opensSet = false;
-      if (sumsAtEnd) *sumsAtEnd = at.sums;
-      return at;
+      return {at, false};
     }
     if (block.isTotal) {
       putLast(block.rows);
-      return endOfSet();
+      return {at, true};
     }
-    y = put(block.rows, y);
+    y = put(block.rows, y, bottom);
     isStarted = isStarted || block.height > 0;
     at = std::move(block.next);
+    ++at.blocks;
   }
 }
 
@@ -266,12 +272,16 @@ bool ReportJob::countSheet() const {
     isCounted_ = true;
     return false;
   }
-  std::vector<Decimal> sums;
-  const Position next = flow(next_, knownPages(), nullptr, &sums);
-  Sheet sheet{next_, std::move(sums), next.set != next_.set};
-  sheets_.push_back(std::move(sheet));
-  next_ = next;
-  if (next_.set >= evaluation_.setCount()) isCounted_ = true;
+  PageEnd page = flow(next_, knownPages(), nullptr, nullptr);
+  sheets_.push_back({next_, page.end.sums, page.end.blocks, page.closesSet});
+  if (page.closesSet) {
+    next_ = {};
+    next_.set = page.end.set + 1;
+    next_.sums.resize(page.end.sums.size());
+    isCounted_ = next_.set >= evaluation_.setCount();
+  } else {
+    next_ = std::move(page.end);
+  }
   return true;
 }
 
@@ -298,7 +308,9 @@ ReportJob::Sheet ReportJob::sheet(int page) const {
 }
 
 QImage ReportJob::picture(const QString& path) const {
-  const QString whole = QFileInfo(file_).dir().absoluteFilePath(QDir::fromNativeSeparators(path.trimmed()));
+  const QString told = path.trimmed().replace(u'\\', u'/');
+  const QFileInfo place(QFileInfo(file_).dir().absoluteFilePath(told));
+  const QString whole = pathInFolder(place.path(), place.fileName());
   const auto known = pictures_.constFind(whole);
   if (known != pictures_.constEnd()) return *known;
   if (pictures_.size() >= kMostPictures) pictures_.clear();
@@ -308,7 +320,7 @@ QImage ReportJob::picture(const QString& path) const {
 void ReportJob::putObject(size_t number, const Sheet& sheet, const Place& place, Flow& out) const {
   const Object& object = layout_.objects[number];
   const ObjectFormulas& formulas = objectFormulas_[number];
-  const bool isOnPage = object.pages == layout::Pages::All ||
+  const bool isOnPage = object.pages == layout::Pages::All || number == tableObject_ ||
                         (object.pages == layout::Pages::First && sheet.start.opensSet) ||
                         (object.pages == layout::Pages::Following && !sheet.start.opensSet) ||
                         (object.pages == layout::Pages::Last && sheet.closesSet);
@@ -336,7 +348,7 @@ void ReportJob::putObject(size_t number, const Sheet& sheet, const Place& place,
                        if (code.showsText) out.text(text);
                        if (painter) layout::drawBarCode(*painter, frame, code, text);
                      },
-                     [&](const layout::Table&) { flow(sheet.start, place.page, &out); }},
+                     [&](const layout::Table&) { flow(sheet.start, place.page, &sheet, &out); }},
              object.content);
 }
 

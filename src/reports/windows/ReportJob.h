@@ -32,15 +32,21 @@ class ReportJob : public PrintJob {
   /// How far the walk through the data has come.
   struct Position {
     int set = 0;
-    int line = 0;  ///< the next one
-    int step = 0;  ///< how many groups have been looked at for closing before that line
+    int line = 0;    ///< the next one
+    int blocks = 0;  ///< passed so far
+    int step = 0;    ///< how many groups have been looked at for closing before that line
     bool opensSet = true;
     std::vector<QVariant> groups;  ///< of the line before
     std::vector<Decimal> sums;     ///< up to the line before
   };
+  struct PageEnd {
+    Position end;
+    bool closesSet;
+  };
   struct Sheet {
     Position start;
     std::vector<Decimal> sums;  ///< at its end
+    int blocks = 0;             ///< passed at its end
     bool closesSet = false;
   };
   /// A row with what its cells say.
@@ -82,7 +88,8 @@ class ReportJob : public PrintJob {
                   bool withTexts) const;
   std::vector<QVariant> groupsAt(const layout::Place& place) const;
   void addToSums(std::vector<Decimal>& sums, int firstOpened, const layout::Place& place) const;
-  Position flow(const Position& start, int page, Flow* out, std::vector<Decimal>* sumsAtEnd = nullptr) const;
+  PageEnd flow(const Position& start, int page, const Sheet* counted, Flow* out) const;
+  bool hasTable(const layout::Place& place) const;
   void putObject(size_t object, const Sheet& sheet, const layout::Place& place, Flow& out) const;
   void putPage(int page, Flow& out) const;
   QImage picture(const QString& path) const;
@@ -90,7 +97,8 @@ class ReportJob : public PrintJob {
   QString file_;
   layout::Layout layout_;
   const layout::Table* table_;
-  QRectF tableFrame_;  ///< twips
+  size_t tableObject_ = 0;  ///< its place among the objects, where there is one
+  QRectF tableFrame_;       ///< twips
   layout::Evaluation evaluation_;
   std::vector<RowFormulas> rowFormulas_;
   std::vector<ObjectFormulas> objectFormulas_;

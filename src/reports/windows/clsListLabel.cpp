@@ -1,9 +1,12 @@
 #include "reports/windows/clsListLabel.h"
 
 #include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 
+#include "reports/windows/frmProiectare.h"
 #include "reports/windows/ReportJob.h"
+#include "store/DatabaseFiles.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 
@@ -12,14 +15,17 @@ namespace velmar {
 namespace {
 
 QString faultText(const QString& file, const layout::LayoutError& error) {
-  return QStringLiteral("Raportul %1 nu poate fi folosit.\nLinia %2, coloana %3: %4.")
+  return QStringLiteral("Raportul %1 nu poate fi folosit.\r\nLinia %2, coloana %3: %4.")
       .arg(QDir::toNativeSeparators(file), QString::number(error.line()), QString::number(error.column()),
            error.text());
 }
 
 }  // namespace
 
-void clsListLabel::setFileName(const QString& path) { fileName_ = QString(path).replace(u'\\', u'/'); }
+void clsListLabel::setFileName(const QString& path) {
+  const QFileInfo told(QString(path).replace(u'\\', u'/'));
+  fileName_ = pathInFolder(told.path(), told.fileName());
+}
 
 void clsListLabel::setVariables(const Recordset& rows) {
   data_.variables = rows;
@@ -47,6 +53,16 @@ void clsListLabel::addVariable(const QString& name, const QVariant& value) {
 
 void clsListLabel::addField(const QString& name, const QVariant& value) {
   data_.extraFields.push_back(described(name, value));
+}
+
+void clsListLabel::Design() {
+  if (QFileInfo::exists(fileName_)) {
+    const QString chosen = QFileDialog::getOpenFileName(parent_, QStringLiteral("Raport"), fileName_,
+                                                        QStringLiteral("Rapoarte (*.lst)"));
+    if (chosen.isEmpty()) return;
+    setFileName(chosen);
+  }
+  designLayout(parent_, fileName_, data_);
 }
 
 bool clsListLabel::Print_Preview(Mode mode) {

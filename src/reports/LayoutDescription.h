@@ -1,0 +1,153 @@
+// What the parts of a layout are described by: the name, the kind and the range of each of their members, told
+// to an "archive" that reads them, writes them, shows or changes them.
+#pragma once
+
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "reports/Layout.h"
+
+namespace velmar::layout {
+
+template <typename Enum>
+using Choices = std::vector<std::pair<Enum, const char*>>;
+
+inline const Choices<Align> kAligns = {{Align::Left, "left"}, {Align::Centre, "centre"}, {Align::Right, "right"}};
+inline const Choices<VerticalAlign> kVerticalAligns = {
+    {VerticalAlign::Top, "top"}, {VerticalAlign::Middle, "middle"}, {VerticalAlign::Bottom, "bottom"}};
+inline const Choices<Format> kFormats = {{Format::Text, "text"}, {Format::Number, "number"}, {Format::Date, "date"}};
+inline const Choices<BarCodeType> kBarCodes = {{BarCodeType::Code128, "code128"}, {BarCodeType::Ean13, "ean13"}};
+inline const Choices<Pages> kPages = {
+    {Pages::All, "all"}, {Pages::First, "first"}, {Pages::Following, "following"}, {Pages::Last, "last"}};
+inline const Choices<RowRole> kRoles = {
+    {RowRole::Header, "header"}, {RowRole::Brought, "brought"},         {RowRole::GroupHeader, "groupHeader"},
+    {RowRole::Line, "line"},     {RowRole::GroupFooter, "groupFooter"}, {RowRole::Carried, "carried"},
+    {RowRole::Total, "total"}};
+
+inline constexpr int kMostGroups = 8;
+inline constexpr int kLongestText = 20000;
+
+/// "#RRGGBB", or empty for none.
+bool isColour(const QString& text);
+
+/// A range in which a number must lie.
+struct Range {
+  double least;
+  double most;
+};
+
+inline constexpr Range kLength = {0, kLargestSheet};
+inline constexpr Range kPlace = {-kLargestSheet, kLargestSheet};
+inline constexpr Range kPen = {0, 20};
+
+// What a part says, once for all that read, write, show or change it.
+
+template <typename Archive>
+void describe(Archive& archive, Page& page) {
+  archive.field("width", page.width, {10, kLargestSheet});
+  archive.field("height", page.height, {10, kLargestSheet});
+  archive.field("left", page.left, kLength);
+  archive.field("top", page.top, kLength);
+  archive.field("right", page.right, kLength);
+  archive.field("bottom", page.bottom, kLength);
+}
+
+template <typename Archive>
+void describe(Archive& archive, TextStyle& style) {
+  archive.field("font", style.font.family);
+  archive.field("points", style.font.points, {1, 500});
+  archive.field("bold", style.font.bold);
+  archive.field("italic", style.font.italic);
+  archive.field("underlined", style.font.underlined);
+  archive.colour("colour", style.colour);
+  archive.field("align", style.align, kAligns);
+  archive.field("vertical", style.vertical, kVerticalAligns);
+  archive.field("wraps", style.wraps);
+  archive.field("format", style.format, kFormats);
+  archive.field("decimals", style.decimals, {0, 9});
+  archive.field("hidesZero", style.hidesZero);
+  archive.field("pattern", style.pattern);
+}
+
+template <typename Archive>
+void describe(Archive& archive, Text& text) {
+  archive.field("formula", text.formula);
+  describe(archive, text.style);
+}
+
+template <typename Archive>
+void describe(Archive& archive, Line& line) {
+  archive.field("pen", line.pen, kPen);
+  archive.colour("colour", line.colour);
+  archive.field("rising", line.rising);
+}
+
+template <typename Archive>
+void describe(Archive& archive, Box& box) {
+  archive.field("pen", box.pen, kPen);
+  archive.colour("colour", box.colour);
+  archive.colour("fill", box.fill);
+  archive.field("radius", box.radius, kLength);
+}
+
+template <typename Archive>
+void describe(Archive& archive, Picture& picture) {
+  archive.field("file", picture.file);
+  archive.field("keepsRatio", picture.keepsRatio);
+}
+
+template <typename Archive>
+void describe(Archive& archive, BarCode& code) {
+  archive.field("type", code.type, kBarCodes);
+  archive.field("formula", code.formula);
+  archive.field("showsText", code.showsText);
+}
+
+template <typename Archive>
+void describe(Archive& archive, Cell& cell) {
+  archive.field("width", cell.width, {0.1, kLargestSheet});
+  archive.field("formula", cell.formula);
+  describe(archive, cell.style);
+  archive.field("lineLeft", cell.borders.left);
+  archive.field("lineTop", cell.borders.top);
+  archive.field("lineRight", cell.borders.right);
+  archive.field("lineBottom", cell.borders.bottom);
+  archive.colour("fill", cell.fill);
+}
+
+template <typename Archive>
+void describe(Archive& archive, TableRow& row) {
+  archive.field("role", row.role, kRoles);
+  archive.field("group", row.group, {0, kMostGroups - 1});
+  archive.field("condition", row.condition);
+  archive.field("height", row.height, {0.1, kLargestSheet});
+}
+
+template <typename Archive>
+void describe(Archive& archive, Sum& sum) {
+  archive.field("name", sum.name);
+  archive.field("formula", sum.formula);
+  archive.field("group", sum.group, {-1, kMostGroups - 1});
+}
+
+template <typename Archive>
+void describe(Archive& archive, Table& table) {
+  archive.field("pen", table.pen, kPen);
+  archive.colour("colour", table.colour);
+  archive.field("fillsDown", table.fillsDown);
+}
+
+/// What all objects have, whatever they show.
+template <typename Archive>
+void describeFrame(Archive& archive, Object& object, std::array<double, 4>& frame) {
+  archive.field("name", object.name);
+  archive.field("x", frame[0], kPlace);
+  archive.field("y", frame[1], kPlace);
+  archive.field("width", frame[2], kLength);
+  archive.field("height", frame[3], kLength);
+  archive.field("condition", object.condition);
+  archive.field("pages", object.pages, kPages);
+}
+
+}  // namespace velmar::layout

@@ -1,0 +1,139 @@
+// The designer of layouts: the page to draw on, the names of the data, the properties of what is chosen, what the
+// report looks like with the data of the moment, and the text of its file.
+#pragma once
+
+#include <QDialog>
+#include <QUndoStack>
+
+#include "reports/LayoutEdits.h"
+#include "reports/LayoutFaults.h"
+#include "reports/ReportData.h"
+
+class QButtonGroup;
+class QCheckBox;
+class QComboBox;
+class QDoubleSpinBox;
+class QLabel;
+class QListWidget;
+class QPlainTextEdit;
+class QPushButton;
+class QTabWidget;
+
+namespace velmar {
+
+class LayoutPage;
+class NameList;
+class PropertyGrid;
+class ReportPreview;
+
+/// Shows the designer on a layout and returns when the user has closed it. A file that does not exist begins as
+/// an empty page and is made when it is saved.
+void designLayout(QWidget* parent, const QString& file, const ReportData& data);
+
+class frmProiectare : public QDialog {
+  Q_OBJECT
+ public:
+  frmProiectare(const ReportData& data, QWidget* parent);
+  ~frmProiectare() override;
+
+  /// Shows a file in place of what is open, whose changes are lost. Damaged text is shown as text. Throws
+  /// StoreError when the file cannot be read.
+  void open(const QString& file);
+
+  void reject() override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  enum Tab { kPageTab, kPreviewTab, kTextTab };
+
+  QWidget* drawingTools();
+  QWidget* arrangingTools();
+  QWidget* namesPane();
+  QWidget* middlePane();
+  QPushButton* tool(const QString& name, const QString& caption, const QString& toolTip, const QString& picture,
+                    const std::function<void()>& action, const QKeySequence& key = {});
+  void addArranging(class QLayout* row);
+  class QMenu* tableMenu();
+  void connectPage();
+  void addShortcuts();
+  void perform(const QString& procedure, const std::function<void()>& work);
+
+  void setState(const layout::State& state);
+  void choose(const layout::Parts& parts);
+  void change(const QString& text, const QString& joins, const layout::Change& change);
+  void arrange(const QString& text, const std::function<void(layout::Layout&, const layout::Parts&)>& work);
+  void storeProperty(const QString& name, const QString& typed);
+  void insertName(const QString& name, bool joins);
+  void dropName(const QString& name, const QPointF& place);
+  const clsFieldVarDescription* described(const QString& name) const;
+  void copy();
+  void paste();
+  void undo();
+  void redo();
+  void setTool(int kind);
+  void setGrid();
+  void setZoom();
+  void fitPage();
+  void zoomBy(int step);
+  void editChosen();
+  void nextPane();
+
+  void showChosen();
+  void showFaults();
+  void showFault(int row);
+  void showPreview();
+  void showButtons();
+  void tabChanged(int tab);
+  bool isTextChanged() const;
+  void showText(const QString& text);
+  /// Takes the text of the file over as it stands. False when it is damaged, which is told and marked.
+  bool takeText();
+  void markDamage(const layout::LayoutError& error);
+  void begin(const std::shared_ptr<const layout::Layout>& layout, bool isSaved);
+  void tell(const QString& text);
+
+  /// Whether there is something to lose.
+  bool isChanged() const;
+  bool mayClose();
+  bool save();
+  bool saveAs();
+  bool saveTo(const QString& file);
+
+  ReportData data_;
+  ReportValues variables_;
+  ReportValues fields_;
+  ReportValues general_;
+  QString file_;
+  layout::State state_;
+  QUndoStack stack_;
+  bool isDamaged_ = false;  ///< the text is all there is: it is no layout yet
+  std::vector<layout::Fault> faults_;
+  layout::LayoutError damage_{{}, 0, 0};
+  int lastTab_ = kPageTab;
+
+  QTabWidget* tabs_;
+  LayoutPage* page_;
+  ReportPreview* preview_;
+  QPlainTextEdit* txtText_;
+  NameList* lstNume_;
+  PropertyGrid* grdProprietati_;
+  QListWidget* lstGreseli_;
+  QLabel* lblAles_;
+  QLabel* lblFisier_;
+  QLabel* lblLoc_;
+  QLabel* lblStare_;
+  QButtonGroup* tools_;
+  QCheckBox* chkGrila_;
+  QDoubleSpinBox* txtGrila_;
+  QComboBox* cboMarime_;
+  QList<QPushButton*> arranging_;  ///< of several objects by the first
+  QList<QPushButton*> ordering_;   ///< which object is drawn over which
+  QPushButton* cmdRanduri_;
+  QPushButton* cmdInapoi_;
+  QPushButton* cmdRefacere_;
+  QPushButton* cmdSalvare_;
+};
+
+}  // namespace velmar

@@ -1,0 +1,377 @@
+// The designer, worked with mouse and keyboard; what it shows of layouts that are wrong.
+#include "reports/windows/frmProiectare.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QListWidget>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRandomGenerator>
+#include <QTabWidget>
+#include <QtTest/QtTest>
+
+#include "reports/LayoutProperties.h"
+#include "reports/windows/LayoutPage.h"
+#include "reports/windows/NameList.h"
+#include "reports/windows/PropertyGrid.h"
+#include "TestCompany.h"
+
+namespace velmar {
+namespace {
+
+using namespace layout;
+
+ReportData invoiceData() {
+  ReportData data;
+  data.variables = Recordset(std::make_shared<Columns>(QStringList{"CLIENT", "NRFAC", "TOTALFAC"}));
+  data.variables.append({"ALFA SRL", 17, 119.0});
+  data.hasVariables = true;
+  Recordset lines(std::make_shared<Columns>(QStringList{"DENUMIRE", "CANT", "PRET"}));
+  lines.append({"Suruburi", 10.0, 2.5});
+  lines.append({"Piulite", 4.0, 18.75});
+  data.fields = std::make_shared<RecordsetRows>(lines);
+  data.fieldNames = lines.columns();
+  return data;
+}
+
+class DesignerTest : public testing::Test {
+ protected:
+  DesignerTest() : window(invoiceData(), nullptr) {
+    window.show();
+    window.resize(1366, 768);
+    QCoreApplication::processEvents();
+  }
+
+  QString path(const QString& name) const { return folder.filePath(name); }
+  template <typename Widget>
+  Widget* find(const char* name) const {
+    return window.findChild<Widget*>(QLatin1String(name));
+  }
+  LayoutPage* page() const { return find<LayoutPage>("pagina"); }
+  PropertyGrid* grid() const { return find<PropertyGrid>("grdProprietati"); }
+  void click(const char* button) { find<QPushButton>(button)->click(); }
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(page(), key, modifiers);
+  }
+
+  QPoint pixel(double x, double y) const { return page()->toScreen({x, y}).toPoint(); }
+
+  // Places in millimetres of the sheet.
+  void drag(QPointF from, QPointF to, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QWidget* view = page()->viewport();
+    QTest::mousePress(view, Qt::LeftButton, modifiers, pixel(from.x(), from.y()));
+    QTest::mouseMove(view, pixel((from.x() + to.x()) / 2, (from.y() + to.y()) / 2));
+    QTest::mouseMove(view, pixel(to.x(), to.y()));
+    QTest::mouseRelease(view, Qt::LeftButton, modifiers, pixel(to.x(), to.y()));
+  }
+  void clickAt(double x, double y, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::mouseClick(page()->viewport(), Qt::LeftButton, modifiers, pixel(x, y));
+  }
+
+  // What the toolkit sends when a name is dragged from the list and let go over the page.
+  void dropName(const QString& name, double x, double y) {
+    auto* list = find<NameList>("lstNume");
+    const QList<QTreeWidgetItem*> items = list->findItems(name, Qt::MatchExactly);
+    ASSERT_EQ(items.size(), 1) << qUtf8Printable(name);
+    const std::unique_ptr<QMimeData> data(list->model()->mimeData({list->model()->index(
+        list->indexOfTopLevelItem(items.first()), 0)}));
+    const QPoint at = pixel(x, y);
+    QDragEnterEvent enter(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(page()->viewport(), &enter);
+    ASSERT_TRUE(enter.isAccepted());
+    QDropEvent drop(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(page()->viewport(), &drop);
+  }
+
+  // Types a property as a person does and leaves the cell with Enter.
+  void type(const QString& property, const QString& text) {
+    grid()->editProperty(property);
+    auto* editor = grid()->findChild<QLineEdit*>();
+    ASSERT_TRUE(editor) << qUtf8Printable(property);
+    editor->selectAll();
+    QTest::keyClicks(editor, text);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents();
+  }
+
+  QByteArray saved(const QString& file) const {
+    QFile stored(file);
+    return stored.open(QIODevice::ReadOnly) ? stored.readAll() : QByteArray();
+  }
+  void write(const QString& file, const QByteArray& text) {
+    QFile stored(file);
+    ASSERT_TRUE(stored.open(QIODevice::WriteOnly));
+    stored.write(text);
+  }
+  QStringList faults() const {
+    QStringList texts;
+    const auto* list = find<QListWidget>("lstGreseli");
+    for (int i = 0; i < list->count(); ++i) texts.append(list->item(i)->text());
+    return texts;
+  }
+
+  const QTemporaryDir folder;
+  HeardMessages messages;
+  frmProiectare window;
+};
+
+TEST_F(DesignerTest, ALayoutIsDrawnFromNothingAndReadBackAsItWasDrawn) {
+  const QString file = path("lst/nou/Factura.lst");
+  window.open(file);
+  click("cmdText");
+  drag({20.3, 15.2}, {79.8, 22.4});  // to the grid: 20, 15 to 80, 22
+  click("cmdChenar");
+  drag({15, 12}, {120, 30});
+  click("cmdTabel");
+  drag({15, 40}, {195, 100});
+  // The table begins with rows for its header (40 to 45) and for its lines (45 to 50).
+  dropName("DENUMIRE", 30, 47);
+  dropName("CANT", 39, 47);   // the right half of that cell: behind it
+  dropName("PRET", 16, 47);   // the left half: before it
+  press(Qt::Key_Z, Qt::ControlModifier);
+  dropName("CLIENT", 100, 17);  // beside the text, within the box
+
+  clickAt(21, 16);
+  type("formula", "\"Factura \" + NRFAC");
+  // Right by four lines of the grid, one up, wider by two, a fine step down.
+  page()->setFocus();
+  for (int i = 0; i < 4; ++i) press(Qt::Key_Right);
+  press(Qt::Key_Up);
+  press(Qt::Key_Right, Qt::ShiftModifier);
+  press(Qt::Key_Right, Qt::ShiftModifier);
+  press(Qt::Key_Down, Qt::ControlModifier);
+  click("cmdInapoi");   // the moves after the sizing are a step of their own: the fine one
+  click("cmdInapoi");   // both sizings are one step
+  click("cmdRefacere");
+  EXPECT_TRUE(find<QPushButton>("cmdRefacere")->isEnabled());
+  click("cmdSalvare");
+  EXPECT_FALSE(window.isWindowModified());
+
+  const Layout drawn = load(file);
+  ASSERT_EQ(drawn.objects.size(), 4U);
+  EXPECT_EQ(drawn.objects[0].frame, QRectF(24, 14, 62, 7));
+  EXPECT_EQ(std::get<Text>(drawn.objects[0].content).formula, "\"Factura \" + NRFAC");
+  EXPECT_EQ(drawn.objects[1].frame, QRectF(15, 12, 105, 18));
+  EXPECT_TRUE(std::holds_alternative<Box>(drawn.objects[1].content));
+  const layout::Table& table = *drawn.table();
+  EXPECT_EQ(drawn.objects[2].frame, QRectF(15, 40, 180, 60));
+  ASSERT_EQ(table.rows.size(), 2U);
+  EXPECT_EQ(table.rows[0].role, RowRole::Header);
+  ASSERT_EQ(table.rows[0].cells.size(), 2U);
+  EXPECT_EQ(table.rows[0].cells[1].formula, "\"CANT\"");
+  ASSERT_EQ(table.rows[1].cells.size(), 2U);
+  EXPECT_EQ(table.rows[1].cells[0].formula, "DENUMIRE");
+  EXPECT_EQ(table.rows[1].cells[1].formula, "CANT");
+  EXPECT_EQ(table.rows[1].cells[1].style.format, Format::Number);
+  EXPECT_EQ(table.rows[1].cells[1].style.align, Align::Right);
+  EXPECT_EQ(std::get<Text>(drawn.objects[3].content).formula, "CLIENT");
+  EXPECT_EQ(drawn.objects[3].frame.topLeft(), QPointF(100, 17));
+
+  // What was taken back after saving is told as a change, and closing asks.
+  click("cmdInapoi");
+  EXPECT_TRUE(window.isWindowModified());
+  messages.answer(kResultCancel);
+  window.close();
+  EXPECT_TRUE(window.isVisible());
+  messages.answer(kResultYes);
+  window.close();
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(load(file).objects[0].frame, QRectF(24, 14, 60, 7));
+}
+
+TEST_F(DesignerTest, SeveralObjectsAreChosenArrangedCopiedAndTypedAtOnce) {
+  const QString file = path("trei.lst");
+  Layout layout;
+  for (const QRectF& frame : {QRectF(20, 20, 30, 5), QRectF(33, 40, 50, 8), QRectF(90, 60, 10, 6)})
+    layout.objects.push_back({"", frame, "", Pages::All, Text{"CLIENT", {}}});
+  save(file, layout);
+  window.open(file);
+  drag({15, 15}, {88, 50});  // the rubber band holds the first two
+  clickAt(95, 63, Qt::ControlModifier);
+  press(Qt::Key_L, Qt::ControlModifier);
+  press(Qt::Key_W, Qt::ControlModifier);
+  // A text that is refused stands, and nothing else happens until it is mended.
+  grid()->editProperty("points");
+  auto* editor = grid()->findChild<QLineEdit*>();
+  editor->selectAll();
+  QTest::keyClicks(editor, "doua");
+  click("cmdSalvare");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(messages.take(), QStringList("\"Marime litera\" trebuie sa fie un numar intre 1 si 500."));
+  EXPECT_EQ(editor->text(), "doua");
+  clickAt(150, 150);
+  QCoreApplication::processEvents();
+  messages.take();
+  EXPECT_EQ(editor->text(), "doua");
+  QTest::keyClicks(editor, "12,5");
+  QTest::keyClick(editor, Qt::Key_Return);
+  page()->setFocus();
+  press(Qt::Key_C, Qt::ControlModifier);
+  press(Qt::Key_V, Qt::ControlModifier);
+  press(Qt::Key_Escape);
+  press(Qt::Key_Tab);  // from the first object again
+  press(Qt::Key_Delete);
+  click("cmdSalvare");
+
+  layout = load(file);
+  ASSERT_EQ(layout.objects.size(), 5U);
+  for (const Object& object : layout.objects)
+    EXPECT_EQ(std::get<Text>(object.content).style.font.points, 12.5);
+  EXPECT_EQ(layout.objects[0].frame, QRectF(20, 40, 30, 8));
+  EXPECT_EQ(layout.objects[1].frame, QRectF(20, 60, 30, 6));
+  EXPECT_EQ(layout.objects[2].frame, QRectF(25, 25, 30, 5));
+  EXPECT_TRUE(messages.isEmpty());
+}
+
+TEST_F(DesignerTest, CellsAreWorkedByKeyboard) {
+  const QString file = path("tabel.lst");
+  window.open(file);
+  click("cmdTabel");
+  press(Qt::Key_Return);
+  auto* names = find<NameList>("lstNume");
+  for (const char* name : {"CANT", "PRET"}) {
+    names->setCurrentItem(names->findItems(name, Qt::MatchExactly).first());
+    QTest::keyClick(names, Qt::Key_Return);
+  }
+  // The cell of PRET is chosen: a sum under it, and the price wider by five lines of the grid.
+  for (int i = 0; i < 5; ++i) press(Qt::Key_Right, Qt::ShiftModifier);
+  press(Qt::Key_Left, Qt::AltModifier);  // before the quantity
+  press(Qt::Key_Escape);
+  press(Qt::Key_Escape);
+  type("sums.0", "VALOARE = CANT * PRET");
+  click("cmdSalvare");
+  const layout::Table table = *load(file).table();
+  ASSERT_EQ(table.rows[1].cells.size(), 2U);
+  EXPECT_EQ(table.rows[1].cells[0].formula, "PRET");
+  EXPECT_EQ(table.rows[1].cells[0].width, 30);
+  EXPECT_EQ(table.rows[0].cells[1].width, 30);  // its header went with it
+  ASSERT_EQ(table.sums.size(), 1U);
+  EXPECT_EQ(table.sums[0].name, "VALOARE");
+  EXPECT_EQ(names->findItems("VALOARE", Qt::MatchExactly).size(), 1);
+}
+
+TEST_F(DesignerTest, DamagedTextIsShownWithItsPlaceAndMended) {
+  const QString file = path("stricat.lst");
+  const QByteArray damaged = "<report>\n  <text formula=\"CLIENT\" points=\"mare\"/>\n</report>\n";
+  write(file, damaged);
+  window.open(file);
+  auto* text = find<QPlainTextEdit>("txtText");
+  EXPECT_TRUE(text->isVisible());
+  EXPECT_EQ(text->toPlainText(), QString::fromUtf8(damaged));
+  EXPECT_EQ(text->textCursor().blockNumber(), 1);
+  ASSERT_EQ(faults().size(), 1);
+  EXPECT_TRUE(faults()[0].startsWith("Linia 2, coloana ")) << qUtf8Printable(faults()[0]);
+
+  // The page cannot be drawn on before the text is right; saving leaves the file alone.
+  auto* tabs = find<QTabWidget>("tabPagina");
+  tabs->setCurrentIndex(0);
+  EXPECT_TRUE(text->isVisible());
+  click("cmdSalvare");
+  EXPECT_EQ(messages.take().size(), 2);
+  EXPECT_EQ(saved(file), damaged);
+  text->setPlainText(QString::fromUtf8(damaged).replace("mare", "14"));
+  tabs->setCurrentIndex(0);
+  EXPECT_TRUE(page()->isVisible());
+  EXPECT_TRUE(faults().isEmpty());
+  EXPECT_TRUE(window.isWindowModified());
+  click("cmdSalvare");
+  EXPECT_EQ(std::get<Text>(load(file).objects.at(0).content).style.font.points, 14);
+  EXPECT_TRUE(messages.isEmpty());
+}
+
+TEST_F(DesignerTest, UnknownNamesAndBrokenFormulasAreMarkedAndNoObstacle) {
+  const QString file = path("necunoscut.lst");
+  Layout layout;
+  layout.objects.push_back({"A", QRectF(20, 20, 30, 5), "", Pages::All, Text{"client + CLENT", {}}});
+  layout.objects.push_back({"B", QRectF(20, 30, 30, 5), "", Pages::All, Text{"1 + * 2", {}}});
+  save(file, layout);
+  window.open(file);
+  ASSERT_EQ(faults().size(), 2);
+  EXPECT_EQ(faults()[0], "Text A, Formula, coloana 10: Numele CLENT nu este definit");
+  EXPECT_TRUE(faults()[1].startsWith("Text B, Formula, coloana ")) << qUtf8Printable(faults()[1]);
+  auto* list = find<QListWidget>("lstGreseli");
+  emit list->itemActivated(list->item(0));
+  auto* editor = grid()->findChild<QLineEdit*>();
+  ASSERT_TRUE(editor);
+  EXPECT_EQ(editor->cursorPosition(), 9);
+  QTest::keyClick(editor, Qt::Key_Delete);
+  QTest::keyClick(editor, Qt::Key_Return);
+  click("cmdSalvare");
+  EXPECT_EQ(std::get<Text>(load(file).objects.at(0).content).formula, "client + LENT");
+  // The preview prints what can be computed.
+  find<QTabWidget>("tabPagina")->setCurrentIndex(1);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(messages.isEmpty());
+}
+
+// A layout with something of everything.
+QByteArray richLayout() {
+  Layout layout;
+  for (const Kind kind : {Kind::Text, Kind::Line, Kind::Box, Kind::Picture, Kind::BarCode})
+    add(layout, kind, QRectF(20, 20 + 10 * static_cast<int>(kind), 40, 8));
+  const Part table = add(layout, Kind::Table, QRectF(20, 90, 150, 60));
+  for (const char* name : {"DENUMIRE", "CANT", "PRET"})
+    addNameAt(layout, {name, LLTip::Number, {}}, table, false);
+  addRow(layout, table, RowRole::Total);
+  setProperty(layout, {table}, "sums.0", "S = CANT * PRET");
+  setProperty(layout, {table}, "groups.0", "DENUMIRE");
+  return layout::write(layout);
+}
+
+QByteArray mutated(QByteArray text, QRandomGenerator& random) {
+  static const QList<QByteArray> kWords = {"\"-1\"",   "\"1e300\"", "\"nan\"", "<cell/>", "<row>",  "</table>",
+                                           "<table/>", "&#0;",      "\xff",     "&amp;",   "\"2000\"", "<!--",
+                                           "formula",  "(((((",     "\"",       "0",       "\\",     "<group/>"};
+  for (int changes = random.bounded(1, 4); changes > 0 && !text.isEmpty(); --changes) {
+    const int at = random.bounded(static_cast<int>(text.size()));
+    const int length = random.bounded(1, 30);
+    switch (random.bounded(5)) {
+      case 0:
+        text[at] = static_cast<char>(random.bounded(256));
+        break;
+      case 1:
+        text.remove(at, length);
+        break;
+      case 2:
+        text.insert(at, text.mid(random.bounded(static_cast<int>(text.size())), length));
+        break;
+      case 3:
+        text.insert(at, kWords[random.bounded(static_cast<int>(kWords.size()))]);
+        break;
+      default:
+        text.truncate(at);
+    }
+  }
+  return text;
+}
+
+TEST_F(DesignerTest, FiveThousandDamagedFilesAreOpened) {
+  constexpr int kFiles = 5000;
+  constexpr int kPreviewed = 10;  // of the readable ones, one in so many
+  window.resize(500, 400);
+  QRandomGenerator random(20260315);
+  const QByteArray whole = richLayout();
+  const QString file = path("sir.lst");
+  auto* tabs = find<QTabWidget>("tabPagina");
+  int damaged = 0, readable = 0;
+  for (int i = 0; i < kFiles; ++i) {
+    write(file, mutated(whole, random));
+    window.open(file);
+    if (find<QPlainTextEdit>("txtText")->isVisible()) {
+      ++damaged;
+      ASSERT_EQ(faults().size(), 1);
+      continue;
+    }
+    ++readable;
+    page()->viewport()->repaint();
+    if (readable % kPreviewed == 0) tabs->setCurrentIndex(1);
+  }
+  // Both happen often enough to mean something.
+  EXPECT_GT(damaged, kFiles / 2);
+  EXPECT_GT(readable, kFiles / 50);
+  for (const QString& message : messages.take()) ADD_FAILURE() << qUtf8Printable(message);
+}
+
+}  // namespace
+}  // namespace velmar
