@@ -26,6 +26,7 @@ struct Totals {
 };
 
 constexpr auto kGoods = "G_ARTMAG.PROVENIENTA = 'M' AND G_ARTMAG.FARASTOC = 0";
+constexpr auto kAllGoods = "G_ARTMAG.PROVENIENTA = 'M'";
 constexpr auto kProducts = "G_ARTMAG.PROVENIENTA = 'P' AND G_ARTMAG.FARASTOC = 0";
 constexpr auto kExpenseAndGoods = "CONTCHELT CONTSTOCMARFA";
 
@@ -41,6 +42,9 @@ constexpr Totals kTotals[] = {
      kGoods},
     {"G_LFACCL_P_COST", "G_LFACCL", "NUMFAC", "CONTSTOCPROD", "L.COST", nullptr, kProducts},
     {"G_LFACCL_P_COSTFIFO", "G_LFACCL", "NUMFAC", "CONTSTOCPROD", "L.COST", nullptr, kProducts},
+    {"G_LBONCASA_VEN", "G_LBONCASA", "NUMFAC", "CONTVEN", "L.VALOAREFT", "L.VALOARETVA"},
+    {"G_LBONCASA_M_COST", "G_LBONCASA", "NUMFAC", kExpenseAndGoods, "L.COST * L.CANT", nullptr, kAllGoods},
+    {"G_LBONCASA_M_COSTFIFO", "G_LBONCASA", "NUMFAC", kExpenseAndGoods, "L.COST", nullptr, kAllGoods},
 };
 
 const Totals& totalsOf(const QString& key) {

@@ -34,7 +34,7 @@ class Composer {
 
   void addUp(const Row& group) {
     value_ += group.decimal("TOTAL");
-    if (group.has("TVA") && (isTaxed() || rule_.vatWithoutRate)) vat_ += group.decimal("TVA");
+    if (group.has("TVA") && isTaxed()) vat_ += group.decimal("TVA");
   }
 
   void fillHead() {
@@ -53,6 +53,8 @@ class Composer {
         return group->text(entry.account);
       case AccountSource::Parameter:
         return requiredParameter(entry.account);
+      case AccountSource::Cash:
+        return posting_.cashAccount;
       case AccountSource::VatRate:
         break;
     }

@@ -14,7 +14,8 @@ enum class Side { Debit, Credit };
 enum class AccountSource {
   Totals,     ///< the column of the totals, an account of the article's family
   Parameter,  ///< the column of kt_par
-  VatRate     ///< the account of the document's VAT rate
+  VatRate,    ///< the account of the document's VAT rate
+  Cash        ///< the account that a sale at the counter is paid into
 };
 
 enum class AmountOf {
@@ -52,7 +53,6 @@ struct NoteRule {
   bool inDocumentCurrency = false;  ///< the totals are in the document's currency, else in lei
   bool turnedWithDocument = false;  ///< amounts change their sign on a document whose value is negative
   bool skipsZero = false;           ///< groups of 0 make no entry
-  bool vatWithoutRate = false;      ///< typed VAT counts also where the percent is 0
 };
 
 /// A document's posting: its notes, and what their rows hold besides the amounts.
@@ -67,6 +67,7 @@ struct Posting {
   QString costCentre;
   Decimal vatPercent;
   QString vatAccount;
+  QString cashAccount;
   bool isNegative = false;  ///< the document's value is below 0
   Value vatOnCollection;    ///< TVAINC; null: left as it is
 };

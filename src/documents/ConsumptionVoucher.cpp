@@ -28,6 +28,8 @@ class ConsumptionVoucherRules : public KindRules {
   }
 
   void recalculate(Row& line, const QString& changed, const TypedHeader& /*header*/) const override {
+    if (changed == QStringLiteral("VALOARETVA"))
+      line.set("VALOARETTI", line.decimal("VALOAREFT") + line.decimal("VALOARETVA"));
     if (changed != QStringLiteral("CANT") && changed != QStringLiteral("PRETFT")) return;
     line.set("CANTRAMAS", line.decimal("CANT"));
     if (changed == QStringLiteral("CANT") && TIPCOST() == kFifo) {
@@ -38,8 +40,8 @@ class ConsumptionVoucherRules : public KindRules {
     }
   }
 
-  QString stockRefusal(const Document& document) const override {
-    return shortageText(document, Stocked::All, QStringLiteral("Articolul: %1 are disponibil numai %2"));
+  void requireStock(const Document& document) const override {
+    requireAvailable(document, Stocked::All, QStringLiteral("Articolul: %1 are disponibil numai %2"));
   }
 
   QStringList totalColumns() const override { return {"VALOAREFT", "VALOARETVA", "VALOARETTI"}; }

@@ -1,285 +1,40 @@
-// The customer invoice: goods go out at the sale price less discounts, in lei or in currency, and cost what
-// the lots or the articles tell.
-#include "catalogue/Articles.h"
-#include "catalogue/Discounts.h"
+// The customer invoice: a sale on account, in lei or in currency, of goods that may also come back.
 #include "config/Lookups.h"
-#include "config/Session.h"
-#include "documents/IssueChecks.h"
-#include "documents/KindRules.h"
-#include "util/Errors.h"
-#include "util/Messages.h"
-#include "util/NumberText.h"
+#include "documents/SaleRules.h"
 
 namespace velmar {
 
 namespace {
 
-constexpr int kQuantityDecimals = 3;
-constexpr int kCurrencyAmountDecimals = 4;
-constexpr int kPercentDecimals = 2;
-constexpr int kRateDecimals = 4;
-const QString kNoSeries = QStringLiteral("00");
-
-const NoteRule kSale{
-    .totals = "G_LFACCL_VEN",
-    .journalParameter = "JURFACCLI",
-    .before = {},
-    .perGroup = {{Side::Credit, AccountSource::Totals, "CONTVEN", AmountOf::Group,
-                  kVatLink | kVatPercent | kCostCentre}},
-    .after = {{Side::Credit, AccountSource::VatRate, "", AmountOf::Vat, kVatLink | kCostCentre, true},
-              {Side::Debit, AccountSource::Parameter, "CONTCLIENTI", AmountOf::Gross,
-               kPartner | kCostCentre}},
-    .journalOfDocument = true,
-    .inDocumentCurrency = true};
-
-const NoteRule kCostOfGoods{
-    .totals = "G_LFACCL_M_COST",
-    .journalParameter = "JURBONCONS",
-    .before = {},
-    .perGroup = {{Side::Debit, AccountSource::Totals, "CONTCHELT", AmountOf::Group, kCostCentre},
-                 {Side::Credit, AccountSource::Totals, "CONTSTOCMARFA", AmountOf::Group, kCostCentre}},
-    .after = {},
-    .turnedWithDocument = true,
-    .skipsZero = true};
-
-const NoteRule kCostOfProducts{
-    .totals = "G_LFACCL_P_COST",
-    .journalParameter = "JURBONCONS",
-    .before = {},
-    .perGroup = {{Side::Credit, AccountSource::Totals, "CONTSTOCPROD", AmountOf::Group, kCostCentre},
-                 {Side::Debit, AccountSource::Parameter, "CONTINTRPROD", AmountOf::Group, kCostCentre}},
-    .after = {},
-    .turnedWithDocument = true,
-    .skipsZero = true};
-
-class CustomerInvoiceRules : public KindRules {
+class CustomerInvoiceRules : public SaleRules {
  public:
-  void completeLine(Row& line, const Row& article, TypedHeader& header) const override {
-    line.set("UM", article.text("UM"));
-    for (const char* column : {"CANT", "VALOAREFT", "VALOARETVA", "VALOARETTI", "COST"})
-      if (line.isNull(column)) line.set(column, Decimal(0));
-    for (const char* column : {"DiscountArticol", "DiscountClient", "PRETVALUTA"})
-      line.set(column, Decimal(0));
-    line.set("PRETFT", article.decimal("PRETVFT"));
-    if (header.isTicked("chkCalculValuta")) priceInCurrency(line, article, header);
-    line.set("ValoareFTCuDiscount", line.decimal("PRETFT"));
-    if (!line.decimal("CANT").isZero()) recalculate(line, QStringLiteral("CANT"), header);
-  }
-
-  void recalculate(Row& line, const QString& changed, const TypedHeader& header) const override {
-    if (changed == QStringLiteral("VALOARETVA")) {
-      line.set("VALOARETTI", line.decimal("VALOAREFT") + line.decimal("VALOARETVA"));
-      return;
-    }
-    if (changed == QStringLiteral("CANT")) {
-      takeQuantity(line, header);
-    } else if (changed == QStringLiteral("PRETFT")) {
-      discount(line);
-    } else if (changed != QStringLiteral("ValoareFTCuDiscount")) {
-      return;
-    }
-    CALC(line, header);
-  }
-
   void follow(const QString& changed, TypedHeader& header) const override {
     if (changed == QStringLiteral("CODCLI"))
       header.set("OBS", ValoareSql("SELECT CodTert FROM kt_ter WHERE COD = ?", {header.partner()}));
   }
 
-  bool isStale(const Row& line) const override {
-    const Decimal value = line.decimal("VALOAREFT");
-    const Decimal priced = Round(line.decimal("CANT") * line.decimal("PRETFT"), 0);
-    return value.isNegative() || (priced - Round(value, 0)).abs() > 1;
-  }
-
-  QString stockRefusal(const Document& document) const override {
-    return shortageText(document, Stocked::OnlyHeld,
-                        QStringLiteral("Articolul: %1 are disponibil in stoc numai %2"));
-  }
-
-  QStringList totalColumns() const override { return {"VALOAREFT", "VALOARETVA", "VALOARETTI", "COST"}; }
-
-  Plan plan(Document& document) const override {
-    const TypedHeader typed(*document.kind, document.typed);
-    const QString currency = typed.isForeign() ? document.header.text("CODDeviza") : QString();
-    if (typed.isForeign() && currency.isEmpty())
-      throw RuleError(QStringLiteral("Va rugam selectati codul valutei din lista !"), "CODDeviza");
-    Plan plan;
-    const bool isFifo = TIPCOST() == kFifo;
-    if (isFifo) takeLots(document, plan);
-    const Terms terms{currency, typed.rate(), ProcentTVA(document.header.integer("BATVA1")),
-                      typed.text("DataCombo2")};
-    plan.ledger.push_back(ledgerWithLines(document, terms, plan.stock));
-    if (document.header.flag("NoteContabile")) post(document, terms, isFifo, plan.posting);
-    return plan;
-  }
-
- private:
-  struct Terms {
-    QString currency;  ///< empty: lei
-    Decimal rate;
-    Decimal vatPercent;
-    QString costCentre;
-
-    /// An amount of the document in lei.
-    Decimal inLei(const Decimal& amount) const { return currency.isEmpty() ? amount : amount * rate; }
-  };
-
-  static void priceInCurrency(Row& line, const Row& article, TypedHeader& header) {
-    const QString currency = article.text("CODDEVIZAVANZ").trimmed();
-    if (currency.isEmpty()) {
-      Mesaj(QStringLiteral("Nu exista pret in valuta "));
-      return;
-    }
-    const Decimal price = article.decimal("PRETDEVIZAVANZ");
-    const Decimal rate = Curs(currency, header.date());
-    if (rate.isZero())
-      Mesaj(QStringLiteral("Nu exista curs valutar pentru data de : ") + formatDate(header.date()));
-    else if (price * rate < article.decimal("PRETVFT"))
-      Mesaj(QStringLiteral("Pretul de vanzare stabilit in valuta este mai mic decat pretul in lei !"));
-    line.set("PRETVALUTA", price);
-    line.set("PRETFT", header.isForeign() ? price : price * rate);
-    if (header.isForeign() && !rate.isZero()) header.set("Curs", editNumber(rate, kRateDecimals));
-  }
-
-  // What the line costs at its quantity, and the discounts that the quantity brings.
-  static void takeQuantity(Row& line, const TypedHeader& header) {
-    const QString article = line.text("CODART");
-    const QString returned = header.text("OBS");
-    if (TIPCOST() == kFifo) line.set("CANT", Round(line.decimal("CANT"), kQuantityDecimals));
-    const Decimal quantity = line.decimal("CANT");
-    const bool isReturn = quantity.isNegative() && !returned.isEmpty();
-    if (isReturn) {
-      takeReturned(line, returned);
-    } else if (TIPCOST() == kFifo) {
-      OpenLots lots({article});
-      line.set("COST", Round(lots.costFIFO(article, quantity, CostFollows::LotWithRemainder).value,
-                             kCurrencyAmountDecimals));
-    } else {
-      line.set("COST", quantity * CostArticol(article));
-    }
-    const bool hasDiscount =
-        !line.decimal("DiscountArticol").isZero() || !line.decimal("DiscountClient").isZero();
-    if (!hasDiscount) {
-      line.set("DiscountArticol", Decimal(DiscountArticol(article, quantity)));
-      line.set("DiscountClient", Decimal(DiscountTert(header.partner())));
-    }
-    if (!hasDiscount || isReturn) discount(line);
-  }
-
+ protected:
   // A return costs and is priced as on the document that it names; nothing where that lacks the article.
-  static void takeReturned(Row& line, const QString& document) {
+  bool takeReturned(Row& line, const TypedHeader& header) const override {
+    const QString document = header.text("OBS");
+    if (!line.decimal("CANT").isNegative() || document.isEmpty()) return false;
     const Recordset found =
         OpenRs("SELECT COST, PRETFT FROM G_LDOCUM WHERE DOCID = ? AND ARTID = ? ORDER BY LINIE LIMIT 1",
                {document, line.text("CODART")});
     line.set("COST",
              found.isEmpty() ? Decimal(0) : line.decimal("CANT").abs() * found.first().decimal("COST"));
     line.set("PRETFT", found.isEmpty() ? Decimal(0) : found.first().decimal("PRETFT"));
+    return true;
   }
 
-  static void discount(Row& line) {
-    line.set("ValoareFTCuDiscount",
-             discountedLine(line.decimal("PRETFT"), line.decimal("DiscountArticol"),
-                            line.decimal("DiscountClient"), line.decimal("CANT"), session().NrZec)
-                 .ValoareFTCuDiscount);
+  std::vector<NoteRule> notes(bool isFifo) const override {
+    return {saleNote("G_LFACCL_VEN", "JURFACCLI", AccountSource::Parameter, "CONTCLIENTI"),
+            costOfGoods(isFifo ? "G_LFACCL_M_COSTFIFO" : "G_LFACCL_M_COST"),
+            costOfProducts(isFifo ? "G_LFACCL_P_COSTFIFO" : "G_LFACCL_P_COST")};
   }
 
-  static void CALC(Row& line, const TypedHeader& header) {
-    const int decimals = session().NrZec;
-    const Decimal product = line.decimal("ValoareFTCuDiscount") * line.decimal("CANT");
-    const Decimal value = Round(product, decimals);
-    const Decimal vat = Round(product * header.vatPercent() / 100, decimals);
-    line.set("VALOAREFT", value);
-    line.set("VALOARETVA", vat);
-    line.set("VALOARETTI", value + vat);
-  }
-
-  // Lots decide the cost of what goes out; what comes back keeps its own, as does what no lot has.
-  static void takeLots(Document& document, Plan& plan) {
-    OpenLots lots(articlesOf(document.lines));
-    for (Row& line : document.lines) {
-      const Decimal quantity = line.decimal("CANT");
-      if (quantity <= 0 || !lots.has(line.text("CODART"))) continue;
-      Consumption consumption = lots.costFIFO(line.text("CODART"), quantity, CostFollows::LotWithRemainder);
-      line.set("COST", Round(consumption.value, kCurrencyAmountDecimals));
-      plan.lots.push_back(std::move(consumption));
-      plan.costedLines.push_back(line);
-    }
-    plan.costColumns = QStringList{"COST"};
-  }
-
-  static Values ledgerLine(const Row& line, const Terms& terms) {
-    const Decimal quantity = line.decimal("CANT");
-    const Decimal price = line.decimal("ValoareFTCuDiscount");
-    const Decimal lei = terms.inLei(price);
-    const Decimal cost = line.decimal("COST").abs();
-    const Decimal unit = (cost / quantity).abs();
-    const bool hasRate = !terms.currency.isEmpty() && !terms.rate.isZero();
-    const Decimal unitInCurrency = hasRate ? (unit / terms.rate).abs() : Decimal(0);
-    const QString palet = line.text("PALET");
-    return {line.text("CODART"),
-            quantity,
-            lei,
-            Round(lei * (1 + terms.vatPercent / 100), session().NrZec),
-            terms.currency.isEmpty() ? Decimal(0) : price,
-            terms.inLei(line.decimal("VALOARETVA")),
-            unit,
-            unitInCurrency,
-            cost,
-            (quantity * unitInCurrency).abs(),
-            terms.vatPercent,
-            terms.costCentre.isEmpty() ? Value() : Value(terms.costCentre),
-            Round(line.decimal("DiscountArticol") + line.decimal("DiscountClient"), kPercentDecimals),
-            Round(lei, kPercentDecimals),
-            palet.isEmpty() ? Value() : Value(palet)};
-  }
-
-  static LedgerDocument ledgerWithLines(const Document& document, const Terms& terms,
-                                        std::vector<StockChange>& stock) {
-    LedgerDocument ledger = ledgerOf(document);
-    ledger.lineColumns =
-        QStringList{"ARTID",   "CANT",       "PRETFT", "PRETTTI", "PRETDEV", "VALTVA", "COST", "COSTDEV",
-                    "VALCOST", "VALCOSTDEV", "CODTVA", "CODCC",   "PROCRAB", "VALRAB", "PALET"};
-    Decimal value, vat, cost;
-    for (const Row& line : document.lines) {
-      value += line.decimal("VALOAREFT");
-      vat += line.decimal("VALOARETVA");
-      cost += line.decimal("COST");
-      ledger.lines.push_back(ledgerLine(line, terms));
-      stock.push_back({line.text("CODART"), line.decimal("CANT"), {}, {}, StockRule::Issue});
-    }
-    const bool isForeign = !terms.currency.isEmpty();
-    const QString series = session().gSerieFC;
-    ledger.add({{"TOTALTVA", terms.inLei(vat)},
-                {"TOTALFT", terms.inLei(value)},
-                {"TOTALCOST", cost},
-                {"CODDEV", isForeign ? terms.currency : QStringLiteral("LEI")},
-                {"CURS", isForeign ? Value(terms.rate) : Value()},
-                {"TOTALDEV", isForeign ? value : Decimal(0)},
-                {"DATASCAD", document.header.date("DATASCAD")},
-                {"MODREG", document.header.integer("MODREG")},
-                {"SERIE", series == kNoSeries ? Value() : Value(series)}});
-    return ledger;
-  }
-
-  static void post(const Document& document, const Terms& terms, bool isFifo, Posting& posting) {
-    posting.notes = {kSale, kCostOfGoods, kCostOfProducts};
-    if (isFifo) {
-      posting.notes[1].totals = "G_LFACCL_M_COSTFIFO";
-      posting.notes[2].totals = "G_LFACCL_P_COSTFIFO";
-    }
+  void complete(Posting& posting, const Document& document) const override {
     posting.journal = document.header.text("JURNAL");
-    posting.dueDate = document.header.date("DATASCAD");
-    posting.inCurrencyForm = true;
-    posting.currency = terms.currency;
-    posting.rate = terms.rate;
-    posting.partner = document.header.integer("CODCLI");
-    posting.costCentre = terms.costCentre;
-    posting.vatPercent = terms.vatPercent;
-    posting.vatAccount = ContTVA(document.header.integer("BATVA1"));
-    Decimal value;
-    for (const Row& line : document.lines) value += line.decimal("VALOAREFT");
-    posting.isNegative = value.isNegative();
   }
 };
 

@@ -1,5 +1,7 @@
 #include "documents/DocumentEditor.h"
 
+#include <algorithm>
+
 #include "catalogue/Articles.h"
 #include "config/Checks.h"
 #include "config/Lists.h"
@@ -109,8 +111,11 @@ bool partnerExists(const QString& code) {
   return !OpenRs("SELECT COD FROM kt_ter WHERE COD = ?", {static_cast<qint64>(code.toLongLong())}).isEmpty();
 }
 
-bool vatRateExists(const QString& code) {
-  return !OpenRs("SELECT COD FROM kt_cote WHERE COD = ?", {static_cast<qint64>(code.toLongLong())}).isEmpty();
+bool isOffered(const QString& code, const std::vector<ListEntry>& list) {
+  bool isNumber = false;
+  const QString number = QString::number(code.toLongLong(&isNumber));
+  return isNumber && std::any_of(list.begin(), list.end(),
+                                 [&number](const ListEntry& entry) { return entry.code == number; });
 }
 
 }  // namespace
@@ -145,6 +150,8 @@ void DocumentEditor::fillNewHeader(const ProposedNumber& proposed) {
   }
   texts.insert(kind_.numberColumn, proposed.number);
   typed_ = TypedHeader(kind_, texts);
+  rules_->begin(typed_, true);
+  typed_.takeChanges();
   header_ = headerFrom(typed_);
   header_.set(kind_.numberColumn, proposed.number);
 }
@@ -171,10 +178,29 @@ void DocumentEditor::open(const QString& number) {
         QStringLiteral("Documentul %1 a fost validat sau sters intre timp de alt utilizator !").arg(number));
   header_ = document->header;
   typed_ = TypedHeader(kind_, textsOf(header_));
+  rules_->begin(typed_, false);
+  typed_.takeChanges();
   lines_ = std::move(document->lines);
   isNew_ = false;
   numberLocked_ = true;
   linesChanged();
+}
+
+// Shows what was stored; what no table stores stands as it was typed.
+void DocumentEditor::reopen(const QString& number) {
+  const TypedHeader asTyped = typed_;
+  open(number);
+  for (const HeaderField& field : kind_.headerFields)
+    if (field.column.isEmpty()) typed_.set(field.key(), asTyped.texts().value(field.key()));
+  typed_.takeChanges();
+}
+
+bool DocumentEditor::isPrinted() const {
+  return !isNew_ && kind_.receipt.exists() && header_.flag(kind_.receipt.printed);
+}
+
+bool DocumentEditor::isSending() const {
+  return !isNew_ && kind_.receipt.exists() && header_.integer(kind_.receipt.sending) != 0;
 }
 
 QHash<QString, QString> DocumentEditor::textsOf(const Row& header) const {
@@ -218,17 +244,21 @@ void DocumentEditor::headerChosen(const QString& key, const QHash<QString, QStri
 
 void DocumentEditor::save(const QHash<QString, QString>& typed) {
   headerTyped(typed);
+  if (isFrozen()) throw RuleError(isPrinted() ? kind_.receipt.notChangeable : kind_.receipt.unknownText);
+  // A running number is taken together with the row that it numbers.
+  std::optional<Transaction> numbering;
+  if (isNew_ && kind_.numbering == Numbering::Continuous) {
+    numbering.emplace(database());
+    typed_.set(kind_.numberColumn, proposeNumber(kind_).number);
+  }
   if (!InPerioadaCulegere(typed_.date())) throw RuleError(withPeriod(kPeriodText), kind_.dateColumn);
   checkHeader();
   const Row header = headerFrom(typed_);
   noticeMissingRate(header);
   if (isNew_) {
     drafts().insertHeader(header);
-    const TypedHeader asTyped = typed_;
-    open(header.text(kind_.numberColumn));
-    for (const HeaderField& field : kind_.headerFields)  // what no table stores stands as it was typed
-      if (field.column.isEmpty()) typed_.set(field.key(), asTyped.texts().value(field.key()));
-    typed_.takeChanges();
+    if (numbering) numbering->commit();
+    reopen(header.text(kind_.numberColumn));
   } else {
     drafts().updateHeader(header);
     header_ = header;
@@ -245,7 +275,7 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
   switch (check.check) {
     case HeaderCheck::NumberEmpty:
     case HeaderCheck::FieldEmpty:
-      broken = text.isEmpty();
+      broken = text.isEmpty() || isUnofferedRate(check.field, text);
       break;
     case HeaderCheck::JournalEmpty:
       broken = typed_.texts().value(check.field).isEmpty();  // a blank is the company's own journal
@@ -258,7 +288,7 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
                         check.field, kCritical);
       break;
     case HeaderCheck::NotNumeric:
-      broken = !typedNumber(text) || (isVatRate(check.field) && !vatRateExists(text));
+      broken = !typedNumber(text) || isUnofferedRate(check.field, text);
       break;
     case HeaderCheck::PercentNotPositive:
       broken = !text.isEmpty() && !isPositive(text);
@@ -282,9 +312,10 @@ void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
   if (broken) throw RuleError(check.text, check.field, kCritical, check.title);
 }
 
-bool DocumentEditor::isVatRate(const QString& key) const {
+bool DocumentEditor::isUnofferedRate(const QString& key, const QString& code) const {
   for (const HeaderField& field : kind_.headerFields)
-    if (field.key() == key) return field.type == HeaderFieldType::VatRate;
+    if (field.key() == key && field.type == HeaderFieldType::VatRate)
+      return !isOffered(code, vatRates(kind_.partnersAreSuppliers));
   return false;
 }
 
@@ -359,14 +390,14 @@ DocumentEditor::Verdict DocumentEditor::check(size_t line, const QString& field,
     return {
         true,
         QStringLiteral("Va rugam introduceti o valoare numerica pozitiva pentru %1 !").arg(entry->caption)};
-  const QString refused =
-      line < lines_.size() ? rules_->refusal(lines_[line], entry->field, *number, typed_) : QString();
-  return {!refused.isEmpty(), refused};
+  const CellObjection objection =
+      line < lines_.size() ? rules_->objection(lines_[line], entry->field, *number, typed_) : CellObjection{};
+  return {!objection.text.isEmpty(), objection.text, objection.setsBack};
 }
 
 bool DocumentEditor::isOpen(size_t line, const QString& field) const {
   const LineColumn* entry = column(field);
-  if (!entry || isNew_) return false;
+  if (!entry || isNew_ || isFrozen()) return false;
   const bool newLine = line >= lines_.size();
   switch (entry->entry) {
     case LineEntry::Locked:
@@ -389,7 +420,7 @@ size_t DocumentEditor::setArticle(size_t line, const QString& code, const QStrin
   Row row = isNewLine ? companyTable(kind_.lineTable).emptyRow() : lines_[line];
   row.set(kind_.numberColumn, number());
   row.set("CODART", article->text("CODART"));
-  row.set("DENUMIRE", listText.isEmpty() ? article->text("DENART") : listText.left(kNameWidth));
+  row.set("DENUMIRE", (listText.isEmpty() ? article->text("DENART") : listText).left(kNameWidth));
   rules_->completeLine(row, *article, typed_);
   if (isNewLine) {
     drafts().insertLine(row);
@@ -455,7 +486,7 @@ void DocumentEditor::checkValidation(const QHash<QString, QString>& typed) {
 }
 
 void DocumentEditor::refreshStaleLine() {
-  if (lines_.empty() || !rules_->isStale(lines_.front())) return;
+  if (lines_.empty() || isFrozen() || !rules_->isStale(lines_.front())) return;
   Row row = lines_.front();
   rules_->recalculate(row, QStringLiteral("CANT"), typed_);
   store(0, std::move(row));
@@ -493,14 +524,13 @@ bool DocumentEditor::isBroken(const Checked<ValidationCheck>& check) const {
 }
 
 bool DocumentEditor::checkLines() const {
-  const QString repeated = repeatedArticle(lines_);
+  const QString repeated = kind_.distinctArticles ? repeatedArticle(lines_) : QString();
   if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated), "CODART");
   if (!EsteValidDetaliiDocument(kind_.prefix, number())) return false;
   auto document = draftFor(typed_, number());
   if (!document) return true;             // validation tells
   document->header = headerFrom(typed_);  // as validation stores it, saved or not
-  const QString refused = rules_->stockRefusal(*document);
-  if (!refused.isEmpty()) throw RuleError(refused, "CODART");
+  requireValidatable(*document);
   requirePostable(*document);
   return true;
 }
@@ -510,12 +540,43 @@ void DocumentEditor::validate(const QHash<QString, QString>& typed) {
   SalvareDocumente(typed_, headerFrom(typed_));
 }
 
-void DocumentEditor::checkPrinting(const QHash<QString, QString>& typed) const {
-  for (const auto& check : kind_.printChecks) {
-    const bool isBroken =
-        check.check == PrintCheck::NotSaved ? isNew_ : typed.value(check.field).trimmed().isEmpty();
-    if (isBroken) throw RuleError(check.text, check.field, 0, check.title);
+void DocumentEditor::checkPrinting(const QHash<QString, QString>& typed) {
+  headerTyped(typed);
+  for (const auto& check : kind_.printChecks)
+    if (isBroken(check)) throw RuleError(check.text, check.field, 0, check.title);
+}
+
+bool DocumentEditor::isBroken(const Checked<PrintCheck>& check) const {
+  switch (check.check) {
+    case PrintCheck::NumberEmpty:
+    case PrintCheck::PartnerEmpty:
+      return typed_.text(check.field).isEmpty();
+    case PrintCheck::ReceiptPrinted:
+      return isPrinted();
+    case PrintCheck::BeforeFiscalYear:
+      return typed_.date() < session().DataIN;
+    case PrintCheck::NoLines:
+      return isNew_ || lines_.empty();
+    case PrintCheck::NotSaved:
+      return isNew_;
   }
+  return true;
+}
+
+ReceiptOutcome DocumentEditor::printReceipt(const QHash<QString, QString>& typed) {
+  checkPrinting(typed);
+  checkHeader();
+  refreshStaleLine();
+  if (!EsteValidDetaliiDocument(kind_.prefix, number())) return ReceiptOutcome::NotPrinted;
+  const ReceiptOutcome outcome = printCashReceipt(typed_, headerFrom(typed_));
+  reopen(number());
+  return outcome;
+}
+
+void DocumentEditor::checkDeletion() const {
+  if (typed_.text(kind_.numberColumn).isEmpty() || isNew_) throw RuleError(kind_.texts.nothingToDelete);
+  if (isPrinted()) throw RuleError(kind_.receipt.notDeletable);
+  if (isSending()) throw RuleError(kind_.receipt.unknownText);
 }
 
 void DocumentEditor::remove() {

@@ -4,6 +4,7 @@
 
 #include <QHash>
 
+#include "documents/CashReceipt.h"
 #include "documents/Drafts.h"
 #include "documents/KindRules.h"
 #include "documents/Numbering.h"
@@ -36,6 +37,10 @@ class DocumentEditor {
   bool numberLocked() const { return numberLocked_; }
   QString number() const { return header_.text(kind_.numberColumn); }
   const Row& header() const { return header_; }
+  /// Whether the lines stand as they are, since a fiscal receipt tells them or may do so.
+  bool isFrozen() const { return isPrinted() || isSending(); }
+  /// Whether the fiscal receipt was printed, as far as this editor knows.
+  bool isPrinted() const;
   const std::vector<Row>& lines() const { return lines_; }
   bool isTotal(const QString& column) const { return totals_.contains(column); }
   /// Sum of a total column over the lines.
@@ -52,6 +57,7 @@ class DocumentEditor {
   struct Verdict {
     bool refused = false;
     QString text;
+    bool setsBack = false;  ///< the cell shows again what it held
   };
   Verdict check(size_t line, const QString& field, const QString& typed, bool bySupplierCode) const;
 
@@ -85,22 +91,30 @@ class DocumentEditor {
   void validate(const QHash<QString, QString>& typed);
 
   /// The checks before printing, on the header as typed; throws RuleError for the first that fails.
-  void checkPrinting(const QHash<QString, QString>& typed) const;
+  void checkPrinting(const QHash<QString, QString>& typed);
+  /// Prints the receipt of a cash sale, all checks included, and shows the draft as it stands then. Throws as
+  /// printCashReceipt() and checkPrinting().
+  ReceiptOutcome printReceipt(const QHash<QString, QString>& typed);
 
+  /// Throws RuleError when the document on screen cannot be deleted.
+  void checkDeletion() const;
   /// Deletes the draft on screen with its lines.
   void remove();
 
  private:
   QHash<QString, QString> textsOf(const Row& header) const;
   QString newText(const HeaderField& field) const;
+  bool isSending() const;
+  void reopen(const QString& number);
   void fillNewHeader(const ProposedNumber& proposed);
   Row headerFrom(const TypedHeader& typed) const;
   void checkHeader() const;
   void checkHeaderField(const Checked<HeaderCheck>& check) const;
-  bool isVatRate(const QString& key) const;
+  bool isUnofferedRate(const QString& key, const QString& code) const;
   bool isTaken(const QString& number) const;
   void noticeMissingRate(const Row& header) const;
   bool isBroken(const Checked<ValidationCheck>& check) const;
+  bool isBroken(const Checked<PrintCheck>& check) const;
   const LineColumn* column(const QString& field) const;
   void store(size_t line, Row row);
   void refreshStaleLine();

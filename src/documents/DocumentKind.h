@@ -20,8 +20,8 @@ enum class HeaderCheck {
   NumberEmpty,
   PartnerEmpty,  ///< or a code that no partner has
   JournalEmpty,
-  FieldEmpty,
-  NotNumeric,          ///< an empty text is no number; of a VAT rate also a code that no rate has
+  FieldEmpty,          ///< of a VAT rate also a code that is not offered
+  NotNumeric,          ///< an empty text is no number; of a VAT rate also a code that is not offered
   PercentNotPositive,  ///< an empty text passes: it is stored as 0
   NotPositive,         ///< no number, or below 0
   NumberTaken,
@@ -45,8 +45,15 @@ enum class ValidationCheck {
   EmptyWithTotal      ///< empty although the sum of the line column in `detail` is above 0
 };
 
-/// A check before printing, in the kind's order. The receipt of a cash sale has further ones of its own.
-enum class PrintCheck { NumberEmpty, PartnerEmpty, NotSaved };
+/// A check before printing, in the kind's order.
+enum class PrintCheck {
+  NumberEmpty,
+  ReceiptPrinted,  ///< the document's fiscal receipt
+  BeforeFiscalYear,
+  NoLines,
+  PartnerEmpty,
+  NotSaved
+};
 
 template <typename Check>
 struct Checked {
@@ -129,6 +136,18 @@ struct LineCheckColumns {
   QString salePrice;  ///< empty: no notice about the sale price
 };
 
+/// The fiscal receipt of a kind. From the moment its sending begins its document stands as it was sent.
+struct FiscalReceipt {
+  QString printed;     ///< column of the header's table: it was printed; empty: the kind has no receipt
+  QString sending;     ///< column: which attempt to print it has begun and not come to an end; 0: none
+  QStringList frozen;  ///< further columns of the header that stand with the lines
+  // Why the document can be printed no more, deleted no more, or changed no more.
+  QString printedText, notDeletable, notChangeable;
+  QString unknownText;  ///< the same while nobody knows whether it was printed
+
+  bool exists() const { return !printed.isEmpty(); }
+};
+
 /// What a user reads, per kind.
 struct KindTexts {
   QString title;
@@ -170,6 +189,8 @@ struct DocumentKind {
   bool oldestFirst = false;  ///< order of the list of drafts
   QStringList draftColumns;  ///< of the list of drafts, behind number, date and partner's name
   LineCheckColumns lineCheck;
+  bool distinctArticles = true;  ///< an article stands on one line alone
+  FiscalReceipt receipt;
   std::vector<Checked<HeaderCheck>> headerChecks;
   std::vector<Checked<ValidationCheck>> validationChecks;
   std::vector<Checked<PrintCheck>> printChecks;

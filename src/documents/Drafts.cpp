@@ -26,6 +26,9 @@ QString assignments(const QStringList& columns) {
   return parts.join(QStringLiteral(", "));
 }
 
+const QString kSentMeanwhile = QStringLiteral(
+    "Bonul a fost trimis intre timp la casa de marcat ! Nu s-a modificat nimic ! Alegeti-l din nou din lista.");
+
 QStringList without(QStringList columns, const QStringList& left) {
   for (const QString& column : left) columns.removeOne(column);
   return columns;
@@ -82,19 +85,32 @@ void Drafts::insertHeader(const Row& header) const {
 
 void Drafts::updateHeader(const Row& header) const {
   requireWidths(companyTable(kind_.headerTable), header);
-  const QStringList columns = without(header.columns(), {kind_.numberColumn, "Magazie", "VALIDAT"});
+  const FiscalReceipt& receipt = kind_.receipt;
+  const QStringList columns = without(
+      header.columns(), {kind_.numberColumn, "Magazie", "VALIDAT", receipt.printed, receipt.sending});
   Values values = valuesOf(header, columns);
   values.push_back(Value::raw(header.value(kind_.numberColumn)));
-  requireChanged(ExecutaSql(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ? AND VALIDAT = 0")
-                                .arg(kind_.headerTable, assignments(columns), kind_.numberColumn),
-                            values));
+  QString where = QStringLiteral("VALIDAT = 0");
+  if (receipt.exists()) {
+    QStringList same;
+    for (const QString& column : receipt.frozen) {
+      same.append(column + QStringLiteral(" = ?"));
+      values.push_back(Value::raw(header.value(column)));
+    }
+    where = QStringLiteral("((%1) OR (VALIDAT = 0 AND %2))")
+                .arg(whereLinesOpen(), same.join(QStringLiteral(" AND ")));
+  }
+  requireChanged(ExecutaSql(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ? AND %4")
+                                .arg(kind_.headerTable, assignments(columns), kind_.numberColumn, where),
+                            values),
+                 header.text(kind_.numberColumn));
 }
 
 void Drafts::insertLine(Row& line) const {
   requireWidths(companyTable(kind_.lineTable), line);
   const QString number = line.text(kind_.numberColumn);
   Transaction transaction(database());
-  requireDraft(number);
+  requireOpen(number);
   const Recordset last = OpenRs(QStringLiteral("SELECT MAX(NRLINIE) AS NRLINIE FROM %1 WHERE %2 = ?")
                                     .arg(kind_.lineTable, kind_.numberColumn),
                                 {number});
@@ -110,11 +126,12 @@ void Drafts::updateLine(const Row& line) const {
   Values values = valuesOf(line, columns);
   const Value number = Value::raw(line.value(kind_.numberColumn));
   for (const Value& value : Values{number, line.integer("NRLINIE"), number}) values.push_back(value);
-  requireChanged(
-      ExecutaSql(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ? AND NRLINIE = ? AND EXISTS "
-                                "(SELECT %3 FROM %4 WHERE %3 = ? AND VALIDAT = 0)")
-                     .arg(kind_.lineTable, assignments(columns), kind_.numberColumn, kind_.headerTable),
-                 values));
+  requireChanged(ExecutaSql(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ? AND NRLINIE = ? AND EXISTS "
+                                           "(SELECT %3 FROM %4 WHERE %3 = ? AND %5)")
+                                .arg(kind_.lineTable, assignments(columns), kind_.numberColumn,
+                                     kind_.headerTable, whereLinesOpen()),
+                            values),
+                 line.text(kind_.numberColumn));
 }
 
 void Drafts::updateColumns(const std::vector<Row>& lines, const QStringList& columns) const {
@@ -133,16 +150,19 @@ void Drafts::updateColumns(const std::vector<Row>& lines, const QStringList& col
 
 void Drafts::deleteLine(const QString& number, qint64 line) const {
   requireChanged(ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ? AND NRLINIE = ? AND EXISTS "
-                                           "(SELECT %2 FROM %3 WHERE %2 = ? AND VALIDAT = 0)")
-                                .arg(kind_.lineTable, kind_.numberColumn, kind_.headerTable),
-                            {number, line, number}));
+                                           "(SELECT %2 FROM %3 WHERE %2 = ? AND %4)")
+                                .arg(kind_.lineTable, kind_.numberColumn, kind_.headerTable,
+                                     whereLinesOpen()),
+                            {number, line, number}),
+                 number);
 }
 
 void Drafts::remove(const QString& number) const {
   Transaction transaction(database());
-  requireChanged(ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ? AND VALIDAT = 0")
-                                .arg(kind_.headerTable, kind_.numberColumn),
-                            {number}));
+  requireChanged(ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ? AND %3")
+                                .arg(kind_.headerTable, kind_.numberColumn, whereLinesOpen()),
+                            {number}),
+                 number);
   ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(kind_.lineTable, kind_.numberColumn),
              {number});
   transaction.commit();
@@ -151,19 +171,55 @@ void Drafts::remove(const QString& number) const {
 void Drafts::setValidated(const QString& number) const {
   requireChanged(ExecutaSql(QStringLiteral("UPDATE %1 SET VALIDAT = -1 WHERE %2 = ? AND VALIDAT = 0")
                                 .arg(kind_.headerTable, kind_.numberColumn),
-                            {number}));
+                            {number}),
+                 number);
 }
 
-void Drafts::requireDraft(const QString& number) const {
-  if (OpenRs(QStringLiteral("SELECT %2 FROM %1 WHERE %2 = ? AND VALIDAT = 0")
-                 .arg(kind_.headerTable, kind_.numberColumn),
-             {number})
-          .isEmpty())
-    throw RuleError(kGone);
+qint64 Drafts::beginReceipt(const QString& number, qint64 known) const {
+  const FiscalReceipt& receipt = kind_.receipt;
+  requireChanged(
+      ExecutaSql(QStringLiteral("UPDATE %1 SET %2 = ? WHERE %3 = ? AND VALIDAT = 0 AND %4 = 0 "
+                                "AND COALESCE(%2, 0) = ?")
+                     .arg(kind_.headerTable, receipt.sending, kind_.numberColumn, receipt.printed),
+                 {known + 1, number, known}),
+      number);
+  return known + 1;
 }
 
-void Drafts::requireChanged(int rows) const {
-  if (rows == 0) throw RuleError(kGone);
+void Drafts::endReceipt(const QString& number, qint64 attempt, bool isPrinted) const {
+  const FiscalReceipt& receipt = kind_.receipt;
+  const QString ended = QStringLiteral("UPDATE %1 SET %2 = 0%5 WHERE %3 = ? AND VALIDAT = 0 AND %4 = 0")
+                            .arg(kind_.headerTable, receipt.sending, kind_.numberColumn, receipt.printed);
+  if (isPrinted)
+    ExecutaSql(ended.arg(QStringLiteral(", %1 = -1").arg(receipt.printed)), {number});
+  else
+    ExecutaSql(ended.arg(QString()) + QStringLiteral(" AND %1 = ?").arg(receipt.sending), {number, attempt});
+}
+
+// On the header of a draft: nothing of it is on a fiscal receipt, or on its way there.
+QString Drafts::whereLinesOpen() const {
+  const FiscalReceipt& receipt = kind_.receipt;
+  const QString draft = QStringLiteral("VALIDAT = 0");
+  return receipt.exists() ? draft + QStringLiteral(" AND %1 = 0 AND COALESCE(%2, 0) = 0")
+                                        .arg(receipt.printed, receipt.sending)
+                          : draft;
+}
+
+void Drafts::requireOpen(const QString& number) const {
+  const Recordset found = OpenRs(QStringLiteral("SELECT %2 FROM %1 WHERE %2 = ? AND %3")
+                                     .arg(kind_.headerTable, kind_.numberColumn, whereLinesOpen()),
+                                 {number});
+  requireChanged(found.size(), number);
+}
+
+void Drafts::requireChanged(int rows, const QString& number) const {
+  if (rows > 0) return;
+  const bool isDraft = kind_.receipt.exists() &&
+                       !OpenRs(QStringLiteral("SELECT %2 FROM %1 WHERE %2 = ? AND VALIDAT = 0")
+                                   .arg(kind_.headerTable, kind_.numberColumn),
+                               {number})
+                            .isEmpty();
+  throw RuleError(isDraft ? kSentMeanwhile : kGone);
 }
 
 }  // namespace velmar

@@ -23,7 +23,8 @@ class Drafts {
   /// Throws RuleError when the number is taken or a text is too long.
   void insertHeader(const Row& header) const;
 
-  /// Stores every column but the number, the warehouse and the flag of validation.
+  /// Stores every column but the number, the warehouse, the flag of validation and what tells of the fiscal
+  /// receipt. Throws RuleError when that would change what the receipt tells.
   void updateHeader(const Row& header) const;
 
   /// Stores a new line behind the others and sets its NRLINIE.
@@ -39,9 +40,16 @@ class Drafts {
   /// Marks the draft as validated.
   void setValidated(const QString& number) const;
 
+  /// Begins the next attempt to print the fiscal receipt of a draft, behind the one that is known, and gives
+  /// it. Throws RuleError when it was printed, or another attempt has begun, meanwhile.
+  qint64 beginReceipt(const QString& number, qint64 known) const;
+  /// Ends the attempt. A receipt that was printed counts whatever became of the attempt meanwhile.
+  void endReceipt(const QString& number, qint64 attempt, bool isPrinted) const;
+
  private:
-  void requireDraft(const QString& number) const;
-  void requireChanged(int rows) const;
+  QString whereLinesOpen() const;
+  void requireOpen(const QString& number) const;
+  void requireChanged(int rows, const QString& number) const;
 
   const DocumentKind& kind_;
 };

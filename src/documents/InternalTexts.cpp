@@ -19,15 +19,17 @@ void describeConsumptionVoucher(DocumentKind& kind) {
       {HeaderFieldType::Partner, "CODCLI", "txtFields(1)", "&Client",
        "Selectati client, din lista de clienti", "DataCombo1"},
       vatPercent("BATVA1"),
-      {HeaderFieldType::CostCentre, "", "DataCombo2", "Centru de cost", "Selectati centru de costa in lista"},
+      {HeaderFieldType::CostCentre, "", "DataCombo2", "Centru de cost", "Selectati centru de costa in lista",
+       "", "", 0, true},
       {HeaderFieldType::Remark, "OBSERV", "txtFields(3)", "&Observatii", "Introduceti maxim 45 caractere"}};
   kind.lineColumns = leadingColumns(kind);
-  kind.lineColumns += QList<LineColumn>{{"CANT", "Cantitate", LineEntry::PositiveNumber, 3, 3, 12},
-                                        {"CANTRAMAS", "Cantitate ramasa", LineEntry::Locked, 3, kAsTyped, 12},
-                                        price("PRETFT", "Pret unitar", LineEntry::PositiveNumber),
-                                        value("VALOAREFT", "Valoare"),
-                                        value("VALOARETVA", "Valoare TVA"),
-                                        value("VALOARETTI", "Valoare Totala")};
+  kind.lineColumns +=
+      QList<LineColumn>{{"CANT", "Cantitate", LineEntry::PositiveNumber, 3, 3, 12},
+                        {"CANTRAMAS", "Cantitate ramasa", LineEntry::Locked, 3, kAsTyped, 12},
+                        price("PRETFT", "Pret unitar", LineEntry::PositiveNumber),
+                        value("VALOAREFT", "Valoare"),
+                        {"VALOARETVA", "Valoare TVA", LineEntry::Number, kSessionDecimals, 2, 14},
+                        value("VALOARETTI", "Valoare Totala")};
   kind.texts.title = "Bon de consum";
   kind.texts.draftsCaption = "Lista bonuri de consum";
   setTips(kind.texts, "Initializare campuri, pentru creare BC nou", "Stergere BC selectat", "Tiparire BC");

@@ -2,6 +2,7 @@
 
 #include "stock/Availability.h"
 #include "store/Records.h"
+#include "util/Errors.h"
 #include "util/NumberText.h"
 
 namespace velmar {
@@ -25,14 +26,14 @@ QStringList articlesOf(const std::vector<Row>& lines) {
   return articles;
 }
 
-QString shortageText(const Document& document, Stocked stocked, const QString& text) {
+void requireAvailable(const Document& document, Stocked stocked, const QString& text) {
   Quantities wanted;
   for (const Row& line : document.lines) wanted.add(line.text("CODART"), line.decimal("CANT"));
   QStringList articles = articlesOf(document.lines);
   if (stocked == Stocked::OnlyHeld) articles = heldInStock(articles);
   articles.sort(Qt::CaseInsensitive);
   const auto shortage = firstShortage(articles, wanted, document.header.integer("Magazie"));
-  return shortage ? text.arg(shortage->article, editNumber(shortage->available)) : QString();
+  if (shortage) throw RuleError(text.arg(shortage->article, editNumber(shortage->available)), "CODART");
 }
 
 }  // namespace velmar

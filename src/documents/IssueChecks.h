@@ -13,8 +13,8 @@ enum class Stocked {
   OnlyHeld  ///< articles that keep no stock pass
 };
 
-/// The sentence about the first article, by code, of which the document's warehouse has less available than
-/// the lines want: `text` with its code and what is available; "" when there is enough of all.
-QString shortageText(const Document& document, Stocked stocked, const QString& text);
+/// Throws RuleError about the first article, by code, of which the document's warehouse has less available
+/// than the lines want: `text` with its code and what is available.
+void requireAvailable(const Document& document, Stocked stocked, const QString& text);
 
 }  // namespace velmar

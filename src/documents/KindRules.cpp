@@ -5,8 +5,10 @@
 
 namespace velmar {
 
-QString KindRules::refusal(const Row& /*line*/, const QString& /*field*/, const Decimal& /*number*/,
-                           const TypedHeader& /*header*/) const {
+void KindRules::begin(TypedHeader& /*header*/, bool /*isNew*/) const {}
+
+CellObjection KindRules::objection(const Row& /*line*/, const QString& /*field*/, const Decimal& /*number*/,
+                                   const TypedHeader& /*header*/) const {
   return {};
 }
 
@@ -19,7 +21,9 @@ std::vector<LineMark> KindRules::marks(const std::vector<Row>& /*lines*/,
 
 bool KindRules::isStale(const Row& /*line*/) const { return false; }
 
-QString KindRules::stockRefusal(const Document& /*document*/) const { return {}; }
+void KindRules::requireStock(const Document& /*document*/) const {}
+
+void KindRules::requireReceipt(const Document& /*document*/) const {}
 
 const KindRules* kindRules(const QString& prefix) {
   static const std::map<QString, std::unique_ptr<KindRules>> all = [] {
@@ -28,6 +32,7 @@ const KindRules* kindRules(const QString& prefix) {
     rules.emplace("FF", makeSupplierInvoiceRules());
     rules.emplace("BC", makeConsumptionVoucherRules());
     rules.emplace("FC", makeCustomerInvoiceRules());
+    rules.emplace("BS", makeCashSaleRules());
     return rules;
   }();
   const auto found = all.find(prefix.toUpper());

@@ -16,9 +16,19 @@ enum class LineMark {
   First    ///< bought for the first time
 };
 
+/// What stands against a typed number; an empty text: nothing.
+struct CellObjection {
+  QString text;
+  bool setsBack = false;  ///< the cell shows again what it held; else the number stays to be mended
+};
+
 class KindRules {
  public:
   virtual ~KindRules() = default;
+
+  /// Puts into fields what the kind begins with: those of a new document, and those that no table stores of
+  /// one that is opened.
+  virtual void begin(TypedHeader& header, bool isNew) const;
 
   /// Completes a line with the article's data and the kind's price (what the line has of a quantity is kept).
   /// `article` is a row of G_ARTMAG. Number, code and name are already set.
@@ -27,9 +37,9 @@ class KindRules {
   /// Recomputes the line after `changed` was typed.
   virtual void recalculate(Row& line, const QString& changed, const TypedHeader& header) const = 0;
 
-  /// Why the number cannot stand in the cell of the line, as a message; "" when it can.
-  virtual QString refusal(const Row& line, const QString& field, const Decimal& number,
-                          const TypedHeader& header) const;
+  /// Why the number cannot stand in the cell of the line.
+  virtual CellObjection objection(const Row& line, const QString& field, const Decimal& number,
+                                  const TypedHeader& header) const;
 
   /// Puts into other fields what follows from a choice in the field `changed`.
   virtual void follow(const QString& changed, TypedHeader& header) const;
@@ -40,9 +50,12 @@ class KindRules {
   /// Whether the line's amounts no longer fit what they were made of, and are to be worked out anew.
   virtual bool isStale(const Row& line) const;
 
-  /// Why the lines cannot move the stock that the ledger shows now, as a message; "" when they can. Asked
-  /// before validation and once more under its lock.
-  virtual QString stockRefusal(const Document& document) const;
+  /// Throws RuleError naming the field at fault when the lines cannot move the stock that the ledger shows
+  /// now. Asked before validation and once more under its lock.
+  virtual void requireStock(const Document& document) const;
+
+  /// Throws RuleError when the document has to be printed first. Asked as requireStock(), and after it.
+  virtual void requireReceipt(const Document& document) const;
 
   /// Columns whose sums stand in the footers.
   virtual QStringList totalColumns() const = 0;
@@ -58,5 +71,6 @@ std::unique_ptr<KindRules> makeInputVoucherRules();
 std::unique_ptr<KindRules> makeSupplierInvoiceRules();
 std::unique_ptr<KindRules> makeConsumptionVoucherRules();
 std::unique_ptr<KindRules> makeCustomerInvoiceRules();
+std::unique_ptr<KindRules> makeCashSaleRules();
 
 }  // namespace velmar

@@ -172,14 +172,14 @@ void describeSupplierInvoice(DocumentKind& kind) {
       remark("Maxim 35 de caractere", 35)};
   kind.draftColumns = QStringList{"JURNAL"};
   kind.lineColumns = leadingColumns(kind);
-  kind.lineColumns +=
-      QList<LineColumn>{{"CANT", "Cantitate", LineEntry::Number, 3, 3, 12},
-                        price("PRETFT", "Pret unitar", LineEntry::Number, kSessionDecimals),
-                        value("VALOAREFT", "Valoare"),
-                        {"VALOARETVA", "Valoare TVA", LineEntry::Number, 2, 2, 14},
-                        value("VALOARETTI", "Valoare Totala"),
-                        {"PRETVA", "Pret vanzare", LineEntry::OptionalPositive, 2, kAsTyped, 12},
-                        palet()};
+  kind.lineColumns += QList<LineColumn>{
+      {"CANT", "Cantitate", LineEntry::Number, 3, 3, 12},
+      price("PRETFT", "Pret unitar", LineEntry::Number, kSessionDecimals),
+      value("VALOAREFT", "Valoare"),
+      {"VALOARETVA", "Valoare TVA", LineEntry::Number, kSessionDecimals, 2, 14},
+      value("VALOARETTI", "Valoare Totala"),
+      {"PRETVA", "Pret vanzare", LineEntry::OptionalPositive, kSessionDecimals, kAsTyped, 12},
+      palet()};
   setInvoiceTexts(kind.texts, "Facturi furnizor", "Creare factura furnizor noua", "Tiparire NIR");
   kind.texts.ledgerFailureTitle = kind.texts.stockFailureTitle = kind.texts.postingFailureTitle =
       "Salvare Documente/Stoc";

@@ -139,8 +139,21 @@ void describeCashSale(DocumentKind& kind) {
       beforeFiscalYear(kind),
       currencyWithoutRate("Curs"),
       {ValidationCheck::NoLines, "Bonul nu contine nici un articol ! Validare nereusita !", "CODART"}};
-  kind.printChecks = {printWithoutNumber(kind, selectSale),
-                      printWithoutPartner(kind, "Va rog selectati un client!")};
+  kind.distinctArticles = false;  // they pass the counter as they come
+  kind.receipt = {"LISTAT",
+                  "TIPARIRE",
+                  {"DATAFAC", "BATVA1"},
+                  "Bonul a fost tiparit pe casa de marcat. Nu mai poate fi tiparit inca odata.",
+                  "Bonul a fost tiparit pe casa de marcat si nu poate fi sters",
+                  "Bonul a fost tiparit pe casa de marcat si nu mai poate fi modificat",
+                  "Bonul a fost trimis la casa de marcat si nu se stie daca a iesit. Apasati Tiparire pentru a "
+                  "spune."};
+  kind.printChecks = {
+      printWithoutNumber(kind, selectSale),
+      {PrintCheck::ReceiptPrinted, kind.receipt.printedText, "NUMFAC"},
+      {PrintCheck::BeforeFiscalYear, beforeFiscalYear(kind).text, kind.dateColumn},
+      {PrintCheck::NoLines, "Bonul nu contine nici un articol ! ", "CODART"},
+      printWithoutPartner(kind, "Va rog selectati un client!")};
   kind.headerFields = {{HeaderFieldType::Number, "NUMFAC", "txtFields(0)", "&Numar bon", kNumberTip},
                        {HeaderFieldType::Date, "DATAFAC", "dtpDataFactura", "&Data bon", ""},
                        customer(kind),
@@ -151,13 +164,11 @@ void describeCashSale(DocumentKind& kind) {
   kind.headerFields += QList<HeaderField>{
       costCentre(),
       {HeaderFieldType::Flag, "", "CheckCasaMarcat", " Casa de marcat",
-       "Bifati daca aveti conexiune cu casa de marcat"},
+       "Bifati daca aveti conexiune cu casa de marcat", "", "", 0, true},
       {HeaderFieldType::Flag, "", "CheckCard", " Card", "Bifati daca plata se face cu cardul"},
       {HeaderFieldType::Amount, "", "TextNrCaractere", " Caractere",
-       "Numarul de caractere al denumirii pe bonul fiscal"},
-      {HeaderFieldType::Flag, "NoteContabile", "chkNoteContabile", "Note Contabile",
-       "Bifati daca bonul genereaza note contabile"},
-      remark(kind)};
+       "Numarul de caractere al denumirii pe bonul fiscal", "", "", 0, true},
+      postsNotes("Bifati daca bonul genereaza note contabile"), remark(kind)};
   kind.lineColumns = saleColumns(kind, LineEntry::PositiveNumber, "PRETVALUTA");
   kind.lineColumns +=
       QList<LineColumn>{{"CANTAVIZ", "Cantitate conform document", LineEntry::Locked, 3, kAsTyped, 14, false},

@@ -19,6 +19,8 @@ const QString kStockTooSmall = QStringLiteral(
     "Cantitatea din Stoc este mai mica decat cea de pe factura! Stornarea nu se poate efectua !");
 const QString kNameTheInvoice =
     QStringLiteral("Va rog introduceti in campul Observatii, numarul facturii de stornat.");
+const QString kVatWithoutRate =
+    QStringLiteral("Liniile au TVA, dar cota TVA a facturii este 0 ! Validarea nu se poate efectua !");
 const QString kNoMethod = QStringLiteral("VA ROG SA ALEGETI METODA DE EVALUARE A STOCURILOR!");
 
 const NoteRule kNote{
@@ -28,8 +30,7 @@ const NoteRule kNote{
     .perGroup = {{Side::Debit, AccountSource::Totals, "CONTSTOCMARFA", AmountOf::Group,
                   kVatLinkIfTaxed | kVatPercent}},
     .after = {{Side::Debit, AccountSource::VatRate, "", AmountOf::Vat, kVatLink, true}},
-    .journalOfDocument = true,
-    .vatWithoutRate = true};
+    .journalOfDocument = true};
 
 class SupplierInvoiceRules : public KindRules {
  public:
@@ -55,12 +56,13 @@ class SupplierInvoiceRules : public KindRules {
     }
   }
 
-  QString refusal(const Row& line, const QString& field, const Decimal& number,
-                  const TypedHeader& header) const override {
+  CellObjection objection(const Row& line, const QString& field, const Decimal& number,
+                          const TypedHeader& header) const override {
     if (field != QStringLiteral("CANT") || !number.isNegative()) return {};
     const QString article = line.text("CODART");
-    if (warehouseStock({article}, session().gMagazie).of(article) < number.abs()) return kStockTooSmall;
-    return header.text("OBS").isEmpty() ? kNameTheInvoice : QString();
+    if (warehouseStock({article}, session().gMagazie).of(article) < number.abs()) return {kStockTooSmall};
+    // The number is right, but another field comes first.
+    return header.text("OBS").isEmpty() ? CellObjection{kNameTheInvoice, true} : CellObjection{};
   }
 
   // Only a price above the last one counts, and only what has one.
@@ -79,18 +81,18 @@ class SupplierInvoiceRules : public KindRules {
     return marks;
   }
 
-  QString stockRefusal(const Document& document) const override {
+  void requireStock(const Document& document) const override {
     QStringList returned;
     for (const Row& line : document.lines)
       if (line.decimal("CANT").isNegative()) returned.append(line.text("CODART"));
-    if (returned.isEmpty()) return {};
+    if (returned.isEmpty()) return;
     const Quantities stock = warehouseStock(returned, document.header.integer("Magazie"));
     for (const Row& line : document.lines) {
       if (!line.decimal("CANT").isNegative()) continue;
-      if (stock.of(line.text("CODART")) < line.decimal("CANT").abs()) return kStockTooSmall;
-      if (document.header.text("OBS").trimmed().isEmpty()) return kNameTheInvoice;
+      if (stock.of(line.text("CODART")) < line.decimal("CANT").abs())
+        throw RuleError(kStockTooSmall, "CODART");
+      if (document.header.text("OBS").trimmed().isEmpty()) throw RuleError(kNameTheInvoice, "OBS");
     }
-    return {};
   }
 
   QStringList totalColumns() const override { return {"VALOAREFT", "VALOARETVA", "VALOARETTI"}; }
@@ -122,7 +124,10 @@ class SupplierInvoiceRules : public KindRules {
     addTotalsInLei(ledger, value, vat, value);
     ledger.add({{"DATASCAD", document.header.date("DATASCAD")}});
     plan.ledger.push_back(std::move(ledger));
-    if (document.header.flag("NoteContabile")) post(document, percent, ContTVA(rateCode), plan.posting);
+    if (document.header.flag("NoteContabile")) {
+      if (percent.isZero() && !vat.isZero()) throw RuleError(kVatWithoutRate, "CODART");
+      post(document, percent, ContTVA(rateCode), plan.posting);
+    }
     return plan;
   }
 

@@ -37,12 +37,11 @@ Document checkedDraft(const TypedHeader& typed, const QString& number) {
   if (document->lines.empty())
     for (const auto& check : kind.validationChecks)
       if (check.check == ValidationCheck::NoLines) throw RuleError(check.text);
-  const QString repeated = repeatedArticle(document->lines);
+  const QString repeated = kind.distinctArticles ? repeatedArticle(document->lines) : QString();
   if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated));
   const QString broken = brokenLineRule(kind, document->lines);
   if (!broken.isEmpty()) throw RuleError(broken);
-  const QString refused = kindRules(kind.prefix)->stockRefusal(*document);
-  if (!refused.isEmpty()) throw RuleError(refused);
+  requireValidatable(*document);
   return *document;
 }
 
@@ -76,6 +75,12 @@ std::optional<Document> draftFor(const TypedHeader& typed, const QString& number
   auto document = Drafts(typed.kind()).load(number);
   if (document) document->typed = typed.texts();
   return document;
+}
+
+void requireValidatable(const Document& document) {
+  const KindRules* rules = kindRules(document.kind->prefix);
+  rules->requireStock(document);
+  rules->requireReceipt(document);
 }
 
 void requirePostable(Document document) {

@@ -23,6 +23,9 @@ class StepError : public Error {
 /// The draft with the window's state, as validation would take it now; nothing when it is gone.
 std::optional<Document> draftFor(const TypedHeader& typed, const QString& number);
 
+/// Throws RuleError when the document cannot be validated as stock and register stand now.
+void requireValidatable(const Document& document);
+
 /// Throws RuleError when a journal, an account or an article's family that the document's posting needs is
 /// missing. To be asked before validation, so that no message stands while the write lock is held.
 void requirePostable(Document document);

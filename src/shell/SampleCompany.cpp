@@ -156,6 +156,7 @@ void makeIn(const QString& workshop) {
   addRates();
   const SampleCatalogue catalogue = addCatalogue();
   addDiscounts(catalogue);
+  addPartner(newPartner("CASA", "C"));  // sales over the counter go to it
   addSampleDocuments(catalogue);
 }
 

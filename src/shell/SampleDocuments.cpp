@@ -17,6 +17,8 @@ constexpr int kVouchers = 40;
 constexpr int kPurchases = 26;
 constexpr int kSales = 52;
 constexpr int kConsumptions = 13;
+constexpr int kCashSales = 60;
+constexpr int kCardEvery = 3;  // cash sales
 constexpr int kForeignEvery = 17;  // sales
 constexpr auto kVatOfSales = "2";
 
@@ -52,7 +54,7 @@ class SampleTrade {
   }
 
   void sale(int number, const QDate& date) {
-    const Stock stock = sellable();
+    const Stock stock = sellable(catalogue_.goods + catalogue_.products);
     if (stock.codes.isEmpty()) return;
     DocumentEditor editor("FC");
     Texts header{{"CODCLI", pick(catalogue_.customers, number)},
@@ -74,8 +76,23 @@ class SampleTrade {
     validate(editor);
   }
 
+  void cashSale(int number, const QDate& date) {
+    const Stock stock = sellable(catalogue_.goods);
+    if (stock.codes.isEmpty()) return;
+    DocumentEditor editor("BS");
+    Texts header{{"BATVA1", kVatOfSales}, {"DataCombo2", "COM"}};
+    if (number % kCardEvery == 0) {
+      header.insert("CheckCard", "-1");
+      header.insert("MODREG", "ALTELE");
+      header.insert("OBS", "Incasare card");
+    }
+    begin(editor, date, header);
+    issue(editor, stock, 2);
+    if (number < kCashSales) validate(editor);  // the last one waits as well
+  }
+
   void consumption(int number, const QDate& date) {
-    const Stock stock = sellable();
+    const Stock stock = sellable(catalogue_.goods + catalogue_.products);
     if (stock.codes.isEmpty()) return;
     DocumentEditor editor("BC");
     begin(editor, date,
@@ -135,11 +152,10 @@ class SampleTrade {
     editor.setNumber(line, "PRETVA", Round(cost * Decimal(14) / 10, 2).toString());
   }
 
-  // What the warehouse has at least some pieces of.
-  Stock sellable() const {
+  // What of the articles the warehouse has at least some pieces of.
+  static Stock sellable(const QStringList& all) {
     constexpr int kSome = 4;
     Stock stock;
-    const QStringList all = catalogue_.goods + catalogue_.products;
     stock.quantities = warehouseStock(all, session().gMagazie);
     for (const QString& code : all)
       if (stock.quantities.of(code) >= kSome) stock.codes.append(code);
@@ -182,6 +198,7 @@ void addSampleDocuments(const SampleCatalogue& catalogue) {
   spread(kPurchases, &SampleTrade::purchase);
   spread(kSales, &SampleTrade::sale);
   spread(kConsumptions, &SampleTrade::consumption);
+  spread(kCashSales, &SampleTrade::cashSale);
   std::stable_sort(plan.begin(), plan.end(),
                    [](const Planned& a, const Planned& b) { return a.date < b.date; });
   SampleTrade trade(catalogue);

@@ -27,7 +27,8 @@ class SampleDice {
 };
 
 /// Enters and validates the documents of the half year that ends today, as far as the entry period reaches
-/// back, in the order of their dates. The last input voucher waits as a draft.
+/// back, in the order of their dates. The last input voucher and the last cash sale wait as
+/// drafts.
 void addSampleDocuments(const SampleCatalogue& catalogue);
 
 }  // namespace velmar

@@ -75,7 +75,8 @@ std::vector<Table> salesTables() {
           .text("SERIE", 5)
           .text("CODDeviza", 3)
           .reals("Curs")
-          .flags("NoteContabile LISTAT"),
+          .flags("NoteContabile LISTAT")
+          .integers("TIPARIRE"),
       lines("G_LBONCASA", "NUMFAC")
           .reals("PRETFT PRETVALUTA VALOAREFT VALOARETVA VALOARETTI ValoareFTCuDiscount CANTAVIZ")
           .text("NUMAE", kNumberWidth + 2)

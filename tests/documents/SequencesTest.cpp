@@ -29,7 +29,7 @@ class Sequence {
   QString step() {
     const QString number = QString::number(++first_);
     try {
-      switch (below(9)) {
+      switch (below(10)) {
         case 0:
         case 1:
         case 2:
@@ -41,6 +41,8 @@ class Sequence {
         case 5:
         case 6:
           return "FC" + number + run("FC", trade_.sale(number), issues());
+        case 9:
+          return "BS" + number + run("BS", {{"BATVA1", "2"}}, counterSale());
         case 7:
           return "retur" + number + returned(number);
         default:
@@ -84,6 +86,13 @@ class Sequence {
   std::vector<TypedLine> issues() {
     std::vector<TypedLine> lines;
     for (const QString& code : some()) lines.push_back(Trade::out(code, amount(12)));
+    return lines;
+  }
+
+  // An article may pass the counter twice.
+  std::vector<TypedLine> counterSale() {
+    std::vector<TypedLine> lines = issues();
+    lines.push_back(Trade::out(lines.front().code, amount(3)));
     return lines;
   }
 

@@ -27,6 +27,7 @@ class Trade {
     InitParaSoc();
     supplier = addPartner(newPartner("FURNIZOR SRL", "F"));
     customer = addPartner(newPartner("CLIENT SRL", "C"));
+    addPartner(newPartner("CASA", "C"));
     goods = addFamily(newFamily("Marfuri", "371", "607", "707", "345"));
     products = addFamily(newFamily("Produse", "371", "607", "701", "345"));
   }

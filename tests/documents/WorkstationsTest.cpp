@@ -120,6 +120,25 @@ TEST_F(WorkstationsTest, EightValidateAtOnce) {
   expectAllAgrees();
 }
 
+// Numbers run on without a gap, whoever starts a sale first.
+TEST_F(WorkstationsTest, EightAtTheCounter) {
+  const int each = 4 * patience();
+  trade_.validated("FF", trade_.purchase("1"), {Trade::bought("A0", "1000", "10", "30")});
+  allAtOnce([&](int) {
+    for (int i = 0; i < each; ++i) {
+      DocumentEditor editor("BS");
+      Trade::draft(editor, {{"BATVA1", "2"}}, {Trade::out("A0", "1"), Trade::out("A0", "2")});
+      editor.validate(editor.headerTexts());
+    }
+  });
+  EXPECT_EQ(count("*) AS N FROM G_DOCUME WHERE TIP = 'BS'"), kProcesses * each);
+  EXPECT_EQ(OpenRs("SELECT MAX(NDI) AS N FROM kt_linii").first().integer("N"), 1 + kProcesses * each);
+  DocumentEditor next("BS");
+  next.newDocument();
+  EXPECT_EQ(next.number(), QString::number(kProcesses * each + 1));
+  expectAllAgrees();
+}
+
 // Eight sell the same articles, each invoices of its own numbers, until nothing is left: whoever comes too
 // late hears of the stock and of nothing else.
 TEST_F(WorkstationsTest, EightSellTheLastPieces) {

@@ -7,7 +7,7 @@ function seed() {
   sql("INSERT INTO G_FAMART (COD, DENUMIRE, CONTSTOCMARFA, CONTCHELT, CONTVEN) VALUES (1, 'Marfuri', '371', '607', '707')");
   const insert = "INSERT INTO G_ARTMAG (CODART, DENART, UM, FAMART, COST, STOC, PRETVFT, PROVENIENTA, FARASTOC) " +
                  "VALUES (?, ?, 'Buc', 1, ?, ?, 15, 'M', ?)";
-  sql(insert, "A1", "Cuie", 20, 10, 0);
+  sql(insert, "A1", "Cuie de otel foarte lungi si foarte rezistente", 20, 10, 0);
   sql(insert, "A2", "Lac", 4, 5, 0);
   sql(insert, "S1", "Manopera", 8, 5, -1);
   receipt("1", "A1", 5, 10);
@@ -91,6 +91,9 @@ lines.enter(0, "CANT", "7");
 equal([lines.cell(0, "PRETFT"), lines.cell(0, "VALOAREFT"), lines.cell(0, "CANTRAMAS")], ["12,86", "90,00", "7,000"],
       "worked out on trial");
 equal(lines.footer("VALOAREFT"), "90,00", "footer");
+equal(lines.cell(0, "DENUMIRE"), "Cuie de otel foarte lungi si foarte", "35 characters of the name");
+lines.enter(0, "VALOARETVA", "1.239");
+equal([lines.cell(0, "VALOARETVA"), lines.cell(0, "VALOARETTI")], ["1,24", "91,24"], "VAT may be typed, and is kept on the draft only");
 equal(sql("SELECT SUM(CANTRAMASA) AS R FROM G_LDOCUM WHERE ARTID = 'A1'"), [{R: 10}], "nothing taken yet");
 lines.addLine("a1", "1");
 press("cmdValidare", "Da", "OK");
@@ -110,6 +113,7 @@ equal(sql("SELECT CODCC FROM G_LDOCUM WHERE DOCID = 'BC12'"), [{CODCC: "PRO"}], 
 equal(sql("SELECT CONT, DEBIT, CREDIT, CODBUG FROM kt_linii ORDER BY NRLINIE"),
       [{CONT: "607", DEBIT: 90, CREDIT: 0, CODBUG: "PRO"}, {CONT: "371", DEBIT: 0, CREDIT: 90, CODBUG: null}], "the note");
 equal([lines.rows(), w.text("txtFields(0)"), w.text("txtFields(2)")], [0, "", "19"], "a new voucher stands, the percent goes on");
+equal(w.text("DataCombo2"), "Productie", "so does the cost centre");
 refused("cmdSalvare", "Va rugam completati numarul avizului !");
 w.type("txtFields(0)", "12");
 w.pick("DataCombo1", "SECTIA DOI");

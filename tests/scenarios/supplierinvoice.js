@@ -71,6 +71,11 @@ const mend = [() => w.type("txtFields(0)", "1"), () => w.pick("DataCombo1", "FUR
               () => w.pick("cboTVA", "4426-9"), () => w.pick("cboJurnal", w.items("cboJurnal")[1])];
 order.forEach((text, i) => {
   refused("cmdSalvare", text, {icon: "critical"});
+  if (i == 2) {
+    w.type("txtFields(2)", "2");
+    refused("cmdSalvare", text);  // a rate of sales is none of these
+    check(w.hasFocus("txtFields(2)"), "focus on the rate");
+  }
   mend[i]();
 });
 equal([w.text("txtFields(2)"), w.text("TxtJNL")], ["7", "JCC"], "the choices give their codes");
@@ -126,11 +131,17 @@ expectMessage("Cantitatea din Stoc este mai mica decat cea de pe factura! Storna
 key("Esc");
 answer("OK");
 equal(lines.enter(0, "CANT", "-1"), false, "of no invoice");
-expectMessage("Va rog introduceti in campul Observatii, numarul facturii de stornat.");
-key("Esc");
-equal(lines.cell(0, "CANT"), "4,000", "as it was");
+const nameIt = "Va rog introduceti in campul Observatii, numarul facturii de stornat.";
+expectMessage(nameIt);
+equal(lines.cell(0, "CANT"), "4,000", "set back, with no open cell in the way of the observations");
 w.type("txtFields(3)", "FF2");
+noMessage();
 check(lines.enter(0, "CANT", "-1"), "typed observations count before they are saved");
+w.type("txtFields(3)", "");
+press("cmdValidare", "Da", "OK");
+messages();
+check(w.hasFocus("txtFields(3)"), "at validation the observations are asked for where they stand");
+w.type("txtFields(3)", "ff2 ");
 validated();
 equal(sql("SELECT CANTRAMASA FROM G_LDOCUM WHERE ARTID = 'A1' ORDER BY DOCID"), [{CANTRAMASA: 0}, {CANTRAMASA: -1}], "the lot shrinks");
 
@@ -145,6 +156,11 @@ newInvoice("5", "", ["A3", "2", "10"]);
 key("Esc");
 equal([w.text("txtFields(2)"), lines.cell(0, "VALOARETVA")], ["11", "0,00"], "the rate goes on to the next invoice");
 w.set("chkNoteContabile", true);
+lines.enter(0, "VALOARETVA", "1");
+press("cmdValidare", "Da", "OK");
+expectMessage("Sunteti sigur");
+expectMessage("Liniile au TVA, dar cota TVA a facturii este 0 ! Validarea nu se poate efectua !");
+lines.enter(0, "VALOARETVA", "0");
 validated();
 equal(note("5"), ["401 0 20", "371 20 0"], "no VAT row");
 shot("factura-furnizor");
@@ -158,9 +174,14 @@ expectMessage("VA ROG SA ALEGETI METODA DE EVALUARE A STOCURILOR!");
 check(isOpen("frmParamSoc"), "parameters");
 equal(sql("SELECT ID FROM G_DOCUME"), [], "nothing written");
 
-// Lots: the cost is the latest receipt's.
-opened({method: "FIFO"});
-newInvoice("1", "", ["A1", "5", "10"]);
+// Lots: the cost is the latest receipt's. Of four decimals 3.3332 x 1.235 is 4.1165, its VAT 0.7821.
+opened({method: "FIFO", decimals: 4});
+newInvoice("1", "", ["A1", "1.2346", "3.33325"]);
+key("Esc");
+equal(["CANT", "PRETFT", "VALOAREFT", "VALOARETVA", "VALOARETTI", "PRETVA"].map((column) => lines.cell(0, column)),
+      ["1,235", "3,3332", "4,1165", "0,7821", "4,8986", "30,0000"], "the company's decimals");
+lines.enter(0, "CANT", "5");
+lines.enter(0, "PRETFT", "10");
 validated();
 newInvoice("2", "", ["A1", "5", "20"]);
 validated();

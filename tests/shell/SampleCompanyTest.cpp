@@ -43,6 +43,8 @@ class SampleCompanyTest : public testing::Test {
     EXPECT_GE(count("G_FACCLI WHERE VALIDAT <> 0"), 45);
     EXPECT_GE(count("G_BONCON WHERE VALIDAT <> 0"), 10);
     EXPECT_EQ(count("G_FACCLI WHERE VALIDAT = 0"), 0);
+    EXPECT_GE(count("G_BONCASA WHERE VALIDAT <> 0"), 50);
+    EXPECT_LE(count("G_BONCASA WHERE VALIDAT = 0"), 1);
   }
 
   QTemporaryDir place_;

@@ -151,6 +151,12 @@ QWidget* HeaderForm::control(const QString& key) const {
   return nullptr;
 }
 
+void HeaderForm::setFieldEnabled(const QString& key, bool is) {
+  for (const auto& control : controls_)
+    if (control->field().key() == key)
+      for (QWidget* box : control->boxes()) box->setEnabled(is);
+}
+
 void HeaderForm::focusNumber() { control(kind_.numberColumn)->setFocus(); }
 
 QList<QWidget*> HeaderForm::tabChain() const {

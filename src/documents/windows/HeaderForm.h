@@ -40,6 +40,8 @@ class HeaderForm : public QGroupBox {
   /// The control of a key, null when the header has none.
   QWidget* control(const QString& key) const;
   void focusNumber();
+  /// Whether the boxes of a field can be used.
+  void setFieldEnabled(const QString& key, bool is);
   /// The controls in the order in which Tab and Enter go through them.
   QList<QWidget*> tabChain() const;
 

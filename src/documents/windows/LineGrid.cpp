@@ -55,6 +55,7 @@ void LineGrid::take(QLineEdit* editor, const QModelIndex& index) {
     const DocumentEditor::Verdict verdict = lines_->check(index, editor->text());
     if (verdict.refused && verdict.text.isEmpty() && picker) return;  // an empty name is just left
     if (verdict.refused && verdict.text.isEmpty()) throw QuietRefusal();
+    if (verdict.setsBack) throw SetBack(verdict.text);
     if (verdict.refused) throw RuleError(verdict.text);
   }
   try {
@@ -84,6 +85,14 @@ void LineGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
           if (place.isValid() && currentIndex() == place && !isEditing()) TDBGrid::edit(place);
         },
         Qt::QueuedConnection);
+}
+
+QModelIndex LineGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  const QModelIndex from = currentIndex();
+  if (action == MoveNext && isConfirming() && from.isValid() && hasNewRow() &&
+      lines_->lineColumn(from.column()).field == lastColumn_)
+    return lines_->index(lines_->rowCount() - 1, columnOf("CODART"));
+  return EntryGrid::moveCursor(action, modifiers);
 }
 
 void LineGrid::keyPressEvent(QKeyEvent* event) {

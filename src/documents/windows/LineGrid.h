@@ -18,6 +18,10 @@ class LineGrid : public EntryGrid {
   /// Whether an empty row for the next line stands at the end.
   bool hasNewRow() const { return model()->rowCount() > 0 && lines_->isNewRow(model()->rowCount() - 1); }
 
+  /// Enter on a cell of the column goes on with the next line, for one who only scans codes and types
+  /// quantities.
+  void setLastColumn(const QString& field) { lastColumn_ = field; }
+
   /// Moves to the empty row and opens its first cell.
   void startNewLine();
 
@@ -31,6 +35,7 @@ class LineGrid : public EntryGrid {
   void take(QLineEdit* editor, const QModelIndex& index) override;
   void afterRefusal() override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -38,6 +43,7 @@ class LineGrid : public EntryGrid {
 
   LineModel* lines_;
   ArticleList articles_;
+  QString lastColumn_;
   bool storeRefused_ = false;  ///< the last refusal came from the store
 };
 

@@ -78,7 +78,7 @@ QPushButton* frmGrila::command(const QString& name, const QString& caption, cons
 QBoxLayout* frmGrila::commandRow() {
   const KindTexts& texts = editor_.kind().texts;
   QHBoxLayout* row = commands_;
-  row->addWidget(command("cmdFacturaNoua", "Document &nou", texts.newTip, "new", &frmGrila::newDocument));
+  row->addWidget(command("cmdFacturaNoua", "Document &nou", texts.newTip, "new", &frmGrila::startDocument));
   row->addWidget(command("cmdSalvare", "Sa&lvare", texts.saveTip, "save", &frmGrila::save));
   row->addWidget(command("cmdValidare", "Vali&dare", texts.validateTip, "validate", &frmGrila::validate));
   row->addWidget(command("cmdSterge", "S&tergere", texts.deleteTip, "delete", &frmGrila::sterge));
@@ -277,8 +277,9 @@ void frmGrila::validate() {
   const QHash<QString, QString> typed = header_->typed();
   const KindTexts& texts = editor_.kind().texts;
   editor_.checkValidation(typed);
-  if (Mesaj(texts.confirmValidation.arg(editor_.number()), kYesNo + kQuestion, "Confirmare validare") !=
-      kResultYes)
+  if (!texts.confirmValidation.isEmpty() &&
+      Mesaj(texts.confirmValidation.arg(editor_.number()), kYesNo + kQuestion, "Confirmare validare") !=
+          kResultYes)
     return;
   try {
     const Hourglass wait;
@@ -295,18 +296,22 @@ void frmGrila::validate() {
 }
 
 void frmGrila::sterge() {
-  const QString number = header_->typed().value(editor_.kind().numberColumn).trimmed();
-  if (number.isEmpty() || editor_.isNew()) throw RuleError(editor_.kind().texts.nothingToDelete);
-  if (Mesaj(editor_.kind().texts.confirmDeletion.arg(number), kYesNo + kQuestion, "Confirmare stergere") !=
-      kResultYes)
+  editor_.headerTyped(header_->typed());
+  editor_.checkDeletion();
+  if (Mesaj(editor_.kind().texts.confirmDeletion.arg(editor_.number()), kYesNo + kQuestion,
+            "Confirmare stergere") != kResultYes)
     return;
   editor_.remove();
   newDocument();
 }
 
 void frmGrila::print() {
+  editor_.checkPrinting(header_->typed());
+  printStored();
+}
+
+void frmGrila::printStored() {
   const QHash<QString, QString> typed = header_->typed();
-  editor_.checkPrinting(typed);
   const bool foreign = typed.value(QStringLiteral("chkDeviza")) == QStringLiteral("-1");
   listDocument(editor_.kind().prefix, typed.value(editor_.kind().numberColumn).trimmed(), foreign, this);
 }
@@ -314,6 +319,7 @@ void frmGrila::print() {
 void frmGrila::AfisareAntet() {
   header_->fill(editor_.headerTexts(), editor_.numberLocked());
   header_->showState(editor_.isNew() ? "Document nou, nesalvat" : "Document nevalidat");
+  documentShown();
 }
 
 void frmGrila::DetaliiFactura() { lineModel_->documentChanged(); }

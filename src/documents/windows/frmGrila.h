@@ -38,7 +38,26 @@ class frmGrila : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
   DocumentEditor& editor() { return editor_; }
+  HeaderForm* header() { return header_; }
+  LineGrid* lines() { return lines_; }
+  TDBGrid* drafts() { return drafts_; }
+  QCheckBox* bySupplierCode() { return bySupplierCode_; }
 
+  /// The command for a new document.
+  virtual void startDocument() { newDocument(); }
+  /// Prints the document on screen.
+  virtual void print();
+  /// Clears for a new document.
+  void newDocument();
+  /// Stores the header and goes on to the lines.
+  void save();
+  /// Prints the document as it is stored on an ordinary printer.
+  void printStored();
+  /// Shows the editor's document: header, lines and the drafts beside it.
+  void showDocument();
+
+  /// Called when a document is shown, after its header.
+  virtual void documentShown() {}
   /// Called when something in the header has changed, after the document has been told.
   virtual void headerTouched() {}
   /// Called when the user has chosen something in a field of the header, after the document has followed.
@@ -67,19 +86,14 @@ class frmGrila : public QWidget {
   void buildLines(const ArticleList& articles);
   void orderTabs();
 
-  void newDocument();
-  void save();
   void validate();
   void sterge();
-  void print();
   void openSelected();
 
   void Salvare();
   void AfisareAntet();
   void DetaliiFactura();
   void GridFooterText();
-  /// Shows the editor's document: header, lines and the drafts beside it.
-  void showDocument();
   void refreshDrafts();
   void showRule(const RuleError& rule);
   void followHeader();

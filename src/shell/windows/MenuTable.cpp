@@ -16,6 +16,7 @@
 #include "config/windows/frmValute.h"
 #include "documents/windows/frmGRILABonConsum.h"
 #include "documents/windows/frmGRILABonIntr.h"
+#include "documents/windows/frmGrilaCS.h"
 #include "documents/windows/frmGrilaFC2.h"
 #include "documents/windows/frmGrilaFF.h"
 #include "reports/windows/frmRapJTVA.h"
@@ -81,7 +82,7 @@ std::vector<MenuEntry> entries() {
       {"mnuCumpComanda", "&Comanda", Opens::One, "frmGrilaCOMF", nullptr},
 
       {"mnuVanzari", "&Vanzari", Opens::Menu, {}},
-      {"mnuCasa", "&Casa", Opens::New, "frmGrilaCS", nullptr},
+      {"mnuCasa", "&Casa", Opens::New, "frmGrilaCS", make<frmGrilaCS>},
       {"mnuVanzFactura", "&Factura", Opens::Modal, "frmGrilaFC2", make<frmGrilaFC2>},
       {"", "", Opens::Separator, {}},
       {"mnuVanzariProforma", "&Proforma", Opens::One, "frmGrilaPRO", nullptr},

@@ -102,7 +102,7 @@ bool EntryGrid::commitPending() {
   QWidget* open = editor_;
   commitData(open);
   const bool taken = !refused_ && !cause_;
-  if (taken || policy_ == Refused::Reverted) closeEditor(open, QAbstractItemDelegate::NoHint);
+  if (!refused_) closeEditor(open, QAbstractItemDelegate::NoHint);
   return taken;
 }
 
@@ -110,7 +110,7 @@ void EntryGrid::commitData(QWidget* widget) {
   auto* line = qobject_cast<QLineEdit*>(widget);
   // A box, also one shown while the text is taken over, takes the focus from the editor, which asks again.
   if (telling_ || taking_ || !line || widget != editor_ || !editing_.isValid()) return;
-  if (policy_ == Refused::Reverted && cause_) return;
+  if (cause_ && !refused_) return;
   if (leavesUntouched(line, editing_)) {
     refused_.clear();
     return;
@@ -120,15 +120,18 @@ void EntryGrid::commitData(QWidget* widget) {
     take(line, editing_);
     refused_.clear();
     initialText_ = line->text();
+  } catch (const SetBack&) {
+    refused_.clear();
+    refuse(std::current_exception());
   } catch (...) {
-    refuse(widget, std::current_exception());
+    if (policy_ == Refused::Kept) refused_ = widget;
+    refuse(std::current_exception());
   }
 }
 
 // The box is shown once the event that left the cell is over: shown inside it, the text would be lost.
-void EntryGrid::refuse(QWidget* widget, std::exception_ptr cause) {
+void EntryGrid::refuse(std::exception_ptr cause) {
   const bool waiting = static_cast<bool>(cause_);
-  if (policy_ == Refused::Kept) refused_ = widget;
   cause_ = std::move(cause);
   if (!waiting) QMetaObject::invokeMethod(this, &EntryGrid::tellRefusal, Qt::QueuedConnection);
 }

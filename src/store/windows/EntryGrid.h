@@ -8,6 +8,7 @@
 #include <QPointer>
 
 #include "store/windows/TDBGrid.h"
+#include "util/Errors.h"
 
 class QLineEdit;
 
@@ -15,6 +16,12 @@ namespace velmar {
 
 /// Refuses the text of a cell without a word.
 class QuietRefusal : public std::exception {};
+
+/// Refuses the text of a cell, which shows again what it held, whatever becomes of refused texts else.
+class SetBack : public RuleError {
+ public:
+  using RuleError::RuleError;
+};
 
 class EntryGrid : public TDBGrid {
   Q_OBJECT
@@ -66,7 +73,7 @@ class EntryGrid : public TDBGrid {
 
  private:
   friend class EntryDelegate;
-  void refuse(QWidget* editor, std::exception_ptr cause);
+  void refuse(std::exception_ptr cause);
   void tellRefusal();
   void leaveWithEnter(QWidget* editor);
 

@@ -39,8 +39,7 @@ constexpr int kPercents[] = {50, 75, 100, 125, 150, 200, 300};
 
 }  // namespace
 
-frmPrevizualizare::frmPrevizualizare(PrintJob& job, QWidget* parent)
-    : QDialog(parent), job_(job) {
+frmPrevizualizare::frmPrevizualizare(PrintJob& job, QWidget* parent) : QDialog(parent), job_(job) {
   setObjectName("frmPrevizualizare");
   setWindowTitle(QStringLiteral("Previzualizare - %1").arg(job.name()));
   setWindowFlag(Qt::WindowMaximizeButtonHint);

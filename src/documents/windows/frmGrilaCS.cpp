@@ -1,0 +1,53 @@
+#include "documents/windows/frmGrilaCS.h"
+
+#include <QCheckBox>
+
+#include "config/Lists.h"
+#include "config/Session.h"
+#include "documents/windows/HeaderForm.h"
+#include "documents/windows/LineGrid.h"
+#include "util/Messages.h"
+
+namespace velmar {
+
+frmGrilaCS::frmGrilaCS(QWidget* parent)
+    : frmGrila(QStringLiteral("BS"), articleListWithCostOrPrice({}), parent) {
+  bySupplierCode()->hide();  // the counter knows an article by its own code alone
+  lines()->setLastColumn("CANT");
+  documentShown();
+  const DocumentKind& kind = editor().kind();
+  if (!editor().headerTexts().value(kind.partnerColumn).isEmpty()) return;
+  for (const auto& check : kind.headerChecks)
+    if (check.check == HeaderCheck::CashPartnerMissing) Mesaj(check.text);
+}
+
+// A new sale stands before its first line.
+void frmGrilaCS::startDocument() {
+  newDocument();
+  save();
+}
+
+void frmGrilaCS::print() {
+  const ReceiptOutcome outcome = editor().printReceipt(header()->typed());
+  if (outcome == ReceiptOutcome::OnPaper) {
+    printStored();
+    return newDocument();
+  }
+  showDocument();
+  drafts()->setEnabled(outcome != ReceiptOutcome::Printed);
+  if (outcome == ReceiptOutcome::Printed) findChild<QWidget*>("cmdValidare")->setFocus();
+}
+
+// What the register was told stands.
+void frmGrilaCS::documentShown() {
+  const bool isFrozen = editor().isFrozen();
+  for (const QString& field : editor().kind().receipt.frozen) header()->setFieldEnabled(field, !isFrozen);
+  header()->setFieldEnabled("CheckCasaMarcat", !session().CasaMarcat.trimmed().isEmpty());
+  drafts()->setEnabled(true);
+  if (editor().isPrinted())
+    header()->showState("Bon tiparit pe casa de marcat, nevalidat");
+  else if (isFrozen)
+    header()->showState("Bon trimis la casa de marcat: nu se stie daca a iesit");
+}
+
+}  // namespace velmar

@@ -1,0 +1,19 @@
+// The cash sale's window: the common one, worked with a bar-code reader, which prints on the fiscal register.
+#pragma once
+
+#include "documents/windows/frmGrila.h"
+
+namespace velmar {
+
+class frmGrilaCS : public frmGrila {
+  Q_OBJECT
+ public:
+  explicit frmGrilaCS(QWidget* parent = nullptr);
+
+ protected:
+  void startDocument() override;
+  void print() override;
+  void documentShown() override;
+};
+
+}  // namespace velmar

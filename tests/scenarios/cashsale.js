@@ -1,0 +1,354 @@
+// Cash sales through the real windows: the customer CASA, numbers, lines scanned at the counter, receipts on four
+// registers played by scripts, what a printed sale still allows, ledger and notes, the average cost.
+
+const year = today().substring(0, 4);
+const app = paths().app + "/";
+const drive = paths().drive + "/";
+
+function seed() {
+  sql("INSERT INTO G_FAMART (COD, DENUMIRE, CONTSTOCMARFA, CONTCHELT, CONTVEN, CONTSTOCPROD) VALUES (1, 'Marfuri', '371', '607', '707', '345')");
+  const insert = "INSERT INTO G_ARTMAG (CODART, DENART, UM, FAMART, COST, STOC, PRETVFT, PROVENIENTA, FARASTOC, ID, CODPRODFUR) " +
+                 "VALUES (?, ?, 'Buc', 1, ?, ?, ?, 'M', ?, ?, ?)";
+  sql(insert, "M1", "Marfa intai", 20, 10, 20, 0, 7, "F1");
+  sql(insert, "S1", "Transport", 0, 0, 25, -1, 8, "F2");
+  sql("UPDATE G_ARTMAG SET CODDEVIZAVANZ = 'EUR' WHERE CODART = 'S1'");
+  sql("INSERT INTO \"Articole - Discounturi\" (CodArticol, CantMin, CantMax, Discount) VALUES ('M1', 2, 9, 5)");
+  for (const [number, price] of [["1", 10], ["2", 20]]) {
+    sql("INSERT INTO G_DOCUME (ID, TIP, TIPIE, DATADOC, CODMAG) VALUES (?, 'FF', 'I', ?, 1)", "FF" + number, year + "-01-0" + number);
+    sql("INSERT INTO G_FACFUR (NUMFAC, DATAFAC, VALIDAT) VALUES (?, ?, -1)", number, year + "-01-0" + number);
+    sql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT, CANTRAMASA, PRETFT, COST, VALCOST, CODMAG) VALUES (?, 1, 'M1', 5, 5, ?, ?, ?, 1)",
+        "FF" + number, price, price, 5 * price);
+  }
+}
+
+let w, lines;
+
+function press(button, ...answers) {
+  answers.forEach((caption) => answer(caption));
+  w.click(button);
+}
+
+function refused(button, text, more) {
+  press(button, "OK");
+  expectMessage(text, more);
+  noMessage();
+}
+
+function register(letter) {
+  sql("UPDATE kt_par SET CASAMARCAT = ?, CASAMARCAT_Nr = 20", letter);
+  call("InitParaSoc");
+  if (w) w.close();
+  menu("mnuCasa");
+  w = win("frmGrilaCS");
+  lines = w.grid("TDBGrid1");
+}
+
+function newSale(...articles) {
+  w.click("cmdFacturaNoua");
+  noMessage();
+  articles.forEach(([code, quantity]) => lines.addLine(code, quantity));
+  key("Esc");
+  return w.text("txtFields(0)");
+}
+
+function validated() {
+  press("cmdValidare", "OK");
+  expectMessage("Bonul a fost salvat cu succes in Articole si Documente !", {title: "Confirmare salvare"});
+  noMessage();
+}
+
+const note = (number) => sql("SELECT CONT, DEBIT, CREDIT FROM kt_linii WHERE DOC = ? ORDER BY NDI, NRLINIE", number)
+    .map((row) => row.CONT + (row.DEBIT ? " D " + row.DEBIT : " C " + row.CREDIT));
+const cells = (row, ...columns) => columns.map((column) => lines.cell(row, column));
+const marks = (number) => sql("SELECT LISTAT, TIPARIRE, VALIDAT FROM G_BONCASA WHERE NUMFAC = ?", number)
+    .map((row) => [row.LISTAT, row.TIPARIRE || 0, row.VALIDAT])[0];
+const program = (path, text) => writeFile(path, "#!/bin/sh\n" + text + "\n", true);
+
+function left(path) {  // what a program that is not waited for has written
+  for (let waited = 0; waited < 10000 && !exists(path); waited += 50) wait(50);
+  return readFile(path);
+}
+
+// Without a third party named CASA there is no sale.
+company({method: "FIFO"});
+seed();
+answer("OK");
+menu("mnuCasa");
+expectMessage("Va rugam creati un client denumit CASA, in tabela TERTI ");
+w = win("frmGrilaCS");
+refused("cmdSalvare", "Va rugam creati un client denumit CASA, in tabela TERTI ", {icon: "critical"});
+refused("cmdFacturaNoua", "Va rugam creati un client denumit CASA, in tabela TERTI ");
+equal(sql("SELECT NUMFAC FROM G_BONCASA"), [], "nothing stored");
+w.close();
+sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (4, 'CASA', 'C')");
+sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (5, 'CLIENT SRL', 'C')");
+w = null;
+register(" ");
+equal([w.title(), w.text("txtFields(1)"), w.text("Label2"), w.text("cboModPlata"), w.text("TextNrCaractere"), w.text("txtFields(0)")],
+      ["Bonuri de Casa", "4", "CASA", "NUMERAR", "20", "1"], "what a sale begins with");
+equal([w.value("CheckCasaMarcat"), w.isEnabled("CheckCasaMarcat"), w.value("CheckCard"), w.value("chkNoteContabile"), w.isVisible("CheckCODP")],
+      [false, false, false, true, false], "boxes without a register");
+
+// The number comes after drafts and ledger; another workstation may take it first.
+sql("INSERT INTO G_DOCUME (ID, TIP, DATADOC) VALUES ('BS40', 'BS', ?)", year + "-01-01");
+w.click("cmdFacturaNoua");
+equal([w.text("txtFields(0)"), w.isReadOnly("txtFields(0)")], ["41", true], "behind the ledger");
+equal(sql("SELECT NUMFAC, CODCLI, MODREG, VALIDAT, LISTAT FROM G_BONCASA"),
+      [{NUMFAC: "41", CODCLI: 4, MODREG: 1, VALIDAT: 0, LISTAT: 0}], "a draft before its first line");
+press("cmdSterge", "Da");
+expectMessage("Sunteti sigur ca doriti sa stergeti bonul 41 ?");
+sql("DELETE FROM G_DOCUME WHERE ID = 'BS40'");
+sql("INSERT INTO G_BONCASA (NUMFAC, VALIDAT, DATAFAC, CODCLI, Magazie) VALUES ('41', 0, ?, 4, 9)", today());
+w.click("cmdSalvare");
+equal(w.text("txtFields(0)"), "42", "the next one after the other's");
+
+// Code, quantity, next: by keyboard alone. The same article may come twice.
+for (const text of ["M1", "3", "S1", "2", "M1", "1"]) {
+  for (const letter of text) key(letter);
+  key("Enter");
+}
+key("Esc");
+// 20 less 5 % is 19, times 3 is 57 with VAT 10.83; 2 x 25 is 50 with 9.50; 1 x 20 with 3.80.
+equal(cells(0, "CODART", "CANT", "DiscountArticol", "ValoareFTCuDiscount", "VALOAREFT", "VALOARETVA", "VALOARETTI", "COST"),
+      ["M1", "3,000", "5,00", "19,00", "57,00", "10,83", "67,83", "30,00"], "a discount");
+equal(cells(1, "CODART", "VALOAREFT", "VALOARETVA"), ["S1", "50,00", "9,50"], "a service");
+equal(cells(2, "CODART", "VALOAREFT", "COST"), ["M1", "20,00", "10,00"], "once more");
+equal([lines.footer("VALOAREFT"), lines.footer("VALOARETVA"), lines.footer("VALOARETTI")], ["127,00", "24,13", "151,13"], "footers");
+for (const [column, text, why] of [["CODART", "F1", "Articolul cu codul F1 nu exista "],
+                                   ["CANT", "-1", "Va rugam introduceti o valoare numerica pozitiva pentru Cantitate !"],
+                                   ["CANT", "x", "Va rugam introduceti o valoare numerica pentru Cantitate !"],
+                                   ["PRETFT", "-2", "Va rugam introduceti o valoare numerica pozitiva pentru Pret unitar !"]]) {
+  answer("OK");
+  lines.enter(0, column, text);
+  expectMessage(why);
+  key("Esc");
+}
+// A price in the article's currency, with and without a rate of the day.
+answer("OK");
+lines.enter(1, "PRETVALUTA", "6");
+expectMessage("Nu este introdus cursul pe ziua : " + today().split("-").reverse().join("/"));
+equal(lines.cell(1, "PRETFT"), "25,00", "unchanged");
+sql("INSERT INTO kt_val2 (COD, DATA, CURS) VALUES ('EUR', ?, 5.5)", today());
+lines.enter(1, "PRETVALUTA", "5");
+key("Esc");
+equal(cells(1, "PRETFT", "ValoareFTCuDiscount", "VALOAREFT"), ["27,50", "27,50", "55,00"], "5 at 5.50");
+lines.enter(1, "PRETFT", "25");
+key("Esc");
+
+// Validated without a receipt, since there is no register. 4 of M1 cost 10 each: the first lot.
+shot("bon-de-casa");
+validated();
+equal(sql("SELECT TOTALFT, TOTALTVA, TOTALCOST, MODREG, TIP, TIPIE, CODTERT, CODDEV FROM G_DOCUME WHERE ID = 'BS42'"),
+      [{TOTALFT: 127, TOTALTVA: 24.13, TOTALCOST: 40, MODREG: 1, TIP: "BS", TIPIE: "E", CODTERT: 4, CODDEV: "LEI"}], "ledger");
+equal(sql("SELECT ARTID, CANT, PRETFT, PRETTTI, COST, VALCOST FROM G_LDOCUM WHERE DOCID = 'BS42' ORDER BY LINIE"),
+      [{ARTID: "M1", CANT: 3, PRETFT: 19, PRETTTI: 22.61, COST: 10, VALCOST: 30},
+       {ARTID: "S1", CANT: 2, PRETFT: 25, PRETTTI: 29.75, COST: 0, VALCOST: 0},
+       {ARTID: "M1", CANT: 1, PRETFT: 20, PRETTTI: 23.8, COST: 10, VALCOST: 10}], "ledger lines");
+equal(note("42"), ["707 C 127", "4427 C 24.13", "5311 D 151.13", "607 D 40", "371 C 40"], "notes");
+equal(sql("SELECT JURNAL, TIPDOC FROM kt_linii WHERE DOC = '42' ORDER BY NDI, NRLINIE").map((row) => [row.JURNAL, row.TIPDOC]).filter((row, i) => i === 0 || i === 3),
+      [["RC", null], [call("ParametruSocietate", "JURBONCONS"), "BS"]], "journals, and the stamp on the last note");
+equal(sql("SELECT STOC FROM G_ARTMAG WHERE CODART = 'M1'"), [{STOC: 6}], "stock");
+equal(sql("SELECT ID_I, CANT FROM G_I_E WHERE ID_E = '42'"), [{ID_I: "FF1", CANT: 4}], "one link to the lot");
+equal([call("disagreementText"), w.text("txtFields(0)")], ["", "43"], "all agrees, and the next number");
+
+// Printing: its checks in their order, and the registers that are not installed.
+register("D");
+equal([w.value("CheckCasaMarcat"), w.isEnabled("CheckCasaMarcat")], [true, true], "a register");
+w.click("cmdSalvare");
+refused("cmdTiparire", "Bonul nu contine nici un articol ! ");
+w.set("dtpDataFactura", (Number(year) - 1) + "-12-31");
+refused("cmdTiparire", "Data documentului trebuie sa fie cuprinsa in exercitiul financiar!");
+refused("cmdValidare", "Data documentului trebuie sa fie cuprinsa in exercitiul financiar!");
+w.set("dtpDataFactura", today());
+refused("cmdValidare", "Bonul nu contine nici un articol ! Validare nereusita !");
+lines.addLine("M1", "0");
+key("Esc");
+refused("cmdTiparire", "Cantitatea pentru articolul cu codul M1 trebuie sa fie diferita de zero ! Validarea nu se poate efectua !");
+lines.enter(0, "CANT", "7");
+key("Esc");
+refused("cmdValidare", "Articolul: M1 are disponibil in stoc numai 6");
+lines.enter(0, "CANT", "1");
+key("Esc");
+w.type("txtFields(1)", "");
+refused("cmdTiparire", "Va rog selectati un client!");
+w.type("txtFields(1)", "4");
+refused("cmdValidare", "Bonul nu a fost tiparit pe casa de marcat.Dupa validare nu mai poate fi tiparit.");
+const first = w.text("txtFields(0)");
+for (const [letter, name] of [["D", "DATECS"], ["P", "PARTNER"], ["A", "ACTIVA"], ["O", "OPTIMA"]]) {
+  register(letter);
+  w.grid("TDBGrid2").select(0);
+  equal(w.text("txtFields(0)"), first, "the draft");
+  refused("cmdTiparire", "Programul de comunicatie cu casa de marcat " + name + " nu este instalat");
+  equal(w.text("txtFields(0)"), String(Number(first) + 1), "on to a new sale");
+  equal(marks(first), [0, 0, 0], "not printed");
+}
+
+// Datecs and Help Micro count as printed once started; what is missing leaves the sale unprinted.
+writeFile(drive + "COMANDA.TXT", "");
+register("D");
+w.grid("TDBGrid2").select(0);
+refused("cmdTiparire", "Va rog configurati calea catre programul DatPrint asociat cu casa de marcat!", {icon: "information"});
+equal([marks(first), lines.isLocked(0, "CANT")], [[0, 0, 0], false], "still open");
+program(drive + "Program Files/Datecs/DatPrint/DatPrint.exe", "cp \"$1\" \"$1.tmp\"; mv \"$1.tmp\" \"$1.read\"");
+w.click("cmdTiparire");
+noMessage();
+equal(left(drive + "COMANDA.TXT.read"),
+      "H,1,______,_,__;\r\nS,1,______,_,__;Marfa intai;23.80;1.000;1;1;1;0;0;\r\nP,1,______,_,__;Va Multumim!;;;;;\r\n" +
+      "T,1,______,_,__;\r\nF,1,______,_,__;\r\n", "the receipt");
+equal(marks(first), [-1, 0, 0], "printed");
+
+// From here on it can only be validated.
+function expectLocked(what) {
+  equal([lines.rows(), lines.isLocked(0, "CANT"), lines.isLocked(0, "CODART"), w.isEnabled("dtpDataFactura"), w.isEnabled("cboTVA"), w.isEnabled("txtFields(2)")],
+        [1, true, true, false, false, false], what);
+}
+expectLocked("locked");
+equal([w.isEnabled("TDBGrid2"), w.hasFocus("cmdValidare")], [false, true], "and to be validated next");
+refused("cmdTiparire", "Bonul a fost tiparit pe casa de marcat. Nu mai poate fi tiparit inca odata.");
+refused("cmdSterge", "Bonul a fost tiparit pe casa de marcat si nu poate fi sters");
+refused("cmdSalvare", "Bonul a fost tiparit pe casa de marcat si nu mai poate fi modificat");
+lines.deleteRow(0);
+equal(sql("SELECT COUNT(*) AS N FROM G_LBONCASA WHERE NUMFAC = ?", first), [{N: 1}], "the line stands");
+newSale(["S1", "1"]);
+check(!lines.isLocked(0, "CANT") && w.isEnabled("dtpDataFactura") && w.isEnabled("TDBGrid2"), "a new sale is open");
+const second = w.text("txtFields(0)");
+w.grid("TDBGrid2").select(1);
+equal(w.text("txtFields(0)"), first, "the printed one again");
+expectLocked("still locked");
+shot("bon-tiparit");
+w.set("CheckCasaMarcat", false);
+validated();
+equal([marks(first), note(first)], [[-1, 0, -1], ["707 C 20", "4427 C 3.8", "5311 D 23.8", "607 D 10", "371 C 10"]], "validated");
+
+// Help Micro, by card, into the warehouse's own journal.
+sql("INSERT INTO kt_jur (COD, TITLU, TIP, CONT) VALUES ('CS1', 'Casa 1', 'C', '5314')");
+sql("UPDATE G_MULTIMAGAZIE SET JURNAL = 'CS1' WHERE COD = 1");
+const partner = drive + "Program Files/Help Micro/Fiscal Printer/";
+writeFile(partner + "SCRIPT1.cmd", "");
+program(partner + "vsu.exe", "cp SCRIPT1.cmd read.tmp; mv read.tmp read");
+register("P");
+w.grid("TDBGrid2").select(0);
+equal(w.text("txtFields(0)"), second, "the open one");
+lines.addLine("M1", "2");
+key("Esc");
+w.set("CheckCard", true);
+equal([w.text("txtFields(3)"), w.text("cboModPlata")], ["Incasare card", "ALTELE"], "by card");
+w.set("CheckCard", false);
+equal([w.text("txtFields(3)"), w.text("cboModPlata")], ["", "NUMERAR"], "in cash again");
+w.set("CheckCard", true);
+w.click("cmdTiparire");
+noMessage();
+// 2 x 20 less 5 %: (20 - 19) x 2 x 1.19 x 100 hundredths.
+equal(left(partner + "read"), "S;8;Transport;29.75;1.000;1;1;1;;\r\nS;7;Marfa intai;23.80;2.000;1;1;1;;\r\nD;0;238.00;\r\nT;3;;;\r\n", "by card");
+w.close();
+w = null;
+register("P");
+w.grid("TDBGrid2").select(0);
+equal(w.value("CheckCard"), true, "a card is known again by its remark");
+validated();
+// 25 + 38 and VAT 4.75 + 7.22; the last piece of the first lot was sold before, so 2 x 20.
+equal([note(second), sql("SELECT DISTINCT JURNAL FROM kt_linii WHERE DOC = ? AND CONT = '5125'", second), sql("SELECT MODREG FROM G_DOCUME WHERE ID = ?", "BS" + second)],
+      [["707 C 63", "4427 C 11.97", "5125 D 74.97", "607 D 40", "371 C 40"], [{JURNAL: "CS1"}], [{MODREG: 4}]], "notes by card");
+
+// ACTIVA: a register that refuses, one that crashes, and one that never answers.
+writeFile(app + "TX.TXT", "");
+register("A");
+const third = newSale(["M1", "1"]);
+for (const failure of ["exit 3", "kill -SEGV $$"]) {
+  program(app + "start.bat", failure);
+  press("cmdTiparire", "OK", "OK");
+  expectMessage("Casa de marcat nu este pregatita !");
+  expectMessage("Bonul nu poate fi tiparit pe casa de marcat.");
+  equal([marks(third), lines.isLocked(0, "CANT")], [[0, 0, 0], false], failure);
+}
+program(app + "start.bat", "exec sleep 20");
+const question = "Bonul " + third + " a fost trimis la casa de marcat si nu se stie daca a iesit. Verificati. A iesit bonul din casa de marcat ?";
+w.click("cmdTiparire");
+equal(marks(third), [0, 1, 0], "known to be sent before the register answers");
+answer("Anulare");
+win("frmAsteptare").click("cmdRenunta");
+expectMessage(question, {title: "Casa de marcat", icon: "question"});
+expectLocked("as it was sent");
+refused("cmdSterge", "Bonul a fost trimis la casa de marcat si nu se stie daca a iesit. Apasati Tiparire pentru a spune.");
+
+// Whoever finds it so, also after a crash, is asked before anything is sent once more.
+register("A");
+w.grid("TDBGrid2").select(0);
+expectLocked("found again");
+press("cmdTiparire", "Anulare");
+expectMessage(question);
+equal([marks(third), isOpen("frmAsteptare")], [[0, 1, 0], false], "nothing sent");
+press("cmdTiparire", "Nu");
+expectMessage(question);
+equal(marks(third), [0, 2, 0], "the second attempt");
+answer("Nu");
+answer("OK");
+win("frmAsteptare").click("cmdRenunta");
+expectMessage(question);
+expectMessage("Bonul nu poate fi tiparit pe casa de marcat.");
+equal([marks(third), lines.isLocked(0, "CANT")], [[0, 0, 0], false], "open again");
+program(app + "start.bat", "cp TX.TXT read; exit 0");
+w.click("cmdTiparire");
+noMessage();
+equal(readFile(app + "read"), "KARAT\r\nP\r\nPATI CUMPARAT:\r\n*Marfa intai         000023802000001000111\r\nPVA MULTUMIM!\r\n" +
+      "T0000010000CASH  \r\nEND KARAT\r\n", "the receipt");
+equal(marks(third), [-1, 0, 0], "printed");
+validated();
+equal(note(third), ["707 C 20", "4427 C 3.8", "5314 D 23.8", "607 D 20", "371 C 20"], "the warehouse's own account");
+
+// OPTIMA: an error file fails it; a receipt that came out although nobody waited counts when told.
+writeFile(app + "OPTIMA.BON", "");
+writeFile(drive + "OPTYKEY/Erori.txt", "");
+register("O");
+const fourth = newSale(["S1", "2"]);
+program(app + "OPTIKEY.EXE", "cp OPTIMA.BON read; exit 0");
+press("cmdTiparire", "OK", "OK");
+expectMessage("Casa de marcat nu este pregatita !");
+expectMessage("Bonul nu poate fi tiparit pe casa de marcat.");
+removeFile(drive + "OPTYKEY/Erori.txt");
+program(app + "OPTIKEY.EXE", "cp OPTIMA.BON read; exec sleep 20");
+w.click("cmdTiparire");
+answer("Da");
+win("frmAsteptare").click("cmdRenunta");
+expectMessage("A iesit bonul din casa de marcat ?");
+equal([marks(fourth), readFile(app + "read")], [[-1, 0, 0], "1\r\nS;Transport ;29.75;2;2;\r\nT;59.5;CASH;;;;;;;;;;;\r\n"], "told to be printed");
+validated();
+
+// Another workstation prints it under an open window: nothing of it changes here any more.
+const fifth = newSale(["S1", "2"]);
+sql("UPDATE G_BONCASA SET LISTAT = -1 WHERE NUMFAC = ?", fifth);
+answer("OK");
+lines.enter(0, "CANT", "5");
+expectMessage("Bonul a fost trimis intre timp la casa de marcat !");
+key("Esc");
+refused("cmdTiparire", "Bonul a fost tiparit pe casa de marcat. Nu mai poate fi tiparit inca odata.");
+press("cmdSterge", "Da", "OK");
+expectMessage("Sunteti sigur");
+expectMessage("Bonul a fost trimis intre timp la casa de marcat !");
+equal(sql("SELECT CANT FROM G_LBONCASA WHERE NUMFAC = ?", fifth), [{CANT: 2}], "as it was printed");
+validated();
+
+// Without the box the receipt belongs on an ordinary printer; a new sale follows.
+const sixth = newSale(["S1", "1"]);
+w.set("CheckCasaMarcat", false);
+w.click("cmdTiparire");
+noMessage();
+equal([marks(sixth), w.text("txtFields(0)"), w.value("CheckCasaMarcat")], [[0, 0, 0], String(Number(sixth) + 1), false], "not fiscal");
+equal(call("disagreementText"), "", "all agrees");
+
+// The average method: a line tells the cost of one piece, the ledger that of the line. 3 and 2 at 2.50.
+company({method: "MP"});
+seed();
+sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (4, 'CASA', 'C')");
+sql("UPDATE G_ARTMAG SET COST = 2.5 WHERE CODART = 'M1'");
+w = null;
+register(" ");
+const average = newSale(["M1", "3"], ["M1", "2"]);
+equal([cells(0, "COST"), cells(1, "COST")], [["2,50"], ["2,50"]], "of one piece");
+validated();
+equal(sql("SELECT COST, VALCOST FROM G_LDOCUM WHERE DOCID = ? ORDER BY LINIE", "BS" + average),
+      [{COST: 2.5, VALCOST: 7.5}, {COST: 2.5, VALCOST: 5}], "ledger lines");
+equal(sql("SELECT TOTALCOST FROM G_DOCUME WHERE ID = ?", "BS" + average), [{TOTALCOST: 12.5}], "ledger");
+// 3 and 2 at 19: 57 and 38, VAT 10.83 and 7.22.
+equal(note(average), ["707 C 95", "4427 C 18.05", "5311 D 113.05", "607 D 12.5", "371 C 12.5"], "notes");
+equal(call("disagreementText"), "", "all agrees");
