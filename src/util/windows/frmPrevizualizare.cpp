@@ -86,7 +86,7 @@ QLayout* frmPrevizualizare::toolRow() {
   cmdInapoi_ = tool("cmdInapoi", "<", "Pagina dinainte (PageUp)", {}, [this] { turnTo(page_ - 1); });
   cmdInainte_ = tool("cmdInainte", ">", "Pagina urmatoare (PageDown)", {}, [this] { turnTo(page_ + 1); });
   cmdUltima_ = tool("cmdUltima", ">|", "Ultima pagina (End)", {}, [this] {
-    countToTheEnd();
+    countTo(kUnknownEnd);
     turnTo(pageCount_ - 1);
   });
   for (QPushButton* button : {cmdPrima_, cmdInapoi_, cmdInainte_, cmdUltima_})
@@ -147,7 +147,7 @@ bool frmPrevizualizare::takeKey(const QKeyEvent& event) {
       return work([this] { turnTo(0); });
     case Qt::Key_End:
       return work([this] {
-        countToTheEnd();
+        countTo(kUnknownEnd);
         turnTo(pageCount_ - 1);
       });
     case Qt::Key_Plus:
@@ -215,7 +215,7 @@ QListView* frmPrevizualizare::pageList() {
 
 void frmPrevizualizare::countOn() {
   counting_.stop();  // what fails is told once
-  job_.countOn(kCountingSlice);
+  if (!job_.isCounted()) job_.countOn(kCountingSlice);
   pagesCounted();
   if (!job_.isCounted()) return counting_.start();
   drawn_.clear();  // pages may tell how many there are
@@ -223,9 +223,10 @@ void frmPrevizualizare::countOn() {
 }
 
 // Throws Cancelled when the user does not wait for it.
-void frmPrevizualizare::countToTheEnd() {
-  if (job_.isCounted()) return;
-  countPages(job_, this);
+void frmPrevizualizare::countTo(int page) {
+  if (page < pageCount_ || job_.isCounted()) return;
+  WorkProgress progress("Numararea paginilor", this);
+  while (page >= job_.knownPages() && !job_.isCounted()) progress.show(job_.countOn(kCountingSlice), 100);
   countOn();
 }
 
@@ -247,7 +248,7 @@ void frmPrevizualizare::pagesCounted() {
 }
 
 void frmPrevizualizare::turnTo(int page) {
-  if (page >= pageCount_) countToTheEnd();
+  countTo(page);
   const int wanted = std::clamp(page, 0, pageCount_ - 1);
   const bool back = wanted < page_;
   const bool turned = std::exchange(page_, wanted) != wanted;
@@ -326,7 +327,7 @@ void frmPrevizualizare::showPage() {
 void frmPrevizualizare::search() {
   const QString text = txtCautare_->text().trimmed();
   if (text.isEmpty()) return;
-  countToTheEnd();
+  countTo(kUnknownEnd);
   WorkProgress progress("Cautare", this);
   for (int step = 1; step <= pageCount_; ++step) {
     progress.show(step - 1, pageCount_);

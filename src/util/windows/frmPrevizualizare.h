@@ -39,7 +39,8 @@ class frmPrevizualizare : public QDialog {
   QListView* pageList();
   /// Counts pages while nothing else is to be done, and shows how many there are.
   void countOn();
-  void countToTheEnd();
+  /// Counts until that page is known, or all are.
+  void countTo(int page);
   void pagesCounted();
   void turnTo(int page);
   void scrollOrTurn(int step);
