@@ -1,5 +1,5 @@
-// What the parts of a layout are described by: the name, the kind and the range of each of their members, told
-// to an "archive" that reads them, writes them, shows or changes them.
+// What the parts of a layout are described by: the name, the kind and the range of each of their members,
+// told to an "archive" that reads them, writes them, shows or changes them.
 #pragma once
 
 #include <array>
@@ -13,11 +13,14 @@ namespace velmar::layout {
 template <typename Enum>
 using Choices = std::vector<std::pair<Enum, const char*>>;
 
-inline const Choices<Align> kAligns = {{Align::Left, "left"}, {Align::Centre, "centre"}, {Align::Right, "right"}};
+inline const Choices<Align> kAligns = {
+    {Align::Left, "left"}, {Align::Centre, "centre"}, {Align::Right, "right"}};
 inline const Choices<VerticalAlign> kVerticalAligns = {
     {VerticalAlign::Top, "top"}, {VerticalAlign::Middle, "middle"}, {VerticalAlign::Bottom, "bottom"}};
-inline const Choices<Format> kFormats = {{Format::Text, "text"}, {Format::Number, "number"}, {Format::Date, "date"}};
-inline const Choices<BarCodeType> kBarCodes = {{BarCodeType::Code128, "code128"}, {BarCodeType::Ean13, "ean13"}};
+inline const Choices<Format> kFormats = {
+    {Format::Text, "text"}, {Format::Number, "number"}, {Format::Date, "date"}};
+inline const Choices<BarCodeType> kBarCodes = {{BarCodeType::Code128, "code128"},
+                                               {BarCodeType::Ean13, "ean13"}};
 inline const Choices<Pages> kPages = {
     {Pages::All, "all"}, {Pages::First, "first"}, {Pages::Following, "following"}, {Pages::Last, "last"}};
 inline const Choices<RowRole> kRoles = {

@@ -89,8 +89,7 @@ void sizeObject(const Page& page, Object& object, int sides, const QPointF& by, 
   if (sides & kTopSide) top = std::max(std::min(0.0, top), grid.snapped(top + by.y()));
   if (sides & kLeftSide) left = std::min(left, right - least);
   if (sides & kTopSide) top = std::min(top, bottom - least);
-  if (sides & kRightSide)
-    right = draggedEnd(left, right, grid.snapped(right + by.x()), least, page.width);
+  if (sides & kRightSide) right = draggedEnd(left, right, grid.snapped(right + by.x()), least, page.width);
   if (sides & kBottomSide)
     bottom = draggedEnd(top, bottom, grid.snapped(bottom + by.y()), least, page.height);
   setFrame(object, left, top, right - left, bottom - top);
@@ -128,9 +127,9 @@ void requireNoTable(const Layout& layout) {
 }
 
 bool isTaken(const Layout& layout, const QString& name) {
-  return std::any_of(
-      layout.objects.begin(), layout.objects.end(),
-      [&name](const Object& object) { return object.name.compare(name, Qt::CaseInsensitive) == 0; });
+  return std::any_of(layout.objects.begin(), layout.objects.end(), [&name](const Object& object) {
+    return object.name.compare(name, Qt::CaseInsensitive) == 0;
+  });
 }
 
 QString freeName(const Layout& layout, Kind kind) {
@@ -427,8 +426,9 @@ void equalise(Layout& layout, const Parts& parts, bool width) {
     const double least = leastSize(object);
     setFrame(object, frame.left(), frame.top(), width ? std::max(least, measure.width()) : frame.width(),
              width ? frame.height() : std::max(least, measure.height()));
-    moveAll(layout, {part}, {std::min(0.0, layout.page.width - object.frame.right()),
-                             std::min(0.0, layout.page.height - object.frame.bottom())});
+    moveAll(layout, {part},
+            {std::min(0.0, layout.page.width - object.frame.right()),
+             std::min(0.0, layout.page.height - object.frame.bottom())});
   }
 }
 

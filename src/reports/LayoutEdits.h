@@ -1,5 +1,5 @@
-// Drawing a layout: what moving, sizing, aligning, adding and removing its parts comes to, on the grid and within
-// the sheet; and the steps by which it is undone.
+// Drawing a layout: what moving, sizing, aligning, adding and removing its parts comes to, on the grid and
+// within the sheet; and the steps by which it is undone.
 #pragma once
 
 #include <functional>
@@ -13,8 +13,8 @@
 namespace velmar::layout {
 
 // Lengths are millimetres. What is drawn stays within the sheet; an object that stands outside already may
-// only come nearer. Selections are in the order in which their parts were chosen: the first is the measure for
-// the others.
+// only come nearer. Selections are in the order in which their parts were chosen: the first is the measure
+// for the others.
 
 /// What places are drawn to.
 struct Grid {
@@ -54,13 +54,13 @@ void equalise(Layout& layout, const Parts& parts, bool width);
 /// Draws the objects behind all others, or over them; gives their new places.
 Parts reorder(Layout& layout, const Parts& parts, bool toFront);
 
-/// Adds an object of that kind; an empty frame gives it its usual size there. Throws RuleError where the layout
-/// has no room for it, as for a second table.
+/// Adds an object of that kind; an empty frame gives it its usual size there. Throws RuleError where the
+/// layout has no room for it, as for a second table.
 Part add(Layout& layout, Kind kind, const QRectF& frame);
 /// Adds a text object that shows a name of the data.
 Part addText(Layout& layout, const clsFieldVarDescription& name, const QPointF& at);
-/// Adds a name of the data where it was dropped: in the table's row of lines a cell, with one above and below it
-/// in the other rows that have as many; in another row a cell of that alone; elsewhere a text object.
+/// Adds a name of the data where it was dropped: in the table's row of lines a cell, with one above and below
+/// it in the other rows that have as many; in another row a cell of that alone; elsewhere a text object.
 Part addName(Layout& layout, const clsFieldVarDescription& name, const QPointF& at);
 /// As addName() in front of or behind a cell; behind the last one of a row, or of a table's row of lines.
 Part addNameAt(Layout& layout, const clsFieldVarDescription& name, const Part& place, bool before);

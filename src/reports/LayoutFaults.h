@@ -1,5 +1,5 @@
-// What is wrong with a layout, told with its place, so that the designer can lead its user there. None of it is an
-// obstacle to saving.
+// What is wrong with a layout, told with its place, so that the designer can lead its user there. None of it
+// is an obstacle to saving.
 #pragma once
 
 #include <QStringList>
@@ -28,14 +28,15 @@ class KnownNames {
   QStringList names_;  ///< in upper case, sorted
 };
 
-/// In the order in which the parts are drawn: broken formulas, unknown names, what stands outside the sheet or
-/// does not fit into its table, rows of groups that are not there.
+/// In the order in which the parts are drawn: broken formulas, unknown names, what stands outside the sheet
+/// or does not fit into its table, rows of groups that are not there.
 std::vector<Fault> faultsOf(const Layout& layout, const KnownNames& names);
 
 /// "Text CLIENT, Formula, coloana 5: ...".
 QString textOf(const Layout& layout, const Fault& fault);
 
-/// The place in a text of that line and column, both from 1; the end of a shorter line, 0 where nothing is known.
+/// The place in a text of that line and column, both from 1; the end of a shorter line, 0 where nothing is
+/// known.
 int placeIn(const QString& text, int line, int column);
 
 }  // namespace velmar::layout

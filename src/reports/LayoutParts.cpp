@@ -84,7 +84,7 @@ QString kindName(Kind kind) {
 }
 
 QString roleName(RowRole role) {
-  static const std::array kNames = {"Antet",          "Report",   "Antet de grupa", "Linie",
+  static const std::array kNames = {"Antet",          "Report",      "Antet de grupa", "Linie",
                                     "Total de grupa", "De reportat", "Total"};
   return QLatin1String(kNames[static_cast<size_t>(role)]);
 }

@@ -61,8 +61,8 @@ Parts objectsIn(const Layout& layout, const QRectF& area);
 /// The part that Tab goes to: the next object, or the next cell of its table; `step` is 1 or -1.
 Part nextPart(const Layout& layout, const Part& from, int step);
 
-/// The cell in that direction within the table (columns to the right, rows downwards); the same where there is
-/// none.
+/// The cell in that direction within the table (columns to the right, rows downwards); the same where there
+/// is none.
 Part neighbour(const Layout& layout, const Part& cell, int right, int down);
 
 }  // namespace velmar::layout

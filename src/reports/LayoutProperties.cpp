@@ -68,21 +68,12 @@ QString captionOf(const QString& name) {
 
 // The words of the file as they are read.
 QString choiceText(const char* word) {
-  static const QHash<QString, const char*> kTexts = {{"left", "la stanga"},
-                                                     {"centre", "la mijloc"},
-                                                     {"right", "la dreapta"},
-                                                     {"top", "sus"},
-                                                     {"middle", "la mijloc"},
-                                                     {"bottom", "jos"},
-                                                     {"text", "text"},
-                                                     {"number", "numar"},
-                                                     {"date", "data"},
-                                                     {"code128", "Code 128"},
-                                                     {"ean13", "EAN 13"},
-                                                     {"all", "toate"},
-                                                     {"first", "prima"},
-                                                     {"following", "urmatoarele"},
-                                                     {"last", "ultima"}};
+  static const QHash<QString, const char*> kTexts = {
+      {"left", "la stanga"},   {"centre", "la mijloc"},      {"right", "la dreapta"},
+      {"top", "sus"},          {"middle", "la mijloc"},      {"bottom", "jos"},
+      {"text", "text"},        {"number", "numar"},          {"date", "data"},
+      {"code128", "Code 128"}, {"ean13", "EAN 13"},          {"all", "toate"},
+      {"first", "prima"},      {"following", "urmatoarele"}, {"last", "ultima"}};
   const auto text = kTexts.constFind(QLatin1String(word));
   return QLatin1String(text == kTexts.constEnd() ? word : *text);
 }
@@ -315,9 +306,9 @@ std::vector<Property> propertiesOf(const Layout& layout, const Parts& parts) {
       continue;
     }
     const auto missing = [&collector](Property& property) {
-      const auto same = std::find_if(
-          collector.properties.begin(), collector.properties.end(),
-          [&property](const Property& other) { return other.name == property.name; });
+      const auto same =
+          std::find_if(collector.properties.begin(), collector.properties.end(),
+                       [&property](const Property& other) { return other.name == property.name; });
       if (same == collector.properties.end()) return true;
       if (same->value != property.value) property.value.clear();
       return false;

@@ -274,9 +274,8 @@ void addMouseFunctions(Functions& functions, Windows& windows) {
       return QVariant();
     };
   };
-  on("mousePress", [](QWidget* widget, const QPoint& place, Qt::KeyboardModifier key) {
-    pressMouse(widget, place, key);
-  });
+  on("mousePress",
+     [](QWidget* widget, const QPoint& place, Qt::KeyboardModifier key) { pressMouse(widget, place, key); });
   on("mouseMove",
      [](QWidget* widget, const QPoint& place, Qt::KeyboardModifier) { moveMouse(widget, place); });
   on("mouseRelease", [](QWidget* widget, const QPoint& place, Qt::KeyboardModifier key) {

@@ -189,7 +189,8 @@ void DesignPainter::paintFaulty() {
     const QRectF frame = toPixels(view_, frameOf(view_.layout, part));
     painter_.setPen(cosmetic(kFaultColour, 1, Qt::DashLine));
     painter_.drawRect(frame);
-    const QPolygonF corner({frame.topRight(), frame.topRight() - QPointF(8, 0), frame.topRight() + QPointF(0, 8)});
+    const QPolygonF corner(
+        {frame.topRight(), frame.topRight() - QPointF(8, 0), frame.topRight() + QPointF(0, 8)});
     painter_.setPen(Qt::NoPen);
     painter_.setBrush(kFaultColour);
     painter_.drawPolygon(corner);

@@ -1,5 +1,5 @@
-// Draws a layout as its designer sees it: the objects as on paper with their formulas in place of values, and over
-// them frames, grid, rulers, faults and what is chosen.
+// Draws a layout as its designer sees it: the objects as on paper with their formulas in place of values, and
+// over them frames, grid, rulers, faults and what is chosen.
 #pragma once
 
 #include <optional>
@@ -24,7 +24,7 @@ struct DesignView {
   QRect viewport;
   QPalette palette;
   bool hasFocus = false;
-  std::optional<QRectF> band;    ///< of choosing or drawing, in millimetres
+  std::optional<QRectF> band;     ///< of choosing or drawing, in millimetres
   std::optional<QPointF> dropAt;  ///< where a dragged name would go
 };
 

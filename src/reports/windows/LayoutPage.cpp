@@ -19,9 +19,9 @@ using namespace layout;
 
 namespace {
 
-constexpr int kBorder = 14;          // pixels around the sheet
-constexpr int kDragDistance = 3;     // pixels after which a press is a drag
-constexpr double kTolerance = 3;     // pixels beside a frame that still belong to it
+constexpr int kBorder = 14;       // pixels around the sheet
+constexpr int kDragDistance = 3;  // pixels after which a press is a drag
+constexpr double kTolerance = 3;  // pixels beside a frame that still belong to it
 constexpr double kMillimetresPerInch = 25.4;
 
 // The names under which steps of one movement join.
@@ -120,8 +120,9 @@ QPointF LayoutPage::freePlace() const {
   const double left = grid_.snapped(std::max(corner.x(), page.left));
   double top = grid_.snapped(std::max(corner.y(), page.top));
   const auto taken = [this, left](double y) {
-    return std::any_of(state_.layout->objects.begin(), state_.layout->objects.end(),
-                       [left, y](const Object& object) { return object.frame.topLeft() == QPointF(left, y); });
+    return std::any_of(
+        state_.layout->objects.begin(), state_.layout->objects.end(),
+        [left, y](const Object& object) { return object.frame.topLeft() == QPointF(left, y); });
   };
   while (taken(top) && top < page.height - page.bottom - kDistance) top += kDistance;
   return {left, top};
@@ -166,8 +167,8 @@ void LayoutPage::paintEvent(QPaintEvent*) {
   const Grid off = {grid_.step, false};
   if (gesture_ == Gesture::Band || gesture_ == Gesture::Draw)
     band = drawnFrame(from_, now_, gesture_ == Gesture::Band ? off : grid_);
-  const DesignView view{shown(), state_.chosen,         faulty_,   grid_,      origin(), scale(),
-                        viewport()->rect(), palette(), hasFocus(), band, dropAt_};
+  const DesignView view{shown(),   state_.chosen, faulty_, grid_,  origin(), scale(), viewport()->rect(),
+                        palette(), hasFocus(),    band,    dropAt_};
   DesignPainter(painter, view).paint();
 }
 
@@ -196,9 +197,9 @@ bool LayoutPage::isChosen(const Part& part) const {
 
 // Within a table that is chosen already, a click chooses its row or cell.
 bool LayoutPage::choosesInside() const {
-  return !state_.chosen.empty() && std::all_of(state_.chosen.begin(), state_.chosen.end(), [this](const Part& p) {
-    return p.object == state_.chosen.front().object;
-  });
+  return !state_.chosen.empty() &&
+         std::all_of(state_.chosen.begin(), state_.chosen.end(),
+                     [this](const Part& p) { return p.object == state_.chosen.front().object; });
 }
 
 int LayoutPage::sidesAt(const QPointF& pixel) const {
@@ -206,8 +207,7 @@ int LayoutPage::sidesAt(const QPointF& pixel) const {
   const Part& part = state_.chosen.front();
   if (part.isPage() || !has(*state_.layout, part)) return 0;
   const QRectF frame = frameOf(*state_.layout, part);
-  for (const auto& [sides, at] :
-       handlesOf({toScreen(frame.topLeft()), frame.size() * scale()}, part)) {
+  for (const auto& [sides, at] : handlesOf({toScreen(frame.topLeft()), frame.size() * scale()}, part)) {
     const QPointF distance = at - pixel;
     if (std::abs(distance.x()) <= kHandleSize / 2.0 + 1 && std::abs(distance.y()) <= kHandleSize / 2.0 + 1)
       return sides;
@@ -330,9 +330,8 @@ void LayoutPage::finish(const QPointF& place) {
       break;
     }
     case Gesture::Draw:
-      emit changeWanted("Adaugare " + kindName(*tool_), {}, [kind = *tool_, frame](Layout& layout) {
-        return Parts{add(layout, kind, frame)};
-      });
+      emit changeWanted("Adaugare " + kindName(*tool_), {},
+                        [kind = *tool_, frame](Layout& layout) { return Parts{add(layout, kind, frame)}; });
       emit toolUsed();
       break;
     case Gesture::None:
@@ -441,7 +440,8 @@ bool LayoutPage::commandKey(const QKeyEvent& event) {
   if (event.matches(QKeySequence::Cut)) return emit cutWanted(), true;
   if (event.matches(QKeySequence::Paste)) return emit pasteWanted(), true;
   if (event.matches(QKeySequence::SelectAll)) {
-    choose(objectsIn(*state_.layout, {-2 * kLargestSheet, -2 * kLargestSheet, 6 * kLargestSheet, 6 * kLargestSheet}));
+    choose(objectsIn(*state_.layout,
+                     {-2 * kLargestSheet, -2 * kLargestSheet, 6 * kLargestSheet, 6 * kLargestSheet}));
     return true;
   }
   const bool control = event.modifiers() == Qt::ControlModifier;
@@ -509,7 +509,8 @@ bool LayoutPage::enter() {
                                 [&part](const PlacedPart& each) { return each.part.row == part.row; });
   if (part.isObject() && !inside.empty())
     choose({inside.front().part});
-  else if (part.isRow() && row != inside.end() && std::next(row) != inside.end() && std::next(row)->part.row == part.row)
+  else if (part.isRow() && row != inside.end() && std::next(row) != inside.end() &&
+           std::next(row)->part.row == part.row)
     choose({std::next(row)->part});
   else
     emit editWanted();

@@ -1,5 +1,5 @@
-// The page of a layout as it is drawn: to scale, with rulers and grid, worked with mouse and keyboard. What is
-// done here becomes a change of the layout, which its window makes.
+// The page of a layout as it is drawn: to scale, with rulers and grid, worked with mouse and keyboard. What
+// is done here becomes a change of the layout, which its window makes.
 #pragma once
 
 #include <optional>
@@ -111,8 +111,8 @@ class LayoutPage : public QAbstractScrollArea {
   QPointF from_;      ///< where the mouse was pressed, in millimetres
   QPoint fromPixel_;  ///< and in the viewport
   layout::Part under_;
-  bool adds_ = false;        ///< Ctrl was held
-  bool wasChosen_ = false;   ///< the part under the mouse, alone, before it was pressed
+  bool adds_ = false;       ///< Ctrl was held
+  bool wasChosen_ = false;  ///< the part under the mouse, alone, before it was pressed
   int sides_ = 0;
   QPointF now_;
   std::optional<QPointF> dropAt_;

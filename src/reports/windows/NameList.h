@@ -25,7 +25,8 @@ class NameList : public QTreeWidget {
   QString currentName() const;
 
  signals:
-  /// The name was chosen with Enter or a double click; `joins`: it belongs into the formula of what is chosen.
+  /// The name was chosen with Enter or a double click; `joins`: it belongs into the formula of what is
+  /// chosen.
   void nameWanted(const QString& name, bool joins);
 
  protected:

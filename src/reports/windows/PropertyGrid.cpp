@@ -46,9 +46,7 @@ class PropertyModel : public QAbstractTableModel {
   using QAbstractTableModel::QAbstractTableModel;
 
   const std::vector<Property>& properties() const { return properties_; }
-  const Property& at(const QModelIndex& index) const {
-    return properties_[static_cast<size_t>(index.row())];
-  }
+  const Property& at(const QModelIndex& index) const { return properties_[static_cast<size_t>(index.row())]; }
 
   bool hasSameNames(const std::vector<Property>& properties) const {
     return std::equal(properties.begin(), properties.end(), properties_.begin(), properties_.end(),
@@ -161,7 +159,8 @@ void PropertyGrid::editProperty(const QString& name, int column) {
 
 QString PropertyGrid::currentProperty() const {
   const QModelIndex current = currentIndex();
-  return current.isValid() && current.row() < properties_->rowCount() ? properties_->at(current).name : QString();
+  return current.isValid() && current.row() < properties_->rowCount() ? properties_->at(current).name
+                                                                      : QString();
 }
 
 // What is chosen from a few can be typed by its beginning, or picked from the list that F4 drops.
@@ -174,11 +173,12 @@ QLineEdit* PropertyGrid::makeEditor(QWidget* parent, const QModelIndex& index) {
   completer->setCaseSensitivity(Qt::CaseInsensitive);
   completer->setFilterMode(Qt::MatchContains);
   editor->setCompleter(completer);
-  connect(completer, qOverload<const QString&>(&QCompleter::activated), this, [this, editor](const QString& text) {
-    editor->setText(text);
-    editor->setModified(true);
-    leave(editor);
-  });
+  connect(completer, qOverload<const QString&>(&QCompleter::activated), this,
+          [this, editor](const QString& text) {
+            editor->setText(text);
+            editor->setModified(true);
+            leave(editor);
+          });
   auto* drop = new QAction(editor);
   drop->setShortcuts({QKeySequence(Qt::Key_F4), QKeySequence(Qt::ALT | Qt::Key_Down)});
   drop->setShortcutContext(Qt::WidgetShortcut);

@@ -94,7 +94,8 @@ void ReportPreview::showPage() {
   QPixmap picture((inches * dots).toSize().expandedTo({1, 1}));
   picture.fill(Qt::white);
   QPainter painter(&picture);
-  painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
+                         QPainter::SmoothPixmapTransform);
   sheet_->clear();  // a page that cannot be drawn must not look like the one before it
   paintSheet(painter, *job_, std::max(0, txtPagina_->value() - 1), dots);
   painter.end();

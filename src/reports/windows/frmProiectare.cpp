@@ -190,7 +190,8 @@ QWidget* frmProiectare::drawingTools() {
       {"cmdLinie", "Linie", "Deseneaza o linie", "draw-line", static_cast<int>(Kind::Line)},
       {"cmdChenar", "Chenar", "Deseneaza un chenar", "draw-box", static_cast<int>(Kind::Box)},
       {"cmdImagine", "Imagine", "Deseneaza o imagine", "draw-picture", static_cast<int>(Kind::Picture)},
-      {"cmdCodBare", "Cod de bare", "Deseneaza un cod de bare", "draw-barcode", static_cast<int>(Kind::BarCode)},
+      {"cmdCodBare", "Cod de bare", "Deseneaza un cod de bare", "draw-barcode",
+       static_cast<int>(Kind::BarCode)},
       {"cmdTabel", "Tabel", "Deseneaza tabelul liniilor", "draw-table", static_cast<int>(Kind::Table)}};
   auto* pane = new QWidget;
   auto* row = new QHBoxLayout(pane);
@@ -198,7 +199,8 @@ QWidget* frmProiectare::drawingTools() {
   tools_ = new QButtonGroup(this);
   for (const DrawingTool& each : kTools) {
     const int kind = each.kind;
-    QPushButton* button = tool(each.name, each.caption, each.toolTip, each.picture, [this, kind] { setTool(kind); });
+    QPushButton* button =
+        tool(each.name, each.caption, each.toolTip, each.picture, [this, kind] { setTool(kind); });
     button->setCheckable(true);
     tools_->addButton(button, kind - kSelect);
     row->addWidget(button);
@@ -209,8 +211,8 @@ QWidget* frmProiectare::drawingTools() {
   cmdRefacere_ = tool("cmdRefacere", {}, "Reface modificarea anulata (Ctrl+Y)", "redo", [this] { redo(); });
   cmdSalvare_ = tool("cmdSalvare", "Salveaza", "Salveaza raportul (Ctrl+S)", "save", [this] { save(); });
   for (QPushButton* button : {cmdInapoi_, cmdRefacere_, cmdSalvare_}) row->addWidget(button);
-  row->addWidget(
-      tool("cmdSalvareCa", "Salveaza ca...", "Salveaza raportul in alt fisier", "save", [this] { saveAs(); }));
+  row->addWidget(tool("cmdSalvareCa", "Salveaza ca...", "Salveaza raportul in alt fisier", "save",
+                      [this] { saveAs(); }));
   row->addWidget(tool("cmdInchide", "Inchidere", "Inchide fereastra (Esc)", "close", [this] { reject(); }));
   return pane;
 }
@@ -232,14 +234,14 @@ void frmProiectare::addArranging(QLayout* row) {
   const Arrangement arrangements[] = {
       {"cmdLaStanga", "Aliniaza la stanga primului obiect ales (Ctrl+L)", "align-left", by(Alignment::Left),
        QKeySequence("Ctrl+L")},
-      {"cmdLaCentru", "Aliniaza pe centrul primului obiect ales (Ctrl+E)", "align-centre", by(Alignment::Centre),
-       QKeySequence("Ctrl+E")},
-      {"cmdLaDreapta", "Aliniaza la dreapta primului obiect ales (Ctrl+R)", "align-right", by(Alignment::Right),
-       QKeySequence("Ctrl+R")},
+      {"cmdLaCentru", "Aliniaza pe centrul primului obiect ales (Ctrl+E)", "align-centre",
+       by(Alignment::Centre), QKeySequence("Ctrl+E")},
+      {"cmdLaDreapta", "Aliniaza la dreapta primului obiect ales (Ctrl+R)", "align-right",
+       by(Alignment::Right), QKeySequence("Ctrl+R")},
       {"cmdSus", "Aliniaza sus cu primul obiect ales (Ctrl+T)", "align-top", by(Alignment::Top),
        QKeySequence("Ctrl+T")},
-      {"cmdLaMijloc", "Aliniaza pe mijlocul primului obiect ales (Ctrl+M)", "align-middle", by(Alignment::Middle),
-       QKeySequence("Ctrl+M")},
+      {"cmdLaMijloc", "Aliniaza pe mijlocul primului obiect ales (Ctrl+M)", "align-middle",
+       by(Alignment::Middle), QKeySequence("Ctrl+M")},
       {"cmdJos", "Aliniaza jos cu primul obiect ales (Ctrl+B)", "align-bottom", by(Alignment::Bottom),
        QKeySequence("Ctrl+B")},
       {"cmdAceeasiLatime", "Aceeasi latime ca primul obiect ales (Ctrl+W)", "same-width", same(true),
@@ -248,25 +250,26 @@ void frmProiectare::addArranging(QLayout* row) {
        QKeySequence("Ctrl+H")}};
   for (const Arrangement& each : arrangements) {
     const auto work = each.work;
-    arranging_.append(
-        tool(each.name, {}, each.toolTip, each.picture, [this, work] { arrange("Aliniere", work); }, each.key));
+    arranging_.append(tool(
+        each.name, {}, each.toolTip, each.picture, [this, work] { arrange("Aliniere", work); }, each.key));
     row->addWidget(arranging_.last());
   }
   for (const bool toFront : {true, false}) {
     ordering_.append(tool(toFront ? "cmdInFata" : "cmdInSpate", {},
-                        toFront ? "Deseneaza peste celelalte obiecte" : "Deseneaza sub celelalte obiecte",
-                        toFront ? "to-front" : "to-back", [this, toFront] {
-                          change("Ordine", {}, [this, toFront](Layout& layout) {
-                            return reorder(layout, state_.chosen, toFront);
-                          });
-                        }));
+                          toFront ? "Deseneaza peste celelalte obiecte" : "Deseneaza sub celelalte obiecte",
+                          toFront ? "to-front" : "to-back", [this, toFront] {
+                            change("Ordine", {}, [this, toFront](Layout& layout) {
+                              return reorder(layout, state_.chosen, toFront);
+                            });
+                          }));
     row->addWidget(ordering_.last());
   }
 }
 
 QMenu* frmProiectare::tableMenu() {
   auto* menu = new QMenu(this);
-  const auto add = [this, menu](const QString& caption, const std::function<Parts(Layout&, const Part&)>& work) {
+  const auto add = [this, menu](const QString& caption,
+                                const std::function<Parts(Layout&, const Part&)>& work) {
     menu->addAction(caption, this, [this, caption, work] {
       perform("cmdRanduri_Click", [this, caption, work] {
         const Part part = state_.chosen.front();
@@ -284,9 +287,8 @@ QMenu* frmProiectare::tableMenu() {
       [](Layout& layout, const Part& part) { return Parts{moveCell(layout, part, -1)}; });
   add("Celula spre dreapta (Alt+Right)",
       [](Layout& layout, const Part& part) { return Parts{moveCell(layout, part, 1)}; });
-  add("Stergere celula (Delete)", [](Layout& layout, const Part& part) {
-    return part.isCell() ? remove(layout, {part}) : Parts{part};
-  });
+  add("Stergere celula (Delete)",
+      [](Layout& layout, const Part& part) { return part.isCell() ? remove(layout, {part}) : Parts{part}; });
   add("Stergere rand", [](Layout& layout, const Part& part) {
     return part.row >= 0 ? remove(layout, {{part.object, part.row, -1}}) : Parts{part};
   });
@@ -300,7 +302,8 @@ QWidget* frmProiectare::arrangingTools() {
   auto* row = new QHBoxLayout(pane);
   row->setContentsMargins(0, 0, 0, 0);
   addArranging(row);
-  cmdRanduri_ = makeButton("cmdRanduri", "Randuri si celule", "Randurile si celulele tabelului ales", "draw-table");
+  cmdRanduri_ =
+      makeButton("cmdRanduri", "Randuri si celule", "Randurile si celulele tabelului ales", "draw-table");
   cmdRanduri_->setMenu(tableMenu());
   row->addWidget(cmdRanduri_);
   row->addStretch();
@@ -353,9 +356,8 @@ QWidget* frmProiectare::middlePane() {
   tabs_->addTab(page_, "Pagina");
   tabs_->addTab(preview_, "Previzualizare");
   tabs_->addTab(txtText_, "Text");
-  connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
-    guarded(objectName(), "tabPagina_Click", [this, tab] { tabChanged(tab); });
-  });
+  connect(tabs_, &QTabWidget::currentChanged, this,
+          [this](int tab) { guarded(objectName(), "tabPagina_Click", [this, tab] { tabChanged(tab); }); });
   lstGreseli_ = named(new QListWidget, "lstGreseli", "Greselile raportului: Enter duce la loc");
   connect(lstGreseli_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
     perform("lstGreseli_DblClick", [this, item] { showFault(lstGreseli_->row(item)); });
@@ -399,9 +401,8 @@ void frmProiectare::connectPage() {
 
 void frmProiectare::addShortcuts() {
   const auto add = [this](const QKeySequence& key, void (frmProiectare::*work)()) {
-    connect(new QShortcut(key, this), &QShortcut::activated, this, [this, work] {
-      perform("KeyDown", [this, work] { (this->*work)(); });
-    });
+    connect(new QShortcut(key, this), &QShortcut::activated, this,
+            [this, work] { perform("KeyDown", [this, work] { (this->*work)(); }); });
   };
   add(QKeySequence("Ctrl+Z"), &frmProiectare::undo);
   add(QKeySequence("Ctrl+Y"), &frmProiectare::redo);
@@ -447,7 +448,8 @@ void frmProiectare::setState(const State& state) {
   showFaults();
   showChosen();
   if (tabs_->currentIndex() == kPreviewTab) showPreview();
-  if (tabs_->currentIndex() == kTextTab && !isTextChanged()) showText(QString::fromUtf8(write(*state_.layout)));
+  if (tabs_->currentIndex() == kTextTab && !isTextChanged())
+    showText(QString::fromUtf8(write(*state_.layout)));
 }
 
 void frmProiectare::choose(const Parts& parts) {
@@ -507,11 +509,11 @@ void frmProiectare::insertName(const QString& name, bool joins) {
                              property.value.isEmpty() ? name : property.value + QStringLiteral(" + ") + name);
     return tell("Alegeti intai un text sau o celula.");
   }
-  const bool inTable =
-      isOne && part.object >= 0 &&
-      kindOf(state_.layout->objects[static_cast<size_t>(part.object)]) == Kind::Table;
+  const bool inTable = isOne && part.object >= 0 &&
+                       kindOf(state_.layout->objects[static_cast<size_t>(part.object)]) == Kind::Table;
   change("Adaugare " + name, {}, [&](Layout& layout) {
-    return Parts{inTable ? addNameAt(layout, added, part, false) : addText(layout, added, page_->freePlace())};
+    return Parts{inTable ? addNameAt(layout, added, part, false)
+                         : addText(layout, added, page_->freePlace())};
   });
 }
 
@@ -544,9 +546,7 @@ void frmProiectare::setTool(int kind) {
   tell("Desenati cu mouse-ul pe pagina, sau Enter pentru marimea obisnuita.");
 }
 
-void frmProiectare::setGrid() {
-  page_->setGrid({txtGrila_->value(), chkGrila_->isChecked()});
-}
+void frmProiectare::setGrid() { page_->setGrid({txtGrila_->value(), chkGrila_->isChecked()}); }
 
 void frmProiectare::setZoom() {
   constexpr double kWhole = 100;
@@ -687,7 +687,8 @@ bool frmProiectare::takeText() {
     damage_ = error;
     if (isDamaged_) showFaults();
     markDamage(error);
-    Mesaj(QStringLiteral("Textul raportului are o greseala.\r\n%1.").arg(damageText(error)), kExclamation, kTitle);
+    Mesaj(QStringLiteral("Textul raportului are o greseala.\r\n%1.").arg(damageText(error)), kExclamation,
+          kTitle);
     return false;
   }
 }

@@ -1,5 +1,5 @@
-// The designer of layouts: the page to draw on, the names of the data, the properties of what is chosen, what the
-// report looks like with the data of the moment, and the text of its file.
+// The designer of layouts: the page to draw on, the names of the data, the properties of what is chosen, what
+// the report looks like with the data of the moment, and the text of its file.
 #pragma once
 
 #include <QDialog>
@@ -26,8 +26,8 @@ class NameList;
 class PropertyGrid;
 class ReportPreview;
 
-/// Shows the designer on a layout and returns when the user has closed it. A file that does not exist begins as
-/// an empty page and is made when it is saved.
+/// Shows the designer on a layout and returns when the user has closed it. A file that does not exist begins
+/// as an empty page and is made when it is saved.
 void designLayout(QWidget* parent, const QString& file, const ReportData& data);
 
 class frmProiectare : public QDialog {
@@ -52,8 +52,9 @@ class frmProiectare : public QDialog {
   QWidget* arrangingTools();
   QWidget* namesPane();
   QWidget* middlePane();
-  QPushButton* tool(const QString& name, const QString& caption, const QString& toolTip, const QString& picture,
-                    const std::function<void()>& action, const QKeySequence& key = {});
+  QPushButton* tool(const QString& name, const QString& caption, const QString& toolTip,
+                    const QString& picture, const std::function<void()>& action,
+                    const QKeySequence& key = {});
   void addArranging(class QLayout* row);
   class QMenu* tableMenu();
   void connectPage();

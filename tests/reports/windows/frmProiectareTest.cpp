@@ -74,8 +74,8 @@ class DesignerTest : public testing::Test {
     auto* list = find<NameList>("lstNume");
     const QList<QTreeWidgetItem*> items = list->findItems(name, Qt::MatchExactly);
     ASSERT_EQ(items.size(), 1) << qUtf8Printable(name);
-    const std::unique_ptr<QMimeData> data(list->model()->mimeData({list->model()->index(
-        list->indexOfTopLevelItem(items.first()), 0)}));
+    const std::unique_ptr<QMimeData> data(
+        list->model()->mimeData({list->model()->index(list->indexOfTopLevelItem(items.first()), 0)}));
     const QPoint at = pixel(x, y);
     QDragEnterEvent enter(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(page()->viewport(), &enter);
@@ -127,8 +127,8 @@ TEST_F(DesignerTest, ALayoutIsDrawnFromNothingAndReadBackAsItWasDrawn) {
   drag({15, 40}, {195, 100});
   // The table begins with rows for its header (40 to 45) and for its lines (45 to 50).
   dropName("DENUMIRE", 30, 47);
-  dropName("CANT", 39, 47);   // the right half of that cell: behind it
-  dropName("PRET", 16, 47);   // the left half: before it
+  dropName("CANT", 39, 47);  // the right half of that cell: behind it
+  dropName("PRET", 16, 47);  // the left half: before it
   press(Qt::Key_Z, Qt::ControlModifier);
   dropName("CLIENT", 100, 17);  // beside the text, within the box
 
@@ -141,8 +141,8 @@ TEST_F(DesignerTest, ALayoutIsDrawnFromNothingAndReadBackAsItWasDrawn) {
   press(Qt::Key_Right, Qt::ShiftModifier);
   press(Qt::Key_Right, Qt::ShiftModifier);
   press(Qt::Key_Down, Qt::ControlModifier);
-  click("cmdInapoi");   // the moves after the sizing are a step of their own: the fine one
-  click("cmdInapoi");   // both sizings are one step
+  click("cmdInapoi");  // the moves after the sizing are a step of their own: the fine one
+  click("cmdInapoi");  // both sizings are one step
   click("cmdRefacere");
   EXPECT_TRUE(find<QPushButton>("cmdRefacere")->isEnabled());
   click("cmdSalvare");
@@ -320,9 +320,9 @@ QByteArray richLayout() {
 }
 
 QByteArray mutated(QByteArray text, QRandomGenerator& random) {
-  static const QList<QByteArray> kWords = {"\"-1\"",   "\"1e300\"", "\"nan\"", "<cell/>", "<row>",  "</table>",
-                                           "<table/>", "&#0;",      "\xff",     "&amp;",   "\"2000\"", "<!--",
-                                           "formula",  "(((((",     "\"",       "0",       "\\",     "<group/>"};
+  static const QList<QByteArray> kWords = {
+      "\"-1\"", "\"1e300\"", "\"nan\"", "<cell/>", "<row>", "</table>", "<table/>", "&#0;", "\xff",
+      "&amp;",  "\"2000\"",  "<!--",    "formula", "(((((", "\"",       "0",        "\\",   "<group/>"};
   for (int changes = random.bounded(1, 4); changes > 0 && !text.isEmpty(); --changes) {
     const int at = random.bounded(static_cast<int>(text.size()));
     const int length = random.bounded(1, 30);
