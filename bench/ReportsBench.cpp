@@ -70,9 +70,10 @@ layout::Layout listLayout() {
 std::unique_ptr<ReportJob> reportOf(int lines) {
   ReportData data;
   data.fieldNames = {"CODART", "DENART", "UM", "PRETVFT"};
-  data.fields =
-      std::make_shared<ListRows>(ListQuery{data.fieldNames.join(QStringLiteral(", ")), "G_ARTMAG", "CODART"},
-                                 Condition{QStringLiteral("ID <= ?"), {lines}}, QStringLiteral("CODART"));
+  data.fields = std::make_shared<ListRows>(
+      ListQuery{data.fieldNames.join(QStringLiteral(", ")), "G_ARTMAG", "CODART"},
+      Condition{QStringLiteral("CODART <= ?"), {QString::asprintf("A%06d", lines)}},
+      QStringLiteral("CODART"));
   return std::make_unique<ReportJob>(QStringLiteral("lista.lst"), listLayout(), data);
 }
 

@@ -51,15 +51,16 @@ class Sending {
     const FiscalReceipt& columns = typed_.kind().receipt;
     const auto document = drafts_.load(number_);
     if (document && !document->header.flag("VALIDAT") && document->header.flag(columns.printed))
-      throw RuleError(columns.printedText);
+      throw RuleError(columns.printedText);  // at another workstation
     return document ? document->header.integer(columns.sending) : 0;
   }
 
   int askWhetherPrinted() const {
-    return Mesaj(QStringLiteral("Bonul %1 a fost trimis la casa de marcat si nu se stie daca a iesit. Verificati. A "
-                                "iesit bonul din casa de marcat ?")
-                     .arg(number_),
-                 kYesNoCancel + kQuestion + kThirdDefault, QStringLiteral("Casa de marcat"));
+    return Mesaj(
+        QStringLiteral("Bonul %1 a fost trimis la casa de marcat si nu se stie daca a iesit. Verificati. A "
+                       "iesit bonul din casa de marcat ?")
+            .arg(number_),
+        kYesNoCancel + kQuestion + kThirdDefault, QStringLiteral("Casa de marcat"));
   }
 
   // From here on the sale stands as it is sent.

@@ -45,8 +45,7 @@ class CashSaleRules : public SaleRules {
   void recalculate(Row& line, const QString& changed, const TypedHeader& header) const override {
     if (changed != QStringLiteral("PRETVALUTA")) return SaleRules::recalculate(line, changed, header);
     const auto article = articleByCode(line.text("CODART"));
-    const Decimal rate =
-        article ? Curs(article->text("CODDEVIZAVANZ").trimmed(), header.date()) : Decimal(0);
+    const Decimal rate = article ? Curs(article->text("CODDEVIZAVANZ").trimmed(), header.date()) : Decimal(0);
     if (rate.isZero()) {
       Mesaj(QStringLiteral("Nu este introdus cursul pe ziua : ") + formatDate(header.date()));
       return;
@@ -58,8 +57,8 @@ class CashSaleRules : public SaleRules {
   void requireReceipt(const Document& document) const override {
     const bool usesRegister = TypedHeader(*document.kind, document.typed).isTicked("CheckCasaMarcat");
     if (usesRegister && !document.header.flag("LISTAT"))
-      throw RuleError(QStringLiteral(
-          "Bonul nu a fost tiparit pe casa de marcat.Dupa validare nu mai poate fi tiparit."));
+      throw RuleError(
+          QStringLiteral("Bonul nu a fost tiparit pe casa de marcat.Dupa validare nu mai poate fi tiparit."));
   }
 
  protected:

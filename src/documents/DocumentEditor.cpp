@@ -573,6 +573,14 @@ ReceiptOutcome DocumentEditor::printReceipt(const QHash<QString, QString>& typed
   return outcome;
 }
 
+bool DocumentEditor::followReceipt() {
+  if (isNew_ || !kind_.receipt.exists()) return false;
+  const bool wasPrinted = isPrinted();
+  const bool wasSending = isSending();
+  reopen(number());
+  return isPrinted() != wasPrinted || isSending() != wasSending;
+}
+
 void DocumentEditor::checkDeletion() const {
   if (typed_.text(kind_.numberColumn).isEmpty() || isNew_) throw RuleError(kind_.texts.nothingToDelete);
   if (isPrinted()) throw RuleError(kind_.receipt.notDeletable);

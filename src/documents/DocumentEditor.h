@@ -96,6 +96,10 @@ class DocumentEditor {
   /// printCashReceipt() and checkPrinting().
   ReceiptOutcome printReceipt(const QHash<QString, QString>& typed);
 
+  /// Shows the draft anew when its fiscal receipt was sent or printed meanwhile; gives whether it was. Throws
+  /// RuleError when the draft is gone.
+  bool followReceipt();
+
   /// Throws RuleError when the document on screen cannot be deleted.
   void checkDeletion() const;
   /// Deletes the draft on screen with its lines.

@@ -26,8 +26,8 @@ QString assignments(const QStringList& columns) {
   return parts.join(QStringLiteral(", "));
 }
 
-const QString kSentMeanwhile = QStringLiteral(
-    "Bonul a fost trimis intre timp la casa de marcat ! Nu s-a modificat nimic ! Alegeti-l din nou din lista.");
+const QString kSentMeanwhile =
+    QStringLiteral("Bonul a fost trimis intre timp la casa de marcat ! Nu s-a modificat nimic !");
 
 QStringList without(QStringList columns, const QStringList& left) {
   for (const QString& column : left) columns.removeOne(column);
@@ -86,8 +86,8 @@ void Drafts::insertHeader(const Row& header) const {
 void Drafts::updateHeader(const Row& header) const {
   requireWidths(companyTable(kind_.headerTable), header);
   const FiscalReceipt& receipt = kind_.receipt;
-  const QStringList columns = without(
-      header.columns(), {kind_.numberColumn, "Magazie", "VALIDAT", receipt.printed, receipt.sending});
+  const QStringList columns =
+      without(header.columns(), {kind_.numberColumn, "Magazie", "VALIDAT", receipt.printed, receipt.sending});
   Values values = valuesOf(header, columns);
   values.push_back(Value::raw(header.value(kind_.numberColumn)));
   QString where = QStringLiteral("VALIDAT = 0");
@@ -149,12 +149,12 @@ void Drafts::updateColumns(const std::vector<Row>& lines, const QStringList& col
 }
 
 void Drafts::deleteLine(const QString& number, qint64 line) const {
-  requireChanged(ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ? AND NRLINIE = ? AND EXISTS "
-                                           "(SELECT %2 FROM %3 WHERE %2 = ? AND %4)")
-                                .arg(kind_.lineTable, kind_.numberColumn, kind_.headerTable,
-                                     whereLinesOpen()),
-                            {number, line, number}),
-                 number);
+  requireChanged(
+      ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ? AND NRLINIE = ? AND EXISTS "
+                                "(SELECT %2 FROM %3 WHERE %2 = ? AND %4)")
+                     .arg(kind_.lineTable, kind_.numberColumn, kind_.headerTable, whereLinesOpen()),
+                 {number, line, number}),
+      number);
 }
 
 void Drafts::remove(const QString& number) const {
@@ -177,12 +177,11 @@ void Drafts::setValidated(const QString& number) const {
 
 qint64 Drafts::beginReceipt(const QString& number, qint64 known) const {
   const FiscalReceipt& receipt = kind_.receipt;
-  requireChanged(
-      ExecutaSql(QStringLiteral("UPDATE %1 SET %2 = ? WHERE %3 = ? AND VALIDAT = 0 AND %4 = 0 "
-                                "AND COALESCE(%2, 0) = ?")
-                     .arg(kind_.headerTable, receipt.sending, kind_.numberColumn, receipt.printed),
-                 {known + 1, number, known}),
-      number);
+  requireChanged(ExecutaSql(QStringLiteral("UPDATE %1 SET %2 = ? WHERE %3 = ? AND VALIDAT = 0 AND %4 = 0 "
+                                           "AND COALESCE(%2, 0) = ?")
+                                .arg(kind_.headerTable, receipt.sending, kind_.numberColumn, receipt.printed),
+                            {known + 1, number, known}),
+                 number);
   return known + 1;
 }
 
@@ -200,9 +199,10 @@ void Drafts::endReceipt(const QString& number, qint64 attempt, bool isPrinted) c
 QString Drafts::whereLinesOpen() const {
   const FiscalReceipt& receipt = kind_.receipt;
   const QString draft = QStringLiteral("VALIDAT = 0");
-  return receipt.exists() ? draft + QStringLiteral(" AND %1 = 0 AND COALESCE(%2, 0) = 0")
-                                        .arg(receipt.printed, receipt.sending)
-                          : draft;
+  return receipt.exists()
+             ? draft +
+                   QStringLiteral(" AND %1 = 0 AND COALESCE(%2, 0) = 0").arg(receipt.printed, receipt.sending)
+             : draft;
 }
 
 void Drafts::requireOpen(const QString& number) const {
@@ -214,11 +214,11 @@ void Drafts::requireOpen(const QString& number) const {
 
 void Drafts::requireChanged(int rows, const QString& number) const {
   if (rows > 0) return;
-  const bool isDraft = kind_.receipt.exists() &&
-                       !OpenRs(QStringLiteral("SELECT %2 FROM %1 WHERE %2 = ? AND VALIDAT = 0")
-                                   .arg(kind_.headerTable, kind_.numberColumn),
-                               {number})
-                            .isEmpty();
+  const bool isDraft =
+      kind_.receipt.exists() && !OpenRs(QStringLiteral("SELECT %2 FROM %1 WHERE %2 = ? AND VALIDAT = 0")
+                                            .arg(kind_.headerTable, kind_.numberColumn),
+                                        {number})
+                                     .isEmpty();
   throw RuleError(isDraft ? kSentMeanwhile : kGone);
 }
 

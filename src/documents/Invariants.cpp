@@ -70,15 +70,16 @@ void findLots(Finder& finder) {
           "WHERE ROUND_EVEN(G.CANT - COALESCE(E.CANT, 0) - COALESCE(B.CANT, 0), 3) <> 0 "
           "ORDER BY G.DOCID, G.ARTID")
           .arg(kIsLot));
-  finder.find(QStringLiteral("Legaturile iesirii difera de cantitatea ei"),
-              QStringLiteral(
-                  "SELECT L.DOCID || ' ' || L.ARTID AS PLACE FROM (SELECT I.DOCID AS DOCID, I.ARTID AS ARTID, "
-                  "SUM(I.CANT) AS CANT FROM G_LDOCUM I GROUP BY I.DOCID, I.ARTID) L INNER JOIN G_DOCUME D "
-                  "ON D.ID = L.DOCID LEFT JOIN (SELECT TIP_E, ID_E, CODART, SUM(CANT) AS CANT FROM G_I_E "
-                  "GROUP BY TIP_E, ID_E, CODART) E ON D.ID = E.TIP_E || E.ID_E AND E.CODART = L.ARTID "
-                  "WHERE D.TIPIE = 'E' AND D.TIP IN ('BC', 'FC', 'BS') AND L.ARTID IN (%1) AND L.ARTID NOT IN (%2) "
-                  "AND ROUND_EVEN(L.CANT - COALESCE(E.CANT, 0), 3) <> 0 ORDER BY L.DOCID, L.ARTID")
-                  .arg(kHeldArticles, kBeyondLots));
+  finder.find(
+      QStringLiteral("Legaturile iesirii difera de cantitatea ei"),
+      QStringLiteral(
+          "SELECT L.DOCID || ' ' || L.ARTID AS PLACE FROM (SELECT I.DOCID AS DOCID, I.ARTID AS ARTID, "
+          "SUM(I.CANT) AS CANT FROM G_LDOCUM I GROUP BY I.DOCID, I.ARTID) L INNER JOIN G_DOCUME D "
+          "ON D.ID = L.DOCID LEFT JOIN (SELECT TIP_E, ID_E, CODART, SUM(CANT) AS CANT FROM G_I_E "
+          "GROUP BY TIP_E, ID_E, CODART) E ON D.ID = E.TIP_E || E.ID_E AND E.CODART = L.ARTID "
+          "WHERE D.TIPIE = 'E' AND D.TIP IN ('BC', 'FC', 'BS') AND L.ARTID IN (%1) AND L.ARTID NOT IN (%2) "
+          "AND ROUND_EVEN(L.CANT - COALESCE(E.CANT, 0), 3) <> 0 ORDER BY L.DOCID, L.ARTID")
+          .arg(kHeldArticles, kBeyondLots));
 }
 
 void findNotes(Finder& finder) {

@@ -71,8 +71,7 @@ void SaleRules::completeLine(Row& line, const Row& article, TypedHeader& header)
   line.set("UM", article.text("UM"));
   for (const char* column : {"CANT", "VALOAREFT", "VALOARETVA", "VALOARETTI", "COST"})
     if (line.isNull(column)) line.set(column, Decimal(0));
-  for (const char* column : {"DiscountArticol", "DiscountClient", "PRETVALUTA"})
-    line.set(column, Decimal(0));
+  for (const char* column : {"DiscountArticol", "DiscountClient", "PRETVALUTA"}) line.set(column, Decimal(0));
   line.set("PRETFT", article.decimal("PRETVFT"));
   if (header.isTicked("chkCalculValuta")) priceInCurrency(line, article, header);
   line.set("ValoareFTCuDiscount", line.decimal("PRETFT"));
@@ -170,7 +169,7 @@ Values SaleRules::ledgerLine(const Row& line, const Terms& terms) const {
   const Decimal unit = (cost / quantity).abs();
   const bool hasRate = !terms.currency.isEmpty() && !terms.rate.isZero();
   const Decimal unitInCurrency = hasRate ? (unit / terms.rate).abs() : Decimal(0);
-  const QString palet = line.text("PALET");
+  const QString palet = line.has("PALET") ? line.text("PALET") : QString();
   return {line.text("CODART"),
           quantity,
           lei,

@@ -1,5 +1,5 @@
-// What documents that sell have alike: the price of a line with its discounts, what it costs, what goes to the
-// ledger and to the accounts. The kinds tell what differs.
+// What documents that sell have alike: the price of a line with its discounts, what it costs, what goes to
+// the ledger and to the accounts. The kinds tell what differs.
 #pragma once
 
 #include "documents/KindRules.h"

@@ -140,20 +140,20 @@ void describeCashSale(DocumentKind& kind) {
       currencyWithoutRate("Curs"),
       {ValidationCheck::NoLines, "Bonul nu contine nici un articol ! Validare nereusita !", "CODART"}};
   kind.distinctArticles = false;  // they pass the counter as they come
-  kind.receipt = {"LISTAT",
-                  "TIPARIRE",
-                  {"DATAFAC", "BATVA1"},
-                  "Bonul a fost tiparit pe casa de marcat. Nu mai poate fi tiparit inca odata.",
-                  "Bonul a fost tiparit pe casa de marcat si nu poate fi sters",
-                  "Bonul a fost tiparit pe casa de marcat si nu mai poate fi modificat",
-                  "Bonul a fost trimis la casa de marcat si nu se stie daca a iesit. Apasati Tiparire pentru a "
-                  "spune."};
-  kind.printChecks = {
-      printWithoutNumber(kind, selectSale),
-      {PrintCheck::ReceiptPrinted, kind.receipt.printedText, "NUMFAC"},
-      {PrintCheck::BeforeFiscalYear, beforeFiscalYear(kind).text, kind.dateColumn},
-      {PrintCheck::NoLines, "Bonul nu contine nici un articol ! ", "CODART"},
-      printWithoutPartner(kind, "Va rog selectati un client!")};
+  kind.receipt = {
+      "LISTAT",
+      "TIPARIRE",
+      {"DATAFAC", "BATVA1"},
+      "Bonul a fost tiparit pe casa de marcat. Nu mai poate fi tiparit inca odata.",
+      "Bonul a fost tiparit pe casa de marcat si nu poate fi sters",
+      "Bonul a fost tiparit pe casa de marcat si nu mai poate fi modificat",
+      "Bonul a fost trimis la casa de marcat si nu se stie daca a iesit. Apasati Tiparire pentru a "
+      "spune."};
+  kind.printChecks = {printWithoutNumber(kind, selectSale),
+                      {PrintCheck::ReceiptPrinted, kind.receipt.printedText, "NUMFAC"},
+                      {PrintCheck::BeforeFiscalYear, beforeFiscalYear(kind).text, kind.dateColumn},
+                      {PrintCheck::NoLines, "Bonul nu contine nici un articol ! ", "CODART"},
+                      printWithoutPartner(kind, "Va rog selectati un client!")};
   kind.headerFields = {{HeaderFieldType::Number, "NUMFAC", "txtFields(0)", "&Numar bon", kNumberTip},
                        {HeaderFieldType::Date, "DATAFAC", "dtpDataFactura", "&Data bon", ""},
                        customer(kind),
@@ -168,7 +168,8 @@ void describeCashSale(DocumentKind& kind) {
       {HeaderFieldType::Flag, "", "CheckCard", " Card", "Bifati daca plata se face cu cardul"},
       {HeaderFieldType::Amount, "", "TextNrCaractere", " Caractere",
        "Numarul de caractere al denumirii pe bonul fiscal", "", "", 0, true},
-      postsNotes("Bifati daca bonul genereaza note contabile"), remark(kind)};
+      postsNotes("Bifati daca bonul genereaza note contabile"),
+      remark(kind)};
   kind.lineColumns = saleColumns(kind, LineEntry::PositiveNumber, "PRETVALUTA");
   kind.lineColumns +=
       QList<LineColumn>{{"CANTAVIZ", "Cantitate conform document", LineEntry::Locked, 3, kAsTyped, 14, false},
@@ -181,6 +182,10 @@ void describeCashSale(DocumentKind& kind) {
   kind.texts.confirmValidation.clear();
   kind.texts.validated = "Bonul a fost salvat cu succes in Articole si Documente !";
   kind.texts.unknownArticle = "Articolul cu codul %1 nu exista ";
+  kind.texts.ledgerFailure = kind.texts.stockFailure = "EROARE: %1 - %2 LINIA %3";
+  kind.texts.ledgerFailureTitle = kind.texts.stockFailureTitle = kind.texts.postingFailureTitle = "";
+  kind.texts.postingFailure =
+      "Eroare %1 - %2 in procedura SalvareDateContabile din Form frmGrilaCS Linia: %3";
 }
 
 void describeDeliveryNote(DocumentKind& kind) {

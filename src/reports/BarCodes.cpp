@@ -36,4 +36,11 @@ QBitArray barModules(BarCodeType type, const QString& text) {
   return modules;
 }
 
+QString barText(BarCodeType type, const QString& text) {
+  if (type != BarCodeType::Ean13 || text.size() != kEanDigits - 1) return text;
+  int sum = 0;
+  for (qsizetype i = 0; i < text.size(); ++i) sum += text[i].digitValue() * (i % 2 == 0 ? 1 : 3);
+  return text + QString::number((10 - sum % 10) % 10);
+}
+
 }  // namespace velmar::layout

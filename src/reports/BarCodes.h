@@ -12,4 +12,7 @@ namespace velmar::layout {
 /// say. An EAN-13 takes 12 digits, or 13 with the right check digit.
 QBitArray barModules(BarCodeType type, const QString& text);
 
+/// What stands below the code: an EAN-13 with its check digit.
+QString barText(BarCodeType type, const QString& text);
+
 }  // namespace velmar::layout

@@ -18,7 +18,7 @@ constexpr int kPurchases = 26;
 constexpr int kSales = 52;
 constexpr int kConsumptions = 13;
 constexpr int kCashSales = 60;
-constexpr int kCardEvery = 3;  // cash sales
+constexpr int kCardEvery = 3;      // cash sales
 constexpr int kForeignEvery = 17;  // sales
 constexpr auto kVatOfSales = "2";
 

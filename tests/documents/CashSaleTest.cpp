@@ -1,4 +1,5 @@
-// The receipt of a cash sale between the register and the company: what two workstations and a crash may do to it.
+// The receipt of a cash sale between the register and the company: what two workstations and a crash may do
+// to it.
 #include <stdexcept>
 
 #include "../fiscal/RegisterPlace.h"
@@ -10,18 +11,16 @@ namespace velmar {
 namespace {
 
 /// Does something while the register prints.
-class Meanwhile : public RegisterWait {
+class Meanwhile : public WaitingUser {
  public:
-  explicit Meanwhile(std::function<void()> work) : work_(std::move(work)), previous_(setRegisterWait(this)) {}
-  ~Meanwhile() override { setRegisterWait(previous_); }
+  explicit Meanwhile(std::function<void()> work) : work_(std::move(work)) {}
   void wait(OutsideProgram& program) override {
     work_();
-    program.waitForEnd(20000);
+    WaitingUser::wait(program);
   }
 
  private:
   std::function<void()> work_;
-  RegisterWait* previous_;
 };
 
 class CashSaleTest : public RegisterPlace {
@@ -48,7 +47,7 @@ class CashSaleTest : public RegisterPlace {
   }
 
   static ReceiptOutcome print(DocumentEditor& editor) { return editor.printReceipt(editor.headerTexts()); }
-  int receipts() const { return contentOf(app("receipts")).count('x'); }
+  qsizetype receipts() const { return contentOf(app("receipts")).count('x'); }
 
   DocumentEditor editor_{"BS"};
 };

@@ -120,6 +120,11 @@ check(!form.isVisible("cmdDesign"), "still hidden");
 form.press("cmdVisualizare", "P");
 check(form.isVisible("cmdDesign"), "shown");
 equal([form.text("cmdVisualizare"), form.text("cmdDesign")].map((caption) => caption.replace("&", "")), ["Listare", "Proiectare"]);
+file(paths().app + "/lst/FacturiCLIFull.lst");
+form.click("cmdDesign");
+const designer = win("frmProiectare");
+shot("proiectare");
+designer.click("cmdInchide");
 form.click("cmdAnulare");
 
 // A customer whose card is gone: told twice, printed without.

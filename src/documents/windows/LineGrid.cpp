@@ -106,7 +106,7 @@ void LineGrid::keyPressEvent(QKeyEvent* event) {
 
 void LineGrid::deleteCurrent() {
   const int row = currentIndex().row();
-  if (row < 0 || lines_->isNewRow(row)) return;
+  if (row < 0 || lines_->isNewRow(row) || lines_->isFrozen()) return;
   if (!guarded(form(), QStringLiteral("BeforeDelete"), [this, row] { lines_->deleteLine(row); }))
     emit refusedByStore();
 }

@@ -34,6 +34,8 @@ class LineModel : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   const LineColumn& lineColumn(int column) const { return editor_.kind().lineColumns[column]; }
+  /// Whether no line may be changed, added or deleted.
+  bool isFrozen() const { return editor_.isFrozen(); }
   bool isNewRow(int row) const { return row >= static_cast<int>(editor_.lines().size()); }
 
   /// Why the text cannot stand in the cell.

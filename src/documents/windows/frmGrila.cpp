@@ -151,7 +151,7 @@ void frmGrila::buildLines(const ArticleList& articles) {
   lines_->setEmptyText("Liniile se adauga dupa salvarea antetului.");
   connect(lines_, &LineGrid::refusedByStore, this, [this] {
     try {
-      refreshDrafts();
+      changedElsewhere();
     } catch (const StoreError&) {
       // The refusal has just been told for the same cause; the list stays as it is.
     }
@@ -179,7 +179,7 @@ void frmGrila::run(const QString& procedure, const std::function<void()>& work) 
     } catch (const RuleError& rule) {
       showRule(rule);
       // A rule that no field broke was broken by a colleague: the draft is gone.
-      if (rule.field().isEmpty()) refreshDrafts();
+      if (rule.field().isEmpty()) changedElsewhere();
     }
   });
 }
@@ -277,9 +277,8 @@ void frmGrila::validate() {
   const QHash<QString, QString> typed = header_->typed();
   const KindTexts& texts = editor_.kind().texts;
   editor_.checkValidation(typed);
-  if (!texts.confirmValidation.isEmpty() &&
-      Mesaj(texts.confirmValidation.arg(editor_.number()), kYesNo + kQuestion, "Confirmare validare") !=
-          kResultYes)
+  if (!texts.confirmValidation.isEmpty() && Mesaj(texts.confirmValidation.arg(editor_.number()),
+                                                  kYesNo + kQuestion, "Confirmare validare") != kResultYes)
     return;
   try {
     const Hourglass wait;

@@ -56,6 +56,10 @@ class frmGrila : public QWidget {
   /// Shows the editor's document: header, lines and the drafts beside it.
   void showDocument();
 
+  /// Called when the store has refused what was done to the document, which a colleague has changed.
+  virtual void changedElsewhere() { refreshDrafts(); }
+  void refreshDrafts();
+
   /// Called when a document is shown, after its header.
   virtual void documentShown() {}
   /// Called when something in the header has changed, after the document has been told.
@@ -94,7 +98,6 @@ class frmGrila : public QWidget {
   void AfisareAntet();
   void DetaliiFactura();
   void GridFooterText();
-  void refreshDrafts();
   void showRule(const RuleError& rule);
   void followHeader();
   void followChoice(const QString& key);

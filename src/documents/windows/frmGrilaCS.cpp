@@ -38,6 +38,16 @@ void frmGrilaCS::print() {
   if (outcome == ReceiptOutcome::Printed) findChild<QWidget*>("cmdValidare")->setFocus();
 }
 
+// A receipt printed at another workstation closes the lines here as well.
+void frmGrilaCS::changedElsewhere() {
+  try {
+    if (editor().followReceipt()) return showDocument();
+  } catch (const RuleError&) {
+    // The draft is gone, which the user has just been told.
+  }
+  refreshDrafts();
+}
+
 // What the register was told stands.
 void frmGrilaCS::documentShown() {
   const bool isFrozen = editor().isFrozen();

@@ -14,6 +14,7 @@ class frmGrilaCS : public frmGrila {
   void startDocument() override;
   void print() override;
   void documentShown() override;
+  void changedElsewhere() override;
 };
 
 }  // namespace velmar

@@ -5,7 +5,6 @@
 
 #include "reports/windows/clsListLabel.h"
 #include "util/Errors.h"
-#include "util/Messages.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Forms.h"
 
@@ -78,8 +77,6 @@ void printReport(const PreparedReport& report, QWidget* form) {
   prepared(report, form).Print_Preview(clsListLabel::Print);
 }
 
-void designReport(const PreparedReport&, QWidget*) {
-  Mesaj(QStringLiteral("Proiectarea nu este disponibila inca."));
-}
+void designReport(const PreparedReport& report, QWidget* form) { prepared(report, form).Design(); }
 
 }  // namespace velmar

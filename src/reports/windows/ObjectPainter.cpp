@@ -198,7 +198,7 @@ void drawBarCode(QPainter& painter, const QRectF& frame, const BarCode& code, co
                        Qt::black);
     from = std::max(end, from + 1);
   }
-  if (code.showsText) drawText(painter, frame, text.trimmed(), style);
+  if (code.showsText) drawText(painter, frame, barText(code.type, text.trimmed()), style);
 }
 
 qreal rowHeight(const TableRow& row, const QStringList& texts) {

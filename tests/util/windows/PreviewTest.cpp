@@ -3,7 +3,10 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
+#include <QListView>
 #include <QPainter>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QtTest/QtTest>
@@ -34,6 +37,52 @@ class CountedJob : public PrintJob {
   mutable QHash<int, int> drawn;
   int broken = -1;
 };
+
+/// A job whose pages have to be counted, one at a time.
+class SlowJob : public CountedJob {
+ public:
+  int pageCount() const override {
+    while (!isCounted()) countOn(0);
+    return kPages;
+  }
+  int knownPages() const override { return known_; }
+  bool isCounted() const override { return known_ == kPages; }
+  int countOn(int) const override {
+    if (known_ == failsAt) throw StoreError(7, "Randul nu se poate citi");
+    ++known_;
+    return known_ * 100 / kPages;
+  }
+
+  static constexpr int kPages = 40;
+  int failsAt = -1;
+
+ private:
+  mutable int known_ = 0;
+};
+
+TEST(PreviewTest, PagesAreCountedWhileTheyAreLookedAt) {
+  SlowJob job;
+  frmPrevizualizare preview(job, nullptr);
+  preview.show();
+  auto* count = preview.findChild<QLabel*>("lblPagini");
+  EXPECT_EQ(count->text(), "din ... (1)");
+  preview.findChild<QPushButton*>("cmdInainte")->click();
+  EXPECT_EQ(preview.findChild<QSpinBox*>("txtPagina")->value(), 2);
+  EXPECT_TRUE(QTest::qWaitFor([&job] { return job.isCounted(); }));
+  EXPECT_EQ(count->text(), "din 40");
+  EXPECT_EQ(preview.findChild<QListView*>("lstPagini")->model()->rowCount(), 40);
+  EXPECT_EQ(preview.findChild<QSpinBox*>("txtPagina")->value(), 2);
+
+  HeardMessages messages;
+  SlowJob broken;
+  broken.failsAt = 5;
+  frmPrevizualizare second(broken, nullptr);
+  second.show();
+  EXPECT_TRUE(QTest::qWaitFor([&messages] { return !messages.isEmpty(); }));
+  QTest::qWait(20);
+  EXPECT_EQ(messages.take().size(), 1);
+  EXPECT_EQ(second.findChild<QLabel*>("lblPagini")->text(), "din ... (5)");
+}
 
 TEST(PreviewTest, PagesAreDrawnWhenTheyAreShown) {
   CountedJob job;
