@@ -237,7 +237,7 @@ void LayoutPage::mousePressEvent(QMouseEvent* event) {
 
 void LayoutPage::pressOn(const Part& part, bool adds) {
   const bool isInside = choosesInside() && state_.chosen.front().object == part.object;
-  if (isInside && (adds || state_.chosen.front().row >= 0)) return;  // the click decides, when it is over
+  if (isInside && state_.chosen.front().row >= 0) return;  // the click decides, when it is over
   if (!adds) {
     if (!isChosen(part)) choose({part});
     return;
