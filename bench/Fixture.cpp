@@ -266,12 +266,18 @@ void removeCompany(const QString& path) {
 }
 
 QString companyWithArticles(Store store, int count) {
-  QString path = filled(QStringLiteral("articole.mdb"),
+  static QHash<std::pair<Store, int>, QString> made;
+  const auto known = made.constFind({store, count});
+  if (known != made.constEnd()) return *known;
+  const bool isFile = store == Store::Files;
+  QString path = filled(QStringLiteral("articole-%1-%2.mdb").arg(isFile ? "fisier" : "server").arg(count),
                         [count](BareConnection& connection) { fillMasters(connection, count); });
-  if (store == Store::Files) return path;
-  QString copy = onServer(path);
-  removeCompany(path);
-  return copy;
+  if (!isFile) {
+    const QString copy = onServer(path);
+    removeCompany(path);
+    path = copy;
+  }
+  return *made.insert({store, count}, path);
 }
 
 OpenCompany::OpenCompany(const QString& path) {

@@ -132,6 +132,36 @@ void forEachCell(const QRectF& frame, const TableRow& row, Work work) {
   }
 }
 
+// Two cells beside one another share the line between them.
+QList<QLineF> sidesOf(const QRectF& frame, const TableRow& row) {
+  QList<QLineF> lines;
+  bool isDrawn = false;
+  forEachCell(frame, row, [&](size_t i, const QRectF& square) {
+    const Borders& borders = row.cells[i].borders;
+    if (borders.left && !isDrawn) lines.append({square.topLeft(), square.bottomLeft()});
+    if (borders.right) lines.append({square.topRight(), square.bottomRight()});
+    isDrawn = borders.right;
+  });
+  return lines;
+}
+
+QList<QLineF> topsAndBottomsOf(const QRectF& frame, const TableRow& row) {
+  QList<QLineF> lines;
+  forEachCell(frame, row, [&](size_t i, const QRectF& square) {
+    const Borders& borders = row.cells[i].borders;
+    if (borders.top) lines.append({square.topLeft(), square.topRight()});
+    if (borders.bottom) lines.append({square.bottomLeft(), square.bottomRight()});
+  });
+  return lines;
+}
+
+// All at once, which a PDF file says in one path.
+void drawRules(QPainter& painter, const QList<QLineF>& lines, const Table& table) {
+  if (table.pen <= 0 || lines.isEmpty()) return;
+  painter.setPen(penOf(table.pen, table.colour));
+  painter.drawLines(lines);
+}
+
 }  // namespace
 
 QRectF toTwips(const QRectF& millimetres) {
@@ -229,23 +259,11 @@ void drawRow(QPainter& painter, const QRectF& frame, const TableRow& row, const 
     drawLines(painter, room, texts.value(static_cast<qsizetype>(i)), cell.style,
               std::max<qsizetype>(1, qRound(lines)));
   });
-  drawSides(painter, frame, row, table);
-  if (table.pen <= 0) return;
-  forEachCell(frame, row, [&](size_t i, const QRectF& square) {
-    const Borders& borders = row.cells[i].borders;
-    if (borders.top) painter.drawLine(square.topLeft(), square.topRight());
-    if (borders.bottom) painter.drawLine(square.bottomLeft(), square.bottomRight());
-  });
+  drawRules(painter, sidesOf(frame, row) + topsAndBottomsOf(frame, row), table);
 }
 
 void drawSides(QPainter& painter, const QRectF& frame, const TableRow& row, const Table& table) {
-  if (table.pen <= 0) return;
-  painter.setPen(penOf(table.pen, table.colour));
-  forEachCell(frame, row, [&](size_t i, const QRectF& square) {
-    const Borders& borders = row.cells[i].borders;
-    if (borders.left) painter.drawLine(square.topLeft(), square.bottomLeft());
-    if (borders.right) painter.drawLine(square.topRight(), square.bottomRight());
-  });
+  drawRules(painter, sidesOf(frame, row), table);
 }
 
 }  // namespace velmar::layout
