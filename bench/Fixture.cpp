@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <map>
 #include <memory>
 #include <QFile>
 #include <QFileInfo>
@@ -266,9 +267,9 @@ void removeCompany(const QString& path) {
 }
 
 QString companyWithArticles(Store store, int count) {
-  static QHash<std::pair<Store, int>, QString> made;
-  const auto known = made.constFind({store, count});
-  if (known != made.constEnd()) return *known;
+  static std::map<std::pair<Store, int>, QString> made;
+  const auto known = made.find({store, count});
+  if (known != made.end()) return known->second;
   const bool isFile = store == Store::Files;
   QString path = filled(QStringLiteral("articole-%1-%2.mdb").arg(isFile ? "fisier" : "server").arg(count),
                         [count](BareConnection& connection) { fillMasters(connection, count); });
@@ -277,7 +278,7 @@ QString companyWithArticles(Store store, int count) {
     removeCompany(path);
     path = copy;
   }
-  return *made.insert({store, count}, path);
+  return made.emplace(std::pair(store, count), path).first->second;
 }
 
 OpenCompany::OpenCompany(const QString& path) {

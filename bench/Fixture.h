@@ -37,7 +37,7 @@ QString copyOfCompany(Store store, CompanySize size, const QString& fileName);
 /// Takes a company away that is not needed any more.
 void removeCompany(const QString& path);
 
-/// The path of a company with that many articles and nothing else.
+/// The path of a company with that many articles and nothing else, which is made once.
 QString companyWithArticles(Store store, int count);
 
 /// A company open as the program has it, database and session, for as long as this lives.
