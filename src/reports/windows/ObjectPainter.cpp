@@ -17,14 +17,25 @@ constexpr qreal kCellPadding = 0.8 * kTwipsPerMillimetre;
 constexpr qreal kCellMargin = 0.3 * kTwipsPerMillimetre;  // above and below a cell's text
 constexpr qreal kNarrowest = 0.7;                         // of a text
 constexpr qreal kNarrowestNumber = 0.4;
+constexpr char16_t kLatinEnd = 0x180;
 constexpr qreal kQuietZone = 10;  // modules beside a bar code
 
 /// A font with its measures, made once.
 struct Letters {
-  explicit Letters(const Font& told) : font(fontOf(told)), metrics(font) {}
+  explicit Letters(const Font& told) : font(fontOf(told)), metrics(font) {
+    for (char16_t letter = u' '; letter < kLatinEnd; ++letter)
+      widest = std::max(widest, metrics.horizontalAdvance(QChar(letter)));
+  }
+
+  /// Whether the text fits that width for sure, which is told without measuring it.
+  bool surelyFit(const QString& text, qreal width) const {
+    return static_cast<qreal>(text.size()) * widest <= width &&
+           std::all_of(text.begin(), text.end(), [](QChar letter) { return letter < QChar(kLatinEnd); });
+  }
 
   QFont font;
   QFontMetricsF metrics;
+  qreal widest = 0;  ///< of the Latin letters
 };
 
 const Letters& lettersOf(const Font& font) {
@@ -82,6 +93,8 @@ void drawNarrowed(QPainter& painter, const QRectF& frame, qreal baseline, const 
 void drawLineOfText(QPainter& painter, const QRectF& frame, qreal baseline, const QString& text,
                     const TextStyle& style, const Letters& letters) {
   if (text.isEmpty()) return;
+  if (style.align == Align::Left && letters.surelyFit(text, frame.width()))
+    return painter.drawText(QPointF(frame.left(), baseline), text);
   const qreal width = letters.metrics.horizontalAdvance(text);
   if (width > frame.width() + 1)
     drawNarrowed(painter, frame, baseline, text, width, style, letters);
