@@ -106,8 +106,9 @@ int Database::executeEach(const QString& sql, const std::vector<Values>& rows) {
   return changed;
 }
 
-void Database::each(const QString& sql, const std::function<void(std::vector<QVariant>&& cells)>& use) {
-  state_->prepare(sql)->each({}, use);
+void Database::each(const QString& sql, const std::function<void(std::vector<QVariant>&& cells)>& use,
+                    const Values& values) {
+  state_->prepare(sql)->each(values, use);
 }
 
 // Many rows in one statement where the engine wants it so, in sizes by halves: few statements serve all.

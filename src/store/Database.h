@@ -35,7 +35,8 @@ class Database {
 
   /// Runs a SELECT and hands over the cells of each row, none of them kept: for more rows than memory should
   /// hold.
-  void each(const QString& sql, const std::function<void(std::vector<QVariant>&& cells)>& use);
+  void each(const QString& sql, const std::function<void(std::vector<QVariant>&& cells)>& use,
+            const Values& values = {});
 
   /// Runs a statement that gives no rows; gives the number of rows it changed. Outside a Transaction it is
   /// one of its own.

@@ -98,13 +98,12 @@ void ListRows::readKeys(const QStringList& fields, bool descending) {
              QStringLiteral(", ");
   }
   const QString where = condition_.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition_.sql;
-  const Recordset found = OpenRs(
+  std::vector<QVariant> keys;
+  database().each(
       QStringLiteral("SELECT ROWKEY FROM (SELECT %1 AS ROWKEY, %2 FROM %3) AS LIST%4 ORDER BY %5ROWKEY")
           .arg(query_.key, query_.columns, query_.from, where, order),
-      condition_.values);
-  keys_.clear();
-  keys_.reserve(static_cast<size_t>(found.size()));
-  for (const Row& row : found) keys_.push_back(row.at(0));
+      [&keys](std::vector<QVariant>&& cells) { keys.push_back(std::move(cells[0])); }, condition_.values);
+  keys_ = std::move(keys);
   pages_.clear();
 }
 

@@ -1,6 +1,7 @@
 #include "reports/windows/ObjectPainter.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <QHash>
@@ -17,25 +18,32 @@ constexpr qreal kCellPadding = 0.8 * kTwipsPerMillimetre;
 constexpr qreal kCellMargin = 0.3 * kTwipsPerMillimetre;  // above and below a cell's text
 constexpr qreal kNarrowest = 0.7;                         // of a text
 constexpr qreal kNarrowestNumber = 0.4;
-constexpr char16_t kLatinEnd = 0x180;
 constexpr qreal kQuietZone = 10;  // modules beside a bar code
 
 /// A font with its measures, made once.
-struct Letters {
+class Letters {
+ public:
   explicit Letters(const Font& told) : font(fontOf(told)), metrics(font) {
-    for (char16_t letter = u' '; letter < kLatinEnd; ++letter)
-      widest = std::max(widest, metrics.horizontalAdvance(QChar(letter)));
+    for (char16_t letter = 0; letter < kKnown; ++letter)
+      widths_[letter] = metrics.horizontalAdvance(QChar(letter));
   }
 
-  /// Whether the text fits that width for sure, which is told without measuring it.
-  bool surelyFit(const QString& text, qreal width) const {
-    return static_cast<qreal>(text.size()) * widest <= width &&
-           std::all_of(text.begin(), text.end(), [](QChar letter) { return letter < QChar(kLatinEnd); });
+  // Without kerning a text is as wide as its letters, which is found much faster than by setting it.
+  qreal width(const QString& text) const {
+    qreal width = 0;
+    for (const QChar letter : text) {
+      if (letter.unicode() >= kKnown) return metrics.horizontalAdvance(text);
+      width += widths_[letter.unicode()];
+    }
+    return width;
   }
 
   QFont font;
   QFontMetricsF metrics;
-  qreal widest = 0;  ///< of the Latin letters
+
+ private:
+  static constexpr char16_t kKnown = 128;
+  std::array<qreal, kKnown> widths_;
 };
 
 const Letters& lettersOf(const Font& font) {
@@ -50,7 +58,7 @@ const Letters& lettersOf(const Font& font) {
 QStringList wrapped(const QString& text, const Letters& letters, qreal width) {
   QStringList lines;
   for (const QString& paragraph : text.split(u'\n')) {
-    if (letters.metrics.horizontalAdvance(paragraph) <= width) {
+    if (letters.width(paragraph) <= width) {
       lines.append(paragraph);
       continue;
     }
@@ -93,9 +101,7 @@ void drawNarrowed(QPainter& painter, const QRectF& frame, qreal baseline, const 
 void drawLineOfText(QPainter& painter, const QRectF& frame, qreal baseline, const QString& text,
                     const TextStyle& style, const Letters& letters) {
   if (text.isEmpty()) return;
-  if (style.align == Align::Left && letters.surelyFit(text, frame.width()))
-    return painter.drawText(QPointF(frame.left(), baseline), text);
-  const qreal width = letters.metrics.horizontalAdvance(text);
+  const qreal width = letters.width(text);
   if (width > frame.width() + 1)
     drawNarrowed(painter, frame, baseline, text, width, style, letters);
   else
@@ -134,6 +140,28 @@ qreal textHeight(const QString& text, const TextStyle& style, qreal width) {
   return static_cast<qreal>(wrapped(text, letters, width).size()) * letters.metrics.height();
 }
 
+/// Lines between and around cells: what two cells share is drawn once, what runs on from cell to cell is one
+/// line.
+class Borderlines {
+ public:
+  void add(const QPointF& from, const QPointF& to) {
+    const bool lies = from.y() == to.y();
+    if (!lines_.isEmpty() && lies && lines_.last().p2() == from)
+      lines_.last().setP2(to);
+    else if (lines_.isEmpty() || lines_.last() != QLineF(from, to))
+      lines_.append(QLineF(from, to));
+  }
+
+  void draw(QPainter& painter, const Table& table) const {
+    if (lines_.isEmpty() || table.pen <= 0) return;
+    painter.setPen(penOf(table.pen, table.colour));
+    painter.drawLines(lines_);
+  }
+
+ private:
+  QList<QLineF> lines_;
+};
+
 // The squares of a row's cells, from left to right.
 template <typename Work>
 void forEachCell(const QRectF& frame, const TableRow& row, Work work) {
@@ -143,36 +171,6 @@ void forEachCell(const QRectF& frame, const TableRow& row, Work work) {
     work(i, QRectF(left, frame.top(), width, frame.height()));
     left += width;
   }
-}
-
-// Two cells beside one another share the line between them.
-QList<QLineF> sidesOf(const QRectF& frame, const TableRow& row) {
-  QList<QLineF> lines;
-  bool isDrawn = false;
-  forEachCell(frame, row, [&](size_t i, const QRectF& square) {
-    const Borders& borders = row.cells[i].borders;
-    if (borders.left && !isDrawn) lines.append({square.topLeft(), square.bottomLeft()});
-    if (borders.right) lines.append({square.topRight(), square.bottomRight()});
-    isDrawn = borders.right;
-  });
-  return lines;
-}
-
-QList<QLineF> topsAndBottomsOf(const QRectF& frame, const TableRow& row) {
-  QList<QLineF> lines;
-  forEachCell(frame, row, [&](size_t i, const QRectF& square) {
-    const Borders& borders = row.cells[i].borders;
-    if (borders.top) lines.append({square.topLeft(), square.topRight()});
-    if (borders.bottom) lines.append({square.bottomLeft(), square.bottomRight()});
-  });
-  return lines;
-}
-
-// All at once, which a PDF file says in one path.
-void drawRules(QPainter& painter, const QList<QLineF>& lines, const Table& table) {
-  if (table.pen <= 0 || lines.isEmpty()) return;
-  painter.setPen(penOf(table.pen, table.colour));
-  painter.drawLines(lines);
 }
 
 }  // namespace
@@ -186,6 +184,7 @@ QFont fontOf(const Font& told) {
   font.setBold(told.bold);
   font.setItalic(told.italic);
   font.setUnderline(told.underlined);
+  font.setKerning(false);
   return font;
 }
 
@@ -272,11 +271,25 @@ void drawRow(QPainter& painter, const QRectF& frame, const TableRow& row, const 
     drawLines(painter, room, texts.value(static_cast<qsizetype>(i)), cell.style,
               std::max<qsizetype>(1, qRound(lines)));
   });
-  drawRules(painter, sidesOf(frame, row) + topsAndBottomsOf(frame, row), table);
+  drawSides(painter, frame, row, table);
+  Borderlines above, below;
+  forEachCell(frame, row, [&](size_t i, const QRectF& square) {
+    const Borders& borders = row.cells[i].borders;
+    if (borders.top) above.add(square.topLeft(), square.topRight());
+    if (borders.bottom) below.add(square.bottomLeft(), square.bottomRight());
+  });
+  above.draw(painter, table);
+  below.draw(painter, table);
 }
 
 void drawSides(QPainter& painter, const QRectF& frame, const TableRow& row, const Table& table) {
-  drawRules(painter, sidesOf(frame, row), table);
+  Borderlines sides;
+  forEachCell(frame, row, [&](size_t i, const QRectF& square) {
+    const Borders& borders = row.cells[i].borders;
+    if (borders.left) sides.add(square.topLeft(), square.bottomLeft());
+    if (borders.right) sides.add(square.topRight(), square.bottomRight());
+  });
+  sides.draw(painter, table);
 }
 
 }  // namespace velmar::layout
