@@ -18,6 +18,7 @@
 #include "TradeFill.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 
 namespace velmar::bench {
 

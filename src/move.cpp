@@ -8,6 +8,7 @@
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 
 namespace {
 

@@ -12,6 +12,7 @@
 #include "store/DatabaseFiles.h"
 #include "TestServer.h"
 #include "util/Clock.h"
+#include "util/FileNames.h"
 #include "util/Messages.h"
 
 namespace velmar {

@@ -9,6 +9,7 @@
 #include "store/DatabaseFiles.h"
 #include "store/Roster.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 
 namespace velmar {
 

@@ -18,6 +18,9 @@ Decimal ProcentTVA(qint64 code);
 /// The account of a VAT rate code.
 QString ContTVA(qint64 code);
 
+/// Decimals in which rates of exchange are typed and shown.
+inline constexpr int kRateDecimals = 4;
+
 /// The exchange rate of the day, 0 when there is none; of several the last one entered.
 Decimal Curs(const QString& currency, const QDate& date);
 

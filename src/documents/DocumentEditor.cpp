@@ -7,6 +7,8 @@
 #include "config/Lists.h"
 #include "config/Lookups.h"
 #include "config/Session.h"
+#include "documents/HeaderChecks.h"
+#include "documents/HeaderTexts.h"
 #include "documents/LineChecks.h"
 #include "documents/Numbering.h"
 #include "documents/Validation.h"
@@ -23,10 +25,6 @@ namespace {
 
 constexpr int kNameWidth = 35;
 constexpr int kFooterDecimals = 2;
-bool isPositive(const QString& typed) {
-  const auto number = typedNumber(typed);
-  return number && !number->isNegative();
-}
 
 constexpr auto kPeriodText = "Data document trebuie sa fie in intervalul: %1-%2";
 
@@ -36,86 +34,6 @@ QString withPeriod(const QString& text) {
 
 QString shownText(const Checked<ValidationCheck>& check) {
   return check.check == ValidationCheck::OutsidePeriod ? withPeriod(check.text) : check.text;
-}
-
-// What a column holds for a typed text that has passed its checks.
-Value storedValue(HeaderFieldType type, const QString& typed) {
-  const QString text = typed.trimmed();
-  switch (type) {
-    case HeaderFieldType::Partner:
-    case HeaderFieldType::VatRate:
-    case HeaderFieldType::Warehouse:
-      return text.isEmpty() ? Value() : Value(static_cast<qint64>(text.toLongLong()));
-    case HeaderFieldType::Percent:
-    case HeaderFieldType::Rate:
-    case HeaderFieldType::Amount:
-      return typedNumber(text).value_or(Decimal(0));
-    case HeaderFieldType::Date:
-    case HeaderFieldType::DueDate:
-      return QDate::fromString(text, Qt::ISODate);
-    case HeaderFieldType::PaymentMode:
-      return static_cast<qint64>(paymentWords().indexOf(text) + 1);
-    case HeaderFieldType::Flag:
-    case HeaderFieldType::Foreign:
-      return !text.isEmpty() && text != QStringLiteral("0");
-    case HeaderFieldType::Journal:
-      return typed;  // a blank means the company's own
-    case HeaderFieldType::Number:
-    case HeaderFieldType::Remark:
-    case HeaderFieldType::Currency:
-    case HeaderFieldType::CostCentre:
-    case HeaderFieldType::Text:
-      break;
-  }
-  return text;
-}
-
-constexpr int kRateDecimals = 4;
-
-// What a control shows of a stored value.
-QString shownText(HeaderFieldType type, const Row& header, const QString& column) {
-  if (header.isNull(column)) return {};
-  switch (type) {
-    case HeaderFieldType::Percent:
-    case HeaderFieldType::Amount:
-      return editNumber(header.decimal(column));
-    case HeaderFieldType::Rate:
-      return header.decimal(column).isZero() ? QString() : editNumber(header.decimal(column), kRateDecimals);
-    case HeaderFieldType::Date:
-    case HeaderFieldType::DueDate:
-      return header.date(column).toString(Qt::ISODate);
-    case HeaderFieldType::PaymentMode:
-      return paymentWords().value(static_cast<int>(header.integer(column)) - 1);
-    case HeaderFieldType::Flag:
-    case HeaderFieldType::Foreign:
-      return header.flag(column) ? QStringLiteral("-1") : QStringLiteral("0");
-    default:
-      return header.text(column);
-  }
-}
-
-bool paletSold(const QString& palet) {
-  return !palet.isEmpty() &&
-         !OpenRs(
-              "SELECT L.DOCID AS DOCID FROM G_DOCUME D INNER JOIN G_LDOCUM L ON D.ID = L.DOCID "
-              "WHERE L.PALET = ? AND D.TIPIE = 'E' LIMIT 1",
-              {palet})
-              .isEmpty();
-}
-
-bool cashPartnerExists() {
-  return !OpenRs("SELECT COD FROM kt_ter WHERE NUME = 'CASA' LIMIT 1", {}).isEmpty();
-}
-
-bool partnerExists(const QString& code) {
-  return !OpenRs("SELECT COD FROM kt_ter WHERE COD = ?", {static_cast<qint64>(code.toLongLong())}).isEmpty();
-}
-
-bool isOffered(const QString& code, const std::vector<ListEntry>& list) {
-  bool isNumber = false;
-  const QString number = QString::number(code.toLongLong(&isNumber));
-  return isNumber && std::any_of(list.begin(), list.end(),
-                                 [&number](const ListEntry& entry) { return entry.code == number; });
 }
 
 }  // namespace
@@ -146,7 +64,7 @@ void DocumentEditor::fillNewHeader(const ProposedNumber& proposed) {
     texts.insert(field.key(), field.keeps && !before.isEmpty() ? before : newText(field));
     // The way of payment is not shown until it is chosen, but it has its default.
     if (field.type == HeaderFieldType::PaymentMode)
-      header_.set(field.column, storedValue(field.type, field.initial));
+      header_.set(field.column, storedHeaderValue(field.type, field.initial));
   }
   texts.insert(kind_.numberColumn, proposed.number);
   typed_ = TypedHeader(kind_, texts);
@@ -210,7 +128,7 @@ QHash<QString, QString> DocumentEditor::textsOf(const Row& header) const {
     // A date box always shows a date: where none is stored, the one that a new document starts with.
     const bool isDate = field.type == HeaderFieldType::Date || field.type == HeaderFieldType::DueDate;
     if (!field.column.isEmpty() && !(isDate && header.isNull(field.column)))
-      texts.insert(field.key(), shownText(field.type, header, field.column));
+      texts.insert(field.key(), shownHeaderText(field.type, header, field.column));
     else
       texts.insert(field.key(), field.keeps ? typed_.texts().value(field.key()) : newText(field));
     if (field.type == HeaderFieldType::Currency) isForeign = !header.text(field.column).isEmpty();
@@ -252,7 +170,7 @@ void DocumentEditor::save(const QHash<QString, QString>& typed) {
     typed_.set(kind_.numberColumn, proposeNumber(kind_).number);
   }
   if (!InPerioadaCulegere(typed_.date())) throw RuleError(withPeriod(kPeriodText), kind_.dateColumn);
-  checkHeader();
+  requireHeader(typed_, isNew_);
   const Row header = headerFrom(typed_);
   noticeMissingRate(header);
   if (isNew_) {
@@ -263,64 +181,6 @@ void DocumentEditor::save(const QHash<QString, QString>& typed) {
     drafts().updateHeader(header);
     header_ = header;
   }
-}
-
-void DocumentEditor::checkHeader() const {
-  for (const auto& check : kind_.headerChecks) checkHeaderField(check);
-}
-
-void DocumentEditor::checkHeaderField(const Checked<HeaderCheck>& check) const {
-  const QString text = typed_.text(check.field);
-  bool broken = false;
-  switch (check.check) {
-    case HeaderCheck::NumberEmpty:
-    case HeaderCheck::FieldEmpty:
-      broken = text.isEmpty() || isUnofferedRate(check.field, text);
-      break;
-    case HeaderCheck::JournalEmpty:
-      broken = typed_.texts().value(check.field).isEmpty();  // a blank is the company's own journal
-      break;
-    case HeaderCheck::PartnerEmpty:
-      broken = text.isEmpty();
-      if (!broken && !partnerExists(text))
-        throw RuleError(QStringLiteral("Tertul cu codul %1 nu exista ! Salvarea nu se poate efectua !")
-                            .arg(text.left(20)),
-                        check.field, kCritical);
-      break;
-    case HeaderCheck::NotNumeric:
-      broken = !typedNumber(text) || isUnofferedRate(check.field, text);
-      break;
-    case HeaderCheck::PercentNotPositive:
-      broken = !text.isEmpty() && !isPositive(text);
-      break;
-    case HeaderCheck::NotPositive:
-      broken = !isPositive(text);
-      break;
-    case HeaderCheck::NumberTaken:
-      broken = isNew_ && isTaken(text);
-      break;
-    case HeaderCheck::OtherNumberTaken:
-      broken = isNew_ && !text.isEmpty() && Exista(text, check.detail);
-      break;
-    case HeaderCheck::PaletSold:
-      broken = paletSold(text);
-      break;
-    case HeaderCheck::CashPartnerMissing:
-      broken = !cashPartnerExists();
-      break;
-  }
-  if (broken) throw RuleError(check.text, check.field, kCritical, check.title);
-}
-
-bool DocumentEditor::isUnofferedRate(const QString& key, const QString& code) const {
-  for (const HeaderField& field : kind_.headerFields)
-    if (field.key() == key && field.type == HeaderFieldType::VatRate)
-      return !isOffered(code, vatRates(kind_.partnersAreSuppliers));
-  return false;
-}
-
-bool DocumentEditor::isTaken(const QString& number) const {
-  return kind_.existsKind.isEmpty() ? drafts().load(number).has_value() : Exista(number, kind_.existsKind);
 }
 
 void DocumentEditor::noticeMissingRate(const Row& header) const {
@@ -345,7 +205,7 @@ Row DocumentEditor::headerFrom(const TypedHeader& typed) const {
     if (isKept) continue;
     const bool isCleared =
         !foreign && (field.type == HeaderFieldType::Currency || field.type == HeaderFieldType::Rate);
-    header.set(field.column, storedValue(field.type, isCleared ? QString() : text));
+    header.set(field.column, storedHeaderValue(field.type, isCleared ? QString() : text));
   }
   return header;
 }
@@ -481,7 +341,7 @@ void DocumentEditor::checkValidation(const QHash<QString, QString>& typed) {
   for (const auto& check : kind_.validationChecks)
     if (isBroken(check)) throw RuleError(shownText(check), check.field, 0, check.title);
   // The header goes to the ledger as it stands, so it must still be whole.
-  checkHeader();
+  requireHeader(typed_, isNew_);
   refreshStaleLine();
 }
 
@@ -565,7 +425,7 @@ bool DocumentEditor::isBroken(const Checked<PrintCheck>& check) const {
 
 ReceiptOutcome DocumentEditor::printReceipt(const QHash<QString, QString>& typed) {
   checkPrinting(typed);
-  checkHeader();
+  requireHeader(typed_, isNew_);
   refreshStaleLine();
   if (!EsteValidDetaliiDocument(kind_.prefix, number())) return ReceiptOutcome::NotPrinted;
   const ReceiptOutcome outcome = printCashReceipt(typed_, headerFrom(typed_));

@@ -112,10 +112,6 @@ class DocumentEditor {
   void reopen(const QString& number);
   void fillNewHeader(const ProposedNumber& proposed);
   Row headerFrom(const TypedHeader& typed) const;
-  void checkHeader() const;
-  void checkHeaderField(const Checked<HeaderCheck>& check) const;
-  bool isUnofferedRate(const QString& key, const QString& code) const;
-  bool isTaken(const QString& number) const;
   void noticeMissingRate(const Row& header) const;
   bool isBroken(const Checked<ValidationCheck>& check) const;
   bool isBroken(const Checked<PrintCheck>& check) const;

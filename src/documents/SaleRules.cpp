@@ -28,7 +28,6 @@ namespace {
 constexpr int kQuantityDecimals = 3;
 constexpr int kCurrencyAmountDecimals = 4;
 constexpr int kPercentDecimals = 2;
-constexpr int kRateDecimals = 4;
 const QString kNoSeries = QStringLiteral("00");
 
 void priceInCurrency(Row& line, const Row& article, TypedHeader& header) {

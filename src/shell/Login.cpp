@@ -10,6 +10,7 @@
 #include "store/Server.h"
 #include "store/Workshop.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 #include "util/Messages.h"
 #include "util/Settings.h"
 

@@ -5,6 +5,7 @@
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 #include "util/Messages.h"
 
 namespace velmar {

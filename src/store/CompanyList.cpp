@@ -12,6 +12,7 @@
 #include "store/DatabaseFiles.h"
 #include "store/Server.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 
 namespace velmar {
 

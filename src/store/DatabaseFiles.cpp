@@ -15,6 +15,7 @@
 #include "store/TemplateData.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 
 namespace velmar {
 
@@ -135,22 +136,10 @@ void writeTemplate(const QString& folder) {
 
 }  // namespace
 
-QString pathInFolder(const QString& folder, const QString& name) {
-  const QDir dir(folder);
-  if (dir.exists(name)) return dir.filePath(name);
-  for (const QString& entry : dir.entryList(QDir::Files | QDir::Hidden))
-    if (entry.compare(name, Qt::CaseInsensitive) == 0) return dir.filePath(entry);
-  return dir.filePath(name);
-}
-
 bool databaseExists(const QString& folder, const QString& name) {
   if (const auto server = serverOf(folder))
     return postgres::databaseExists(*server, databaseOnServer(*server, name));
   return existsInFolder(folder, name);
-}
-
-bool existsInFolder(const QString& folder, const QString& name) {
-  return QFile::exists(pathInFolder(folder, name));
 }
 
 QString companyFileName(const QString& code) { return QStringLiteral("Tarvon%1.mdb").arg(code.toUpper()); }

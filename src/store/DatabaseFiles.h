@@ -15,13 +15,6 @@ inline const QString kTemplateName = QStringLiteral("Tarvon.mdb");
 /// Name of the first company's file.
 inline const QString kFirstCompanyName = QStringLiteral("Tarvon01.mdb");
 
-/// Full path of the file of that name in any case; the name as given, in the folder, when no such file
-/// exists.
-QString pathInFolder(const QString& folder, const QString& name);
-
-/// Whether the folder holds a file of that name in any case.
-bool existsInFolder(const QString& folder, const QString& name);
-
 /// Whether the folder, or the server that it names, holds a database of that name.
 bool databaseExists(const QString& folder, const QString& name);
 

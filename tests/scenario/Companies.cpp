@@ -17,6 +17,7 @@
 #include "store/DatabaseFiles.h"
 #include "TestServer.h"
 #include "util/Clock.h"
+#include "util/FileNames.h"
 #include "util/Settings.h"
 #include "util/windows/Look.h"
 

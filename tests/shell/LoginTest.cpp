@@ -6,6 +6,7 @@
 #include "shell/Login.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 #include "util/Settings.h"
 
 namespace velmar {

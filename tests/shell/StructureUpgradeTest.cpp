@@ -8,6 +8,7 @@
 #include "store/Server.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 
 namespace velmar {
 namespace {

@@ -7,6 +7,7 @@
 #include "store/Schema.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 
 namespace velmar {
 namespace {

@@ -9,6 +9,7 @@
 #include <QRadioButton>
 
 #include "config/Currencies.h"
+#include "config/Lookups.h"
 #include "util/Errors.h"
 #include "util/windows/Controls.h"
 #include "util/windows/DateBox.h"
@@ -20,7 +21,6 @@ namespace {
 const ListQuery kCurrencies{"COD, TITLU", "kt_val", "COD"};
 constexpr int kCodeLength = 3;
 constexpr int kNameLength = 30;
-constexpr int kRateDecimals = 4;
 
 // A frame that works while its option is chosen.
 QGroupBox* frameOf(QRadioButton* option, const QString& name) {

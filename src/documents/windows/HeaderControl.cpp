@@ -8,6 +8,7 @@
 
 #include "catalogue/windows/frmTerti.h"
 #include "config/Lists.h"
+#include "config/Lookups.h"
 #include "config/windows/CodeBox.h"
 #include "config/windows/ComboFill.h"
 #include "store/Schema.h"
@@ -28,7 +29,6 @@ constexpr int kPaletLength = 20;
 constexpr int kShownCode = 8;  // characters
 constexpr int kShownChoice = 12;
 constexpr int kShownPartner = 14;
-constexpr int kRateDecimals = 4;
 const QString kNotANumber = QStringLiteral("Va rog introduceti o valoare numerica");
 const QString kOwnJournal = QStringLiteral("(jurnalul societatii)");
 

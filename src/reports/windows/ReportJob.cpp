@@ -8,7 +8,7 @@
 
 #include "reports/Shown.h"
 #include "reports/windows/ObjectPainter.h"
-#include "store/DatabaseFiles.h"
+#include "util/FileNames.h"
 
 namespace velmar {
 

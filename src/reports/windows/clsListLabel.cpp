@@ -6,8 +6,8 @@
 
 #include "reports/windows/frmProiectare.h"
 #include "reports/windows/ReportJob.h"
-#include "store/DatabaseFiles.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 #include "util/Messages.h"
 
 namespace velmar {
@@ -72,8 +72,10 @@ bool clsListLabel::Print_Preview(Mode mode) {
     return printAndPreview(job, mode == Preview ? PrintWay::Preview : PrintWay::Print, parent_);
   } catch (const layout::LayoutError& error) {
     Mesaj(faultText(fileName_, error), kExclamation);
-    return false;
+  } catch (const Cancelled&) {
+    // Given up in the middle: what follows this run, such as the preview behind the print, still comes.
   }
+  return false;
 }
 
 }  // namespace velmar

@@ -11,22 +11,20 @@
 #include <QDoubleSpinBox>
 #include <QFile>
 #include <QFileDialog>
-#include <QFontDatabase>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
-#include <QTextBlock>
 
 #include "reports/Formula.h"
 #include "reports/LayoutProperties.h"
 #include "reports/windows/LayoutPage.h"
+#include "reports/windows/LayoutText.h"
 #include "reports/windows/NameList.h"
 #include "reports/windows/PropertyGrid.h"
 #include "reports/windows/ReportJob.h"
@@ -35,6 +33,7 @@
 #include "util/Messages.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
+#include "util/windows/ZoomSteps.h"
 
 namespace velmar {
 
@@ -50,8 +49,7 @@ const QString kSums = QStringLiteral("suma");
 const QString kFilter = QStringLiteral("Rapoarte (*.lst)");
 
 constexpr int kPageWidth = 0;  // of the sizes offered, beside percents
-constexpr int kPercents[] = {50, 75, 100, 125, 150, 200, 300};
-constexpr int kSelect = -1;  // of the tools: parts are chosen
+constexpr int kSelect = -1;    // of the tools: parts are chosen
 constexpr int kMostSteps = 500;
 constexpr int kMostFaults = 300;  // told at once
 constexpr int kFaultRows = 5;     // seen at once
@@ -318,7 +316,7 @@ QWidget* frmProiectare::arrangingTools() {
   txtGrila_->setValue(1);
   cboMarime_ = named(new QComboBox, "cboMarime", "Marimea paginii (Ctrl+plus, Ctrl+minus)");
   cboMarime_->addItem("Latimea paginii", kPageWidth);
-  for (const int percent : kPercents) cboMarime_->addItem(QStringLiteral("%1%").arg(percent), percent);
+  addZoomSteps(cboMarime_);
   row->addWidget(chkGrila_);
   row->addWidget(txtGrila_);
   row->addWidget(cboMarime_);
@@ -348,9 +346,7 @@ QWidget* frmProiectare::namesPane() {
 QWidget* frmProiectare::middlePane() {
   page_ = new LayoutPage;
   preview_ = new ReportPreview;
-  txtText_ = named(new QPlainTextEdit, "txtText", "Textul fisierului");
-  txtText_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  txtText_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  txtText_ = named(new LayoutText, "txtText", "Textul fisierului");
   connect(txtText_, &QPlainTextEdit::modificationChanged, this, [this] { showButtons(); });
   tabs_ = named(new QTabWidget, "tabPagina");
   tabs_->addTab(page_, "Pagina");
@@ -448,8 +444,8 @@ void frmProiectare::setState(const State& state) {
   showFaults();
   showChosen();
   if (tabs_->currentIndex() == kPreviewTab) showPreview();
-  if (tabs_->currentIndex() == kTextTab && !isTextChanged())
-    showText(QString::fromUtf8(write(*state_.layout)));
+  if (tabs_->currentIndex() == kTextTab && !txtText_->isChanged())
+    txtText_->showText(QString::fromUtf8(write(*state_.layout)));
 }
 
 void frmProiectare::choose(const Parts& parts) {
@@ -558,16 +554,7 @@ void frmProiectare::fitPage() {
   if (cboMarime_->currentData().toInt() == kPageWidth) setZoom();
 }
 
-void frmProiectare::zoomBy(int step) {
-  constexpr double kWhole = 100;
-  const int now = qRound(page_->zoom() * kWhole);
-  int wanted = now;
-  for (const int percent : kPercents) {
-    if (step < 0 && percent < now) wanted = percent;
-    if (step > 0 && percent > now && wanted == now) wanted = percent;
-  }
-  if (wanted != now) cboMarime_->setCurrentIndex(cboMarime_->findData(wanted));
-}
+void frmProiectare::zoomBy(int step) { chooseZoomStep(cboMarime_, page_->zoom(), step); }
 
 void frmProiectare::editChosen() {
   const Part part = state_.chosen.empty() ? Part() : state_.chosen.front();
@@ -621,7 +608,7 @@ void frmProiectare::showFaults() {
 void frmProiectare::showFault(int row) {
   if (isDamaged_) {
     tabs_->setCurrentIndex(kTextTab);
-    markDamage(damage_);
+    txtText_->markDamage(damage_);
     return;
   }
   if (row < 0 || row >= static_cast<int>(faults_.size())) return;
@@ -656,25 +643,16 @@ void frmProiectare::tabChanged(int tab) {
   }
   if (tab == kPreviewTab) showPreview();
   if (tab == kTextTab && before != kTextTab && !isDamaged_)
-    showText(QString::fromUtf8(write(*state_.layout)));
+    txtText_->showText(QString::fromUtf8(write(*state_.layout)));
   showButtons();
 }
 
-bool frmProiectare::isTextChanged() const { return txtText_->document()->isModified(); }
-
-void frmProiectare::showText(const QString& text) {
-  txtText_->setPlainText(text);
-  txtText_->setExtraSelections({});
-  txtText_->document()->setModified(false);
-}
-
 bool frmProiectare::takeText() {
-  if (!isDamaged_ && !isTextChanged()) return true;
+  if (!isDamaged_ && !txtText_->isChanged()) return true;
   try {
     auto taken = std::make_shared<const Layout>(read(txtText_->toPlainText().toUtf8()));
     const bool wasDamaged = std::exchange(isDamaged_, false);
-    txtText_->setExtraSelections({});
-    txtText_->document()->setModified(false);
+    txtText_->accept();
     if (wasDamaged)
       begin(taken, false);
     else
@@ -686,29 +664,11 @@ bool frmProiectare::takeText() {
   } catch (const LayoutError& error) {
     damage_ = error;
     if (isDamaged_) showFaults();
-    markDamage(error);
+    txtText_->markDamage(error);
     Mesaj(QStringLiteral("Textul raportului are o greseala.\r\n%1.").arg(damageText(error)), kExclamation,
           kTitle);
     return false;
   }
-}
-
-void frmProiectare::markDamage(const LayoutError& error) {
-  const QString text = txtText_->toPlainText();
-  QTextCursor cursor(txtText_->document());
-  cursor.setPosition(placeIn(text, error.line(), error.column()));
-  txtText_->setTextCursor(cursor);
-  QTextEdit::ExtraSelection line, place;
-  line.cursor = cursor;
-  line.format.setBackground(QColor(0xff, 0xe4, 0xe0));
-  line.format.setProperty(QTextFormat::FullWidthSelection, true);
-  place.cursor = cursor;
-  // The place is told behind what could not be read.
-  place.cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
-  place.format.setBackground(QColor(0xf0, 0x90, 0x80));
-  txtText_->setExtraSelections({line, place});
-  txtText_->centerCursor();
-  txtText_->setFocus();
 }
 
 void frmProiectare::begin(const std::shared_ptr<const Layout>& layout, bool isSaved) {
@@ -733,7 +693,7 @@ void frmProiectare::open(const QString& file) {
   file_ = file;
   isDamaged_ = false;
   lastTab_ = kPageTab;
-  showText({});
+  txtText_->showText({});
   tabs_->setCurrentIndex(kPageTab);
   try {
     begin(std::make_shared<Layout>(bytes.isEmpty() ? Layout() : read(bytes)), true);
@@ -742,13 +702,13 @@ void frmProiectare::open(const QString& file) {
     damage_ = error;
     begin(std::make_shared<Layout>(), true);
     tabs_->setCurrentIndex(kTextTab);
-    showText(QString::fromUtf8(bytes).replace(QChar(u'\0'), QChar(QChar::ReplacementCharacter)));
-    markDamage(error);
+    txtText_->showText(QString::fromUtf8(bytes));
+    txtText_->markDamage(error);
   }
   showButtons();
 }
 
-bool frmProiectare::isChanged() const { return !stack_.isClean() || isTextChanged(); }
+bool frmProiectare::isChanged() const { return !stack_.isClean() || txtText_->isChanged(); }
 
 bool frmProiectare::mayClose() {
   if (!grdProprietati_->commitPending()) return false;

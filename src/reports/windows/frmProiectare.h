@@ -15,13 +15,13 @@ class QComboBox;
 class QDoubleSpinBox;
 class QLabel;
 class QListWidget;
-class QPlainTextEdit;
 class QPushButton;
 class QTabWidget;
 
 namespace velmar {
 
 class LayoutPage;
+class LayoutText;
 class NameList;
 class PropertyGrid;
 class ReportPreview;
@@ -87,11 +87,8 @@ class frmProiectare : public QDialog {
   void showPreview();
   void showButtons();
   void tabChanged(int tab);
-  bool isTextChanged() const;
-  void showText(const QString& text);
   /// Takes the text of the file over as it stands. False when it is damaged, which is told and marked.
   bool takeText();
-  void markDamage(const layout::LayoutError& error);
   void begin(const std::shared_ptr<const layout::Layout>& layout, bool isSaved);
   void tell(const QString& text);
 
@@ -117,7 +114,7 @@ class frmProiectare : public QDialog {
   QTabWidget* tabs_;
   LayoutPage* page_;
   ReportPreview* preview_;
-  QPlainTextEdit* txtText_;
+  LayoutText* txtText_;
   NameList* lstNume_;
   PropertyGrid* grdProprietati_;
   QListWidget* lstGreseli_;

@@ -22,6 +22,7 @@
 #include "util/windows/Forms.h"
 #include "util/windows/frmOptiuniTiparire.h"
 #include "util/windows/WorkProgress.h"
+#include "util/windows/ZoomSteps.h"
 
 namespace velmar {
 
@@ -35,7 +36,6 @@ constexpr int kBorder = 12;  // pixels around the sheet
 constexpr qreal kPointsPerInch = 72;
 constexpr int kWholePage = -1;  // of the sizes offered, beside percents
 constexpr int kPageWidth = -2;
-constexpr int kPercents[] = {50, 75, 100, 125, 150, 200, 300};
 
 }  // namespace
 
@@ -102,7 +102,7 @@ QLayout* frmPrevizualizare::toolRow() {
   cboMarime_ = named(new QComboBox, "cboMarime", "Marimea paginii (Ctrl+plus, Ctrl+minus)");
   cboMarime_->addItem("Pagina intreaga", kWholePage);
   cboMarime_->addItem("Latimea paginii", kPageWidth);
-  for (const int percent : kPercents) cboMarime_->addItem(QStringLiteral("%1%").arg(percent), percent);
+  addZoomSteps(cboMarime_);
   cboMarime_->setCurrentIndex(1);
   connect(cboMarime_, &QComboBox::currentIndexChanged, this,
           [this] { guarded(objectName(), "cboMarime_Click", [this] { showPage(); }); });
@@ -267,15 +267,7 @@ void frmPrevizualizare::scrollOrTurn(int step) {
     turnTo(page_ + step);
 }
 
-void frmPrevizualizare::zoomBy(int step) {
-  const int percent = qRound(zoom() * 100);
-  int wanted = percent;
-  for (const int each : kPercents) {
-    if (step < 0 && each < percent) wanted = each;
-    if (step > 0 && each > percent && wanted == percent) wanted = each;
-  }
-  if (wanted != percent) cboMarime_->setCurrentIndex(cboMarime_->findData(wanted));
-}
+void frmPrevizualizare::zoomBy(int step) { chooseZoomStep(cboMarime_, zoom(), step); }
 
 qreal frmPrevizualizare::zoom() const {
   const int chosen = cboMarime_->currentData().toInt();

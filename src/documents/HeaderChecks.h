@@ -1,0 +1,12 @@
+// What the header of a document must hold before it is stored.
+#pragma once
+
+#include "documents/TypedHeader.h"
+
+namespace velmar {
+
+/// Throws RuleError for the first check of the kind that the header fails, naming the field. `isNew`: the
+/// document is not stored yet, so that its number must be free.
+void requireHeader(const TypedHeader& typed, bool isNew);
+
+}  // namespace velmar
