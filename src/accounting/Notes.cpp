@@ -28,6 +28,8 @@ struct Totals {
 constexpr auto kGoods = "G_ARTMAG.PROVENIENTA = 'M' AND G_ARTMAG.FARASTOC = 0";
 constexpr auto kAllGoods = "G_ARTMAG.PROVENIENTA = 'M'";
 constexpr auto kProducts = "G_ARTMAG.PROVENIENTA = 'P' AND G_ARTMAG.FARASTOC = 0";
+// The cost of goods that come back leaves the accounts again.
+constexpr auto kSignedCost = "CASE WHEN L.CANT < 0 THEN -ABS(L.COST) ELSE L.COST END";
 constexpr auto kExpenseAndGoods = "CONTCHELT CONTSTOCMARFA";
 
 constexpr Totals kTotals[] = {
@@ -36,12 +38,12 @@ constexpr Totals kTotals[] = {
     {"G_LBONCON", "G_LBONCON", "NUMAE", kExpenseAndGoods, "L.CANT * G_ARTMAG.COST"},
     {"G_LBONCONFIFO", "G_LBONCON", "NUMAE", kExpenseAndGoods, "L.VALOAREFT"},
     {"G_LFACCL_VEN", "G_LFACCL", "NUMFAC", "CONTVEN", "L.VALOAREFT", "L.VALOARETVA"},
-    {"G_LFACCL_M_COST", "G_LFACCL", "NUMFAC", kExpenseAndGoods, "L.COST", nullptr, kGoods},
+    {"G_LFACCL_M_COST", "G_LFACCL", "NUMFAC", kExpenseAndGoods, kSignedCost, nullptr, kGoods},
     // The quantity tells groups apart: a pair of rows for each.
-    {"G_LFACCL_M_COSTFIFO", "G_LFACCL", "NUMFAC", "CONTCHELT CONTSTOCMARFA L.CANT", "L.COST", nullptr,
+    {"G_LFACCL_M_COSTFIFO", "G_LFACCL", "NUMFAC", "CONTCHELT CONTSTOCMARFA L.CANT", kSignedCost, nullptr,
      kGoods},
-    {"G_LFACCL_P_COST", "G_LFACCL", "NUMFAC", "CONTSTOCPROD", "L.COST", nullptr, kProducts},
-    {"G_LFACCL_P_COSTFIFO", "G_LFACCL", "NUMFAC", "CONTSTOCPROD", "L.COST", nullptr, kProducts},
+    {"G_LFACCL_P_COST", "G_LFACCL", "NUMFAC", "CONTSTOCPROD", kSignedCost, nullptr, kProducts},
+    {"G_LFACCL_P_COSTFIFO", "G_LFACCL", "NUMFAC", "CONTSTOCPROD", kSignedCost, nullptr, kProducts},
     {"G_LBONCASA_VEN", "G_LBONCASA", "NUMFAC", "CONTVEN", "L.VALOAREFT", "L.VALOARETVA"},
     {"G_LBONCASA_M_COST", "G_LBONCASA", "NUMFAC", kExpenseAndGoods, "L.COST * L.CANT", nullptr, kAllGoods},
     {"G_LBONCASA_M_COSTFIFO", "G_LBONCASA", "NUMFAC", kExpenseAndGoods, "L.COST", nullptr, kAllGoods},

@@ -78,8 +78,6 @@ class Composer {
     NoteRow row;
     row.account = accountOf(entry, group);
     Decimal amount = amountOf(entry, group);
-    // What comes back leaves the accounts, also where its cost already has the sign of its quantity.
-    if (rule_.turnedWithDocument && posting_.isNegative) amount = -amount.abs();
     Decimal foreign;
     if (!posting_.currency.isEmpty()) {
       if (rule_.inDocumentCurrency) {

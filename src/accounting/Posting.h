@@ -51,7 +51,6 @@ struct NoteRule {
   std::vector<Entry> after;         ///< once, behind them
   bool journalOfDocument = false;   ///< the one chosen on the document goes before the parameter's
   bool inDocumentCurrency = false;  ///< the totals are in the document's currency, else in lei
-  bool turnedWithDocument = false;  ///< amounts change their sign on a document whose value is negative
   bool skipsZero = false;           ///< groups of 0 make no entry
 };
 
@@ -68,8 +67,7 @@ struct Posting {
   Decimal vatPercent;
   QString vatAccount;
   QString cashAccount;
-  bool isNegative = false;  ///< the document's value is below 0
-  Value vatOnCollection;    ///< TVAINC; null: left as it is
+  Value vatOnCollection;  ///< TVAINC; null: left as it is
 };
 
 /// Posts the notes of a document in their order, each with a number of its own; the last one is stamped with

@@ -2,16 +2,19 @@
 
 #include "config/Session.h"
 #include "documents/Drafts.h"
+#include "documents/IssueChecks.h"
 #include "documents/LineChecks.h"
 #include "fiscal/FiscalRegisters.h"
 #include "store/Database.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
+#include "util/NumberText.h"
 
 namespace velmar {
 
 namespace {
 
+const QString kTitle = QStringLiteral("Casa de marcat");
 const QString kNotPrinted = QStringLiteral("Bonul nu poate fi tiparit pe casa de marcat.");
 
 class Sending {
@@ -30,6 +33,7 @@ class Sending {
       if (answer == kResultYes) return end(known, true);
       if (answer != kResultNo) return ReceiptOutcome::NotPrinted;
     }
+    if (!isStockAccepted()) return ReceiptOutcome::NotPrinted;
     Receipt receipt;
     const qint64 attempt = begin(known, receipt);
     switch (printReceipt(letter_, receipt)) {
@@ -60,10 +64,20 @@ class Sending {
         QStringLiteral("Bonul %1 a fost trimis la casa de marcat si nu se stie daca a iesit. Verificati. A "
                        "iesit bonul din casa de marcat ?")
             .arg(number_),
-        kYesNoCancel + kQuestion + kThirdDefault, QStringLiteral("Casa de marcat"));
+        kYesNoCancel + kQuestion + kThirdDefault, kTitle);
   }
 
-  // From here on the sale stands as it is sent.
+  // A sale whose receipt is printed can be validated only: what the stock lacks is asked about before.
+  bool isStockAccepted() const {
+    const auto document = drafts_.load(number_);
+    const auto shortage = document ? shortageOf(*document, Stocked::OnlyHeld) : std::nullopt;
+    return !shortage ||
+           Mesaj(QStringLiteral("Articolul: %1 are disponibil in stoc numai %2. Tipariti bonul totusi ?")
+                     .arg(shortage->article, editNumber(shortage->available)),
+                 kYesNo + kQuestion + kSecondDefault, kTitle) == kResultYes;
+  }
+
+  // From here on the sale is kept as it is sent.
   qint64 begin(qint64 known, Receipt& receipt) const {
     Transaction transaction(database());
     drafts_.updateHeader(header_);

@@ -31,9 +31,8 @@ void addTotalsInLei(LedgerDocument& ledger, const Decimal& value, const Decimal&
 
 /// What a return to a supplier takes off the receipt that it names.
 struct ReceiptReturn {
-  QString receipt;  ///< key of the ledger
-  QString article;
-  Decimal quantity;  ///< negative
+  QString receipt;                     ///< ledger key as typed
+  QHash<QString, Decimal> quantities;  ///< positive, by article
 };
 
 /// What validation will write, worked out before anything is written.
@@ -42,7 +41,7 @@ struct Plan {
   std::vector<Row> costedLines;  ///< lines of the draft whose cost the lots have decided
   QStringList costColumns;       ///< what of them
   std::vector<Consumption> lots;
-  std::vector<ReceiptReturn> returns;
+  ReceiptReturn returned;
   std::vector<StockChange> stock;
   Posting posting;
 };

@@ -72,6 +72,7 @@ void DocumentEditor::fillNewHeader(const ProposedNumber& proposed) {
   typed_.takeChanges();
   header_ = headerFrom(typed_);
   header_.set(kind_.numberColumn, proposed.number);
+  storedRate_ = shownRate_ = typed_.vatRate();
 }
 
 QString DocumentEditor::newText(const HeaderField& field) const {
@@ -96,6 +97,7 @@ void DocumentEditor::open(const QString& number) {
         QStringLiteral("Documentul %1 a fost validat sau sters intre timp de alt utilizator !").arg(number));
   header_ = document->header;
   typed_ = TypedHeader(kind_, textsOf(header_));
+  storedRate_ = shownRate_ = typed_.vatRate();
   rules_->begin(typed_, false);
   typed_.takeChanges();
   lines_ = std::move(document->lines);
@@ -139,10 +141,13 @@ QHash<QString, QString> DocumentEditor::textsOf(const Row& header) const {
   return texts;
 }
 
-void DocumentEditor::headerTyped(const QHash<QString, QString>& texts) { typed_ = TypedHeader(kind_, texts); }
+bool DocumentEditor::headerTyped(const QHash<QString, QString>& texts) {
+  typed_ = TypedHeader(kind_, texts);
+  return followRate();
+}
 
-void DocumentEditor::headerChosen(const QString& key, const QHash<QString, QString>& texts) {
-  headerTyped(texts);
+bool DocumentEditor::headerChosen(const QString& key, const QHash<QString, QString>& texts) {
+  const bool linesFollowed = headerTyped(texts);
   const bool isForeign = typed_.isForeign();
   QString currency, rate, box;
   for (const HeaderField& field : kind_.headerFields) {
@@ -158,6 +163,40 @@ void DocumentEditor::headerChosen(const QString& key, const QHash<QString, QStri
     typed_.set(rate, {});
   }
   rules_->follow(key, typed_);
+  return linesFollowed;
+}
+
+// A VAT typed by hand stays until the rate changes, and comes back with the rate that it was typed under.
+bool DocumentEditor::followRate() {
+  const QString rate = typed_.vatRate();
+  if (isNew_ || isFrozen() || rate == shownRate_ || !isOfferedRate(kind_, rate)) return false;
+  shownRate_ = rate;
+  if (ProcentTVA(rate.toLongLong()) != ProcentTVA(storedRate_.toLongLong())) {
+    for (Row& line : lines_) rules_->applyRate(line, typed_);
+  } else if (auto document = drafts().load(number())) {
+    lines_ = std::move(document->lines);
+  }
+  linesChanged();
+  return true;
+}
+
+// Header and lines never disagree about the rate in the store.
+void DocumentEditor::storeRate() {
+  if (isRateStored()) return;
+  Row header = header_;
+  for (const HeaderField& field : kind_.headerFields)
+    if (field.type == HeaderFieldType::VatRate)
+      header.set(field.column, storedHeaderValue(field.type, shownRate_));
+  storeHeader(header);
+}
+
+void DocumentEditor::storeHeader(const Row& header) {
+  Transaction transaction(database());
+  drafts().updateHeader(header);
+  if (!isRateStored()) drafts().updateColumns(lines_, rules_->totalColumns());
+  transaction.commit();
+  header_ = header;
+  storedRate_ = shownRate_;
 }
 
 void DocumentEditor::save(const QHash<QString, QString>& typed) {
@@ -178,8 +217,7 @@ void DocumentEditor::save(const QHash<QString, QString>& typed) {
     if (numbering) numbering->commit();
     reopen(header.text(kind_.numberColumn));
   } else {
-    drafts().updateHeader(header);
-    header_ = header;
+    storeHeader(header);
   }
 }
 
@@ -282,6 +320,7 @@ size_t DocumentEditor::setArticle(size_t line, const QString& code, const QStrin
   row.set("CODART", article->text("CODART"));
   row.set("DENUMIRE", (listText.isEmpty() ? article->text("DENART") : listText).left(kNameWidth));
   rules_->completeLine(row, *article, typed_);
+  storeRate();
   if (isNewLine) {
     drafts().insertLine(row);
     lines_.push_back(std::move(row));
@@ -305,6 +344,7 @@ void DocumentEditor::setNumber(size_t line, const QString& field, const QString&
 }
 
 void DocumentEditor::store(size_t line, Row row) {
+  storeRate();
   drafts().updateLine(row);
   lines_[line] = std::move(row);
   linesChanged();
@@ -342,14 +382,18 @@ void DocumentEditor::checkValidation(const QHash<QString, QString>& typed) {
     if (isBroken(check)) throw RuleError(shownText(check), check.field, 0, check.title);
   // The header goes to the ledger as it stands, so it must still be whole.
   requireHeader(typed_, isNew_);
-  refreshStaleLine();
+  storeRate();
+  refreshStaleLines();
 }
 
-void DocumentEditor::refreshStaleLine() {
-  if (lines_.empty() || isFrozen() || !rules_->isStale(lines_.front())) return;
-  Row row = lines_.front();
-  rules_->recalculate(row, QStringLiteral("CANT"), typed_);
-  store(0, std::move(row));
+void DocumentEditor::refreshStaleLines() {
+  if (isFrozen()) return;
+  for (size_t line = 0; line < lines_.size(); ++line) {
+    if (!rules_->isStale(lines_[line])) continue;
+    Row row = lines_[line];
+    rules_->recalculate(row, QStringLiteral("CANT"), typed_);
+    store(line, std::move(row));
+  }
 }
 
 bool DocumentEditor::isBroken(const Checked<ValidationCheck>& check) const {
@@ -397,6 +441,7 @@ bool DocumentEditor::checkLines() const {
 
 void DocumentEditor::validate(const QHash<QString, QString>& typed) {
   headerTyped(typed);
+  storeRate();
   SalvareDocumente(typed_, headerFrom(typed_));
 }
 
@@ -426,7 +471,8 @@ bool DocumentEditor::isBroken(const Checked<PrintCheck>& check) const {
 ReceiptOutcome DocumentEditor::printReceipt(const QHash<QString, QString>& typed) {
   checkPrinting(typed);
   requireHeader(typed_, isNew_);
-  refreshStaleLine();
+  storeRate();
+  refreshStaleLines();
   if (!EsteValidDetaliiDocument(kind_.prefix, number())) return ReceiptOutcome::NotPrinted;
   const ReceiptOutcome outcome = printCashReceipt(typed_, headerFrom(typed_));
   reopen(number());

@@ -26,10 +26,12 @@ class DocumentEditor {
 
   /// What the header on screen should show, by HeaderField::key(); dates in ISO form.
   const QHash<QString, QString>& headerTexts() const { return typed_.texts(); }
-  /// Tells what stands in the header now: the lines follow it, saved or not.
-  void headerTyped(const QHash<QString, QString>& texts);
-  /// Tells that the user chose something in a field, and puts what follows into others.
-  void headerChosen(const QString& key, const QHash<QString, QString>& texts);
+  /// Takes the header as it is on screen: the lines follow it, saved or not. Returns whether amounts of lines
+  /// have changed with it; they are stored together with the header's VAT rate, at the next write at the
+  /// latest.
+  bool headerTyped(const QHash<QString, QString>& texts);
+  /// As headerTyped(), after the user chose something in a field: puts what follows from it into others.
+  bool headerChosen(const QString& key, const QHash<QString, QString>& texts);
   /// What was put into fields of the header since the last call, to be shown.
   QHash<QString, QString> takeHeaderChanges() { return typed_.takeChanges(); }
 
@@ -81,8 +83,8 @@ class DocumentEditor {
   /// Marks the lines anew, by the header as it was told last.
   void refreshMarks();
 
-  /// The checks before the question, on the header as typed; throws RuleError for the first that fails. A
-  /// line whose amounts no longer fit its quantity and price is worked out anew first.
+  /// The checks before the question, on the header as typed; throws RuleError for the first that fails. Then
+  /// lines whose amounts do not fit their quantity and price, or the VAT rate, are recomputed and stored.
   void checkValidation(const QHash<QString, QString>& typed);
   /// The checks behind the question; throws RuleError. Notices that do not stop are shown.
   bool checkLines() const;
@@ -117,7 +119,11 @@ class DocumentEditor {
   bool isBroken(const Checked<PrintCheck>& check) const;
   const LineColumn* column(const QString& field) const;
   void store(size_t line, Row row);
-  void refreshStaleLine();
+  bool followRate();
+  bool isRateStored() const { return shownRate_ == storedRate_; }
+  void storeRate();
+  void storeHeader(const Row& header);
+  void refreshStaleLines();
   void linesChanged();
 
   const DocumentKind& kind_;
@@ -125,6 +131,8 @@ class DocumentEditor {
   Row header_;
   TypedHeader typed_;
   std::vector<Row> lines_;
+  QString storedRate_;  ///< code of the VAT rate on the stored header
+  QString shownRate_;   ///< code of the VAT rate that lines_ were worked out with
   std::vector<LineMark> marks_;
   QHash<QString, Decimal> totals_;
   bool isNew_ = true;

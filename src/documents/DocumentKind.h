@@ -134,6 +134,7 @@ struct LineColumn {
 struct LineCheckColumns {
   QString price = QStringLiteral("PRETFT");
   QString salePrice;  ///< empty: no notice about the sale price
+  QString netPrice;   ///< the price after discounts; empty: the kind has none
 };
 
 /// The fiscal receipt of a kind. From the moment its sending begins its document stands as it was sent.

@@ -35,17 +35,9 @@ bool partnerExists(const QString& code) {
   return !OpenRs("SELECT COD FROM kt_ter WHERE COD = ?", {static_cast<qint64>(code.toLongLong())}).isEmpty();
 }
 
-bool isOffered(const QString& code, const std::vector<ListEntry>& list) {
-  bool isNumber = false;
-  const QString number = QString::number(code.toLongLong(&isNumber));
-  return isNumber && std::any_of(list.begin(), list.end(),
-                                 [&number](const ListEntry& entry) { return entry.code == number; });
-}
-
 bool isUnofferedRate(const DocumentKind& kind, const QString& key, const QString& code) {
   for (const HeaderField& field : kind.headerFields)
-    if (field.key() == key && field.type == HeaderFieldType::VatRate)
-      return !isOffered(code, vatRates(kind.partnersAreSuppliers));
+    if (field.key() == key && field.type == HeaderFieldType::VatRate) return !isOfferedRate(kind, code);
   return false;
 }
 
@@ -101,6 +93,14 @@ void requireField(const Checked<HeaderCheck>& check, const TypedHeader& typed, b
 
 void requireHeader(const TypedHeader& typed, bool isNew) {
   for (const auto& check : typed.kind().headerChecks) requireField(check, typed, isNew);
+}
+
+bool isOfferedRate(const DocumentKind& kind, const QString& code) {
+  bool isNumber = false;
+  const QString number = QString::number(code.toLongLong(&isNumber));
+  const auto rates = vatRates(kind.partnersAreSuppliers);
+  return isNumber && std::any_of(rates.begin(), rates.end(),
+                                 [&number](const ListEntry& entry) { return entry.code == number; });
 }
 
 }  // namespace velmar

@@ -9,4 +9,7 @@ namespace velmar {
 /// document is not stored yet, so that its number must be free.
 void requireHeader(const TypedHeader& typed, bool isNew);
 
+/// Whether documents of the kind may have the VAT rate of that code.
+bool isOfferedRate(const DocumentKind& kind, const QString& code);
+
 }  // namespace velmar

@@ -2,6 +2,7 @@
 
 #include "documents/KindRules.h"
 #include "stock/Ledger.h"
+#include "stock/Lots.h"
 #include "store/Database.h"
 
 namespace velmar {
@@ -14,15 +15,11 @@ const QString kLedgerStock = QStringLiteral(
     "FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID WHERE D.TIPIE IN ('I', 'S', 'E') "
     "GROUP BY L.ARTID");
 
-const QString kIsLot = QStringLiteral("SUBSTR(L.DOCID, 1, 2) IN ('FF', 'BI', 'FI', 'FS', 'NR')");
-
-// Articles that lots cannot follow: what customers brought back makes no lot, a return to a supplier that
-// names no receipt takes from none, and one that names a receipt can take more than it has left.
-const QString kBeyondLots = QStringLiteral(
-    "SELECT L.ARTID FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID "
-    "WHERE (L.CANT < 0 AND D.TIPIE = 'E') OR (L.CANT > 0 AND L.CANTRAMASA < 0) OR (L.CANT < 0 AND D.TIP = "
-    "'FF' "
-    "AND NOT EXISTS (SELECT R.DOCID FROM G_LDOCUM R WHERE R.DOCID = TRIM(D.OBS) AND R.ARTID = L.ARTID))");
+// What went back to a supplier without taking from a lot, since the document named no receipt of the article.
+const QString kReturnedUnnamed = QStringLiteral(
+    "SELECT L.ARTID AS ARTID, -SUM(L.CANT) AS CANT FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID "
+    "WHERE D.TIP = 'FF' AND L.CANT < 0 AND NOT EXISTS (SELECT R.DOCID FROM G_LDOCUM R WHERE R.DOCID = "
+    "TRIM(D.OBS) AND R.ARTID = L.ARTID) GROUP BY L.ARTID");
 
 const QString kHeldArticles = QStringLiteral("SELECT CODART FROM G_ARTMAG WHERE FARASTOC = 0");
 
@@ -47,20 +44,23 @@ void findStock(Finder& finder) {
 }
 
 void findLots(Finder& finder) {
-  finder.find(
-      QStringLiteral("Loturile articolului difera de documente"),
-      QStringLiteral(
-          "SELECT S.ARTID AS PLACE FROM (%1) S LEFT JOIN (SELECT L.ARTID AS ARTID, "
-          "SUM(L.CANTRAMASA) AS CANT FROM G_LDOCUM L WHERE L.CANTRAMASA > 0 AND %2 GROUP BY L.ARTID) R "
-          "ON R.ARTID = S.ARTID WHERE S.ARTID IN (%3) AND S.ARTID NOT IN (%4) AND "
-          "ROUND_EVEN(S.CANT - COALESCE(R.CANT, 0), 3) <> 0 ORDER BY S.ARTID")
-          .arg(kLedgerStock, kIsLot, kHeldArticles, kBeyondLots));
-  // What is gone from a receipt went to issues, or back to its supplier.
+  finder.find(QStringLiteral("Loturile articolului difera de documente"),
+              QStringLiteral(
+                  "SELECT S.ARTID AS PLACE FROM (%1) S LEFT JOIN (SELECT L.ARTID AS ARTID, "
+                  "SUM(L.CANTRAMASA) AS CANT FROM G_LDOCUM L WHERE %2 GROUP BY L.ARTID) R "
+                  "ON R.ARTID = S.ARTID LEFT JOIN (%4) B ON B.ARTID = S.ARTID WHERE S.ARTID IN (%3) AND "
+                  "ROUND_EVEN(S.CANT + COALESCE(B.CANT, 0) - COALESCE(R.CANT, 0), 3) <> 0 ORDER BY S.ARTID")
+                  .arg(kLedgerStock, makesLot(), kHeldArticles, kReturnedUnnamed));
+  finder.find(QStringLiteral("Lotul are ramas mai putin decat nimic sau mai mult decat a intrat"),
+              QStringLiteral("SELECT L.DOCID || ' ' || L.ARTID AS PLACE FROM G_LDOCUM L WHERE %1 "
+                             "AND (L.CANTRAMASA < 0 OR L.CANTRAMASA > ABS(L.CANT)) ORDER BY L.DOCID, L.LINIE")
+                  .arg(makesLot()));
+  // What is gone from a lot went to issues, or back to its supplier.
   finder.find(
       QStringLiteral("Legaturile cu intrarea difera de cantitatea consumata"),
       QStringLiteral(
           "SELECT G.DOCID || ' ' || G.ARTID AS PLACE FROM (SELECT L.DOCID AS DOCID, L.ARTID AS ARTID, "
-          "SUM(L.CANT - L.CANTRAMASA) AS CANT FROM G_LDOCUM L WHERE L.CANT > 0 AND %1 "
+          "SUM(ABS(L.CANT) - L.CANTRAMASA) AS CANT FROM G_LDOCUM L WHERE %1 "
           "GROUP BY L.DOCID, L.ARTID) G "
           "LEFT JOIN (SELECT ID_I, CODART, SUM(CANT) AS CANT FROM G_I_E GROUP BY ID_I, CODART) E "
           "ON E.ID_I = G.DOCID AND E.CODART = G.ARTID "
@@ -69,17 +69,18 @@ void findLots(Finder& finder) {
           "GROUP BY TRIM(D.OBS), L.ARTID) B ON B.DOCID = G.DOCID AND B.ARTID = G.ARTID "
           "WHERE ROUND_EVEN(G.CANT - COALESCE(E.CANT, 0) - COALESCE(B.CANT, 0), 3) <> 0 "
           "ORDER BY G.DOCID, G.ARTID")
-          .arg(kIsLot));
+          .arg(makesLot()));
   finder.find(
       QStringLiteral("Legaturile iesirii difera de cantitatea ei"),
       QStringLiteral(
           "SELECT L.DOCID || ' ' || L.ARTID AS PLACE FROM (SELECT I.DOCID AS DOCID, I.ARTID AS ARTID, "
-          "SUM(I.CANT) AS CANT FROM G_LDOCUM I GROUP BY I.DOCID, I.ARTID) L INNER JOIN G_DOCUME D "
+          "SUM(I.CANT) AS CANT FROM G_LDOCUM I WHERE I.CANT > 0 GROUP BY I.DOCID, I.ARTID) L "
+          "INNER JOIN G_DOCUME D "
           "ON D.ID = L.DOCID LEFT JOIN (SELECT TIP_E, ID_E, CODART, SUM(CANT) AS CANT FROM G_I_E "
           "GROUP BY TIP_E, ID_E, CODART) E ON D.ID = E.TIP_E || E.ID_E AND E.CODART = L.ARTID "
-          "WHERE D.TIPIE = 'E' AND D.TIP IN ('BC', 'FC', 'BS') AND L.ARTID IN (%1) AND L.ARTID NOT IN (%2) "
+          "WHERE D.TIPIE = 'E' AND D.TIP IN ('BC', 'FC', 'BS') AND L.ARTID IN (%1) "
           "AND ROUND_EVEN(L.CANT - COALESCE(E.CANT, 0), 3) <> 0 ORDER BY L.DOCID, L.ARTID")
-          .arg(kHeldArticles, kBeyondLots));
+          .arg(kHeldArticles));
 }
 
 void findNotes(Finder& finder) {
@@ -91,13 +92,13 @@ void findNotes(Finder& finder) {
 }
 
 void findCosts(Finder& finder) {
-  finder.find(
-      QStringLiteral("Costul documentului difera de costul liniilor"),
-      QStringLiteral(
-          "SELECT D.ID AS PLACE FROM G_DOCUME D INNER JOIN (SELECT DOCID, SUM(VALCOST) AS COST, "
-          "COUNT(*) AS LINES, MIN(CANT) AS SMALLEST FROM G_LDOCUM GROUP BY DOCID) L ON L.DOCID = D.ID "
-          "WHERE D.TIPIE IN ('I', 'S', 'E') AND NOT (D.TIPIE = 'E' AND L.SMALLEST < 0) "
-          "AND ABS(D.TOTALCOST - L.COST) > 0.005 * L.LINES + 0.000001 ORDER BY D.ID"));
+  finder.find(QStringLiteral("Costul documentului difera de costul liniilor"),
+              QStringLiteral(
+                  // The cost of a line has no sign on an issue: it counts with that of the quantity.
+                  "SELECT D.ID AS PLACE FROM G_DOCUME D INNER JOIN (SELECT DOCID, COUNT(*) AS LINES, "
+                  "SUM(CASE WHEN CANT < 0 THEN -ABS(VALCOST) ELSE VALCOST END) AS COST "
+                  "FROM G_LDOCUM GROUP BY DOCID) L ON L.DOCID = D.ID WHERE D.TIPIE IN ('I', 'S', 'E') "
+                  "AND ABS(D.TOTALCOST - L.COST) > 0.005 * L.LINES + 0.000001 ORDER BY D.ID"));
 }
 
 void findDrafts(Finder& finder) {

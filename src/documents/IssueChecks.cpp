@@ -1,6 +1,5 @@
 #include "documents/IssueChecks.h"
 
-#include "stock/Availability.h"
 #include "store/Records.h"
 #include "util/Errors.h"
 #include "util/NumberText.h"
@@ -26,13 +25,17 @@ QStringList articlesOf(const std::vector<Row>& lines) {
   return articles;
 }
 
-void requireAvailable(const Document& document, Stocked stocked, const QString& text) {
+std::optional<Shortage> shortageOf(const Document& document, Stocked stocked) {
   Quantities wanted;
   for (const Row& line : document.lines) wanted.add(line.text("CODART"), line.decimal("CANT"));
   QStringList articles = articlesOf(document.lines);
   if (stocked == Stocked::OnlyHeld) articles = heldInStock(articles);
   articles.sort(Qt::CaseInsensitive);
-  const auto shortage = firstShortage(articles, wanted, document.header.integer("Magazie"));
+  return firstShortage(articles, wanted, document.header.integer("Magazie"));
+}
+
+void requireAvailable(const Document& document, Stocked stocked, const QString& text) {
+  const auto shortage = shortageOf(document, stocked);
   if (shortage) throw RuleError(text.arg(shortage->article, editNumber(shortage->available)), "CODART");
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "documents/Document.h"
+#include "stock/Availability.h"
 
 namespace velmar {
 
@@ -12,6 +13,9 @@ enum class Stocked {
   All,      ///< all articles count
   OnlyHeld  ///< articles that keep no stock pass
 };
+
+/// The first article, by code, of which the document's warehouse has less available than the lines want.
+std::optional<Shortage> shortageOf(const Document& document, Stocked stocked);
 
 /// Throws RuleError about the first article, by code, of which the document's warehouse has less available
 /// than the lines want: `text` with its code and what is available.

@@ -7,6 +7,8 @@ namespace velmar {
 
 void KindRules::begin(TypedHeader& /*header*/, bool /*isNew*/) const {}
 
+void KindRules::applyRate(Row& /*line*/, const TypedHeader& /*header*/) const {}
+
 CellObjection KindRules::objection(const Row& /*line*/, const QString& /*field*/, const Decimal& /*number*/,
                                    const TypedHeader& /*header*/) const {
   return {};

@@ -37,6 +37,9 @@ class KindRules {
   /// Recomputes the line after `changed` was typed.
   virtual void recalculate(Row& line, const QString& changed, const TypedHeader& header) const = 0;
 
+  /// Recomputes what follows from the document's VAT rate, which has changed.
+  virtual void applyRate(Row& line, const TypedHeader& header) const;
+
   /// Why the number cannot stand in the cell of the line.
   virtual CellObjection objection(const Row& line, const QString& field, const Decimal& number,
                                   const TypedHeader& header) const;

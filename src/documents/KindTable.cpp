@@ -72,7 +72,8 @@ DocumentKind kindOf(const Facts& facts) {
   kind.numbering = facts.numbering;
   kind.existsKind = facts.existsKind;
   kind.partnersAreSuppliers = kind.partnerColumn == QStringLiteral("CODFUR");
-  kind.lineCheck = {facts.price, facts.salePrice};
+  kind.lineCheck.price = facts.price;
+  kind.lineCheck.salePrice = facts.salePrice;
   return kind;
 }
 

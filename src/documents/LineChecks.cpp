@@ -23,6 +23,8 @@ QString brokenRule(const Row& line, const LineCheckColumns& columns) {
                "Pretul unitar pentru articolul cu codul %1 trebuie sa fie un numar pozitiv ! Validarea nu "
                "se poate efectua !")
         .arg(code);
+  if (!columns.netPrice.isEmpty() && line.decimal(columns.netPrice).isNegative())
+    return discountsTooHighText(code);
   return {};
 }
 
@@ -58,6 +60,10 @@ QString repeatedArticleText(const QString& code) {
              "Articolul cu codul %1 se repeta ! Va rugam introduceti articole distincte ! Validarea nu se "
              "poate efectua ! ")
       .arg(code);
+}
+
+QString discountsTooHighText(const QString& code) {
+  return QStringLiteral("Discounturile depasesc 100% pentru articolul %1 !").arg(code);
 }
 
 bool EsteValidDetaliiDocument(const QString& prefix, const QString& number) {

@@ -5,6 +5,7 @@
 #include "config/Lookups.h"
 #include "config/Session.h"
 #include "documents/IssueChecks.h"
+#include "documents/LineChecks.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/NumberText.h"
@@ -28,6 +29,7 @@ namespace {
 constexpr int kQuantityDecimals = 3;
 constexpr int kCurrencyAmountDecimals = 4;
 constexpr int kPercentDecimals = 2;
+constexpr int kWhole = 100;  // percent
 const QString kNoSeries = QStringLiteral("00");
 
 void priceInCurrency(Row& line, const Row& article, TypedHeader& header) {
@@ -92,10 +94,23 @@ void SaleRules::recalculate(Row& line, const QString& changed, const TypedHeader
   CALC(line, header);
 }
 
+void SaleRules::applyRate(Row& line, const TypedHeader& header) const { CALC(line, header); }
+
+// A quantity brings its discounts to a line that has none yet.
+CellObjection SaleRules::objection(const Row& line, const QString& field, const Decimal& number,
+                                   const TypedHeader& header) const {
+  if (field != QStringLiteral("CANT")) return {};
+  Row discounted = line;
+  discounted.set("CANT", Round(number, kQuantityDecimals));
+  takeDiscounts(discounted, header);
+  const Decimal percent = discounted.decimal("DiscountArticol") + discounted.decimal("DiscountClient");
+  return percent > kWhole ? CellObjection{discountsTooHighText(line.text("CODART"))} : CellObjection{};
+}
+
 bool SaleRules::isStale(const Row& line) const {
   const Decimal value = line.decimal("VALOAREFT");
-  const Decimal priced = Round(line.decimal("CANT") * line.decimal("PRETFT"), 0);
-  return value.isNegative() || (priced - Round(value, 0)).abs() > 1;
+  return value.isNegative() ||
+         value != Round(line.decimal("CANT") * line.decimal("ValoareFTCuDiscount"), session().NrZec);
 }
 
 void SaleRules::requireStock(const Document& document) const {
@@ -120,24 +135,24 @@ Plan SaleRules::plan(Document& document) const {
 // What the line costs at its quantity, and the discounts that the quantity brings.
 void SaleRules::takeQuantity(Row& line, const TypedHeader& header) const {
   const QString article = line.text("CODART");
-  const bool isFifo = TIPCOST() == kFifo;
-  if (isFifo) line.set("CANT", Round(line.decimal("CANT"), kQuantityDecimals));
   const Decimal quantity = line.decimal("CANT");
   const bool isReturn = takeReturned(line, header);
-  if (!isReturn && isFifo) {
+  if (!isReturn && TIPCOST() == kFifo && !quantity.isNegative()) {
     OpenLots lots({article});
     line.set("COST", Round(lots.costFIFO(article, quantity, CostFollows::LotWithRemainder).value,
                            kCurrencyAmountDecimals));
   } else if (!isReturn) {
     line.set("COST", costsOneUnit() ? CostArticol(article) : quantity * CostArticol(article));
   }
-  const bool hasDiscount =
-      !line.decimal("DiscountArticol").isZero() || !line.decimal("DiscountClient").isZero();
-  if (!hasDiscount) {
-    line.set("DiscountArticol", Decimal(DiscountArticol(article, quantity)));
-    line.set("DiscountClient", Decimal(DiscountTert(header.partner())));
-  }
-  if (!hasDiscount || isReturn) discount(line);
+  if (takeDiscounts(line, header) || isReturn) discount(line);
+}
+
+// Puts the discounts of article and customer on a line that has none; returns whether it did.
+bool SaleRules::takeDiscounts(Row& line, const TypedHeader& header) {
+  if (!line.decimal("DiscountArticol").isZero() || !line.decimal("DiscountClient").isZero()) return false;
+  line.set("DiscountArticol", Decimal(DiscountArticol(line.text("CODART"), line.decimal("CANT"))));
+  line.set("DiscountClient", Decimal(DiscountTert(header.partner())));
+  return true;
 }
 
 // Lots decide the cost of what goes out; what comes back keeps its own, as does what no lot has.
@@ -154,17 +169,19 @@ void SaleRules::takeLots(Document& document, Plan& plan) const {
   plan.costColumns = QStringList{"COST"};
 }
 
-// What the whole line costs.
-Decimal SaleRules::costOf(const Row& line, const Terms& terms) const {
+// What the whole line costs, below 0 for goods that come back.
+Decimal SaleRules::signedCost(const Row& line, const Terms& terms) const {
+  const Decimal quantity = line.decimal("CANT");
   const Decimal cost = line.decimal("COST");
-  return costsOneUnit() && !terms.isFifo ? cost * line.decimal("CANT") : cost;
+  const Decimal size = (costsOneUnit() && !terms.isFifo ? cost * quantity : cost).abs();
+  return quantity.isNegative() ? -size : size;
 }
 
 Values SaleRules::ledgerLine(const Row& line, const Terms& terms) const {
   const Decimal quantity = line.decimal("CANT");
   const Decimal price = line.decimal("ValoareFTCuDiscount");
   const Decimal lei = terms.inLei(price);
-  const Decimal cost = costOf(line, terms).abs();
+  const Decimal cost = signedCost(line, terms).abs();
   const Decimal unit = (cost / quantity).abs();
   const bool hasRate = !terms.currency.isEmpty() && !terms.rate.isZero();
   const Decimal unitInCurrency = hasRate ? (unit / terms.rate).abs() : Decimal(0);
@@ -183,20 +200,21 @@ Values SaleRules::ledgerLine(const Row& line, const Terms& terms) const {
           terms.costCentre.isEmpty() ? Value() : Value(terms.costCentre),
           Round(line.decimal("DiscountArticol") + line.decimal("DiscountClient"), kPercentDecimals),
           Round(lei, kPercentDecimals),
-          palet.isEmpty() ? Value() : Value(palet)};
+          palet.isEmpty() ? Value() : Value(palet),
+          quantity.isNegative() ? Value(quantity.abs()) : Value()};  // what comes back is a lot
 }
 
 LedgerDocument SaleRules::ledgerWithLines(const Document& document, const Terms& terms,
                                           std::vector<StockChange>& stock) const {
   LedgerDocument ledger = ledgerOf(document);
   ledger.lineColumns =
-      QStringList{"ARTID",   "CANT",       "PRETFT", "PRETTTI", "PRETDEV", "VALTVA", "COST", "COSTDEV",
-                  "VALCOST", "VALCOSTDEV", "CODTVA", "CODCC",   "PROCRAB", "VALRAB", "PALET"};
+      QStringList{"ARTID",   "CANT",       "PRETFT", "PRETTTI", "PRETDEV", "VALTVA", "COST",  "COSTDEV",
+                  "VALCOST", "VALCOSTDEV", "CODTVA", "CODCC",   "PROCRAB", "VALRAB", "PALET", "CANTRAMASA"};
   Decimal value, vat, cost;
   for (const Row& line : document.lines) {
     value += line.decimal("VALOAREFT");
     vat += line.decimal("VALOARETVA");
-    cost += costOf(line, terms);
+    cost += signedCost(line, terms);
     ledger.lines.push_back(ledgerLine(line, terms));
     stock.push_back({line.text("CODART"), line.decimal("CANT"), {}, {}, StockRule::Issue});
   }
@@ -224,9 +242,6 @@ void SaleRules::post(const Document& document, const Terms& terms, Posting& post
   posting.costCentre = terms.costCentre;
   posting.vatPercent = terms.vatPercent;
   posting.vatAccount = ContTVA(document.header.integer("BATVA1"));
-  Decimal value;
-  for (const Row& line : document.lines) value += line.decimal("VALOAREFT");
-  posting.isNegative = value.isNegative();
   complete(posting, document);
 }
 
@@ -250,7 +265,6 @@ NoteRule SaleRules::costOfGoods(const char* totals) {
           .perGroup = {{Side::Debit, AccountSource::Totals, "CONTCHELT", AmountOf::Group, kCostCentre},
                        {Side::Credit, AccountSource::Totals, "CONTSTOCMARFA", AmountOf::Group, kCostCentre}},
           .after = {},
-          .turnedWithDocument = true,
           .skipsZero = true};
 }
 
@@ -261,7 +275,6 @@ NoteRule SaleRules::costOfProducts(const char* totals) {
           .perGroup = {{Side::Credit, AccountSource::Totals, "CONTSTOCPROD", AmountOf::Group, kCostCentre},
                        {Side::Debit, AccountSource::Parameter, "CONTINTRPROD", AmountOf::Group, kCostCentre}},
           .after = {},
-          .turnedWithDocument = true,
           .skipsZero = true};
 }
 

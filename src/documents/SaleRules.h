@@ -10,13 +10,17 @@ class SaleRules : public KindRules {
  public:
   void completeLine(Row& line, const Row& article, TypedHeader& header) const override;
   void recalculate(Row& line, const QString& changed, const TypedHeader& header) const override;
+  void applyRate(Row& line, const TypedHeader& header) const override;
+  CellObjection objection(const Row& line, const QString& field, const Decimal& number,
+                          const TypedHeader& header) const override;
   bool isStale(const Row& line) const override;
   void requireStock(const Document& document) const override;
   QStringList totalColumns() const override { return {"VALOAREFT", "VALOARETVA", "VALOARETTI", "COST"}; }
   Plan plan(Document& document) const override;
 
  protected:
-  /// Prices and costs a line of goods that a customer brings back; false for a line that is none.
+  /// Prices and costs a line of goods that a customer brings back as on the document that the header names;
+  /// false when it names none.
   virtual bool takeReturned(Row& /*line*/, const TypedHeader& /*header*/) const { return false; }
 
   /// Whether `COST` of a line holds the cost of one unit where no lots decide, and not that of the line.
@@ -39,8 +43,9 @@ class SaleRules : public KindRules {
   struct Terms;
 
   void takeQuantity(Row& line, const TypedHeader& header) const;
+  static bool takeDiscounts(Row& line, const TypedHeader& header);
   void takeLots(Document& document, Plan& plan) const;
-  Decimal costOf(const Row& line, const Terms& terms) const;
+  Decimal signedCost(const Row& line, const Terms& terms) const;
   Values ledgerLine(const Row& line, const Terms& terms) const;
   LedgerDocument ledgerWithLines(const Document& document, const Terms& terms,
                                  std::vector<StockChange>& stock) const;

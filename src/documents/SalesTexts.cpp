@@ -45,9 +45,9 @@ void fitOnScreen(QList<LineColumn>& columns) {
 }
 
 // Quantity to value with VAT, with the prices and discounts of a sale. `currencyPrice` may be empty.
-QList<LineColumn> saleColumns(const DocumentKind& kind, LineEntry entry, const QString& currencyPrice) {
+void describeSaleColumns(DocumentKind& kind, LineEntry entry, const QString& currencyPrice) {
   QList<LineColumn> columns = leadingColumns(kind);
-  columns.append({"CANT", "Cantitate", entry, 3, kAsTyped, 12});  // the rules round it, under FIFO alone
+  columns.append({"CANT", "Cantitate", entry, 3, 3, 12});
   if (!currencyPrice.isEmpty()) columns.append(price(currencyPrice, "Pret unitar valuta", entry));
   columns.append({price("PRETFT", "Pret unitar", entry, kSessionDecimals),
                   {"DiscountClient", "% Disc. Client", LineEntry::Locked, 2, kAsTyped, 8},
@@ -57,7 +57,8 @@ QList<LineColumn> saleColumns(const DocumentKind& kind, LineEntry entry, const Q
                   {"VALOARETVA", "Valoare TVA", entry, kSessionDecimals, 2, 14},
                   value("VALOARETTI", "Valoare Totala")});
   fitOnScreen(columns);
-  return columns;
+  kind.lineColumns = columns;
+  kind.lineCheck.netPrice = QStringLiteral("ValoareFTCuDiscount");
 }
 
 void describeInvoiceFields(DocumentKind& kind) {
@@ -80,7 +81,7 @@ void describeInvoiceFields(DocumentKind& kind) {
 }
 
 void describeInvoiceColumns(DocumentKind& kind) {
-  kind.lineColumns = saleColumns(kind, LineEntry::Number, "PRETVALUTA");
+  describeSaleColumns(kind, LineEntry::Number, "PRETVALUTA");
   kind.lineColumns[1].caption = "nr. linie";
   kind.lineColumns[3].caption = "Denumire";
   kind.lineColumns +=
@@ -170,7 +171,7 @@ void describeCashSale(DocumentKind& kind) {
        "Numarul de caractere al denumirii pe bonul fiscal", "", "", 0, true},
       postsNotes("Bifati daca bonul genereaza note contabile"),
       remark(kind)};
-  kind.lineColumns = saleColumns(kind, LineEntry::PositiveNumber, "PRETVALUTA");
+  describeSaleColumns(kind, LineEntry::PositiveNumber, "PRETVALUTA");
   kind.lineColumns +=
       QList<LineColumn>{{"CANTAVIZ", "Cantitate conform document", LineEntry::Locked, 3, kAsTyped, 14, false},
                         {"NUMAE", "Numar document", LineEntry::Locked, -1, kAsTyped, 14, false},
@@ -204,7 +205,7 @@ void describeDeliveryNote(DocumentKind& kind) {
       costCentre(),
       {HeaderFieldType::Flag, "", "chkCalculValuta", "Pret articol din pret de vanzare in valuta", ""},
       remark(kind)};
-  kind.lineColumns = saleColumns(kind, LineEntry::PositiveNumber, "PRIXUV");
+  describeSaleColumns(kind, LineEntry::PositiveNumber, "PRIXUV");
   kind.lineColumns += QList<LineColumn>{{"CANTRAMAS", "Cantitate ramasa", LineEntry::Locked, 3, kAsTyped, 12},
                                         value("VALOARECOST", "Valoare cost")};
   kind.texts.title = "Avize de expeditie";
@@ -232,7 +233,7 @@ void describeProforma(DocumentKind& kind) {
   kind.headerFields += QList<HeaderField>{{HeaderFieldType::Flag, "", "chkCalculValuta",
                                            "Calculeaza pret articol in functie de pret vanzare valuta", ""},
                                           remark(kind)};
-  kind.lineColumns = saleColumns(kind, LineEntry::PositiveNumber, "");
+  describeSaleColumns(kind, LineEntry::PositiveNumber, "");
   kind.lineColumns.append(price("PRIXUV", "Pret unitar valuta", LineEntry::PositiveNumber));
   kind.texts.title = "Facturi Proforma";
   kind.texts.draftsCaption = "Lista facturi proforma";

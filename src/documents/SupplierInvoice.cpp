@@ -8,6 +8,7 @@
 #include "store/Records.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
+#include "util/NumberText.h"
 
 namespace velmar {
 
@@ -17,6 +18,7 @@ constexpr int kTypedVatDecimals = 0;  // what a typed VAT makes of the line's wh
 
 const QString kStockTooSmall = QStringLiteral(
     "Cantitatea din Stoc este mai mica decat cea de pe factura! Stornarea nu se poate efectua !");
+const QString kReceiptTooSmall = QStringLiteral("Din documentul %1 au mai ramas numai %2 din articolul %3 !");
 const QString kNameTheInvoice =
     QStringLiteral("Va rog introduceti in campul Observatii, numarul facturii de stornat.");
 const QString kVatWithoutRate =
@@ -56,6 +58,10 @@ class SupplierInvoiceRules : public KindRules {
     }
   }
 
+  void applyRate(Row& line, const TypedHeader& header) const override {
+    recalculate(line, QStringLiteral("PRETFT"), header);
+  }
+
   CellObjection objection(const Row& line, const QString& field, const Decimal& number,
                           const TypedHeader& header) const override {
     if (field != QStringLiteral("CANT") || !number.isNegative()) return {};
@@ -82,16 +88,21 @@ class SupplierInvoiceRules : public KindRules {
   }
 
   void requireStock(const Document& document) const override {
-    QStringList returned;
-    for (const Row& line : document.lines)
-      if (line.decimal("CANT").isNegative()) returned.append(line.text("CODART"));
+    const QHash<QString, Decimal> returned = returnedQuantities(document);
     if (returned.isEmpty()) return;
-    const Quantities stock = warehouseStock(returned, document.header.integer("Magazie"));
+    const QString receipt = document.header.text("OBS").trimmed();
+    const Quantities stock = warehouseStock(returned.keys(), document.header.integer("Magazie"));
+    // By weighted average no lot decides a cost, and what was bought on several invoices may go back on one.
+    const auto rests =
+        TIPCOST() == kFifo ? receiptRests(receipt, returned.keys()) : QHash<QString, Decimal>();
     for (const Row& line : document.lines) {
       if (!line.decimal("CANT").isNegative()) continue;
-      if (stock.of(line.text("CODART")) < line.decimal("CANT").abs())
-        throw RuleError(kStockTooSmall, "CODART");
-      if (document.header.text("OBS").trimmed().isEmpty()) throw RuleError(kNameTheInvoice, "OBS");
+      const QString article = line.text("CODART");
+      if (stock.of(article) < returned.value(article)) throw RuleError(kStockTooSmall, "CODART");
+      if (receipt.isEmpty()) throw RuleError(kNameTheInvoice, "OBS");
+      const auto rest = rests.find(article.toUpper());
+      if (rest != rests.end() && *rest < returned.value(article))
+        throw RuleError(kReceiptTooSmall.arg(receipt, editNumber(*rest), article), "CODART");
     }
   }
 
@@ -119,8 +130,8 @@ class SupplierInvoiceRules : public KindRules {
                               zero, quantity * price, zero, percent, quantity,
                               Value::raw(line.value("PRETVA")), Value::raw(line.value("PALET"))});
       plan.stock.push_back({article, quantity, price, line.decimal("PRETVA"), StockRule::ReceiptByPrice});
-      if (quantity.isNegative()) plan.returns.push_back({document.header.text("OBS"), article, quantity});
     }
+    plan.returned = {document.header.text("OBS"), returnedQuantities(document)};
     addTotalsInLei(ledger, value, vat, value);
     ledger.add({{"DATASCAD", document.header.date("DATASCAD")}});
     plan.ledger.push_back(std::move(ledger));
@@ -132,6 +143,14 @@ class SupplierInvoiceRules : public KindRules {
   }
 
  private:
+  // Quantities of the negative lines, by article.
+  static QHash<QString, Decimal> returnedQuantities(const Document& document) {
+    QHash<QString, Decimal> returned;
+    for (const Row& line : document.lines)
+      if (line.decimal("CANT").isNegative()) returned[line.text("CODART")] += line.decimal("CANT").abs();
+    return returned;
+  }
+
   static void post(const Document& document, const Decimal& percent, const QString& vatAccount,
                    Posting& posting) {
     posting.notes = {kNote};

@@ -33,10 +33,14 @@ Decimal TypedHeader::rate() const {
   return rate && isForeign() ? number(rate->key()) : Decimal(0);
 }
 
-Decimal TypedHeader::vatPercent() const {
+QString TypedHeader::vatRate() const {
   const HeaderField* rate = field(HeaderFieldType::VatRate);
-  if (!rate) return 0;
-  const QString code = text(rate->key());
+  return rate ? text(rate->key()) : QString();
+}
+
+Decimal TypedHeader::vatPercent() const {
+  const QString code = vatRate();
+  if (code.isEmpty()) return 0;
   if (!percents_.contains(code)) percents_.insert(code, ProcentTVA(code.toLongLong()));
   return percents_.value(code);
 }

@@ -34,6 +34,8 @@ class TypedHeader {
   bool isForeign() const;
   /// Lei for one unit of the currency; 0 in lei.
   Decimal rate() const;
+  /// Code of the VAT rate chosen; empty where the kind has none.
+  QString vatRate() const;
   /// Percent of the VAT rate chosen.
   Decimal vatPercent() const;
 

@@ -57,7 +57,7 @@ Note headOf(const Document& document) {
 void writeStockOf(const Document& document, const Plan& plan) {
   Drafts(*document.kind).updateColumns(plan.costedLines, plan.costColumns);
   if (!plan.lots.empty()) writeConsumption({document.kind->prefix, document.number}, plan.lots);
-  for (const ReceiptReturn& back : plan.returns) CautaFF(back.receipt, back.article, back.quantity);
+  if (!plan.returned.quantities.isEmpty()) CautaFF(plan.returned.receipt, plan.returned.quantities);
 }
 
 // Stock, cost and prices of the articles, and the mark on the draft.

@@ -14,9 +14,10 @@ constexpr int kQuantityDecimals = 3;
 Lot lotOf(const Row& row) {
   const Decimal cost = row.decimal("COST");
   // What a customer brought back is worth what it had cost and not what it was sold for.
-  const bool isStorno = row.text("DOCID").startsWith(QStringLiteral("FS"), Qt::CaseInsensitive);
+  const bool isBroughtBack = row.decimal("CANT").isNegative() ||
+                             row.text("DOCID").startsWith(QStringLiteral("FS"), Qt::CaseInsensitive);
   return {row.text("DOCID"), row.integer("LINIE"), row.decimal("CANTRAMASA"),
-          isStorno ? cost : row.decimal("PRETFT"), cost};
+          isBroughtBack ? cost : row.decimal("PRETFT"), cost};
 }
 
 bool hasLinks(const Issue& issue) {
@@ -27,13 +28,21 @@ bool hasLinks(const Issue& issue) {
 
 }  // namespace
 
+const QString& makesLot() {
+  static const QString condition = QStringLiteral(
+      "((SUBSTR(L.DOCID, 1, 2) IN ('FF', 'BI', 'FI', 'FS', 'NR') AND L.CANT > 0) "
+      "OR (SUBSTR(L.DOCID, 1, 2) = 'FC' AND L.CANT < 0))");
+  return condition;
+}
+
 OpenLots::OpenLots(const QStringList& articles) {
   const auto rows = rowsOfKeys(
-      "SELECT L.ARTID AS ARTID, L.DOCID AS DOCID, L.LINIE AS LINIE, L.CANTRAMASA AS CANTRAMASA, "
-      "L.COST AS COST, L.PRETFT AS PRETFT FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID "
-      "WHERE L.ARTID IN (%1) AND L.CANTRAMASA > 0 "
-      "AND SUBSTR(L.DOCID, 1, 2) IN ('FF', 'BI', 'FI', 'FS', 'NR') "
-      "ORDER BY D.DATADOC NULLS FIRST, L.DATA NULLS FIRST, L.DOCID, L.LINIE",
+      QStringLiteral("SELECT L.ARTID AS ARTID, L.DOCID AS DOCID, L.LINIE AS LINIE, L.CANT AS CANT, "
+                     "L.CANTRAMASA AS CANTRAMASA, L.COST AS COST, L.PRETFT AS PRETFT "
+                     "FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID "
+                     "WHERE L.ARTID IN (%1) AND L.CANTRAMASA > 0 AND ") +
+          makesLot() +
+          QStringLiteral(" ORDER BY D.DATADOC NULLS FIRST, L.DATA NULLS FIRST, L.DOCID, L.LINIE"),
       articles);
   for (const Row& row : rows) lots_[row.text("ARTID").toUpper()].push_back(lotOf(row));
 }
@@ -104,11 +113,39 @@ void pStergDOCI(const Issue& issue, const QString& article) {
                      {issue.number, article, issue.kind});
 }
 
-void CautaFF(const QString& key, const QString& article, const Decimal& quantity) {
-  database().execute(
-      "UPDATE G_LDOCUM SET CANTRAMASA = ROUND_EVEN(CANTRAMASA + ?, 3) WHERE DOCID = ? AND ARTID = ? "
-      "AND EXISTS (SELECT D.ID FROM G_DOCUME D WHERE D.ID = G_LDOCUM.DOCID)",
-      {quantity, key.trimmed(), article});
+namespace {
+
+// The lots that a receipt made of these articles, used up or not, by line.
+std::vector<Row> lotsOfReceipt(const QString& key, const QStringList& articles) {
+  return rowsOfKeys(QStringLiteral("SELECT L.ARTID AS ARTID, L.LINIE AS LINIE, L.CANTRAMASA AS CANTRAMASA "
+                                   "FROM G_LDOCUM L WHERE L.ARTID IN (%1) AND L.DOCID = ? AND ") +
+                        makesLot() + QStringLiteral(" ORDER BY L.LINIE"),
+                    articles, {key.trimmed()});
+}
+
+}  // namespace
+
+QHash<QString, Decimal> receiptRests(const QString& key, const QStringList& articles) {
+  QHash<QString, Decimal> rests;
+  for (const Row& lot : lotsOfReceipt(key, articles))
+    rests[lot.text("ARTID").toUpper()] += lot.decimal("CANTRAMASA");
+  return rests;
+}
+
+void CautaFF(const QString& key, const QHash<QString, Decimal>& quantities) {
+  QHash<QString, Decimal> open;  // by code in upper case
+  for (auto entry = quantities.begin(); entry != quantities.end(); ++entry)
+    open.insert(entry.key().toUpper(), Round(entry.value(), kQuantityDecimals));
+  std::vector<Values> rests;
+  for (const Row& lot : lotsOfReceipt(key, quantities.keys())) {
+    Decimal& wanted = open[lot.text("ARTID").toUpper()];
+    const Decimal rest = lot.decimal("CANTRAMASA");
+    const Decimal taken = rest < wanted ? rest : wanted;
+    if (taken <= 0) continue;
+    wanted = wanted - taken;
+    rests.push_back({Round(rest - taken, kQuantityDecimals), key.trimmed(), lot.integer("LINIE")});
+  }
+  database().executeEach("UPDATE G_LDOCUM SET CANTRAMASA = ? WHERE DOCID = ? AND LINIE = ?", rests);
 }
 
 }  // namespace velmar

@@ -12,7 +12,11 @@
 
 namespace velmar {
 
-/// A receipt line that has something left.
+/// SQL condition on a row L of G_LDOCUM: a line that makes a lot. Lines of receipts do, and lines by which a
+/// customer brings goods back (a quantity below 0 on an issue; the lot has its absolute value).
+const QString& makesLot();
+
+/// A line that made a lot, and what the lot has left.
 struct Lot {
   QString document;  ///< key of the receipt
   qint64 line = 0;
@@ -77,8 +81,12 @@ void pAddDOCI(const Issue& issue, const std::vector<LotTake>& takes);
 /// Forgets what it took of the article.
 void pStergDOCI(const Issue& issue, const QString& article);
 
-/// Takes a return to the supplier (a negative quantity) off the line of the receipt that it names by its
-/// whole key. A key that names nothing changes nothing.
-void CautaFF(const QString& key, const QString& article, const Decimal& quantity);
+/// What the lots that the receipt with that ledger key made of the articles have left, by code in upper case,
+/// 3 decimals. An article that the receipt lacks is not in it.
+QHash<QString, Decimal> receiptRests(const QString& key, const QStringList& articles);
+
+/// Takes a return to the supplier (positive quantities by article) off the lots of the receipt with that
+/// ledger key, line by line, as far as they go. A key that names no receipt of the article changes nothing.
+void CautaFF(const QString& key, const QHash<QString, Decimal>& quantities);
 
 }  // namespace velmar

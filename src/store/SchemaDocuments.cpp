@@ -36,6 +36,8 @@ Table lines(const QString& name, const QString& number) {
       .key(number + " NRLINIE");
 }
 
+// BATVA and BATVA1 hold the code of a VAT rate on invoices and cash sales, and a percent, which may have
+// decimals, on notes, orders, proformas and vouchers.
 std::vector<Table> salesTables() {
   return {
       header("G_FACCLI", "NUMFAC", "DATAFAC")
@@ -83,7 +85,8 @@ std::vector<Table> salesTables() {
           .reals("COST DiscountArticol DiscountClient"),
       header("G_AECLI", "NUMAE", "DATAAE", "OBSERV")
           .numbered("NUMAE")
-          .integers("CODCLI BATVA1")
+          .integers("CODCLI")
+          .reals("BATVA1")
           .text("SERIE", 5)
           .text("CODDeviza", 3)
           .reals("Curs")
@@ -93,7 +96,11 @@ std::vector<Table> salesTables() {
                  "DiscountClient ValoareFTCuDiscount")
           .text("REFERINTA", kNumberWidth + 2)
           .dates("DATASOLD"),
-      header("G_PROFOR", "NUMPF", "DATAPF").integers("CODCLI BATVA").text("CODDeviza", 3).reals("Curs"),
+      header("G_PROFOR", "NUMPF", "DATAPF")
+          .integers("CODCLI")
+          .reals("BATVA")
+          .text("CODDeviza", 3)
+          .reals("Curs"),
       lines("G_LPROFO", "NUMPF")
           .reals("PRETFT PRETTTI VALOAREFT VALOARETVA VALOARETTI PRIXUV")
           .integers("CODTVA")
@@ -101,7 +108,8 @@ std::vector<Table> salesTables() {
           .reals("CURS DiscountArticol DiscountClient ValoareFTCuDiscount")
           .text("PALET", 20),
       header("G_COMCLI", "NUMCOM", "DATACOM")
-          .integers("CODCLI BATVA1")
+          .integers("CODCLI")
+          .reals("BATVA1")
           .dates("DATALIV")
           .text("REF", 20)
           .text("CODDEV", 3)
@@ -121,7 +129,8 @@ std::vector<Table> salesTables() {
 std::vector<Table> purchaseTables() {
   return {
       header("G_COMFUR", "NUMCOM", "DATACOM")
-          .integers("CODFUR BATVA1")
+          .integers("CODFUR")
+          .reals("BATVA1")
           .dates("DATALIV")
           .text("REF", 20)
           .text("CODDEV", 3)
@@ -156,7 +165,6 @@ std::vector<Table> purchaseTables() {
           .reals("PRETVAL VALOAREVAL PRET VALOARE VALCHTR VALCUTRANS PVAMA VALVAMA VALOAREFT VALTVA COST "
                  "COSTVAL PRETVA")
           .text("PALET", 20),
-      // The VAT of receipt notes and vouchers is a percent and may have decimals.
       header("G_NRFURN", "NUMNR", "DATANR")
           .integers("CODFUR")
           .reals("BATVA")
@@ -175,7 +183,7 @@ std::vector<Table> purchaseTables() {
 
 std::vector<Table> internalTables() {
   return {
-      header("G_BONCON", "NUMAE", "DATAAE", "OBSERV").integers("CODCLI BATVA1"),
+      header("G_BONCON", "NUMAE", "DATAAE", "OBSERV").integers("CODCLI").reals("BATVA1"),
       lines("G_LBONCON", "NUMAE").reals("PRETFT VALOAREFT VALOARETVA VALOARETTI CANTRAMAS"),
       header("G_TRANSFER", "NUMAE", "DATAAE", "OBSERV").integers("DESTMAGAZIE"),
       lines("G_LTRANSFER", "NUMAE").reals("PRETFT VALOAREFT PRETVA").text("PALET", 20),

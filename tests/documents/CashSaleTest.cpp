@@ -112,6 +112,23 @@ TEST_F(CashSaleTest, OneOfTwoTakesUpAnAttempt) {
   EXPECT_EQ(drafts.beginReceipt(editor_.number(), 0), 1);
 }
 
+TEST_F(CashSaleTest, WhatTheStockLacksIsAskedAboutBeforeTheReceipt) {
+  ExecutaSql(
+      "INSERT INTO G_ARTMAG (CODART, DENART, FAMART, PRETVFT, PROVENIENTA, FARASTOC) "
+      "VALUES ('A2', 'Marfa', 1, 10, 'M', 0)");
+  editor_.setNumber(editor_.setArticle(1, "A2"), "CANT", "5");
+  heard_.answer(kResultNo);
+  EXPECT_EQ(print(editor_), ReceiptOutcome::NotPrinted);
+  EXPECT_EQ(heard_.take(),
+            QStringList("Articolul: A2 are disponibil in stoc numai 0. Tipariti bonul totusi ?"));
+  EXPECT_FALSE(editor_.isFrozen());
+  EXPECT_EQ(receipts(), 0);
+  editor_.setNumber(1, "CANT", "4");  // it can still be changed
+  heard_.answer(kResultYes);
+  EXPECT_EQ(print(editor_), ReceiptOutcome::Printed);
+  EXPECT_EQ(receipts(), 1);
+}
+
 TEST_F(CashSaleTest, ANumberIsTakenWithItsRow) {
   DocumentEditor first("BS");
   DocumentEditor second("BS");

@@ -56,6 +56,11 @@ void LineModel::marksChanged() {
                      {Qt::BackgroundRole, Qt::ForegroundRole});
 }
 
+void LineModel::amountsChanged() {
+  if (rowCount() > 0) emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+  emit totalsChanged();
+}
+
 int LineModel::rowCount(const QModelIndex& parent) const {
   if (parent.isValid()) return 0;
   return static_cast<int>(editor_.lines().size()) + (editor_.isNew() || editor_.isFrozen() ? 0 : 1);

@@ -26,6 +26,8 @@ class LineModel : public QAbstractTableModel {
   void documentChanged();
   /// Tells the view that lines stand out in another way.
   void marksChanged();
+  /// Tells the view that the amounts of lines have changed.
+  void amountsChanged();
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

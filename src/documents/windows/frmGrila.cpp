@@ -194,14 +194,14 @@ void frmGrila::showRule(const RuleError& rule) {
 }
 
 void frmGrila::followHeader() {
-  editor_.headerTyped(header_->texts());
+  if (editor_.headerTyped(header_->texts())) lineModel_->amountsChanged();
   if (!editor_.isNew()) header_->showState("Document nevalidat, antet modificat si nesalvat");
   guarded(editor_.kind().window, "Antet", [this] { headerTouched(); });
 }
 
 void frmGrila::followChoice(const QString& key) {
   guarded(editor_.kind().window, key, [this, &key] {
-    editor_.headerChosen(key, header_->texts());
+    if (editor_.headerChosen(key, header_->texts())) lineModel_->amountsChanged();
     showHeaderChanges();
     fieldChosen(key);
   });

@@ -1,0 +1,91 @@
+// The amounts of a line: what follows a VAT rate that changes, what stays as it was typed, what is refused.
+#include <gtest/gtest.h>
+
+#include "store/Database.h"
+#include "Trade.h"
+#include "util/Errors.h"
+
+namespace velmar {
+namespace {
+
+QString stored(const QString& sql) {
+  const Recordset found = OpenRs(sql);
+  return found.isEmpty() ? QStringLiteral("-") : found.first().decimal("V").toString();
+}
+
+TEST(LineAmountsTest, AllLinesFollowAChangedRateAndNothingElseTouchesATypedVat) {
+  Trade trade("MP");
+  trade.article("S", "18", true, false);
+  // The rate of an invoice goes to 0 and is not saved: 18 without VAT.
+  DocumentEditor sale("FC");
+  Trade::draft(sale, trade.sale("1"), {Trade::out("S", "1")});
+  EXPECT_EQ(sale.total("VALOARETVA").toString(), "3.42");
+  TypedTexts header = sale.headerTexts();
+  header.insert("BATVA1", "12");
+  EXPECT_TRUE(sale.headerTyped(header));
+  EXPECT_EQ(sale.total("VALOARETVA"), Decimal(0));
+  EXPECT_EQ(stored("SELECT VALOARETVA AS V FROM G_LFACCL WHERE NUMFAC = '1'"), "3.42");
+  ASSERT_TRUE(Trade::validate(sale));
+  EXPECT_EQ(Trade::note("1"), QStringList({"1 C 707 18", "1 D 411 18"}));
+  EXPECT_EQ(stored("SELECT TOTALTVA AS V FROM G_DOCUME WHERE ID = 'FC1'"), "0");
+  EXPECT_EQ(stored("SELECT VALOARETTI AS V FROM G_LFACCL WHERE NUMFAC = '1'"), "18");
+
+  // A purchase of 30 with a VAT of 5.71 typed by hand: saving keeps it, and so does the way to 9 % and back.
+  DocumentEditor purchase("FF");
+  Trade::draft(purchase, trade.purchase("2"), {Trade::bought("S", "3", "10", "18")});
+  purchase.setNumber(0, "VALOARETVA", "5.71");
+  header = purchase.headerTexts();
+  purchase.save(header);
+  TypedTexts lower = header;
+  lower.insert("BATVA1", "7");
+  purchase.headerTyped(lower);
+  EXPECT_EQ(purchase.total("VALOARETVA").toString(), "2.7");
+  purchase.headerTyped(header);
+  EXPECT_EQ(purchase.total("VALOARETVA").toString(), "5.71");
+  // Header and lines are stored together or not at all.
+  ExecutaSql("ALTER TABLE G_LFACFU RENAME TO G_LFACFU_X");
+  EXPECT_ANY_THROW(purchase.save(lower));
+  ExecutaSql("ALTER TABLE G_LFACFU_X RENAME TO G_LFACFU");
+  EXPECT_EQ(stored("SELECT BATVA1 AS V FROM G_FACFUR WHERE NUMFAC = '2'"), "1");
+  purchase.save(lower);
+  EXPECT_EQ(stored("SELECT BATVA1 AS V FROM G_FACFUR WHERE NUMFAC = '2'"), "7");
+  EXPECT_EQ(stored("SELECT VALOARETVA AS V FROM G_LFACFU WHERE NUMFAC = '2'"), "2.7");
+  // A line typed under a rate that is not saved yet takes header and other lines along.
+  purchase.headerTyped(header);
+  purchase.setNumber(0, "CANT", "4");
+  EXPECT_EQ(stored("SELECT BATVA1 AS V FROM G_FACFUR WHERE NUMFAC = '2'"), "1");
+  EXPECT_EQ(stored("SELECT VALOARETVA AS V FROM G_LFACFU WHERE NUMFAC = '2'"), "7.6");
+}
+
+TEST(LineAmountsTest, WhatIsTypedStaysAndWhatCannotBeIsRefused) {
+  Trade trade("MP");
+  trade.article("S", "60", true, false);
+  DocumentEditor sale("FC");
+  Trade::draft(sale, trade.sale("1"), {Trade::out("S", "1")});
+  sale.setNumber(0, "ValoareFTCuDiscount", "50");
+  sale.checkValidation(sale.headerTexts());
+  EXPECT_EQ(sale.total("VALOARETTI").toString(), "59.5");
+  sale.setNumber(0, "CANT", "2.12345");
+  EXPECT_EQ(stored("SELECT CANT AS V FROM G_LFACCL"), "2.123");
+  // 60 and 50 percent off.
+  ExecutaSql(
+      "INSERT INTO \"Articole - Discounturi\" (CodArticol, CantMin, CantMax, Discount) VALUES ('S', 3, 9, "
+      "60)");
+  ExecutaSql("INSERT INTO \"Terti - Discounturi\" (CODTert, Discount) VALUES (?, 50)", {trade.customer});
+  const QString tooHigh = "Discounturile depasesc 100% pentru articolul S !";
+  EXPECT_EQ(sale.check(0, "CANT", "5", false).text, tooHigh);
+  EXPECT_FALSE(sale.check(0, "CANT", "2", false).refused);
+  ExecutaSql("UPDATE G_LFACCL SET ValoareFTCuDiscount = -6");
+  EXPECT_FALSE(Trade::validate(sale));
+  EXPECT_EQ(trade.heard.take(), QStringList(tooHigh));
+
+  TypedTexts voucher = trade.consumption("3");
+  voucher.insert("BATVA1", "19,5");
+  trade.article("M", "5");
+  trade.validated("FF", trade.purchase("4"), {Trade::bought("M", "2", "3", "5")});
+  trade.validated("BC", voucher, {Trade::out("M", "1")});
+  EXPECT_EQ(stored("SELECT BATVA1 AS V FROM G_BONCON"), "19.5");
+}
+
+}  // namespace
+}  // namespace velmar

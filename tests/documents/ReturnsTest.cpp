@@ -1,0 +1,96 @@
+// Goods that customers bring back and goods that go back to suppliers: their lots, their cost, what the books
+// say of them. Figures are worked out by hand.
+#include <gtest/gtest.h>
+
+#include "documents/Invariants.h"
+#include "Trade.h"
+#include "util/Errors.h"
+
+namespace velmar {
+namespace {
+
+const QDate kFirst(2026, 3, 1);
+const QDate kSecond(2026, 3, 2);
+
+Row ledgerLine(const QString& document) {
+  return OpenRs("SELECT * FROM G_LDOCUM WHERE DOCID = ? ORDER BY LINIE", {document}).first();
+}
+
+Decimal totalCost(const QString& document) {
+  return OpenRs("SELECT TOTALCOST FROM G_DOCUME WHERE ID = ?", {document}).first().decimal("TOTALCOST");
+}
+
+TEST(ReturnsTest, WhatACustomerBringsBackIsALotAtItsCost) {
+  Trade trade("FIFO");
+  trade.article("A", "35");
+  trade.validated("FF", trade.purchase("1", kFirst), {Trade::bought("A", "5", "10", "35")});
+  trade.validated("FF", trade.purchase("2", kSecond), {Trade::bought("A", "5", "20", "35")});
+  trade.validated("FC", trade.sale("5"), {Trade::out("A", "6")});  // 5 x 10 + 20 = 70
+  // Without a document it costs as the article does: 20 apiece, the lot in use.
+  trade.validated("FC", trade.sale("6"), {Trade::out("A", "-2")});
+  EXPECT_EQ(Trade::rest("FC6"), Decimal(2));
+  EXPECT_EQ(ledgerLine("FC6").decimal("VALCOST"), Decimal(40));
+  EXPECT_EQ(totalCost("FC6"), Decimal(-40));
+  // With its invoice it costs as it did there: 3 of 6 for 70 are 35.
+  trade.validated("FC", trade.sale("7", "FC5"), {Trade::out("A", "-3")});
+  EXPECT_EQ(Round(ledgerLine("FC7").decimal("VALCOST"), 4), Decimal(35));
+  EXPECT_EQ(disagreementText(), "");
+  // Sold again: 4 of the second purchase, then what came back: 80 + 40 + 35.
+  trade.validated("FC", trade.sale("8"), {Trade::out("A", "9")});
+  EXPECT_EQ(Round(totalCost("FC8"), 4), Decimal(155));
+  EXPECT_EQ(Trade::rest("FC6"), Decimal(0));
+  EXPECT_EQ(Trade::rest("FC7"), Decimal(0));
+  EXPECT_EQ(Trade::figure("A", "STOC"), Decimal(0));
+  EXPECT_EQ(disagreementText(), "");
+}
+
+TEST(ReturnsTest, CostCountsWithTheSignOfTheQuantity) {
+  for (const QString& method : {QStringLiteral("FIFO"), QStringLiteral("MP")}) {
+    Trade trade(method);
+    trade.article("A", "20");
+    trade.article("B", "5");
+    trade.validated("FF", trade.purchase("1"),
+                    {Trade::bought("A", "1", "12", "20"), Trade::bought("B", "10", "3", "5")});
+    // 30 goes out, 12 comes back: 50 less 20 are sold.
+    trade.validated("FC", trade.sale("9"), {Trade::out("B", "10"), Trade::out("A", "-1")});
+    EXPECT_EQ(totalCost("FC9"), Decimal(18)) << qUtf8Printable(method);
+    Decimal expense, stock;
+    for (const Row& row : OpenRs("SELECT * FROM kt_linii WHERE DOC = '9'")) {
+      if (row.text("CONT") == "607") expense += row.decimal("DEBIT");
+      if (row.text("CONT") == "371") stock += row.decimal("CREDIT");
+    }
+    EXPECT_EQ(expense, Decimal(18));
+    EXPECT_EQ(stock, Decimal(18));
+    EXPECT_EQ(disagreementText(), "");
+  }
+}
+
+TEST(ReturnsTest, ASupplierGetsBackNoMoreThanItsLotHasLeft) {
+  Trade trade("FIFO");
+  trade.article("A", "30");
+  trade.validated("FF", trade.purchase("502", kFirst), {Trade::bought("A", "5", "10", "30")});
+  trade.validated("FF", trade.purchase("503", kSecond), {Trade::bought("A", "5", "20", "30")});
+  trade.validated("BC", trade.consumption("1"), {Trade::out("A", "3")});
+  DocumentEditor editor("FF");
+  Trade::draft(editor, trade.purchase("R1", clock::today(), "FF502"), {Trade::bought("A", "-3", "10", "30")});
+  try {
+    Trade::validate(editor);
+    ADD_FAILURE() << "validated";
+  } catch (const RuleError& refused) {
+    EXPECT_EQ(refused.text(), "Din documentul FF502 au mai ramas numai 2 din articolul A !");
+  }
+  editor.setNumber(0, "CANT", "-2");
+  EXPECT_TRUE(Trade::validate(editor));
+  EXPECT_EQ(Trade::rest("FF502"), Decimal(0));
+  // A document that is not there has no lot: the lots then exceed the stock by what went back.
+  trade.validated("FF", trade.purchase("R2", clock::today(), "nimic"),
+                  {Trade::bought("A", "-1", "20", "30")});
+  EXPECT_EQ(Trade::rest("FF503"), Decimal(5));
+  EXPECT_EQ(Trade::figure("A", "STOC"), Decimal(4));
+  EXPECT_EQ(disagreementText(), "");
+  ExecutaSql("UPDATE G_LDOCUM SET CANTRAMASA = 4 WHERE DOCID = 'FF503'");
+  EXPECT_EQ(disagreements().front().where, "A");
+}
+
+}  // namespace
+}  // namespace velmar
