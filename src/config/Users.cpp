@@ -20,19 +20,27 @@ bool isAdmin(const QString& name) {
   return name.trimmed().compare(QStringLiteral("admin"), Qt::CaseInsensitive) == 0;
 }
 
+// The boxes of the login swallow an apostrophe: with one, nobody could log in.
+void requireTypeable(const QString& text, const QString& column) {
+  if (text.contains(QLatin1Char('\'')))
+    throw refused(QStringLiteral("Numele si parola nu pot contine apostrof !"), column);
+}
+
 QString requiredName(const QString& typed) {
   if (typed.trimmed().isEmpty()) throw refused(QStringLiteral("Va rugam introduceti numele !"), "NUME");
+  requireTypeable(typed, "NUME");
   return typed.trimmed();
 }
 
 QString requiredPassword(const QString& typed) {
   if (typed.trimmed().isEmpty()) throw refused(QStringLiteral("Va rugam introduceti parola !"), "PAROLA");
+  requireTypeable(typed, "PAROLA");
   return typed.trimmed();
 }
 
 qint64 requiredType(const QString& typed) {
   const auto number = parseNumber(typed);
-  if (!number || *number < Decimal(0) || *number > Decimal(9) || Round(*number, 0) != *number)
+  if (!number || *number < Decimal(0) || *number > Decimal(2) || Round(*number, 0) != *number)
     throw refused(QStringLiteral("Tipul utilizatorului este 0, 1 sau 2 !"), "TIP");
   return number->toString().toLongLong();
 }
@@ -54,7 +62,7 @@ void addUser(const Row& user) {
   Row row = rowOf("NUME PAROLA TIP");
   row.set("NUME", requiredName(user.text("NUME")));
   row.set("PAROLA", requiredPassword(user.text("PAROLA")));
-  row.set("TIP", user.integer("TIP"));
+  row.set("TIP", requiredType(user.text("TIP")));
   Transaction transaction(database());
   requireNewName(row.text("NUME"));
   insertRecord(users(), row);
@@ -65,7 +73,10 @@ void changeUser(const QString& name, const QString& column, const QString& typed
   Transaction transaction(database());
   if (column == QStringLiteral("NUME")) {
     const QString other = requiredName(typed);
-    if (other.compare(name, Qt::CaseInsensitive) != 0) requireNewName(other);
+    const bool isOther = other.compare(name, Qt::CaseInsensitive) != 0;
+    if (isOther && isAdmin(name))
+      throw refused(QStringLiteral("Nu se poate modifica numele pentru utilizatorul admin !"), "NUME");
+    if (isOther) requireNewName(other);
     updateField(users(), name, column, other);
   } else if (column == QStringLiteral("PAROLA")) {
     updateField(users(), name, column, requiredPassword(typed));

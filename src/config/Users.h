@@ -5,11 +5,11 @@
 
 namespace velmar {
 
-/// Adds the user of the row: `NUME`, `PAROLA`, `TIP`. Throws RuleError, naming the column, for a name or
-/// password that is missing or a name that is taken in any case.
+/// Adds the user of the row: `NUME`, `PAROLA`, `TIP` (0, 1 or 2). Throws RuleError, naming the column, for a
+/// name or password that is missing or has an apostrophe, a name that is taken in any case, or another type.
 void addUser(const Row& user);
 
-/// Stores what was typed into a column of a user. Throws RuleError for the rights of admin, for what
+/// Stores what was typed into a column of a user. Throws RuleError for the name and rights of admin, for what
 /// addUser() refuses, and for rights that would leave no user with all of them.
 void changeUser(const QString& name, const QString& column, const QString& typed);
 

@@ -2,6 +2,7 @@
 
 #include "config/Checks.h"
 #include "config/Numbers.h"
+#include "config/Session.h"
 #include "store/Database.h"
 #include "store/Records.h"
 #include "util/Errors.h"
@@ -54,6 +55,7 @@ void renameWarehouse(qint64 code, const QString& typed) {
 }
 
 void requireRemovableWarehouse(qint64 code) {
+  if (code == session().gMagazie) throw RuleError(QStringLiteral("Magazia de lucru nu se poate sterge !"));
   if (Exista(QString::number(code), "MAG_IN_GLINII"))
     throw RuleError(QStringLiteral("Exista documente pentru aceasta magazie si nu poate fi eliminata !"));
 }

@@ -16,7 +16,7 @@ qint64 addWarehouse(const Row& warehouse);
 /// any more; an empty name changes nothing.
 void renameWarehouse(qint64 code, const QString& name);
 
-/// Throws RuleError when documents stand in the warehouse.
+/// Throws RuleError for the working warehouse and for one that has documents.
 void requireRemovableWarehouse(qint64 code);
 /// Deletes the warehouse. Throws as requireRemovableWarehouse().
 void removeWarehouse(qint64 code);

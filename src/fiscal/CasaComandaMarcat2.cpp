@@ -34,7 +34,7 @@ void CasaComandaMarcat2::addArticle(CommandFile& file, const ReceiptLine& line) 
   Decimal sold = withVat(price, CotaTVA, DecimalPoint);  // in the smallest unit
   for (int i = 0; i < DecimalPoint; ++i) sold *= 10;
   const QByteArray decimals = QByteArray::number(DecimalPoint);
-  file << '*' + commandText(line.Denumire).leftJustified(NrCaractere, ' ', true) +
+  file << '*' + commandText(line.Denumire).leftJustified(nameWidth(NrCaractere), ' ', true) +
               numberField(sold, kPriceDigits, line) + decimals +
               numberField(Round(line.Cant, 0) * 1000, kQuantityDigits, line) + '1' +
               QByteArray::number(SubGroup) + QByteArray::number(Group);

@@ -15,7 +15,7 @@ class CasaComandaMarcat2 {
   QString FileName;         ///< the command file
   int DecimalPoint = 0;     ///< decimals of prices
   int CotaTVA = 0;          ///< percent
-  int NrCaractere = 0;      ///< width of a name
+  int NrCaractere = 0;      ///< width of a name; 0: the usual 20
   int SubGroup = 0;
   int Group = 0;
 

@@ -39,8 +39,8 @@ ReceiptResult CasaDeMarcat_OPTIMA::GenereazaComanda(const std::vector<ReceiptLin
       const Decimal price = withVat(priceOf(line), CotaTVA, DecimalPoint);
       const Decimal quantity = Round(line.Cant, 0);
       total = Round(total + price * quantity, DecimalPoint);
-      file << "S;" + commandField(line.Denumire).left(NrCaractere) + " ;" + shortNumber(price) + ';' +
-                  shortNumber(quantity) + ";2;";
+      file << "S;" + commandField(line.Denumire).left(nameWidth(NrCaractere)) + " ;" + shortNumber(price) +
+                  ';' + shortNumber(quantity) + ";2;";
     }
     number = 0;
     file << "T;" + shortNumber(total) + ";CASH;;;;;;;;;;;";

@@ -12,7 +12,7 @@ class CasaDeMarcat_OPTIMA {
   int CotaTVA = 0;          ///< percent
   QString DatPrintPath;     ///< the outside program
   QString FileName;         ///< the command file
-  int NrCaractere = 0;      ///< width of a name
+  int NrCaractere = 0;      ///< width of a name; 0: the usual 20
   bool EroareCasa = false;  ///< after GenereazaComanda: it did not print, as far as is known
   int DecimalPoint = 0;     ///< decimals of prices
 

@@ -27,6 +27,22 @@ constexpr char16_t kUpperHalf[] = {
     0x0151, 0x00F6, 0x00F7, 0x0159, 0x016F, 0x00FA, 0x0171, 0x00FC, 0x00FD, 0x0163, 0x02D9};
 static_assert(std::size(kUpperHalf) == 0x80);
 
+// Romanian is written with a comma below; Windows-1250 has these letters with a cedilla alone.
+char32_t withCedilla(char32_t character) {
+  switch (character) {
+    case 0x0218:
+      return 0x015E;
+    case 0x0219:
+      return 0x015F;
+    case 0x021A:
+      return 0x0162;
+    case 0x021B:
+      return 0x0163;
+    default:
+      return character;
+  }
+}
+
 char byteOf(char32_t character) {
   if (character < U' ' || character == 0x7F) return ' ';
   if (character < kAscii) return static_cast<char>(character);
@@ -39,11 +55,16 @@ char byteOf(char32_t character) {
 QByteArray commandText(const QString& text) {
   QByteArray bytes;
   for (const uint character : text.normalized(QString::NormalizationForm_C).toUcs4())
-    bytes.append(byteOf(character));
+    bytes.append(byteOf(withCedilla(character)));
   return bytes;
 }
 
 QByteArray commandField(const QString& text) { return commandText(text).replace(';', ','); }
+
+int nameWidth(int given) {
+  constexpr int kUsual = 20;
+  return given > 0 ? given : kUsual;
+}
 
 QByteArray fixedNumber(const Decimal& value, int decimals, int digits) {
   const Decimal rounded = Round(value, decimals);

@@ -9,11 +9,15 @@
 
 namespace velmar {
 
-/// The text, a byte a character: "?" for what Windows-1250 lacks, a blank for control characters.
+/// The text, a byte a character: letters with a comma below get a cedilla, "?" for what Windows-1250 lacks, a
+/// blank for control characters.
 QByteArray commandText(const QString& text);
 
 /// As commandText(), for a field between semicolons: those of the text become commas.
 QByteArray commandField(const QString& text);
+
+/// The width of a name on paper: 20 where none is given.
+int nameWidth(int given);
 
 /// Rounded to `decimals` places, which are all written; zeros in front up to `digits` digits before the
 /// point, none for a value below 1 when `digits` is 0.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 #include <QSaveFile>
@@ -9,6 +10,7 @@
 #include <QXmlStreamWriter>
 
 #include "reports/LayoutDescription.h"
+#include "util/FileReason.h"
 
 namespace velmar::layout {
 
@@ -114,6 +116,24 @@ class AttributeTexts {
 
   std::vector<std::pair<QString, QString>> texts;
 };
+
+// The reader's own sentences are English.
+QString xmlReason(const QXmlStreamReader& xml) {
+  constexpr std::pair<const char*, const char*> kReasons[] = {
+      {"Start tag expected", "lipseste elementul de inceput"},
+      {"Opening and ending tag mismatch", "elementul nu este inchis cu numele lui"},
+      {"redefined", "un atribut apare de doua ori"},
+      {"Entity", "entitate necunoscuta"},
+      {"entity", "entitate necunoscuta"},
+      {"Encoding", "codificare necunoscuta"},
+      {"incorrectly encoded", "textul nu are codificarea declarata"},
+      {"Extra content", "text dupa sfarsitul raportului"}};
+  for (const auto& [english, reason] : kReasons)
+    if (xml.errorString().contains(QLatin1String(english))) return QString::fromLatin1(reason);
+  return xml.error() == QXmlStreamReader::PrematureEndOfDocumentError
+             ? QStringLiteral("fisierul se termina prea devreme")
+             : QStringLiteral("fisierul nu este scris corect");
+}
 
 /// The element of an object, by the place of its kind in Object::content.
 constexpr std::array kObjectElements = {"text", "line", "box", "picture", "barcode", "table"};
@@ -245,7 +265,7 @@ class Reader {
   [[noreturn]] void fail(const QString& text) const {
     throw LayoutError(text, static_cast<int>(xml_.lineNumber()), static_cast<int>(xml_.columnNumber()));
   }
-  [[noreturn]] void failXml() const { fail(QStringLiteral("XML gresit (%1)").arg(xml_.errorString())); }
+  [[noreturn]] void failXml() const { fail(QStringLiteral("XML gresit (%1)").arg(xmlReason(xml_))); }
 
   QXmlStreamReader xml_;
 };
@@ -340,8 +360,8 @@ QByteArray write(const Layout& layout) { return Writer().write(layout); }
 Layout load(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly))
-    throw StoreError(kFileFailure,
-                     QStringLiteral("Fisierul nu poate fi citit: %1 (%2)").arg(path, file.errorString()));
+    throw StoreError(kFileFailure, QStringLiteral("Fisierul nu poate fi citit: %1 (%2)")
+                                       .arg(QDir::toNativeSeparators(path), fileReason(file)));
   return read(file.readAll());
 }
 

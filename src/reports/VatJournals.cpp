@@ -3,6 +3,7 @@
 #include "config/Session.h"
 #include "reports/Variables.h"
 #include "store/Database.h"
+#include "store/NamedCommands.h"
 #include "util/Errors.h"
 #include "util/NumberText.h"
 
@@ -10,11 +11,12 @@ namespace velmar {
 
 namespace {
 
-// %1: the statement of the documents, whose order the numbers follow. The first value is the starting number.
+// %1: the statement of the documents; %2: their order, which the numbers follow; %3: the sign of a document.
+// The first value is the starting number.
 const QString kNumbered = QStringLiteral(
-    "SELECT ROW_NUMBER() OVER (ORDER BY D.DataFactura, D.NumarFactura) - 1 + ? AS NRC, D.*, "
-    "COALESCE(D.TOTALFT, 0) AS BAZA, COALESCE(D.TOTALTVA, 0) AS TVA, "
-    "ROUND_EVEN(COALESCE(D.TOTALFT, 0) + COALESCE(D.TOTALTVA, 0), 6) AS TOTAL FROM (%1) AS D");
+    "SELECT ROW_NUMBER() OVER (ORDER BY %2) - 1 + ? AS NRC, D.*, "
+    "%3 * COALESCE(D.TOTALFT, 0) AS BAZA, %3 * COALESCE(D.TOTALTVA, 0) AS TVA, "
+    "%3 * ROUND_EVEN(COALESCE(D.TOTALFT, 0) + COALESCE(D.TOTALTVA, 0), 6) AS TOTAL FROM (%1) AS D");
 
 const QString kInsertPurchases = QStringLiteral(
     "INSERT INTO kt_jct (NRC, DATA, NDP, NUME, CODF, TOTAL, NEIMP, BAZA1, TVA1, IMP, TVAIMP) "
@@ -27,40 +29,90 @@ const QString kInsertSales = QStringLiteral(
     "SELECT ?, N.NRC, N.DataFactura, N.NumarFactura, N.NumeTert, N.CodFiscal, N.TOTAL, N.BAZA, N.TVA, "
     "0, 0, 0, 0 FROM (%1) AS N");
 
+const QString kStorno = QStringLiteral("FS");
+
+QString signOf(const VatPeriod& period) {
+  return period.subtractsStornos ? QStringLiteral("(CASE WHEN D.TIP = '%1' THEN -1 ELSE 1 END)").arg(kStorno)
+                                 : QStringLiteral("1");
+}
+
+void requireNumbers(int firstNumber, int rows) {
+  const int most = kLargestRowNumber - rows + 1;
+  if (firstNumber <= most) return;
+  const QString advice = most > 0 ? QStringLiteral("Numarul de inceput poate fi cel mult %1 !").arg(most)
+                                  : QStringLiteral("Alegeti o perioada mai scurta !");
+  throw RuleError(QStringLiteral("Perioada are %1 documente, iar numerele curente nu pot depasi %2. %3")
+                      .arg(rows)
+                      .arg(kLargestRowNumber)
+                      .arg(advice),
+                  "NRC");
+}
+
 Values boundsOf(const VatPeriod& period) { return {period.from.addDays(1), period.to}; }
+
+int documentCount(const VatJournal& journal, const VatPeriod& period) {
+  const QString sql = QStringLiteral("SELECT COUNT(*) AS N FROM (%1) AS D");
+  return static_cast<int>(
+      OpenRs(sql.arg(session().gDataEnv.statement(journal.command)), boundsOf(period)).first().integer("N"));
+}
+
+Recordset withStornosSubtracted(const Recordset& rows) {
+  Recordset changed(std::make_shared<Columns>(rows.columns()));
+  for (Row row : rows) {
+    if (row.text("TIP") == kStorno)
+      for (const char* amount : {"TOTALFT", "TOTALTVA"}) row.set(amount, -row.decimal(amount));
+    std::vector<QVariant> cells;
+    for (int i = 0; i < row.columns().size(); ++i) cells.push_back(row.at(i));
+    changed.append(std::move(cells));
+  }
+  return changed;
+}
 
 }  // namespace
 
 const VatJournal& purchaseJournal() {
-  static const VatJournal journal{
-      "frmRapJCTVA", "Jurnal de cumparare cu TVA", "Get_Doc_CTVA", "kt_jct", "Jctva", kInsertPurchases, false,
-      true};
+  static const VatJournal journal{"frmRapJCTVA",  "Jurnal de cumparare cu TVA",
+                                  "Get_Doc_CTVA", "kt_jct",
+                                  "Jctva",        kInsertPurchases,
+                                  false,          true,
+                                  false};
   return journal;
 }
 
 const VatJournal& salesJournal() {
   static const VatJournal journal{
-      "frmRapJVTVA", "Jurnal de vanzare cu TVA", "Get_Doc_VTVA", "kt_jvt", "Jvtva", kInsertSales, true,
-      false};
+      "frmRapJVTVA", "Jurnal de vanzare cu TVA", "Get_Doc_VTVA", "kt_jvt", "Jvtva", kInsertSales, true, false,
+      true};
   return journal;
 }
 
 Recordset documentsOf(const VatJournal& journal, const VatPeriod& period) {
   Recordset rows = session().gDataEnv.open(journal.command, boundsOf(period));
   rows.transform("DataFactura", asDate);
-  return rows;
+  return period.subtractsStornos ? withStornosSubtracted(rows) : rows;
+}
+
+int stornosOf(const VatJournal& journal, const VatPeriod& period) {
+  Values values = boundsOf(period);
+  values.emplace_back(kStorno);
+  const QString sql = QStringLiteral("SELECT COUNT(*) AS N FROM (%1) AS D WHERE D.TIP = ?");
+  return static_cast<int>(
+      OpenRs(sql.arg(session().gDataEnv.statement(journal.command)), values).first().integer("N"));
 }
 
 int computeJournal(const VatJournal& journal, const VatPeriod& period, int firstNumber, const QString& user) {
   Transaction transaction(database());
+  requireNumbers(firstNumber, documentCount(journal, period));
   ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE UTILIZATOR = ? OR UTILIZATOR IS NULL").arg(journal.table),
              {user});
   Values values;
   if (journal.keepsUser) values.emplace_back(user);
   values.emplace_back(firstNumber);
   for (const Value& bound : boundsOf(period)) values.push_back(bound);
-  const int rows =
-      ExecutaSql(journal.insert.arg(kNumbered.arg(session().gDataEnv.statement(journal.command))), values);
+  const int rows = ExecutaSql(
+      journal.insert.arg(kNumbered.arg(session().gDataEnv.statement(journal.command),
+                                       documentOrder("D.DataFactura", "D.NumarFactura"), signOf(period))),
+      values);
   if (rows == 0) {
     transaction.rollback();
     throw RuleError(QStringLiteral("Nu exista inregistrari in perioada %1 - %2")
@@ -73,6 +125,7 @@ int computeJournal(const VatJournal& journal, const VatPeriod& period, int first
 ReportData journalReport(const VatJournal& journal, const VatPeriod& period, int firstNumber) {
   const Recordset rows = documentsOf(journal, period);
   if (rows.isEmpty()) throw RuleError(QStringLiteral("Nu exista inregistrari"));
+  requireNumbers(firstNumber, rows.size());
   ReportData data;
   data.fieldNames = rows.columns();
   data.fields = std::make_shared<RecordsetRows>(rows);

@@ -16,6 +16,7 @@ struct VatJournal {
   QString insert;   ///< fills the table from the documents
   bool keepsUser;   ///< rows carry the user who had them computed
   bool canPrint;    ///< has a command of its own for the printer
+  bool hasStornos;  ///< holds storno invoices, which the ledger keeps with positive amounts
 };
 
 const VatJournal& purchaseJournal();
@@ -26,17 +27,24 @@ const VatJournal& salesJournal();
 struct VatPeriod {
   QDate from;
   QDate to;
+  bool subtractsStornos = false;  ///< stornos come with the opposite sign
 };
+
+/// The largest number of a row: the tables keep 16 bits.
+inline constexpr int kLargestRowNumber = 32767;
 
 /// The documents of the period as the ledger has them now, in the journal's order.
 Recordset documentsOf(const VatJournal& journal, const VatPeriod& period);
 
-/// Fills the journal's table anew: former rows of `user` and those of nobody go, a row for each document
+/// How many stornos the period has.
+int stornosOf(const VatJournal& journal, const VatPeriod& period);
+
+/// Fills the journal's table: former rows of `user` and those of nobody go, a row for each document
 /// comes, numbered from `firstNumber`. All or nothing; gives the number of rows. Throws RuleError, and
-/// changes nothing, when the period has no document.
+/// changes nothing, when the period has no document or its numbers would pass kLargestRowNumber (field NRC).
 int computeJournal(const VatJournal& journal, const VatPeriod& period, int firstNumber, const QString& user);
 
-/// What the journal is printed from. Throws RuleError when the period has no document.
+/// What the journal is printed from. Throws RuleError as computeJournal().
 ReportData journalReport(const VatJournal& journal, const VatPeriod& period, int firstNumber);
 
 }  // namespace velmar

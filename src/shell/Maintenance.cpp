@@ -109,6 +109,7 @@ void tellThatSaved() {
 
 void CompacteazaBD() {
   try {
+    removeCompactLeftover(session().gCaleBD, session().gNumeBD);
     database().compact();
   } catch (const StoreError& error) {
     Mesaj(QStringLiteral("Eroare la compactarea bazelor de date %1").arg(error.text()));

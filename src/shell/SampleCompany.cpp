@@ -156,7 +156,6 @@ void makeIn(const QString& workshop) {
   addRates();
   const SampleCatalogue catalogue = addCatalogue();
   addDiscounts(catalogue);
-  addPartner(newPartner("CASA", "C"));  // sales over the counter go to it
   addSampleDocuments(catalogue);
 }
 

@@ -72,6 +72,7 @@ const std::vector<SamplePartner>& samplePartners() {
        "Bucuresti", "Romania"},
       {"CASA & GRADINA SRL", "M", "RO1001008", "J12/108/2013", "Str. Fabricii 7", "400601", "Cluj-Napoca",
        "Cluj", "Romania"},
+      // Sales over the counter go to it.
       {"CASA", "C", "", "", "", "", "", "", "Romania"},
       {"ALFA MAGAZIN SRL", "C", "RO2001001", "J40/201/2016", "Str. Lipscani 20", "030031", "Bucuresti",
        "Bucuresti", "Romania"},

@@ -53,8 +53,8 @@ QString turnover(const QString& kinds) {
 
 std::vector<Command> ledgerCommands() {
   return {
-      {"Get_Doc_CTVA", 2, vatDocuments("'FF', 'FI'", "'F', 'M'", "D.DATADOC, D.ID")},
-      {"Get_Doc_VTVA", 2, vatDocuments("'FC', 'FS', 'BS'", "'C', 'M'", "D.DATADOC, D.ID")},
+      {"Get_Doc_CTVA", 2, vatDocuments("'FF', 'FI'", "'F', 'M'", documentOrder("D.DATADOC", "D.ID"))},
+      {"Get_Doc_VTVA", 2, vatDocuments("'FC', 'FS', 'BS'", "'C', 'M'", documentOrder("D.DATADOC", "D.ID"))},
       {"rapStaCl", 4, turnover("'FC'")},
       {"rapStaFr", 4, turnover("'FF', 'FI', 'NR'")},
       {"RapVanzari", 2,
@@ -209,6 +209,16 @@ const Command& command(const QString& name) {
 }
 
 }  // namespace
+
+// A number of digits is compared by its length before its digits, so that any length is right.
+QString documentOrder(const QString& date, const QString& id) {
+  const QString number = QStringLiteral("SUBSTR(%1, 3)").arg(id);
+  const QString digits = QStringLiteral("LTRIM(%1, '0')").arg(number);
+  const QString isNumber = QStringLiteral("CASE WHEN LTRIM(%1, '0123456789') = '' THEN").arg(number);
+  return QStringList{date, isNumber + " 0 ELSE 1 END", isNumber + " LENGTH(" + digits + ") ELSE 0 END",
+                     isNumber + " " + digits + " ELSE LOWER(" + number + ") END", id}
+      .join(QStringLiteral(", "));
+}
 
 Recordset DataEnvironment::open(const QString& name, const Values& parameters) const {
   const Command& known = command(name);

@@ -5,6 +5,10 @@
 
 namespace velmar {
 
+/// The order of documents by date, then number as a number; what is no number comes behind, as text. `id`:
+/// the kind's two letters with the number.
+QString documentOrder(const QString& date, const QString& id);
+
 /// `gDataEnv`: runs the named commands on the open company's database.
 class DataEnvironment {
  public:

@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <QSysInfo>
 
+#include "store/EngineTexts.h"
 #include "store/Schema.h"
 
 namespace velmar::postgres {
@@ -55,8 +56,9 @@ int numberOf(const QString& state) {
 StoreError describe(const QString& state, const QString& message, const QString& database) {
   const int number = numberOf(state);
   const QString help = advice(state);
-  if (help.isEmpty()) return StoreError(number, message);
-  return StoreError(number, QStringLiteral("%1 (%2: %3)").arg(help, database, message));
+  if (help.isEmpty()) return StoreError(number, postgresReason(state, message));
+  return StoreError(number,
+                    QStringLiteral("%1 (%2: %3)").arg(help, database, postgresReason(state, message)));
 }
 
 // A value as the engine reads it; null stays null.
@@ -126,7 +128,7 @@ QHash<QString, QString>& passwords() {
 StoreError connectError(const QString& message, const QString& database) {
   const auto says = [&message](const char* words) { return message.contains(QLatin1String(words)); };
   const auto error = [&](int number, const QString& text) {
-    return StoreError(number, QStringLiteral("%1 (%2: %3)").arg(text, database, message));
+    return StoreError(number, QStringLiteral("%1 (%2)").arg(text, database));
   };
   if (says("does not support SSL"))
     return error(23, QStringLiteral(
@@ -207,7 +209,7 @@ Result Connection::checked(pg_result* raw) {
   if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK) return result;
   const char* state = PQresultErrorField(raw, PG_DIAG_SQLSTATE);
   const char* message = PQresultErrorField(raw, PG_DIAG_MESSAGE_PRIMARY);
-  if (status == PGRES_EMPTY_QUERY) throw StoreError(1, QStringLiteral("not a single statement"));
+  if (status == PGRES_EMPTY_QUERY) throw StoreError(1, QStringLiteral("instructiunea este goala"));
   if (state && QLatin1String(state) == QLatin1String("0A000") && strstr(message, "cached plan"))
     throw PlanOutdated(1, text(message));
   // The server's last word, or none at all: the interface itself may notice only at the next statement.

@@ -11,6 +11,7 @@
 #include <QVariant>
 #include <string_view>
 
+#include "store/EngineTexts.h"
 #include "util/NumberText.h"
 
 namespace velmar::sqlite {
@@ -204,8 +205,8 @@ StoreError describe(const QSqlError& error, const QString& path) {
 StoreError describe(int extendedCode, const QString& engineText, const QString& path) {
   const int code = extendedCode & 0xff;
   const QString help = advice(code);
-  if (help.isEmpty()) return StoreError(code, engineText);
-  return StoreError(code, QStringLiteral("%1 (%2: %3)").arg(help, path, engineText));
+  if (help.isEmpty()) return StoreError(code, sqliteReason(code, engineText));
+  return StoreError(code, QStringLiteral("%1 (%2)").arg(help, path));
 }
 
 QStringList sideFiles(const QString& path) {

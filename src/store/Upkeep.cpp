@@ -170,4 +170,13 @@ void requireNobodyElse(const QString& company, const QString& login) {
   if (!others.isEmpty()) refuse(others);
 }
 
+void removeCompactLeftover(const QString& folder, const QString& fileName) {
+  const QString leftover = pathInFolder(folder, QStringLiteral("Compact") + fileName);
+  for (const QString& path : sqlite::sideFiles(leftover) + QStringList{leftover})
+    if (QFile::exists(path) && !QFile::remove(path))
+      throw StoreError(kFileFailure,
+                       QStringLiteral("Fisierul %1 nu poate fi sters. Verificati drepturile asupra lui.")
+                           .arg(QDir::toNativeSeparators(path)));
+}
+
 }  // namespace velmar

@@ -32,4 +32,8 @@ void restoreCompany(const QString& file, const QString& company, const std::func
 /// company.
 void requireNobodyElse(const QString& company, const QString& login);
 
+/// Removes the file that an older program left when it failed to compact this company, with its side files.
+/// Throws StoreError when it cannot be removed.
+void removeCompactLeftover(const QString& folder, const QString& fileName);
+
 }  // namespace velmar

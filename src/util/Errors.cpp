@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileDevice>
 
+#include "util/FileReason.h"
 #include "util/Messages.h"
 
 namespace velmar {
@@ -12,7 +13,7 @@ Error::Error(int number, const QString& text)
 
 StoreError notWritten(const QFileDevice& file) {
   return StoreError(kFileFailure, QStringLiteral("Fisierul %1 nu poate fi scris: %2")
-                                      .arg(QDir::toNativeSeparators(file.fileName()), file.errorString()));
+                                      .arg(QDir::toNativeSeparators(file.fileName()), fileReason(file)));
 }
 
 RuleError::RuleError(const QString& text, const QString& field, int icon, const QString& title)
@@ -34,7 +35,8 @@ void detail::reportCurrentException(const QString& form, const QString& procedur
   } catch (const Error& error) {
     reportError(error.number(), error.text(), procedure, form, line);
   } catch (const std::exception& error) {
-    reportError(0, QString::fromUtf8(error.what()), procedure, form, line);
+    qCritical("%s", error.what());  // in English, for who looks after the program
+    reportError(0, QStringLiteral("eroare interna a programului"), procedure, form, line);
   }
 }
 

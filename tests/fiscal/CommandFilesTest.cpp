@@ -43,7 +43,7 @@ TEST_F(CommandFilesTest, DatecsIsToldPricesWithVat) {
                          line("Brânză și ţuică 漢", "0.35", "12"), line("Apa; plata", "2.345", "0.125")})),
       "H,1,______,_,__;\r\n"
       "S,1,______,_,__;Ciocolata cu lapte si ;10.12;1.500;1;1;1;0;0;\r\n"
-      "S,1,______,_,__;Br\xE2nz\xE3 ?i \xFEuic\xE3 ?;.42;12.000;1;1;1;0;0;\r\n"
+      "S,1,______,_,__;Br\xE2nz\xE3 \xBAi \xFEuic\xE3 ?;.42;12.000;1;1;1;0;0;\r\n"
       "S,1,______,_,__;Apa, plata;2.78;0.125;1;1;1;0;0;\r\n"
       "P,1,______,_,__;Va Multumim!;;;;;\r\n"
       "T,1,______,_,__;\r\n"
@@ -92,13 +92,19 @@ TEST_F(CommandFilesTest, ActivaIsToldFieldsOfFixedWidth) {
             "P\r\n"
             "PATI CUMPARAT:\r\n"
             "*Paine               000010122000002000111\r\n"
-            "*Ciocolata cu lapte ?000011902000002000111\r\n"
+            "*Ciocolata cu lapte \xBA"
+            "000011902000002000111\r\n"
             "-0000000421\r\n"
             "*Punga               000009162000012000111\r\n"
             "-0000000821\r\n"
             "PVA MULTUMIM!\r\n"
             "T0000010000CASH  \r\n"
             "END KARAT\r\n");
+  // No width given is one of 20; Romanian letters have a cedilla.
+  Receipt unset = receipt({line("ȘșȚț Ciocolata cu lapte", "1", "1")});
+  unset.NrCaractere = 0;
+  EXPECT_EQ(sent("A", unset).split('\n').at(3).left(21), "*\xAA\xBA\xDE\xFE Ciocolata cu la");
+  EXPECT_EQ(sent("O", unset).split(';').at(1), "\xAA\xBA\xDE\xFE Ciocolata cu la ");
   const auto article = [this](const char* net, int vat, int decimals) {
     return sent("A", receipt({line("X", net, "1")}, vat, decimals)).split('\n').at(3).mid(21, 9);
   };

@@ -62,8 +62,15 @@ w.click("cmdSterge");
 expectMessage("Ana");
 equal(users().length, 1);
 
-// Under another name admin could go, but nobody with all rights would be left.
-equal(grid.enter(0, "NUME", "sef"), true);
+// admin keeps its name; one that an older program renamed could go, but nobody with all rights would be left.
+answer("OK");
+equal(grid.enter(0, "NUME", "sef"), false);
+expectMessage("Nu se poate modifica numele pentru utilizatorul admin !");
+answer("OK");
+equal(grid.enter(0, "PAROLA", "d'ana"), false);
+expectMessage("Numele si parola nu pot contine apostrof !");
+sql("UPDATE UTILIZATORI SET NUME = 'sef'");
+w.press("grdDataGrid", "F5");
 answer("Da");
 answer("OK");
 w.click("cmdSterge");

@@ -69,7 +69,11 @@ QHBoxLayout* listingCommands(QWidget* form, const QString& exitCaption, const Li
 }
 
 void listReport(const PreparedReport& report, bool choosesTarget, QWidget* form) {
-  if (choosesTarget) prepared(report, form).Print_Preview(clsListLabel::PrintChoosing);
+  if (choosesTarget) {
+    clsListLabel first = prepared(report, form);
+    first.Print_Preview(clsListLabel::PrintChoosing);
+    if (first.isLayoutDamaged()) return;  // reported once
+  }
   prepared(report, form).Print_Preview(clsListLabel::Preview);
 }
 

@@ -66,11 +66,13 @@ void clsListLabel::Design() {
 }
 
 bool clsListLabel::Print_Preview(Mode mode) {
+  isLayoutDamaged_ = false;
   try {
     ReportJob job(fileName_, layout::load(fileName_), data_);
     if (job.isEmpty()) return false;
     return printAndPreview(job, mode == Preview ? PrintWay::Preview : PrintWay::Print, parent_);
   } catch (const layout::LayoutError& error) {
+    isLayoutDamaged_ = true;
     Mesaj(faultText(fileName_, error), kExclamation);
   } catch (const Cancelled&) {
     // Given up in the middle: what follows this run, such as the preview behind the print, still comes.

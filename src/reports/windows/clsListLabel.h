@@ -44,7 +44,11 @@ class clsListLabel {
   /// False when the user gave up or the layout cannot be used (which is told).
   bool Print_Preview(Mode mode);
 
+  /// Whether the last run failed for its layout.
+  bool isLayoutDamaged() const { return isLayoutDamaged_; }
+
  private:
+  bool isLayoutDamaged_ = false;
   QWidget* parent_;
   QString fileName_;
   ReportData data_;

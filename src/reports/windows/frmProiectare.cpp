@@ -30,6 +30,7 @@
 #include "reports/windows/ReportJob.h"
 #include "reports/windows/ReportPreview.h"
 #include "util/Errors.h"
+#include "util/FileReason.h"
 #include "util/Messages.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
@@ -687,7 +688,7 @@ void frmProiectare::open(const QString& file) {
   if (QFile stored(file); stored.exists()) {
     if (!stored.open(QIODevice::ReadOnly))
       throw StoreError(kFileFailure, QStringLiteral("Fisierul nu poate fi citit: %1 (%2)")
-                                         .arg(QDir::toNativeSeparators(file), stored.errorString()));
+                                         .arg(QDir::toNativeSeparators(file), fileReason(stored)));
     bytes = stored.readAll();
   }
   file_ = file;

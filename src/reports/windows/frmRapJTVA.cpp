@@ -1,5 +1,6 @@
 #include "reports/windows/frmRapJTVA.h"
 
+#include <QCheckBox>
 #include <QDir>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -11,6 +12,7 @@
 #include "util/Clock.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
+#include "util/Settings.h"
 #include "util/windows/Controls.h"
 #include "util/windows/DateBox.h"
 #include "util/windows/Entry.h"
@@ -20,9 +22,9 @@ namespace velmar {
 
 namespace {
 
-constexpr int kLargestFirst = 32767;
 constexpr int kNumberWidth = 10;  // characters
 const QString kNumberField = QStringLiteral("NRC");
+const QString kSubtractsLook = QStringLiteral("/chkStorno");
 
 }  // namespace
 
@@ -38,6 +40,9 @@ frmRapJTVA::frmRapJTVA(const VatJournal& journal, QWidget* parent) : QWidget(par
   all->addLayout(commandLine());
   giveMnemonics(this);
   setFocusProxy(DTPickerdela_);
+  for (DateBox* box : {DTPickerdela_, DTPickerla_})
+    connect(box, &QDateEdit::dateChanged, this,
+            [this] { guarded(objectName(), "DTPicker_Change", [this] { countStornos(); }); });
 }
 
 QGroupBox* frmRapJTVA::optionsFrame() {
@@ -46,8 +51,33 @@ QGroupBox* frmRapJTVA::optionsFrame() {
   txtNRC_->setNumber(1);
   txtNRC_->setMaximumWidth(fontMetrics().averageCharWidth() * kNumberWidth);
   requireNumberWhenLeft(txtNRC_);
-  (new QFormLayout(frame))->addRow(QStringLiteral("&Numar curent inceput:"), txtNRC_);
+  auto* rows = new QFormLayout(frame);
+  rows->addRow(QStringLiteral("&Numar curent inceput:"), txtNRC_);
+  if (journal_.hasStornos) addStornos(rows);
   return frame;
+}
+
+void frmRapJTVA::addStornos(QFormLayout* rows) {
+  chkStorno_ = named(new QCheckBox(QStringLiteral("Stornari cu minus")), "chkStorno",
+                     "Facturile de stornare se scad din jurnal in loc sa se adune");
+  chkStorno_->setChecked(settings::look(journal_.window + kSubtractsLook).toBool());
+  connect(chkStorno_, &QCheckBox::toggled, this,
+          [this](bool subtracts) { settings::setLook(journal_.window + kSubtractsLook, subtracts); });
+  lblStorno_ = named(new QLabel, "lblStorno");
+  rows->addRow(chkStorno_);
+  rows->addRow(lblStorno_);
+}
+
+void frmRapJTVA::countStornos() {
+  if (!lblStorno_) return;
+  const int stornos = stornosOf(journal_, {DTPickerdela_->date(), DTPickerla_->date()});
+  lblStorno_->setText(QStringLiteral("Stornari in perioada: %1").arg(stornos));
+}
+
+// Other windows may have written stornos while this one was out of sight.
+void frmRapJTVA::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  guarded(objectName(), "Form_Activate", [this] { countStornos(); });
 }
 
 QGroupBox* frmRapJTVA::periodFrame() {
@@ -93,6 +123,7 @@ QLayout* frmRapJTVA::commandLine() {
 void frmRapJTVA::run(void (frmRapJTVA::*command)()) {
   if (!entriesStand(this)) return;
   lblStare_->clear();
+  countStornos();
   try {
     (this->*command)();
   } catch (const RuleError& rule) {
@@ -104,15 +135,15 @@ void frmRapJTVA::run(void (frmRapJTVA::*command)()) {
 VatPeriod frmRapJTVA::period() const {
   DTPickerdela_->takeTyped();
   DTPickerla_->takeTyped();
-  return {DTPickerdela_->date(), DTPickerla_->date()};
+  return {DTPickerdela_->date(), DTPickerla_->date(), chkStorno_ && chkStorno_->isChecked()};
 }
 
 int frmRapJTVA::firstNumber() const {
   if (txtNRC_->typed().trimmed().isEmpty()) return 1;
   const std::optional<Decimal> number = txtNRC_->number();
-  if (!number || Round(*number, 0) != *number || *number < 1 || *number > kLargestFirst)
+  if (!number || Round(*number, 0) != *number || *number < 1 || *number > kLargestRowNumber)
     throw RuleError(QStringLiteral("Numarul curent de inceput trebuie sa fie un numar intreg intre 1 si %1")
-                        .arg(kLargestFirst),
+                        .arg(kLargestRowNumber),
                     kNumberField);
   return static_cast<int>(number->toDouble());
 }

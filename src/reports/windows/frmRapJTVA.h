@@ -5,6 +5,8 @@
 
 #include "reports/VatJournals.h"
 
+class QCheckBox;
+class QFormLayout;
 class QGroupBox;
 class QLabel;
 
@@ -19,8 +21,13 @@ class frmRapJTVA : public QWidget {
  public:
   explicit frmRapJTVA(const VatJournal& journal, QWidget* parent = nullptr);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   QGroupBox* optionsFrame();
+  void addStornos(QFormLayout* rows);
+  void countStornos();
   QGroupBox* periodFrame();
   QLayout* commandLine();
   DateBox* dateBox(const QString& name, const QDate& date);
@@ -40,6 +47,8 @@ class frmRapJTVA : public QWidget {
   DateBox* DTPickerdela_;
   DateBox* DTPickerla_;
   QLabel* lblStare_;
+  QCheckBox* chkStorno_ = nullptr;  ///< with lblStorno_, in a journal that has stornos
+  QLabel* lblStorno_ = nullptr;
 };
 
 /// "Jurnal de cumparare cu TVA"

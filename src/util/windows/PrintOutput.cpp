@@ -96,6 +96,9 @@ QString askForPdf(const PrintJob& job, QWidget* parent) {
 QFont printFont(QFont font, qreal points) {
   font.setPixelSize(std::max(1, qRound(points * kTwipsPerPoint)));
   font.setHintingPreference(QFont::PreferNoHinting);
+  // Letters with any spacing are not joined to ligatures, which text copied out of a PDF would keep.
+  constexpr qreal kLeastSpacing = 1.0 / 64;
+  font.setLetterSpacing(QFont::AbsoluteSpacing, kLeastSpacing);
   return font;
 }
 
