@@ -98,10 +98,7 @@ class DateControl : public HeaderControl {
   QList<QWidget*> boxes() const override { return {box_}; }
 
  protected:
-  void put(const QString& text) override {
-    const QSignalBlocker quiet(box_);
-    box_->setDate(QDate::fromString(text, Qt::ISODate));
-  }
+  void put(const QString& text) override { box_->showDate(QDate::fromString(text, Qt::ISODate)); }
 
  private:
   DateBox* box_;

@@ -161,7 +161,7 @@ void frmMain::runOwn(const QString& name) {
   if (name == QStringLiteral("mnuViewStatusBar")) statusBar()->setVisible(checked());
   if (name == QStringLiteral("mnuViewLeftBar")) toolbar_->setVisible(checked());
   if (name == QStringLiteral("mnuViewRightBar")) toolbarRap_->setVisible(checked());
-  if (name == QStringLiteral("mnuWindowCascade")) area_->cascadeSubWindows();
+  if (name == QStringLiteral("mnuWindowCascade")) cascade();
   if (name == QStringLiteral("mnuWindowTileHorizontal")) tile(Qt::Horizontal);
   if (name == QStringLiteral("mnuWindowTileVertical")) tile(Qt::Vertical);
   if (name == QStringLiteral("mnuHelpContents")) showHelp();
@@ -329,18 +329,33 @@ void frmMain::listChildWindows() {
   }
 }
 
+// A window is never smaller than its contents need: the area scrolls instead.
 void frmMain::tile(Qt::Orientation orientation) {
   QList<QMdiSubWindow*> children;
   for (QMdiSubWindow* child : area_->subWindowList())
     if (child->isVisible() && !child->isMinimized()) children.append(child);
+  if (children.isEmpty()) return;
+  const bool isStacked = orientation == Qt::Horizontal;
   const QSize room = area_->viewport()->size();
   const int count = static_cast<int>(children.size());
-  for (int i = 0; i < count; ++i) {
-    children[i]->showNormal();
-    children[i]->setGeometry(orientation == Qt::Horizontal
-                                 ? QRect(0, room.height() * i / count, room.width(), room.height() / count)
-                                 : QRect(room.width() * i / count, 0, room.width() / count, room.height()));
+  const QSize share =
+      isStacked ? QSize(room.width(), room.height() / count) : QSize(room.width() / count, room.height());
+  QPoint at;
+  for (QMdiSubWindow* child : children) {
+    child->showNormal();
+    child->setGeometry(QRect(at, share.expandedTo(child->minimumSizeHint())));
+    if (isStacked)
+      at.ry() += child->height();
+    else
+      at.rx() += child->width();
   }
+}
+
+void frmMain::cascade() {
+  area_->cascadeSubWindows();
+  for (QMdiSubWindow* child : area_->subWindowList())
+    if (child->isVisible() && !child->isMinimized())
+      child->resize(child->size().expandedTo(child->minimumSizeHint()));
 }
 
 void frmMain::showHelp() {

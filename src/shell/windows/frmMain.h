@@ -54,6 +54,7 @@ class frmMain : public QMainWindow, public WindowHost {
   void hideToolBars();
   void listChildWindows();
   void tile(Qt::Orientation orientation);
+  void cascade();
   void showHelp();
   void activateChild(QMdiSubWindow* child);
 

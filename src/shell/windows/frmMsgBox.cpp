@@ -5,6 +5,7 @@
 #include <QBitmap>
 #include <QBoxLayout>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -183,6 +184,15 @@ void frmMsgBox::closeEvent(QCloseEvent* event) {
     return;
   }
   QDialog::closeEvent(event);
+}
+
+void frmMsgBox::keyPressEvent(QKeyEvent* event) {
+  const QString letter = event->text().toUpper();
+  if (letter.size() == 1 && letter.front().isLetter() &&
+      (event->modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier)
+    for (QPushButton* button : cmdBtn_)
+      if (button->text().startsWith(letter, Qt::CaseInsensitive)) return button->click();
+  QDialog::keyPressEvent(event);
 }
 
 int WindowMessages::show(const Message& message) {

@@ -23,6 +23,8 @@ class frmMsgBox : public QDialog {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  /// The first letter of a caption presses its button, with Alt and without.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QWidget* textArea(const QString& text);

@@ -40,9 +40,8 @@ void setValue(QWidget* control, const QVariant& value) {
     const QSignalBlocker quiet(check);
     check->setChecked(value.toLongLong() != 0);
   } else if (auto* date = qobject_cast<DateBox*>(control)) {
-    const QSignalBlocker quiet(date);
     const QDate day = QDate::fromString(value.toString().left(10), Qt::ISODate);
-    date->setDate(day.isValid() ? day : clock::today());
+    date->showDate(day.isValid() ? day : clock::today());
   } else if (auto* label = qobject_cast<QLabel*>(control)) {
     label->setText(shownText(value));
   }

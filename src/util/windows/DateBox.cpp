@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
+#include "util/windows/Controls.h"
+
 namespace velmar {
 
 namespace {
@@ -28,18 +30,40 @@ DateBox::DateBox(QWidget* parent) : QDateEdit(parent) {
   calendarWidget()->setLocale(QLocale(QLocale::Romanian, QLocale::Romania));
   calendarWidget()->setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
   calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  connect(this, &QDateEdit::dateChanged, this, [this] { typed_.clear(); });
+  checkWhenLeft(
+      this, [this] { return isTypedWrong() ? QStringLiteral("Data introdusa nu exista !") : QString(); }, 0,
+      {}, [this] { isRefused_ = true; });
+}
+
+bool DateBox::isTypedWrong() const { return !typed_.isEmpty() && !dateOf(typed_, date()).isValid(); }
+
+void DateBox::showDate(const QDate& date) {
+  const QSignalBlocker quiet(this);
+  typed_.clear();
+  setDate(date);
+}
+
+// The day moves, wherever the cursor is.
+void DateBox::stepBy(int days) {
+  takeTyped();
+  if (!typed_.isEmpty()) return;
+  setDate(date().addDays(days));
+  lineEdit()->selectAll();
 }
 
 void DateBox::keyPressEvent(QKeyEvent* event) {
   const QString text = event->text();
+  const bool replaces = std::exchange(isRefused_, false);
+  if (replaces && (!text.isEmpty() && text.front().isDigit())) typed_.clear();
   if (text.size() == 1 && text.front().isDigit()) {
     if (typed_.size() < kDigits) typed_ += text;
     if (typed_.size() == kDigits) return takeTyped();
     return showTyped();
   }
   if (!typed_.isEmpty()) {
-    if (event->key() == Qt::Key_Backspace) {
-      typed_.chop(1);
+    if (event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete) {
+      typed_.chop(replaces || lineEdit()->hasSelectedText() ? static_cast<int>(typed_.size()) : 1);
       return showTyped();
     }
     if (event->key() == Qt::Key_Escape) {
@@ -48,7 +72,15 @@ void DateBox::keyPressEvent(QKeyEvent* event) {
     }
     if (text == QStringLiteral(".") || text == QStringLiteral("/") || text == QStringLiteral("-"))
       return padTyped();
+    if (event->text().isEmpty() && event->key() != Qt::Key_Up && event->key() != Qt::Key_Down) {
+      event->ignore();  // a key that neither types nor moves the day, such as Shift
+      return;
+    }
     takeTyped();
+    if (!typed_.isEmpty()) {
+      event->ignore();
+      return;
+    }
   }
   QDateEdit::keyPressEvent(event);
 }
@@ -74,10 +106,8 @@ void DateBox::showTyped() {
 }
 
 void DateBox::takeTyped() {
-  const QString digits = std::exchange(typed_, {});
-  if (digits.isEmpty()) return;
-  const QDate meant = dateOf(digits, date());
-  if (meant.isValid()) setDate(meant);
+  if (typed_.isEmpty() || isTypedWrong()) return showTyped();
+  setDate(dateOf(std::exchange(typed_, {}), date()));
   showTyped();
 }
 
