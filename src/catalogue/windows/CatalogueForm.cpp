@@ -55,7 +55,8 @@ void CatalogueForm::setCatalogue(const QList<GridColumn>& columns, const ListQue
 
 void CatalogueForm::layOut(const Pages& pages) {
   filter_->setFields(pages.filter, pages.nameColumn);
-  connect(filter_, &WhereBuilder::searchAsked, this, [this] { run("WhereBuilder", [this] { cauta(); }); });
+  connect(filter_, &WhereBuilder::searchAsked, this,
+          [this] { run("WhereBuilder", [this] { askedSearch(); }); });
   auto* counted = new QHBoxLayout;
   counted->addStretch();
   counted->addWidget(new QLabel(pages.countCaption));
@@ -72,6 +73,11 @@ void CatalogueForm::layOut(const Pages& pages) {
   auto* all = new QVBoxLayout(this);
   all->addWidget(tabs_, 1);
   all->addLayout(commandRow(pages.commands));
+  // Enter on the last field of the card goes to what stores it.
+  QList<QPushButton*> chain = pages.commands;
+  chain.removeIf([this](QPushButton* button) { return navigation_.contains(button); });
+  chain += navigation_;
+  for (qsizetype i = 1; i < chain.size(); ++i) setTabOrder(chain[i - 1], chain[i]);
   finish(txtCautare_);
   connect(tabs_, &QTabWidget::currentChanged, this,
           [this] { guarded(objectName(), "SSTab_Click", [this] { tabChanged(); }); });
@@ -80,8 +86,11 @@ void CatalogueForm::layOut(const Pages& pages) {
 
 QLineEdit* CatalogueForm::searchField(KeyFilter::Options keys, std::function<void()> search) {
   txtCautare_ = makeTextBox("txtCautare", kSearchWidth, "Primele litere, apoi Enter", keys);
-  connect(txtCautare_, &QLineEdit::returnPressed, this,
-          [this, search = std::move(search)] { run("txtCautare_KeyPress", search); });
+  connect(txtCautare_, &QLineEdit::returnPressed, this, [this, search = std::move(search)] {
+    run("txtCautare_KeyPress", [this, &search] {
+      if (leaveCard()) search();
+    });
+  });
   return txtCautare_;
 }
 
@@ -91,6 +100,12 @@ void CatalogueForm::cauta() {
   condition_ = always_ && filter_->condition();
   order_ = defaultOrder_;
   refresh();
+}
+
+void CatalogueForm::askedSearch() {
+  if (!leaveCard()) return;
+  cauta();
+  if (list()->rows().size() == 0) say("Nicio inregistrare nu indeplineste conditia cautarii.");
 }
 
 bool CatalogueForm::showFound(const Condition& condition, const QString& order) {
@@ -105,10 +120,16 @@ bool CatalogueForm::showFound(const Condition& condition, const QString& order) 
 
 QList<QPushButton*> CatalogueForm::navigation() {
   const QList<QPushButton*> steps = {
-      command("cmdFirst", "|<", "Prima inregistrare", {}, [this] { moveTo(0); }),
+      command("cmdFirst", "|<", "Prima inregistrare", {},
+              [this] {
+                if (leaveCard()) moveTo(0);
+              }),
       command("cmdPrev", "<", "Inregistrarea anterioara", {}, [this] { step(-1); }),
       command("cmdNext", ">", "Inregistrarea urmatoare", {}, [this] { step(1); }),
-      command("cmdLast", ">|", "Ultima inregistrare", {}, [this] { moveTo(list()->rows().size() - 1); })};
+      command("cmdLast", ">|", "Ultima inregistrare", {}, [this] {
+        if (leaveCard()) moveTo(list()->rows().size() - 1);
+      })};
+  navigation_ = steps;
   for (QPushButton* button : steps) button->setMaximumWidth(button->fontMetrics().horizontalAdvance("0") * 6);
   return steps;
 }
@@ -120,7 +141,7 @@ void CatalogueForm::moveTo(int place) {
 }
 
 void CatalogueForm::step(int by) {
-  if (list()->rows().size() == 0) return;
+  if (!leaveCard() || list()->rows().size() == 0) return;
   const int place = list()->currentIndex().row() + by;
   if (place >= 0 && place < list()->rows().size()) return moveTo(place);
   Mesaj(QStringLiteral("Sunteti pozitionat pe ") + (by < 0 ? "primul " : "ultimul ") + " tert!");

@@ -41,6 +41,8 @@ class CatalogueForm : public ListForm {
 
   /// Shows what the filter says.
   void cauta();
+  /// As cauta(), at the user's command.
+  void askedSearch();
   /// Shows the records of the condition in that order, whatever their kind; without any the list stays, and
   /// it gives false.
   bool showFound(const Condition& condition, const QString& order);
@@ -73,6 +75,7 @@ class CatalogueForm : public ListForm {
   WhereBuilder* filter_;
   QLineEdit* txtCautare_ = nullptr;
   QLabel* count_;
+  QList<QPushButton*> navigation_;
 };
 
 }  // namespace velmar

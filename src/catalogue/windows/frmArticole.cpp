@@ -133,6 +133,7 @@ frmArticole::frmArticole(QWidget* parent)
           .cardPage = details_,
           .commands = commands()});
   details_->watchPrices();
+  setStoring([this] { isNew() ? add() : save(); });
 }
 
 QWidget* frmArticole::searchRow() {
@@ -141,6 +142,7 @@ QWidget* frmArticole::searchRow() {
   auto* inside = new QHBoxLayout(row);
   inside->setContentsMargins(0, 0, 0, 0);
   QLineEdit* box = searchField({}, [this] { search(); });
+  box->setToolTip("Primele litere din Denumire 1, Denumire 2 sau COD, cum se alege in lista, apoi Enter");
   auto* label = new QLabel("Cautare dupa");
   label->setBuddy(cboCautare_);
   inside->addWidget(label);
@@ -176,7 +178,7 @@ QList<QPushButton*> frmArticole::commands() {
           command("cmdSalvareArticol", "Salvare", "Salvare modificari", "save", [this] { save(); }),
           cmdSterge,
           command("cmdCauta", "Cautare", "Cautare dupa conditiile stabilite mai sus", "search",
-                  [this] { cauta(); }),
+                  [this] { askedSearch(); }),
           printCommand("cmdListare", "Listare", "Listare pe ecran sau pe imprimanta linii selectate"),
           cmdStocPeMag,
           exitCommand()};
@@ -204,7 +206,10 @@ void frmArticole::focusField(const QString& column) {
 }
 
 void frmArticole::add() {
-  if (!isNew()) return startNew();
+  if (!isNew()) {
+    if (leaveCard()) startNew();
+    return;
+  }
   const Row article = details_->article();
   addArticle(article);
   cauta();
@@ -282,8 +287,9 @@ void frmArticole::showEvent(QShowEvent* event) {
   listening_ = true;
   connect(frame, &QMdiSubWindow::aboutToActivate, this, [this] {
     guarded(objectName(), "Form_Activate", [this] {
+      const bool isUntouched = isNew() && !card().isChanged();
       details_->resetUnit();
-      if (isNew() && !card().isChanged()) card().clear();
+      if (isUntouched) card().clear();
       details_->refreshLists();
     });
   });

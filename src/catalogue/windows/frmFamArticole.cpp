@@ -58,7 +58,7 @@ frmFamArticole::frmFamArticole(QWidget* parent) : ListForm("frmFamArticole", "Fa
       startNew();
   });
   setKeys(cmdAdauga, cmdSterge);
-  layOut(searchRow("DENUMIRE"), frame, {cmdAdauga, CommandButton1, cmdSterge, exitCommand()});
+  layOut(searchRow({"DENUMIRE"}), frame, {cmdAdauga, CommandButton1, cmdSterge, exitCommand()});
 }
 
 QWidget* frmFamArticole::cardFrame() {

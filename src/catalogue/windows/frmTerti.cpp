@@ -133,6 +133,7 @@ frmTerti::frmTerti(const QString& TipTert, QWidget* parent)
           .cardTitle = "Fisa Tert",
           .cardPage = page,
           .commands = commands()});
+  setStoring([this] { card().text("COD").isEmpty() ? add() : save(); });
 }
 
 QWidget* frmTerti::searchRow() {
@@ -140,6 +141,7 @@ QWidget* frmTerti::searchRow() {
   auto* inside = new QHBoxLayout(row);
   inside->setContentsMargins(0, 0, 0, 0);
   QLineEdit* box = searchField(KeyFilter::UpperCase, [this] { search(); });
+  box->setToolTip("Primele litere din Denumire, apoi Enter");
   auto* label = new QLabel("Cautare dupa nume");
   label->setBuddy(box);
   inside->addWidget(label);
@@ -153,7 +155,7 @@ QList<QPushButton*> frmTerti::commands() {
   auto* cmdModifica = command("cmdModifica", "Salvare", "Salvare modificari", "save", [this] { save(); });
   auto* cmdSterge = command("cmdSterge", "Stergere", "Stergere tert curent", "delete", [this] { remove(); });
   auto* cmdCauta = command("cmdCauta", "Cautare", "Cautare functie de conditiile stabilite", "search",
-                           [this] { cauta(); });
+                           [this] { askedSearch(); });
   auto* cmdListare = printCommand("cmdListare", "Listare", "Tiparire linii selectate");
   auto* cmdSolduri = command("cmdSolduri", "Solduri",
                              "Calcul solduri terti luand in calcul  toate documentele din baza de date", {},
@@ -345,11 +347,21 @@ std::optional<Decimal> frmTerti::typedDiscount() const {
 }
 
 void frmTerti::add() {
-  if (!card().text("COD").isEmpty()) return startNew();
+  if (!card().text("COD").isEmpty()) {
+    if (leaveCard()) startNew();
+    return;
+  }
   const QString code = QString::number(addPartner(card().typed(), typedDiscount()));
   filter()->clear();
   cauta();
   list()->selectRecord("COD", code);
+  startNew();
+  if (const auto taken = std::exchange(addedFor_, nullptr)) taken(code);
+}
+
+void frmTerti::addFor(std::function<void(const QString& code)> taken) {
+  if (!leaveCard()) return;
+  addedFor_ = std::move(taken);
   startNew();
 }
 
@@ -378,6 +390,7 @@ void frmTerti::search() {
 }
 
 void frmTerti::balances() {
+  if (!leaveCard()) return;
   const Hourglass wait;
   storeBalances();
   refresh();

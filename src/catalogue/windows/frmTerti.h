@@ -21,6 +21,9 @@ class frmTerti : public CatalogueForm {
   /// `TipTert` is "C" for the list of customers, "F" for that of suppliers.
   frmTerti(const QString& TipTert, QWidget* parent = nullptr);
 
+  /// Opens an empty card; the code of the partner that is added from it is handed over.
+  void addFor(std::function<void(const QString& code)> taken);
+
  protected:
   void showRecord(const Row* record) override;
   void startNew() override;
@@ -50,6 +53,7 @@ class frmTerti : public CatalogueForm {
 
   Row shown_;  ///< the partner as the card showed it
   QString tipTert_;
+  std::function<void(const QString& code)> addedFor_;
   SearchCombo* cboIDAngajator_ = nullptr;
   QList<QPushButton*> cardCommands_;
   QList<QPushButton*> listCommands_;

@@ -53,8 +53,15 @@ void IncarcaCombo(QComboBox& combo) {
 
 void LegaCombo(QComboBox& combo, const BoundList& list) {
   std::vector<ChoiceModel::Choice> choices;
-  for (const Row& row : OpenRs(list.sql, list.values))
+  QHash<QString, int> uses;
+  for (const Row& row : OpenRs(list.sql, list.values)) {
     choices.push_back({row.text(list.listField), row.value(list.boundColumn)});
+    ++uses[choices.back().text.toUpper()];
+  }
+  // Texts that are alike are told apart by their code.
+  for (auto& choice : choices)
+    if (uses.value(choice.text.toUpper()) > 1)
+      choice.text += QStringLiteral(" (%1)").arg(choice.value.toString());
   setChoices(combo, std::move(choices));
 }
 

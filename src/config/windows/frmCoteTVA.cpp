@@ -34,7 +34,7 @@ frmCoteTVA::frmCoteTVA(QWidget* parent) : ListForm("frmCoteTVA", "Cote TVA", par
                             [this] { showAdded(QString::number(addVatRate(card().typed()))); });
   auto* cmdSterge = command("cmdSterge", "Stergere", "Stergere cota curenta", "delete", [this] { remove(); });
   setKeys(cmdAdauga, cmdSterge);
-  layOut(searchRow("CONT"), frame, {cmdAdauga, cmdSterge, exitCommand()});
+  layOut(searchRow({"CONT"}), frame, {cmdAdauga, cmdSterge, exitCommand()});
   startNew();
 }
 

@@ -64,7 +64,7 @@ frmJurnale::frmJurnale(QWidget* parent) : ListForm("frmJurnale", "Jurnale", pare
     removeCurrent("Sunteti sigur ca doriti sa stergeti jurnalul cu codul : %1 ?", removeJournal);
   });
   setKeys(cmdAdauga, cmdSterge);
-  layOut(searchRow("COD"), frame, {cmdAdauga, CmdModificare, cmdSterge, exitCommand()});
+  layOut(searchRow({"COD", "TITLU"}), frame, {cmdAdauga, CmdModificare, cmdSterge, exitCommand()});
 }
 
 QWidget* frmJurnale::cardFrame() {

@@ -36,7 +36,7 @@ frmMagazii::frmMagazii(QWidget* parent) : ListForm("frmMagazii", "Magazii", pare
   auto* cmdSterge =
       command("cmdSterge", "Stergere", "Stergere magazie selectata ", "delete", [this] { remove(); });
   setKeys(cmdAdauga, cmdSterge);
-  layOut(searchRow("DENUMIRE"), frame, {cmdAdauga, cmdSalvare, cmdSterge, exitCommand()});
+  layOut(searchRow({"DENUMIRE"}), frame, {cmdAdauga, cmdSalvare, cmdSterge, exitCommand()});
 }
 
 QWidget* frmMagazii::cardFrame() {

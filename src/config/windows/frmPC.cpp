@@ -65,7 +65,7 @@ frmPC::frmPC(QWidget* parent) : ListForm("frmPC", "Plan de Conturi", parent) {
                .columns = {"CONT", "DEBITN", "CREDITN"}});
   auto* cmdPrint = printCommand("cmdPrint", "Tiparire", "Tiparire Plan de Conturi");
   setKeys(cmdAdauga, cmdSterge);
-  layOut(searchRow("CONT"), frames, {cmdAdauga, cmdSterge, cmdPrint, exitCommand()});
+  layOut(searchRow({"CONT", "TITLU"}), frames, {cmdAdauga, cmdSterge, cmdPrint, exitCommand()});
   startNew();
 }
 

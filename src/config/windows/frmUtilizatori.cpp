@@ -42,7 +42,7 @@ frmUtilizatori::frmUtilizatori(QWidget* parent) : ListForm("frmUtilizatori", "Ut
   auto* cmdSterge =
       command("cmdSterge", "Stergere", "Stergere utilizator selectat", "delete", [this] { remove(); });
   setKeys(cmdAdauga, cmdSterge);
-  layOut(searchRow("NUME"), frame, {cmdAdauga, cmdSterge, exitCommand()});
+  layOut(searchRow({"NUME"}), frame, {cmdAdauga, cmdSterge, exitCommand()});
   startNew();
 }
 

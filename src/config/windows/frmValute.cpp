@@ -94,7 +94,7 @@ QLayout* frmValute::rateList() {
           [this] { guarded("frmValute", "cboNumarCursuri_Change", [this] { showRates(); }); });
   grdCursValuta_ = new TDBGrid("grdCursValuta");
   grdCursValuta_->setColumns({{"COD", "COD", CellFormat::Text, 6},
-                              {"DATA", "DATA", CellFormat::DottedDate, 12},
+                              {"DATA", "DATA", CellFormat::Date, 12},
                               {"CURS", "CURS", CellFormat::Number, 12, kRateDecimals}});
   grdCursValuta_->setEmptyText("Nu exista cursuri. Alegeti Curs, completati cursul, apoi apasati Adaugare.");
   auto* label = new QLabel("Cursuri afisate");

@@ -39,10 +39,10 @@ frmRapJTVA::frmRapJTVA(const VatJournal& journal, QWidget* parent) : QWidget(par
   all->addStretch();
   all->addLayout(commandLine());
   giveMnemonics(this);
-  setFocusProxy(DTPickerdela_);
   for (DateBox* box : {DTPickerdela_, DTPickerla_})
     connect(box, &QDateEdit::dateChanged, this,
             [this] { guarded(objectName(), "DTPicker_Change", [this] { countStornos(); }); });
+  DTPickerdela_->setFocus();
 }
 
 QGroupBox* frmRapJTVA::optionsFrame() {

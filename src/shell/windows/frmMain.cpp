@@ -6,6 +6,7 @@
 #include <QDesktopServices>
 #include <QDialog>
 #include <QDir>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -14,12 +15,14 @@
 #include <QPointer>
 #include <QScreen>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTimer>
 #include <QToolBar>
 #include <QUrl>
 
 #include "config/Session.h"
 #include "shell/windows/MenuTable.h"
+#include "store/windows/EntryGrid.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
@@ -44,6 +47,16 @@ class ChildArea : public QMdiArea {
   using QMdiArea::QMdiArea;
 
  protected:
+  // Ctrl+Tab changes between windows, but within a grid it leaves that.
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    if (isKey && isInGrid(QApplication::focusWidget())) {
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      if (key == Qt::Key_Tab || key == Qt::Key_Backtab) return false;
+    }
+    return QMdiArea::eventFilter(watched, event);
+  }
+
   void paintEvent(QPaintEvent* event) override {
     QMdiArea::paintEvent(event);
     if (!subWindowList().isEmpty()) return;
@@ -51,6 +64,12 @@ class ChildArea : public QMdiArea {
     painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
     painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12), Qt::AlignCenter | Qt::TextWordWrap,
                      QStringLiteral("Alegeti o comanda din meniu sau de pe barele laterale."));
+  }
+
+ private:
+  static bool isInGrid(const QWidget* widget) {
+    while (widget && !qobject_cast<const EntryGrid*>(widget)) widget = widget->parentWidget();
+    return widget;
   }
 };
 
@@ -211,7 +230,7 @@ void frmMain::buildStatusBar() {
 }
 
 void frmMain::showDateAndTime() {
-  datePanel_->setText(formatDate(clock::today()));
+  datePanel_->setText(clock::today().toString(QStringLiteral("dd.MM.yyyy")));
   timePanel_->setText(clock::now().toString(QStringLiteral("HH:mm")));
 }
 
@@ -336,7 +355,12 @@ void frmMain::tile(Qt::Orientation orientation) {
     if (child->isVisible() && !child->isMinimized()) children.append(child);
   if (children.isEmpty()) return;
   const bool isStacked = orientation == Qt::Horizontal;
-  const QSize room = area_->viewport()->size();
+  QSize room = area_->viewport()->size();
+  int needed = 0;  // in the direction in which the windows follow each other
+  for (const QMdiSubWindow* child : children)
+    needed += isStacked ? child->minimumSizeHint().height() : child->minimumSizeHint().width();
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  if (needed > (isStacked ? room.height() : room.width())) room -= isStacked ? QSize(bar, 0) : QSize(0, bar);
   const int count = static_cast<int>(children.size());
   const QSize share =
       isStacked ? QSize(room.width(), room.height() / count) : QSize(room.width() / count, room.height());

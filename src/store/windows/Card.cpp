@@ -86,12 +86,21 @@ void Card::bind(const QString& column, QWidget* control) {
     connect(date, &QDateEdit::dateChanged, this, &Card::edited);
 }
 
+void Card::setDefault(const QString& column, const Value& value) {
+  defaults_[column] = value;
+  if (!isCleared_) return;
+  for (qsizetype i = 0; i < bound_.size(); ++i)
+    if (bound_[i].column == column) settled_[i] = value.data().toString();
+}
+
 void Card::show(const Row& row) {
+  isCleared_ = false;
   for (const Bound& bound : bound_) put(bound, row.has(bound.column) ? row.value(bound.column) : QVariant());
   settle();
 }
 
 void Card::clear() {
+  isCleared_ = true;
   for (const Bound& bound : bound_) put(bound, defaults_.value(bound.column).data());
   settle();
 }

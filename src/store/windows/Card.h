@@ -23,7 +23,8 @@ class Card : public QObject {
     return control;
   }
   /// What the column's control shows after clear(); nothing, where no default is told.
-  void setDefault(const QString& column, const Value& value) { defaults_[column] = value; }
+  /// A card that was cleared counts as unchanged with it.
+  void setDefault(const QString& column, const Value& value);
 
   /// Shows the row's columns; those that it does not have are cleared.
   void show(const Row& row);
@@ -59,6 +60,7 @@ class Card : public QObject {
   QList<Bound> bound_;
   QMap<QString, Value> defaults_;
   QStringList settled_;
+  bool isCleared_ = false;  ///< shows no record, but what a new one starts with
 };
 
 }  // namespace velmar

@@ -14,6 +14,19 @@ namespace {
 
 constexpr int kLongestEntry = 60;
 
+// Ctrl+Tab leaves a grid from any cell; with Shift it goes back.
+bool isCtrlTab(const QEvent* event) {
+  if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride) return false;
+  const auto* key = static_cast<const QKeyEvent*>(event);
+  return (key->modifiers() & Qt::ControlModifier) &&
+         (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab);
+}
+
+bool goesForward(const QEvent* event) {
+  const auto* key = static_cast<const QKeyEvent*>(event);
+  return key->key() == Qt::Key_Tab && !(key->modifiers() & Qt::ShiftModifier);
+}
+
 }  // namespace
 
 // Opens the editors and hands them to the grid, which takes their texts over. Enter means: next open cell.
@@ -42,6 +55,11 @@ class EntryDelegate : public QStyledItemDelegate {
   void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
 
   bool eventFilter(QObject* object, QEvent* event) override {
+    if (isCtrlTab(event)) {
+      event->accept();  // or a shortcut would take it
+      if (event->type() == QEvent::KeyPress) grid_->leaveGrid(goesForward(event));
+      return true;
+    }
     if (event->type() == QEvent::KeyPress) {
       const int key = static_cast<QKeyEvent*>(event)->key();
       if (key == Qt::Key_Return || key == Qt::Key_Enter) {
@@ -170,7 +188,27 @@ void EntryGrid::closeEditor(QWidget* widget, QAbstractItemDelegate::EndEditHint 
     editing_ = QPersistentModelIndex();
   }
   // A cell that takes its old text back stays the current one.
-  TDBGrid::closeEditor(widget, cause_ ? QAbstractItemDelegate::NoHint : hint);
+  if (cause_) hint = QAbstractItemDelegate::NoHint;
+  const bool forward = hint == QAbstractItemDelegate::EditNextItem;
+  const bool moves = forward || hint == QAbstractItemDelegate::EditPreviousItem;
+  const bool isAtEnd =
+      moves && moveCursor(forward ? MoveNext : MovePrevious, Qt::NoModifier) == currentIndex();
+  TDBGrid::closeEditor(widget, isAtEnd ? QAbstractItemDelegate::NoHint : hint);
+  if (isAtEnd && !confirming_) leaveGrid(forward);
+}
+
+void EntryGrid::leaveGrid(bool forward) {
+  if (!commitPending()) return;
+  setFocus();
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call): the base class walks through the cells
+  QWidget::focusNextPrevChild(forward);
+}
+
+bool EntryGrid::event(QEvent* event) {
+  if (!isCtrlTab(event)) return TDBGrid::event(event);
+  event->accept();
+  if (event->type() == QEvent::KeyPress) leaveGrid(goesForward(event));
+  return true;
 }
 
 QModelIndex EntryGrid::nextOpen(const QModelIndex& from, int step) const {
@@ -202,10 +240,12 @@ bool EntryGrid::edit(const QModelIndex& index, EditTrigger trigger, QEvent* even
 
 void EntryGrid::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    if (currentIndex().flags() & Qt::ItemIsEditable)
+    if (currentIndex().flags() & Qt::ItemIsEditable) {
       TDBGrid::edit(currentIndex());
-    else
-      setCurrentIndex(nextOpen(currentIndex(), 1));
+    } else {
+      const QScopedValueRollback<bool> confirming(confirming_, true);
+      setCurrentIndex(moveCursor(MoveNext, Qt::NoModifier));
+    }
     return;
   }
   TDBGrid::keyPressEvent(event);

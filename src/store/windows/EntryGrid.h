@@ -63,6 +63,12 @@ class EntryGrid : public TDBGrid {
   const QString& form() const { return form_; }
   /// Takes the text over and leaves the cell.
   void leave(QWidget* editor);
+  /// As leave(), with Enter.
+  void leaveWithEnter(QWidget* editor);
+  /// Gives the focus to the control behind the grid or before it, unless an open cell refuses its text.
+  void leaveGrid(bool forward);
+
+  bool event(QEvent* event) override;
 
   void commitData(QWidget* editor) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -75,7 +81,6 @@ class EntryGrid : public TDBGrid {
   friend class EntryDelegate;
   void refuse(std::exception_ptr cause);
   void tellRefusal();
-  void leaveWithEnter(QWidget* editor);
 
   QString form_;
   Refused policy_;

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QBoxLayout>
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -46,17 +47,64 @@ void ListForm::setList(EntryGrid* grid, const QString& keyField, Read read, cons
   grid_->setSortable();
   grid_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   connect(grid_, &TDBGrid::currentRecordChanged, this, [this] {
-    if (keepEdits_) return;
-    guarded(objectName(), "RowColChange", [this] { showRecord(grid_->currentRecord()); });
+    if (!keepEdits_) rowChosen();
   });
   // A click on the row that is current already brings it back into the card.
   connect(grid_, &QAbstractItemView::clicked, this, [this] {
-    if (new_) guarded(objectName(), "RowColChange", [this] { showRecord(grid_->currentRecord()); });
+    if (new_) rowChosen();
   });
   connect(
       grid_, &EntryGrid::cellStored, this,
       [this] { guarded(objectName(), "AfterColUpdate", [this] { refreshKeepingEdits(); }); },
       Qt::QueuedConnection);
+}
+
+// The question is shown once the event that chose the row is over.
+void ListForm::rowChosen() {
+  if (leaving_) return;
+  if (!store_ || !card_.isChanged()) {
+    guarded(objectName(), "RowColChange", [this] { showRecord(grid_->currentRecord()); });
+    return;
+  }
+  leaving_ = true;
+  QMetaObject::invokeMethod(this, &ListForm::leaveForRow, Qt::QueuedConnection);
+}
+
+void ListForm::leaveForRow() {
+  guarded(objectName(), "RowColChange", [this] {
+    const Row* chosen = grid_->currentRecord();
+    const QString key = chosen ? chosen->text(keyField_) : QString();
+    const bool leaves = leaveCard();
+    // Storing may have read the list again.
+    const QString current = leaves || new_ ? key : shownKey_;
+    const QSignalBlocker quiet(grid_);
+    if (!current.isEmpty()) grid_->selectRecord(keyField_, current);
+    if (leaves) showRecord(grid_->currentRecord());
+  });
+  leaving_ = false;
+}
+
+bool ListForm::leaveCard() {
+  if (!store_ || !card_.isChanged()) return true;
+  switch (askLeaving(this, "Fisa a fost modificata. Salvati modificarile ?")) {
+    case Leaving::Store:
+      return storeCard();
+    case Leaving::Discard:
+      card_.settle();
+      return true;
+    case Leaving::Stay:
+      break;
+  }
+  return false;
+}
+
+bool ListForm::storeCard() {
+  bool isStored = false;
+  run("Salvare", [this, &isStored] {
+    store_();
+    isStored = true;
+  });
+  return isStored;
 }
 
 QPushButton* ListForm::command(const QString& name, const QString& caption, const QString& toolTip,
@@ -93,15 +141,29 @@ void ListForm::setKeys(QPushButton* add, const std::function<void()>& remove) {
     shortcut->setContext(Qt::WidgetShortcut);
     connect(shortcut, &QShortcut::activated, this, work);
   };
-  if (add) onGrid(Qt::Key_Insert, [this] { run("Insert", [this] { startNew(); }); });
+  if (add) {
+    onGrid(Qt::Key_Insert, [this] {
+      run("Insert", [this] {
+        if (leaveCard()) startNew();
+      });
+    });
+  }
   if (remove) onGrid(Qt::Key_Delete, [this, remove] { run("Delete", remove); });
 }
 
-QWidget* ListForm::searchRow(const QString& field) {
-  searchField_ = field;
-  search_ = makeTextBox("txtCautare", 40, "Primele litere");
+QWidget* ListForm::searchRow(const QStringList& fields) {
+  searchFields_ = fields;
+  QStringList captions;
+  for (const QString& field : fields) captions.append(grid_->columns().value(grid_->columnOf(field)).caption);
+  search_ = makeTextBox("txtCautare", 40, "Primele litere din: " + captions.join(" sau "));
   connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
-    guarded(objectName(), "txtCautare_Change", [this, &text] { search(text); });
+    guarded(objectName(), "txtCautare_Change",
+            [this, &text] { say(search(text) ? QString() : noHit(text)); });
+  });
+  connect(search_, &QLineEdit::returnPressed, this, [this] {
+    guarded(objectName(), "txtCautare_KeyPress", [this] {
+      if (!search(search_->text())) Mesaj(noHit(search_->text()));
+    });
   });
   auto* row = new QWidget;
   auto* label = new QLabel("Cautare");
@@ -114,12 +176,20 @@ QWidget* ListForm::searchRow(const QString& field) {
   return row;
 }
 
-void ListForm::search(const QString& text) {
-  if (text.isEmpty()) return;
+bool ListForm::search(const QString& text) {
+  if (text.isEmpty()) return true;
   const RowSource& rows = grid_->rows();
-  for (int place = 0; place < rows.size(); ++place)
-    if (rows.row(place).text(searchField_).startsWith(text, Qt::CaseInsensitive))
-      return grid_->selectPlace(place);
+  for (const QString& field : searchFields_)
+    for (int place = 0; place < rows.size(); ++place)
+      if (rows.row(place).text(field).startsWith(text, Qt::CaseInsensitive)) {
+        grid_->selectPlace(place);
+        return true;
+      }
+  return false;
+}
+
+QString ListForm::noHit(const QString& text) {
+  return QStringLiteral("Nu exista inregistrari care sa inceapa cu %1 !").arg(text);
 }
 
 QLayout* ListForm::commandRow(const QList<QPushButton*>& commands) {
@@ -236,6 +306,7 @@ void ListForm::showEvent(QShowEvent* event) {
 }
 
 void ListForm::showRecord(const Row* record) {
+  shownKey_ = record ? record->text(keyField_) : QString();
   new_ = addOnly_ || !record;
   if (addOnly_) return;
   if (record)
@@ -275,6 +346,13 @@ void ListForm::keyPressEvent(QKeyEvent* event) {
   if (key == Qt::Key_Return || key == Qt::Key_Enter)
     if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) return button->click();
   QWidget::keyPressEvent(event);
+}
+
+void ListForm::closeEvent(QCloseEvent* event) {
+  if (leaveCard())
+    QWidget::closeEvent(event);
+  else
+    event->ignore();
 }
 
 QSize ListForm::sizeHint() const {

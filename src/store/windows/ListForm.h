@@ -49,11 +49,18 @@ class ListForm : public QWidget {
   void setKeys(QPushButton* add, QPushButton* remove);
   /// As setKeys(), for a window without a button that deletes.
   void setKeys(QPushButton* add, const std::function<void()>& remove);
+  /// How the card is stored when the user wants that on leaving it. Only such a card asks.
+  void setStoring(std::function<void()> store) { store_ = std::move(store); }
+  /// Asks what becomes of a card that differs from what is stored, before anything else takes its place.
+  /// False: the user stays, and all is as typed.
+  bool leaveCard();
+
   /// The card is only for adding: the current record is not shown in it.
   void setAddOnly() { addOnly_ = true; }
 
-  /// A search box above the list: the row that begins with what is typed becomes current.
-  QWidget* searchRow(const QString& field);
+  /// A search box above the list: the row whose first of these fields, or else the next, begins with what is
+  /// typed becomes current.
+  QWidget* searchRow(const QStringList& fields);
   /// The usual window: search, list, card and commands. The list is read and the first field has the focus.
   void layOut(QWidget* search, QWidget* cardFrame, const QList<QPushButton*>& commands);
   /// Mnemonics, keys, what Enter does, and the first reading, for a window that lays itself out.
@@ -87,6 +94,8 @@ class ListForm : public QWidget {
   virtual void focusField(const QString& column);
 
   void keyPressEvent(QKeyEvent* event) override;
+  /// A card that is to be kept keeps the window open.
+  void closeEvent(QCloseEvent* event) override;
   /// Reads the list again when its tables were written while the window was out of sight.
   void showEvent(QShowEvent* event) override;
   /// Whether the card holds no record of the list.
@@ -98,7 +107,11 @@ class ListForm : public QWidget {
   void follow(const QSet<QString>& written);
   void catchUp();
   void takeBack();
-  void search(const QString& text);
+  void rowChosen();
+  void leaveForRow();
+  bool storeCard();
+  bool search(const QString& text);
+  static QString noHit(const QString& text);
   void showState();
 
   EntryGrid* grid_ = nullptr;
@@ -108,7 +121,10 @@ class ListForm : public QWidget {
   Read read_;
   QSet<QString> tables_;
   QLineEdit* search_ = nullptr;
-  QString searchField_;
+  QStringList searchFields_;
+  std::function<void()> store_;
+  QString shownKey_;      ///< of the record in the card
+  bool leaving_ = false;  ///< another row was chosen; what becomes of the card is still to be asked
   QLabel* state_;
   QPushButton* exit_ = nullptr;
   bool stale_ = false;      ///< a table of the list was written after it was read

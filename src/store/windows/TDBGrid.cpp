@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include "util/Errors.h"
@@ -58,8 +59,6 @@ QString cellText(const QVariant& value, const GridColumn& column) {
         return formatNumber(Decimal::fromDouble(value.toDouble()), column.decimals);
       return formatNumber(Decimal(static_cast<qint64>(value.toLongLong())), column.decimals);
     case CellFormat::Date:
-      return formatDate(QDate::fromString(value.toString().left(10), Qt::ISODate));
-    case CellFormat::DottedDate:
       return QDate::fromString(value.toString().left(10), Qt::ISODate).toString(QStringLiteral("dd.MM.yyyy"));
     case CellFormat::Flag:
       return value.toLongLong() != 0 ? QStringLiteral("DA") : QStringLiteral("NU");
@@ -165,14 +164,52 @@ void TDBGrid::applyWidths() {
   settingWidths_ = true;
   for (int i = 0; i < columns_.size() && i < model()->columnCount(); ++i) {
     setColumnHidden(i, !columns_[i].visible);
-    const int caption = fontMetrics().horizontalAdvance(columns_[i].caption) + 16;
-    const int character = rightAligned(columns_[i].format) ? fontMetrics().horizontalAdvance(QLatin1Char('0'))
-                                                           : fontMetrics().averageCharWidth();
-    setColumnWidth(i, std::max(caption, character * columns_[i].width + 12));
+    setColumnWidth(i, naturalWidth(i));
   }
   restoreLook();
   stretchLast();
   settingWidths_ = false;
+}
+
+// Wide enough for heading, cells and footer.
+int TDBGrid::naturalWidth(int column) const {
+  const GridColumn& facts = columns_[column];
+  const int character = rightAligned(facts.format) ? fontMetrics().horizontalAdvance(QLatin1Char('0'))
+                                                   : fontMetrics().averageCharWidth();
+  QFont bold = font();
+  bold.setBold(true);
+  return std::max({fontMetrics().horizontalAdvance(facts.caption) + 16, character * facts.width + 12,
+                   QFontMetrics(bold).horizontalAdvance(footer(facts.field)) + 12});
+}
+
+void TDBGrid::setKeptInView(const QString& field, const QString& nameField) {
+  keptField_ = field;
+  nameField_ = nameField;
+}
+
+void TDBGrid::keepInView() {
+  const int kept = columnOf(keptField_);
+  const int name = columnOf(nameField_);
+  if (hasLook_ || kept < 0 || name < 0) return;
+  constexpr int kShortestName = 9;  // characters
+  int others = 0;
+  for (const int column : visibleColumns()) {
+    if (horizontalHeader()->visualIndex(column) > horizontalHeader()->visualIndex(kept)) break;
+    if (column == kept)
+      others += naturalWidth(column);
+    else if (column != name)
+      others += columnWidth(column);
+  }
+  const int shortest = fontMetrics().averageCharWidth() * kShortestName;
+  const int wanted = std::clamp(viewport()->width() - others, shortest, naturalWidth(name));
+  if (wanted == columnWidth(name)) return;
+  const QScopedValueRollback<bool> setting(settingWidths_, true);
+  setColumnWidth(name, wanted);
+}
+
+void TDBGrid::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  keepInView();
 }
 
 QString TDBGrid::lookName() const {
@@ -189,6 +226,7 @@ void TDBGrid::restoreLook() {
   if (widths.size() != columns_.size() || order.size() != columns_.size()) return;
   QHeaderView* header = horizontalHeader();
   if (header->count() != columns_.size()) return;
+  hasLook_ = true;
   for (int i = 0; i < header->count(); ++i) {
     if (widths[i].toInt() > 0) setColumnWidth(i, widths[i].toInt());
     const int column = order[i].toInt();
@@ -221,6 +259,7 @@ void TDBGrid::showEvent(QShowEvent* event) {
   restoreLook();
   stretchLast();
   settingWidths_ = false;
+  keepInView();
 }
 
 int TDBGrid::columnOf(const QString& field) const {
@@ -363,6 +402,12 @@ void TDBGrid::setFooter(const QString& field, const QString& text) {
   if (footer_->isHidden()) {
     footer_->show();
     updateGeometries();
+  }
+  const int column = columnOf(field);
+  if (column >= 0 && !isColumnHidden(column) && columnWidth(column) < naturalWidth(column)) {
+    const QScopedValueRollback<bool> setting(settingWidths_, true);
+    setColumnWidth(column, naturalWidth(column));
+    keepInView();
   }
   footer_->update();
 }

@@ -9,8 +9,8 @@
 
 namespace velmar {
 
-/// Date is shown as 31/12/2026, DottedDate as 31.12.2026.
-enum class CellFormat { Text, Integer, Number, Date, DottedDate, Flag };
+/// A date is shown as 31.12.2026.
+enum class CellFormat { Text, Integer, Number, Date, Flag };
 
 /// A column of a grid: which field it shows, and how.
 struct GridColumn {
@@ -91,6 +91,8 @@ class TDBGrid : public QTableView {
   /// Text shown in place of rows when there are none: how to begin.
   void setEmptyText(const QString& text) { emptyText_ = text; }
 
+  /// Lets a column of names give way so that all up to another column fit into the grid.
+  void setKeptInView(const QString& field, const QString& nameField);
   void setFooter(const QString& field, const QString& text);
   QString footer(const QString& field) const;
 
@@ -106,6 +108,7 @@ class TDBGrid : public QTableView {
   void scrollContentsBy(int dx, int dy) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void makeCurrent(int row, int column);
@@ -117,6 +120,8 @@ class TDBGrid : public QTableView {
   void fetchVisible();
   bool eventFilter(QObject* watched, QEvent* event) override;
   void stretchLast();
+  int naturalWidth(int column) const;
+  void keepInView();
   QString lookName() const;
 
   ListModel* list_;
@@ -124,10 +129,13 @@ class TDBGrid : public QTableView {
   QList<GridColumn> columns_;
   QHash<QString, QString> footers_;
   QString emptyText_;
+  QString keptField_;  ///< the last column to be seen without scrolling
+  QString nameField_;  ///< the column that gives way for it
   GridOrder order_;
   int draggedColumn_ = -1;
   bool placingFooter_ = false;
   bool settingWidths_ = false;
+  bool hasLook_ = false;  ///< the user has chosen the widths
 };
 
 }  // namespace velmar

@@ -1,6 +1,7 @@
 #include "util/windows/Controls.h"
 
 #include <QFocusEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <QTabWidget>
 
@@ -103,6 +104,18 @@ QLineEdit* makeTextBox(const QString& name, int width, const QString& toolTip, K
 
 void fitCapitals(QLineEdit* box) {
   box->setMaximumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('N')) * (box->maxLength() + 2));
+}
+
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const QRect room = contentsRect();
+  painter.drawText(room, static_cast<int>(alignment()) | Qt::TextSingleLine,
+                   fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
 }
 
 NumberBox::NumberBox(int decimals, QWidget* parent) : QLineEdit(parent), decimals_(decimals) {

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <optional>
+#include <QLabel>
 #include <QLineEdit>
 
 #include "util/Decimal.h"
@@ -29,6 +30,15 @@ QLineEdit* makeTextBox(const QString& name, int width, const QString& toolTip = 
                        KeyFilter::Options keys = {});
 /// Lets the box grow until a text of full length in capitals fits.
 void fitCapitals(QLineEdit* box);
+
+/// A text that ends in dots where its place is too narrow, and then has the whole as its tool tip.
+class ElidedLabel : public QLabel {
+ public:
+  explicit ElidedLabel(QWidget* parent = nullptr);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
 
 /// A box for a number: typed with comma or point alike, shown in the Romanian way with its decimals while it
 /// has not the focus. What is no number stays as it was typed.

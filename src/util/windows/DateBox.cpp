@@ -106,7 +106,7 @@ void DateBox::showTyped() {
 }
 
 void DateBox::takeTyped() {
-  if (typed_.isEmpty() || isTypedWrong()) return showTyped();
+  if (typed_.isEmpty() || isTypedWrong()) return;
   setDate(dateOf(std::exchange(typed_, {}), date()));
   showTyped();
 }

@@ -7,6 +7,8 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 
+#include "util/Messages.h"
+
 namespace velmar {
 
 namespace {
@@ -49,6 +51,26 @@ QWidget* frameOf(QWidget* form) {
 }
 
 }  // namespace
+
+Leaving askLeaving(QWidget* form, const QString& question) {
+  activateForm(form);
+  switch (Mesaj(question, kYesNoCancel + kQuestion, QStringLiteral("Modificari nesalvate"), 0,
+                QStringLiteral("Da"), QStringLiteral("Nu"), QStringLiteral("Renuntare"))) {
+    case kResultYes:
+      return Leaving::Store;
+    case kResultNo:
+      return Leaving::Discard;
+    default:
+      return Leaving::Stay;
+  }
+}
+
+void activateForm(QWidget* form) {
+  auto* child = qobject_cast<QMdiSubWindow*>(frameOf(form));
+  if (!child || !child->mdiArea() || child->mdiArea()->activeSubWindow() == child) return;
+  if (child->isMinimized()) child->showNormal();
+  child->mdiArea()->setActiveSubWindow(child);
+}
 
 void closeForm(QWidget* form) { frameOf(form)->close(); }
 

@@ -7,6 +7,14 @@ class QPushButton;
 
 namespace velmar {
 
+/// What becomes of something typed that is about to be left unsaved.
+enum class Leaving { Store, Discard, Stay };
+/// Brings the form to the front and asks.
+Leaving askLeaving(QWidget* form, const QString& question);
+
+/// Brings a form to the front of the main window.
+void activateForm(QWidget* form);
+
 /// Closes a form, also when it is a child window of the main window.
 void closeForm(QWidget* form);
 
