@@ -248,6 +248,17 @@ Row DocumentEditor::headerFrom(const TypedHeader& typed) const {
   return header;
 }
 
+bool DocumentEditor::headerDiffers(const QHash<QString, QString>& texts) const {
+  if (isNew_) return false;
+  // Both as they would be stored: a field that shows a default for what is not stored does not differ.
+  const Row typed = headerFrom(TypedHeader(kind_, texts));
+  const Row stored = headerFrom(TypedHeader(kind_, textsOf(header_)));
+  return std::any_of(kind_.headerFields.begin(), kind_.headerFields.end(), [&](const HeaderField& field) {
+    return !field.column.isEmpty() && shownHeaderText(field.type, typed, field.column) !=
+                                          shownHeaderText(field.type, stored, field.column);
+  });
+}
+
 const LineColumn* DocumentEditor::column(const QString& field) const {
   for (const LineColumn& column : kind_.lineColumns)
     if (column.field.compare(field, Qt::CaseInsensitive) == 0) return &column;

@@ -32,6 +32,8 @@ class DocumentEditor {
   bool headerTyped(const QHash<QString, QString>& texts);
   /// As headerTyped(), after the user chose something in a field: puts what follows from it into others.
   bool headerChosen(const QString& key, const QHash<QString, QString>& texts);
+  /// Whether a saved document's header as typed is another one than what is stored.
+  bool headerDiffers(const QHash<QString, QString>& texts) const;
   /// What was put into fields of the header since the last call, to be shown.
   QHash<QString, QString> takeHeaderChanges() { return typed_.takeChanges(); }
 

@@ -228,7 +228,9 @@ answer("OK");
 w.click("cmdSalvareArticol");
 expectMessage("Inregistrarea a fost stearsa intre timp de alt utilizator !");
 equal([w.text("txtCamp(2)"), sql("SELECT CODART FROM G_ARTMAG")], ["Penultimul", [{ CODART: "AB1" }]]);
+answer("Nu");
 w.close();
+expectMessage("Fisa a fost modificata. Salvati modificarile ?", { buttons: ["Da", "Nu", "Renuntare"] });
 
 // Hearing devices have columns and boxes of their own.
 company({ hearing: true });

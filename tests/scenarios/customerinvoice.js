@@ -170,7 +170,7 @@ equal(sql("SELECT CODCLI, MODREG, JURNAL, BATVA1, CODDeviza, NoteContabile, OBS 
 // A new date of a draft is stored at once, or refused.
 w.set("dtpDataFactura", year + "-02-03");
 equal(sql("SELECT DATAFAC FROM G_FACCLI WHERE NUMFAC = '2'"), [{DATAFAC: year + "-02-03"}], "stored");
-equal(w.grid("TDBGrid2").column("DATAFAC"), ["03/02/" + year], "in the list");
+equal(w.grid("TDBGrid2").column("DATAFAC"), ["03.02." + year], "in the list");
 answer("OK");
 w.set("dtpDataFactura", (Number(year) + 1) + "-01-01");
 expectMessage("Data document trebuie sa fie in intervalul: 01/01/" + year + "-31/12/" + year);

@@ -144,7 +144,9 @@ sql("UPDATE G_FACCLI SET CODCLI = 2 WHERE NUMFAC = '7'");
 
 // In foreign currency amounts are those of the currency, or with the box off of lei: 117.81 x 5 = 589.05.
 sql("UPDATE G_FACCLI SET CODDeviza = 'EUR', Curs = 5 WHERE NUMFAC = '7'");
+answer("Nu");
 w.click("cmdFacturaNoua");
+expectMessage("Antetul documentului 7 a fost modificat. Salvati modificarile ?");
 w.grid("TDBGrid2").select(0);
 check(w.value("chkDeviza"), "a document in euro");
 w.click("cmdTiparire");

@@ -60,10 +60,22 @@ expectMessage("Data document trebuie sa fie in intervalul: 01/01/" + year + "-31
 // A date is typed by its digits, whatever date stood there; what is not typed stays.
 w.set("dtpDataDoc", "2026-02-15");
 for (const [typed, date] of [["31122024", "2024-12-31"], ["05", "2024-12-05"], ["311226", "2026-12-31"],
-                             ["0102", "2026-02-01"], ["3002", "2026-02-01"]]) {
+                             ["0102", "2026-02-01"]]) {
   w.type("dtpDataDoc", typed);
   equal(w.value("dtpDataDoc"), date, "the date typed as " + typed);
 }
+// One that does not exist is refused, stays as typed and gives way to the next digits; Up and Down move the day.
+answer("OK");
+w.type("dtpDataDoc", "3002");
+expectMessage("Data introdusa nu exista !");
+check(w.hasFocus("dtpDataDoc"), "the focus stays");
+["0", "3", "0", "3", "Enter"].forEach((digit) => key(digit));
+equal(w.value("dtpDataDoc"), "2026-03-03", "typed over");
+w.press("dtpDataDoc", "Up");
+equal(w.value("dtpDataDoc"), "2026-03-04", "the next day");
+w.press("dtpDataDoc", "Down");
+w.press("dtpDataDoc", "Down");
+equal(w.value("dtpDataDoc"), "2026-03-02", "two days before");
 w.set("dtpDataDoc", today());
 press("cmdValidare", "OK");
 expectMessage("Bonul de intrare nu contine nici un articol ! Nu se poate efectua validarea !");

@@ -32,7 +32,7 @@ ArticlePicker::ArticlePicker(const ArticleList& list, QWidget* parent)
   connect(completer_, qOverload<const QModelIndex&>(&QCompleter::activated), this,
           [this](const QModelIndex& index) {
             take(index);
-            emit picked();
+            emit picked(false);
           });
   connect(this, &QLineEdit::textEdited, this, [this] {
     taken_.reset();
@@ -114,14 +114,15 @@ bool ArticlePicker::eventFilter(QObject* watched, QEvent* event) {
   const int key = static_cast<QKeyEvent*>(event)->key();
   if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Tab)
     return QLineEdit::eventFilter(watched, event);
-  if (const auto chosen = choice()) {
+  const Qt::KeyboardModifiers modifiers = static_cast<QKeyEvent*>(event)->modifiers();
+  if (const auto chosen = choice(); chosen && !(modifiers & Qt::ControlModifier)) {
     taken_ = chosen;
     completer_->popup()->hide();
-    emit picked();
+    emit picked(key == Qt::Key_Tab);
     return true;
   }
   completer_->popup()->hide();
-  QKeyEvent forward(QEvent::KeyPress, key, Qt::NoModifier);
+  QKeyEvent forward(QEvent::KeyPress, key, modifiers);
   QCoreApplication::sendEvent(this, &forward);
   return true;
 }

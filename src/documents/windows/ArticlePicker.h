@@ -27,7 +27,7 @@ class ArticlePicker : public QLineEdit {
 
  signals:
   /// A row of the list was clicked or taken with Enter or Tab.
-  void picked();
+  void picked(bool withTab);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

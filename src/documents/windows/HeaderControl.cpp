@@ -4,6 +4,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QPointer>
 #include <QPushButton>
 
 #include "catalogue/windows/frmTerti.h"
@@ -15,6 +17,7 @@
 #include "util/NumberText.h"
 #include "util/windows/Controls.h"
 #include "util/windows/DateBox.h"
+#include "util/windows/Forms.h"
 #include "util/windows/KeyFilter.h"
 #include "util/windows/SearchCombo.h"
 #include "util/windows/WindowHost.h"
@@ -146,9 +149,7 @@ class PartnerControl : public HeaderControl {
     add_ = makeButton("cmdAdaugaTert1", {}, "Adaugare tert nou", "add-partner");
     add_->setParent(form);
     connect(add_, &QPushButton::clicked, this, [this] { openPartners(); });
-    name_ = named(new QLabel(form), QStringLiteral("Label2"));
-    name_->setTextFormat(Qt::PlainText);
-    name_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    name_ = named(new ElidedLabel(form), QStringLiteral("Label2"));
   }
 
   QString text() const override { return code_->text(); }
@@ -200,9 +201,27 @@ class PartnerControl : public HeaderControl {
 
   void openPartners() {
     const bool suppliers = kind_.partnersAreSuppliers;
-    windowHost()->showOne(suppliers ? "frmTerti F" : "frmTerti C", [suppliers] {
+    QWidget* window = windowHost()->showOne(suppliers ? "frmTerti F" : "frmTerti C", [suppliers] {
       return suppliers ? makeSuppliers(nullptr) : makeCustomers(nullptr);
     });
+    const QPointer<PartnerControl> alive(this);
+    static_cast<frmTerti*>(window)->addFor([alive](const QString& code) {
+      if (alive) alive->bringBack(code);
+    });
+  }
+
+  // The new partner is chosen in this document, which comes to the front.
+  void bringBack(const QString& code) {
+    QWidget* form = code_;
+    while (form->parentWidget() && !qobject_cast<QMdiSubWindow*>(form->parentWidget()))
+      form = form->parentWidget();
+    activateForm(form);
+    names_->setFocus();
+    if (!code_->isEnabled()) return;
+    code_->setText(code);
+    refresh();
+    emit touched();
+    choose();
   }
 
   const DocumentKind& kind_;

@@ -33,7 +33,8 @@ QLineEdit* LineGrid::makeEditor(QWidget* parent, const QModelIndex& index) {
     return EntryGrid::makeEditor(parent, index);
   auto* picker = new ArticlePicker(articles_, parent);
   picker->setMaxLength(kLongestEntry);
-  connect(picker, &ArticlePicker::picked, this, [this, picker] { leave(picker); });
+  connect(picker, &ArticlePicker::picked, this,
+          [this, picker](bool withTab) { withTab ? leave(picker) : leaveWithEnter(picker); });
   QMetaObject::invokeMethod(picker, &ArticlePicker::drop, Qt::QueuedConnection);
   return picker;
 }
@@ -89,10 +90,24 @@ void LineGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
 
 QModelIndex LineGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
   const QModelIndex from = currentIndex();
+  // The new line is entered at its code, whatever the column.
+  if (action == MoveDown && hasNewRow() && from.isValid() && from.row() == lines_->rowCount() - 2)
+    return lines_->index(lines_->rowCount() - 1, columnOf("CODART"));
   if (action == MoveNext && isConfirming() && from.isValid() && hasNewRow() &&
       lines_->lineColumn(from.column()).field == lastColumn_)
     return lines_->index(lines_->rowCount() - 1, columnOf("CODART"));
-  return EntryGrid::moveCursor(action, modifiers);
+  return action == MoveNext && isConfirming() ? nextUsual(from) : EntryGrid::moveCursor(action, modifiers);
+}
+
+// What is typed on nearly every line; Tab reaches the rest.
+QModelIndex LineGrid::nextUsual(const QModelIndex& from) const {
+  for (QModelIndex at = from;;) {
+    const QModelIndex next = nextOpen(at, 1);
+    if (next == at) return from;
+    const LineColumn& column = lines_->lineColumn(next.column());
+    if (column.entry == LineEntry::Code || column.field == QStringLiteral("CANT")) return next;
+    at = next;
+  }
 }
 
 void LineGrid::keyPressEvent(QKeyEvent* event) {

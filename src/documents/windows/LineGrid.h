@@ -1,5 +1,6 @@
-// The grid of a document's lines, worked by keyboard: Enter moves to the next open cell, a refused cell keeps
-// its text and the focus, the name cell drops the list of articles.
+// The grid of a document's lines, worked by keyboard: Enter moves to the next code or quantity, Tab to the
+// next open cell and behind the last one out of the grid, Ctrl+Tab always out of it; a refused cell keeps its
+// text and the focus, the name cell drops the list of articles.
 #pragma once
 
 #include "config/Lists.h"
@@ -40,6 +41,7 @@ class LineGrid : public EntryGrid {
 
  private:
   void deleteCurrent();
+  QModelIndex nextUsual(const QModelIndex& from) const;
 
   LineModel* lines_;
   ArticleList articles_;

@@ -1,6 +1,7 @@
 #include "documents/windows/frmGrila.h"
 
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -26,8 +27,9 @@ namespace {
 
 constexpr int kWidest = 1180;  // beside the tool bars of the smallest screen
 constexpr int kFooterDecimals = 2;
-constexpr int kTall = 45;       // of a window, in lines of text
-constexpr int kListHeight = 7;  // of a list beside the header, as above
+constexpr int kTall = 45;          // of a window, in lines of text
+constexpr int kShortestLines = 9;  // of the lines with heading and footer, as above
+constexpr int kListHeight = 7;     // of a list beside the header, as above
 
 // The header tells how tall its row is; the lists beside it share that height.
 void fitBesideHeader(QWidget* list) {
@@ -78,7 +80,7 @@ QPushButton* frmGrila::command(const QString& name, const QString& caption, cons
 QBoxLayout* frmGrila::commandRow() {
   const KindTexts& texts = editor_.kind().texts;
   QHBoxLayout* row = commands_;
-  row->addWidget(command("cmdFacturaNoua", "Document &nou", texts.newTip, "new", &frmGrila::startDocument));
+  row->addWidget(command("cmdFacturaNoua", "Document &nou", texts.newTip, "new", &frmGrila::beginDocument));
   row->addWidget(command("cmdSalvare", "Sa&lvare", texts.saveTip, "save", &frmGrila::save));
   row->addWidget(command("cmdValidare", "Vali&dare", texts.validateTip, "validate", &frmGrila::validate));
   row->addWidget(command("cmdSterge", "S&tergere", texts.deleteTip, "delete", &frmGrila::sterge));
@@ -92,10 +94,16 @@ QBoxLayout* frmGrila::commandRow() {
     if (lines_->commitPending()) closeForm(this);
   });
   row->addWidget(close);
-  auto* printShortcut = new QShortcut(QKeySequence::Print, this);
-  printShortcut->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(printShortcut, &QShortcut::activated, this, [this] { run("cmdTiparire", [this] { print(); }); });
+  shortcut(QKeySequence::Print, "cmdTiparire");
+  shortcut(QKeySequence::Save, "cmdSalvare");
+  shortcut(QKeySequence::New, "cmdFacturaNoua");
   return row;
+}
+
+// The key presses the button of the window that is in front.
+void frmGrila::shortcut(const QKeySequence& key, const QString& button) {
+  auto* made = new QShortcut(key, this);
+  connect(made, &QShortcut::activated, findChild<QPushButton*>(button), &QPushButton::click);
 }
 
 QBoxLayout* frmGrila::headerRow() {
@@ -148,6 +156,8 @@ void frmGrila::buildLines(const ArticleList& articles) {
       editor_, [this] { return bySupplierCode_->isChecked(); }, this);
   lines_ = new LineGrid("TDBGrid1", lineModel_, articles, kind.window, this);
   lines_->setColumns(LineModel::gridColumns(kind));
+  lines_->setMinimumHeight(fontMetrics().height() * kShortestLines);
+  lines_->setKeptInView("VALOARETTI", "DENUMIRE");
   lines_->setEmptyText("Liniile se adauga dupa salvarea antetului.");
   connect(lines_, &LineGrid::refusedByStore, this, [this] {
     try {
@@ -242,6 +252,24 @@ void frmGrila::newDocument() {
   header_->focusNumber();
 }
 
+void frmGrila::beginDocument() {
+  if (leaveHeader()) startDocument();
+}
+
+bool frmGrila::leaveHeader() {
+  if (!editor_.headerDiffers(header_->typed())) return true;
+  const QString question = QStringLiteral("Antetul documentului %1 a fost modificat. Salvati modificarile ?")
+                               .arg(editor_.number());
+  const Leaving leaving = askLeaving(this, question);
+  bool isStored = false;
+  if (leaving == Leaving::Store)
+    run("cmdSalvare", [this, &isStored] {
+      saveHeader();
+      isStored = true;
+    });
+  return isStored || leaving == Leaving::Discard;
+}
+
 void frmGrila::save() {
   Salvare();
   showDocument();
@@ -261,10 +289,20 @@ void frmGrila::openSelected() {
   if (!record) return;
   const QString number = record->text(editor_.kind().numberColumn);
   if (!editor_.isNew() && number == editor_.number()) return;
+  if (!editor_.headerDiffers(header_->texts())) return openDraft(number);
+  // The question is shown once the event that chose the row is over.
+  QMetaObject::invokeMethod(
+      this, [this, number] { openDraft(number); }, Qt::QueuedConnection);
+}
+
+void frmGrila::openDraft(const QString& number) {
   run("TDBGrid2", [this, &number] {
+    if (!leaveHeader()) return;
     editor_.open(number);
     AfisareAntet();
     DetaliiFactura();
+    const QSignalBlocker quiet(drafts_);
+    drafts_->selectRecord(editor_.kind().numberColumn, number);
   });
   if (!editor_.isNew() && number == editor_.number()) return;
   // A field that stands refused keeps its document on screen: the list goes back to it.
@@ -328,6 +366,16 @@ void frmGrila::GridFooterText() {
   for (const LineColumn& column : editor_.kind().lineColumns)
     if (editor_.isTotal(column.field))
       lines_->setFooter(column.field, formatNumber(editor_.total(column.field), kFooterDecimals));
+  totalsShown();
+}
+
+void frmGrila::closeEvent(QCloseEvent* event) {
+  bool leaves = true;
+  guarded(editor_.kind().window, "Form_Unload", [this, &leaves] { leaves = leaveHeader(); });
+  if (leaves)
+    QWidget::closeEvent(event);
+  else
+    event->ignore();
 }
 
 QSize frmGrila::sizeHint() const {
@@ -358,6 +406,8 @@ void frmGrila::keyPressEvent(QKeyEvent* event) {
     run("F5", [this] { refreshLists(); });
     return;
   }
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) return button->click();
   QWidget::keyPressEvent(event);
 }
 

@@ -36,6 +36,8 @@ class frmGrila : public QWidget {
  protected:
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  /// A header that is to be kept keeps the window open.
+  void closeEvent(QCloseEvent* event) override;
 
   DocumentEditor& editor() { return editor_; }
   HeaderForm* header() { return header_; }
@@ -62,6 +64,8 @@ class frmGrila : public QWidget {
 
   /// Called when a document is shown, after its header.
   virtual void documentShown() {}
+  /// Called when the totals of the lines are shown.
+  virtual void totalsShown() {}
   /// Called when something in the header has changed, after the document has been told.
   virtual void headerTouched() {}
   /// Called when the user has chosen something in a field of the header, after the document has followed.
@@ -93,6 +97,12 @@ class frmGrila : public QWidget {
   void validate();
   void sterge();
   void openSelected();
+  void openDraft(const QString& number);
+  /// Asks what becomes of a header that differs from what is stored, before another document takes its place.
+  /// False: the user stays, and all is as typed.
+  bool leaveHeader();
+  void beginDocument();
+  void shortcut(const QKeySequence& key, const QString& button);
 
   void Salvare();
   void AfisareAntet();

@@ -1,19 +1,36 @@
 #include "documents/windows/frmGrilaCS.h"
 
 #include <QCheckBox>
+#include <QLabel>
 
 #include "config/Lists.h"
 #include "config/Session.h"
 #include "documents/windows/HeaderForm.h"
 #include "documents/windows/LineGrid.h"
 #include "util/Messages.h"
+#include "util/NumberText.h"
+#include "util/windows/Controls.h"
 
 namespace velmar {
+
+namespace {
+
+constexpr double kLarge = 2;  // times the usual size
+
+}  // namespace
 
 frmGrilaCS::frmGrilaCS(QWidget* parent)
     : frmGrila(QStringLiteral("BS"), articleListWithCostOrPrice({}), parent) {
   bySupplierCode()->hide();  // the counter knows an article by its own code alone
   lines()->setLastColumn("CANT");
+  lblDePlata_ = named(new QLabel, "lblDePlata", "Suma de plata");
+  QFont large = font();
+  large.setPointSizeF(large.pointSizeF() * kLarge);
+  large.setBold(true);
+  lblDePlata_->setFont(large);
+  addBesideCheck(new QLabel("De plata"));
+  addBesideCheck(lblDePlata_);
+  totalsShown();
   documentShown();
   const DocumentKind& kind = editor().kind();
   if (!editor().headerTexts().value(kind.partnerColumn).isEmpty()) return;
@@ -47,6 +64,8 @@ void frmGrilaCS::changedElsewhere() {
   }
   refreshDrafts();
 }
+
+void frmGrilaCS::totalsShown() { lblDePlata_->setText(formatNumber(editor().total("VALOARETTI"), 2)); }
 
 // What the register was told stands.
 void frmGrilaCS::documentShown() {

@@ -3,6 +3,8 @@
 
 #include "documents/windows/frmGrila.h"
 
+class QLabel;
+
 namespace velmar {
 
 class frmGrilaCS : public frmGrila {
@@ -15,6 +17,10 @@ class frmGrilaCS : public frmGrila {
   void print() override;
   void documentShown() override;
   void changedElsewhere() override;
+  void totalsShown() override;
+
+ private:
+  QLabel* lblDePlata_;  ///< the sum to pay, to be read from across the counter
 };
 
 }  // namespace velmar
