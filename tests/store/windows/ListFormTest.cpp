@@ -19,7 +19,7 @@ class Journals : public ListForm {
     setList(grid, "COD", [query] { return std::make_unique<ListRows>(query, Condition(), "COD"); },
             {"kt_jur"});
     title = card().add("TITLU", makeTextBox("txtTitlu", 5));
-    layOut(searchRow("COD"), title, {});
+    layOut(searchRow({"COD"}), title, {});
   }
 
   int rowCount() const { return list()->rows().size(); }
