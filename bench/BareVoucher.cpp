@@ -35,11 +35,12 @@ BareVoucher::BareVoucher(const QString& path)
       totals_(connection_.prepare(
           "SELECT F.CONTSTOCPROD, SUM(L.VALOAREFT) FROM G_LBONINT L JOIN G_ARTMAG A ON A.CODART = L.CODART "
           "JOIN G_FAMART F ON F.COD = A.FAMART WHERE L.NUMNR = ? GROUP BY F.CONTSTOCPROD ORDER BY 1")),
+      journal_(connection_.prepare("SELECT JURBONINTR FROM kt_par ORDER BY ID")),
       lastNote_(connection_.prepare("SELECT MAX(NDI) FROM kt_linii")),
       noteLine_(connection_.prepare("INSERT INTO kt_linii (NDI, NRLINIE, JURNAL, DATAINR, CONT, EXPL, DEBIT, "
                                     "CREDIT, DOC, MARCA, COD, PROV, "
                                     "UTILIZATOR, TIMP, DocExplicatie) "
-                                    "VALUES (?, ?, 'BIN', '2026-03-15', ?, 'productie', ?, ?, ?, ?, 'LEI', "
+                                    "VALUES (?, ?, ?, '2026-03-15', ?, 'productie', ?, ?, ?, ?, 'LEI', "
                                     "'G', 'admin', ?, 'productie')")),
       stamp_(connection_.prepare("UPDATE kt_linii SET TIPDOC = 'BI' WHERE NDI = ?")) {}
 
@@ -88,13 +89,16 @@ void BareVoucher::updateArticle() {
 }
 
 void BareVoucher::writeNote(const std::string& number) {
+  journal_.step();
+  const std::string journal(journal_.text(0));
+  journal_.reset();
   lastNote_.step();
   const int note = lastNote_.integer(0) + 1;
   lastNote_.reset();
   int line = 0;
   const auto write = [&](std::string_view account, double debit, double credit) {
-    noteLine_.bind(1, note).bind(2, ++line).bind(3, account).bind(4, debit).bind(5, credit);
-    noteLine_.bind(6, number).bind(7, number).bind(8, kMoment).run();
+    noteLine_.bind(1, note).bind(2, ++line).bind(3, journal).bind(4, account).bind(5, debit);
+    noteLine_.bind(6, credit).bind(7, number).bind(8, number).bind(9, kMoment).run();
   };
   totals_.bind(1, number);
   while (totals_.step()) {

@@ -21,8 +21,8 @@ class BareVoucher : public BareValidation {
   void writeNote(const std::string& number);
 
   BareConnection connection_;
-  BareStatement header_, lines_, ledger_, ledgerLine_, article_, figures_, mark_, totals_, lastNote_,
-      noteLine_, stamp_;
+  BareStatement header_, lines_, ledger_, ledgerLine_, article_, figures_, mark_, totals_, journal_,
+      lastNote_, noteLine_, stamp_;
 };
 
 }  // namespace velmar::bench

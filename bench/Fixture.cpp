@@ -242,12 +242,17 @@ struct Ratio {
   QHash<Store, QString> values;
 };
 QList<Ratio> ratios;
+bool quick = false;
 
 }  // namespace
 
 QString nameOf(Store store) {
   return store == Store::Files ? QStringLiteral("SQLite") : QStringLiteral("PostgreSQL");
 }
+
+bool isQuick() { return quick; }
+
+void setQuick() { quick = true; }
 
 bool hasServer() { return !qEnvironmentVariableIsEmpty("VELMAR_TEST_SERVER"); }
 

@@ -8,6 +8,10 @@
 namespace velmar::bench {
 
 inline constexpr int kRounds = 30;
+
+/// Whether only the written rows are compared, on small companies, without times.
+bool isQuick();
+void setQuick();
 /// Lines of the documents whose validation is measured.
 inline constexpr int kSmallDocument = 20;
 inline constexpr int kLargeDocument = 200;
