@@ -26,12 +26,6 @@ struct DiscountedLine {
 DiscountedLine discountedLine(const Decimal& unitPrice, const Decimal& articlePercent,
                               const Decimal& partnerPercent, const Decimal& quantity, int decimals);
 
-/// Gives all lines of a customer invoice's draft the percent of the partner, that of their article's band as
-/// it stands in the table, decimals included, and the discounted price that follows, rounded to `NrZec`; a
-/// quantity between two bands gets none. All in one transaction; gives the number of lines, which is 0 for an
-/// invoice that is no draft any more. The values of the lines stay for the caller to compute.
-int recomputeInvoiceDiscounts(const QString& number, const Decimal& partnerPercent);
-
 /// The percent kept for the partner as it stands, decimals included.
 std::optional<Decimal> partnerDiscount(qint64 code);
 

@@ -137,11 +137,6 @@ ArticleList articleList(const QString& kind) {
   return {};
 }
 
-ArticleList articleListWithPrice(bool allOrigins) {
-  return {allOrigins ? QStringLiteral("FARASTOC = 0") : QStringLiteral("PROVENIENTA = 'M' AND FARASTOC = 0"),
-          true, ArticleList::Amount::SalePrice};
-}
-
 ArticleList articleListWithCostOrPrice(const QString& kind) {
   if (kind == QStringLiteral("TR")) return {QStringLiteral("FARASTOC = 0"), true, ArticleList::Amount::Cost};
   if (kind == QStringLiteral("M"))

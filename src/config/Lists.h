@@ -52,9 +52,6 @@ struct ArticleList {
 /// By kind: "M" goods, "P" products with stock, "MP" all with stock, "D" all by bare name, any other all.
 ArticleList articleList(const QString& kind);
 
-/// With the sale price: all articles with stock, or only goods.
-ArticleList articleListWithPrice(bool allOrigins);
-
 /// "TR": articles with stock and their cost; "M": the same with the sale price; any other kind: all articles
 /// with the sale price.
 ArticleList articleListWithCostOrPrice(const QString& kind);

@@ -5,8 +5,8 @@
 
 namespace velmar {
 
-/// SQL that rounds a computed expression half to even as Round() would round its exact decimal value;
-/// `decimals` is SQL too. The text holds the expression, and so its bound values, twice.
-QString roundedSql(const QString& expression, const QString& decimals = QStringLiteral("2"));
+/// SQL that rounds a computed expression half to even to two decimals, as Round() would round its exact
+/// decimal value. The text holds the expression, and so its bound values, twice.
+QString roundedSql(const QString& expression);
 
 }  // namespace velmar

@@ -92,45 +92,6 @@ TEST_F(Discounts, PercentsAddUpAndBothAmountsAreRounded) {
   EXPECT_EQ(discountedLine(10, 60, 50, 2, 2).VALOAREFT, -2);
 }
 
-TEST_F(Discounts, AnInvoiceIsRecomputedWithTheStoredPercents) {
-  band("S8", 1, 10, 5);
-  band("S8", 11, 20, 7.5_dec);
-  band("S10", 1, 5, 2.5_dec);
-  ExecutaSql("INSERT INTO G_FACCLI (NUMFAC, VALIDAT) VALUES ('12', 0), ('13', 0), ('14', -1)");
-  const QString lines =
-      "INSERT INTO G_LFACCL (NUMFAC, NRLINIE, CODART, CANT, PRETFT, DiscountArticol, DiscountClient, "
-      "ValoareFTCuDiscount, VALOAREFT) VALUES (?, ?, ?, ?, ?, 9, 9, 1, 1)";
-  database().executeEach(lines, {{"12", 1, "S8", 10, 9.99_dec},
-                                 {"12", 2, "s8", 11, 9.99_dec},
-                                 {"12", 3, "S8", 10.5_dec, 9.99_dec},
-                                 {"12", 4, "S10", 3, 1.4_dec},
-                                 {"12", 5, "V1", 3, 0.5_dec},
-                                 {"13", 1, "S8", 10, 9.99_dec},
-                                 {"14", 1, "S8", 10, 9.99_dec}});
-  EXPECT_EQ(recomputeInvoiceDiscounts("12", 5), 5);
-  QStringList found;
-  for (const Row& row : OpenRs("SELECT DiscountArticol, DiscountClient, ValoareFTCuDiscount, VALOAREFT FROM "
-                               "G_LFACCL ORDER BY NUMFAC, NRLINIE"))
-    found.append(
-        QStringList{row.decimal("DiscountArticol").toString(), row.decimal("DiscountClient").toString(),
-                    row.decimal("ValoareFTCuDiscount").toString(), row.decimal("VALOAREFT").toString()}
-            .join(u' '));
-  // 9.99 less 10, 12.5 and 5 percent; 1.4 less 7.5 percent is 1.295, a tie to the even 1.30; 0.5 less 5
-  // percent is 0.475 and goes to 0.48. The other invoices stay.
-  EXPECT_EQ(found, (QStringList{"5 5 8.99 1", "7.5 5 8.74 1", "0 5 9.49 1", "2.5 5 1.3 1", "0 5 0.48 1",
-                                "9 9 1 1", "9 9 1 1"}));
-  EXPECT_EQ(recomputeInvoiceDiscounts("14", 5), 0);
-
-  // With bands that overlap the first one holds, as in the lookup.
-  band("S8", 5, 8, 50);
-  ExecutaSql("UPDATE G_LFACCL SET CANT = 6 WHERE NUMFAC = '13'");
-  session().NrZec = 4;
-  recomputeInvoiceDiscounts("13", 1.25_dec);
-  const Row row = OpenRs("SELECT * FROM G_LFACCL WHERE NUMFAC = '13'").first();
-  EXPECT_EQ(row.decimal("DiscountArticol"), 5);
-  EXPECT_EQ(row.decimal("ValoareFTCuDiscount"), 9.3656_dec);  // 9.99 x 0.9375 = 9.365625
-}
-
 TEST_F(Discounts, BandsAreStoredInOrderAndWithoutGaps) {
   DiscountBands editor = DiscountBands::ofArticle("S8");
   EXPECT_EQ(editor.count(), 0);

@@ -1,7 +1,10 @@
 #include "config/Lists.h"
 
+#include "config/Checks.h"
 #include "config/Lookups.h"
+#include "store/NamedCommands.h"
 #include "TestCompany.h"
+#include "util/Errors.h"
 
 using namespace velmar;
 
@@ -48,43 +51,29 @@ TEST_F(Lists, CombosJoinTheirFields) {
   EXPECT_TRUE(heard_.isEmpty());
 }
 
-TEST_F(Lists, EveryKnownListRunsAndAnUnknownOneSpeaks) {
-  for (const char* name : {"cboMag",
-                           "cboCont",
-                           "cboContdela",
-                           "cboContla",
-                           "cboCodTVA",
-                           "cboCodJurnal",
-                           "cboCodDeviza",
-                           "cboCodDevizaDenumire",
-                           "cboDeviza",
-                           "cboCodOperatie",
-                           "cboJurnalCumparare",
-                           "cboJurnalVanzare",
-                           "cboJurnalBanca",
-                           "cboRegistruCasa",
-                           "cboFurnizori",
-                           "cboFurnizoriDela",
-                           "cboFurnizoriLa",
-                           "cboClienti",
-                           "cboClientiDela",
-                           "cboClientiLa",
-                           "cboOpFinanciare",
-                           "cboOperatiiPlati",
-                           "cboOperatiiVanzare",
-                           "cboOperatiiCumparare",
-                           "cboTVACump",
-                           "cboTVAVanz",
-                           "cboTVA1Cumparare",
-                           "cboTVA2Cumparare",
-                           "cboTVA1Vanzare",
-                           "cboTVA2Vanzare",
-                           "cboCentruCost",
-                           "cboFacturiImport",
-                           "cboFamilie",
-                           "cboOperatiiIncasari",
-                           "cboOperatiiCumpVanz"})
-    EXPECT_FALSE(comboItems(name).isEmpty()) << name;
+QStringList words(const char* text) { return QString(text).split(' '); }
+
+TEST_F(Lists, EveryNamedStatementRunsAndAnUnknownNameIsReported) {
+  for (const QString& name :
+       words("cboMag cboCont cboContdela cboContla cboCodTVA cboCodJurnal cboCodDeviza cboCodDevizaDenumire "
+             "cboDeviza cboCodOperatie cboJurnalCumparare cboJurnalVanzare cboJurnalBanca cboRegistruCasa "
+             "cboFurnizori cboFurnizoriDela cboFurnizoriLa cboClienti cboClientiDela cboClientiLa "
+             "cboOpFinanciare cboOperatiiPlati cboOperatiiVanzare cboOperatiiCumparare cboTVACump cboTVAVanz "
+             "cboTVA1Cumparare cboTVA2Cumparare cboTVA1Vanzare cboTVA2Vanzare cboCentruCost cboFacturiImport "
+             "cboFamilie cboOperatiiIncasari cboOperatiiCumpVanz"))
+    EXPECT_FALSE(comboItems(name).isEmpty()) << qUtf8Printable(name);
+  for (const QString& kind :
+       words("Magazie MAG_IN_GLINII Data CodJurnal Cont OperTert OperTVA CodValuta CodCentruCost CODARTICOL "
+             "TertiLinii FACIMPORTTR FACTURAIMPORT FACTURACLIENT NIR FACTURAFURNIZOR BONINT PROFORMA AVIZ "
+             "BONCONS COMANDACLIENT COMANDAFURNIZOR UTILIZATOR ContLinii ContJurnale JurnalLinii"))
+    EXPECT_FALSE(Exista("nimic", kind)) << qUtf8Printable(kind);
+  DataEnvironment data;
+  EXPECT_EQ(data.names().size(), 28);
+  for (const QString& name : data.names()) {
+    const auto parameters = static_cast<size_t>(data.statement(name).count('?'));
+    EXPECT_NO_THROW(data.open(name, Values(parameters))) << qUtf8Printable(name);
+    EXPECT_THROW(data.open(name, Values(parameters + 1)), StoreError) << qUtf8Printable(name);
+  }
   for (const BoundList& list : {kSupplierList, kCustomerList, kFamilyList, kCostCentreList}) {
     const QStringList columns = OpenRs(list.sql).columns();
     EXPECT_TRUE(columns.contains(list.listField) && columns.contains(list.boundColumn))
@@ -92,7 +81,14 @@ TEST_F(Lists, EveryKnownListRunsAndAnUnknownOneSpeaks) {
   }
   EXPECT_TRUE(heard_.isEmpty());
   EXPECT_TRUE(comboItems("cboNimic").isEmpty());
-  EXPECT_EQ(heard_.take(), QStringList("EROARE ! EROARE ! EROARE !   .....   "));
+  EXPECT_FALSE(Exista("401", "cont"));
+  EXPECT_FALSE(Exista2("1", "2", "NIR"));
+  ASSERT_EQ(heard_.all().size(), 3U);
+  EXPECT_EQ(heard_.all()[1].buttons, kCritical);
+  EXPECT_EQ(heard_.take(),
+            (QStringList{"EROARE ! EROARE ! EROARE !   .....   ", " EROARE ! EROARE ! EROARE ! - Exista cont",
+                         "EROARE ! EROARE ! EROARE ! Exista2"}));
+  EXPECT_THROW(data.open("get_info"), StoreError);
 }
 
 TEST_F(Lists, ArticleListsHoldTheirKinds) {
@@ -101,14 +97,11 @@ TEST_F(Lists, ArticleListsHoldTheirKinds) {
   EXPECT_EQ(codes(articleList("P"), ""), QStringList("200"));
   EXPECT_EQ(codes(articleList("MP"), ""), (QStringList{"400", "200", "100"}));
   EXPECT_EQ(codes(articleList("D"), "").size(), 5);
-  EXPECT_EQ(codes(articleListWithPrice(false), ""), (QStringList{"400", "100"}));
-  EXPECT_EQ(codes(articleListWithPrice(true), "").size(), 3);
 
   const auto only = [](const ArticleList& list) { return findArticles(list, "100", 5).first(); };
   EXPECT_EQ(only(articleList("")).text("DenArt"), "Surub M8 (100)");
   EXPECT_EQ(only(articleList("D")).text("DenArt"), "Surub M8");
   EXPECT_TRUE(only(articleList("D")).isNull("VALOARE"));
-  EXPECT_EQ(cellText(only(articleListWithPrice(true)).value("VALOARE")), "2.25");
   EXPECT_EQ(cellText(only(articleListWithCostOrPrice("TR")).value("VALOARE")), "1.5");
   EXPECT_EQ(cellText(only(articleListWithCostOrPrice("M")).value("VALOARE")), "2.25");
   EXPECT_TRUE(codes(articleListWithCostOrPrice("TR"), "Montaj").isEmpty());

@@ -27,11 +27,6 @@ void clsListLabel::setFileName(const QString& path) {
   fileName_ = pathInFolder(told.path(), told.fileName());
 }
 
-void clsListLabel::setVariables(const Recordset& rows) {
-  data_.variables = rows;
-  data_.hasVariables = true;
-}
-
 void clsListLabel::setFields(std::shared_ptr<const RowSource> rows, const QStringList& columns) {
   data_.fields = std::move(rows);
   data_.fieldNames = columns;

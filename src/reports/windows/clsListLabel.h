@@ -28,7 +28,6 @@ class clsListLabel {
 
   /// Everything at once, in place of what was set before.
   void setData(const ReportData& data) { data_ = data; }
-  void setVariables(const Recordset& rows);
   void setFields(std::shared_ptr<const RowSource> rows, const QStringList& columns);
   void setFields(const Recordset& rows);
 

@@ -39,8 +39,6 @@ constexpr int kClockMs = 1000;
 constexpr const char* kWindowKey = "windowKey";
 const QString kForm = QStringLiteral("frmMain");
 
-frmMain* theMainWindow = nullptr;
-
 // An empty area says how to begin.
 class ChildArea : public QMdiArea {
  public:
@@ -75,10 +73,7 @@ class ChildArea : public QMdiArea {
 
 }  // namespace
 
-frmMain* gFormaPrincipala() { return theMainWindow; }
-
 frmMain::frmMain() : area_(new ChildArea) {
-  theMainWindow = this;
   setWindowHost(this);
   setObjectName(kForm);
   setCentralWidget(area_);
@@ -97,10 +92,7 @@ frmMain::frmMain() : area_(new ChildArea) {
   setWindowTitle(QStringLiteral("Tarvon Velmar  - ") + session().gDenSocietate);
 }
 
-frmMain::~frmMain() {
-  setWindowHost(nullptr);
-  theMainWindow = nullptr;
-}
+frmMain::~frmMain() { setWindowHost(nullptr); }
 
 void frmMain::buildMenu() {
   QMenu* menu = nullptr;

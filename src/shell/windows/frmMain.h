@@ -67,7 +67,4 @@ class frmMain : public QMainWindow, public WindowHost {
   QList<QAction*> windowList_;
 };
 
-/// The one main window; null before it opens and after it has closed.
-frmMain* gFormaPrincipala();
-
 }  // namespace velmar

@@ -254,7 +254,9 @@ TEST(ListLabel, PrintsOnlyWhatThereIsAndTellsWhatIsWrong) {
   clsListLabel nothing(nullptr);
   nothing.setFileName(folder.filePath("Proba.LST"));
   EXPECT_FALSE(nothing.Print_Preview(clsListLabel::Preview));
-  nothing.setVariables(Recordset());
+  ReportData noVariables;
+  noVariables.hasVariables = true;
+  nothing.setData(noVariables);
   EXPECT_FALSE(nothing.Print_Preview(clsListLabel::Preview));
 
   clsListLabel report(nullptr);
