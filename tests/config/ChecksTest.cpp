@@ -38,25 +38,6 @@ TEST_F(Checks, ExistaComparesAsTheColumnDoes) {
   EXPECT_TRUE(heard_.isEmpty());
 }
 
-TEST_F(Checks, EveryKindAsksARealTable) {
-  for (const char* kind :
-       {"Magazie",       "MAG_IN_GLINII", "Data",          "CodJurnal",       "Cont",       "OperTert",
-        "OperTVA",       "CodValuta",     "CodCentruCost", "CODARTICOL",      "TertiLinii", "FACIMPORTTR",
-        "FACTURAIMPORT", "FACTURACLIENT", "NIR",           "FACTURAFURNIZOR", "BONINT",     "PROFORMA",
-        "AVIZ",          "BONCONS",       "COMANDACLIENT", "COMANDAFURNIZOR", "UTILIZATOR", "ContLinii",
-        "ContJurnale",   "JurnalLinii"})
-    EXPECT_FALSE(Exista("nimic", kind)) << kind;
-  EXPECT_TRUE(heard_.isEmpty());
-
-  EXPECT_FALSE(Exista("401", "cont"));
-  EXPECT_FALSE(Exista2("1", "2", "NIR"));
-  ASSERT_EQ(heard_.all().size(), 2u);
-  EXPECT_EQ(heard_.all()[0].text, " EROARE ! EROARE ! EROARE ! - Exista cont");
-  EXPECT_EQ(heard_.all()[0].buttons, kCritical);
-  EXPECT_EQ(heard_.all()[1].text, "EROARE ! EROARE ! EROARE ! Exista2");
-  EXPECT_EQ(heard_.all()[1].buttons, kOk);
-}
-
 TEST_F(Checks, Exista2FindsTheSourceOfALine) {
   ExecutaSql("INSERT INTO G_LFACCL (NUMFAC, NRLINIE, NUMAE) VALUES ('10', 1, 'AE7'), ('10', 2, 'CC8')");
   ExecutaSql("INSERT INTO G_LFACFU (NUMFAC, NRLINIE, NUMCOM) VALUES ('F1', 1, '5')");

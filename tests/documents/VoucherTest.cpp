@@ -1,4 +1,5 @@
-// The input voucher from its first keystroke to ledger, articles and note, with figures worked out by hand.
+// What the window's scenario of the input voucher does not show: odd input, failures in the middle, a
+// colleague.
 #include <gtest/gtest.h>
 
 #include "catalogue/Articles.h"
@@ -13,8 +14,8 @@ namespace {
 
 class VoucherTest : public ::testing::Test {
  protected:
-  explicit VoucherTest(const QString& method = "MP") {
-    ExecutaSql("UPDATE kt_info SET TCOST = ?", {method});
+  VoucherTest() {
+    ExecutaSql("UPDATE kt_info SET TCOST = 'MP'");
     supplier_ = addPartner(newPartner("FURNIZOR SRL", "F"));
     products_ = addFamily(newFamily("Produse", "371", "607", "707", "345"));
     goods_ = addFamily(newFamily("Semifabricate", "371", "607", "707", "341"));
@@ -78,59 +79,25 @@ class VoucherTest : public ::testing::Test {
   qint64 goods_ = 0;
 };
 
-class FifoVoucherTest : public VoucherTest {
- protected:
-  FifoVoucherTest() : VoucherTest("FIFO") {}
-};
-
 Decimal figure(const QString& code, const QString& column) { return articleByCode(code)->decimal(column); }
 
-TEST_F(VoucherTest, ReachesLedgerArticlesAndNote) {
+TEST_F(VoucherTest, QuantitiesGoToTheEvenDigitAndArticlesOfOneAccountShareAPair) {
   DocumentEditor editor("BI");
   editor.newDocument();
   editor.save(header("7"));
   line(editor, "A1", "3", "10", "15");
-  line(editor, "B1", "2,5", "7,333",
-       "9");  // the price is rounded to 7.33, the value is 18.33 (18.325 to even: 18.32)
-  line(editor, "A2", "1.2345", "100", "150");  // quantity 1.234 (tie to the even digit), value 123.40
-  EXPECT_EQ(editor.total("VALOAREFT"), Decimal(30) + 1832_dec / 100 + 12340_dec / 100);
+  line(editor, "B1", "2,5", "7,333", "9");     // 7.33; 18.325 goes to 18.32
+  line(editor, "A2", "1.2345", "100", "150");  // 1.234, a tie; 123.40
   ASSERT_TRUE(editor.checkLines());
   editor.validate(header("7"));
-
-  const Row ledger = OpenRs("SELECT * FROM G_DOCUME").first();
-  EXPECT_EQ(ledger.text("ID"), "BI7");
-  EXPECT_EQ(ledger.text("TIPIE"), "I");
-  EXPECT_EQ(ledger.integer("CODTERT"), supplier_);
-  EXPECT_EQ(ledger.decimal("TOTALFT"), 17172_dec / 100);
-  EXPECT_EQ(ledger.decimal("TOTALCOST"), 17172_dec / 100);
-  EXPECT_EQ(ledger.text("CODDEV"), "LEI");
-  const Recordset lines = OpenRs("SELECT * FROM G_LDOCUM ORDER BY LINIE");
-  ASSERT_EQ(lines.size(), 3);
-  EXPECT_EQ(lines[2].text("ARTID"), "A2");
-  EXPECT_EQ(lines[2].decimal("CANT"), 1234_dec / 1000);
-  EXPECT_EQ(lines[2].decimal("CANTRAMASA"), 1234_dec / 1000);
-  EXPECT_EQ(lines[2].decimal("VALCOST"), 12340_dec / 100);
-  EXPECT_EQ(lines[2].decimal("CODTVA"), Decimal(19));
-
-  EXPECT_EQ(figure("A1", "STOC"), Decimal(3));
-  EXPECT_EQ(figure("A1", "COST"), Decimal(10));
-  EXPECT_EQ(figure("A1", "ADAOS"), Decimal(50));
-  EXPECT_EQ(figure("A1", "PRETVFT"), Decimal(15));
-  EXPECT_EQ(figure("A1", "PRETVTTI"), Decimal(18));  // 17.85
-
+  EXPECT_EQ(OpenRs("SELECT CANT FROM G_LDOCUM WHERE LINIE = 3").first().decimal("CANT"), 1.234_dec);
+  EXPECT_EQ(OpenRs("SELECT TOTALFT FROM G_DOCUME").first().decimal("TOTALFT"), 171.72_dec);
   const Recordset note = OpenRs("SELECT * FROM kt_linii ORDER BY NRLINIE");
-  ASSERT_EQ(note.size(), 4);  // one pair for 341, one for 345
+  ASSERT_EQ(note.size(), 4);
   EXPECT_EQ(note[0].text("CONT"), "341");
-  EXPECT_EQ(note[0].decimal("DEBIT"), 1832_dec / 100);
-  EXPECT_EQ(note[1].text("CONT"), "711");
-  EXPECT_EQ(note[1].decimal("CREDIT"), 1832_dec / 100);
   EXPECT_EQ(note[2].text("CONT"), "345");
-  EXPECT_EQ(note[2].decimal("DEBIT"), 15340_dec / 100);
-  EXPECT_EQ(note[3].text("TIPDOC"), "BI");
-  EXPECT_EQ(note[3].text("DOC"), "7");
-  EXPECT_EQ(note[3].text("PROV"), "G");
-  EXPECT_TRUE(note[3].isNull("TERT"));
-  EXPECT_TRUE(note[3].isNull("DATASCAD"));
+  EXPECT_EQ(note[2].decimal("DEBIT"), 153.4_dec);
+  EXPECT_TRUE(note[3].isNull("TERT") && note[3].isNull("DATASCAD"));
 }
 
 TEST_F(VoucherTest, AverageCostFollowsTheReceiptsUnrounded) {
@@ -142,18 +109,6 @@ TEST_F(VoucherTest, AverageCostFollowsTheReceiptsUnrounded) {
   validated("3", "A1", "5", "10", "10");
   EXPECT_EQ(figure("A1", "COST"), Decimal::fromDouble(200.0 / 15));  // 13.33..., stored as it is
   EXPECT_EQ(OpenRs("SELECT MAX(NDI) AS N FROM kt_linii").first().integer("N"), 3);
-}
-
-TEST_F(FifoVoucherTest, CostIsTheLatestReceiptAndEmptySalePriceCountsAsZero) {
-  validated("1", "A1", "5", "20", "20");
-  validated("2", "A1", "5", "10", "");
-  EXPECT_EQ(figure("A1", "STOC"), Decimal(10));
-  EXPECT_EQ(figure("A1", "COST"), Decimal(10));
-  EXPECT_EQ(figure("A1", "ADAOS"), Decimal(-100));
-  EXPECT_EQ(figure("A1", "PRETVFT"), Decimal(0));
-  EXPECT_EQ(heard_.take(),
-            QStringList("Pretul de vanzare este mai mic decat pretul de cumparare pentru articolul "
-                        "cu codul A1 "));
 }
 
 TEST_F(VoucherTest, WhatBreaksInTheMiddleLeavesNothing) {
@@ -188,85 +143,45 @@ TEST_F(VoucherTest, WhatBreaksInTheMiddleLeavesNothing) {
   EXPECT_EQ(count("G_LDOCUM"), 2);
 }
 
-TEST_F(VoucherTest, HeaderIsCheckedInItsOrder) {
+TEST_F(VoucherTest, OddInputIsStoredAsItIsOrRefused) {
   DocumentEditor editor("BI");
-  editor.newDocument();
-  const auto refused = [&editor](const QHash<QString, QString>& typed) {
+  const auto refused = [](auto&& work) {
     try {
-      editor.save(typed);
+      work();
       return QString();
     } catch (const RuleError& rule) {
       return rule.text();
     }
   };
-  const int year = clock::today().year();
-  auto typed = header("", QDate(year + 1, 1, 1));
-  typed["CODFUR"] = "";
-  typed["BATVA"] = "-1";
-  EXPECT_EQ(refused(typed),
-            QStringLiteral("Data document trebuie sa fie in intervalul: 01/01/%1-31/12/%1").arg(year));
-  typed["DATANR"] = QDate(year, 12, 31).toString(Qt::ISODate);
-  EXPECT_EQ(refused(typed), "Va rugam completati numarul N.I.R. ! Salvarea nu se poate efectua !");
-  typed["NUMNR"] = "x'%_\"1";
-  EXPECT_EQ(refused(typed), "Va rugam completati codul furnizorului ! Salvarea nu se poate efectua !");
-  typed["CODFUR"] = QString::number(supplier_);
-  EXPECT_EQ(
-      refused(typed),
-      "Va rugam introduceti o valoare numerica pozitiva pentru Cota TVA ! Salvarea nu se poate efectua !");
-  typed["BATVA"] = "";
-  EXPECT_EQ(refused(typed), "");
-  EXPECT_EQ(OpenRs("SELECT BATVA FROM G_BONINT").first().decimal("BATVA"), Decimal(0));
+  const auto refusedHeader = [&](const QString& number) {
+    editor.newDocument();
+    auto typed = header(number);
+    typed["BATVA"] = "";
+    return refused([&] { editor.save(typed); });
+  };
+  EXPECT_EQ(refusedHeader("x'%_\"1"), "");
   EXPECT_FALSE(OpenRs("SELECT BATVA FROM G_BONINT").first().isNull("BATVA"));
-  editor.newDocument();
-  typed["NUMNR"] = "X'%_\"1";
-  EXPECT_EQ(refused(typed), "Bonul de intrare cu acest numar exista deja ! Salvarea nu se poate efectua !");
-  typed["NUMNR"] = QString(21, u'9');
-  EXPECT_EQ(refused(typed), "Textul din campul NUMNR este prea lung (maxim 20 caractere) !");
+  EXPECT_EQ(refusedHeader("X'%_\"1"),
+            "Bonul de intrare cu acest numar exista deja ! Salvarea nu se poate efectua !");
+  EXPECT_EQ(refusedHeader(QString(21, u'9')),
+            "Textul din campul NUMNR este prea lung (maxim 20 caractere) !");
   EXPECT_EQ(count("G_BONINT"), 1);
-}
 
-TEST_F(VoucherTest, LinesAreCheckedBeforeTheLedger) {
-  DocumentEditor editor("BI");
   editor.newDocument();
   editor.save(header("1"));
-  const auto message = [&editor](const QString& field, const QString& typed) {
-    return editor.check(0, field, typed, false).text;
-  };
-  EXPECT_EQ(message("CODART", ""), "Va rugam introduceti cod articol");
-  EXPECT_EQ(message("CODART", "NU"), "Articolul cu codul intern NU nu exista ");
   EXPECT_EQ(editor.check(0, "CODART", "NU", true).text,
             "Articolul cu codul produs de la furnizor NU nu exista ");
-  EXPECT_EQ(message("CODART", "a1"), "");
-  EXPECT_EQ(message("CANT", "doi"), "Va rugam introduceti o valoare numerica pentru Cantitate !");
-  EXPECT_EQ(message("CANT", "-2"), "Va rugam introduceti o valoare numerica pozitiva pentru Cantitate !");
-  EXPECT_EQ(message("CANT", QString(10000, u'9')),
+  EXPECT_EQ(editor.check(0, "CANT", QString(10000, u'9'), false).text,
             "Va rugam introduceti o valoare numerica pentru Cantitate !");
-
-  editor.setArticle(0, "a1");
-  EXPECT_EQ(editor.lines()[0].text("CODART"), "A1");
-  EXPECT_FALSE(editor.checkLines());
-  EXPECT_EQ(heard_.take(),
-            QStringList("Cantitatea pentru articolul cu codul A1 trebuie sa fie diferita de zero ! "
-                        "Validarea nu se poate efectua !"));
+  editor.setArticle(0, "a1", "Scaun foarte lung cu numele taiat la capat (A1)");
+  EXPECT_EQ(editor.lines()[0].text("DENUMIRE"), "Scaun foarte lung cu numele taiat l");
   editor.setNumber(0, "CANT", "1");
   EXPECT_FALSE(editor.checkLines());
   EXPECT_EQ(heard_.take(),
             QStringList("Pretul unitar pentru articolul cu codul A1 trebuie sa fie un numar pozitiv "
                         "! Validarea nu se poate efectua !"));
-  editor.setArticle(1, "A2", "Masa foarte lunga cu numele taiat la capat (A2)");
-  EXPECT_EQ(editor.lines()[1].text("DENUMIRE"), "Masa foarte lunga cu numele taiat l");
-  EXPECT_EQ(editor.lines()[1].integer("NRLINIE"), 2);
-  editor.deleteLine(0);
-  editor.setArticle(1, "a2");
-  try {
-    editor.checkLines();
-    FAIL() << "the same article twice";
-  } catch (const RuleError& rule) {
-    EXPECT_EQ(rule.text(),
-              "Articolul cu codul A2 se repeta ! Va rugam introduceti articole distincte ! Validarea nu se "
-              "poate efectua ! ");
-  }
-  EXPECT_THROW(editor.validate(header("1")), RuleError);
+  editor.setArticle(1, "A1");
+  EXPECT_TRUE(refused([&] { editor.validate(header("1")); }).startsWith("Articolul cu codul A1 se repeta !"));
   expectNothingWritten();
 }
 

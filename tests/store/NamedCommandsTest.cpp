@@ -1,7 +1,6 @@
 #include "store/NamedCommands.h"
 
 #include "TestCompany.h"
-#include "util/Errors.h"
 
 using namespace velmar;
 using namespace velmar::literals;
@@ -43,16 +42,6 @@ class NamedCommands : public testing::Test {
   TestCompany company_;
   DataEnvironment data_;
 };
-
-TEST_F(NamedCommands, EveryCommandRunsWithItsParameters) {
-  for (const QString& name : data_.names()) {
-    const auto parameters = static_cast<size_t>(data_.statement(name).count('?'));
-    EXPECT_NO_THROW(data_.open(name, Values(parameters))) << qUtf8Printable(name);
-    EXPECT_THROW(data_.open(name, Values(parameters + 1)), StoreError) << qUtf8Printable(name);
-  }
-  EXPECT_EQ(data_.names().size(), 28);
-  EXPECT_THROW(data_.open("get_info"), StoreError);
-}
 
 TEST_F(NamedCommands, StockMovementSumsTheLedgerUpToEachDate) {
   addMovements();
