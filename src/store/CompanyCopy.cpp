@@ -23,7 +23,7 @@ QString selectAll(const FoundTable& found) {
   return QStringLiteral("SELECT %1 FROM %2").arg(found.columns.join(QStringLiteral(", ")), found.source);
 }
 
-// Adds rows to the proof of a table, one by one.
+// Computes the fingerprint of a table, row by row.
 class Prover {
  public:
   explicit Prover(const Table& table) : table_(table) {
@@ -42,7 +42,7 @@ class Prover {
                          QStringLiteral("Coloana %1 are un continut binar.").arg(table_.columns()[i].name));
       QByteArray text = cell.isNull() ? QByteArray() : cell.toString().toUtf8();
       if (isNumber(table_.columns()[i])) {
-        // A file takes a text into a column of numbers as well.
+        // SQLite accepts a text in a numeric column too.
         if (cell.typeId() == QMetaType::Double || cell.typeId() == QMetaType::LongLong) {
           const Decimal number = cell.typeId() == QMetaType::Double
                                      ? Decimal::fromDouble(cell.toDouble())
@@ -97,7 +97,7 @@ TableProof copyRows(Database& from, Database& into, const FoundTable& found) {
   return prover.proof();
 }
 
-// As the copy has it.
+// The fingerprint of the table in the copy.
 TableProof proofOfCopy(Database& into, const FoundTable& found) {
   FoundTable copy = found;
   copy.source = into.engine().identifier(found.table.name());
@@ -107,7 +107,7 @@ TableProof proofOfCopy(Database& into, const FoundTable& found) {
   return proofOf(into, copy);
 }
 
-// What one engine declares the other may not understand.
+// A declaration of one engine may not be valid for the other.
 template <typename Work>
 void orRefuse(const QString& what, Work&& work) {
   try {

@@ -71,7 +71,7 @@ void writeFile(const QString& path, const QByteArray& content) {
             .arg(path));
 }
 
-// Reads one rowset. A row's attributes may bear other names than the columns: the schema tells which.
+// Reads one rowset. A row's attributes may have other names than the columns: the schema maps them.
 class RowsetReader {
  public:
   explicit RowsetReader(const QByteArray& xml) : xml_(xml) {}
@@ -117,7 +117,7 @@ class RowsetReader {
     return row;
   }
 
-  // A changed row holds the changed attributes only; the rest stands in the original beside it.
+  // A changed row has only the changed attributes; the others are in the original row beside it.
   QHash<QString, QString> readUpdate() {
     QHash<QString, QString> original;
     QHash<QString, QString> changed;
@@ -162,7 +162,7 @@ void sortByCode(QList<Company>& companies) {
   });
 }
 
-// Another process may be making the list at the same moment: whoever has the lock makes it.
+// Another process may be creating the list at the same time: the one that has the lock creates it.
 void makeMissingList(const QString& folder) {
   if (existsInFolder(folder, kListName)) return;
   const QString path = QDir(folder).filePath(kListName);
@@ -224,7 +224,7 @@ QList<Company> companiesFromDbf(const QByteArray& content) {
   const int head = qFromLittleEndian<quint16>(bytes + 8);
   const int length = qFromLittleEndian<quint16>(bytes + 10);
   QList<Field> fields;
-  int offset = 1;  // behind the mark of deletion
+  int offset = 1;  // after the deletion mark
   for (int at = kHeadLength;
        at + kHeadLength <= head && at + kHeadLength <= content.size() && bytes[at] != '\r';
        at += kHeadLength) {
@@ -237,7 +237,7 @@ QList<Company> companiesFromDbf(const QByteArray& content) {
     return std::any_of(fields.begin(), fields.end(),
                        [name](const Field& field) { return field.name == QLatin1String(name); });
   };
-  // A list cut short would be taken over for good without the companies that it lost.
+  // A truncated list would be imported permanently without the missing companies.
   if (!has("COD") || !has("NUMEBD") || length < offset ||
       content.size() < head + static_cast<qsizetype>(records) * length)
     throw damagedList(kOldListName);
@@ -277,9 +277,9 @@ QList<Company> IncarcaSocietati(const QString& folder, QString& gDenSocietateNou
   QList<Company> companies = readCompanyList(folder);
   if (databaseExists(folder, kFirstCompanyName)) return companies;
   underFileLock(folder, kListName, [&] {
-    // Another process may have made it meanwhile.
+    // Another process may have created it meanwhile.
     if (databaseExists(folder, kFirstCompanyName)) return;
-    // The template of a folder of files comes with the program's own folder; a server gets it here.
+    // A folder of files gets its template from the program's data folder; a server gets it here.
     if (serverOf(folder)) bringTemplateUpToDate(folder);
     makeCompanyFile(folder, kFirstCompanyName);
     MarcheazaVersiune(folder, kFirstCompanyName, gDenSocietateNoua);

@@ -1,4 +1,4 @@
-// The list of companies of a databases folder: `Societat.xml`, a persisted rowset, or once the older
+// The list of companies of a databases folder: `Societat.xml`, a persisted rowset, which replaces the older
 // `Societat.DBF`.
 #pragma once
 
@@ -14,23 +14,24 @@ struct Company {
   QString NUMEBD;    ///< file name in the folder, at most 15 characters
 };
 
-/// Reads the list, sorted by code. A missing list is made first: from `Societat.DBF` when that exists, else
-/// with the one company "01". Throws StoreError when the list cannot be read or is no rowset of companies.
+/// Reads the list, sorted by code. A missing list is first created: from `Societat.DBF` if that exists,
+/// otherwise with the single company "01". Throws StoreError when the list cannot be read or is not a rowset
+/// of companies.
 QList<Company> readCompanyList(const QString& folder);
 
-/// Reads the list anew, lets `change` alter it and writes it whole, all under a lock that other processes
-/// respect. When `change` throws, the file stays as it was.
+/// Reads the list again, lets `change` modify it and writes the whole file, under a lock shared by all
+/// processes. If `change` throws, the file is not modified.
 void changeCompanyList(const QString& folder, const std::function<void(QList<Company>&)>& change);
 
-/// Reads the list of companies for the login and makes the first company from the template when its file is
+/// Reads the list of companies for the login and creates the first company from the template if its file is
 /// missing.
 QList<Company> IncarcaSocietati(const QString& folder, QString& gDenSocietateNoua);
 
-/// The companies in a persisted rowset: inserted, changed and deleted rows as they stand pending in it.
+/// The companies in a persisted rowset: with its pending insertions, changes and deletions applied.
 QList<Company> companiesFromRowset(const QByteArray& xml);
 QByteArray rowsetFromCompanies(const QList<Company>& companies);
 
-/// The companies in a dBase table with the columns COD, DENUMIRE, NUMEBD; deleted records are passed over.
+/// The companies in a dBase table with the columns COD, DENUMIRE, NUMEBD; deleted records are skipped.
 QList<Company> companiesFromDbf(const QByteArray& content);
 
 }  // namespace velmar

@@ -33,14 +33,14 @@ bool isPlain(const QString& name) {
 
 QString spelling(const QString& name) { return isPlain(name) ? name.toLower() : name; }
 
-// One engine's casts, which the other does not know and does not need.
+// Removes PostgreSQL's casts, which SQLite does not understand and does not need.
 QString withoutCasts(const QString& text) {
   static const QRegularExpression kCast(
       QStringLiteral("::(double precision|character varying|timestamp without time zone|[a-z_][a-z0-9_]*)"));
   return QString(text).remove(kCast);
 }
 
-// The described kind, where the values that the column holds are of it.
+// Whether values of the found type can be stored in a column of the described type.
 bool holds(ColumnType found, ColumnType wanted) {
   const auto isWhole = [](ColumnType type) {
     return type == ColumnType::Integer || type == ColumnType::AutoNumber || type == ColumnType::Boolean;
@@ -52,7 +52,7 @@ bool holds(ColumnType found, ColumnType wanted) {
          (found == ColumnType::Text && isMoment(wanted));
 }
 
-// A constant reads the same everywhere.
+// Only constants are valid as defaults on both engines.
 QString constant(const QString& place, const QString& expression) {
   static const QRegularExpression kConstant(
       QStringLiteral("^\\(*('([^']|'')*'|[+-]?[0-9]+([.][0-9]+)?|null)\\)*$"),
@@ -95,7 +95,7 @@ class Describer {
     return found;
   }
 
-  // The described ones in their order, then the company's own by name: copies of copies have the same order.
+  // The described columns in their order, then the others by name: copies of copies have the same order.
   void addColumns(FoundTable& found, const TableShape& shape, const Table* wanted) const {
     std::vector<const ColumnShape*> own;
     for (const ColumnShape& column : shape.columns)
@@ -144,7 +144,8 @@ class Describer {
     table.keyOf(same ? wanted->keyColumns() : key);
   }
 
-  // The described ones on a table that lacks nothing; the upgrade makes the others.
+  // The described indexes are added only to a table that has all its columns; otherwise the upgrade creates
+  // them.
   void addIndexes(FoundTable& found, const QString& name, const Table* wanted) {
     QStringList known;
     if (wanted) {

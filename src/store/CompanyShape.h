@@ -1,5 +1,5 @@
-// What a company really consists of, in words that any engine understands: the tables and columns of the
-// description that it has, and those that only this company has.
+// The actual structure of a company, independent of the engine: the described tables and columns that it has,
+// and those that only this company has.
 #pragma once
 
 #include <vector>
@@ -9,21 +9,21 @@
 
 namespace velmar {
 
-/// A table as it stands in a company.
+/// A table found in a company.
 struct FoundTable {
-  Table table;          ///< what to make elsewhere; names spelt as described, else in small letters
-  QString source;       ///< its name as statements of its own database take it
-  QStringList columns;  ///< the names of its columns, likewise, in the order of `table`
+  Table table;          ///< what to create in the copy; names spelt as described, otherwise in lower case
+  QString source;       ///< its name, quoted for statements of its own database
+  QStringList columns;  ///< the names of its columns, quoted likewise, in the order of `table`
   std::vector<StoredStatement> indexes;  ///< those that only this company has
 };
 
 struct FoundCompany {
-  std::vector<FoundTable> tables;      ///< the described ones, then the company's own by name
-  std::vector<StoredStatement> views;  ///< in the order in which they can be made
+  std::vector<FoundTable> tables;      ///< the described ones, then the others by name
+  std::vector<StoredStatement> views;  ///< in an order in which they can be created
 };
 
-/// Reads the catalogue. Throws StoreError, naming it, when the company has something that no copy by rows can
-/// carry.
+/// Reads the catalogue. Throws StoreError with its name when the company has something that copying rows
+/// cannot reproduce.
 FoundCompany describeCompany(Database& company);
 
 }  // namespace velmar

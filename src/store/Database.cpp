@@ -111,7 +111,8 @@ void Database::each(const QString& sql, const std::function<void(std::vector<QVa
   state_->prepare(sql)->each(values, use);
 }
 
-// Many rows in one statement where the engine wants it so, in sizes by halves: few statements serve all.
+// Many rows in one statement if the engine prefers it; the number of rows is halved for the remainder, so
+// that few different statements are prepared.
 void Database::insertRows(const QString& table, const QStringList& columns, const std::vector<Values>& rows) {
   if (rows.empty()) return;
   std::optional<Transaction> own;
@@ -166,7 +167,7 @@ Transaction::Transaction(Database& database) : database_(database), depth_(datab
   } else {
     database_.state_->engine->run(QStringLiteral("SAVEPOINT step%1").arg(depth_));
   }
-  // Only now: what runs while the question of the wait stands is outside this transaction.
+  // Only now: code that runs while the user is asked whether to wait is outside this transaction.
   database_.state_->depth = depth_;
 }
 
@@ -193,7 +194,7 @@ void Transaction::rollback() {
       database_.state_->engine->run(QStringLiteral("RELEASE step%1").arg(depth_));
     }
   } catch (const StoreError&) {
-    // After a full disk the engine has already undone the transaction by itself; nothing is left to undo.
+    // When the disk is full, the engine has already rolled back the transaction by itself.
   }
 }
 
@@ -203,7 +204,7 @@ Snapshot::~Snapshot() {
   try {
     database_.state_->engine->run(QStringLiteral("ROLLBACK"));
   } catch (const StoreError&) {
-    // The connection is gone, and the snapshot with it.
+    // The connection is lost, and the snapshot with it.
   }
 }
 

@@ -1,7 +1,7 @@
-// One company file: statements with bound values, transactions, and the errors a user can act on.
+// One company database: statements with bound values, transactions, and errors with advice for the user.
 //
-// Several processes work in one file at once. Whoever writes takes the write lock at the start and waits for
-// it politely; readers never wait. A committed transaction survives a power cut.
+// Several processes use one database at the same time. A writer takes the write lock at the start and waits
+// for it if necessary; readers never wait. A committed transaction survives a power cut.
 #pragma once
 
 #include <functional>
@@ -17,11 +17,11 @@ class Table;
 
 class Database {
  public:
-  /// Opens a company file or the template. Throws StoreError with a text that says what to do when the file
-  /// is missing, damaged, no company, or written by a newer program.
+  /// Opens a company file or the template. Throws StoreError with advice when the file is missing, damaged,
+  /// not a company, or written by a newer program.
   static std::unique_ptr<Database> open(const QString& path);
 
-  /// Makes an empty file at `path`, which must not exist yet. The caller gives it its tables.
+  /// Creates an empty file at `path`, which must not exist yet. The caller creates the tables.
   static std::unique_ptr<Database> create(const QString& path);
 
   ~Database();
@@ -30,19 +30,20 @@ class Database {
 
   const QString& path() const;
 
-  /// Runs a SELECT, or inside a Transaction a statement with RETURNING, and reads it out.
+  /// Runs a SELECT, or inside a Transaction a statement with RETURNING, and reads all rows.
   Recordset query(const QString& sql, const Values& values = {});
 
-  /// Runs a SELECT and hands over the cells of each row, none of them kept: for more rows than memory should
-  /// hold.
+  /// Runs a SELECT and passes on the cells of each row without storing them: for results too large for
+  /// memory.
   void each(const QString& sql, const std::function<void(std::vector<QVariant>&& cells)>& use,
             const Values& values = {});
 
-  /// Runs a statement that gives no rows; gives the number of rows it changed. Outside a Transaction it is
-  /// one of its own.
+  /// Runs a statement that returns no rows; returns the number of rows changed. Outside a Transaction it is a
+  /// transaction of its own.
   int execute(const QString& sql, const Values& values = {});
 
-  /// Runs a statement once for each row of values, all in one transaction; gives the number of rows changed.
+  /// Runs a statement once for each row of values, all in one transaction; returns the number of rows
+  /// changed.
   int executeEach(const QString& sql, const std::vector<Values>& rows);
 
   /// Inserts rows. Every row has a value for each column.
@@ -50,26 +51,26 @@ class Database {
 
   bool inTransaction() const;
 
-  /// The engine's plan of a statement, whose values need not be known, one step a line.
+  /// The engine's plan of a statement, without its values, one line for each step.
   QStringList queryPlan(const QString& sql);
 
-  /// Makes a table with its indexes, as the description tells.
+  /// Creates a table with its indexes, as described.
   void createTable(const Table& table);
-  /// Lets the numbers that the engine gives go on behind those that stand in the table.
+  /// Makes automatic numbering continue after the highest number in the table.
   void continueNumbering(const Table& table);
-  /// Gives back the room of what was deleted. Throws StoreError, and then everything is as it was.
+  /// Releases the space of deleted rows. If it throws StoreError, nothing has changed.
   void compact();
-  /// Reads everything; throws StoreError when the database is damaged.
+  /// Checks the whole database; throws StoreError if it is damaged.
   void requireWhole();
-  /// Writes the database as it stands now, while others work, to a file at `path`, which must not exist yet.
-  /// `progress` hears how much of how much is done and throws Cancelled to stop. Gives false, and writes
-  /// nothing, where the company is in no file.
+  /// Writes the current state of the database, while others work, to a file at `path`, which must not exist
+  /// yet. `progress` is called with the amount done and the total, and throws Cancelled to stop. Returns
+  /// false, and writes nothing, if the company is not in a file.
   bool copyAsFile(const QString& path, const std::function<void(int done, int of)>& progress);
 
-  /// Makes what tables need before they can be made.
+  /// Creates the SQL functions that tables require. To be called before createTable().
   void prepareSchema();
 
-  /// What the sources of the store ask of the connection itself: its catalogue and changes of structure.
+  /// The engine, for code of the store that reads the catalogue or changes the structure.
   Engine& engine();
 
   /// Texts of the statements run since the last call, each once; recording starts with the first call.
@@ -83,8 +84,8 @@ class Database {
   std::unique_ptr<State> state_;
 };
 
-/// A write transaction: takes the write lock at once, undoes everything unless committed. Inside another one
-/// it is a savepoint of that one. After a statement has failed in it nothing is left to do but to undo it.
+/// A write transaction: takes the write lock at once and rolls back unless committed. Inside another
+/// transaction it is a savepoint. After a statement has failed in it, it can only be rolled back.
 class Transaction {
  public:
   /// Waits for the write lock; after 5 seconds it asks the user, who may give up (throws Cancelled).
@@ -94,7 +95,7 @@ class Transaction {
   Transaction& operator=(const Transaction&) = delete;
 
   void commit();
-  /// Undoes the work and gives the lock back before the end of the scope, so that a message can be shown.
+  /// Rolls back and releases the lock before the end of the scope, so that a message can be shown.
   void rollback();
 
  private:
@@ -103,8 +104,8 @@ class Transaction {
   bool open_ = true;
 };
 
-/// Reads as of one moment, whatever others write meanwhile, for as long as the object lives. Nothing is
-/// written meanwhile, and no transaction is open.
+/// While the object exists, all reads see the same state, whatever others write. This process must not write
+/// or have a transaction open meanwhile.
 class Snapshot {
  public:
   explicit Snapshot(Database& database);
@@ -122,17 +123,17 @@ Database* openDatabase();
 /// The open company's database. Throws StoreError when no company is open.
 Database& database();
 
-/// Opens the company file `gCaleBD` + `gNumeBD` names, in place of the one that was open.
+/// Makes it the open company's database, in place of the previous one; null closes the company.
 void setOpenDatabase(std::unique_ptr<Database> database);
 
-/// Reads a SELECT of the open company out.
+/// Runs a SELECT on the open company and reads all rows.
 Recordset OpenRs(const QString& sql, const Values& values = {});
 Recordset OpenRsClient(const QString& sql, const Values& values = {});
 /// As OpenRs, on the database given or, without one, on the open company's.
 Recordset getDisconectedRecordset(const QString& sql, Database* on = nullptr, const Values& values = {});
 /// Empties a record set.
 void CloseRs(Recordset& recordset);
-/// One statement in a transaction of its own, or in the one that is open; gives the number of rows changed.
+/// Runs one statement in its own transaction, or in the open one; returns the number of rows changed.
 int ExecutaSql(const QString& sql, const Values& values = {});
 
 }  // namespace velmar

@@ -55,7 +55,7 @@ void removeDraft(const QString& draft) {
   removeSideFiles(draft);
 }
 
-// On a server: under another name until it is whole.
+// On a server: uses a temporary name until the database is complete.
 template <typename Fill>
 void writeWholeOn(const Server& server, const QString& path, const QString& draft, Fill&& fill) {
   const QString draftName = databaseOnServer(server, draft);
@@ -75,7 +75,7 @@ void writeWholeOn(const Server& server, const QString& path, const QString& draf
   }
 }
 
-// A file of its own name until it is whole, so that nobody ever sees half a database.
+// Uses a temporary file name until the database is complete, so that nobody sees an incomplete one.
 template <typename Fill>
 void writeWhole(const QString& path, Fill&& fill) {
   const QString draft = path + kDraftMark;
@@ -92,14 +92,14 @@ void writeWhole(const QString& path, Fill&& fill) {
   }
 }
 
-// Nobody may write the template anew meanwhile.
+// Under a lock: no process may replace the template meanwhile.
 void copyTemplate(const QString& folder, const QString& target) {
   underFileLock(folder, kTemplateName, [&] {
     const QString source = pathInFolder(folder, kTemplateName);
     if (const auto server = serverOf(folder))
       return postgres::copyDatabase(*server, databaseOnServer(*server, source),
                                     databaseOnServer(*server, target));
-    // Opening tells a template that is missing or damaged, and closing leaves nothing beside the file.
+    // Opening detects a missing or damaged template, and closing removes its side files.
     Database::open(source);
     if (!QFile::copy(source, target))
       throw StoreError(
@@ -117,7 +117,7 @@ void setPeriods(Database& database, int year) {
       {start, end, start.addYears(1), end.addYears(1), start, end});
 }
 
-// Whether the folder has no template, or one that another version of the program wrote.
+// Whether the folder has no template, or one written by another version of the program.
 bool templateIsOutdated(const QString& folder) {
   if (!databaseExists(folder, kTemplateName)) return true;
   return revisionOf(*Database::open(pathInFolder(folder, kTemplateName))) != programRevision();
@@ -182,7 +182,8 @@ void makeCompanyFile(const QString& folder, const QString& fileName) {
 void MarcheazaVersiune(const QString& folder, const QString& fileName, QString& gDenSocietateNoua) {
   const auto database = Database::open(pathInFolder(folder, fileName));
   Transaction transaction(*database);
-  // A company that had lost the table has it back without its row, and would never stop asking.
+  // If the table was missing, the upgrade has created it without its row; without the row the upgrade would
+  // be offered at every login.
   if (database->query("SELECT VERSIUNE FROM kt_info").isEmpty())
     database->execute("INSERT INTO kt_info (VERSIUNE) VALUES (NULL)");
   if (gDenSocietateNoua != QStringLiteral("00"))
@@ -204,9 +205,9 @@ std::optional<qint64> revisionOf(Database& database) {
   return info.first().integer("VERSIUNE");
 }
 
-// The toolkit's own renaming refuses where a file stands.
+// QFile::rename fails if the target exists.
 void putFileInPlace(const QString& draft, const QString& path) {
-  // What an unhappy end left beside an older file would be taken for the new one's journal.
+  // Side files left by a crash would be used as the journal of the new file.
   removeSideFiles(path);
   std::error_code error;
   std::filesystem::rename(draft.toStdU16String(), path.toStdU16String(), error);
@@ -246,13 +247,13 @@ void removeDatabaseFile(const QString& folder, const QString& fileName) {
 
 void removeDatabasesOf(const QString& folder) {
   const auto server = serverOf(folder);
-  // A folder that its maker did not get to give a prefix of its own shows that of the folder around it.
+  // If its creator was killed before shareServer() wrote the prefix, the folder has the prefix of its parent.
   if (!server || !server->prefix.endsWith(QDir(folder).dirName().toLower() + u'_')) return;
   for (const QString& name : postgres::databasesLike(*server, QStringLiteral(".*")))
     postgres::dropDatabase(*server, name);
 }
 
-// A server's drafts are named as writeWholeOn() and the exchange of databases name them.
+// The pattern has the names that writeWholeOn() and replaceDatabase() use on a server.
 void sweepDrafts(const QString& folder) {
   if (const auto server = serverOf(folder)) {
     for (const QString& name :

@@ -1,4 +1,4 @@
-// What the store asks of a database engine. Nothing above the store knows which one runs.
+// Interface of a database engine. Code outside the store does not depend on which engine is used.
 #pragma once
 
 #include <functional>
@@ -11,25 +11,25 @@
 
 namespace velmar {
 
-/// Takes the cells of a row.
+/// Receives the cells of a row.
 using EachRow = std::function<void(std::vector<QVariant>&& cells)>;
 
-/// Hears how much of how much is done; an exception stops the work.
+/// Called with the amount done and the total; an exception stops the work.
 using EngineProgress = std::function<void(int done, int of)>;
 
-/// A statement prepared once and run as often as needed.
+/// A prepared statement.
 class EngineStatement {
  public:
   virtual ~EngineStatement() = default;
 
-  /// Runs it with a value for each mark and reads the rows out. Throws StoreError.
+  /// Runs it with a value for each parameter and reads all rows. Throws StoreError.
   virtual Recordset query(const Values& values) = 0;
-  /// Runs it and hands over each row, none of them kept. Throws StoreError.
+  /// Runs it and passes on each row without storing it. Throws StoreError.
   virtual void each(const Values& values, const EachRow& use) = 0;
-  /// Runs it to the end; gives the number of rows changed. Throws StoreError.
+  /// Runs it to the end; returns the number of rows changed. Throws StoreError.
   virtual int run(const Values& values) = 0;
-  /// Runs it once for each row of values, inside a transaction; gives the number of rows changed. Throws
-  /// StoreError, and nothing is left to do then but to undo the transaction.
+  /// Runs it once for each row of values, inside a transaction; returns the number of rows changed. After a
+  /// StoreError the transaction can only be rolled back.
   virtual int runEach(const std::vector<Values>& rows) {
     int changed = 0;
     for (const Values& values : rows) changed += run(values);
@@ -42,60 +42,60 @@ class Engine {
  public:
   virtual ~Engine() = default;
 
-  /// Throws StoreError when the text is no single statement.
+  /// Throws StoreError when the text is not exactly one statement.
   virtual std::shared_ptr<EngineStatement> prepare(const QString& sql) = 0;
-  /// Runs a statement without values and rows.
+  /// Runs a statement without parameters and result rows.
   virtual void run(const QString& sql) = 0;
-  /// Begins a transaction with the company's write lock; gives false when another process holds it, at once
-  /// or after a moment's wait.
+  /// Begins a transaction with the company's write lock; returns false, at once or after a short wait, when
+  /// another process holds it.
   virtual bool tryBeginWrite() = 0;
-  /// Begins a transaction that reads the database as it stands now, whatever others write meanwhile.
+  /// Begins a transaction that reads the current state of the database, whatever others write meanwhile.
   virtual void beginSnapshot() = 0;
-  /// The plan of a statement, whose values need not be known, one step a line.
+  /// The plan of a statement, without its values, one line for each step.
   virtual QStringList plan(const QString& sql) = 0;
-  /// Gives back the room of what was deleted. Throws StoreError, and then everything is as it was.
+  /// Releases the space of deleted rows. If it throws StoreError, nothing has changed.
   virtual void compact() = 0;
-  /// Reads the whole database and throws StoreError when it is damaged, where the engine keeps it in a file.
+  /// Checks the whole database and throws StoreError if it is damaged; only for engines that store it in a
+  /// file.
   virtual void requireWhole() {}
-  /// Writes the database as it stands now to a file of its own kind; `progress` hears the percents and may
-  /// throw. Gives false where the engine has no such file.
+  /// Writes the current state of the database to a file of the engine; `progress` is called with percentages
+  /// and may throw. Returns false if the engine has no such file.
   virtual bool copyAsFile(const QString&, const EngineProgress&) { return false; }
 
-  /// How a column of that kind is declared, its marks for null and default included.
+  /// The declaration of a column of that type, including NOT NULL and default.
   virtual QString declaredType(const Column& column) const = 0;
-  /// The name as statements of this engine take it, whatever it is; a plain one is the same in any case.
+  /// The name, quoted as statements of this engine require; a plain name is not case-sensitive.
   virtual QString identifier(const QString& name) const { return quotedIdentifier(name); }
-  /// What kind of values a column has; nothing for those that only this engine knows.
+  /// The type of a column; nothing for a type that only this engine has.
   virtual std::optional<ColumnType> kindOf(const TableShape& table, const ColumnShape& column) const = 0;
-  /// Names what the database has that is neither table nor index nor stored query of a kind that both engines
-  /// know: triggers, computed columns and the like.
+  /// The names of objects that only this engine supports, such as triggers and computed columns.
   virtual QStringList ownKinds() = 0;
-  /// How an index names one of its columns, so that what is ordered by them, nulls first where there may be
-  /// some, is read from it in order.
+  /// How an index declares one of its columns, so that rows ordered by it, nulls first if it is nullable, are
+  /// read from the index in order.
   virtual QString indexedColumn(const Table&, const QString& column) const { return column; }
-  /// What stands behind the columns of a table whose key has several of them.
+  /// The suffix of CREATE TABLE for a table whose key has several columns.
   virtual QString clusteredSuffix() const = 0;
   /// How many rows a statement should insert at once.
   virtual int rowsPerInsert() const = 0;
-  /// Lets the numbers that the engine gives by itself go on behind those that were inserted.
+  /// Makes automatic numbering continue after the highest inserted number.
   virtual void continueNumbering(const Table&) {}
-  /// Has the engine look at what the tables hold, after many rows were written at once.
+  /// Updates the engine's statistics of the tables, after many rows were written at once.
   virtual void studyTables() {}
-  /// Makes what the tables need before they can be made.
+  /// Creates what the tables require before they are created.
   virtual void prepareSchema() {}
 
-  /// What the catalogue tells. Names of tables are spelt as `tables` gives them.
+  /// Reading the catalogue. Names of tables are spelt as `tables` returns them.
   virtual QStringList tables() = 0;
   virtual TableShape tableShape(const QString& table) = 0;
-  /// The indexes of a table but for that of its key.
+  /// The indexes of a table except that of its key.
   virtual std::vector<StoredStatement> indexesOf(const QString& table) = 0;
-  /// The stored queries, each behind those that it may rest on.
+  /// The stored queries, each after those that it may use.
   virtual std::vector<StoredStatement> views() = 0;
-  /// Makes a table whose shape is `from` one of shape `to`, which has the same columns and perhaps more, with
-  /// its rows and indexes; inside a transaction. Stored queries must not stand on it meanwhile. Throws
-  /// StoreError when a value has no place in its column's new type; the transaction is then to be undone.
+  /// Changes a table from shape `from` to shape `to`, which has the same columns and possibly more, with its
+  /// rows and indexes; inside a transaction. No stored query may use it meanwhile. Throws StoreError when a
+  /// value does not fit its column's new type; the caller must then roll back.
   virtual void reshape(const TableShape& from, const TableShape& to) = 0;
-  /// Lets the changes of structure in the open transaction fail rather than wait long for another user.
+  /// Makes structure changes in the open transaction fail instead of waiting long for another user.
   virtual void limitLockWaits() {}
 };
 

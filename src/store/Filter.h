@@ -1,5 +1,5 @@
-// Conditions that a user composes over the columns of a list: field, comparison, value, and/or. Values are
-// bound and columns are those that were offered, so nothing typed reaches a statement as text.
+// Conditions that a user builds on the columns of a list: field, comparison, value, and/or. Values are bound
+// and columns come from the given list, so no user input becomes part of a statement's text.
 #pragma once
 
 #include <functional>
@@ -9,7 +9,7 @@
 
 namespace velmar {
 
-/// A value that a field offers to choose from.
+/// One of the values that can be chosen for a field.
 struct FilterChoice {
   QString text;
   QVariant value;
@@ -19,26 +19,26 @@ struct FilterField {
   QString column;
   QString caption;
   ColumnType type = ColumnType::Text;
-  /// The values to choose from; without it the value is typed.
+  /// Returns the values to choose from; if not set, the value is typed.
   std::function<QList<FilterChoice>()> choices = {};
 };
 
 enum class Comparison { Equal, NotEqual, Less, More, Between, BeginsWith, Contains, Empty };
 
-/// The comparisons in the order in which they are offered, with their texts.
+/// The comparisons in display order, with their texts.
 const QList<std::pair<Comparison, QString>>& comparisons();
 
-/// The columns of a table as filter fields, by caption: `captions` names those that are called otherwise than
-/// their column, `without` those that are not offered.
+/// The columns of a table as filter fields, by caption: `captions` has the captions that differ from the
+/// column name, `without` the columns to leave out.
 QList<FilterField> filterFields(const Table& table, const QHash<QString, QString>& captions,
                                 const QStringList& without);
 
-/// Adds the values of a statement (value, text) to the field of that column.
+/// Lets the field of that column offer the results of a statement (value, text).
 void offerChoices(QList<FilterField>& fields, const QString& column, const QString& sql);
-/// Offers "DA" and "NU" for a flag.
+/// Lets a flag field offer "DA" and "NU".
 void offerYesNo(QList<FilterField>& fields, const QString& column);
 
-/// One comparison as typed. A choice is given by its value, whose text is `first`.
+/// One comparison as typed. A choice is identified by its value; `first` is its text.
 struct FilterTerm {
   FilterField field;
   Comparison comparison = Comparison::Equal;
@@ -49,14 +49,15 @@ struct FilterTerm {
 
 class Filter {
  public:
-  /// Adds a comparison to all that was said before. Throws RuleError, whose field is "first" or "second",
-  /// when a value is missing or does not fit the column.
+  /// Joins a comparison to the existing condition. Throws RuleError with the field "first" or "second" when a
+  /// value is missing or does not fit the column.
   void add(const FilterTerm& term, bool orElse = false);
   void clear() { *this = Filter(); }
   bool isEmpty() const { return condition_.isEmpty(); }
 
   const Condition& condition() const { return condition_; }
-  /// The condition for people to read: (DENUMIRE incepe cu "Sca" si COD VALUTA este gol) sau COD egal cu "A".
+  /// The condition as a text for the user: (DENUMIRE incepe cu "Sca" si COD VALUTA este gol) sau COD egal cu
+  /// "A".
   const QString& text() const { return text_; }
 
  private:

@@ -10,7 +10,7 @@ namespace {
 constexpr int kPageSize = 100;
 constexpr int kPagesKept = 60;
 
-// Nulls first, numbers by size, texts without regard to case.
+// Compares: nulls first, numbers by value, texts ignoring case.
 int compared(const QVariant& a, const QVariant& b) {
   if (a.isNull() || b.isNull()) return static_cast<int>(!a.isNull()) - static_cast<int>(!b.isNull());
   if (a.typeId() == QMetaType::QString || b.typeId() == QMetaType::QString)
@@ -20,7 +20,7 @@ int compared(const QVariant& a, const QVariant& b) {
   return left < right ? -1 : static_cast<int>(left > right);
 }
 
-// A text that sorts behind everything that begins with `prefix`.
+// A text that sorts after every text that begins with `prefix`.
 QString behindPrefix(const QString& prefix) {
   constexpr char32_t kLastCharacter = 0x10FFFF;
   return prefix + QString::fromUcs4(&kLastCharacter, 1);
@@ -88,7 +88,7 @@ bool ListRows::isKey(const QString& field) const {
   return query_.key.section(QLatin1Char('.'), -1).compare(field, Qt::CaseInsensitive) == 0;
 }
 
-// The key is never null, and an index on it gives its order only when nothing is said of nulls.
+// The key is never null; its index can be used for the order only without NULLS FIRST or LAST.
 void ListRows::readKeys(const QStringList& fields, bool descending) {
   QString order;
   for (const QString& each : fields) {
@@ -107,7 +107,7 @@ void ListRows::readKeys(const QStringList& fields, bool descending) {
   pages_.clear();
 }
 
-// The same statement for every page; one that is not full asks for its last key again.
+// The statement is the same for every page; a page that is not full repeats its last key.
 void ListRows::readPage(int page) const {
   const size_t first = static_cast<size_t>(page) * kPageSize;
   const size_t count = std::min<size_t>(kPageSize, keys_.size() - first);

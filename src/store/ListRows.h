@@ -1,5 +1,5 @@
-// Lists as they are looked at: the keys of all rows at once, the rows themselves a page at a time. A list of
-// 100,000 articles opens as fast as one of a hundred.
+// Lists for display: reads the keys of all rows at once and the rows page by page. A list of 100,000 articles
+// opens as fast as one of a hundred.
 #pragma once
 
 #include <optional>
@@ -19,38 +19,39 @@ struct Condition {
 /// Both conditions together.
 Condition operator&&(const Condition& a, const Condition& b);
 
-/// The column's text begins with `text`, in any case; found by an index on the column. An empty text gives
+/// The column's text begins with `text`, ignoring case; uses an index on the column. An empty text returns
 /// the empty condition.
 Condition beginsWith(const QString& column, const QString& text);
 
-/// `text` with what LIKE takes as a pattern escaped by "!".
+/// `text` with the wildcards of LIKE escaped by "!".
 QString escapedForLike(QString text);
 
-/// What a list shows: a statement in its parts, without condition and order.
+/// The parts of a list's statement, without condition and order.
 struct ListQuery {
-  QString columns;  ///< as behind SELECT
-  QString from;     ///< as behind FROM
-  QString key;      ///< the expression that tells a row from all others
+  QString columns;  ///< after SELECT
+  QString from;     ///< after FROM
+  QString key;      ///< an expression that is unique for each row
 };
 
-/// Rows found by their place in a list.
+/// Rows accessed by their position in a list.
 class RowSource {
  public:
   virtual ~RowSource() = default;
 
   virtual int size() const = 0;
-  /// The row at that place, which stands until another page of the list is read. A row that was deleted
-  /// meanwhile is all nulls.
+  /// The row at that position, valid until another page of the list is read. A row that was deleted meanwhile
+  /// consists of nulls.
   virtual const Row& row(int place) const = 0;
-  /// Reads the rows of these places, so that row() asks nothing of the database.
+  /// Reads the rows at these positions, so that row() does not access the database.
   virtual void fetch(int first, int last) const = 0;
-  /// The first place whose field has that text in any case, -1 when there is none.
+  /// The first position where the field has that text, ignoring case; -1 if there is none.
   virtual int find(const QString& field, const QString& text) const = 0;
-  /// Orders the list by these fields, all up or all down; without fields as it was given.
+  /// Sorts the list by these fields, all ascending or all descending; without fields, restores the original
+  /// order.
   virtual void sort(const QStringList& fields, bool descending) = 0;
 };
 
-/// The sum of each field over the rows at these places, exact; null and empty cells count 0.
+/// The exact sum of each field over the rows at these positions; null and empty cells count 0.
 std::vector<Decimal> sumsOf(const RowSource& rows, const QList<int>& places, const QStringList& fields);
 
 /// A record set as a list.
@@ -72,8 +73,8 @@ class RecordsetRows : public RowSource {
 /// A list of the open company, read as described above.
 class ListRows : public RowSource {
  public:
-  /// `order` names columns, divided by commas; rows alike in them come by their key, nulls come first.
-  /// Condition and order speak of the columns that the query gives. Reads the keys.
+  /// `order` is a list of columns, separated by commas; equal rows are ordered by key, nulls come first.
+  /// Condition and order refer to the result columns of the query. Reads the keys.
   ListRows(const ListQuery& query, const Condition& condition, const QString& order);
 
   int size() const override { return static_cast<int>(keys_.size()); }
@@ -82,7 +83,7 @@ class ListRows : public RowSource {
   int find(const QString& field, const QString& text) const override;
   void sort(const QStringList& fields, bool descending) override;
 
-  /// The place of the row with that key, -1 when it is not in the list.
+  /// The position of the row with that key, -1 when it is not in the list.
   int placeOf(const QVariant& key) const;
 
  private:

@@ -15,8 +15,7 @@ struct Command {
   QString sql;
 };
 
-// Sums and differences of stored doubles are brought to six decimals, so that 0.1 and 0.2 less 0.3 is
-// nothing.
+// Sums and differences of stored doubles are rounded to six decimals, so that 0.1 + 0.2 - 0.3 is 0.
 
 QString concat(std::initializer_list<QString> parts) { return QStringList(parts).join(QLatin1Char(' ')); }
 
@@ -34,7 +33,7 @@ std::vector<Command> masterDataCommands() {
   };
 }
 
-/// Documents of the VAT journals; a partner of another kind leaves name and fiscal code empty.
+/// Documents of the VAT journals; name and fiscal code are empty for a partner of another kind.
 QString vatDocuments(const QString& kinds, const QString& partnerKinds, const QString& order) {
   return concat(
       {"SELECT D.ID AS NumarFactura, D.TIP, D.CODTERT, T.NUME AS NumeTert, T.CODFISCAL AS CodFiscal,",
@@ -88,7 +87,7 @@ std::vector<Command> stockListCommands() {
   };
 }
 
-/// What the order reports of customers and suppliers differ in.
+/// The differences between the order reports of customers and of suppliers.
 struct OrderSide {
   QString header, lines, partnerColumn, partner;  // partner: "Client" or "Furnizor"
 };
@@ -123,15 +122,15 @@ std::vector<Command> orderCommands() {
   };
 }
 
-/// One sum of the stock movement: a direction of the ledger up to a date, perhaps of one family, partner or
-/// warehouse. Takes the date and then the filter's value.
+/// One sum of the stock movement: a direction of the ledger up to a date, optionally for one family, partner
+/// or warehouse. Parameters: the date, then the filter's value.
 QString movement(const QString& direction, const QString& filter, const QString& documents) {
   return concat({"ROUND_EVEN(COALESCE(SUM(CASE WHEN D.TIPIE = '" + direction + "' AND D.DATADOC <= ?",
                  (filter.isEmpty() ? QString() : "AND " + filter + " = ?") + documents,
                  "THEN L.CANT END), 0), 6)"});
 }
 
-/// The parameters stand in the text twice, in the told order: for what is shown and for what is kept.
+/// The parameters occur twice in the text, in the same order: in the columns and in the condition.
 Command movementCommand(const QString& name, bool byLot, const QString& filter) {
   const QString documents = byLot ? " AND D.ID NOT LIKE 'BT%'" : "";
   const QString initial = movement("S", filter, "");

@@ -1,4 +1,4 @@
-// The named commands that reports ask for, as a table of statements with positional parameters.
+// The named commands that reports use: a table of statements with positional parameters.
 #pragma once
 
 #include "store/Row.h"
@@ -12,12 +12,12 @@ QString documentOrder(const QString& date, const QString& id);
 /// `gDataEnv`: runs the named commands on the open company's database.
 class DataEnvironment {
  public:
-  /// Runs the command of that name with its parameters in the told order. Throws StoreError for an unknown
-  /// name or a wrong number of parameters.
+  /// Runs the command of that name; its parameters are in the order of their placeholders. Throws StoreError
+  /// for an unknown name or a wrong number of parameters.
   Recordset open(const QString& name, const Values& parameters = {}) const;
 
   QStringList names() const;
-  /// The statement behind a name.
+  /// The statement of a named command.
   QString statement(const QString& name) const;
 };
 

@@ -12,7 +12,7 @@ namespace velmar::postgres {
 
 namespace {
 
-// The engine's own numbers of the types that results are made of.
+// PostgreSQL's OIDs of the types in results.
 enum TypeNumber {
   kBool = 16,
   kInt8 = 20,
@@ -26,7 +26,7 @@ enum TypeNumber {
 
 QString text(const char* utf8) { return QString::fromUtf8(utf8).trimmed(); }
 
-// The first letters of the engine's five-letter codes, for what a user can do something about.
+// Advice for errors that a user can correct, by the first characters of the SQLSTATE.
 QString advice(const QString& state) {
   const auto is = [&state](const char* start) { return state.startsWith(QLatin1String(start)); };
   if (is("08") || is("57P") || state.isEmpty())
@@ -43,7 +43,7 @@ QString advice(const QString& state) {
   return {};
 }
 
-// The numbers that the other engine has for the same faults.
+// The SQLite error numbers of the same faults.
 int numberOf(const QString& state) {
   constexpr std::pair<const char*, int> kNumbers[] = {{"23", 19}, {"55P03", 5},  {"55006", 5},
                                                       {"40", 5},  {"53100", 13}, {"3D000", 14},
@@ -61,7 +61,7 @@ StoreError describe(const QString& state, const QString& message, const QString&
                     QStringLiteral("%1 (%2: %3)").arg(help, database, postgresReason(state, message)));
 }
 
-// A value as the engine reads it; null stays null.
+// A value as text for libpq; null remains null.
 struct Bound {
   QByteArray text;
   bool isNull = false;
@@ -75,7 +75,7 @@ Bound bound(const QVariant& value) {
     return {QByteArray(digits, end - digits)};
   }
   if (value.typeId() == QMetaType::Bool) return {value.toBool() ? "-1" : "0"};
-  // The engine's texts end where the first NUL stands.
+  // PostgreSQL texts cannot contain NUL; cut there.
   QString string = value.toString();
   const bool isNull = string.isNull();
   return {string.remove(QChar(0)).toUtf8(), isNull};
@@ -92,7 +92,7 @@ QVariant cell(const PGresult* result, int row, int column) {
     case kBool:
       return QVariant(*value == 't' ? -1LL : 0LL);
     case kNumeric:
-      // The sum of whole numbers.
+      // A sum of integers.
       if (!std::strchr(value, '.')) return QVariant(static_cast<qlonglong>(std::strtoll(value, nullptr, 10)));
       return QVariant(QByteArray(value).toDouble());
     case kFloat4:
@@ -118,13 +118,13 @@ namespace {
 
 AskPassword askPassword;
 
-// Of the servers that asked, for as long as the process runs.
+// Passwords of the servers that required one, until the process ends.
 QHash<QString, QString>& passwords() {
   static QHash<QString, QString> known;
   return known;
 }
 
-// Why a server cannot be reached is told in words alone.
+// libpq reports only a text, no code, when a server cannot be reached.
 StoreError connectError(const QString& message, const QString& database) {
   const auto says = [&message](const char* words) { return message.contains(QLatin1String(words)); };
   const auto error = [&](int number, const QString& text) {
@@ -170,7 +170,7 @@ Connection::Connection(const Server& server, const QString& database)
       handle_.get(), [](void*, const char*) {}, nullptr);
 }
 
-// None was given, or a wrong one.
+// No password was given, or a wrong one.
 bool Connection::wantsPassword() const {
   if (PQstatus(handle_.get()) == CONNECTION_OK) return false;
   return PQconnectionNeedsPassword(handle_.get()) ||
@@ -188,7 +188,7 @@ void Connection::connect(const Server& server, const QString& password) {
       {"application_name", connectionName({}).toUtf8()},
       {"client_encoding", "UTF8"},
       {"connect_timeout", "5"},
-      // Lists are planned for the values that they are asked with; a company's indexes lie in memory.
+      // Statements are planned for their actual values; the indexes of a company fit in memory.
       {"options",
        "-c plan_cache_mode=force_custom_plan -c random_page_cost=1.1 -c client_min_messages=warning "
        "-c DateStyle=ISO"}};
@@ -212,7 +212,8 @@ Result Connection::checked(pg_result* raw) {
   if (status == PGRES_EMPTY_QUERY) throw StoreError(1, QStringLiteral("instructiunea este goala"));
   if (state && QLatin1String(state) == QLatin1String("0A000") && strstr(message, "cached plan"))
     throw PlanOutdated(1, text(message));
-  // The server's last word, or none at all: the interface itself may notice only at the next statement.
+  // The server has announced the end, or the connection is broken: libpq may notice only at the next
+  // statement.
   farewell_ =
       status == PGRES_FATAL_ERROR && (!state || QLatin1String(state).startsWith(QLatin1String("57P")));
   throw describe(QString::fromLatin1(state ? state : ""),
@@ -230,7 +231,7 @@ void Connection::prepare(const QByteArray& name, const QString& sql) {
 
 namespace {
 
-/// Values as the engine takes them, for as long as the object lives.
+/// Parameter values for libpq, valid while the object exists.
 class Bounds {
  public:
   explicit Bounds(const Values& values) {
@@ -263,7 +264,7 @@ Result Connection::execute(const QByteArray& name, const Values& values) {
 }
 
 int Connection::executeEach(const QByteArray& name, const std::vector<Values>& rows) {
-  // So few that their answers, which are read behind them, have room on their way.
+  // Small enough that the answers, which are read afterwards, fit in the socket buffers.
   constexpr size_t kAtOnce = 128;
   int changed = 0;
   for (size_t done = 0; done < rows.size(); done += kAtOnce)
@@ -280,7 +281,7 @@ int Connection::pipelined(const QByteArray& name, const Values* rows, size_t cou
   PQpipelineSync(handle_.get());
   int changed = 0;
   std::exception_ptr failure;
-  // An answer and a null for each; behind an error the rest say that they were not run.
+  // A result and a null for each statement; after an error the others report that they were not run.
   for (size_t i = 0; i < count; ++i) {
     try {
       changed += changedBy(checked(PQgetResult(handle_.get())));
@@ -301,7 +302,7 @@ void Connection::each(const QByteArray& name, const Values& values,
   const Bounds bounds(values);
   PQsendQueryPrepared(handle_.get(), name.constData(), bounds.count(), bounds.texts(), nullptr, nullptr, 0);
   PQsetSingleRowMode(handle_.get());
-  // What is left to read is read, so that the connection serves the next statement.
+  // Reads all remaining results, so that the connection is ready for the next statement.
   std::exception_ptr failure;
   while (pg_result* raw = PQgetResult(handle_.get())) {
     if (PQresultStatus(raw) == PGRES_SINGLE_TUPLE) {

@@ -1,5 +1,4 @@
-// A connection to a PostgreSQL server by its own C interface, the text of its errors, and what is done with
-// whole databases.
+// A connection to a PostgreSQL server through libpq, and the conversion of its results and errors.
 #pragma once
 
 #include <functional>
@@ -18,7 +17,7 @@ namespace velmar::postgres {
 
 using Result = std::unique_ptr<pg_result, void (*)(pg_result*)>;
 
-/// How a connection names itself to the server: program, computer, login.
+/// The application name of a connection: program, computer, login.
 QString connectionName(const QString& login);
 
 class Connection {
@@ -28,25 +27,25 @@ class Connection {
 
   /// Runs one statement without values. Throws StoreError.
   Result run(const QString& sql);
-  /// Prepares a statement, its marks "?", under that name.
+  /// Prepares a statement, with "?" for its parameters, under that name.
   void prepare(const QByteArray& name, const QString& sql);
   Result execute(const QByteArray& name, const Values& values);
-  /// Runs the statement for each row of values without waiting for one answer before the next question; gives
-  /// the number of rows changed. Throws the first error.
+  /// Runs the statement for each row of values in pipeline mode, without waiting for each answer; returns the
+  /// number of rows changed. Throws the first error.
   int executeEach(const QByteArray& name, const std::vector<Values>& rows);
-  /// Hands over the rows one by one, none of them kept.
+  /// Passes on the rows one by one without storing them.
   void each(const QByteArray& name, const Values& values,
             const std::function<void(std::vector<QVariant>&& cells)>& use);
   void forget(const QByteArray& name);
 
-  /// Whether an error has left a transaction in which nothing but undoing it is possible.
+  /// Whether an error has left a transaction that can only be rolled back.
   bool inFailedTransaction() const;
 
-  /// Makes a connection that was lost anew and tells whether it did: what was prepared on it is gone. Throws
-  /// StoreError while a transaction stands: what it did is gone as well, and nothing may follow it.
+  /// Reconnects if the connection was lost; returns whether it did, since prepared statements are then lost.
+  /// Throws StoreError inside a transaction, whose work is lost too and which must not continue.
   bool renewIfLost();
   bool isLost() const;
-  /// A transaction begins or ends.
+  /// To be called when a transaction begins or ends.
   void setInTransaction(bool in) { inTransaction_ = in; }
 
  private:
@@ -58,29 +57,29 @@ class Connection {
   std::unique_ptr<pg_conn, void (*)(pg_conn*)> handle_;
   QString database_;
   bool inTransaction_ = false;
-  bool farewell_ = false;  ///< the server said that it ends the connection
+  bool farewell_ = false;  ///< the server has announced that it closes the connection
 };
 
-/// The tables have changed since a statement was prepared: it has to be prepared anew.
+/// The tables have changed since a statement was prepared: it must be prepared again.
 class PlanOutdated : public StoreError {
  public:
   using StoreError::StoreError;
 };
 
-/// Spellings of column names by their small letters.
+/// Spellings of column names, by their names in lower case.
 using Spelling = QHash<QString, QString>;
 
-/// How the statement spells the columns that it gives: by their aliases, else as their tables are described.
+/// The spelling of the statement's result columns: by their aliases, otherwise as in the table description.
 Spelling spellingOf(const QString& sql);
 
-/// The rows of a result with the types that the other engine would give: whole numbers, doubles, texts, dates
-/// as ISO text. Columns that no spelling is known of keep their small letters.
+/// The rows of a result with the types that SQLite returns: whole numbers, doubles, texts, dates as ISO text.
+/// Columns without a known spelling stay in lower case.
 Recordset recordsetOf(const Result& result, const Spelling& spelling = {});
 
 /// The number of rows that the statement changed.
 int changedBy(const Result& result);
 
-/// The statement with the marks of this engine ($1, $2 ...).
+/// The statement with the parameter syntax of this engine ($1, $2 ...).
 QString withNumberedMarks(const QString& sql);
 
 }  // namespace velmar::postgres

@@ -12,7 +12,7 @@ namespace velmar::postgres {
 
 namespace {
 
-constexpr int kWriteLock = 0x564C4D52;  // locks of this kind are each database's own
+constexpr int kWriteLock = 0x564C4D52;  // advisory locks are separate for each database
 constexpr int kDraftLock = 0x564C4444;
 const QString kOldMark = QStringLiteral(".vechi");
 constexpr int kCopyWaitMs = 4000;
@@ -21,7 +21,7 @@ constexpr int kCompactWaitMs = 5000;
 constexpr int kLockWaitMs = 1000;
 constexpr int kBusy = 5;
 
-// Prepared when it is first run, and again on a connection that was made anew.
+// Prepared when it is first run, and again after a reconnection.
 class ServerStatement : public EngineStatement {
  public:
   ServerStatement(std::shared_ptr<Connection> connection, std::shared_ptr<int> generation, const QString& sql)
@@ -63,7 +63,7 @@ class ServerStatement : public EngineStatement {
     try {
       return connection_->execute(name_, values);
     } catch (const PlanOutdated&) {
-      // A transaction is lost with it; it can be begun again.
+      // An open transaction is lost with it; it can be started again.
       prepared_ = 0;
       if (connection_->inFailedTransaction()) throw;
       connection_->forget(name_);
@@ -80,7 +80,7 @@ class ServerStatement : public EngineStatement {
   int prepared_ = 0;
 };
 
-// The database that every server has, to do something with whole databases from.
+// A connection to the database that every server has, for commands on whole databases.
 Connection maintenance(const Server& server) { return {server, QStringLiteral("postgres")}; }
 
 QString quotedName(const QString& name) {
@@ -93,8 +93,8 @@ void createEmpty(const Server& server, const QString& name) {
                               .arg(quotedName(name)));
 }
 
-// The engine refuses to copy or rename a database that anybody is connected to, which the template is for
-// moments only, and a connection that was just closed a little longer.
+// The engine refuses to copy or rename a database with connections. Connections to the template are short,
+// but the server may keep a connection for a moment after it was closed: so this retries.
 void runWhenFree(const Server& server, const QString& sql) {
   Connection connection = maintenance(server);
   QElapsedTimer waited;
@@ -131,7 +131,7 @@ void ServerEngine::run(const QString& sql) {
     connection_->run(sql);
   } catch (const StoreError& error) {
     if (!commits || !connection_->isLost()) throw;
-    // Whether the server had done it when the answer was lost, nobody can tell from here.
+    // It is unknown whether the server had committed when the answer was lost.
     throw StoreError(
         error.number(),
         QStringLiteral("Legatura cu serverul s-a pierdut chiar in timpul salvarii. Verificati daca "
@@ -139,8 +139,8 @@ void ServerEngine::run(const QString& sql) {
   }
 }
 
-// One round trip. The server keeps the order of those who wait and wakes the next one at once. What a
-// transaction writes is found by keys, for which the plan made once serves as well as a new one.
+// One round trip. The server keeps waiting writers in order and wakes the next one at once. Transactions find
+// rows by keys, for which a generic plan is as good as a custom one.
 bool ServerEngine::tryBeginWrite() {
   if (connection_->renewIfLost()) ++*generation_;
   connection_->setInTransaction(true);
@@ -167,7 +167,7 @@ void ServerEngine::beginSnapshot() {
   connection_->setInTransaction(true);
 }
 
-// A round trip costs more than the rows that it carries.
+// A round trip costs more than the rows that it transfers.
 int ServerEngine::rowsPerInsert() const { return 128; }
 
 void ServerEngine::continueNumbering(const Table& table) {
@@ -181,7 +181,7 @@ void ServerEngine::continueNumbering(const Table& table) {
                    identifier(column.name), identifier(table.name())));
 }
 
-// The plan for any values: with nulls in their place every condition would fall away.
+// The generic plan: with nulls as values the conditions would be optimized away.
 QStringList ServerEngine::plan(const QString& sql) {
   static const QRegularExpression kMark(QStringLiteral("\\$\\d+"));
   const QByteArray name("velmar_plan");
@@ -193,7 +193,7 @@ QStringList ServerEngine::plan(const QString& sql) {
     try {
       connection_->forget(name);
     } catch (const StoreError&) {
-      // The connection is gone, and the statement with it.
+      // The connection is lost, and the statement with it.
     }
   });
   run(QStringLiteral("SET plan_cache_mode = force_generic_plan"));
@@ -204,16 +204,15 @@ QStringList ServerEngine::plan(const QString& sql) {
   return steps;
 }
 
-// A table is closed to the others while it is written anew, so it is waited for only so long. An empty one
-// stays as it is: the engine plans worse for a table that it knows to be empty than for one it knows nothing
-// of.
+// A table is locked while it is rewritten, so the wait for it is limited. An empty table is skipped: the
+// engine plans worse for a table known to be empty than for one without statistics.
 void ServerEngine::compact() {
   run(QStringLiteral("SET lock_timeout = %1").arg(kCompactWaitMs));
   const auto asBefore = qScopeGuard([this] {
     try {
       run(QStringLiteral("RESET lock_timeout"));
     } catch (const StoreError&) {
-      // The connection is gone, and its settings with it.
+      // The connection is lost, and its settings with it.
     }
   });
   for (const QString& table : filledTables()) run(QStringLiteral("VACUUM (FULL, ANALYZE) ") + table);
@@ -230,7 +229,7 @@ QStringList ServerEngine::filledTables() {
   return names;
 }
 
-// Indexes can answer alone only once the engine has seen that all rows are there for everybody.
+// Index-only scans require that VACUUM has marked all rows as visible.
 void ServerEngine::studyTables() {
   for (const QString& table : filledTables()) run(QStringLiteral("VACUUM (ANALYZE) ") + table);
 }
@@ -297,7 +296,7 @@ void dropAbandoned(const Server& server, const QString& name) {
   try {
     maintenance(server).run(QStringLiteral("DROP DATABASE IF EXISTS ") + quotedName(name));
   } catch (const StoreError&) {
-    // Somebody is connected to it.
+    // The database is in use.
   }
 }
 
@@ -305,7 +304,7 @@ void copyDatabase(const Server& server, const QString& from, const QString& to) 
   runWhenFree(server, QStringLiteral("CREATE DATABASE %1 TEMPLATE %2").arg(quotedName(to), quotedName(from)));
 }
 
-// Statements sent together are one transaction.
+// Statements sent together form one transaction.
 void replaceDatabase(const Server& server, const QString& from, const QString& to) {
   const QString rename = QStringLiteral("ALTER DATABASE %1 RENAME TO %2");
   const QString old = from + kOldMark;

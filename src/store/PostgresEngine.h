@@ -1,4 +1,4 @@
-// A company on a PostgreSQL server behind the interface of the store.
+// The engine for a company on a PostgreSQL server.
 #pragma once
 
 #include "store/Engine.h"
@@ -8,7 +8,7 @@ namespace velmar::postgres {
 
 class ServerEngine : public Engine {
  public:
-  /// Connects to the database, or makes it first. Throws StoreError.
+  /// Connects to the database, after creating it if `create` is set. Throws StoreError.
   ServerEngine(const Server& server, const QString& path, bool create);
 
   std::shared_ptr<EngineStatement> prepare(const QString& sql) override;
@@ -43,15 +43,15 @@ class ServerEngine : public Engine {
   void numberRows(const QString& table, const QString& column);
 
   std::shared_ptr<Connection> connection_;
-  std::shared_ptr<int> generation_;  ///< of the connection: what was prepared on an earlier one is gone
-  QHash<QString, std::shared_ptr<EngineStatement>> questions_;  ///< about the catalogue
+  std::shared_ptr<int> generation_;  ///< of the connection: statements prepared on an earlier one are lost
+  QHash<QString, std::shared_ptr<EngineStatement>> questions_;  ///< queries on the catalogue
 };
 
-/// Tells the other processes that this one is making the database, for as long as the object lives.
+/// Marks the database as being created by this process, while the object exists.
 class DraftLock {
  public:
   DraftLock(const Server& server, const QString& name);
-  /// Not while another process makes it.
+  /// False while another process creates it.
   bool isHeld() const { return held_; }
 
  private:
@@ -59,20 +59,20 @@ class DraftLock {
   bool held_ = false;
 };
 
-/// The databases of the server whose name is the prefix of the settings and what the regular expression
-/// tells.
+/// The databases of the server whose names are the prefix of the settings followed by a match of the regular
+/// expression.
 QStringList databasesLike(const Server& server, const QString& expression);
-/// Drops a draft, or what an exchange of databases left, unless somebody is making or using it.
+/// Drops an incomplete database, or the remainder of a replacement, unless somebody is creating or using it.
 void dropAbandoned(const Server& server, const QString& name);
 
 /// Whether the server has a database of that name.
 bool databaseExists(const Server& server, const QString& name);
-/// Makes a database from the template's, whole or not at all.
+/// Creates a database as a copy of another one, completely or not at all.
 void copyDatabase(const Server& server, const QString& from, const QString& to);
-/// Puts a database in the place of another one, which is gone then: both or neither. Throws StoreError when
-/// somebody is connected to either.
+/// Replaces the database `to` by `from`, which no longer exists under its own name afterwards; atomic. Throws
+/// StoreError when somebody is connected to either.
 void replaceDatabase(const Server& server, const QString& from, const QString& to);
-/// Gives a database another name; whoever is connected is sent away.
+/// Renames a database; connected users are disconnected.
 void renameDatabase(const Server& server, const QString& from, const QString& to);
 void dropDatabase(const Server& server, const QString& name);
 

@@ -1,11 +1,11 @@
-// The functions that a company's database on a server has, with the results that the same functions have in a
-// company file.
+// SQL functions of a company's database on a server; they return the same results as the functions of the
+// same names in a SQLite file.
 #pragma once
 
 namespace velmar::postgres {
 
-/// Texts without regard to case; rounding half to even of the shortest decimal that a double stands for; and
-/// whether a text reads as a number.
+/// Case-insensitive texts; rounding half to even of the shortest decimal that represents a double; whether a
+/// text is a number.
 inline constexpr const char* kFunctions[] = {
     "CREATE EXTENSION IF NOT EXISTS citext",
     "CREATE OR REPLACE FUNCTION round_even(amount double precision, decimals bigint) RETURNS double "

@@ -10,7 +10,7 @@ namespace velmar {
 
 namespace {
 
-// A cell as its column takes it.
+// A cell converted to the type of its column.
 Value stored(const QVariant& cell, const Column& column) {
   if (cell.isNull() || cell.toString().isEmpty()) return {};
   const bool isNumber = column.type == ColumnType::Integer || column.type == ColumnType::Real;
@@ -25,7 +25,7 @@ Value stored(const QVariant& cell, const Column& column) {
   return static_cast<qint64>(whole);
 }
 
-// The row as it will stand in the table, in the order of its columns.
+// The values to store, in the order of the row's columns.
 Values checkedValues(const Table& table, const Row& row) {
   requireWidths(table, row);
   Values values;

@@ -1,5 +1,5 @@
-// Single records of a table, written from a row that holds some of its columns: widths are checked, an empty
-// text goes in as null.
+// Single records of a table, written from a row that has some of its columns: widths are checked, an empty
+// text is stored as null.
 #pragma once
 
 #include <optional>
@@ -12,46 +12,45 @@ namespace velmar {
 /// A row of nulls with these columns, separated by blanks.
 Row rowOf(const QString& columns);
 
-/// A row with these columns and their values in `from`; null where that has no such column.
+/// A row with these columns and their values in `from`; null for columns that `from` does not have.
 Row rowOf(const QStringList& columns, const Row& from);
 
-/// The row's columns that the table has.
+/// The row, reduced to columns of the table.
 Row ofTable(const Table& table, const Row& row);
 
-/// The key, and what differs between the row as it was shown and as it stands now: written alone, it takes
-/// nothing back that another workstation has stored meanwhile.
+/// The key and the columns whose values differ from the row as it was shown. Writing only these does not
+/// overwrite changes that another workstation has stored meanwhile.
 Row changesOf(const Table& table, const Row& row, const Row& shown);
 
-/// Inserts the row. Its columns are columns of the table; the others take their defaults. Throws RuleError,
-/// naming the column, for a text that is too long.
+/// Inserts the row. Its columns are columns of the table; the others get their defaults. Throws RuleError
+/// with the column for a text that is too long.
 void insertRecord(const Table& table, const Row& row);
 
-/// Writes the row's columns over the record that has the row's key; gives whether there is one. Throws as
-/// insertRecord().
+/// Updates the record with the row's key; returns whether there is one. Throws as insertRecord().
 bool updateRecord(const Table& table, const Row& row);
 
 /// Writes one column of the record with that key, in a table with one key column; the key itself can be
 /// written too. Throws as insertRecord(), and gone() when there is no such record.
 void updateField(const Table& table, const Value& key, const QString& column, const Value& value);
 
-/// Deletes the record of a table with one key column; gives whether there was one.
+/// Deletes the record of a table with one key column; returns whether there was one.
 bool deleteRecord(const Table& table, const Value& key);
 
 /// The record of a table with one key column; an empty row (Row::isEmpty) when there is none.
 Row record(const Table& table, const Value& key);
 
-/// Reads a SELECT for many keys: `%1` in it stands for their list, `behind` holds the values that follow
-/// them. Some hundred keys go into a statement, and its order holds among their rows alone.
+/// Runs a SELECT for many keys: `%1` is replaced by their list, `behind` has the values after them. The keys
+/// are sent in groups of some hundred, so its ORDER BY applies only within a group.
 std::vector<Row> rowsOfKeys(const QString& sql, const QStringList& keys, const Values& behind = {});
 
 /// The error for a record that another workstation has deleted meanwhile.
 RuleError gone();
 
-/// The flag that "DA" or "NU", in any case, stands for. Throws RuleError for any other text.
+/// Converts "DA" or "NU", ignoring case, to a flag. Throws RuleError for any other text.
 bool typedFlag(const QString& text);
 
-/// The number in the column; null gives nothing. Throws RuleError with `message` when the column holds
-/// something that is no number.
+/// The number in the column; nothing for null. Throws RuleError with `message` when the column contains
+/// something other than a number.
 std::optional<Decimal> numberIn(const Row& row, const QString& column, const QString& message,
                                 const QString& title = {});
 

@@ -16,7 +16,7 @@ namespace {
 
 const QString kMark = QStringLiteral("-conexiune-");
 
-// The server tells of each connection how it named itself: program, computer, login.
+// The server reports the application name of each connection: program, computer, login.
 QList<Connection> connectionsOn(const Server& server, const QString& database) {
   postgres::Connection link(server, QStringLiteral("postgres"));
   link.prepare("roster",
@@ -63,7 +63,7 @@ QList<Connection> connections(const QString& databasePath) {
   for (const QFileInfo& entry : file.dir().entryInfoList({prefix + QLatin1Char('*')}, QDir::Files)) {
     QLockFile probe(entry.filePath());
     probe.setStaleLockTime(0);
-    if (probe.tryLock(0)) continue;  // its process is dead; the probe takes the file away
+    if (probe.tryLock(0)) continue;  // its process is dead; the probe removes the file
     qint64 process = 0;
     QString host;
     QString program;

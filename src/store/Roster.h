@@ -1,5 +1,5 @@
-// Who works in a company. Every process holds an entry beside a company file, which falls when the process
-// ends, however it ends; of a company on a server the server itself knows who is connected.
+// Who works in a company. Every process keeps a lock file beside the company file, which becomes invalid when
+// the process ends for any reason; for a company on a server, the server knows who is connected.
 #pragma once
 
 #include <memory>
@@ -17,7 +17,7 @@ struct Connection {
   QString suspectState;  ///< "-" when nothing is suspect
 };
 
-/// This process's place in the roster of a company file, for as long as the object lives.
+/// This process's entry in the roster of a company file, while the object exists.
 class RosterEntry {
  public:
   /// Throws StoreError when the folder cannot be written.

@@ -38,7 +38,7 @@ Columns::Columns(const QStringList& names) : names_(names) {
 }
 
 int Columns::indexOf(const QString& name) const {
-  // Most callers write the name as it stands; only the others pay for folding.
+  // Most callers use the exact name; only the others need case folding.
   const auto found = positions_.constFind(name);
   if (found != positions_.cend()) return *found;
   return positions_.value(name.toUpper(), -1);

@@ -1,5 +1,5 @@
-// Rows and record sets: results that have been read out completely, their columns found by name without
-// regard to case. Nothing above the store sees the toolkit's own query classes.
+// Rows and record sets: completely read results whose columns are accessed by name, ignoring case. Code
+// outside the store does not use Qt's query classes.
 #pragma once
 
 #include <functional>
@@ -14,7 +14,7 @@
 
 namespace velmar {
 
-/// A value on its way into a statement. There is no constructor from double: money travels as Decimal.
+/// A value to bind to a statement. There is no constructor from double: amounts are Decimal.
 class Value {
  public:
   Value() = default;                                           // null
@@ -30,7 +30,7 @@ class Value {
   Value(const QDateTime& moment);                              // NOLINT(google-explicit-constructor)
   Value(double) = delete;
 
-  /// A value as it came out of a record set.
+  /// A value as read from a record set.
   static Value raw(const QVariant& data);
   const QVariant& data() const { return data_; }
 
@@ -45,7 +45,7 @@ class Columns {
  public:
   explicit Columns(const QStringList& names);
   const QStringList& names() const { return names_; }
-  /// Position of the name in any case, -1 when there is none.
+  /// Position of the name, ignoring case; -1 if there is none.
   int indexOf(const QString& name) const;
 
  private:
@@ -68,11 +68,12 @@ class Row {
   void set(const QString& column, const Value& value);
 
   bool isNull(const QString& column) const { return value(column).isNull(); }
-  QString text(const QString& column) const;     ///< null gives ""
-  qint64 integer(const QString& column) const;   ///< null gives 0
-  Decimal decimal(const QString& column) const;  ///< null gives 0; text that is no number throws StoreError
-  bool flag(const QString& column) const;        ///< anything but 0 and null is true
-  QDate date(const QString& column) const;       ///< null gives an invalid date
+  QString text(const QString& column) const;    ///< "" for null
+  qint64 integer(const QString& column) const;  ///< null gives 0
+  Decimal decimal(
+      const QString& column) const;         ///< null gives 0; throws StoreError for text that is not a number
+  bool flag(const QString& column) const;   ///< true for anything except 0 and null
+  QDate date(const QString& column) const;  ///< an invalid date for null
   QDateTime moment(const QString& column) const;
 
   const QStringList& columns() const { return columns_->names(); }
@@ -96,7 +97,7 @@ class Recordset {
   auto end() const { return rows_.end(); }
   const QStringList& columns() const { return columns_->names(); }
 
-  /// Replaces each cell of the column by what `change` makes of it.
+  /// Replaces each cell of the column by the result of `change`.
   void transform(const QString& column, const std::function<QVariant(const QVariant&)>& change);
   void append(std::vector<QVariant> cells) { rows_.emplace_back(columns_, std::move(cells)); }
   std::vector<Row> takeRows() { return std::move(rows_); }
@@ -106,10 +107,10 @@ class Recordset {
   std::vector<Row> rows_;
 };
 
-/// A stored date as a date rather than its text; null stays null.
+/// Converts the text of a stored date to a date; null remains null.
 QVariant asDate(const QVariant& cell);
 
-/// The value; a null gives the default, which is 0 when none is given.
+/// The value, or the default if it is null.
 QVariant Nz(const QVariant& value, const QVariant& defaultValue = 0);
 
 }  // namespace velmar

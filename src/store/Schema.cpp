@@ -13,7 +13,7 @@ QString createStatement(const Table& table, const Engine& engine) {
   for (const Column& column : table.columns()) {
     QString part = engine.identifier(column.name) + QLatin1Char(' ') + engine.declaredType(column);
     if (table.keyColumns().contains(column.name) || column.required) part += QStringLiteral(" NOT NULL");
-    // A line that says nothing of its number is the document's line 0.
+    // A line without a number is line 0 of its document.
     if (table.keyColumns().size() > 1 && table.keyColumns().last() == column.name &&
         column.type == ColumnType::Integer)
       part += QStringLiteral(" DEFAULT 0");

@@ -1,5 +1,5 @@
-// The one description of a company's tables: it makes the template, tells a column's type, width and key, and
-// makes the indexes.
+// The single description of a company's tables: types, widths, keys and indexes. The template is created from
+// it.
 #pragma once
 
 #include <QStringList>
@@ -18,15 +18,15 @@ enum class ColumnType { Text, Integer, AutoNumber, Real, Boolean, Date, Time, Da
 struct Column {
   QString name;
   ColumnType type = ColumnType::Text;
-  int width = 0;             ///< characters a text may have; 0 is without limit
-  bool zeroDefault = false;  ///< a number that is 0 until written
-  bool required = false;     ///< never null, for what the type alone does not tell
-  QString fallback = {};     ///< a constant that stands until something is written, as statements take it
+  int width = 0;             ///< maximum length of a text; 0: no limit
+  bool zeroDefault = false;  ///< a number with the default 0
+  bool required = false;     ///< NOT NULL, where the type does not imply it
+  QString fallback = {};     ///< a constant default value, in SQL
 };
 
 struct Index {
   QStringList columns;
-  QString where;  ///< condition of a partial index, empty for all rows
+  QString where;  ///< condition of a partial index; empty: all rows
 };
 
 class Table {
@@ -34,11 +34,11 @@ class Table {
   explicit Table(const QString& name) : name_(name) {}
 
   Table& text(const QString& name, int width);
-  Table& texts(const QString& names, int width);  ///< names separated by blanks
+  Table& texts(const QString& names, int width);  ///< names separated by spaces
   Table& integers(const QString& names);
   Table& autoNumber(const QString& name);  ///< numbered by the engine; is the key
   Table& reals(const QString& names);
-  Table& zeroReals(const QString& names);  ///< 0 until written, never null
+  Table& zeroReals(const QString& names);  ///< default 0, never null
   Table& flags(const QString& names);      ///< -1 and 0, never null
   Table& dates(const QString& names);
   Table& times(const QString& names);
@@ -48,9 +48,9 @@ class Table {
   Table& add(const Column& column);
   Table& add(const Index& index);
   Table& keyOf(const QStringList& columns);
-  Table& rule(const QString& constraint);  ///< what else its rows must meet, as a table is declared with it
-  /// Indexes by which the highest number in a text key is found at once. The number stands behind a prefix of
-  /// that many characters and is counted apart for each value of the column `within`, if there is one.
+  Table& rule(const QString& constraint);  ///< a further constraint, in SQL
+  /// Indexes that find the highest number in a text key directly. The number follows a prefix of that many
+  /// characters and is counted separately for each value of the column `within`, if given.
   Table& numbered(const QString& column, int prefix = 0, const QString& within = {});
 
   const QString& name() const { return name_; }
@@ -58,10 +58,10 @@ class Table {
   const QStringList& keyColumns() const { return key_; }
   const std::vector<Index>& indexes() const { return indexes_; }
   const QStringList& rules() const { return rules_; }
-  /// The column of that name in any case, null when there is none.
+  /// The column of that name, ignoring case; null if there is none.
   const Column* column(const QString& name) const;
 
-  /// Whether the column of that name takes nulls.
+  /// Whether the column of that name can be null.
   bool isNullable(const QString& name) const;
 
   /// An empty row with all columns of the table.
@@ -80,35 +80,34 @@ class Table {
 /// All tables of a company file: master data, documents, ledgers and work tables.
 const std::vector<Table>& companyTables();
 
-/// The table of that name in any case. Throws StoreError when there is none.
+/// The table of that name, ignoring case. Throws StoreError if there is none.
 const Table& companyTable(const QString& name);
 
 /// The stored queries of a company.
 const std::vector<StoredStatement>& companyViews();
 
-/// The name of a table as a statement takes it: one with blanks stands in double quotes.
+/// The name of a table for use in a statement: quoted if it contains spaces.
 QString quoted(const QString& name);
 
-/// The statements that make the table and its indexes on that engine.
+/// The statements that create the table and its indexes on that engine.
 QStringList createStatements(const Table& table, const Engine& engine);
 
-/// Makes all tables, indexes and stored queries in an empty file.
+/// Creates all tables, indexes and stored queries in an empty database.
 void createCompanyTables(Database& database);
 
-/// Digits of a plain number that always fits a whole number.
+/// Number of digits that always fit a 64-bit integer.
 inline constexpr int kPlainDigits = 15;
-/// What stands behind the prefix of a key.
+/// SQL: the part of a key after the prefix.
 QString keyNumber(const QString& column, int prefix);
-/// The condition that a text is made of digits alone, or of nothing.
+/// SQL condition: the text consists only of digits, or is empty.
 QString plainNumber(const QString& text);
-/// The condition on a key column that what stands behind the prefix is no plain number of at most
-/// kPlainDigits.
+/// SQL condition: the part of a key after the prefix is not a plain number of at most kPlainDigits.
 QString oddNumber(const QString& column, int prefix);
 
-/// Throws RuleError, naming the column, when a text of the row is longer than its column allows.
+/// Throws RuleError with the column when a text of the row is longer than its column allows.
 void requireWidths(const Table& table, const Row& row);
 
-/// The parts of companyTables(), each in a source of its own.
+/// The parts of companyTables(), each in its own source file.
 std::vector<Table> masterTables();
 std::vector<Table> documentTables();
 std::vector<Table> ledgerTables();

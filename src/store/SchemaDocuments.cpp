@@ -12,7 +12,7 @@ constexpr int kNameWidth = 35;
 constexpr int kUnitWidth = 5;
 constexpr int kRemarkWidth = 45;
 
-// A header with what all kinds keep: number, warehouse, observations and the draft flag.
+// A header with the columns of all kinds: number, warehouse, observations and the flag VALIDAT.
 Table header(const QString& name, const QString& number, const QString& date, const QString& remark = "OBS") {
   return Table(name)
       .text(number, kNumberWidth)
@@ -24,7 +24,7 @@ Table header(const QString& name, const QString& number, const QString& date, co
       .index("Magazie " + date, "VALIDAT = 0");
 }
 
-// Lines with what all kinds keep.
+// Lines with the columns of all kinds.
 Table lines(const QString& name, const QString& number) {
   return Table(name)
       .text(number, kNumberWidth)
@@ -36,7 +36,7 @@ Table lines(const QString& name, const QString& number) {
       .key(number + " NRLINIE");
 }
 
-// BATVA and BATVA1 hold the code of a VAT rate on invoices and cash sales, and a percent, which may have
+// BATVA and BATVA1 contain the code of a VAT rate on invoices and cash sales, and a percent, which may have
 // decimals, on notes, orders, proformas and vouchers.
 std::vector<Table> salesTables() {
   return {

@@ -1,4 +1,4 @@
-// What has been validated, and the work tables that reports and corrections fill and empty.
+// Ledgers of validated documents, and the work tables of reports and corrections.
 #include "store/Schema.h"
 
 namespace velmar {
@@ -54,9 +54,9 @@ Table ledgerLines() {
       .reals("PROCRAB VALRAB")
       .text("PALET", 20)
       .key("DOCID LINIE")
-      // Stock by article and warehouse is read from this index alone.
+      // Covering index for the stock by article and warehouse.
       .index("ARTID CODMAG DOCID CANT CANTRAMASA")
-      // The lots of an article that have something left: few, however long its history.
+      // The open lots of an article: few, even if its history is long.
       .index("ARTID", "CANTRAMASA > 0")
       .index("REFERINTA", "REFERINTA IS NOT NULL");
 }
@@ -87,7 +87,7 @@ Table noteLines() {
       .text("TIPDOC", 2)
       .integers("TVAINC")
       .key("NDI NRLINIE")
-      // Turnovers and balances are summed from these indexes alone.
+      // Covering indexes for turnovers and balances.
       .index("CONT DATAINR DEBIT CREDIT")
       .index("TERT CONT DEBIT CREDIT", "TERT IS NOT NULL")
       .index("DOC PROV")

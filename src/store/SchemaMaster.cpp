@@ -123,7 +123,7 @@ Table articles() {
       .texts("TipAparat TipBaterie TipEmitator", 50)
       .reals("PretVanzare CompensareCAS")
       .key("CODART")
-      // The type-ahead search reads the articles from this index alone.
+      // Covering index for the type-ahead search.
       .index("DENART CODART CODPRODFUR")
       .index("CODPRODFUR")
       .index("FAMART");
@@ -153,7 +153,7 @@ std::vector<Table> masterTables() {
       chartOfAccounts("PLANBUG"), chartOfAccounts("PLANORG"),
       Table("kt_cote").integers("COD").text("CONT", 16).reals("PROCENT").key("COD"),
       Table("kt_val").text("COD", 3).text("TITLU", 30).key("COD"),
-      // A day may have several rates: the last one entered holds.
+      // A day may have several rates: the last one entered is valid.
       Table("kt_val2")
           .text("COD", 3)
           .dates("DATA")

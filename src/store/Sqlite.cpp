@@ -21,7 +21,7 @@ namespace {
 constexpr int kOpenWaitMs = 5000;
 constexpr int kOpenPauseMs = 20;
 
-// The engine's primary result codes that a user can do something about.
+// Advice for errors that a user can correct, by SQLite's primary result codes.
 QString advice(int code) {
   switch (code) {
     case SQLITE_BUSY:
@@ -78,8 +78,7 @@ bool isBusy(const QSqlError& error) {
   return code == SQLITE_BUSY || code == SQLITE_LOCKED;
 }
 
-// The last process to leave a file locks it for a moment while it puts it in order: that is worth waiting
-// for.
+// The last process that closes a file locks it briefly for the checkpoint: wait for it.
 QVariant pragma(const QSqlDatabase& connection, const QString& text, const QString& path) {
   QSqlQuery query(connection);
   QElapsedTimer waited;
@@ -91,7 +90,7 @@ QVariant pragma(const QSqlDatabase& connection, const QString& text, const QStri
   return query.next() ? query.value(0) : QVariant();
 }
 
-// The engine's own limit.
+// SQLite's limit for the length of a path.
 void requireShortPath(const QString& path) {
   constexpr int kLongest = 500;
   if (QFile::encodeName(QFileInfo(path).absoluteFilePath()).size() > kLongest)
@@ -100,7 +99,7 @@ void requireShortPath(const QString& path) {
         QStringLiteral("Calea %1 este prea lunga. Alegeti un folder cu o cale mai scurta.").arg(path));
 }
 
-// With an authority that is empty, whatever slashes the path begins with.
+// With an empty authority, however many slashes the path begins with.
 QString uriOf(const QString& path) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
   return QStringLiteral("file://") + (absolute.startsWith(u'/') ? "" : "/") +
@@ -165,13 +164,13 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
   pragma(connection, QStringLiteral("synchronous=FULL"), path);
   pragma(connection, QStringLiteral("cache_size=-65536"), path);
   pragma(connection, QStringLiteral("temp_store=MEMORY"), path);
-  // A large voucher touches some 400 pages. The usual 1000 would make every third one carry the whole journal
-  // into the file while its user waits; 4000 pages are 16 MB on the disk.
+  // A large voucher writes some 400 pages. With the default of 1000, every third one would checkpoint the
+  // journal while its user waits; 4000 pages are 16 MB on disk.
   pragma(connection, QStringLiteral("wal_autocheckpoint=4000"), path);
   return connection;
 }
 
-// The journal can be given up by the last connection only.
+// Only the last connection can leave WAL mode.
 bool isInUse(const QString& path) {
   const QString name = QStringLiteral("velmar-in-use");
   bool used = false;

@@ -46,7 +46,7 @@ void FileEngine::run(const QString& sql) {
 
 bool FileEngine::tryBeginWrite() { return sqlite::tryBeginWrite(connection_, path_); }
 
-// The snapshot is that of the first reading.
+// The snapshot is taken by the first read.
 void FileEngine::beginSnapshot() {
   run(QStringLiteral("BEGIN"));
   QSqlQuery first(connection_);
@@ -64,7 +64,7 @@ QStringList FileEngine::plan(const QString& sql) {
 
 void FileEngine::compact() {
   run(QStringLiteral("PRAGMA busy_timeout = %1").arg(kCompactWaitMs));
-  // The new file is first written beside the old one, and that may be more than memory holds.
+  // VACUUM first writes the whole database to temporary storage, which may be too large for memory.
   run(QStringLiteral("PRAGMA temp_store = FILE"));
   const auto asBefore = qScopeGuard([this] {
     QSqlQuery query(connection_);
@@ -72,8 +72,7 @@ void FileEngine::compact() {
     query.exec(QStringLiteral("PRAGMA busy_timeout = %1").arg(kBusyTimeoutMs));
   });
   run(QStringLiteral("VACUUM"));
-  // Until now the compacted file stands in the journal. While a colleague reads it stays there a little
-  // longer.
+  // So far the compacted file is only in the journal. It remains there while another process reads.
   run(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
 }
 
@@ -85,7 +84,7 @@ void FileEngine::requireWhole() {
 
 namespace {
 
-// Tells how large the file has grown each time the engine comes by; ours as long as the object lives.
+// Reports the growing size of the file from the engine's progress callback, while the object exists.
 class CopyWatch {
  public:
   CopyWatch(sqlite3* connection, const QString& from, const QString& to, const EngineProgress& progress)
@@ -97,7 +96,7 @@ class CopyWatch {
   CopyWatch(const CopyWatch&) = delete;
   CopyWatch& operator=(const CopyWatch&) = delete;
 
-  /// What the listener threw, if it did.
+  /// The exception of the listener, if it threw.
   std::exception_ptr stop() const { return stop_; }
 
  private:
@@ -155,7 +154,7 @@ QString FileEngine::declaredType(const Column& column) const {
   return {};
 }
 
-// Lines lie beside the other lines of their document, found by one descent.
+// Lines are stored next to the other lines of their document and found by one index lookup.
 QString FileEngine::clusteredSuffix() const { return QStringLiteral(" WITHOUT ROWID"); }
 
 }  // namespace velmar::sqlite

@@ -1,4 +1,4 @@
-// A company file of SQLite behind the interface of the store.
+// The engine for a company in a SQLite file.
 #pragma once
 
 #include <QSqlDatabase>
@@ -9,7 +9,7 @@ namespace velmar::sqlite {
 
 class FileEngine : public Engine {
  public:
-  /// Opens the file, or makes it. Throws StoreError.
+  /// Opens the file, or creates it. Throws StoreError.
   FileEngine(const QString& path, bool create);
   ~FileEngine() override;
 

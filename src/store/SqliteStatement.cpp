@@ -23,7 +23,7 @@ int bindOne(sqlite3_stmt* statement, int position, const QVariant& value) {
                                  static_cast<sqlite3_uint64>(bytes.size()), SQLITE_TRANSIENT);
     }
     default: {
-      // The toolkit tells a null text from an empty one, and what was read as null is stored as null again.
+      // Qt distinguishes a null text from an empty one; a value read as null is stored as null again.
       const QString string = value.toString();
       if (string.isNull()) return sqlite3_bind_null(statement, position);
       const QByteArray text = string.toUtf8();
@@ -101,7 +101,8 @@ int Statement::run(const Values& values) {
 void Statement::reset() { sqlite3_reset(statement_.get()); }
 
 std::shared_ptr<const Columns> Statement::columns() {
-  // The engine prepares by itself anew after the tables have changed, perhaps with other columns.
+  // After a change of the tables the engine prepares the statement again by itself, possibly with other
+  // columns.
   const int preparations = sqlite3_stmt_status(statement_.get(), SQLITE_STMTSTATUS_REPREPARE, 0);
   if (columns_ && preparations == preparations_) return columns_;
   QStringList names;

@@ -1,5 +1,5 @@
-// A prepared statement by the engine's own C interface: a validation binds thousands of values, and the
-// toolkit's query class took half of its time.
+// A prepared statement through SQLite's C interface: a validation binds thousands of values, and Qt's query
+// class took half of its time.
 #pragma once
 
 #include <memory>
@@ -14,19 +14,19 @@ namespace velmar::sqlite {
 
 class Statement : public EngineStatement {
  public:
-  /// Throws StoreError when the text is no single statement of the engine. `path` names the file in messages.
+  /// Throws StoreError when the text is not exactly one statement. `path` names the file in messages.
   Statement(sqlite3* connection, const QString& sql, const QString& path);
 
   Recordset query(const Values& values) override;
   void each(const Values& values, const EachRow& use) override;
   int run(const Values& values) override;
 
-  /// Binds a value for each mark. Throws StoreError when their numbers differ.
+  /// Binds a value for each parameter. Throws StoreError when their numbers differ.
   void bind(const Values& values);
 
-  /// Runs to the next row; whether there is one. Throws StoreError.
+  /// Steps to the next row; returns whether there is one. Throws StoreError.
   bool step();
-  /// Gives up what is left to read, so that no read lock stays.
+  /// Discards unread rows, so that no read lock remains.
   void reset();
 
   /// The columns of the result, once the statement has stepped.
@@ -41,7 +41,7 @@ class Statement : public EngineStatement {
   std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> statement_;
   QString path_;
   std::shared_ptr<const Columns> columns_;
-  int preparations_ = 0;  ///< how often the engine prepared anew when columns_ was read
+  int preparations_ = 0;  ///< the engine's count of re-preparations when columns_ was read
 };
 
 }  // namespace velmar::sqlite

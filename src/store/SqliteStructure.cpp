@@ -1,6 +1,5 @@
-// The structure of a company file: what its catalogue tells, and how a table gets another shape. The engine
-// can only add columns to a table that stands, so every other change makes the table anew and moves the rows
-// over.
+// The structure of a company file: reading its catalogue, and changing the shape of a table. SQLite can only
+// add columns to an existing table; every other change creates a new table and copies the rows.
 #include <sqlite3.h>
 #include <QMap>
 #include <QRegularExpression>
@@ -13,7 +12,7 @@ namespace velmar::sqlite {
 
 namespace {
 
-// The catalogue keeps the type, but how a text sorts is known to the C interface alone.
+// The catalogue contains the type, but only the C interface returns the collation.
 QString collationOf(sqlite3* handle, const QString& table, const QString& column) {
   const char* collation = nullptr;
   sqlite3_table_column_metadata(handle, "main", table.toUtf8().constData(), column.toUtf8().constData(),
@@ -22,7 +21,7 @@ QString collationOf(sqlite3* handle, const QString& table, const QString& column
   return name.isEmpty() || name == QStringLiteral("BINARY") ? QString() : QStringLiteral("COLLATE ") + name;
 }
 
-// The kinds of values that the engine keeps in a column of that type once it has brought them to it.
+// The storage classes of values in a column of that type, after the engine's conversion.
 QString kindsOf(const ColumnShape& column) {
   const QString type = column.type.toUpper();
   if (type.contains(QStringLiteral("INT"))) return QStringLiteral("'integer'");
@@ -36,7 +35,7 @@ bool isRetyped(const ColumnShape& from, const ColumnShape& to) {
   return from.type != to.type || from.attributes != to.attributes;
 }
 
-// An empty text is no number, and a whole number reads as one: 19, not 19.0.
+// An empty text is not a number, and an integer has no decimals as a text: 19, not 19.0.
 QString converted(const ColumnShape& from, const ColumnShape& to) {
   const QString name = quotedIdentifier(from.name);
   if (!isRetyped(from, to)) return name;
@@ -48,7 +47,7 @@ QString converted(const ColumnShape& from, const ColumnShape& to) {
       .arg(name);
 }
 
-// The engine keeps dates and times as texts; which columns hold them is told by the description alone.
+// SQLite stores dates and times as texts; only the description says which columns contain them.
 bool isMoment(const QString& tableName, const QString& columnName) {
   for (const Table& table : companyTables()) {
     if (table.name().compare(tableName, Qt::CaseInsensitive) != 0) continue;
@@ -71,8 +70,8 @@ QString misfit(const ColumnShape& column, bool moment) {
   return condition + u')';
 }
 
-// Columns behind those that stand, which the engine can add by itself: optional ones, or with a plain
-// default.
+// Whether the change only adds columns at the end that ALTER TABLE can add: nullable ones, or ones with a
+// constant default.
 bool onlyAdds(const TableShape& from, const TableShape& to) {
   if (from.key != to.key || from.columns.size() > to.columns.size()) return false;
   for (size_t i = 0; i < to.columns.size(); ++i) {
@@ -86,8 +85,7 @@ bool onlyAdds(const TableShape& from, const TableShape& to) {
   return true;
 }
 
-// The conditions that the statement of a table declares, in any place of it: CHECK and the brackets behind
-// it.
+// The CHECK constraints anywhere in a CREATE TABLE statement: CHECK and the parentheses after it.
 QStringList checksIn(const QString& statement) {
   static const QRegularExpression kToken(
       QStringLiteral(
@@ -95,7 +93,7 @@ QStringList checksIn(const QString& statement) {
       QRegularExpression::DotMatchesEverythingOption);
   QStringList checks;
   int depth = 0;
-  int from = -1;  // where the brackets of a condition begin
+  int from = -1;  // start of the parentheses of a condition
   int outside = 0;
   bool expected = false;
   for (auto tokens = kToken.globalMatch(statement); tokens.hasNext();) {
@@ -114,7 +112,7 @@ QStringList checksIn(const QString& statement) {
   return checks;
 }
 
-// The catalogue gives an expression without the brackets that it needs to be declared.
+// The catalogue returns a default expression without the parentheses that a declaration needs.
 QString declarable(const QString& fallback) {
   if (fallback.isEmpty() || fallback.startsWith(u'\'')) return fallback;
   for (const QChar c : fallback)
@@ -205,7 +203,7 @@ std::optional<ColumnType> FileEngine::kindOf(const TableShape& table, const Colu
   const QString type = column.type.toUpper();
   if (type == QStringLiteral("INTEGER") && table.key == QStringList(column.name) && table.suffix.isEmpty())
     return ColumnType::AutoNumber;
-  // In the engine's own order, which is that of the first that fits.
+  // In the order of SQLite's rules for type affinity: the first match counts.
   constexpr std::pair<const char*, ColumnType> kKinds[] = {
       {"INT", ColumnType::Integer},  {"CHAR", ColumnType::Text},         {"CLOB", ColumnType::Text},
       {"TEXT", ColumnType::Text},    {"REAL", ColumnType::Real},         {"FLOA", ColumnType::Real},
@@ -282,7 +280,7 @@ void FileEngine::rebuild(const TableShape& from, const TableShape& to) {
   for (const StoredStatement& follower : followers) run(follower.statement);
 }
 
-// The engine takes any value into any column, and only seeks to bring it to the column's type.
+// SQLite accepts any value in any column and only tries to convert it to the column's type.
 void FileEngine::requireConverted(const QString& table, const ColumnShape& column, bool moment) {
   const Recordset misfits =
       ask(QStringLiteral("SELECT %1 AS misfit FROM %2 WHERE %3 LIMIT 1")

@@ -9,7 +9,7 @@
 #include "util/Clock.h"
 #include "util/Errors.h"
 
-// The macro declares a function, which the resource compiler puts outside every namespace.
+// The macro declares a function of the resource compiler, which is in the global namespace.
 static void loadTemplateResource() { Q_INIT_RESOURCE(template_data); }
 
 namespace velmar {

@@ -1,5 +1,5 @@
 // The rows of the template: charts of accounts, VAT rates, currencies, journals, operations, parameters, the
-// first user. They lie as tab-separated files, one a table, in src/store/template.
+// first user. They are in tab-separated files, one for each table, in src/store/template.
 #pragma once
 
 namespace velmar {

@@ -39,7 +39,7 @@ void copyFile(const QString& from, const QString& to) {
   QFile::setPermissions(to, QFile::permissions(to) | QFile::ReadOwner | QFile::WriteOwner);
 }
 
-// A copy that was cut or damaged tells so now, and a file that only looks like a company of ours.
+// Detects a truncated or damaged copy, and a file that only looks like a company.
 void requireWholeCompany(Database& company) {
   company.requireWhole();
   const QStringList tables = company.engine().tables();
@@ -54,7 +54,7 @@ void requireWholeCompany(Database& company) {
                                        .arg(QDir::toNativeSeparators(company.path())));
 }
 
-// A company that somebody works in has its latest changes beside its file.
+// While somebody works in a company, its latest changes are in a side file.
 void requireNoJournal(const QString& file) {
   for (const QString& side : sqlite::sideFiles(file))
     if (QFileInfo(side).size() > 0)
@@ -74,7 +74,7 @@ void refuse(const QList<Connection>& others) {
                   kExclamation);
 }
 
-// A server takes a moment to forget a connection that was closed.
+// A server reports a closed connection for a moment longer.
 void requireNobody(const QString& company) {
   QElapsedTimer waited;
   waited.start();
@@ -82,13 +82,12 @@ void requireNobody(const QString& company) {
   while (!(others = connections(company)).isEmpty() && waited.elapsed() < kFarewellMs)
     QThread::msleep(kFarewellPauseMs);
   if (!others.isEmpty()) refuse(others);
-  // Somebody who is just logging in has the file open and is not in the roster yet.
+  // A user who is just logging in has the file open but is not in the roster yet.
   if (!serverOf(QFileInfo(company).path()) && sqlite::isInUse(company))
     refuse({{"calculator necunoscut", {}, true, "-"}});
 }
 
-// A copy that an older program made, or that lost something, gets this program's structure before anybody
-// works in it.
+// A copy made by an older program, or with an incomplete structure, is upgraded before anybody works in it.
 void bringUpToDate(const QString& copy) {
   const Workshop model(QDir::tempPath(), kStagePrefix);
   bringTemplateUpToDate(model.path());
@@ -112,7 +111,7 @@ void fillFrom(const QString& file, const QString& draft, const CopyProgress& pro
     requireWholeCompany(*Database::open(draft));
     return bringUpToDate(draft);
   }
-  // Opened where it lies, the file might be taken for a database of the server, and opening it may write.
+  // In its own folder the file could be taken for a database on the server, and opening it may write to it.
   const Workshop stage(QDir::tempPath(), kStagePrefix);
   const QString staged = stage.filePath(QFileInfo(file).fileName());
   copyFile(file, staged);
@@ -136,7 +135,7 @@ QString savedCopyName(const QString& companyName, const QString& fileName, const
 
 void saveCompany(const QString& company, const QString& file, const CopyProgress& progress) {
   const QFileInfo target(file);
-  // In a folder of its own, where no settings of a server can claim the draft.
+  // In a separate folder without the settings of a server.
   const Workshop workshop(target.path(), QStringLiteral(".salvare-"));
   const QString draft = workshop.filePath(target.fileName());
   {

@@ -11,7 +11,7 @@ namespace velmar {
 
 namespace {
 
-// Longer than a process takes from making its folder to locking it.
+// Longer than a process needs between creating its folder and locking it.
 constexpr int kYoungSeconds = 60;
 
 std::unique_ptr<QLockFile> lockOf(const QString& folder) {
@@ -28,7 +28,7 @@ void sweep(const QFileInfo& folder) {
     try {
       removeDatabasesOf(folder.filePath());
     } catch (const StoreError&) {
-      return;  // the server does not answer; the folder tells the next one
+      return;  // the server does not answer; the folder is kept for the next call
     }
   }
   QDir(folder.filePath()).removeRecursively();

@@ -1,5 +1,5 @@
-// A folder in which something is made apart until it is whole. One that a killed process left behind goes
-// when the next one is made there.
+// A temporary folder in which something is created until it is complete. A folder left by a killed process is
+// removed when the next one is created.
 #pragma once
 
 #include <memory>
@@ -11,8 +11,8 @@ namespace velmar {
 
 class Workshop {
  public:
-  /// Makes a folder in `folder` whose name begins with `prefix`, and removes those of dead processes. Throws
-  /// StoreError when that folder cannot be written.
+  /// Creates a folder in `folder` whose name begins with `prefix`, and removes those of dead processes.
+  /// Throws StoreError when `folder` is not writable.
   Workshop(const QString& folder, const QString& prefix);
 
   QString path() const { return dir_.path(); }
@@ -20,11 +20,12 @@ class Workshop {
 
  private:
   QTemporaryDir dir_;
-  std::unique_ptr<QLockFile> lock_;  ///< tells the others that this process lives; goes before the folder
+  std::unique_ptr<QLockFile>
+      lock_;  ///< shows other processes that this one is running; destroyed before the folder
 };
 
-/// Removes the folders of that prefix whose processes are dead, with their databases on a server. What cannot
-/// be removed stays for the next time.
+/// Removes the folders with that prefix whose processes are dead, with their databases on a server. What
+/// cannot be removed now is left for the next call.
 void sweepWorkshops(const QString& folder, const QString& prefix);
 
 }  // namespace velmar

@@ -14,7 +14,7 @@ bool sameName(const QString& one, const QString& other) {
   return one.compare(other, Qt::CaseInsensitive) == 0;
 }
 
-// Two statements for the same thing, however they are spelt.
+// Whether two statements are the same except for spelling.
 bool sameStatement(const QString& one, const QString& other) {
   const auto plain = [](QString text) { return text.remove(u'"').simplified().remove(u' ').toLower(); };
   return plain(one) == plain(other);
@@ -38,7 +38,7 @@ void clsCompareBD::Compara(const Progress& progress) {
   const QStringList present = company->engine().tables();
   const int count = static_cast<int>(tables_.size());
   int done = 0;
-  // The parameters' `ID` with its key is a column like any other here.
+  // The column `ID` of the parameters and its key are handled like any other column.
   for (const TableParts& table : tables_) {
     const auto found = std::find_if(present.begin(), present.end(), [&table](const QString& name) {
       return sameName(name, table.shape.name);
@@ -53,7 +53,8 @@ void clsCompareBD::Compara(const Progress& progress) {
   transaction.commit();
 }
 
-// Read out and closed before the company is touched: on a server nobody can make a company meanwhile.
+// Reads the template and closes it before the company is changed: on a server no company can be created while
+// it is open.
 void clsCompareBD::readTemplate() {
   const auto source = Database::open(templatePath_);
   Engine& engine = source->engine();
@@ -76,7 +77,7 @@ void clsCompareBD::CompareTables(const TableParts& wanted, const QString& name) 
   CompareKeys(wanted.shape, found, target);
   if (!(target == found)) {
     setViewsAside();
-    // The condition of an index may not read with the new type.
+    // The condition of an index may be invalid for the new type.
     if (retyped) dropIndexes(wanted, name);
     company_->engine().reshape(found, target);
   }
@@ -89,7 +90,7 @@ bool clsCompareBD::CompareFields(const ColumnShape& wanted, ColumnShape& own) co
   const bool narrower = texts && room(wanted) < room(own);
   const bool differs = wanted.declaredType() != own.declaredType() && !narrower;
   if (differs) ModifyField(wanted, own);
-  // A default that only the company has serves it.
+  // A default that only the company has is kept.
   if (!wanted.fallback.isEmpty()) own.fallback = wanted.fallback;
   own.required = wanted.required;
   return differs;
@@ -144,7 +145,7 @@ void clsCompareBD::CopiazaObiect(const TableParts& table) {
   for (const StoredStatement& index : table.indexes) company_->engine().run(index.statement);
 }
 
-// Neither engine changes a table that a stored query stands on.
+// Neither engine can change a table that a stored query uses.
 void clsCompareBD::setViewsAside() {
   if (!aside_.empty()) return;
   aside_ = company_->engine().views();
@@ -152,8 +153,8 @@ void clsCompareBD::setViewsAside() {
     company_->engine().run(QStringLiteral("DROP VIEW ") + quotedIdentifier(view->name));
 }
 
-// A stored query that the company has under the name stays as it is. Names that differ by case alone are one
-// name to an engine.
+// An existing stored query of the same name is not changed. Engines treat names that differ only in case as
+// equal.
 void clsCompareBD::CompareViews() {
   Engine& engine = company_->engine();
   for (const StoredStatement& view : std::exchange(aside_, {})) engine.run(view.statement);

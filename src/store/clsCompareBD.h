@@ -1,5 +1,5 @@
-// Brings the structure of a company to that of the template: tables, columns, types, widths, required marks,
-// keys, indexes and stored queries. All or nothing, and what only the company has stays.
+// Upgrades the structure of a company to that of the template: tables, columns, types, widths, NOT NULL,
+// keys, indexes and stored queries. All or nothing; what only the company has is kept.
 #pragma once
 
 #include <functional>
@@ -18,12 +18,11 @@ class clsCompareBD {
   clsCompareBD(const QString& company, const QString& templatePath)
       : companyPath_(company), templatePath_(templatePath) {}
 
-  /// Hears how many tables of how many are done; throws Cancelled to stop.
+  /// Called with the number of tables done and the total; throws Cancelled to stop.
   using Progress = std::function<void(int done, int of)>;
 
-  /// The whole run, in one transaction of its own connection. Throws StoreError, and then the company is as
-  /// it was; likewise Cancelled, when `progress` stops it or the user gave up waiting for another one's work
-  /// to end.
+  /// Runs the upgrade in one transaction on its own connection. Throws StoreError, or Cancelled when
+  /// `progress` stops it or the user stops waiting for the write lock; the company is then unchanged.
   void Compara(const Progress& progress = {});
 
  private:
@@ -34,7 +33,7 @@ class clsCompareBD {
 
   void readTemplate();
   void CompareTables(const TableParts& wanted, const QString& name);
-  /// Whether the column got another type or width.
+  /// Changes the type or width if it differs, but never narrows a text; returns whether it changed.
   bool CompareFields(const ColumnShape& wanted, ColumnShape& own) const;
   void ModifyField(const ColumnShape& wanted, ColumnShape& own) const;
   void AdaugaCamp(TableShape& table, const ColumnShape& wanted) const;
@@ -50,8 +49,8 @@ class clsCompareBD {
   QString templatePath_;
   std::vector<TableParts> tables_;      ///< the template's
   std::vector<StoredStatement> views_;  ///< the template's
-  Database* company_ = nullptr;         ///< while the run lasts
-  std::vector<StoredStatement> aside_;  ///< the company's own, until they can stand again
+  Database* company_ = nullptr;         ///< during Compara()
+  std::vector<StoredStatement> aside_;  ///< the company's own, until they can be created again
 };
 
 }  // namespace velmar
