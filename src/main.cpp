@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("velmar"));
   QApplication::setApplicationVersion(QStringLiteral(VELMAR_VERSION));
   QApplication::setDesktopFileName(QStringLiteral("velmar"));
-  // The splash and the login close before the next window stands.
+  // The splash and the login close before the next window is open.
   QApplication::setQuitOnLastWindowClosed(false);
   velmar::applyLook(application);
 

@@ -1,5 +1,5 @@
 // velmar_move: copies a company from one databases folder to another, from files to a server or back, and
-// proves that the copy is the company. Run without arguments it says how.
+// verifies the copy. Without arguments it prints its usage.
 #include <cstdio>
 #include <QCoreApplication>
 #include <QTextStream>

@@ -1,4 +1,4 @@
-// Makes the sample company in the user's databases folder, so that a newcomer finds something to look at.
+// Creates the sample company in the user's databases folder, as an example for new users.
 #include <cstdio>
 #include <QCoreApplication>
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-// Nobody sits in front of this program: what would be a message ends it.
+// This program has no user interface: a message becomes an exception that ends it.
 class NoMessages : public velmar::MessageSink {
  public:
   int show(const velmar::Message& message) override { throw velmar::RuleError(message.text); }

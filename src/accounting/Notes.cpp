@@ -14,12 +14,12 @@ const QString kOurs = QStringLiteral("G");
 const QString kAccountMissing =
     QStringLiteral("Nu au fost stabilite toate conturile necesare la configurarea societatii !");
 
-// One grouping of a document's lines: what is summed, over which articles, by what.
+// One grouping of a document's lines: what is summed, for which articles, grouped by which columns.
 struct Totals {
   const char* key;
   const char* lineTable;
   const char* numberColumn;
-  const char* groups;  ///< account columns, and what else is told apart
+  const char* groups;  ///< account columns and further grouping columns
   const char* total;   ///< what is summed
   const char* vat = nullptr;
   const char* articles = nullptr;  ///< condition
@@ -28,7 +28,7 @@ struct Totals {
 constexpr auto kGoods = "G_ARTMAG.PROVENIENTA = 'M' AND G_ARTMAG.FARASTOC = 0";
 constexpr auto kAllGoods = "G_ARTMAG.PROVENIENTA = 'M'";
 constexpr auto kProducts = "G_ARTMAG.PROVENIENTA = 'P' AND G_ARTMAG.FARASTOC = 0";
-// The cost of goods that come back leaves the accounts again.
+// The cost of returned goods is posted with the opposite sign.
 constexpr auto kSignedCost = "CASE WHEN L.CANT < 0 THEN -ABS(L.COST) ELSE L.COST END";
 constexpr auto kExpenseAndGoods = "CONTCHELT CONTSTOCMARFA";
 
@@ -39,7 +39,7 @@ constexpr Totals kTotals[] = {
     {"G_LBONCONFIFO", "G_LBONCON", "NUMAE", kExpenseAndGoods, "L.VALOAREFT"},
     {"G_LFACCL_VEN", "G_LFACCL", "NUMFAC", "CONTVEN", "L.VALOAREFT", "L.VALOARETVA"},
     {"G_LFACCL_M_COST", "G_LFACCL", "NUMFAC", kExpenseAndGoods, kSignedCost, nullptr, kGoods},
-    // The quantity tells groups apart: a pair of rows for each.
+    // Grouped by quantity too: one pair of rows for each quantity.
     {"G_LFACCL_M_COSTFIFO", "G_LFACCL", "NUMFAC", "CONTCHELT CONTSTOCMARFA L.CANT", kSignedCost, nullptr,
      kGoods},
     {"G_LFACCL_P_COST", "G_LFACCL", "NUMFAC", "CONTSTOCPROD", kSignedCost, nullptr, kProducts},
@@ -55,7 +55,7 @@ const Totals& totalsOf(const QString& key) {
   throw StoreError(0, QStringLiteral("Lipseste totalul %1").arg(key));
 }
 
-// Sums carry what binary addition left behind far below a ban; the rounding takes it away and nothing else.
+// Removes the errors of binary addition, which are far smaller than a ban (0.01 lei).
 QString summed(const char* expression, const char* name) {
   return QStringLiteral("ROUND_EVEN(SUM(%1), 10) AS %2").arg(QLatin1String(expression), QLatin1String(name));
 }
@@ -81,7 +81,7 @@ QString statementOf(const Totals& totals) {
            order.join(QStringLiteral(", ")));
 }
 
-// The columns of every note, and behind them those of the forms that the notes use.
+// The columns of every note, then those that some of the notes use.
 QStringList columnsOf(const std::vector<Note>& notes) {
   QStringList columns{"NDI",        "NRLINIE", "JURNAL",        "DATAINR", "CONT", "EXPL",
                       "DEBIT",      "CREDIT",  "DOC",           "MARCA",   "COD",  "PROV",

@@ -1,4 +1,5 @@
-// Accounting notes: the rows of kt_linii with one NDI. Each row has its account, and debit equals credit.
+// Accounting notes: the rows of kt_linii with one NDI. Every row has an account; total debit equals total
+// credit.
 #pragma once
 
 #include <QDate>
@@ -36,20 +37,20 @@ struct Note {
   Value vatOnCollection;  ///< TVAINC
 };
 
-/// Writes the notes with the next NDIs and gives the first. PROV is "G". Throws RuleError when a row has no
-/// account, StoreError when debit and credit differ. A note without rows is not written and takes no number;
-/// gives 0 when none was written.
+/// Writes the notes with the next NDIs; returns the first. PROV is "G". Throws RuleError when a row has no
+/// account, StoreError when debit and credit differ. A note without rows is not written and uses no number;
+/// returns 0 if none was written.
 qint64 writeNotes(const std::vector<Note>& notes);
 
 /// Throws as writeNotes().
 void requireBalance(const Note& note);
 
 /// Totals of a document's lines grouped by the accounts of the article families: the account columns, TOTAL
-/// and, of sales and purchases, TVA. `key` names the grouping.
+/// and, for sales and purchases, TVA. `key` selects the grouping.
 Recordset TotaluriConturi(const QString& key, const QString& number);
 
-/// Throws RuleError with the article's code when one on the document is gone or has no family: it would fall
-/// out of the totals and leave the note short.
+/// Throws RuleError with the article's code when an article of the document was deleted or has no family: the
+/// totals, and therefore the note, would not include it.
 void requireFamilies(const QString& key, const QString& number);
 
 }  // namespace velmar

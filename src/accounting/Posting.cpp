@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kForeignDecimals = 2;
 
-// One note on its way: the rule, the document's posting, and the sums over the groups so far.
+// Builds one note: the rule, the document's posting, and the sums over the groups so far.
 class Composer {
  public:
   Composer(const NoteRule& rule, const Posting& posting, Note head)

@@ -1,5 +1,5 @@
-// An accounting row as an object: a property for every column of kt_linii, written by AddNota. For documents
-// that fill columns beyond the vouchers' form.
+// An accounting row as an object: one property for each column of kt_linii, written by AddNota. For documents
+// that fill more columns than vouchers.
 #pragma once
 
 #include <QDateTime>
@@ -24,7 +24,7 @@ class cBLLNoteContabile {
   QString cod;  ///< currency; empty is written as "LEI"
   Decimal Curs, DevDebit, DevCredit;
   Value Cantit;
-  Value Tert;  ///< third party's code; null on rows of other accounts
+  Value Tert;  ///< partner's code; null on rows of other accounts
   Value TVA_LinRef;
   QString CodOper;
   Decimal CotaTVA;
@@ -35,9 +35,9 @@ class cBLLNoteContabile {
   QString CodIE, CodSucursala, ID_Formula, DocExplicatie, tipdoc;
   Value TVAINC;
 
-  /// Writes one row. Without `sameNote` it begins the next note, else it continues the note NDI; the line
-  /// follows the note's last one. Sets Timp to now and DataScad to a month after DataInr. `done` is true
-  /// after success. Throws StoreError, also for a column of the table that has no property.
+  /// Writes one row. Without `sameNote` it starts the next note, otherwise it continues the note NDI, after
+  /// its last line. Sets Timp to now and DataScad to a month after DataInr. `done` is true on success. Throws
+  /// StoreError, also if the table has a column without a property.
   void AddNota(bool sameNote, bool& done);
 
  private:

@@ -9,7 +9,7 @@
 #include "store/DatabaseFiles.h"
 #include "util/Errors.h"
 
-// Outside the namespace, because the resources' own functions are.
+// Outside the namespace, like the functions that the resource compiler generates.
 static void loadResources() {
   Q_INIT_RESOURCE(pictures);
   Q_INIT_RESOURCE(layouts);
@@ -30,7 +30,7 @@ void makeFolder(const QString& path) {
   if (!QDir().mkpath(path)) throw notWritable(path);
 }
 
-// Copies what lies in a folder of the program's resources and is missing outside.
+// Copies the files of a resource folder that are missing in the folder on disk.
 void addMissingFiles(const QString& resources, const QString& folder) {
   makeFolder(folder);
   QDirIterator files(resources, QDir::Files);
@@ -38,7 +38,7 @@ void addMissingFiles(const QString& resources, const QString& folder) {
     const QString source = files.next();
     const QString target = QDir(folder).filePath(files.fileName());
     if (QFile::exists(target)) continue;
-    // Several processes may be starting at once: each brings the whole file in place under a name of its own.
+    // Several processes may start at once: each writes the file under a temporary name and then renames it.
     QFile packed(source);
     QSaveFile copy(target);
     if (!packed.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly) ||

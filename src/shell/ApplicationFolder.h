@@ -1,19 +1,20 @@
-// `gCaleAplicatie`: a folder that the user may write, with the pictures, the report projects and the template
-// that come with the program. A user may change the pictures and the projects there.
+// `gCaleAplicatie`: a folder writable by the user, with the pictures, layouts and template that are part of
+// the program. Users may change the pictures and layouts there.
 #pragma once
 
 #include <QString>
 
 namespace velmar {
 
-/// The folder that the system gives the program for its data.
+/// The standard folder for the program's data.
 QString defaultApplicationFolder();
 
-/// Makes `folder` the program's folder: sets `gCaleAplicatie`, makes the folder, adds the files that are
-/// missing and writes the template anew when another version of the program made it. Throws StoreError.
+/// Makes `folder` the program's data folder: sets `gCaleAplicatie`, creates the folder, adds missing files
+/// and replaces the template if another version of the program wrote it. Throws StoreError.
 void prepareApplicationFolder(const QString& folder);
 
-/// Path of a picture ("OK.bmp"): the one in the folder BMP of `gCaleAplicatie`, or the program's own.
+/// Path of a picture ("OK.bmp"): the file in the folder BMP of `gCaleAplicatie`, or the resource of the
+/// program.
 QString picturePath(const QString& name);
 
 }  // namespace velmar

@@ -31,13 +31,13 @@ void requireUser(const QString& user, const QString& password) {
   settings::setUser(session().gUtilizator);
 }
 
-// What killed processes left; a folder that cannot be tidied is no reason to stay outside.
+// Removes what killed processes have left; a failure must not prevent the login.
 void sweep(const QString& folder) {
   sweepWorkshops(folder, kSamplePrefix);
   try {
     sweepDrafts(folder);
   } catch (const StoreError&) {
-    // It stays for the next time.
+    // Left for the next time.
   }
 }
 

@@ -39,7 +39,7 @@ void saveProjects(const QString& from, const QString& to) {
   }
 }
 
-// Windows that stand open read their lists again.
+// Makes open windows read their lists again.
 void tellThatAllChanged() {
   QSet<QString> tables;
   for (const Table& table : companyTables()) tables.insert(table.name().toUpper());

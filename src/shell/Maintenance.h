@@ -1,5 +1,4 @@
-// What the menu does to the open company as a whole: compacting it, copying it away, copying a saved copy
-// back.
+// Maintenance of the open company: compaction, backup, restore.
 #pragma once
 
 #include <QString>
@@ -8,32 +7,32 @@
 
 namespace velmar {
 
-/// The folder with the saved copies of `gCaleBD`; makes it when `make` is told. Throws StoreError.
+/// The folder with the backups of `gCaleBD`; created if `make` is set. Throws StoreError.
 QString backupFolder(bool make = false);
 
-/// The name that a copy of the open company gets now.
+/// The name for a backup of the open company at this time.
 QString savedCopyName();
 
-/// Saves the open company to the folder, under savedCopyName(); gives the path. Throws StoreError.
+/// Saves the open company to the folder, under savedCopyName(); returns the path. Throws StoreError.
 QString saveOpenCompany(const QString& folder, const CopyProgress& progress = {});
 
-/// Tells that the open company was saved.
+/// Shows the message that the open company was saved.
 void tellThatSaved();
 
-/// What to ask before restoreOpenCompany().
+/// The question to ask before restoreOpenCompany().
 QString restoreQuestion(const QString& file);
 
-/// Puts the saved company in place of the open one, which is open again afterwards, also after a failure,
-/// with its parameters in the session. Throws RuleError while others work in it, StoreError.
+/// Replaces the open company by the saved one and opens it again, also after a failure, with its parameters
+/// in the session. Throws RuleError while others work in it, and StoreError.
 void restoreOpenCompany(const QString& file, const CopyProgress& progress = {});
 
-/// Throws RuleError, naming them, while others work in the open company.
+/// Throws RuleError with their names while others work in the open company.
 void requireAlone();
 
-/// Compacts the open company and tells the outcome.
+/// Compacts the open company and shows the result.
 void CompacteazaBD();
 
-/// Saves the open company and the report projects without a window and tells of both. Throws StoreError.
+/// Saves the open company and the layouts without a window and shows a message for both. Throws StoreError.
 void SalveazaAutomat();
 
 }  // namespace velmar

@@ -75,7 +75,7 @@ SampleCatalogue addCatalogue() {
   return catalogue;
 }
 
-// Two currencies, a rate each working day of the last month.
+// Two currencies, with a rate for each working day of the last month.
 void addRates() {
   constexpr int kRateDays = 30;
   struct Start {
@@ -97,7 +97,7 @@ void addRates() {
   }
 }
 
-// What documents tell of the company.
+// The data of the company that is printed on documents.
 void giveIdentity() {
   ExecutaSql(
       "UPDATE kt_info SET NREGCOM = 'J32/417/2016', CODFISCAL = 'RO36100200', CAPSOC = 200, "
@@ -105,7 +105,7 @@ void giveIdentity() {
       "ORAS1 = 'Sibiu', JUDET1 = 'SB', CODPOSTAL1 = '550001', TELEFON1 = '0269 111 222'");
 }
 
-// Invoices count on from 1001 by themselves.
+// Invoice numbers start at 1001.
 void giveInvoiceNumbers() {
   ExecutaSql("UPDATE kt_par SET SERIEFC = 'EXS', FCSTART = '1001', FCEND = '9999'");
   IncarcaSerii();
@@ -119,7 +119,7 @@ void addWarehouses() {
   }
 }
 
-// Bands of a whole family, of one article that is dearer to carry, and percents of good customers.
+// Discount bands of a whole family and of one article, and percents of good customers.
 void addDiscounts(const SampleCatalogue& catalogue) {
   const auto fill = [](DiscountBands bands, const std::vector<TypedBand>& typed) {
     for (const TypedBand& band : typed) bands.save(bands.add(), band);
@@ -140,7 +140,7 @@ bool sampleExists(const QString& folder) {
                      [](const Company& company) { return company.COD == kSampleCode; });
 }
 
-// Makes the whole company in a folder of its own, so that a process that dies leaves no half company behind.
+// Creates the company in a temporary folder, so that a killed process leaves no incomplete company.
 void makeIn(const QString& workshop) {
   session().gCaleBD = workshop;
   bringTemplateUpToDate(workshop);
@@ -161,7 +161,7 @@ void makeIn(const QString& workshop) {
 
 }  // namespace
 
-// The folder by value: the caller's is likely to be `gCaleBD` itself, which changes meanwhile.
+// The folder is passed by value: the argument is usually `gCaleBD`, which changes meanwhile.
 bool makeSampleCompany(QString folder) {
   session().gCaleBD = folder;
   if (sampleExists(folder)) return false;
@@ -182,7 +182,7 @@ bool makeSampleCompany(QString folder) {
   try {
     adoptCompany(folder, kSampleCode, kSampleName, workshop.filePath(companyFileName(kSampleCode)));
   } catch (const RuleError&) {
-    if (sampleExists(folder)) return false;  // another process has just made it
+    if (sampleExists(folder)) return false;  // another process has just created it
     throw;
   }
   return true;

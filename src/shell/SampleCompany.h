@@ -1,5 +1,5 @@
-// A ready company for newcomers, "EXEMPLU SRL": families, partners, articles and three months of vouchers,
-// made by the program's own services the way a user would.
+// The sample company for new users, "EXEMPLU SRL": families, partners, articles and half a year of documents,
+// created by the services that the windows use.
 #pragma once
 
 #include <QString>
@@ -7,12 +7,12 @@
 namespace velmar {
 
 inline const QString kSampleCode = QStringLiteral("02");
-/// How the folder is called in which it is made until it is whole.
+/// Prefix of the temporary folder in which it is created.
 inline const QString kSamplePrefix = QStringLiteral("Exemplu-");
 
-/// Makes the sample company in the databases folder (which becomes `gCaleBD`) when code "02" is not in its
-/// list yet; gives whether it was made. Opens the company while it works and leaves none open. Throws
-/// StoreError; the folder is then as it was.
+/// Creates the sample company in the databases folder (which becomes `gCaleBD`) if code "02" is not in its
+/// list yet; returns whether it was created. Opens the company meanwhile and leaves no company open. If it
+/// throws StoreError, the folder is unchanged.
 bool makeSampleCompany(QString folder);
 
 }  // namespace velmar

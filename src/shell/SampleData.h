@@ -1,4 +1,4 @@
-// What the sample company trades and with whom.
+// Articles and partners of the sample company.
 #pragma once
 
 #include <QStringList>
@@ -11,7 +11,7 @@ struct SampleFamily {
   QString name;
   QString productStock;  ///< stock account of own products
   QString unit;
-  bool isMade;  ///< by the company itself; else bought
+  bool isMade;  ///< by the company itself; otherwise bought
   QStringList articles;
 };
 

@@ -36,7 +36,7 @@ class SampleTrade {
            {"OBS", QStringLiteral("Productie %1").arg(date.toString("dd.MM.yyyy"))}});
     for (const auto& [article, position] : articles(catalogue_.products, 6))
       receive(editor, article, cost(position, number), 5 + dice_.below(40));
-    // The last one waits as a draft for the newcomer to validate.
+    // The last one remains a draft, for the user to validate.
     if (number < kVouchers) validate(editor);
   }
 
@@ -88,7 +88,7 @@ class SampleTrade {
     }
     begin(editor, date, header);
     issue(editor, stock, 2);
-    if (number < kCashSales) validate(editor);  // the last one waits as well
+    if (number < kCashSales) validate(editor);  // the last one remains a draft too
   }
 
   void consumption(int number, const QDate& date) {
@@ -130,7 +130,7 @@ class SampleTrade {
     if (editor.checkLines()) editor.validate(header);
   }
 
-  // An article comes in at much the same cost each time, a little dearer as the months go by.
+  // The cost of an article varies little and increases slowly over the months.
   Decimal cost(int position, int number) {
     return Decimal(450 + position * 137 + number * 3 + dice_.below(40)) / 100;
   }
@@ -152,7 +152,7 @@ class SampleTrade {
     editor.setNumber(line, "PRETVA", Round(cost * Decimal(14) / 10, 2).toString());
   }
 
-  // What of the articles the warehouse has at least some pieces of.
+  // The articles of which the warehouse has at least some pieces.
   static Stock sellable(const QStringList& all) {
     constexpr int kSome = 4;
     Stock stock;
@@ -202,7 +202,7 @@ void addSampleDocuments(const SampleCatalogue& catalogue) {
   std::stable_sort(plan.begin(), plan.end(),
                    [](const Planned& a, const Planned& b) { return a.date < b.date; });
   SampleTrade trade(catalogue);
-  Transaction transaction(database());  // one for all: nobody else is in the company yet
+  Transaction transaction(database());  // one transaction for all: nobody else uses the company yet
   for (const Planned& document : plan) (trade.*document.enter)(document.number, document.date);
   transaction.commit();
 }

@@ -1,4 +1,4 @@
-// The documents of the sample company: half a year of goods bought and made, sold and used up.
+// The documents of the sample company: half a year of purchases, production, sales and consumption.
 #pragma once
 
 #include <QStringList>
@@ -14,7 +14,7 @@ struct SampleCatalogue {
   QStringList products;  ///< codes of what the company makes
 };
 
-/// The same figures on every machine.
+/// Pseudo-random numbers that are the same on every machine.
 class SampleDice {
  public:
   int below(int limit) {
@@ -26,9 +26,8 @@ class SampleDice {
   quint64 state_ = 20260401;
 };
 
-/// Enters and validates the documents of the half year that ends today, as far as the entry period reaches
-/// back, in the order of their dates. The last input voucher and the last cash sale wait as
-/// drafts.
+/// Enters and validates the documents of the half year that ends today, limited by the entry period, in the
+/// order of their dates. The last input voucher and the last cash sale remain drafts.
 void addSampleDocuments(const SampleCatalogue& catalogue);
 
 }  // namespace velmar

@@ -12,7 +12,7 @@ namespace velmar {
 
 namespace {
 
-// The template counts as right, so it has to be this program's.
+// The template is the reference, so it must be of this program's version.
 void compareWithTemplate(const ShowProgress& show) {
   Session& s = session();
   bringTemplateUpToDate(s.gCaleBD);

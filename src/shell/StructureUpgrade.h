@@ -1,4 +1,4 @@
-// The offer, at login, to bring the structure of a company to that of this program.
+// The upgrade of a company's structure to that of this program, offered at login.
 #pragma once
 
 #include <functional>
@@ -7,15 +7,15 @@
 
 namespace velmar {
 
-/// Gives, when the work begins, who hears of its progress until it ends.
+/// Called when the work begins; returns the progress callback.
 using ShowProgress = std::function<clsCompareBD::Progress()>;
 
-/// Asks whether the open company's structure shall be brought up to date when another revision of the program
-/// left it, or when `force` tells so. The login goes on whatever the answer and the outcome.
+/// Asks whether to upgrade the open company's structure if it was last upgraded by another revision of the
+/// program, or if `force` is set. The login continues with any answer and result.
 void VerificaVersiune(bool force, const ShowProgress& show = {});
 
-/// Does it, and says how it ended. After an error, or when the user gives up, the company is as it was and
-/// the question comes back.
+/// Runs the upgrade and shows the result. After an error, or when the user cancels, the company is unchanged
+/// and the question is asked again at the next login.
 void ActualizeazaStructura(const ShowProgress& show = {});
 
 }  // namespace velmar

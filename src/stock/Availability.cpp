@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kQuantityDecimals = 3;
 
-// CODART and CANT of the rows, added up.
+// The sums of CANT by CODART.
 Quantities addedUp(const std::vector<Row>& rows) {
   Quantities result;
   for (const Row& row : rows) result.add(row.text("CODART"), Round(row.decimal("CANT"), kQuantityDecimals));
@@ -18,7 +18,8 @@ Quantities addedUp(const std::vector<Row>& rows) {
 
 }  // namespace
 
-// The direction is looked up line by line: for many articles a join would be made by reading all documents.
+// The direction is a subquery for each line: with a join and many articles the engine would read all
+// documents.
 Quantities warehouseStock(const QStringList& articles, qint64 warehouse) {
   return addedUp(
       rowsOfKeys("SELECT L.ARTID AS CODART, SUM(CASE (SELECT D.TIPIE FROM G_DOCUME D WHERE D.ID = L.DOCID) "

@@ -1,4 +1,5 @@
-// What of an article can go out: the stock of a warehouse by the ledger, less what customers have ordered.
+// The available quantity of an article: its stock in a warehouse according to the ledger, minus open customer
+// orders.
 #pragma once
 
 #include <optional>
@@ -10,7 +11,7 @@
 
 namespace velmar {
 
-/// Quantities by article; codes are found in any case of letters.
+/// Quantities by article; codes are not case-sensitive.
 class Quantities {
  public:
   Decimal of(const QString& article) const { return byCode_.value(article.toUpper()); }
@@ -20,13 +21,13 @@ class Quantities {
   QHash<QString, Decimal> byCode_;
 };
 
-/// Stock of each of the articles in the warehouse: entries and opening stock less issues, 3 decimals.
+/// Stock of each of the articles in the warehouse: entries and opening stock minus issues, 3 decimals.
 Quantities warehouseStock(const QStringList& articles, qint64 warehouse);
 
-/// What validated customer orders have still open of each of the articles.
+/// The open quantity of each of the articles in validated customer orders.
 Quantities openOrders(const QStringList& articles);
 
-/// The same of one article.
+/// The same for one article.
 Decimal gStocValid(const QString& article);
 
 struct Shortage {
@@ -34,8 +35,8 @@ struct Shortage {
   Decimal available;
 };
 
-/// The first of the articles of which less is available in the warehouse than wanted: stock less the size of
-/// the open orders.
+/// The first of the articles whose available quantity in the warehouse is less than wanted: stock minus the
+/// absolute value of the open orders.
 std::optional<Shortage> firstShortage(const QStringList& articles, const Quantities& wanted,
                                       qint64 warehouse);
 

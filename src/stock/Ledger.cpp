@@ -12,7 +12,7 @@ namespace velmar {
 
 namespace {
 
-constexpr int kMarginVat = 19;  // the voucher's prices keep this rate, whatever the article's
+constexpr int kMarginVat = 19;  // the voucher's prices use this rate, not the article's
 constexpr int kQuantityDecimals = 3;
 const QStringList kFigureColumns{"STOC", "COST", "ADAOS", "PRETVFT", "PRETVTTI", "PRETDEVIZAVANZ"};
 
@@ -82,7 +82,7 @@ void writeFigures(const QStringList& codes, const QHash<QString, ArticleFigures>
                          rows);
 }
 
-// Issues change the stock alone, and where it stands in the store, so that they take back nothing else.
+// Issues change only the stock, and only this column is written, so that other changes are not overwritten.
 void writeStocks(const QStringList& codes, const QHash<QString, ArticleFigures>& figures) {
   std::vector<Values> rows;
   for (const QString& code : codes)
@@ -90,7 +90,7 @@ void writeStocks(const QStringList& codes, const QHash<QString, ArticleFigures>&
   database().executeEach("UPDATE G_ARTMAG SET STOC = ? WHERE CODART = ?", rows);
 }
 
-// Rates of one day, each looked up once.
+// Exchange rates of one day, each read once.
 class RatesOfDay {
  public:
   explicit RatesOfDay(const QDate& day) : day_(day) {}

@@ -1,5 +1,5 @@
-// What orders and delivery notes have left: remainders and references in their own lines, moved when a
-// receipt or an invoice takes from them and put back when that is deleted.
+// Open quantities of orders and delivery notes: remainders and references in their lines are updated when a
+// receipt or an invoice takes from them, and restored when that document is deleted.
 #pragma once
 
 #include <QDate>
@@ -9,30 +9,32 @@
 
 namespace velmar {
 
-/// The document that took from a line, as the line keeps it.
+/// The document that took from a line, as stored in the line.
 struct LinkReference {
   QString document;  ///< key: prefix and number
   QDate date;
 };
 
-/// Takes what a receipt note brought off the supplier order's line and leaves the reference on the order and
-/// its ledger row. An order of which nothing is left to come becomes SOLDAT.
+/// Subtracts a received quantity from the supplier order's line and writes the reference to the order and its
+/// ledger row. An order without open quantities becomes SOLDAT.
 void receiveOrdered(const QString& order, const QString& article, const Decimal& quantity,
                     const LinkReference& receipt);
 
-/// Takes what a customer brought back, or was invoiced, off the delivery note's line in draft and ledger.
+/// Subtracts a quantity that was returned by the customer or invoiced from the delivery note's line, in draft
+/// and ledger.
 void takeFromNote(const QString& note, const QString& article, const Decimal& quantity,
                   const LinkReference& taker);
 
-/// Marks the delivery note as invoiced, and its ledger row as validated, when no line has anything left.
+/// Marks the delivery note as invoiced, and its ledger row as validated, if no line has an open quantity.
 void closeNoteIfTaken(const QString& note);
 
-/// Gives back what the deleted invoice had delivered of its customer orders: the first order line of an
-/// article takes the whole quantity, and falls to 0 where it was not ordered more.
+/// Undoes the deliveries of a deleted invoice in its customer orders: the first order line of an article
+/// takes the whole quantity; its delivered quantity becomes 0 if no more than that was ordered.
 void CorecteazaComenzi(const QString& invoice);
 
-/// Gives back what a deleted receipt note or invoice (its whole key) had taken from delivery notes, and opens
-/// the note again. Every line of the article that names the document gets the whole quantity.
+/// Restores the quantities that a deleted receipt note or invoice (its complete key) had taken from delivery
+/// notes, and reopens the notes. Every line of the article that refers to the document gets the whole
+/// quantity.
 void CorecteazaAE(const QString& key);
 
 }  // namespace velmar

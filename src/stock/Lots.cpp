@@ -13,7 +13,7 @@ constexpr int kQuantityDecimals = 3;
 
 Lot lotOf(const Row& row) {
   const Decimal cost = row.decimal("COST");
-  // What a customer brought back is worth what it had cost and not what it was sold for.
+  // Goods returned by a customer are valued at their cost, not at their sale price.
   const bool isBroughtBack = row.decimal("CANT").isNegative() ||
                              row.text("DOCID").startsWith(QStringLiteral("FS"), Qt::CaseInsensitive);
   return {row.text("DOCID"), row.integer("LINIE"), row.decimal("CANTRAMASA"),
@@ -84,7 +84,7 @@ void writeConsumption(const Issue& issue, const std::vector<Consumption>& consum
 }
 
 void pAddDOCI(const Issue& issue, const std::vector<LotTake>& takes) {
-  // One row for a document, also when it had the article on several lines.
+  // One row for each document, even if it has the article on several lines.
   std::vector<LotTake> byDocument;
   for (const LotTake& take : takes) {
     const auto same = std::find_if(byDocument.begin(), byDocument.end(), [&take](const LotTake& other) {
@@ -115,7 +115,7 @@ void pStergDOCI(const Issue& issue, const QString& article) {
 
 namespace {
 
-// The lots that a receipt made of these articles, used up or not, by line.
+// The lots of a receipt for these articles, including used up ones, ordered by line.
 std::vector<Row> lotsOfReceipt(const QString& key, const QStringList& articles) {
   return rowsOfKeys(QStringLiteral("SELECT L.ARTID AS ARTID, L.LINIE AS LINIE, L.CANTRAMASA AS CANTRAMASA "
                                    "FROM G_LDOCUM L WHERE L.ARTID IN (%1) AND L.DOCID = ? AND ") +
@@ -133,7 +133,7 @@ QHash<QString, Decimal> receiptRests(const QString& key, const QStringList& arti
 }
 
 void CautaFF(const QString& key, const QHash<QString, Decimal>& quantities) {
-  QHash<QString, Decimal> open;  // by code in upper case
+  QHash<QString, Decimal> open;  // key: code in upper case
   for (auto entry = quantities.begin(); entry != quantities.end(); ++entry)
     open.insert(entry.key().toUpper(), Round(entry.value(), kQuantityDecimals));
   std::vector<Values> rests;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kGroupDigits = 3;
 
-// What one thing and what several are called.
+// Singular and plural.
 struct Words {
   const char* one = "";
   const char* more = "";
@@ -31,7 +31,7 @@ constexpr Currency kCurrencies[] = {
     {"GBP", {" GBP", " GBP"}, {" GB pence", " GB pences"}},
 };
 
-// By the position of a group, from the units up.
+// Indexed by the position of a group, starting at the units.
 constexpr Words kPositions[] = {
     {}, {"mie", "mii"}, {"mlion", "milioane"}, {"miliard", "miliarde"}, {"trilion", ""}};
 
@@ -48,7 +48,7 @@ QString word(const Digits& words, int digit) {
 
 int digitAt(const QString& digits, int place) { return digits.at(place).digitValue(); }
 
-// Tens and units; `one` and `two` are the words of the units 1 and 2 behind anything but ten.
+// Tens and units; `one` and `two` are the words for the units 1 and 2, except in the teens.
 QString belowHundred(int tens, int units, const char* one, const char* two) {
   if (tens == 1) return word(kTeens, units) + QStringLiteral("zece");
   QString text;

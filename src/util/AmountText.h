@@ -1,4 +1,4 @@
-// Amounts in words, as invoices and receipts spell them: Romanian, the words joined without blanks
+// Amounts in words, as printed on invoices and receipts: in Romanian, without spaces between the words
 // ("omiedouasutetreizecisipatru lei").
 #pragma once
 
@@ -8,16 +8,16 @@
 
 namespace velmar {
 
-/// The amount, rounded to two decimals, in words with the currency's own ("ROL", "RON", "USD", "EUR", "GBP";
-/// any other has none). A negative amount is "minus " and the words of its size. Turns `currency` to upper
-/// case.
+/// The amount, rounded to two decimals, in words, with the name of the currency ("ROL", "RON", "USD", "EUR",
+/// "GBP"; no name for others). A negative amount is "minus " and its absolute value. Converts `currency` to
+/// upper case.
 QString SumaText(const Decimal& amount, QString& currency);
 
-/// A group of three digits, "000" nothing. `position` counts the groups from the right, from 1; from the
-/// sixth on no word tells it. `groups`: how many the whole amount has.
+/// A group of three digits; empty for "000". `position` counts the groups from the right, starting at 1;
+/// there are no words for the sixth and higher. `groups`: the number of groups of the amount.
 QString Grupa(const QString& group, int position, int groups);
 
-/// Two decimals, "00" nothing.
+/// Two decimals; empty for "00".
 QString Zecimale(const QString& digits);
 
 }  // namespace velmar

@@ -9,7 +9,7 @@ QDate fixedDate;
 QDate today() { return fixedDate.isValid() ? fixedDate : QDate::currentDate(); }
 
 QDateTime now() {
-  // Date and time of day in one reading: midnight may pass between two.
+  // Date and time are read together: it could be midnight between two calls.
   const QDateTime machine = QDateTime::currentDateTime();
   return fixedDate.isValid() ? QDateTime(fixedDate, machine.time()) : machine;
 }

@@ -1,4 +1,4 @@
-// The program's one clock: what "today" and "now" are, so that tests can fix the date.
+// The clock of the program. Tests can set the date.
 #pragma once
 
 #include <QDate>
@@ -6,13 +6,13 @@
 
 namespace velmar::clock {
 
-/// The date the program takes as today.
+/// The current date, or the one set.
 QDate today();
 
-/// today() with the running time of day.
+/// today() with the current time of day.
 QDateTime now();
 
-/// Fixes today(); an invalid date gives the machine's date back.
+/// Sets the date that today() returns; an invalid date restores the system date.
 void setToday(const QDate& date);
 
 }  // namespace velmar::clock

@@ -11,7 +11,7 @@
 #include <utility>
 
 // The library's convention is chosen at compile time and has to match the variant that is linked (bidgcc000):
-// all by value, rounding mode and status flags as arguments.
+// arguments by value, rounding mode and status flags as arguments.
 #define DECIMAL_CALL_BY_REFERENCE 0
 #define DECIMAL_GLOBAL_ROUNDING 0
 #define DECIMAL_GLOBAL_EXCEPTION_FLAGS 0
@@ -80,7 +80,7 @@ int excessDigits(const Words& words) {
   return static_cast<int>(next - kLongCoefficients.begin());
 }
 
-/// Brings a number whose last digit lies below 10^exponent to that place; others stay as they are.
+/// Rounds a number with digits below 10^exponent to that place; others are unchanged.
 Words quantized(const Words& words, int exponent) {
   if (exponentOf(words) >= exponent) return words;
   _IDEC_flags flags = 0;
@@ -89,7 +89,7 @@ Words quantized(const Words& words, int exponent) {
 
 constexpr bool isDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
 
-/// Skips digits from `position` on and tells whether there were any.
+/// Skips digits from `position`; returns whether there were any.
 bool skipDigits(QStringView text, qsizetype& position) {
   const qsizetype start = position;
   while (position < text.size() && isDigit(text[position].unicode())) ++position;

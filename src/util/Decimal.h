@@ -1,9 +1,9 @@
-// Money, prices, percents and quantities: exact decimal arithmetic for the whole program.
+// Money, prices, percents and quantities: exact decimal arithmetic.
 //
-// Amounts are stored as doubles and computed as decimals. A double is taken as its shortest decimal text
-// (19.99 is 19.99 and not 19.989999...); sums and products are exact up to 34 digits, quotients carry 34
-// digits. Rounding goes to the nearest, ties to the even digit, and only where a rule says so. The store and
-// the windows convert at their edge; nothing between computes with doubles. A result beyond all bounds throws
+// Amounts are stored as doubles and computed as decimals. A double is converted through its shortest decimal
+// text (19.99 is 19.99 and not 19.989999...); sums and products are exact up to 34 digits, quotients have 34
+// digits. Rounding is half to even and done only where a business rule requires it. The store and the windows
+// convert doubles at their boundaries; the code between never computes with doubles. An overflow throws
 // ArithmeticError number 6.
 #pragma once
 
@@ -28,11 +28,11 @@ class Decimal {
   /// NaN.
   static Decimal fromDouble(double value);
 
-  /// Reads plain or scientific notation with a decimal point, nothing around it ("-12.50", "1e3"); nothing
-  /// for any other text. Digits beyond the 34th are rounded away.
+  /// Parses plain or scientific notation with a decimal point and without spaces ("-12.50", "1e3"); nothing
+  /// for any other text. Rounds to 34 digits.
   static std::optional<Decimal> parse(QStringView text);
 
-  /// The nearest double. Throws ArithmeticError number 6 where doubles do not reach.
+  /// The nearest double. Throws ArithmeticError number 6 if it is out of the range of doubles.
   double toDouble() const;
 
   /// Plain notation with a decimal point and no trailing zeros: "12.5", "-0.001", "0".
@@ -62,16 +62,17 @@ class Decimal {
   explicit Decimal(const Words& words) : words_(words) {}
   friend Decimal Round(const Decimal& value, int decimals);
 
-  Words words_;  // decimal128, binary encoding, low word first; zero has one form only, without sign
+  Words
+      words_;  // decimal128, binary encoding, low word first; zero has a single representation, without sign
 };
 
 /// `value` rounded to `decimals` places (0 or more), ties to the even digit: Round(2.675, 2) is 2.68,
-/// Round(0.125, 2) is 0.12. The argument is first brought to 28 digits, so that what a division left behind
-/// decides no tie.
+/// Round(0.125, 2) is 0.12. The argument is first rounded to 28 digits, so that the error of a division does
+/// not decide a tie.
 Decimal Round(const Decimal& value, int decimals);
 
 inline namespace literals {
-/// 1.19_dec: the digits as written (no separators, no hexadecimal: these throw std::invalid_argument).
+/// 1.19_dec: the number as written (separators and hexadecimal throw std::invalid_argument).
 Decimal operator""_dec(const char* digits);
 }  // namespace literals
 

@@ -29,7 +29,7 @@ void detail::reportCurrentException(const QString& form, const QString& procedur
   try {
     throw;
   } catch (const Cancelled&) {
-    // The user already chose to give up.
+    // The user has cancelled; nothing to report.
   } catch (const RuleError& rule) {
     Mesaj(rule.text(), rule.icon(), rule.title());
   } catch (const Error& error) {

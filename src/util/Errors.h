@@ -1,4 +1,4 @@
-// The typed errors of the core, and the one report for what escapes a handler.
+// The exceptions of the core, and the error report for exceptions that escape an event handler.
 #pragma once
 
 #include <QString>
@@ -9,7 +9,7 @@ class QFileDevice;
 
 namespace velmar {
 
-/// Numbers of errors that are the program's own; those of the engine stand beside them in reports.
+/// Error numbers of the program; reports also contain the numbers of the database engine.
 enum ErrorNumber {
   kOverflow = 6,
   kDivisionByZero = 11,
@@ -18,7 +18,7 @@ enum ErrorNumber {
   kFileFailure = 75  ///< a file or folder cannot be read, written or moved
 };
 
-/// Base of the program's errors: a number and a Romanian text, as the error report shows them.
+/// Base class of the program's errors: a number and a Romanian text, shown in the error report.
 class Error : public std::runtime_error {
  public:
   Error(int number, const QString& text);
@@ -30,20 +30,20 @@ class Error : public std::runtime_error {
   QString text_;
 };
 
-/// What the database engine or the file system refused. The number is the engine's.
+/// An error of the database engine or the file system. The number is the engine's.
 class StoreError : public Error {
  public:
   using Error::Error;
 };
 
-/// The error for a file that cannot be written, with what the system says of it.
+/// The error for a file that cannot be written, with the system's message.
 StoreError notWritten(const QFileDevice& file);
 
-/// A rule of the trade was broken: the text is the whole message a user should read.
+/// A business rule was violated: the text is the complete message for the user.
 class RuleError : public Error {
  public:
-  /// field: name of the column at fault, empty when the fault lies in no single field. icon and title go to
-  /// the message box (Messages.h).
+  /// field: name of the column at fault; empty if no single field is at fault. icon and title: of the message
+  /// box (Messages.h).
   explicit RuleError(const QString& text, const QString& field = {}, int icon = 0, const QString& title = {});
   const QString& field() const { return field_; }
   int icon() const { return icon_; }
@@ -55,24 +55,25 @@ class RuleError : public Error {
   QString title_;
 };
 
-/// A computation that has no result, such as a division by zero (number 11).
+/// A computation without a result, such as a division by zero (number 11).
 class ArithmeticError : public Error {
  public:
   using Error::Error;
 };
 
-/// The user gave up waiting for the write lock; nothing was written and nothing more is to be said.
+/// The user cancelled, for example while waiting for the write lock; nothing was written and no message is
+/// needed.
 class Cancelled : public std::exception {};
 
 /// Shows "Eroare n - text in procedura P din Form F Linia: L" for an error that escaped a handler. A form is
-/// named by its name alone, what is no form with its kind: "User Control extTDBGrid".
+/// identified by its name, any other object by its kind and name: "User Control extTDBGrid".
 void reportError(int number, const QString& text, const QString& procedure, const QString& form, int line);
 
-/// The place a report names when the error itself knows none: the line of the call.
+/// The line for the report when the error has none: the line of the call.
 inline int lineOf(const std::source_location& place) { return static_cast<int>(place.line()); }
 
-/// Runs an event handler's work: what escapes it ends in the one error report, a broken rule in its message.
-/// Gives false when the work ended early.
+/// Runs the body of an event handler: an exception is reported by reportError(), a RuleError by its message.
+/// Returns false if an exception was caught.
 template <typename Work>
 bool guarded(const QString& form, const QString& procedure, Work&& work,
              std::source_location place = std::source_location::current());

@@ -1,18 +1,17 @@
-// Names of files: made from what a user typed, and found whatever their spelling.
+// File names: made from user input, and found ignoring case.
 #pragma once
 
 #include <QString>
 
 namespace velmar {
 
-/// The text with "_" for each character that file names do not take on any system.
+/// The text with "_" in place of each character that is not allowed in file names on some system.
 QString asFileName(const QString& text);
 
-/// Full path of the file of that name in any case; the name as given, in the folder, when no such file
-/// exists.
+/// Full path of the file of that name, ignoring case; the folder and the given name if there is no such file.
 QString pathInFolder(const QString& folder, const QString& name);
 
-/// Whether the folder holds a file of that name in any case.
+/// Whether the folder contains a file of that name, ignoring case.
 bool existsInFolder(const QString& folder, const QString& name);
 
 }  // namespace velmar

@@ -1,5 +1,5 @@
-// The one way a message reaches the user. The core asks through MessageSink; the windows draw frmMsgBox,
-// tests listen and answer.
+// Messages to the user. The core shows them through MessageSink; the windows implement it with frmMsgBox,
+// tests record the messages and answer them.
 #pragma once
 
 #include <QString>
@@ -37,22 +37,23 @@ enum MessageResult {
 struct Message {
   QString text;  ///< line breaks are CR LF
   int buttons = kOk;
-  QString title;         ///< never empty once it reaches a sink
+  QString title;         ///< never empty when it reaches a sink
   QStringList captions;  ///< replacements for the buttons' captions, in order; empty keeps the default
 };
 
-/// Shows messages and gives the number of the button pressed.
+/// Shows messages and returns the number of the button pressed.
 class MessageSink {
  public:
   virtual ~MessageSink() = default;
   virtual int show(const Message& message) = 0;
 };
 
-/// Makes `sink` the receiver of all messages and gives the one before it; null means that nobody listens, and
-/// then Mesaj throws std::logic_error.
+/// Makes `sink` the receiver of all messages; returns the previous one. With null, Mesaj throws
+/// std::logic_error.
 MessageSink* setMessageSink(MessageSink* sink);
 
-/// Shows a message and gives the number of the button pressed (MessageResult). An empty title is "Velmar".
+/// Shows a message and returns the number of the button pressed (MessageResult). An empty title is replaced
+/// by "Velmar".
 int Mesaj(const QString& text, int buttons = kOk, const QString& title = {}, int context = 0,
           const QString& caption1 = {}, const QString& caption2 = {}, const QString& caption3 = {},
           const QString& caption4 = {});

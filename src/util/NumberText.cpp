@@ -4,7 +4,7 @@ namespace velmar {
 
 namespace {
 
-/// Whole part and decimals apart, the decimals filled up with zeros.
+/// Integer part and decimals, the decimals padded with zeros.
 struct Parts {
   QString whole;
   QString fraction;

@@ -1,4 +1,4 @@
-// The settings kept outside the databases: where the companies are, and where the main window stood.
+// Settings stored outside the databases: the databases folder, the position of the main window, and others.
 #pragma once
 
 #include <QString>
@@ -6,7 +6,7 @@
 
 namespace velmar::settings {
 
-/// Place of the main window, in twips (1/1440 inch, 15 to a pixel).
+/// Position of the main window, in twips (1/1440 inch, 15 to a pixel).
 struct MainWindowPlace {
   int left = 1000;
   int top = 1000;
@@ -16,28 +16,28 @@ struct MainWindowPlace {
 
 inline constexpr int kTwipsPerPixel = 15;
 
-/// Keeps the settings in that folder from now on; empty means the user's own place.
+/// Stores the settings in that folder from now on; empty: the user's configuration folder.
 void setFolder(const QString& path);
 
-/// `DatabasesPath`: the databases folder, empty when none was chosen yet.
+/// `DatabasesPath`: the databases folder; empty if none was chosen yet.
 QString databasesPath();
 /// Throws StoreError when the settings cannot be written.
 void setDatabasesPath(const QString& path);
 
-/// `DriveFolder`: the folder that stands for drive C: where the programs of fiscal registers look for their
-/// files. Unless set, the drive itself on Windows, else "drive_c" in the user's folder of the program.
+/// `DriveFolder`: the folder used as drive C:, where the programs of fiscal registers look for their files.
+/// Default: the drive itself on Windows, otherwise "drive_c" in the program's data folder.
 QString driveFolder();
 void setDriveFolder(const QString& path);
 
 MainWindowPlace mainWindowPlace();
-/// A place that cannot be written is forgotten in silence: it must not hold up the end of the program.
+/// A write error is ignored: it must not prevent the program from ending.
 void setMainWindowPlace(const MainWindowPlace& place);
 
-/// Whose windows look() and setLook() speak of from now on.
+/// The user whose window settings look() and setLook() access from now on.
 void setUser(const QString& user);
 
-/// What the user's window looked like, by a name of its own ("frmGRILABonIntr/TDBGrid1"); null when nothing
-/// was stored.
+/// Stored appearance of a window or control of the user, by name ("frmGRILABonIntr/TDBGrid1"); null if there
+/// is none.
 QVariant look(const QString& name);
 void setLook(const QString& name, const QVariant& value);
 
