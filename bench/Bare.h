@@ -1,5 +1,5 @@
-// An engine through its own C interface, with the settings that the program's store uses: the yardstick, and
-// the fast way to fill a company.
+// Direct access to an engine through its C interface, with the settings of the program's store: the reference
+// for the ratios, and a fast way to fill a company.
 #pragma once
 
 #include <memory>
@@ -9,7 +9,7 @@
 
 namespace velmar::bench {
 
-/// A statement prepared once, as an engine's own interface runs it.
+/// A prepared statement of an engine's C interface.
 class BareCursor {
  public:
   virtual ~BareCursor() = default;
@@ -24,7 +24,7 @@ class BareCursor {
   virtual void reset() = 0;
 };
 
-/// A connection as an engine's own interface has it.
+/// A connection of an engine's C interface.
 class BareLink {
  public:
   virtual ~BareLink() = default;
@@ -34,7 +34,7 @@ class BareLink {
   virtual std::unique_ptr<BareCursor> prepare(const char* sql) = 0;
 };
 
-/// A statement prepared once. Texts must live until it was run.
+/// A prepared statement. Texts must remain valid until it was run.
 class BareStatement {
  public:
   explicit BareStatement(std::unique_ptr<BareCursor> cursor) : cursor_(std::move(cursor)) {}
@@ -45,14 +45,14 @@ class BareStatement {
     return *this;
   }
 
-  /// Steps once; whether a row stands to be read.
+  /// Steps once; returns whether there is a row.
   bool step() { return cursor_->step(); }
   double number(int column) const { return cursor_->number(column); }
   /// Valid until the next step.
   std::string_view text(int column) const { return cursor_->text(column); }
   int integer(int column) const { return cursor_->integer(column); }
   void reset() { cursor_->reset(); }
-  /// Steps to the end and makes ready for the next time; gives the number of rows.
+  /// Steps to the end and resets the statement; returns the number of rows.
   int run();
 
  private:
@@ -61,12 +61,12 @@ class BareStatement {
 
 class BareConnection {
  public:
-  /// The company at that path, on the engine that its folder names.
+  /// Opens the company at that path, on the engine that its folder uses.
   explicit BareConnection(const QString& path);
 
   /// Runs statements without values.
   void run(const char* sql) { link_->run(sql); }
-  /// Begins a transaction that keeps other writers out, waiting for them.
+  /// Waits for other writers and begins a transaction with the write lock.
   void beginWrite() { link_->beginWrite(); }
   BareStatement prepare(const char* sql) { return BareStatement(link_->prepare(sql)); }
 

@@ -15,7 +15,7 @@ constexpr std::string_view kMoment = "2026-03-15 10:00:00.000";
 
 double rounded(double value, double scale) { return std::nearbyint(value * scale) / scale; }
 
-// Document numbers, in keys behind a prefix.
+// Document numbers in keys with a prefix.
 struct Keys {
   QString table;
   QString column;
@@ -30,7 +30,7 @@ Keys ledger(const char* kind) {
           QStringLiteral("TIP = '%1' AND ").arg(QLatin1String(kind))};
 }
 
-// The last key of each length whose number is of plain digits: one look in the index for each.
+// The highest key of each length with a number of plain digits: one index lookup for each.
 std::string plain(const Keys& keys) {
   QStringList lengths;
   for (int length = 1; length <= kPlainDigits; ++length)
@@ -49,7 +49,7 @@ std::string odd(const Keys& keys) {
       .toStdString();
 }
 
-// The costs by what tells them apart, of articles that come from there.
+// The costs of articles of that origin, by groups.
 std::string costsBy(const std::string& groups, const std::string& origin) {
   return "SELECT " + groups +
          ", SUM(L.COST) FROM G_LFACCL L JOIN G_ARTMAG A ON A.CODART = L.CODART JOIN G_FAMART F ON F.COD = "

@@ -1,4 +1,4 @@
-// A customer invoice under the valuation by lots, validated by bare prepared statements one row at a time.
+// A customer invoice with stock valued by lots, validated by bare prepared statements, one row at a time.
 #pragma once
 
 #include <string>
@@ -13,7 +13,7 @@ class BareInvoice : public BareValidation {
  public:
   explicit BareInvoice(const QString& path);
 
-  /// Looks for the next number, then in one transaction: stock, lots, draft, ledger, links, articles, mark,
+  /// Finds the next number, then in one transaction: stock, lots, draft, ledger, links, articles, mark,
   /// notes.
   void validate(const QString& number) override;
 
@@ -23,10 +23,10 @@ class BareInvoice : public BareValidation {
     std::string article;
     double quantity = 0, price = 0, value = 0, vat = 0;
     double cost = 0;
-    double stock = 0;  ///< of the article, as G_ARTMAG has it
+    double stock = 0;  ///< of the article, from G_ARTMAG
   };
   std::vector<Sold> sold(const QString& number);
-  /// Whether warehouse 1 has too little of an article for the lines.
+  /// Whether the stock of an article in warehouse 1 is too small for the lines.
   bool isShort(std::vector<Sold>& lines);
 
  private:

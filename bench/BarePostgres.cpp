@@ -25,7 +25,7 @@ Answer checked(PGconn* handle, PGresult* raw) {
   return answer;
 }
 
-// One round trip for each time that it is run; what it gives is read from the answer.
+// One round trip for each run; the rows are read from the result.
 class ServerCursor : public BareCursor {
  public:
   ServerCursor(PGconn* handle, const char* sql) : handle_(handle), answer_(nullptr, PQclear) {

@@ -1,4 +1,4 @@
-// An input voucher validated by bare prepared statements one row at a time.
+// An input voucher, validated by bare prepared statements, one row at a time.
 #pragma once
 
 #include <QString>
@@ -12,7 +12,7 @@ class BareVoucher : public BareValidation {
  public:
   explicit BareVoucher(const QString& path);
 
-  /// Validates the draft in one transaction: ledger, articles, mark, note and its stamp.
+  /// Validates the draft in one transaction: ledger, articles, flag, note and its stamp.
   void validate(const QString& number) override;
 
  private:

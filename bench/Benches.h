@@ -1,5 +1,5 @@
-// The rows of the benchmark. Each prints its part of the table and tells whether its own checks held; an aim
-// that is missed is marked in the table and is no failure.
+// The measurements. Each prints its part of the table and returns whether its own checks passed; a missed
+// target is marked in the table and is not a failure.
 #pragma once
 
 #include <QString>
@@ -21,11 +21,11 @@ bool measureJournals(Store store);
 bool measureReports(Store store);
 bool measureStart(Store store);
 
-/// With this option the process is one of the writers that measureWriters() sets to work.
+/// With this option the process is one of the writers that measureWriters() starts.
 inline const QString kWriterOption = QStringLiteral("--writer");
 int runWriter(const QStringList& arguments);
 
-/// With this option and a databases folder the process is the program that measureStart() times.
+/// With this option and a databases folder the process is the program that measureStart() measures.
 inline const QString kStartOption = QStringLiteral("--start");
 int runStartedProgram(int argc, char** argv, const QString& folder);
 

@@ -29,7 +29,7 @@ constexpr int kCatalogue = 10'000;
 constexpr int kNameColumn = 44;
 constexpr int kCellColumn = 14;
 
-// Names of ten thousand and more that begin with a handful of words, as catalogues do.
+// Many article names that begin with a few words, as in real catalogues.
 constexpr const char* kFillArticles =
     "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?), "
     "kind (k, word) AS (VALUES (0, 'Scaun'), (1, 'Masa'), (2, 'Surub M8'), (3, 'Cablu electric'), "
@@ -52,7 +52,7 @@ constexpr const char* kFillMasters =
     "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 100) "
     "INSERT INTO kt_ter (COD, NUME, TIP) SELECT i, 'Partener ' || i, 'M' FROM n";
 
-// The prices are multiples of a quarter, so that their products have two decimals whatever computes them.
+// The prices are multiples of 0.25, so that their products have exactly two decimals with any arithmetic.
 constexpr const char* kFillDraftLines =
     "WITH RECURSIVE d (r) AS (SELECT 0 UNION ALL SELECT r + 1 FROM d WHERE r < ?2), "
     "n (j) AS (SELECT 1 UNION ALL SELECT j + 1 FROM n WHERE j < ?1), "
@@ -68,8 +68,8 @@ constexpr const char* kFillDraftHeaders =
     "INSERT INTO G_BONINT (NUMNR, Magazie, OBS, DATANR, CODFUR, BATVA) "
     "SELECT ?1 * 1000 + r, 1 + r % 3, 'productie', '2026-03-15', 1 + r % 100, 19 FROM d";
 
-// 50,000 documents of 20 lines in two years, as the days bring them; each article is met in each warehouse.
-// The amounts are nearly a million different ones.
+// 50,000 documents of 20 lines over two years, ordered by date; each article occurs in each warehouse. There
+// are nearly a million different amounts.
 constexpr const char* kFillLedger =
     "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50000), "
     "kind (k, tip, tipie) AS (VALUES (0, 'FC', 'E'), (1, 'NR', 'I'), (2, 'BI', 'I')) "
@@ -104,7 +104,7 @@ constexpr const char* kFillNotes =
 
 constexpr int kGrownCatalogue = 100'000;
 
-// Each partner has postings of its own.
+// Each partner has its own postings.
 constexpr const char* kGrowPartners =
     "WITH RECURSIVE n (i) AS (SELECT 101 UNION ALL SELECT i + 1 FROM n WHERE i < 50000), "
     "kind (k, tip) AS (VALUES (0, 'C'), (1, 'C'), (2, 'F'), (3, 'M')) "
@@ -128,7 +128,7 @@ QString folder(Store store) {
   return paths[store];
 }
 
-// Filling needs no journal: a file that fails half way is thrown away.
+// Filling needs no journal: after a failure the file is discarded.
 template <typename Fill>
 QString filled(const QString& name, Fill&& fill) {
   makeCompanyFile(folder(Store::Files), name);
@@ -216,7 +216,7 @@ const QString& file(CompanySize size) {
   return millionLines();
 }
 
-// The same rows on the server, brought there as the program brings them.
+// The same rows on the server, copied with the program's own function.
 QString onServer(const QString& path) {
   QString target = pathInFolder(folder(Store::Server), QFileInfo(path).fileName());
   progress(QStringLiteral("Se copiaza %1 pe server").arg(QFileInfo(path).fileName()));

@@ -1,4 +1,4 @@
-// What the measurements stand on: companies of a told size in a temporary folder, times, and the table.
+// Basis of the measurements: companies of a given size in a temporary folder, timing, and the printed table.
 #pragma once
 
 #include <QList>
@@ -17,7 +17,7 @@ inline constexpr int kSmallDocument = 20;
 inline constexpr int kLargeDocument = 200;
 
 inline constexpr int kDrafts = 240;
-/// Number of the draft of that many lines; each company has drafts 0 to kDrafts - 1.
+/// The document number of a draft with that many lines; each company has drafts 0 to kDrafts - 1.
 QString draftNumber(int lines, int draft);
 
 enum class CompanySize {
@@ -32,19 +32,19 @@ enum class CompanySize {
 enum class Store { Files, Server };
 QString nameOf(Store store);
 
-/// Whether the measurements have a server: its socket's folder stands in VELMAR_TEST_SERVER.
+/// Whether the measurements have a server: the folder of its socket is in VELMAR_TEST_SERVER.
 bool hasServer();
 
-/// The path of a fresh copy of such a company. The original is made once a run.
+/// The path of a new copy of such a company. The original is created once per run.
 QString copyOfCompany(Store store, CompanySize size, const QString& fileName);
 
-/// Takes a company away that is not needed any more.
+/// Removes a company that is no longer needed.
 void removeCompany(const QString& path);
 
-/// The path of a company with that many articles and nothing else, which is made once.
+/// The path of a company with that many articles and nothing else, created once per run.
 QString companyWithArticles(Store store, int count);
 
-/// A company open as the program has it, database and session, for as long as this lives.
+/// A company that is open as in the program, with database and session, while this object exists.
 class OpenCompany {
  public:
   explicit OpenCompany(const QString& path);
@@ -53,7 +53,7 @@ class OpenCompany {
   OpenCompany& operator=(const OpenCompany&) = delete;
 };
 
-/// Milliseconds that the work took.
+/// The duration of the work in milliseconds.
 template <typename Work>
 double timed(Work&& work);
 
@@ -67,21 +67,21 @@ class Times {
   QList<double> values_;
 };
 
-/// Prints a heading, its columns behind the name of the row.
+/// Prints a heading, with the columns after the name of the row.
 void printHeading(Store store, const QString& title, const QStringList& columns);
 void printRow(const QString& name, const QStringList& cells);
 QString milliseconds(double value);
 
 inline constexpr double kNoAim = 1e9;
-/// "1.23" and, where it is above the aim, a mark.
+/// "1.23", with a mark if it is above the target.
 QString ratio(double value, double aim);
 
-/// Keeps how many times as long as the bare statements a piece of work took, for the table at the end.
+/// Stores the ratio of the time of an operation to that of the bare statements, for the table at the end.
 void noteRatio(const QString& name, Store store, double value, double aim = kNoAim);
-/// Prints the ratios of the run, the engines beside each other.
+/// Prints the ratios of the run, with one column for each engine.
 void printRatios();
 
-/// Says on standard error what takes a while.
+/// Prints what is being done to standard error.
 void progress(const QString& text);
 
 }  // namespace velmar::bench

@@ -1,5 +1,5 @@
-// A customer invoice of 20 lines as a PDF file: read, laid out and written, beside the bare statements that
-// read it and the same number of texts drawn into a PDF.
+// A customer invoice of 20 lines as a PDF file: reading, layout and writing, compared with the bare
+// statements that read it and with drawing the same number of texts into a PDF.
 #include <QPainter>
 #include <QPdfWriter>
 #include <QTemporaryDir>
@@ -17,7 +17,7 @@ namespace velmar::bench {
 namespace {
 
 constexpr int kDotsPerInch = 1200;
-constexpr int kFrameTexts = 75;  // of the layout, besides the lines
+constexpr int kFrameTexts = 75;  // of the layout, without the lines
 
 constexpr const char* kHeader =
     "SELECT F.NUMFAC, F.CODCLI, C.PROCENT, F.OBS, F.DATAFAC, F.CODDEVIZA, F.CURS, T.NUME FROM G_FACCLI F "

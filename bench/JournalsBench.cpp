@@ -1,5 +1,5 @@
-// The VAT journal of 50,000 documents: filling its table beside the one statement that does the same, reading
-// it for the paper beside the bare query.
+// The VAT journal of 50,000 documents: filling its table compared with one statement that does the same,
+// reading it for printing compared with the bare query.
 #include "Bare.h"
 #include "Benches.h"
 #include "reports/VatJournals.h"

@@ -1,5 +1,5 @@
-// The list windows with a grown catalogue: 100,000 articles, 50,000 partners, a ledger of a million lines and
-// 500,000 lines of notes; each answer beside the best single statement that gives it.
+// The list windows with a large catalogue: 100,000 articles, 50,000 partners, a ledger of a million lines and
+// 500,000 lines of notes; each operation compared with the best single statement for the same result.
 #include <functional>
 #include <QApplication>
 #include <QLineEdit>
@@ -31,7 +31,7 @@ constexpr const char* kArticlePage =
     "SELECT A.*, F.DENUMIRE, T.NUME FROM G_ARTMAG A LEFT JOIN G_FAMART F ON F.COD = A.FAMART "
     "LEFT JOIN kt_ter T ON T.COD = A.CODFURNIZO ORDER BY A.CODART LIMIT 100";
 
-// Shows what was done: until the window stands painted.
+// Processes events until the window is painted.
 void settle() {
   QApplication::sendPostedEvents();
   QApplication::processEvents();

@@ -1,5 +1,5 @@
-// The engine's plans of all statements of a validation, on a ledger of a million lines: none may read a
-// ledger through.
+// The engine's plans of all statements of a validation, on a ledger of a million lines: none may scan a whole
+// ledger.
 #include <cstdio>
 #include <QRegularExpression>
 
@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kShownText = 150;
 
-// The names under which a statement knows the ledgers: their own and its aliases.
+// The names of the ledgers in a statement: their own names and aliases.
 QStringList ledgerNames(const QString& sql) {
   static const QRegularExpression kLedger(
       QStringLiteral("\\b(G_LDOCUM|G_DOCUME|kt_linii|G_I_E|G_FACCLI|G_LFACCL)\\b(?:\\s+(?:AS\\s+)?(\\w+))?"),
@@ -28,7 +28,7 @@ QStringList ledgerNames(const QString& sql) {
   return names;
 }
 
-// "SCAN kt_linii" the one engine says, "Seq Scan on kt_linii" the other.
+// SQLite reports "SCAN kt_linii", PostgreSQL "Seq Scan on kt_linii".
 bool readsThrough(const QString& step, const QStringList& ledgers) {
   static const QRegularExpression kScan(QStringLiteral("(?:^SCAN|Seq Scan on) (\\w+)(?: (\\w+))?"),
                                         QRegularExpression::CaseInsensitiveOption);

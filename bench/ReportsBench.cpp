@@ -1,6 +1,5 @@
-// A report of 100,000 lines: its first page, the counting of its pages, all of them in a PDF beside the same
-// cells drawn by bare QPdfWriter calls from texts that are ready; and the memory that ten times as many lines
-// take.
+// A report of 100,000 lines: its first page, counting its pages, all pages as a PDF compared with the same
+// cells drawn by plain QPdfWriter calls from prepared texts; and the memory for ten times as many lines.
 #include <malloc.h>
 #include <QFile>
 #include <QImage>
@@ -22,9 +21,9 @@ constexpr int kLines = 100'000;
 constexpr int kFewLines = 10'000;
 constexpr int kReportRounds = 3;
 constexpr double kFirstPageAimMs = 300;
-constexpr double kDrawingAim = 1 / 0.7;  // 0.7 of the lines a second of bare drawing
+constexpr double kDrawingAim = 1 / 0.7;  // 0.7 of the lines per second of plain drawing
 constexpr double kMemoryAimMiB = 20;
-constexpr int kScreenDots = 96;  // to the inch
+constexpr int kScreenDots = 96;  // per inch
 constexpr int kPaperDots = 1200;
 
 layout::Cell cell(double width, const QString& formula, bool isNumber) {
@@ -39,7 +38,7 @@ layout::Cell cell(double width, const QString& formula, bool isNumber) {
   return made;
 }
 
-/// The list of articles with a computed column, a sum, and what is carried from page to page.
+/// The list of articles with a computed column, a sum, and totals carried from page to page.
 layout::Layout listLayout() {
   using layout::RowRole;
   layout::Table table;
@@ -77,7 +76,7 @@ std::unique_ptr<ReportJob> reportOf(int lines) {
   return std::make_unique<ReportJob>(QStringLiteral("lista.lst"), listLayout(), data);
 }
 
-/// The cells of the lines as texts, a page of them after the other.
+/// The cells of the lines as texts, page by page.
 class BarePages {
  public:
   BarePages(const RowSource& rows, int linesOnPage) : linesOnPage_(linesOnPage) {
@@ -124,7 +123,7 @@ class BarePages {
   QList<QStringList> texts_;
 };
 
-// The most memory that the process had since the last call to forgetPeak(), in MiB.
+// The peak memory of the process since the last call to forgetPeak(), in MiB.
 double peak() {
   QFile status(QStringLiteral("/proc/self/status"));
   if (!status.open(QIODevice::ReadOnly)) return 0;
@@ -139,7 +138,7 @@ void forgetPeak() {
   if (refs.open(QIODevice::WriteOnly)) refs.write("5");
 }
 
-// Writes all pages of that many lines; gives the peak of memory meanwhile.
+// Writes all pages of that many lines; returns the peak memory meanwhile.
 double peakOf(int lines, const QString& path) {
   forgetPeak();
   const auto job = reportOf(lines);
@@ -155,7 +154,8 @@ bool measureReports(Store store) {
   const QTemporaryDir folder;
   const QString file = folder.filePath(QStringLiteral("lista.pdf"));
 
-  // What the engine keeps of the company's file is no memory of the report: it has all of it before both.
+  // The engine's cache of the company's file is not memory of the report, so it is filled before both
+  // measurements.
   reportOf(kLines)->pageCount();
   const double few = peakOf(kFewLines, file);
   const double many = peakOf(kLines, file);

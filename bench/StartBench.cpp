@@ -1,5 +1,5 @@
 // From the start of the process to the login, and from the login's OK to the main window, on the company with
-// a million lines. Each round is a process of its own; a robot answers the dialogs at once.
+// a million lines. Each round is a separate process; a robot answers the dialogs immediately.
 #include <cstdio>
 #include <QApplication>
 #include <QComboBox>
@@ -27,26 +27,26 @@ constexpr int kStarts = 10;
 constexpr int kStartLimitMs = 30'000;
 const QString kGone = QStringLiteral("-inchis");
 
-// A clock that all processes of the machine share.
+// A clock shared by all processes of the machine.
 qint64 nowMs() {
   QElapsedTimer timer;
   timer.start();
   return timer.msecsSinceReference();
 }
 
-void tell(const QString& name) {
+void report(const QString& name) {
   std::printf("%s %lld\n", qUtf8Printable(name), static_cast<long long>(nowMs()));
   std::fflush(stdout);
 }
 
-// Answers each dialog once it was painted, and tells when that was.
+// Answers each dialog once it is painted, and prints the time.
 class Robot : public QObject {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
     auto* window = qobject_cast<QWidget*>(watched);
     if (window && window->isWindow()) {
       const QString name = window->objectName();
-      if (event->type() == QEvent::Hide) tell(name + kGone);
+      if (event->type() == QEvent::Hide) report(name + kGone);
       if (event->type() == QEvent::Paint && !seen_.contains(name)) {
         seen_.append(name);
         QTimer::singleShot(0, window, [window] { answer(window); });
@@ -58,7 +58,7 @@ class Robot : public QObject {
  private:
   static void answer(QWidget* window) {
     const QString name = window->objectName();
-    tell(name);
+    report(name);
     if (name == QStringLiteral("frmLogin"))
       for (const char* box : {"txtUserName", "txtPassword"})
         window->findChild<QLineEdit*>(box)->setText(QStringLiteral("admin"));
@@ -71,7 +71,7 @@ class Robot : public QObject {
   QStringList seen_;
 };
 
-// Runs the program once; the moments at which its windows stood, by their names.
+// Runs the program once; returns the times at which its windows were shown, by name.
 QHash<QString, qint64> startedOnce(const QString& folder) {
   QProcess process;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -103,7 +103,7 @@ bool measureStart(Store store) {
     if (!moments.contains(QStringLiteral("frmMain")))
       throw StoreError(0, QStringLiteral("Programul nu a ajuns la fereastra principala."));
     if (round == 0) continue;
-    // The splash stands for a time of its own, which is no work.
+    // The splash is shown for a fixed time, which is not counted.
     const qint64 splash = moments[QStringLiteral("frmSplash") + kGone] - moments[QStringLiteral("frmSplash")];
     login.add(static_cast<double>(moments[QStringLiteral("frmLogin")] - begun - splash));
     mainWindow.add(

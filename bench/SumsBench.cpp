@@ -1,5 +1,5 @@
-// Sums that the engine makes of a million amounts, beside the exact sums of the same cells: both must agree
-// to the ban.
+// The engine's sums of a million amounts, compared with the exact sums of the same cells: they must be equal
+// to the ban (0.01 lei).
 #include "Benches.h"
 #include "store/Database.h"
 
@@ -26,7 +26,7 @@ QHash<QString, Decimal> exactSums(const Summed& summed) {
   return sums;
 }
 
-// The sums of the groups, and of all of them together.
+// Compares the sums of the groups, and the total.
 bool agree(const Summed& summed) {
   const QHash<QString, Decimal> exact = exactSums(summed);
   const QString sum = QStringLiteral("ROUND_EVEN(SUM(%1), 2) AS TOTAL FROM %2")

@@ -13,7 +13,7 @@ constexpr const char* kSettings =
     "UPDATE kt_par SET SERIEFC = 'VEL', FCSTART = '1', FCEND = '9999999'; "
     "UPDATE G_ARTMAG SET PROVENIENTA = 'M'";
 
-// The documents in their order: ?1 of them about ?2 articles. A third of those before the ?3rd are issues.
+// The documents in order: ?1 documents with ?2 articles. One third of those before document ?3 are issues.
 const std::string kDocuments =
     "WITH RECURSIVE n (i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < ?1 - 1), "
     "doc (i, tip, tipie, mag, num, zi, rest) AS (SELECT i, CASE WHEN i >= ?3 THEN 'FF' WHEN i % 3 = 0 "
@@ -21,7 +21,7 @@ const std::string kDocuments =
     "END, CASE WHEN i >= ?3 THEN 1 ELSE 1 + i / 3 % 3 END, 1000000 + i, "
     "date('2024-03-15', (i * 730 / ?1) || ' days'), CASE WHEN i >= ?3 THEN 7 ELSE 0 END FROM n) ";
 
-// And their lines. Each turn of documents has each article once, in another order than the turn before.
+// The lines of the documents. They run through all articles again and again, each time in a different order.
 const std::string kLines =
     kDocuments +
     ", l (j) AS (SELECT 1 UNION ALL SELECT j + 1 FROM l WHERE j < 20), "
@@ -61,7 +61,7 @@ constexpr const char* kDraftHeaders =
     "NoteContabile) SELECT ?1 * 1000 + r, 'VEL', 1, 'vanzare', '2026-03-15', '2026-04-15', 1 + r % 100, 2, "
     "4, ' ', -1 FROM d";
 
-// Prices are multiples of a quarter, so that their products have two decimals whatever computes them.
+// Prices are multiples of 0.25, so that their products have exactly two decimals with any arithmetic.
 constexpr const char* kDraftLines =
     "WITH RECURSIVE d (r) AS (SELECT 0 UNION ALL SELECT r + 1 FROM d WHERE r < ?2), "
     "n (j) AS (SELECT 1 UNION ALL SELECT j + 1 FROM n WHERE j < ?1), "

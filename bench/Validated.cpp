@@ -24,7 +24,7 @@ std::vector<Cells> rowsOf(const QString& path, const QString& sql) {
   return rows;
 }
 
-// The one side computes with decimals, the other with doubles.
+// The program computes with decimals, the bare statements with doubles.
 bool isSame(const QVariant& one, const QVariant& other) {
   constexpr double kNoise = 1e-6;
   if (one.isNull() || other.isNull()) return one.isNull() == other.isNull();
@@ -42,7 +42,7 @@ QString shown(const Cells& cells) {
   return texts.join(u' ');
 }
 
-// What a validation has written: of the ledgers the documents of that day.
+// The rows written by a validation: in the ledgers, the documents of that day.
 QStringList writtenBy(const Validated& kind) {
   const DocumentKind& document = documentKind(kind.prefix);
   return {

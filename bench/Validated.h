@@ -1,5 +1,5 @@
-// The kinds of document whose validation is measured: the program's own way, and the same rows written by
-// bare prepared statements one row at a time.
+// The document kinds whose validation is measured: by the program, and by bare prepared statements that write
+// the same rows one at a time.
 #pragma once
 
 #include <memory>
@@ -14,7 +14,7 @@ class BareValidation {
  public:
   virtual ~BareValidation() = default;
 
-  /// Does what Validated::byProgram() does, the writing in one transaction.
+  /// Does the same as Validated::byProgram(), writing in one transaction.
   virtual void validate(const QString& number) = 0;
 };
 
@@ -24,23 +24,23 @@ struct Validated {
   QString prefix;  ///< of the document kind
   CompanySize small, large;
   QString smallName, largeName;
-  int notes;  ///< that each document gets
+  int notes;  ///< created for each document
   double ratioAim;
   std::unique_ptr<BareValidation> (*bare)(const QString& path);
 
-  /// Proposes the number of a further document and validates the draft of the open company as the program
-  /// does; gives the milliseconds that both took.
+  /// Proposes the number of a further document and validates the draft of the open company like the program;
+  /// returns the duration of both in milliseconds.
   double byProgram(const QString& number) const;
 };
 
 const Validated& vouchers();
 const Validated& invoices();
 
-/// The kind that goes by that name.
+/// The kind with that measurement name.
 const Validated& validatedBy(const QString& bench);
 
-/// Whether two companies in which the same drafts were validated hold the same; tells on standard error what
-/// differs. Both are opened.
+/// Whether two companies in which the same drafts were validated have the same contents; prints differences
+/// to standard error. Opens both.
 bool agree(const Validated& kind, const QString& one, const QString& other);
 
 }  // namespace velmar::bench

@@ -1,6 +1,7 @@
-// Validating a document beside the same rows written by bare prepared statements. Both write companies of
-// their own that began as copies of one, in turns, and so do the small and the large ledger: the disk of a
-// shared machine may be ten times slower a second later. At the end both companies hold the same.
+// Validating a document compared with bare prepared statements that write the same rows. Each writes to its
+// own copy of the same company. They take turns, and so do the small and the large ledger, since the disk of
+// a shared machine may be ten times slower a second later. At the end both companies must have the same
+// contents.
 #include "BareInvoice.h"
 #include "Benches.h"
 #include "documents/DocumentEditor.h"
@@ -21,7 +22,7 @@ struct Pair {
   Times bare;
 };
 
-// A company kept in use by a colleague, so that closing a file does not empty its journal.
+// A company that is also open in another connection, so that closing a file does not empty its journal.
 struct Used {
   explicit Used(const QString& file) : path(file), colleague(file) {
     colleague.run("SELECT VERSIUNE FROM kt_info");
@@ -31,15 +32,15 @@ struct Used {
   BareConnection colleague;
 };
 
-// One size of company, two of them, and the times by the number of lines.
+// Two companies of one size, and the times by number of lines.
 struct Contest {
   Contest(Store store, const Validated& what, CompanySize size, const QString& name)
       : kind(what),
         mine(copyOfCompany(store, size, name + QStringLiteral("-noi.mdb"))),
         theirs(copyOfCompany(store, size, name + QStringLiteral("-direct.mdb"))) {}
 
-  // A few rounds in a row; the first after opening the files is not counted. Who begins changes, since what
-  // follows a write to the disk may start in its shadow.
+  // A few rounds in sequence; the first after opening the files is not counted. The order alternates, since
+  // an operation that follows a disk write may be slowed down by it.
   void measureBlock() {
     const OpenCompany company(mine.path);
     const auto bare = kind.bare(theirs.path);
@@ -118,7 +119,7 @@ bool measureValidation(Store store, const Validated& kind) {
   return printAgreement(small.agrees() && large.agrees());
 }
 
-// The questions asked before a validation, which write nothing, so that one company serves both.
+// The checks before a validation. They write nothing, so both use one company.
 struct Checks {
   Checks(Store store, CompanySize size, const QString& name) : used(copyOfCompany(store, size, name)) {}
 

@@ -1,5 +1,5 @@
-// Workstations that validate documents of 20 lines at once, each a process of its own, beside processes that
-// write the same rows with bare prepared statements.
+// Workstations that validate documents of 20 lines at the same time, each a separate process, compared with
+// processes that write the same rows with bare prepared statements.
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -60,7 +60,7 @@ Written writtenIn(const Validated& kind, const QString& path) {
           count(QStringLiteral("SELECT COUNT(*) FROM G_DOCUME"))};
 }
 
-// Each draft is validated, and each has notes of its own.
+// Checks that each draft is validated and has its own notes.
 void requireAllWritten(const Validated& kind, const QString& path, Written before, int drafts) {
   before.drafts += drafts;
   before.notes += kind.notes * drafts;
@@ -69,7 +69,7 @@ void requireAllWritten(const Validated& kind, const QString& path, Written befor
     throw StoreError(0, QStringLiteral("Validarile simultane nu sunt toate scrise."));
 }
 
-// Validations a second of that many processes, from the moment when all of them are ready.
+// Validations per second of that many processes, counted from the time when all of them are ready.
 double rate(Store store, const Validated& kind, const QString& way, int writers) {
   const QString path = copyOfCompany(store, kind.small, QStringLiteral("scriu.mdb"));
   const Written before = writtenIn(kind, path);

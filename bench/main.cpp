@@ -34,7 +34,7 @@ const QString kQuickOption = QStringLiteral("--quick");
 struct Asked {
   QStringList names;
   QList<Store> stores;
-  QString refusal;  ///< what is wrong with the command line, empty when nothing is
+  QString refusal;  ///< the error in the command line; empty if there is none
 };
 
 bool isKnown(const QString& name) {
@@ -48,7 +48,7 @@ QList<Store> storesOf(const QString& engine) {
   return {};
 }
 
-// Without an engine it is the files, and the server where there is one.
+// Without --engine: files, and the server if there is one.
 Asked asked(QStringList arguments) {
   Asked all;
   if (arguments.removeAll(kQuickOption) > 0) velmar::bench::setQuick();

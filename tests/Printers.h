@@ -1,4 +1,4 @@
-// Lets a failed comparison show texts and amounts as people write them.
+// Makes failed comparisons print texts and amounts in readable form.
 #pragma once
 
 #include <ostream>

@@ -1,5 +1,5 @@
-// Lets the tests run on a database server: where VELMAR_TEST_SERVER tells the folder of its socket, each
-// folder of databases names it.
+// Lets the tests run on a database server: if VELMAR_TEST_SERVER contains the folder of its socket, each
+// databases folder is set to use it.
 #pragma once
 
 #include <QCoreApplication>
@@ -10,7 +10,7 @@
 
 namespace velmar {
 
-/// Names the tests' server in the folder, with databases of this folder's own; does nothing without a server.
+/// Makes the folder use the tests' server, with its own database names; does nothing without a server.
 inline void nameTestServer(const QString& folder) {
   const QString socket = qEnvironmentVariable("VELMAR_TEST_SERVER");
   if (socket.isEmpty()) return;

@@ -61,7 +61,7 @@ QVariantMap asMap(const Shown& shown) {
           {QStringLiteral("answered"), shown.answered}};
 }
 
-// The box that was shown last, while it stands.
+// The message box that is open, null if there is none.
 QWidget* standingBox() {
   QWidget* modal = QApplication::activeModalWidget();
   return modal && modal->objectName() == QStringLiteral("frmMsgBox") && modal->isVisible() ? modal : nullptr;
@@ -108,7 +108,7 @@ void Answers::press() {
   answers_.pop_front();
   --pressing_;
   if (answer.compare(kCloseBox, Qt::CaseInsensitive) == 0) {
-    // Refused, the box goes on standing, and what is queued next is meant for it.
+    // If the box refuses to close, it remains open and the next answer in the queue is for it.
     if (!box->close() && !answers_.empty()) {
       ++pressing_;
       QTimer::singleShot(0, this, &Answers::press);
@@ -151,7 +151,7 @@ void Answers::serveFileDialog(QWidget* dialog) {
     chooser->reject();
     return;
   }
-  // What the program proposed is marked in the lists, and would be taken along.
+  // A proposed file is selected in the lists and would be chosen too.
   const QList<QAbstractItemView*> lists = chooser->findChildren<QAbstractItemView*>();
   for (QAbstractItemView* list : lists)
     if (list->selectionModel()) list->clearSelection();
@@ -179,10 +179,10 @@ QVariant Answers::expect(const QString& text, const QVariantMap& more) {
   for (const QString& what : {QStringLiteral("title"), QStringLiteral("icon"), QStringLiteral("buttons")}) {
     if (!more.contains(what)) continue;
     const QStringList wanted = more[what].toStringList();
-    const QStringList stood = shown[what].toStringList();
-    if (wanted != stood)
+    const QStringList actual = shown[what].toStringList();
+    if (wanted != actual)
       return QVariantMap{{QStringLiteral("expected"), what + ": " + wanted.join(", ")},
-                         {QStringLiteral("actual"), what + ": " + stood.join(", ")}};
+                         {QStringLiteral("actual"), what + ": " + actual.join(", ")}};
   }
   return {};
 }

@@ -1,5 +1,5 @@
-// The message boxes and file dialogs of a scenario: answers them as the script has said beforehand, and keeps
-// what they showed.
+// The message boxes and file dialogs of a scenario: answers them as the script has specified in advance, and
+// records what they showed.
 #pragma once
 
 #include <deque>
@@ -15,25 +15,25 @@ namespace velmar::scenario {
 struct Shown {
   QString title, text, icon;
   QStringList buttons;
-  QString answered;  ///< caption of the button pressed, empty while the box stands
+  QString answered;  ///< caption of the button pressed, empty while the box is open
 };
 
-/// Stands between the program and its own message boxes, which it lets the program draw.
+/// Receives the program's messages and forwards them, so that the program shows its own message boxes.
 class Answers : public QObject, public MessageSink {
  public:
-  /// Tells of an answer that fits no button.
+  /// `complain` is called with an answer that matches no button.
   explicit Answers(std::function<void(const QString&)> complain);
   ~Answers() override { setMessageSink(nullptr); }
 
-  /// Steps in front of the program's own sink.
+  /// Replaces the program's message sink and forwards to it.
   void listen();
   int show(const Message& message) override;
 
-  /// Whether no answer is on its way to its box.
+  /// Whether no answer is being sent to a box.
   bool settled() const { return pressing_ == 0; }
-  /// Silent, no box is drawn and none is kept; each gives what its last button would.
+  /// When silent, no box is shown or recorded; each message returns the result of its last button.
   void setSilent(bool silent) { silent_ = silent; }
-  /// The first message nobody has read that reports an error of the program; empty when there is none.
+  /// The first unread message that reports an error of the program; empty if there is none.
   QString unexpectedReport() const;
   /// Text of the box that was shown last.
   const QString& lastText() const { return lastText_; }

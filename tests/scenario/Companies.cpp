@@ -62,7 +62,7 @@ void requireKnown(const QVariantMap& options) {
     if (!known.contains(name)) throw Failure(QStringLiteral("company() has no option %1").arg(name));
 }
 
-// Statements that give rows, by their first word or their RETURNING.
+// Whether a statement returns rows, according to its first word or RETURNING.
 bool givesRows(const QString& text) {
   const QString upper = text.trimmed().toUpper();
   for (const char* word : {"SELECT", "WITH", "VALUES", "PRAGMA"})
@@ -104,10 +104,10 @@ QVariant runSql(const QString& text, const QVariantList& arguments) {
   return rows;
 }
 
-// Has the script of the tests' server, which must be this scenario's alone, do something with it.
+// Runs the script of the tests' server, which no other scenario may use.
 QString serverScript(const QStringList& words) {
   const QString script = qEnvironmentVariable("VELMAR_TEST_SERVER_SCRIPT");
-  if (script.isEmpty()) throw Failure(QStringLiteral("no server is this scenario's alone"));
+  if (script.isEmpty()) throw Failure(QStringLiteral("this scenario has no server of its own"));
   QStringList arguments = words;
   arguments.insert(1, qEnvironmentVariable("VELMAR_TEST_SERVER"));
   QProcess process;
@@ -125,7 +125,7 @@ Companies::Companies(Folders& folders, Answers& answers)
   applyLook(*qApp);
   settings::setFolder(folders.settings());
   settings::setDriveFolder(folders.drive());
-  // As left by a user who has given the main window the whole screen.
+  // Settings as left by a user who has maximized the main window.
   const QRect screen = QApplication::primaryScreen()->availableGeometry();
   settings::setMainWindowPlace(
       {0, 0, screen.width() * settings::kTwipsPerPixel, screen.height() * settings::kTwipsPerPixel});
@@ -136,7 +136,7 @@ Companies::Companies(Folders& folders, Answers& answers)
 
 Companies::~Companies() = default;
 
-// A folder of databases as the first start of the program finds it: with the template alone.
+// A databases folder as at the first start of the program: with the template only.
 QString Companies::freshFolder() {
   if (!startUp_) begin();
   QString folder = folders_.nextDatabases();
@@ -147,7 +147,7 @@ QString Companies::freshFolder() {
   return folder;
 }
 
-// Lets go of every modal window, innermost first; gives whether the start-up has come to its end.
+// Closes all modal windows, innermost first; returns whether the start-up has ended.
 bool Companies::closeAll() {
   answers_.setSilent(true);
   while (QWidget* modal = QApplication::activeModalWidget()) modal->hide();

@@ -1,4 +1,4 @@
-// The companies of a scenario: makes them, opens the program on them and looks into their database.
+// The companies of a scenario: creates them, starts the program on them and queries their databases.
 #pragma once
 
 #include <memory>

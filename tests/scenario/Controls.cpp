@@ -24,7 +24,7 @@ namespace velmar::scenario {
 
 namespace {
 
-// A caption as it is seen: "&&" shows one ampersand, a single one underlines.
+// A caption as displayed: "&&" is an ampersand, a single "&" is the mnemonic mark.
 QString withoutMnemonic(QString caption) {
   return caption.replace(QStringLiteral("&&"), QStringLiteral("\x01"))
       .remove(QChar(u'&'))
@@ -74,7 +74,7 @@ QStringList itemsOf(const QWidget* widget) {
   return texts;
 }
 
-// Gives false when the text has to be typed, because the list fills as one types.
+// Returns false if the text must be typed, because the list is filled while typing.
 bool pick(QWidget* widget, const QString& text) {
   focus(widget);
   if (auto* combo = qobject_cast<QComboBox*>(widget)) {
@@ -96,7 +96,7 @@ bool pick(QWidget* widget, const QString& text) {
                     .arg(widget->objectName(), text, itemsOf(widget).mid(0, 30).join(QStringLiteral(", "))));
 }
 
-// Check boxes and option buttons take the click in a part of their rectangle only.
+// Check boxes and option buttons are clickable only in a part of their rectangle.
 QPoint clickPlace(const QWidget* widget) {
   const bool hasIndicator = widget->inherits("QCheckBox") || widget->inherits("QRadioButton");
   return hasIndicator ? QPoint(8, widget->height() / 2) : widget->rect().center();
@@ -107,8 +107,8 @@ void click(QWidget* widget) {
   clickAt(widget, clickPlace(widget));
 }
 
-// Gives the text to type where the value is one that is typed, true where the control has to be left for the
-// value to count, else null.
+// Returns the text to type if the value must be typed, true if the control must lose the focus to apply the
+// value, otherwise null.
 QVariant set(QWidget* widget, const QVariant& value) {
   requireUsable(widget);
   if (auto* picker = qobject_cast<QDateTimeEdit*>(widget)) {
@@ -175,7 +175,7 @@ void leaveByTab(QWidget* widget) {
   const bool takesTabs = (qobject_cast<QTextEdit*>(widget) || qobject_cast<QPlainTextEdit*>(widget)) &&
                          !widget->property("tabChangesFocus").toBool();
   if (!takesTabs) {
-    // In a date the key goes through day, month and year first.
+    // In a date, Tab first moves through day, month and year.
     const int presses = widget->inherits("QDateTimeEdit") ? 6 : 1;
     for (int i = 0; i < presses && focusIsIn(widget); ++i) pressKey(QStringLiteral("Tab"));
     return;
@@ -191,7 +191,7 @@ void leaveByTab(QWidget* widget) {
 void clearByKeyboard(QWidget* editor) {
   if (!focusIsIn(editor)) return;
   if (auto* picker = qobject_cast<QDateTimeEdit*>(editor)) {
-    // A date is never empty; what is typed replaces it part by part.
+    // A date is never empty; typing replaces it part by part.
     picker->setSelectedSection(picker->sectionAt(0));
     return;
   }
@@ -233,17 +233,18 @@ QWidget* mouseTarget(QWidget* widget) {
   return area ? area->viewport() : widget;
 }
 
-// Two numbers are a place in the control's own measure, where it has one, or pixels.
+// Two numbers are a position in the control's own unit, if it has one, or in pixels.
 QPoint mousePlace(QWidget* widget, const QVariant& where) {
   const QVariantList numbers = where.toList();
-  const QPointF told(numbers.value(0).toDouble(), numbers.value(1).toDouble());
-  QPointF place = told;
+  const QPointF given(numbers.value(0).toDouble(), numbers.value(1).toDouble());
+  QPointF place = given;
   if (widget->metaObject()->indexOfMethod("toScreen(QPointF)") >= 0)
-    QMetaObject::invokeMethod(widget, "toScreen", Q_RETURN_ARG(QPointF, place), Q_ARG(QPointF, told));
+    QMetaObject::invokeMethod(widget, "toScreen", Q_RETURN_ARG(QPointF, place), Q_ARG(QPointF, given));
   return place.toPoint();
 }
 
-// The screen in memory carries nothing: what a platform would tell the two controls is told here.
+// The offscreen platform has no drag and drop: this sends the events that a platform would send to the two
+// controls.
 void carry(QAbstractItemView* from, const QString& item, QWidget* onto, const QVariant& to) {
   requireUsable(from);
   requireUsable(onto);
@@ -283,7 +284,7 @@ void addMouseFunctions(Functions& functions, Windows& windows) {
   });
   functions["carry"] = [&windows](const Arguments& a) {
     auto* from = qobject_cast<QAbstractItemView*>(windows.control(a[0], a[1]));
-    if (!from) throw Failure(a[1].toString() + QStringLiteral(" is no list"));
+    if (!from) throw Failure(a[1].toString() + QStringLiteral(" is not a list"));
     carry(from, a[2].toString(), windows.control(a[0], a[3]), a[4]);
     return QVariant();
   };
@@ -354,7 +355,7 @@ void addControlFunctions(Functions& functions, Windows& windows) {
     pressKey(a[0].toString());
     return QVariant();
   };
-  // Types on only while the same window has the user; gives whether it did.
+  // Types only if the same modal window is still in front; returns whether it did.
   functions["typeCharacter"] = [](const Arguments& a) {
     const auto front = reinterpret_cast<quintptr>(QApplication::activeModalWidget());
     if (QString::number(front) != a[0].toString()) return false;

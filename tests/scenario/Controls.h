@@ -1,4 +1,4 @@
-// What stands in the controls of a window, and how a person changes it.
+// Reads the controls of a window, and changes them as a user does.
 #pragma once
 
 #include "Windows.h"
@@ -7,19 +7,19 @@ class QComboBox;
 
 namespace velmar::scenario {
 
-/// Registers text, value, type, pick, set, tab and their kin.
+/// Registers text, value, type, pick, set, tab and related functions.
 void addControlFunctions(Functions& functions, Windows& windows);
 
-/// Empties an editor by the keyboard: all of it marked, then deleted.
+/// Clears an editor with the keyboard: selects all, then deletes.
 void clearByKeyboard(QWidget* editor);
 
-/// What an editor or control shows as text.
+/// The text that an editor or control shows.
 QString shownText(const QWidget* widget);
 
-/// Chooses the entry of a combo by its text, through its drop-down. Gives false when it has no such entry.
+/// Chooses the entry of a combo by its text, in its drop-down list. Returns false if there is no such entry.
 bool chooseInCombo(QComboBox* combo, const QString& text);
 
-/// Takes the row of that text in the list that a completer has dropped down. Gives false when there is none.
+/// Chooses the row with that text in the drop-down list of a completer. Returns false if there is none.
 bool chooseInPopup(const QString& text);
 
 }  // namespace velmar::scenario

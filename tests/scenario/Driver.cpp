@@ -35,7 +35,7 @@ Outcome Driver::run(const std::function<QVariant()>& step) {
 
 void Driver::perform(const std::shared_ptr<Call>& call) {
   call->level = thread()->loopLevel();
-  // The loop that a modal window opens inside the step must find the probe running.
+  // The probe must be running already when a modal window opens an event loop inside the step.
   probe_.start([this, call] { return (call->acted || thread()->loopLevel() > call->level) && settled_(); },
                [call] {
                  giveFocusBack();

@@ -1,5 +1,5 @@
-// Carries the steps of a script from its own thread to the windows' thread, and back once the program waits
-// for the user again: also when a step has opened a modal window and so has not returned yet.
+// Runs the steps of a script on the GUI thread and returns to the script's thread when the program waits for
+// the user again, even if a step has opened a modal window and has not returned yet.
 #pragma once
 
 #include <memory>
@@ -12,20 +12,20 @@ namespace velmar::scenario {
 
 struct Outcome {
   QVariant value;
-  QString error;  ///< empty when the step did its work
+  QString error;  ///< empty if the step succeeded
   bool hung = false;
 };
 
 class Driver : public QObject {
  public:
-  /// `settled` says whether what the driver itself has begun (answering a box) is done.
+  /// `settled` returns whether the driver's own actions (answering a box) are finished.
   explicit Driver(std::function<bool()> settled);
 
-  /// Runs the step on the windows' thread; called from the script's thread.
+  /// Runs the step on the GUI thread; called from the script's thread.
   Outcome run(const std::function<QVariant()>& step);
 
-  /// What went wrong on the windows' thread after the step that caused it had been given back, or outside
-  /// any step; empty when nothing did.
+  /// The error on the GUI thread that occurred after its step had returned, or outside any step; empty if
+  /// there was none.
   const QString& lateFailure() const { return lateFailure_; }
   void addLateFailure(const QString& text);
 

@@ -1,4 +1,5 @@
-// Files of a scenario as text of single bytes, so that contents compare to the byte.
+// File access for scenarios: contents are texts with one character per byte, so that they can be compared
+// exactly.
 #pragma once
 
 #include "Functions.h"

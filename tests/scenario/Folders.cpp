@@ -7,7 +7,7 @@ namespace velmar::scenario {
 Folders::Folders(const QString& out) : out_(out) {
   QDir(out).removeRecursively();
   for (const QString& folder : {out, app(), drive(), settings()})
-    if (!QDir().mkpath(folder)) throw Failure(QStringLiteral("%1 cannot be made").arg(folder));
+    if (!QDir().mkpath(folder)) throw Failure(QStringLiteral("%1 cannot be created").arg(folder));
 }
 
 QString Folders::nextDatabases() {

@@ -1,4 +1,4 @@
-// The fresh folders a scenario works in.
+// The new folders in which a scenario works.
 #pragma once
 
 #include <QTemporaryDir>
@@ -9,15 +9,15 @@ namespace velmar::scenario {
 
 class Folders {
  public:
-  /// `out` is emptied; the others lie in a temporary folder that goes with this object.
+  /// `out` is emptied; the others are in a temporary folder that is removed with this object.
   explicit Folders(const QString& out);
 
   const QString& out() const { return out_; }
   QString app() const { return inside("app"); }
-  /// Stands for drive C: of the fiscal programs.
+  /// Used as drive C: of the fiscal programs.
   QString drive() const { return inside("drive"); }
   QString settings() const { return inside("settings"); }
-  /// Makes one more empty folder for the databases of a company.
+  /// Creates another empty databases folder.
   QString nextDatabases();
 
  private:

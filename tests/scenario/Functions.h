@@ -1,5 +1,5 @@
-// What a scenario may ask of the windows' thread: functions by name, taking and giving plain values. The
-// prelude turns them into the globals and handles that scripts see.
+// The functions that a scenario can call on the GUI thread, by name, with plain values as arguments and
+// results. The prelude wraps them in the globals and handles that scripts use.
 #pragma once
 
 #include <functional>
@@ -9,7 +9,7 @@
 
 namespace velmar::scenario {
 
-/// A call that could not do what the script asked; becomes an exception of the script.
+/// A failed call; becomes an exception in the script.
 class Failure : public std::runtime_error {
  public:
   explicit Failure(const QString& text) : std::runtime_error(text.toStdString()), text_(text) {}

@@ -30,7 +30,7 @@ QHeaderView* headerOf(const QAbstractItemView* view) {
   return nullptr;
 }
 
-// An empty row for entry at the end of a grid is no row of its data.
+// The empty entry row at the end of a grid is not a data row.
 bool hasNewRow(const QAbstractItemView* view) { return view->property("hasNewRow").toBool(); }
 
 int rowsOf(const QAbstractItemView* view) {
@@ -41,7 +41,7 @@ QString captionOf(const QAbstractItemView* view, int section) {
   return view->model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
 }
 
-// The field a section shows; list views tell it in the header's user role. The caption where there is none.
+// The field of a section; list views have it in the header's user role. The caption if there is none.
 QString fieldOf(const QAbstractItemView* view, int section) {
   QString field;
   if (const auto* grid = qobject_cast<const TDBGrid*>(view))
@@ -111,7 +111,7 @@ void clickCell(QAbstractItemView* view, const QModelIndex& index,
   clickAt(view->viewport(), cell.center(), modifiers);
 }
 
-// A row is clicked where it stands already, so that nothing scrolls needlessly.
+// A visible row is clicked at its current position, to avoid scrolling.
 void selectRow(QAbstractItemView* view, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
   const QList<int> sections = visibleSections(view);
   if (sections.isEmpty()) throw Failure(view->objectName() + QStringLiteral(" shows no columns"));
@@ -141,7 +141,7 @@ bool isLocked(const QAbstractItemView* view, const QModelIndex& index) {
          !(flags & Qt::ItemIsUserCheckable);
 }
 
-// Whether what is shown is what was typed, as a number or as text.
+// Whether the shown value equals the typed one, as a number or as text.
 bool sameValue(const QString& shown, const QString& typed) {
   if (shown.compare(typed.trimmed(), Qt::CaseInsensitive) == 0) return true;
   QString ungrouped = shown;
@@ -150,7 +150,7 @@ bool sameValue(const QString& shown, const QString& typed) {
   return a && b && *a == *b;
 }
 
-// The steps of an entry, between which the prelude lets the program come to rest.
+// The steps of an entry; between them the prelude waits until the program is idle.
 void addEntrySteps(Functions& functions, Windows& windows) {
   functions["cellState"] = [&windows](const Arguments& a) {
     const auto* view = viewOf(windows, a);
@@ -163,8 +163,8 @@ void addEntrySteps(Functions& functions, Windows& windows) {
                        {"checkable", bool(index.flags() & Qt::ItemIsUserCheckable)},
                        {"current", view->currentIndex() == index}};
   };
-  // With an editor open elsewhere the cell is clicked, which the program may refuse; else the cursor moves
-  // there as by the arrow keys.
+  // If an editor is open in another cell, the cell is clicked, which the program may refuse; otherwise the
+  // cursor moves as with the arrow keys.
   functions["cellReach"] = [&windows](const Arguments& a) {
     auto* view = viewOf(windows, a);
     const QModelIndex index = indexOf(view, a[2].toInt(), a[3]);
@@ -177,7 +177,7 @@ void addEntrySteps(Functions& functions, Windows& windows) {
     view->scrollTo(index);
     return QVariant();
   };
-  // Gives false when the editor is one whose value is chosen and holds no such choice, null to go on typing.
+  // Returns false if the editor is a list without this choice, null if the value must be typed.
   functions["editorTake"] = [&windows](const Arguments& a) {
     const auto* view = viewOf(windows, a);
     QWidget* editor = editorAt(view, indexOf(view, a[2].toInt(), a[3]));
@@ -264,7 +264,7 @@ void addGridFunctions(Functions& functions, Windows& windows) {
     }
     return QVariant();
   };
-  // An editor that opened with the click would take the keys meant for the row.
+  // An editor opened by the click would receive the keys intended for the row.
   functions["gridKeys"] = [&windows](const Arguments& a) {
     auto* view = viewOf(windows, a);
     if (QWidget* editor = editorAt(view, view->currentIndex()); editor && focusIsIn(editor))

@@ -1,11 +1,11 @@
-// Grids, list views and trees: reading cells as they are shown, and editing them by the keyboard.
+// Grids, list views and trees: reading cells as displayed, and editing them with the keyboard.
 #pragma once
 
 #include "Windows.h"
 
 namespace velmar::scenario {
 
-/// Registers what the grid and tree handles call.
+/// Registers the functions that the grid and tree handles call.
 void addGridFunctions(Functions& functions, Windows& windows);
 void addTreeFunctions(Functions& functions, Windows& windows);
 

@@ -9,12 +9,12 @@ namespace velmar::scenario {
 namespace {
 
 constexpr int kQuietRounds = 2;
-// Timers that delay work after a keystroke are waited for, clocks and watches are not.
+// Short timers that delay work after a keystroke are waited for, longer ones are not.
 constexpr int kLongestDelay = 400;
 
 const auto kProbe = static_cast<QEvent::Type>(QEvent::registerEventType());
 
-// The program counts in the property "busy" what runs outside the windows' thread.
+// The property "busy" of the application counts tasks outside the GUI thread.
 bool workIsDelayed() {
   if (qApp->property("busy").toInt() > 0) return true;
   for (const QWidget* window : QApplication::topLevelWidgets()) {

@@ -1,4 +1,4 @@
-// Tells when the windows' thread has nothing left to do and waits for the user, in whatever event loop.
+// Detects when the GUI thread is idle and waits for the user, in any event loop.
 #pragma once
 
 #include <functional>
@@ -11,8 +11,8 @@ class IdleProbe : public QObject {
  public:
   IdleProbe();
 
-  /// Probes until `ready` holds and two rounds saw no event of the program, then runs `done` once. A probe
-  /// that is still running is given up.
+  /// Probes until `ready` returns true and there was no event of the program in two rounds, then runs `done`
+  /// once. A running probe is cancelled.
   void start(std::function<bool()> ready, std::function<void()> done);
 
  protected:

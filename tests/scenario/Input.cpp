@@ -59,8 +59,8 @@ void sendKey(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
     QTest::sendKeyEvent(QTest::Release, window, static_cast<Qt::Key>(key), text, modifiers);
 }
 
-// Where a child window does not fit into the main one, a person enlarges that, and scrolls where it is still
-// too small.
+// If a child window does not fit into the main window, that is enlarged as a user would do, then scrolled if
+// it is still too small.
 void showWithin(QMdiArea* area, QWidget* widget) {
   const auto place = [area, widget] {
     return QRect(widget->mapTo(area->viewport(), QPoint()), widget->size());
@@ -115,7 +115,7 @@ void typeCharacter(QChar character) {
 }
 
 void clickAt(QWidget* widget, const QPoint& place, Qt::KeyboardModifiers modifiers) {
-  // A list that has dropped down takes the first click for itself.
+  // An open drop-down list receives the first click.
   QWidget* popup = QApplication::activePopupWidget();
   if (popup && popup != widget->window()) popup->close();
   bringToFront(widget);
@@ -123,13 +123,13 @@ void clickAt(QWidget* widget, const QPoint& place, Qt::KeyboardModifiers modifie
   QWidget* window = widget->window();
   const QPoint inWindow = widget->mapTo(window, place);
   const QWidget* hit = window->childAt(inWindow);
-  // A label upon a button lets the mouse through; anything else in front would take it.
+  // A label on a button is transparent for the mouse; any other widget in front receives the click.
   const bool reached = hit == widget || (hit && widget->isAncestorOf(hit)) || (!hit && widget == window) ||
                        (hit && hit->testAttribute(Qt::WA_TransparentForMouseEvents));
   if (!reached)
     throw Failure(QStringLiteral("%1 cannot be reached with the mouse%2")
                       .arg(described(widget),
-                           hit ? QStringLiteral(", %1 lies before it").arg(described(hit)) : QString()));
+                           hit ? QStringLiteral(", %1 is in front of it").arg(described(hit)) : QString()));
   QTest::mouseClick(window->windowHandle(), Qt::LeftButton, modifiers, inWindow);
 }
 
@@ -162,8 +162,8 @@ void requireReachable(const QWidget* widget) {
   if (!modal) return;
   const auto* text = modal->findChild<QLabel*>(QStringLiteral("lblMsg"));
   throw Failure(
-      text ? QStringLiteral("the message box \"%1\" stands before %2").arg(text->text(), described(widget))
-           : QStringLiteral("%1 stands before %2").arg(described(modal), described(widget)));
+      text ? QStringLiteral("the message box \"%1\" is in front of %2").arg(text->text(), described(widget))
+           : QStringLiteral("%1 is in front of %2").arg(described(modal), described(widget)));
 }
 
 void bringToFront(QWidget* widget) {

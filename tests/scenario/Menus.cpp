@@ -24,7 +24,7 @@ QString nameOf(const QAction* entry) {
   return entry->objectName().isEmpty() && entry->menu() ? entry->menu()->objectName() : entry->objectName();
 }
 
-// The entries from the menu bar down to the one of that name; empty when there is none.
+// The path of entries from the menu bar to the one of that name; empty if there is none.
 QList<QAction*> pathTo(const QList<QAction*>& entries, const QString& name) {
   for (QAction* entry : entries) {
     if (nameOf(entry) == name || (entry->menu() && entry->menu()->objectName() == name)) return {entry};
@@ -52,7 +52,7 @@ void trigger(const QString& name) {
   path.last()->activate(QAction::Trigger);
 }
 
-// The number a button of a main tool bar is known by; it counts separators that need not stand.
+// The button of a main tool bar with that number, which also counts separators that may be missing.
 QAction* buttonAt(const QToolBar* bar, int index) {
   const QList<QAction*> actions = bar->actions();
   for (QAction* action : actions)
@@ -72,7 +72,7 @@ void pressToolButton(const QString& name, int index) {
   if (button && button->isVisible())
     clickAt(button, button->rect().center());
   else
-    action->trigger();  // behind the bar's extension on a low screen
+    action->trigger();  // in the bar's extension menu on a low screen
 }
 
 }  // namespace

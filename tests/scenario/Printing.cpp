@@ -40,8 +40,8 @@ QVariant Printing::printed() {
   const QFileInfoList files =
       folder.entryInfoList({QStringLiteral("*.pdf")}, QDir::Files, QDir::Time | QDir::Reversed);
   for (const QFileInfo& file : files)
-    if (!told_.contains(file.fileName())) {
-      told_.insert(file.fileName());
+    if (!reported_.contains(file.fileName())) {
+      reported_.insert(file.fileName());
       paths.append(file.absoluteFilePath());
     }
   return paths;

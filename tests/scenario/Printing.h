@@ -1,4 +1,4 @@
-// What a scenario prints: every PDF file that appears in the out folder.
+// Printed output of a scenario: every PDF file that is created in the out folder.
 #pragma once
 
 #include <QObject>
@@ -8,13 +8,13 @@
 
 namespace velmar::scenario {
 
-/// Accepts the print options as they stand and closes previews, unless the script wants to see them.
+/// Accepts the print options unchanged and closes previews, unless the script handles them.
 class Printing : public QObject {
  public:
   explicit Printing(const QString& out);
 
   void addFunctions(Functions& functions);
-  /// Whether no window is about to be served.
+  /// Whether no window is about to be handled.
   bool settled() const { return serving_ == 0; }
 
  protected:
@@ -24,7 +24,7 @@ class Printing : public QObject {
   QVariant printed();
 
   QString out_;
-  QSet<QString> told_;
+  QSet<QString> reported_;
   bool keepsWindows_ = false;
   int serving_ = 0;
 };

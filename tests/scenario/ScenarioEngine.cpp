@@ -7,9 +7,9 @@
 namespace velmar::scenario {
 
 namespace {
-constexpr qint64 kLongestSilence = 30000;  // milliseconds a script may compute without a step
+constexpr qint64 kLongestSilence = 30000;  // milliseconds that a script may run without a step
 
-// Lists of texts become arrays like all others.
+// Converts lists of texts to ordinary arrays.
 QVariant withPlainLists(const QVariant& value) {
   if (value.typeId() == QMetaType::QStringList || value.typeId() == QMetaType::QVariantList) {
     QVariantList list;
@@ -34,7 +34,7 @@ ScenarioEngine::ScenarioEngine(const QString& file, Driver& driver, const Functi
   watch->start(1000);
 }
 
-// An endless loop in the script makes no steps.
+// Detects an endless loop in the script, which makes no steps.
 void ScenarioEngine::watchScript() {
   QJSEngine* engine = engine_;
   if (engine && !inStep_ && clock_.elapsed() - lastStep_ > kLongestSilence) engine->setInterrupted(true);
@@ -96,7 +96,7 @@ void ScenarioEngine::judge(const QJSValue& error, const QStringList& stack) {
   }
 }
 
-// The innermost place in the scenario's own file.
+// The innermost position in the scenario's own file.
 int ScenarioEngine::lineIn(const QString& stack) const {
   static const QRegularExpression place(QStringLiteral("@(.*):(-?\\d+)$"));
   for (const QString& frame : stack.split(QChar(u'\n'))) {
@@ -121,7 +121,7 @@ QJSValue ScenarioEngine::call(const QString& stack, const QString& name, const Q
   if (outcome.hung) {
     verdict_.failed = true;
     verdict_.line = lastLine_;
-    verdict_.what = QStringLiteral("the program hangs: it did not come to rest within 30 s");
+    verdict_.what = QStringLiteral("the program hangs: it was not idle within 30 s");
     emit hung();
     QThread::sleep(3600);
   }

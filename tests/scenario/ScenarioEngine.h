@@ -1,4 +1,4 @@
-// Runs one script on a thread of its own and tells how it went.
+// Runs one script on a separate thread and returns the result.
 #pragma once
 
 #include <atomic>
@@ -23,18 +23,18 @@ class ScenarioEngine : public QThread {
  public:
   ScenarioEngine(const QString& file, Driver& driver, const Functions& functions);
 
-  /// Read it once the thread has finished, or has hung.
+  /// Valid after the thread has finished or hung.
   const Verdict& verdict() const { return verdict_; }
   /// The line of the script that made the last step.
   int lastLine() const { return lastLine_; }
 
-  // What the prelude calls, on the script's own thread.
+  // Called by the prelude, on the script's thread.
   Q_INVOKABLE QJSValue call(const QString& stack, const QString& name, const QVariantList& arguments);
   Q_INVOKABLE void sleep(int milliseconds);
   Q_INVOKABLE void count() { ++verdict_.checks; }
 
  signals:
-  /// The windows' thread does not come back; the verdict is complete, the thread will not end.
+  /// The GUI thread hangs; the verdict is complete, the script's thread will not end.
   void hung();
 
  protected:

@@ -31,7 +31,7 @@ Decimal decimal(const QVariant& value) {
 
 QDate date(const QVariant& value) { return QDate::fromString(value.toString(), Qt::ISODate); }
 
-// A bound of ValidareValoare: a date where dates are compared.
+// A bound of ValidareValoare: a date if dates are compared.
 QVariant bound(const QVariant& value, int kind) {
   const QVariant plain = databaseValue(value);
   return kind == kDateValue && !plain.isNull() ? QVariant(date(plain)) : plain;
@@ -108,7 +108,7 @@ Functions lookups() {
   return f;
 }
 
-// A layout in the designer, with an invoice of one line for data.
+// Opens a layout in the designer, with an invoice of one line as data.
 void design(const QString& file) {
   ReportData data;
   data.variables = Recordset(std::make_shared<Columns>(QStringList{"CLIENT", "NRFAC"}));
@@ -121,7 +121,7 @@ void design(const QString& file) {
   designLayout(nullptr, file, data);
 }
 
-// What the program does besides: reading its parameters anew, making the sample company beside the others.
+// Further functions: reading the parameters again, creating the sample company.
 Functions services() {
   Functions f;
   f["databaseExists"] = [](const Arguments& a) {

@@ -1,4 +1,4 @@
-// Functions of the core that a scenario may call by name, with plain values.
+// Functions of the core that a scenario can call by name, with plain values.
 #pragma once
 
 #include "Functions.h"
@@ -8,7 +8,7 @@ namespace velmar::scenario {
 /// Registers `shared`, which takes a name and the arguments.
 void addSharedFunctions(Functions& functions);
 
-/// A plain value of a script as one for a statement or a parameter: whole numbers stay whole.
+/// Converts a plain value of a script for a statement or parameter: whole numbers become integers.
 QVariant databaseValue(const QVariant& value);
 
 }  // namespace velmar::scenario

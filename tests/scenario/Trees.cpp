@@ -15,7 +15,7 @@ QTreeView* treeOf(Windows& windows, const Arguments& a) {
   return tree;
 }
 
-// Visits the nodes, parents before children, until the visitor gives true.
+// Visits the nodes, parents before children, until the visitor returns true.
 bool visit(QAbstractItemModel* model, const QModelIndex& parent,
            const std::function<bool(const QModelIndex&)>& visitor) {
   while (model->canFetchMore(parent)) model->fetchMore(parent);

@@ -17,7 +17,7 @@ bool isWindow(const QWidget* widget) {
   return widget->isWindow() || qobject_cast<QMdiSubWindow*>(widget->parentWidget());
 }
 
-// Tool buttons are known by their action's name.
+// Tool buttons are found by the name of their action.
 QWidget* buttonOfAction(const QWidget* window, const QString& name) {
   const QList<QAction*> actions = window->findChildren<QAction*>(name);
   for (const QAction* action : actions) {
@@ -37,7 +37,7 @@ Windows::Windows() { qApp->installEventFilter(this); }
 bool Windows::eventFilter(QObject* watched, QEvent* event) {
   if (watched->isWidgetType() && (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate) &&
       watched->objectName().startsWith(QStringLiteral("frm"))) {
-    // Activation reaches every child window of the main one; only the one in front means it.
+    // Every child window of the main window receives the activation event; only the one in front is active.
     const auto* sub = qobject_cast<QMdiSubWindow*>(static_cast<QWidget*>(watched)->parentWidget());
     if (event->type() == QEvent::Show || !sub || (sub->mdiArea() && sub->mdiArea()->activeSubWindow() == sub))
       shown_[watched] = ++lastShown_;
@@ -85,7 +85,7 @@ QWidget* Windows::control(const QVariant& number, const QVariant& name) {
   QWidget* hidden = nullptr;
   const QWidgetList named = form->findChildren<QWidget*>(wanted);
   for (QWidget* widget : named) {
-    // A list that has dropped down is a window of its own, but a control to the user.
+    // An open drop-down list is a separate window, but a control for the user.
     if (widget->window() != form->window() && widget->windowType() != Qt::Popup) continue;
     if (widget->isVisible()) return widget;
     if (!hidden) hidden = widget;
@@ -124,7 +124,7 @@ void Windows::addFunctions(Functions& functions) {
     (sub ? static_cast<QWidget*>(sub) : form)->close();
     return QVariant();
   };
-  // Tells one state of the modal windows from another.
+  // Identifies the current modal window.
   functions["front"] = [](const Arguments&) {
     return QString::number(reinterpret_cast<quintptr>(QApplication::activeModalWidget()));
   };

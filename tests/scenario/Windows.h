@@ -1,4 +1,4 @@
-// The open windows by name, and the controls in them by theirs.
+// Access to open windows and their controls by name.
 #pragma once
 
 #include <QHash>
@@ -9,7 +9,7 @@
 
 namespace velmar::scenario {
 
-/// Keeps which window was shown last, and the numbers under which a script holds windows.
+/// Records which window was shown last, and the numbers by which a script refers to windows.
 class Windows : public QObject {
  public:
   Windows();
@@ -17,9 +17,9 @@ class Windows : public QObject {
   /// The open windows of that name, the topmost one last.
   QWidgetList open(const QString& name) const;
 
-  /// The number of the topmost open window of that name; 0 when none is open.
+  /// The number of the topmost open window of that name; 0 if none is open.
   int topmost(const QString& name);
-  /// The window of a number. One that has been closed gives way to another of its name; fails when none is
+  /// The window with that number, or another one of the same name if it has been closed; fails if none is
   /// open.
   QWidget* window(int number);
   /// The control of that name in the window of that number; fails when there is none.
@@ -41,7 +41,7 @@ class Windows : public QObject {
   int lastShown_ = 0;
 };
 
-/// What a screenshot of the window is saved as; gives the file's path.
+/// Saves a screenshot of the window; returns the file's path.
 QString saveScreenshot(QWidget* window, const QString& folder, const QString& name);
 
 }  // namespace velmar::scenario

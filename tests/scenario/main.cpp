@@ -73,7 +73,7 @@ void writeBacktrace(int signal) {
   std::raise(signal);
 }
 
-/// The environment a scenario needs before the toolkit starts: no screen, and nothing of the user's own.
+/// Sets up the environment of a scenario before Qt starts: no display, and none of the user's files.
 void isolate(const QTemporaryDir& home) {
   const auto folder = [&home](const char* name) {
     const QString path = home.filePath(QString::fromLatin1(name));
@@ -94,7 +94,7 @@ void isolate(const QTemporaryDir& home) {
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screen.fileName()));
 }
 
-/// Leaves out what the platform without a screen always says.
+/// Suppresses a message that the offscreen platform always prints.
 void logMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
   if (!text.startsWith(QStringLiteral("This plugin does not support")))
     std::fprintf(stderr, "%s\n", text.toUtf8().constData());
@@ -103,7 +103,7 @@ void logMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
 QWidget* windowInFront() {
   QWidget* window = QApplication::activeModalWidget();
   if (!window) window = QApplication::activeWindow();
-  // The list of a combo stays the active window for a while after it was closed.
+  // The list of a combo remains the active window for a while after it was closed.
   while (window && window->windowType() == Qt::Popup && window->parentWidget())
     window = window->parentWidget()->window();
   const QWidgetList all = QApplication::topLevelWidgets();
@@ -112,14 +112,14 @@ QWidget* windowInFront() {
   return window;
 }
 
-// What is wrong although the script ran to its end.
+// An error although the script has ended successfully; empty if there is none.
 QString leftOver(const Driver& driver, const Answers& answers) {
   if (!driver.lateFailure().isEmpty()) return driver.lateFailure();
   if (const QString report = answers.unexpectedReport(); !report.isEmpty())
-    return QStringLiteral("an error report that nobody expected: ") + report;
+    return QStringLiteral("an unexpected error report: ") + report;
   const QWidget* modal = QApplication::activeModalWidget();
   if (modal && modal->objectName() == QStringLiteral("frmMsgBox"))
-    return QStringLiteral("a message box stands at the end: ") + answers.lastText();
+    return QStringLiteral("a message box is open at the end: ") + answers.lastText();
   return {};
 }
 
@@ -132,7 +132,7 @@ void addScreenshots(Functions& functions, Windows& windows, const QString& out) 
   };
 }
 
-// Everything that a scenario needs on the windows' thread, for as long as it runs.
+// Everything that a running scenario needs on the GUI thread.
 class Stage {
  public:
   explicit Stage(const QString& out)
@@ -159,7 +159,7 @@ class Stage {
   Driver& driver() { return driver_; }
   const Functions& functions() const { return functions_; }
 
-  /// Adds to the script's verdict what the program has left behind, and tells it. Gives the exit code.
+  /// Adds remaining errors of the program to the script's verdict and prints it. Returns the exit code.
   int close(Verdict verdict) {
     if (const QString rest = leftOver(driver_, answers_); !rest.isEmpty()) {
       if (!verdict.failed)
@@ -187,7 +187,7 @@ class Stage {
   Functions functions_;
 };
 
-// The windows' thread is the one that hangs, so this runs on the script's.
+// Runs on the script's thread, since the GUI thread hangs.
 void dieOfHang(const Verdict& verdict, pthread_t windowsThread) {
   print(verdict, {});
   pthread_kill(windowsThread, SIGUSR1);
@@ -203,7 +203,7 @@ int runScenario(const QString& file, const QString& out) {
   QObject::connect(&engine, &ScenarioEngine::finished, qApp, [&] {
     theExitCode = stage.close(engine.verdict());
     over = true;
-    // A program that does not let go of its loops must not hold up the next scenario.
+    // A program that does not leave its event loops must not block the next scenario.
     std::signal(SIGALRM, [](int) { ::_exit(theExitCode); });
     ::alarm(10);
     QCoreApplication::exit(0);
@@ -212,7 +212,7 @@ int runScenario(const QString& file, const QString& out) {
       &engine, &ScenarioEngine::hung, &engine,
       [&engine, thread = pthread_self()] { dieOfHang(engine.verdict(), thread); }, Qt::DirectConnection);
   engine.start();
-  // The program may end itself in the middle of a scenario; the scenario goes on.
+  // The program may quit in the middle of a scenario; the scenario continues.
   while (!over) QApplication::exec();
   engine.wait();
   theEngine = nullptr;

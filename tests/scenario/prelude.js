@@ -1,5 +1,5 @@
-// The globals and handles that scripts see. Each step goes through `bridge`, which comes back when the program
-// waits for the user; what takes several steps is put together here, so that the program rests between them.
+// The globals and handles for scripts. Each step is a call to `bridge`, which returns when the program waits for
+// the user; operations of several steps are implemented here, so that the program is idle between them.
 (function (bridge, global) {
   const N = (name, ...args) => bridge.call(new Error().stack, name, args);
 
@@ -23,7 +23,7 @@
     return keys.every((key) => Object.prototype.hasOwnProperty.call(b, key) && same(a[key], b[key]));
   }
 
-  // Types into what has the focus; gives whether the same window has the user to the end.
+  // Types into the focused control; returns whether the same window was in front until the end.
   function typeText(text) {
     const front = N("front");
     for (const character of String(text))
@@ -31,7 +31,7 @@
     return N("front") === front;
   }
 
-  // The digits of a date as they are typed: day, month, year.
+  // The digits of a date in typing order: day, month, year.
   function dayFirst(date) {
     return String(date).replace(/^(\d{4})-(\d\d)-(\d\d)$/, "$3$2$1").replace(/[^0-9]/g, "");
   }
@@ -66,7 +66,7 @@
       }
       if (!state.editing && !before.checkable) {
         N("key", "F2");
-        // After a click the grid opens its editor no sooner than a double click is over.
+        // After a click the grid opens its editor only when the double-click interval has passed.
         for (let waited = 0; waited < 1000 && N("front") === front; waited += 50) {
           look();
           if (state.editing) break;
@@ -116,7 +116,7 @@
     type(name, text) {
       this.N("focus", name);
       this.N("clear", name);
-      // A date moves on by itself from part to part; separators would skip one.
+      // A date editor moves from part to part by itself; separators would skip one.
       if (this.N("isDate", name)) text = dayFirst(text);
       if (typeText(text)) this.N("leave", name);
     }
@@ -131,14 +131,14 @@
       if (this.N("items", name).includes(String(text)) && this.N("pick", name, String(text))) return;
       this.N("leave", name);
     }
-    // Drags with the mouse from one place of a control to another.
+    // Drags with the mouse from one position in a control to another.
     drag(name, from, to, keys) {
       this.N("mousePress", name, from, keys);
       this.N("mouseMove", name, to);
       this.N("mouseMove", name, to);
       this.N("mouseRelease", name, to, keys);
     }
-    // Takes an item of a list to a place of another control.
+    // Drags an item of a list to a position in another control.
     carry(name, item, onto, to) { this.N("carry", name, item, onto, to); }
     items(name) { return this.N("items", name); }
     set(name, value) {
@@ -169,7 +169,7 @@
     if (found) fail(what, found.expected, found.actual);
   }
 
-  // Whatever stands has to be over before another company opens.
+  // All windows must be closed before another company is opened.
   function closeAll() {
     while (!N("closeAll")) bridge.sleep(50);
     N("front");
@@ -203,7 +203,7 @@
     noMessage() {
       const text = N("unreadMessage");
       report(text === undefined || text === null ? null : { expected: "no message", actual: text },
-             "a message stands unread");
+             "a message was not read");
     },
     file: (path) => { N("file", path); },
     server: (...words) => N("server", words),
@@ -214,7 +214,7 @@
     },
     check(condition, what) {
       bridge.count();
-      if (!condition) fail(what || "the condition does not hold", "true", show(condition));
+      if (!condition) fail(what || "the condition is false", "true", show(condition));
     },
     call: (name, ...values) => N("shared", name, values),
     key: (name) => { N("key", name); },

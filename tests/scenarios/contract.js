@@ -62,7 +62,7 @@ noMessage();
 // Without an answer the box stands, and the script works in it.
 call("ValidareValoare", "abc", 0);
 check(isOpen("frmMsgBox"));
-equal(failure(() => menu("mnuFileExit")).includes("stands before"), true);
+equal(failure(() => menu("mnuFileExit")).includes("is in front of"), true);
 expectMessage(win("frmMsgBox").text("lblMsg"));
 win("frmMsgBox").click("cmdBtn(0)");
 check(!isOpen("frmMsgBox"));

@@ -56,7 +56,7 @@ const about = win("frmAbout");
 equal(about.title(), "Informatii");
 equal(about.text("lblDescription"), "Program de Gestiune Comerciala");
 check(/^Versiune \d+\.\d+\.\d+$/.test(about.text("lblVersion")));
-check(refused("mnuCreare").includes("frmAbout stands before"));
+check(refused("mnuCreare").includes("frmAbout is in front of"));
 about.click("cmdOK");
 check(!isOpen("frmAbout"));
 

@@ -1,5 +1,5 @@
-// The server goes down under an open voucher and comes back: what was typed stays, the same work then succeeds,
-// and nothing is there twice.
+// The server stops while a voucher is open and starts again: typed values are kept, the same operation then
+// succeeds, and nothing is stored twice.
 company({method: "FIFO"});
 sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (1, 'FURNIZOR UNU SRL', 'F')");
 sql("INSERT INTO G_FAMART (COD, DENUMIRE, CONTSTOCPROD) VALUES (1, 'Produse', '345')");
@@ -30,17 +30,17 @@ function outage(...works) {
   server("resume");
 }
 
-// A new line and a changed cell are refused while the server is away; then they are taken.
+// A new line and a changed cell are refused while the server is down, and accepted afterwards.
 outage(() => equal(lines.enter(-1, "CODART", "A2"), false, "no line without a server"),
        () => { key("Esc"); equal(lines.enter(0, "CANT", "4"), false, "no quantity either"); });
 key("Esc");
-equal(lines.column("CODART"), ["A1"], "the line that was stored stands");
+equal(lines.column("CODART"), ["A1"], "the stored line remains");
 equal(lines.column("CANT"), ["3,000"]);
 check(lines.enter(0, "CANT", "4"), "the quantity");
 lines.addLine("A2", "2");
 equal(sql("SELECT CODART, CANT FROM G_LBONINT ORDER BY CODART"), [{CODART: "A1", CANT: 4}, {CODART: "A2", CANT: 2}]);
 
-// The header's text stays in its fields.
+// The header's values remain in their fields.
 w.type("txtFields(3)", "observatii noi");
 outage(() => w.click("cmdSalvare"), () => w.click("cmdValidare"));
 equal(w.text("txtFields(3)"), "observatii noi", "what was typed stays");

@@ -1,10 +1,11 @@
-// A server that wants TLS and a password: asked for at the login, again after a wrong one, kept for the run alone.
+// A server that wants TLS and a password: the password is asked for at login, again after a wrong one, and kept
+// only until the program ends.
 setToday("2026-03-15");
 const folder = paths().databases;
 const settings = (tls) => writeFile(folder + "/Server.ini",
     `[General]\nhost=127.0.0.1\nport=${server("port")}\nuser=velmar\ntls=${tls}\n`);
 
-// A user who gives up stands at the login, which may be tried again.
+// A user who cancels returns to the login and can try again.
 settings("require");
 start(folder);
 let question = win("frmParola");
@@ -45,7 +46,7 @@ equal(sql("SELECT ssl FROM pg_stat_ssl WHERE pid = pg_backend_pid()").length, 1)
 equal(sql("SELECT CASE WHEN ssl THEN 'da' ELSE 'nu' END AS TLS FROM pg_stat_ssl WHERE pid = pg_backend_pid()")[0].TLS, "da");
 noMessage();
 
-// A server without TLS is refused in words while the settings ask for it, and taken when they do not.
+// A server without TLS is refused with a message if the settings require TLS, and accepted otherwise.
 server("pause");
 server("resume", "plain");
 answer("OK");

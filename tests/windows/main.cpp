@@ -1,4 +1,4 @@
-// The tests of windows and controls that need no whole program around them, on a screen of memory.
+// Tests of windows and controls that do not need the whole program, without a display.
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QTemporaryDir>
