@@ -1,4 +1,4 @@
-// What tests of the core stand on: a fresh company, open, with a fixed date; and an ear for the messages.
+// Basis of the tests of the core: a new company, open, with a fixed date; and a message recorder.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,8 +17,8 @@
 
 namespace velmar {
 
-/// A company made from the template, open for as long as this lives. The session starts anew with the
-/// company's parameters, and today is 15 March 2026 unless told otherwise.
+/// A company created from the template, open while this object exists. The session is reset to the company's
+/// parameters, and today is 15 March 2026 unless specified otherwise.
 class TestCompany {
  public:
   explicit TestCompany(const QDate& today = QDate(2026, 3, 15)) {
@@ -60,35 +60,35 @@ class TestCompany {
   static QString path() { return pathInFolder(folder(), kFirstCompanyName); }
 };
 
-/// Hears every message while it lives. A message with only an OK button is answered by itself; every other
-/// one takes the next answer of the queue, and without one the test fails and the answer is the cautious one.
-class HeardMessages : public MessageSink {
+/// Records every message while it exists. A message with only an OK button is answered automatically; every
+/// other one gets the next answer of the queue. Without one the test fails and the answer is no or cancel.
+class MessageRecorder : public MessageSink {
  public:
-  HeardMessages() : previous_(setMessageSink(this)) {}
-  ~HeardMessages() override {
+  MessageRecorder() : previous_(setMessageSink(this)) {}
+  ~MessageRecorder() override {
     setMessageSink(previous_);
     EXPECT_TRUE(answers_.empty()) << "questions that were not asked: " << answers_.size();
   }
 
   /// Queues the answer (MessageResult) to the next question.
-  HeardMessages& answer(int result) {
+  MessageRecorder& answer(int result) {
     answers_.push_back(result);
     return *this;
   }
 
-  const std::vector<Message>& all() const { return heard_; }
-  bool isEmpty() const { return heard_.empty(); }
-  /// The texts heard since the last call, in order.
+  const std::vector<Message>& all() const { return recorded_; }
+  bool isEmpty() const { return recorded_.empty(); }
+  /// The texts recorded since the last call, in order.
   QStringList take() {
     QStringList texts;
-    for (const Message& message : heard_) texts.append(message.text);
-    heard_.clear();
+    for (const Message& message : recorded_) texts.append(message.text);
+    recorded_.clear();
     return texts;
   }
 
   int show(const Message& message) override {
     constexpr int kButtonSets = 15;
-    heard_.push_back(message);
+    recorded_.push_back(message);
     const int set = message.buttons & kButtonSets;
     if (set == kOk) return kResultOk;
     if (answers_.empty()) {
@@ -103,7 +103,7 @@ class HeardMessages : public MessageSink {
  private:
   MessageSink* previous_;
   std::deque<int> answers_;
-  std::vector<Message> heard_;
+  std::vector<Message> recorded_;
 };
 
 }  // namespace velmar

@@ -73,13 +73,13 @@ TEST(NotesTest, UnbalancedOrUnnamedRowsAreRefused) {
 
 TEST(NotesTest, AMissingParameterTellsItsGroup) {
   const TestCompany company;
-  HeardMessages heard;
+  MessageRecorder messages;
   EXPECT_EQ(ParametruSocietate("CONTNIR"), "408");
   ExecutaSql("UPDATE kt_par SET CONTNIR = '', JURNIR = NULL, TVAVanzare = NULL");
   EXPECT_EQ(ParametruSocietate("CONTNIR"), "");
   EXPECT_EQ(ParametruSocietate("JURNIR"), "");
   EXPECT_EQ(ParametruSocietate("TVAVanzare"), "");
-  EXPECT_EQ(heard.take(),
+  EXPECT_EQ(messages.take(),
             QStringList({"Nu au fost stabilite toate conturile necesare la configurarea societatii !",
                          "Nu au fost stabilite toate jurnalele necesare la configurarea societatii !",
                          "Eroare la obtinerea unui parametru al societatii !"}));

@@ -48,7 +48,7 @@ class Discounts : public testing::Test {
   }
 
   TestCompany company_;
-  HeardMessages heard_;
+  MessageRecorder messages_;
 };
 
 TEST_F(Discounts, LookupsRoundHalfEvenAndGiveZeroBesideTheBands) {

@@ -43,7 +43,7 @@ class SalePrices : public testing::Test {
   }
 
   TestCompany company_;
-  HeardMessages heard_;
+  MessageRecorder messages_;
 };
 
 TEST_F(SalePrices, MarkUpOverCost) {

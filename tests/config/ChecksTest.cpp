@@ -11,7 +11,7 @@ namespace {
 class Checks : public testing::Test {
  protected:
   TestCompany company_;
-  HeardMessages heard_;
+  MessageRecorder messages_;
 };
 
 TEST_F(Checks, ExistaComparesAsTheColumnDoes) {
@@ -35,7 +35,7 @@ TEST_F(Checks, ExistaComparesAsTheColumnDoes) {
   EXPECT_TRUE(ArticolExista("AB'1"));
   EXPECT_TRUE(ProdusFurnizorExista("f9"));
   EXPECT_FALSE(ProdusFurnizorExista("AB'1"));
-  EXPECT_TRUE(heard_.isEmpty());
+  EXPECT_TRUE(messages_.isEmpty());
 }
 
 TEST_F(Checks, Exista2FindsTheSourceOfALine) {
@@ -62,7 +62,7 @@ TEST_F(Checks, ValuesOutOfRangeTellTheirBound) {
   EXPECT_TRUE(ValidareValoare("4,6", kNumberValue, 5, 10));  // whole numbers: 4.6 counts as 5
   EXPECT_TRUE(ValidareValoare("10", kNumberValue, {}, QVariant::fromValue(10_dec)));
   EXPECT_TRUE(ValidareValoare("31.12.2026", kDateValue, QDate(2026, 1, 1), QDate(2026, 12, 31)));
-  EXPECT_TRUE(heard_.isEmpty());
+  EXPECT_TRUE(messages_.isEmpty());
 
   EXPECT_FALSE(ValidareValoare("cinci", kNumberValue));
   EXPECT_FALSE(ValidareValoare("4", kNumberValue, 5));
@@ -70,7 +70,7 @@ TEST_F(Checks, ValuesOutOfRangeTellTheirBound) {
   EXPECT_FALSE(ValidareValoare("31/02/2026", kDateValue));
   EXPECT_FALSE(ValidareValoare("31/12/2025", kDateValue, QDate(2026, 1, 1)));
   EXPECT_FALSE(ValidareValoare("1/1/2027", kDateValue, {}, QDate(2026, 12, 31)));
-  EXPECT_EQ(heard_.take(),
+  EXPECT_EQ(messages_.take(),
             (QStringList{"Valoarea trebuie sa fie numerica", "Valoarea trebuie sa fie mai mare decat: 5",
                          "Valoarea trebuie sa fie mai mica decat: 10", "Valoarea trebuie sa fie numerica",
                          "Valoarea trebuie sa fie mai mare decat: 01/01/2026",

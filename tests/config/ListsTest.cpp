@@ -29,7 +29,7 @@ class Lists : public testing::Test {
   }
 
   TestCompany company_;
-  HeardMessages heard_;
+  MessageRecorder messages_;
 };
 
 TEST_F(Lists, CombosJoinTheirFields) {
@@ -48,7 +48,7 @@ TEST_F(Lists, CombosJoinTheirFields) {
   EXPECT_EQ(comboItems("cboFurnizoriLa"), (QStringList{"2-Alfa", "1-Beta"}));
   EXPECT_EQ(comboItems("cboClienti"), (QStringList{"2-Alfa", "3-Gama"}));
   EXPECT_EQ(OpenRs(kCustomerList.sql).first().text(kCustomerList.listField), "Alfa");
-  EXPECT_TRUE(heard_.isEmpty());
+  EXPECT_TRUE(messages_.isEmpty());
 }
 
 QStringList words(const char* text) { return QString(text).split(' '); }
@@ -79,13 +79,13 @@ TEST_F(Lists, EveryNamedStatementRunsAndAnUnknownNameIsReported) {
     EXPECT_TRUE(columns.contains(list.listField) && columns.contains(list.boundColumn))
         << qUtf8Printable(list.sql);
   }
-  EXPECT_TRUE(heard_.isEmpty());
+  EXPECT_TRUE(messages_.isEmpty());
   EXPECT_TRUE(comboItems("cboNimic").isEmpty());
   EXPECT_FALSE(Exista("401", "cont"));
   EXPECT_FALSE(Exista2("1", "2", "NIR"));
-  ASSERT_EQ(heard_.all().size(), 3U);
-  EXPECT_EQ(heard_.all()[1].buttons, kCritical);
-  EXPECT_EQ(heard_.take(),
+  ASSERT_EQ(messages_.all().size(), 3U);
+  EXPECT_EQ(messages_.all()[1].buttons, kCritical);
+  EXPECT_EQ(messages_.take(),
             (QStringList{"EROARE ! EROARE ! EROARE !   .....   ", " EROARE ! EROARE ! EROARE ! - Exista cont",
                          "EROARE ! EROARE ! EROARE ! Exista2"}));
   EXPECT_THROW(data.open("get_info"), StoreError);

@@ -78,7 +78,7 @@ class Parameters : public testing::Test {
   }
 
   TestCompany company_;
-  HeardMessages heard_;
+  MessageRecorder messages_;
 };
 
 TEST_F(Parameters, TheIdentityIsCheckedInOrderAndStoredAsAWhole) {

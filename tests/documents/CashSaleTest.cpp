@@ -64,7 +64,7 @@ TEST_F(CashSaleTest, NothingMovesWhileTheRegisterPrints) {
     QHash<QString, QString> another = other.headerTexts();
     another.insert("DATAFAC", "2026-03-14");
     EXPECT_THROW(other.save(another), RuleError);
-    heard_.answer(kResultCancel);
+    messages_.answer(kResultCancel);
     EXPECT_EQ(print(other), ReceiptOutcome::NotPrinted);  // it is asked, and nothing is sent
     EXPECT_TRUE(other.isFrozen());
     EXPECT_FALSE(other.isPrinted());
@@ -93,7 +93,7 @@ TEST_F(CashSaleTest, ACrashLeadsToAQuestionAndNotToASecondReceipt) {
   next.open(editor_.number());
   EXPECT_TRUE(next.isFrozen());
   EXPECT_FALSE(next.isOpen(0, "CANT"));
-  heard_.answer(kResultYes);
+  messages_.answer(kResultYes);
   EXPECT_EQ(print(next), ReceiptOutcome::Printed);
   EXPECT_LE(receipts(), 1);
   next.validate(next.headerTexts());
@@ -117,14 +117,14 @@ TEST_F(CashSaleTest, WhatTheStockLacksIsAskedAboutBeforeTheReceipt) {
       "INSERT INTO G_ARTMAG (CODART, DENART, FAMART, PRETVFT, PROVENIENTA, FARASTOC) "
       "VALUES ('A2', 'Marfa', 1, 10, 'M', 0)");
   editor_.setNumber(editor_.setArticle(1, "A2"), "CANT", "5");
-  heard_.answer(kResultNo);
+  messages_.answer(kResultNo);
   EXPECT_EQ(print(editor_), ReceiptOutcome::NotPrinted);
-  EXPECT_EQ(heard_.take(),
+  EXPECT_EQ(messages_.take(),
             QStringList("Articolul: A2 are disponibil in stoc numai 0. Tipariti bonul totusi ?"));
   EXPECT_FALSE(editor_.isFrozen());
   EXPECT_EQ(receipts(), 0);
   editor_.setNumber(1, "CANT", "4");  // it can still be changed
-  heard_.answer(kResultYes);
+  messages_.answer(kResultYes);
   EXPECT_EQ(print(editor_), ReceiptOutcome::Printed);
   EXPECT_EQ(receipts(), 1);
 }

@@ -67,7 +67,7 @@ TEST(KindTableTest, ColumnsAreInTheirTablesAndControlsOnce) {
 
 TEST(KindTableTest, ChecksPointAtWhatTheyLookAt) {
   const TestCompany company;
-  const HeardMessages heard;
+  const MessageRecorder messages;
   for (const DocumentKind& kind : documentKinds()) {
     expectChecks(kind, kind.headerChecks);
     expectChecks(kind, kind.validationChecks);
@@ -79,7 +79,7 @@ TEST(KindTableTest, ChecksPointAtWhatTheyLookAt) {
       EXPECT_TRUE(check.detail.isEmpty() || hasLineColumn(kind, check.detail)) << of(kind, check.detail);
     }
   }
-  EXPECT_TRUE(heard.isEmpty()) << "a kind of Exista is unknown";
+  EXPECT_TRUE(messages.isEmpty()) << "a kind of Exista is unknown";
 }
 
 TEST(KindTableTest, QuestionsNameTheDocumentAndNothingIsLeftBlank) {

@@ -77,7 +77,7 @@ TEST(LineAmountsTest, WhatIsTypedStaysAndWhatCannotBeIsRefused) {
   EXPECT_FALSE(sale.check(0, "CANT", "2", false).refused);
   ExecutaSql("UPDATE G_LFACCL SET ValoareFTCuDiscount = -6");
   EXPECT_FALSE(Trade::validate(sale));
-  EXPECT_EQ(trade.heard.take(), QStringList(tooHigh));
+  EXPECT_EQ(trade.messages.take(), QStringList(tooHigh));
 
   TypedTexts voucher = trade.consumption("3");
   voucher.insert("BATVA1", "19,5");

@@ -116,7 +116,7 @@ class Trade {
   }
 
   TestCompany company;
-  HeardMessages heard;
+  MessageRecorder messages;
   qint64 supplier = 0;
   qint64 customer = 0;
   qint64 goods = 0;

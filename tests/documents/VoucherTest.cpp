@@ -73,7 +73,7 @@ class VoucherTest : public ::testing::Test {
   }
 
   TestCompany company_;
-  HeardMessages heard_;
+  MessageRecorder messages_;
   qint64 supplier_ = 0;
   qint64 products_ = 0;
   qint64 goods_ = 0;
@@ -177,7 +177,7 @@ TEST_F(VoucherTest, OddInputIsStoredAsItIsOrRefused) {
   EXPECT_EQ(editor.lines()[0].text("DENUMIRE"), "Scaun foarte lung cu numele taiat l");
   editor.setNumber(0, "CANT", "1");
   EXPECT_FALSE(editor.checkLines());
-  EXPECT_EQ(heard_.take(),
+  EXPECT_EQ(messages_.take(),
             QStringList("Pretul unitar pentru articolul cu codul A1 trebuie sa fie un numar pozitiv "
                         "! Validarea nu se poate efectua !"));
   editor.setArticle(1, "A1");

@@ -138,14 +138,14 @@ TEST_F(CommandFilesTest, AReceiptThatCannotBeToldIsNotSent) {
   ReceiptLine endless = line("Y", "1", "1");
   endless.PRETFT = dec("9e6144");
   EXPECT_EQ(printReceipt("D", receipt({line("X", "1", "1"), endless})), ReceiptResult::NotPrinted);
-  EXPECT_EQ(heard_.take(),
+  EXPECT_EQ(messages_.take(),
             QStringList("Rezultatul depaseste limitele de calcul in procedura getComandaVanzare "
                         "din Class Module ComandaCasaMarcat Linia: 2"));
   EXPECT_EQ(contentOf(drive("Comanda.txt")), "vechi");
 
   EXPECT_EQ(printReceipt("A", receipt({line("X", "1000000", "1")})), ReceiptResult::NotPrinted);
   EXPECT_EQ(
-      heard_.take(),
+      messages_.take(),
       QStringList("Pretul sau cantitatea articolului X nu incape in comanda casei de marcat in procedura "
                   "GenereazaBon din Class Module CasaComandaMarcat2 Linia: 1"));
   EXPECT_EQ(contentOf(app("Tx.txt")), "vechi");
@@ -155,14 +155,14 @@ TEST_F(CommandFilesTest, AReceiptThatCannotBeToldIsNotSent) {
   EXPECT_EQ(printReceipt("P", receipt({line("X", "1", "1", "nimic")})), ReceiptResult::NotPrinted);
   ExecutaSql("INSERT INTO G_ARTMAG (CODART, ID) VALUES ('A1', 1)");
   EXPECT_EQ(printReceipt("P", receipt({line("X", "1", "0")})), ReceiptResult::NotPrinted);
-  EXPECT_EQ(heard_.take(), QStringList(2, "Eroare - Casa de marcat nu este operativa"));
+  EXPECT_EQ(messages_.take(), QStringList(2, "Eroare - Casa de marcat nu este operativa"));
   EXPECT_EQ(contentOf(drive("Program Files/Help Micro/Fiscal Printer/SCRIPT1.cmd")), "vechi");
 
   // No lines, no receipt.
   for (const char* letter : {"D", "P", "A", "O"})
     EXPECT_EQ(printReceipt(letter, receipt({})), ReceiptResult::NotPrinted);
   EXPECT_FALSE(QFile::exists(app("OPTIMA.BON")));
-  EXPECT_TRUE(heard_.isEmpty());
+  EXPECT_TRUE(messages_.isEmpty());
 }
 
 }  // namespace

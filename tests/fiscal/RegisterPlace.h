@@ -101,7 +101,7 @@ class RegisterPlace : public testing::Test {
 
   TestCompany company_;
   QTemporaryDir place_;
-  HeardMessages heard_;
+  MessageRecorder messages_;
   WaitingUser user_;
 };
 

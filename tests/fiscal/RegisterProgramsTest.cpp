@@ -43,7 +43,7 @@ TEST_F(RegisterProgramsTest, AFileIsFoundInWhateverSpellingItStands) {
   EXPECT_TRUE(left(datecs + "DatPrint.exe.read").startsWith("H,1,"));
   EXPECT_EQ(contentOf(datecs + "DatPrint.exe.read"), contentOf(drive("COMANDA.TXT")));
   EXPECT_FALSE(QFile::exists(drive("Comanda.txt")));
-  EXPECT_TRUE(heard_.isEmpty());
+  EXPECT_TRUE(messages_.isEmpty());
 }
 
 TEST_F(RegisterProgramsTest, WithoutItsProgramNothingIsPrinted) {
@@ -56,12 +56,12 @@ TEST_F(RegisterProgramsTest, WithoutItsProgramNothingIsPrinted) {
   QDir().mkpath(drive("Program Files/Help Micro/Fiscal Printer/vsu.exe"));  // a folder
   EXPECT_EQ(printReceipt("P", sale()), ReceiptResult::NotPrinted);
   EXPECT_EQ(printReceipt("O", sale()), ReceiptResult::NotPrinted);
-  for (const Message& message : heard_.all()) EXPECT_EQ(message.buttons, kInformation);
+  for (const Message& message : messages_.all()) EXPECT_EQ(message.buttons, kInformation);
   put(app("OPTIKEY.EXE"), "no program");
   EXPECT_EQ(printReceipt("O", sale()), ReceiptResult::NotPrinted);
   EXPECT_EQ(printReceipt("A", sale()), ReceiptResult::NotPrinted);
   EXPECT_EQ(
-      heard_.take(),
+      messages_.take(),
       QStringList({datecs, datecs,
                    "Va rog configurati calea catre programul VSU.EXE asociat cu casa de marcat!",
                    "Va rog instalati programul OPTIKEY asociat cu casa de marcat!", kNotReady, kNotReady}));
@@ -75,12 +75,12 @@ TEST_F(RegisterProgramsTest, TheRegistersThatAnswerAreWaitedFor) {
     putProgram(program, "yes | head -c 300000; sleep 0.2; cat Tx.txt OPTIMA.BON > read; exit 0\n");
     EXPECT_EQ(printReceipt(letter, sale()), ReceiptResult::Printed);
     EXPECT_TRUE(contentOf(app("read")).contains(*letter == 'A' ? "END KARAT\r\n" : "T;1;CASH"));
-    EXPECT_TRUE(heard_.isEmpty());
+    EXPECT_TRUE(messages_.isEmpty());
 
     for (const char* failure : {"exit 3\n", "kill -SEGV $$\n", "exec /nowhere\n"}) {
       putProgram(program, failure);
       EXPECT_EQ(printReceipt(letter, sale()), ReceiptResult::NotPrinted) << failure;
-      EXPECT_EQ(heard_.take(), QStringList(kNotReady)) << failure;
+      EXPECT_EQ(messages_.take(), QStringList(kNotReady)) << failure;
     }
 
     // Giving up leaves the program at its work: it may still print.
@@ -92,14 +92,14 @@ TEST_F(RegisterProgramsTest, TheRegistersThatAnswerAreWaitedFor) {
     QFile::remove(app("pid"));
     ASSERT_GT(process, 0);
     EXPECT_EQ(::kill(process, SIGTERM), 0);
-    EXPECT_TRUE(heard_.isEmpty());
+    EXPECT_TRUE(messages_.isEmpty());
   }
 
   // What OPTIMA's program has left behind fails every receipt until it is removed.
   putProgram(app("OPTIKEY.EXE"), "exit 0\n");
   put(drive("OptyKey/ERORI.TXT"), "");
   EXPECT_EQ(printReceipt("O", sale()), ReceiptResult::NotPrinted);
-  EXPECT_EQ(heard_.take(), QStringList(kNotReady));
+  EXPECT_EQ(messages_.take(), QStringList(kNotReady));
   QFile::remove(drive("OptyKey/ERORI.TXT"));
   EXPECT_EQ(printReceipt("O", sale()), ReceiptResult::Printed);
 }
@@ -111,7 +111,7 @@ TEST_F(RegisterProgramsTest, ACommandFileThatCannotBeWrittenIsNotHandedOver) {
   QDir().mkpath(app("OPTIMA.BON/x"));
   EXPECT_EQ(printReceipt("A", sale()), ReceiptResult::NotPrinted);
   EXPECT_EQ(printReceipt("O", sale()), ReceiptResult::NotPrinted);
-  const QStringList told = heard_.take();
+  const QStringList told = messages_.take();
   ASSERT_EQ(told.size(), 2);
   EXPECT_TRUE(told[0].endsWith(" in procedura GenereazaBon din Class Module CasaComandaMarcat2 Linia: 0"));
   EXPECT_TRUE(

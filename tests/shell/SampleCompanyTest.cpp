@@ -48,7 +48,7 @@ class SampleCompanyTest : public testing::Test {
   }
 
   QTemporaryDir place_;
-  HeardMessages heard_;
+  MessageRecorder messages_;
 };
 
 TEST_F(SampleCompanyTest, AnyDayAndAnyFolder) {

@@ -21,47 +21,47 @@ std::optional<qint64> revision() { return revisionOf(database()); }
 
 TEST(StructureUpgradeTest, AnotherRevisionOrNoneIsAskedAbout) {
   const TestCompany company;
-  HeardMessages heard;
+  MessageRecorder messages;
   VerificaVersiune(false);
-  EXPECT_TRUE(heard.isEmpty()) << "a fresh company is this program's";
+  EXPECT_TRUE(messages.isEmpty()) << "a fresh company is this program's";
 
   ExecutaSql("UPDATE kt_info SET VERSIUNE = NULL");
   for (int login = 1; login <= 2; ++login) {
-    heard.answer(kResultNo);
+    messages.answer(kResultNo);
     VerificaVersiune(false);
-    ASSERT_EQ(heard.all().size(), 1u);
-    EXPECT_EQ(heard.all()[0].buttons, kQuestion + kYesNo);
-    EXPECT_EQ(heard.all()[0].title, "Actualizare baza de date");
-    EXPECT_EQ(heard.take(), QStringList({kQuestionText}));
+    ASSERT_EQ(messages.all().size(), 1u);
+    EXPECT_EQ(messages.all()[0].buttons, kQuestion + kYesNo);
+    EXPECT_EQ(messages.all()[0].title, "Actualizare baza de date");
+    EXPECT_EQ(messages.take(), QStringList({kQuestionText}));
     EXPECT_EQ(revision(), std::nullopt);
   }
   // There is no older or newer.
   for (const int other : {-1, 1}) {
     ExecutaSql("UPDATE kt_info SET VERSIUNE = ?", {programRevision() + other});
-    heard.answer(kResultYes);
+    messages.answer(kResultYes);
     VerificaVersiune(false);
-    ASSERT_EQ(heard.all().size(), 2u);
-    EXPECT_EQ(heard.all()[1].buttons, kInformation);
-    EXPECT_EQ(heard.take(), QStringList({kQuestionText, kDone}));
+    ASSERT_EQ(messages.all().size(), 2u);
+    EXPECT_EQ(messages.all()[1].buttons, kInformation);
+    EXPECT_EQ(messages.take(), QStringList({kQuestionText, kDone}));
     EXPECT_EQ(revision(), programRevision());
   }
-  heard.answer(kResultNo);
+  messages.answer(kResultNo);
   VerificaVersiune(true);
-  EXPECT_EQ(heard.take(), QStringList({kQuestionText}));
+  EXPECT_EQ(messages.take(), QStringList({kQuestionText}));
 }
 
 TEST(StructureUpgradeTest, ACompanyThatLostItsRevisionTakesPartAgain) {
   const TestCompany company;
-  HeardMessages heard;
+  MessageRecorder messages;
   for (const char* loss : {"ALTER TABLE kt_info DROP COLUMN VERSIUNE", "DROP TABLE kt_info"}) {
     {
       Transaction transaction(database());
       database().engine().run(loss);
       transaction.commit();
     }
-    heard.answer(kResultYes);
+    messages.answer(kResultYes);
     VerificaVersiune(false);
-    EXPECT_EQ(heard.take(), QStringList({kQuestionText, kDone}));
+    EXPECT_EQ(messages.take(), QStringList({kQuestionText, kDone}));
     EXPECT_EQ(revision(), programRevision()) << loss;
   }
 }
@@ -75,20 +75,20 @@ TEST(StructureUpgradeTest, AnErrorIsToldAndTheQuestionComesBack) {
     transaction.commit();
   }
   ExecutaSql("UPDATE kt_info SET CAPSOC = 'multi bani', VERSIUNE = 1");
-  HeardMessages heard;
-  heard.answer(kResultYes);
+  MessageRecorder messages;
+  messages.answer(kResultYes);
   VerificaVersiune(false);
-  ASSERT_EQ(heard.all().size(), 2u);
+  ASSERT_EQ(messages.all().size(), 2u);
   EXPECT_FALSE(database().inTransaction());
-  const QString told = heard.take().last();
+  const QString told = messages.take().last();
   EXPECT_TRUE(told.startsWith("Eroare in actualizarea bazei de date !\r\n")) << qUtf8Printable(told);
   EXPECT_TRUE(told.contains("multi bani"));
   EXPECT_EQ(revision(), 1);
 
   ExecutaSql("UPDATE kt_info SET CAPSOC = '200'");
-  heard.answer(kResultYes);
+  messages.answer(kResultYes);
   VerificaVersiune(false);
-  EXPECT_EQ(heard.take().last(), kDone);
+  EXPECT_EQ(messages.take().last(), kDone);
   EXPECT_EQ(revision(), programRevision());
 }
 
@@ -103,10 +103,10 @@ void damage() {
 TEST(StructureUpgradeTest, AnUpgradeThatItsUserStopsLeavesTheCompanyAsItWas) {
   const TestCompany company;
   damage();
-  HeardMessages heard;
+  MessageRecorder messages;
   std::vector<int> told;
   const int stopAt = static_cast<int>(companyTables().size());
-  heard.answer(kResultYes);
+  messages.answer(kResultYes);
   VerificaVersiune(false, [&] {
     return [&](int done, int of) {
       EXPECT_EQ(of, stopAt);
@@ -114,7 +114,7 @@ TEST(StructureUpgradeTest, AnUpgradeThatItsUserStopsLeavesTheCompanyAsItWas) {
       if (done == of) throw Cancelled();
     };
   });
-  EXPECT_EQ(heard.take(), QStringList({kQuestionText}));
+  EXPECT_EQ(messages.take(), QStringList({kQuestionText}));
   EXPECT_EQ(told.size(), static_cast<size_t>(stopAt));
   EXPECT_EQ(revision(), 1);
   EXPECT_FALSE(database().engine().tableShape("kt_info").column("EMAIL2"));
@@ -125,7 +125,7 @@ TEST(StructureUpgradeTest, AnUpgradeThatItsUserStopsLeavesTheCompanyAsItWas) {
 TEST(StructureUpgradeTest, AColleagueInTheWayIsToldOf) {
   const TestCompany company;
   damage();
-  HeardMessages heard;
+  MessageRecorder messages;
   const bool onServer = serverOf(TestCompany::folder()).has_value();
   {
     const auto colleague = Database::open(TestCompany::path());
@@ -137,22 +137,22 @@ TEST(StructureUpgradeTest, AColleagueInTheWayIsToldOf) {
     else
       writes.emplace(*colleague);
     colleague->query("SELECT DENUMIRE FROM kt_info");
-    heard.answer(kResultYes);
-    if (!onServer) heard.answer(kResultCancel);
+    messages.answer(kResultYes);
+    if (!onServer) messages.answer(kResultCancel);
     QElapsedTimer waited;
     waited.start();
     VerificaVersiune(false);
     EXPECT_LT(waited.elapsed(), 6000);
-    ASSERT_EQ(heard.all().size(), 2U);
-    const QString told = heard.take().last();
+    ASSERT_EQ(messages.all().size(), 2U);
+    const QString told = messages.take().last();
     EXPECT_TRUE(told.contains("Baza de date este folosita in acest moment de alt utilizator."))
         << qPrintable(told);
   }
   EXPECT_EQ(revision(), 1);
   EXPECT_TRUE(database().engine().tableShape("kt_val2").columns.empty());
-  heard.answer(kResultYes);
+  messages.answer(kResultYes);
   VerificaVersiune(false);
-  EXPECT_EQ(heard.take().last(), kDone);
+  EXPECT_EQ(messages.take().last(), kDone);
 }
 
 TEST(StructureUpgradeTest, ATemplateThatIsInUseIsWaitedForFiveSecondsOnServer) {

@@ -84,14 +84,14 @@ TEST(DatabaseTest, RoundingInStatementsIsTheProgramsOwn) {
 
 TEST(DatabaseTest, WhoeverWaitsForTheLockIsAskedAndMayGiveUp) {
   const TestCompany company;
-  HeardMessages heard;
+  MessageRecorder messages;
   const auto other = Database::open(company.path());
   Transaction held(*other);
   other->execute("UPDATE kt_info SET DENUMIRE = 'x'");
   EXPECT_TRUE(OpenRs("SELECT DENUMIRE FROM kt_info").first().isNull("DENUMIRE"));  // readers never wait
-  heard.answer(kResultCancel);
+  messages.answer(kResultCancel);
   EXPECT_THROW(addCurrency("AAA"), Cancelled);
-  EXPECT_EQ(heard.take().size(), 1);
+  EXPECT_EQ(messages.take().size(), 1);
   EXPECT_FALSE(database().inTransaction());
   held.rollback();
   addCurrency("AAA");

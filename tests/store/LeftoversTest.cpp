@@ -132,7 +132,7 @@ TEST(LeftoversTest, OfTheSampleCompany) {
   EXPECT_EQ(namesIn(place.path(), "Exemplu-*"), QStringList());
   EXPECT_EQ(server ? postgres::databasesLike(*server, ".*") : QStringList(), QStringList());
   EXPECT_TRUE(databaseExists(place.path(), kFirstCompanyName));
-  HeardMessages heard;
+  MessageRecorder messages;
   EXPECT_TRUE(makeSampleCompany(place.path()));
   for (const char* name : {"Tarvon.mdb", "Tarvon01.mdb", "Tarvon02.mdb"})
     removeDatabaseFile(place.path(), name);

@@ -29,7 +29,7 @@ const QString kLost =
 
 TEST(LostOnServerTest, AListSaysSoOnceAndThenReadsAgain) {
   const TestCompany company;
-  const HeardMessages heard;
+  const MessageRecorder messages;
   const qint64 before = OpenRs("SELECT COUNT(*) AS N FROM kt_val").first().integer("N");
   loseServer();
   const QString text = errorOf([] { OpenRs("SELECT COUNT(*) AS N FROM kt_val"); });
@@ -39,7 +39,7 @@ TEST(LostOnServerTest, AListSaysSoOnceAndThenReadsAgain) {
 
 TEST(LostOnServerTest, ATransactionIsGoneAsAWhole) {
   const TestCompany company;
-  const HeardMessages heard;
+  const MessageRecorder messages;
   {
     Transaction transaction(database());
     ExecutaSql("INSERT INTO kt_val (COD, TITLU) VALUES ('AAA', 'a')");
@@ -57,7 +57,7 @@ TEST(LostOnServerTest, ATransactionIsGoneAsAWhole) {
 
 TEST(LostOnServerTest, TheWriteLockFallsWithItsHolder) {
   const TestCompany company;
-  const HeardMessages heard;
+  const MessageRecorder messages;
   const auto colleague = Database::open(TestCompany::path());
   {
     Transaction holder(database());

@@ -20,7 +20,7 @@ int errorOf(const QString& sql, const Values& values = {}) {
 class StatementTest : public ::testing::Test {
  protected:
   TestCompany company_;
-  HeardMessages heard_;
+  MessageRecorder messages_;
 };
 
 TEST_F(StatementTest, ValuesComeBackAsTheyWentIn) {

@@ -226,9 +226,9 @@ TEST_F(UpkeepTest, ACopyIsACompanyOfAnyFolder) {
 
 TEST_F(UpkeepTest, CompactingKeepsEveryRow) {
   const QList<TableProof> original = proofOf(database());
-  HeardMessages heard;
+  MessageRecorder messages;
   CompacteazaBD();
-  EXPECT_EQ(heard.take(), QStringList("Compactarea bazei de date Tarvon01.mdb s-a realizat cu succes !"));
+  EXPECT_EQ(messages.take(), QStringList("Compactarea bazei de date Tarvon01.mdb s-a realizat cu succes !"));
   EXPECT_EQ(proofOf(database()), original);
 }
 
@@ -236,18 +236,18 @@ TEST_F(UpkeepTest, CompactingGivesRoomBackAndWaitsForNobodyForeverInFile) {
   ExecutaSql("INSERT INTO kt_ter (COD, NUME) VALUES (1, ?)", {QString(3'000'000, u'x')});
   ExecutaSql("DELETE FROM kt_ter");
   const QList<TableProof> original = proofOf(database());
-  HeardMessages heard;
+  MessageRecorder messages;
   {
     const auto colleague = Database::open(TestCompany::path());
     const Transaction unfinished(*colleague);
     CompacteazaBD();
-    ASSERT_EQ(heard.all().size(), 1U);
-    EXPECT_TRUE(heard.take().first().startsWith(
+    ASSERT_EQ(messages.all().size(), 1U);
+    EXPECT_TRUE(messages.take().first().startsWith(
         "Eroare la compactarea bazelor de date Baza de date este folosita in acest moment"));
   }
   EXPECT_EQ(proofOf(database()), original);
   CompacteazaBD();
-  heard.take();
+  messages.take();
   EXPECT_LT(QFile(TestCompany::path()).size(), 1'500'000);
   EXPECT_EQ(proofOf(database()), original);
 }
@@ -259,10 +259,10 @@ TEST_F(UpkeepTest, TheAutomaticCopyTakesTheProjectsAlong) {
     ASSERT_TRUE(project.open(QIODevice::WriteOnly));
     project.write(name);
   }
-  HeardMessages heard;
+  MessageRecorder messages;
   SalveazaAutomat();
-  EXPECT_EQ(heard.take(), QStringList({"Salvare cu succes a bazei de date Tarvon01.mdb",
-                                       "Salvare cu succes a fisierelor proiect pentru listari !"}));
+  EXPECT_EQ(messages.take(), QStringList({"Salvare cu succes a bazei de date Tarvon01.mdb",
+                                          "Salvare cu succes a fisierelor proiect pentru listari !"}));
   EXPECT_EQ(QDir(other("Salv_Tarvon/lst")).entryList(QDir::Files, QDir::Name),
             QStringList({"Factura.lsf", "Nota.LST"}));
   const QStringList copies = QDir(backupFolder()).entryList(QDir::Files);

@@ -247,7 +247,7 @@ TEST(ReportJob, DamagedLayoutsArePaintedOrRefused) {
 }
 
 TEST(ListLabel, PrintsOnlyWhatThereIsAndTellsWhatIsWrong) {
-  HeardMessages messages;
+  MessageRecorder messages;
   const QTemporaryDir folder;
   save(folder.filePath("Proba.LST"), layoutOf(listTable()));
   setPrintFolder(folder.path());

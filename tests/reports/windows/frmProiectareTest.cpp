@@ -112,7 +112,7 @@ class DesignerTest : public testing::Test {
   }
 
   const QTemporaryDir folder;
-  HeardMessages messages;
+  MessageRecorder messages;
   frmProiectare window;
 };
 

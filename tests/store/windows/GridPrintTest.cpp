@@ -205,7 +205,7 @@ class Served : public QObject {
 
 // 0.1 + 0.2 + a null + an empty cell; the whole list has 100.30 more.
 TEST_F(GridPrintTest, TheButtonPrintsTheTotalsOfTheSelection) {
-  HeardMessages messages;
+  MessageRecorder messages;
   const Served served;
   setPrintFolder(folder_.path());
   QWidget form;

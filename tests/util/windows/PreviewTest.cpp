@@ -73,7 +73,7 @@ TEST(PreviewTest, PagesAreCountedWhileTheyAreLookedAt) {
   EXPECT_EQ(preview.findChild<QListView*>("lstPagini")->model()->rowCount(), 40);
   EXPECT_EQ(preview.findChild<QSpinBox*>("txtPagina")->value(), 2);
 
-  HeardMessages messages;
+  MessageRecorder messages;
   SlowJob broken;
   broken.failsAt = 5;
   frmPrevizualizare second(broken, nullptr);
@@ -110,7 +110,7 @@ TEST(PreviewTest, PagesAreDrawnWhenTheyAreShown) {
 }
 
 TEST(PreviewTest, APageThatFailsIsToldAndLeavesNoFile) {
-  HeardMessages messages;
+  MessageRecorder messages;
   CountedJob job;
   job.broken = 1;
   frmPrevizualizare preview(job, nullptr);
