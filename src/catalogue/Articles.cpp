@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <QHash>
 
+#include "catalogue/DocumentUse.h"
+#include "config/Checks.h"
 #include "store/Records.h"
+#include "util/NumberText.h"
 
 namespace velmar {
 
@@ -79,6 +82,58 @@ void giveMissingNumbers(const QStringList& codes) {
   transaction.commit();
 }
 
+// A family, a supplier or a currency that the company does not have.
+void requireKnownCodes(const Row& article, const Row& shown = {}) {
+  const std::pair<const char*, const char*> codes[] = {{"FAMART", "CodFamilie"},
+                                                       {"CODFURNIZO", "CodTert"},
+                                                       {"CODDEVIZAVANZ", "CodValuta"},
+                                                       {"CODDEVIZA", "CodValuta"}};
+  for (const auto& [column, kind] : codes) requireKnownCode(article, column, kind, shown);
+}
+
+// Figures that belong together: whoever changes one has seen the others.
+const QStringList kTogether[] = {{"COTATVA", "ADAOS", "PRETVFT", "PRETVTTI"},
+                                 {"PRETDEVIZAVANZ", "CODDEVIZAVANZ"},
+                                 {"PretVanzare", "CompensareCAS", "CODDEVIZA"}};
+
+// The figures of a conflict, as a user reads them.
+const std::pair<const char*, const char*> kFigures[] = {{"COST", "Cost"},
+                                                        {"ADAOS", "Adaos"},
+                                                        {"PRETVFT", "Pret de vanzare fara TVA"},
+                                                        {"PRETVTTI", "Pret de vanzare cu TVA"},
+                                                        {"PRETDEVIZAVANZ", "Pret vanzare valuta"},
+                                                        {"PretVanzare", "Pret vanzare FT"},
+                                                        {"CompensareCAS", "Compensare CAS"}};
+
+QString newFigures(const Row& current, const QStringList& columns) {
+  QString text;
+  for (const auto& [column, caption] : kFigures)
+    if (columns.contains(QLatin1String(column)))
+      text +=
+          QStringLiteral("\r\n%1: %2").arg(QLatin1String(caption), editNumber(current.decimal(column), 2));
+  return text;
+}
+
+// What this saving would write must not have changed since it was shown.
+void requireUnchanged(const Row& changed, const Row& shown) {
+  const Row current = record(articles(), changed.text("CODART"));
+  if (current.isEmpty()) throw gone();
+  QStringList looked = changed.columns();
+  for (const QStringList& group : kTogether)
+    if (std::any_of(group.begin(), group.end(),
+                    [&changed](const QString& name) { return changed.has(name); }))
+      looked += group;
+  looked.removeDuplicates();
+  QStringList conflicts = differing(looked, current, shown);
+  if (conflicts.isEmpty()) return;
+  conflicts += differing({"COST", "STOC"}, current, shown);  // what the prices are seen beside
+  conflicts.removeDuplicates();
+  throw ChangedMeanwhile(QStringLiteral("Articolul %1 a fost modificat intre timp de alt utilizator ! Fisa "
+                                        "arata acum valorile lui; verificati si salvati din nou.%2")
+                             .arg(changed.text("CODART"), newFigures(current, conflicts)),
+                         current, conflicts);
+}
+
 const QStringList kComputed = {"STOC", "CANTE", "COSTDEV"};
 
 }  // namespace
@@ -128,6 +183,7 @@ Row newArticle() {
 void addArticle(const Row& article) {
   requireFilled(article, "adauga");
   requireVatNumber(article);
+  requireKnownCodes(article);
   Row row = stored(article, kComputed + QStringList{"COST", "ADAOS", "PRETVFT", "PRETVTTI"});
   const QString code = article.text("CODART").trimmed().toUpper();
   row.set("CODART", code);
@@ -156,13 +212,20 @@ void saveArticle(const Row& article, const Row& shown) {
   // A palet once named is not taken back by an empty box.
   if (article.text("PALET").trimmed().isEmpty()) leftOut.append("PALET");
   const Row changed = changesOf(articles(), stored(article, leftOut), shown);
-  if (changed.columns().size() > 1 && !updateRecord(articles(), changed)) throw gone();
+  requireKnownCodes(changed);
+  if (changed.columns().size() == 1) return;
+  Transaction transaction(database());
+  requireUnchanged(changed, shown);
+  updateRecord(articles(), changed);
+  transaction.commit();
 }
 
 void requireRemovableArticle(const QString& code) {
+  const QString text = QStringLiteral("Articolul este inregistrat in documente.Operatia nu se poate efectua");
   if (!OpenRs("SELECT ARTID FROM G_LDOCUM WHERE ARTID = ? LIMIT 1", {code}).isEmpty())
-    throw RuleError(QStringLiteral("Articolul este inregistrat in documente.Operatia nu se poate efectua"),
-                    {}, 0, "Atentie");
+    throw RuleError(text, {}, 0, "Atentie");
+  if (const QString document = documentWithArticle(code); !document.isEmpty())
+    throw RuleError(QStringLiteral("%1 (%2)").arg(text, document), {}, 0, "Atentie");
 }
 
 void removeArticle(const QString& code) {

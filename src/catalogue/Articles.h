@@ -25,16 +25,17 @@ std::vector<qint64> articleNumbers(const QStringList& codes);
 Row newArticle();
 
 /// Adds the article; the row holds columns of G_ARTMAG. Throws RuleError, naming the column, when something
-/// is missing or no number, the code exists, or no cost method was chosen before the first article (column
-/// TCOST). Cost, prices and stock start at 0 whatever the row says.
+/// is missing or no number, the code exists, a family, supplier or currency does not, or no cost method was
+/// chosen before the first article (column TCOST). Cost, prices and stock start at 0 whatever the row says.
 void addArticle(const Row& article);
 
 /// Writes what differs between the article as it was shown and as it stands now, so that what the stock
-/// engine has written meanwhile is not taken back. Throws as addArticle(), and when a price in currency names
-/// no currency.
+/// engine has written meanwhile is not taken back. Throws as addArticle(), when a price in currency names no
+/// currency, and ChangedMeanwhile when another workstation has changed what would be written or a price that
+/// belongs to it. A code that is not changed is not looked up.
 void saveArticle(const Row& article, const Row& shown);
 
-/// Throws RuleError when documents name the article.
+/// Throws RuleError when documents name the article, drafts included.
 void requireRemovableArticle(const QString& code);
 /// Deletes the article. Throws as requireRemovableArticle().
 void removeArticle(const QString& code);

@@ -1,5 +1,6 @@
 #include "catalogue/Families.h"
 
+#include "config/Checks.h"
 #include "config/Numbers.h"
 #include "store/Database.h"
 #include "store/Records.h"
@@ -21,8 +22,8 @@ const Account kAccounts[] = {{"CONTSTOCMARFA", "Cont stoc marfa"},
 
 const Table& families() { return companyTable("G_FAMART"); }
 
-// The row as the table takes it.
-Row stored(const Row& family) {
+// The row as the table takes it; an account that is not the one in `before` must exist.
+Row stored(const Row& family, const Row& before = {}) {
   Row row = rowOf("COD DENUMIRE CONTSTOCMARFA CONTCHELT CONTVEN CONTSTOCPROD");
   const QString name = family.text("DENUMIRE").trimmed();
   if (name.isEmpty())
@@ -34,6 +35,7 @@ Row stored(const Row& family) {
     if (symbol.isEmpty())
       throw RuleError(QStringLiteral("Va rugam introduceti ") + account.label, account.column);
     row.set(account.column, symbol);
+    requireKnownCode(row, account.column, "Cont", before);
   }
   return row;
 }
@@ -61,8 +63,9 @@ qint64 addFamily(const Row& family) {
 }
 
 void saveFamily(const Row& family) {
-  Row row = stored(family);
-  row.set("COD", family.text("COD").toLongLong());
+  const qint64 code = family.text("COD").toLongLong();
+  Row row = stored(family, record(families(), code));
+  row.set("COD", code);
   if (!updateRecord(families(), row)) throw gone();
 }
 

@@ -1,6 +1,7 @@
 #include "catalogue/Partners.h"
 
 #include "catalogue/Discounts.h"
+#include "catalogue/DocumentUse.h"
 #include "config/Checks.h"
 #include "config/Numbers.h"
 #include "config/Session.h"
@@ -10,6 +11,9 @@
 namespace velmar {
 
 namespace {
+
+const QString kInDocuments =
+    QStringLiteral("Tertul nu se poate sterge deoarece exista documente inregistrate !");
 
 const Table& partners() { return companyTable("kt_ter"); }
 
@@ -33,7 +37,29 @@ Row stored(const Row& partner) {
   return row;
 }
 
+// What this saving would write must not have changed since it was shown.
+void requireUnchanged(qint64 code, const Row& changed, bool changesDiscount, const Row& shown) {
+  const Row current = storedPartner(code);
+  if (current.isEmpty()) throw gone();
+  QStringList looked = changed.columns();
+  if (changesDiscount) looked.append(QStringLiteral("Discount"));
+  const QStringList conflicts = differing(looked, current, shown);
+  if (!conflicts.isEmpty())
+    throw ChangedMeanwhile(QStringLiteral("Tertul %1 a fost modificat intre timp de alt utilizator ! Fisa "
+                                          "arata acum valorile lui; verificati si salvati din nou.")
+                               .arg(current.text("NUME")),
+                           current, conflicts);
+}
+
 }  // namespace
+
+Row storedPartner(qint64 code) {
+  const Row partner = record(partners(), code);
+  if (partner.isEmpty()) return partner;
+  Row whole = rowOf(partner.columns() + QStringList("Discount"), partner);
+  if (const auto discount = partnerDiscount(code)) whole.set("Discount", *discount);
+  return whole;
+}
 
 const ListQuery kPartnerList{
     QStringLiteral(
@@ -66,6 +92,7 @@ qint64 addPartner(const Row& partner, const std::optional<Decimal>& discount) {
   for (const char* own : {"COD", "UTILIZATOR", "DATAC"})
     if (!given.has(own)) columns.append(own);
   Row row = rowOf(columns, given);
+  requireKnownCode(row, "ID_Angajator", "CodTert");
   Transaction transaction(database());
   const qint64 code = NumarUrmator("kt_ter");
   row.set("COD", code);
@@ -81,17 +108,20 @@ void savePartner(const Row& partner, const std::optional<Decimal>& discount, con
   const Row changed = changesOf(partners(), stored(partner), shown);
   const qint64 code = partner.integer("COD");
   const QString before = shown.has("Discount") ? shown.value("Discount").toString() : QString();
+  const bool changesDiscount = partner.value("Discount").toString() != before;
+  requireKnownCode(changed, "ID_Angajator", "CodTert");
   Transaction transaction(database());
-  if (record(partners(), code).isEmpty()) throw gone();
+  requireUnchanged(code, changed, changesDiscount, shown);
   if (changed.columns().size() > 1) updateRecord(partners(), changed);
-  if (partner.value("Discount").toString() != before) setPartnerDiscount(code, discount);
+  if (changesDiscount) setPartnerDiscount(code, discount);
   transaction.commit();
 }
 
 void removePartner(qint64 code) {
   Transaction transaction(database());
-  if (Exista(QString::number(code), "TertiLinii"))
-    throw RuleError(QStringLiteral("Tertul nu se poate sterge deoarece exista documente inregistrate !"));
+  if (Exista(QString::number(code), "TertiLinii")) throw RuleError(kInDocuments);
+  if (const QString document = documentWithPartner(code); !document.isEmpty())
+    throw RuleError(QStringLiteral("%1 (%2)").arg(kInDocuments, document));
   deleteRecord(partners(), code);
   setPartnerDiscount(code, {});
   transaction.commit();

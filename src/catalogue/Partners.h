@@ -23,11 +23,15 @@ Row newPartner(const QString& name, const QString& kind);
 /// when the name or the kind is missing, a text is too long or a number is none.
 qint64 addPartner(const Row& partner, const std::optional<Decimal>& discount = {});
 
-/// Writes what differs between the partner as it was shown (with its "Discount") and as it stands now. Throws
-/// as addPartner().
+/// The columns of kt_ter and the partner's "Discount"; an empty row when there is no such partner.
+Row storedPartner(qint64 code);
+
+/// Writes what differs between the partner as it was shown (storedPartner) and as it stands now. Throws as
+/// addPartner(), and ChangedMeanwhile when another workstation has changed what would be written.
 void savePartner(const Row& partner, const std::optional<Decimal>& discount, const Row& shown);
 
-/// Deletes the partner and its discount. Throws RuleError when accounting lines name it.
+/// Deletes the partner and its discount. Throws RuleError when accounting lines or documents, drafts
+/// included, name it.
 void removePartner(qint64 code);
 
 /// Stores in each partner's `SOLD` what its accounts of class 4 hold (debit less credit, lei); of several

@@ -59,6 +59,7 @@ QString addAccount(const Row& account) {
   row.set("DEBITN", 0);
   row.set("CREDITN", 0);
   row.set("CODBUG", account.text("CODBUG").trimmed());
+  requireKnownCode(row, "CODBUG", "CodCentruCost");
   Transaction transaction(database());
   if (Exista(symbol, "Cont"))
     throw RuleError(QStringLiteral("Acest numar de cont exista deja ! Adaugarea nu se poate efectua !"),
@@ -71,6 +72,9 @@ QString addAccount(const Row& account) {
 void changeAccount(const QString& symbol, const QString& column, const QString& typed) {
   Value value = typed.trimmed();
   if (column == QStringLiteral("TITLU")) value = requiredTitle(typed);
+  if (column == QStringLiteral("CODBUG"))
+    if (const QString text = unknownCodeObjection(typed, "CodCentruCost"); !text.isEmpty())
+      throw RuleError(text);
   if (column == QStringLiteral("NeUtilizabil")) value = typedFlag(typed);
   updateField(accounts(), symbol, column, value);
 }

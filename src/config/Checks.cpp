@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "store/Database.h"
+#include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/NumberText.h"
 
@@ -29,6 +30,8 @@ const Question kQuestions[] = {
     {"OperTVA", "SELECT CONT FROM kt_oper WHERE TIP = 'T' AND CONT = ?"},
     {"CodValuta", "SELECT COD FROM kt_val WHERE COD = ?"},
     {"CodCentruCost", "SELECT COD FROM kt_cc WHERE COD = ?"},
+    {"CodFamilie", "SELECT COD FROM G_FAMART WHERE COD = ?", Compared::AsNumber},
+    {"CodTert", "SELECT COD FROM kt_ter WHERE COD = ?", Compared::AsNumber},
     {"CODARTICOL", "SELECT CODART FROM G_ARTMAG WHERE CODART = ?"},
     {"TertiLinii", "SELECT TERT FROM qryTertiLinii WHERE TERT = ?", Compared::AsNumber},
     {"FACIMPORTTR", "SELECT NUMFACTR FROM G_FACIMP WHERE NUMFACTR = ?"},
@@ -65,6 +68,18 @@ const LinkQuestion kLinkQuestions[] = {
     {"nir", "SELECT NUMNR FROM G_LNRFUR WHERE NUMNR = ? AND NUMCOM = ?", "", "CF"},
     {"cfnir", "SELECT NUMNR FROM G_LNRFUR WHERE NUMCOM = ?", "CF", nullptr},
 };
+
+struct UnknownCode {
+  const char* kind;
+  const char* text;
+};
+
+const UnknownCode kUnknownCodes[] = {{"Cont", "Contul %1 nu exista !"},
+                                     {"CodJurnal", "Jurnalul cu codul %1 nu exista !"},
+                                     {"CodValuta", "Valuta cu codul %1 nu exista !"},
+                                     {"CodCentruCost", "Centrul de cost cu codul %1 nu exista !"},
+                                     {"CodFamilie", "Familia cu codul %1 nu exista !"},
+                                     {"CodTert", "Tertul cu codul %1 nu exista !"}};
 
 template <typename Table>
 auto findKind(const Table& table, const QString& kind) {
@@ -127,6 +142,20 @@ bool Exista(const QString& value, const QString& kind) {
     return false;
   }
   return findsRow(QLatin1String(question->sql), {comparable(value, question->compared)});
+}
+
+QString unknownCodeObjection(const QString& code, const QString& kind) {
+  const QString text = code.trimmed();
+  if (text.isEmpty() || Exista(text, kind)) return {};
+  const UnknownCode* unknown = findKind(kUnknownCodes, kind);
+  return QString::fromLatin1(unknown ? unknown->text : "Codul %1 nu exista !").arg(text.left(20));
+}
+
+void requireKnownCode(const Row& row, const QString& column, const QString& kind, const Row& shown) {
+  if (!row.has(column)) return;
+  const QString code = row.value(column).toString().trimmed();
+  if (!shown.isEmpty() && shown.has(column) && shown.value(column).toString().trimmed() == code) return;
+  if (const QString text = unknownCodeObjection(code, kind); !text.isEmpty()) throw RuleError(text, column);
 }
 
 bool Exista2(const QString& first, const QString& second, const QString& kind) {

@@ -35,6 +35,7 @@ void enterRate(const QString& currency, const Row& rate) {
   const QString noNumber = QStringLiteral("Va rugam introduceti o valoare numerica !");
   const auto value = numberIn(rate, "CURS", noNumber);
   if (!value) throw RuleError(noNumber, "CURS");
+  if (*value <= 0) throw RuleError(QStringLiteral("Cursul trebuie sa fie mai mare decat 0 !"), "CURS");
   if (currency.isEmpty()) throw RuleError(QStringLiteral("Va rugam selectati un cod de valuta !"));
   Row row = rowOf("COD CURS DATA");
   row.set("COD", currency);

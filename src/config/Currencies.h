@@ -15,7 +15,7 @@ void addCurrency(const Row& currency);
 void removeCurrency(const QString& code);
 
 /// Enters the row's rate `CURS` of the day `DATA`: over the newest rate when that is of the same day, else as
-/// one more. Throws RuleError for a rate that is no number or an empty currency code.
+/// one more. Throws RuleError for a rate that is no number above 0 or an empty currency code.
 void enterRate(const QString& currency, const Row& rate);
 
 /// The newest rates first, at most `count` of them: `COD`, `DATA`, `CURS`; all without a count.

@@ -85,6 +85,7 @@ void addJournal(const Row& journal) {
     throw RuleError(QStringLiteral("Acest cod de jurnal exista deja ! Adaugarea nu se poate efectua !"),
                     "COD");
   if (const QString text = shortAccountObjection(account); !text.isEmpty()) throw RuleError(text, "CONT");
+  requireKnownCode(row, "CONT", "Cont");
   insertRecord(journals(), row);
   transaction.commit();
 }
@@ -97,6 +98,7 @@ void changeJournal(const QString& code, const Row& journal) {
   Row row = rowOf(columns, journal);
   row.set("COD", code);
   row.set("TITLU", requiredTitle(journal.text("TITLU")));
+  requireKnownCode(row, "CONT", "Cont", record(journals(), code));
   if (!updateRecord(journals(), row)) throw gone();
 }
 
@@ -105,6 +107,8 @@ void changeJournalField(const Row& journal, const QString& column, const QString
   if (column == QStringLiteral("TITLU")) value = requiredTitle(typed);
   if (column == QStringLiteral("CONT") && typed.trimmed().size() < kShortestAccount)
     throw RuleError(QStringLiteral("Introduceti un cont format din minim 3 caractere !"));
+  if (column == QStringLiteral("CONT"))
+    if (const QString text = unknownCodeObjection(typed, "Cont"); !text.isEmpty()) throw RuleError(text);
   if (column == QStringLiteral("NrInceput") || column == QStringLiteral("NrSfarsit")) {
     value = receiptNumber(typed);
     requireRange(journal, column, value);

@@ -102,6 +102,8 @@ Recordset articlesBy(const ArticleList& list, const QString& search, Values valu
 
 }  // namespace
 
+const QString kNoRecords = QStringLiteral("0-Nu exista inregistrari !");
+
 const BoundList kSupplierList{
     QStringLiteral("SELECT NUME, COD FROM kt_ter WHERE TIP IN ('F', 'M') ORDER BY NUME NULLS FIRST, COD"),
     QStringLiteral("NUME"), QStringLiteral("COD")};
@@ -125,7 +127,7 @@ QStringList comboItems(const QString& controlName) {
   QStringList items;
   for (const Row& row : OpenRs(QLatin1String(statement->sql)))
     items.append(joinedRow(row, QLatin1String(statement->separators)));
-  if (items.isEmpty()) items.append(QStringLiteral("0-Nu exista inregistrari !"));
+  if (items.isEmpty()) items.append(kNoRecords);
   return items;
 }
 

@@ -6,6 +6,9 @@
 
 namespace velmar {
 
+/// The only row of a list that has none.
+extern const QString kNoRecords;
+
 /// The rows of the plain combo box of that name; "0-Nu exista inregistrari !" alone when there are none. An
 /// unknown name shows a message and gives no rows.
 QStringList comboItems(const QString& controlName);

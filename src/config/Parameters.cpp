@@ -3,6 +3,7 @@
 #include <limits>
 #include <QHash>
 
+#include "config/Checks.h"
 #include "config/CostMethod.h"
 #include "config/NumberRanges.h"
 #include "config/Session.h"
@@ -58,6 +59,23 @@ int decimalsIn(const QString& typed) {
   return number->toString().toInt();
 }
 
+// Codes that begin a column's name "CONT" or "JUR" must exist, unless they are stored already.
+void requireKnownCodes(const Row& typed, const QString& prefix, const QString& kind) {
+  const Row before = storedParameters();
+  for (const QString& column : typed.columns())
+    if (column.startsWith(prefix)) requireKnownCode(typed, column, kind, before);
+}
+
+// The letters of the fiscal registers: Activa, Datecs, Optima, Partner.
+void requireKnownRegister(const Row& typed) {
+  const QString kind = typed.text("CASAMARCAT").trimmed();
+  if (kind.isEmpty() || kind == storedParameters().text("CASAMARCAT").trimmed()) return;
+  if (kind.size() != 1 || !QStringLiteral("ADOP").contains(kind, Qt::CaseInsensitive))
+    throw RuleError(
+        QStringLiteral("Casa de marcat este A (Activa), D (Datecs), O (Optima) sau P (Partner) !"),
+        "CASAMARCAT");
+}
+
 }  // namespace
 
 Row storedIdentity() { return onlyRecord(QStringLiteral("kt_info")); }
@@ -87,6 +105,7 @@ void saveIdentity(const Row& identity, const QString& method, bool hearing) {
 void saveAccounts(const Row& accounts, const QString& decimals) {
   Row places = rowOf("NrZec");
   places.set("NrZec", decimalsIn(decimals));
+  requireKnownCodes(accounts, QStringLiteral("CONT"), QStringLiteral("Cont"));
   const Row checked = checkedRanges(accounts);
   Transaction transaction(database());
   writeOnlyRecord("kt_info", places);
@@ -101,6 +120,8 @@ void saveJournals(const Row& journals) {
   const bool whole = !length || (*length >= 0 && *length <= std::numeric_limits<qint32>::max() &&
                                  Round(*length, 0) == *length);
   if (!whole) throw RuleError(noNumber, "CASAMARCAT_Nr");
+  requireKnownCodes(journals, QStringLiteral("JUR"), QStringLiteral("CodJurnal"));
+  requireKnownRegister(journals);
   Row checked = journals;
   setNumber(checked, "CASAMARCAT_Nr", length);
   writeOnlyRecord("kt_par", checked);

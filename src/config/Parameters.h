@@ -23,10 +23,11 @@ QString vatPayerObjection(const QString& letter);
 void saveIdentity(const Row& identity, const QString& method, bool hearing);
 
 /// Saves the decimals of prices, the accounts, the way of a storno and both number ranges, and takes the
-/// ranges over into the session. Decimals that are no number count as 0.
+/// ranges over into the session. Decimals that are no number count as 0. A changed account must exist.
 void saveAccounts(const Row& accounts, const QString& decimals);
 
-/// Saves the journals of the kinds of documents and the cash register.
+/// Saves the journals of the kinds of documents, which must exist where they are changed, and the cash
+/// register: "A", "D", "O", "P" or none.
 void saveJournals(const Row& journals);
 
 /// Writes columns of `kt_info` or `kt_par`, which hold one record each. Throws RuleError, naming the column,

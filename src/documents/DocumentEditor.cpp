@@ -210,6 +210,7 @@ void DocumentEditor::save(const QHash<QString, QString>& typed) {
   }
   if (!InPerioadaCulegere(typed_.date())) throw RuleError(withPeriod(kPeriodText), kind_.dateColumn);
   requireHeader(typed_, isNew_);
+  requireKnownCodes(typed_, isNew_ ? QHash<QString, QString>() : textsOf(header_));
   const Row header = headerFrom(typed_);
   noticeMissingRate(header);
   if (isNew_) {
@@ -391,8 +392,9 @@ void DocumentEditor::checkValidation(const QHash<QString, QString>& typed) {
   headerTyped(typed);
   for (const auto& check : kind_.validationChecks)
     if (isBroken(check)) throw RuleError(shownText(check), check.field, 0, check.title);
-  // The header goes to the ledger as it stands, so it must still be whole.
+  // The header goes to the ledger as it is on screen, saved or not, so it must still be whole.
   requireHeader(typed_, isNew_);
+  requireKnownCodes(typed_, textsOf(header_));
   storeRate();
   refreshStaleLines();
 }

@@ -89,6 +89,23 @@ void requireField(const Checked<HeaderCheck>& check, const TypedHeader& typed, b
   if (broken) throw RuleError(check.text, check.field, kCritical, check.title);
 }
 
+QString codeObjection(HeaderFieldType type, const QString& text) {
+  switch (type) {
+    case HeaderFieldType::Journal:
+      return unknownCodeObjection(text, QStringLiteral("CodJurnal"));
+    case HeaderFieldType::Currency:
+      return unknownCodeObjection(text, QStringLiteral("CodValuta"));
+    case HeaderFieldType::CostCentre:
+      return unknownCodeObjection(text, QStringLiteral("CodCentruCost"));
+    case HeaderFieldType::Rate: {
+      const auto rate = typedNumber(text);
+      return rate && *rate > 0 ? QString() : QStringLiteral("Cursul trebuie sa fie mai mare decat 0 !");
+    }
+    default:
+      return {};
+  }
+}
+
 }  // namespace
 
 void requireHeader(const TypedHeader& typed, bool isNew) {
@@ -101,6 +118,15 @@ bool isOfferedRate(const DocumentKind& kind, const QString& code) {
   const auto rates = vatRates(kind.partnersAreSuppliers);
   return isNumber && std::any_of(rates.begin(), rates.end(),
                                  [&number](const ListEntry& entry) { return entry.code == number; });
+}
+
+void requireKnownCodes(const TypedHeader& typed, const QHash<QString, QString>& stored) {
+  for (const HeaderField& field : typed.kind().headerFields) {
+    const QString text = typed.text(field.key());
+    if (text.isEmpty() || text == stored.value(field.key()).trimmed()) continue;
+    const QString objection = codeObjection(field.type, text);
+    if (!objection.isEmpty()) throw RuleError(objection, field.key(), kCritical);
+  }
 }
 
 }  // namespace velmar

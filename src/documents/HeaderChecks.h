@@ -12,4 +12,9 @@ void requireHeader(const TypedHeader& typed, bool isNew);
 /// Whether documents of the kind may have the VAT rate of that code.
 bool isOfferedRate(const DocumentKind& kind, const QString& code);
 
+/// Throws RuleError for a journal, currency or cost centre that the company does not have, or a rate of
+/// exchange that is not above 0, naming the field. What is the same in `stored`, the header as it was shown
+/// last (texts by HeaderField::key()), passes.
+void requireKnownCodes(const TypedHeader& typed, const QHash<QString, QString>& stored);
+
 }  // namespace velmar

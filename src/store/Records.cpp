@@ -126,6 +126,14 @@ std::vector<Row> rowsOfKeys(const QString& sql, const QStringList& keys, const V
   return rows;
 }
 
+QStringList differing(const QStringList& columns, const Row& stored, const Row& shown) {
+  QStringList changed;
+  for (const QString& name : columns)
+    if (stored.has(name) && shown.has(name) && stored.value(name).toString() != shown.value(name).toString())
+      changed.append(name);
+  return changed;
+}
+
 RuleError gone() {
   return RuleError(QStringLiteral("Inregistrarea a fost stearsa intre timp de alt utilizator !"));
 }

@@ -46,6 +46,22 @@ std::vector<Row> rowsOfKeys(const QString& sql, const QStringList& keys, const V
 /// The error for a record that another workstation has deleted meanwhile.
 RuleError gone();
 
+/// A record was changed meanwhile in columns that are being saved.
+class ChangedMeanwhile : public RuleError {
+ public:
+  ChangedMeanwhile(const QString& text, const Row& stored, const QStringList& columns)
+      : RuleError(text, columns.first()), stored_(stored), columns_(columns) {}
+  const Row& stored() const { return stored_; }            ///< the record as it is now
+  const QStringList& columns() const { return columns_; }  ///< those that differ from what was shown
+
+ private:
+  Row stored_;
+  QStringList columns_;
+};
+
+/// Which of the columns differ between the stored record and the one that was shown.
+QStringList differing(const QStringList& columns, const Row& stored, const Row& shown);
+
 /// Converts "DA" or "NU", ignoring case, to a flag. Throws RuleError for any other text.
 bool typedFlag(const QString& text);
 

@@ -238,7 +238,7 @@ TEST_F(Parameters, ARangeIsCompleteOrEmpty) {
 }
 
 TEST_F(Parameters, AccountsDecimalsAndJournals) {
-  Row accounts = textsOf({{"CONTFurnizori", "401.1"},
+  Row accounts = textsOf({{"CONTFurnizori", "404"},
                           {"CONTNIR", ""},
                           {"SERIEFC", ""},
                           {"FCSTART", ""},
@@ -246,6 +246,10 @@ TEST_F(Parameters, AccountsDecimalsAndJournals) {
                           {"SERIEAE", ""},
                           {"AESTART", ""},
                           {"AEEND", ""}});
+  EXPECT_EQ(refusal([&] {
+              saveAccounts(textsOf({{"CONTFurnizori", "401.1"}}), "2");
+            }),
+            "CONTFurnizori: Contul 401.1 nu exista !");
   saveAccounts(accounts, "patru");
   EXPECT_EQ(storedIdentity().integer("NrZec"), 0);
   saveAccounts(accounts, "4");
@@ -254,7 +258,7 @@ TEST_F(Parameters, AccountsDecimalsAndJournals) {
     EXPECT_EQ(refusal([&] { saveAccounts(accounts, typed); }),
               "NrZec: Numarul de zecimale trebuie sa fie un numar intreg de la 0 la 9 !");
   EXPECT_EQ(storedIdentity().integer("NrZec"), 4);
-  EXPECT_EQ(storedParameters().text("CONTFurnizori"), "401.1");
+  EXPECT_EQ(storedParameters().text("CONTFurnizori"), "404");
   EXPECT_TRUE(storedParameters().isNull("CONTNIR"));
   EXPECT_EQ(storedParameters().text("CONTClienti"), "411") << "what is not in the row stays";
 
@@ -263,13 +267,14 @@ TEST_F(Parameters, AccountsDecimalsAndJournals) {
       saveJournals(textsOf({{"JURNIR", journal}, {"CASAMARCAT", kind}, {"CASAMARCAT_Nr", length}}));
     });
   };
-  EXPECT_EQ(journals("ODD", "D", "22"), "");
+  EXPECT_EQ(journals("BC", "D", "22"), "");
   EXPECT_EQ(storedParameters().integer("CASAMARCAT_Nr"), 22);
   EXPECT_EQ(journals("NIR", "A", "multe"), "CASAMARCAT_Nr: Valoarea trebuie sa fie numerica");
   EXPECT_EQ(journals("NIR", "A", "2147483648"), "CASAMARCAT_Nr: Valoarea trebuie sa fie numerica");
-  EXPECT_EQ(journals("PREA LUNG", "A", "1"),
-            "JURNIR: Textul din campul JURNIR este prea lung (maxim 3 caractere) !");
-  EXPECT_EQ(storedParameters().text("JURNIR"), "ODD");
+  EXPECT_EQ(journals("PREA LUNG", "A", "1"), "JURNIR: Jurnalul cu codul PREA LUNG nu exista !");
+  EXPECT_EQ(journals("NIR", "X", "1"),
+            "CASAMARCAT: Casa de marcat este A (Activa), D (Datecs), O (Optima) sau P (Partner) !");
+  EXPECT_EQ(storedParameters().text("JURNIR"), "BC");
   EXPECT_EQ(journals("", "", ""), "");
   InitParaSoc();
   EXPECT_EQ(session().CasaMarcat, " ");

@@ -125,7 +125,7 @@ NumberBox* ArticleCard::numberField(QFormLayout* rows, int index) {
 }
 
 // A box for a code with the list that offers the codes by name beside it.
-SearchCombo* ArticleCard::listFor(QFormLayout* rows, int index, const QString& name) {
+SearchCombo* ArticleCard::listFor(QFormLayout* rows, int index, const QString& name, const QString& kind) {
   const Field& field = kFields[index];
   const int width = companyTable("G_ARTMAG").column(field.column)->width;
   auto* box = card_.add(
@@ -133,6 +133,7 @@ SearchCombo* ArticleCard::listFor(QFormLayout* rows, int index, const QString& n
   auto* list = new SearchCombo(name, {}, kShownName, this);
   moveOnWithEnter(list);
   pairWithCombo(box, list);
+  requireKnownCodeWhenLeft(box, kind);
   auto* row = new QHBoxLayout;
   row->addWidget(box);
   row->addWidget(list, 1);
@@ -152,8 +153,8 @@ QWidget* ArticleCard::identityFrame() {
   QLineEdit* otherName = card_.add("DenAltaLimba", makeTextBox("txtDenAltaLimba", 35));
   rows->addRow("Denumire 2", otherName);
   for (QLineEdit* box : {code, supplierCode, name, otherName}) fitCapitals(box);
-  DataCombo2_ = listFor(rows, kFamily, "DataCombo2");
-  DataCombo1_ = listFor(rows, kSupplier, "DataCombo1");
+  DataCombo2_ = listFor(rows, kFamily, "DataCombo2", "CodFamilie");
+  DataCombo1_ = listFor(rows, kSupplier, "DataCombo1", "CodTert");
   QLineEdit* unit = textField(rows, kUnitBox);
   connect(unit, &QLineEdit::textEdited, this, [this](const QString& text) {
     unit_ = text;
@@ -165,7 +166,7 @@ QWidget* ArticleCard::identityFrame() {
   rows->addRow("Palet", card_.add("PALET", makeTextBox("TextPalet", 20)));
   chkFaraStoc_ = card_.add("FARASTOC", named(new QCheckBox("Fara stoc"), "chkFaraStoc"));
   rows->addRow(QString(), chkFaraStoc_);
-  cboCodDevizaDenumire_ = listFor(rows, kCurrency, "cboCodDevizaDenumire");
+  cboCodDevizaDenumire_ = listFor(rows, kCurrency, "cboCodDevizaDenumire", "CodValuta");
   numberField(rows, kCurrencyPrice);
   return frame;
 }
@@ -244,6 +245,7 @@ void ArticleCard::refreshLists() {
   fillCodeCombos({DataCombo1_}, kSupplierList);
   fillCodeCombos({DataCombo2_}, kFamilyList);
   fillCodeCombos({cboCodDevizaDenumire_}, codeList("kt_val", "COD", "TITLU"));
+  if (cboCodDevizaDenumire_->count() == 0) LegaCombo(*cboCodDevizaDenumire_, {{kNoRecords, {}}});
   if (!cboDeviza_) return;
   const QString currency = cboDeviza_->currentText();
   IncarcaCombo(*cboDeviza_);
@@ -323,6 +325,7 @@ Row ArticleCard::article() const {
 QWidget* ArticleCard::entryOf(const QString& column) const {
   if (column == QStringLiteral("FAMART")) return DataCombo2_;
   if (column == QStringLiteral("CODFURNIZO")) return DataCombo1_;
+  if (column == QStringLiteral("CODDEVIZA")) return cboDeviza_;
   return card_.control(column);
 }
 

@@ -46,7 +46,7 @@ class ArticleCard : public QWidget {
  private:
   QLineEdit* textField(QFormLayout* rows, int index);
   NumberBox* numberField(QFormLayout* rows, int index);
-  SearchCombo* listFor(QFormLayout* rows, int index, const QString& name);
+  SearchCombo* listFor(QFormLayout* rows, int index, const QString& name, const QString& kind);
   QWidget* identityFrame();
   QWidget* vatFrame();
   QWidget* basisFrame();

@@ -147,6 +147,13 @@ void CatalogueForm::step(int by) {
   Mesaj(QStringLiteral("Sunteti pozitionat pe ") + (by < 0 ? "primul " : "ultimul ") + " tert!");
 }
 
+void CatalogueForm::showConflict(const ChangedMeanwhile& conflict, Row& shown) {
+  for (const QString& column : conflict.columns()) {
+    shown.set(column, Value::raw(conflict.stored().value(column)));
+    card().showStored(column, conflict.stored().value(column));
+  }
+}
+
 bool CatalogueForm::onCard() const { return tabs_->currentIndex() == kCardTab; }
 
 void CatalogueForm::bringCard() { tabs_->setCurrentIndex(kCardTab); }

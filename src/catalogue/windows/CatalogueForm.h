@@ -3,6 +3,7 @@
 #pragma once
 
 #include "store/Filter.h"
+#include "store/Records.h"
 #include "store/windows/ListForm.h"
 #include "util/windows/KeyFilter.h"
 
@@ -17,6 +18,9 @@ class CatalogueForm : public ListForm {
  protected:
   CatalogueForm(const QString& name, const QString& title, QWidget* parent);
 
+  /// The card shows what another workstation has stored, and so does `shown`, the record as it was shown: a
+  /// second saving goes through.
+  void showConflict(const ChangedMeanwhile& conflict, Row& shown);
   /// The list: what it reads, its key, its order, and the condition that holds beside the filter's.
   void setCatalogue(const QList<GridColumn>& columns, const ListQuery& query, const QString& keyField,
                     const QString& order, const Condition& always, const QSet<QString>& tables);

@@ -222,7 +222,12 @@ void frmArticole::add() {
 
 void frmArticole::save() {
   if (!isNew()) details_->recalculate();
-  saveArticle(isNew() ? newArticle() : details_->article(), shown_);
+  try {
+    saveArticle(isNew() ? newArticle() : details_->article(), shown_);
+  } catch (const ChangedMeanwhile& conflict) {
+    showConflict(conflict, shown_);
+    throw;
+  }
   cauta();
 }
 

@@ -75,6 +75,7 @@ QWidget* frmFamArticole::cardFrame() {
     auto* cboCont = new SearchCombo(indexed("cboCont", i), {}, kShownAccount);
     auto* txtCont = card().add(kAccountColumns[i], makeTextBox(indexed("txtCont", i), kAccountLength));
     addCodeRow(rows, kAccountCaptions[i], cboCont, txtCont);
+    requireKnownCodeWhenLeft(txtCont, "Cont");
     fillCodeCombos({cboCont}, accountsBeginning(classes[i]));
   }
   return frame;

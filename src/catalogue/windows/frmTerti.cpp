@@ -329,10 +329,8 @@ void frmTerti::showRecord(const Row* current) {
   shown_ = Row();
   if (!current) return ListForm::showRecord(nullptr);
   const qint64 code = current->integer("COD");
-  const Row partner = record(companyTable("kt_ter"), code);
-  if (partner.isEmpty()) return ListForm::showRecord(nullptr);
-  Row shown = rowOf(partner.columns() + QStringList("Discount"), partner);
-  if (const auto discount = partnerDiscount(code)) shown.set("Discount", *discount);
+  const Row shown = storedPartner(code);
+  if (shown.isEmpty()) return ListForm::showRecord(nullptr);
   shown_ = shown;
   ListForm::showRecord(&shown);
 }
@@ -367,7 +365,12 @@ void frmTerti::addFor(std::function<void(const QString& code)> taken) {
 
 void frmTerti::save() {
   if (card().text("COD").isEmpty()) return;
-  savePartner(card().typed(), typedDiscount(), shown_);
+  try {
+    savePartner(card().typed(), typedDiscount(), shown_);
+  } catch (const ChangedMeanwhile& conflict) {
+    showConflict(conflict, shown_);
+    throw;
+  }
   refresh();
 }
 

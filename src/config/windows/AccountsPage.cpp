@@ -64,6 +64,7 @@ QWidget* AccountsPage::accountsFrame() {
     auto* combo = new SearchCombo(QStringLiteral("cboCont(%1)").arg(i), {}, kShownName, this);
     moveOnWithEnter(combo);
     pairWithCombo(box, combo, shortAccountObjection);
+    requireKnownCodeWhenLeft(box, "Cont");
     combos_.append(combo);
     addField(grid, i, 0, kAccounts[i].caption, box);
     grid->addWidget(combo, i, 2);

@@ -1,14 +1,17 @@
 #include "config/windows/CodeBox.h"
 
+#include <memory>
 #include <QCompleter>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 
+#include "config/Checks.h"
 #include "config/Lists.h"
 #include "config/windows/ComboFill.h"
 #include "store/ListRows.h"
 #include "util/Messages.h"
+#include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
 #include "util/windows/SearchCombo.h"
 
@@ -22,6 +25,7 @@ class CodePair : public QObject {
       : QObject(combo), box_(box), combo_(combo), objection_(objection) {
     connect(box, &QLineEdit::textChanged, this, &CodePair::showCode);
     connect(combo, &SearchCombo::settled, this, &CodePair::take);
+    requireChoiceWhenLeft(combo);
   }
 
   void showCode() {
@@ -31,9 +35,10 @@ class CodePair : public QObject {
   }
 
  private:
-  // A text that is no choice gives way to the code that stands.
+  // A text that is no choice stays to be mended; an empty one gives way to the code of the box.
   void take() {
     const QString code = combo_->choice().toString();
+    if (combo_->choice().isNull() && !combo_->currentText().trimmed().isEmpty()) return;
     if (code.isEmpty() || code.compare(box_->text().trimmed(), Qt::CaseInsensitive) == 0) return showCode();
     const QString text = objection_ ? objection_(code) : QString();
     if (!text.isEmpty()) {
@@ -55,6 +60,17 @@ class CodePair : public QObject {
 void pairWithCombo(QLineEdit* box, SearchCombo* combo,
                    const std::function<QString(const QString&)>& objection) {
   new CodePair(box, combo, objection);
+}
+
+void requireKnownCodeWhenLeft(QLineEdit* box, const QString& kind) {
+  const auto shown = std::make_shared<QString>(box->text());
+  QObject::connect(box, &QLineEdit::textChanged, box, [box, shown](const QString& text) {
+    if (!box->isModified()) *shown = text;
+  });
+  checkWhenLeft(box, [box, shown, kind] {
+    const bool isTyped = box->isModified() && box->text().trimmed() != shown->trimmed();
+    return isTyped ? unknownCodeObjection(box->text(), kind) : QString();
+  });
 }
 
 void addCodeRow(QFormLayout* rows, const QString& caption, SearchCombo* combo, QLineEdit* box) {

@@ -18,6 +18,10 @@ struct BoundList;
 void pairWithCombo(QLineEdit* box, SearchCombo* combo,
                    const std::function<QString(const QString&)>& objection = {});
 
+/// Refuses, when the box is left, a typed code that the company does not have, by kind of Exista. A code that
+/// was shown before anything was typed passes.
+void requireKnownCodeWhenLeft(QLineEdit* box, const QString& kind);
+
 /// Adds a row to a form: the list with the paired box beside it.
 void addCodeRow(QFormLayout* rows, const QString& caption, SearchCombo* combo, QLineEdit* box);
 

@@ -47,6 +47,7 @@ QWidget* JournalsPage::journalsFrame() {
     auto* combo = new SearchCombo(QStringLiteral("cboJurnal(%1)").arg(i), {}, kShownName, this);
     moveOnWithEnter(combo);
     pairWithCombo(box, combo);
+    requireKnownCodeWhenLeft(box, "CodJurnal");
     combos_.append(combo);
     addField(grid, i, 0, kJournals[i].caption, box);
     grid->addWidget(combo, i, 2);

@@ -79,6 +79,7 @@ QWidget* frmPC::accountFrame() {
   auto* cboCentruCost = new SearchCombo("cboCentruCost", {}, kShownCostCentre);
   auto* txtCC = card().add("CODBUG", makeTextBox("txtCC", kCostCentreLength, {}, KeyFilter::NoQuote));
   addCodeRow(rows, "Centru de cost", cboCentruCost, txtCC);
+  requireKnownCodeWhenLeft(txtCC, "CodCentruCost");
   fillCodeCombos({cboCentruCost}, kUsableCostCentres);
   return frame;
 }

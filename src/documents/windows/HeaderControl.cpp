@@ -247,6 +247,7 @@ class CodeControl : public HeaderControl {
     KeyFilter::install(code_, mayBeBlank ? KeyFilter::NoQuote | KeyFilter::UpperCase
                                          : KeyFilter::NoQuote | KeyFilter::NoBlank);
     pairWithCombo(code_, list_);
+    if (mayBeBlank) requireKnownCodeWhenLeft(code_, QStringLiteral("CodJurnal"));
     if (mayBeBlank) connect(code_, &QLineEdit::textChanged, this, [this] { tellOwnJournal(); });
     connect(code_, &QLineEdit::textEdited, this, &HeaderControl::touched);
     connect(code_, &QLineEdit::editingFinished, this, [this] { choose(); });
@@ -286,6 +287,7 @@ class ChoiceControl : public HeaderControl {
         fill_(std::move(fill)),
         list_(new SearchCombo(field.control, field.toolTip, shown, form)) {
     connect(list_, &SearchCombo::settled, this, [this] { take(); });
+    requireChoiceWhenLeft(list_);
   }
 
   QString text() const override { return text_; }
@@ -310,10 +312,11 @@ class ChoiceControl : public HeaderControl {
   }
 
  private:
-  // A text that is no choice gives way to the one that stands.
+  // A text that is no choice stays to be mended; the row of an empty list is none.
   void take() {
     const QString choice = list_->choice().toString();
-    if (choice.isEmpty() && !list_->currentText().trimmed().isEmpty()) return list_->showData(text_);
+    if (list_->currentText() == kNoRecords) return list_->showData(text_);
+    if (choice.isEmpty() && !list_->currentText().trimmed().isEmpty()) return;
     if (choice == text_) return;
     text_ = choice;
     emit touched();
@@ -381,6 +384,7 @@ class PaymentControl : public HeaderControl {
 void fillCurrencies(QComboBox& combo) {
   std::vector<ListEntry> entries;
   for (const QString& code : currencyCodes()) entries.push_back({code, code});
+  if (entries.empty()) entries.push_back({kNoRecords, {}});
   LegaCombo(combo, entries);
 }
 

@@ -76,10 +76,12 @@ void Card::bind(const QString& column, QWidget* control) {
   auto* box = qobject_cast<QLineEdit*>(control);
   bound_.append({column, control, box ? box->maxLength() : 0});
   if (box) connect(box, &QLineEdit::textEdited, this, &Card::edited);
-  if (auto* search = qobject_cast<SearchCombo*>(control))
+  if (auto* search = qobject_cast<SearchCombo*>(control)) {
     connect(search, &SearchCombo::settled, this, &Card::edited);
-  else if (auto* list = qobject_cast<QComboBox*>(control))
+    requireChoiceWhenLeft(search);
+  } else if (auto* list = qobject_cast<QComboBox*>(control)) {
     connect(list, &QComboBox::currentIndexChanged, this, &Card::edited);
+  }
   if (auto* check = qobject_cast<QAbstractButton*>(control))
     connect(check, &QAbstractButton::toggled, this, &Card::edited);
   if (auto* date = qobject_cast<DateBox*>(control))
@@ -107,6 +109,15 @@ void Card::clear() {
 
 void Card::settle() {
   settled_ = state();
+  emit edited();
+}
+
+void Card::showStored(const QString& column, const QVariant& value) {
+  for (qsizetype i = 0; i < bound_.size(); ++i) {
+    if (bound_[i].column.compare(column, Qt::CaseInsensitive) != 0) continue;
+    put(bound_[i], value);
+    settled_[i] = state()[i];
+  }
   emit edited();
 }
 

@@ -29,6 +29,8 @@ class Card : public QObject {
   /// Shows the row's columns; those that it does not have are cleared.
   void show(const Row& row);
   void clear();
+  /// Shows another stored value in one column, as unchanged; what is typed into the others stays.
+  void showStored(const QString& column, const QVariant& value);
   /// Takes the card as it stands for unchanged.
   void settle();
 

@@ -4,6 +4,8 @@
 #include <QLineEdit>
 #include <QListView>
 
+#include "util/windows/Controls.h"
+
 namespace velmar {
 
 SearchCombo::SearchCombo(const QString& name, const QString& toolTip, int shown, QWidget* parent)
@@ -51,6 +53,15 @@ void SearchCombo::settle() {
 QVariant SearchCombo::choice() const {
   const int at = currentIndex();
   return at >= 0 && itemText(at).compare(currentText(), Qt::CaseInsensitive) == 0 ? itemData(at) : QVariant();
+}
+
+void requireChoiceWhenLeft(SearchCombo* list) {
+  checkWhenLeft(list, [list] {
+    const QString text = list->currentText().trimmed();
+    if (text.isEmpty()) return QString();
+    list->settle();
+    return list->choice().isNull() ? QStringLiteral("%1 nu este in lista !").arg(text) : QString();
+  });
 }
 
 }  // namespace velmar

@@ -24,4 +24,7 @@ class SearchCombo : public QComboBox {
   void settled();
 };
 
+/// Refuses, when the list is left, a text that is no choice of it.
+void requireChoiceWhenLeft(SearchCombo* list);
+
 }  // namespace velmar
