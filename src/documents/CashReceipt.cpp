@@ -82,7 +82,9 @@ class Sending {
     Transaction transaction(database());
     drafts_.updateHeader(header_);
     const qint64 attempt = drafts_.beginReceipt(number_, known);
-    const std::vector<Row> lines = drafts_.load(number_)->lines;
+    const auto sale = drafts_.load(number_);
+    if (!sale) throw RuleError(QStringLiteral("Documentul a fost sters intre timp de alt utilizator !"));
+    const std::vector<Row>& lines = sale->lines;
     const QString broken = brokenLineRule(typed_.kind(), lines);
     if (!broken.isEmpty()) throw RuleError(broken);
     receipt.CotaTVA = static_cast<int>(typed_.vatPercent().toDouble());

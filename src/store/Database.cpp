@@ -51,7 +51,7 @@ struct Database::State {
     const auto known = prepared.constFind(sql);
     if (known != prepared.cend()) return *known;
     if (prepared.size() >= kPreparedLimit) prepared.clear();
-    const auto statement = engine->prepare(sql);
+    auto statement = engine->prepare(sql);
     prepared.insert(sql, statement);
     return statement;
   }

@@ -130,7 +130,7 @@ void ListRows::readPage(int page) const {
     if (place != places.cend()) rows[*place] = std::move(row);
   }
   if (pages_.size() >= kPagesKept) pages_.clear();
-  pages_.insert(page, std::move(rows));
+  pages_.emplace(page, std::move(rows));
 }
 
 const Row& ListRows::row(int place) const {

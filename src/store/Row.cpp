@@ -86,12 +86,6 @@ bool Row::flag(const QString& column) const { return integer(column) != 0; }
 
 QDate Row::date(const QString& column) const { return dateIn(value(column)); }
 
-QDateTime Row::moment(const QString& column) const {
-  const QString text = value(column).toString();
-  const QDateTime precise = QDateTime::fromString(text, kDateTimeFormat);
-  return precise.isValid() ? precise : QDateTime::fromString(text, Qt::ISODate);
-}
-
 void Recordset::transform(const QString& column, const std::function<QVariant(const QVariant&)>& change) {
   for (Row& row : rows_) row.set(column, Value::raw(change(row.value(column))));
 }

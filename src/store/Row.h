@@ -74,7 +74,6 @@ class Row {
       const QString& column) const;         ///< null gives 0; throws StoreError for text that is not a number
   bool flag(const QString& column) const;   ///< true for anything except 0 and null
   QDate date(const QString& column) const;  ///< an invalid date for null
-  QDateTime moment(const QString& column) const;
 
   const QStringList& columns() const { return columns_->names(); }
 

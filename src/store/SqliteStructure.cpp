@@ -37,7 +37,7 @@ bool isRetyped(const ColumnShape& from, const ColumnShape& to) {
 
 // An empty text is not a number, and an integer has no decimals as a text: 19, not 19.0.
 QString converted(const ColumnShape& from, const ColumnShape& to) {
-  const QString name = quotedIdentifier(from.name);
+  QString name = quotedIdentifier(from.name);
   if (!isRetyped(from, to)) return name;
   if (!to.isText)
     return QStringLiteral("CASE WHEN TYPEOF(%1) = 'text' THEN NULLIF(TRIM(%1), '') ELSE %1 END").arg(name);
