@@ -19,9 +19,10 @@ const QString kNotPrinted = QStringLiteral("Bonul nu poate fi tiparit pe casa de
 
 class Sending {
  public:
-  Sending(const TypedHeader& typed, const Row& header)
+  Sending(const TypedHeader& typed, const Row& header, const ShownDraft& shown)
       : typed_(typed),
         header_(header),
+        shown_(shown),
         drafts_(typed.kind()),
         number_(header.text(typed.kind().numberColumn)),
         letter_(session().CasaMarcat.trimmed().toUpper()) {}
@@ -80,11 +81,9 @@ class Sending {
   // From here on the sale is kept as it is sent.
   qint64 begin(qint64 known, Receipt& receipt) const {
     Transaction transaction(database());
+    const std::vector<Row> lines = drafts_.requireAsShown(shown_).lines;
     drafts_.updateHeader(header_);
     const qint64 attempt = drafts_.beginReceipt(number_, known);
-    const auto sale = drafts_.load(number_);
-    if (!sale) throw RuleError(QStringLiteral("Documentul a fost sters intre timp de alt utilizator !"));
-    const std::vector<Row>& lines = sale->lines;
     const QString broken = brokenLineRule(typed_.kind(), lines);
     if (!broken.isEmpty()) throw RuleError(broken);
     receipt.CotaTVA = static_cast<int>(typed_.vatPercent().toDouble());
@@ -108,6 +107,7 @@ class Sending {
 
   const TypedHeader& typed_;
   const Row& header_;
+  const ShownDraft& shown_;
   Drafts drafts_;
   QString number_;
   QString letter_;
@@ -115,14 +115,14 @@ class Sending {
 
 }  // namespace
 
-ReceiptOutcome printCashReceipt(const TypedHeader& typed, const Row& header) {
+ReceiptOutcome printCashReceipt(const TypedHeader& typed, const Row& header, const ShownDraft& shown) {
   if (!typed.isTicked("CheckCasaMarcat")) return ReceiptOutcome::OnPaper;
   const QString missing = missingCommandFile(session().CasaMarcat);
   if (!missing.isEmpty()) {
     Mesaj(missing);
     return ReceiptOutcome::OnPaper;
   }
-  return Sending(typed, header).run();
+  return Sending(typed, header, shown).run();
 }
 
 }  // namespace velmar

@@ -48,6 +48,7 @@ QString DocumentEditor::newDocument() {
   const ProposedNumber proposed = proposeNumber(kind_);
   fillNewHeader(proposed);
   lines_.clear();
+  storedLines_.clear();
   isNew_ = true;
   numberLocked_ = proposed.locked;
   linesChanged();
@@ -101,6 +102,7 @@ void DocumentEditor::open(const QString& number) {
   rules_->begin(typed_, false);
   typed_.takeChanges();
   lines_ = std::move(document->lines);
+  storedLines_ = lines_;
   isNew_ = false;
   numberLocked_ = true;
   linesChanged();
@@ -173,8 +175,8 @@ bool DocumentEditor::followRate() {
   shownRate_ = rate;
   if (ProcentTVA(rate.toLongLong()) != ProcentTVA(storedRate_.toLongLong())) {
     for (Row& line : lines_) rules_->applyRate(line, typed_);
-  } else if (auto document = drafts().load(number())) {
-    lines_ = std::move(document->lines);
+  } else {
+    lines_ = storedLines_;
   }
   linesChanged();
   return true;
@@ -192,10 +194,12 @@ void DocumentEditor::storeRate() {
 
 void DocumentEditor::storeHeader(const Row& header) {
   Transaction transaction(database());
+  drafts().requireAsShown(shownDraft());
   drafts().updateHeader(header);
   if (!isRateStored()) drafts().updateColumns(lines_, rules_->totalColumns());
   transaction.commit();
   header_ = header;
+  storedLines_ = lines_;
   storedRate_ = shownRate_;
 }
 
@@ -334,14 +338,14 @@ size_t DocumentEditor::setArticle(size_t line, const QString& code, const QStrin
   rules_->completeLine(row, *article, typed_);
   storeRate();
   if (isNewLine) {
-    drafts().insertLine(row);
+    drafts().insertLine(row, header_);
+    storedLines_.push_back(row);
     lines_.push_back(std::move(row));
     line = lines_.size() - 1;
+    linesChanged();
   } else {
-    drafts().updateLine(row);
-    lines_[line] = std::move(row);
+    store(line, std::move(row));
   }
-  linesChanged();
   return line;
 }
 
@@ -357,14 +361,16 @@ void DocumentEditor::setNumber(size_t line, const QString& field, const QString&
 
 void DocumentEditor::store(size_t line, Row row) {
   storeRate();
-  drafts().updateLine(row);
+  drafts().updateLine(row, header_, storedLines_.at(line));
+  storedLines_[line] = row;
   lines_[line] = std::move(row);
   linesChanged();
 }
 
 void DocumentEditor::deleteLine(size_t line) {
-  drafts().deleteLine(number(), lines_.at(line).integer("NRLINIE"));
-  lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(line));
+  drafts().deleteLine(header_, storedLines_.at(line));
+  for (auto* lines : {&lines_, &storedLines_})
+    lines->erase(lines->begin() + static_cast<std::ptrdiff_t>(line));
   linesChanged();
 }
 
@@ -455,7 +461,7 @@ bool DocumentEditor::checkLines() const {
 void DocumentEditor::validate(const QHash<QString, QString>& typed) {
   headerTyped(typed);
   storeRate();
-  SalvareDocumente(typed_, headerFrom(typed_));
+  SalvareDocumente(typed_, headerFrom(typed_), shownDraft());
 }
 
 void DocumentEditor::checkPrinting(const QHash<QString, QString>& typed) {
@@ -487,9 +493,31 @@ ReceiptOutcome DocumentEditor::printReceipt(const QHash<QString, QString>& typed
   storeRate();
   refreshStaleLines();
   if (!EsteValidDetaliiDocument(kind_.prefix, number())) return ReceiptOutcome::NotPrinted;
-  const ReceiptOutcome outcome = printCashReceipt(typed_, headerFrom(typed_));
+  const ReceiptOutcome outcome = printCashReceipt(typed_, headerFrom(typed_), shownDraft());
   reopen(number());
   return outcome;
+}
+
+bool DocumentEditor::followStored(const QHash<QString, QString>& typed) {
+  if (isNew_) return false;
+  try {
+    Transaction transaction(database());
+    drafts().requireAsShown(shownDraft());
+    return false;
+  } catch (const RuleError&) {
+    const QHash<QString, QString> before = textsOf(header_);
+    open(number());
+    for (const HeaderField& field : kind_.headerFields) {
+      const QString text = typed.value(field.key());
+      const bool isTyped = field.column.isEmpty() || text != before.value(field.key());
+      if (isTyped &&
+          (field.column.isEmpty() || typed_.texts().value(field.key()) == before.value(field.key())))
+        typed_.set(field.key(), text);
+    }
+  }
+  typed_.takeChanges();
+  followRate();
+  return true;
 }
 
 bool DocumentEditor::followReceipt() {

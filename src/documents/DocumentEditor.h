@@ -100,6 +100,10 @@ class DocumentEditor {
   /// printCashReceipt() and checkPrinting().
   ReceiptOutcome printReceipt(const QHash<QString, QString>& typed);
 
+  /// Shows the draft as it is stored when another user has changed it; returns whether it was. A field that
+  /// is typed and that the other user left alone keeps its text. Throws RuleError when the draft is gone.
+  bool followStored(const QHash<QString, QString>& typed);
+
   /// Shows the draft anew when its fiscal receipt was sent or printed meanwhile; gives whether it was. Throws
   /// RuleError when the draft is gone.
   bool followReceipt();
@@ -125,6 +129,7 @@ class DocumentEditor {
   bool isRateStored() const { return shownRate_ == storedRate_; }
   void storeRate();
   void storeHeader(const Row& header);
+  ShownDraft shownDraft() const { return {header_, storedLines_}; }
   void refreshStaleLines();
   void linesChanged();
 
@@ -133,6 +138,8 @@ class DocumentEditor {
   Row header_;
   TypedHeader typed_;
   std::vector<Row> lines_;
+  /// As last read or written; lines_ may follow a rate that is not stored yet.
+  std::vector<Row> storedLines_;
   QString storedRate_;  ///< code of the VAT rate on the stored header
   QString shownRate_;   ///< code of the VAT rate that lines_ were worked out with
   std::vector<LineMark> marks_;

@@ -1,5 +1,7 @@
 #include "documents/Drafts.h"
 
+#include <algorithm>
+
 #include "config/Session.h"
 #include "store/Database.h"
 #include "store/Schema.h"
@@ -13,6 +15,38 @@ namespace {
 const QString kGone = QStringLiteral(
     "Documentul a fost validat sau sters intre timp de alt utilizator ! Nu s-a modificat nimic ! Apasati F5 "
     "pentru a reciti lista.");
+
+const QString kChanged = QStringLiteral(
+    "Documentul a fost modificat intre timp de alt utilizator ! Nu s-a salvat nimic ! Se arata acum "
+    "documentul "
+    "asa cum este salvat: verificati si incercati din nou.");
+
+// Whether a cell read from the store and one that was computed or typed are the same to the column.
+bool isSame(const Column& column, const Row& a, const Row& b) {
+  switch (column.type) {
+    case ColumnType::Real:
+      return a.decimal(column.name) == b.decimal(column.name);
+    case ColumnType::Integer:
+    case ColumnType::AutoNumber:
+      return a.integer(column.name) == b.integer(column.name);
+    case ColumnType::Boolean:
+      return a.flag(column.name) == b.flag(column.name);
+    case ColumnType::Date:
+      return a.date(column.name) == b.date(column.name);
+    case ColumnType::Text:
+    case ColumnType::Time:
+    case ColumnType::DateTime:
+      break;
+  }
+  return a.text(column.name) == b.text(column.name);
+}
+
+QStringList differingColumns(const Table& table, const Row& a, const Row& b) {
+  QStringList columns;
+  for (const Column& column : table.columns())
+    if (a.has(column.name) && b.has(column.name) && !isSame(column, a, b)) columns.append(column.name);
+  return columns;
+}
 
 Values valuesOf(const Row& row, const QStringList& columns) {
   Values values;
@@ -106,32 +140,30 @@ void Drafts::updateHeader(const Row& header) const {
                  header.text(kind_.numberColumn));
 }
 
-void Drafts::insertLine(Row& line) const {
+void Drafts::insertLine(Row& line, const Row& shownHeader) const {
   requireWidths(companyTable(kind_.lineTable), line);
-  const QString number = line.text(kind_.numberColumn);
   Transaction transaction(database());
-  requireOpen(number);
+  requireOpen(shownHeader);
   const Recordset last = OpenRs(QStringLiteral("SELECT MAX(NRLINIE) AS NRLINIE FROM %1 WHERE %2 = ?")
                                     .arg(kind_.lineTable, kind_.numberColumn),
-                                {number});
+                                {line.text(kind_.numberColumn)});
   line.set("NRLINIE", last.first().integer("NRLINIE") + 1);
   const QStringList columns = filledColumns(line);
   database().insertRows(kind_.lineTable, columns, {valuesOf(line, columns)});
   transaction.commit();
 }
 
-void Drafts::updateLine(const Row& line) const {
-  requireWidths(companyTable(kind_.lineTable), line);
-  const QStringList columns = without(line.columns(), {kind_.numberColumn, "NRLINIE"});
-  Values values = valuesOf(line, columns);
-  const Value number = Value::raw(line.value(kind_.numberColumn));
-  for (const Value& value : Values{number, line.integer("NRLINIE"), number}) values.push_back(value);
-  requireChanged(ExecutaSql(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ? AND NRLINIE = ? AND EXISTS "
-                                           "(SELECT %3 FROM %4 WHERE %3 = ? AND %5)")
-                                .arg(kind_.lineTable, assignments(columns), kind_.numberColumn,
-                                     kind_.headerTable, whereLinesOpen()),
-                            values),
-                 line.text(kind_.numberColumn));
+void Drafts::updateLine(const Row& line, const Row& shownHeader, const Row& shownLine) const {
+  const Table& table = companyTable(kind_.lineTable);
+  requireWidths(table, line);
+  Transaction transaction(database());
+  requireOpen(shownHeader);
+  requireLine(shownLine);
+  QStringList columns = differingColumns(table, line, shownLine);
+  for (const QString& column : line.columns())  // a null that became 0 is written as well
+    if (line.isNull(column) != shownLine.isNull(column) && !columns.contains(column)) columns.append(column);
+  if (!columns.isEmpty()) updateColumns({line}, columns);
+  transaction.commit();
 }
 
 void Drafts::updateColumns(const std::vector<Row>& lines, const QStringList& columns) const {
@@ -148,13 +180,14 @@ void Drafts::updateColumns(const std::vector<Row>& lines, const QStringList& col
                          rows);
 }
 
-void Drafts::deleteLine(const QString& number, qint64 line) const {
-  requireChanged(
-      ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ? AND NRLINIE = ? AND EXISTS "
-                                "(SELECT %2 FROM %3 WHERE %2 = ? AND %4)")
-                     .arg(kind_.lineTable, kind_.numberColumn, kind_.headerTable, whereLinesOpen()),
-                 {number, line, number}),
-      number);
+void Drafts::deleteLine(const Row& shownHeader, const Row& shownLine) const {
+  Transaction transaction(database());
+  requireOpen(shownHeader);
+  requireLine(shownLine);
+  ExecutaSql(
+      QStringLiteral("DELETE FROM %1 WHERE %2 = ? AND NRLINIE = ?").arg(kind_.lineTable, kind_.numberColumn),
+      {shownLine.text(kind_.numberColumn), shownLine.integer("NRLINIE")});
+  transaction.commit();
 }
 
 void Drafts::remove(const QString& number) const {
@@ -205,11 +238,41 @@ QString Drafts::whereLinesOpen() const {
              : draft;
 }
 
-void Drafts::requireOpen(const QString& number) const {
-  const Recordset found = OpenRs(QStringLiteral("SELECT %2 FROM %1 WHERE %2 = ? AND %3")
+// The draft takes lines, and its header is the one that is shown: lines follow the header.
+void Drafts::requireOpen(const Row& shownHeader) const {
+  const QString number = shownHeader.text(kind_.numberColumn);
+  const Recordset found = OpenRs(QStringLiteral("SELECT * FROM %1 WHERE %2 = ? AND %3")
                                      .arg(kind_.headerTable, kind_.numberColumn, whereLinesOpen()),
                                  {number});
   requireChanged(found.size(), number);
+  requireSameHeader(found.first(), shownHeader);
+}
+
+void Drafts::requireSameHeader(const Row& stored, const Row& shown) const {
+  const QStringList changed = without(differingColumns(companyTable(kind_.headerTable), stored, shown),
+                                      {kind_.receipt.printed, kind_.receipt.sending});
+  if (!changed.isEmpty()) throw RuleError(kChanged);
+}
+
+void Drafts::requireLine(const Row& shownLine) const {
+  const Recordset found = OpenRs(QStringLiteral("SELECT * FROM %1 WHERE %2 = ? AND NRLINIE = ?")
+                                     .arg(kind_.lineTable, kind_.numberColumn),
+                                 {shownLine.text(kind_.numberColumn), shownLine.integer("NRLINIE")});
+  if (found.isEmpty() || !differingColumns(companyTable(kind_.lineTable), found.first(), shownLine).isEmpty())
+    throw RuleError(kChanged);
+}
+
+Document Drafts::requireAsShown(const ShownDraft& shown) const {
+  const auto document = load(shown.header.text(kind_.numberColumn));
+  if (!document || document->header.flag("VALIDAT")) throw RuleError(kGone);
+  requireSameHeader(document->header, shown.header);
+  const Table& table = companyTable(kind_.lineTable);
+  const bool isSame = std::equal(document->lines.begin(), document->lines.end(), shown.lines.begin(),
+                                 shown.lines.end(), [&table](const Row& stored, const Row& line) {
+                                   return differingColumns(table, stored, line).isEmpty();
+                                 });
+  if (!isSame) throw RuleError(kChanged);
+  return *document;
 }
 
 void Drafts::requireChanged(int rows, const QString& number) const {

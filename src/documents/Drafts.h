@@ -9,6 +9,12 @@
 
 namespace velmar {
 
+/// A draft as a user sees it.
+struct ShownDraft {
+  Row header;
+  std::vector<Row> lines;
+};
+
 class Drafts {
  public:
   explicit Drafts(const DocumentKind& kind) : kind_(kind) {}
@@ -20,6 +26,10 @@ class Drafts {
   /// Header and lines of a document, draft or validated; nothing when there is no such number.
   std::optional<Document> load(const QString& number) const;
 
+  /// The stored draft. Throws RuleError when it is no draft any more, or header or lines differ from what is
+  /// shown; the columns of the fiscal receipt may differ. The caller has the write lock.
+  Document requireAsShown(const ShownDraft& shown) const;
+
   /// Throws RuleError when the number is taken or a text is too long.
   void insertHeader(const Row& header) const;
 
@@ -27,12 +37,14 @@ class Drafts {
   /// receipt. Throws RuleError when that would change what the receipt tells.
   void updateHeader(const Row& header) const;
 
-  /// Stores a new line behind the others and sets its NRLINIE.
-  void insertLine(Row& line) const;
-  void updateLine(const Row& line) const;
+  /// Stores a new line behind the others and sets its NRLINIE. As the two below, throws RuleError when the
+  /// draft takes no lines any more, or its header or that line differ from what is shown.
+  void insertLine(Row& line, const Row& shownHeader) const;
+  /// Stores the columns of a line that differ from the line as it is shown.
+  void updateLine(const Row& line, const Row& shownHeader, const Row& shownLine) const;
+  void deleteLine(const Row& shownHeader, const Row& shownLine) const;
   /// Stores those columns of the lines, of a draft that the caller has locked.
   void updateColumns(const std::vector<Row>& lines, const QStringList& columns) const;
-  void deleteLine(const QString& number, qint64 line) const;
 
   /// Deletes header and lines.
   void remove(const QString& number) const;
@@ -48,7 +60,9 @@ class Drafts {
 
  private:
   QString whereLinesOpen() const;
-  void requireOpen(const QString& number) const;
+  void requireOpen(const Row& shownHeader) const;
+  void requireLine(const Row& shownLine) const;
+  void requireSameHeader(const Row& stored, const Row& shown) const;
   void requireChanged(int rows, const QString& number) const;
 
   const DocumentKind& kind_;

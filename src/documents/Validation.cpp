@@ -28,21 +28,25 @@ void step(const QString& words, const QString& title, Work&& work,
   }
 }
 
-// The draft as the store holds it at this moment, checked again in silence: another workstation may have
-// changed it, or the stock, since the user was asked.
-Document checkedDraft(const TypedHeader& typed, const QString& number) {
-  const DocumentKind& kind = typed.kind();
-  auto document = draftFor(typed, number);
-  if (!document) throw RuleError(QStringLiteral("Documentul a fost sters intre timp de alt utilizator !"));
-  if (document->lines.empty())
+// Checks the draft again without messages: the stock may have changed since the user was asked.
+void requireValid(const Document& document) {
+  const DocumentKind& kind = *document.kind;
+  if (document.lines.empty())
     for (const auto& check : kind.validationChecks)
       if (check.check == ValidationCheck::NoLines) throw RuleError(check.text);
-  const QString repeated = kind.distinctArticles ? repeatedArticle(document->lines) : QString();
+  const QString repeated = kind.distinctArticles ? repeatedArticle(document.lines) : QString();
   if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated));
-  const QString broken = brokenLineRule(kind, document->lines);
+  const QString broken = brokenLineRule(kind, document.lines);
   if (!broken.isEmpty()) throw RuleError(broken);
-  requireValidatable(*document);
-  return *document;
+  requireValidatable(document);
+}
+
+// The header as it will be stored; what belongs to the fiscal receipt is taken from the store.
+void takeHeader(Document& document, const Row& header) {
+  const FiscalReceipt& receipt = document.kind->receipt;
+  for (const QString& column : header.columns())
+    if (column != receipt.printed && column != receipt.sending)
+      document.header.set(column, Value::raw(header.value(column)));
 }
 
 Note headOf(const Document& document) {
@@ -88,7 +92,7 @@ void requirePostable(Document document) {
   requirePostable(plan.posting, document.number);
 }
 
-void SalvareDocumente(const TypedHeader& typed, const Row& header) {
+void SalvareDocumente(const TypedHeader& typed, const Row& header, const ShownDraft& shown) {
   const DocumentKind& kind = typed.kind();
   const KindTexts& texts = kind.texts;
   std::optional<Transaction> transaction;
@@ -96,8 +100,11 @@ void SalvareDocumente(const TypedHeader& typed, const Row& header) {
   Document document;
   step(texts.ledgerFailure, texts.ledgerFailureTitle, [&] {
     transaction.emplace(database());
+    document = Drafts(kind).requireAsShown(shown);
+    document.typed = typed.texts();
+    takeHeader(document, header);
     Drafts(kind).updateHeader(header);
-    document = checkedDraft(typed, header.text(kind.numberColumn));
+    requireValid(document);
     plan = kindRules(kind.prefix)->plan(document);
     const QDateTime moment = clock::now();
     for (const LedgerDocument& ledger : plan.ledger) writeLedger(ledger, moment);

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "documents/Document.h"
+#include "documents/Drafts.h"
 #include "documents/TypedHeader.h"
 #include "util/Errors.h"
 
@@ -31,8 +32,9 @@ void requireValidatable(const Document& document);
 void requirePostable(Document document);
 
 /// Stores the header on the draft, writes ledger, lots, articles and notes, marks the draft validated. The
-/// lines are those that the draft store holds. Checks everything once more under the write lock. Throws
-/// RuleError for a broken rule, StepError for anything else; then nothing was written.
-void SalvareDocumente(const TypedHeader& typed, const Row& header);
+/// lines are the stored ones, which must be those that the user saw in `shown`. Checks everything once more
+/// under the write lock. Throws RuleError for a broken rule or a draft that another user has changed,
+/// StepError for anything else; then nothing was written.
+void SalvareDocumente(const TypedHeader& typed, const Row& header, const ShownDraft& shown);
 
 }  // namespace velmar

@@ -84,6 +84,16 @@ TEST_F(CashSaleTest, NothingMovesWhileTheRegisterPrints) {
             QDate(2026, 3, 15));
 }
 
+TEST_F(CashSaleTest, LinesThatTheCashierDoesNotSeeAreNotPrinted) {
+  DocumentEditor other("BS");
+  other.open(editor_.number());
+  other.setNumber(0, "CANT", "5");
+  EXPECT_THROW(print(editor_), RuleError);
+  EXPECT_EQ(receipts(), 0);
+  EXPECT_TRUE(editor_.followStored(editor_.headerTexts()));
+  EXPECT_EQ(print(editor_), ReceiptOutcome::Printed);
+}
+
 TEST_F(CashSaleTest, ACrashLeadsToAQuestionAndNotToASecondReceipt) {
   {
     const Meanwhile crash([] { throw std::runtime_error("killed"); });

@@ -325,3 +325,17 @@ for (const [decimals, quantity, price, value, vat] of [[0, "1.25", "3", "4", "1"
   key("Esc");
   equal(cells(0, "VALOAREFT", "VALOARETVA"), [value, vat], decimals + " decimals");
 }
+
+// Another user changes the draft that is shown: nothing is issued, the window then shows what is stored.
+sql("UPDATE G_FACCLI SET CODCLI = 2 WHERE NUMFAC = '1'");
+sql("UPDATE G_LFACCL SET CANT = 7 WHERE NUMFAC = '1'");
+press("cmdValidare", "Da", "OK");
+check(messages().pop().text.indexOf("Documentul a fost modificat intre timp de alt utilizator !") === 0, "refused");
+equal(sql("SELECT ID FROM G_DOCUME WHERE TIPIE = 'E'"), [], "no invoice");
+equal([w.text("DataCombo1"), lines.cell(0, "CANT")], ["CLIENT DOI SRL", "7,000"], "what is stored");
+sql("UPDATE G_LFACCL SET CANT = 2 WHERE NUMFAC = '1'");
+answer("OK");
+lines.enter(0, "PRETFT", "2");
+check(messages().pop().text.indexOf("Documentul a fost modificat") === 0, "the cell is refused");
+key("Esc");
+equal([lines.cell(0, "CANT"), lines.cell(0, "PRETFT")], ["2,000", "3,3333"], "the line as stored");

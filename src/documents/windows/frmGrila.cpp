@@ -188,10 +188,19 @@ void frmGrila::run(const QString& procedure, const std::function<void()>& work) 
       work();
     } catch (const RuleError& rule) {
       showRule(rule);
-      // A rule that no field broke was broken by a colleague: the draft is gone.
+      // A broken rule without a field may come from another user's change.
       if (rule.field().isEmpty()) changedElsewhere();
     }
   });
+}
+
+void frmGrila::changedElsewhere() {
+  try {
+    if (editor_.followStored(header_->texts()) || editor_.followReceipt()) return showDocument();
+  } catch (const RuleError&) {
+    // The draft is gone, as the refusal has just said.
+  }
+  refreshDrafts();
 }
 
 void frmGrila::showRule(const RuleError& rule) {

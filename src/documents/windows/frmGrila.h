@@ -58,8 +58,9 @@ class frmGrila : public QWidget {
   /// Shows the editor's document: header, lines and the drafts beside it.
   void showDocument();
 
-  /// Called when the store has refused what was done to the document, which a colleague has changed.
-  virtual void changedElsewhere() { refreshDrafts(); }
+  /// Shows what is stored, after the store has refused a change because another user changed the draft. What
+  /// the user typed in the header is kept where the other user changed nothing.
+  void changedElsewhere();
   void refreshDrafts();
 
   /// Called when a document is shown, after its header.

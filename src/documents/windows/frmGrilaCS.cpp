@@ -55,16 +55,6 @@ void frmGrilaCS::print() {
   if (outcome == ReceiptOutcome::Printed) findChild<QWidget*>("cmdValidare")->setFocus();
 }
 
-// A receipt printed at another workstation closes the lines here as well.
-void frmGrilaCS::changedElsewhere() {
-  try {
-    if (editor().followReceipt()) return showDocument();
-  } catch (const RuleError&) {
-    // The draft is gone, which the user has just been told.
-  }
-  refreshDrafts();
-}
-
 void frmGrilaCS::totalsShown() { lblDePlata_->setText(formatNumber(editor().total("VALOARETTI"), 2)); }
 
 // What the register was told stands.

@@ -16,7 +16,6 @@ class frmGrilaCS : public frmGrila {
   void startDocument() override;
   void print() override;
   void documentShown() override;
-  void changedElsewhere() override;
   void totalsShown() override;
 
  private:
