@@ -22,7 +22,7 @@ constexpr qreal kLeading = 1.25;  // height of a row, in heights of its letters
 constexpr qreal kPadding = 3 * kTwipsPerPoint;
 constexpr qreal kGap = 6 * kTwipsPerPoint;  // between the texts of the page and the table
 constexpr qreal kMostGrowth = 1.6;          // of a column of texts on a page with room to spare
-constexpr qreal kRepeatedShare = 0.25;      // of the page, for a first column that every band repeats
+constexpr qreal kRepeatedShare = 0.25;      // of the page, for a column that every band repeats
 constexpr qreal kThinLine = 0.5 * kTwipsPerPoint;
 const QColor kRule(0xc0, 0xc0, 0xc0);
 
@@ -176,20 +176,33 @@ void GridPrint::fillLine(qreal spare) {
     if (!columns_[i].right) widths_[i] *= growth;
 }
 
+// The first column and the one of the key.
+QList<int> GridPrint::repeatedColumns(qreal widest) const {
+  QList<int> repeated;
+  for (int i = 0; i < columns_.size(); ++i) {
+    const QString& field = grid_.columns()[columns_[i].section].field;
+    const bool isKey = field.compare(settings_.key, Qt::CaseInsensitive) == 0;
+    if ((i == 0 || isKey) && widths_[i] <= widest * kRepeatedShare) repeated.append(i);
+  }
+  return repeated;
+}
+
 // Too many columns for letters that can be read: they go over several pages, and each of these begins with
-// the first column, which tells the rows apart.
+// the columns that tell the rows apart.
 void GridPrint::spreadColumns(qreal room) {
   const qreal widest = room * kLetters / kSmallestLetters;
-  const bool repeatFirst = widths_[0] <= widest * kRepeatedShare;
-  qreal used = 0;
-  qreal widestBand = 0;
+  const QList<int> repeated = repeatedColumns(widest);
+  qreal taken = 0;
+  for (const int each : repeated) taken += widths_[each];
+  qreal used = taken;
+  qreal widestBand = taken;
+  bands_.append(repeated);
   for (int i = 0; i < columns_.size(); ++i) {
-    const qreal taken = repeatFirst && i > 0 ? widths_[0] : 0;
+    if (repeated.contains(i)) continue;
     widths_[i] = std::min(widths_[i], widest - taken);
-    if (bands_.isEmpty() || used + widths_[i] > widest) {
-      bands_.append(QList<int>());
+    if (used + widths_[i] > widest) {
+      bands_.append(repeated);
       used = taken;
-      if (taken > 0) bands_.last().append(0);
     }
     bands_.last().append(i);
     used += widths_[i];
@@ -231,11 +244,11 @@ void GridPrint::paintPage(QPainter& painter, int page) const {
   qreal width = 0;
   for (const int each : band) width += widths_[each] * scale_;
   qreal top = whole.top() + headerHeight();
-  const auto line = [&](auto textOf) {
+  const auto line = [&](bool isHead, auto textOf) {
     qreal left = whole.left();
     for (const int each : band) {
       const qreal wide = widths_[each] * scale_;
-      paintCell(painter, textOf(columns_[each]), columns_[each].right, {left, top, wide, rowHeight_});
+      paintCell(painter, textOf(columns_[each]), columns_[each], isHead, {left, top, wide, rowHeight_});
       left += wide;
     }
     top += rowHeight_;
@@ -245,19 +258,19 @@ void GridPrint::paintPage(QPainter& painter, int page) const {
   };
   if (sheet == 0 || settings_.repeatHeads) {
     painter.setFont(letters(true));
-    line([](const Column& column) { return column.caption; });
+    line(true, [](const Column& column) { return column.caption; });
     rule(Qt::black, 2 * kThinLine);
   }
   painter.setFont(letters(false));
   const int first = firstRowOf(sheet);
   for (int row = first; row < first + rowsOn(sheet); ++row) {
-    line([this, row](const Column& column) { return cell(row, column); });
+    line(false, [this, row](const Column& column) { return cell(row, column); });
     rule(kRule, kThinLine);
   }
   if (hasFooters_ && (settings_.repeatFooters || sheet == sheetCount() - 1)) {
     rule(Qt::black, 2 * kThinLine);
     painter.setFont(letters(true));
-    line([](const Column& column) { return column.footer; });
+    line(true, [](const Column& column) { return column.footer; });
   }
 }
 
@@ -280,17 +293,18 @@ void GridPrint::paintLine(QPainter& painter, const QString& text, const QRectF& 
   }
 }
 
-// A text too long is cut with dots; a number is made narrower, for without a digit it would be another
-// number.
-void GridPrint::paintCell(QPainter& painter, const QString& text, bool right, const QRectF& room) const {
+// A text too long is cut with dots; a number or a heading is made narrower: without a digit it would be
+// another number.
+void GridPrint::paintCell(QPainter& painter, const QString& text, const Column& column, bool whole,
+                          const QRectF& room) const {
   if (text.isEmpty()) return;
   const QRectF inside = room.adjusted(kPadding * scale_, 0, -kPadding * scale_, 0);
-  const int flags = Qt::AlignVCenter | Qt::TextSingleLine | (right ? Qt::AlignRight : Qt::AlignLeft);
+  const int flags = Qt::AlignVCenter | Qt::TextSingleLine | (column.right ? Qt::AlignRight : Qt::AlignLeft);
   const QFontMetricsF metrics(painter.font());
   const qreal wide = metrics.horizontalAdvance(text);
   if (wide <= inside.width()) {
     painter.drawText(inside, flags, text);
-  } else if (!right) {
+  } else if (!column.right && !whole) {
     painter.drawText(inside, flags, metrics.elidedText(text, Qt::ElideRight, inside.width()));
   } else {
     painter.save();

@@ -23,6 +23,7 @@ struct GridPrintSettings {
   bool repeatHeads = true;               ///< on every page, else on the first
   bool repeatFooters = false;            ///< on every page, else under the last row
   Rows rows = Rows::Selected;
+  QString key = {};          ///< field that tells the rows apart
   QStringList columns = {};  ///< fields, from left to right; empty: the visible columns as they stand
   QString htmlCopy = {};     ///< file that gets the same rows as an HTML table; empty: none
 };
@@ -57,6 +58,7 @@ class GridPrint : public PrintJob {
   qreal wantedWidth(int section, const Column& column) const;
   void arrange();
   void spreadColumns(qreal room);
+  QList<int> repeatedColumns(qreal widest) const;
   void fillLine(qreal room);
   int rowCount() const;
   int firstRowOf(int sheet) const;
@@ -66,7 +68,9 @@ class GridPrint : public PrintJob {
   QString cell(int row, const Column& column) const;
   void paintTexts(QPainter& painter, const QRectF& body, int page) const;
   void paintLine(QPainter& painter, const QString& text, const QRectF& room, int page) const;
-  void paintCell(QPainter& painter, const QString& text, bool right, const QRectF& room) const;
+  /// `whole`: a text that is too long is written narrower and not cut.
+  void paintCell(QPainter& painter, const QString& text, const Column& column, bool whole,
+                 const QRectF& room) const;
   QRectF body() const;
   qreal headerHeight() const;
   qreal footerHeight() const;

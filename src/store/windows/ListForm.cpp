@@ -122,6 +122,7 @@ QPushButton* ListForm::printCommand(const QString& name, const QString& caption,
 void ListForm::printList() {
   if (printing_.rows == GridPrintSettings::Rows::Selected && grid_->selectedPlaces().isEmpty())
     throw RuleError("Nu exista inregistrari");
+  printing_.key = keyField_;
   printGrid(*grid_, printing_, window());
 }
 
