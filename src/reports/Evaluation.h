@@ -33,6 +33,8 @@ class Evaluation {
   int add(const QString& formula, Scope scope);
   QVariant value(int formula, const Place& place) const;
   bool isTrue(int formula, const Place& place) const;
+  /// The formulas that could not be computed so far.
+  const std::set<int>& failed() const { return formulas_.failed(); }
 
   int setCount() const { return data_.hasVariables ? data_.variables.size() : (data_.fields ? 1 : 0); }
   int lineCount() const { return data_.fields ? data_.fields->size() : 0; }

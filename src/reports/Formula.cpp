@@ -10,6 +10,14 @@ namespace velmar::layout {
 
 namespace {
 
+// What computing with doubles leaves behind the 15 digits that they hold for sure (0.1 + 0.2) is cut off: it
+// must decide no tie, and enters no sum.
+QVariant sureValue(double value) {
+  constexpr int kSureDigits = 15;
+  if (!std::isfinite(value)) return {};
+  return QString::number(value, 'g', kSureDigits).toDouble();
+}
+
 /// The functions that formulas have besides JavaScript's own.
 class Functions : public QObject {
   Q_OBJECT
@@ -28,6 +36,13 @@ class Functions : public QObject {
     return shownText(value.toVariant(), style);
   }
   Q_INVOKABLE QString numar(const QJSValue& value) const { return numar(value, 2); }
+
+  Q_INVOKABLE QJSValue rotunjit(const QJSValue& value, int decimals) const {
+    const auto number = numberOf(value.isNumber() ? sureValue(value.toNumber()) : value.toVariant());
+    if (!number) return value;
+    return Round(*number, std::clamp(decimals, 0, kMostDecimals)).toDouble();
+  }
+  Q_INVOKABLE QJSValue rotunjit(const QJSValue& value) const { return rotunjit(value, 2); }
 };
 
 enum class TokenKind { Name, Text, Number, Sign, Bad };
@@ -96,8 +111,8 @@ bool isWordOfTheLanguage(const QString& word) {
 // What a formula may call or ask of a value: nothing that runs for long, takes memory without bound or makes
 // code of a text.
 bool isKnownFunction(const QString& name) {
-  static const QStringList kFunctions = {"data",    "numar",      "Number", "String",
-                                         "Boolean", "parseFloat", "isNaN"};
+  static const QStringList kFunctions = {"data",   "numar",   "rotunjit",   "Number",
+                                         "String", "Boolean", "parseFloat", "isNaN"};
   return kFunctions.contains(name);
 }
 
@@ -238,15 +253,9 @@ QJSValue scriptValue(const QVariant& value) {
   return textOf(value);
 }
 
-// What computing with doubles leaves behind the 15 digits that they hold for sure (0.1 + 0.2) is cut off: it
-// must decide no tie, and enters no sum.
 QVariant valueOf(const QJSValue& result) {
-  constexpr int kSureDigits = 15;
   if (result.isBool()) return result.toBool();
-  if (result.isNumber()) {
-    if (!std::isfinite(result.toNumber())) return {};
-    return QString::number(result.toNumber(), 'g', kSureDigits).toDouble();
-  }
+  if (result.isNumber()) return sureValue(result.toNumber());
   if (result.isString()) return result.toString();
   return {};
 }
@@ -265,7 +274,7 @@ std::optional<FormulaFault> faultOf(const QString& formula) {
 
 Formulas::Formulas() : engine_(std::make_unique<QJSEngine>()) {
   const QJSValue functions = engine_->newQObject(new Functions);  // the engine's from now on
-  for (const QString& name : {QStringLiteral("data"), QStringLiteral("numar")})
+  for (const QString& name : {QStringLiteral("data"), QStringLiteral("numar"), QStringLiteral("rotunjit")})
     engine_->globalObject().setProperty(name, functions.property(name));
 }
 
@@ -276,6 +285,7 @@ Formulas::~Formulas() {
 int Formulas::add(const QString& formula) {
   const std::vector<Token> tokens = tokensOf(formula);
   Compiled compiled;
+  compiled.isEmpty = tokens.empty();
   if (!tokens.empty() && !faultBefore(tokens)) {
     compiled.names = namesOf(tokens);
     compiled.isName = tokens.size() == 1 && compiled.names.size() == 1;
@@ -288,11 +298,18 @@ int Formulas::add(const QString& formula) {
 QVariant Formulas::value(int formula, const QVariantList& values) const {
   const Compiled& compiled = compiled_[static_cast<size_t>(formula)];
   if (compiled.isName) return values.value(0);
-  if (!compiled.function.isCallable()) return {};
+  if (compiled.isEmpty) return {};
+  const auto failed = [this, formula] {
+    failed_.insert(formula);
+    return QVariant();
+  };
+  if (!compiled.function.isCallable()) return failed();
   QJSValueList arguments;
   arguments.reserve(values.size());
   for (const QVariant& value : values) arguments.append(scriptValue(value));
-  return valueOf(compiled.function.call(arguments));
+  const QJSValue result = compiled.function.call(arguments);
+  if (result.isError() || (result.isNumber() && !std::isfinite(result.toNumber()))) return failed();
+  return valueOf(result);
 }
 
 }  // namespace velmar::layout

@@ -7,6 +7,7 @@
 //   nPagina + " din " + nPagini              the page, and how many there are (dots until they are counted)
 //   nLinie                                   the line, counted from 1
 //   data(DATAFAC, "yyyy"), numar(CURS, 4)    a date or number as text, apart from the cell's own format
+//   rotunjit(ValoareFT * CURS, 2)            a number, rounded half to even as amounts are
 //
 // An expression only: no statements, assignments or functions of its own, so that each ends.
 #pragma once
@@ -16,6 +17,7 @@
 #include <QJSValue>
 #include <QStringList>
 #include <QVariant>
+#include <set>
 #include <vector>
 
 class QJSEngine;
@@ -55,16 +57,20 @@ class Formulas {
   /// Its value with these values for its names: text, number (double), boolean, or null, which is also what
   /// fails while it is computed.
   QVariant value(int formula, const QVariantList& values) const;
+  /// The formulas that could not be computed so far: they have a fault, failed or gave no finite number.
+  const std::set<int>& failed() const { return failed_; }
 
  private:
   struct Compiled {
     QStringList names;
     bool isName = false;
+    bool isEmpty = false;
     QJSValue function;
   };
 
   std::unique_ptr<QJSEngine> engine_;
   std::vector<Compiled> compiled_;
+  mutable std::set<int> failed_;
 };
 
 }  // namespace velmar::layout

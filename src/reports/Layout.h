@@ -52,6 +52,7 @@ struct Font {
 enum class Format {
   Text,    ///< as it is: numbers with the decimals they have, dates as dd.MM.yyyy
   Number,  ///< in the Romanian way ("1.234,50") with `decimals`
+  Price,   ///< a number with the decimals that prices of the company have
   Date     ///< by `pattern` ("dd.MM.yyyy")
 };
 
@@ -151,6 +152,10 @@ struct Table {
   double pen = 0.2;  ///< of the cells' borders
   QString colour = QStringLiteral("#000000");
   bool fillsDown = false;  ///< the Line row's borders at the sides run on to the lower end of the frame
+  /// mm by which the frame is longer in page groups for which `extendsIf`, a formula over the variables, is
+  /// true; edges of objects at its lower end or below move down as much.
+  double extension = 0;
+  QString extendsIf;
 };
 
 /// On which pages an object stands. With several page groups each has its own first and last.

@@ -18,7 +18,7 @@ inline const Choices<Align> kAligns = {
 inline const Choices<VerticalAlign> kVerticalAligns = {
     {VerticalAlign::Top, "top"}, {VerticalAlign::Middle, "middle"}, {VerticalAlign::Bottom, "bottom"}};
 inline const Choices<Format> kFormats = {
-    {Format::Text, "text"}, {Format::Number, "number"}, {Format::Date, "date"}};
+    {Format::Text, "text"}, {Format::Number, "number"}, {Format::Price, "price"}, {Format::Date, "date"}};
 inline const Choices<BarCodeType> kBarCodes = {{BarCodeType::Code128, "code128"},
                                                {BarCodeType::Ean13, "ean13"}};
 inline const Choices<Pages> kPages = {
@@ -139,6 +139,8 @@ void describe(Archive& archive, Table& table) {
   archive.field("pen", table.pen, kPen);
   archive.colour("colour", table.colour);
   archive.field("fillsDown", table.fillsDown);
+  archive.field("extension", table.extension, kLength);
+  archive.field("extendsIf", table.extendsIf);
 }
 
 /// What all objects have, whatever they show.

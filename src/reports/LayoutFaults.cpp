@@ -55,6 +55,7 @@ class Search {
   }
 
   void searchTable(const Part& part, const Object& object, const Table& table) {
+    searchFormula(part, QStringLiteral("extendsIf"), table.extendsIf);
     for (size_t i = 0; i < table.groups.size(); ++i)
       searchFormula(part, QStringLiteral("groups.%1").arg(i), table.groups[i]);
     for (size_t i = 0; i < table.sums.size(); ++i) searchSum(part, table, i);

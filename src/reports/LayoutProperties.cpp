@@ -58,7 +58,9 @@ QString captionOf(const QString& name) {
                                                         {"lineBottom", "Linie jos"},
                                                         {"role", "Rol rand"},
                                                         {"group", "Grupa"},
-                                                        {"fillsDown", "Linii pana jos"}};
+                                                        {"fillsDown", "Linii pana jos"},
+                                                        {"extension", "Prelungire (mm)"},
+                                                        {"extendsIf", "Conditie prelungire"}};
   if (name.startsWith(kGroupPrefix))
     return QStringLiteral("Grupa %1").arg(name.mid(kGroupPrefix.size()).toInt() + 1);
   if (name.startsWith(kSumPrefix))
@@ -69,11 +71,12 @@ QString captionOf(const QString& name) {
 // The words of the file as they are read.
 QString choiceText(const char* word) {
   static const QHash<QString, const char*> kTexts = {
-      {"left", "la stanga"},   {"centre", "la mijloc"},      {"right", "la dreapta"},
-      {"top", "sus"},          {"middle", "la mijloc"},      {"bottom", "jos"},
-      {"text", "text"},        {"number", "numar"},          {"date", "data"},
-      {"code128", "Code 128"}, {"ean13", "EAN 13"},          {"all", "toate"},
-      {"first", "prima"},      {"following", "urmatoarele"}, {"last", "ultima"}};
+      {"left", "la stanga"}, {"centre", "la mijloc"}, {"right", "la dreapta"},
+      {"top", "sus"},        {"middle", "la mijloc"}, {"bottom", "jos"},
+      {"text", "text"},      {"number", "numar"},     {"date", "data"},
+      {"price", "pret"},     {"code128", "Code 128"}, {"ean13", "EAN 13"},
+      {"all", "toate"},      {"first", "prima"},      {"following", "urmatoarele"},
+      {"last", "ultima"}};
   const auto text = kTexts.constFind(QLatin1String(word));
   return QLatin1String(text == kTexts.constEnd() ? word : *text);
 }

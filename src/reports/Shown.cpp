@@ -3,6 +3,7 @@
 #include <cmath>
 #include <QLocale>
 
+#include "config/Session.h"
 #include "util/NumberText.h"
 
 namespace velmar::layout {
@@ -63,10 +64,11 @@ QString textOf(const QVariant& value) {
 }
 
 QString shownText(const QVariant& value, const TextStyle& style) {
-  if (style.format == Format::Number) {
+  if (isNumeric(style.format)) {
     if (const auto number = numberOf(value)) {
-      const Decimal shown = Round(*number, style.decimals);
-      return style.hidesZero && shown.isZero() ? QString() : formatNumber(shown, style.decimals);
+      const int decimals = style.format == Format::Price ? session().NrZec : style.decimals;
+      const Decimal shown = Round(*number, decimals);
+      return style.hidesZero && shown.isZero() ? QString() : formatNumber(shown, decimals);
     }
   } else if (style.format == Format::Date) {
     if (const QDateTime moment = dateOf(value); moment.isValid()) return dateText(moment, style.pattern);

@@ -12,6 +12,9 @@ namespace velmar::layout {
 inline constexpr int kMostDecimals = 9;
 inline const QString kDatePattern = QStringLiteral("dd.MM.yyyy");
 
+/// Whether what has this format is a number on paper, of which no digit may be cut.
+inline bool isNumeric(Format format) { return format == Format::Number || format == Format::Price; }
+
 /// False for nothing, false, 0 and an empty text.
 bool isTrue(const QVariant& value);
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "config/Session.h"
 #include "Printers.h"
 #include "reports/Shown.h"
 
@@ -34,6 +35,9 @@ TEST(Formula, ComputesChoosesAndJoins) {
   EXPECT_EQ(shown("Cant * PRET"), "2,675");  // and not 2,6750000000000003
   EXPECT_EQ(shown("0.1 + 0.2"), "0,3");
   EXPECT_EQ(shown("Math.round(cant * pret * 100) / 100"), "2,68");
+  EXPECT_EQ(shown("rotunjit(cant * pret, 2) + '/' + rotunjit(2.5 * 0.05) + '/' + rotunjit(0.375, 2)"),
+            "2.68/0.12/0.38");  // half to even, also where a double is just below the tie
+  EXPECT_EQ(shown("rotunjit(denumire) + rotunjit(um)"), "Surub M6");
   EXPECT_EQ(shown("(2 + 3) * 4 % 7"), "6");
   EXPECT_EQ(shown("Denumire + ' ' + UM + \"!\""), "Surub M6 !");
   EXPECT_EQ(shown("Total"), "1234,5");
@@ -59,6 +63,11 @@ TEST(Formula, DatesAndNumbersBecomeTexts) {
   EXPECT_EQ(shownText(1234567.125, style), "1.234.567,12");  // ties to even
   EXPECT_EQ(shownText(QVariant(), style), "");
   EXPECT_EQ(shownText("fara numar", style), "fara numar");
+  style.format = Format::Price;
+  session().NrZec = 4;
+  EXPECT_EQ(shownText(1.23456, style), "1,2346");
+  session().NrZec = 2;
+  style.format = Format::Number;
   EXPECT_EQ(shownText(0.004, style), "0,00");
   style.hidesZero = true;
   EXPECT_EQ(shownText(-0.004, style), "");

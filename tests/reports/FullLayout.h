@@ -42,6 +42,8 @@ inline Layout fullLayout() {
   table.groups = {"GRUPA"};
   table.sums = {{"TotalValoare", "CANT * PRET", -1}, {"TotalGrupa", "CANT * PRET", 0}};
   table.fillsDown = true;
+  table.extension = 30;
+  table.extendsIf = "!NUMFAC";
   Cell amount = cellOf(30, "CANT * PRET");
   amount.style.format = Format::Number;
   amount.style.align = Align::Right;

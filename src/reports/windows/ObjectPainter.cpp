@@ -9,6 +9,7 @@
 #include <QTextLayout>
 
 #include "reports/BarCodes.h"
+#include "reports/Shown.h"
 
 namespace velmar::layout {
 
@@ -18,6 +19,8 @@ constexpr qreal kCellPadding = 0.8 * kTwipsPerMillimetre;
 constexpr qreal kCellMargin = 0.3 * kTwipsPerMillimetre;  // above and below a cell's text
 constexpr qreal kNarrowest = 0.7;                         // of a text
 constexpr qreal kNarrowestNumber = 0.4;
+constexpr qreal kSmallest = 0.5;  // of a wrapped text in a frame that is too low
+constexpr qreal kSizeStep = 0.05;
 constexpr qreal kQuietZone = 10;  // modules beside a bar code
 
 /// A font with its measures, made once.
@@ -86,7 +89,7 @@ qreal alignedLeft(const QRectF& frame, qreal width, Align align) {
 // A line of text whose width is known to be too much for the frame.
 void drawNarrowed(QPainter& painter, const QRectF& frame, qreal baseline, const QString& text, qreal width,
                   const TextStyle& style, const Letters& letters) {
-  const bool isNumber = style.format == Format::Number;
+  const bool isNumber = isNumeric(style.format);
   const qreal scale = std::max(frame.width() / width, isNumber ? kNarrowestNumber : kNarrowest);
   const QString shown =
       isNumber ? text : letters.metrics.elidedText(text, Qt::ElideRight, frame.width() / scale);
@@ -108,7 +111,7 @@ void drawLineOfText(QPainter& painter, const QRectF& frame, qreal baseline, cons
     painter.drawText(QPointF(alignedLeft(frame, width, style.align), baseline), text);
 }
 
-// Of a text of more lines the first ones.
+// Of a text of more lines the first ones. What is cut ends in dots.
 void drawLines(QPainter& painter, const QRectF& frame, const QString& text, const TextStyle& style,
                qsizetype most) {
   if (text.isEmpty()) return;
@@ -116,7 +119,11 @@ void drawLines(QPainter& painter, const QRectF& frame, const QString& text, cons
   painter.setFont(letters.font);
   painter.setPen(QColor(style.colour));
   QStringList lines = style.wraps ? wrapped(text, letters, frame.width()) : QStringList(oneLine(text));
-  if (lines.size() > most) lines = lines.first(most);
+  if (lines.size() > most) {
+    const QString cut = lines[most - 1] + u' ' + lines[most];
+    lines = lines.first(most);
+    lines.last() = letters.metrics.elidedText(cut, Qt::ElideRight, frame.width());
+  }
   const qreal lineHeight = letters.metrics.height();
   const qreal height = lineHeight * static_cast<qreal>(lines.size());
   qreal top = frame.top();
@@ -189,7 +196,16 @@ QFont fontOf(const Font& told) {
 }
 
 void drawText(QPainter& painter, const QRectF& frame, const QString& text, const TextStyle& style) {
-  drawLines(painter, frame, text, style, std::numeric_limits<qsizetype>::max());
+  const bool isOneLine = !style.wraps || wrapped(text, lettersOf(style.font), frame.width()).size() == 1;
+  if (isOneLine) return drawLines(painter, frame, text, style, 1);
+  TextStyle fitted = style;
+  const qreal room = frame.height() + 1;
+  for (qreal size = 1; size > kSmallest - kSizeStep / 2; size -= kSizeStep) {
+    fitted.font.points = style.font.points * size;
+    if (textHeight(text, fitted, frame.width()) <= room) break;
+  }
+  const qreal lines = room / lettersOf(fitted.font).metrics.height();
+  drawLines(painter, frame, text, fitted, std::max<qsizetype>(1, static_cast<qsizetype>(lines)));
 }
 
 void drawLine(QPainter& painter, const QRectF& frame, const Line& line) {

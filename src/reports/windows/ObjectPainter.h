@@ -19,8 +19,8 @@ QRectF toTwips(const QRectF& millimetres);
 
 QFont fontOf(const Font& font);
 
-/// A text in its frame. One that is too wide is written narrower; what then is still too wide ends in dots,
-/// unless it is a number.
+/// A text in its frame. One that is too wide is written narrower, a wrapped one that is too high in smaller
+/// letters; what still does not fit ends in dots, unless it is a number.
 void drawText(QPainter& painter, const QRectF& frame, const QString& text, const TextStyle& style);
 
 void drawLine(QPainter& painter, const QRectF& frame, const Line& line);

@@ -76,30 +76,40 @@ ReportJob::ReportJob(const QString& file, layout::Layout layout, const ReportDat
       layout_(std::move(layout)),
       table_(layout_.table()),
       tableObject_(placeOfTable(layout_)),
-      tableFrame_(table_ ? layout::toTwips(layout_.objects[tableObject_].frame) : QRectF()),
       evaluation_(data, table_) {
   addFormulas();
 }
 
 void ReportJob::addFormulas() {
-  const auto optional = [this](const QString& formula, Scope scope) {
-    return formula.trimmed().isEmpty() ? -1 : evaluation_.add(formula, scope);
+  const auto add = [this](const QString& formula, Scope scope, const layout::Part& part) {
+    formulaParts_.push_back(part);
+    return evaluation_.add(formula, scope);
   };
-  for (const Object& object : layout_.objects) {
+  const auto optional = [&add](const QString& formula, Scope scope, const layout::Part& part) {
+    return formula.trimmed().isEmpty() ? -1 : add(formula, scope, part);
+  };
+  for (size_t i = 0; i < layout_.objects.size(); ++i) {
+    const Object& object = layout_.objects[i];
+    const layout::Part part{static_cast<int>(i)};
     const QString content = std::visit(Visitor{[](const layout::Text& text) { return text.formula; },
                                                [](const layout::Picture& picture) { return picture.file; },
                                                [](const layout::BarCode& code) { return code.formula; },
                                                [](const auto&) { return QString(); }},
                                        object.content);
-    objectFormulas_.push_back({optional(object.condition, Scope::Page), optional(content, Scope::Page)});
+    objectFormulas_.push_back(
+        {optional(object.condition, Scope::Page, part), optional(content, Scope::Page, part)});
   }
   if (!table_) return;
-  for (const QString& group : table_->groups) groupFormulas_.push_back(evaluation_.add(group, Scope::Line));
-  for (const layout::Sum& sum : table_->sums)
-    sumFormulas_.push_back(evaluation_.add(sum.formula, Scope::Line));
-  for (const TableRow& row : table_->rows) {
-    RowFormulas formulas{optional(row.condition, Scope::Line), {}};
-    for (const layout::Cell& cell : row.cells) formulas.cells.push_back(optional(cell.formula, Scope::Line));
+  const layout::Part table{static_cast<int>(tableObject_)};
+  extendsIf_ = optional(table_->extendsIf, Scope::Page, table);
+  for (const QString& group : table_->groups) groupFormulas_.push_back(add(group, Scope::Line, table));
+  for (const layout::Sum& sum : table_->sums) sumFormulas_.push_back(add(sum.formula, Scope::Line, table));
+  for (int i = 0; i < static_cast<int>(table_->rows.size()); ++i) {
+    const TableRow& row = table_->rows[static_cast<size_t>(i)];
+    RowFormulas formulas{optional(row.condition, Scope::Line, {table.object, i}), {}};
+    for (int cell = 0; cell < static_cast<int>(row.cells.size()); ++cell)
+      formulas.cells.push_back(
+          optional(row.cells[static_cast<size_t>(cell)].formula, Scope::Line, {table.object, i, cell}));
     rowFormulas_.push_back(std::move(formulas));
   }
   next_.sums.resize(table_->sums.size());
@@ -114,6 +124,30 @@ QPageLayout ReportJob::pageLayout() const {
   const QPageSize size(upright, QPageSize::Millimeter, QString(), QPageSize::FuzzyMatch);
   return QPageLayout(size, lies ? QPageLayout::Landscape : QPageLayout::Portrait,
                      QMarginsF(page.left, page.top, page.right, page.bottom), QPageLayout::Millimeter);
+}
+
+// An extended table moves what is below its end.
+QRectF ReportJob::frameOf(size_t object, int set) const {
+  QRectF frame = layout_.objects[object].frame;
+  if (table_ && table_->extension > 0 && isShown(extendsIf_, {.set = set})) {
+    constexpr double kSlack = 0.01;  // mm
+    const double end = layout_.objects[tableObject_].frame.bottom() - kSlack;
+    const double bottom = frame.bottom() < end ? frame.bottom() : frame.bottom() + table_->extension;
+    if (frame.top() >= end) frame.moveTop(frame.top() + table_->extension);
+    frame.setBottom(bottom);
+  }
+  return layout::toTwips(frame);
+}
+
+QStringList ReportJob::faults() const {
+  layout::Parts parts;
+  for (const int formula : evaluation_.failed()) {
+    const layout::Part& part = formulaParts_[static_cast<size_t>(formula)];
+    if (std::find(parts.begin(), parts.end(), part) == parts.end()) parts.push_back(part);
+  }
+  QStringList names;
+  for (const layout::Part& part : parts) names.append(nameOf(layout_, part));
+  return names;
 }
 
 Place ReportJob::placeOf(const Position& position, int line, int page) const {
@@ -215,29 +249,30 @@ ReportJob::PageEnd ReportJob::flow(const Position& start, int page, const Sheet*
   Position at = start;
   if (!hasTable(placeOf(start, -1, page))) return {at, true};
 
-  qreal y = tableFrame_.top();
+  const QRectF frame = frameOf(tableObject_, at.set);
+  qreal y = frame.top();
   const TableRow* lineRow = nullptr;
   // A row higher than the page is cut at `end`.
   const auto put = [&](const FilledRows& rows, qreal from, qreal end) {
     for (const FilledRow& row : rows) {
       const qreal left = end - from;
       const qreal height = left > kLeastRow ? std::min(row.height, left) : row.height;
-      if (out) out->row(row, QRectF(tableFrame_.left(), from, tableFrame_.width(), height), *table_);
+      if (out) out->row(row, QRectF(frame.left(), from, frame.width(), height), *table_);
       from += height;
     }
     return from;
   };
   // What stands at the lower end of the page, over the sides of the lines drawn down to it.
   const auto putLast = [&](const FilledRows& rows) {
-    const qreal last = table_->fillsDown ? std::max(y, tableFrame_.bottom() - heightOf(rows)) : y;
+    const qreal last = table_->fillsDown ? std::max(y, frame.bottom() - heightOf(rows)) : y;
     if (out && table_->fillsDown && lineRow && last > y)
-      out->sides(*lineRow, QRectF(tableFrame_.left(), y, tableFrame_.width(), last - y), *table_);
-    put(rows, last, tableFrame_.bottom());
+      out->sides(*lineRow, QRectF(frame.left(), y, frame.width(), last - y), *table_);
+    put(rows, last, frame.bottom());
   };
 
   const Place top = placeOf(at, at.line, page);
-  y = put(filled(RowRole::Header, 0, top, true), y, tableFrame_.bottom());
-  if (!at.opensSet) y = put(filled(RowRole::Brought, 0, top, true), y, tableFrame_.bottom());
+  y = put(filled(RowRole::Header, 0, top, true), y, frame.bottom());
+  if (!at.opensSet) y = put(filled(RowRole::Brought, 0, top, true), y, frame.bottom());
   for (const TableRow& row : table_->rows)
     if (row.role == RowRole::Line && !lineRow) lineRow = &row;
   const auto carried = [&] { return filled(RowRole::Carried, 0, placeOf(at, at.line - 1, page), true); };
@@ -246,7 +281,7 @@ ReportJob::PageEnd ReportJob::flow(const Position& start, int page, const Sheet*
   for (;;) {
     Block block = nextBlock(at, page, withTexts);
     block.height = heightOf(block.rows);
-    const qreal bottom = tableFrame_.bottom() - (block.isLast ? 0 : kept);
+    const qreal bottom = frame.bottom() - (block.isLast ? 0 : kept);
     // What does not fit an empty page either must stand somewhere.
     const bool isFull = y + block.height > bottom + 1 && isStarted;
     if (counted ? !counted->closesSet && at.blocks >= counted->blocks : isFull) {
@@ -325,7 +360,7 @@ void ReportJob::putObject(size_t number, const Sheet& sheet, const Place& place,
                         (object.pages == layout::Pages::Following && !sheet.start.opensSet) ||
                         (object.pages == layout::Pages::Last && sheet.closesSet);
   if (!isOnPage || !isShown(formulas.condition, place)) return;
-  const QRectF frame = layout::toTwips(object.frame);
+  const QRectF frame = frameOf(number, place.set);
   const QVariant value = formulas.content < 0 ? QVariant() : evaluation_.value(formulas.content, place);
   QPainter* painter = out.painter();
   std::visit(Visitor{[&](const layout::Text& text) {

@@ -7,6 +7,7 @@
 
 #include "reports/Evaluation.h"
 #include "reports/Layout.h"
+#include "reports/LayoutParts.h"
 #include "util/windows/PrintJob.h"
 
 namespace velmar {
@@ -27,6 +28,7 @@ class ReportJob : public PrintJob {
   int countOn(int milliseconds) const override;
   void paintPage(QPainter& painter, int page) const override;
   QString pageText(int page) const override;
+  QStringList faults() const override;
 
  private:
   /// How far the walk through the data has come.
@@ -77,6 +79,8 @@ class ReportJob : public PrintJob {
   class Flow;
 
   void addFormulas();
+  /// Where an object is in that page group, in twips.
+  QRectF frameOf(size_t object, int set) const;
   bool countSheet() const;
   Sheet sheet(int page) const;
   layout::Place placeOf(const Position& position, int line, int page) const;
@@ -98,12 +102,13 @@ class ReportJob : public PrintJob {
   layout::Layout layout_;
   const layout::Table* table_;
   size_t tableObject_ = 0;  ///< its place among the objects, where there is one
-  QRectF tableFrame_;       ///< twips
   layout::Evaluation evaluation_;
   std::vector<RowFormulas> rowFormulas_;
   std::vector<ObjectFormulas> objectFormulas_;
   std::vector<int> groupFormulas_;
   std::vector<int> sumFormulas_;
+  int extendsIf_ = -1;
+  layout::Parts formulaParts_;  ///< to which each formula belongs
   mutable std::vector<Sheet> sheets_;
   mutable Position next_;
   mutable bool isCounted_ = false;

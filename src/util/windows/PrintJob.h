@@ -4,7 +4,7 @@
 
 #include <QFont>
 #include <QPageLayout>
-#include <QString>
+#include <QStringList>
 
 class QPainter;
 class QWidget;
@@ -47,6 +47,8 @@ class PrintJob {
   virtual void paintPage(QPainter& painter, int page) const = 0;
   /// The words of a page, for the search in the preview.
   virtual QString pageText(int page) const = 0;
+  /// Names of what could not be computed on the pages drawn so far.
+  virtual QStringList faults() const { return {}; }
 };
 
 /// What is asked and shown on the way to the paper.

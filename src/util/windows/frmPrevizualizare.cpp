@@ -314,6 +314,7 @@ void frmPrevizualizare::showPage() {
   cmdUltima_->setEnabled(hasMore);
   sheet_->clear();  // a page that cannot be drawn must not look like the one before it
   sheet_->setPixmap(drawn(page_));
+  showStatus();
 }
 
 void frmPrevizualizare::search() {
@@ -353,8 +354,22 @@ void frmPrevizualizare::save() {
 }
 
 void frmPrevizualizare::tell(const QString& text) {
-  lblStare_->setText(text);
-  lblStare_->show();
+  told_ = text;
+  showStatus();
+}
+
+// What was last reported, and below it what is missing on the pages.
+void frmPrevizualizare::showStatus() {
+  constexpr qsizetype kMostNames = 3;
+  QStringList lines;
+  if (!told_.isEmpty()) lines.append(told_);
+  if (const QStringList faults = job_.faults(); !faults.isEmpty()) {
+    QString names = faults.first(std::min(faults.size(), kMostNames)).join(QStringLiteral("; "));
+    if (faults.size() > kMostNames) names += QStringLiteral("; si inca %1").arg(faults.size() - kMostNames);
+    lines.append(QStringLiteral("Formula nu se poate calcula: %1").arg(names));
+  }
+  lblStare_->setText(lines.join(QLatin1Char('\n')));
+  lblStare_->setVisible(!lines.isEmpty());
 }
 
 bool printAndPreview(PrintJob& job, PrintWay way, QWidget* parent) {

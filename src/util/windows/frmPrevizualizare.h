@@ -52,6 +52,7 @@ class frmPrevizualizare : public QDialog {
   void print();
   void save();
   void tell(const QString& text);
+  void showStatus();
 
   PrintJob& job_;
   int page_ = 0;
@@ -68,6 +69,7 @@ class frmPrevizualizare : public QDialog {
   QComboBox* cboMarime_;
   QLineEdit* txtCautare_;
   QLabel* lblStare_;
+  QString told_;
   QPushButton* cmdPrima_;
   QPushButton* cmdInapoi_;
   QPushButton* cmdInainte_;

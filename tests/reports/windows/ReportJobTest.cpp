@@ -200,6 +200,65 @@ TEST(ReportJob, ATableThatIsHiddenOrHasNoRoomStillEnds) {
   EXPECT_EQ(ReportJob("x.lst", layoutOf(bare), dataOf(lines(1000))).pageCount(), 1);
 }
 
+// 15 mm more are three rows; what is at the lower end of the table or below it moves down with it.
+TEST(ReportJob, ATableIsLongerWhereItsConditionHoldsAndMovesWhatIsBelow) {
+  Table table = listTable();
+  table.extension = 15;
+  table.extendsIf = "!CHITANTA";
+  Layout layout = layoutOf(table, {objectOf("Jos", QRectF(10, 150, 40, 2), Box{0, "#000000", "#000000", 0}),
+                                   objectOf("Sus", QRectF(60, 20, 40, 2), Box{0, "#000000", "#000000", 0})});
+  for (const bool receipt : {true, false}) {
+    ReportData data = dataOf(lines(11));
+    data.extraVariables = {described("CHITANTA", receipt)};
+    const ReportJob job("x.lst", layout, data);
+    EXPECT_EQ(job.pageCount(), receipt ? 2 : 1);
+    QImage sheet(210, 297, QImage::Format_Grayscale8);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    paintSheet(painter, job, 0, 25.4);
+    painter.end();
+    EXPECT_LT(qGray(sheet.pixel(80, 21)), 128);
+    EXPECT_EQ(qGray(sheet.pixel(45, 151)) < 128, receipt);
+    EXPECT_EQ(qGray(sheet.pixel(45, 166)) < 128, !receipt);
+  }
+}
+
+TEST(ReportJob, NamesWhatItCannotCompute) {
+  Table table = listTable();
+  table.rows[2].cells[2].formula = "VALOARE / (VALOARE - 0.3)";
+  Layout layout = layoutOf(table, {sayingOf("VALOARE + "), sayingOf("NEDEFINIT"), sayingOf("")});
+  layout.objects[0].name = "Total";
+  const ReportJob job("x.lst", layout, dataOf(lines(3)));
+  EXPECT_TRUE(job.faults().isEmpty());
+  EXPECT_TRUE(job.pageText(0).contains("3 R3 \n"));
+  EXPECT_EQ(job.faults(), QStringList({"Text Total", "Tabel Tabel, rand 3 (Linie), celula 3"}));
+}
+
+// 50 wide letters take less than the 7.5 mm of their frame, and nothing is drawn below it.
+TEST(ReportJob, AWrappedTextStaysInItsFrame) {
+  for (const int letters : {50, 5000}) {
+    Text text{QStringLiteral("'%1'").arg(QString(letters, 'W')), {}};
+    text.style.wraps = true;
+    Layout layout;
+    layout.objects = {objectOf("Adresa", QRectF(10, 10, 45, 7.5), text)};
+    ReportData data;
+    data.variables = lines(1);
+    data.hasVariables = true;
+    const ReportJob job("x.lst", layout, data);
+    QImage sheet(210 * 4, 297 * 4, QImage::Format_Grayscale8);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    paintSheet(painter, job, 0, 25.4 * 4);
+    painter.end();
+    QRect ink;
+    for (int y = 0; y < sheet.height(); ++y)
+      for (int x = 0; x < sheet.width(); ++x)
+        if (qGray(sheet.pixel(x, y)) < 128) ink |= QRect(x, y, 1, 1);
+    EXPECT_TRUE(QRect(40, 40, 45 * 4, 30).contains(ink)) << letters;
+    EXPECT_GT(ink.height(), 20) << letters;
+  }
+}
+
 // 400 lines in two groups through a real PDF: every line once, the sums of lines with 2.5 * (i / 10) lei.
 TEST(ReportJob, APdfSaysWhatThePagesSay) {
   Recordset rows(std::make_shared<Columns>(QStringList{"DENUMIRE", "COD", "CANT", "PRET", "GRUPA"}));
