@@ -118,10 +118,29 @@ Recordset readHeader(const ListingKind& kind, const QString& number) {
   return header;
 }
 
+// The rate at which amounts in foreign currency are printed in lei; 0: they are printed as they are stored.
+Decimal leiRate(const ListedDocument& document, const ListingOptions& options) {
+  if (options.foreign || document.currency == kLei) return 0;
+  return document.header.first().decimal("CURS");
+}
+
+// The sum of the amounts that the lines have on paper.
+Decimal printedTotal(const ListedDocument& document, const Decimal& rate) {
+  if (rate.isZero()) return document.total;
+  Decimal total;
+  for (const Row& line : document.lines)
+    for (const char* amount : {"VALOAREFT", "VALOARETVA"}) total += Round(line.decimal(amount) * rate, 2);
+  return total;
+}
+
 void addSum(Variables& variables, const ListedDocument& document, const ListingOptions& options) {
-  QString currency = document.currency;
-  variables.add("SumaDePlataLitere", SumaText(document.total, currency));
-  variables.add("SumaDePlataCifre", document.total.toDouble());
+  const Decimal rate = leiRate(document, options);
+  const Decimal total = printedTotal(document, rate);
+  QString currency = rate.isZero() ? document.currency : kLei;
+  variables.add("MonedaTiparita", currency);
+  variables.add("CursLei", rate.toDouble());
+  variables.add("SumaDePlataLitere", SumaText(total, currency));
+  variables.add("SumaDePlataCifre", total.toDouble());
   variables.add("ParamCHI", options.receipt);
   variables.addColumns(session().gDataEnv.open("Get_Paramsoc"), {"SERIEFC"});
 }

@@ -68,11 +68,25 @@ TEST_F(Listing, VariablesHaveTheirTypes) {
   EXPECT_EQ(find(all, "SumaDePlataLitere")->value, "omie lei si treizeci bani");
 }
 
-TEST_F(Listing, TheSumIsToldInTheDocumentsCurrency) {
-  ExecutaSql("UPDATE G_FACCLI SET CODDeviza = 'USD', Curs = 4.5 WHERE NUMFAC = '8'");
-  const ReportData all = data();
-  EXPECT_EQ(all.variables.first().text("CODDEVIZA"), "USD");
-  EXPECT_EQ(find(all, "SumaDePlataLitere")->value, "omie USD si treizeci US centi");
+// In lei each line is rounded, ties to even: 100.1 x 4.55 = 455.455 -> 455.46, 19.01 x 4.55 = 86.4955
+// -> 86.50; 10.1 x 4.55 = 45.955 -> 45.96, 1.9 x 4.55 = 8.645 -> 8.64. Together 596.56.
+TEST_F(Listing, TheSumIsInTheCurrencyThatIsPrinted) {
+  ExecutaSql("UPDATE G_FACCLI SET CODDeviza = 'USD', Curs = 4.55 WHERE NUMFAC = '8'");
+  ExecutaSql(
+      "UPDATE G_LFACCL SET VALOAREFT = 100.1, VALOARETVA = 19.01, VALOARETTI = 119.11 WHERE NRLINIE = 1");
+  ExecutaSql("UPDATE G_LFACCL SET VALOAREFT = 10.1, VALOARETVA = 1.9, VALOARETTI = 12 WHERE NRLINIE = 2");
+  const auto expectSum = [this](bool foreign, const QString& currency, double sum, const QString& words) {
+    ListingOptions options;
+    options.foreign = foreign;
+    const ReportData all = data(options);
+    EXPECT_EQ(find(all, "MonedaTiparita")->value, currency);
+    EXPECT_EQ(find(all, "SumaDePlataCifre")->value, sum);
+    EXPECT_EQ(find(all, "SumaDePlataLitere")->value, words);
+  };
+  expectSum(true, "USD", 131.11, "osutatreizecisiun USD si unsprezece US centi");
+  expectSum(false, "ROL", 596.56, "cincisutenouazecisisase lei si cincizecisisase bani");
+  ExecutaSql("UPDATE G_FACCLI SET Curs = 0 WHERE NUMFAC = '8'");
+  expectSum(false, "USD", 131.11, "osutatreizecisiun USD si unsprezece US centi");
 }
 
 TEST_F(Listing, AMissingPartnerLeavesItsVariablesUndefined) {

@@ -80,8 +80,9 @@ let text = flat(files[1]);
 has(text, "FACTURA", "ATL", "7", day, "ATELIERUL SRL", "J40/12/2020", "RO777", "Str. Lunga nr. 5, Brasov", "BANCA MARE",
     "RO49AAAA1B31007593840000", "CLIENT DOI CU NUME FOARTE", "222", "Iasi, Str. Noua 2", "J22/9/2019", "Marfa intai", "Transport",
     "18,00", "54,00", "10,26", "22,50", "45,00", "8,55", "99,00", "18,81", "117,81", "Ionescu Vasile", "BV 123456", "BV 10 XYZ", "88",
-    "Radu Ana", "ZV 555", "2800101", "Livrare in doua zile; Fragil", "Valori in lei", "Pagina 1 din 1");
-not(text, "Alta observatie", "CHITANTA", "Pop Ion");
+    "Radu Ana", "ZV 555", "2800101", "Livrare in doua zile; Fragil", "Valori in lei", "Pagina 1 din 1",
+    "Total de plata in litere: osutasaptisprezece lei si optzecisiunu bani", "Codul fiscal.");
+not(text, "Alta observatie", "CHITANTA", "Pop Ion", "\ufb01", "\ufb02", "\ufb00");
 equal(flat(files[0]), text, "one and the same");
 
 // With the receipt, in figures and words.
@@ -90,6 +91,7 @@ form.type("txtNume", "");
 form.click("cmdVisualizare");
 files = printed();
 text = flat(files[1]);
+equal(text.split("osutasaptisprezece lei si optzecisiunu bani").length, 3, "words of the total and of the receipt");
 has(text, "CHITANTA", "117,81 lei", "osutasaptisprezece lei si optzecisiunu bani", "contravaloarea facturii seria ATL nr. 7 din " + day,
     "Pop Ion");
 
@@ -159,7 +161,9 @@ has(text, "Valori in EUR, curs 5,0000", "117,81 EUR", "osutasaptisprezece EUR si
 form.set("CheckDeviza", false);
 form.click("cmdVisualizare");
 text = flat(printed()[1]);
-has(text, "Valori in lei", "90,00", "270,00", "51,30", "495,00", "94,05", "589,05");
+has(text, "Valori in lei", "90,00", "270,00", "51,30", "495,00", "94,05", "589,05", "589,05 lei",
+    "Total de plata in litere: cincisuteoptzecisinoua lei si cinci bani", "adica cincisuteoptzecisinoua lei si cinci bani");
+not(text, "EUR");
 form.click("cmdAnulare");
 
 // Over several pages: 400 lines of 2 x 1.25, each with 0.48 of VAT. Every line stands once, the sum is carried over.

@@ -20,6 +20,7 @@ QStringList formulasOf(const layout::Layout& all) {
     formulas.append(object.condition);
     if (const auto* text = std::get_if<layout::Text>(&object.content)) formulas.append(text->formula);
   }
+  formulas.append(all.table()->extendsIf);
   for (const layout::Sum& sum : all.table()->sums) formulas.append(sum.formula);
   for (const layout::TableRow& row : all.table()->rows) {
     formulas.append(row.condition);
