@@ -2,7 +2,9 @@
 #include "store/Database.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
+#include "reports/Layout.h"
 #include "store/Schema.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
@@ -49,6 +51,36 @@ TEST(DatabaseTest, TransactionsAreWholeAndNest) {
   }
   EXPECT_EQ(currencies(), before + 2);
   EXPECT_FALSE(database().inTransaction());
+}
+
+// What engines, files and the XML reader refuse, as the user reads it.
+TEST(DatabaseTest, ReasonsAreInRomanian) {
+  const TestCompany company;
+  const QRegularExpression english(
+      R"(\b(the|not|no|such|does|exists?|near|error|failed|tag|expected|unexpected|file|directory|of|at|)"
+      R"(denied|constraint|relation|column|unknown|invalid|document|attribute|character|or|is|syntax)\b)",
+      QRegularExpression::CaseInsensitiveOption);
+  addCurrency("AAA");
+  std::vector<std::function<void()>> refused;
+  for (const char* sql :
+       {"SELECT X FROM tabela_lipsa", "SELECT coloana_lipsa FROM kt_val", "SELECT functie_lipsa(1)",
+        "INSERT INTO kt_val (COD, coloana_lipsa) VALUES ('B', 1)", "SELEC X", "SELECT (1",
+        "INSERT INTO kt_val (COD) VALUES ('aaa')", "INSERT INTO kt_val (COD) VALUES (NULL)",
+        "DROP TABLE lipsa"})
+    refused.emplace_back([sql] { ExecutaSql(sql); });
+  for (const char* xml :
+       {"", "x", "<report>", "<report></raport>", "<report><page width='1' width='2'/></report>",
+        "<report>&lipsa;</report>", "<report/>x", "<report a=1/>", "<report>\x01</report>",
+        "<?xml version='1.0' encoding='nimic'?><report/>", "<report>\xff</report>"})
+    refused.emplace_back([xml] { layout::read(xml); });
+  refused.emplace_back([] { layout::load("/lipsa/x.lst"); });
+  refused.emplace_back([] { layout::load("/"); });
+  refused.emplace_back([] { layout::save("/lipsa/x.lst", {}); });
+  for (size_t i = 0; i < refused.size(); ++i) {
+    const QString text = errorOf(refused[i]);
+    EXPECT_FALSE(text.isEmpty()) << i;
+    EXPECT_FALSE(text.contains(english)) << i << ": " << qUtf8Printable(text);
+  }
 }
 
 TEST(DatabaseTest, TextComparesWithoutCaseAndBoundValuesAreNeverStatements) {

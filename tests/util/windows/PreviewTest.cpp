@@ -34,6 +34,9 @@ class CountedJob : public PrintJob {
   }
   QString pageText(int page) const override { return QStringLiteral("foaia %1.").arg(page + 1); }
 
+  QStringList faults() const override { return drawn.contains(1) ? missing : QStringList(); }
+
+  QStringList missing;
   mutable QHash<int, int> drawn;
   int broken = -1;
 };
@@ -107,6 +110,19 @@ TEST(PreviewTest, PagesAreDrawnWhenTheyAreShown) {
   for (int i = 0; i < 100 && preview.findChild<QSpinBox*>("txtPagina")->value() < 2; ++i) wheel();
   EXPECT_EQ(preview.findChild<QSpinBox*>("txtPagina")->value(), 2);
   EXPECT_EQ(job.drawn.size(), 3);
+}
+
+TEST(PreviewTest, WhatCannotBeComputedIsNamedOnceItsPageIsShown) {
+  CountedJob job;
+  job.missing = QStringList{"Text A", "Text B", "Text C", "Text D", "Text E"};
+  frmPrevizualizare preview(job, nullptr);
+  preview.show();
+  QCoreApplication::processEvents();
+  auto* status = preview.findChild<QLabel*>("lblStare");
+  EXPECT_FALSE(status->isVisible());
+  preview.findChild<QPushButton*>("cmdInainte")->click();
+  EXPECT_TRUE(status->isVisible());
+  EXPECT_EQ(status->text(), "Formula nu se poate calcula: Text A; Text B; Text C; si inca 2");
 }
 
 TEST(PreviewTest, APageThatFailsIsToldAndLeavesNoFile) {
