@@ -184,6 +184,8 @@ equal(sql("SELECT NRLINIE, CODART, CANT, PRETFT, VALOAREFT, CANTRLIV FROM G_LCOM
 w.click("cmdListare");
 const list = pdfText(printed()[0]);
 check(list.includes("Lista articole") && list.includes("Editat de Tarvon V1.0") && list.includes("AB1") && list.includes("Servicii"), list);
+const sheets = list.split("\f").filter((page) => page.trim() != "");
+check(sheets.length > 1 && sheets.every((page) => /Familie +Cod .*\n(.*\n)*.*AB1/.test(page)), "family and code beside all columns: " + list);
 check(readFile(paths().app + "/Articole.htm").includes("Scaun fag"));
 
 // The catalogue as XML; the order form from its prototype.

@@ -197,6 +197,16 @@ for (const [count, value, tax, total] of [[1, "2,50", "0,48", "2,98"], [40, "100
     not(page, "Total de plata " + total);
   });
 }
+
+// Lines of 4.8 mm: without the receipt 30 fit a page, with it 25.
+const pageCount = (text) => text.split("\f").filter((page) => page.trim() != "").length;
+equal(pageCount(printLines(30)), 1, "the lines reach the lower margin");
+w.click("cmdTiparire");
+form = win("frmLstFC");
+form.set("CheckChitanta", true);
+form.click("cmdVisualizare");
+form.click("cmdAnulare");
+equal(pageCount(pdfText(printed()[1])), 2, "the receipt keeps its place");
 w.close();
 
 // The others: one form each, the preview alone.

@@ -170,3 +170,13 @@ s.click("cmdAdauga");
 equal(sql("SELECT TIP FROM kt_ter WHERE NUME = 'COMUN'"), [{ TIP: "M" }]);
 s.close();
 equal(win("frmTerti").grid("grdDataGrid").column("NUME"), ["ALFA SRL", "COMUN", "MIXT SRL"]);
+
+// All headings are whole on paper, on each sheet beside the code.
+w = win("frmTerti");
+w.tab("Lista Terti");
+w.press("grdDataGrid", "Ctrl+A");
+w.click("cmdListare");
+const sheets = pdfText(printed()[0]).split("\f").filter((page) => page.trim() != "");
+check(sheets.length > 1 && sheets.every((page) => /^ *Cod .*\n(.*\n)* *2\b/m.test(page)), sheets.join("|"));
+check(!/\u2026|\.\.\./.test(sheets.join("")) && sheets.join("").includes("CP facturare"), sheets.join("|"));
+noMessage();

@@ -98,6 +98,8 @@ TEST_F(Layouts, ACashSaleEndsInItsTotal) {
                            "1 Cana Buc 3,000 9,00 32,67", "Valoare fara TVA 1.027,00", "TVA 215,67",
                            "TOTAL DE PLATA (lei) 1.242,67"})
     EXPECT_TRUE(text.contains(part)) << part << " in " << qUtf8Printable(text);
+  session().NrZec = 4;
+  EXPECT_TRUE(job.pageText(0).contains("3,000 9,0000 32,67"));
 }
 
 }  // namespace
