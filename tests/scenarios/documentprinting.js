@@ -111,7 +111,20 @@ form.click("cmdVisualizare");
 win("frmOptiuniTiparire").click("cmdAnulare");
 check(isOpen("frmPrevizualizare"), "the preview after a cancel");
 shot("factura-previzualizare");
+check(!win("frmPrevizualizare").isVisible("lblStare"), "nothing to report");
 win("frmPrevizualizare").click("cmdInchide");
+equal(printed().length, 1);
+
+// What cannot be computed is named in the preview.
+const layout = paths().app + "/lst/FacturiCLIFull.lst";
+const sound = readFile(layout);
+writeFile(layout, sound.replace('formula="SERIEFC"', 'formula="SERIEFC.repeta(2)"').replace('formula="UM"', 'formula="UM * 1"'));
+form.click("cmdVisualizare");
+win("frmOptiuniTiparire").click("cmdAnulare");
+equal(win("frmPrevizualizare").text("lblStare"), "Formula nu se poate calcula: Text Serie; Tabel Linii, rand 4 (Linie), celula 3");
+shot("formula-gresita");
+win("frmPrevizualizare").click("cmdInchide");
+writeFile(layout, sound);
 keepPreview(false);
 equal(printed().length, 1);
 
