@@ -21,10 +21,10 @@ struct Turnover {
   Decimal debit, credit;
 };
 
-// By symbol in upper case: an account and each group above it.
+// By symbol in upper case, for the accounts and for all groups above them.
 QHash<QString, Turnover> turnovers(const QDate& upTo) {
   QHash<QString, Turnover> sums;
-  // What a long sum of binary fractions is off by goes before the decimal sums begin.
+  // The rounding removes the error of the floating-point sum before the decimal sums begin.
   for (const Row& posted : OpenRs("SELECT L.CONT AS CONT, ROUND_EVEN(SUM(COALESCE(L.DEBIT, 0)), 6) AS DEBIT, "
                                   "ROUND_EVEN(SUM(COALESCE(L.CREDIT, 0)), 6) AS CREDIT FROM kt_linii L "
                                   "WHERE L.DATAINR <= ? AND L.CONT IN (SELECT P.CONT FROM kt_pc P) "

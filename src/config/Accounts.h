@@ -5,13 +5,13 @@
 
 namespace velmar {
 
-/// Symbols below this length are classes and groups, which nothing posts to.
+/// Shorter symbols are classes and groups, to which nothing is posted.
 constexpr int kShortestAccount = 3;
 
-/// What is wrong with an account that something is to post to, "" when nothing is.
+/// Why the account cannot be posted to; "" when it can.
 QString shortAccountObjection(const QString& account);
 
-/// Adds the account with the row's `CONT`, `TITLU` and `CODBUG` (cost centre, may be null) and gives its
+/// Adds the account with the row's `CONT`, `TITLU` and `CODBUG` (cost centre, may be null) and returns its
 /// symbol. Throws RuleError, naming the column, for a symbol that holds a "-", is missing or taken, or a
 /// missing title.
 QString addAccount(const Row& account);
@@ -23,8 +23,8 @@ void changeAccount(const QString& symbol, const QString& column, const QString& 
 /// Deletes the account. Throws RuleError when notes or journals name it, and for classes and groups.
 void removeAccount(const QString& symbol);
 
-/// Stores in each account what was posted up to the day, the day counted, to it and to all accounts that
-/// begin with its symbol: `DEBITN`, `CREDITN` and their difference `SOLDN`, to the ban.
+/// Stores in each account the turnovers up to and including the day, of the account and of all accounts that
+/// begin with its symbol: `DEBITN`, `CREDITN` and their difference `SOLDN`, rounded to 2 decimals.
 void storeTurnovers(const QDate& upTo);
 
 }  // namespace velmar

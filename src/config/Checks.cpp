@@ -51,12 +51,12 @@ const Question kQuestions[] = {
     {"JurnalLinii", "SELECT JURNAL FROM kt_linii WHERE JURNAL = ?"},
 };
 
-/// A link of a document line to its source; the source's kind stands before its number in the line.
+/// A link of a document line to its source document; in the line the source's number is prefixed by its kind.
 struct LinkQuestion {
   const char* kind;
   const char* sql;
   const char* beforeFirst;
-  const char* beforeSecond;  ///< null when the second value is not asked for
+  const char* beforeSecond;  ///< null when the second value is not used
 };
 
 const LinkQuestion kLinkQuestions[] = {
@@ -92,7 +92,7 @@ bool findsRow(const QString& sql, const Values& values) {
   return !OpenRs(sql + QStringLiteral(" LIMIT 1"), values).isEmpty();
 }
 
-/// Null when the value cannot be what its column holds, and then no row can be equal to it.
+/// Null when the value cannot be converted to the type of its column: no row matches it.
 Value comparable(const QString& value, Compared compared) {
   if (compared == Compared::AsText) return value;
   if (compared == Compared::AsDate) return parseDate(value);

@@ -70,7 +70,7 @@ void removeFileAfterFailure(const QString& folder, const QString& fileName) {
   try {
     removeDatabaseFile(folder, fileName);
   } catch (const StoreError&) {
-    // The failure that led here is the one to tell.
+    // The original failure is the one to report.
   }
 }
 
@@ -78,12 +78,12 @@ bool isOpen(const QString& path) {
   if (!openDatabase()) return false;
   const QFileInfo open(openDatabase()->path());
   const QFileInfo asked(path);
-  // A database of a server is no file.
+  // A database on a server is not a file.
   return open.exists() ? open == asked : open.absoluteFilePath() == asked.absoluteFilePath();
 }
 
-// Adds the company to the list and has `bring` put its file into the folder; when the list cannot be written,
-// `undo` takes the file away again.
+// Adds the company to the list and calls `bring` to put its file into the folder; when the list cannot be
+// written, `undo` removes the file again.
 void enlist(const QString& folder, const Company& company, const std::function<void()>& bring,
             const std::function<void()>& undo) {
   requireGoodText(company.COD, company.DENUMIRE);
@@ -150,7 +150,7 @@ QString removalQuestion(const Company& company) {
 void removeCompany(const QString& folder, const Company& company) {
   changeCompanyList(folder, [&](QList<Company>& companies) {
     requireRemovable(folder, company);
-    // The file first: when the list cannot be written then, its row is still there to try again.
+    // The file first: if the list cannot be written, its row remains and the deletion can be repeated.
     removeDatabaseFile(folder, companyFileName(company.COD));
     companies.removeIf([&company](const Company& other) {
       return other.COD.compare(company.COD, Qt::CaseInsensitive) == 0;

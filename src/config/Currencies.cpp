@@ -8,7 +8,7 @@ namespace velmar {
 
 namespace {
 
-// Of two rates of a day the one entered last holds.
+// Of several rates of a day the one entered last is valid.
 const QString kRates = QStringLiteral(
     "SELECT COD, DATA, CURS, ID FROM kt_val2 WHERE COD = ?%1 "
     "ORDER BY DATA DESC NULLS LAST, ID DESC%2");

@@ -11,17 +11,17 @@ namespace velmar {
 /// is missing or taken.
 void addCurrency(const Row& currency);
 
-/// Deletes the currency; its rates stay.
+/// Deletes the currency but not its rates.
 void removeCurrency(const QString& code);
 
-/// Enters the row's rate `CURS` of the day `DATA`: over the newest rate when that is of the same day, else as
-/// one more. Throws RuleError for a rate that is no number above 0 or an empty currency code.
+/// Stores the rate `CURS` of the day `DATA`: replaces the newest rate when it is of the same day, else adds
+/// one. Throws RuleError for a rate that is not a positive number or an empty currency code.
 void enterRate(const QString& currency, const Row& rate);
 
-/// The newest rates first, at most `count` of them: `COD`, `DATA`, `CURS`; all without a count.
+/// The newest `count` rates, or all, newest first: `COD`, `DATA`, `CURS`.
 Recordset newestRates(const QString& currency, const std::optional<int>& count = {});
 
-/// The rates of one day, the one that holds first.
+/// The rates of one day, the valid one first.
 Recordset ratesOf(const QString& currency, const QDate& day);
 
 }  // namespace velmar

@@ -6,11 +6,11 @@
 namespace velmar {
 
 /// Saves DATAIN, DATASN, DATAIN1, DATASN1, DATAIC and DATASC. Throws RuleError, naming the date at fault,
-/// when they do not fit together.
+/// when they are inconsistent.
 void saveFiscalYears(const Row& dates);
 
-/// What is wrong with one of the dates beside the others, "" when nothing is: a warning while they are being
-/// set, when more than one has to change before they fit together again.
+/// How one date contradicts the others, "" when it does not. Only a warning during entry, since several dates
+/// may have to change before they are consistent.
 QString fiscalYearWarning(const Row& dates, const QString& column);
 
 }  // namespace velmar

@@ -13,15 +13,15 @@ extern const QStringList kVatRegimes;
 /// column, for what is missing, a code that is taken, or an account that is too short.
 void addJournal(const Row& journal);
 
-/// Writes the row's `TITLU` and `TIP` over the journal of that code, its `CONT` unless it is empty, and its
-/// `FEL` when that regime belongs to this kind of journal. Throws RuleError for an empty title.
+/// Changes the journal of that code to the row's `TITLU` and `TIP`, to its `CONT` unless that is empty, and
+/// to its `FEL` if that regime belongs to this kind of journal. Throws RuleError for an empty title.
 void changeJournal(const QString& code, const Row& journal);
 
-/// Stores what was typed into a column of a journal, the row as it stands. Throws RuleError for an account
-/// that is too short and for receipt numbers that make no range.
+/// Stores what was typed into a column of a journal; `journal` is its current row. Throws RuleError for an
+/// account that is too short and for receipt numbers that are not a range.
 void changeJournalField(const Row& journal, const QString& column, const QString& typed);
 
-/// Deletes the journal. Throws RuleError when notes name it.
+/// Deletes the journal. Throws RuleError when notes refer to it.
 void removeJournal(const QString& code);
 
 }  // namespace velmar

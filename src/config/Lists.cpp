@@ -67,7 +67,7 @@ QString joinedRow(const Row& row, const QString& separators) {
   return text;
 }
 
-// The VAT account of the company's parameters and what begins with it.
+// The VAT account of the company's parameters and the accounts that begin with it.
 QString vatAccountPattern(bool ofPurchases) {
   const QString& account = ofPurchases ? session().TVACumparare : session().TVAVanzare;
   return escapedForLike(account) + u'%';

@@ -1,19 +1,19 @@
-// What goes into the lists of the windows: plain combo boxes by control name, data-bound lists, and the
-// lists of articles with their type-ahead search.
+// The contents of the lists in windows: plain combo boxes by control name, data-bound lists, and lists of
+// articles with type-ahead search.
 #pragma once
 
 #include "store/Database.h"
 
 namespace velmar {
 
-/// The only row of a list that has none.
+/// The row shown in an empty list.
 extern const QString kNoRecords;
 
-/// The rows of the plain combo box of that name; "0-Nu exista inregistrari !" alone when there are none. An
-/// unknown name shows a message and gives no rows.
+/// The rows of the plain combo box of that name; only "0-Nu exista inregistrari !" when there are none. An
+/// unknown name shows a message and returns no rows.
 QStringList comboItems(const QString& controlName);
 
-/// A list that shows one field of a statement and gives another.
+/// A list that displays one field of a statement and has another as its value.
 struct BoundList {
   QString sql;
   QString listField;
@@ -27,23 +27,23 @@ extern const BoundList kFamilyList;
 extern const BoundList kCostCentreList;
 extern const BoundList kWarehouseList;
 
-/// A row of a list that is shown one way and stored another.
+/// A row of a list: the text displayed and the code stored.
 struct ListEntry {
   QString text;
   QString code;
 };
 
-/// VAT rates on the VAT account of purchases or of sales and on the accounts that begin 4428, as "4426-19".
+/// VAT rates on the VAT account of purchases or of sales and on the accounts that begin with 4428, as
+/// "4426-19".
 std::vector<ListEntry> vatRates(bool ofPurchases);
-/// The code of the rate that a new document starts with: the first one on the account itself; "" when there
-/// is none.
+/// The code of a new document's default rate: the first one on the account itself; "" when there is none.
 QString defaultVatRate(bool ofPurchases);
 /// Journals of purchases or of sales, as "JC-Jurnal cumparari".
 std::vector<ListEntry> journals(bool ofPurchases);
 /// Codes of the currencies.
 QStringList currencyCodes();
 
-/// A list of articles: which it holds, and what it tells of each besides name, code and unit.
+/// A list of articles: its condition, and what it displays of each besides name, code and unit.
 struct ArticleList {
   enum class Amount { None, SalePrice, Cost };
 
@@ -59,10 +59,10 @@ ArticleList articleList(const QString& kind);
 /// with the sale price.
 ArticleList articleListWithCostOrPrice(const QString& kind);
 
-/// At most `limit` articles of the list that hold the typed text in name, code or supplier's code, without
-/// regard to case: first those whose name or code begins with it, each part by name. Nothing typed gives the
-/// first articles of the list. The columns are `DenArt` (the list text), `CODART`, `UM` and `VALOARE` (price
-/// or cost, null in a list without).
+/// At most `limit` articles whose name, code or supplier's code contains the typed text, case insensitive:
+/// first those whose name or code begins with it, then the others, both sorted by name. For an empty text,
+/// the first articles of the list. The columns are `DenArt` (the list text), `CODART`, `UM` and `VALOARE`
+/// (price or cost; null if the list has neither).
 Recordset findArticles(const ArticleList& list, const QString& typed, int limit);
 
 }  // namespace velmar

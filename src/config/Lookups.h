@@ -1,4 +1,4 @@
-// Single values that windows look up: rates, accounts, exchange rates, what an article is called and costs.
+// Single values that windows look up: VAT rates, accounts, exchange rates, names and costs of articles.
 #pragma once
 
 #include <QDate>
@@ -13,21 +13,21 @@ QString cellText(const QVariant& cell);
 /// The first field of the first row as text, "" when there is no row.
 QString ValoareSql(const QString& sql, const Values& values = {});
 
-/// The percent of a VAT rate code, 0 when it has none.
+/// The percentage of a VAT rate code; 0 for an unknown code.
 Decimal ProcentTVA(qint64 code);
 /// The account of a VAT rate code.
 QString ContTVA(qint64 code);
 
-/// Decimals in which rates of exchange are typed and shown.
+/// Decimals of exchange rates in windows.
 inline constexpr int kRateDecimals = 4;
 
-/// The exchange rate of the day, 0 when there is none; of several the last one entered.
+/// The exchange rate of the day, 0 when there is none; the last one entered if there are several.
 Decimal Curs(const QString& currency, const QDate& date);
 
-/// The value; a null or empty text gives the default, which is 0 when none is given.
+/// The value, or the default when the value is null or an empty text.
 QVariant NzGol(const QVariant& value, const QVariant& defaultValue = 0);
 
-/// Whether the date lies in the entry period, both ends counted.
+/// Whether the date is in the entry period, both ends included.
 bool InPerioadaCulegere(const QDate& date);
 
 /// The sum of `VALOAREFT` over all rows; the record set is emptied.

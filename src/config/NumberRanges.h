@@ -6,8 +6,9 @@
 
 namespace velmar {
 
-/// The row with both ranges trimmed. A range is complete (a series without digits, limits of digits alone,
-/// the first below the last) or wholly empty, which means none; else throws RuleError naming the column.
+/// Returns the row with both ranges trimmed. A range is complete (a series without digits, limits of digits
+/// only, the first below the last) or empty, which means no range; otherwise throws RuleError naming the
+/// column.
 Row checkedRanges(const Row& row);
 
 }  // namespace velmar

@@ -18,7 +18,7 @@ struct NamedColumn {
   const char* column;
 };
 
-/// Headers whose number is text and may be anything.
+/// Headers whose number is free text.
 const NamedColumn kDocumentNumbers[] = {
     {"g_aecli", "NUMAE"},      {"G_FACCLI", "NUMFAC"},
     {"G_BONCASA", "NUMFAC"},   {"G_FacturiClientiAudio", "NR"},
@@ -45,11 +45,11 @@ qint64 afterHighest(const Recordset& found) {
   return static_cast<qint64>(std::floor(row.decimal("HIGHEST").toDouble())) + 1;
 }
 
-// Numbers that are keys of documents, in the rows of a table that a condition chooses.
+// Document numbers that are keys, in the rows of a table that fulfil a condition.
 struct KeyNumbers {
   QString table;
   QString column;
-  int prefix = 0;  ///< characters ahead of the number
+  int prefix = 0;  ///< characters before the number
   QString condition = {};
 
   QString where(const QString& more) const {
@@ -57,7 +57,7 @@ struct KeyNumbers {
   }
 };
 
-// The CASE keeps texts that are no numbers away from the cast in every engine.
+// The CASE ensures that no engine casts a text that is not numeric.
 QString highestNumeric(const QString& number, const QString& from) {
   return QStringLiteral(
              "SELECT MAX(NUMBER) AS HIGHEST FROM (SELECT CASE WHEN IS_NUMERIC(%1) <> 0 "
@@ -66,8 +66,8 @@ QString highestNumeric(const QString& number, const QString& from) {
       .arg(number, from, QString::number(kHighest));
 }
 
-// Of plain digits the highest is the last one of its length in the index; so one look for each length serves,
-// however many documents there are.
+// Among numbers of digits only, the highest of each length is the last one in the index: one index lookup for
+// each length, independent of the number of documents.
 QString highestPlain(const KeyNumbers& keys) {
   QStringList lengths;
   for (int length = 1; length <= kPlainDigits; ++length)
@@ -82,7 +82,7 @@ QString highestPlain(const KeyNumbers& keys) {
                             .arg(last, lengths.join(QStringLiteral(" UNION ALL "))));
 }
 
-// What else reads as a number: signs, fractions, exponents. Few keys, with an index of their own.
+// Other numeric texts: with signs, fractions, exponents. These are few and have their own index.
 QString highestOdd(const KeyNumbers& keys) {
   return highestNumeric(
       keyNumber(keys.column, keys.prefix),

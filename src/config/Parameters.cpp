@@ -48,7 +48,7 @@ Row checkedIdentity(const Row& typed) {
   return identity;
 }
 
-// Decimals beyond a price's use would only show what doubles cannot hold.
+// More decimals than a price needs would only show the limits of double precision.
 int decimalsIn(const QString& typed) {
   const auto number = parseNumber(typed);
   if (!number) return 0;
@@ -59,7 +59,7 @@ int decimalsIn(const QString& typed) {
   return number->toString().toInt();
 }
 
-// Codes that begin a column's name "CONT" or "JUR" must exist, unless they are stored already.
+// Codes in columns with that prefix ("CONT", "JUR") must exist, unless they are already stored.
 void requireKnownCodes(const Row& typed, const QString& prefix, const QString& kind) {
   const Row before = storedParameters();
   for (const QString& column : typed.columns())
@@ -86,8 +86,8 @@ QString identityNumberMessage(const QString& column) { return kIdentityNumbers.v
 
 QString vatPayerObjection(const QString& letter) {
   const QString upper = letter.trimmed().toUpper();
-  const bool stands = upper.isEmpty() || upper == QStringLiteral("D") || upper == QStringLiteral("N");
-  return stands ? QString() : QStringLiteral("Va rugam completati D (de la DA) sau N (de la NU) !");
+  const bool valid = upper.isEmpty() || upper == QStringLiteral("D") || upper == QStringLiteral("N");
+  return valid ? QString() : QStringLiteral("Va rugam completati D (de la DA) sau N (de la NU) !");
 }
 
 void saveIdentity(const Row& identity, const QString& method, bool hearing) {
@@ -97,7 +97,7 @@ void saveIdentity(const Row& identity, const QString& method, bool hearing) {
   Transaction transaction(database());
   writeOnlyRecord("kt_info", checked);
   writeOnlyRecord("kt_par", mode);
-  // The method may stand already: chosen here at an earlier saving, or by a colleague meanwhile.
+  // The method may already be stored, by an earlier save here or by another workstation.
   if (!method.isEmpty() && storedIdentity().text("TCOST") != method) chooseCostMethod(method);
   transaction.commit();
 }

@@ -1,4 +1,4 @@
-// What the running process knows: the open company, the user, the warehouse, and the company's parameters.
+// The state of the running process: the open company, the user, the warehouse, and the company's parameters.
 // Written at start-up and when the parameters change, read everywhere; the program has one thread.
 #pragma once
 
@@ -11,14 +11,14 @@
 
 namespace velmar {
 
-/// The company's parameters, under the names of their columns.
+/// The company's parameters, named as their columns.
 struct CompanyParameters {
   QString Banca, Casa, CONTClienti, CONTFurnizori, Debitori, Creditori, FurnizoriImobilizari;
   QString CDIFCONV, VDIFCONV, VENSCCUDED, VENSCFARADED, VENEXPORT, PROFIT, TVACumparare, TVAVanzare;
   int Capital = 0, IMO = 0, STOC = 0, Chelt = 0, VENIT = 0;  ///< class digits
   bool StornareNegru = false;
   QDate DataIN, DataSN;  ///< current fiscal year
-  QDate DataIC, DataSC;  ///< entry period, both ends counted
+  QDate DataIC, DataSC;  ///< entry period, both ends included
   QString CasaMarcat;    ///< " " when there is no register
   int CasaMarcat_Nr = 0;
   int PlanC = 0;
@@ -31,17 +31,17 @@ inline constexpr int kFromNotes = 6;
 inline constexpr int kFromOrders = 7;
 
 struct Session : CompanyParameters {
-  QString gCaleAplicatie;  ///< the program's folder, which the user may write
+  QString gCaleAplicatie;  ///< the program's folder, writable by the user
   QString gCaleBD;         ///< the databases folder
   QString gNumeBD;
   QString gDenSocietate;
-  QString gConexiune;  ///< what names the open database: the path of its file
+  QString gConexiune;  ///< identifies the open database: the path of its file
   QString gUtilizator;
   int gTipUtilizator = 0;
   qint64 gMagazie = 0;
   QString gDenMagazie;
-  QString gDenSocietateNoua = QStringLiteral("00");  ///< "00": no name is waiting for a new company
-  int gModFactura = 0;  ///< what a customer invoice is made from: kFromNotes, kFromOrders
+  QString gDenSocietateNoua = QStringLiteral("00");  ///< "00": no company is being created
+  int gModFactura = 0;  ///< source of a customer invoice: kFromNotes, kFromOrders
   bool ModAudio = false;
   QString gSerieFC = QStringLiteral("00"), gFCStart = QStringLiteral("00"), gFCEnd = QStringLiteral("00");
   QString gSerieAE = QStringLiteral("00"), gAEStart = QStringLiteral("00"), gAEEnd = QStringLiteral("00");
@@ -51,14 +51,14 @@ struct Session : CompanyParameters {
 
 Session& session();
 
-/// Reads the parameters of the open company into the session; first sets `ModAudio` to false.
+/// Reads the parameters of the open company into the session; sets `ModAudio` to false first.
 void InitParaSoc();
 
 /// Reads the number ranges of invoices and delivery notes into the session; an empty value becomes "00".
 void IncarcaSerii();
 
 /// The value of a column of `kt_par`. A null or empty value shows the message of its group (accounts,
-/// journals, anything else) and gives "".
+/// journals, anything else) and returns "".
 QString ParametruSocietate(const QString& name);
 
 /// As ParametruSocietate, but an empty value throws RuleError with the same message.

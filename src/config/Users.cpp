@@ -20,7 +20,7 @@ bool isAdmin(const QString& name) {
   return name.trimmed().compare(QStringLiteral("admin"), Qt::CaseInsensitive) == 0;
 }
 
-// The boxes of the login swallow an apostrophe: with one, nobody could log in.
+// The login window does not accept apostrophes: a user with one could not log in.
 void requireTypeable(const QString& text, const QString& column) {
   if (text.contains(QLatin1Char('\'')))
     throw refused(QStringLiteral("Numele si parola nu pot contine apostrof !"), column);

@@ -10,7 +10,7 @@ namespace velmar {
 void addUser(const Row& user);
 
 /// Stores what was typed into a column of a user. Throws RuleError for the name and rights of admin, for what
-/// addUser() refuses, and for rights that would leave no user with all of them.
+/// addUser() refuses, and when no user would have all rights any more.
 void changeUser(const QString& name, const QString& column, const QString& typed);
 
 /// Throws RuleError for admin.

@@ -14,7 +14,7 @@ Recordset workingWarehouses() {
   Recordset found = OpenRs(all);
   if (!found.isEmpty()) return found;
   Transaction transaction(database());
-  // Another workstation may have been faster.
+  // Another workstation may have created it meanwhile.
   const qint64 code = NumarUrmator(QStringLiteral("G_MULTIMAGAZIE"));
   if (OpenRs(all).isEmpty())
     ExecutaSql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE) VALUES (?, ?)",

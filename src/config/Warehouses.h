@@ -5,15 +5,15 @@
 
 namespace velmar {
 
-/// The warehouses to work in, by code: `COD`, `DENUMIRE`. A company without any is given "Magazie 1" first.
+/// All warehouses, by code: `COD`, `DENUMIRE`. If there is none, "Magazie 1" is created first.
 Recordset workingWarehouses();
 
-/// Adds the warehouse with the row's `DENUMIRE` and `JURNAL` (cash journal, may be null) and gives its code.
-/// Throws RuleError, naming the column, for a name that is missing or taken.
+/// Adds the warehouse with the row's `DENUMIRE` and `JURNAL` (cash journal, may be null) and returns its
+/// code. Throws RuleError, naming the column, for a name that is missing or taken.
 qint64 addWarehouse(const Row& warehouse);
 
-/// Gives the warehouse another name. Throws RuleError when the name is too long or there is no such warehouse
-/// any more; an empty name changes nothing.
+/// Renames the warehouse; an empty name changes nothing. Throws RuleError when the name is too long or the
+/// warehouse no longer exists.
 void renameWarehouse(qint64 code, const QString& name);
 
 /// Throws RuleError for the working warehouse and for one that has documents.

@@ -141,7 +141,7 @@ PricedArticles FrmActPretVanz::chosen() const {
 }
 
 void FrmActPretVanz::updatePrices() {
-  if (!entriesStand(this)) return;
+  if (!entriesAccepted(this)) return;
   int count = 0;
   try {
     const Hourglass hourglass;

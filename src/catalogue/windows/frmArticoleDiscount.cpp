@@ -159,7 +159,7 @@ QLayout* frmArticoleDiscount::commands() {
     auto* button = makeButton(name, caption, toolTip);
     connect(button, &QPushButton::clicked, this, [this, name, work] {
       guarded(kForm, name + QStringLiteral("_Click"), [this, work] {
-        if (entriesStand(this)) (this->*work)();
+        if (entriesAccepted(this)) (this->*work)();
       });
     });
     line->addWidget(button);
@@ -234,7 +234,7 @@ bool frmArticoleDiscount::attempt(Work&& work) {
 bool frmArticoleDiscount::Salveaza() {
   bool saved = false;
   guarded(kForm, "Salveaza", [this, &saved] {
-    if (!editor_ || !entriesStand(this)) return;
+    if (!editor_ || !entriesAccepted(this)) return;
     const int place = lvwDiscounts_->currentIndex().row();
     saved = attempt([this, place] {
       editor_->save(place, {txtCantMin_->typed(), txtCantMax_->typed(), txtDiscount_->typed()});

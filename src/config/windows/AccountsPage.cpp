@@ -37,7 +37,7 @@ const AccountField kAccounts[] = {{"Cont furnizori", "CONTFurnizori"},
 const BoundList kAccountList = codeList("kt_pc", "CONT", "TITLU");
 constexpr int kShownName = 40;  // characters
 
-// Stands in kt_info, unlike the rest of the tab.
+// Stored in kt_info, unlike the rest of the tab.
 const QString kDecimals = QStringLiteral("NrZec");
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The tab "Conturi": the accounts of postings, number ranges, decimals, and the way of a storno.
+// The tab "Conturi": posting accounts, number ranges, decimals, and the storno method.
 #pragma once
 
 #include "config/windows/ParameterPage.h"
@@ -14,7 +14,7 @@ class AccountsPage : public ParameterPage {
  public:
   explicit AccountsPage(QWidget* parent = nullptr);
 
-  /// After a change of the plan of accounts: offers its accounts and puts in its defaults.
+  /// After a change of the chart of accounts: lists its accounts and enters the plan's defaults.
   void takePlan(int plan);
 
  protected:
@@ -32,7 +32,7 @@ class AccountsPage : public ParameterPage {
   QList<SearchCombo*> combos_;
   QRadioButton* optStornareNegru_;
   QRadioButton* optStornareRosu_;
-  QLineEdit* txtTipStornare_;  ///< the way as "1" or "0", never seen
+  QLineEdit* txtTipStornare_;  ///< the storno method as "1" or "0", always hidden
 };
 
 }  // namespace velmar

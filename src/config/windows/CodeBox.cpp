@@ -35,7 +35,7 @@ class CodePair : public QObject {
   }
 
  private:
-  // A text that is no choice stays to be mended; an empty one gives way to the code of the box.
+  // A text that matches no entry remains for correction; an empty one is replaced by the code of the box.
   void take() {
     const QString code = combo_->choice().toString();
     if (combo_->choice().isNull() && !combo_->currentText().trimmed().isEmpty()) return;

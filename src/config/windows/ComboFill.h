@@ -10,14 +10,14 @@ namespace velmar {
 struct BoundList;
 struct ListEntry;
 
-/// Fills a plain combo box with the rows that belong to its object name, in place of what it held; what
-/// stands left of the first "-" is the item's data. Nothing is chosen at first.
+/// Replaces the items of a plain combo box by the rows for its object name; the text before the first "-" is
+/// the item's data. Nothing is selected.
 void IncarcaCombo(QComboBox& combo);
 
-/// Hangs a combo box on a data-bound list: an item shows the list field and carries the bound column as its
-/// data. Nothing is chosen at first.
+/// Fills a combo box from a data-bound list: an item shows the list field and has the bound column as its
+/// data. Nothing is selected.
 void LegaCombo(QComboBox& combo, const BoundList& list);
-/// As above: an item shows the entry's text and carries its code.
+/// As above: an item shows the entry's text and has its code as data.
 void LegaCombo(QComboBox& combo, const std::vector<ListEntry>& list);
 
 }  // namespace velmar

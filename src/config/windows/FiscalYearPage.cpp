@@ -65,14 +65,14 @@ FiscalYearPage::FiscalYearPage(QWidget* parent) : ParameterPage(parent) {
   grid->setRowStretch(row, 1);
 }
 
-// Once the change is over: a date is also taken over while the focus moves on.
+// Queued, since a date also changes while the focus is moving.
 void FiscalYearPage::warn(const QString& column) {
   if (quiet_) return;
   changed_ = column;
-  QMetaObject::invokeMethod(this, &FiscalYearPage::tellWarning, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, &FiscalYearPage::showWarning, Qt::QueuedConnection);
 }
 
-void FiscalYearPage::tellWarning() {
+void FiscalYearPage::showWarning() {
   const QString column = std::exchange(changed_, {});
   const QString text = column.isEmpty() ? QString() : fiscalYearWarning(card().typed(), column);
   if (!text.isEmpty() && isVisible()) Mesaj(text);
@@ -81,7 +81,7 @@ void FiscalYearPage::tellWarning() {
 void FiscalYearPage::showStored() { card().show(storedParameters()); }
 
 void FiscalYearPage::storeShown() {
-  // What stands typed is part of what is saved, and the checks of saving say what is wrong with it.
+  // Text that is still being typed is saved too. No warnings: saving makes its own checks.
   quiet_ = true;
   for (DateBox* date : dates_) date->takeTyped();
   quiet_ = false;

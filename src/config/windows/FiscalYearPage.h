@@ -20,11 +20,11 @@ class FiscalYearPage : public ParameterPage {
 
  private:
   void warn(const QString& column);
-  void tellWarning();
+  void showWarning();
 
   QList<DateBox*> dates_;
-  QString changed_;     // the date whose warning waits to be told
-  bool quiet_ = false;  // dates change by themselves, not by the user's doing
+  QString changed_;     // the date with a pending warning
+  bool quiet_ = false;  // no warnings: the program changes the dates, not the user
 };
 
 }  // namespace velmar

@@ -142,7 +142,7 @@ void IdentityPage::showPlan() {
   planFrame_->setEnabled(accountPlanMayChange());
 }
 
-// The method is chosen once: as soon as one is stored it only shows.
+// The method is chosen once: a stored method is read-only.
 void IdentityPage::showMethod(const QString& method) {
   Text2_->setText(method);
   const bool isFifo = method == QStringLiteral("FIFO");

@@ -1,4 +1,4 @@
-// The tab "Societate": who the company is, its plan of accounts, its cost method.
+// The tab "Societate": the company's identity, chart of accounts and cost method.
 #pragma once
 
 #include "config/windows/ParameterPage.h"
@@ -14,11 +14,11 @@ class IdentityPage : public ParameterPage {
  public:
   explicit IdentityPage(QWidget* parent = nullptr);
 
-  /// Shows the stored plan of accounts, and whether it may still change.
+  /// Shows the stored chart of accounts; the choice is enabled while it may still change.
   void showPlan();
 
  signals:
-  /// The user clicked a plan of accounts, which acts at once.
+  /// The user clicked a chart of accounts, which takes effect at once.
   void planChosen(int plan);
 
  protected:

@@ -1,4 +1,5 @@
-// A tab of the parameters window: a card over columns of its one record, and where a fault lies.
+// A tab of the parameters window: a card for columns of the single record, and the focus on a column at
+// fault.
 #pragma once
 
 #include <QWidget>
@@ -15,15 +16,14 @@ class ParameterPage : public QWidget {
  public:
   explicit ParameterPage(QWidget* parent);
 
-  /// Shows what is stored.
+  /// Shows the stored values.
   void load();
-  /// Stores what stands in the controls. Throws RuleError with the column at fault, and then nothing is
-  /// stored.
+  /// Stores the values of the controls. Throws RuleError with the column at fault; nothing is then stored.
   void save();
 
-  /// Whether something stands in the controls that was not saved.
+  /// Whether the controls have unsaved changes.
   bool isChanged() const { return card_.isChanged(); }
-  /// Puts the focus where the column is entered.
+  /// Sets the focus on the control of the column.
   void focusColumn(const QString& column);
 
  signals:
@@ -34,10 +34,10 @@ class ParameterPage : public QWidget {
   virtual void storeShown() = 0;
 
   Card& card() { return card_; }
-  /// A box for a column of the table, as wide as the column's text.
+  /// A box for a column of the table, wide enough for the column's maximum length.
   QLineEdit* addTextBox(const QString& name, const QString& table, const QString& column,
                         const QString& toolTip = {});
-  /// A box for a number of at most `width` characters, which must be one when it is left.
+  /// A box for a number of at most `width` characters, checked when it is left.
   QLineEdit* addNumberBox(const QString& name, const QString& column, int width, const QString& message,
                           const QString& toolTip = {});
 

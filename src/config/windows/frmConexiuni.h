@@ -1,4 +1,4 @@
-// Who works in the open company at this moment.
+// The users who currently work in the open company.
 #pragma once
 
 #include <QWidget>

@@ -44,7 +44,7 @@ frmParamSoc::frmParamSoc(QWidget* parent)
   all->addWidget(tabs_, 1);
   all->addLayout(buttonRow());
   giveMnemonics(this);
-  // Last, since the buttons of its calendars would use up the letters.
+  // Last, since the buttons of its calendars would take the access keys.
   addPage(1, new FiscalYearPage, "Exercitiu");
   setUpKeys(this, nullptr, findChild<QPushButton*>("cmdCancel"));
   // Ctrl+Tab goes to the next window.
@@ -60,7 +60,7 @@ QBoxLayout* frmParamSoc::buttonRow() {
   connect(save, &QPushButton::clicked, this, &frmParamSoc::save);
   auto* cancel = makeButton("cmdCancel", "Iesire", {}, "close");
   setUpExitButton(cancel, this);
-  // Pressed with the mouse it leaves the focus where it is: who closes has no wrong number to put right.
+  // A click does not take the focus: closing must not trigger the check of the box being edited.
   cancel->setFocusPolicy(Qt::TabFocus);
   auto* row = new QHBoxLayout;
   row->addWidget(lblStare_, 1);
@@ -86,7 +86,7 @@ void frmParamSoc::setUpTabKey(const QKeySequence& keys, int step) {
 ParameterPage* frmParamSoc::frontPage() const { return static_cast<ParameterPage*>(tabs_->currentWidget()); }
 
 void frmParamSoc::save() {
-  if (entriesStand(frontPage())) savePage(frontPage());
+  if (entriesAccepted(frontPage())) savePage(frontPage());
 }
 
 void frmParamSoc::savePage(ParameterPage* page) {

@@ -1,4 +1,4 @@
-// The company's parameters: identity, fiscal years, accounts and journals, a tab each.
+// The company's parameters: identity, fiscal years, accounts and journals, one tab each.
 #pragma once
 
 #include <QWidget>

@@ -1,4 +1,4 @@
-// The list of companies, where a company is created or deleted with its file.
+// The list of companies; creates and deletes companies with their files.
 #pragma once
 
 #include <QWidget>

@@ -35,7 +35,7 @@ frmUtilizatori::frmUtilizatori(QWidget* parent) : ListForm("frmUtilizatori", "Ut
   auto* cmdAdauga = command("cmdAdauga", "Adaugare", "Creare utilizator nou", "new", [this] {
     const Row user = card().typed();
     addUser(user);
-    // The type stays, for the next of the kind.
+    // The type is kept for the next user.
     card().setDefault("TIP", user.integer("TIP"));
     showAdded(user.text("NUME"));
   });

@@ -1,4 +1,4 @@
-// The users of the company: who may log in, and to what.
+// The users of the company and their rights.
 #pragma once
 
 #include "store/windows/ListForm.h"

@@ -22,7 +22,7 @@ const ListQuery kCurrencies{"COD, TITLU", "kt_val", "COD"};
 constexpr int kCodeLength = 3;
 constexpr int kNameLength = 30;
 
-// A frame that works while its option is chosen.
+// A frame that is enabled while its option is selected.
 QGroupBox* frameOf(QRadioButton* option, const QString& name) {
   auto* frame = named(new QGroupBox, name);
   frame->setEnabled(false);
@@ -130,7 +130,7 @@ void frmValute::add() {
   if (optCurs_->isChecked()) {
     enterRate(lblValuta_->text(), typed);
     showRates();
-    // The day stays, for the next currency.
+    // The day is kept for the next currency.
     static_cast<NumberBox*>(card().control("CURS"))->setTyped({});
     card().settle();
     return focusField("CURS");

@@ -182,7 +182,7 @@ void frmGrila::orderTabs() {
 }
 
 void frmGrila::run(const QString& procedure, const std::function<void()>& work) {
-  if (!lines_->commitPending() || !entriesStand(header_)) return;
+  if (!lines_->commitPending() || !entriesAccepted(header_)) return;
   guarded(editor_.kind().window, procedure, [this, &work] {
     try {
       work();

@@ -121,7 +121,7 @@ QLayout* frmRapJTVA::commandLine() {
 }
 
 void frmRapJTVA::run(void (frmRapJTVA::*command)()) {
-  if (!entriesStand(this)) return;
+  if (!entriesAccepted(this)) return;
   lblStare_->clear();
   countStornos();
   try {

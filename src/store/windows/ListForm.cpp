@@ -228,7 +228,7 @@ void ListForm::finish(QWidget* first) {
 }
 
 void ListForm::run(const QString& procedure, const std::function<void()>& work) {
-  if (!grid_->commitPending() || !entriesStand(this)) return;
+  if (!grid_->commitPending() || !entriesAccepted(this)) return;
   guarded(objectName(), procedure, [&] {
     try {
       work();

@@ -154,7 +154,7 @@ void checkWhenLeft(QWidget* box, Objection objection, int icon, const QString& t
   new EntryCheck(box, std::move(objection), icon, title, std::move(refused));
 }
 
-bool entriesStand(QWidget* form) {
+bool entriesAccepted(QWidget* form) {
   for (QObject* child : form->findChildren<QObject*>())
     if (auto* check = dynamic_cast<EntryCheck*>(child); check && !check->passes()) return false;
   return true;

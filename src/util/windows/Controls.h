@@ -67,7 +67,7 @@ class NumberBox : public QLineEdit {
   QString typed_;
 };
 
-/// What is wrong with a box as it stands, "" when nothing is.
+/// What is wrong with the contents of a box, "" when nothing is.
 using Objection = std::function<QString()>;
 
 /// Shows the objection, if there is one, when the user leaves the box, and brings the focus back to it;
@@ -75,9 +75,9 @@ using Objection = std::function<QString()>;
 void checkWhenLeft(QWidget* box, Objection objection, int icon = 0, const QString& title = {},
                    std::function<void()> refused = {});
 
-/// Whether a command of the form may run: false while a box of it stands refused by its check. A box that has
-/// the focus is checked now.
-bool entriesStand(QWidget* form);
+/// Whether a command of the form may run: false while a check refuses one of its boxes. The box that has the
+/// focus is checked now.
+bool entriesAccepted(QWidget* form);
 
 /// "Valoarea trebuie sa fie numerica" while the box holds something that is no number.
 void requireNumberWhenLeft(NumberBox* box,
