@@ -16,7 +16,7 @@ namespace velmar {
 
 namespace {
 
-constexpr int kSupplierToName = 1;  // stands until the order is given its own
+constexpr int kSupplierToName = 1;  // placeholder until the supplier is chosen
 const QString kPrototype = QStringLiteral("FormularComandaPrototip.htm");
 const QString kOrderForm = QStringLiteral("FormularComanda.htm");
 const QByteArray kMarker = "//@Inceput#";
@@ -27,7 +27,7 @@ void writeFile(const QString& path, const QByteArray& content) {
     throw notWritten(file);
 }
 
-// A row is an element, a column that is not null an attribute of it.
+// Each row is an element; its columns that are not null are attributes.
 void writeRows(QXmlStreamWriter& xml, const QString& group, const Recordset& rows) {
   xml.writeStartElement(group);
   xml.writeStartElement("data");
@@ -81,7 +81,7 @@ qint64 orderFromArticles(const QStringList& codes) {
   std::vector<Values> lines;
   for (const QString& code : codes) {
     const auto article = articleByCode(code);
-    if (!article) continue;  // deleted meanwhile by another workstation
+    if (!article) continue;  // deleted by another workstation in the meantime
     const Decimal quantity = article->decimal("CANTE");
     const Decimal cost = article->decimal("COST");
     lines.push_back({text, static_cast<int>(lines.size()) + 1, article->text("CODART"),

@@ -1,4 +1,4 @@
-// The sale prices of an article: how mark-up, price without VAT and price with VAT follow from each other.
+// The sale prices of an article: calculates mark-up, price without VAT and price with VAT from each other.
 #pragma once
 
 #include "util/Decimal.h"
@@ -8,16 +8,16 @@ namespace velmar {
 /// In lei and percent.
 struct ArticlePrices {
   Decimal cost;
-  Decimal markup;  ///< percent of the cost
+  Decimal markup;  ///< percentage of the cost
   Decimal net;     ///< without VAT
   Decimal gross;   ///< with VAT
 };
 
-/// What the user works on: the price without VAT, which gives the one with it, or the reverse.
+/// The price that the user edits, without or with VAT; the other one is calculated.
 enum class PriceBasis { Net, Gross };
 
-/// The prices that follow from the one worked on, with `vat` in percent, all but the cost rounded to 2
-/// decimals. An article held in stock at cost 0 keeps what it has, rounded; one that is not held in stock
+/// The prices calculated from the edited one, with `vat` in percent; all but the cost are rounded to 2
+/// decimals. An article held in stock at cost 0 keeps its values, rounded; one that is not held in stock
 /// keeps its mark-up.
 ArticlePrices recalculated(ArticlePrices prices, const Decimal& vat, PriceBasis basis, bool heldInStock);
 

@@ -26,7 +26,7 @@ struct Required {
   const char* caption;
 };
 
-// In the order in which they are asked for.
+// In the order of the checks.
 const Required kRequired[] = {{"CODART", "Cod"},          {"DENART", "Denumire 1"}, {"FAMART", "Familie"},
                               {"CODFURNIZO", "Furnizor"}, {"COTATVA", "Cota TVA"},  {"UM", "U.M."}};
 
@@ -54,10 +54,10 @@ void requireCostMethod() {
                     QStringLiteral("TCOST"));
 }
 
-// In these an empty box is a 0.
+// Columns in which an empty box means 0.
 const QStringList kAmounts = {"COST", "ADAOS", "PRETVFT", "PRETVTTI", "PRETDEVIZAVANZ"};
 
-// What is stored of the row: not the columns left out; a palet that nobody named is a blank.
+// The row to store, without the columns in `leftOut`; an empty palet is stored as a blank.
 Row stored(const Row& article, const QStringList& leftOut) {
   QStringList kept = ofTable(articles(), article).columns();
   kept.removeIf([&leftOut](const QString& name) { return leftOut.contains(name, Qt::CaseInsensitive); });
@@ -82,7 +82,7 @@ void giveMissingNumbers(const QStringList& codes) {
   transaction.commit();
 }
 
-// A family, a supplier or a currency that the company does not have.
+// Throws for an unknown family, supplier or currency.
 void requireKnownCodes(const Row& article, const Row& shown = {}) {
   const std::pair<const char*, const char*> codes[] = {{"FAMART", "CodFamilie"},
                                                        {"CODFURNIZO", "CodTert"},
@@ -91,12 +91,12 @@ void requireKnownCodes(const Row& article, const Row& shown = {}) {
   for (const auto& [column, kind] : codes) requireKnownCode(article, column, kind, shown);
 }
 
-// Figures that belong together: whoever changes one has seen the others.
+// Related figures: a change of one is based on the displayed values of the others.
 const QStringList kTogether[] = {{"COTATVA", "ADAOS", "PRETVFT", "PRETVTTI"},
                                  {"PRETDEVIZAVANZ", "CODDEVIZAVANZ"},
                                  {"PretVanzare", "CompensareCAS", "CODDEVIZA"}};
 
-// The figures of a conflict, as a user reads them.
+// The figures reported in a conflict, with their labels.
 const std::pair<const char*, const char*> kFigures[] = {{"COST", "Cost"},
                                                         {"ADAOS", "Adaos"},
                                                         {"PRETVFT", "Pret de vanzare fara TVA"},
@@ -114,7 +114,7 @@ QString newFigures(const Row& current, const QStringList& columns) {
   return text;
 }
 
-// What this saving would write must not have changed since it was shown.
+// The columns to be written must not have changed since they were shown.
 void requireUnchanged(const Row& changed, const Row& shown) {
   const Row current = record(articles(), changed.text("CODART"));
   if (current.isEmpty()) throw gone();
@@ -126,7 +126,7 @@ void requireUnchanged(const Row& changed, const Row& shown) {
   looked.removeDuplicates();
   QStringList conflicts = differing(looked, current, shown);
   if (conflicts.isEmpty()) return;
-  conflicts += differing({"COST", "STOC"}, current, shown);  // what the prices are seen beside
+  conflicts += differing({"COST", "STOC"}, current, shown);  // displayed beside the prices
   conflicts.removeDuplicates();
   throw ChangedMeanwhile(QStringLiteral("Articolul %1 a fost modificat intre timp de alt utilizator ! Fisa "
                                         "arata acum valorile lui; verificati si salvati din nou.%2")
@@ -209,7 +209,7 @@ void saveArticle(const Row& article, const Row& shown) {
   if (*currencyPrice > Decimal(0) && article.text("CODDEVIZAVANZ").trimmed().isEmpty())
     throw RuleError(QStringLiteral("Va rugam alegeti codul valutei !"), "CODDEVIZAVANZ");
   QStringList leftOut = kComputed;
-  // A palet once named is not taken back by an empty box.
+  // An empty box does not clear a stored palet.
   if (article.text("PALET").trimmed().isEmpty()) leftOut.append("PALET");
   const Row changed = changesOf(articles(), stored(article, leftOut), shown);
   requireKnownCodes(changed);

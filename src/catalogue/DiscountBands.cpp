@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kMostPieces = 32767;
 
-// Where the bands of a kind of owner stand.
+// The table and columns of the bands of articles or families.
 struct BandTable {
   QString name;
   QString ownerColumn;
@@ -29,7 +29,7 @@ int pieces(const Decimal& number, const char* field) {
   return static_cast<int>(number.toDouble());
 }
 
-// The typed band as numbers; throws for the first box that holds none.
+// The typed band as numbers; throws for the first box that is not numeric.
 DiscountBand checked(const TypedBand& typed) {
   std::optional<Decimal> numbers[3];
   const std::pair<const QString&, const char*> boxes[] = {
@@ -82,7 +82,7 @@ void DiscountBands::reload() { bands_ = stored(); }
 
 void DiscountBands::readStored() {
   std::vector<DiscountBand> read = stored();
-  if (waits()) read.push_back(bands_.back());
+  if (hasUnstored()) read.push_back(bands_.back());
   bands_ = std::move(read);
 }
 
@@ -95,10 +95,10 @@ void DiscountBands::requireOwner() const {
                                : QStringLiteral("Articolul a fost sters de alt utilizator."));
 }
 
-// Two workstations that add a band at the same time would leave the owner with two that overlap.
+// Otherwise two workstations that add a band at the same time would create overlapping bands.
 void DiscountBands::requireUnchanged() {
   std::vector<DiscountBand> now = stored();
-  const auto end = waits() ? std::prev(bands_.cend()) : bands_.cend();
+  const auto end = hasUnstored() ? std::prev(bands_.cend()) : bands_.cend();
   if (std::equal(bands_.cbegin(), end, now.cbegin(), now.cend())) return;
   bands_ = std::move(now);
   throw RuleError(
@@ -106,11 +106,11 @@ void DiscountBands::requireUnchanged() {
                      "reluati operatia."));
 }
 
-// A file may bring a gap along; it is not widened, and its last band can still be changed.
+// Existing data may contain a gap; it must not grow, but the last band can still be changed.
 void DiscountBands::requireContiguous(const DiscountBand& last) const {
   if (bands_.size() < 2) return;
   const int begin = bands_[bands_.size() - 2].CantMax + 1;
-  if (last.CantMin == begin || (!waits() && last.CantMin == bands_.back().CantMin)) return;
+  if (last.CantMin == begin || (!hasUnstored() && last.CantMin == bands_.back().CantMin)) return;
   throw RuleError(QStringLiteral("Cantitatea minima trebuie sa fie %1").arg(begin), "CantMin");
 }
 
@@ -125,7 +125,7 @@ void DiscountBands::save(int place, const TypedBand& typed) {
   Transaction transaction(database());
   requireOwner();
   requireUnchanged();
-  const bool isNew = !followed && (bands_.empty() || waits());
+  const bool isNew = !followed && (bands_.empty() || hasUnstored());
   if (followed) {
     ExecutaSql(QStringLiteral("UPDATE %1 SET Discount = ? WHERE ID_Discount = ?").arg(table),
                {band.Discount, *bands_[static_cast<size_t>(place)].id});
@@ -145,7 +145,7 @@ void DiscountBands::save(int place, const TypedBand& typed) {
 }
 
 int DiscountBands::add() {
-  if (!waits()) {
+  if (!hasUnstored()) {
     DiscountBand band;
     if (!bands_.empty()) band.CantMin = bands_.back().CantMax + 1;
     bands_.push_back(band);
@@ -156,7 +156,7 @@ int DiscountBands::add() {
 void DiscountBands::remove(int place) {
   if (bands_.empty() || place != count() - 1)
     throw RuleError(QStringLiteral("Trebuie sa selecati ultimul din lista!"));
-  if (waits()) {
+  if (hasUnstored()) {
     bands_.pop_back();
     return;
   }

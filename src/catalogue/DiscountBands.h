@@ -1,5 +1,5 @@
-// The editor of quantity bands, without the screen: the discounts of one article, or those of a family, which
-// are a template until they are applied to its articles. Bands of one owner follow each other without a gap.
+// The editing logic of quantity bands: the discounts of one article, or those of a family, which are a
+// template until they are applied to its articles. The bands of one owner are contiguous.
 #pragma once
 
 #include <optional>
@@ -10,17 +10,17 @@
 
 namespace velmar {
 
-/// A band of quantities; both ends belong to it.
+/// A band of quantities, both ends included.
 struct DiscountBand {
-  std::optional<qint64> id;  ///< `ID_Discount`; nothing while the band is not stored
+  std::optional<qint64> id;  ///< `ID_Discount`; empty while the band is not stored
   int CantMin = 1;
-  int CantMax = 0;   ///< means nothing while the band is not stored
-  Decimal Discount;  ///< percent; means nothing while the band is not stored
+  int CantMax = 0;   ///< undefined while the band is not stored
+  Decimal Discount;  ///< percent; undefined while the band is not stored
 
   friend bool operator==(const DiscountBand&, const DiscountBand&) = default;
 };
 
-/// What stands in the three boxes, as typed.
+/// The typed texts of the three boxes.
 struct TypedBand {
   QString CantMin, CantMax, Discount;
 };
@@ -30,24 +30,22 @@ class DiscountBands {
   static DiscountBands ofFamily(qint64 code);
   static DiscountBands ofArticle(const QString& code);
 
-  /// In order; a band that is not stored can only be the last.
+  /// Ordered by quantity; only the last band can be one that is not stored yet.
   const std::vector<DiscountBand>& bands() const { return bands_; }
   int count() const { return static_cast<int>(bands_.size()); }
 
-  /// Stores what was typed as the band at that place, as the first band in an empty list; of a band that
-  /// others follow the discount alone. Throws RuleError for the first thing wrong and stores nothing. Where
-  /// another workstation has changed the bands meanwhile, here and below, they are read anew and the user is
-  /// told.
+  /// Stores the typed band at that position, or as the first one in an empty list; of any band but the last
+  /// only the discount can change. Throws RuleError for the first fault and stores nothing. If another
+  /// workstation has changed the bands, this and the following functions read them again and throw.
   void save(int place, const TypedBand& typed);
 
-  /// Adds a band, not stored yet, behind the last and gives its place; one that already waits there is given
-  /// instead.
+  /// Appends a band that is not stored yet, unless there already is one, and returns its position.
   int add();
 
-  /// Deletes the band at that place. Throws RuleError unless it is the last.
+  /// Deletes the band at that position. Throws RuleError unless it is the last.
   void remove(int place);
 
-  /// Puts the stored bands of a family in place of those of all its articles.
+  /// Replaces the bands of all articles of the family by the stored bands of the family.
   void applyToArticles();
 
  private:
@@ -55,14 +53,14 @@ class DiscountBands {
   bool isFamily() const { return family_.has_value(); }
   Value owner() const;
   std::vector<DiscountBand> stored() const;
-  /// Reads the stored bands anew and forgets one that is not stored.
+  /// Reads the stored bands again and discards one that is not stored.
   void reload();
-  /// As reload(), but a band that waits to be stored goes on waiting.
+  /// As reload(), but keeps a band that is not stored yet.
   void readStored();
   void requireOwner() const;
   void requireUnchanged();
   void requireContiguous(const DiscountBand& last) const;
-  bool waits() const { return !bands_.empty() && !bands_.back().id; }  ///< the last one is not stored
+  bool hasUnstored() const { return !bands_.empty() && !bands_.back().id; }
 
   std::optional<qint64> family_;
   QString article_;

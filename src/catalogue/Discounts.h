@@ -1,5 +1,5 @@
-// Discounts of sales: the percent of an article at a quantity and of a partner, how the two act on a line,
-// and where the partner's is kept. The quantity bands themselves are edited through DiscountBands.
+// Sales discounts: the percentages of an article at a quantity and of a partner, and their effect on a line.
+// The quantity bands are edited with DiscountBands.
 #pragma once
 
 #include <optional>
@@ -9,27 +9,27 @@
 
 namespace velmar {
 
-/// The percent of the article's band that covers the quantity, rounded half to even to a whole number; 0 when
-/// no band does. Bands count whole pieces: a fraction of the quantity is rounded half to even first.
+/// The percentage of the article's band that contains the quantity, rounded half to even to a whole number; 0
+/// if there is none. Bands are in whole pieces: the quantity is first rounded half to even.
 int DiscountArticol(const QString& code, const Decimal& quantity);
 
-/// The percent of the partner, rounded half to even to a whole number; 0 when it has none.
+/// The percentage of the partner, rounded half to even to a whole number; 0 when it has none.
 int DiscountTert(qint64 code);
 
-/// The two amounts of a sale line that a discount acts on, under the names of their columns.
+/// The two discounted amounts of a sale line, named as their columns.
 struct DiscountedLine {
-  Decimal ValoareFTCuDiscount;  ///< the unit price without VAT behind the discount
+  Decimal ValoareFTCuDiscount;  ///< the unit price without VAT after the discount
   Decimal VALOAREFT;            ///< that price times the quantity
 };
 
-/// The line's amounts, both rounded to `decimals` (`NrZec`). The percents add up, without a maximum.
+/// The line's amounts, both rounded to `decimals` (`NrZec`). The percentages are added, without a maximum.
 DiscountedLine discountedLine(const Decimal& unitPrice, const Decimal& articlePercent,
                               const Decimal& partnerPercent, const Decimal& quantity, int decimals);
 
-/// The percent kept for the partner as it stands, decimals included.
+/// The partner's stored percentage, not rounded.
 std::optional<Decimal> partnerDiscount(qint64 code);
 
-/// Puts the percent in place of what was kept for the partner; nothing deletes it.
+/// Replaces the partner's stored percentage; `nullopt` deletes it.
 void setPartnerDiscount(qint64 code, const std::optional<Decimal>& percent);
 
 }  // namespace velmar

@@ -11,10 +11,10 @@ struct DraftTables {
   const char* header;
   const char* lines;  ///< empty in a further row of a kind
   const char* number;
-  const char* partner;  ///< empty where the header has none
+  const char* partner;  ///< empty if the header has none
 };
 
-// A storno has no draft of its own.
+// There are no drafts of stornos.
 const DraftTables kDraftTables[] = {
     {"FC", "G_FACCLI", "G_LFACCL", "NUMFAC", "CODCLI"}, {"BS", "G_BONCASA", "G_LBONCASA", "NUMFAC", "CODCLI"},
     {"AE", "G_AECLI", "G_LAECLI", "NUMAE", "CODCLI"},   {"PR", "G_PROFOR", "G_LPROFO", "NUMPF", "CODCLI"},

@@ -14,7 +14,7 @@ struct Account {
   const char* label;
 };
 
-// In the order of the checks; the labels are those of the messages.
+// In the order of the checks, with their labels in messages.
 const Account kAccounts[] = {{"CONTSTOCMARFA", "Cont stoc marfa"},
                              {"CONTCHELT", "Cont cheltuieli"},
                              {"CONTVEN", "Cont de venituri"},
@@ -22,7 +22,7 @@ const Account kAccounts[] = {{"CONTSTOCMARFA", "Cont stoc marfa"},
 
 const Table& families() { return companyTable("G_FAMART"); }
 
-// The row as the table takes it; an account that is not the one in `before` must exist.
+// The row to store; an account that differs from `before` must exist.
 Row stored(const Row& family, const Row& before = {}) {
   Row row = rowOf("COD DENUMIRE CONTSTOCMARFA CONTCHELT CONTVEN CONTSTOCPROD");
   const QString name = family.text("DENUMIRE").trimmed();

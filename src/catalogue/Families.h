@@ -1,4 +1,4 @@
-// Article families: the four accounts through which the movements of their articles post.
+// Article families: the four accounts to which the movements of their articles are posted.
 #pragma once
 
 #include "store/Row.h"
@@ -10,11 +10,11 @@ namespace velmar {
 Row newFamily(const QString& name, const QString& CONTSTOCMARFA, const QString& CONTCHELT,
               const QString& CONTVEN, const QString& CONTSTOCPROD);
 
-/// Adds the family of the row, its `COD` left aside, and gives its code. Throws RuleError, naming the column,
-/// for the first thing missing.
+/// Adds the family of the row, whose `COD` is ignored, and returns its code. Throws RuleError, naming the
+/// column, for the first missing value.
 qint64 addFamily(const Row& family);
 
-/// Writes the row over the family with its `COD`. Throws as addFamily().
+/// Changes the family with the row's `COD`. Throws as addFamily().
 void saveFamily(const Row& family);
 
 /// Deletes the family; its articles keep its code.

@@ -29,7 +29,7 @@ void requireSound(const Row& partner) {
     numberIn(partner, "PROCPEN", QStringLiteral("Va rog introduceti o valoare numerica"));
 }
 
-// The row as the table takes it.
+// The row to store.
 Row stored(const Row& partner) {
   requireSound(partner);
   Row row = ofTable(partners(), partner);
@@ -37,7 +37,7 @@ Row stored(const Row& partner) {
   return row;
 }
 
-// What this saving would write must not have changed since it was shown.
+// The columns to be written must not have changed since they were shown.
 void requireUnchanged(qint64 code, const Row& changed, bool changesDiscount, const Row& shown) {
   const Row current = storedPartner(code);
   if (current.isEmpty()) throw gone();

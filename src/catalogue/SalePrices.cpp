@@ -10,11 +10,11 @@ namespace velmar {
 
 namespace {
 
-// These updates reckon with one rate of VAT, whatever the article's own.
+// These updates use one fixed VAT rate, not the article's own.
 const Decimal kWithVat = 1.19_dec;
 constexpr int kHundred = 100;
 
-// Runs the update over the chosen articles.
+// Updates the chosen articles.
 int update(const PricedArticles& articles, const QStringList& assignments, Values values) {
   QString where;
   if (articles.scope == PricedArticles::Scope::Family) {

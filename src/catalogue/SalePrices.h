@@ -1,5 +1,5 @@
-// Bulk update of sale prices: those of all articles, of a family or of one article, by a mark-up over cost or
-// by the price in currency at today's rate.
+// Bulk update of sale prices, of all articles, a family or one article: by a mark-up on cost or from the
+// price in currency at today's rate.
 #pragma once
 
 #include <optional>
@@ -9,7 +9,7 @@
 
 namespace velmar {
 
-/// Which articles get new prices. What the scope asks for may be missing as long as a user has not chosen.
+/// The articles to update. The value for the scope may be missing while the user has not chosen one.
 struct PricedArticles {
   enum class Scope { All, Family, Article };
 
@@ -21,12 +21,12 @@ struct PricedArticles {
 /// Throws RuleError, naming the column, when the family or the article of the scope is missing.
 void requireChosen(const PricedArticles& articles);
 
-/// Sets the mark-up, and from it and the cost all sale prices, that in currency included, in one statement;
-/// gives the number of articles. Throws RuleError when the choice or the percent is missing.
+/// Sets the mark-up and all sale prices, also in currency, from mark-up and cost, in one statement; returns
+/// the number of articles. Throws RuleError when the choice or the percentage is missing.
 int updatePricesByMarkup(const PricedArticles& articles, const std::optional<Decimal>& percent);
 
-/// Sets the prices in lei, and the mark-up that they mean, from the price in currency at today's rate of
-/// `currency`, whatever the currency of an article; one statement, gives the number of articles. Throws
+/// Sets the prices in lei, and the resulting mark-up, from the price in currency at today's rate of
+/// `currency`, whatever the currency of an article, in one statement; returns the number of articles. Throws
 /// RuleError when the choice or the rate is missing.
 int updatePricesByRate(const PricedArticles& articles, const QString& currency);
 

@@ -33,7 +33,7 @@ struct Field {
   const char* column;
 };
 
-// By their position among the boxes txtCamp.
+// Indexed by the number of the box txtCamp.
 const Field kFields[] = {{"Cod", "CODART"},
                          {"Cod produs furnizor", "CODPRODFUR"},
                          {"Denumire 1", "DENART"},
@@ -65,7 +65,7 @@ enum FieldIndex {
   kCurrencyPrice
 };
 
-// What a code may not hold is swallowed, the rest is upper case.
+// Rejects characters that are not allowed in a code and converts the others to upper case.
 class CodeKeys : public QValidator {
  public:
   using QValidator::QValidator;
@@ -116,7 +116,7 @@ QLineEdit* ArticleCard::textField(QFormLayout* rows, int index) {
 }
 
 NumberBox* ArticleCard::numberField(QFormLayout* rows, int index) {
-  // Quantities are shown as they stand, amounts with two decimals.
+  // Quantities are shown as stored, amounts with two decimals.
   const int decimals = index == kStock ? -1 : 2;
   auto* box = card_.add(kFields[index].column,
                         named(new NumberBox(decimals), QStringLiteral("txtCamp(%1)").arg(index)));
@@ -124,7 +124,7 @@ NumberBox* ArticleCard::numberField(QFormLayout* rows, int index) {
   return box;
 }
 
-// A box for a code with the list that offers the codes by name beside it.
+// A box for a code with a list of the names beside it.
 SearchCombo* ArticleCard::listFor(QFormLayout* rows, int index, const QString& name, const QString& kind) {
   const Field& field = kFields[index];
   const int width = companyTable("G_ARTMAG").column(field.column)->width;
@@ -329,7 +329,7 @@ QWidget* ArticleCard::entryOf(const QString& column) const {
   return card_.control(column);
 }
 
-// Enter in a price also offers it as the price of the hearing device.
+// Enter in a price also proposes it as the price of the hearing device.
 bool ArticleCard::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();

@@ -1,4 +1,4 @@
-// The details of one article on screen: its boxes, the frames that its stock opens and closes, its prices.
+// The details of one article: its boxes, the frames enabled depending on its stock, its prices.
 #pragma once
 
 #include <QWidget>
@@ -24,20 +24,20 @@ class ArticleCard : public QWidget {
   /// Binds its controls to the columns of G_ARTMAG in `card`.
   explicit ArticleCard(Card& card);
 
-  /// The record (none for a new article) now stands in the card.
+  /// To be called after the record (null for a new article) has been shown in the card.
   void recordShown(const Row* record);
-  /// To be called once Enter moves on from box to box.
+  /// To be called after Enter has been set up to move from box to box.
   void watchPrices();
-  /// Reads suppliers, families and currencies anew.
+  /// Reads suppliers, families and currencies again.
   void refreshLists();
-  /// The unit that new articles start with: "Buc", or the last one typed.
+  /// Sets the default unit of new articles: "Buc", or the last one typed.
   void resetUnit();
 
-  /// Recalculates the prices from the one that is worked on.
+  /// Recalculates the prices from the edited one.
   void recalculate();
-  /// What the card says of the article, its currency of purchase included where it is asked for.
+  /// The article as entered, with its currency (`CODDEVIZA`) if it has prices in currency.
   Row article() const;
-  /// Where the column is entered.
+  /// The control in which the column is entered.
   QWidget* entryOf(const QString& column) const;
 
  protected:

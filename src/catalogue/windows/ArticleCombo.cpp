@@ -37,7 +37,7 @@ ArticleCombo::ArticleCombo(const QString& name, const ArticleList& list, QWidget
   search({});
 }
 
-// The rows change under what is being typed, which the combo box would empty.
+// Replaces the rows but keeps the typed text, which the combo box would clear.
 void ArticleCombo::search(const QString& typed) {
   const QSignalBlocker quiet(this);
   const int cursor = lineEdit()->cursorPosition();

@@ -1,5 +1,5 @@
-// A combo box of articles that searches while one types, by name, code or supplier's code: it holds the first
-// matches only, so that it opens at once however large the catalogue.
+// A combo box of articles that searches by name, code or supplier's code during typing. It contains only the
+// first matches, so that it opens quickly with a large catalogue.
 #pragma once
 
 #include <QComboBox>
@@ -15,11 +15,11 @@ class ArticleCombo : public QComboBox {
  public:
   ArticleCombo(const QString& name, const ArticleList& list, QWidget* parent = nullptr);
 
-  /// Code of the article that was picked, or whose name or code stands typed; "" when that is none.
+  /// The code of the selected article, or of the one whose name or code was typed; "" when there is none.
   QString code() const;
-  /// Empties the text; the list shows the first articles again.
+  /// Clears the text; the list shows the first articles again.
   void clearChoice();
-  /// Drops the list; the focus stays in the text, so that one can go on typing.
+  /// Opens the list; the focus remains in the text, so that typing can continue.
   void drop();
 
  private:

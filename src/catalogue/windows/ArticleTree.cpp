@@ -11,7 +11,8 @@ namespace velmar {
 
 namespace {
 
-// What a node knows of itself: the root, a family, or from here on an article by the row of its family.
+// The internal id of a node: the root, a family, or from kFirstArticles on an article (with its family's
+// row).
 constexpr quintptr kRoot = 0;
 constexpr quintptr kFamily = 1;
 constexpr quintptr kFirstArticles = 2;

@@ -1,5 +1,5 @@
-// The tree of families with their articles. A family's articles are read when it is opened, so that the tree
-// stands at once over a large catalogue.
+// The tree of families with their articles. A family's articles are read when it is expanded, so that the
+// tree opens quickly with a large catalogue.
 #pragma once
 
 #include <optional>
@@ -16,7 +16,7 @@ class ArticleTree : public QAbstractItemModel {
   explicit ArticleTree(QObject* parent = nullptr);
 
   QModelIndex root() const { return index(0, 0); }
-  /// The article's node, whose family is read for it; invalid when the article lies in no family.
+  /// The article's node; reads its family. Invalid when the article has no family.
   QModelIndex nodeOf(const QString& article);
 
   static Node kindOf(const QModelIndex& node);
@@ -42,7 +42,7 @@ class ArticleTree : public QAbstractItemModel {
     qint64 code = 0;
     QString name;
     bool hasArticles = false;
-    std::optional<std::vector<Article>> articles;  ///< nothing until they are read
+    std::optional<std::vector<Article>> articles;  ///< empty until they are read
   };
 
   const Family& familyOf(const QModelIndex& node) const;

@@ -46,7 +46,7 @@ void CatalogueForm::setCatalogue(const QList<GridColumn>& columns, const ListQue
   auto* open = new QShortcut(QKeySequence(Qt::Key_Return), grid);
   open->setContext(Qt::WidgetShortcut);
   connect(open, &QShortcut::activated, this, [this] {
-    // After a deletion or an addition the card is empty; the row that is marked is the one to be opened.
+    // After a deletion or an addition the card is empty; the selected row is the one to open.
     if (isNew() && !card().isChanged())
       guarded(objectName(), "RowColChange", [this] { showRecord(list()->currentRecord()); });
     bringCard();
@@ -73,7 +73,7 @@ void CatalogueForm::layOut(const Pages& pages) {
   auto* all = new QVBoxLayout(this);
   all->addWidget(tabs_, 1);
   all->addLayout(commandRow(pages.commands));
-  // Enter on the last field of the card goes to what stores it.
+  // Enter on the last field of the card moves to the button that stores it.
   QList<QPushButton*> chain = pages.commands;
   chain.removeIf([this](QPushButton* button) { return navigation_.contains(button); });
   chain += navigation_;

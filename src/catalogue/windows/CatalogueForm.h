@@ -1,5 +1,5 @@
-// What the two catalogues, articles and partners, share beyond other lists: a tab for the list with search by
-// first letters and filter, a tab for the card, steps through the records, the count of what is shown.
+// Common base of the two catalogues, articles and partners: a tab for the list with a prefix search and a
+// filter, a tab for the card, navigation through the records, the number of records shown.
 #pragma once
 
 #include "store/Filter.h"
@@ -18,37 +18,37 @@ class CatalogueForm : public ListForm {
  protected:
   CatalogueForm(const QString& name, const QString& title, QWidget* parent);
 
-  /// The card shows what another workstation has stored, and so does `shown`, the record as it was shown: a
-  /// second saving goes through.
+  /// Shows the values that another workstation has stored, in the card and in `shown` (the record as it was
+  /// shown), so that a second save succeeds.
   void showConflict(const ChangedMeanwhile& conflict, Row& shown);
-  /// The list: what it reads, its key, its order, and the condition that holds beside the filter's.
+  /// Sets the list: its query, key, order, and the condition that applies in addition to the filter.
   void setCatalogue(const QList<GridColumn>& columns, const ListQuery& query, const QString& keyField,
                     const QString& order, const Condition& always, const QSet<QString>& tables);
-  /// What the window is made of, besides the list.
+  /// The parts of the window besides the list.
   struct Pages {
     QString listTitle;
     QWidget* searchRow;
     QList<FilterField> filter;
-    QString nameColumn;               ///< the filter asks for it first
-    QWidget* aboveList = nullptr;     ///< stands between filter and list
+    QString nameColumn;               ///< the first column of the filter
+    QWidget* aboveList = nullptr;     ///< placed between filter and list
     QString countCaption, countName;  ///< of the number of rows
     QString cardTitle;
     QWidget* cardPage;
     QList<QPushButton*> commands;
   };
-  /// Builds the window: the list's tab with search and filter, the card's tab, the commands.
+  /// Builds the window: the list tab with search and filter, the card tab, the commands.
   void layOut(const Pages& pages);
   /// The box txtCautare; Enter in it runs `search`.
   QLineEdit* searchField(KeyFilter::Options keys, std::function<void()> search);
 
   QString searchText() const;
 
-  /// Shows what the filter says.
+  /// Shows the records that match the filter.
   void cauta();
-  /// As cauta(), at the user's command.
+  /// As cauta(), on the user's command.
   void askedSearch();
-  /// Shows the records of the condition in that order, whatever their kind; without any the list stays, and
-  /// it gives false.
+  /// Shows the records that match the condition, of any kind, in that order. If there are none, the list does
+  /// not change and the result is false.
   bool showFound(const Condition& condition, const QString& order);
   WhereBuilder* filter() const { return filter_; }
 
@@ -58,7 +58,7 @@ class CatalogueForm : public ListForm {
   bool onCard() const;
   void bringCard();
   void bringList();
-  /// Another tab came to the front.
+  /// Called when another tab is shown.
   virtual void tabChanged() {}
 
   QWidget* searchBox() override;
@@ -74,7 +74,7 @@ class CatalogueForm : public ListForm {
   Condition condition_;
   QString defaultOrder_;
   QString order_;
-  std::unique_ptr<RowSource> found_;  ///< rows that have just been read for the list
+  std::unique_ptr<RowSource> found_;  ///< rows just read for the list
   QTabWidget* tabs_;
   WhereBuilder* filter_;
   QLineEdit* txtCautare_ = nullptr;

@@ -47,7 +47,7 @@ FrmActPretVanz::FrmActPretVanz(QWidget* parent) : QWidget(parent) {
 }
 
 QGroupBox* FrmActPretVanz::articleFrame() {
-  // Its letter would be that of a menu.
+  // No access key: it would be that of a menu.
   auto* frame = named(new QGroupBox(QStringLiteral("Articole")), "fraSelArt");
   optToateArt_ = named(new QRadioButton(QStringLiteral("&Toate")), "optToateArt");
   optFamilie_ = named(new QRadioButton(QStringLiteral("Familie")), "optFamilie");

@@ -1,4 +1,4 @@
-// The bulk update of sale prices: which articles, and by what.
+// The bulk update of sale prices.
 #pragma once
 
 #include <QWidget>

@@ -214,7 +214,7 @@ void frmArticole::add() {
   addArticle(article);
   cauta();
   if (list()->selectRecord("CODART", article.text("CODART"))) return;
-  // The filter leaves the new article out.
+  // The filter excludes the new article.
   filter()->clear();
   cauta();
   list()->selectRecord("CODART", article.text("CODART"));
@@ -284,7 +284,7 @@ void frmArticole::exportHtml() {
   Mesaj(QStringLiteral("Fisierul HTM a fost creat cu succes in directorul: ") + folder);
 }
 
-// Each time the window comes to the front, other windows may have added suppliers and families.
+// Other windows may have added suppliers and families meanwhile.
 void frmArticole::showEvent(QShowEvent* event) {
   CatalogueForm::showEvent(event);
   auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget());

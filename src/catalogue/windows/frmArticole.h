@@ -1,4 +1,4 @@
-// The catalogue of articles: the list, one article's details, and what is made from chosen articles.
+// The catalogue of articles: the list, an article's details, and the exports of chosen articles.
 #pragma once
 
 #include "catalogue/windows/CatalogueForm.h"

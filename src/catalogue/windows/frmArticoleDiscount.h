@@ -1,4 +1,4 @@
-// The quantity bands of articles and families: a tree to choose from, the bands of what is chosen beside it.
+// The quantity bands of articles and families: a tree of both and the bands of the selected node.
 #pragma once
 
 #include <optional>
@@ -25,7 +25,7 @@ class frmArticoleDiscount : public QWidget {
  public:
   explicit frmArticoleDiscount(QWidget* parent = nullptr);
 
-  /// Stores the band in the boxes; true on success, else the reason has been shown.
+  /// Stores the band in the boxes; returns false after showing the reason if that fails.
   bool Salveaza();
 
  private:
@@ -41,11 +41,11 @@ class frmArticoleDiscount : public QWidget {
   void add();
   void remove();
   void apply();
-  /// Runs what the editor may refuse; shows the reason, the bands as they stand and the box at fault.
+  /// Runs an operation of the editor; if it throws, shows the reason, the current bands and the box at fault.
   template <typename Work>
   bool attempt(Work&& work);
 
-  std::optional<DiscountBands> editor_;  ///< nothing while the root is chosen
+  std::optional<DiscountBands> editor_;  ///< empty while the root is selected
   ArticleTree* nodes_;
   QTreeView* treeArticole_;
   ArticleCombo* search_;

@@ -25,10 +25,10 @@ const QStringList kAccountColumns = {"CONTSTOCMARFA", "CONTCHELT", "CONTVEN", "C
 const QStringList kAccountCaptions = {"Cont stoc marfa", "Cont cheltuieli", "Cont venituri",
                                       "Cont stoc productie"};
 
-// A class that the company has not set takes all accounts.
+// If the company has not set a class, all accounts match.
 QString classDigit(int digit) { return digit == 0 ? QString() : QString::number(digit); }
 
-// The classes of accounts that each of the four is chosen from.
+// The account classes offered for each of the four accounts.
 QList<QStringList> accountClasses() {
   const QString stock = classDigit(session().STOC);
   const QString expense = classDigit(session().Chelt);

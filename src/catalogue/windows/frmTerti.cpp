@@ -36,7 +36,7 @@ struct CardField {
   const char* column;
 };
 
-// By their position among the boxes txtFields.
+// Indexed by the number of the box txtFields.
 const CardField kFields[] = {{"Cod", "COD"},        {"Nume", "NUME"},
                              {"Tip", "TIP"},        {"Cod fiscal", "CODFISCAL"},
                              {"Adresa ", "AD"},     {"Cod postal", "CP"},
@@ -194,7 +194,7 @@ QComboBox* frmTerti::kindList() {
   return list;
 }
 
-// The letter of the chosen kind, never seen.
+// The letter of the chosen kind, always hidden.
 void frmTerti::kindLetter(QWidget* parent) {
   auto* letter = named(new QLineEdit(parent), QStringLiteral("txtFields(%1)").arg(kKind));
   letter->hide();
@@ -204,7 +204,7 @@ void frmTerti::kindLetter(QWidget* parent) {
   follow();
 }
 
-// Above the rest: a name of full length needs the room.
+// On its own line, since a name of full length needs the width.
 QWidget* frmTerti::headLine() {
   auto* head = new QWidget;
   auto* line = new QHBoxLayout(head);

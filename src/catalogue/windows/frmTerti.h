@@ -1,4 +1,4 @@
-// The partners: customers or suppliers, each with its card.
+// The list of customers or suppliers, with the partner's card.
 #pragma once
 
 #include <optional>
@@ -21,7 +21,7 @@ class frmTerti : public CatalogueForm {
   /// `TipTert` is "C" for the list of customers, "F" for that of suppliers.
   frmTerti(const QString& TipTert, QWidget* parent = nullptr);
 
-  /// Opens an empty card; the code of the partner that is added from it is handed over.
+  /// Opens an empty card; `taken` receives the code of the partner that is added.
   void addFor(std::function<void(const QString& code)> taken);
 
  protected:
@@ -59,7 +59,7 @@ class frmTerti : public CatalogueForm {
   QList<QPushButton*> listCommands_;
 };
 
-/// The factories of the two menus.
+/// Factories for the two menu commands.
 QWidget* makeCustomers(QWidget* parent);
 QWidget* makeSuppliers(QWidget* parent);
 
