@@ -12,7 +12,7 @@ constexpr int kPriceDigits = 8;
 constexpr int kQuantityDigits = 9;
 constexpr int kAdvertisingWidth = 22;
 
-// A longer number would push all that follows it out of its place.
+// A longer number would shift all following fields of the line.
 QByteArray numberField(const Decimal& value, int digits, const ReceiptLine& line) {
   const QByteArray field = fixedNumber(value, 0, digits);
   if (field.size() > digits || value.isNegative())
@@ -44,7 +44,7 @@ void CasaComandaMarcat2::addArticle(CommandFile& file, const ReceiptLine& line) 
 ReceiptResult CasaComandaMarcat2::GenereazaBon(const std::vector<ReceiptLine>& lines) {
   EroareCasa = false;
   if (lines.empty() || FileName.isEmpty()) return ReceiptResult::NotPrinted;
-  int number = 0;  // of the line that is being made
+  int number = 0;  // of the line being written
   const auto generator = [&] {
     CommandFile file;
     file << "KARAT"

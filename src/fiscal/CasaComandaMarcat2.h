@@ -1,5 +1,5 @@
-// The register ACTIVA: a command file in the form "KARAT", and a batch file whose exit code tells whether the
-// register was ready.
+// Driver of the fiscal register ACTIVA: a command file in the format "KARAT", and a batch file whose exit
+// code reports whether the register was ready.
 #pragma once
 
 #include "fiscal/CommandFile.h"
@@ -10,8 +10,8 @@ namespace velmar {
 class CasaComandaMarcat2 {
  public:
   QString FPRWINPath;       ///< the batch file
-  bool EroareCasa = false;  ///< after GenereazaBon: it did not print, as far as is known
-  int COM = 0;              ///< the port; the program knows it by itself
+  bool EroareCasa = false;  ///< after GenereazaBon: not known to have printed
+  int COM = 0;              ///< the port; not used, the program has its own setting
   QString FileName;         ///< the command file
   int DecimalPoint = 0;     ///< decimals of prices
   int CotaTVA = 0;          ///< percent
@@ -22,8 +22,8 @@ class CasaComandaMarcat2 {
   void addTextPublicitar(const QString& text);
   void resetTextPublicitar() { advertising_.clear(); }
 
-  /// Prints; waits for the register. Prices count in ten-thousandths of a leu, quantities in whole pieces
-  /// (halves to the even one). What goes wrong is told to the user.
+  /// Prints and waits for the register. Prices are in ten-thousandths of a leu, quantities in whole pieces
+  /// (rounded half to even). Errors are shown to the user.
   ReceiptResult GenereazaBon(const std::vector<ReceiptLine>& lines);
 
  private:

@@ -9,15 +9,14 @@ namespace {
 
 constexpr int kCurrency = 4;  // decimals
 
-// The discounted price, where there is one.
+// The discounted price, if there is one.
 Decimal priceOf(const ReceiptLine& line) {
   const Decimal net = Round(line.ValoareFTCuDiscount, kCurrency);
   return net.isZero() ? Round(line.PRETFT, kCurrency) : net;
 }
 
-// The register's program leaves it behind when the register did not print; it stands until someone removes
-// it.
-bool errorFileStands() { return fileStands(onDrive(QStringLiteral("OPTYKEY/Erori.txt"))); }
+// The register's program writes the error file when the register did not print, and does not remove it.
+bool errorFileExists() { return fileExists(onDrive(QStringLiteral("OPTYKEY/Erori.txt"))); }
 
 }  // namespace
 
@@ -29,7 +28,7 @@ void CasaDeMarcat_OPTIMA::setTextPublicitar(const QString& text1, const QString&
 ReceiptResult CasaDeMarcat_OPTIMA::GenereazaComanda(const std::vector<ReceiptLine>& lines) {
   EroareCasa = false;
   if (lines.empty() || FileName.isEmpty()) return ReceiptResult::NotPrinted;
-  int number = 0;  // of the line that is being made
+  int number = 0;  // of the line being written
   const auto generator = [&] {
     CommandFile file;
     file << "1";
@@ -47,7 +46,7 @@ ReceiptResult CasaDeMarcat_OPTIMA::GenereazaComanda(const std::vector<ReceiptLin
     file.write(FileName);
     requireProgram(DatPrintPath,
                    QStringLiteral("Va rog instalati programul OPTIKEY asociat cu casa de marcat!"));
-    return runRegister(DatPrintPath, errorFileStands);
+    return runRegister(DatPrintPath, errorFileExists);
   };
   const ReceiptResult result = generated(generator, [&number](const QString& error) {
     return reportOf(error, QStringLiteral("GenereazaComanda"), QStringLiteral("CasaDeMarcat_OPTIMA"), number);

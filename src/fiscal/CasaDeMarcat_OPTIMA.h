@@ -1,5 +1,5 @@
-// The register OPTIMA: a command file, and a program whose exit code and file of errors tell whether the
-// register printed.
+// Driver of the fiscal register OPTIMA: a command file, and a program whose exit code and error file report
+// whether the register printed.
 #pragma once
 
 #include "fiscal/CommandFile.h"
@@ -10,20 +10,20 @@ namespace velmar {
 class CasaDeMarcat_OPTIMA {
  public:
   int CotaTVA = 0;          ///< percent
-  QString DatPrintPath;     ///< the outside program
+  QString DatPrintPath;     ///< the register's program
   QString FileName;         ///< the command file
   int NrCaractere = 0;      ///< width of a name; 0: the usual 20
-  bool EroareCasa = false;  ///< after GenereazaComanda: it did not print, as far as is known
+  bool EroareCasa = false;  ///< after GenereazaComanda: not known to have printed
   int DecimalPoint = 0;     ///< decimals of prices
 
   /// Number of advertising lines.
   int NrLinii() const { return advertising_.count(); }
-  /// Keeps the line; this register prints no advertising.
+  /// Stores the line, which is not printed by this register.
   void setTextPublicitar(const QString& text1, const QString& text2, const QString& text3,
                          const QString& text4, const QString& text5);
 
-  /// Prints; waits for the register. Prices count in ten-thousandths of a leu, quantities in whole pieces
-  /// (halves to the even one). What goes wrong is told to the user.
+  /// Prints and waits for the register. Prices are in ten-thousandths of a leu, quantities in whole pieces
+  /// (rounded half to even). Errors are shown to the user.
   ReceiptResult GenereazaComanda(const std::vector<ReceiptLine>& lines);
 
  private:

@@ -15,10 +15,10 @@ const QString kModule = QStringLiteral("ComandaCasaMarcat");
 constexpr int kDatecsName = 22;  // characters
 constexpr int kHelpMicroName = 24;
 
-// Both registers take prices in whole bani.
+// Both registers accept prices in whole bani.
 Decimal registerPrice(const ReceiptLine& line) { return Round(line.PRETFT, 2); }
 
-// The commands of a line, made by `build`; an error in it is told with the number of the line.
+// The commands of a line, as returned by `build`; adds the line number to its errors.
 template <typename Build>
 QByteArray lineCommand(int number, Build&& build) {
   try {

@@ -1,4 +1,5 @@
-// The registers Datecs and Help Micro: a command file, and a program that is started and not waited for.
+// Drivers of the fiscal registers Datecs and Help Micro: a command file, and a program that is started
+// without waiting for its end.
 #pragma once
 
 #include "fiscal/CommandFile.h"
@@ -10,10 +11,10 @@ class ComandaCasaMarcat {
  public:
   int CotaTVA = 0;       ///< percent
   bool Card = false;     ///< paid by card
-  QString DatPrintPath;  ///< the outside program
+  QString DatPrintPath;  ///< the register's program
   QString FileName;      ///< the command file
 
-  /// `decimals`: those of prices with VAT.
+  /// `decimals`: the decimals of prices with VAT.
   explicit ComandaCasaMarcat(int decimals) : decimals_(decimals) {}
 
   /// Number of advertising lines.
@@ -21,10 +22,10 @@ class ComandaCasaMarcat {
   void setTextPublicitar(const QString& text1, const QString& text2, const QString& text3,
                          const QString& text4, const QString& text5);
 
-  /// Prints on Datecs. What goes wrong is told to the user.
+  /// Prints on Datecs. Errors are shown to the user.
   ReceiptResult GenereazaComanda(const std::vector<ReceiptLine>& lines);
 
-  /// Prints on Help Micro, in the folder of its program. What goes wrong is told to the user.
+  /// Prints on Help Micro, in the folder of its program. Errors are shown to the user.
   ReceiptResult GenereazaComanda_PARTNER(const std::vector<ReceiptLine>& lines);
 
  private:

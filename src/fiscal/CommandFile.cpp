@@ -11,7 +11,7 @@ namespace velmar {
 namespace {
 
 const QByteArray kLineEnd = QByteArrayLiteral("\r\n");
-constexpr char32_t kAscii = 0x80;  // below it all characters are themselves
+constexpr char32_t kAscii = 0x80;  // characters below are the same in Windows-1250
 
 // The characters of the bytes from 0x80 on; 0 where there is none.
 constexpr char16_t kUpperHalf[] = {
@@ -27,7 +27,7 @@ constexpr char16_t kUpperHalf[] = {
     0x0151, 0x00F6, 0x00F7, 0x0159, 0x016F, 0x00FA, 0x0171, 0x00FC, 0x00FD, 0x0163, 0x02D9};
 static_assert(std::size(kUpperHalf) == 0x80);
 
-// Romanian is written with a comma below; Windows-1250 has these letters with a cedilla alone.
+// Romanian uses letters with a comma below; Windows-1250 has them only with a cedilla.
 char32_t withCedilla(char32_t character) {
   switch (character) {
     case 0x0218:
@@ -61,9 +61,9 @@ QByteArray commandText(const QString& text) {
 
 QByteArray commandField(const QString& text) { return commandText(text).replace(';', ','); }
 
-int nameWidth(int given) {
+int nameWidth(int width) {
   constexpr int kUsual = 20;
-  return given > 0 ? given : kUsual;
+  return width > 0 ? width : kUsual;
 }
 
 QByteArray fixedNumber(const Decimal& value, int decimals, int digits) {
@@ -88,7 +88,7 @@ CommandFile& CommandFile::operator<<(const QByteArray& line) {
 
 void CommandFile::write(const QString& path) const {
   QSaveFile file(path);
-  file.setDirectWriteFallback(true);  // the drive's own folder is often closed, the file in it open
+  file.setDirectWriteFallback(true);  // the root of the drive is often not writable, but the file in it is
   if (!file.open(QIODevice::WriteOnly) || file.write(text_) != text_.size() || !file.commit())
     throw notWritten(file);
 }

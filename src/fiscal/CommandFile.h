@@ -1,5 +1,5 @@
-// The file that tells a fiscal register what to print: lines in Windows-1250, ended by CR LF, numbers with a
-// decimal point.
+// The command file of a fiscal register: lines in Windows-1250 that end with CR LF, numbers with a decimal
+// point.
 #pragma once
 
 #include <QByteArray>
@@ -9,38 +9,38 @@
 
 namespace velmar {
 
-/// The text, a byte a character: letters with a comma below get a cedilla, "?" for what Windows-1250 lacks, a
-/// blank for control characters.
+/// The text in Windows-1250, one byte per character: letters with a comma below get a cedilla, characters
+/// that do not exist there become "?", control characters become blanks.
 QByteArray commandText(const QString& text);
 
-/// As commandText(), for a field between semicolons: those of the text become commas.
+/// As commandText(), for a field between semicolons: semicolons in the text become commas.
 QByteArray commandField(const QString& text);
 
-/// The width of a name on paper: 20 where none is given.
-int nameWidth(int given);
+/// The width of a name on paper; the default, for 0, is 20.
+int nameWidth(int width);
 
-/// Rounded to `decimals` places, which are all written; zeros in front up to `digits` digits before the
-/// point, none for a value below 1 when `digits` is 0.
+/// The value rounded to exactly `decimals` places, with leading zeros up to `digits` digits before the point;
+/// with `digits` 0, a value below 1 begins with the point.
 QByteArray fixedNumber(const Decimal& value, int decimals, int digits);
 
-/// As short as it goes: "12.5", "0.5", "3".
+/// Without trailing zeros: "12.5", "0.5", "3".
 QByteArray shortNumber(const Decimal& value);
 
-/// A price with VAT of that percent, rounded.
+/// The price plus VAT, rounded.
 Decimal withVat(const Decimal& price, int percent, int decimals);
 
 /// Collects lines and writes them at once.
 class CommandFile {
  public:
   CommandFile& operator<<(const QByteArray& line);
-  /// Replaces the file: wholly or not at all, where its folder takes new files. Throws StoreError.
+  /// Replaces the file, atomically if its folder is writable. Throws StoreError.
   void write(const QString& path) const;
 
  private:
   QByteArray text_;
 };
 
-/// The lines of advertising at the end of a receipt, which are set before it is printed.
+/// The advertising lines at the end of a receipt; to be set before printing.
 class Advertising {
  public:
   void add(const QByteArray& line);

@@ -14,7 +14,7 @@ namespace velmar {
 
 namespace {
 
-/// A register and where its files lie: paths below the drive, or names in the program's folder.
+/// A register and its files: paths on the drive, or names in the program's folder.
 struct RegisterFacts {
   char letter;
   const char* name;
@@ -96,7 +96,7 @@ const RegisterFacts& registerOf(const QString& letter) {
 
 QString missingCommandFile(const QString& letter) {
   const RegisterFacts& facts = registerOf(letter);
-  if (fileStands(facts.commandPath())) return {};
+  if (fileExists(facts.commandPath())) return {};
   return QStringLiteral("Programul de comunicatie cu casa de marcat %1 nu este instalat")
       .arg(QString::fromLatin1(facts.name));
 }

@@ -25,7 +25,7 @@ QString reportOf(const QString& error, const QString& procedure, const QString& 
 }
 
 void requireProgram(const QString& path, const QString& missing) {
-  if (path.isEmpty() || !fileStands(path)) throw RuleError(missing, {}, kInformation);
+  if (path.isEmpty() || !fileExists(path)) throw RuleError(missing, {}, kInformation);
 }
 
 ReceiptResult startRegister(const OutsideCommand& command, const QString& missing) {

@@ -1,22 +1,22 @@
-// Where the files of the registers' programs lie. Their makers tell paths of Windows, which names files
-// without regard to case: so are they found here, in the spelling in which they stand.
+// Paths of the files of the registers' programs. Their makers specify Windows paths, which are case
+// insensitive; they are resolved here to the actual spelling on disk.
 #pragma once
 
 #include <QString>
 
 namespace velmar {
 
-/// The path of a file below `folder` ("Program Files/Help Micro/Fiscal Printer/vsu.exe"): the spelling told
-/// where it stands so, else that of the file that stands. What stands in no spelling keeps the one told.
+/// The path of a file below `folder` ("Program Files/Help Micro/Fiscal Printer/vsu.exe"): the exact spelling
+/// if it exists, else an existing spelling. Parts that do not exist are kept as given.
 QString outsidePath(const QString& folder, const QString& file);
 
-/// A file that is told as lying on drive C:, below settings::driveFolder().
+/// The path of a file specified as on drive C:, which is settings::driveFolder().
 QString onDrive(const QString& file);
 
-/// A file that is told as lying in the program's folder, `gCaleAplicatie`.
+/// The path of a file in the program's folder, `gCaleAplicatie`.
 QString inProgramFolder(const QString& file);
 
-/// Whether a file, and no folder, stands at the path.
-bool fileStands(const QString& path);
+/// Whether the path is an existing file, not a folder.
+bool fileExists(const QString& path);
 
 }  // namespace velmar

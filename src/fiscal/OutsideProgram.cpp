@@ -22,8 +22,7 @@ void prepare(QProcess& process, const OutsideCommand& command) {
   process.setStandardErrorFile(QProcess::nullDevice());
 }
 
-// A QProcess takes its program along when it goes: these stay until theirs have ended, at the longest as long
-// as this process.
+// The destructor of QProcess kills the program, so the object is kept until the program has ended.
 void letGo(std::unique_ptr<QProcess> process) {
   static auto* const running = new QSet<QProcess*>;
   QProcess* left = process.release();

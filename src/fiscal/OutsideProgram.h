@@ -1,5 +1,5 @@
-// A program of a register's maker. It has neither input nor output of ours, and works on when we let go of
-// it.
+// Runs an external program of a register's maker, without input and output. It continues when it is no longer
+// waited for.
 #pragma once
 
 #include <memory>
@@ -13,21 +13,21 @@ namespace velmar {
 struct OutsideCommand {
   QString program;  ///< its path
   QStringList arguments;
-  QString folder;  ///< where it works
+  QString folder;  ///< working directory
 };
 
-/// Starts the program and lets go of it; gives false when it cannot be started.
+/// Starts the program detached; returns false when it cannot be started.
 bool startOutside(const OutsideCommand& command);
 
 class OutsideProgram : public QObject {
   Q_OBJECT
  public:
-  /// Starts it; one that cannot be started has ended.
+  /// Starts the program; if it cannot be started, hasEnded() is true.
   explicit OutsideProgram(const OutsideCommand& command);
   ~OutsideProgram() override;
 
   bool hasEnded() const;
-  /// Whether it ended by itself with exit code 0.
+  /// Whether it ended normally with exit code 0.
   bool hasSucceeded() const;
 
  signals:
@@ -37,10 +37,10 @@ class OutsideProgram : public QObject {
   std::unique_ptr<QProcess> process_;
 };
 
-/// What became of a program that was waited for.
+/// The result of waiting for a program.
 enum class OutsideEnd { Succeeded, Failed, GivenUp };
 
-/// Starts the program and waits by registerWait() until it has ended.
+/// Starts the program and waits with registerWait() for its end.
 OutsideEnd runOutside(const OutsideCommand& command);
 
 }  // namespace velmar

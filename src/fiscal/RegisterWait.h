@@ -1,4 +1,4 @@
-// How the core waits for a register. It asks through RegisterWait; the windows show frmAsteptare meanwhile.
+// The interface by which the core waits for a register; the user interface shows frmAsteptare meanwhile.
 #pragma once
 
 namespace velmar {
@@ -8,15 +8,14 @@ class OutsideProgram;
 class RegisterWait {
  public:
   virtual ~RegisterWait() = default;
-  /// Returns when the program has ended, or the user has given up. The event loop runs meanwhile.
+  /// Runs the event loop until the program has ended or the user has given up.
   virtual void wait(OutsideProgram& program) = 0;
 };
 
-/// Makes `wait` the one that is asked and gives the one before it; null means none, and then a register that
-/// must be waited for throws std::logic_error.
+/// Sets the instance in use and returns the previous one; may be null.
 RegisterWait* setRegisterWait(RegisterWait* wait);
 
-/// The one that is asked. Throws std::logic_error when there is none.
+/// The instance in use. Throws std::logic_error when there is none.
 RegisterWait& registerWait();
 
 }  // namespace velmar

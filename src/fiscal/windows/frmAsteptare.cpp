@@ -28,24 +28,24 @@ QLabel* paragraph(const QString& text, const QString& name) {
   return label;
 }
 
-// Tells how long the register has been waited for.
+// Shows how long the program has been waiting.
 QLabel* stopwatch(QObject* owner) {
   auto* label = named(new QLabel, "lblTimp");
   QElapsedTimer since;
   since.start();
-  const auto tell = [label, since] {
+  const auto showTime = [label, since] {
     label->setText(
         QStringLiteral("Timp de asteptare: %1 s").arg((kMoment + since.elapsed()) / std::milli::den));
   };
   auto* second = new QTimer(owner);
-  QObject::connect(second, &QTimer::timeout, label, tell);
+  QObject::connect(second, &QTimer::timeout, label, showTime);
   second->start(std::chrono::seconds(1));
-  tell();
+  showTime();
   return label;
 }
 
-// Waits a moment with living windows that take no input. The property counts work that goes on without the
-// user: who watches the program sees it busy.
+// Waits while windows repaint but accept no input. The property counts work in progress, for tests that wait
+// until the program is idle.
 void waitAMoment(OutsideProgram& program) {
   constexpr const char* kBusy = "busy";
   const Hourglass hourglass;
@@ -64,7 +64,7 @@ frmAsteptare::frmAsteptare(OutsideProgram& program, QWidget* parent) : QDialog(p
   setObjectName("frmAsteptare");
   setWindowTitle("Casa de marcat");
   auto* cmdRenunta = makeButton("cmdRenunta", "Renunta", "Nu mai astepta casa de marcat (Esc)", "exit");
-  // Enter, held down from before, must not give up.
+  // Enter that is still held down must not give up.
   cmdRenunta->setAutoDefault(false);
   connect(cmdRenunta, &QPushButton::clicked, this, &QDialog::reject);
   connect(&program, &OutsideProgram::ended, this, &QDialog::accept);

@@ -1,4 +1,4 @@
-// Stands while a fiscal register prints, and lets the user give up waiting.
+// The dialog shown while a fiscal register prints; the user can give up waiting.
 #pragma once
 
 #include <QDialog>
@@ -10,11 +10,11 @@ namespace velmar {
 class frmAsteptare : public QDialog {
   Q_OBJECT
  public:
-  /// Closes by itself, accepted, when the program ends.
+  /// Accepts itself when the program ends.
   explicit frmAsteptare(OutsideProgram& program, QWidget* parent = nullptr);
 };
 
-/// Shows frmAsteptare over the window that is active, when a register takes longer than a moment.
+/// Shows frmAsteptare over the active window when a register needs longer than a second.
 class WindowRegisterWait : public RegisterWait {
  public:
   void wait(OutsideProgram& program) override;
