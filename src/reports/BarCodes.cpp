@@ -11,7 +11,7 @@ namespace {
 constexpr qsizetype kLongest = 80;  // characters
 constexpr qsizetype kEanDigits = 13;
 
-bool canSay(BarCodeType type, const QString& text) {
+bool isEncodable(BarCodeType type, const QString& text) {
   if (text.isEmpty() || text.size() > kLongest) return false;
   if (type == BarCodeType::Code128)
     return std::all_of(text.begin(), text.end(),
@@ -23,7 +23,7 @@ bool canSay(BarCodeType type, const QString& text) {
 }  // namespace
 
 QBitArray barModules(BarCodeType type, const QString& text) {
-  if (!canSay(type, text)) return {};
+  if (!isEncodable(type, text)) return {};
   const std::unique_ptr<zint_symbol, decltype(&ZBarcode_Delete)> symbol(ZBarcode_Create(), ZBarcode_Delete);
   if (!symbol) return {};
   symbol->symbology = type == BarCodeType::Ean13 ? BARCODE_EANX : BARCODE_CODE128;

@@ -1,4 +1,4 @@
-// Bar codes as bars and gaps.
+// Encodes texts as bar codes.
 #pragma once
 
 #include <QBitArray>
@@ -8,11 +8,11 @@
 
 namespace velmar::layout {
 
-/// The modules of the code from left to right, set where there is ink; empty for a text that the code cannot
-/// say. An EAN-13 takes 12 digits, or 13 with the right check digit.
+/// The modules of the code from left to right, a set bit for a bar; empty for a text that cannot be encoded.
+/// An EAN-13 needs 12 digits, or 13 with the correct check digit.
 QBitArray barModules(BarCodeType type, const QString& text);
 
-/// What stands below the code: an EAN-13 with its check digit.
+/// The text below the code: an EAN-13 with its check digit.
 QString barText(BarCodeType type, const QString& text);
 
 }  // namespace velmar::layout

@@ -20,7 +20,7 @@ int placeIn(const QStringList& names, const QString& name) {
 }
 
 const clsFieldVarDescription* extraNamed(const ReportValues& values, const QString& name) {
-  // The last one of a name is the one that holds.
+  // Of several values with the same name the last one is used.
   const auto found = std::find_if(values.crbegin(), values.crend(), [&name](const auto& each) {
     return each.name.compare(name, Qt::CaseInsensitive) == 0;
   });
@@ -69,7 +69,7 @@ QVariant Evaluation::take(const Source& source, const Place& place) const {
     case Origin::Field: {
       if (place.line < 0 || place.line >= lineCount()) return {};
       const Row& row = data_.fields->row(place.line);
-      // The list may give its columns in another order than they are named here.
+      // The columns of the row source may be in another order than `fieldNames`.
       const QString& name = data_.fieldNames[source.place];
       return row.has(name) ? row.value(name) : QVariant();
     }

@@ -16,7 +16,7 @@ namespace velmar::layout {
 
 namespace {
 
-/// Takes the attributes of an element into the members that describe() names.
+/// Reads the attributes of an element into the members listed by describe().
 class AttributeReader {
  public:
   explicit AttributeReader(const QXmlStreamReader& xml) : xml_(xml), attributes_(xml.attributes()) {}
@@ -74,7 +74,7 @@ class AttributeReader {
       fail(QStringLiteral("\"%1\" trebuie sa fie o culoare #RRGGBB").arg(QLatin1String(name)));
   }
 
-  /// Refuses what describe() did not name: a misspelt attribute must not be lost in silence.
+  /// Throws for attributes not listed by describe(): a misspelt attribute must not be ignored.
   void finish() const {
     for (const QXmlStreamAttribute& attribute : attributes_)
       if (!taken_.contains(attribute.qualifiedName().toString()))
@@ -98,7 +98,7 @@ class AttributeReader {
   QStringList taken_;
 };
 
-/// Collects the members that describe() names as texts.
+/// Collects the members listed by describe() as texts.
 class AttributeTexts {
  public:
   void field(const char* name, const QString& value) { texts.emplace_back(QLatin1String(name), value); }
@@ -117,7 +117,7 @@ class AttributeTexts {
   std::vector<std::pair<QString, QString>> texts;
 };
 
-// The reader's own sentences are English.
+// The messages of QXmlStreamReader are in English.
 QString xmlReason(const QXmlStreamReader& xml) {
   constexpr std::pair<const char*, const char*> kReasons[] = {
       {"Start tag expected", "lipseste elementul de inceput"},
@@ -135,7 +135,7 @@ QString xmlReason(const QXmlStreamReader& xml) {
              : QStringLiteral("fisierul nu este scris corect");
 }
 
-/// The element of an object, by the place of its kind in Object::content.
+/// The element names of objects, by the index of the alternative in Object::content.
 constexpr std::array kObjectElements = {"text", "line", "box", "picture", "barcode", "table"};
 
 class Reader {
@@ -184,7 +184,7 @@ class Reader {
     return object;
   }
 
-  /// Gives the object what the current element stands for.
+  /// Sets the object's content according to the current element.
   bool makeContent(Object& object) const {
     const auto element =
         std::find_if(kObjectElements.begin(), kObjectElements.end(),
@@ -247,7 +247,7 @@ class Reader {
     return row;
   }
 
-  /// An element without others inside.
+  /// An element without child elements.
   template <typename Part>
   Part readLeaf() {
     Part part;
@@ -321,7 +321,7 @@ class Writer {
     xml_.writeEndElement();
   }
 
-  /// Only what differs from a new part: what a layout says stays readable.
+  /// Writes only what differs from the defaults, to keep the file readable.
   template <typename Part>
   void writeAttributes(Part part) {
     Part fresh;

@@ -12,11 +12,11 @@ namespace velmar::layout {
 
 namespace {
 
-constexpr double kLeastSize = 1;      // of an object that is no line
+constexpr double kLeastSize = 1;      // of an object other than a line
 constexpr double kLeastCell = 1;      // width and height
 constexpr double kUsualCell = 25;     // width
 constexpr double kPasteDistance = 5;  // to the right and down
-constexpr double kSlack = 1e-6;       // what binary arithmetic leaves
+constexpr double kSlack = 1e-6;       // tolerance for floating-point errors
 
 double rounded(double value) {
   constexpr double kPerMillimetre = 1000;
@@ -48,7 +48,7 @@ void setFrame(Object& object, double left, double top, double width, double heig
   object.frame = QRectF(rounded(left), rounded(top), rounded(width), rounded(height));
 }
 
-// How far a stretch may move so that it stays within 0 and `room`; one that is outside may come nearer.
+// The move, limited so that the interval remains within 0 and `room`; one outside can only move closer.
 double withinRoom(double by, double low, double high, double room) {
   const double least = std::min(0.0, -low);
   const double most = std::max(0.0, room - high);
@@ -59,7 +59,7 @@ void moveAll(Layout& layout, const Parts& parts, QPointF by) {
   QRectF all;
   for (const Part& part : parts) {
     const QRectF& frame = objectAt(layout, part).frame;
-    // QRectF unites no frames without area, which lines have.
+    // QRectF::united() ignores frames without area, which lines have.
     all = all.isNull() && part == parts.front()
               ? frame
               : QRectF(QPointF(std::min(all.left(), frame.left()), std::min(all.top(), frame.top())),
@@ -76,7 +76,7 @@ void moveAll(Layout& layout, const Parts& parts, QPointF by) {
 
 double leastSize(const Object& object) { return kindOf(object) == Kind::Line ? 0 : kLeastSize; }
 
-// Where the far end of a side comes to: on the sheet, and no nearer to the other side than `least`.
+// The new position of a dragged side: on the sheet, and at least `least` from the opposite side.
 double draggedEnd(double fixed, double old, double wanted, double least, double room) {
   return std::max(fixed + least, std::min(wanted, std::max(room, old)));
 }
@@ -97,7 +97,7 @@ void sizeObject(const Page& page, Object& object, int sides, const QPointF& by, 
 
 double cellSize(double size) { return rounded(std::clamp(size, kLeastCell, kLargestSheet)); }
 
-// Cells that stand under one another keep one width.
+// Cells in the same column have the same width.
 void setCellWidth(Layout& layout, const Part& part, double width) {
   const double before = cellAt(layout, part).width;
   const size_t cells = rowAt(layout, part).cells.size();
@@ -184,7 +184,7 @@ QSizeF usualSize(const Layout& layout, Kind kind) {
   return {40, 20};
 }
 
-// A frame that a hand drew too small, or none at all, becomes one that can be seen and stands on the sheet.
+// Replaces a frame that is empty or too small by a visible one on the sheet.
 QRectF usableFrame(const Layout& layout, Kind kind, const QRectF& drawn) {
   QRectF frame = drawn;
   const bool isClick = frame.width() < kLeastSize && frame.height() < kLeastSize;
@@ -215,7 +215,7 @@ double freeWidth(const Object& object, const TableRow& row) {
   return width;
 }
 
-// A cell that goes in at that place of a row: it looks as its neighbour does.
+// A new cell for that position of a row, formatted as its neighbour.
 Cell cellBeside(const Object& object, const TableRow& row, int place) {
   Cell cell;
   cell.borders = {true, true, true, true};
@@ -239,7 +239,7 @@ void insertCell(TableRow& row, int place, Cell cell) {
                    std::move(cell));
 }
 
-// The other rows of a table that go with a row: columns run through them.
+// The other rows of a table that share their columns with the row.
 std::vector<int> rowsAlike(const Table& table, int row) {
   const size_t cells = table.rows[static_cast<size_t>(row)].cells.size();
   std::vector<int> rows;
@@ -279,7 +279,7 @@ Part insertName(Layout& layout, const clsFieldVarDescription& name, const Part& 
   return {row.object, row.row, std::clamp(place, 0, static_cast<int>(target.cells.size()) - 1)};
 }
 
-// The row that takes the columns of the data: the Line row of a table that was meant as a whole.
+// The row to which columns of the data are added: for a table, its Line row.
 Part lineRow(Layout& layout, const Part& part) {
   if (part.row >= 0) return {part.object, part.row, -1};
   const Table& table = tableAt(layout, part);
@@ -306,7 +306,7 @@ Parts addObjects(Layout& layout, std::vector<Object> objects) {
   return added;
 }
 
-bool standsAt(const Layout& layout, const QPointF& place) {
+bool hasObjectAt(const Layout& layout, const QPointF& place) {
   return std::any_of(layout.objects.begin(), layout.objects.end(),
                      [&place](const Object& object) { return object.frame.topLeft() == place; });
 }
@@ -339,7 +339,7 @@ void move(Layout& layout, const Parts& parts, const QPointF& by, const Grid& gri
   const Parts objects = objectsOf(layout, parts);
   if (objects.empty()) return;
   const QPointF corner = objectAt(layout, objects.front()).frame.topLeft();
-  // What is not moved in a direction stays off the grid there.
+  // A direction without a move does not snap to the grid.
   const auto way = [&grid](double place, double distance) {
     return distance == 0 ? 0 : grid.snapped(place + distance) - place;
   };
@@ -377,7 +377,7 @@ void nudgeSize(Layout& layout, const Parts& parts, int wider, int higher, bool f
   for (size_t i = 0; i < parts.size(); ++i) {
     if (parts[i].isPage() || !has(layout, parts[i])) continue;
     const QRectF frame = frameOf(layout, parts[i]);
-    if (frame.size() != before[i]) continue;  // a cell that has gone with another of its column or row
+    if (frame.size() != before[i]) continue;  // a cell resized together with another of its column or row
     size(layout, parts[i], sides, {way(frame.right(), wider), way(frame.bottom(), higher)}, off);
   }
 }
@@ -482,7 +482,7 @@ Part addRow(Layout& layout, const Part& part, RowRole role) {
   const auto line = std::find_if(table.rows.begin(), table.rows.end(), isLine);
   TableRow row;
   row.role = role;
-  // Totals stand under the columns that they belong to.
+  // Totals are below their columns.
   if (line != table.rows.end()) {
     requireRoom(table, line->cells.size() + 1);
     for (const Cell& model : line->cells) {
@@ -519,7 +519,7 @@ Part moveCell(Layout& layout, const Part& cell, int by) {
 
 Parts remove(Layout& layout, Parts parts) {
   parts = existing(layout, parts);
-  // From the end, so that the places of those before it stay.
+  // From the end, so that preceding positions remain valid.
   const auto key = [](const Part& part) { return std::array{part.object, part.row, part.cell}; };
   std::sort(parts.begin(), parts.end(), [&key](const Part& a, const Part& b) { return key(a) > key(b); });
   parts.erase(std::unique(parts.begin(), parts.end()), parts.end());
@@ -559,7 +559,7 @@ Parts paste(Layout& layout, const QByteArray& text) {
   if (from.objects.empty())
     throw RuleError(QStringLiteral("Nu este copiat niciun obiect de raport."), {}, kInformation);
   QPointF by;
-  while (standsAt(layout, from.objects.front().frame.topLeft() + by) && by.x() < kLargestSheet)
+  while (hasObjectAt(layout, from.objects.front().frame.topLeft() + by) && by.x() < kLargestSheet)
     by += QPointF(kPasteDistance, kPasteDistance);
   Layout changed = layout;
   const Parts added = addObjects(changed, std::move(from.objects));

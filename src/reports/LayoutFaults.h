@@ -1,5 +1,5 @@
-// What is wrong with a layout, told with its place, so that the designer can lead its user there. None of it
-// is an obstacle to saving.
+// Finds the faults of a layout with their positions, so that the designer can go to them. Faults do not
+// prevent saving.
 #pragma once
 
 #include <QStringList>
@@ -13,12 +13,12 @@ struct Fault {
   Part part;
   QString property;  ///< name as in LayoutProperties.h; empty: the part as a whole
   QString text;      ///< "Numele CLENT nu este definit"
-  int column = 0;    ///< of the formula, from 1; 0 when no place is known
+  int column = 0;    ///< in the formula, from 1; 0 if unknown
 
   bool operator==(const Fault&) const = default;
 };
 
-/// Names that formulas may speak of: of the data, of the table's sums, and those that every report has.
+/// Names that formulas may use: those of the data, of the table's sums, and the predefined ones.
 class KnownNames {
  public:
   KnownNames(const Layout& layout, const ReportValues& variables, const ReportValues& fields);
@@ -28,15 +28,15 @@ class KnownNames {
   QStringList names_;  ///< in upper case, sorted
 };
 
-/// In the order in which the parts are drawn: broken formulas, unknown names, what stands outside the sheet
-/// or does not fit into its table, rows of groups that are not there.
+/// In drawing order: invalid formulas, unknown names, parts outside the sheet or too large for their table,
+/// rows of groups that do not exist.
 std::vector<Fault> faultsOf(const Layout& layout, const KnownNames& names);
 
 /// "Text CLIENT, Formula, coloana 5: ...".
 QString textOf(const Layout& layout, const Fault& fault);
 
-/// The place in a text of that line and column, both from 1; the end of a shorter line, 0 where nothing is
-/// known.
+/// The offset of a line and column (both from 1) in a text; the end of the line if it is shorter, 0 if the
+/// line is unknown.
 int placeIn(const QString& text, int line, int column);
 
 }  // namespace velmar::layout

@@ -15,7 +15,7 @@ const Table* tableOf(const Layout& layout, const Part& part) {
 
 const TableRow& rowOf(const Table& table, int row) { return table.rows[static_cast<size_t>(row)]; }
 
-// Rows may reach over the frame of their table.
+// Rows may extend beyond the frame of their table.
 QRectF wholeFrame(const Object& object) {
   QRectF frame = object.frame;
   if (const auto* table = std::get_if<Table>(&object.content)) {
@@ -37,12 +37,12 @@ Part partInTable(const Layout& layout, int object, const QPointF& place) {
     const QRectF& at = each.frame;
     const bool within =
         place.x() >= at.left() && place.x() < at.right() && place.y() >= at.top() && place.y() < at.bottom();
-    if (within) found = each.part;  // a cell comes behind its row
+    if (within) found = each.part;  // a cell follows its row
   }
   return found;
 }
 
-// All places that Tab stops at, in their order, beginning at `from`'s kind: objects, or the cells of a table.
+// The tab order: objects, or the cells of a table when `from` is a cell.
 Parts stopsOf(const Layout& layout, const Part& from) {
   Parts stops;
   const Table* table = tableOf(layout, from);
@@ -141,7 +141,7 @@ Part partAt(const Layout& layout, const QPointF& place, double tolerance, bool i
     const Object& object = layout.objects[static_cast<size_t>(i)];
     const QRectF frame = wholeFrame(object);
     if (!frame.adjusted(-tolerance, -tolerance, tolerance, tolerance).contains(place)) continue;
-    // What stands inside a frame without a filling can be reached through it.
+    // Parts inside a box without a fill can be selected through it.
     const auto* box = std::get_if<Box>(&object.content);
     const QRectF inner = frame.adjusted(tolerance, tolerance, -tolerance, -tolerance);
     if (box && box->fill.isEmpty() && inner.isValid() && inner.contains(place)) continue;

@@ -1,12 +1,12 @@
-// The parts of a layout that can be chosen: the page, its objects, and the rows and cells of its table; where
-// they stand on the sheet while the layout is drawn.
+// The parts of a layout that can be selected (the page, its objects, the rows and cells of its table) and
+// their positions on the sheet in the designer.
 #pragma once
 
 #include "reports/Layout.h"
 
 namespace velmar::layout {
 
-/// By places: which object, which row of it, which cell of that. Without an object it is the page.
+/// Indices of the object, its row and the cell of that row. Without an object it is the page.
 struct Part {
   int object = -1;
   int row = -1;
@@ -21,9 +21,9 @@ struct Part {
 
 using Parts = std::vector<Part>;
 
-/// Whether the layout has that part.
+/// Whether the part exists in the layout.
 bool has(const Layout& layout, const Part& part);
-/// The parts that the layout has of these.
+/// Those of the parts that exist in the layout.
 Parts existing(const Layout& layout, const Parts& parts);
 
 /// The kinds of objects in the order of Object::content.
@@ -34,35 +34,35 @@ Kind kindOf(const Object& object);
 QString kindName(Kind kind);
 /// "Antet de grupa", ...
 QString roleName(RowRole role);
-/// How messages and lists call a part: "Text CLIENT", "Tabel LINII, rand 2 (Linie), celula 3".
+/// The name of a part in messages and lists: "Text CLIENT", "Tabel LINII, rand 2 (Linie), celula 3".
 QString nameOf(const Layout& layout, const Part& part);
 
-/// The rows of a table in the order in which the roles come on paper.
+/// The rows of a table in the order of their roles on paper.
 std::vector<int> rowsInOrder(const Table& table);
 
-/// The rows of a table and behind each its cells: rows below one another from the top of their table, as high
-/// as they are at least. Nothing for an object that is no table.
+/// The rows of a table, each followed by its cells: one below the other from the top of the table, with their
+/// minimum heights. Empty for any other object.
 struct PlacedPart {
   Part part;
   QRectF frame;
 };
 std::vector<PlacedPart> placesIn(const Layout& layout, int object);
 
-/// Where a part stands; the page is the whole sheet.
+/// The frame of a part; for the page, the whole sheet.
 QRectF frameOf(const Layout& layout, const Part& part);
 
-/// What stands at that place: the topmost object whose frame, widened by `tolerance` mm, holds it; `inside`
-/// looks for the row or cell of a table as well. The page when nothing does.
+/// The part at that position: the topmost object whose frame, enlarged by `tolerance` mm, contains it, and
+/// with `inside` the row or cell of a table. The page if there is none.
 Part partAt(const Layout& layout, const QPointF& place, double tolerance, bool inside);
 
-/// The objects that lie wholly in the rectangle.
+/// The objects entirely within the rectangle.
 Parts objectsIn(const Layout& layout, const QRectF& area);
 
-/// The part that Tab goes to: the next object, or the next cell of its table; `step` is 1 or -1.
+/// The next part in tab order: the next object, or the next cell of its table; `step` is 1 or -1.
 Part nextPart(const Layout& layout, const Part& from, int step);
 
-/// The cell in that direction within the table (columns to the right, rows downwards); the same where there
-/// is none.
+/// The cell in that direction within the table (columns to the right, rows downwards); `cell` if there is
+/// none.
 Part neighbour(const Layout& layout, const Part& cell, int right, int down);
 
 }  // namespace velmar::layout

@@ -1,4 +1,4 @@
-// What can be told of a part of a layout, as its user reads and types it.
+// The properties of the parts of a layout, as the user reads and types them.
 #pragma once
 
 #include <QStringList>
@@ -7,25 +7,26 @@
 
 namespace velmar::layout {
 
-/// How a property is typed.
+/// How a property is entered.
 enum class PropertyKind { Text, Formula, Number, Choice, Colour, Font };
 
 struct Property {
   QString name;     ///< as in the file
   QString caption;  ///< "Latime (mm)"
   PropertyKind kind = PropertyKind::Text;
-  QString value;        ///< as it is typed
+  QString value;        ///< in the form in which it is typed
   QStringList choices;  ///< of PropertyKind::Choice
 };
 
-/// What these parts have in common; a value in which they differ is empty.
+/// The properties common to these parts; a value is empty if they differ in it.
 std::vector<Property> propertiesOf(const Layout& layout, const Parts& parts);
 
-/// Gives all these parts what was typed for the property. Throws RuleError when it does not fit, and then the
-/// layout stays as it was.
+/// Sets the property of all these parts to the typed value. Throws RuleError when it is not valid; the layout
+/// is then unchanged.
 void setProperty(Layout& layout, const Parts& parts, const QString& name, const QString& typed);
 
-/// A sum of a table as it is typed: "TOTAL = Cant * Pret", with its group "TOTAL [1] = Cant * Pret".
+/// A sum of a table in the form in which it is typed: "TOTAL = Cant * Pret", with a group "TOTAL [1] = Cant *
+/// Pret".
 QString textOf(const Sum& sum);
 /// Throws RuleError.
 Sum sumFrom(const QString& typed);

@@ -8,9 +8,9 @@ namespace velmar {
 
 namespace {
 
-constexpr int kRowsLookedAt = 50;  // for a value that tells a column's type
+constexpr int kRowsLookedAt = 50;  // rows searched for a value that determines the type of a column
 
-/// The columns of a list, then the values besides them.
+/// The columns of a list, then the additional values.
 template <typename RowAt>
 ReportValues defined(const QStringList& columns, int rows, RowAt rowAt, const ReportValues& extra) {
   ReportValues all;

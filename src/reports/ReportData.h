@@ -1,4 +1,4 @@
-// What a report prints from: named variables for a page, named fields for a line.
+// The data of a report: named variables for a page, named fields for a line.
 #pragma once
 
 #include <memory>
@@ -14,15 +14,15 @@ namespace velmar {
 enum class LLTip : unsigned {
   Number = 0x8000000,
   Date = 0x4000008,  ///< a number of this type is a date serial: days since 30 December 1899
-  Day = 0x4000003,   ///< days counted from the day 0 of date serials
+  Day = 0x4000003,   ///< days since day 0 of date serials
   Boolean = 0x2000000,
   Text = 0x10000000
 };
 
-/// The type code of a value of that type, null or not.
+/// The type code for values of that type, also null ones.
 LLTip GetLLTip(QMetaType type);
 
-/// One named value besides the record sets'.
+/// One named value in addition to those of the record sets.
 struct clsFieldVarDescription {
   QString name;
   LLTip type = LLTip::Text;
@@ -31,24 +31,24 @@ struct clsFieldVarDescription {
 
 using ReportValues = std::vector<clsFieldVarDescription>;
 
-/// The value with the type that its own type has.
+/// The value with the type code of its type.
 clsFieldVarDescription described(const QString& name, const QVariant& value);
 
-/// The value as formulas take it: a serial becomes its date.
+/// The value for formulas: a date serial becomes a date.
 QVariant reportValue(const clsFieldVarDescription& described);
 
-/// What a report is given: everything is optional.
+/// The input of a report; everything is optional.
 struct ReportData {
-  Recordset variables;  ///< a page group for each row; its columns are variables
+  Recordset variables;  ///< one page group per row; its columns are variables
   bool hasVariables = false;
-  std::shared_ptr<const RowSource> fields;  ///< a line for each row; nullptr: a report without lines
-  QStringList fieldNames;                   ///< of `fields`, also where it has no row
-  ReportValues extraVariables;              ///< one of a column's name stands in its place
+  std::shared_ptr<const RowSource> fields;  ///< one line per row; nullptr: a report without lines
+  QStringList fieldNames;                   ///< of `fields`, even if it has no rows
+  ReportValues extraVariables;              ///< override columns of the same name
   ReportValues extraFields;
 };
 
-/// The names that a layout may speak of, in order, with their types and the values of the first row. What the
-/// first rows leave open is a text.
+/// The names available to a layout, in order, with their types and the values of the first row. A type that
+/// the first rows do not determine is Text.
 ReportValues definedVariables(const ReportData& data);
 ReportValues definedFields(const ReportData& data);
 

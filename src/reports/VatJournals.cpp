@@ -11,8 +11,8 @@ namespace velmar {
 
 namespace {
 
-// %1: the statement of the documents; %2: their order, which the numbers follow; %3: the sign of a document.
-// The first value is the starting number.
+// %1: the query of the documents; %2: the order in which they are numbered; %3: the sign of a document. The
+// first value is the starting number.
 const QString kNumbered = QStringLiteral(
     "SELECT ROW_NUMBER() OVER (ORDER BY %2) - 1 + ? AS NRC, D.*, "
     "%3 * COALESCE(D.TOTALFT, 0) AS BAZA, %3 * COALESCE(D.TOTALTVA, 0) AS TVA, "

@@ -13,7 +13,7 @@ const QColor kFrameColour(0xb0, 0xb8, 0xc4);
 const QColor kFaultColour(0xc0, 0x20, 0x20);
 const QColor kGridColour(0xd8, 0xdc, 0xe4);
 
-// What stands for the value of a formula: the formula itself, a mere text without its quotes.
+// The text shown instead of the value of a formula: the formula itself, or a text literal without its quotes.
 QString shownFor(const QString& formula) {
   static const QRegularExpression kMereText(QStringLiteral("^\\s*\"([^\"\\\\]*)\"\\s*$"));
   const QRegularExpressionMatch match = kMereText.match(formula);
@@ -26,12 +26,12 @@ QPen cosmetic(const QColor& colour, qreal width = 1, Qt::PenStyle style = Qt::So
   return pen;
 }
 
-// The digits that a bar code shows where its value is not known.
+// Sample digits for a bar code whose value is unknown.
 QString sampleFor(const BarCode& code) {
   return code.type == BarCodeType::Ean13 ? QStringLiteral("5901234123457") : QStringLiteral("0123456789");
 }
 
-// A formula is no number: one that is too long ends in dots.
+// A formula is not a number: one that is too long ends with dots.
 TextStyle plain(TextStyle style) {
   style.format = Format::Text;
   return style;
@@ -82,7 +82,7 @@ void DesignPainter::paintSheet() {
                                      page.height - page.top - page.bottom}));
 }
 
-// Lines where they can be told from one another: at least so many pixels apart.
+// Draws lines only if they are far enough apart to be distinguished.
 void DesignPainter::paintGrid() {
   constexpr double kLeastDistance = 6;
   double step = view_.grid.step;
@@ -160,7 +160,7 @@ void DesignPainter::paintTable(int place, const Object&, const Table& table) {
   }
 }
 
-// The frames of rows and cells, and beside each row what it is for.
+// The frames of rows and cells, and beside each row its role.
 void DesignPainter::paintRoles(int place, const Table& table) {
   QFont small = painter_.font();
   small.setPointSizeF(7);
@@ -207,7 +207,7 @@ void DesignPainter::paintChosen() {
     painter_.setPen(cosmetic(accent, view_.hasFocus ? 2 : 1));
     painter_.setBrush(Qt::NoBrush);
     painter_.drawRect(frame);
-    // The measure for the others is told from them by full handles.
+    // The reference for the others is marked with solid handles.
     painter_.setPen(cosmetic(accent));
     painter_.setBrush(std::exchange(first, false) ? accent : QColor(Qt::white));
     for (const auto& [sides, at] : handlesOf(frame, part)) {
@@ -256,7 +256,7 @@ void DesignPainter::paintRulers() {
   painter_.fillRect(QRect(all.left(), all.top(), kRulerSize, kRulerSize), view_.palette.window());
 }
 
-// Centimetres with their number, and millimetres where there is room.
+// Numbered centimetres, and millimetres if there is room.
 void DesignPainter::paintRuler(bool across) {
   constexpr int kCentimetre = 10;
   constexpr double kLeastDistance = 3;

@@ -1,5 +1,5 @@
-// Draws a layout as its designer sees it: the objects as on paper with their formulas in place of values, and
-// over them frames, grid, rulers, faults and what is chosen.
+// Draws a layout in the designer: the objects as on paper with their formulas in place of values, and over
+// them frames, grid, rulers, faults and the selection.
 #pragma once
 
 #include <optional>
@@ -13,24 +13,24 @@ namespace velmar::layout {
 inline constexpr int kRulerSize = 18;  ///< pixels
 inline constexpr int kHandleSize = 7;
 
-/// What is seen of a layout.
+/// The view of a layout.
 struct DesignView {
   const Layout& layout;
   const Parts& chosen;
   const Parts& faulty;
   Grid grid;
   QPointF origin;    ///< of the sheet, in pixels of the viewport
-  double scale = 1;  ///< pixels of a millimetre
+  double scale = 1;  ///< pixels per millimetre
   QRect viewport;
   QPalette palette;
   bool hasFocus = false;
-  std::optional<QRectF> band;     ///< of choosing or drawing, in millimetres
-  std::optional<QPointF> dropAt;  ///< where a dragged name would go
+  std::optional<QRectF> band;     ///< while selecting or drawing, in millimetres
+  std::optional<QPointF> dropAt;  ///< drop position of a dragged name
 };
 
 QRectF toPixels(const DesignView& view, const QRectF& frame);
 
-/// The sides that each handle of a frame drags, and where it is.
+/// The handles of a frame: the sides that each one drags and its position.
 std::vector<std::pair<int, QPointF>> handlesOf(const QRectF& pixels, const Part& part);
 
 class DesignPainter {

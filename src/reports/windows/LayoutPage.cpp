@@ -21,10 +21,10 @@ namespace {
 
 constexpr int kBorder = 14;       // pixels around the sheet
 constexpr int kDragDistance = 3;  // pixels after which a press is a drag
-constexpr double kTolerance = 3;  // pixels beside a frame that still belong to it
+constexpr double kTolerance = 3;  // pixels around a frame that count as part of it
 constexpr double kMillimetresPerInch = 25.4;
 
-// The names under which steps of one movement join.
+// The keys by which steps of one movement are merged.
 const QString kMoves = QStringLiteral("move");
 const QString kSizes = QStringLiteral("size");
 
@@ -98,7 +98,7 @@ void LayoutPage::setTool(const std::optional<Kind>& tool) {
 
 double LayoutPage::scale() const { return zoom_ * logicalDpiX() / kMillimetresPerInch; }
 
-// The sheet stands in the middle of a room that is larger.
+// Centres the sheet in a larger viewport.
 QPointF LayoutPage::origin() const {
   const QSizeF sheet = QSizeF(shown().page.width, shown().page.height) * scale();
   const auto start = [](int room, double length, int scrolled) {
@@ -182,7 +182,7 @@ void LayoutPage::focusOutEvent(QFocusEvent* event) {
   viewport()->update();
 }
 
-// A part whose formula does not fit into it is read in its tool tip.
+// The tool tip shows a formula that does not fit into its part.
 bool LayoutPage::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
   const auto* help = static_cast<QHelpEvent*>(event);
@@ -195,7 +195,7 @@ bool LayoutPage::isChosen(const Part& part) const {
   return std::find(state_.chosen.begin(), state_.chosen.end(), part) != state_.chosen.end();
 }
 
-// Within a table that is chosen already, a click chooses its row or cell.
+// Within a selected table a click selects its row or cell.
 bool LayoutPage::choosesInside() const {
   return !state_.chosen.empty() &&
          std::all_of(state_.chosen.begin(), state_.chosen.end(),
@@ -237,7 +237,7 @@ void LayoutPage::mousePressEvent(QMouseEvent* event) {
 
 void LayoutPage::pressOn(const Part& part, bool adds) {
   const bool isInside = choosesInside() && state_.chosen.front().object == part.object;
-  if (isInside && state_.chosen.front().row >= 0) return;  // the click decides, when it is over
+  if (isInside && state_.chosen.front().row >= 0) return;  // selected on release, if it is a click
   if (!adds) {
     if (!isChosen(part)) choose({part});
     return;
@@ -257,7 +257,7 @@ void LayoutPage::mouseMoveEvent(QMouseEvent* event) {
   if (gesture_ == Gesture::Press && way.manhattanLength() < kDragDistance) return;
   if (gesture_ == Gesture::Press) {
     gesture_ = sides_ != 0 ? Gesture::Size : (under_.isPage() ? Gesture::Band : Gesture::Move);
-    // A table is moved as a whole.
+    // Dragging a row or cell moves the whole table.
     if (gesture_ == Gesture::Move && !isChosen(under_)) choose({under_});
   }
   dragTo(place);
@@ -339,7 +339,7 @@ void LayoutPage::finish(const QPointF& place) {
   }
 }
 
-// A click that was no drag: on the free page it chooses the page, within a chosen table a row or cell.
+// A click without a drag: selects the page on free space, a row or cell within a selected table.
 void LayoutPage::clickedOn(const QPointF& place) {
   if (sides_ != 0) return;
   if (under_.isPage()) {
@@ -387,7 +387,7 @@ void LayoutPage::wheelEvent(QWheelEvent* event) {
   QAbstractScrollArea::wheelEvent(event);
 }
 
-// Tab goes from object to object; past the last one, as with an empty page, to the next control.
+// Tab moves from object to object; after the last one, or on an empty page, to the next control.
 bool LayoutPage::focusNextPrevChild(bool next) {
   if (!mayAct()) return true;
   const Part from = state_.chosen.empty() ? Part() : state_.chosen.front();
@@ -479,7 +479,7 @@ bool LayoutPage::commandKey(const QKeyEvent& event) {
   }
 }
 
-// One step outwards: from a gesture, a tool, a cell, its row, an object.
+// Leaves one level: a gesture, a tool, a cell, its row, an object.
 bool LayoutPage::escape() {
   if (gesture_ != Gesture::None) return cancelGesture(), true;
   if (tool_) return emit toolUsed(), true;
@@ -492,7 +492,7 @@ bool LayoutPage::escape() {
   return true;
 }
 
-// One step inwards: places what the tool draws, goes into a table, or types the part's formula.
+// Enters one level: places the tool's object, goes into a table, or edits the part's formula.
 bool LayoutPage::enter() {
   if (tool_) {
     emit changeWanted("Adaugare " + kindName(*tool_), {},

@@ -1,5 +1,5 @@
-// The page of a layout as it is drawn: to scale, with rulers and grid, worked with mouse and keyboard. What
-// is done here becomes a change of the layout, which its window makes.
+// The page of a layout in the designer: to scale, with rulers and grid, operated with mouse and keyboard.
+// Edits are emitted as changes that the window applies.
 #pragma once
 
 #include <optional>
@@ -9,7 +9,7 @@
 
 namespace velmar {
 
-/// Under which a name of the data is dragged.
+/// The MIME type of a dragged name of the data.
 inline constexpr const char* kNameMime = "application/x-velmar-name";
 
 class LayoutPage : public QAbstractScrollArea {
@@ -20,22 +20,22 @@ class LayoutPage : public QAbstractScrollArea {
   void setState(const layout::State& state);
   void setGrid(const layout::Grid& grid);
   const layout::Grid& grid() const { return grid_; }
-  /// Parts with faults, which are marked.
+  /// Marks the parts with faults.
   void setFaulty(const layout::Parts& parts);
-  /// 1: as large as on paper, as far as the screen tells.
+  /// 1: as large as on paper, by the resolution that the screen reports.
   void setZoom(double zoom);
   double zoom() const { return zoom_; }
-  /// The zoom at which the sheet is as wide as its room.
+  /// The zoom at which the sheet is as wide as the viewport.
   double fittingZoom() const;
-  /// What is drawn next; nothing: parts are chosen.
+  /// The kind of object drawn next; empty: parts are selected.
   void setTool(const std::optional<layout::Kind>& tool);
-  /// Asked before parts are chosen or changed: false while something typed is refused.
+  /// Called before parts are selected or changed; false while a typed value is refused.
   void setGate(std::function<bool()> mayAct) { mayAct_ = std::move(mayAct); }
 
-  /// A place of the sheet (millimetres) in the viewport, and back.
+  /// Converts a position on the sheet (millimetres) to the viewport, and back.
   Q_INVOKABLE QPointF toScreen(const QPointF& place) const;
   QPointF fromScreen(const QPointF& pixel) const;
-  /// A free place of the part of the sheet that can be seen, for what is added by keyboard.
+  /// A free position in the visible part of the sheet, for objects added with the keyboard.
   QPointF freePlace() const;
   void scrollToTop();
   /// Scrolls to the part.
@@ -43,10 +43,10 @@ class LayoutPage : public QAbstractScrollArea {
 
  signals:
   void chosen(const layout::Parts& parts);
-  /// A change of the layout is wanted; see layout::edited().
+  /// A change of the layout is requested; see layout::edited().
   void changeWanted(const QString& text, const QString& joins, const layout::Change& change);
   void nameDropped(const QString& name, const QPointF& place);
-  /// The part's most important property is to be typed.
+  /// Editing of the part's main property is requested.
   void editWanted();
   void copyWanted();
   void cutWanted();
@@ -78,7 +78,7 @@ class LayoutPage : public QAbstractScrollArea {
   /// What the mouse is doing between press and release.
   enum class Gesture { None, Press, Move, Size, Band, Draw };
 
-  double scale() const;  ///< pixels of a millimetre
+  double scale() const;  ///< pixels per millimetre
   const layout::Layout& shown() const { return draft_ ? *draft_ : *state_.layout; }
   bool mayAct() const { return !mayAct_ || mayAct_(); }
   bool isSingle() const { return state_.chosen.size() == 1; }
@@ -108,15 +108,15 @@ class LayoutPage : public QAbstractScrollArea {
   std::function<bool()> mayAct_;
 
   Gesture gesture_ = Gesture::None;
-  QPointF from_;      ///< where the mouse was pressed, in millimetres
-  QPoint fromPixel_;  ///< and in the viewport
+  QPointF from_;      ///< where the mouse button was pressed, in millimetres
+  QPoint fromPixel_;  ///< the same in the viewport
   layout::Part under_;
   bool adds_ = false;       ///< Ctrl was held
-  bool wasChosen_ = false;  ///< the part under the mouse, alone, before it was pressed
+  bool wasChosen_ = false;  ///< whether only the part under the mouse was selected before the press
   int sides_ = 0;
   QPointF now_;
   std::optional<QPointF> dropAt_;
-  std::optional<layout::Layout> draft_;  ///< the layout as the gesture would leave it
+  std::optional<layout::Layout> draft_;  ///< the layout that the gesture would result in
 };
 
 }  // namespace velmar

@@ -31,7 +31,7 @@ void LayoutText::markDamage(const layout::LayoutError& error) {
   line.format.setBackground(QColor(0xff, 0xe4, 0xe0));
   line.format.setProperty(QTextFormat::FullWidthSelection, true);
   place.cursor = cursor;
-  // The place is told behind what could not be read.
+  // The reported position is after the character that could not be read.
   place.cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
   place.format.setBackground(QColor(0xf0, 0x90, 0x80));
   setExtraSelections({line, place});

@@ -1,4 +1,4 @@
-// The text of a layout's file, with the place of its damage marked.
+// The text of a layout's file, with the position of an error marked.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -12,12 +12,12 @@ class LayoutText : public QPlainTextEdit {
  public:
   LayoutText();
 
-  /// Shows the text as unchanged; characters that a text cannot show are replaced.
+  /// Shows the text as unmodified; characters that cannot be displayed are replaced.
   void showText(const QString& text);
   bool isChanged() const { return document()->isModified(); }
-  /// The text was taken over as it stands.
+  /// Marks the current text as unmodified, after it has been applied.
   void accept();
-  /// Marks the place, brings it into sight and takes the focus.
+  /// Marks the position, scrolls to it and takes the focus.
   void markDamage(const layout::LayoutError& error);
 };
 

@@ -12,7 +12,7 @@ namespace velmar {
 
 namespace {
 
-// Layouts are changed rarely and by few: the command for it stays out of the way of the others.
+// Layouts are changed rarely and by few users, so their command is hidden at first.
 class DesignKey : public QObject {
  public:
   DesignKey(QPushButton* pressed, QPushButton* shown) : QObject(pressed), shown_(shown) {
@@ -40,7 +40,7 @@ QPushButton* command(QWidget* form, const QString& name, const QString& caption,
   return button;
 }
 
-// The engine's object for one run.
+// The report engine, prepared for one run.
 clsListLabel prepared(const PreparedReport& report, QWidget* form) {
   clsListLabel label(form);
   label.setFileName(report.file);

@@ -1,4 +1,5 @@
-// What listing and report forms end with: "Listare", "Proiectare", the way out, and what the first two do.
+// The buttons at the bottom of listing and report forms ("Listare", "Proiectare", exit) and the actions of
+// the first two.
 #pragma once
 
 #include <functional>
@@ -13,7 +14,8 @@ struct ListingActions {
   std::function<void()> design;
 };
 
-/// Makes cmdVisualizare, cmdDesign and cmdAnulare. cmdDesign shows once P has been pressed on cmdVisualizare.
+/// Creates cmdVisualizare, cmdDesign and cmdAnulare. cmdDesign is hidden until P is pressed on
+/// cmdVisualizare.
 QHBoxLayout* listingCommands(QWidget* form, const QString& exitCaption, const ListingActions& actions);
 
 /// A report with its layout.
@@ -22,10 +24,10 @@ struct PreparedReport {
   ReportData data;
 };
 
-/// The preview; before it, with a choice of the target, the print, which the user may give up without losing
-/// the preview.
+/// Shows the preview. With `choosesTarget`, first prints to the chosen target; if the user cancels that, the
+/// preview is still shown.
 void listReport(const PreparedReport& report, bool choosesTarget, QWidget* form);
-/// The printer.
+/// Prints the report.
 void printReport(const PreparedReport& report, QWidget* form);
 void designReport(const PreparedReport& report, QWidget* form);
 

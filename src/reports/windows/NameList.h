@@ -1,4 +1,4 @@
-// The names that a layout may speak of, with their types: dragged onto the page or sent there with Enter.
+// The names available to a layout, with their types: dragged onto the page or inserted with Enter.
 #pragma once
 
 #include <QTreeWidget>
@@ -15,18 +15,18 @@ class NameList : public QTreeWidget {
  public:
   explicit NameList(QWidget* parent = nullptr);
 
-  /// A part of the list: where its names come from ("document"), and the names.
+  /// Adds a section to the list: the origin of its names ("document"), and the names.
   void addNames(const QString& origin, const ReportValues& names);
-  /// Puts names of that origin in the place of those that stood there.
+  /// Replaces the names of that origin.
   void setNames(const QString& origin, const ReportValues& names);
-  /// Hides the names without that text.
+  /// Hides the names that do not contain the text.
   void filter(const QString& text);
   /// The current name, empty when there is none.
   QString currentName() const;
 
  signals:
-  /// The name was chosen with Enter or a double click; `joins`: it belongs into the formula of what is
-  /// chosen.
+  /// The name was chosen with Enter or a double click; `joins`: it is to be added to the formula of the
+  /// selected part.
   void nameWanted(const QString& name, bool joins);
 
  protected:

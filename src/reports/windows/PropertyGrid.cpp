@@ -117,7 +117,7 @@ PropertyGrid::PropertyGrid(const QString& form, QWidget* parent)
 }
 
 void PropertyGrid::show(const std::vector<Property>& properties) {
-  // An editor that is just handing its text over must not lose its row.
+  // An editor that is committing its text must keep its row.
   if (isEditing() && !properties_->hasSameNames(properties)) {
     later_ = properties;
     if (!std::exchange(waiting_, true)) QTimer::singleShot(0, this, &PropertyGrid::showLater);
@@ -132,7 +132,7 @@ void PropertyGrid::show(const std::vector<Property>& properties) {
 
 void PropertyGrid::showLater() {
   if (!std::exchange(waiting_, false)) return;
-  // The next cell may be open already: it is opened again where it then stands.
+  // The next cell may already be open: it is opened again at its new position.
   const bool wasEditing = isEditing();
   if (!commitPending()) return;
   const QString current = currentProperty();
@@ -163,7 +163,7 @@ QString PropertyGrid::currentProperty() const {
                                                                       : QString();
 }
 
-// What is chosen from a few can be typed by its beginning, or picked from the list that F4 drops.
+// A choice can be typed by its first letters, or picked from the list that F4 opens.
 QLineEdit* PropertyGrid::makeEditor(QWidget* parent, const QModelIndex& index) {
   QLineEdit* editor = EntryGrid::makeEditor(parent, index);
   editor->setMaxLength(layout::kLongestText);
@@ -191,12 +191,12 @@ QLineEdit* PropertyGrid::makeEditor(QWidget* parent, const QModelIndex& index) {
 }
 
 void PropertyGrid::take(QLineEdit* editor, const QModelIndex& index) {
-  // What the store does may show other properties: the name is taken before.
+  // Storing may replace the displayed properties: get the name first.
   const QString name = properties_->at(index).name;
   storeProperty_(name, editor->text());
 }
 
-// F4 opens a cell with its list.
+// F4 opens the cell and its list.
 void PropertyGrid::keyPressEvent(QKeyEvent* event) {
   const QModelIndex index = currentIndex();
   if (event->key() == Qt::Key_F4 && index.isValid()) {

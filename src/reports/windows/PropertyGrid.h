@@ -1,5 +1,5 @@
-// The properties of what is chosen in a layout, typed by keyboard. What is refused stays in its cell to be
-// mended.
+// The grid of the properties of the selected parts of a layout. A refused value remains in its cell for
+// correction.
 #pragma once
 
 #include "reports/LayoutProperties.h"
@@ -12,18 +12,18 @@ class PropertyModel;
 class PropertyGrid : public EntryGrid {
   Q_OBJECT
  public:
-  /// `form` names the window in error reports.
+  /// `form` is the window's name in error reports.
   explicit PropertyGrid(const QString& form, QWidget* parent = nullptr);
 
   void show(const std::vector<layout::Property>& properties);
 
-  /// Stores what was typed; throws to refuse it.
+  /// Stores a typed value; throws to refuse it.
   using StoreProperty = std::function<void(const QString& name, const QString& typed)>;
   void setStoreProperty(StoreProperty store) { storeProperty_ = std::move(store); }
 
-  /// Opens the cell of a property, with the cursor at that column (from 1) where one is told.
+  /// Opens the cell of a property, with the cursor at that column (from 1) if it is not 0.
   void editProperty(const QString& name, int column = 0);
-  /// The property that is current, empty when none is.
+  /// The current property; empty if there is none.
   QString currentProperty() const;
 
  protected:

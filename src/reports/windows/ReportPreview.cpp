@@ -50,7 +50,7 @@ ReportPreview::ReportPreview(QWidget* parent) : QWidget(parent) {
 
 void ReportPreview::setJob(std::unique_ptr<PrintJob> job, const QString& why) {
   job_ = std::move(job);
-  // A long report is shown as far as it is counted at once: the next change counts it anew.
+  // A long report is counted only for a limited time, since the next change starts the count again.
   if (job_) job_->countOn(kCountingTime);
   const int pages = job_ ? std::max(1, job_->knownPages()) : 0;
   {
@@ -96,7 +96,7 @@ void ReportPreview::showPage() {
   QPainter painter(&picture);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
                          QPainter::SmoothPixmapTransform);
-  sheet_->clear();  // a page that cannot be drawn must not look like the one before it
+  sheet_->clear();  // if the page cannot be drawn, the previous one must not remain
   paintSheet(painter, *job_, std::max(0, txtPagina_->value() - 1), dots);
   painter.end();
   picture.setDevicePixelRatio(devicePixelRatioF());

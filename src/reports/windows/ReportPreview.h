@@ -1,4 +1,4 @@
-// The pages of a report beside its designer: drawn with the data of the moment, the page that is looked at.
+// The preview in the designer: draws one page of the report with the current data.
 #pragma once
 
 #include <memory>
@@ -17,7 +17,7 @@ class ReportPreview : public QWidget {
  public:
   explicit ReportPreview(QWidget* parent = nullptr);
 
-  /// Shows the job's pages, the one looked at before where it still is; nullptr: `why` in their place.
+  /// Shows the job, at the page shown before if it still exists; for nullptr shows the text `why` instead.
   void setJob(std::unique_ptr<PrintJob> job, const QString& why = {});
 
  protected:

@@ -23,8 +23,8 @@ QString faultText(const QString& file, const layout::LayoutError& error) {
 }  // namespace
 
 void clsListLabel::setFileName(const QString& path) {
-  const QFileInfo told(QString(path).replace(u'\\', u'/'));
-  fileName_ = pathInFolder(told.path(), told.fileName());
+  const QFileInfo given(QString(path).replace(u'\\', u'/'));
+  fileName_ = pathInFolder(given.path(), given.fileName());
 }
 
 void clsListLabel::setFields(std::shared_ptr<const RowSource> rows, const QStringList& columns) {
@@ -70,7 +70,7 @@ bool clsListLabel::Print_Preview(Mode mode) {
     isLayoutDamaged_ = true;
     Mesaj(faultText(fileName_, error), kExclamation);
   } catch (const Cancelled&) {
-    // Given up in the middle: what follows this run, such as the preview behind the print, still comes.
+    // Cancelled: what follows this run, such as the preview after the print, still runs.
   }
   return false;
 }

@@ -1,5 +1,5 @@
-// The one class through which every printed document and every report passes: data and a layout in, pages or
-// the designer out.
+// Prints, previews or designs a document or report from its data and layout; all printing goes through this
+// class.
 #pragma once
 
 #include <QString>
@@ -14,36 +14,36 @@ class clsListLabel {
  public:
   /// What Print_Preview does.
   enum Mode {
-    Print = 256,          ///< the print options, then the printer
-    Preview = 512,        ///< the preview at once
-    PrintChoosing = 2048  ///< the print options with a choice of the target, then there
+    Print = 256,          ///< print options, then print
+    Preview = 512,        ///< preview without options
+    PrintChoosing = 2048  ///< print options with a choice of the target, then output there
   };
 
-  /// `parent`: the window over which dialogs stand.
+  /// `parent`: the parent window of the dialogs.
   explicit clsListLabel(QWidget* parent) : parent_(parent) {}
 
-  /// The project file, its whole path ("\" and "/" alike, found without regard to case).
+  /// The full path of the project file ("\" and "/" are equivalent, the search is case insensitive).
   const QString& FileName() const { return fileName_; }
   void setFileName(const QString& path);
 
-  /// Everything at once, in place of what was set before.
+  /// Replaces all data set before.
   void setData(const ReportData& data) { data_ = data; }
   void setFields(std::shared_ptr<const RowSource> rows, const QStringList& columns);
   void setFields(const Recordset& rows);
 
-  /// Appends the first row's columns of these names, in this order (all columns where none is named), to the
-  /// extra variables. A record set without rows adds nothing.
+  /// Appends these columns of the first row (all if none are given), in this order, to the extra variables. A
+  /// record set without rows adds nothing.
   void AddVarsFromRecordset(const Recordset& rows, const QStringList& columns = {});
   void addVariable(const QString& name, const QVariant& value);
   void addField(const QString& name, const QVariant& value);
 
-  /// Lets the user choose the project file where FileName() stands, then shows the designer on it.
+  /// Lets the user choose a project file in the folder of FileName(), then opens the designer.
   void Design();
 
-  /// False when the user gave up or the layout cannot be used (which is told).
+  /// False when the user cancelled or the layout cannot be used, after a message.
   bool Print_Preview(Mode mode);
 
-  /// Whether the last run failed for its layout.
+  /// Whether the last run failed because of its layout.
   bool isLayoutDamaged() const { return isLayoutDamaged_; }
 
  private:

@@ -49,13 +49,13 @@ const QString kReport = QStringLiteral("raport");
 const QString kSums = QStringLiteral("suma");
 const QString kFilter = QStringLiteral("Rapoarte (*.lst)");
 
-constexpr int kPageWidth = 0;  // of the sizes offered, beside percents
-constexpr int kSelect = -1;    // of the tools: parts are chosen
+constexpr int kPageWidth = 0;  // special entry among the zoom percentages
+constexpr int kSelect = -1;    // tool for selecting parts
 constexpr int kMostSteps = 500;
-constexpr int kMostFaults = 300;  // told at once
-constexpr int kFaultRows = 5;     // seen at once
+constexpr int kMostFaults = 300;  // listed at most
+constexpr int kFaultRows = 5;     // visible without scrolling
 
-// One step of the designer on the stack of those that can be taken back.
+// One step of the designer on the undo stack.
 class EditCommand : public QUndoCommand {
  public:
   using Show = std::function<void(const State&)>;
@@ -91,7 +91,7 @@ QString damageText(const LayoutError& error) {
   return QStringLiteral("Linia %1, coloana %2: %3").arg(error.line()).arg(error.column()).arg(error.text());
 }
 
-// The property that Enter on a part opens.
+// The property that Enter on a part edits.
 QString mainProperty(const Layout& layout, const Part& part) {
   const std::vector<Property> properties = propertiesOf(layout, {part});
   for (const char* name : {"formula", "file", "role"})
@@ -155,7 +155,7 @@ frmProiectare::frmProiectare(const ReportData& reportData, QWidget* parent)
   page_->setFocus();
 }
 
-// What the controls and the stack tell while they go finds no window any more.
+// Controls and the undo stack emit signals during their destruction; the window must not receive them.
 frmProiectare::~frmProiectare() {
   stack_.disconnect(this);
   for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
@@ -167,7 +167,7 @@ QPushButton* frmProiectare::tool(const QString& name, const QString& caption, co
                                  const QString& picture, const std::function<void()>& action,
                                  const QKeySequence& key) {
   QPushButton* button = makeButton(name, caption, toolTip, picture);
-  button->setFocusPolicy(Qt::TabFocus);  // a click must not take the page its keys
+  button->setFocusPolicy(Qt::TabFocus);  // a click must not take the keyboard focus from the page
   connect(button, &QPushButton::clicked, this,
           [this, name, action] { perform(name + QStringLiteral("_Click"), action); });
   if (!key.isEmpty())
@@ -415,7 +415,7 @@ void frmProiectare::perform(const QString& procedure, const std::function<void()
 }
 
 void frmProiectare::keyPressEvent(QKeyEvent* event) {
-  // Esc leads back to the page before it closes the window.
+  // The first Esc returns to the page, the next one closes the window.
   if (event->key() == Qt::Key_Escape && tabs_->currentIndex() == kPageTab && !page_->hasFocus())
     return page_->setFocus();
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
@@ -461,7 +461,7 @@ void frmProiectare::change(const QString& text, const QString& joins, const Chan
   if (!edit) return;
   stack_.push(new EditCommand(std::move(*edit), [this](const State& state) { setState(state); }));
   if (!state_.chosen.empty()) page_->reveal(state_.chosen.front());
-  tell({});
+  showStatus({});
 }
 
 void frmProiectare::arrange(const QString& text, const std::function<void(Layout&, const Parts&)>& work) {
@@ -504,7 +504,7 @@ void frmProiectare::insertName(const QString& name, bool joins) {
       if (property.name == u"formula")
         return storeProperty(property.name,
                              property.value.isEmpty() ? name : property.value + QStringLiteral(" + ") + name);
-    return tell("Alegeti intai un text sau o celula.");
+    return showStatus("Alegeti intai un text sau o celula.");
   }
   const bool inTable = isOne && part.object >= 0 &&
                        kindOf(state_.layout->objects[static_cast<size_t>(part.object)]) == Kind::Table;
@@ -540,7 +540,7 @@ void frmProiectare::setTool(int kind) {
   if (kind == kSelect) return;
   tabs_->setCurrentIndex(kPageTab);
   page_->setFocus();
-  tell("Desenati cu mouse-ul pe pagina, sau Enter pentru marimea obisnuita.");
+  showStatus("Desenati cu mouse-ul pe pagina, sau Enter pentru marimea obisnuita.");
 }
 
 void frmProiectare::setGrid() { page_->setGrid({txtGrila_->value(), chkGrila_->isChecked()}); }
@@ -632,7 +632,7 @@ void frmProiectare::showPreview() {
     preview_->setJob(std::move(job));
 }
 
-void frmProiectare::tell(const QString& text) { lblStare_->setText(text); }
+void frmProiectare::showStatus(const QString& text) { lblStare_->setText(text); }
 
 // ---- The text of the file ----
 
@@ -746,7 +746,7 @@ bool frmProiectare::saveTo(const QString& file) {
   file_ = file;
   stack_.setClean();
   lblFisier_->setText(QDir::toNativeSeparators(file_));
-  tell("Raportul este salvat.");
+  showStatus("Raportul este salvat.");
   showButtons();
   return true;
 }

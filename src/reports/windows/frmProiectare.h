@@ -1,5 +1,5 @@
-// The designer of layouts: the page to draw on, the names of the data, the properties of what is chosen, what
-// the report looks like with the data of the moment, and the text of its file.
+// The layout designer: the page, the names of the data, the properties of the selection, a preview with the
+// current data, and the text of the file.
 #pragma once
 
 #include <QDialog>
@@ -26,8 +26,8 @@ class NameList;
 class PropertyGrid;
 class ReportPreview;
 
-/// Shows the designer on a layout and returns when the user has closed it. A file that does not exist begins
-/// as an empty page and is made when it is saved.
+/// Opens the designer and returns when the user has closed it. For a file that does not exist it starts with
+/// an empty page; the file is created on saving.
 void designLayout(QWidget* parent, const QString& file, const ReportData& data);
 
 class frmProiectare : public QDialog {
@@ -36,8 +36,8 @@ class frmProiectare : public QDialog {
   frmProiectare(const ReportData& data, QWidget* parent);
   ~frmProiectare() override;
 
-  /// Shows a file in place of what is open, whose changes are lost. Damaged text is shown as text. Throws
-  /// StoreError when the file cannot be read.
+  /// Opens a file and discards unsaved changes. A file with errors is shown as text. Throws StoreError when
+  /// the file cannot be read.
   void open(const QString& file);
 
   void reject() override;
@@ -87,12 +87,12 @@ class frmProiectare : public QDialog {
   void showPreview();
   void showButtons();
   void tabChanged(int tab);
-  /// Takes the text of the file over as it stands. False when it is damaged, which is told and marked.
+  /// Applies the edited text of the file. False when it has an error, which is reported and marked.
   bool takeText();
   void begin(const std::shared_ptr<const layout::Layout>& layout, bool isSaved);
-  void tell(const QString& text);
+  void showStatus(const QString& text);
 
-  /// Whether there is something to lose.
+  /// Whether there are unsaved changes.
   bool isChanged() const;
   bool mayClose();
   bool save();
@@ -106,7 +106,7 @@ class frmProiectare : public QDialog {
   QString file_;
   layout::State state_;
   QUndoStack stack_;
-  bool isDamaged_ = false;  ///< the text is all there is: it is no layout yet
+  bool isDamaged_ = false;  ///< only the text is available: it has an error
   std::vector<layout::Fault> faults_;
   layout::LayoutError damage_{{}, 0, 0};
   int lastTab_ = kPageTab;
@@ -126,8 +126,8 @@ class frmProiectare : public QDialog {
   QCheckBox* chkGrila_;
   QDoubleSpinBox* txtGrila_;
   QComboBox* cboMarime_;
-  QList<QPushButton*> arranging_;  ///< of several objects by the first
-  QList<QPushButton*> ordering_;   ///< which object is drawn over which
+  QList<QPushButton*> arranging_;  ///< arrange several objects relative to the first
+  QList<QPushButton*> ordering_;   ///< change the drawing order
   QPushButton* cmdRanduri_;
   QPushButton* cmdInapoi_;
   QPushButton* cmdRefacere_;

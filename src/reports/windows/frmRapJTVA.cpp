@@ -74,7 +74,7 @@ void frmRapJTVA::countStornos() {
   lblStorno_->setText(QStringLiteral("Stornari in perioada: %1").arg(stornos));
 }
 
-// Other windows may have written stornos while this one was out of sight.
+// Other windows may have saved stornos meanwhile.
 void frmRapJTVA::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   guarded(objectName(), "Form_Activate", [this] { countStornos(); });
@@ -113,7 +113,7 @@ QLayout* frmRapJTVA::commandLine() {
     });
     line->insertWidget(place, button);
   };
-  int place = 1;  // behind the stretch
+  int place = 1;  // after the stretch
   add(place++, "cmdCalcul", "Calcule", "Calculul jurnalului pentru perioada aleasa", &frmRapJTVA::compute);
   if (journal_.canPrint)
     add(++place, "cmdPrint", "Tiparire", "Tiparirea jurnalului la imprimanta", &frmRapJTVA::print);

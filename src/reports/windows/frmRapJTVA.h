@@ -1,4 +1,4 @@
-// The VAT journals: a period, the first number, and what is made of them.
+// The windows of the VAT journals: period, first number, and the commands.
 #pragma once
 
 #include <QWidget>
@@ -39,7 +39,7 @@ class frmRapJTVA : public QWidget {
   void list();
   void print();
   void design();
-  /// Runs a command; a broken rule is told and its field gets the focus.
+  /// Runs a command; shows a RuleError and sets the focus on its field.
   void run(void (frmRapJTVA::*command)());
 
   const VatJournal& journal_;
@@ -47,7 +47,7 @@ class frmRapJTVA : public QWidget {
   DateBox* DTPickerdela_;
   DateBox* DTPickerla_;
   QLabel* lblStare_;
-  QCheckBox* chkStorno_ = nullptr;  ///< with lblStorno_, in a journal that has stornos
+  QCheckBox* chkStorno_ = nullptr;  ///< with lblStorno_; only in a journal that has stornos
   QLabel* lblStorno_ = nullptr;
 };
 
