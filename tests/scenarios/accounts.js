@@ -11,7 +11,7 @@ equal(grid.captions(), ["CONT", "TITLU", "DEBIT", "CREDIT", "SOLD", "Centru de c
 equal(grid.rows(), total);
 w.click("cmdPrint");
 const chart = pdfText(printed()[0]);
-check(chart.includes("PLAN DE CONTURI") && chart.includes("Editat de Tarvon Ostrel") && chart.includes("4111"), "the whole chart on paper");
+check(chart.includes("PLAN DE CONTURI") && chart.includes("Editat de Tarvon Ostrel") && chart.includes("4111"), "the complete chart is printed");
 equal(w.value("DTPicker"), "2026-03-15");
 shot("accounts-start");
 
@@ -50,7 +50,7 @@ equal(grid.enter(at, "NeUtilizabil", "poate"), false);
 expectMessage("Introduceti DA sau NU !");
 equal(grid.enter(at, "NeUtilizabil", "da"), true);
 equal(grid.enter(at, "TITLU", "Clienti vechi"), true);
-// Who leaves a refused cell by a command hears of the cell alone.
+// Leaving a refused cell with a command shows only the cell's message.
 grid.select(at);
 w.press("grdDataGrid", "Home");
 w.press("grdDataGrid", "Right");
@@ -62,10 +62,10 @@ w.click("cmdSterge");
 expectMessage("Va rugam completati titlul contului !");
 noMessage();
 equal(grid.cell(at, "TITLU"), "Clienti vechi");
-check(grid.isLocked(at, "DEBITN") && grid.isLocked(at, "CONT"), "figures and symbols stay");
+check(grid.isLocked(at, "DEBITN") && grid.isLocked(at, "CONT"), "figures and symbols are unchanged");
 equal([account("4111.01").TITLU, account("4111.01").NEUTILIZABIL], ["Clienti vechi", -1]);
 
-// Clienti: 119 in the year, of which 19 VAT; a payment after the day counts for nothing.
+// Clienti: 119 in the year, of which 19 VAT; a payment after the day is not included.
 const post = (note, day, symbol, debit, credit) =>
   sql("INSERT INTO kt_linii (NDI, NRLINIE, JURNAL, DATAINR, CONT, DEBIT, CREDIT) VALUES (?, ?, 'JV', ?, ?, ?, ?)",
       note, sql("SELECT COUNT(*) AS N FROM kt_linii")[0].N + 1, day, symbol, debit, credit);
@@ -84,14 +84,14 @@ w.set("DTPicker", "2026-03-14");
 w.click("cmdActualizare");
 equal(sql("SELECT COUNT(*) AS N FROM kt_pc WHERE DEBITN <> 0 OR CREDITN <> 0 OR SOLDN <> 0")[0].N, 0);
 
-const removing = (symbol, told) => {
+const removing = (symbol, expected) => {
   grid.select(grid.column("CONT").indexOf(symbol));
   answer("Da");
-  if (told) answer("OK");
+  if (expected) answer("OK");
   w.click("cmdSterge");
   expectMessage("Sunteti sigur ca doriti sa stergeti contul " + symbol + " ?", {title: "Confirmare stergere"});
-  if (told) expectMessage(told);
-  equal(account(symbol) !== undefined, Boolean(told), symbol);
+  if (expected) expectMessage(expected);
+  equal(account(symbol) !== undefined, Boolean(expected), symbol);
 };
 removing("4111.01", "Contul nu se poate sterge deoarece este utilizat in Inregistrari !");
 const ofJournal = sql("SELECT J.CONT AS CONT FROM kt_jur J JOIN kt_pc P ON P.CONT = J.CONT WHERE J.CONT NOT IN (SELECT CONT FROM kt_linii) ORDER BY J.CONT")[0].CONT;
@@ -101,7 +101,7 @@ sql("DELETE FROM kt_linii");
 removing("4111.01", "");
 noMessage();
 
-// The list follows what other windows write.
+// The list shows changes made in other windows.
 sql("UPDATE kt_info SET DENUMIRE = 'ALFA SRL'");
 menu("mnuFilemnuSocConf");
 win("frmParamSoc").set("optBugetar", true);

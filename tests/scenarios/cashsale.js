@@ -1,5 +1,5 @@
 // Cash sales through the real windows: the customer CASA, numbers, lines scanned at the counter, receipts on four
-// registers played by scripts, what a printed sale still allows, ledger and notes, the average cost.
+// registers simulated by scripts, what can still change after printing, ledger and notes, the average cost.
 
 const year = today().substring(0, 4);
 const app = paths().app + "/";
@@ -69,7 +69,7 @@ function left(path) {  // what a program that is not waited for has written
   return readFile(path);
 }
 
-// The ordinary printer's form; gives the text of the receipt.
+// The form for an ordinary printer; returns the text of the receipt.
 function onPaper() {
   const form = win("frmLstRC");
   equal(form.title(), "Bon de Casa", "the form");
@@ -80,7 +80,7 @@ function onPaper() {
   return pdfText(found[0]).replace(/\s+/g, " ");
 }
 
-// Without a third party named CASA there is no sale.
+// Without a partner named CASA there is no sale.
 company({method: "FIFO"});
 seed();
 answer("OK");
@@ -100,10 +100,10 @@ equal([w.title(), w.text("txtFields(1)"), w.text("Label2"), w.text("cboModPlata"
 equal([w.value("CheckCasaMarcat"), w.isEnabled("CheckCasaMarcat"), w.value("CheckCard"), w.value("chkNoteContabile"), w.isVisible("CheckCODP")],
       [false, false, false, true, false], "boxes without a register");
 
-// The number comes after drafts and ledger; another workstation may take it first.
+// The number follows drafts and ledger; another workstation may take it first.
 sql("INSERT INTO G_DOCUME (ID, TIP, DATADOC) VALUES ('BS40', 'BS', ?)", year + "-01-01");
 w.click("cmdFacturaNoua");
-equal([w.text("txtFields(0)"), w.isReadOnly("txtFields(0)")], ["41", true], "behind the ledger");
+equal([w.text("txtFields(0)"), w.isReadOnly("txtFields(0)")], ["41", true], "after the numbers of the ledger");
 equal(sql("SELECT NUMFAC, CODCLI, MODREG, VALIDAT, LISTAT FROM G_BONCASA"),
       [{NUMFAC: "41", CODCLI: 4, MODREG: 1, VALIDAT: 0, LISTAT: 0}], "a draft before its first line");
 press("cmdSterge", "Da");
@@ -111,9 +111,9 @@ expectMessage("Sunteti sigur ca doriti sa stergeti bonul 41 ?");
 sql("DELETE FROM G_DOCUME WHERE ID = 'BS40'");
 sql("INSERT INTO G_BONCASA (NUMFAC, VALIDAT, DATAFAC, CODCLI, Magazie) VALUES ('41', 0, ?, 4, 9)", today());
 w.click("cmdSalvare");
-equal(w.text("txtFields(0)"), "42", "the next one after the other's");
+equal(w.text("txtFields(0)"), "42", "the next number after the other workstation's");
 
-// Code, quantity, next: by keyboard alone. The same article may come twice.
+// Code, quantity, next line, with the keyboard only. The same article may occur twice.
 for (const text of ["M1", "3", "S1", "2", "M1", "1"]) {
   for (const letter of text) key(letter);
   key("Enter");
@@ -161,9 +161,9 @@ equal(sql("SELECT JURNAL, TIPDOC FROM kt_linii WHERE DOC = '42' ORDER BY NDI, NR
       [["RC", null], [call("ParametruSocietate", "JURBONCONS"), "BS"]], "journals, and the stamp on the last note");
 equal(sql("SELECT STOC FROM G_ARTMAG WHERE CODART = 'M1'"), [{STOC: 6}], "stock");
 equal(sql("SELECT ID_I, CANT FROM G_I_E WHERE ID_E = '42'"), [{ID_I: "FF1", CANT: 4}], "one link to the lot");
-equal([call("disagreementText"), w.text("txtFields(0)")], ["", "43"], "all agrees, and the next number");
+equal([call("disagreementText"), w.text("txtFields(0)")], ["", "43"], "consistent, and the next number");
 
-// Printing: its checks in their order, and the registers that are not installed.
+// Printing: its checks in order, and registers that are not installed.
 register("D");
 equal([w.value("CheckCasaMarcat"), w.isEnabled("CheckCasaMarcat")], [true, true], "a register");
 w.click("cmdSalvare");
@@ -192,12 +192,12 @@ for (const [letter, name] of [["D", "DATECS"], ["P", "PARTNER"], ["A", "ACTIVA"]
   equal(w.text("txtFields(0)"), first, "the draft");
   press("cmdTiparire", "OK");
   expectMessage("Programul de comunicatie cu casa de marcat " + name + " nu este instalat");
-  check(onPaper().includes("Marfa intai"), "on paper instead");
-  equal(w.text("txtFields(0)"), String(Number(first) + 1), "on to a new sale");
+  check(onPaper().includes("Marfa intai"), "on an ordinary printer instead");
+  equal(w.text("txtFields(0)"), String(Number(first) + 1), "a new sale");
   equal(marks(first), [0, 0, 0], "not printed");
 }
 
-// Datecs and Help Micro count as printed once started; what is missing leaves the sale unprinted.
+// Datecs and Help Micro count as printed once started; if the program is missing the sale is not printed.
 writeFile(drive + "COMANDA.TXT", "");
 register("D");
 w.grid("TDBGrid2").select(0);
@@ -217,24 +217,24 @@ function expectLocked(what) {
         [1, true, true, false, false, false], what);
 }
 expectLocked("locked");
-equal([w.isEnabled("TDBGrid2"), w.hasFocus("cmdValidare")], [false, true], "and to be validated next");
+equal([w.isEnabled("TDBGrid2"), w.hasFocus("cmdValidare")], [false, true], "to be validated next");
 refused("cmdTiparire", "Bonul a fost tiparit pe casa de marcat. Nu mai poate fi tiparit inca odata.");
 refused("cmdSterge", "Bonul a fost tiparit pe casa de marcat si nu poate fi sters");
 refused("cmdSalvare", "Bonul a fost tiparit pe casa de marcat si nu mai poate fi modificat");
 lines.deleteRow(0);
-equal(sql("SELECT COUNT(*) AS N FROM G_LBONCASA WHERE NUMFAC = ?", first), [{N: 1}], "the line stands");
+equal(sql("SELECT COUNT(*) AS N FROM G_LBONCASA WHERE NUMFAC = ?", first), [{N: 1}], "the line is stored");
 newSale(["S1", "1"]);
 check(!lines.isLocked(0, "CANT") && w.isEnabled("dtpDataFactura") && w.isEnabled("TDBGrid2"), "a new sale is open");
 const second = w.text("txtFields(0)");
 w.grid("TDBGrid2").select(1);
-equal(w.text("txtFields(0)"), first, "the printed one again");
+equal(w.text("txtFields(0)"), first, "the printed sale again");
 expectLocked("still locked");
 shot("bon-tiparit");
 w.set("CheckCasaMarcat", false);
 validated();
 equal([marks(first), note(first)], [[-1, 0, -1], ["707 C 20", "4427 C 3.8", "5311 D 23.8", "607 D 10", "371 C 10"]], "validated");
 
-// Help Micro, by card, into the warehouse's own journal.
+// Help Micro, paid by card, into the warehouse's own journal.
 sql("INSERT INTO kt_jur (COD, TITLU, TIP, CONT) VALUES ('CS1', 'Casa 1', 'C', '5314')");
 sql("UPDATE G_MULTIMAGAZIE SET JURNAL = 'CS1' WHERE COD = 1");
 const partner = drive + "Program Files/Help Micro/Fiscal Printer/";
@@ -248,7 +248,7 @@ key("Esc");
 w.set("CheckCard", true);
 equal([w.text("txtFields(3)"), w.text("cboModPlata")], ["Incasare card", "ALTELE"], "by card");
 w.set("CheckCard", false);
-equal([w.text("txtFields(3)"), w.text("cboModPlata")], ["", "NUMERAR"], "in cash again");
+equal([w.text("txtFields(3)"), w.text("cboModPlata")], ["", "NUMERAR"], "cash again");
 w.set("CheckCard", true);
 w.click("cmdTiparire");
 noMessage();
@@ -258,7 +258,7 @@ w.close();
 w = null;
 register("P");
 w.grid("TDBGrid2").select(0);
-equal(w.value("CheckCard"), true, "a card is known again by its remark");
+equal(w.value("CheckCard"), true, "payment by card is recognized by the remark");
 validated();
 // 25 + 38 and VAT 4.75 + 7.22; the last piece of the first lot was sold before, so 2 x 20.
 equal([note(second), sql("SELECT DISTINCT JURNAL FROM kt_linii WHERE DOC = ? AND CONT = '5125'", second), sql("SELECT MODREG FROM G_DOCUME WHERE ID = ?", "BS" + second)],
@@ -278,14 +278,14 @@ for (const failure of ["exit 3", "kill -SEGV $$"]) {
 program(app + "start.bat", "exec sleep 20");
 const question = "Bonul " + third + " a fost trimis la casa de marcat si nu se stie daca a iesit. Verificati. A iesit bonul din casa de marcat ?";
 w.click("cmdTiparire");
-equal(marks(third), [0, 1, 0], "known to be sent before the register answers");
+equal(marks(third), [0, 1, 0], "marked as sent before the register answers");
 answer("Anulare");
 win("frmAsteptare").click("cmdRenunta");
 expectMessage(question, {title: "Casa de marcat", icon: "question"});
 expectLocked("as it was sent");
 refused("cmdSterge", "Bonul a fost trimis la casa de marcat si nu se stie daca a iesit. Apasati Tiparire pentru a spune.");
 
-// Whoever finds it so, also after a crash, is asked before anything is sent once more.
+// The next user of this sale, also after a crash, is asked before it is sent again.
 register("A");
 w.grid("TDBGrid2").select(0);
 expectLocked("found again");
@@ -310,7 +310,7 @@ equal(marks(third), [-1, 0, 0], "printed");
 validated();
 equal(note(third), ["707 C 20", "4427 C 3.8", "5314 D 23.8", "607 D 20", "371 C 20"], "the warehouse's own account");
 
-// OPTIMA: an error file fails it; a receipt that came out although nobody waited counts when told.
+// OPTIMA: an error file means failure; a receipt printed after the user gave up counts once the user confirms it.
 writeFile(app + "OPTIMA.BON", "");
 writeFile(drive + "OPTYKEY/Erori.txt", "");
 register("O");
@@ -325,10 +325,10 @@ w.click("cmdTiparire");
 answer("Da");
 win("frmAsteptare").click("cmdRenunta");
 expectMessage("A iesit bonul din casa de marcat ?");
-equal([marks(fourth), readFile(app + "read")], [[-1, 0, 0], "1\r\nS;Transport ;29.75;2;2;\r\nT;59.5;CASH;;;;;;;;;;;\r\n"], "told to be printed");
+equal([marks(fourth), readFile(app + "read")], [[-1, 0, 0], "1\r\nS;Transport ;29.75;2;2;\r\nT;59.5;CASH;;;;;;;;;;;\r\n"], "confirmed as printed");
 validated();
 
-// Another workstation prints it under an open window: nothing of it changes here any more.
+// Another workstation prints the sale while its window is open: it can no longer be changed here.
 const fifth = newSale(["S1", "2"]);
 sql("UPDATE G_BONCASA SET LISTAT = -1 WHERE NUMFAC = ?", fifth);
 answer("OK");
@@ -341,7 +341,7 @@ refused("cmdSterge", "Bonul a fost tiparit pe casa de marcat si nu poate fi ster
 equal(sql("SELECT CANT FROM G_LBONCASA WHERE NUMFAC = ?", fifth), [{CANT: 2}], "as it was printed");
 validated();
 
-// Without the box the receipt belongs on an ordinary printer; a new sale follows.
+// Without the check box the receipt goes to an ordinary printer; then a new sale begins.
 const sixth = newSale(["S1", "3"]);
 w.set("CheckCasaMarcat", false);
 w.click("cmdTiparire");
@@ -351,7 +351,7 @@ noMessage();
 equal([marks(sixth), w.text("txtFields(0)"), w.value("CheckCasaMarcat")], [[0, 0, 0], String(Number(sixth) + 1), false], "not fiscal");
 equal(call("disagreementText"), "", "all agrees");
 
-// The average method: a line tells the cost of one piece, the ledger that of the line. 3 and 2 at 2.50.
+// The average method: a line has the cost of one piece, the ledger that of the line. 3 and 2 at 2.50.
 company({method: "MP"});
 seed();
 sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (4, 'CASA', 'C')");

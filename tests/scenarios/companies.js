@@ -1,4 +1,4 @@
-// The list of companies: adding, refusing and deleting, and working in a new company.
+// The list of companies: adding, refusals, deleting, and working in a new company.
 setToday("2026-03-15");
 const folder = company();
 
@@ -15,7 +15,7 @@ function add(code, name) {
   list.click("cmdAdauga");
 }
 
-// Code and name are asked for, each with the focus back in its box.
+// Missing code and name are reported, with the focus in the box.
 answer("OK");
 add("", "BETA SRL");
 expectMessage("Va rugam completati codul societatii  !");
@@ -25,25 +25,25 @@ add("b2", "   ");
 expectMessage("Va rugam completati denumirea societatii  !");
 check(list.hasFocus("txtDenumire"));
 
-// The code is kept in upper case and names the file; the boxes are empty for the next one.
+// The code is stored in upper case and is the file's name; the boxes are empty for the next one.
 add("b2", " BETA SRL ");
 equal(grid.column("COD"), ["01", "B2"]);
 equal([grid.cell(1, "DENUMIRE"), grid.cell(1, "NUMEBD")], ["BETA SRL", "TarvonB2.mdb"]);
 check(call("databaseExists", folder, "TarvonB2.mdb"));
 equal([list.text("txtCod"), list.text("txtDenumire")], ["", ""]);
 
-// The same code in any case is refused and the list is as it was.
+// The same code in any case is refused and the list is unchanged.
 answer("OK");
 add("B2", "GAMA");
 expectMessage("Acest cod de societate exista deja ! Adaugarea nu se poate efectua !");
 equal(grid.rows(), 2);
 equal([list.text("txtCod"), list.text("txtDenumire")], ["", ""]);
 
-// At most two characters of code fit.
+// A code has at most two characters.
 add("c34", "GAMA");
 equal(grid.column("COD"), ["01", "B2", "C3"]);
 
-// The first company stays; the others go with their file when that is confirmed.
+// The first company cannot be deleted; the others are deleted with their file after confirmation.
 grid.select(0);
 answer("OK");
 list.click("cmdSterge");
@@ -62,14 +62,14 @@ expectMessage(question);
 equal(grid.column("COD"), ["01", "B2"]);
 check(!call("databaseExists", folder, "TarvonC3.mdb"));
 
-// One window, however often the command is given; the exit button closes it.
+// There is one window, however often the command is used; the exit button closes it.
 menu("mnuCreare");
 equal(openCount("frmSocietati"), 1);
 list.click("cmdIesire");
 check(!isOpen("frmSocietati"));
 check(readFile(folder + "/Societat.xml").includes("TarvonB2.mdb"));
 
-// The new company is there at the next login, with the name it was given and its own users.
+// The new company is in the next login's list, with its name and its own users.
 start(folder);
 const login = win("frmLogin");
 login.grid("TDBGrid1").select(1);
@@ -81,7 +81,7 @@ win("frmSelMagazie").click("cmdOK");
 equal(win("frmMain").title(), "Tarvon Velmar  - BETA SRL");
 equal(sql("SELECT DENUMIRE FROM kt_info"), [{ DENUMIRE: "BETA SRL" }]);
 
-// The company one works in cannot be deleted under one's feet.
+// The open company cannot be deleted.
 menu("mnuCreare");
 list = win("frmSocietati");
 list.grid("TDBGrid1").select(1);

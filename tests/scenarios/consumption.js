@@ -1,5 +1,5 @@
-// A consumption voucher through the real window: checks and their wording in order, lots used up oldest first,
-// what customers have ordered is not available, and the average method.
+// A consumption voucher through the real window: checks and their messages in order, FIFO issue of lots, quantities
+// reserved by customer orders, and the average method.
 
 function seed() {
   sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (1, 'FURNIZOR UNU SRL', 'F')");
@@ -25,7 +25,7 @@ function receipt(number, article, quantity, price) {
 
 let w, lines;
 
-// Presses a command; every box that it brings is answered in turn.
+// Presses a command and answers each message box in turn.
 function press(button, ...answers) {
   answers.forEach((caption) => answer(caption));
   w.click(button);
@@ -59,7 +59,7 @@ equal(w.title(), "Bon de consum", "title");
 equal(w.items("DataCombo1"), ["SECTIA DOI"], "customers only");
 equal(w.items("DataCombo2"), ["Administratie", "Comercial", "Productie"], "cost centres");
 
-// The checks of the header, then those of validation, in their order and words.
+// The checks of the header, then those of validation, with their order and texts.
 const critical = {icon: "critical"};
 refused("cmdValidare", "Va rugam selectati un bon de consum !");
 refused("cmdSterge", "Va rugam selectati un aviz !");
@@ -70,12 +70,12 @@ refused("cmdSalvare", "Va rugam completati codul clientului ! Salvarea nu se poa
 w.pick("DataCombo1", "SECTIA DOI");
 equal(w.text("Label2"), "SECTIA DOI", "the partner's name");
 refused("cmdSalvare", "Va rugam introduceti o valoare numerica pozitiva pentru Cota TVA ! Salvarea nu se poate efectua !");
-check(w.hasFocus("txtFields(2)"), "focus on the percent");
+check(w.hasFocus("txtFields(2)"), "focus on the percentage");
 w.type("txtFields(2)", "19");
 w.pick("DataCombo2", "Productie");
 w.click("cmdSalvare");
 noMessage();
-equal(w.text("DataCombo2"), "Productie", "the cost centre stands, though no draft stores it");
+equal(w.text("DataCombo2"), "Productie", "the cost centre is kept, though drafts do not store it");
 refused("cmdValidare", "Bonul de consum nu contine nici un articol ! Nu se poate efectua validarea !");
 w.set("dtpDataFactura", (Number(today().substring(0, 4)) - 1) + "-12-31");
 lines.addLine("A1", "1");
@@ -112,14 +112,14 @@ equal(sql("SELECT TIPIE, TOTALCOST, TOTALFT, CODTERT FROM G_DOCUME WHERE ID = 'B
 equal(sql("SELECT CODCC FROM G_LDOCUM WHERE DOCID = 'BC12'"), [{CODCC: "PRO"}], "cost centre of the line");
 equal(sql("SELECT CONT, DEBIT, CREDIT, CODBUG FROM kt_linii ORDER BY NRLINIE"),
       [{CONT: "607", DEBIT: 90, CREDIT: 0, CODBUG: "PRO"}, {CONT: "371", DEBIT: 0, CREDIT: 90, CODBUG: null}], "the note");
-equal([lines.rows(), w.text("txtFields(0)"), w.text("txtFields(2)")], [0, "", "19"], "a new voucher stands, the percent goes on");
-equal(w.text("DataCombo2"), "Productie", "so does the cost centre");
+equal([lines.rows(), w.text("txtFields(0)"), w.text("txtFields(2)")], [0, "", "19"], "a new voucher is open and keeps the percentage");
+equal(w.text("DataCombo2"), "Productie", "the cost centre is kept too");
 refused("cmdSalvare", "Va rugam completati numarul avizului !");
 w.type("txtFields(0)", "12");
 w.pick("DataCombo1", "SECTIA DOI");
 refused("cmdSalvare", "Avizul cu acest numar exista deja ! Salvarea nu se poate efectua !");
 
-// Of 5 in stock customers have ordered 2; a service needs stock here as well.
+// 2 of the 5 in stock are reserved by customer orders; a service needs stock here too.
 sql("INSERT INTO G_COMCLI (NUMCOM, CODCLI, VALIDAT) VALUES ('1', 2, -1)");
 sql("INSERT INTO G_LCOMCL (NUMCOM, NRLINIE, CODART, CANT, CANTLIV) VALUES ('1', 1, 'A2', 2, 0)");
 newVoucher("13", ["A2", "4"]);
@@ -145,7 +145,7 @@ press("cmdSterge", "Da");
 expectMessage("Sunteti sigur ca doriti sa stergeti avizul 14 ?", {title: "Confirmare stergere"});
 equal(sql("SELECT NUMAE FROM G_LBONCON WHERE NUMAE = '14'"), [], "lines gone");
 
-// The average: the ledger keeps the line's price, the note takes the cost of the moment.
+// The average method: the ledger has the line's price, the note uses the current cost.
 opened({method: "MP"});
 newVoucher("1", ["A1", "2"]);
 key("Esc");

@@ -1,4 +1,4 @@
-// The scenario runner's own promises: comparing, the company made to order, its database, shared functions,
+// The functions of the scenario runner: comparisons, the company made to order, its database, shared functions,
 // files and the clock.
 
 function failure(step) {
@@ -10,15 +10,15 @@ function failure(step) {
   return "";
 }
 
-// Numbers within 1e-9, arrays and objects by content.
+// Numbers compare within 1e-9, arrays and objects by content.
 equal(0.1 + 0.2, 0.3);
 equal([1, { A: null, B: "x" }], [1, { B: "x", A: null }]);
 equal(failure(() => equal(1, 1.000001, "unequal")), "unequal");
 equal(failure(() => equal([1, 2], [1])), "the values differ");
 equal(failure(() => equal(1, "1")), "the values differ");
-equal(failure(() => check(false, "told")), "told");
+equal(failure(() => check(false, "reason")), "reason");
 
-// The clock moves by days; a company made now is of that year.
+// The clock advances by days; a company made now is of that year.
 setToday("2026-03-15");
 equal(today(), "2026-03-15");
 
@@ -51,7 +51,7 @@ equal(call("Exista", "401", "Cont"), true);
 equal(call("Exista", "nimic", "Cont"), false);
 equal(failure(() => call("Nicaieri")), "there is no shared function Nicaieri");
 
-// A message asked for by a shared function is answered and kept like any other.
+// A message shown by a shared function is answered and recorded like any other.
 answer("OK");
 equal(call("ValidareValoare", "abc", 0), false);
 const shown = messages();
@@ -59,7 +59,7 @@ equal(shown.length, 1);
 equal([shown[0].title, shown[0].buttons, shown[0].answered], ["Velmar", ["OK"], "OK"]);
 noMessage();
 
-// Without an answer the box stands, and the script works in it.
+// Without an answer the box remains open, and the script operates it.
 call("ValidareValoare", "abc", 0);
 check(isOpen("frmMsgBox"));
 equal(failure(() => menu("mnuFileExit")).includes("is in front of"), true);
@@ -69,7 +69,7 @@ check(!isOpen("frmMsgBox"));
 equal(openCount("frmMsgBox"), 0);
 equal(failure(() => expectMessage("orice")), "the message differs");
 
-// Files by the byte.
+// Files, byte for byte.
 const bytes = paths().drive + "/bonuri/bon1.txt";
 writeFile(bytes, "S,1;\xe9\x00\r\n");
 equal(readFile(bytes), "S,1;\xe9\x00\r\n");
@@ -81,7 +81,7 @@ equal(printed(), []);
 shot("main");
 check(exists(paths().out + "/main.png"));
 
-// A second company starts afresh, with what is asked for.
+// A second company is new, with the requested options.
 const second = company({ method: "MP", decimals: 3, denumire: "ALFA SRL", from: "2025-07-01", to: "2026-06-30",
                          hearing: true, user: "ION", type: 2 });
 check(second !== folder);

@@ -1,4 +1,4 @@
-// A customer invoice through the real windows: the choice before it, header and currency, numbers in a range,
+// A customer invoice through the real windows: the choice of source, header and currency, number ranges,
 // discounts, ledger and notes, currency, returns, decimals.
 
 const year = today().substring(0, 4);
@@ -64,7 +64,7 @@ const note = (number) => sql("SELECT CONT, DEBIT, CREDIT FROM kt_linii WHERE DOC
     .map((row) => row.CONT + (row.DEBIT ? " D " + row.DEBIT : " C " + row.CREDIT));
 const cells = (row, ...columns) => columns.map((column) => lines.cell(row, column));
 
-// The choice of the source, and the one window behind it.
+// The choice of the source, and the single window after it.
 opened({method: "FIFO"});
 check(w.isVisible("fraAvize") && !w.isVisible("fraComenzi"), "notes");
 menu("mnuVanzFactura");
@@ -78,13 +78,13 @@ w = win("frmGrilaFC");
 lines = w.grid("TDBGrid1");
 check(!w.isVisible("fraAvize") && w.isVisible("fraComenzi") && w.isEnabled("TDBGrid4"), "orders");
 equal([w.text("fraComenzi"), w.title()], ["Lista comenzi nefacturate", "Facturi client"], "captions");
-equal(sql("SELECT CANTLIV FROM G_LCOMCL"), [{CANTLIV: 0}], "orders of which nothing is told to be delivered");
+equal(sql("SELECT CANTLIV FROM G_LCOMCL"), [{CANTLIV: 0}], "orders without a quantity to deliver");
 equal(lines.captions(), ["nr. linie", "Cod articol", "Denumire", "UM", "Cantitate", "Pret unitar valuta", "Pret unitar",
                          "% Disc. Client", "% Disc. Art", "Pret cu Disc.", "Valoare", "Valoare TVA", "Valoare Totala",
                          "Cantitate conform document", "Numar document", "Valoare COST"], "columns");
 equal(w.items("cboTVA")[0], "4427-19", "rates of sales");
 
-// Enter goes through the header; the way of payment may be left out.
+// Enter moves through the header; the payment method may be left out.
 w.press("txtFields(0)", "Enter");
 for (const next of ["dtpDataFactura", "DTPicker1", "txtFields(1)", "DataCombo1", "txtFields(2)", "cboTVA", "cboModPlata", "TxtJNL"]) {
   check(w.hasFocus(next), "Enter reaches " + next);
@@ -92,7 +92,7 @@ for (const next of ["dtpDataFactura", "DTPicker1", "txtFields(1)", "DataCombo1",
 }
 noMessage();
 
-// Validation's checks on a header that is not saved, in their order.
+// The checks of validation, in order, on a header that is not saved.
 refused("cmdValidare", "Va rugam selectati o factura !");
 w.type("txtFields(0)", "1");
 w.set("dtpDataFactura", (Number(year) - 1) + "-12-31");
@@ -131,14 +131,14 @@ const steps = [["Pentru acest palet a fost deja emisa factura de vanzare. ", () 
                ["Va rugam selectati o Cota TVA ! Salvarea nu se poate efectua !", () => w.type("txtFields(2)", "99")],
                ["Va rugam selectati o Cota TVA ! Salvarea nu se poate efectua !", () => w.pick("cboTVA", "4427-19")],
                ["Factura cu acest numar exista deja ! Salvarea nu se poate efectua !", () => w.type("txtFields(0)", "2")]];
-for (const [text, mend] of steps) {
+for (const [text, correct] of steps) {
   refused("cmdSalvare", text, {icon: "critical"});
-  mend();
+  correct();
 }
-equal([w.text("txtFields(3)"), w.text("Label2"), w.text("txtFields(2)")], ["Contract 7", "CLIENT DOI SRL", "2"], "what the choices bring");
+equal([w.text("txtFields(3)"), w.text("Label2"), w.text("txtFields(2)")], ["Contract 7", "CLIENT DOI SRL", "2"], "values from the choices");
 
-// The way of payment is one of four words, the rate of a currency a number.
-equal([w.text("cboModPlata"), w.items("cboModPlata")], ["", ["NUMERAR", "CEC", "OP", "ALTELE"]], "ways of payment");
+// The payment method is one of four words, the exchange rate a number.
+equal([w.text("cboModPlata"), w.items("cboModPlata")], ["", ["NUMERAR", "CEC", "OP", "ALTELE"]], "payment methods");
 answer("OK");
 w.type("cboModPlata", "BARTER");
 expectMessage("Selectati o modalitate de plata", {title: "Valoare incorecta!"});
@@ -146,7 +146,7 @@ equal(w.text("cboModPlata"), "", "cleared");
 check(w.hasFocus("cboModPlata"), "the focus is back");
 w.type("cboModPlata", " op ");
 noMessage();
-equal(w.text("cboModPlata"), "OP", "in capitals, without blanks");
+equal(w.text("cboModPlata"), "OP", "in upper case, without blanks");
 w.pick("cboModPlata", "CEC");
 check(!w.isEnabled("txtCurs") && !w.isEnabled("cboIDDeviza"), "in lei");
 w.set("chkDeviza", true);
@@ -225,7 +225,7 @@ equal(sql("SELECT TOTALFT, TOTALTVA, TOTALDEV, TOTALCOST, CODDEV, CURS, MODREG F
       [{TOTALFT: 99.51, TOTALTVA: 18.9069, TOTALDEV: 20, TOTALCOST: 80, CODDEV: "EUR", CURS: 4.9755, MODREG: 3}], "ledger in lei");
 equal(note("3"), ["707 C 99.51", "4427 C 18.9069", "411 D 118.4169", "607 D 80", "371 C 80"], "notes in lei");
 
-// What comes back keeps price and cost of the invoice that the observations name: 17 and 10.
+// Returned goods have the price and cost of the invoice in the observations: 17 and 10.
 newInvoice("4", "MIXT TREI SA");
 w.type("txtFields(3)", "FC2");
 lines.addLine("M1", "-2");
@@ -252,20 +252,20 @@ equal(w.text("txtFields(0)"), "101", "the next");
 sql("UPDATE G_FACCLI SET NUMFAC = '150' WHERE NUMFAC = '100'");
 press("cmdFacturaNoua", "OK");
 expectMessage("Atentie! S-a depasit plaja de valori pentru facturi. Inlocuiti setul de tipizate, apoi introduceti noua plaja de valori.");
-equal([w.text("txtFields(0)"), w.isReadOnly("txtFields(0)")], ["", false], "typed from here on");
-// A field that stands refused holds its document on screen.
+equal([w.text("txtFields(0)"), w.isReadOnly("txtFields(0)")], ["", false], "the numbers are typed from here on");
+// A refused field keeps its document on screen.
 answer("OK");
 w.type("cboModPlata", "BARTER");
 answer("OK");
 w.grid("TDBGrid2").select(0);
-equal(messages().length, 2, "refused at leaving, and once more");
-equal(w.text("txtFields(0)"), "", "the document stays");
+equal(messages().length, 2, "refused on leaving, and again");
+equal(w.text("txtFields(0)"), "", "the document remains open");
 w.pick("cboModPlata", "OP");
 w.grid("TDBGrid2").select(0);
-equal(w.text("txtFields(0)"), "150", "and goes once the field is right");
+equal(w.text("txtFields(0)"), "150", "closes once the field is valid");
 shot("factura-client");
 
-// The price in currency, with its notices: one box each, and the line is there once however its cell was left.
+// The price in currency, with its notices: one box each, and a single line however the cell was left.
 // 3 EUR are 14.9265 lei, 5 EUR 24.8775.
 opened({method: "MP"});
 sql("UPDATE G_ARTMAG SET CODDEVIZAVANZ = 'EUR', PRETDEVIZAVANZ = 5 WHERE CODART = 'M1'");
@@ -281,7 +281,7 @@ for (const [ways, text] of [[() => lines.enter(-1, "CODART", "S1"), "Nu exista p
                             [() => ["Insert", "E", "1"].forEach((k) => k == "Insert" ? w.press("TDBGrid1", k) : key(k)), cheap]]) {
   answer("OK");
   ways();
-  w.click("cmdSalvare");  // takes over the cell that still stands open
+  w.click("cmdSalvare");  // also commits the cell that is still being edited
   expectMessage(text);
   noMessage();
 }
@@ -299,9 +299,9 @@ w.type("txtCurs", "4");
 lines.deleteRow(4);
 lines.enter(-1, "CODART", "M1");
 key("Esc");
-equal([lines.cell(4, "PRETFT"), w.text("txtCurs")], ["5,00", "4,9755"], "the price as it is, and its rate");
+equal([lines.cell(4, "PRETFT"), w.text("txtCurs")], ["5,00", "4,9755"], "the unchanged price, and its rate");
 
-// A draft without a due date does not take over the one of the draft before it.
+// A draft without a due date does not show that of the previous draft.
 w.set("DTPicker1", year + "-12-31");
 w.click("cmdSalvare");
 sql("INSERT INTO G_FACCLI (NUMFAC, CODCLI, DATAFAC, VALIDAT, Magazie) VALUES ('9', 3, ?, 0, 1)", year + "-03-03");
@@ -310,7 +310,7 @@ w.press("txtFields(0)", "F5");
 w.grid("TDBGrid2").select(w.grid("TDBGrid2").column("NUMFAC").indexOf("9"));
 equal([w.value("dtpDataFactura"), w.value("DTPicker1")], [year + "-03-03", year + "-05-10"], "dates of the draft");
 
-// What comes back without naming its invoice leaves the accounts as well: 2 at the article's cost of 20.
+// A return without its invoice is posted too: 2 at the article's cost of 20.
 w.set("chkCalculValuta", false);
 newInvoice("2", "MIXT TREI SA", ["M1", "-2"]);
 validated();

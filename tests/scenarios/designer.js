@@ -1,4 +1,4 @@
-// A layout drawn from nothing: with the mouse, moved by keyboard, taken back and done again, saved, read again.
+// A new layout: drawn with the mouse, moved with the keyboard, undone and redone, saved, read again.
 company();
 const layoutFile = paths().out + "/designer/Factura.lst";
 removeFile(layoutFile);
@@ -15,17 +15,17 @@ w.click("cmdChenar");
 w.drag("pagina", [15, 12], [120, 30]);
 w.click("cmdTabel");
 w.drag("pagina", [15, 40], [195, 100]);
-// The rows of a new table: its header, and below it the one that takes the names of the lines.
+// The rows of a new table: the header, and the Line row to which names of the data are added.
 w.carry("lstNume", "DENUMIRE", "pagina", [30, 47]);
 w.carry("lstNume", "CANT", "pagina", [39, 47]);
 
-// The text: chosen with the mouse, typed in the properties, moved by keyboard.
+// The text: selected with the mouse, edited in the properties, moved with the keyboard.
 w.drag("pagina", [21, 16], [21, 16]);
 const properties = w.grid("grdProprietati");
 const row = (caption) => properties.column("Proprietate").indexOf(caption);
 check(properties.enter(row("Formula"), "Valoare", "\"Factura \" + NRFAC"), "formula");
 answer("OK");
-check(!properties.enter(row("Marime litera"), "Valoare", "mare"), "a size that is no number");
+check(!properties.enter(row("Marime litera"), "Valoare", "mare"), "a size that is not a number");
 expectMessage("\"Marime litera\" trebuie sa fie un numar intre 1 si 500.");
 key("Esc");
 for (const each of ["Right", "Right", "Down", "Shift+Right"]) w.press("pagina", each);
@@ -35,18 +35,18 @@ w.press("pagina", "Ctrl+Z");
 equal(properties.cell(row("Stanga (mm)"), "Valoare"), "20");
 w.press("pagina", "Ctrl+Y");
 w.click("cmdRefacere");
-check(!w.isEnabled("cmdRefacere"), "nothing more to do again");
+check(!w.isEnabled("cmdRefacere"), "nothing more to redo");
 equal(w.isVisible("lstGreseli"), false);
 w.tab("Previzualizare");
 shot("previzualizare");
 w.tab("Pagina");
 shot("desenat");
 
-// Closing asks; what is saved holds what was drawn.
+// Closing asks; the saved file contains what was drawn.
 answer("Anulare");
 w.click("cmdInchide");
 expectMessage("Raportul a fost modificat. Salvati modificarile?", { title: "Proiectare raport" });
-check(!exists(layoutFile), "saved without a word");
+check(!exists(layoutFile), "saved without a message");
 answer("Da");
 w.click("cmdInchide");
 expectMessage("Raportul a fost modificat");
@@ -59,7 +59,7 @@ for (const part of ['x="22" y="16" width="61" height="7" formula="&quot;Factura 
 equal(text.match(/<cell[^>]*formula="[^"]*"/g).map((cell) => /formula="([^"]*)"/.exec(cell)[1]),
       ["&quot;DENUMIRE&quot;", "&quot;CANT&quot;", "DENUMIRE", "CANT"]);
 
-// Saved under another name, and damaged: shown as text with its place, mended there.
+// Saved under another name and damaged: shown as text with the position of the error, corrected there.
 call("designLayout", layoutFile);
 w = win("frmProiectare");
 const other = paths().out + "/designer/Alta.lst";

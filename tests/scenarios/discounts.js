@@ -1,4 +1,4 @@
-// Quantity discounts: bands of articles and families, in order and without gaps, and what sales read of them.
+// Quantity discounts: bands of articles and families, ordered and contiguous, and the discounts used by sales.
 
 company();
 sql("INSERT INTO G_FAMART (COD, DENUMIRE) VALUES (1, 'Suruburi'), (2, 'Adezivi'), (3, 'Goala')");
@@ -15,7 +15,7 @@ const ofFamily = (code) => stored("Familii Articole - Discounturi", "CODFamilie"
 menu("mnuDiscounturiArt");
 const form = win("frmArticoleDiscount");
 equal(form.title(), "Discount pe articol");
-check(!form.isVisible("frmDiscounturi"), "nothing is chosen at first");
+check(!form.isVisible("frmDiscounturi"), "nothing is selected at first");
 shot("discounts-start");
 const tree = form.tree("treeArticole");
 equal(tree.nodes(), ["Discount pe familie/articole", "Adezivi (2)", "Adeziv (A1)", "Goala (3)", "Suruburi (1)",
@@ -38,7 +38,7 @@ equal([list.rows(), boxes(), form.isEnabled("cmdAplica"), form.isEnabled("txtCan
 equal(list.columns(), ["CantMin", "CantMax", "Discount"]);
 shot("discounts-empty");
 
-// The checks, in order; nothing is stored before all of them pass.
+// The checks, in order; nothing is stored until all pass.
 for (const typed of [["", "", ""], ["1", "10", ""], ["5", "4", ""]]) {
   fill(...typed);
   answer("OK");
@@ -74,7 +74,7 @@ form.press("txtDiscount", "Enter");
 equal([shown(), ofArticle("S8")], [["1 10 5%", "11 20 7,5%"], ["1 10 5", "11 20 7.5"]]);
 shot("discounts-two");
 
-// A band that is followed keeps its end; its discount may change. Only the last band goes.
+// The end of a band with a successor cannot change, its discount can. Only the last band can be deleted.
 list.select(0);
 equal([boxes(), form.isEnabled("txtCantMin")], [["1", "10", "5"], false]);
 fill(null, "12", "6");
@@ -89,7 +89,7 @@ fill(null, "10", "6");
 form.click("cmdSalvare");
 equal(ofArticle("S8"), ["1 10 6", "11 20 7.5"]);
 
-// What is not stored is dropped with another node; deleting brings the last one left to the boxes.
+// A new band is discarded when another node is selected; after a deletion the boxes show the last remaining band.
 list.select(1);
 form.click("cmdAdaugare");
 equal(shown().length, 3);
@@ -124,7 +124,7 @@ expectMessage(question);
 equal([ofArticle("S8"), ofArticle("S10"), ofArticle("A1")],
       [["1 10 5", "11 20 7.5"], ["1 10 5", "11 20 7.5"], ["1 3 40"]]);
 
-// What sales read: whole percents, 0 beside the bands; 7.5 goes to the even 8.
+// Discounts in sales: whole percentages, 0 outside the bands; 7.5 is rounded to the even 8.
 equal([0, 1, 10, 11, 20, 21].map((quantity) => call("DiscountArticol", "S8", quantity)), [0, 5, 5, 8, 8, 0]);
 sql('INSERT INTO "Terti - Discounturi" (CODTert, Discount) VALUES (4, 2.5)');
 equal([call("DiscountTert", 4), call("DiscountTert", 5)], [2, 0]);
@@ -135,7 +135,7 @@ equal([form.text("treeArticole"), form.text("lblAles"), shown()], ["Adeziv (A1)"
 tree.select("Discount pe familie/articole");
 check(!form.isVisible("frmDiscounturi"));
 
-// A colleague has changed the bands meanwhile: nothing is written, the list shows them.
+// Another user has changed the bands: nothing is written, the list shows the new ones.
 tree.select("Adeziv (A1)");
 form.click("cmdAdaugare");
 sql("INSERT INTO \"Articole - Discounturi\" (CODArticol, CantMin, CantMax, Discount) VALUES ('A1', 4, 9, 30)");
@@ -145,7 +145,7 @@ form.click("cmdSalvare");
 expectMessage("Discounturile au fost modificate intre timp de alt utilizator.");
 equal([shown(), ofArticle("A1")], [["1 3 40%", "4 9 30%"], ["1 3 40", "4 9 30"]]);
 
-// A fresh window each time.
+// A new window each time.
 menu("mnuDiscounturiArt");
 equal(openCount("frmArticoleDiscount"), 2);
 win("frmArticoleDiscount").click("cmdIesire");

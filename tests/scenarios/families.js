@@ -34,7 +34,7 @@ refused("Va rugam introduceti Cont cheltuieli", "cboCont(1)");
 pick(1, "607");
 refused("Va rugam introduceti Cont de venituri", "cboCont(2)");
 w.type("txtCont(2)", "707");
-check(w.text("cboCont(2)").startsWith("707-"), "a typed account shows in the list");
+check(w.text("cboCont(2)").startsWith("707-"), "the list shows a typed account");
 refused("Va rugam introduceti Cont stoc de  productie", "cboCont(3)");
 pick(3, "345");
 w.click("cmdAdauga");

@@ -1,4 +1,4 @@
-// Entering lines by the keyboard: what a cell takes, what it refuses and how one goes on from there.
+// Entering lines with the keyboard: values accepted and refused, and moving on after each.
 setToday("2026-03-15");
 company();
 sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (?, ?, ?)", 1, "FURNIZOR UNU", "F");
@@ -17,13 +17,13 @@ equal(w.value("dtpDataDoc"), "2026-03-10");
 w.click("cmdSalvare");
 equal(sql("SELECT NUMNR, CODFUR, DATANR FROM G_BONINT"), [{ NUMNR: "1", CODFUR: 1, DATANR: "2026-03-10" }]);
 
-// The empty row for the next line is no line.
+// The empty row for the next line is not a line.
 const lines = w.grid("TDBGrid1");
 equal(lines.rows(), 0);
 equal(lines.columns().slice(0, 5), ["NRLINIE", "CODART", "DENUMIRE", "UM", "CANT"]);
 equal(lines.captions()[1], "Cod articol");
 
-// Codes in any case, numbers with point or comma; shown the Romanian way. 2.5 x 1234.5 = 3086.25
+// Codes are case insensitive, numbers have a point or comma; shown in Romanian format. 2.5 x 1234.5 = 3086.25
 equal(lines.addLine("a1", "2.5"), 0);
 equal([lines.cell(0, "CODART"), lines.cell(0, "denumire"), lines.cell(0, "UM")], ["A1", "ARTICOL UNU", "Buc"]);
 equal(lines.cell(0, "CANT"), "2,500");
@@ -36,7 +36,7 @@ equal([lines.isLocked(0, "VALOAREFT"), lines.isLocked(0, "CANT")], [true, false]
 equal(lines.enter(0, "VALOAREFT", "1"), false);
 check(lines.colour(0, "VALOAREFT").back !== lines.colour(0, "CANT").back);
 
-// A refused cell keeps its text and the focus; another entry goes on from there.
+// A refused cell keeps its text and the focus; typing continues in it.
 equal(lines.enter(-1, "CODART", "ZZZ"), false);
 equal(openCount("frmMsgBox"), 1);
 expectMessage("ZZZ");
@@ -47,7 +47,7 @@ equal(lines.rows(), 1);
 check(lines.enter(-1, "CODART", "A2"));
 equal(lines.rows(), 2);
 
-// And Esc gives the old value back.
+// Esc restores the old value.
 answer("OK");
 equal(lines.enter(1, "CANT", "-4"), false);
 equal(messages().length, 1);

@@ -1,4 +1,4 @@
-// The list of journals: the card, the checks of a new one and of the cells, the VAT regime that must fit.
+// The list of journals: the card, the checks of a new journal and of the cells, the VAT regime for its kind.
 company();
 const journal = code => sql("SELECT * FROM kt_jur WHERE COD = ?", code)[0];
 const total = sql("SELECT COUNT(*) AS N FROM kt_jur")[0].N;
@@ -46,7 +46,7 @@ equal([journal("JX").TITLU, journal("JX").CONT, journal("JX").TIP, journal("JX")
 const at = grid.column("COD").indexOf("JX");
 equal(w.text("txtCodJurnal"), "JX");
 
-// A regime of another kind of journal is not written, all else is.
+// A regime for another kind of journal is not stored, all other values are.
 w.pick("CboFel", "V-Bunuri taxabile-12");
 w.type("txtTitluJurnal", "Achizitii");
 w.click("CmdModificare");
@@ -62,11 +62,11 @@ w.pick("CboFel", "V-Bunuri scutite cu drept de deducere-19");
 w.click("CmdModificare");
 equal([journal("JX").TIP, journal("JX").FEL, journal("JX").CONT], ["V", 19, "401"]);
 
-const cellRefused = (column, text, told, more) => {
+const cellRefused = (column, text, expected, more) => {
   const before = grid.cell(at, column);
   answer("OK");
   equal(grid.enter(at, column, text), false, column);
-  expectMessage(told, more);
+  expectMessage(expected, more);
   equal(grid.cell(at, column), before);
 };
 cellRefused("CONT", "40", "Introduceti un cont format din minim 3 caractere !");
@@ -90,7 +90,7 @@ w.click("cmdSterge");
 expectMessage("Sunteti sigur ca doriti sa stergeti jurnalul cu codul : JX ?", {title: "Confirmare stergere"});
 expectMessage("Jurnalul nu se poate sterge deoarece este utilizat in Inregistrari !");
 sql("DELETE FROM kt_linii");
-// Gone while it is being changed: what was typed stays on the card, but no record takes it.
+// Deleted while it is being changed: the typed values remain on the card, but are not stored.
 w.type("txtTitluJurnal", "Alt titlu");
 sql("DELETE FROM kt_jur WHERE COD = 'JX'");
 equal(w.text("lblStare"), "Inregistrarea a fost stearsa intre timp de alt utilizator !");

@@ -1,5 +1,5 @@
-// At the keyboard: what is asked before something typed is left, where Enter and Tab go, which keys press what,
-// how windows and columns share the screen.
+// Keyboard operation: questions before unsaved input is left, Enter and Tab order, access keys, and how
+// windows and columns share the screen.
 const year = today().substring(0, 4);
 const kCard = "Fisa a fost modificata. Salvati modificarile ?";
 
@@ -10,7 +10,7 @@ for (const code of ["A1", "A2", "A3"])
   sql("INSERT INTO G_ARTMAG (CODART, DENART, FAMART, UM, CODFURNIZO, COTATVA, COST, PRETVFT, STOC, FARASTOC, PROVENIENTA) " +
       "VALUES (?, ?, 1, 'Buc', 1, 19, 10, 20, 100, 0, 'M')", code, "Articolul cu un nume destul de lung incat nu incape " + code);
 
-// A partner's card: Enter from the last field stores it, a changed one is not left without a question.
+// A partner's card: Enter in the last field stores it, a changed card is not left without a question.
 menu("mnuTabeleClienti");
 let w = win("frmTerti");
 let grid = w.grid("grdDataGrid");
@@ -30,7 +30,7 @@ equal(w.text("txtFields(1)"), "ALFA DOI SRL", "all as typed");
 answer("Renuntare");
 w.close();
 expectMessage(kCard);
-check(isOpen("frmTerti"), "the window stays");
+check(isOpen("frmTerti"), "the window remains open");
 answer("Renuntare");
 w.click("cmdAdauga");
 expectMessage(kCard);
@@ -39,13 +39,13 @@ answer("Renuntare");
 grid.select(2);
 expectMessage(kCard);
 w.tab("Fisa Tert");
-equal([w.text("txtFields(0)"), w.text("txtFields(1)")], ["42", "ALFA DOI SRL"], "the list has gone back as well");
+equal([w.text("txtFields(0)"), w.text("txtFields(1)")], ["42", "ALFA DOI SRL"], "the list is reset too");
 w.tab("Lista Terti");
 answer("Da");
 grid.select(2);
 expectMessage(kCard);
 w.tab("Fisa Tert");
-equal([name(42), w.text("txtFields(1)")], ["ALFA DOI SRL", "GEMEN SRL"], "stored, and the row chosen is shown");
+equal([name(42), w.text("txtFields(1)")], ["ALFA DOI SRL", "GEMEN SRL"], "stored, and the selected row is shown");
 w.type("txtFields(1)", "");
 answer("Da", "OK");
 answer("OK");
@@ -66,7 +66,7 @@ equal([sql("SELECT COUNT(*) AS N FROM kt_ter WHERE NUME = 'BETA SRL'")[0].N, w.t
 w.close();
 noMessage();
 
-// An article is asked about alike; searches say when they find nothing.
+// The same for an article; searches without a result show a message.
 menu("mnuTabeleArticole");
 w = win("frmArticole");
 grid = w.grid("grdDataGrid");
@@ -81,18 +81,18 @@ w.close();
 for (const [entry, window, found] of [["mnumnuTabelemnuTabPC", "frmPC", "clienti"], ["mnuJurnale", "frmJurnale", "j"]]) {
   menu(entry);
   w = win(window);
-  check(w.tooltip("txtCautare").toLowerCase().includes("titlu"), "says what is looked in");
+  check(w.tooltip("txtCautare").toLowerCase().includes("titlu"), "shows where it searches");
   w.type("txtCautare", found);
   noMessage();
   w.type("txtCautare", "nimic");
-  check(w.text("lblStare").includes("nimic"), "said while typing");
+  check(w.text("lblStare").includes("nimic"), "shown during typing");
   answer("OK");
   w.press("txtCautare", "Enter");
   expectMessage("Nu exista inregistrari care sa inceapa cu nimic !");
   w.close();
 }
 
-// A voucher: keys of commands, of cells and of boxes.
+// A voucher: keys of commands, cells and boxes.
 menu("mnuBonIntr");
 w = win("frmGRILABonIntr");
 let lines = w.grid("TDBGrid1");
@@ -115,7 +115,7 @@ for (let i = 0; i < 40 && w.hasFocus("TDBGrid1"); ++i) key("Tab");
 check(!w.hasFocus("TDBGrid1"), "Tab leaves behind the last cell");
 check(w.hasFocus("txtFields(0)"), "to the next control");
 
-// The header of a draft is kept, or left knowingly; a new document asks nothing.
+// The header of a draft is kept or discarded after a question; a new document asks nothing.
 const header = (number) => sql("SELECT OBS FROM G_BONINT WHERE NUMNR = ?", number)[0].OBS;
 const kHeader = "Antetul documentului 1 a fost modificat. Salvati modificarile ?";
 const draft = (number) => w.grid("TDBGrid2").select(w.grid("TDBGrid2").column("NUMNR").indexOf(number));
@@ -165,7 +165,7 @@ expectMessage("", { answered: "Da" });
 equal(sql("SELECT NUMNR FROM G_BONINT"), [{ NUMNR: "1" }], "Enter presses a button, D and N answer");
 w.close();
 
-// Partners of one name are told apart, a new one comes back to the document; sums are in sight on a small screen.
+// Equal partner names are distinguished, a new partner is returned to the document, sums fit a small screen.
 menu("mnuVanzFactura");
 win("frmGrilaFC2").click("cmdAE");
 w = win("frmGrilaFC");
@@ -177,7 +177,7 @@ check(partners.text("txtFields(0)") === "" && partners.isVisible("txtFields(1)")
 partners.type("txtFields(1)", "GAMA SRL CU UN NUME CARE NU INCAPE IN LOCUL LUI DE SUB LISTA CLIENTILOR");
 partners.click("cmdAdauga");
 equal(name(w.text("txtFields(1)")).substring(0, 8), "GAMA SRL", "the new partner is in the invoice");
-check(w.hasFocus("DataCombo1"), "which is in front");
+check(w.hasFocus("DataCombo1"), "the active window");
 partners.close();
 w.type("txtFields(0)", "1");
 w.click("cmdSalvare");
@@ -195,7 +195,7 @@ key("Esc");
 equal(w.text("lblDePlata"), w.grid("TDBGrid1").footer("VALOARETTI"), "the sum to pay");
 w.shot("counter");
 
-// Windows beside each other keep the size that their contents need, and the rest is scrolled to.
+// Tiled windows keep the size that their contents need and can be scrolled.
 for (const entry of ["mnuBonIntr", "mnuBonConsum", "mnuTabeleClienti", "mnuTabeleArticole"]) menu(entry);
 for (const arrangement of ["mnuWindowTileHorizontal", "mnuWindowTileVertical", "mnuWindowCascade"]) {
   menu(arrangement);
@@ -204,7 +204,7 @@ for (const arrangement of ["mnuWindowTileHorizontal", "mnuWindowTileVertical", "
   noMessage();
 }
 
-// Tab goes through all fields of a journal's window.
+// Tab moves through all fields of a journal's window.
 menu("mnumnuRapmnuRapJVT");
 w = win("frmRapJVTVA");
 w.press("DTPickerdela", "Tab");

@@ -1,5 +1,5 @@
 // From the splash to the main window: the list of companies, users and passwords, the working warehouse, and
-// the ways out.
+// cancelling.
 setToday("2026-03-15");
 const folder = paths().databases;
 check(!call("databaseExists", folder, "Tarvon01.mdb"));
@@ -11,9 +11,9 @@ function logIn(user, password) {
   login.press("txtPassword", "Enter");
 }
 
-// A folder with the template alone gets the list with one company, and its file.
+// A folder with only the template gets a list with one company, and its file.
 start(folder);
-check(isOpen("frmSplash"), "the splash stands first");
+check(isOpen("frmSplash"), "the splash is shown first");
 let login = win("frmLogin");
 check(!isOpen("frmSplash"));
 equal(login.title(), "Selectie societate");
@@ -27,7 +27,7 @@ check(readFile(folder + "/Societat.xml").includes("<z:row COD='01' DENUMIRE='SOC
 equal(login.tooltip("txtUserName"), 'Utilizator implicit: "admin"');
 equal([login.text("txtUserName"), login.text("txtPassword")], ["", ""]);
 
-// Who is not known, or gives a wrong password, stays in the dialog with what was typed, as often as it takes.
+// After an unknown user or a wrong password the dialog remains open with what was typed, any number of times.
 for (let attempt = 1; attempt <= 4; ++attempt) {
   answer("OK");
   logIn("nimeni", "admin");
@@ -39,11 +39,11 @@ logIn("admin", "gresita");
 expectMessage("Parola nu este corecta !", { icon: "critical" });
 check(isOpen("frmLogin") && !isOpen("frmSelMagazie"));
 
-// A quote in a name is never typed.
+// An apostrophe in a name is ignored.
 login.type("txtUserName", "ad'min");
 equal(login.text("txtUserName"), "admin");
 
-// Into the company: an empty table of warehouses gets the first one, which nobody has picked yet.
+// Entering the company: an empty table of warehouses gets its first one, which is not selected yet.
 logIn("admin", "admin");
 check(!isOpen("frmLogin"));
 let warehouse = win("frmSelMagazie");
@@ -61,7 +61,7 @@ equal(win("frmMain").title(), "Tarvon Velmar  - SOCIETATE");
 check(win("frmMain").text("sbStatusBar").includes("Utilizator:ADMIN--Denumire magazie:Magazie 1"));
 equal(sql("SELECT COD, DENUMIRE FROM G_MULTIMAGAZIE"), [{ COD: 1, DENUMIRE: "Magazie 1" }]);
 
-// Users live in their company; a user of type 2 gets in like any other and finds most of the menu closed.
+// Each company has its own users; a user of type 2 can log in and has most of the menu disabled.
 sql("INSERT INTO UTILIZATORI (NUME, PAROLA, TIP) VALUES (?, ?, ?)", "ANA", "mere", 2);
 sql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE) VALUES (?, ?)", 2, "Depozit 12");
 start(folder);
@@ -74,7 +74,7 @@ check(win("frmMain").text("sbStatusBar").includes("Utilizator:ANA--Denumire maga
 equal(["mnuFile", "mnumnuTabele", "mnuCumparari", "mnuVanzari", "mnuRap"].map((name) => menuState(name).enabled),
       [true, false, false, false, true]);
 
-// The ways out: from the login, and from the warehouse.
+// Cancelling the login and the choice of the warehouse.
 start(folder);
 win("frmLogin").click("cmdIesire");
 check(!isOpen("frmLogin") && !isOpen("frmSelMagazie") && !isOpen("frmMain"));
@@ -83,7 +83,7 @@ logIn("admin", "admin");
 win("frmSelMagazie").click("cmdIesire");
 check(!isOpen("frmSelMagazie") && !isOpen("frmMain"));
 
-// Without a folder chosen, the program's own one with its template serves; another is found by its file.
+// If no folder was chosen, the program's folder with its template is used; another is found by its file.
 start("");
 login = win("frmLogin");
 equal(login.text("Label1"), paths().app);
@@ -92,7 +92,7 @@ file("");
 login.click("cmdCauta");
 equal(login.text("Label1"), paths().app);
 login.click("cmdCauta");
-equal(win("QFileDialog").text("lookInLabel"), "Folder:");  // what the toolkit says is Romanian as well
+equal(win("QFileDialog").text("lookInLabel"), "Folder:");  // the toolkit's own texts are Romanian too
 win("QFileDialog").close();
 writeFile(paths().drive + "/altele/alta.mdb", "x");
 answer("OK");

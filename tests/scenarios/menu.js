@@ -14,7 +14,7 @@ function refused(name) {
   return "";
 }
 
-// Type 0 is refused nothing.
+// For type 0 everything is enabled.
 company();
 equal(enabled(tops), [true, true, true, true, true, true, true, true, true]);
 equal(menuState("mnuCreare").enabled, true);
@@ -23,7 +23,7 @@ equal(visible(["mnuComenziAudio", "mnuFacturiAudio", "mnuBonReparatie", "mnuComi
       [false, false, false, false]);
 equal(refused("mnuComenziAudio"), "the menu entry mnuComenziAudio is hidden");
 
-// The marks of the view menu and what they show go together.
+// The check marks of the view menu match what is visible.
 const main = win("frmMain");
 for (const [entry, bar] of [["mnuViewStatusBar", "sbStatusBar"], ["mnuViewLeftBar", "Toolbar"],
                             ["mnuViewRightBar", "ToolbarRap"]]) {
@@ -34,7 +34,7 @@ for (const [entry, bar] of [["mnuViewStatusBar", "sbStatusBar"], ["mnuViewLeftBa
   equal([menuState(entry).checked, main.isVisible(bar)], [true, true]);
 }
 
-// Several windows of the connections may stand, one of the companies; they can be arranged.
+// The window of connections can be opened several times, that of companies once; they can be arranged.
 menu("mnuConexiuni");
 menu("mnuConexiuni");
 menu("mnuCreare");
@@ -50,7 +50,7 @@ menu("mnuWindowTileVertical");
 users.close();
 equal(openCount("frmConexiuni"), 1);
 
-// About is modal and says which version this is.
+// About is modal and shows the version.
 menu("mnuHelpAbout");
 const about = win("frmAbout");
 equal(about.title(), "Informatii");
@@ -60,12 +60,12 @@ check(refused("mnuCreare").includes("frmAbout is in front of"));
 about.click("cmdOK");
 check(!isOpen("frmAbout"));
 
-// Without the help file the command says so.
+// Without the help file the command shows a message.
 answer("OK");
 menu("mnuHelpContents");
 expectMessage("No help file!!! ", { title: "Velmar", icon: "" });
 
-// A yes/no box cannot be closed but by its buttons.
+// A yes/no box can only be closed with its buttons.
 menu("mnuCreare");
 const list = win("frmSocietati");
 list.type("txtCod", "x1");
@@ -85,8 +85,8 @@ box.click("cmdBtn(1)");
 check(!isOpen("frmMsgBox"));
 equal(messages().map((shown) => shown.answered), ["Nu"]);
 
-// Every set of buttons with the number each gives back, the default button, and the close box, which means
-// cancel where there is one.
+// Each set of buttons with its return values, the default button, and the close box, which means cancel if there
+// is such a button.
 const sets = [[0, ["OK"], [1]], [1, ["OK", "Anulare"], [1, 2]],
               [2, ["Abandon", "Reincearca", "Ignora"], [3, 4, 5]], [3, ["Da", "Nu", "Anulare"], [6, 7, 2]],
               [4, ["Da", "Nu"], [6, 7]], [5, ["Reincearca", "Anulare"], [4, 2]]];
@@ -108,18 +108,18 @@ for (const [set, captions, results] of sets) {
   messages();
 }
 
-// The end of the work closes everything.
+// Exit closes all windows.
 menu("mnuFileExit");
 check(!isOpen("frmMain") && !isOpen("frmSocietati"));
 
-// Type 1: no companies, parameters, users, warehouses, upkeep.
+// Type 1: without companies, parameters, users, warehouses, upkeep.
 company({ user: "ION", type: 1 });
 equal(enabled(tops), [true, true, true, true, true, true, false, true, true]);
 equal(enabled(["mnuCreare", "mnuFilemnuSocConf", "mnuUtilizatori", "mnuMagazii", "mnuFileExit"]),
       [false, false, false, false, true]);
 equal(refused("mnuConexiuni"), "the menu entry mnuIntretinere is disabled");
 
-// Any other type: the tables, purchases and sales are closed as well.
+// Any other type: tables, purchases and sales are disabled too.
 company({ user: "ANA", type: 7 });
 equal(enabled(tops), [true, true, false, false, false, true, false, true, true]);
 

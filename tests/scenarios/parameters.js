@@ -1,4 +1,4 @@
-// The company's parameters: each tab saved alone, its checks in their order, what is refused and what stays.
+// The company's parameters: each tab saved separately, its checks in order, refusals, unchanged values.
 setToday("2026-03-15");
 
 let w;
@@ -8,7 +8,7 @@ function open() {
   w = win("frmParamSoc");
 }
 
-// Saves the tab in front, which is refused.
+// Saves the current tab, which is refused.
 function refused(text, more) {
   answer("OK");
   w.click("cmdSalvare");
@@ -28,7 +28,7 @@ check(w.hasFocus("Text1(0)"), "the name has the focus");
 noMessage();
 shot("gol");
 
-// Identity: the boxes speak when they are left, the name when it is saved.
+// Identity: the boxes are checked when they are left, the name when it is saved.
 w.type("Text1(3)", "RO123");
 equal(w.text("lblStare"), "Modificat, nesalvat");
 refused("Salvarea nu se poate efectua. Introduceti o denumire pentru societatea curenta !",
@@ -73,14 +73,14 @@ equal(info("TCOST").TCOST, "FIFO");
 equal([w.isEnabled("Option1"), w.isEnabled("Option2"), w.value("Option1")], [false, false, true]);
 shot("societate");
 
-// Closing discards; Esc closes; the window says again what is stored.
+// Closing discards changes; Esc closes; the window shows the stored values again.
 w.type("Text1(0)", "ALTA SRL");
 w.press("Text1(0)", "Esc");
 check(!isOpen("frmParamSoc"));
 open();
 equal([w.text("Text1(0)"), w.text("Text1(5)"), w.isEnabled("Option2")], ["ALFA SRL", "1234,5", false]);
 
-// A wrong number does not hold who wants to leave.
+// A wrong number does not prevent closing.
 answer("OK");
 w.type("Text1(5)", "abc");
 expectMessage("Va rugam introduceti o valoare numerica pentru capitalul social !");
@@ -89,7 +89,7 @@ check(!isOpen("frmParamSoc"));
 noMessage();
 open();
 
-// Fiscal years: a date warns and stays, saving refuses.
+// Fiscal years: a date warns and remains, saving refuses.
 w.tab("Exercitiu");
 equal(w.value("DTPicker1(3)"), "2027-12-31");
 answer("OK");
@@ -103,7 +103,7 @@ check(w.hasFocus("DTPicker1(0)"));
 w.type("DTPicker1(0)", "2026-01-01");
 noMessage();
 
-// Who saves straight from a date that stands half typed hears of it once.
+// Saving from a date that is not completely typed shows one message.
 w.press("DTPicker1(5)", "0");
 for (const digit of "10125") key(digit);
 refused("Data de inceput a perioadei de culegere trebuie sa fie mai mica decat data de sfarsit ! " +
@@ -125,10 +125,10 @@ w.type("DTPicker1(5)", "2026-03-31");
 w.click("cmdSalvare");
 noMessage();
 equal(par("DATASC").DATASC, "2026-03-31");
-check(call("InPerioadaCulegere", "2026-04-01"), "work goes by the parameters as they were read");
+check(call("InPerioadaCulegere", "2026-04-01"), "the parameters read before remain in effect");
 shot("exercitiu");
 
-// Accounts: box and list go together.
+// Accounts: box and list are synchronized.
 w.press("DTPicker1(0)", "Ctrl+PgDown");
 equal(w.text("lblStare"), "");
 equal([w.text("txtConfig(0)"), w.text("cboCont(0)")], ["401", "401-Furnizori"]);
@@ -149,7 +149,7 @@ for (const letter of "imobiliz") key(letter);
 answer("OK");
 key("Tab");
 expectMessage("imobiliz nu este in lista !");
-equal([w.text("txtConfig(2)"), w.hasFocus("cboCont(2)")], ["408", true], "no account named");
+equal([w.text("txtConfig(2)"), w.hasFocus("cboCont(2)")], ["408", true], "no account given");
 w.pick("cboCont(2)", "408-Furnizori - facturi nesosite");
 answer("OK");
 w.type("txtNrZecimale", "doi");
@@ -201,11 +201,11 @@ equal(par("JURFACFUR, JURAVIZ, CASAMARCAT, CASAMARCAT_NR"),
       {JURFACFUR: "JCN", JURAVIZ: "AE", CASAMARCAT: "D", CASAMARCAT_NR: 22});
 shot("jurnale");
 
-// The parameters act once the window is closed.
+// The parameters take effect when the window is closed.
 w.close();
 check(!call("InPerioadaCulegere", "2026-04-01"));
 
-// A change of plan acts at once, saves the tab in front and the accounts.
+// A change of plan takes effect at once and saves the current tab and the accounts.
 open();
 check(w.value("optGeneral"));
 w.type("Text1(1)", "SRL");
@@ -223,7 +223,7 @@ w.tab("Societate");
 w.set("optObstesc", true);
 equal(par("CONTFURNIZORI, CONTAVIZEXP_P"), {CONTFURNIZORI: "401", CONTAVIZEXP_P: "354"});
 
-// What stands wrong in the accounts is told after the change, where it stands.
+// A fault in the accounts is reported after the change, at its field.
 w.tab("Conturi");
 w.type("Text3(2)", "5");
 w.tab("Societate");
@@ -233,7 +233,7 @@ expectMessage("Verificati plaja de numere si seria introduse!", {title: "Avize d
 check(w.hasFocus("Text3(3)"));
 equal(info("PLANC").PLANC, 0);
 
-// A colleague posts: the change is refused and the choice turns grey.
+// Another user posts: the change is refused and the choice is disabled.
 sql("INSERT INTO kt_linii (NDI, NRLINIE, CONT) VALUES (1, 1, '371')");
 w.tab("Societate");
 answer("OK");
@@ -246,7 +246,7 @@ w.close();
 open();
 equal([w.isEnabled("optGeneral"), w.isEnabled("Option1")], [false, false]);
 
-// A colleague chooses the method while this window still offers it.
+// Another user chooses the method while this window still offers it.
 company({method: ""});
 open();
 w.type("Text1(0)", "BETA SRL");

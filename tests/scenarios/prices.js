@@ -1,4 +1,4 @@
-// Bulk update of sale prices: the choice of articles, the two ways to reckon, refusals that write nothing.
+// Bulk update of sale prices: the choice of articles, the two methods, refusals that write nothing.
 
 setToday("2026-03-15");
 company();
@@ -24,7 +24,7 @@ equal(form.items("cboFamilie"), ["2-Adezivi", "1-Suruburi"]);
 equal([form.value("optToateArt"), form.isEnabled("cboFamilie"), form.isEnabled("cboArticol")], [true, false, false]);
 shot("prices-start");
 
-// One of the two ways is on, whichever is clicked.
+// Exactly one of the two methods is enabled.
 const ways = () => [form.value("CheckAdaos"), form.value("CheckDeviza")];
 equal(ways(), [true, false]);
 form.click("CheckAdaos");
@@ -38,15 +38,15 @@ function run(message) {
   expectMessage(message, { icon: "" });
 }
 
-// The choice of articles is asked for first, then the percent.
+// The choice of articles is checked first, then the percentage.
 form.set("optArticol", true);
 run("Va rugam precizati articolul");
 key("Esc");
-check(form.hasFocus("cboArticol"), "its list stood open");
+check(form.hasFocus("cboArticol"), "its list was open");
 form.set("optFamilie", true);
 run("Va rugam precizati familia");
 key("Esc");
-check(form.hasFocus("cboFamilie"), "its list stood open");
+check(form.hasFocus("cboFamilie"), "its list was open");
 form.pick("cboFamilie", "1-Suruburi");
 run("Va rugam introduceti adaosul comercial");
 answer("OK");
@@ -60,7 +60,7 @@ run("Actualizarea s-a efectuat cu succes pentru 2 articole");
 equal([prices("S8"), prices("S10"), prices("A1")], [[33.33, 3.57, 4.24, 2], [33.33, 0, 0, 0], [0, 0, 0, 10]]);
 shot("prices-family");
 
-// Another option empties the list of the one before. The article is found by a part of its name.
+// Another option clears the list of the previous one. The article is found by a part of its name.
 form.set("optArticol", true);
 equal([form.text("cboFamilie"), form.isEnabled("cboFamilie")], ["", false]);
 form.pick("cboArticol", "Surub M8");
@@ -90,7 +90,7 @@ run("Actualizarea s-a efectuat cu succes pentru 3 articole");
 equal([prices("A1"), prices("S8"), prices("S10")], [[24.41, 49.76, 59.22, 10], [-100, 0, 0, 0], [100, 0, 0, 0]]);
 shot("prices-currency");
 
-// One window; it closes without a question.
+// A single window, which closes without a question.
 menu("mnuActualizarePret");
 equal(openCount("FrmActPretVanz"), 1);
 form.click("cmdAnulare");

@@ -1,4 +1,4 @@
-// Printing a list: Ctrl+P, the options, the preview, and the files that come of it.
+// Printing a list: Ctrl+P, the options, the preview, and the resulting files.
 company();
 for (let i = 2; i <= 60; ++i)
   sql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE) VALUES (?, ?)", i, "Depozit " + String(i).padStart(3, "0"));
@@ -7,7 +7,7 @@ const w = win("frmMagazii");
 const grid = w.grid("grdDataGrid");
 equal(grid.rows(), 60);
 
-// The options stand as they are, the preview closes by itself: one file, with the selected rows alone.
+// The options are unchanged, the preview closes by itself: one file, with only the selected rows.
 grid.selectMany([0, 2, 4]);
 key("Ctrl+P");
 let files = printed();
@@ -18,7 +18,7 @@ equal(text.match(/Depozit \d+/g), ["Depozit 002", "Depozit 004", "Depozit 006"])
 check(/Magazii\s[^]*Cod +Denumire +Cont de stoc +Cod Jurnal Casa[^]*Pagina: 1 din 1/.test(text), text);
 equal(printed(), []);
 
-// Both windows stand when they are wanted; giving up prints nothing.
+// Both windows are shown when the script requests them; cancelling prints nothing.
 keepPreview(true);
 w.press("grdDataGrid", "Ctrl+A");
 key("Ctrl+P");
@@ -61,7 +61,7 @@ files = printed();
 equal(files.length, 1);
 equal(pdfText(files[0]).match(/Depozit \d+/g).length, 59);
 
-// From the preview a range of the pages goes to the printer.
+// The preview prints a range of pages.
 key("Ctrl+P");
 options = win("frmOptiuniTiparire");
 options.type("txtDeLa", "2");
@@ -77,5 +77,5 @@ check(preview.text("lblStare").startsWith("Salvat in "), preview.text("lblStare"
 shot("tiparit");
 key("Esc");
 check(!isOpen("frmPrevizualizare"), "closed");
-check(isOpen("frmMagazii"), "the list stands");
+check(isOpen("frmMagazii"), "the list is open");
 noMessage();

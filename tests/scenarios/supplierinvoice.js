@@ -1,5 +1,5 @@
 // A supplier invoice through the real window: VAT of the rounded value, the colours of the margin, returns,
-// journals, notes off, VAT on collection, both methods.
+// journals, without notes, VAT on collection, both methods.
 
 function seed() {
   sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (1, 'FURNIZOR UNU SRL', 'F')");
@@ -60,25 +60,25 @@ check(!w.isEnabled("cmdImport"), "no import yet");
 equal(w.tooltip("cmdImport"), "Import detalii din fisier EXCEL cu structura: COD,DENUMIRE,PRET,CANTITATE,ADAOS", "tool tip");
 equal([w.text("TextMarja"), w.text("LabelDepasiri"), w.text("LabelNoi")], ["10", "Depasiri", " Intrari noi"], "the legend");
 
-// Checks in their order; a rate is chosen or typed, a journal emptied.
+// The checks in order; a rate is chosen or typed, a journal cleared.
 w.type("txtFields(2)", "");
 w.type("TxtJNL", "");
 const order = ["Va rugam completati numarul facturii ! Salvarea nu se poate efectua !",
                "Va rugam completati codul furnizorului ! Salvarea nu se poate efectua !",
                "Va rugam completati codul TVA ! Salvarea nu se poate efectua !",
                "Va rugam selectati jurnalul ! Salvarea nu se poate efectua !"];
-const mend = [() => w.type("txtFields(0)", "1"), () => w.pick("DataCombo1", "FURNIZOR UNU SRL"),
+const correct = [() => w.type("txtFields(0)", "1"), () => w.pick("DataCombo1", "FURNIZOR UNU SRL"),
               () => w.pick("cboTVA", "4426-9"), () => w.pick("cboJurnal", w.items("cboJurnal")[1])];
 order.forEach((text, i) => {
   refused("cmdSalvare", text, {icon: "critical"});
   if (i == 2) {
     w.type("txtFields(2)", "2");
-    refused("cmdSalvare", text);  // a rate of sales is none of these
+    refused("cmdSalvare", text);  // a rate of sales is not in the list
     check(w.hasFocus("txtFields(2)"), "focus on the rate");
   }
-  mend[i]();
+  correct[i]();
 });
-equal([w.text("txtFields(2)"), w.text("TxtJNL")], ["7", "JCC"], "the choices give their codes");
+equal([w.text("txtFields(2)"), w.text("TxtJNL")], ["7", "JCC"], "the codes of the choices");
 w.type("txtFields(2)", "1");
 equal(w.text("cboTVA"), "4426-19", "a typed code selects");
 w.type("txtFields(3)", "1234567890123456789012345678901234567890");
@@ -102,12 +102,12 @@ refused("cmdValidare", "Data scadenta este mai mica decat data facturarii !");
 check(w.hasFocus("DScadenta"), "focus on the due date");
 w.set("DScadenta", sql("SELECT DATASCAD FROM G_FACFUR")[0].DATASCAD);
 
-// Against a last cost of 10: 12 is dearer, 11 and 8 are not; a margin of 20 lets 12 pass as well.
+// With a last cost of 10: 12 is dearer, 11 and 8 are not; with a margin of 20, 12 is not either.
 newInvoice("2", "", ["A1", "1", "12"], ["A2", "1", "11"], ["A3", "1", "8"], ["N1", "1", "5"]);
 equal(lines.colour(0, "PRETFT"), {text: "#ff0000", back: "#ffffff"}, "dearer");
 equal([lines.colour(1, "PRETFT").text, lines.colour(2, "PRETFT").text], ["#000000", "#000000"], "11 and 8");
 equal(lines.colour(3, "PRETFT"), {text: "#000000", back: "#c0ffc0"}, "first purchase");
-equal(lines.colour(3, "UM"), {text: "#000000", back: "#c0ffc0"}, "the whole row");
+equal(lines.colour(3, "UM"), {text: "#000000", back: "#c0ffc0"}, "the complete row");
 w.type("TextMarja", "20");
 check(lines.colour(0, "PRETFT").text != "#ff0000", "within the margin of 20");
 w.type("TextMarja", "9.9");
@@ -131,22 +131,22 @@ equal(lines.enter(0, "CANT", "-2"), false, "more than there is");
 expectMessage("Cantitatea din Stoc este mai mica decat cea de pe factura! Stornarea nu se poate efectua !");
 key("Esc");
 answer("OK");
-equal(lines.enter(0, "CANT", "-1"), false, "of no invoice");
+equal(lines.enter(0, "CANT", "-1"), false, "without an invoice");
 const nameIt = "Va rog introduceti in campul Observatii, numarul facturii de stornat.";
 expectMessage(nameIt);
-equal(lines.cell(0, "CANT"), "4,000", "set back, with no open cell in the way of the observations");
+equal(lines.cell(0, "CANT"), "4,000", "reset, with no open cell that would keep the focus");
 w.type("txtFields(3)", "FF2");
 noMessage();
-check(lines.enter(0, "CANT", "-1"), "typed observations count before they are saved");
+check(lines.enter(0, "CANT", "-1"), "typed observations are used before they are saved");
 w.type("txtFields(3)", "");
 press("cmdValidare", "Da", "OK");
 messages();
-check(w.hasFocus("txtFields(3)"), "at validation the observations are asked for where they stand");
+check(w.hasFocus("txtFields(3)"), "validation asks for the observations in their field");
 w.type("txtFields(3)", "ff2 ");
 validated();
 equal(sql("SELECT CANTRAMASA FROM G_LDOCUM WHERE ARTID = 'A1' ORDER BY DOCID"), [{CANTRAMASA: 0}, {CANTRAMASA: -1}], "the lot shrinks");
 
-// No notes, a rate of 0, and a return that names nothing.
+// Without notes, with a rate of 0, and a return without a reference.
 newInvoice("4", "FF99", ["A2", "1", "10"]);
 lines.enter(0, "CANT", "-1");
 w.set("chkNoteContabile", false);
@@ -155,7 +155,7 @@ equal([note("4").length, sql("SELECT VALIDAT FROM G_FACFUR WHERE NUMFAC = '4'")]
 w.pick("cboTVA", "4426-0");
 newInvoice("5", "", ["A3", "2", "10"]);
 key("Esc");
-equal([w.text("txtFields(2)"), lines.cell(0, "VALOARETVA")], ["11", "0,00"], "the rate goes on to the next invoice");
+equal([w.text("txtFields(2)"), lines.cell(0, "VALOARETVA")], ["11", "0,00"], "the next invoice keeps the rate");
 w.set("chkNoteContabile", true);
 lines.enter(0, "VALOARETVA", "1");
 press("cmdValidare", "Da", "OK");
@@ -166,7 +166,7 @@ validated();
 equal(note("5"), ["401 0 20", "371 20 0"], "no VAT row");
 shot("factura-furnizor");
 
-// Without a method nothing can come in: the window where it is chosen opens.
+// Without a cost method nothing can be received: the window for choosing it opens.
 opened({method: ""});
 newInvoice("1", "", ["A1", "1", "10"]);
 press("cmdValidare", "Da", "OK");

@@ -1,21 +1,21 @@
-// A walk through the program on the sample company: log in, pick the warehouse, enter a voucher by keyboard, validate
-// it, and find it again. Each stop leaves a screenshot.
+// A tour of the program on the sample company: log in, choose the warehouse, enter a voucher with the keyboard,
+// validate it, and find it again. Each step leaves a screenshot.
 
 const folder = paths().databases;
 call("makeSampleCompany", folder);
 
-// The splash, then the login: the company is picked in the list.
+// The splash, then the login: the company is chosen in the list.
 start(folder);
 const login = win("frmLogin");
 const companies = login.grid("TDBGrid1");
-equal(companies.column("DENUMIRE"), ["SOCIETATE", "EXEMPLU SRL"], "the sample company stands beside the first one");
+equal(companies.column("DENUMIRE"), ["SOCIETATE", "EXEMPLU SRL"], "the sample company is listed beside the first one");
 companies.select(1);
 login.type("txtUserName", "admin");
 login.type("txtPassword", "admin");
 shot("01-login");
 login.press("txtPassword", "Enter");
 
-// The working warehouse of the day.
+// The working warehouse.
 const warehouse = win("frmSelMagazie");
 warehouse.pick("DataCombo1", "Magazie 1");
 shot("02-magazie");
@@ -23,7 +23,7 @@ warehouse.click("cmdOK");
 equal(win("frmMain").title(), "Tarvon Velmar  - EXEMPLU SRL", "the main window");
 shot("03-fereastra-principala");
 
-// A draft that somebody left, then a new voucher.
+// An existing draft, then a new voucher.
 menu("mnuBonIntr");
 const voucher = win("frmGRILABonIntr");
 voucher.grid("TDBGrid2").select(0);
@@ -58,19 +58,19 @@ win("frmMsgBox").click("cmdBtn(0)");
 expectMessage("Sunteti sigur ca doriti sa validati bonul de intrare 41 ?");
 expectMessage("Bonul de intrare a fost salvat cu succes in Articole si Documente !");
 
-// Where it went: the ledger, the articles, the accounts.
+// The results: the ledger, the articles, the accounts.
 equal(sql("SELECT ID, TOTALFT FROM G_DOCUME WHERE ID = 'BI41'"), [{ID: "BI41", TOTALFT: 635}], "the ledger");
 const after = sql("SELECT CODART, STOC FROM G_ARTMAG WHERE CODART IN ('CR001', 'CR005') ORDER BY CODART");
 equal(after.map((article, i) => article.STOC - before[i].STOC), [40, 12], "the stock");
 equal(sql("SELECT CONT, DEBIT, CREDIT FROM kt_linii WHERE DOC = '41' AND TIPDOC = 'BI' ORDER BY NRLINIE"),
       [{CONT: "345", DEBIT: 635, CREDIT: 0}, {CONT: "711", DEBIT: 0, CREDIT: 635}], "the note");
 
-// A sale: what the invoice is made from, its header, lines by code with the customer's and the articles' discounts.
+// A sale: the source of the invoice, its header, lines by code with the discounts of customer and articles.
 menu("mnuVanzFactura");
 shot("08-alegere-document-sursa");
 win("frmGrilaFC2").click("cmdAE");
 const invoice = win("frmGrilaFC");
-equal(Number(invoice.text("txtFields(0)")) > 1001, true, "the number goes on with the range");
+equal(Number(invoice.text("txtFields(0)")) > 1001, true, "the next number of the range");
 invoice.pick("DataCombo1", invoice.items("DataCombo1")[1]);
 invoice.pick("DataCombo2", "Comercial");
 invoice.pick("cboModPlata", "OP");
@@ -80,7 +80,7 @@ const sold = invoice.grid("TDBGrid1");
 for (const [code, quantity] of [["MB002", "2"], ["CR001", "12"], ["TX004", "1"]]) sold.addLine(code, quantity);
 shot("09-factura-client");
 
-// On paper: the delegate's data, the receipt, and the preview, which is a PDF file in the out folder.
+// Printed: the delegate's data, the receipt, and the preview, which is a PDF file in the output folder.
 invoice.click("cmdTiparire");
 const listing = win("frmLstFC");
 listing.set("CheckChitanta", true);
@@ -91,7 +91,7 @@ shot("09a-listare-factura");
 printed();
 listing.click("cmdVisualizare");
 listing.click("cmdAnulare");
-equal(printed().map((path) => path.replace(/.*\//, "")), ["FacturiCLIFull-1.pdf", "FacturiCLIFull-2.pdf"], "the invoice on paper");
+equal(printed().map((path) => path.replace(/.*\//, "")), ["FacturiCLIFull-1.pdf", "FacturiCLIFull-2.pdf"], "the printed invoice");
 
 const stock = "SELECT CODART, STOC FROM G_ARTMAG WHERE CODART IN ('CR001', 'MB002', 'TX004') ORDER BY CODART";
 const there = sql(stock);
@@ -102,11 +102,11 @@ shot("10-factura-validata");
 win("frmMsgBox").click("cmdBtn(0)");
 expectMessage("Sunteti sigur ca doriti sa validati factura " + number + " ?");
 expectMessage("Factura a fost salvata cu succes in Articole si Documente !");
-equal(sql(stock).map((article, i) => there[i].STOC - article.STOC), [12, 2, 1], "what went out");
+equal(sql(stock).map((article, i) => there[i].STOC - article.STOC), [12, 2, 1], "goods issued");
 equal(call("disagreementText"), "", "stock, lots, links and notes agree after half a year");
 invoice.close();
 
-// Goods bought, and goods used up: drafts beside what was validated.
+// Goods received and goods consumed: drafts and validated documents.
 for (const [entry, name, picture] of [["mnuCumpFactura", "frmGrilaFF", "11-factura-furnizor"],
                                       ["mnuBonConsum", "frmGRILABonConsum", "12-bon-de-consum"]]) {
   menu(entry);
@@ -114,7 +114,7 @@ for (const [entry, name, picture] of [["mnuCumpFactura", "frmGrilaFF", "11-factu
   win(name).close();
 }
 
-// Who works in the company, and the list of companies.
+// The connected users, and the list of companies.
 menu("mnuConexiuni");
 win("frmConexiuni").click("cmConexiuni");
 shot("13-conexiuni");
@@ -122,7 +122,7 @@ win("frmConexiuni").close();
 menu("mnuCreare");
 shot("14-societati");
 
-// Setting the company up: its parameters, users, warehouses, accounts, journals, rates.
+// Setting up the company: its parameters, users, warehouses, accounts, journals, rates.
 function visit(entry, name, picture, steps) {
   menu(entry);
   const window = win(name);
@@ -157,7 +157,7 @@ visit("mnuTabeleClienti", "frmTerti", "25-clienti", window => {
   window.pick("cboComparatie", "contine");
   window.type("txtValoare", "ur");
   window.click("cmdCauta");
-  check(window.grid("grdDataGrid").rows() > 0, "customers in a town with ur");
+  check(window.grid("grdDataGrid").rows() > 0, "customers whose town contains ur");
 });
 visit("mnuTabeleFurnizori", "frmTerti", "26-furnizor", window => window.tab("Fisa Tert"));
 visit("mnuDiscounturiArt", "frmArticoleDiscount", "27-discounturi", window => {
@@ -166,7 +166,7 @@ visit("mnuDiscounturiArt", "frmArticoleDiscount", "27-discounturi", window => {
 });
 visit("mnuActualizarePret", "FrmActPretVanz", "28-preturi");
 
-// The VAT journals, computed and on paper.
+// The VAT journals, computed and printed.
 for (const [entry, name, file, picture] of [["mnumnuRapmnuRapJVT", "frmRapJVTVA", "Jvtva", "29-jurnal-vanzari"],
                                             ["mnumnuRapmnuJCT", "frmRapJCTVA", "Jctva", "30-jurnal-cumparari"]]) {
   visit(entry, name, picture, window => {
@@ -174,6 +174,6 @@ for (const [entry, name, file, picture] of [["mnumnuRapmnuRapJVT", "frmRapJVTVA"
     window.click("cmdCalcul");
     check(/^Jurnalul a fost calculat: \d+ documente$/.test(window.text("lblStare")), window.text("lblStare"));
     window.click("cmdVisualizare");
-    equal(printed().map((path) => path.replace(/.*\//, "")), [file + "-1.pdf", file + "-2.pdf"], "the journal on paper");
+    equal(printed().map((path) => path.replace(/.*\//, "")), [file + "-1.pdf", file + "-2.pdf"], "the printed journal");
   });
 }

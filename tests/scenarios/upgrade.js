@@ -1,5 +1,5 @@
-// The login offers to bring a company of another revision to this program's structure: refused, done, forced
-// and failed.
+// The login offers to upgrade a company of another revision to this program's structure: refused, accepted,
+// forced and failed.
 setToday("2026-03-15");
 const folder = company({ decimals: 3 });
 const question = "Structura bazei de date Tarvon01.mdb trebuie actualizata !\r\n" +
@@ -21,19 +21,19 @@ function leave() {
   noMessage();
 }
 
-// A company that some other version left behind, with a table of its own.
+// A company of another version, with a table of its own.
 sql("UPDATE kt_info SET VERSIUNE = NULL, DENUMIRE = 'ALFA SRL'");
 sql("ALTER TABLE kt_info DROP COLUMN EMAIL2");
 sql("DROP VIEW qryTertiLinii");
 sql("CREATE TABLE note_proprii (COD INTEGER)");
 sql("INSERT INTO note_proprii (COD) VALUES (?)", 42);
 
-// No: the user gets in on the old structure, and is asked again.
+// No: the user logs in with the old structure, and is asked again.
 start(folder);
 win("frmLogin").type("txtUserName", "admin");
 win("frmLogin").type("txtPassword", "admin");
 win("frmLogin").click("cmdOK");
-check(isOpen("frmMsgBox") && isOpen("frmLogin"), "the question stands before the login");
+check(isOpen("frmMsgBox") && isOpen("frmLogin"), "the question is shown over the login");
 shot("question");
 win("frmMsgBox").click("cmdBtn(1)");
 expectMessage(question, asked);
@@ -59,7 +59,7 @@ equal(sql("SELECT COUNT(*) AS N FROM qryTertiLinii")[0].N, 0);
 equal(sql("SELECT COD FROM note_proprii")[0].COD, 42);
 leave();
 
-// Nothing to do: no question, unless it is forced by the button or the key under Esc.
+// Nothing to do: no question, unless forced with the button or its key.
 start(folder);
 logIn("cmdOK");
 leave();
@@ -77,7 +77,7 @@ logIn("cmdOK");
 expectMessage(question, asked);
 expectMessage(done);
 
-// What cannot be converted stops it, and the login goes on.
+// A value that cannot be converted stops the upgrade, and the login continues.
 sql("ALTER TABLE kt_info DROP COLUMN CAPSOC");
 sql("ALTER TABLE kt_info ADD COLUMN CAPSOC VARCHAR(20)");
 sql("ALTER TABLE kt_info DROP COLUMN EMAIL1");

@@ -9,7 +9,7 @@ answer("OK");
 menu("mnuIntCompactare");
 expectMessage("Compactarea bazei de date Tarvon01.mdb s-a realizat cu succes !", { icon: "information" });
 
-// Nothing to restore yet: the window says so and makes the folder.
+// Nothing to restore yet: the window shows this and creates the folder.
 menu("mnuIntRestaurare");
 let restore = win("frmRestaurare");
 equal(restore.title(), "Restaurare baza de date ...");
@@ -64,7 +64,7 @@ check(!exists(backups + "alt nume.mdb"));
 save.click("cmdIesire");
 check(!isOpen("frmSalvare"));
 
-// An open list follows the restored company.
+// An open list shows the restored company.
 menu("mnuTabeleArticole");
 article("A2");
 equal(articles(), ["A1", "A2"]);
@@ -89,7 +89,7 @@ equal(win("frmArticole").grid("grdDataGrid").column("CODART"), ["A1"]);
 article("A3");
 equal(articles(), ["A1", "A3"]);
 
-// A file that is no company is refused and everything stays.
+// A file that is not a company is refused and everything is unchanged.
 writeFile(backups + "stricata.mdb", "nu este o baza de date");
 menu("mnuIntRestaurare");
 restore = win("frmRestaurare");

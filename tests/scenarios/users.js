@@ -1,4 +1,4 @@
-// The list of users: adding, deleting, cells; admin stays, and so does a user with all rights.
+// The list of users: adding, deleting, cells; admin and one user with all rights always remain.
 company();
 menu("mnuUtilizatori");
 const w = win("frmUtilizatori");
@@ -62,7 +62,7 @@ w.click("cmdSterge");
 expectMessage("Ana");
 equal(users().length, 1);
 
-// admin keeps its name; one that an older program renamed could go, but nobody with all rights would be left.
+// admin cannot be renamed; one renamed by an older program could be deleted, but no user with all rights would remain.
 answer("OK");
 equal(grid.enter(0, "NUME", "sef"), false);
 expectMessage("Nu se poate modifica numele pentru utilizatorul admin !");

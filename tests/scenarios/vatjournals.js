@@ -10,7 +10,7 @@ const document = (id, partner, month, base, vat) =>
 document("FC10", 1, "02-03", 100, 19);
 document("FS11", 2, "02-10", -50, -9.5);
 document("BS3", 1, "02-04", 8.4, 1.6);
-document("FC12", 1, "01-01", 1000, 190); // the first day itself is left out
+document("FC12", 1, "01-01", 1000, 190); // the first day itself is excluded
 document("FF5", 2, "03-05", 200, 38);
 document("FI6", 2, "03-02", 70, 0);
 
@@ -28,7 +28,7 @@ w.press("cmdVisualizare", "P");
 check(w.isVisible("cmdDesign"), "shown by P");
 shot("frmRapJVTVA");
 
-// Printing asks the ledger and leaves the table alone.
+// Printing reads the ledger and does not change the table.
 w.click("cmdVisualizare");
 let files = printed();
 equal(files.map((path) => path.replace(/.*\//, "")), ["Jvtva-1.pdf", "Jvtva-2.pdf"]);
@@ -38,7 +38,7 @@ has(text, "JURNAL PENTRU VANZARI", "01.01." + year + " - 31.12." + year, "ATELIE
 check(!text.includes("FC12"), "the first day");
 equal(sql("SELECT COUNT(*) AS N FROM kt_jvt")[0].N, 0);
 
-// The table, numbered from where it is told.
+// The table, numbered from the given number.
 w.type("txtNRC", "100");
 w.click("cmdCalcul");
 equal(sql("SELECT NRC, NDP, TOTAL, BAZA1, TVA1, UTILIZATOR FROM kt_jvt ORDER BY NRC"),
@@ -49,7 +49,7 @@ equal(w.text("lblStare"), "Jurnalul a fost calculat: 3 documente");
 w.click("cmdVisualizare");
 has(flat(printed()[0]), " 102 ");
 
-// What cannot be a number, and a period without documents.
+// Invalid numbers, and a period without documents.
 for (const wrong of ["0", "1.5", "40000"]) {
   w.type("txtNRC", wrong);
   answer("OK");
@@ -65,7 +65,7 @@ expectMessage("Nu exista inregistrari in perioada 01/06/" + year + " - 31/12/" +
 answer("OK");
 w.click("cmdVisualizare");
 expectMessage("Nu exista inregistrari");
-equal(sql("SELECT COUNT(*) AS N FROM kt_jvt")[0].N, 3, "the last calculation stands");
+equal(sql("SELECT COUNT(*) AS N FROM kt_jvt")[0].N, 3, "the last calculation is kept");
 equal(printed(), []);
 w.click("cmdAnulare");
 check(!isOpen("frmRapJVTVA"), "closed");
@@ -79,6 +79,6 @@ equal(sql("SELECT NRC, NDP, NUME, CODF, TOTAL, NEIMP, BAZA1, TVA1, IMP, TVAIMP, 
        {NRC: 2, NDP: "FF5", NUME: "BETA SA", CODF: "RO22", TOTAL: 238, NEIMP: 0, BAZA1: 200, TVA1: 38, IMP: 0, TVAIMP: 0, UTILIZATOR: null}]);
 w.click("cmdPrint");
 files = printed();
-equal(files.map((path) => path.replace(/.*\//, "")), ["Jctva-1.pdf"], "the printer alone");
+equal(files.map((path) => path.replace(/.*\//, "")), ["Jctva-1.pdf"], "only the printer");
 has(flat(files[0]), "JURNAL PENTRU CUMPARARI", "FI6", "70,00", "FF5", "238,00", "200,00", "38,00", "TOTAL 308,00 70,00 200,00 38,00");
 noMessage();

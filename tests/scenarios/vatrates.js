@@ -1,4 +1,4 @@
-// The list of VAT rates: the checks of a new one, the accounts offered, deleting.
+// The list of VAT rates: the checks of a new rate, the accounts offered, deleting.
 company();
 sql("DELETE FROM kt_cote WHERE COD > 2");
 sql("INSERT INTO kt_pc (CONT, TITLU, DEBITN, CREDITN) VALUES ('4426.9', 'TVA de test', 0, 0)");

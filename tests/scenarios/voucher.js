@@ -1,5 +1,5 @@
-// An input voucher through the real window: checks in their order, lines by code and by name, refused cells,
-// validation to ledger, article and note, under both cost methods.
+// An input voucher through the real window: checks in order, lines by code and by name, refused cells,
+// validation into ledger, article and note, under both cost methods.
 
 function seed() {
   sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (1, 'FURNIZOR UNU SRL', 'F')");
@@ -15,7 +15,7 @@ function seed() {
 
 let w;
 
-// Presses a command; every box that it brings is answered in turn.
+// Presses a command and answers each message box in turn.
 function press(button, ...answers) {
   answers.forEach((caption) => answer(caption));
   w.click(button);
@@ -38,7 +38,7 @@ w = win("frmGRILABonIntr");
 equal(w.title(), "Bon de intrare", "title");
 equal(w.items("DataCombo1"), ["FURNIZOR UNU SRL"], "suppliers only");
 
-// The header's checks, in their order.
+// The checks of the header, in order.
 w.type("txtFields(2)", "x");
 press("cmdSalvare", "OK");
 expectMessage("Va rugam completati numarul N.I.R. ! Salvarea nu se poate efectua !", {icon: "critical"});
@@ -57,14 +57,14 @@ const year = today().substring(0, 4);
 w.set("dtpDataDoc", (Number(year) + 1) + "-01-01");
 press("cmdSalvare", "OK");
 expectMessage("Data document trebuie sa fie in intervalul: 01/01/" + year + "-31/12/" + year);
-// A date is typed by its digits, whatever date stood there; what is not typed stays.
+// Typed digits replace those of the date shown; digits that are not typed remain.
 w.set("dtpDataDoc", "2026-02-15");
 for (const [typed, date] of [["31122024", "2024-12-31"], ["05", "2024-12-05"], ["311226", "2026-12-31"],
                              ["0102", "2026-02-01"]]) {
   w.type("dtpDataDoc", typed);
   equal(w.value("dtpDataDoc"), date, "the date typed as " + typed);
 }
-// One that does not exist is refused, stays as typed and gives way to the next digits; Up and Down move the day.
+// An invalid date is refused, remains as typed and is replaced by the next digits; Up and Down change the day.
 answer("OK");
 w.type("dtpDataDoc", "3002");
 expectMessage("Data introdusa nu exista !");
@@ -87,7 +87,7 @@ noMessage();
 equal(sql("SELECT NUMNR, CODFUR, BATVA, OBS, Magazie, VALIDAT FROM G_BONINT"),
       [{NUMNR: "15", CODFUR: 1, BATVA: 19, OBS: "012345678901234567890123456789012345678901234", MAGAZIE: 1, VALIDAT: 0}],
       "stored header");
-check(w.isReadOnly("txtFields(0)"), "the number of a draft stands");
+check(w.isReadOnly("txtFields(0)"), "the number of a draft is read-only");
 
 // Lines by code and by name; a refused cell keeps its text.
 const lines = w.grid("TDBGrid1");
@@ -163,12 +163,12 @@ sql("UPDATE kt_par SET JURBONINTR = 'OD'");
 [["UPDATE G_ARTMAG SET CODART = 'A9' WHERE CODART = 'A1'", "Articolul cu codul A1 nu exista ! ",
   "UPDATE G_ARTMAG SET CODART = 'A1' WHERE CODART = 'A9'"],
  ["UPDATE G_ARTMAG SET FAMART = 9 WHERE CODART = 'A1'", "Articolul cu codul A1 nu are familie ! ",
-  "UPDATE G_ARTMAG SET FAMART = 1 WHERE CODART = 'A1'"]].forEach(([change, told, back]) => {
+  "UPDATE G_ARTMAG SET FAMART = 1 WHERE CODART = 'A1'"]].forEach(([change, message, back]) => {
   sql(change);
   press("cmdValidare", "Da", "OK", "OK");
   expectMessage("Sunteti sigur");
   expectMessage("Pretul de vanzare");
-  expectMessage(told + "Validarea nu se poate efectua !");
+  expectMessage(message + "Validarea nu se poate efectua !");
   equal(sql("SELECT ID FROM G_DOCUME"), [], "nothing written");
   sql(back);
 });
@@ -216,7 +216,7 @@ equal(sql("SELECT NUMNR FROM G_LBONINT WHERE NUMNR = '16'"), [], "lines gone");
 press("cmdSterge", "OK");
 expectMessage("Va rugam selectati un N.I.R. !");
 
-// A draft that another workstation deleted while it stands here: told, and nothing written.
+// A draft that another workstation deletes while it is open here: reported, and nothing is written.
 newVoucher("20");
 w.grid("TDBGrid1").addLine("A1", "1");
 sql("DELETE FROM G_BONINT WHERE NUMNR = '20'");
@@ -227,7 +227,7 @@ key("Esc");
 equal(sql("SELECT CANT FROM G_LBONINT WHERE NUMNR = '20'"), [{CANT: 1}], "nothing written");
 sql("DELETE FROM G_LBONINT WHERE NUMNR = '20'");
 
-// The average cost, and a zero stock that it cannot divide by.
+// The average cost, and a stock of zero by which it cannot be divided.
 sql("UPDATE G_ARTMAG SET STOC = 5, COST = 20 WHERE CODART = 'A2'");
 newVoucher("18");
 let at = w.grid("TDBGrid1").addLine("A2", "5");
