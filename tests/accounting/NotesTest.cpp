@@ -1,4 +1,4 @@
-// Notes written as objects, and the parameters that postings ask for.
+// Notes created from objects, and the parameters required for posting.
 #include "accounting/Notes.h"
 
 #include "accounting/cBLLNoteContabile.h"
@@ -8,7 +8,7 @@
 namespace velmar {
 namespace {
 
-TEST(NotesTest, ANoteAsAnObjectFillsEveryColumnAndNumbersItself) {
+TEST(NotesTest, ANoteFromAnObjectFillsEveryColumnAndGetsANumber) {
   const TestCompany company;
   bool done = false;
   cBLLNoteContabile note;
@@ -43,14 +43,14 @@ TEST(NotesTest, ANoteAsAnObjectFillsEveryColumnAndNumbersItself) {
   EXPECT_EQ(rows[0].integer("TERT"), 5);
   EXPECT_TRUE(rows[1].isNull("TERT"));
 
-  // A column that nobody thought of is a failure and no silent gap.
+  // A column that is not set must fail instead of remaining empty.
   ExecutaSql("ALTER TABLE kt_linii ADD COLUMN Noua TEXT");
   EXPECT_THROW(note.AddNota(true, done), StoreError);
   EXPECT_FALSE(done);
   EXPECT_EQ(OpenRs("SELECT COUNT(*) AS N FROM kt_linii").first().integer("N"), 3);
 }
 
-TEST(NotesTest, UnbalancedOrUnnamedRowsAreRefused) {
+TEST(NotesTest, UnbalancedRowsAndRowsWithoutAnAccountAreRefused) {
   const TestCompany company;
   Note note;
   note.journal = "BI";
@@ -71,7 +71,7 @@ TEST(NotesTest, UnbalancedOrUnnamedRowsAreRefused) {
   EXPECT_EQ(writeNotes({note}), 2);
 }
 
-TEST(NotesTest, AMissingParameterTellsItsGroup) {
+TEST(NotesTest, AMissingParameterReportsItsGroup) {
   const TestCompany company;
   MessageRecorder messages;
   EXPECT_EQ(ParametruSocietate("CONTNIR"), "408");

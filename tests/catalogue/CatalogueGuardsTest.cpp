@@ -1,5 +1,5 @@
-// What keeps catalogue and documents together: records changed by two people, codes that do not exist,
-// records that a draft names.
+// Consistency of catalogue and documents: concurrent changes of records, codes that do not exist, records
+// that a draft refers to.
 #include <gtest/gtest.h>
 
 #include "../documents/Trade.h"
@@ -9,7 +9,7 @@
 namespace velmar {
 namespace {
 
-// The text and field of the refusal, "" for none.
+// The text and field of the refusal, "" if there is none.
 QString refusal(const std::function<void()>& work) {
   try {
     work();
@@ -19,7 +19,7 @@ QString refusal(const std::function<void()>& work) {
   return {};
 }
 
-TEST(CatalogueGuardsTest, WhoSavesSecondSeesTheNewPriceFirst) {
+TEST(CatalogueGuardsTest, TheSecondSaveIsRefusedAndShowsTheNewPrice) {
   const Trade trade("MP");
   trade.article("A", "10");
   Row shown = *articleByCode("A");
@@ -30,7 +30,7 @@ TEST(CatalogueGuardsTest, WhoSavesSecondSeesTheNewPriceFirst) {
   ExecutaSql("UPDATE G_ARTMAG SET PRETVFT = 15, PRETVTTI = 17.85 WHERE CODART = 'A'");
   try {
     saveArticle(mine, shown);
-    ADD_FAILURE() << "saved over a colleague's price";
+    ADD_FAILURE() << "overwrote another user's price";
   } catch (const ChangedMeanwhile& conflict) {
     EXPECT_TRUE(conflict.text().contains("Pret de vanzare fara TVA: 15"));
     for (const QString& column : conflict.columns()) {
@@ -38,14 +38,14 @@ TEST(CatalogueGuardsTest, WhoSavesSecondSeesTheNewPriceFirst) {
       mine.set(column, Value::raw(conflict.stored().value(column)));
     }
   }
-  EXPECT_EQ(articleByCode("A")->text("DENART"), "Articolul A") << "no mixture";
+  EXPECT_EQ(articleByCode("A")->text("DENART"), "Articolul A") << "the values of both users are not mixed";
   mine.set("PRETVFT", Decimal(12));
   saveArticle(mine, shown);
   EXPECT_EQ(Trade::figure("A", "PRETVFT"), Decimal(12));
   EXPECT_EQ(articleByCode("A")->text("DENART"), "Nume nou");
 }
 
-TEST(CatalogueGuardsTest, UnknownCodesAreRefusedAndUsedRecordsStay) {
+TEST(CatalogueGuardsTest, UnknownCodesAreRefusedAndUsedRecordsCannotBeDeleted) {
   const Trade trade("MP");
   trade.article("A", "10");
   const Row shown = *articleByCode("A");
@@ -59,7 +59,7 @@ TEST(CatalogueGuardsTest, UnknownCodesAreRefusedAndUsedRecordsStay) {
   Trade::draft(editor, trade.sale("12"), {Trade::out("A", "1")});
   EXPECT_TRUE(refusal([] { removeArticle("A"); }).endsWith("Operatia nu se poate efectua (FC12)"));
   EXPECT_TRUE(refusal([&] { removePartner(trade.customer); }).endsWith(" (FC12)"));
-  // A journal that is in no list is neither saved nor validated; one that is stored already passes.
+  // A journal that does not exist is neither saved nor validated; one that is already stored is accepted.
   TypedTexts header = editor.headerTexts();
   header.insert("JURNAL", "XX");
   const QString unknown = "JURNAL: Jurnalul cu codul XX nu exista !";

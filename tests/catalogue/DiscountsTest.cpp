@@ -1,5 +1,5 @@
-// Discounts of sales: the two lookups, the line they make, the recompute of an invoice, and the editor of
-// bands with two workstations at it.
+// Sales discounts: the two lookups, the line amounts, the recalculation of an invoice, and the editor of
+// bands with two workstations.
 #include "catalogue/Discounts.h"
 
 #include "catalogue/DiscountBands.h"
@@ -36,7 +36,7 @@ class Discounts : public testing::Test {
     return texts.join(u' ');
   }
 
-  // The message with which the work is refused, with the field at fault; "" when it is not.
+  // The message of the refusal with the field at fault; "" if there is none.
   template <typename Work>
   static QString refusal(Work&& work) {
     try {
@@ -51,7 +51,7 @@ class Discounts : public testing::Test {
   MessageRecorder messages_;
 };
 
-TEST_F(Discounts, LookupsRoundHalfEvenAndGiveZeroBesideTheBands) {
+TEST_F(Discounts, LookupsRoundHalfEvenAndReturnZeroOutsideTheBands) {
   band("S8", 1, 10, 5);
   band("S8", 11, 20, 7.5_dec);
   band("S8", 21, 30, 2.5_dec);
@@ -62,7 +62,7 @@ TEST_F(Discounts, LookupsRoundHalfEvenAndGiveZeroBesideTheBands) {
   EXPECT_EQ(DiscountArticol("S8", 30), 2);
   EXPECT_EQ(DiscountArticol("S8", 31), 0);
   EXPECT_EQ(DiscountArticol("S10", 5), 0);
-  // Between 10 and 11 pieces the even one decides.
+  // Halfway between 10 and 11 pieces, the even one is used.
   EXPECT_EQ(DiscountArticol("S8", 10.5_dec), 5);
   EXPECT_EQ(DiscountArticol("S8", 10.51_dec), 8);
   EXPECT_EQ(DiscountArticol("S8", 0.5_dec), 0);
@@ -81,14 +81,14 @@ TEST_F(Discounts, LookupsRoundHalfEvenAndGiveZeroBesideTheBands) {
 }
 
 TEST_F(Discounts, PercentsAddUpAndBothAmountsAreRounded) {
-  // 10 + 5 make 15 percent off 9.99: 8.4915; three of the rounded price.
+  // 10 + 5 make 15 percent off 9.99: 8.4915; three at the rounded price.
   const DiscountedLine line = discountedLine(9.99_dec, 10, 5, 3, 2);
   EXPECT_EQ(line.ValoareFTCuDiscount, 8.49_dec);
   EXPECT_EQ(line.VALOAREFT, 25.47_dec);
-  // 0.25 at half price is 0.125, a tie; a thousandth of a quantity makes 0.0005 of it.
+  // 0.25 at half price is 0.125, a tie; with a quantity of a thousandth, 0.0005 in between.
   EXPECT_EQ(discountedLine(0.25_dec, 50, 0, 1, 2).ValoareFTCuDiscount, 0.12_dec);
   EXPECT_EQ(discountedLine(0.5_dec, 0, 0, 0.001_dec, 3).VALOAREFT, 0);
-  // Above a hundred percent the customer is paid.
+  // Above 100 percent the price is negative.
   EXPECT_EQ(discountedLine(10, 60, 50, 2, 2).VALOAREFT, -2);
 }
 
@@ -100,15 +100,15 @@ TEST_F(Discounts, BandsAreStoredInOrderAndWithoutGaps) {
   EXPECT_TRUE(editor.bands()[0].id);
   const int second = editor.add();
   EXPECT_EQ(second, 1);
-  EXPECT_EQ(editor.add(), 1) << "a band that waits already is taken";
+  EXPECT_EQ(editor.add(), 1) << "the existing new band is used";
   EXPECT_EQ(editor.bands()[1].CantMin, 11);
   EXPECT_EQ(bandsOf("S8"), "1-10:5") << "it is not stored yet";
   editor.save(0, {"1", "10", "6"});
-  EXPECT_EQ(editor.count(), 2) << "and goes on waiting";
+  EXPECT_EQ(editor.count(), 2) << "it is still not stored";
   editor.save(1, {"11", "11", "7,5"});
   EXPECT_EQ(bandsOf("S8"), "1-10:6 11-11:7.5");
 
-  // Of a band that another follows the discount alone changes; of the last one everything but its beginning.
+  // Of a band with a successor only the discount can change, of the last band all but its start.
   EXPECT_EQ(refusal([&] {
               editor.save(0, {"1", "9", "1"});
             }),
@@ -160,7 +160,7 @@ TEST_F(Discounts, AFamilysBandsReplaceThoseOfItsArticlesOnly) {
   family.save(-1, {"1", "10", "5"});
   family.add();
   family.save(1, {"11", "20", "7.5"});
-  EXPECT_EQ(DiscountArticol("S10", 11), 0) << "a template is not read by sales";
+  EXPECT_EQ(DiscountArticol("S10", 11), 0) << "sales ignore the template";
   family.add();
   family.applyToArticles();
   EXPECT_EQ(bandsOf("S8"), "1-10:5 11-20:7.5");
@@ -168,7 +168,7 @@ TEST_F(Discounts, AFamilysBandsReplaceThoseOfItsArticlesOnly) {
   EXPECT_EQ(bandsOf("V1"), "1-3:40");
   EXPECT_EQ(DiscountArticol("S10", 11), 8);
 
-  // A family without bands takes them from its articles.
+  // Applying a family without bands deletes those of its articles.
   DiscountBands::ofFamily(2).applyToArticles();
   EXPECT_EQ(bandsOf("V1"), "");
 }
@@ -183,7 +183,7 @@ TEST_F(Discounts, TwoWorkstationsLeaveNoOverlap) {
   const QString changed = refusal([&] { mine.save(1, {"11", "15", "9"}); });
   EXPECT_TRUE(changed.startsWith(":Discounturile au fost modificate")) << qUtf8Printable(changed);
   EXPECT_EQ(bandsOf("S8"), "1-10:5 11-20:7");
-  EXPECT_EQ(mine.bands(), theirs.bands()) << "the list shows what stands now";
+  EXPECT_EQ(mine.bands(), theirs.bands()) << "the list shows the current bands";
 
   theirs.remove(1);
   EXPECT_NE(refusal([&] { mine.remove(1); }), "");

@@ -1,4 +1,4 @@
-// The bulk update of sale prices: what is written where, and that the engine's figures are those of decimals.
+// The bulk update of sale prices: the columns written, and decimal results of the engine's arithmetic.
 #include "catalogue/SalePrices.h"
 
 #include <random>
@@ -55,11 +55,11 @@ TEST_F(SalePrices, MarkUpOverCost) {
   EXPECT_EQ(prices("A"), "33.33 3.57 4.24 2");
   EXPECT_EQ(prices("B"), "33.33 0 0 0");
   EXPECT_EQ(prices("C"), "1 1 1 9");
-  // The mark-up is kept to two decimals and reckoned with in full: 10 x 1.12345 = 11.2345, with
+  // The mark-up is stored with two decimals but calculated with all: 10 x 1.12345 = 11.2345, with
   // VAT 13.369055.
   EXPECT_EQ(updatePricesByMarkup({Scope::Article, {}, "c"}, 12.345_dec), 1);
   EXPECT_EQ(prices("C"), "12.34 11.23 13.37 2.25");
-  // Without a mark-up the cost itself: the tie 2.675 goes to the even 2.68, with VAT 3.18325.
+  // Without a mark-up, the cost itself: the tie 2.675 becomes the even 2.68, with VAT 3.18325.
   EXPECT_EQ(updatePricesByMarkup({}, 0), 3);
   EXPECT_EQ(prices("A"), "0 2.68 3.18 1.5");
 }
@@ -78,7 +78,7 @@ TEST_F(SalePrices, PriceInCurrencyAtTodaysRate) {
   EXPECT_EQ(prices("C"), "-100 0 0 0");
 }
 
-TEST_F(SalePrices, RefusalsComeInOrderAndWriteNothing) {
+TEST_F(SalePrices, RefusalsAreOrderedAndWriteNothing) {
   article("A", 1, 40, 1, 10);
   EXPECT_EQ(refusal([] {
               updatePricesByMarkup({Scope::Article, {}, {}}, {});
@@ -96,8 +96,8 @@ TEST_F(SalePrices, RefusalsComeInOrderAndWriteNothing) {
   EXPECT_EQ(updatePricesByMarkup({Scope::Family, 9, {}}, 5), 0);
 }
 
-// Binary products move a tie to either side; over many articles that is a ban here and there.
-TEST_F(SalePrices, TheEngineReckonsInDecimals) {
+// Binary products would round ties either way.
+TEST_F(SalePrices, TheEngineCalculatesInDecimals) {
   std::mt19937 random(20260315);
   const auto number = [&random](int below, int decimals) {
     Decimal value(static_cast<int>(random() % static_cast<unsigned>(below)));

@@ -33,12 +33,12 @@ class AccountsTest : public ::testing::Test {
 
 using Figures = std::vector<Decimal>;
 
-TEST_F(AccountsTest, AGroupHoldsItsOwnTurnoverAndThatOfAllBelowIt) {
+TEST_F(AccountsTest, AGroupIncludesItsOwnTurnoverAndThoseOfAllAccountsBelow) {
   ExecutaSql("DELETE FROM kt_pc");
   for (const char* symbol : {"4", "41", "411", "4111", "4111A", "4111a1", "412", "5"})
     addAccount(account(symbol, symbol));
   const QDate day(2026, 3, 15);
-  post("4111a", day, 100_dec, 0);  // in any case of letters
+  post("4111a", day, 100_dec, 0);  // case insensitive
   post("4111A1", day, 0, 30.25_dec);
   post("4111", day, 7_dec, 0);  // a group's own posting
   post("412", day, 0, 50_dec);
@@ -53,11 +53,11 @@ TEST_F(AccountsTest, AGroupHoldsItsOwnTurnoverAndThatOfAllBelowIt) {
   EXPECT_EQ(figures("4"), (Figures{107, 80.25_dec, 26.75_dec}));
   EXPECT_EQ(figures("5"), (Figures{0, 0, 0}));
   storeTurnovers(day.addDays(-1));
-  EXPECT_EQ(figures("4"), (Figures{0, 0, 0})) << "what an earlier day left is gone";
+  EXPECT_EQ(figures("4"), (Figures{0, 0, 0})) << "the results of an earlier day are reset";
 }
 
 TEST_F(AccountsTest, TurnoversAreExactToTheBan) {
-  // Tenths have no exact double: summed as such, the balance of these would be 1e-13 or so.
+  // Tenths are not exact as doubles: their sum would leave a balance of about 1e-13.
   for (int i = 0; i < 1000; ++i) {
     post("5311", QDate(2026, 1, 1), 0.1_dec, 0);
     post("5121", QDate(2026, 1, 1), 0, 0.1_dec);
@@ -69,7 +69,7 @@ TEST_F(AccountsTest, TurnoversAreExactToTheBan) {
   EXPECT_EQ(figures("5"), (Figures{100.7_dec, 100.7_dec, 0}));
 }
 
-TEST_F(AccountsTest, AnAccountInUseStays) {
+TEST_F(AccountsTest, AnAccountInUseCannotBeDeleted) {
   addAccount(account("4111.7", "Client nou"));
   post("4111.7", QDate(2026, 1, 1), 1, 0);
   EXPECT_THROW(removeAccount("4111.7"), RuleError);

@@ -14,7 +14,7 @@ class Checks : public testing::Test {
   MessageRecorder messages_;
 };
 
-TEST_F(Checks, ExistaComparesAsTheColumnDoes) {
+TEST_F(Checks, ExistaComparesLikeItsColumn) {
   ExecutaSql("INSERT INTO G_ARTMAG (CODART, CODPRODFUR) VALUES ('ab''1', 'F9')");
   ExecutaSql("INSERT INTO G_LDOCUM (DOCID, LINIE, CODMAG) VALUES ('BI1', 1, 3)");
   ExecutaSql("INSERT INTO kt_linii (NDI, NRLINIE, TERT, CONT, JURNAL) VALUES (1, 1, 12, '371.1', 'JC')");
@@ -56,7 +56,7 @@ TEST_F(Checks, Exista2FindsTheSourceOfALine) {
   EXPECT_TRUE(Exista2("5", "", "cfnir"));
 }
 
-TEST_F(Checks, ValuesOutOfRangeTellTheirBound) {
+TEST_F(Checks, ValuesOutOfRangeReportTheirBound) {
   EXPECT_TRUE(ValidareValoare("", kNumberValue, 5, 10));
   EXPECT_TRUE(ValidareValoare("abc", 1, 5, 10));
   EXPECT_TRUE(ValidareValoare("4,6", kNumberValue, 5, 10));  // whole numbers: 4.6 counts as 5
@@ -77,7 +77,7 @@ TEST_F(Checks, ValuesOutOfRangeTellTheirBound) {
                          "Valoarea trebuie sa fie mai mica decat: 31/12/2026"}));
 }
 
-TEST_F(Checks, LookupsGiveTheirDefaults) {
+TEST_F(Checks, LookupsReturnTheirDefaults) {
   ExecutaSql(
       "INSERT INTO G_ARTMAG (CODART, CODPRODFUR, DENART, UM, COST) VALUES ('A1', 'F9', 'Cui', 'Kg', 0.1)");
   ExecutaSql("INSERT INTO kt_val2 (COD, DATA, CURS) VALUES ('EUR', '2026-03-15', 5.0912)");

@@ -55,7 +55,7 @@ class CompanyFilesTest : public testing::Test {
   QString waiting_ = "00";
 };
 
-/// What only a company in a file can meet.
+/// Cases that exist only for a company in a file.
 class CompanyInFileTest : public CompanyFilesTest {};
 
 TEST_F(CompanyFilesTest, ANewCompanyHasItsFileItsNameAndItsRow) {
@@ -70,7 +70,7 @@ TEST_F(CompanyFilesTest, ANewCompanyHasItsFileItsNameAndItsRow) {
   EXPECT_EQ(waiting_, "00");
 }
 
-TEST_F(CompanyFilesTest, WhatIsRefusedInOrder) {
+TEST_F(CompanyFilesTest, RefusalsAreOrdered) {
   EXPECT_EQ(create(" ", ""), "COD: Va rugam completati codul societatii  !");
   EXPECT_EQ(create("A+", " "), "DENUMIRE: Va rugam completati denumirea societatii  !");
   EXPECT_EQ(create("A+", "ALFA"), "COD: Codul societatii poate contine numai litere si cifre !");
@@ -83,7 +83,7 @@ TEST_F(CompanyFilesTest, WhatIsRefusedInOrder) {
   EXPECT_EQ(codes(), QStringList({"01", "A1"}));
 }
 
-TEST_F(CompanyInFileTest, AFileThatStandsAlreadyIsNotOverwritten) {
+TEST_F(CompanyInFileTest, AnExistingFileIsNotOverwritten) {
   QFile file(folder() + "/tarvon02.MDB");
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   file.write("books of another company");
@@ -113,7 +113,7 @@ TEST_F(CompanyInFileTest, ADamagedTemplateLeavesNothing) {
   EXPECT_EQ(waiting_, "00");
 }
 
-TEST_F(CompanyFilesTest, ACompanyGoesWithItsFile) {
+TEST_F(CompanyFilesTest, ACompanyIsDeletedWithItsFile) {
   create("02", "BETA");
   const Company beta = company("02");
   EXPECT_EQ(removalQuestion(beta),
@@ -124,7 +124,7 @@ TEST_F(CompanyFilesTest, ACompanyGoesWithItsFile) {
   EXPECT_EQ(create("02", "BETA DOI"), "");
 }
 
-TEST_F(CompanyFilesTest, TheFirstTheOpenAndTheBusyCompanyStay) {
+TEST_F(CompanyFilesTest, TheFirstTheOpenAndAUsedCompanyCannotBeDeleted) {
   create("02", "BETA");
   EXPECT_EQ(removal(company("01")), "Societatea cu codul 01 nu se poate sterge !");
   setOpenDatabase(Database::open(folder() + "/Tarvon02.mdb"));
@@ -132,7 +132,7 @@ TEST_F(CompanyFilesTest, TheFirstTheOpenAndTheBusyCompanyStay) {
   setOpenDatabase(nullptr);
   {
     const auto link = Database::open(folder() + "/Tarvon02.mdb");
-    const RosterEntry colleague(folder() + "/Tarvon02.mdb", "ION");
+    const RosterEntry otherUser(folder() + "/Tarvon02.mdb", "ION");
     EXPECT_EQ(removal(company("02")), "Societatea este deschisa de alt utilizator si nu se poate sterge !");
   }
   EXPECT_EQ(codes(), QStringList({"01", "02"}));

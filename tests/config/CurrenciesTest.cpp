@@ -21,7 +21,7 @@ class CurrenciesTest : public ::testing::Test {
   const QDate yesterday_{2026, 3, 14};
 };
 
-TEST_F(CurrenciesTest, TheNewestDayIsOverwrittenAndAnOlderOneGrows) {
+TEST_F(CurrenciesTest, TheRateOfTheNewestDayIsReplacedThatOfAnOlderDayAdded) {
   enter(today_, 4.9765_dec);
   enter(today_, 4.98_dec);
   EXPECT_EQ(newestRates("EUR").size(), 1);
@@ -29,13 +29,13 @@ TEST_F(CurrenciesTest, TheNewestDayIsOverwrittenAndAnOlderOneGrows) {
   enter(yesterday_, 5.2_dec);
   enter(yesterday_, 4.9_dec);
   EXPECT_EQ(newestRates("EUR").size(), 3);
-  EXPECT_EQ(Curs("EUR", yesterday_), 4.9_dec) << "the one entered last holds, not the highest";
+  EXPECT_EQ(Curs("EUR", yesterday_), 4.9_dec) << "the one entered last is valid, not the highest";
   EXPECT_EQ(newestRates("EUR", 2)[1].decimal("CURS"), 4.9_dec);
   EXPECT_EQ(ratesOf("EUR", yesterday_).size(), 2);
   EXPECT_TRUE(newestRates("USD").isEmpty());
 }
 
-TEST_F(CurrenciesTest, OfSeveralRatesOfTheNewestDayTheOneThatHoldsIsOverwritten) {
+TEST_F(CurrenciesTest, OfSeveralRatesOfTheNewestDayTheValidOneIsReplaced) {
   enter(today_, 5);
   enter(yesterday_, 4);
   enter(yesterday_, 4.1_dec);
@@ -45,7 +45,7 @@ TEST_F(CurrenciesTest, OfSeveralRatesOfTheNewestDayTheOneThatHoldsIsOverwritten)
   EXPECT_EQ(newestRates("EUR").size(), 2);
 }
 
-TEST_F(CurrenciesTest, ADeletedCurrencyLeavesItsRates) {
+TEST_F(CurrenciesTest, RatesOfADeletedCurrencyAreKept) {
   enter(today_, 5);
   removeCurrency("EUR");
   EXPECT_EQ(Curs("EUR", today_), 5);

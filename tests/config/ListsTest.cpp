@@ -91,7 +91,7 @@ TEST_F(Lists, EveryNamedStatementRunsAndAnUnknownNameIsReported) {
   EXPECT_THROW(data.open("get_info"), StoreError);
 }
 
-TEST_F(Lists, ArticleListsHoldTheirKinds) {
+TEST_F(Lists, ArticleListsContainTheirKinds) {
   addArticles();
   EXPECT_EQ(codes(articleList("M"), ""), (QStringList{"400", "surx", "100"}));
   EXPECT_EQ(codes(articleList("P"), ""), QStringList("200"));
@@ -108,9 +108,10 @@ TEST_F(Lists, ArticleListsHoldTheirKinds) {
   EXPECT_EQ(codes(articleListWithCostOrPrice("X"), "Montaj"), QStringList("300"));
 }
 
-TEST_F(Lists, TypeAheadShowsBeginningsFirst) {
+TEST_F(Lists, TypeAheadShowsPrefixMatchesFirst) {
   addArticles();
-  // "Adeziv" begins with it by code, "Surub" by name; the others hold it in the supplier's code and the name.
+  // "Adeziv" begins with it by code, "Surub" by name; the others contain it in the supplier's code and the
+  // name.
   EXPECT_EQ(codes(articleList(""), "SUR"), (QStringList{"surx", "100", "300", "200"}));
   EXPECT_EQ(codes(articleList(""), "sur", 3), (QStringList{"surx", "100", "300"}));
   EXPECT_EQ(codes(articleList(""), "sur", 1), QStringList("surx"));

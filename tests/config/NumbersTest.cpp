@@ -12,12 +12,12 @@ class Numbers : public testing::Test {
   TestCompany company_;
 };
 
-TEST_F(Numbers, NumbersThatAreNotNumericNeverCount) {
+TEST_F(Numbers, NumbersThatAreNotNumericAreIgnored) {
   EXPECT_EQ(NumarUrmator("G_FACCLI"), 1);
   ExecutaSql("INSERT INTO G_FACCLI (NUMFAC) VALUES ('A7'), ('')");
   EXPECT_EQ(NumarUrmator("G_FACCLI"), 1);
   ExecutaSql("INSERT INTO G_FACCLI (NUMFAC) VALUES ('12'), ('100'), ('9A'), ('1,5')");
-  EXPECT_EQ(NumarUrmator("G_FACCLI"), 101);  // and not 13, as text would have it
+  EXPECT_EQ(NumarUrmator("G_FACCLI"), 101);  // 13 if compared as text
   ExecutaSql("INSERT INTO G_FACCLI (NUMFAC) VALUES ('1e3'), (' 1000.9 ')");
   EXPECT_EQ(NumarUrmator("G_FACCLI"), 1001);
   ExecutaSql("INSERT INTO G_FACCLI (NUMFAC) VALUES ('99999999999999999999'), ('1e400'), ('-1e400')");
@@ -50,7 +50,7 @@ int failureOf(const QString& table) {
   return -1;
 }
 
-TEST_F(Numbers, RefusesWhatCannotBeCounted) {
+TEST_F(Numbers, RefusesWhatCannotBeNumbered) {
   ExecutaSql("INSERT INTO G_ARTMAG (CODART) VALUES ('10'), ('A1')");
   EXPECT_EQ(failureOf("G_ARTMAG"), 13);
   EXPECT_EQ(failureOf("kt_jur"), 13);  // its codes are letters

@@ -19,15 +19,15 @@ Row textsOf(const QList<std::pair<QString, QString>>& cells) {
   return row;
 }
 
-// What the work refuses, as "column: text [title, icon]".
+// The refusal as "column: text [title, icon]".
 template <typename Work>
 QString refusal(Work&& work) {
   try {
     work();
   } catch (const RuleError& rule) {
-    QString told = rule.field() + ": " + rule.text();
-    if (!rule.title().isEmpty()) told += " [" + rule.title() + ", " + QString::number(rule.icon()) + "]";
-    return told;
+    QString text = rule.field() + ": " + rule.text();
+    if (!rule.title().isEmpty()) text += " [" + rule.title() + ", " + QString::number(rule.icon()) + "]";
+    return text;
   }
   return {};
 }
@@ -36,7 +36,7 @@ QString cell(const QString& sql) { return OpenRs(sql).first().at(0).toString(); 
 
 class Parameters : public testing::Test {
  protected:
-  /// The identity with one column typed differently.
+  /// The identity with one typed column changed.
   static QString refusedIdentity(const QString& column, const QString& text) {
     Row identity = identityOf("ALFA");
     identity.set(column, text);
@@ -81,7 +81,7 @@ class Parameters : public testing::Test {
   MessageRecorder messages_;
 };
 
-TEST_F(Parameters, TheIdentityIsCheckedInOrderAndStoredAsAWhole) {
+TEST_F(Parameters, TheIdentityIsCheckedInOrderAndStoredCompletely) {
   const QString noName =
       "DENUMIRE: Salvarea nu se poate efectua. Introduceti o denumire pentru societatea curenta ! "
       "[Configurare societate, 16]";
@@ -125,11 +125,11 @@ TEST_F(Parameters, TheCostMethodIsChosenOnce) {
   EXPECT_EQ(save("ALFA", ""), "");
   EXPECT_EQ(storedIdentity().text("TCOST"), "");
   EXPECT_EQ(save("ALFA", "MP"), "");
-  EXPECT_EQ(save("BETA", "MP"), "") << "saving again what was chosen is no change";
+  EXPECT_EQ(save("BETA", "MP"), "") << "saving the chosen method again changes nothing";
   EXPECT_EQ(storedIdentity().text("DENUMIRE"), "BETA");
   EXPECT_EQ(session().TCOST, "MP");
 
-  // The window of a second workstation was opened before the choice: nothing of its tab is stored.
+  // A second workstation opened the window before the choice: nothing of its tab is stored.
   EXPECT_EQ(save("GAMA", "FIFO"),
             "TCOST: Metoda de evaluare a stocurilor a fost aleasa si nu se mai poate schimba !");
   EXPECT_EQ(storedIdentity().text("TCOST"), "MP");
@@ -137,7 +137,7 @@ TEST_F(Parameters, TheCostMethodIsChosenOnce) {
   EXPECT_EQ(session().TCOST, "MP");
 }
 
-TEST_F(Parameters, FiscalYearsFitTogetherBeforeTheyAreStored) {
+TEST_F(Parameters, FiscalYearsMustBeConsistent) {
   const QString kept = "2026-01-01";
   const QString tail = " ! Salvarea nu se poate efectua ! [Validare, 0]";
   EXPECT_EQ(
@@ -168,7 +168,7 @@ TEST_F(Parameters, FiscalYearsFitTogetherBeforeTheyAreStored) {
           tail);
   EXPECT_EQ(storedParameters().date("DATAIN").toString(Qt::ISODate), kept);
 
-  // Bounds that just hold: years of one day, a period up to the last day of year N+1.
+  // Limits that are just valid: years of one day, a period up to the last day of year N+1.
   EXPECT_EQ(
       refusedDates({"2026-07-01", "2026-07-01", "2026-07-02", "2026-07-02", "2026-07-01", "2026-07-02"}), "");
   EXPECT_EQ(storedParameters().date("DATASC"), QDate(2026, 7, 2));
@@ -177,7 +177,7 @@ TEST_F(Parameters, FiscalYearsFitTogetherBeforeTheyAreStored) {
   EXPECT_EQ(session().DataSC, QDate(2026, 7, 2));
 }
 
-TEST_F(Parameters, ADateWarnsOfItselfOnly) {
+TEST_F(Parameters, ADateWarnsOnlyOfItself) {
   const Row wrong =
       dates({"2026-12-31", "2026-01-01", "2025-01-01", "2024-12-31", "2023-05-02", "2023-05-01"});
   EXPECT_EQ(fiscalYearWarning(wrong, "DATAIN"),
@@ -221,7 +221,7 @@ TEST_F(Parameters, ARangeIsCompleteOrEmpty) {
   const QString rising = "START: Introduceti limite in ordine crescatoare pentru plaja de numere !";
   EXPECT_EQ(refusedRanges({"100", "100", "AB"}), "FC" + rising + invoices);
   EXPECT_EQ(refusedRanges({"9", "10", "AB"}, {"1000", "999", "AE"}), "AE" + rising + notes)
-      << "as numbers, and the notes behind the invoices";
+      << "compared as numbers, the delivery notes after the invoices";
   EXPECT_EQ(refusedRanges({"1", "", ""}), "FCEND: Verificati plaja de numere si seria introduse!" + invoices);
   EXPECT_EQ(refusedRanges({"1", "2", " "}),
             "SERIEFC: Verificati plaja de numere si seria introduse!" + invoices);
@@ -260,7 +260,7 @@ TEST_F(Parameters, AccountsDecimalsAndJournals) {
   EXPECT_EQ(storedIdentity().integer("NrZec"), 4);
   EXPECT_EQ(storedParameters().text("CONTFurnizori"), "404");
   EXPECT_TRUE(storedParameters().isNull("CONTNIR"));
-  EXPECT_EQ(storedParameters().text("CONTClienti"), "411") << "what is not in the row stays";
+  EXPECT_EQ(storedParameters().text("CONTClienti"), "411") << "columns missing from the row are kept";
 
   const auto journals = [](const QString& journal, const QString& kind, const QString& length) {
     return refusal([&] {
@@ -307,7 +307,7 @@ TEST_F(Parameters, ThePlanIsReplacedWhileNothingIsPosted) {
   EXPECT_EQ(defaultAccounts(0).text("CONTVAMA"), "446");
   EXPECT_EQ(defaultAccounts(2).text("CONTAVIZEXP_M"), "357");
 
-  // Another workstation posts while the window of this one still offers the choice.
+  // Another workstation posts while the window here still offers the choice.
   Database::open(TestCompany::path())
       ->execute("INSERT INTO kt_linii (NDI, NRLINIE, CONT) VALUES (1, 1, '371')");
   EXPECT_FALSE(accountPlanMayChange());
@@ -317,8 +317,8 @@ TEST_F(Parameters, ThePlanIsReplacedWhileNothingIsPosted) {
   EXPECT_EQ(cell("SELECT CONT AS T FROM kt_cote WHERE COD = 2"), "4427");
 }
 
-TEST_F(Parameters, AChangeOfPlanThatFailsMidwayLeavesTheOldPlan) {
-  // The accounts of the new plan are missing when those of the old one have been deleted.
+TEST_F(Parameters, AChangeOfPlanThatFailsMidwayKeepsTheOldPlan) {
+  // The accounts of the new plan are missing after those of the old one have been deleted.
   ExecutaSql("ALTER TABLE PLANBUG RENAME TO PLANBUG_VECHI");
   const QString accounts = cell("SELECT COUNT(*) AS N FROM kt_pc");
   EXPECT_THROW(changeAccountPlan(1), StoreError);

@@ -21,7 +21,7 @@ TEST(UsersTest, ACompanyAlwaysKeepsAUserWithAllRights) {
   EXPECT_THROW(addUser(user("ADMIN", "x", 0)), RuleError);
   EXPECT_THROW(changeUser("admin", "NUME", "sef"), RuleError);
   addUser(user("ana", "x", 1));
-  // An older company may have renamed it: then somebody else needs all rights first.
+  // An older program may have renamed it: then another user needs all rights first.
   ExecutaSql("UPDATE UTILIZATORI SET NUME = 'sef' WHERE NUME = 'admin'");
   EXPECT_THROW(removeUser("sef"), RuleError);
   EXPECT_THROW(changeUser("sef", "TIP", "1"), RuleError);

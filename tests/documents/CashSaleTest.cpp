@@ -1,5 +1,4 @@
-// The receipt of a cash sale between the register and the company: what two workstations and a crash may do
-// to it.
+// The receipt of a cash sale between register and company: two workstations and crashes.
 #include <stdexcept>
 
 #include "../fiscal/RegisterPlace.h"
@@ -10,7 +9,7 @@
 namespace velmar {
 namespace {
 
-/// Does something while the register prints.
+/// Runs a function while the register prints.
 class Meanwhile : public WaitingUser {
  public:
   explicit Meanwhile(std::function<void()> work) : work_(std::move(work)) {}
@@ -52,11 +51,11 @@ class CashSaleTest : public RegisterPlace {
   DocumentEditor editor_{"BS"};
 };
 
-TEST_F(CashSaleTest, NothingMovesWhileTheRegisterPrints) {
+TEST_F(CashSaleTest, NothingChangesWhileTheRegisterPrints) {
   const QString number = editor_.number();
   DocumentEditor other("BS");
   other.open(number);
-  const Meanwhile colleague([&] {
+  const Meanwhile otherUser([&] {
     EXPECT_THROW(other.setNumber(0, "CANT", "3"), RuleError);
     EXPECT_THROW(other.deleteLine(0), RuleError);
     EXPECT_THROW(other.setArticle(1, "S1"), RuleError);
@@ -65,7 +64,7 @@ TEST_F(CashSaleTest, NothingMovesWhileTheRegisterPrints) {
     another.insert("DATAFAC", "2026-03-14");
     EXPECT_THROW(other.save(another), RuleError);
     messages_.answer(kResultCancel);
-    EXPECT_EQ(print(other), ReceiptOutcome::NotPrinted);  // it is asked, and nothing is sent
+    EXPECT_EQ(print(other), ReceiptOutcome::NotPrinted);  // the question is shown, nothing is sent
     EXPECT_TRUE(other.isFrozen());
     EXPECT_FALSE(other.isPrinted());
   });
@@ -94,7 +93,7 @@ TEST_F(CashSaleTest, LinesThatTheCashierDoesNotSeeAreNotPrinted) {
   EXPECT_EQ(print(editor_), ReceiptOutcome::Printed);
 }
 
-TEST_F(CashSaleTest, ACrashLeadsToAQuestionAndNotToASecondReceipt) {
+TEST_F(CashSaleTest, AfterACrashTheUserIsAskedBeforeASecondReceipt) {
   {
     const Meanwhile crash([] { throw std::runtime_error("killed"); });
     EXPECT_THROW(print(editor_), std::runtime_error);
@@ -110,19 +109,19 @@ TEST_F(CashSaleTest, ACrashLeadsToAQuestionAndNotToASecondReceipt) {
   EXPECT_EQ(OpenRs("SELECT TIPARIRE FROM G_BONCASA").first().integer("TIPARIRE"), 0);
 }
 
-// The attempt that nobody knows of is taken up by one of two who both say that nothing came out.
-TEST_F(CashSaleTest, OneOfTwoTakesUpAnAttempt) {
+// Only one of two users who both report that nothing was printed takes over the open attempt.
+TEST_F(CashSaleTest, OneOfTwoTakesOverAnAttempt) {
   ExecutaSql("UPDATE G_BONCASA SET TIPARIRE = 1");
   const Drafts drafts = editor_.drafts();
   EXPECT_EQ(drafts.beginReceipt(editor_.number(), 1), 2);
   EXPECT_THROW(drafts.beginReceipt(editor_.number(), 1), RuleError);
-  drafts.endReceipt(editor_.number(), 1, false);  // of an attempt that is no longer the last
+  drafts.endReceipt(editor_.number(), 1, false);  // of an outdated attempt
   EXPECT_THROW(drafts.beginReceipt(editor_.number(), 0), RuleError);
   drafts.endReceipt(editor_.number(), 2, false);
   EXPECT_EQ(drafts.beginReceipt(editor_.number(), 0), 1);
 }
 
-TEST_F(CashSaleTest, WhatTheStockLacksIsAskedAboutBeforeTheReceipt) {
+TEST_F(CashSaleTest, MissingStockIsReportedBeforeTheReceipt) {
   ExecutaSql(
       "INSERT INTO G_ARTMAG (CODART, DENART, FAMART, PRETVFT, PROVENIENTA, FARASTOC) "
       "VALUES ('A2', 'Marfa', 1, 10, 'M', 0)");
@@ -139,7 +138,7 @@ TEST_F(CashSaleTest, WhatTheStockLacksIsAskedAboutBeforeTheReceipt) {
   EXPECT_EQ(receipts(), 1);
 }
 
-TEST_F(CashSaleTest, ANumberIsTakenWithItsRow) {
+TEST_F(CashSaleTest, ANumberIsReservedByItsRow) {
   DocumentEditor first("BS");
   DocumentEditor second("BS");
   first.newDocument();

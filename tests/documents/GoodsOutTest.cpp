@@ -1,5 +1,5 @@
-// Goods that come in on supplier invoices and leave on vouchers and customer invoices, with figures worked
-// out by hand.
+// Goods received on supplier invoices and issued on vouchers and customer invoices, with figures calculated
+// by hand.
 #include <gtest/gtest.h>
 
 #include "catalogue/Discounts.h"
@@ -24,7 +24,7 @@ TEST(GoodsOutTest, AVoucherTakesTheOldestLotsFirst) {
   twoLots(trade);
   DocumentEditor editor("BC");
   Trade::draft(editor, trade.consumption("12"), {Trade::out("A", "7")});
-  // Worked out on trial: 5 x 10 + 2 x 20 = 90, and 90 / 7 = 12.857.
+  // The preliminary cost: 5 x 10 + 2 x 20 = 90, and 90 / 7 = 12.857.
   EXPECT_EQ(editor.lines()[0].decimal("VALOAREFT"), Decimal(90));
   EXPECT_EQ(editor.lines()[0].decimal("PRETFT"), 1286_dec / 100);
   EXPECT_EQ(Trade::rest("FF1"), Decimal(5));
@@ -44,8 +44,8 @@ TEST(GoodsOutTest, AVoucherTakesTheOldestLotsFirst) {
   EXPECT_EQ(ledger.text("TIPIE"), "E");
   EXPECT_EQ(Trade::note("12"), QStringList({"3 D 607 90", "3 C 371 90"}));
 
-  // An invoice of the same number keeps links of its own, and a lot used up to its last piece leaves the
-  // article's cost alone.
+  // An invoice of the same number has its own links, and using up a lot does not change the article's
+  // cost.
   ExecutaSql("UPDATE G_ARTMAG SET COST = 77 WHERE CODART = 'A'");
   trade.validated("FC", trade.sale("12"), {Trade::out("A", "3")});
   EXPECT_EQ(OpenRs("SELECT COUNT(*) AS N FROM G_I_E").first().integer("N"), 3);
@@ -54,13 +54,13 @@ TEST(GoodsOutTest, AVoucherTakesTheOldestLotsFirst) {
   EXPECT_EQ(disagreementText(), "");
 }
 
-TEST(GoodsOutTest, LotsOfOneDateGoInTheOrderOfTheirValidationAndAStornoAtItsCost) {
+TEST(GoodsOutTest, LotsOfOneDateAreIssuedInOrderOfValidationAndStornosAtTheirCost) {
   Trade trade("FIFO");
   trade.article("A");
-  // Validated in the order 9, 2: the same date, and the keys sort the other way round.
+  // Validated in the order 9, 2: the same date, while the keys sort the other way round.
   trade.validated("FF", trade.purchase("9", kFirst), {Trade::bought("A", "1", "10", "30")});
   trade.validated("FF", trade.purchase("2", kFirst), {Trade::bought("A", "1", "20", "30")});
-  // What a customer brought back was sold at 50 and had cost 8; it is older than both.
+  // The goods returned by a customer were sold at 50 and had cost 8; that lot is older than both.
   ExecutaSql(
       "INSERT INTO G_DOCUME (ID, TIP, TIPIE, DATADOC, CODMAG) VALUES ('FS1', 'FS', 'I', '2026-02-01', 1)");
   ExecutaSql(
@@ -163,14 +163,14 @@ TEST(GoodsOutTest, AnInvoiceInCurrencyIsInLeiInLedgerAndNotes) {
       1809_dec / 100);
   EXPECT_EQ(disagreementText(), "");
 
-  // Without a currency code the amounts would pass for lei.
+  // Without a currency code the amounts would be taken as lei.
   header.insert("NUMFAC", "9");
   header.insert("CODDeviza", "");
   Trade::draft(editor, header, {Trade::out("A", "1")});
   EXPECT_THROW(editor.checkLines(), RuleError);
 }
 
-TEST(GoodsOutTest, ReturnsGoBackToTheirReceiptsAndKeepTheirCost) {
+TEST(GoodsOutTest, ReturnsReferToTheirReceiptsAndKeepTheirCost) {
   Trade trade("FIFO");
   twoLots(trade);
   // To the supplier: 2 of the second invoice, although the first is older.
@@ -182,7 +182,7 @@ TEST(GoodsOutTest, ReturnsGoBackToTheirReceiptsAndKeepTheirCost) {
   EXPECT_EQ(Trade::note("3"), QStringList({"3 C 401 -47.6", "3 D 371 -40", "3 D 4426 -7.6"}));
   EXPECT_EQ(disagreementText(), "");
 
-  // Nothing to return, and nothing that names the invoice.
+  // More than was received, and a line that refers to no invoice.
   DocumentEditor editor("FF");
   Trade::draft(editor, trade.purchase("4"), {Trade::bought("A", "1", "20", "30")});
   EXPECT_EQ(editor.check(0, "CANT", "-8,001", false).text,
@@ -190,7 +190,7 @@ TEST(GoodsOutTest, ReturnsGoBackToTheirReceiptsAndKeepTheirCost) {
   EXPECT_EQ(editor.check(0, "CANT", "-8", false).text,
             "Va rog introduceti in campul Observatii, numarul facturii de stornat.");
 
-  // From the customer: cost and price as they were sold.
+  // From the customer: cost and price as sold.
   trade.validated("FC", trade.sale("5"), {{"A", {{"CANT", "6"}, {"PRETFT", "35"}}}});
   trade.validated("FC", trade.sale("6", "FC5"), {Trade::out("A", "-3")});
   const Row back = OpenRs("SELECT * FROM G_LDOCUM WHERE DOCID = 'FC6'").first();
@@ -210,7 +210,7 @@ TEST(GoodsOutTest, SupplierInvoicesValueStockAndPricesByBothMethods) {
   EXPECT_EQ(Trade::figure("A", "COST"), Decimal(15));
   EXPECT_EQ(Trade::figure("A", "ADAOS"), Decimal(100));
   EXPECT_EQ(Trade::figure("A", "PRETVTTI"), 357_dec / 10);
-  // Everything goes back: a stock of 0 costs nothing.
+  // Everything is returned: with a stock of 0 the cost is 0.
   ExecutaSql("UPDATE G_ARTMAG SET CODDEVIZAVANZ = 'EUR' WHERE CODART = 'A'");
   average.validated("FF", average.purchase("3", clock::today(), "FF1"),
                     {Trade::bought("A", "-10", "15", "30")});
@@ -249,7 +249,7 @@ TEST(GoodsOutTest, VatFollowsTheRoundedValueOnPurchasesAndTheProductOnSales) {
   EXPECT_EQ(purchase.lines()[0].decimal("VALOARETTI"), Decimal(36));  // 35.81 to whole units
 }
 
-TEST(GoodsOutTest, TheRaceForTheLastPieceAndAFailureInTheMiddleLeaveEverythingAsItWas) {
+TEST(GoodsOutTest, TheRaceForTheLastPieceAndAFailureMidwayChangeNothing) {
   Trade trade("FIFO");
   twoLots(trade);
   const auto snapshot = [] {
@@ -265,18 +265,18 @@ TEST(GoodsOutTest, TheRaceForTheLastPieceAndAFailureInTheMiddleLeaveEverythingAs
   DocumentEditor editor("FC");
   Trade::draft(editor, trade.sale("1"), {Trade::out("A", "8")});
   ASSERT_TRUE(editor.checkLines());
-  // A colleague is faster.
+  // Another workstation is faster.
   trade.validated("BC", trade.consumption("1"), {Trade::out("A", "4")});
   const QStringList before = snapshot();
   try {
     editor.validate(editor.headerTexts());
-    FAIL() << "sold what was gone";
+    FAIL() << "sold more than is in stock";
   } catch (const RuleError& error) {
     EXPECT_EQ(error.text(), "Articolul: A are disponibil in stoc numai 6");
   }
   EXPECT_EQ(snapshot(), before);
 
-  // The posting fails behind lots, ledger and articles.
+  // The posting fails after lots, ledger and articles were written.
   editor.setNumber(0, "CANT", "6");
   ASSERT_TRUE(editor.checkLines());
   ExecutaSql("UPDATE G_FAMART SET CONTVEN = NULL");
@@ -316,7 +316,7 @@ TEST(GoodsOutTest, OpenOrdersAreNotAvailableAndServicesNeedNone) {
   EXPECT_EQ(refusal(invoice), "");
 }
 
-TEST(GoodsOutTest, WithoutNotesNothingIsPostedAndOthersKeepTheirStamp) {
+TEST(GoodsOutTest, WithoutNotesNothingIsPostedAndOtherNotesAreUnchanged) {
   Trade trade("FIFO");
   twoLots(trade);
   const QStringList before = Trade::note("2");
@@ -326,7 +326,7 @@ TEST(GoodsOutTest, WithoutNotesNothingIsPostedAndOthersKeepTheirStamp) {
   trade.validated("FC", header, {Trade::out("A", "1")});
   EXPECT_EQ(Trade::note("2"), before);
   EXPECT_EQ(OpenRs("SELECT DISTINCT TIPDOC FROM kt_linii").size(), 1);
-  // VAT 0: no VAT row on either side, the percent stands on the goods' row.
+  // VAT 0: no VAT row on either side, the goods' row has the percentage.
   TypedTexts purchase = trade.purchase("3");
   purchase.insert("BATVA1", "11");
   purchase.insert("CheckTVAINC", "-1");
@@ -336,13 +336,13 @@ TEST(GoodsOutTest, WithoutNotesNothingIsPostedAndOthersKeepTheirStamp) {
   EXPECT_TRUE(goods.isNull("TVA_LINREF"));
   EXPECT_FALSE(goods.isNull("COTATVA"));
   EXPECT_EQ(goods.integer("TVAINC"), -1);
-  // No method chosen: nothing of a supplier invoice stays.
+  // Without a cost method nothing of a supplier invoice is written.
   ExecutaSql("UPDATE kt_info SET TCOST = NULL");
   DocumentEditor editor("FF");
   Trade::draft(editor, trade.purchase("4"), {Trade::bought("A", "1", "10", "30")});
   try {
     editor.checkLines();
-    FAIL() << "a method is needed";
+    FAIL() << "validated without a cost method";
   } catch (const RuleError& error) {
     EXPECT_EQ(error.text(), "VA ROG SA ALEGETI METODA DE EVALUARE A STOCURILOR!");
     EXPECT_EQ(error.field(), "TCOST");

@@ -1,4 +1,4 @@
-// The table of document kinds against the tables of the company, and the numbers that a kind offers.
+// The table of document kinds compared with the company's tables, and the numbers that a kind proposes.
 #include <gtest/gtest.h>
 #include <algorithm>
 
@@ -25,7 +25,7 @@ bool hasLineColumn(const DocumentKind& kind, const QString& field) {
                      [&field](const LineColumn& column) { return column.field == field; });
 }
 
-// The texts typed into the header are found by the very spelling of the column, so spelling counts here.
+// Header texts are looked up by the exact spelling of the column, so case matters here.
 void expectColumn(const DocumentKind& kind, const QString& table, const QString& name) {
   const Column* column = companyTable(table).column(name);
   ASSERT_TRUE(column) << of(kind, table + "." + name);
@@ -65,7 +65,7 @@ TEST(KindTableTest, ColumnsAreInTheirTablesAndControlsOnce) {
   }
 }
 
-TEST(KindTableTest, ChecksPointAtWhatTheyLookAt) {
+TEST(KindTableTest, ChecksReferToExistingControlsAndColumns) {
   const TestCompany company;
   const MessageRecorder messages;
   for (const DocumentKind& kind : documentKinds()) {
@@ -79,13 +79,13 @@ TEST(KindTableTest, ChecksPointAtWhatTheyLookAt) {
       EXPECT_TRUE(check.detail.isEmpty() || hasLineColumn(kind, check.detail)) << of(kind, check.detail);
     }
   }
-  EXPECT_TRUE(messages.isEmpty()) << "a kind of Exista is unknown";
+  EXPECT_TRUE(messages.isEmpty()) << "unknown kind of Exista";
 }
 
-TEST(KindTableTest, QuestionsNameTheDocumentAndNothingIsLeftBlank) {
+TEST(KindTableTest, QuestionsNameTheDocumentAndNoTextIsEmpty) {
   for (const DocumentKind& kind : documentKinds()) {
     const KindTexts& texts = kind.texts;
-    const bool isStorno = kind.prefix == "FS";    // has no draft: no new one, no saving, no deletion
+    const bool isStorno = kind.prefix == "FS";    // has no draft: cannot be created, saved or deleted
     const bool isCashSale = kind.prefix == "BS";  // is validated without a question
     for (const QString& text : {texts.title, texts.draftsCaption, texts.validateTip, texts.printTip,
                                 texts.validated, texts.unknownArticle})
@@ -118,7 +118,7 @@ class NumberingTest : public ::testing::Test {
  protected:
   NumberingTest() { range("100", "160"); }
 
-  // The ranges are entered while other workstations are open, so they count as they stand in the company.
+  // The ranges may be entered while other workstations are open, so they are read from the company.
   static void range(const QString& start, const QString& end) {
     ExecutaSql("UPDATE kt_par SET FCSTART = ?, FCEND = ?, AESTART = ?, AEEND = ?", {start, end, start, end});
   }
@@ -143,7 +143,7 @@ class NumberingTest : public ::testing::Test {
   TestCompany company_;
 };
 
-TEST_F(NumberingTest, InvoicesRunThroughTheirRangeToItsEnd) {
+TEST_F(NumberingTest, InvoicesUseTheirRangeToItsEnd) {
   expectNumber("FC", "100");
   draft("FC", "7");  // from before the range
   expectNumber("FC", "100");
@@ -159,7 +159,7 @@ TEST_F(NumberingTest, InvoicesRunThroughTheirRangeToItsEnd) {
                "introduceti noua plaja de valori.");
 }
 
-TEST_F(NumberingTest, InvoicesAndStornosShareWhatTheLedgerHolds) {
+TEST_F(NumberingTest, InvoicesAndStornosShareTheNumbersOfTheLedger) {
   draft("FC", "104");
   draft("FC", "A999");  // letters do not count
   expectNumber("FC", "105");
@@ -184,7 +184,7 @@ TEST_F(NumberingTest, DeliveryNotesHaveTheirOwnRangeAndNoLedger) {
                "apoi introduceti noua plaja de valori.");
 }
 
-TEST_F(NumberingTest, CashSalesCountOnWithoutARange) {
+TEST_F(NumberingTest, CashSalesAreNumberedWithoutARange) {
   expectNumber("BS", "1");
   draft("BS", "5");
   draft("BS", "B77");

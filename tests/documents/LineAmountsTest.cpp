@@ -1,4 +1,4 @@
-// The amounts of a line: what follows a VAT rate that changes, what stays as it was typed, what is refused.
+// The amounts of a line: what follows a changed VAT rate, what remains as typed, what is refused.
 #include <gtest/gtest.h>
 
 #include "store/Database.h"
@@ -13,10 +13,10 @@ QString stored(const QString& sql) {
   return found.isEmpty() ? QStringLiteral("-") : found.first().decimal("V").toString();
 }
 
-TEST(LineAmountsTest, AllLinesFollowAChangedRateAndNothingElseTouchesATypedVat) {
+TEST(LineAmountsTest, AllLinesFollowAChangedRateAndNothingElseChangesATypedVat) {
   Trade trade("MP");
   trade.article("S", "18", true, false);
-  // The rate of an invoice goes to 0 and is not saved: 18 without VAT.
+  // The rate of an invoice changes to 0 and is not saved: 18 without VAT.
   DocumentEditor sale("FC");
   Trade::draft(sale, trade.sale("1"), {Trade::out("S", "1")});
   EXPECT_EQ(sale.total("VALOARETVA").toString(), "3.42");
@@ -30,7 +30,7 @@ TEST(LineAmountsTest, AllLinesFollowAChangedRateAndNothingElseTouchesATypedVat) 
   EXPECT_EQ(stored("SELECT TOTALTVA AS V FROM G_DOCUME WHERE ID = 'FC1'"), "0");
   EXPECT_EQ(stored("SELECT VALOARETTI AS V FROM G_LFACCL WHERE NUMFAC = '1'"), "18");
 
-  // A purchase of 30 with a VAT of 5.71 typed by hand: saving keeps it, and so does the way to 9 % and back.
+  // A purchase of 30 with a typed VAT of 5.71: saving keeps it, and so does changing to 9 % and back.
   DocumentEditor purchase("FF");
   Trade::draft(purchase, trade.purchase("2"), {Trade::bought("S", "3", "10", "18")});
   purchase.setNumber(0, "VALOARETVA", "5.71");
@@ -42,7 +42,7 @@ TEST(LineAmountsTest, AllLinesFollowAChangedRateAndNothingElseTouchesATypedVat) 
   EXPECT_EQ(purchase.total("VALOARETVA").toString(), "2.7");
   purchase.headerTyped(header);
   EXPECT_EQ(purchase.total("VALOARETVA").toString(), "5.71");
-  // Header and lines are stored together or not at all.
+  // Header and lines are stored in one transaction.
   ExecutaSql("ALTER TABLE G_LFACFU RENAME TO G_LFACFU_X");
   EXPECT_ANY_THROW(purchase.save(lower));
   ExecutaSql("ALTER TABLE G_LFACFU_X RENAME TO G_LFACFU");
@@ -50,14 +50,14 @@ TEST(LineAmountsTest, AllLinesFollowAChangedRateAndNothingElseTouchesATypedVat) 
   purchase.save(lower);
   EXPECT_EQ(stored("SELECT BATVA1 AS V FROM G_FACFUR WHERE NUMFAC = '2'"), "7");
   EXPECT_EQ(stored("SELECT VALOARETVA AS V FROM G_LFACFU WHERE NUMFAC = '2'"), "2.7");
-  // A line typed under a rate that is not saved yet takes header and other lines along.
+  // A line typed under a rate that is not saved yet also stores the header and the other lines.
   purchase.headerTyped(header);
   purchase.setNumber(0, "CANT", "4");
   EXPECT_EQ(stored("SELECT BATVA1 AS V FROM G_FACFUR WHERE NUMFAC = '2'"), "1");
   EXPECT_EQ(stored("SELECT VALOARETVA AS V FROM G_LFACFU WHERE NUMFAC = '2'"), "7.6");
 }
 
-TEST(LineAmountsTest, WhatIsTypedStaysAndWhatCannotBeIsRefused) {
+TEST(LineAmountsTest, TypedAmountsAreKeptAndImpossibleOnesRefused) {
   Trade trade("MP");
   trade.article("S", "60", true, false);
   DocumentEditor sale("FC");

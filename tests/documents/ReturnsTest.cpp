@@ -1,5 +1,5 @@
-// Goods that customers bring back and goods that go back to suppliers: their lots, their cost, what the books
-// say of them. Figures are worked out by hand.
+// Returns from customers and to suppliers: their lots, their cost, their postings. Figures are calculated by
+// hand.
 #include <gtest/gtest.h>
 
 #include "documents/Invariants.h"
@@ -20,22 +20,22 @@ Decimal totalCost(const QString& document) {
   return OpenRs("SELECT TOTALCOST FROM G_DOCUME WHERE ID = ?", {document}).first().decimal("TOTALCOST");
 }
 
-TEST(ReturnsTest, WhatACustomerBringsBackIsALotAtItsCost) {
+TEST(ReturnsTest, GoodsReturnedByACustomerAreALotAtTheirCost) {
   Trade trade("FIFO");
   trade.article("A", "35");
   trade.validated("FF", trade.purchase("1", kFirst), {Trade::bought("A", "5", "10", "35")});
   trade.validated("FF", trade.purchase("2", kSecond), {Trade::bought("A", "5", "20", "35")});
   trade.validated("FC", trade.sale("5"), {Trade::out("A", "6")});  // 5 x 10 + 20 = 70
-  // Without a document it costs as the article does: 20 apiece, the lot in use.
+  // Without a document the cost is that of the article: 20 each, from the lot in use.
   trade.validated("FC", trade.sale("6"), {Trade::out("A", "-2")});
   EXPECT_EQ(Trade::rest("FC6"), Decimal(2));
   EXPECT_EQ(ledgerLine("FC6").decimal("VALCOST"), Decimal(40));
   EXPECT_EQ(totalCost("FC6"), Decimal(-40));
-  // With its invoice it costs as it did there: 3 of 6 for 70 are 35.
+  // With its invoice the cost is that of the sale: 3 of 6 for 70 are 35.
   trade.validated("FC", trade.sale("7", "FC5"), {Trade::out("A", "-3")});
   EXPECT_EQ(Round(ledgerLine("FC7").decimal("VALCOST"), 4), Decimal(35));
   EXPECT_EQ(disagreementText(), "");
-  // Sold again: 4 of the second purchase, then what came back: 80 + 40 + 35.
+  // Sold again: 4 of the second purchase, then the returned goods: 80 + 40 + 35.
   trade.validated("FC", trade.sale("8"), {Trade::out("A", "9")});
   EXPECT_EQ(Round(totalCost("FC8"), 4), Decimal(155));
   EXPECT_EQ(Trade::rest("FC6"), Decimal(0));
@@ -44,14 +44,14 @@ TEST(ReturnsTest, WhatACustomerBringsBackIsALotAtItsCost) {
   EXPECT_EQ(disagreementText(), "");
 }
 
-TEST(ReturnsTest, CostCountsWithTheSignOfTheQuantity) {
+TEST(ReturnsTest, CostHasTheSignOfTheQuantity) {
   for (const QString& method : {QStringLiteral("FIFO"), QStringLiteral("MP")}) {
     Trade trade(method);
     trade.article("A", "20");
     trade.article("B", "5");
     trade.validated("FF", trade.purchase("1"),
                     {Trade::bought("A", "1", "12", "20"), Trade::bought("B", "10", "3", "5")});
-    // 30 goes out, 12 comes back: 50 less 20 are sold.
+    // 30 are issued, 12 returned: 50 less 20 are sold.
     trade.validated("FC", trade.sale("9"), {Trade::out("B", "10"), Trade::out("A", "-1")});
     EXPECT_EQ(totalCost("FC9"), Decimal(18)) << qUtf8Printable(method);
     Decimal expense, stock;
@@ -65,7 +65,7 @@ TEST(ReturnsTest, CostCountsWithTheSignOfTheQuantity) {
   }
 }
 
-TEST(ReturnsTest, ASupplierGetsBackNoMoreThanItsLotHasLeft) {
+TEST(ReturnsTest, AReturnToASupplierIsLimitedToTheRestOfItsLot) {
   Trade trade("FIFO");
   trade.article("A", "30");
   trade.validated("FF", trade.purchase("502", kFirst), {Trade::bought("A", "5", "10", "30")});
@@ -82,7 +82,7 @@ TEST(ReturnsTest, ASupplierGetsBackNoMoreThanItsLotHasLeft) {
   editor.setNumber(0, "CANT", "-2");
   EXPECT_TRUE(Trade::validate(editor));
   EXPECT_EQ(Trade::rest("FF502"), Decimal(0));
-  // A document that is not there has no lot: the lots then exceed the stock by what went back.
+  // A document that does not exist has no lot: the lots then exceed the stock by the returned quantity.
   trade.validated("FF", trade.purchase("R2", clock::today(), "nimic"),
                   {Trade::bought("A", "-1", "20", "30")});
   EXPECT_EQ(Trade::rest("FF503"), Decimal(5));

@@ -1,6 +1,6 @@
-// Random but reproducible sequences of entries, issues, returns and failures through the real services: after
-// each step everything agrees. VELMAR_SEQUENCES tells how many a method; the number of a sequence makes it
-// again.
+// Random but reproducible sequences of receipts, issues, returns and failures through the real services:
+// after each step all data is consistent. VELMAR_SEQUENCES is the number of sequences per method; the number
+// of a sequence reproduces it.
 #include <gtest/gtest.h>
 
 #include "Trade.h"
@@ -25,7 +25,7 @@ class Sequence {
     first_ = number * 1000;
   }
 
-  /// One step; tells what it was.
+  /// Executes one step; returns its description.
   QString step() {
     const QString number = QString::number(++first_);
     try {
@@ -82,14 +82,14 @@ class Sequence {
     for (const QString& code : some()) lines.push_back(Trade::bought(code, amount(20), amount(50), "60"));
     return lines;
   }
-  // Often more than there is, which is refused.
+  // Often more than is in stock, which is refused.
   std::vector<TypedLine> issues() {
     std::vector<TypedLine> lines;
     for (const QString& code : some()) lines.push_back(Trade::out(code, amount(12)));
     return lines;
   }
 
-  // An article may pass the counter twice.
+  // An article may be scanned twice.
   std::vector<TypedLine> counterSale() {
     std::vector<TypedLine> lines = issues();
     lines.push_back(Trade::out(lines.front().code, amount(3)));
@@ -102,7 +102,7 @@ class Sequence {
     return Trade::validate(editor) ? QString() : QStringLiteral(" oprit");
   }
 
-  // Part of what a receipt still has goes back to the supplier.
+  // Part of the remainder of a receipt is returned to the supplier.
   QString returned(const QString& number) {
     const Recordset lots = OpenRs(
         "SELECT DOCID, ARTID, PRETFT, CANTRAMASA FROM G_LDOCUM WHERE CANTRAMASA > 1 AND CANT > 0 "
@@ -114,7 +114,7 @@ class Sequence {
                {Trade::bought(lot.text("ARTID"), "-1", lot.decimal("PRETFT").toString(), "60")});
   }
 
-  // The posting of an issue finds an account missing, behind everything else.
+  // The posting of an issue fails because an account is missing, after everything else was written.
   QString failing(const QString& number) {
     DocumentEditor editor(below(2) == 0 ? "FC" : "BC");
     const bool isSale = editor.kind().prefix == "FC";
@@ -137,7 +137,7 @@ class Sequence {
   int first_ = 0;
 };
 
-// What lots were worth less what is left of them went out at the cost of the issues, or back to the supplier.
+// The value of the lots less that of their remainders equals the cost of the issues and returns to suppliers.
 void expectValueKept() {
   const Row value =
       OpenRs(
@@ -167,11 +167,11 @@ void runSequences(const QString& method) {
     }
     validated += static_cast<int>(OpenRs("SELECT COUNT(*) AS N FROM G_DOCUME").first().integer("N"));
   }
-  EXPECT_GT(validated, sequences * 3);  // most steps are no refusals
+  EXPECT_GT(validated, sequences * 3);  // most steps succeed
 }
 
-TEST(SequencesTest, EverythingAgreesUnderLots) { runSequences("FIFO"); }
-TEST(SequencesTest, EverythingAgreesUnderTheAverage) { runSequences("MP"); }
+TEST(SequencesTest, EverythingIsConsistentUnderFifo) { runSequences("FIFO"); }
+TEST(SequencesTest, EverythingIsConsistentUnderTheAverage) { runSequences("MP"); }
 
 }  // namespace
 }  // namespace velmar

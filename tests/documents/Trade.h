@@ -1,5 +1,5 @@
-// A company that trades, for tests of whole documents: partners, families, articles, and documents from their
-// header to validation in a call each.
+// A trading company for tests of whole documents: partners, families, articles, and documents from header to
+// validation in one call.
 #pragma once
 
 #include "catalogue/Articles.h"
@@ -12,7 +12,7 @@
 
 namespace velmar {
 
-/// A line as it is typed: the article's code, then cells in their order.
+/// A typed line: the article's code, then the cells in order.
 struct TypedLine {
   QString code;
   std::vector<std::pair<QString, QString>> cells;
@@ -45,7 +45,7 @@ class Trade {
     ExecutaSql("UPDATE G_ARTMAG SET PRETVFT = ? WHERE CODART = ?", {*Decimal::parse(salePrice), code});
   }
 
-  /// A draft with those lines on the editor; `more` overrides what the header starts with.
+  /// A draft with those lines in the editor; `more` overrides the header's defaults.
   static void draft(DocumentEditor& editor, const TypedTexts& more, const std::vector<TypedLine>& lines) {
     editor.newDocument();
     TypedTexts header = editor.headerTexts();
@@ -103,7 +103,7 @@ class Trade {
         .decimal("CANTRAMASA");
   }
 
-  /// The rows of the note of a document, as "NDI side account amount", in their order.
+  /// The rows of a document's note, as "NDI side account amount", in order.
   static QStringList note(const QString& number) {
     QStringList rows;
     for (const Row& row : OpenRs("SELECT * FROM kt_linii WHERE DOC = ? ORDER BY NDI, NRLINIE", {number})) {

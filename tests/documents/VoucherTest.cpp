@@ -1,5 +1,5 @@
-// What the window's scenario of the input voucher does not show: odd input, failures in the middle, a
-// colleague.
+// Cases of the input voucher that its scenario does not cover: unusual input, failures in the middle,
+// concurrent users.
 #include <gtest/gtest.h>
 
 #include "catalogue/Articles.h"
@@ -81,7 +81,7 @@ class VoucherTest : public ::testing::Test {
 
 Decimal figure(const QString& code, const QString& column) { return articleByCode(code)->decimal(column); }
 
-TEST_F(VoucherTest, QuantitiesGoToTheEvenDigitAndArticlesOfOneAccountShareAPair) {
+TEST_F(VoucherTest, QuantitiesRoundHalfEvenAndArticlesOfOneAccountShareAPair) {
   DocumentEditor editor("BI");
   editor.newDocument();
   editor.save(header("7"));
@@ -111,13 +111,13 @@ TEST_F(VoucherTest, AverageCostFollowsTheReceiptsUnrounded) {
   EXPECT_EQ(OpenRs("SELECT MAX(NDI) AS N FROM kt_linii").first().integer("N"), 3);
 }
 
-TEST_F(VoucherTest, WhatBreaksInTheMiddleLeavesNothing) {
+TEST_F(VoucherTest, AFailureMidwayLeavesNothing) {
   DocumentEditor editor("BI");
   editor.newDocument();
   editor.save(header("1"));
   line(editor, "A1", "3", "10", "15");
   line(editor, "A2", "1", "10", "15");
-  // A stock of -1 and a receipt of 1 leave the average without a divisor.
+  // With a stock of -1 and a receipt of 1 the average has the divisor 0.
   ExecutaSql("UPDATE G_ARTMAG SET STOC = -1 WHERE CODART = 'A2'");
   try {
     editor.validate(header("1"));
@@ -143,7 +143,7 @@ TEST_F(VoucherTest, WhatBreaksInTheMiddleLeavesNothing) {
   EXPECT_EQ(count("G_LDOCUM"), 2);
 }
 
-TEST_F(VoucherTest, OddInputIsStoredAsItIsOrRefused) {
+TEST_F(VoucherTest, UnusualInputIsStoredUnchangedOrRefused) {
   DocumentEditor editor("BI");
   const auto refused = [](auto&& work) {
     try {
@@ -190,15 +190,15 @@ TEST_F(VoucherTest, ALateKeystrokeCannotTouchAValidatedVoucher) {
   here.newDocument();
   here.save(header("1"));
   line(here, "A1", "3", "10", "15");
-  DocumentEditor colleague("BI");
-  colleague.open("1");
+  DocumentEditor otherUser("BI");
+  otherUser.open("1");
   here.validate(header("1"));
-  EXPECT_THROW(colleague.setNumber(0, "CANT", "99"), RuleError);
-  EXPECT_THROW(colleague.setArticle(1, "A2"), RuleError);
-  EXPECT_THROW(colleague.deleteLine(0), RuleError);
-  EXPECT_THROW(colleague.save(header("1")), RuleError);
-  EXPECT_THROW(colleague.validate(header("1")), RuleError);
-  EXPECT_THROW(colleague.remove(), RuleError);
+  EXPECT_THROW(otherUser.setNumber(0, "CANT", "99"), RuleError);
+  EXPECT_THROW(otherUser.setArticle(1, "A2"), RuleError);
+  EXPECT_THROW(otherUser.deleteLine(0), RuleError);
+  EXPECT_THROW(otherUser.save(header("1")), RuleError);
+  EXPECT_THROW(otherUser.validate(header("1")), RuleError);
+  EXPECT_THROW(otherUser.remove(), RuleError);
   EXPECT_EQ(OpenRs("SELECT CANT FROM G_LBONINT").first().decimal("CANT"), Decimal(3));
   EXPECT_EQ(count("G_DOCUME"), 1);
 }

@@ -1,5 +1,5 @@
-// Several processes in one company: validations at once, the race for the last pieces, and processes killed
-// at any moment.
+// Several processes in one company: simultaneous validations, the race for the last pieces, and processes
+// killed at any moment.
 #include <sys/wait.h>
 #include <unistd.h>
 #include <algorithm>
@@ -15,9 +15,9 @@ namespace {
 
 constexpr int kArticles = 20;
 constexpr int kProcesses = 8;
-constexpr int kBroken = 3;  // exit code of a process whose error was none of the trade
+constexpr int kBroken = 3;  // exit code for an unexpected error
 
-// Waits without asking: these workstations have nobody in front of them.
+// Waits without a dialog: these workstations have no user.
 class PatientSink : public MessageSink {
  public:
   int show(const Message& message) override {
@@ -33,7 +33,7 @@ class WorkstationsTest : public ::testing::Test {
 
   static QString code(int article) { return QStringLiteral("A%1").arg(article); }
 
-  // An input voucher of one piece of each of the first articles.
+  // An input voucher with one piece of each of the first articles.
   void validate(const QString& number, int lines) const {
     std::vector<TypedLine> typed;
     for (int i = 0; i < lines; ++i) typed.push_back(Trade::bought(code(i), "1", "10", "15"));
@@ -43,7 +43,7 @@ class WorkstationsTest : public ::testing::Test {
     editor.validate(editor.headerTexts());
   }
 
-  // Goods come in, are sold and used up; what a colleague was faster to take is refused.
+  // Goods are received, sold and consumed; what another workstation has already taken is refused.
   void tradeOn(const QString& number) const {
     const auto done = [](const char* kind, const TypedTexts& header, const std::vector<TypedLine>& lines) {
       DocumentEditor editor(kind);
@@ -60,7 +60,7 @@ class WorkstationsTest : public ::testing::Test {
     done("BC", trade_.consumption(number), {Trade::out("A0", "1")});
   }
 
-  // A workstation of its own: another process with its own connection.
+  // A workstation: a separate process with its own connection.
   template <typename Work>
   pid_t workstation(Work&& work) const {
     const pid_t process = fork();
@@ -77,14 +77,14 @@ class WorkstationsTest : public ::testing::Test {
     }
   }
 
-  // Closes the connection that fork() would share: an engine's connection belongs to one process.
+  // Closes the connection that fork() would share: a connection of the engines belongs to one process.
   void startProcesses(const std::function<void()>& start) const {
     setOpenDatabase(nullptr);
     start();
     setOpenDatabase(Database::open(trade_.company.path()));
   }
 
-  // All at once, to their end.
+  // Runs all at once and waits for their end.
   template <typename Work>
   void allAtOnce(Work&& work) const {
     startProcesses([&] {
@@ -105,7 +105,7 @@ class WorkstationsTest : public ::testing::Test {
   Trade trade_{"FIFO"};
 };
 
-// How many times longer than in the daily run; for a night's run.
+// The factor by which a run is longer than the daily one; for nightly runs.
 int patience() { return std::max(1, qEnvironmentVariableIntValue("VELMAR_WORKSTATION_ROUNDS")); }
 
 TEST_F(WorkstationsTest, EightValidateAtOnce) {
@@ -120,7 +120,7 @@ TEST_F(WorkstationsTest, EightValidateAtOnce) {
   expectAllAgrees();
 }
 
-// Numbers run on without a gap, whoever starts a sale first.
+// Numbers are contiguous, whichever workstation starts a sale first.
 TEST_F(WorkstationsTest, EightAtTheCounter) {
   const int each = 4 * patience();
   trade_.validated("FF", trade_.purchase("1"), {Trade::bought("A0", "1000", "10", "30")});
@@ -139,8 +139,8 @@ TEST_F(WorkstationsTest, EightAtTheCounter) {
   expectAllAgrees();
 }
 
-// Eight sell the same articles, each invoices of its own numbers, until nothing is left: whoever comes too
-// late hears of the stock and of nothing else.
+// Eight sell the same articles, each with its own invoice numbers, until nothing is left: those that are too
+// late are refused because of the stock and for no other reason.
 TEST_F(WorkstationsTest, EightSellTheLastPieces) {
   const int each = 5 * patience();
   const int lots = kProcesses * each / 4;
@@ -156,13 +156,13 @@ TEST_F(WorkstationsTest, EightSellTheLastPieces) {
       try {
         editor.validate(editor.headerTexts());
       } catch (const RuleError& refused) {
-        // A voucher that was typed when all was gone has no cost.
+        // A voucher typed when nothing was left has no cost.
         const bool isWorthless = editor.lines()[0].decimal("PRETFT").isZero();
         if (!isWorthless && !refused.text().contains("A0 are disponibil")) throw;
       }
     }
   });
-  // A0 decides: its pieces go two at a time.
+  // A0 runs out first: its pieces are sold two at a time.
   const int sold = lots * 3 / 2;
   EXPECT_EQ(count("*) AS N FROM G_DOCUME WHERE TIPIE = 'E'"), sold);
   EXPECT_EQ(Trade::figure("A0", "STOC"), Decimal(lots * 3 - sold * 2));
@@ -170,8 +170,8 @@ TEST_F(WorkstationsTest, EightSellTheLastPieces) {
   expectAllAgrees();
 }
 
-// Two work, and now the one, now the other is killed at whatever it does: every second one wherever it is by
-// then, its start included, the others once they have validated, so that there is something to find half
+// Two are running, and now one, now the other is killed: every second one at an arbitrary moment, its start
+// included, the others after they have validated, so that there is something that could be half
 // written.
 TEST_F(WorkstationsTest, ProcessesKilledAtAnyMomentLeaveNothingHalfWritten) {
   const int kills = 50 * patience();
@@ -188,7 +188,7 @@ TEST_F(WorkstationsTest, ProcessesKilledAtAnyMomentLeaveNothingHalfWritten) {
         for (int i = 0; i < 1000; ++i) {
           tradeOn(QString::number(round * 1000 + i));
           if (i == 0) [[maybe_unused]]
-            const auto told = write(ends[1], "x", 1);
+            const auto written = write(ends[1], "x", 1);
         }
       });
       validated[round % kPlaces] = ends[0];
@@ -217,7 +217,7 @@ TEST_F(WorkstationsTest, ProcessesKilledAtAnyMomentLeaveNothingHalfWritten) {
   });
   expectAllAgrees();
   EXPECT_GT(OpenRs("SELECT COUNT(*) AS N FROM G_DOCUME").first().integer("N"), kills / 2 - kPlaces);
-  // A server notices within moments that they are gone.
+  // A server needs a moment to notice that they have ended.
   QElapsedTimer waited;
   waited.start();
   const auto others = [this] {
@@ -226,7 +226,7 @@ TEST_F(WorkstationsTest, ProcessesKilledAtAnyMomentLeaveNothingHalfWritten) {
     return all.size();
   };
   while (others() > 0 && waited.elapsed() < 3000) usleep(50'000);
-  EXPECT_EQ(others(), 0) << "the roster still names the dead";
+  EXPECT_EQ(others(), 0) << "the roster still contains ended processes";
   waited.restart();
   validate("9999999", kArticles);
   EXPECT_LT(waited.elapsed(), 5000) << "a lock outlived its holder";

@@ -1,4 +1,4 @@
-// The command files of the registers, byte by byte.
+// The command files of the registers, byte for byte.
 #include "RegisterPlace.h"
 
 namespace velmar {
@@ -35,7 +35,7 @@ class CommandFilesTest : public RegisterPlace {
   }
 };
 
-TEST_F(CommandFilesTest, DatecsIsToldPricesWithVat) {
+TEST_F(CommandFilesTest, DatecsGetsPricesWithVat) {
   // 8.50 with VAT is 10.115, half to even 10.12; 0.35 is 0.4165. 2.345 is 2.34 to the ban, and 2.7846 with
   // VAT.
   EXPECT_EQ(
@@ -48,7 +48,7 @@ TEST_F(CommandFilesTest, DatecsIsToldPricesWithVat) {
       "P,1,______,_,__;Va Multumim!;;;;;\r\n"
       "T,1,______,_,__;\r\n"
       "F,1,______,_,__;\r\n");
-  // Without VAT the line is the same; two decimals are shown whatever is rounded to.
+  // Without VAT the line is the same; two decimals are written whatever the rounding.
   const auto price = [this](const char* net, int vat, int decimals) {
     return sent("D", receipt({line("X", net, "1")}, vat, decimals)).split(';').at(3);
   };
@@ -58,11 +58,12 @@ TEST_F(CommandFilesTest, DatecsIsToldPricesWithVat) {
   EXPECT_EQ(price("0", 19, 2), ".00");
 }
 
-TEST_F(CommandFilesTest, HelpMicroIsToldArticlesAndDiscounts) {
+TEST_F(CommandFilesTest, HelpMicroGetsArticlesAndDiscounts) {
   for (const char* code : {"C1", "că2", "C3"})
     ExecutaSql("INSERT INTO G_ARTMAG (CODART, ID) VALUES (?, ?)",
                {QString::fromUtf8(code), *code == 'c' ? Value() : Value(40 + code[1] - '0')});
-  // 1 leu off 3 pieces is 3.57 with VAT; 0.40 off 1.5 is 0.714. The article without a number gets the next.
+  // 1 leu off 3 pieces is 3.57 with VAT; 0.40 off 1.5 is 0.714. The article without a number gets the next
+  // one.
   Receipt sale = receipt({discounted(line("Suc de portocale Fresca 1L", "10", "3", "C1 "), "9", "27"),
                           line(" Paine", "0.8", "2", "Că2"),
                           discounted(line("Cascaval", "4", "1.5", "C3"), "3.6", "5.4")});
@@ -78,13 +79,13 @@ TEST_F(CommandFilesTest, HelpMicroIsToldArticlesAndDiscounts) {
   EXPECT_EQ(sent("P", sale), first + "T;3;;;\r\n");
   EXPECT_EQ(database().takeRecordedStatements().size(), 1);
 
-  // Without VAT: the flag is 0, and the discount that of the price as it stands.
+  // Without VAT: the flag is 0, and the discount that of the price without VAT.
   sale = receipt({discounted(line("Carte", "0.5", "2", "C1"), "0.45", "0.9")}, 0);
   EXPECT_EQ(sent("P", sale), "S;41;Carte;.50;2.000;1;1;0;;\r\nD;0;10.00;\r\nT;1;;;\r\n");
 }
 
-TEST_F(CommandFilesTest, ActivaIsToldFieldsOfFixedWidth) {
-  // 8.50 with VAT is 1012 bani; halves of quantities go to the even piece; 4.5 off is 4, as it stands.
+TEST_F(CommandFilesTest, ActivaGetsFieldsOfFixedWidth) {
+  // 8.50 with VAT is 1012 bani; halves of pieces round to even; 4.5 off is 4, without VAT.
   EXPECT_EQ(sent("A", receipt({line("Paine", "8.5", "1.5"),
                                discounted(line("Ciocolata cu lapte și alune", "10", "2.5"), "5.5", "13.75"),
                                discounted(line("Punga", "7.7", "12"), "0", "0")})),
@@ -100,7 +101,7 @@ TEST_F(CommandFilesTest, ActivaIsToldFieldsOfFixedWidth) {
             "PVA MULTUMIM!\r\n"
             "T0000010000CASH  \r\n"
             "END KARAT\r\n");
-  // No width given is one of 20; Romanian letters have a cedilla.
+  // Without a width it is 20; Romanian letters have a cedilla.
   Receipt unset = receipt({line("ȘșȚț Ciocolata cu lapte", "1", "1")});
   unset.NrCaractere = 0;
   EXPECT_EQ(sent("A", unset).split('\n').at(3).left(21), "*\xAA\xBA\xDE\xFE Ciocolata cu la");
@@ -113,7 +114,7 @@ TEST_F(CommandFilesTest, ActivaIsToldFieldsOfFixedWidth) {
   EXPECT_EQ(article("1.00005", 19, 4), "000119004");  // the price itself has four decimals
 }
 
-TEST_F(CommandFilesTest, OptimaIsToldAPaymentThatCoversTheReceipt) {
+TEST_F(CommandFilesTest, OptimaGetsAPaymentThatCoversTheReceipt) {
   // 3.20 with VAT is 3.81, times 3 is 11.43; 0.50 is 0.595, half to even 0.60, times 2 is 1.20.
   const Receipt sale = receipt({discounted(line("Ciocolata cu lapte si alune", "4", "3"), "3.2", "9.6"),
                                 discounted(line("Paine", "0.5", "1.5"), "0", "0.75")});
@@ -132,7 +133,7 @@ TEST_F(CommandFilesTest, OptimaIsToldAPaymentThatCoversTheReceipt) {
             "1\r\nS;Ciocolata cu lapte s ;3.2;3;2;\r\nS;Paine ;0.5;2;2;\r\nT;10.6;CASH;;;;;;;;;;;\r\n");
 }
 
-TEST_F(CommandFilesTest, AReceiptThatCannotBeToldIsNotSent) {
+TEST_F(CommandFilesTest, AReceiptThatCannotBeEncodedIsNotSent) {
   put(drive("Comanda.txt"));
   put(app("Tx.txt"));
   ReceiptLine endless = line("Y", "1", "1");
@@ -150,7 +151,7 @@ TEST_F(CommandFilesTest, AReceiptThatCannotBeToldIsNotSent) {
                   "GenereazaBon din Class Module CasaComandaMarcat2 Linia: 1"));
   EXPECT_EQ(contentOf(app("Tx.txt")), "vechi");
 
-  // An article that nobody knows, and a quantity by which nothing can be divided.
+  // An unknown article, and a quantity of 0 as divisor.
   put(drive("Program Files/Help Micro/Fiscal Printer/SCRIPT1.cmd"));
   EXPECT_EQ(printReceipt("P", receipt({line("X", "1", "1", "nimic")})), ReceiptResult::NotPrinted);
   ExecutaSql("INSERT INTO G_ARTMAG (CODART, ID) VALUES ('A1', 1)");
@@ -158,7 +159,7 @@ TEST_F(CommandFilesTest, AReceiptThatCannotBeToldIsNotSent) {
   EXPECT_EQ(messages_.take(), QStringList(2, "Eroare - Casa de marcat nu este operativa"));
   EXPECT_EQ(contentOf(drive("Program Files/Help Micro/Fiscal Printer/SCRIPT1.cmd")), "vechi");
 
-  // No lines, no receipt.
+  // Without lines there is no receipt.
   for (const char* letter : {"D", "P", "A", "O"})
     EXPECT_EQ(printReceipt(letter, receipt({})), ReceiptResult::NotPrinted);
   EXPECT_FALSE(QFile::exists(app("OPTIMA.BON")));

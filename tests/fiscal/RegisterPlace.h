@@ -1,5 +1,4 @@
-// What the tests of fiscal registers stand on: folders of their own, programs that play a register, and
-// someone who waits for it.
+// The fixture of the fiscal register tests: folders, programs that simulate a register, and a RegisterWait.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,7 +15,7 @@
 
 namespace velmar {
 
-/// Waits in an event loop and gives up after so many milliseconds.
+/// Waits in an event loop and gives up after that many milliseconds.
 class WaitingUser : public RegisterWait {
  public:
   WaitingUser() : previous_(setRegisterWait(this)) {}
@@ -63,7 +62,7 @@ class RegisterPlace : public testing::Test {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
   }
 
-  /// What a program that is not waited for leaves behind.
+  /// The output of a program that is not waited for.
   static QByteArray left(const QString& path) {
     QElapsedTimer since;
     since.start();
@@ -71,7 +70,7 @@ class RegisterPlace : public testing::Test {
     return contentOf(path);
   }
 
-  /// Puts a program that does this.
+  /// Creates a program with these commands.
   static void putProgram(const QString& path, const QByteArray& script) {
     put(path, "#!/bin/sh\n" + script);
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);

@@ -1,4 +1,4 @@
-// The programs of the registers, played by scripts: how they are found, started and waited for.
+// The programs of the registers, simulated by scripts: finding, starting and waiting for them.
 #include <csignal>
 #include "RegisterPlace.h"
 #include "util/Errors.h"
@@ -14,7 +14,7 @@ class RegisterProgramsTest : public RegisterPlace {
   static Receipt sale() { return receipt({line("Paine", "1", "1")}, 0); }
 };
 
-TEST_F(RegisterProgramsTest, AFileIsFoundInWhateverSpellingItStands) {
+TEST_F(RegisterProgramsTest, AFileIsFoundInAnySpelling) {
   EXPECT_EQ(missingCommandFile("D"), "Programul de comunicatie cu casa de marcat DATECS nu este instalat");
   EXPECT_EQ(missingCommandFile("P"), "Programul de comunicatie cu casa de marcat PARTNER nu este instalat");
   EXPECT_EQ(missingCommandFile("A"), "Programul de comunicatie cu casa de marcat ACTIVA nu este instalat");
@@ -22,7 +22,7 @@ TEST_F(RegisterProgramsTest, AFileIsFoundInWhateverSpellingItStands) {
   EXPECT_THROW(missingCommandFile(" "), RuleError);
   EXPECT_THROW(printReceipt("X", sale()), RuleError);
 
-  QDir().mkpath(drive("Program Files/Help Micro"));  // a second spelling that leads nowhere
+  QDir().mkpath(drive("Program Files/Help Micro"));  // a second spelling without the file
   const QString folder = drive("PROGRAM FILES/help micro/Fiscal printer/");
   put(drive("COMANDA.TXT"));
   put(folder + "Script1.CMD");
@@ -31,11 +31,11 @@ TEST_F(RegisterProgramsTest, AFileIsFoundInWhateverSpellingItStands) {
   for (const char* letter : {"D", "P", "A", "O", "d"}) EXPECT_EQ(missingCommandFile(letter), "") << letter;
 
   ExecutaSql("INSERT INTO G_ARTMAG (CODART, ID) VALUES ('A1', 5)");
-  putProgram(folder + "VSU.EXE", "{ pwd; echo \"$#:$1:$2\"; } > told.tmp; mv told.tmp told\n");
+  putProgram(folder + "VSU.EXE", "{ pwd; echo \"$#:$1:$2\"; } > started.tmp; mv started.tmp started\n");
   EXPECT_EQ(printReceipt("P", sale()), ReceiptResult::Printed);
-  EXPECT_EQ(left(folder + "told"), QFile::encodeName(QDir::cleanPath(folder)) + "\n2:/file:script1.cmd\n");
+  EXPECT_EQ(left(folder + "started"), QFile::encodeName(QDir::cleanPath(folder)) + "\n2:/file:script1.cmd\n");
   EXPECT_EQ(contentOf(folder + "Script1.CMD"), "S;5;Paine;1.00;1.000;1;1;0;;\r\nT;1;;;\r\n");
-  EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList({"Script1.CMD", "told", "VSU.EXE"}));
+  EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList({"Script1.CMD", "started", "VSU.EXE"}));
 
   const QString datecs = drive("program files/DATECS/DatPrint/");
   putProgram(datecs + "DatPrint.exe", "cp \"$1\" \"$0.tmp\"; mv \"$0.tmp\" \"$0.read\"\n");
@@ -50,7 +50,7 @@ TEST_F(RegisterProgramsTest, WithoutItsProgramNothingIsPrinted) {
   const QString datecs =
       QStringLiteral("Va rog configurati calea catre programul DatPrint asociat cu casa de marcat!");
   EXPECT_EQ(printReceipt("D", sale()), ReceiptResult::NotPrinted);
-  put(drive("Program Files/Datecs/DatPrint/DatPrint.exe"), "#!/bin/sh\n");  // which may not be run
+  put(drive("Program Files/Datecs/DatPrint/DatPrint.exe"), "#!/bin/sh\n");  // not executable
   EXPECT_EQ(printReceipt("D", sale()), ReceiptResult::NotPrinted);
   ExecutaSql("INSERT INTO G_ARTMAG (CODART, ID) VALUES ('A1', 5)");
   QDir().mkpath(drive("Program Files/Help Micro/Fiscal Printer/vsu.exe"));  // a folder
@@ -67,11 +67,11 @@ TEST_F(RegisterProgramsTest, WithoutItsProgramNothingIsPrinted) {
                    "Va rog instalati programul OPTIKEY asociat cu casa de marcat!", kNotReady, kNotReady}));
 }
 
-TEST_F(RegisterProgramsTest, TheRegistersThatAnswerAreWaitedFor) {
+TEST_F(RegisterProgramsTest, RegistersThatAnswerAreWaitedFor) {
   const std::pair<const char*, QString> programs[] = {{"A", app("start.bat")}, {"O", app("OPTIKEY.EXE")}};
   for (const auto& [letter, program] : programs) {
     SCOPED_TRACE(letter);
-    // It works in the program's folder on a whole file, and may talk as much as it likes.
+    // It runs in its program folder, finds the complete file, and may write any amount of output.
     putProgram(program, "yes | head -c 300000; sleep 0.2; cat Tx.txt OPTIMA.BON > read; exit 0\n");
     EXPECT_EQ(printReceipt(letter, sale()), ReceiptResult::Printed);
     EXPECT_TRUE(contentOf(app("read")).contains(*letter == 'A' ? "END KARAT\r\n" : "T;1;CASH"));
@@ -83,7 +83,7 @@ TEST_F(RegisterProgramsTest, TheRegistersThatAnswerAreWaitedFor) {
       EXPECT_EQ(messages_.take(), QStringList(kNotReady)) << failure;
     }
 
-    // Giving up leaves the program at its work: it may still print.
+    // Giving up does not end the program: it may still print.
     putProgram(program, "echo $$ > pid.tmp; mv pid.tmp pid; exec sleep 60\n");
     user_.patience = 500;
     EXPECT_EQ(printReceipt(letter, sale()), ReceiptResult::Unknown);
@@ -95,7 +95,7 @@ TEST_F(RegisterProgramsTest, TheRegistersThatAnswerAreWaitedFor) {
     EXPECT_TRUE(messages_.isEmpty());
   }
 
-  // What OPTIMA's program has left behind fails every receipt until it is removed.
+  // The error file of OPTIMA's program makes every receipt fail until it is removed.
   putProgram(app("OPTIKEY.EXE"), "exit 0\n");
   put(drive("OptyKey/ERORI.TXT"), "");
   EXPECT_EQ(printReceipt("O", sale()), ReceiptResult::NotPrinted);
@@ -104,18 +104,18 @@ TEST_F(RegisterProgramsTest, TheRegistersThatAnswerAreWaitedFor) {
   EXPECT_EQ(printReceipt("O", sale()), ReceiptResult::Printed);
 }
 
-TEST_F(RegisterProgramsTest, ACommandFileThatCannotBeWrittenIsNotHandedOver) {
+TEST_F(RegisterProgramsTest, WithoutACommandFileTheProgramIsNotStarted) {
   putProgram(app("start.bat"), "touch started\n");
   putProgram(app("OPTIKEY.EXE"), "touch started\n");
   QDir().mkpath(app("Tx.txt/x"));
   QDir().mkpath(app("OPTIMA.BON/x"));
   EXPECT_EQ(printReceipt("A", sale()), ReceiptResult::NotPrinted);
   EXPECT_EQ(printReceipt("O", sale()), ReceiptResult::NotPrinted);
-  const QStringList told = messages_.take();
-  ASSERT_EQ(told.size(), 2);
-  EXPECT_TRUE(told[0].endsWith(" in procedura GenereazaBon din Class Module CasaComandaMarcat2 Linia: 0"));
+  const QStringList errors = messages_.take();
+  ASSERT_EQ(errors.size(), 2);
+  EXPECT_TRUE(errors[0].endsWith(" in procedura GenereazaBon din Class Module CasaComandaMarcat2 Linia: 0"));
   EXPECT_TRUE(
-      told[1].endsWith(" in procedura GenereazaComanda din Class Module CasaDeMarcat_OPTIMA Linia: 0"));
+      errors[1].endsWith(" in procedura GenereazaComanda din Class Module CasaDeMarcat_OPTIMA Linia: 0"));
   EXPECT_FALSE(QFile::exists(app("started")));
   EXPECT_EQ(QDir(app()).entryList(QDir::Files), QStringList({"OPTIKEY.EXE", "start.bat"}));
 }

@@ -1,5 +1,5 @@
-// What drawing a layout comes to: the grid, the sheet's edges, columns that stay under one another, steps
-// that can be taken back; and what is typed of its parts.
+// Editing of layouts: the grid, the sheet's edges, aligned columns, undo steps; and the typed values of
+// properties.
 #include "reports/LayoutEdits.h"
 
 #include <gtest/gtest.h>
@@ -44,14 +44,14 @@ std::vector<double> widths(const Layout& layout, size_t row) {
   return found;
 }
 
-TEST(LayoutEdits, MovesLandOnTheGridAndStayOnTheSheet) {
-  // The first one's corner lands on the grid, the second keeps its distance: 13.2 + 4 = 17.2, so 15.
+TEST(LayoutEdits, MovesSnapToTheGridAndRemainOnTheSheet) {
+  // The first one's corner snaps to the grid, the second keeps its distance: 13.2 + 4 = 17.2, so 15.
   Layout layout = withTexts({QRectF(13.2, 21, 30, 5), QRectF(20.7, 40, 30, 5)});
   move(layout, all(layout), {4, 0}, kGrid);
-  EXPECT_EQ(frame(layout, 0), QRectF(15, 21, 30, 5));  // not moved downwards: off the grid there
+  EXPECT_EQ(frame(layout, 0), QRectF(15, 21, 30, 5));  // not moved downwards: no snap there
   EXPECT_EQ(frame(layout, 1), QRectF(22.5, 40, 30, 5));
 
-  // A first step goes to the next line, however near; fine steps and no grid leave it.
+  // A first step goes to the next line, however near; fine steps and a missing grid ignore lines.
   nudge(layout, {{1, -1, -1}}, 1, -1, false, kGrid);
   EXPECT_EQ(frame(layout, 1), QRectF(25, 35, 30, 5));
   nudge(layout, {{1, -1, -1}}, -1, 0, true, kGrid);
@@ -59,12 +59,12 @@ TEST(LayoutEdits, MovesLandOnTheGridAndStayOnTheSheet) {
   nudge(layout, {{1, -1, -1}}, -1, 0, false, {5, false});
   EXPECT_EQ(frame(layout, 1), QRectF(19.9, 35, 30, 5));
 
-  // Both stop where the first of them meets the edge of 210 x 297.
+  // Both stop when the first of them reaches the edge of 210 x 297.
   move(layout, all(layout), {500, 500}, kGrid);
   EXPECT_EQ(frame(layout, 1).right(), 210);
   EXPECT_EQ(frame(layout, 0).right(), 210 - 4.9);
   EXPECT_EQ(frame(layout, 1).bottom(), 297);
-  // One that the file put outside may only come nearer.
+  // One that is outside in the file can only be moved closer.
   layout = withTexts({QRectF(-20, 290, 30, 15)});
   move(layout, all(layout), {-10, 10}, {1, true});
   EXPECT_EQ(frame(layout, 0), QRectF(-20, 290, 30, 15));
@@ -72,7 +72,7 @@ TEST(LayoutEdits, MovesLandOnTheGridAndStayOnTheSheet) {
   EXPECT_EQ(frame(layout, 0), QRectF(-12, 286, 30, 15));
 }
 
-TEST(LayoutEdits, SidesAreDraggedNoFurtherThanTheOther) {
+TEST(LayoutEdits, SidesAreNotDraggedBeyondTheOppositeSide) {
   Layout layout = withTexts({QRectF(20, 20, 30, 10)});
   const Part part = {0, -1, -1};
   size(layout, part, kLeftSide | kTopSide, {-3, 4}, kGrid);  // 17 to 15, 24 to 25
@@ -84,14 +84,14 @@ TEST(LayoutEdits, SidesAreDraggedNoFurtherThanTheOther) {
   nudgeSize(layout, {part}, -1, 1, false, kGrid);  // 210 to 205, 30 to 35
   EXPECT_EQ(frame(layout, 0), QRectF(49, 25, 156, 10));
 
-  // A line may be flat, whichever way it was drawn.
+  // A line may be flat and drawn in any direction.
   const Part line = add(layout, Kind::Line, drawnFrame({80.4, 60.2}, {22.6, 60.4}, {1, true}));
   EXPECT_EQ(frame(layout, line.object), QRectF(23, 60, 57, 0));
   size(layout, line, kBottomSide, {0, -50}, kGrid);
   EXPECT_EQ(frame(layout, line.object).height(), 0);
 }
 
-TEST(LayoutEdits, ObjectsAreArrangedByTheFirst) {
+TEST(LayoutEdits, ObjectsAreAlignedWithTheFirst) {
   const std::vector<QRectF> frames = {QRectF(50, 50, 40, 10), QRectF(10, 80, 21, 7), QRectF(200, 5, 10, 30)};
   const auto arranged = [&frames](Alignment alignment) {
     Layout layout = withTexts(frames);
@@ -112,11 +112,11 @@ TEST(LayoutEdits, ObjectsAreArrangedByTheFirst) {
   EXPECT_EQ(frame(layout, 2), frames[0]);
 }
 
-TEST(LayoutEdits, ColumnsOfATableStayUnderOneAnother) {
+TEST(LayoutEdits, ColumnsOfATableRemainAligned) {
   Layout layout;
   const Part table = add(layout, Kind::Table, QRectF(10, 100, 60, 50));
   const clsFieldVarDescription amount = {"CANT", LLTip::Number, {}};
-  // Behind the other where the right half of its cell was hit, each 25 wide, the third with what is left.
+  // After the other if the right half of its cell was hit, each 25 wide, the third with the remaining width.
   addName(layout, {"DENUMIRE", LLTip::Text, {}}, {12, 107});
   addName(layout, amount, {30, 107});
   addName(layout, {"DATA", LLTip::Date, {}}, {11, 107});
@@ -128,12 +128,12 @@ TEST(LayoutEdits, ColumnsOfATableStayUnderOneAnother) {
   EXPECT_EQ(line[0].style.format, Format::Date);
   EXPECT_EQ(line[2].style.align, Align::Right);
 
-  // A total comes behind the lines whatever stands before; a group's header before them.
+  // A total goes after the lines whatever precedes; a group's header before them.
   EXPECT_EQ(addRow(layout, table, RowRole::Total), (Part{0, 2, -1}));
   EXPECT_EQ(addRow(layout, table, RowRole::GroupHeader), (Part{0, 1, -1}));
   size(layout, {0, 2, 1}, kRightSide, {8, 0}, {1, true});
   for (size_t row = 0; row < 4; ++row) EXPECT_EQ(widths(layout, row), std::vector<double>({10, 33, 25}));
-  // Chosen one above the other they grow once.
+  // Cells of the same column that are selected together grow once.
   nudgeSize(layout, {{0, 0, 1}, {0, 2, 1}}, 1, 0, false, {1, true});
   EXPECT_EQ(widths(layout, 3), std::vector<double>({10, 34, 25}));
   EXPECT_EQ(partAt(layout, {21, 112}, 0, true), (Part{0, 2, 1}));
@@ -150,7 +150,7 @@ TEST(LayoutEdits, ColumnsOfATableStayUnderOneAnother) {
   EXPECT_EQ(refusal([&] { paste(layout, "Buna ziua"); }), "Nu este copiat niciun obiect de raport.");
 }
 
-TEST(LayoutEdits, StepsOfOneMovementAreTakenBackTogether) {
+TEST(LayoutEdits, StepsOfOneMovementAreUndoneTogether) {
   State state = {std::make_shared<Layout>(withTexts({QRectF(20, 20, 30, 5), QRectF(20, 40, 30, 5)})),
                  {{0, -1, -1}}};
   const auto step = [&state](int right) {
@@ -165,20 +165,20 @@ TEST(LayoutEdits, StepsOfOneMovementAreTakenBackTogether) {
   EXPECT_TRUE(join(first, second));
   EXPECT_EQ(frame(*first.before.layout, 0).left(), 20);
   EXPECT_EQ(frame(*first.after.layout, 0).left(), 30);
-  // Another object's movement is another step, and so is one that comes behind a step that was taken back.
+  // The move of another object is a separate step, and so is one after an undone step.
   state = first.after;
   state.chosen = {{1, -1, -1}};
   EXPECT_FALSE(join(first, *step(1)));
   state = first.before;
   EXPECT_FALSE(join(first, *step(1)));
-  // At the sheet's edge nothing changes and there is nothing to take back.
+  // At the sheet's edge nothing changes and there is nothing to undo.
   for (int i = 0; i < 100; ++i)
     if (const auto edit = step(-1)) state = edit->after;
   EXPECT_EQ(frame(*state.layout, 0).left(), 0);
   EXPECT_FALSE(step(-1));
 }
 
-TEST(LayoutProperties, WhatIsTypedIsTakenOrRefusedWhole) {
+TEST(LayoutProperties, TypedValuesAreAcceptedOrRefusedCompletely) {
   Layout layout = withTexts({QRectF(20, 20, 30, 5), QRectF(20, 40, 30, 5)});
   add(layout, Kind::Box, QRectF(5, 5, 100, 20));
   const Parts texts = {{0, -1, -1}, {1, -1, -1}};
@@ -204,7 +204,7 @@ TEST(LayoutProperties, WhatIsTypedIsTakenOrRefusedWhole) {
   EXPECT_NE(refusal([&] { setProperty(layout, texts, "formula", QString(QChar(1))); }), QString());
   EXPECT_EQ(write(layout), before);
 
-  // Of a text and a box only what both have, and no value where they differ.
+  // For a text and a box only the properties that both have, empty where the values differ.
   const std::vector<Property> common = propertiesOf(layout, all(layout));
   const auto find = [&common](const QString& name) {
     const auto found =
@@ -216,7 +216,7 @@ TEST(LayoutProperties, WhatIsTypedIsTakenOrRefusedWhole) {
   EXPECT_EQ(find("x")->value, "");
 }
 
-TEST(LayoutProperties, GroupsAndSumsAreTypedOneALine) {
+TEST(LayoutProperties, GroupsAndSumsAreTypedOnePerLine) {
   Layout layout;
   const Parts table = {add(layout, Kind::Table, {})};
   setProperty(layout, table, "groups.0", "GESTIUNE");
@@ -228,7 +228,7 @@ TEST(LayoutProperties, GroupsAndSumsAreTypedOneALine) {
   EXPECT_EQ(layout.table()->sums[1].group, 1);
   EXPECT_EQ(textOf(layout.table()->sums[1]), "PETVA [2] = VALOARE");
   EXPECT_NE(refusal([&] { setProperty(layout, table, "sums.0", "CANT * PRET"); }), QString());
-  // The group before goes: what belongs to the one behind it follows.
+  // The first group is deleted: the rows and sums of the next group follow it.
   setProperty(layout, table, "groups.0", "");
   EXPECT_EQ(layout.table()->groups, std::vector<QString>({"CODTVA"}));
   EXPECT_EQ(layout.table()->sums[1].group, 0);
@@ -237,7 +237,7 @@ TEST(LayoutProperties, GroupsAndSumsAreTypedOneALine) {
   EXPECT_EQ(layout.table()->sums.size(), 1U);
 }
 
-TEST(LayoutFaults, EachIsToldWithItsPlace) {
+TEST(LayoutFaults, EachFaultIsReportedWithItsPosition) {
   Layout layout = withTexts({QRectF(20, 20, 30, 5), QRectF(190, 20, 30, 5)});
   const Part table = add(layout, Kind::Table, QRectF(10, 100, 50, 50));
   setProperty(layout, {table}, "sums.0", "TOTAL [3] = CANT + CANTT");
@@ -251,10 +251,10 @@ TEST(LayoutFaults, EachIsToldWithItsPlace) {
   ASSERT_EQ(texts.size(), 5) << qUtf8Printable(texts.join("\n"));
   EXPECT_TRUE(texts[0].startsWith("Text 1, Conditie")) << qUtf8Printable(texts[0]);
   EXPECT_EQ(texts[1], "Text 2: Iese din foaie");
-  // "TOTAL [3] = CANT + CANTT": counted in the sum as it is typed.
+  // "TOTAL [3] = CANT + CANTT": the column in the sum as it is typed.
   EXPECT_EQ(texts[2], "Tabel Tabel1, Suma 1, coloana 20: Numele CANTT nu este definit");
   EXPECT_EQ(texts[3], "Tabel Tabel1, Suma 1: Tabelul nu are grupa 3");
-  // A width that is typed is that of the one cell: the header still fits.
+  // A typed width applies to the one cell: the header still fits.
   EXPECT_TRUE(texts[4].endsWith("rand 2 (Linie): Celulele sunt impreuna mai late decat tabelul"));
   EXPECT_EQ(placeIn("ab\ncde\nf", 2, 3), 5);
   EXPECT_EQ(placeIn("ab\ncde\nf", 2, 9), 6);

@@ -1,4 +1,4 @@
-// Layout files: what is written is read again, and whatever damage a file has takes nothing down.
+// Layout files: what is written is read back, and no damage of a file crashes the program.
 #include "reports/Layout.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@
 namespace velmar::layout {
 namespace {
 
-TEST(LayoutFile, WhatIsWrittenIsReadAgain) {
+TEST(LayoutFile, WhatIsWrittenIsReadBack) {
   const Layout layout = fullLayout();
   const QByteArray xml = write(layout);
   EXPECT_EQ(write(read(xml)), xml);
@@ -30,7 +30,7 @@ TEST(LayoutFile, WhatIsWrittenIsReadAgain) {
   EXPECT_TRUE(table->rows[3].cells[1].style.wraps);
 }
 
-TEST(LayoutFile, AFaultIsToldWithItsPlace) {
+TEST(LayoutFile, AnErrorIsReportedWithItsPosition) {
   const auto fault = [](const char* xml) {
     try {
       read(xml);
@@ -49,8 +49,8 @@ TEST(LayoutFile, AFaultIsToldWithItsPlace) {
   EXPECT_TRUE(fault("<report><text/>").contains("XML gresit"));
 }
 
-// The layouts that come with the program, with bytes changed, lost, doubled and moved, other values in their
-// attributes, and ends cut off.
+// The supplied layouts, with bytes changed, lost, doubled and moved, other values of attributes, and
+// truncated ends.
 TEST(LayoutFile, FiveThousandDamagedOnesAreLayoutsOrErrors) {
   const QTemporaryDir folder;
   prepareApplicationFolder(folder.path());

@@ -19,7 +19,7 @@ void document(const QString& id, int partner, int day, const Decimal& base, cons
              {id, id.left(2), partner, QDate(2026, month, day), base, vat});
 }
 
-// Each row of a table's columns as one text.
+// Each row as a text of some columns.
 QStringList rowsOf(const QString& sql) {
   QStringList lines;
   for (const Row& row : OpenRs(sql)) {
@@ -38,7 +38,7 @@ class VatJournals : public ::testing::Test {
     partner(2, "M", "BETA", "RO22");
     partner(3, "F", "GAMA", "RO33");
     partner(4, "P", "DELTA", "RO44");
-    document("FC1", 1, 1, 10, 1.9_dec);  // the first day itself lies before the period
+    document("FC1", 1, 1, 10, 1.9_dec);  // the first day itself is excluded
     document("FC3", 1, 31, 100.1_dec, 19.02_dec);
     document("FS2", 1, 5, -40, -7.6_dec);
     document("BS7", 4, 4, 8.4_dec, 1.6_dec);
@@ -76,7 +76,7 @@ TEST_F(VatJournals, SalesAreNumberedByDateWithTheirUser) {
   EXPECT_EQ(OpenRs("SELECT DATA FROM kt_jvt WHERE NRC = 102").first().date("DATA"), QDate(2026, 3, 31));
 }
 
-TEST_F(VatJournals, PurchasesBelongToNobodyAndReplaceAllOthers) {
+TEST_F(VatJournals, PurchasesHaveNoUserAndReplaceAllOthers) {
   computeJournal(purchaseJournal(), kMarch, 1, "ana");
   EXPECT_EQ(computeJournal(purchaseJournal(), kMarch, 1, "admin"), 3);
   EXPECT_EQ(
@@ -99,7 +99,7 @@ TEST_F(VatJournals, AnEmptyPeriodChangesNothing) {
   EXPECT_THROW(journalReport(salesJournal(), may, 1), RuleError);
 }
 
-TEST_F(VatJournals, TheReportReadsTheLedgerAsItStands) {
+TEST_F(VatJournals, TheReportReadsTheCurrentLedger) {
   const ReportData data = journalReport(salesJournal(), kMarch, 7);
   ASSERT_EQ(data.fields->size(), 3);
   EXPECT_EQ(data.fields->row(1).text("NumarFactura"), "FS2");

@@ -13,7 +13,7 @@ namespace velmar {
 
 namespace {
 
-// A machine on which the program starts for the first time.
+// A computer on which the program starts for the first time.
 class LoginTest : public testing::Test {
  protected:
   LoginTest() {
@@ -50,7 +50,7 @@ class LoginTest : public testing::Test {
   QTemporaryDir place_;
 };
 
-TEST_F(LoginTest, FirstStartFindsTheTemplateAndMakesTheFirstCompany) {
+TEST_F(LoginTest, FirstStartFindsTheTemplateAndCreatesTheFirstCompany) {
   Login login;
   ASSERT_TRUE(login.load());
   EXPECT_EQ(session().gCaleBD, application());
@@ -66,7 +66,7 @@ TEST_F(LoginTest, WithoutAPathAndATemplateThereIsNoList) {
   EXPECT_EQ(settings::databasesPath(), "");
 }
 
-TEST_F(LoginTest, AFolderIsTakenByTheTemplateOrByTheCurrentCompanysFile) {
+TEST_F(LoginTest, AFolderIsAcceptedByItsTemplateOrTheCurrentCompanysFile) {
   const QString other = makeFolder("other");
   Login login;
   ASSERT_TRUE(login.load());
@@ -81,7 +81,7 @@ TEST_F(LoginTest, AFolderIsTakenByTheTemplateOrByTheCurrentCompanysFile) {
   EXPECT_EQ(session().gCaleBD, application());
 }
 
-TEST_F(LoginTest, AFolderThatCannotServeLeavesTheOldOne) {
+TEST_F(LoginTest, AnUnusableFolderIsRefusedAndTheOldOneKept) {
   Login login;
   ASSERT_TRUE(login.load());
   EXPECT_THROW(login.chooseFile(place_.filePath("nowhere/Tarvon.mdb"), {}), StoreError);
@@ -90,7 +90,7 @@ TEST_F(LoginTest, AFolderThatCannotServeLeavesTheOldOne) {
   EXPECT_EQ(login.companies().size(), 1);
 }
 
-TEST_F(LoginTest, WhoGetsIn) {
+TEST_F(LoginTest, LoginChecksUserAndPassword) {
   Login login;
   login.load();
   EXPECT_EQ(refusal(login, "ion", "admin"), "Utilizatorul ion nu exista !");
@@ -130,7 +130,7 @@ TEST_F(LoginTest, TheVersionIsCheckedBeforeTheUser) {
   EXPECT_EQ(openDatabase(), nullptr);
 }
 
-TEST_F(LoginTest, ADatabaseThatCannotBeOpenedSaysSo) {
+TEST_F(LoginTest, ADatabaseThatCannotBeOpenedIsReported) {
   Login login;
   login.load();
   QFile file(application() + "/Tarvon01.mdb");
@@ -168,7 +168,7 @@ TEST_F(LoginTest, ThePreparedFolderKeepsWhatTheUserChanged) {
   EXPECT_THROW(prepareApplicationFolder("/proc/velmar"), StoreError);
 }
 
-TEST_F(LoginTest, TheWindowsPlaceHasDefaultsAndIsKept) {
+TEST_F(LoginTest, TheWindowPositionHasDefaultsAndIsStored) {
   EXPECT_EQ(settings::mainWindowPlace().left, 1000);
   EXPECT_EQ(settings::mainWindowPlace().height, 6500);
   settings::setMainWindowPlace({-150, 30, 12000, 9000});

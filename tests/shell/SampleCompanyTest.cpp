@@ -1,5 +1,5 @@
-// The sample company: on the days at which a year or a month ends, in folders of any name, and started by
-// several processes at once on an empty folder.
+// The sample company: on the last days of years and months, in folders with any name, and started by several
+// processes at once on an empty folder.
 #include "shell/SampleCompany.h"
 
 #include <sys/wait.h>
@@ -63,7 +63,7 @@ TEST_F(SampleCompanyTest, AnyDayAndAnyFolder) {
   }
 }
 
-TEST_F(SampleCompanyTest, FourStartOnAnEmptyFolder) {
+TEST_F(SampleCompanyTest, FourProcessesStartOnAnEmptyFolder) {
   std::vector<pid_t> processes;
   for (int i = 0; i < 4; ++i) {
     processes.push_back(fork());

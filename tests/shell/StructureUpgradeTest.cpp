@@ -1,4 +1,4 @@
-// When the upgrade of a company's structure is offered, and what stands behind each answer and outcome.
+// When the upgrade of a company's structure is offered, and the result of each answer and failure.
 #include "shell/StructureUpgrade.h"
 
 #include <optional>
@@ -23,7 +23,7 @@ TEST(StructureUpgradeTest, AnotherRevisionOrNoneIsAskedAbout) {
   const TestCompany company;
   MessageRecorder messages;
   VerificaVersiune(false);
-  EXPECT_TRUE(messages.isEmpty()) << "a fresh company is this program's";
+  EXPECT_TRUE(messages.isEmpty()) << "a new company has this program's revision";
 
   ExecutaSql("UPDATE kt_info SET VERSIUNE = NULL");
   for (int login = 1; login <= 2; ++login) {
@@ -35,7 +35,7 @@ TEST(StructureUpgradeTest, AnotherRevisionOrNoneIsAskedAbout) {
     EXPECT_EQ(messages.take(), QStringList({kQuestionText}));
     EXPECT_EQ(revision(), std::nullopt);
   }
-  // There is no older or newer.
+  // Revisions are not ordered: any other one counts.
   for (const int other : {-1, 1}) {
     ExecutaSql("UPDATE kt_info SET VERSIUNE = ?", {programRevision() + other});
     messages.answer(kResultYes);
@@ -50,7 +50,7 @@ TEST(StructureUpgradeTest, AnotherRevisionOrNoneIsAskedAbout) {
   EXPECT_EQ(messages.take(), QStringList({kQuestionText}));
 }
 
-TEST(StructureUpgradeTest, ACompanyThatLostItsRevisionTakesPartAgain) {
+TEST(StructureUpgradeTest, ACompanyWithoutARevisionIsUpgradedAgain) {
   const TestCompany company;
   MessageRecorder messages;
   for (const char* loss : {"ALTER TABLE kt_info DROP COLUMN VERSIUNE", "DROP TABLE kt_info"}) {
@@ -66,7 +66,7 @@ TEST(StructureUpgradeTest, ACompanyThatLostItsRevisionTakesPartAgain) {
   }
 }
 
-TEST(StructureUpgradeTest, AnErrorIsToldAndTheQuestionComesBack) {
+TEST(StructureUpgradeTest, AnErrorIsReportedAndTheQuestionRepeated) {
   const TestCompany company;
   {
     Transaction transaction(database());
@@ -80,9 +80,9 @@ TEST(StructureUpgradeTest, AnErrorIsToldAndTheQuestionComesBack) {
   VerificaVersiune(false);
   ASSERT_EQ(messages.all().size(), 2u);
   EXPECT_FALSE(database().inTransaction());
-  const QString told = messages.take().last();
-  EXPECT_TRUE(told.startsWith("Eroare in actualizarea bazei de date !\r\n")) << qUtf8Printable(told);
-  EXPECT_TRUE(told.contains("multi bani"));
+  const QString text = messages.take().last();
+  EXPECT_TRUE(text.startsWith("Eroare in actualizarea bazei de date !\r\n")) << qUtf8Printable(text);
+  EXPECT_TRUE(text.contains("multi bani"));
   EXPECT_EQ(revision(), 1);
 
   ExecutaSql("UPDATE kt_info SET CAPSOC = '200'");
@@ -100,43 +100,43 @@ void damage() {
   transaction.commit();
 }
 
-TEST(StructureUpgradeTest, AnUpgradeThatItsUserStopsLeavesTheCompanyAsItWas) {
+TEST(StructureUpgradeTest, AnUpgradeStoppedByTheUserChangesNothing) {
   const TestCompany company;
   damage();
   MessageRecorder messages;
-  std::vector<int> told;
+  std::vector<int> progress;
   const int stopAt = static_cast<int>(companyTables().size());
   messages.answer(kResultYes);
   VerificaVersiune(false, [&] {
     return [&](int done, int of) {
       EXPECT_EQ(of, stopAt);
-      told.push_back(done);
+      progress.push_back(done);
       if (done == of) throw Cancelled();
     };
   });
   EXPECT_EQ(messages.take(), QStringList({kQuestionText}));
-  EXPECT_EQ(told.size(), static_cast<size_t>(stopAt));
+  EXPECT_EQ(progress.size(), static_cast<size_t>(stopAt));
   EXPECT_EQ(revision(), 1);
   EXPECT_FALSE(database().engine().tableShape("kt_info").column("EMAIL2"));
   EXPECT_TRUE(database().engine().tableShape("kt_val2").columns.empty());
 }
 
-// Within five seconds, in words, and nothing is changed; when the colleague has left it succeeds.
-TEST(StructureUpgradeTest, AColleagueInTheWayIsToldOf) {
+// Reported within five seconds and without changes; it succeeds once the other user has left.
+TEST(StructureUpgradeTest, AnotherUserWhoBlocksTheUpgradeIsReported) {
   const TestCompany company;
   damage();
   MessageRecorder messages;
   const bool onServer = serverOf(TestCompany::folder()).has_value();
   {
-    const auto colleague = Database::open(TestCompany::path());
-    // A reader is in the way on a server, and in a file somebody who writes.
+    const auto otherUser = Database::open(TestCompany::path());
+    // On a server a reader blocks it, in a file a writer.
     std::optional<Snapshot> reads;
     std::optional<Transaction> writes;
     if (onServer)
-      reads.emplace(*colleague);
+      reads.emplace(*otherUser);
     else
-      writes.emplace(*colleague);
-    colleague->query("SELECT DENUMIRE FROM kt_info");
+      writes.emplace(*otherUser);
+    otherUser->query("SELECT DENUMIRE FROM kt_info");
     messages.answer(kResultYes);
     if (!onServer) messages.answer(kResultCancel);
     QElapsedTimer waited;
@@ -144,9 +144,9 @@ TEST(StructureUpgradeTest, AColleagueInTheWayIsToldOf) {
     VerificaVersiune(false);
     EXPECT_LT(waited.elapsed(), 6000);
     ASSERT_EQ(messages.all().size(), 2U);
-    const QString told = messages.take().last();
-    EXPECT_TRUE(told.contains("Baza de date este folosita in acest moment de alt utilizator."))
-        << qPrintable(told);
+    const QString text = messages.take().last();
+    EXPECT_TRUE(text.contains("Baza de date este folosita in acest moment de alt utilizator."))
+        << qPrintable(text);
   }
   EXPECT_EQ(revision(), 1);
   EXPECT_TRUE(database().engine().tableShape("kt_val2").columns.empty());
@@ -157,12 +157,12 @@ TEST(StructureUpgradeTest, AColleagueInTheWayIsToldOf) {
 
 TEST(StructureUpgradeTest, ATemplateThatIsInUseIsWaitedForFiveSecondsOnServer) {
   const TestCompany company;
-  const auto colleague = Database::open(pathInFolder(TestCompany::folder(), kTemplateName));
+  const auto otherUser = Database::open(pathInFolder(TestCompany::folder(), kTemplateName));
   QElapsedTimer waited;
   waited.start();
   try {
     makeCompanyFile(TestCompany::folder(), "Tarvon44.mdb");
-    ADD_FAILURE() << "copied under the eyes of a colleague";
+    ADD_FAILURE() << "copied while another user was writing";
   } catch (const StoreError& error) {
     EXPECT_TRUE(error.text().startsWith("Baza de date este folosita in acest moment"))
         << qPrintable(error.text());

@@ -1,4 +1,4 @@
-// Remainders of orders and delivery notes: taken from, closed, and given back.
+// Remaining quantities of orders and delivery notes: used, closed, and restored.
 #include "stock/Links.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace {
 
 Decimal value(const QString& sql) { return OpenRs(sql).first().decimal("V"); }
 
-TEST(LinksTest, ASupplierOrderIsSettledWhenItsLastLineCame) {
+TEST(LinksTest, ASupplierOrderIsClosedWithItsLastLine) {
   const TestCompany company;
   ExecutaSql("INSERT INTO G_COMFUR (NUMCOM, VALIDAT) VALUES ('5', -1)");
   ExecutaSql(
@@ -29,7 +29,7 @@ TEST(LinksTest, ASupplierOrderIsSettledWhenItsLastLineCame) {
   EXPECT_EQ(value("SELECT SOLDAT AS V FROM G_COMFUR"), Decimal(-1));
 }
 
-TEST(LinksTest, ADeliveryNoteClosesWhenAllIsTakenAndOpensWhenItIsGivenBack) {
+TEST(LinksTest, ADeliveryNoteClosesWhenAllIsInvoicedAndReopensAfterDeletion) {
   const TestCompany company;
   ExecutaSql("INSERT INTO G_AECLI (NUMAE, VALIDAT) VALUES ('3', -1)");
   ExecutaSql("INSERT INTO G_LAECLI (NUMAE, NRLINIE, CODART, CANT, CANTRAMAS) VALUES ('3', 1, 'A', 5.5, 5.5)");
@@ -46,21 +46,21 @@ TEST(LinksTest, ADeliveryNoteClosesWhenAllIsTakenAndOpensWhenItIsGivenBack) {
   EXPECT_EQ(value("SELECT VALIDAT AS V FROM G_DOCUME"), Decimal(-1));
   EXPECT_EQ(value("SELECT CANTRAMASA AS V FROM G_LDOCUM"), Decimal(0));
 
-  // The second invoice is deleted; fractions come back whole.
+  // The second invoice is deleted; fractions are restored completely.
   ExecutaSql("INSERT INTO G_LFACCL (NUMFAC, NRLINIE, CODART, CANT) VALUES ('2', 1, 'a', 2.5)");
   CorecteazaAE("FC2");
   EXPECT_EQ(value("SELECT CANTRAMAS AS V FROM G_LAECLI"), 25_dec / 10);
   EXPECT_EQ(value("SELECT CANTRAMASA AS V FROM G_LDOCUM"), 25_dec / 10);
   EXPECT_EQ(OpenRs("SELECT REFERINTA FROM G_LDOCUM").first().text("REFERINTA"), " ");
   EXPECT_EQ(value("SELECT FACTURAT AS V FROM G_AECLI"), Decimal(0));
-  // A receipt note is referred to by its bare number.
+  // A receipt note is referred to by its number without prefix.
   ExecutaSql("UPDATE G_LAECLI SET REFERINTA = '9'");
   ExecutaSql("INSERT INTO G_LNRFUR (NUMNR, NRLINIE, CODART, CANT) VALUES ('9', 1, 'A', 1)");
   CorecteazaAE("NR9");
   EXPECT_EQ(value("SELECT CANTRAMAS AS V FROM G_LAECLI"), 35_dec / 10);
 }
 
-TEST(LinksTest, CustomerOrdersReserveAndGetBackWhatADeletedInvoiceDelivered) {
+TEST(LinksTest, CustomerOrdersReserveStockAlsoAfterAnInvoiceIsDeleted) {
   const TestCompany company;
   ExecutaSql("INSERT INTO G_COMCLI (NUMCOM, VALIDAT) VALUES ('1', -1), ('2', -1), ('3', 0)");
   ExecutaSql(

@@ -1,4 +1,4 @@
-// The list of companies in all the shapes that a persisted rowset and the older table have, and the roster.
+// The list of companies in all forms of persisted rowsets and of the older table, and the roster.
 #include "store/CompanyList.h"
 
 #include <sys/wait.h>
@@ -65,7 +65,7 @@ TEST(CompanyListTest, ReadsAnyValidRowset) {
   EXPECT_EQ(summary(companiesFromRowset(rowsetFromCompanies(companies))), summary(companies));
 }
 
-TEST(CompanyListTest, AFolderGetsItsListOnce) {
+TEST(CompanyListTest, AFolderGetsItsListOnlyOnce) {
   const QTemporaryDir fresh;
   EXPECT_EQ(summary(readCompanyList(fresh.path())), "01/SOCIETATE/Tarvon01.mdb");
   EXPECT_TRUE(QFile::exists(fresh.filePath("Societat.xml")));
@@ -101,7 +101,7 @@ TEST(CompanyListTest, AProcessThatDiedLeavesTheRoster) {
   const pid_t other = fork();
   if (other == 0) {
     const RosterEntry theirs(file, QStringLiteral("CASA/2"));
-    [[maybe_unused]] const auto told = ::write(ready[1], "x", 1);
+    [[maybe_unused]] const auto written = ::write(ready[1], "x", 1);
     pause();
     _exit(0);
   }

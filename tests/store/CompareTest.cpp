@@ -1,4 +1,4 @@
-// A company of an older or damaged structure is brought to that of the template, whole or not at all.
+// Upgrades a company with an older or damaged structure to that of the template, in one transaction.
 #include "store/clsCompareBD.h"
 
 #include <QSet>
@@ -20,7 +20,7 @@ void change(const QStringList& statements, Database& on = database()) {
   transaction.commit();
 }
 
-// What an engine calls the types of the descriptions.
+// The engines' names of the described types.
 QString typed(const QString& name, ColumnType type) {
   return name + u' ' + database().engine().declaredType(Column{name, type, 0, false});
 }
@@ -29,7 +29,7 @@ void compare(const QString& templateName = kTemplateName) {
   clsCompareBD(TestCompany::path(), pathInFolder(TestCompany::folder(), templateName)).Compara();
 }
 
-// All that the structure consists of, a line each.
+// The complete structure, one line per element.
 QSet<QString> structureOf(Database& of) {
   QSet<QString> lines;
   for (const QString& name : of.engine().tables()) {
@@ -53,7 +53,7 @@ class CompareTest : public testing::Test {
  protected:
   ~CompareTest() override { removeDatabaseFile(TestCompany::folder(), kOtherTemplate); }
 
-  // A template with changes of its own.
+  // A template with its own changes.
   static void makeTemplate(const QStringList& statements) {
     makeCompanyFile(TestCompany::folder(), kOtherTemplate);
     change(statements, *Database::open(pathInFolder(TestCompany::folder(), kOtherTemplate)));
@@ -64,7 +64,7 @@ class CompareTest : public testing::Test {
 
 QVariant cell(const QString& sql) { return OpenRs(sql).first().at(0); }
 
-TEST_F(CompareTest, AFreshCompanyHasTheStructureAndKeepsItToTheLetter) {
+TEST_F(CompareTest, ANewCompanyHasTheStructureAndKeepsItExactly) {
   const QSet<QString> before = structureOf(database());
   EXPECT_EQ(missing(), QStringList());
   EXPECT_GT(before.size(), 300);
@@ -72,7 +72,7 @@ TEST_F(CompareTest, AFreshCompanyHasTheStructureAndKeepsItToTheLetter) {
   EXPECT_EQ(structureOf(database()), before);
 }
 
-TEST_F(CompareTest, WhatWasLostComesBackAndWhatOnlyTheCompanyHasStays) {
+TEST_F(CompareTest, MissingStructureIsRestoredAndAdditionalStructureKept) {
   change({"DROP VIEW qryTertiLinii", "ALTER TABLE kt_info DROP COLUMN EMAIL2", "DROP TABLE G_I_E",
           "CREATE TABLE ale_mele (COD INTEGER, NOTA TEXT)", "ALTER TABLE kt_val ADD COLUMN NOTA TEXT",
           "CREATE VIEW q_mea AS SELECT COD, NOTA FROM kt_val"});
@@ -95,7 +95,7 @@ TEST_F(CompareTest, WhatWasLostComesBackAndWhatOnlyTheCompanyHasStays) {
   EXPECT_EQ(structureOf(database()), after) << "a second run finds nothing to do";
 }
 
-// Texts become numbers and numbers texts; a width that only the company has gives way.
+// Texts become numbers and numbers texts; a width that only the company has is replaced.
 TEST_F(CompareTest, ColumnsOfAnotherTypeAreConverted) {
   change({"ALTER TABLE kt_info DROP COLUMN CAPSOC", "ALTER TABLE kt_info DROP COLUMN TELEFON1",
           "ALTER TABLE kt_info DROP COLUMN FAX1", "ALTER TABLE kt_info DROP COLUMN NrZec",
@@ -147,7 +147,7 @@ TEST_F(CompareTest, RequiredMarksAreTheTemplatesAndTheirDefaultFillsWhatWasNull)
   ExecutaSql("UPDATE kt_val SET OBLIGAT = NULL");
 }
 
-TEST_F(CompareTest, KeysComeBackAndOutliveANewType) {
+TEST_F(CompareTest, KeysAreRestoredAndKeptWithANewType) {
   // The currencies without their key, the parameters without their number, the chart of accounts with a key
   // of another type.
   change({"CREATE TABLE copie AS SELECT * FROM kt_val", "DROP TABLE kt_val",
@@ -171,7 +171,7 @@ TEST_F(CompareTest, KeysComeBackAndOutliveANewType) {
   EXPECT_THROW(ExecutaSql("INSERT INTO kt_pc_2003 (CONT) VALUES ('121')"), StoreError);
 }
 
-// Rows without a number get the next ones, and numbering goes on behind them.
+// Rows without a number get the next ones, and numbering continues after them.
 TEST_F(CompareTest, AColumnThatLostItsNumberingIsNumberedOn) {
   change({"CREATE TABLE copie AS SELECT * FROM kt_par", "DROP TABLE kt_par",
           "ALTER TABLE copie RENAME TO kt_par", "UPDATE kt_par SET ID = 8",
@@ -182,8 +182,8 @@ TEST_F(CompareTest, AColumnThatLostItsNumberingIsNumberedOn) {
   EXPECT_EQ(cell("SELECT ID FROM kt_par WHERE TVAVanzare = '4428'").toInt(), 10);
 }
 
-// Rules that somebody laid on a table by hand outlive its being made anew.
-TEST_F(CompareTest, RulesLaidOnByHandStay) {
+// Rules added manually are kept when a table is rebuilt.
+TEST_F(CompareTest, ManuallyAddedRulesAreKept) {
   change({"DROP TABLE kt_cc",
           "CREATE TABLE kt_cc (COD " + typed("", ColumnType::Text) +
               " NOT NULL CHECK (COD <> ')'), TITLU INTEGER, UTILIZABIL VARCHAR(1) /* CHECK (0) */, NR "
@@ -201,7 +201,7 @@ TEST_F(CompareTest, RulesLaidOnByHandStay) {
   ExecutaSql("INSERT INTO kt_cc (COD, TITLU, NR) VALUES ('E', 5, 8)");
 }
 
-TEST_F(CompareTest, ATableWithAComputedColumnIsNotMadeAnewInFile) {
+TEST_F(CompareTest, ATableWithAComputedColumnIsNotRebuiltInFile) {
   change({"DROP TABLE kt_cc",
           "CREATE TABLE kt_cc (COD TEXT NOT NULL PRIMARY KEY, TITLU INTEGER, UTILIZABIL TEXT, DUBLU INTEGER "
           "GENERATED "
@@ -211,13 +211,13 @@ TEST_F(CompareTest, ATableWithAComputedColumnIsNotMadeAnewInFile) {
   EXPECT_EQ(cell("SELECT DUBLU FROM kt_cc").toInt(), 8);
 }
 
-// At worst the transaction of the moment is lost to whoever works meanwhile, and not the next one.
-TEST_F(CompareTest, AColleagueWorksOnAfterTheUpgrade) {
+// Another user loses at most the current transaction, and not the next one.
+TEST_F(CompareTest, AnotherUserContinuesAfterTheUpgrade) {
   change({"ALTER TABLE kt_info DROP COLUMN EMAIL2"});
-  const auto colleague = Database::open(TestCompany::path());
-  const auto emails = [&colleague] {
-    Transaction transaction(*colleague);
-    return colleague->query("SELECT * FROM kt_info").first().has("EMAIL2");
+  const auto otherUser = Database::open(TestCompany::path());
+  const auto emails = [&otherUser] {
+    Transaction transaction(*otherUser);
+    return otherUser->query("SELECT * FROM kt_info").first().has("EMAIL2");
   };
   EXPECT_FALSE(emails());
   compare();
@@ -228,8 +228,8 @@ TEST_F(CompareTest, AColleagueWorksOnAfterTheUpgrade) {
   }
 }
 
-TEST_F(CompareTest, AFailureInTheMiddleLeavesEverythingAsItWas) {
-  // Something to do before and behind the value that cannot become a number.
+TEST_F(CompareTest, AFailureMidwayChangesNothing) {
+  // There are changes before and after the value that cannot be converted.
   change({"DROP VIEW qryTertiLinii", "ALTER TABLE kt_info DROP COLUMN EMAIL2", "DROP TABLE G_I_E",
           "ALTER TABLE kt_info DROP COLUMN CAPSOC",
           "ALTER TABLE kt_info ADD COLUMN " + typed("CAPSOC", ColumnType::Text),
@@ -248,7 +248,7 @@ TEST_F(CompareTest, AFailureInTheMiddleLeavesEverythingAsItWas) {
   fails();
   ExecutaSql("UPDATE kt_par SET DATASC = '2026-12-31'");
 
-  // Two rows under one key.
+  // Two rows with the same key.
   change({"CREATE TABLE copie AS SELECT * FROM kt_val", "DROP TABLE kt_val",
           "ALTER TABLE copie RENAME TO kt_val"});
   ExecutaSql("INSERT INTO kt_val (COD, TITLU) VALUES ('usd', 'dublu')");

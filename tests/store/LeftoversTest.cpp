@@ -1,4 +1,5 @@
-// What a killed process leaves half made goes at the next occasion, and what a living one is making stays.
+// Unfinished files of a killed process are removed at the next opportunity, those of a running process are
+// kept.
 #include <sys/wait.h>
 #include <unistd.h>
 #include <csignal>
@@ -17,7 +18,7 @@
 namespace velmar {
 namespace {
 
-// Runs the work in a process of its own, which stops when it calls what it is given, and lets it live
+// Runs a function in a separate process, which stops when it calls its argument, and keeps it running
 // meanwhile.
 class Worker {
  public:
@@ -29,7 +30,7 @@ class Worker {
     if (process_ == 0) {
       try {
         work([&] {
-          [[maybe_unused]] const auto told = write(reached[1], "x", 1);
+          [[maybe_unused]] const auto written = write(reached[1], "x", 1);
           pause();
         });
       } catch (...) {
@@ -66,20 +67,20 @@ void makeOlder(const QString& folder, const QString& pattern) {
         0);
 }
 
-TEST(LeftoversTest, OfASaving) {
+TEST(LeftoversTest, OfASave) {
   const TestCompany company;
   const QTemporaryDir place;
   const QString file = place.filePath("Copie.mdb");
   Worker worker([&](const auto& stop) { saveCompany(TestCompany::path(), file, [&](int, int) { stop(); }); });
   makeOlder(place.path(), ".salvare-*");
   saveCompany(TestCompany::path(), file);
-  EXPECT_EQ(namesIn(place.path(), ".salvare-*").size(), 1) << "its process lives";
+  EXPECT_EQ(namesIn(place.path(), ".salvare-*").size(), 1) << "its process is running";
   worker.end();
   saveCompany(TestCompany::path(), file);
   EXPECT_EQ(namesIn(place.path(), "*"), QStringList("Copie.mdb"));
 }
 
-TEST(LeftoversTest, OfARestoreAndACreation) {
+TEST(LeftoversTest, OfARestoreAndOfACreation) {
   const TestCompany company;
   const QTemporaryDir place;
   const QString folder = TestCompany::folder();
@@ -90,10 +91,10 @@ TEST(LeftoversTest, OfARestoreAndACreation) {
   settings::setDatabasesPath(folder);
   const auto enter = [] { EXPECT_TRUE(Login().load()); };
   const auto draft = [&folder] { return databaseExists(folder, "Tarvon55.mdb.nou"); };
-  // All is prepared, the draft closed, and the place not taken yet.
+  // Everything is prepared, the draft closed, and the final name not taken yet.
   Worker worker([&](const auto& stop) { restoreCompany(file, fresh, stop); });
   enter();
-  EXPECT_TRUE(draft()) << "its process lives";
+  EXPECT_TRUE(draft()) << "its process is running";
   EXPECT_THROW(makeCompanyFile(folder, "Tarvon55.mdb"), StoreError);
   EXPECT_TRUE(draft());
   worker.end();
@@ -125,7 +126,7 @@ TEST(LeftoversTest, OfTheSampleCompany) {
   ASSERT_EQ(workshops.size(), 1);
   makeOlder(place.path(), "Exemplu-*");
   enter();
-  EXPECT_EQ(namesIn(place.path(), "Exemplu-*"), workshops) << "its process lives";
+  EXPECT_EQ(namesIn(place.path(), "Exemplu-*"), workshops) << "its process is running";
   const auto server = serverOf(place.filePath(workshops.first()));
   worker.end();
   enter();

@@ -9,7 +9,7 @@
 namespace velmar {
 namespace {
 
-TEST(ListRowsTest, SumsAreExactAndLeaveOutWhatIsEmpty) {
+TEST(ListRowsTest, SumsAreExactAndIgnoreEmptyCells) {
   Recordset recordset(std::make_shared<Columns>(QStringList{"CANT", "NUME"}));
   recordset.append({0.1, "1.5"});
   recordset.append({0.2, " "});

@@ -1,4 +1,4 @@
-// A server that is lost in the middle: a clear message, nothing half written, and work goes on when it is
+// A connection lost during work: a clear message, nothing half written, and work continues when the server is
 // back.
 #include <gtest/gtest.h>
 
@@ -8,11 +8,11 @@
 namespace velmar {
 namespace {
 
-// Ends the open company's connection as a server does that goes down.
+// Ends the open company's connection as a server does when it shuts down.
 void loseServer() {
   const qint64 process = OpenRs("SELECT pg_backend_pid() AS NUMBER").first().integer("NUMBER");
-  const auto colleague = Database::open(TestCompany::path());
-  colleague->query("SELECT pg_terminate_backend(CAST(? AS INTEGER)) AS DONE", {process});
+  const auto otherUser = Database::open(TestCompany::path());
+  otherUser->query("SELECT pg_terminate_backend(CAST(? AS INTEGER)) AS DONE", {process});
 }
 
 QString errorOf(const std::function<void()>& work) {
@@ -27,7 +27,7 @@ QString errorOf(const std::function<void()>& work) {
 const QString kLost =
     QStringLiteral("Legatura cu serverul de baze de date s-a pierdut, nu s-a salvat nimic.");
 
-TEST(LostOnServerTest, AListSaysSoOnceAndThenReadsAgain) {
+TEST(LostOnServerTest, AListReportsItOnceAndThenReadsAgain) {
   const TestCompany company;
   const MessageRecorder messages;
   const qint64 before = OpenRs("SELECT COUNT(*) AS N FROM kt_val").first().integer("N");
@@ -37,7 +37,7 @@ TEST(LostOnServerTest, AListSaysSoOnceAndThenReadsAgain) {
   EXPECT_EQ(OpenRs("SELECT COUNT(*) AS N FROM kt_val").first().integer("N"), before);
 }
 
-TEST(LostOnServerTest, ATransactionIsGoneAsAWhole) {
+TEST(LostOnServerTest, ATransactionIsLostCompletely) {
   const TestCompany company;
   const MessageRecorder messages;
   {
@@ -45,7 +45,7 @@ TEST(LostOnServerTest, ATransactionIsGoneAsAWhole) {
     ExecutaSql("INSERT INTO kt_val (COD, TITLU) VALUES ('AAA', 'a')");
     loseServer();
     EXPECT_NE(errorOf([] { ExecutaSql("INSERT INTO kt_val (COD, TITLU) VALUES ('BBB', 'b')"); }), "");
-    // What follows in the transaction must not run by itself on a new connection.
+    // The rest of the transaction must not be executed by itself on a new connection.
     EXPECT_NE(errorOf([] { ExecutaSql("INSERT INTO kt_val (COD, TITLU) VALUES ('CCC', 'c')"); }), "");
     EXPECT_NE(errorOf([&transaction] { transaction.commit(); }), "");
   }
@@ -55,14 +55,14 @@ TEST(LostOnServerTest, ATransactionIsGoneAsAWhole) {
   EXPECT_EQ(OpenRs("SELECT COD FROM kt_val WHERE COD = 'AAA'").size(), 1);
 }
 
-TEST(LostOnServerTest, TheWriteLockFallsWithItsHolder) {
+TEST(LostOnServerTest, TheWriteLockIsReleasedWithItsHolder) {
   const TestCompany company;
   const MessageRecorder messages;
-  const auto colleague = Database::open(TestCompany::path());
+  const auto otherUser = Database::open(TestCompany::path());
   {
     Transaction holder(database());
     loseServer();
-    colleague->execute("INSERT INTO kt_val (COD, TITLU) VALUES ('AAA', 'a')");
+    otherUser->execute("INSERT INTO kt_val (COD, TITLU) VALUES ('AAA', 'a')");
   }
   EXPECT_EQ(OpenRs("SELECT COD FROM kt_val WHERE COD = 'AAA'").size(), 1);
 }

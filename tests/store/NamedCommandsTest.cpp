@@ -51,7 +51,7 @@ TEST_F(NamedCommands, StockMovementSumsTheLedgerUpToEachDate) {
             (QStringList{"A: 10 8 6", "B: 0 4 0"}));
   EXPECT_EQ(movements("Miscare_Stocuri", {end, february, february, end, end, end}),
             (QStringList{"A: 10 5 0", "B: 0 4 0"}));
-  // The last three dates decide what is kept: only A had stock at the start of the year.
+  // The last three dates determine what is included: only A had stock at the start of the year.
   const QDate newYear(2026, 1, 1);
   EXPECT_EQ(movements("Miscare_Stocuri", {end, end, end, newYear, newYear, newYear}),
             QStringList("A: 10 8 6"));
@@ -117,7 +117,7 @@ TEST_F(NamedCommands, DocumentsOfAPeriodWithTheirPartners) {
   EXPECT_TRUE(data_.open("rapStaFr", {9, 99, from, to}).isEmpty());
 }
 
-TEST_F(NamedCommands, OrdersAndWhatIsLeftOfThem) {
+TEST_F(NamedCommands, OrdersAndTheirRemainders) {
   ExecutaSql("INSERT INTO G_ARTMAG (CODART, FARASTOC) VALUES ('A', 0), ('S', -1)");
   ExecutaSql(
       "INSERT INTO G_COMCLI (NUMCOM, CODCLI, DATACOM, REF, VALIDAT) VALUES ('1', 8, '2026-01-10', 'R1', -1), "

@@ -1,5 +1,5 @@
-// What statements promise to everything above the store: values come back as they went in, a prepared
-// statement follows the tables, an error says what it is and leaves nothing behind.
+// The guarantees of statements: values are read back unchanged, a prepared statement follows changes of the
+// tables, an error has a reason and leaves nothing behind.
 #include <gtest/gtest.h>
 
 #include "TestCompany.h"
@@ -23,7 +23,7 @@ class StatementTest : public ::testing::Test {
   MessageRecorder messages_;
 };
 
-TEST_F(StatementTest, ValuesComeBackAsTheyWentIn) {
+TEST_F(StatementTest, ValuesAreReadBackUnchanged) {
   const QString text = QString::fromUtf8("a'%\"; -- \xC8\x99\xF0\x9F\x98\x80 z");
   const Row row = database()
                       .query("SELECT ? AS T, ? AS E, ? AS N, ? AS F, ? AS B, ? AS Z, ? AS Y",
@@ -48,7 +48,7 @@ TEST_F(StatementTest, APreparedStatementFollowsTheTables) {
   EXPECT_NE(errorOf(sql), 0);
 }
 
-TEST_F(StatementTest, ValuesMustMatchTheMarksAndAStatementStandsAlone) {
+TEST_F(StatementTest, ValuesMustMatchThePlaceholdersAndOnlyOneStatementIsAllowed) {
   EXPECT_NE(errorOf("SELECT ? AS A"), 0);
   EXPECT_NE(errorOf("SELECT ? AS A", {1, 2}), 0);
   EXPECT_EQ(errorOf("SELECT ? AS A", {1}), 0);
@@ -75,16 +75,16 @@ TEST_F(StatementTest, OneBadRowUndoesThemAll) {
   EXPECT_EQ(OpenRs("SELECT TITLU FROM kt_val WHERE COD = 'X2'").first().text("TITLU"), "2");
 }
 
-TEST_F(StatementTest, AReaderDoesNotKeepAColleagueOut) {
+TEST_F(StatementTest, AReaderDoesNotBlockAnotherUser) {
   EXPECT_FALSE(OpenRs("SELECT COD FROM kt_val").isEmpty());
   EXPECT_NE(errorOf("SELECT ROUND_EVEN(1, 2) AS A UNION ALL SELECT abs(-9223372036854775808)"), 0);
-  const auto colleague = Database::open(TestCompany::path());
-  colleague->execute("INSERT INTO kt_val (COD, TITLU) VALUES ('X', 'x')");
+  const auto otherUser = Database::open(TestCompany::path());
+  otherUser->execute("INSERT INTO kt_val (COD, TITLU) VALUES ('X', 'x')");
   EXPECT_EQ(ExecutaSql("DELETE FROM kt_val WHERE COD = 'X'"), 1);
 }
 
-// A company moved from one engine to the other must find, order and refuse the same.
-TEST_F(StatementTest, TextsCompareInAnyCaseWhateverCompares) {
+// A company moved from one engine to the other must find, sort and refuse the same.
+TEST_F(StatementTest, TextsCompareCaseInsensitivelyEverywhere) {
   ExecutaSql("DELETE FROM kt_oper");
   const QString comma = QString::fromUtf8("\xC8\x99ofer");
   const QString capital = QString::fromUtf8("\xC8\x98ofer");
@@ -117,7 +117,7 @@ TEST_F(StatementTest, TextsCompareInAnyCaseWhateverCompares) {
   EXPECT_EQ(errorOf("INSERT INTO kt_oper (COD) VALUES ('d')"), 19);
 }
 
-TEST_F(StatementTest, ABadUpdateAmongManyUndoesThemAllAndTheConnectionServesOn) {
+TEST_F(StatementTest, AFailedUpdateAmongManyUndoesThemAllAndTheConnectionRemainsUsable) {
   constexpr int kRows = 300;
   constexpr int kBad = 140;
   std::vector<Values> lines, changes;

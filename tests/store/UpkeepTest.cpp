@@ -1,4 +1,4 @@
-// A company saved while others work is the company of that moment, and restoring brings exactly that back or
+// A company saved while others work is a snapshot of one moment, and restoring brings back exactly that or
 // changes nothing.
 #include "store/Upkeep.h"
 
@@ -32,14 +32,14 @@ class UpkeepTest : public testing::Test {
     saveCompany(TestCompany::path(), other("Copie.mdb"));
     return other("Copie.mdb");
   }
-  // The files of the databases folder beside those that a running program keeps there.
+  // The files of the databases folder, without those of a running program.
   static QStringList files() {
     QStringList names = QDir(TestCompany::folder()).entryList({"*.mdb", "*.nou*"}, QDir::Files);
     names.removeIf([](const QString& name) { return name.contains("-conexiune-"); });
     return names;
   }
 
-  // Restoring the file is refused, and the company and the session are as they were.
+  // Restoring the file is refused, and company and session are unchanged.
   static void expectRefused(const QString& file, const char* text) {
     const QList<TableProof> before = proofOf(database());
     const QStringList filesBefore = files();
@@ -68,16 +68,16 @@ TEST_F(UpkeepTest, NamesOfCopies) {
   EXPECT_EQ(savedCopyName("Tarvon01.mdb", moment), "Tarvon01_05.03.2026_14.07.mdb");
 }
 
-TEST_F(UpkeepTest, ACopyIsOneFileAsOfOneMomentWhileAColleagueWrites) {
+TEST_F(UpkeepTest, ACopyIsASnapshotInOneFileWhileAnotherUserWrites) {
   const QList<TableProof> original = proofOf(database());
-  const auto colleague = Database::open(TestCompany::path());
-  Transaction unfinished(*colleague);
-  colleague->execute("DELETE FROM G_ARTMAG");
+  const auto otherUser = Database::open(TestCompany::path());
+  Transaction unfinished(*otherUser);
+  otherUser->execute("DELETE FROM G_ARTMAG");
   EXPECT_EQ(proofOf(*Database::open(saved())), original);
   unfinished.commit();
   EXPECT_EQ(QDir(elsewhere_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
             QStringList("Copie.mdb"));
-  // A later copy of the same name replaces it; one that is stopped does not.
+  // A later copy with the same name replaces it; one that is stopped does not.
   const QList<TableProof> later = proofOf(database());
   EXPECT_EQ(proofOf(*Database::open(saved())), later);
   ExecutaSql("DELETE FROM kt_val");
@@ -87,19 +87,19 @@ TEST_F(UpkeepTest, ACopyIsOneFileAsOfOneMomentWhileAColleagueWrites) {
   EXPECT_THROW(saveCompany(TestCompany::path(), other("lipseste/Copie.mdb")), StoreError);
 }
 
-TEST_F(UpkeepTest, ALongCopyTellsItsProgressAndIsStoppedInTheMiddleInFile) {
+TEST_F(UpkeepTest, ALongCopyReportsProgressAndCanBeStoppedInFile) {
   ExecutaSql(
       "INSERT INTO G_ARTMAG (CODART) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i "
       "< "
       "20000) SELECT 'X' || i FROM n");
-  std::vector<int> told;
-  saveCompany(TestCompany::path(), other("Copie.mdb"), [&told](int done, int of) {
+  std::vector<int> progress;
+  saveCompany(TestCompany::path(), other("Copie.mdb"), [&progress](int done, int of) {
     EXPECT_EQ(of, 100);
-    told.push_back(done);
+    progress.push_back(done);
   });
-  EXPECT_GT(told.size(), 2U);
-  EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
-  EXPECT_EQ(told.back(), 100);
+  EXPECT_GT(progress.size(), 2U);
+  EXPECT_TRUE(std::is_sorted(progress.begin(), progress.end()));
+  EXPECT_EQ(progress.back(), 100);
   bool stopped = false;
   EXPECT_THROW(saveCompany(TestCompany::path(), other("Alta.mdb"),
                            [&stopped](int done, int) {
@@ -112,7 +112,7 @@ TEST_F(UpkeepTest, ALongCopyTellsItsProgressAndIsStoppedInTheMiddleInFile) {
             QStringList("Copie.mdb"));
 }
 
-TEST_F(UpkeepTest, RestoringBringsBackExactlyWhatWasSaved) {
+TEST_F(UpkeepTest, ARestoreBringsBackExactlyWhatWasSaved) {
   const QList<TableProof> original = proofOf(database());
   const QString copy = saved();
   ExecutaSql("DELETE FROM G_ARTMAG");
@@ -123,14 +123,14 @@ TEST_F(UpkeepTest, RestoringBringsBackExactlyWhatWasSaved) {
   EXPECT_EQ(session().NrZec, 3);
   EXPECT_EQ(connections(TestCompany::path()).size(), 1);
   EXPECT_EQ(proofOf(*Database::open(copy)), original);
-  // A copy from a disk that cannot be written, put over a company whose own file may hold anything else.
+  // A copy on a read-only disk replaces a company whose file contains anything else.
   QFile::setPermissions(copy, QFile::ReadOwner);
   restoreOpenCompany(copy);
   ExecutaSql("DELETE FROM kt_val");
   EXPECT_NE(proofOf(database()), original);
 }
 
-TEST_F(UpkeepTest, WhatIsNoWholeCompanyIsRefused) {
+TEST_F(UpkeepTest, AnIncompleteCompanyIsRefused) {
   const QString copy = saved();
   const auto variant = [&](const QString& name, const std::function<void(QFile&)>& damage) {
     QFile::copy(copy, other(name));
@@ -151,7 +151,7 @@ TEST_F(UpkeepTest, WhatIsNoWholeCompanyIsRefused) {
                 "deteriorat");
   expectRefused(variant("straina.mdb",
                         [](QFile& file) {
-                          file.seek(68);  // the mark of the program
+                          file.seek(68);  // the application id
                           file.write(QByteArray(4, '\1'));
                         }),
                 "nu este o baza de date Velmar");
@@ -160,29 +160,29 @@ TEST_F(UpkeepTest, WhatIsNoWholeCompanyIsRefused) {
   expectRefused(other("lipseste.mdb"), "nu poate fi copiat");
 }
 
-TEST_F(UpkeepTest, AColleagueInTheCompanyBlocksTheRestore) {
+TEST_F(UpkeepTest, AnotherUserInTheCompanyBlocksTheRestore) {
   const QString copy = saved();
   ExecutaSql("DELETE FROM kt_val");
-  auto colleague = Database::open(TestCompany::path());
+  auto otherUser = Database::open(TestCompany::path());
   {
-    // On a server the connection itself is the entry.
-    colleague->query("SELECT NrZec FROM kt_info");
+    // On a server the connection itself counts as a user.
+    otherUser->query("SELECT NrZec FROM kt_info");
     const RosterEntry entry(TestCompany::path(), QStringLiteral("IOANA"));
     expectRefused(copy, "si altii lucreaza in societate");
   }
-  colleague.reset();
+  otherUser.reset();
   session().roster = std::make_unique<RosterEntry>(TestCompany::path(), session().gUtilizator);
   restoreOpenCompany(copy);
   EXPECT_GT(OpenRs("SELECT COUNT(*) AS N FROM kt_val").first().integer("N"), 0);
 }
 
-TEST_F(UpkeepTest, AFileThatSomebodyHasOpenIsNotReplacedInFile) {
+TEST_F(UpkeepTest, AFileInUseIsNotReplacedInFile) {
   const QString copy = saved();
-  const auto colleague = Database::open(TestCompany::path());  // not in the roster yet
+  const auto otherUser = Database::open(TestCompany::path());  // not in the roster yet
   expectRefused(copy, "si altii lucreaza in societate");
 }
 
-TEST_F(UpkeepTest, ACopyOfAnOlderStructureIsBroughtToThisOneBeforeItStands) {
+TEST_F(UpkeepTest, ACopyOfAnOlderStructureIsUpgradedBeforeItIsUsed) {
   const QString copy = saved();
   const auto change = [&copy](const QStringList& statements) {
     for (const QString& sql : statements) Database::open(copy)->execute(sql);
@@ -212,7 +212,7 @@ TEST_F(UpkeepTest, ARestoreThatIsStoppedChangesNothing) {
   EXPECT_FALSE(databaseExists(TestCompany::folder(), "Tarvon01.mdb.nou"));
 }
 
-TEST_F(UpkeepTest, ACopyIsACompanyOfAnyFolder) {
+TEST_F(UpkeepTest, ACopyIsUsableInAnyFolder) {
   const QList<TableProof> original = proofOf(database());
   QDir().mkpath(other("alta"));
   const QString path = other("alta/Tarvon01.mdb");
@@ -232,14 +232,14 @@ TEST_F(UpkeepTest, CompactingKeepsEveryRow) {
   EXPECT_EQ(proofOf(database()), original);
 }
 
-TEST_F(UpkeepTest, CompactingGivesRoomBackAndWaitsForNobodyForeverInFile) {
+TEST_F(UpkeepTest, CompactingFreesSpaceAndDoesNotWaitForeverInFile) {
   ExecutaSql("INSERT INTO kt_ter (COD, NUME) VALUES (1, ?)", {QString(3'000'000, u'x')});
   ExecutaSql("DELETE FROM kt_ter");
   const QList<TableProof> original = proofOf(database());
   MessageRecorder messages;
   {
-    const auto colleague = Database::open(TestCompany::path());
-    const Transaction unfinished(*colleague);
+    const auto otherUser = Database::open(TestCompany::path());
+    const Transaction unfinished(*otherUser);
     CompacteazaBD();
     ASSERT_EQ(messages.all().size(), 1U);
     EXPECT_TRUE(messages.take().first().startsWith(
@@ -252,7 +252,7 @@ TEST_F(UpkeepTest, CompactingGivesRoomBackAndWaitsForNobodyForeverInFile) {
   EXPECT_EQ(proofOf(database()), original);
 }
 
-TEST_F(UpkeepTest, TheAutomaticCopyTakesTheProjectsAlong) {
+TEST_F(UpkeepTest, TheAutomaticCopyIncludesTheLayouts) {
   QDir().mkpath(other("lst"));
   for (const char* name : {"Factura.lsf", "Nota.LST", "citeste.txt"}) {
     QFile project(other(QStringLiteral("lst/") + name));

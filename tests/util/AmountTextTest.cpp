@@ -70,7 +70,7 @@ TEST(AmountText, EveryCurrencyHasItsWords) {
   EXPECT_EQ(currency, "EUR");
 }
 
-TEST(AmountText, RoundsFirstAndTellsTheSign) {
+TEST(AmountText, RoundsFirstAndWritesTheSign) {
   EXPECT_EQ(words(1.995_dec), "doi lei");  // the tie goes to the even digit
   EXPECT_EQ(words(1.985_dec), "un leu si nouazecisiopt bani");
   EXPECT_EQ(words(0.999_dec), "un leu");

@@ -44,8 +44,8 @@ TEST(Decimal, RoundsTheVatOfALineAsByHand) {
 }
 
 TEST(Decimal, ADivisionsRemainderDecidesNoTie) {
-  // Cost 3 sold at 6.50: the mark-up is 116.666... percent, and cost times mark-up is again 6.5, not a hair
-  // above.
+  // Cost 3 sold at 6.50: the mark-up is 116.666... percent, and cost times mark-up is exactly 6.5
+  // again.
   const Decimal markUp = (6.5_dec - 3) / 3 * 100;
   EXPECT_EQ(Round(Decimal(3) * (1 + markUp / 100), 0), 6);
 }
@@ -73,7 +73,7 @@ TEST(Decimal, DividingByZeroIsErrorEleven) {
   }
 }
 
-TEST(Decimal, RefusesWhatIsNoFiniteNumber) {
+TEST(Decimal, RefusesValuesThatAreNotFinite) {
   EXPECT_THROW(Decimal::fromDouble(std::numeric_limits<double>::infinity()), ArithmeticError);
   EXPECT_THROW(Decimal::fromDouble(std::nan("")), ArithmeticError);
   EXPECT_THROW((1e400_dec).toDouble(), ArithmeticError);
@@ -99,7 +99,7 @@ TEST(Decimal, LongSumsStayExact) {
   EXPECT_EQ(total * 100, expected);
 }
 
-TEST(Decimal, EveryDoubleComesBackAsItWas) {
+TEST(Decimal, EveryDoubleIsConvertedBackUnchanged) {
   std::mt19937_64 random(2026);
   for (int trial = 0; trial < 100000; ++trial) {
     const std::uint64_t bits = random();
@@ -113,7 +113,7 @@ TEST(Decimal, EveryDoubleComesBackAsItWas) {
     EXPECT_EQ(Decimal::fromDouble(-edge).toDouble(), -edge);
 }
 
-TEST(Decimal, ResultsOfThirtyFourDigitsGoToTheNearestDouble) {
+TEST(Decimal, ResultsOfThirtyFourDigitsRoundToTheNearestDouble) {
   std::mt19937_64 random(34);
   std::uniform_real_distribution<double> amount(-1e6, 1e6);
   for (int trial = 0; trial < 20000; ++trial) {
@@ -123,14 +123,14 @@ TEST(Decimal, ResultsOfThirtyFourDigitsGoToTheNearestDouble) {
     std::from_chars(text.data(), text.data() + text.size(), nearest);
     ASSERT_EQ(quotient.toDouble(), nearest) << text;
   }
-  // Halfway between two doubles, and a hair to either side.
+  // Halfway between two doubles, and slightly to either side.
   EXPECT_EQ((9007199254740993_dec).toDouble(), 9007199254740992.0);
   EXPECT_EQ((9007199254740993.000000000000000001_dec).toDouble(), 9007199254740994.0);
   EXPECT_EQ((9007199254740994.999999999999999999_dec).toDouble(), 9007199254740994.0);
   EXPECT_EQ((9007199254740995_dec).toDouble(), 9007199254740996.0);
 }
 
-TEST(Decimal, ComparesByValueWhateverTheZerosBehind) {
+TEST(Decimal, ComparesByValueWithoutTrailingZeros) {
   EXPECT_EQ(6.50_dec, 6.5_dec);
   EXPECT_EQ(600_dec, 6e2_dec);
   EXPECT_EQ(0.00_dec, Decimal());

@@ -20,7 +20,7 @@ TEST(NumberText, ShowsNumbersTheRomanianWay) {
   EXPECT_EQ(formatNumber(0, 3), "0,000");
 }
 
-TEST(NumberText, AnEditorShowsNoGroupsAndNoIdleZeros) {
+TEST(NumberText, AnEditorShowsNoGroupsAndNoTrailingZeros) {
   EXPECT_EQ(editNumber(1234.50_dec), "1234,5");
   EXPECT_EQ(editNumber(1234.5_dec, 2), "1234,50");
   EXPECT_EQ(editNumber(-0.1255_dec, 2), "-0,1255");
@@ -38,19 +38,19 @@ TEST(NumberText, ReadsCommaAndPointAlike) {
   EXPECT_EQ(parseNumber(u",5"), 0.5_dec);
 }
 
-TEST(NumberText, RefusesWhatIsNoTypedNumber) {
+TEST(NumberText, RefusesTextsThatAreNotNumbers) {
   for (const QStringView text :
        std::initializer_list<QStringView>{u"", u"  ", u"1.234,5", u"1,234.5", u"1,2,3", u"abc", u"1e3",
                                           u"1E3", u"--1", u"1 000", u",", u"-", u"12 lei"})
     EXPECT_FALSE(parseNumber(text)) << text.toUtf8().toStdString();
 }
 
-TEST(NumberText, WhatAnEditorShowsReadsBackTheSame) {
+TEST(NumberText, TheTextOfAnEditorIsReadBackUnchanged) {
   for (const Decimal& value : {1234567.891_dec, -0.05_dec, Decimal(0), Decimal(1) / 7, 1e20_dec})
     EXPECT_EQ(parseNumber(editNumber(value)), value);
 }
 
-TEST(NumberText, TellsNumericDocumentNumbers) {
+TEST(NumberText, RecognizesNumericDocumentNumbers) {
   for (const QStringView text : std::initializer_list<QStringView>{u"12", u" 00012 ", u"-3", u"+4.5", u"1e3",
                                                                    u".5", u"12345678901234567890"})
     EXPECT_TRUE(isNumericText(text)) << text.toUtf8().toStdString();

@@ -1,5 +1,4 @@
-// Clicks on the headings of the partners: the order of the list, and the partner that the card shows after
-// it.
+// Clicks on the headings of the partners: the order of the list, and the partner shown on the card.
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QtTest/QtTest>
@@ -52,7 +51,7 @@ class PartnerOrderTest : public testing::Test {
   TDBGrid* grid_ = nullptr;
 };
 
-TEST_F(PartnerOrderTest, HeadingsOrderTheListAlsoByBalance) {
+TEST_F(PartnerOrderTest, HeadingsSortTheListAlsoByBalance) {
   EXPECT_EQ(names(), "ALFA BETA DELTA GAMA");
   clickHeading("SOLD");
   EXPECT_EQ(names(), "DELTA BETA GAMA ALFA");
@@ -60,7 +59,7 @@ TEST_F(PartnerOrderTest, HeadingsOrderTheListAlsoByBalance) {
   clickHeading("SOLD");
   EXPECT_EQ(names(), "ALFA GAMA BETA DELTA");
   EXPECT_EQ(shown(), "ALFA");
-  // By several columns in the order of their choice, and the order outlives a refresh.
+  // By several columns in the order of selection, which is kept by a refresh.
   clickHeading("ORAS");
   clickHeading("SOLD", Qt::ControlModifier);
   EXPECT_EQ(names(), "DELTA BETA GAMA ALFA");

@@ -15,9 +15,9 @@ OutsideCommand shell(const QString& script) {
   return {QStringLiteral("/bin/sh"), {QStringLiteral("-c"), script}, QStringLiteral("/")};
 }
 
-// What happens to the window once it stands.
+// Calls `work` with the window once it is open and active.
 template <typename Work>
-void whenItStands(Work work) {
+void whenShown(Work work) {
   auto* watch = new QTimer(qApp);
   QObject::connect(watch, &QTimer::timeout, watch, [watch, work] {
     auto* window = qobject_cast<frmAsteptare*>(QApplication::activeModalWidget());
@@ -28,11 +28,11 @@ void whenItStands(Work work) {
   watch->start(10);
 }
 
-TEST(FrmAsteptare, GoesByItselfOrWhenItsUserGivesUp) {
+TEST(FrmAsteptare, ClosesByItselfOrWhenTheUserGivesUp) {
   WindowRegisterWait wait;
 
-  // A register that is quick shows no window, but the others live on; one that is not keeps it until the end.
-  // Enter gives up nothing.
+  // A quick register shows no window, but the others are responsive; a slow one shows it until its end.
+  // Enter does not give up.
   OutsideProgram quick(shell("sleep 0.2"));
   bool lived = false;
   QTimer::singleShot(0, qApp, [&lived] { lived = qApp->property("busy").toInt() == 1; });
@@ -40,20 +40,20 @@ TEST(FrmAsteptare, GoesByItselfOrWhenItsUserGivesUp) {
   EXPECT_TRUE(quick.hasSucceeded());
   EXPECT_TRUE(lived);
   EXPECT_EQ(qApp->property("busy").toInt(), 0);
-  bool stood = false;
+  bool shown = false;
   OutsideProgram slow(shell("sleep 2"));
-  whenItStands([&](QWidget* window) {
-    stood = true;
+  whenShown([&](QWidget* window) {
+    shown = true;
     QTest::keyClick(window->focusWidget(), Qt::Key_Return);
   });
   wait.wait(slow);
-  EXPECT_TRUE(stood);
+  EXPECT_TRUE(shown);
   EXPECT_TRUE(slow.hasSucceeded());
 
-  // The button, by keyboard, and Esc.
+  // The button, with the keyboard, and Esc.
   for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Escape}) {
     OutsideProgram hanging(shell("exec sleep 20"));
-    whenItStands([key](QWidget* window) {
+    whenShown([key](QWidget* window) {
       EXPECT_EQ(window->focusWidget()->objectName(), "cmdRenunta");
       QTest::keyClick(window->focusWidget(), key);
     });

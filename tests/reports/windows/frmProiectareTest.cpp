@@ -1,4 +1,4 @@
-// The designer, worked with mouse and keyboard; what it shows of layouts that are wrong.
+// The designer, operated with mouse and keyboard; layouts with faults.
 #include "reports/windows/frmProiectare.h"
 
 #include <QApplication>
@@ -57,7 +57,7 @@ class DesignerTest : public testing::Test {
 
   QPoint pixel(double x, double y) const { return page()->toScreen({x, y}).toPoint(); }
 
-  // Places in millimetres of the sheet.
+  // Positions in millimetres on the sheet.
   void drag(QPointF from, QPointF to, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QWidget* view = page()->viewport();
     QTest::mousePress(view, Qt::LeftButton, modifiers, pixel(from.x(), from.y()));
@@ -69,7 +69,7 @@ class DesignerTest : public testing::Test {
     QTest::mouseClick(page()->viewport(), Qt::LeftButton, modifiers, pixel(x, y));
   }
 
-  // What the toolkit sends when a name is dragged from the list and let go over the page.
+  // The events of Qt when a name is dragged from the list and dropped on the page.
   void dropName(const QString& name, double x, double y) {
     auto* list = find<NameList>("lstNume");
     const QList<QTreeWidgetItem*> items = list->findItems(name, Qt::MatchExactly);
@@ -84,7 +84,7 @@ class DesignerTest : public testing::Test {
     QApplication::sendEvent(page()->viewport(), &drop);
   }
 
-  // Types a property as a person does and leaves the cell with Enter.
+  // Types a property and leaves the cell with Enter.
   void type(const QString& property, const QString& text) {
     grid()->editProperty(property);
     auto* editor = grid()->findChild<QLineEdit*>();
@@ -116,7 +116,7 @@ class DesignerTest : public testing::Test {
   frmProiectare window;
 };
 
-TEST_F(DesignerTest, ALayoutIsDrawnFromNothingAndReadBackAsItWasDrawn) {
+TEST_F(DesignerTest, ANewLayoutIsDrawnAndReadBackUnchanged) {
   const QString file = path("lst/nou/Factura.lst");
   window.open(file);
   click("cmdText");
@@ -134,14 +134,14 @@ TEST_F(DesignerTest, ALayoutIsDrawnFromNothingAndReadBackAsItWasDrawn) {
 
   clickAt(21, 16);
   type("formula", "\"Factura \" + NRFAC");
-  // Right by four lines of the grid, one up, wider by two, a fine step down.
+  // Right by four grid lines, up by one, wider by two, down by a fine step.
   page()->setFocus();
   for (int i = 0; i < 4; ++i) press(Qt::Key_Right);
   press(Qt::Key_Up);
   press(Qt::Key_Right, Qt::ShiftModifier);
   press(Qt::Key_Right, Qt::ShiftModifier);
   press(Qt::Key_Down, Qt::ControlModifier);
-  click("cmdInapoi");  // the moves after the sizing are a step of their own: the fine one
+  click("cmdInapoi");  // the fine move after the resizing is a separate step
   click("cmdInapoi");  // both sizings are one step
   click("cmdRefacere");
   EXPECT_TRUE(find<QPushButton>("cmdRefacere")->isEnabled());
@@ -168,7 +168,7 @@ TEST_F(DesignerTest, ALayoutIsDrawnFromNothingAndReadBackAsItWasDrawn) {
   EXPECT_EQ(std::get<Text>(drawn.objects[3].content).formula, "CLIENT");
   EXPECT_EQ(drawn.objects[3].frame.topLeft(), QPointF(100, 17));
 
-  // What was taken back after saving is told as a change, and closing asks.
+  // Undoing after saving counts as a change, and closing asks.
   click("cmdInapoi");
   EXPECT_TRUE(window.isWindowModified());
   messages.answer(kResultCancel);
@@ -180,7 +180,7 @@ TEST_F(DesignerTest, ALayoutIsDrawnFromNothingAndReadBackAsItWasDrawn) {
   EXPECT_EQ(load(file).objects[0].frame, QRectF(24, 14, 60, 7));
 }
 
-TEST_F(DesignerTest, SeveralObjectsAreChosenArrangedCopiedAndTypedAtOnce) {
+TEST_F(DesignerTest, SeveralObjectsAreSelectedAlignedCopiedAndEditedAtOnce) {
   const QString file = path("trei.lst");
   Layout layout;
   for (const QRectF& frame : {QRectF(20, 20, 30, 5), QRectF(33, 40, 50, 8), QRectF(90, 60, 10, 6)})
@@ -191,7 +191,7 @@ TEST_F(DesignerTest, SeveralObjectsAreChosenArrangedCopiedAndTypedAtOnce) {
   clickAt(95, 63, Qt::ControlModifier);
   press(Qt::Key_L, Qt::ControlModifier);
   press(Qt::Key_W, Qt::ControlModifier);
-  // A text that is refused stands, and nothing else happens until it is mended.
+  // A refused text remains, and nothing else happens until it is corrected.
   grid()->editProperty("points");
   auto* editor = grid()->findChild<QLineEdit*>();
   editor->selectAll();
@@ -224,7 +224,7 @@ TEST_F(DesignerTest, SeveralObjectsAreChosenArrangedCopiedAndTypedAtOnce) {
   EXPECT_TRUE(messages.isEmpty());
 }
 
-TEST_F(DesignerTest, CellsAreWorkedByKeyboard) {
+TEST_F(DesignerTest, CellsAreEditedWithTheKeyboard) {
   const QString file = path("tabel.lst");
   window.open(file);
   click("cmdTabel");
@@ -234,7 +234,7 @@ TEST_F(DesignerTest, CellsAreWorkedByKeyboard) {
     names->setCurrentItem(names->findItems(name, Qt::MatchExactly).first());
     QTest::keyClick(names, Qt::Key_Return);
   }
-  // The cell of PRET is chosen: a sum under it, and the price wider by five lines of the grid.
+  // The cell of PRET is selected: a sum below it, and the price wider by five grid lines.
   for (int i = 0; i < 5; ++i) press(Qt::Key_Right, Qt::ShiftModifier);
   press(Qt::Key_Left, Qt::AltModifier);  // before the quantity
   press(Qt::Key_Escape);
@@ -245,13 +245,13 @@ TEST_F(DesignerTest, CellsAreWorkedByKeyboard) {
   ASSERT_EQ(table.rows[1].cells.size(), 2U);
   EXPECT_EQ(table.rows[1].cells[0].formula, "PRET");
   EXPECT_EQ(table.rows[1].cells[0].width, 30);
-  EXPECT_EQ(table.rows[0].cells[1].width, 30);  // its header went with it
+  EXPECT_EQ(table.rows[0].cells[1].width, 30);  // its header has the same width
   ASSERT_EQ(table.sums.size(), 1U);
   EXPECT_EQ(table.sums[0].name, "VALOARE");
   EXPECT_EQ(names->findItems("VALOARE", Qt::MatchExactly).size(), 1);
 }
 
-TEST_F(DesignerTest, DamagedTextIsShownWithItsPlaceAndMended) {
+TEST_F(DesignerTest, DamagedTextIsShownWithTheErrorAndCorrected) {
   const QString file = path("stricat.lst");
   const QByteArray damaged = "<report>\n  <text formula=\"CLIENT\" points=\"mare\"/>\n</report>\n";
   write(file, damaged);
@@ -263,7 +263,7 @@ TEST_F(DesignerTest, DamagedTextIsShownWithItsPlaceAndMended) {
   ASSERT_EQ(faults().size(), 1);
   EXPECT_TRUE(faults()[0].startsWith("Linia 2, coloana ")) << qUtf8Printable(faults()[0]);
 
-  // The page cannot be drawn on before the text is right; saving leaves the file alone.
+  // The page cannot be edited until the text is valid; saving does not change the file.
   auto* tabs = find<QTabWidget>("tabPagina");
   tabs->setCurrentIndex(0);
   EXPECT_TRUE(text->isVisible());
@@ -280,7 +280,7 @@ TEST_F(DesignerTest, DamagedTextIsShownWithItsPlaceAndMended) {
   EXPECT_TRUE(messages.isEmpty());
 }
 
-TEST_F(DesignerTest, UnknownNamesAndBrokenFormulasAreMarkedAndNoObstacle) {
+TEST_F(DesignerTest, UnknownNamesAndInvalidFormulasAreMarkedButAllowed) {
   const QString file = path("necunoscut.lst");
   Layout layout;
   layout.objects.push_back({"A", QRectF(20, 20, 30, 5), "", Pages::All, Text{"client + CLENT", {}}});
@@ -305,7 +305,7 @@ TEST_F(DesignerTest, UnknownNamesAndBrokenFormulasAreMarkedAndNoObstacle) {
   EXPECT_TRUE(messages.isEmpty());
 }
 
-// A layout with something of everything.
+// A layout with one of everything.
 QByteArray richLayout() {
   Layout layout;
   for (const Kind kind : {Kind::Text, Kind::Line, Kind::Box, Kind::Picture, Kind::BarCode})

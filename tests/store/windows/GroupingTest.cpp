@@ -1,4 +1,4 @@
-// The grouping area above a grid: headings dragged out order the list and stay where they stood.
+// The grouping area above a grid: dragged headings sort the list and stay in place.
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
@@ -48,7 +48,7 @@ class GroupingTest : public testing::Test {
     return all.join(QLatin1Char(' '));
   }
 
-  /// Drags the heading of a column by so much, with steps in between as a hand makes them.
+  /// Drags the heading of a column by that distance, with steps in between as by hand.
   void drag(int column, const QPoint& way) {
     QWidget* head = grid_->horizontalHeader()->viewport();
     const QPoint from(grid_->horizontalHeader()->sectionViewportPosition(column) + 20, head->height() / 2);
@@ -62,7 +62,7 @@ class GroupingTest : public testing::Test {
     QCoreApplication::processEvents();
   }
 
-  /// The next menu: chooses the entry of that text.
+  /// Chooses the entry with that text in the next menu.
   static void choose(const QString& text) {
     QTimer::singleShot(0, qApp, [text] {
       auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -83,13 +83,13 @@ class GroupingTest : public testing::Test {
   extTDBGrid* area_;
 };
 
-TEST_F(GroupingTest, HeadingsDraggedOutOrderTheListAndStayWhereTheyStood) {
+TEST_F(GroupingTest, DraggedHeadingsSortTheListAndKeepTheirPositions) {
   ASSERT_EQ(area_->grid(), grid_);
   drag(1, {10, -40});
   EXPECT_EQ(area_->groupColumns(), QStringList{"ORAS"});
   EXPECT_EQ(numbers(), "2 4 1 3");
   EXPECT_EQ(heads(), "NR ORAS NUME");
-  // Out to the left, over another heading.
+  // To the left, over another heading.
   drag(2, {-220, -40});
   EXPECT_EQ(heads(), "NR ORAS NUME");
   EXPECT_EQ(area_->groupColumns(), QStringList({"ORAS", "NUME"}));
@@ -119,7 +119,7 @@ TEST_F(GroupingTest, HeadingsDraggedOutOrderTheListAndStayWhereTheyStood) {
   EXPECT_EQ(numbers(), "3 4 2 1");
 }
 
-TEST_F(GroupingTest, WithoutASortTypeTheOrderStays) {
+TEST_F(GroupingTest, WithoutASortTypeTheOrderIsKept) {
   area_->setSortType(extTDBGrid::kUnsorted);
   drag(1, {0, -40});
   EXPECT_EQ(area_->groupColumns(), QStringList{"ORAS"});

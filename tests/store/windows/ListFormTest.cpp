@@ -1,4 +1,5 @@
-// What a list window does by itself: it follows what others write, and its card leaves a record whole.
+// What a list window does by itself: it follows the changes of others, and its card does not truncate a
+// record.
 #include <QCoreApplication>
 #include <QLineEdit>
 #include <QVBoxLayout>
@@ -40,7 +41,7 @@ class ListFormTest : public testing::Test {
   TestCompany company_;
 };
 
-TEST_F(ListFormTest, FollowsWhatIsWrittenAlsoWhileOutOfSight) {
+TEST_F(ListFormTest, FollowsChangesAlsoWhileHidden) {
   Journals form;
   form.show();
   add("A", "Unu");
@@ -58,7 +59,7 @@ TEST_F(ListFormTest, FollowsWhatIsWrittenAlsoWhileOutOfSight) {
   EXPECT_EQ(form.rowCount(), 3);
 }
 
-TEST_F(ListFormTest, ATextLongerThanItsBoxIsNotCut) {
+TEST_F(ListFormTest, ATextLongerThanItsBoxIsNotTruncated) {
   add("A", "Un titlu lung");
   Journals form;
   EXPECT_EQ(form.title->text(), "Un titlu lung");

@@ -6,7 +6,7 @@
 namespace velmar {
 namespace {
 
-TEST(TDBGridWidths, SumsAreWholeAndTheNameGivesWayForThem) {
+TEST(TDBGridWidths, SumsAreFullyVisibleAndTheNameColumnShrinks) {
   TDBGrid grid("TDBGrid1");
   grid.setColumns({{"COD", "Cod", CellFormat::Text, 10},
                    {"NUME", "Denumire", CellFormat::Text, 60},
