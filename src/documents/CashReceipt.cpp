@@ -51,12 +51,12 @@ class Sending {
   }
 
  private:
-  // The attempt that has begun and not ended, as the store holds it now; 0 when there is none.
+  // The stored attempt that has begun and not ended; 0 when there is none.
   qint64 knownAttempt() const {
     const FiscalReceipt& columns = typed_.kind().receipt;
     const auto document = drafts_.load(number_);
     if (document && !document->header.flag("VALIDAT") && document->header.flag(columns.printed))
-      throw RuleError(columns.printedText);  // at another workstation
+      throw RuleError(columns.printedText);  // by another workstation
     return document ? document->header.integer(columns.sending) : 0;
   }
 
@@ -68,7 +68,7 @@ class Sending {
         kYesNoCancel + kQuestion + kThirdDefault, kTitle);
   }
 
-  // A sale whose receipt is printed can be validated only: what the stock lacks is asked about before.
+  // A sale whose receipt is printed can only be validated, so missing stock is reported before printing.
   bool isStockAccepted() const {
     const auto document = drafts_.load(number_);
     const auto shortage = document ? shortageOf(*document, Stocked::OnlyHeld) : std::nullopt;
@@ -78,7 +78,7 @@ class Sending {
                  kYesNo + kQuestion + kSecondDefault, kTitle) == kResultYes;
   }
 
-  // From here on the sale is kept as it is sent.
+  // From here on the sale cannot be changed.
   qint64 begin(qint64 known, Receipt& receipt) const {
     Transaction transaction(database());
     const std::vector<Row> lines = drafts_.requireAsShown(shown_).lines;
@@ -102,7 +102,7 @@ class Sending {
     return ReceiptOutcome::NotPrinted;
   }
 
-  // Of the other registers the driver alone knows why nothing was printed.
+  // For the other registers only the driver knows why nothing was printed.
   bool answers() const { return letter_ == QStringLiteral("A") || letter_ == QStringLiteral("O"); }
 
   const TypedHeader& typed_;

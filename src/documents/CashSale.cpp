@@ -1,4 +1,4 @@
-// The sale over the counter: goods go out for cash or card, and a fiscal register prints the receipt.
+// The cash sale: goods are issued for payment in cash or by card, and a fiscal register prints the receipt.
 #include "catalogue/Articles.h"
 #include "config/Lookups.h"
 #include "config/Session.h"
@@ -41,7 +41,7 @@ class CashSaleRules : public SaleRules {
     header.set("MODREG", isCard ? kCard : kCash);
   }
 
-  // A price in the article's own currency gives the one in lei.
+  // A price in the article's own currency determines the one in lei.
   void recalculate(Row& line, const QString& changed, const TypedHeader& header) const override {
     if (changed != QStringLiteral("PRETVALUTA")) return SaleRules::recalculate(line, changed, header);
     const auto article = articleByCode(line.text("CODART"));
@@ -64,14 +64,14 @@ class CashSaleRules : public SaleRules {
  protected:
   bool costsOneUnit() const override { return true; }
 
-  // The totals of products known are those of invoices: they take the lines of the invoice with that number.
+  // The only totals of products are those of invoices, which would read the invoice with the same number.
   std::vector<NoteRule> notes(bool isFifo) const override {
     return {saleNote("G_LBONCASA_VEN", "", AccountSource::Cash, ""),
             costOfGoods(isFifo ? "G_LBONCASA_M_COSTFIFO" : "G_LBONCASA_M_COST"),
             costOfProducts(isFifo ? "G_LFACCL_P_COSTFIFO" : "G_LFACCL_P_COST")};
   }
 
-  // Cash goes to the account of the warehouse's journal, cards to the bank.
+  // Cash is posted to the account of the warehouse's journal, card payments to the bank.
   void complete(Posting& posting, const Document& document) const override {
     const Recordset journal = OpenRs(
         "SELECT J.COD AS COD, J.CONT AS CONT FROM G_MULTIMAGAZIE M INNER JOIN kt_jur J ON M.JURNAL = J.COD "

@@ -1,4 +1,4 @@
-// The consumption voucher: goods leave stock for the company's own use, worth what they cost.
+// The consumption voucher: goods are issued at cost for the company's own use.
 #include "config/Session.h"
 #include "documents/IssueChecks.h"
 #include "documents/KindRules.h"
@@ -74,7 +74,7 @@ class ConsumptionVoucherRules : public KindRules {
   }
 
  private:
-  // The value of what the lots give; without lots the line stays as it is.
+  // The line's value from its lots; without lots the line is unchanged.
   static Consumption cost(Row& line, OpenLots& lots) {
     const Decimal quantity = line.decimal("CANT");
     const QString article = line.text("CODART");

@@ -1,4 +1,4 @@
-// The customer invoice: a sale on account, in lei or in currency, of goods that may also come back.
+// The customer invoice: a sale on account, in lei or in currency, with possible returns.
 #include "config/Lookups.h"
 #include "documents/SaleRules.h"
 
@@ -14,7 +14,7 @@ class CustomerInvoiceRules : public SaleRules {
   }
 
  protected:
-  // A return costs and is priced as on the document that it names; nothing where that lacks the article.
+  // A return has the cost and price of the document that it refers to, if that contains the article.
   bool takeReturned(Row& line, const TypedHeader& header) const override {
     const QString document = header.text("OBS");
     if (!line.decimal("CANT").isNegative() || document.isEmpty()) return false;

@@ -63,7 +63,7 @@ void DocumentEditor::fillNewHeader(const ProposedNumber& proposed) {
   for (const HeaderField& field : kind_.headerFields) {
     const QString before = typed_.texts().value(field.key());
     texts.insert(field.key(), field.keeps && !before.isEmpty() ? before : newText(field));
-    // The way of payment is not shown until it is chosen, but it has its default.
+    // The payment method is not shown until it is chosen, but it has a default.
     if (field.type == HeaderFieldType::PaymentMode)
       header_.set(field.column, storedHeaderValue(field.type, field.initial));
   }
@@ -108,7 +108,7 @@ void DocumentEditor::open(const QString& number) {
   linesChanged();
 }
 
-// Shows what was stored; what no table stores stands as it was typed.
+// Shows the stored values; fields that are not stored keep their typed texts.
 void DocumentEditor::reopen(const QString& number) {
   const TypedHeader asTyped = typed_;
   open(number);
@@ -129,7 +129,7 @@ QHash<QString, QString> DocumentEditor::textsOf(const Row& header) const {
   QHash<QString, QString> texts;
   bool isForeign = false;
   for (const HeaderField& field : kind_.headerFields) {
-    // A date box always shows a date: where none is stored, the one that a new document starts with.
+    // A date box always shows a date: if none is stored, the default of a new document.
     const bool isDate = field.type == HeaderFieldType::Date || field.type == HeaderFieldType::DueDate;
     if (!field.column.isEmpty() && !(isDate && header.isNull(field.column)))
       texts.insert(field.key(), shownHeaderText(field.type, header, field.column));
@@ -168,7 +168,7 @@ bool DocumentEditor::headerChosen(const QString& key, const QHash<QString, QStri
   return linesFollowed;
 }
 
-// A VAT typed by hand stays until the rate changes, and comes back with the rate that it was typed under.
+// A typed VAT amount is kept until the rate changes, and restored with the rate under which it was typed.
 bool DocumentEditor::followRate() {
   const QString rate = typed_.vatRate();
   if (isNew_ || isFrozen() || rate == shownRate_ || !isOfferedRate(kind_, rate)) return false;
@@ -182,7 +182,7 @@ bool DocumentEditor::followRate() {
   return true;
 }
 
-// Header and lines never disagree about the rate in the store.
+// The stored header and lines always have the same rate.
 void DocumentEditor::storeRate() {
   if (isRateStored()) return;
   Row header = header_;
@@ -206,7 +206,7 @@ void DocumentEditor::storeHeader(const Row& header) {
 void DocumentEditor::save(const QHash<QString, QString>& typed) {
   headerTyped(typed);
   if (isFrozen()) throw RuleError(isPrinted() ? kind_.receipt.notChangeable : kind_.receipt.unknownText);
-  // A running number is taken together with the row that it numbers.
+  // A continuous number is determined in the transaction that inserts its row.
   std::optional<Transaction> numbering;
   if (isNew_ && kind_.numbering == Numbering::Continuous) {
     numbering.emplace(database());
@@ -255,7 +255,7 @@ Row DocumentEditor::headerFrom(const TypedHeader& typed) const {
 
 bool DocumentEditor::headerDiffers(const QHash<QString, QString>& texts) const {
   if (isNew_) return false;
-  // Both as they would be stored: a field that shows a default for what is not stored does not differ.
+  // Compares the values to be stored: a field that shows a default for a missing value does not differ.
   const Row typed = headerFrom(TypedHeader(kind_, texts));
   const Row stored = headerFrom(TypedHeader(kind_, textsOf(header_)));
   return std::any_of(kind_.headerFields.begin(), kind_.headerFields.end(), [&](const HeaderField& field) {
@@ -398,7 +398,7 @@ void DocumentEditor::checkValidation(const QHash<QString, QString>& typed) {
   headerTyped(typed);
   for (const auto& check : kind_.validationChecks)
     if (isBroken(check)) throw RuleError(shownText(check), check.field, 0, check.title);
-  // The header goes to the ledger as it is on screen, saved or not, so it must still be whole.
+  // The header is validated as shown on screen, saved or not, so it must be checked.
   requireHeader(typed_, isNew_);
   requireKnownCodes(typed_, textsOf(header_));
   storeRate();
@@ -451,8 +451,8 @@ bool DocumentEditor::checkLines() const {
   if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated), "CODART");
   if (!EsteValidDetaliiDocument(kind_.prefix, number())) return false;
   auto document = draftFor(typed_, number());
-  if (!document) return true;             // validation tells
-  document->header = headerFrom(typed_);  // as validation stores it, saved or not
+  if (!document) return true;             // validation reports it
+  document->header = headerFrom(typed_);  // the header that validation stores, saved or not
   requireValidatable(*document);
   requirePostable(*document);
   return true;

@@ -1,5 +1,5 @@
-// One document on screen, without the screen: new, draft, its lines, its totals, and the road to validation.
-// The document windows show it; services and tests drive it the same way.
+// The editing logic of one document: its life cycle from new through draft to validation, its lines and
+// totals. Used by the document windows, services and tests.
 #pragma once
 
 #include <QHash>
@@ -13,99 +13,97 @@ namespace velmar {
 
 class DocumentEditor {
  public:
-  /// Throws StoreError for a kind that cannot be kept yet.
+  /// Throws StoreError for a kind that is not supported yet.
   explicit DocumentEditor(const QString& prefix);
 
   const DocumentKind& kind() const { return kind_; }
   Drafts drafts() const { return Drafts(kind_); }
 
-  /// Clears for a new document, dated today; gives a warning about the range of numbers, "" for none.
+  /// Starts a new document, dated today; returns a warning about the range of numbers, or "".
   QString newDocument();
-  /// Shows a draft. Throws RuleError when it is gone.
+  /// Opens a draft. Throws RuleError when it no longer exists.
   void open(const QString& number);
 
-  /// What the header on screen should show, by HeaderField::key(); dates in ISO form.
+  /// The texts of the header, by HeaderField::key(); dates in ISO format.
   const QHash<QString, QString>& headerTexts() const { return typed_.texts(); }
-  /// Takes the header as it is on screen: the lines follow it, saved or not. Returns whether amounts of lines
-  /// have changed with it; they are stored together with the header's VAT rate, at the next write at the
-  /// latest.
+  /// Sets the header as shown on screen; the lines follow it, saved or not. Returns whether amounts of lines
+  /// have changed; they are stored together with the header's VAT rate, with the next write at the latest.
   bool headerTyped(const QHash<QString, QString>& texts);
-  /// As headerTyped(), after the user chose something in a field: puts what follows from it into others.
+  /// As headerTyped(), after a choice in a field; also sets the fields that depend on it.
   bool headerChosen(const QString& key, const QHash<QString, QString>& texts);
-  /// Whether a saved document's header as typed is another one than what is stored.
+  /// Whether the typed header of a saved document differs from the stored one.
   bool headerDiffers(const QHash<QString, QString>& texts) const;
-  /// What was put into fields of the header since the last call, to be shown.
+  /// The changes made to header fields since the last call, to be shown.
   QHash<QString, QString> takeHeaderChanges() { return typed_.takeChanges(); }
 
   bool isNew() const { return isNew_; }
   bool numberLocked() const { return numberLocked_; }
   QString number() const { return header_.text(kind_.numberColumn); }
   const Row& header() const { return header_; }
-  /// Whether the lines stand as they are, since a fiscal receipt tells them or may do so.
+  /// Whether the lines cannot be changed because their fiscal receipt is, or may be, printed.
   bool isFrozen() const { return isPrinted() || isSending(); }
   /// Whether the fiscal receipt was printed, as far as this editor knows.
   bool isPrinted() const;
   const std::vector<Row>& lines() const { return lines_; }
   bool isTotal(const QString& column) const { return totals_.contains(column); }
-  /// Sum of a total column over the lines.
+  /// The sum of a total column over the lines.
   Decimal total(const QString& column) const { return totals_.value(column); }
-  /// What a column of a line amounts to, also where no table stores it.
+  /// The value of a numeric column of a line, also of one that is not stored.
   Decimal amount(const Row& line, const QString& field) const;
 
   /// Checks the header as typed and stores it: inserts a new document, updates a draft. Texts are trimmed, an
-  /// empty percent becomes 0. Throws RuleError naming the column at fault; nothing is changed then.
+  /// empty percentage becomes 0. Throws RuleError naming the column at fault; nothing is then changed.
   void save(const QHash<QString, QString>& typed);
 
-  /// Why a typed text cannot stand in a cell of a line; `refused` without a text for a cell that is just
-  /// left.
+  /// Why a typed text is refused in a cell of a line; `refused` without a text when the cell is left without
+  /// a message.
   struct Verdict {
     bool refused = false;
     QString text;
-    bool setsBack = false;  ///< the cell shows again what it held
+    bool setsBack = false;  ///< the cell shows its old value
   };
   Verdict check(size_t line, const QString& field, const QString& typed, bool bySupplierCode) const;
 
-  /// Whether the cell takes typing. `line` equal to the number of lines is the new line.
+  /// Whether the cell is editable. `line` equal to the number of lines is the new line.
   bool isOpen(size_t line, const QString& field) const;
 
-  /// Adds the article as a new line, or puts it on an existing one, and stores the line. `listText` is the
-  /// text of the list that it was picked from, "" when its code was typed; `code` is the supplier's when told
-  /// so. Gives the line's position.
+  /// Adds the article as a new line, or sets it on an existing one, and stores the line. `listText` is the
+  /// text of the list entry that was chosen, "" when the code was typed; the flag means that `code` is the
+  /// supplier's. Returns the line's position.
   size_t setArticle(size_t line, const QString& code, const QString& listText = {},
                     bool bySupplierCode = false);
 
-  /// Stores a number in a line, rounded as its column tells, and what follows from it. The text has passed
-  /// check().
+  /// Stores a number in a line, rounded as specified for its column, and the values that depend on it. The
+  /// text has passed check().
   void setNumber(size_t line, const QString& field, const QString& typed);
 
   void deleteLine(size_t line);
 
-  /// How the line stands out.
+  /// How the line is highlighted.
   LineMark mark(size_t line) const { return line < marks_.size() ? marks_[line] : LineMark::None; }
-  /// Marks the lines anew, by the header as it was told last.
+  /// Updates the marks of the lines for the last header that was set.
   void refreshMarks();
 
-  /// The checks before the question, on the header as typed; throws RuleError for the first that fails. Then
-  /// lines whose amounts do not fit their quantity and price, or the VAT rate, are recomputed and stored.
+  /// The checks of the typed header before the question; throws RuleError for the first that fails. Then
+  /// lines whose amounts do not match quantity and price, or the VAT rate, are recalculated and stored.
   void checkValidation(const QHash<QString, QString>& typed);
-  /// The checks behind the question; throws RuleError. Notices that do not stop are shown.
+  /// The checks after the question; throws RuleError. Shows notices that do not prevent validation.
   bool checkLines() const;
-  /// Validates the draft; newDocument() is to follow. Throws RuleError or StepError; then nothing was
-  /// written.
+  /// Validates the draft; newDocument() must follow. Throws RuleError or StepError; nothing is then written.
   void validate(const QHash<QString, QString>& typed);
 
-  /// The checks before printing, on the header as typed; throws RuleError for the first that fails.
+  /// The checks of the typed header before printing; throws RuleError for the first that fails.
   void checkPrinting(const QHash<QString, QString>& typed);
-  /// Prints the receipt of a cash sale, all checks included, and shows the draft as it stands then. Throws as
+  /// Prints the receipt of a cash sale with all checks, and reads the draft again. Throws as
   /// printCashReceipt() and checkPrinting().
   ReceiptOutcome printReceipt(const QHash<QString, QString>& typed);
 
-  /// Shows the draft as it is stored when another user has changed it; returns whether it was. A field that
-  /// is typed and that the other user left alone keeps its text. Throws RuleError when the draft is gone.
+  /// Reads the stored draft when another user has changed it; returns whether that is so. A typed field that
+  /// the other user did not change keeps its text. Throws RuleError when the draft no longer exists.
   bool followStored(const QHash<QString, QString>& typed);
 
-  /// Shows the draft anew when its fiscal receipt was sent or printed meanwhile; gives whether it was. Throws
-  /// RuleError when the draft is gone.
+  /// Reads the draft again when its fiscal receipt was sent or printed meanwhile; returns whether that is so.
+  /// Throws RuleError when the draft no longer exists.
   bool followReceipt();
 
   /// Throws RuleError when the document on screen cannot be deleted.
@@ -141,7 +139,7 @@ class DocumentEditor {
   /// As last read or written; lines_ may follow a rate that is not stored yet.
   std::vector<Row> storedLines_;
   QString storedRate_;  ///< code of the VAT rate on the stored header
-  QString shownRate_;   ///< code of the VAT rate that lines_ were worked out with
+  QString shownRate_;   ///< code of the VAT rate used to calculate lines_
   std::vector<LineMark> marks_;
   QHash<QString, Decimal> totals_;
   bool isNew_ = true;

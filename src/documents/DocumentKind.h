@@ -1,5 +1,5 @@
-// The facts of the 13 document kinds, as data: tables, numbering, checks in their order with whole sentences,
-// header fields, line columns, captions. What truly differs between kinds in behaviour is in KindRules.
+// The description of the 13 document kinds as data: tables, numbering, ordered checks with their messages,
+// header fields, line columns, captions. Differences in behaviour are in KindRules.
 #pragma once
 
 #include <QList>
@@ -10,20 +10,20 @@ namespace velmar {
 
 enum class Numbering {
   Typed,         ///< the user types it
-  InvoiceRange,  ///< inside the company's range of invoices; drafts and ledger are looked at
-  NoteRange,     ///< inside the company's range of delivery notes; drafts alone are looked at
+  InvoiceRange,  ///< from the company's range of invoices, after drafts and ledger
+  NoteRange,     ///< from the company's range of delivery notes, after drafts only
   Continuous     ///< the next one after drafts and ledger, without a range
 };
 
-/// A check of the header, made at saving in the kind's order. All refuse with a text of their own.
+/// A check of the header on saving, in the kind's order. Each has its own message.
 enum class HeaderCheck {
   NumberEmpty,
-  PartnerEmpty,  ///< or a code that no partner has
+  PartnerEmpty,  ///< or an unknown code
   JournalEmpty,
-  FieldEmpty,          ///< of a VAT rate also a code that is not offered
-  NotNumeric,          ///< an empty text is no number; of a VAT rate also a code that is not offered
-  PercentNotPositive,  ///< an empty text passes: it is stored as 0
-  NotPositive,         ///< no number, or below 0
+  FieldEmpty,          ///< or, for a VAT rate, a code that is not in the list
+  NotNumeric,          ///< also an empty text; for a VAT rate, also a code that is not in the list
+  PercentNotPositive,  ///< an empty text is accepted and stored as 0
+  NotPositive,         ///< not a number, or below 0
   NumberTaken,
   OtherNumberTaken,  ///< a second number that the kind of Exista in `detail` finds; may be empty
   PaletSold,
@@ -33,15 +33,15 @@ enum class HeaderCheck {
 /// A check at validation, made before the question, in the kind's order.
 enum class ValidationCheck {
   NumberEmpty,
-  NumberOfOrigin,  ///< the number typed is that of the document on screen
+  NumberOfOrigin,  ///< the typed number equals that of the document on screen
   OutsidePeriod,   ///< %1 and %2 of its text: the ends of the entry period
   DueBeforeDate,
   BeforeFiscalYear,
   CurrencyWithoutRate,  ///< or with one that is not above 0
   JournalEmpty,
   NoLines,
-  TotalDiffers,       ///< the sum of the line column in `detail` is not what the header tells
-  TotalDiffersGiven,  ///< as TotalDiffers, but a header that tells 0 passes
+  TotalDiffers,       ///< the sum of the line column in `detail` differs from the header
+  TotalDiffersGiven,  ///< as TotalDiffers, but 0 in the header is accepted
   EmptyWithTotal      ///< empty although the sum of the line column in `detail` is above 0
 };
 
@@ -58,13 +58,13 @@ enum class PrintCheck {
 template <typename Check>
 struct Checked {
   Check check;
-  QString text;         ///< the whole sentence shown
-  QString field;        ///< column or, where none stores it, control at fault, which gets the focus
-  QString detail = {};  ///< what else the check looks at
+  QString text;         ///< the complete message
+  QString field;        ///< column at fault, or control if it is not stored; gets the focus
+  QString detail = {};  ///< further data of the check
   QString title = {};   ///< of the message box
 };
 
-/// What a header field holds, which tells the control that edits it.
+/// The type of a header field, which determines its control.
 enum class HeaderFieldType {
   Number,
   Partner,
@@ -72,7 +72,7 @@ enum class HeaderFieldType {
   VatRate,  ///< the code of a rate in kt_cote
   Remark,
   Date,
-  DueDate,      ///< starts one month after today
+  DueDate,      ///< default: one month from today
   PaymentMode,  ///< typed as one of paymentWords(), stored as its position from 1
   Journal,
   Foreign,  ///< a box: the document is in foreign currency; unticked, currency and rate are cleared
@@ -85,21 +85,21 @@ enum class HeaderFieldType {
   Text
 };
 
-/// The words of the ways of payment, in the order of their codes 1 to 4.
+/// The names of the payment methods, in the order of their codes 1 to 4.
 const QStringList& paymentWords();
 
 struct HeaderField {
   HeaderFieldType type;
-  QString column;   ///< empty for what no draft stores
+  QString column;   ///< empty if drafts do not store it
   QString control;  ///< known name of its control
   QString caption;
   QString toolTip;
   QString list = {};     ///< known name of the list that fills the control
-  QString initial = {};  ///< what a new document starts with, as typed
+  QString initial = {};  ///< default of a new document, as typed
   int longest = 0;       ///< characters; 0: as its column allows
-  bool keeps = false;    ///< a new document goes on with what stood for the one before
+  bool keeps = false;    ///< a new document keeps the value of the previous one
 
-  /// What its text goes by among the typed ones. The text of a ticked box is "-1".
+  /// The key of its text among the typed texts. The text of a ticked box is "-1".
   const QString& key() const { return column.isEmpty() ? control : column; }
 };
 
@@ -116,8 +116,8 @@ enum class LineEntry {
 constexpr int kAsTyped = -1;          ///< of roundTo
 constexpr int kSessionDecimals = -2;  ///< the company's decimals of prices and values
 
-/// The number of decimals meant, kSessionDecimals resolved for the open company.
-int decimalsOf(int told);
+/// The number of decimals, with kSessionDecimals resolved for the open company.
+int decimalsOf(int decimals);
 
 struct LineColumn {
   QString field;
@@ -130,40 +130,41 @@ struct LineColumn {
   QStringList product = {};  ///< of a column that is not stored: the columns whose product it shows
 };
 
-/// Columns that the line check before validation looks at.
+/// The columns used by the check of the lines before validation.
 struct LineCheckColumns {
   QString price = QStringLiteral("PRETFT");
   QString salePrice;  ///< empty: no notice about the sale price
   QString netPrice;   ///< the price after discounts; empty: the kind has none
 };
 
-/// The fiscal receipt of a kind. From the moment its sending begins its document stands as it was sent.
+/// The fiscal receipt of a kind. Once sending begins, the document can no longer be changed.
 struct FiscalReceipt {
   QString printed;     ///< column of the header's table: it was printed; empty: the kind has no receipt
-  QString sending;     ///< column: which attempt to print it has begun and not come to an end; 0: none
-  QStringList frozen;  ///< further columns of the header that stand with the lines
-  // Why the document can be printed no more, deleted no more, or changed no more.
+  QString sending;     ///< column: the number of the print attempt in progress; 0: none
+  QStringList frozen;  ///< header columns that cannot be changed either
+  // The messages when the document can no longer be printed, deleted or changed.
   QString printedText, notDeletable, notChangeable;
-  QString unknownText;  ///< the same while nobody knows whether it was printed
+  QString unknownText;  ///< the message while it is unknown whether it was printed
 
   bool exists() const { return !printed.isEmpty(); }
 };
 
-/// What a user reads, per kind.
+/// The texts of a kind.
 struct KindTexts {
   QString title;
   QString draftsCaption;
-  QString newTip, saveTip, validateTip, deleteTip, printTip;  ///< empty: there is no such command
-  QString saveFirst;                                          ///< lines typed before the header is saved
-  QString confirmValidation;  ///< %1: the number; of a storno %1 the invoice's, %2 its own; empty: not asked
-  QString validated;          ///< after success
+  QString newTip, saveTip, validateTip, deleteTip, printTip;  ///< empty: the command does not exist
+  QString saveFirst;  ///< message for lines typed before the header is saved
+  QString
+      confirmValidation;  ///< %1: the number (for a storno, the invoice's; %2 its own); empty: no question
+  QString validated;      ///< after success
   QString nothingToDelete;
   QString confirmDeletion;  ///< %1: the number
   QString validatedTitle = QStringLiteral("Confirmare salvare");
-  QString validatedFromNotes;  ///< instead of `validated`, for an invoice made of delivery notes
+  QString validatedFromNotes;  ///< instead of `validated`, for an invoice created from delivery notes
   QString rateMissing;         ///< notice when a header in currency %1 is saved without a rate; empty: none
   QString unknownArticle = QStringLiteral("Articolul cu codul intern %1 nu exista ");
-  // What is shown when validation fails: %1 the error's number, %2 its text, %3 the line; and the titles.
+  // The messages when validation fails (%1 the error's number, %2 its text, %3 the line) and their titles.
   QString ledgerFailure = QStringLiteral("%1 - %2 Linia: %3");
   QString ledgerFailureTitle = QStringLiteral("Salvare in Documente");
   QString stockFailure = QStringLiteral("%1 - %2 Linia: %3");
@@ -181,16 +182,16 @@ struct DocumentKind {
   QString dateColumn;
   QString partnerColumn;  ///< empty for a transfer
   QString remarkColumn;
-  QString tipie;  ///< "I", "E" or empty; what differs by content is the rules' affair
+  QString tipie;  ///< "I", "E" or empty; the rules decide if it depends on the document
   bool movesStock = true;
   bool posts = true;
   Numbering numbering = Numbering::Typed;
   QString existsKind;  ///< kind of Exista that finds its number
   bool partnersAreSuppliers = false;
   bool oldestFirst = false;  ///< order of the list of drafts
-  QStringList draftColumns;  ///< of the list of drafts, behind number, date and partner's name
+  QStringList draftColumns;  ///< of the list of drafts, after number, date and partner's name
   LineCheckColumns lineCheck;
-  bool distinctArticles = true;  ///< an article stands on one line alone
+  bool distinctArticles = true;  ///< an article may be on only one line
   FiscalReceipt receipt;
   std::vector<Checked<HeaderCheck>> headerChecks;
   std::vector<Checked<ValidationCheck>> validationChecks;
@@ -203,7 +204,7 @@ struct DocumentKind {
 /// All 13 kinds.
 const std::vector<DocumentKind>& documentKinds();
 
-/// The kind with that prefix in any case. Throws StoreError when there is none.
+/// The kind with that prefix, case insensitive. Throws StoreError when there is none.
 const DocumentKind& documentKind(const QString& prefix);
 
 }  // namespace velmar

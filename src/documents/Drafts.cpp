@@ -21,7 +21,7 @@ const QString kChanged = QStringLiteral(
     "documentul "
     "asa cum este salvat: verificati si incercati din nou.");
 
-// Whether a cell read from the store and one that was computed or typed are the same to the column.
+// Whether a stored cell and a computed or typed one are equal for the column.
 bool isSame(const Column& column, const Row& a, const Row& b) {
   switch (column.type) {
     case ColumnType::Real:
@@ -68,7 +68,7 @@ QStringList without(QStringList columns, const QStringList& left) {
   return columns;
 }
 
-// Columns of a new row that stay null are left to the table's defaults.
+// Null columns of a new row are omitted so that the table's defaults apply.
 QStringList filledColumns(const Row& row) {
   QStringList filled;
   for (const QString& column : row.columns())
@@ -228,7 +228,7 @@ void Drafts::endReceipt(const QString& number, qint64 attempt, bool isPrinted) c
     ExecutaSql(ended.arg(QString()) + QStringLiteral(" AND %1 = ?").arg(receipt.sending), {number, attempt});
 }
 
-// On the header of a draft: nothing of it is on a fiscal receipt, or on its way there.
+// Condition on the header of a draft: its fiscal receipt is neither printed nor being sent.
 QString Drafts::whereLinesOpen() const {
   const FiscalReceipt& receipt = kind_.receipt;
   const QString draft = QStringLiteral("VALIDAT = 0");
@@ -238,7 +238,7 @@ QString Drafts::whereLinesOpen() const {
              : draft;
 }
 
-// The draft takes lines, and its header is the one that is shown: lines follow the header.
+// Requires that lines can be changed and that the header is the one shown, since lines depend on it.
 void Drafts::requireOpen(const Row& shownHeader) const {
   const QString number = shownHeader.text(kind_.numberColumn);
   const Recordset found = OpenRs(QStringLiteral("SELECT * FROM %1 WHERE %2 = ? AND %3")

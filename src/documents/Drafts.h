@@ -1,4 +1,4 @@
-// The draft store of a document kind: its header and line table. Every write touches a draft alone, so a late
+// The draft store of a document kind: its header and line table. Writes only affect drafts, so a late
 // keystroke at another workstation cannot change a validated document.
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace velmar {
 
-/// A draft as a user sees it.
+/// A draft as shown to a user.
 struct ShownDraft {
   Row header;
   std::vector<Row> lines;
@@ -19,28 +19,28 @@ class Drafts {
  public:
   explicit Drafts(const DocumentKind& kind) : kind_(kind) {}
 
-  /// Drafts of the working warehouse, newest first unless the kind tells otherwise: number, date and
+  /// Drafts of the working warehouse, newest first unless the kind specifies otherwise: number, date and
   /// partner's name (NUME).
   Recordset list() const;
 
-  /// Header and lines of a document, draft or validated; nothing when there is no such number.
+  /// Header and lines of a document, draft or validated; empty when the number does not exist.
   std::optional<Document> load(const QString& number) const;
 
-  /// The stored draft. Throws RuleError when it is no draft any more, or header or lines differ from what is
+  /// The stored draft. Throws RuleError when it is no longer a draft, or header or lines differ from those
   /// shown; the columns of the fiscal receipt may differ. The caller has the write lock.
   Document requireAsShown(const ShownDraft& shown) const;
 
   /// Throws RuleError when the number is taken or a text is too long.
   void insertHeader(const Row& header) const;
 
-  /// Stores every column but the number, the warehouse, the flag of validation and what tells of the fiscal
-  /// receipt. Throws RuleError when that would change what the receipt tells.
+  /// Stores all columns except the number, the warehouse, the validation flag and those of the fiscal
+  /// receipt. Throws RuleError when that would change values printed on the receipt.
   void updateHeader(const Row& header) const;
 
-  /// Stores a new line behind the others and sets its NRLINIE. As the two below, throws RuleError when the
-  /// draft takes no lines any more, or its header or that line differ from what is shown.
+  /// Stores a new last line and sets its NRLINIE. As the next two functions, throws RuleError when the lines
+  /// of the draft can no longer be changed, or its header or that line differ from those shown.
   void insertLine(Row& line, const Row& shownHeader) const;
-  /// Stores the columns of a line that differ from the line as it is shown.
+  /// Stores the columns of a line that differ from the line shown.
   void updateLine(const Row& line, const Row& shownHeader, const Row& shownLine) const;
   void deleteLine(const Row& shownHeader, const Row& shownLine) const;
   /// Stores those columns of the lines, of a draft that the caller has locked.
@@ -52,10 +52,10 @@ class Drafts {
   /// Marks the draft as validated.
   void setValidated(const QString& number) const;
 
-  /// Begins the next attempt to print the fiscal receipt of a draft, behind the one that is known, and gives
-  /// it. Throws RuleError when it was printed, or another attempt has begun, meanwhile.
+  /// Begins the attempt after `known` to print the fiscal receipt of a draft and returns its number. Throws
+  /// RuleError when the receipt was printed, or another attempt has begun, in the meantime.
   qint64 beginReceipt(const QString& number, qint64 known) const;
-  /// Ends the attempt. A receipt that was printed counts whatever became of the attempt meanwhile.
+  /// Ends the attempt. A printed receipt is recorded even if the attempt is no longer the current one.
   void endReceipt(const QString& number, qint64 attempt, bool isPrinted) const;
 
  private:

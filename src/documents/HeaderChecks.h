@@ -1,4 +1,4 @@
-// What the header of a document must hold before it is stored.
+// The checks of a document's header before it is stored.
 #pragma once
 
 #include "documents/TypedHeader.h"
@@ -12,9 +12,9 @@ void requireHeader(const TypedHeader& typed, bool isNew);
 /// Whether documents of the kind may have the VAT rate of that code.
 bool isOfferedRate(const DocumentKind& kind, const QString& code);
 
-/// Throws RuleError for a journal, currency or cost centre that the company does not have, or a rate of
-/// exchange that is not above 0, naming the field. What is the same in `stored`, the header as it was shown
-/// last (texts by HeaderField::key()), passes.
+/// Throws RuleError, naming the field, for an unknown journal, currency or cost centre, or an exchange rate
+/// that is not above 0. Values that are unchanged from `stored`, the header as last shown (texts by
+/// HeaderField::key()), are accepted.
 void requireKnownCodes(const TypedHeader& typed, const QHash<QString, QString>& stored);
 
 }  // namespace velmar

@@ -1,4 +1,4 @@
-// A field of a document's header as its column holds it and as its control shows it.
+// Converts header fields between the stored value and the text of the control.
 #pragma once
 
 #include "documents/DocumentKind.h"
@@ -6,10 +6,10 @@
 
 namespace velmar {
 
-/// What the column holds for a typed text that has passed its checks.
+/// The value to store for a typed text that has passed its checks.
 Value storedHeaderValue(HeaderFieldType type, const QString& typed);
 
-/// What the control shows of the stored value.
+/// The text that the control shows for the stored value.
 QString shownHeaderText(HeaderFieldType type, const Row& header, const QString& column);
 
 }  // namespace velmar

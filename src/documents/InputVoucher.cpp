@@ -1,4 +1,4 @@
-// The input voucher: goods of the company's own making come into stock, with no supplier invoice behind them.
+// The input voucher: the company's own products are received into stock, without a supplier invoice.
 #include "documents/KindRules.h"
 
 namespace velmar {

@@ -9,13 +9,13 @@ namespace velmar {
 
 namespace {
 
-// Quantity of the ledger by article: what came in less what went out.
+// Quantity of the ledger by article: receipts less issues.
 const QString kLedgerStock = QStringLiteral(
     "SELECT L.ARTID AS ARTID, SUM(CASE WHEN D.TIPIE IN ('I', 'S') THEN L.CANT ELSE -L.CANT END) AS CANT "
     "FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID WHERE D.TIPIE IN ('I', 'S', 'E') "
     "GROUP BY L.ARTID");
 
-// What went back to a supplier without taking from a lot, since the document named no receipt of the article.
+// Returns to suppliers that did not reduce a lot, since the document referred to no receipt of the article.
 const QString kReturnedUnnamed = QStringLiteral(
     "SELECT L.ARTID AS ARTID, -SUM(L.CANT) AS CANT FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID "
     "WHERE D.TIP = 'FF' AND L.CANT < 0 AND NOT EXISTS (SELECT R.DOCID FROM G_LDOCUM R WHERE R.DOCID = "
@@ -55,7 +55,7 @@ void findLots(Finder& finder) {
               QStringLiteral("SELECT L.DOCID || ' ' || L.ARTID AS PLACE FROM G_LDOCUM L WHERE %1 "
                              "AND (L.CANTRAMASA < 0 OR L.CANTRAMASA > ABS(L.CANT)) ORDER BY L.DOCID, L.LINIE")
                   .arg(makesLot()));
-  // What is gone from a lot went to issues, or back to its supplier.
+  // The used part of a lot equals the issues and the returns to its supplier.
   finder.find(
       QStringLiteral("Legaturile cu intrarea difera de cantitatea consumata"),
       QStringLiteral(
@@ -94,7 +94,7 @@ void findNotes(Finder& finder) {
 void findCosts(Finder& finder) {
   finder.find(QStringLiteral("Costul documentului difera de costul liniilor"),
               QStringLiteral(
-                  // The cost of a line has no sign on an issue: it counts with that of the quantity.
+                  // The cost of a line is unsigned on an issue: it has the sign of the quantity.
                   "SELECT D.ID AS PLACE FROM G_DOCUME D INNER JOIN (SELECT DOCID, COUNT(*) AS LINES, "
                   "SUM(CASE WHEN CANT < 0 THEN -ABS(VALCOST) ELSE VALCOST END) AS COST "
                   "FROM G_LDOCUM GROUP BY DOCID) L ON L.DOCID = D.ID WHERE D.TIPIE IN ('I', 'S', 'E') "

@@ -1,4 +1,4 @@
-// What must agree in a company's data after every validation, whatever went before: ledger, articles, lots,
+// Checks the consistency of a company's data, which each validation must preserve: ledger, articles, lots,
 // links, notes and drafts.
 #pragma once
 
@@ -7,23 +7,23 @@
 
 namespace velmar {
 
-/// A place where the data disagree.
+/// An inconsistency in the data.
 struct Disagreement {
-  QString what;   ///< which rule, as a user reads it
+  QString what;   ///< the violated rule, in Romanian
   QString where;  ///< article, document or note
 };
 
-/// All disagreements, none in sound data:
-/// - an article's stock is not what the ledger adds up to (articles without stock apart);
-/// - under FIFO, open lots do not add up to the ledger, or links to what was taken, for articles that only
-///   receipts, issues and returns that name their receipt have moved;
-/// - a note does not balance to the ban, or holds two documents;
-/// - a document's cost is not the sum of its lines' to half a ban a line;
-/// - a validated document lacks its ledger rows, or ledger rows lack their validated document.
+/// All inconsistencies:
+/// - an article's stock differs from the sum of the ledger (except for articles without stock);
+/// - under FIFO, the sum of the open lots differs from the ledger, or that of the links from the issues, for
+///   articles moved only by receipts, issues and returns that refer to their receipt;
+/// - a note is not balanced, or belongs to two documents;
+/// - a document's cost differs from the sum of its lines by more than half a ban per line;
+/// - a validated document has no ledger rows, or ledger rows have no validated document.
 /// Reads each table once or twice; writes nothing.
 std::vector<Disagreement> disagreements();
 
-/// The same as one text, a line each; "" when all agrees.
+/// The same as one text with a line each; "" when the data is consistent.
 QString disagreementText();
 
 }  // namespace velmar

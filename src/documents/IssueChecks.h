@@ -1,4 +1,4 @@
-// What documents that take goods out share: which articles they name, and whether the stock has them.
+// Common checks of documents that issue goods: their articles and the available stock.
 #pragma once
 
 #include "documents/Document.h"
@@ -10,15 +10,15 @@ namespace velmar {
 QStringList articlesOf(const std::vector<Row>& lines);
 
 enum class Stocked {
-  All,      ///< all articles count
-  OnlyHeld  ///< articles that keep no stock pass
+  All,      ///< all articles are checked
+  OnlyHeld  ///< articles without stock are ignored
 };
 
-/// The first article, by code, of which the document's warehouse has less available than the lines want.
+/// The first article, by code, with less available in the document's warehouse than the lines need.
 std::optional<Shortage> shortageOf(const Document& document, Stocked stocked);
 
-/// Throws RuleError about the first article, by code, of which the document's warehouse has less available
-/// than the lines want: `text` with its code and what is available.
+/// Throws RuleError for the first article, by code, with less available in the document's warehouse than the
+/// lines need: `text` with its code and the available quantity.
 void requireAvailable(const Document& document, Stocked stocked, const QString& text);
 
 }  // namespace velmar

@@ -1,4 +1,4 @@
-// Which kinds have rules, and so can be kept; and what most kinds do not need.
+// The table of the supported kinds' rules, and the default implementations.
 #include "documents/KindRules.h"
 
 #include <map>

@@ -1,5 +1,5 @@
-// The table of the 13 kinds: what each is, where it is kept, how it is numbered. The wording and the fields
-// of a kind stand in a source of its own and are laid over these facts.
+// The table of the 13 kinds: identity, tables and numbering. The texts and fields of a kind are in a separate
+// source.
 #include "config/Session.h"
 #include "documents/DocumentKind.h"
 #include "documents/KindTexts.h"
@@ -84,7 +84,7 @@ const QStringList& paymentWords() {
   return words;
 }
 
-int decimalsOf(int told) { return told == kSessionDecimals ? session().NrZec : told; }
+int decimalsOf(int decimals) { return decimals == kSessionDecimals ? session().NrZec : decimals; }
 
 const std::vector<DocumentKind>& documentKinds() {
   static const std::vector<DocumentKind> kinds = [] {

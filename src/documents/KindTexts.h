@@ -1,11 +1,11 @@
-// The wording, checks, fields and line columns of the kinds, each group's in a source of its own.
+// The texts, checks, fields and line columns of the kinds, with a source for each group.
 #pragma once
 
 #include "documents/DocumentKind.h"
 
 namespace velmar {
 
-/// Lays the kind's own description over its facts.
+/// Completes the kind with its own description.
 void describe(DocumentKind& kind);
 
 void describeCustomerInvoice(DocumentKind& kind);

@@ -1,12 +1,12 @@
-// What the descriptions of several kinds share: sentences built around a kind's noun, the columns that every
-// line grid begins with, the fields of a document in foreign currency.
+// Common parts of the descriptions of kinds: messages with a kind's noun, the first columns of each line
+// grid, the fields of a document in foreign currency.
 #pragma once
 
 #include "documents/DocumentKind.h"
 
 namespace velmar::wording {
 
-/// Tool tip of validation where only the ledger is written.
+/// Tool tip of a validation that only writes the ledger.
 inline const char* const kRecordTip = "Verificare informatii si salvare in tabela Documente";
 inline const char* const kPressSave = "Va rugam apasati Salvare";
 
@@ -16,7 +16,7 @@ Checked<HeaderCheck> customerEmpty(const DocumentKind& kind);
 Checked<HeaderCheck> supplierEmpty(const DocumentKind& kind);
 Checked<HeaderCheck> journalEmpty();
 Checked<HeaderCheck> rateNotChosen(const QString& column);
-/// `check` tells whether an empty percent passes.
+/// `check` determines whether an empty percentage is accepted.
 Checked<HeaderCheck> percentNotPositive(const QString& column, HeaderCheck check = HeaderCheck::NotPositive);
 /// `noun` with its article: "Factura".
 Checked<HeaderCheck> numberTaken(const DocumentKind& kind, const QString& noun);
@@ -35,9 +35,9 @@ Checked<PrintCheck> printUnsaved(const DocumentKind& kind, const QString& text =
 
 /// The box, the currency and the rate of a document that may be in foreign currency.
 QList<HeaderField> currencyFields(const QString& currency, const QString& rate);
-/// The journal, which starts as the single blank that means the company's own.
+/// The journal; the default, a single blank, means the company's own.
 HeaderField companyJournal();
-/// The box that decides whether accounts are posted; a new document has it ticked.
+/// The box that determines whether notes are posted; ticked in a new document.
 HeaderField postsNotes(const QString& toolTip);
 HeaderField vatPercent(const QString& column, const QString& initial = {});
 
@@ -47,9 +47,9 @@ LineColumn price(const QString& field, const QString& caption, LineEntry entry, 
 /// A computed amount, in the company's decimals.
 LineColumn value(const QString& field, const QString& caption);
 
-/// The tool tips of the commands; saving and validation get the common ones.
+/// Sets the tool tips of the commands; those of saving and validation are common.
 void setTips(KindTexts& texts, const QString& newTip, const QString& deleteTip, const QString& printTip);
-/// What is asked and told about "factura": before lines, at validation and at deletion.
+/// Sets questions and messages with the noun ("factura"): before lines, on validation and deletion.
 void setQuestions(KindTexts& texts, const QString& noun, const QString& nothingSelected);
 
 }  // namespace velmar::wording

@@ -1,4 +1,4 @@
-// What the lines of a document must hold before it goes to the ledger.
+// The checks of a document's lines before validation.
 #pragma once
 
 #include <QString>
@@ -9,23 +9,23 @@
 
 namespace velmar {
 
-/// The first reason why the lines cannot go to the ledger, "" when they can: a missing code, a quantity of 0,
-/// a price that is not positive, discounts above the price. Notices about a sale price below the purchase
-/// price, up to that line, are added to `notices`.
+/// The first fault of the lines, "" when there is none: a missing code, a quantity of 0, a price that is not
+/// positive, discounts above the price. Notices about a sale price below the purchase price, up to that line,
+/// are added to `notices`.
 QString brokenLineRule(const DocumentKind& kind, const std::vector<Row>& lines,
                        QStringList* notices = nullptr);
 
-/// The code of the first article that stands on two lines, in any case of letters; "" when all are distinct.
+/// The code of the first article that is on two lines, case insensitive; "" when all are distinct.
 QString repeatedArticle(const std::vector<Row>& lines);
 
-/// The sentence about an article that stands twice.
+/// The message for an article on two lines.
 QString repeatedArticleText(const QString& code);
 
-/// The sentence about an article whose discounts add up to more than its price.
+/// The message for an article whose discounts exceed its price.
 QString discountsTooHighText(const QString& code);
 
-/// Reads the lines of a draft and tells whether each can go to the ledger, showing what is wrong, and on the
-/// way each notice. No lines count as valid.
+/// Reads and checks the lines of a draft; shows the notices and the first fault. A draft without lines is
+/// valid.
 bool EsteValidDetaliiDocument(const QString& prefix, const QString& number);
 
 }  // namespace velmar

@@ -34,7 +34,7 @@ QString linesOf(const QString& table, const QString& number) {
 
 ListingKind customerInvoice() {
   ListingKind kind{"FC", "frmLstFC", "Facturi Clienti", "FacturiCLIFull", "FacturiCLI"};
-  kind.offersReceipt = kind.offersCurrency = kind.tellsSum = kind.choosesTarget = true;
+  kind.offersReceipt = kind.offersCurrency = kind.printsSum = kind.choosesTarget = true;
   kind.boxes = kDelegate;
   kind.headerSql =
       "SELECT F.NUMFAC, F.CODCLI, C.PROCENT AS BATVA1, F.OBS, F.DATAFAC, F.CODDEVIZA, F.CURS "
@@ -77,7 +77,7 @@ ListingKind inputVoucher() {
   return kind;
 }
 
-// What is printed of a supplier's invoice is the receipt note of its goods.
+// For a supplier invoice the receipt note of its goods is printed.
 ListingKind supplierInvoice() {
   ListingKind kind{"FF", "frmLstNIR_FF", "Listare NIR pentru Factura ", "NIR_FF"};
   kind.headerSql =
@@ -100,7 +100,7 @@ QString unsavedText(const DocumentKind& kind) {
   return wording::kPressSave;
 }
 
-// The header row as it goes to paper: the date a date, currency and rate never empty.
+// The header row for printing: the date has the type date, currency and rate are not empty.
 Recordset readHeader(const ListingKind& kind, const QString& number) {
   const DocumentKind& document = documentKind(kind.prefix);
   Recordset header = OpenRs(kind.headerSql, {number});
@@ -118,13 +118,13 @@ Recordset readHeader(const ListingKind& kind, const QString& number) {
   return header;
 }
 
-// The rate at which amounts in foreign currency are printed in lei; 0: they are printed as they are stored.
+// The rate for printing amounts in foreign currency in lei; 0: they are printed as stored.
 Decimal leiRate(const ListedDocument& document, const ListingOptions& options) {
   if (options.foreign || document.currency == kLei) return 0;
   return document.header.first().decimal("CURS");
 }
 
-// The sum of the amounts that the lines have on paper.
+// The sum of the printed amounts of the lines.
 Decimal printedTotal(const ListedDocument& document, const Decimal& rate) {
   if (rate.isZero()) return document.total;
   Decimal total;
@@ -161,7 +161,7 @@ ListedDocument readListed(const ListingKind& kind, const QString& number) {
   document.partner =
       session().gDataEnv.open("Get_Tert", {header.integer(documentKind(kind.prefix).partnerColumn)});
   if (header.has(kCurrencyColumn)) document.currency = header.text(kCurrencyColumn);
-  if (kind.tellsSum)
+  if (kind.printsSum)
     for (const Row& line : document.lines) document.total += line.decimal("VALOARETTI");
   return document;
 }
@@ -183,7 +183,7 @@ ReportData listingData(const ListingKind& kind, const ListedDocument& document,
   variables.addCompany();
   for (const ListingBox& box : kind.boxes) variables.add(box.variable, options.boxes.value(box.variable));
   if (kind.offersCurrency) variables.add("bDeviza", options.foreign);
-  if (kind.tellsSum) addSum(variables, document, options);
+  if (kind.printsSum) addSum(variables, document, options);
   variables.addColumns(document.partner, kind.partner);
   return data;
 }

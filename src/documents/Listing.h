@@ -1,5 +1,5 @@
-// Document printing without the screen: what each kind's listing form offers, what it reads, and the
-// variables and fields that its layout is given.
+// Document printing: the options of each kind's listing form, the data that it reads, and the variables and
+// fields of its layout.
 #pragma once
 
 #include <QHash>
@@ -8,27 +8,28 @@
 
 namespace velmar {
 
-/// A box of a listing form, whose text becomes a variable.
+/// A box of a listing form, whose text is a variable of the report.
 struct ListingBox {
   const char* variable;
   const char* control;  ///< its name on the form
   const char* caption;
 };
 
-/// The box that holds a date; all others hold texts.
+/// The box with a date; all others contain texts.
 inline constexpr const char* kDispatchDate = "DataExp";
 
-/// The facts of a listing form.
+/// The description of a listing form.
 struct ListingKind {
   QString prefix;  ///< of the document kind
-  QString form;    ///< class name told of it
+  QString form;    ///< class name
   QString caption;
   QString project;             ///< file name of its layout
   QString preprinted = {};     ///< of the layout for a pre-printed form; empty: no such choice
   bool offersReceipt = false;  ///< CheckChitanta
   bool offersCurrency = false;
-  bool tellsSum = false;         ///< total in figures and words, and the series of invoices
-  bool choosesTarget = false;    ///< "Listare" first prints where the user chooses, then shows the preview
+  bool printsSum = false;  ///< total in figures and words, and the series of invoices
+  bool choosesTarget =
+      false;  ///< "Listare" first prints to a target chosen by the user, then shows the preview
   QList<ListingBox> boxes = {};  ///< of the delegate's frame
   QString headerSql = {};        ///< the one row of the document with that number
   QString linesSql = {};         ///< its lines with that number
@@ -38,9 +39,9 @@ struct ListingKind {
 /// The listing form of the documents of that kind. Throws StoreError when there is none yet.
 const ListingKind& listingKind(const QString& prefix);
 
-/// A stored document on its way to paper.
+/// A stored document to be printed.
 struct ListedDocument {
-  Recordset header;  ///< one row; without a currency it tells "ROL", without a rate 0
+  Recordset header;  ///< one row; the default currency is "ROL", the default rate 0
   Recordset lines;
   Recordset partner;                         ///< empty when the partner's card is missing
   Decimal total;                             ///< with VAT, in the document's currency
@@ -50,18 +51,18 @@ struct ListedDocument {
 /// Reads the document. Throws RuleError when there is none of that number.
 ListedDocument readListed(const ListingKind& kind, const QString& number);
 
-/// What a user is told, one message after the other, when the partner's card is missing.
+/// The messages, shown one after the other, when the partner's card is missing.
 QStringList missingPartnerTexts(const ListingKind& kind);
 
-/// What the user chose in the listing form.
+/// The user's choices in the listing form.
 struct ListingOptions {
   bool receipt = false;
   bool foreign = false;            ///< amounts in the document's currency
-  bool preprinted = false;         ///< only the values, for a form with the lines on it
+  bool preprinted = false;         ///< only the values, for a pre-printed form
   QHash<QString, QVariant> boxes;  ///< by variable
 };
 
-/// What the layout is given.
+/// The data for the layout.
 ReportData listingData(const ListingKind& kind, const ListedDocument& document,
                        const ListingOptions& options);
 

@@ -13,8 +13,8 @@ const QString kNoRange = QStringLiteral("00");
 
 struct Range {
   QString start, end;
-  QString running;  ///< what the warning counts
-  QString used;     ///< what the message on a used range names
+  QString running;  ///< noun in the warning
+  QString used;     ///< noun in the message on a used range
 };
 
 ProposedNumber inRange(qint64 next, const Range& range) {

@@ -1,4 +1,4 @@
-// Which number a new document is offered.
+// Proposes the number of a new document.
 #pragma once
 
 #include <QString>
@@ -9,14 +9,14 @@ namespace velmar {
 
 struct ProposedNumber {
   QString number;       ///< empty: the user types it
-  bool locked = false;  ///< the number may not be typed over
-  QString warning;      ///< to be shown: the range is nearly or wholly used up
+  bool locked = false;  ///< the number cannot be changed
+  QString warning;      ///< to be shown: the range is nearly or completely used up
 };
 
-/// The number for a new document of the kind. Nothing is reserved: it is taken when the header is stored.
+/// The number for a new document of the kind. It is not reserved until the header is stored.
 ProposedNumber proposeNumber(const DocumentKind& kind);
 
-/// As proposeNumber for a prefix, with its warning shown; "" where the user types the number.
+/// As proposeNumber, but shows the warning; "" if the user types the number.
 QString NumarDocument(const QString& prefix);
 
 }  // namespace velmar

@@ -1,9 +1,9 @@
-// What customers have ordered and not received yet.
+// Customer orders that are not delivered yet.
 #pragma once
 
 namespace velmar {
 
-/// Order lines of which nothing is told to be delivered have 0 delivered from now on.
+/// Sets the delivered quantity of order lines to 0 where it is null.
 void repairDeliveredQuantities();
 
 }  // namespace velmar

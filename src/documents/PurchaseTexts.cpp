@@ -28,7 +28,7 @@ HeaderField remark(const QString& toolTip, int longest) {
 
 LineColumn palet() { return {"PALET", "Palet", LineEntry::Locked, -1, kAsTyped, 12}; }
 
-// Told alike of supplier and import invoices.
+// Common texts of supplier and import invoices.
 void setInvoiceTexts(KindTexts& texts, const QString& title, const QString& newTip, const QString& printTip) {
   texts.title = title;
   texts.draftsCaption = "Lista facturi";
@@ -268,7 +268,7 @@ void describeSupplierOrder(DocumentKind& kind) {
   kind.oldestFirst = true;
   kind.headerChecks = {numberEmpty(kind, "comenzii"), supplierEmpty(kind), percentNotPositive("BATVA1"),
                        numberTaken(kind, "Comanda")};
-  // Without a rate it is validated all the same: its amounts in currency are 0 then.
+  // It can be validated without a rate: its amounts in currency are then 0.
   kind.validationChecks = {nothingSelected(kind, "Va rugam selectati o comanda !"),
                            noLines("Comanda furnizor")};
   kind.printChecks = {printWithoutNumber(kind, "Va rugam selectati o comanda"), printUnsaved(kind)};

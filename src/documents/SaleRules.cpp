@@ -12,7 +12,7 @@
 
 namespace velmar {
 
-/// In what a document is reckoned.
+/// The currency and rate of a document.
 struct SaleRules::Terms {
   QString currency;  ///< empty: lei
   Decimal rate;
@@ -96,7 +96,7 @@ void SaleRules::recalculate(Row& line, const QString& changed, const TypedHeader
 
 void SaleRules::applyRate(Row& line, const TypedHeader& header) const { CALC(line, header); }
 
-// A quantity brings its discounts to a line that has none yet.
+// Entering a quantity sets the discounts of a line that has none yet.
 CellObjection SaleRules::objection(const Row& line, const QString& field, const Decimal& number,
                                    const TypedHeader& header) const {
   if (field != QStringLiteral("CANT")) return {};
@@ -132,7 +132,7 @@ Plan SaleRules::plan(Document& document) const {
   return plan;
 }
 
-// What the line costs at its quantity, and the discounts that the quantity brings.
+// Sets the line's cost and discounts for its quantity.
 void SaleRules::takeQuantity(Row& line, const TypedHeader& header) const {
   const QString article = line.text("CODART");
   const Decimal quantity = line.decimal("CANT");
@@ -147,7 +147,7 @@ void SaleRules::takeQuantity(Row& line, const TypedHeader& header) const {
   if (takeDiscounts(line, header) || isReturn) discount(line);
 }
 
-// Puts the discounts of article and customer on a line that has none; returns whether it did.
+// Sets the discounts of article and customer on a line that has none; returns whether it did.
 bool SaleRules::takeDiscounts(Row& line, const TypedHeader& header) {
   if (!line.decimal("DiscountArticol").isZero() || !line.decimal("DiscountClient").isZero()) return false;
   line.set("DiscountArticol", Decimal(DiscountArticol(line.text("CODART"), line.decimal("CANT"))));
@@ -155,7 +155,7 @@ bool SaleRules::takeDiscounts(Row& line, const TypedHeader& header) {
   return true;
 }
 
-// Lots decide the cost of what goes out; what comes back keeps its own, as does what no lot has.
+// Issues cost what their lots cost; returns, and quantities without a lot, keep their own cost.
 void SaleRules::takeLots(Document& document, Plan& plan) const {
   OpenLots lots(articlesOf(document.lines));
   for (Row& line : document.lines) {
@@ -169,7 +169,7 @@ void SaleRules::takeLots(Document& document, Plan& plan) const {
   plan.costColumns = QStringList{"COST"};
 }
 
-// What the whole line costs, below 0 for goods that come back.
+// The cost of the whole line, negative for returned goods.
 Decimal SaleRules::signedCost(const Row& line, const Terms& terms) const {
   const Decimal quantity = line.decimal("CANT");
   const Decimal cost = line.decimal("COST");
@@ -201,7 +201,7 @@ Values SaleRules::ledgerLine(const Row& line, const Terms& terms) const {
           Round(line.decimal("DiscountArticol") + line.decimal("DiscountClient"), kPercentDecimals),
           Round(lei, kPercentDecimals),
           palet.isEmpty() ? Value() : Value(palet),
-          quantity.isNegative() ? Value(quantity.abs()) : Value()};  // what comes back is a lot
+          quantity.isNegative() ? Value(quantity.abs()) : Value()};  // returned goods are a lot
 }
 
 LedgerDocument SaleRules::ledgerWithLines(const Document& document, const Terms& terms,

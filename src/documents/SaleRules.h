@@ -1,5 +1,5 @@
-// What documents that sell have alike: the price of a line with its discounts, what it costs, what goes to
-// the ledger and to the accounts. The kinds tell what differs.
+// Common rules of sales documents: price and discounts of a line, its cost, ledger entry and posting. The
+// kinds override the differences.
 #pragma once
 
 #include "documents/KindRules.h"
@@ -19,20 +19,20 @@ class SaleRules : public KindRules {
   Plan plan(Document& document) const override;
 
  protected:
-  /// Prices and costs a line of goods that a customer brings back as on the document that the header names;
-  /// false when it names none.
+  /// Sets price and cost of a line of returned goods to those of the document that the header refers to;
+  /// false when it refers to none.
   virtual bool takeReturned(Row& /*line*/, const TypedHeader& /*header*/) const { return false; }
 
-  /// Whether `COST` of a line holds the cost of one unit where no lots decide, and not that of the line.
+  /// Whether `COST` of a line, if not determined by lots, is the cost of one unit instead of the line.
   virtual bool costsOneUnit() const { return false; }
 
-  /// The notes of the document, the sale's first.
+  /// The notes of the document; the first is that of the sale.
   virtual std::vector<NoteRule> notes(bool isFifo) const = 0;
 
-  /// Fills what the kind's notes need besides the document's currency, partner and VAT.
+  /// Adds the data for the kind's notes besides the document's currency, partner and VAT.
   virtual void complete(Posting& posting, const Document& document) const = 0;
 
-  // The notes that kinds are made of; `totals` are keys of TotaluriConturi. The gross amount is the debit of
+  // Notes used by the kinds; `totals` are keys of TotaluriConturi. The gross amount is the debit of
   // `account`.
   static NoteRule saleNote(const char* totals, const char* journalParameter, AccountSource source,
                            const char* account);

@@ -36,7 +36,7 @@ HeaderField costCentre() {
           "Selectati centru de cost din lista"};
 }
 
-// Sales have more columns than others: narrower ones leave the value in sight on the smallest screen.
+// Sales have more columns than other kinds: narrower ones keep the value visible on the smallest screen.
 void fitOnScreen(QList<LineColumn>& columns) {
   static const QHash<QString, int> kWidths{{"CODART", 12},     {"DENUMIRE", 24},  {"CANT", 9},
                                            {"PRETFT", 10},     {"VALOAREFT", 11}, {"ValoareFTCuDiscount", 10},
@@ -140,7 +140,7 @@ void describeCashSale(DocumentKind& kind) {
       beforeFiscalYear(kind),
       currencyWithoutRate("Curs"),
       {ValidationCheck::NoLines, "Bonul nu contine nici un articol ! Validare nereusita !", "CODART"}};
-  kind.distinctArticles = false;  // they pass the counter as they come
+  kind.distinctArticles = false;  // articles may be scanned in any order, also repeatedly
   kind.receipt = {
       "LISTAT",
       "TIPARIRE",
@@ -274,7 +274,7 @@ void describeCustomerOrder(DocumentKind& kind) {
   kind.texts.validatedTitle = "Salvare";
 }
 
-// Has no draft: the lines of the invoice are shown, and a number and a date of its own are given.
+// Has no draft: shows the lines of the invoice and has its own number and date.
 void describeStorno(DocumentKind& kind) {
   kind.validationChecks = {
       {ValidationCheck::OutsidePeriod, "Data document trebuie sa fie in intervalul: %1-%2", "DATAFAC"},

@@ -1,5 +1,5 @@
-// The supplier invoice: goods come in at the invoice's price and get their sale prices; a negative line goes
-// back to the supplier.
+// The supplier invoice: goods are received at the invoice's price and get their sale prices; a negative line
+// is a return to the supplier.
 #include "config/Lookups.h"
 #include "config/Session.h"
 #include "documents/IssueChecks.h"
@@ -14,7 +14,7 @@ namespace velmar {
 
 namespace {
 
-constexpr int kTypedVatDecimals = 0;  // what a typed VAT makes of the line's whole value
+constexpr int kTypedVatDecimals = 0;  // of the line's total after VAT was typed
 
 const QString kStockTooSmall = QStringLiteral(
     "Cantitatea din Stoc este mai mica decat cea de pe factura! Stornarea nu se poate efectua !");
@@ -67,11 +67,11 @@ class SupplierInvoiceRules : public KindRules {
     if (field != QStringLiteral("CANT") || !number.isNegative()) return {};
     const QString article = line.text("CODART");
     if (warehouseStock({article}, session().gMagazie).of(article) < number.abs()) return {kStockTooSmall};
-    // The number is right, but another field comes first.
+    // The number is valid, but another field must be entered first.
     return header.text("OBS").isEmpty() ? CellObjection{kNameTheInvoice, true} : CellObjection{};
   }
 
-  // Only a price above the last one counts, and only what has one.
+  // Compares with the last purchase price, if there is one; only higher prices are marked.
   std::vector<LineMark> marks(const std::vector<Row>& lines, const TypedHeader& header) const override {
     QHash<QString, Decimal> last;
     for (const Row& row :
@@ -92,7 +92,7 @@ class SupplierInvoiceRules : public KindRules {
     if (returned.isEmpty()) return;
     const QString receipt = document.header.text("OBS").trimmed();
     const Quantities stock = warehouseStock(returned.keys(), document.header.integer("Magazie"));
-    // By weighted average no lot decides a cost, and what was bought on several invoices may go back on one.
+    // With the weighted average lots do not determine the cost, and one return may cover several invoices.
     const auto rests =
         TIPCOST() == kFifo ? receiptRests(receipt, returned.keys()) : QHash<QString, Decimal>();
     for (const Row& line : document.lines) {

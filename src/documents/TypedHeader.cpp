@@ -6,7 +6,7 @@
 namespace velmar {
 
 std::optional<Decimal> typedNumber(const QString& typed) {
-  constexpr qint64 kLargest = 1'000'000'000'000;  // beyond it a double no longer holds thousandths
+  constexpr qint64 kLargest = 1'000'000'000'000;  // above it a double cannot represent thousandths
   const auto number = parseNumber(typed);
   return number && number->abs() < Decimal(kLargest) ? number : std::nullopt;
 }

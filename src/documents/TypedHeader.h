@@ -1,4 +1,4 @@
-// The header of a document as it stands on screen, saved or not: what the lines follow while they are typed.
+// The header of a document as shown on screen, saved or not, on which the lines depend during entry.
 #pragma once
 
 #include <optional>
@@ -10,7 +10,7 @@
 
 namespace velmar {
 
-/// A number as typed that the columns can hold to the thousandth; nothing for any other text.
+/// A typed number that the columns can store to the thousandth; empty for any other text.
 std::optional<Decimal> typedNumber(const QString& typed);
 
 class TypedHeader {
@@ -22,7 +22,7 @@ class TypedHeader {
   const QHash<QString, QString>& texts() const { return texts_; }
 
   QString text(const QString& key) const { return texts_.value(key).trimmed(); }
-  /// 0 for a text that is no number.
+  /// 0 for a text that is not a number.
   Decimal number(const QString& key) const { return typedNumber(text(key)).value_or(Decimal(0)); }
   bool isTicked(const QString& key) const;
   /// The document's date.
@@ -30,18 +30,18 @@ class TypedHeader {
   /// Code of the partner; 0 when none is chosen.
   qint64 partner() const;
 
-  /// Whether amounts are in foreign currency. A kind without the box always is.
+  /// Whether amounts are in foreign currency; always true for a kind without the box.
   bool isForeign() const;
   /// Lei for one unit of the currency; 0 in lei.
   Decimal rate() const;
-  /// Code of the VAT rate chosen; empty where the kind has none.
+  /// Code of the chosen VAT rate; empty if the kind has none.
   QString vatRate() const;
-  /// Percent of the VAT rate chosen.
+  /// Percentage of the chosen VAT rate.
   Decimal vatPercent() const;
 
-  /// Puts a text into a field; the window shows it.
+  /// Sets the text of a field; the window then shows it.
   void set(const QString& key, const QString& text);
-  /// What set() changed since the last call.
+  /// The changes by set() since the last call.
   QHash<QString, QString> takeChanges();
 
  private:

@@ -13,7 +13,7 @@ namespace velmar {
 
 namespace {
 
-// Runs a step; an error gets the step's words, title and line, a broken rule passes as it is.
+// Runs a step; an error gets the step's text, title and line, a RuleError is passed on unchanged.
 template <typename Work>
 void step(const QString& words, const QString& title, Work&& work,
           std::source_location place = std::source_location::current()) {
@@ -28,7 +28,7 @@ void step(const QString& words, const QString& title, Work&& work,
   }
 }
 
-// Checks the draft again without messages: the stock may have changed since the user was asked.
+// Checks the draft again without messages: the stock may have changed since the question.
 void requireValid(const Document& document) {
   const DocumentKind& kind = *document.kind;
   if (document.lines.empty())
@@ -41,7 +41,7 @@ void requireValid(const Document& document) {
   requireValidatable(document);
 }
 
-// The header as it will be stored; what belongs to the fiscal receipt is taken from the store.
+// Sets the header to be stored, with the stored columns of the fiscal receipt.
 void takeHeader(Document& document, const Row& header) {
   const FiscalReceipt& receipt = document.kind->receipt;
   for (const QString& column : header.columns())

@@ -1,5 +1,4 @@
-// Validation proper: a draft goes to the ledger, the articles and the accounts in one transaction, whole or
-// not at all.
+// Validates a draft: writes it to the ledger, the articles and the accounts in one transaction.
 #pragma once
 
 #include <optional>
@@ -11,7 +10,8 @@
 
 namespace velmar {
 
-/// An error inside validation; its text is the whole message, under the title of the step that it rose in.
+/// An error during validation; its text is the complete message, its title that of the step in which it
+/// occurred.
 class StepError : public Error {
  public:
   StepError(int number, const QString& text, const QString& title);
@@ -21,20 +21,20 @@ class StepError : public Error {
   QString title_;
 };
 
-/// The draft with the window's state, as validation would take it now; nothing when it is gone.
+/// The draft with the window's header, as it would be validated now; empty when it no longer exists.
 std::optional<Document> draftFor(const TypedHeader& typed, const QString& number);
 
-/// Throws RuleError when the document cannot be validated as stock and register stand now.
+/// Throws RuleError when the current stock or the missing receipt does not allow validation.
 void requireValidatable(const Document& document);
 
 /// Throws RuleError when a journal, an account or an article's family that the document's posting needs is
-/// missing. To be asked before validation, so that no message stands while the write lock is held.
+/// missing. Called before validation, so that no dialog is shown while the write lock is held.
 void requirePostable(Document document);
 
-/// Stores the header on the draft, writes ledger, lots, articles and notes, marks the draft validated. The
-/// lines are the stored ones, which must be those that the user saw in `shown`. Checks everything once more
-/// under the write lock. Throws RuleError for a broken rule or a draft that another user has changed,
-/// StepError for anything else; then nothing was written.
+/// Stores the header of the draft, writes ledger, lots, articles and notes, marks the draft validated. The
+/// stored lines must be those that the user saw in `shown`. Repeats all checks under the write lock. Throws
+/// RuleError for a violated rule or a draft that another user has changed, StepError for other errors;
+/// nothing is then written.
 void SalvareDocumente(const TypedHeader& typed, const Row& header, const ShownDraft& shown);
 
 }  // namespace velmar

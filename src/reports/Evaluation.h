@@ -1,5 +1,5 @@
-// The formulas of a layout over the data of a report: each name is looked up once, so that a line costs no
-// search.
+// Evaluates the formulas of a layout with the data of a report. Each name is looked up once, not for each
+// line.
 #pragma once
 
 #include "reports/Formula.h"
@@ -9,16 +9,16 @@
 
 namespace velmar::layout {
 
-/// Where on its way through the data a report stands.
+/// The current position of a report in its data.
 struct Place {
   int set = 0;    ///< row of the variables, from 0
-  int line = -1;  ///< row of the fields, from 0; -1 where there is none
+  int line = -1;  ///< row of the fields, from 0; -1 if there is none
   int page = 0;   ///< from 0
   int pages = 0;  ///< 0 until they are counted
   const std::vector<Decimal>* sums = nullptr;
 };
 
-/// Where a formula stands.
+/// The part of the layout that a formula belongs to.
 enum class Scope {
   Page,  ///< an object: variables and sums
   Line   ///< a row of the table: fields before variables
@@ -29,7 +29,7 @@ class Evaluation {
   /// `table` may be nullptr.
   Evaluation(const ReportData& data, const Table* table);
 
-  /// Takes a formula and gives its number.
+  /// Adds a formula and returns its number.
   int add(const QString& formula, Scope scope);
   QVariant value(int formula, const Place& place) const;
   bool isTrue(int formula, const Place& place) const;
@@ -42,10 +42,10 @@ class Evaluation {
 
  private:
   enum class Origin { Nothing, Field, Variable, Constant, Sum, Page, PageCount, Line };
-  /// Where a name's value comes from.
+  /// The source of a name's value.
   struct Source {
     Origin origin = Origin::Nothing;
-    int place = 0;  ///< of the column or sum
+    int place = 0;  ///< index of the column or sum
     QVariant constant;
   };
 

@@ -10,15 +10,15 @@ namespace velmar::layout {
 
 namespace {
 
-// What computing with doubles leaves behind the 15 digits that they hold for sure (0.1 + 0.2) is cut off: it
-// must decide no tie, and enters no sum.
+// Rounds to the 15 digits that doubles represent exactly: the error beyond them (0.1 + 0.2) must not decide
+// ties or enter sums.
 QVariant sureValue(double value) {
   constexpr int kSureDigits = 15;
   if (!std::isfinite(value)) return {};
   return QString::number(value, 'g', kSureDigits).toDouble();
 }
 
-/// The functions that formulas have besides JavaScript's own.
+/// The functions of formulas in addition to JavaScript's own.
 class Functions : public QObject {
   Q_OBJECT
  public:
@@ -55,7 +55,7 @@ struct Token {
 
 bool beginsName(QChar letter) { return letter.isLetter() || letter == u'_' || letter == u'$'; }
 
-// The end of a text that begins at `from`, -1 when it has none.
+// The end of the text literal that begins at `from`, -1 when it is not terminated.
 qsizetype endOfText(const QString& formula, qsizetype from) {
   for (qsizetype at = from + 1; at < formula.size(); ++at) {
     if (formula[at] == u'\\')
@@ -108,8 +108,8 @@ bool isWordOfTheLanguage(const QString& word) {
   return kWords.contains(word);
 }
 
-// What a formula may call or ask of a value: nothing that runs for long, takes memory without bound or makes
-// code of a text.
+// The functions and properties allowed in formulas: none that can run long, use unlimited memory or execute a
+// text as code.
 bool isKnownFunction(const QString& name) {
   static const QStringList kFunctions = {"data",   "numar",   "rotunjit",   "Number",
                                          "String", "Boolean", "parseFloat", "isNaN"};
@@ -125,12 +125,12 @@ bool isKnownProperty(const QString& owner, const QString& name) {
   return owner == u"Math" ? kOfMath.contains(name) : kOfTexts.contains(name);
 }
 
-/// A token with those around it; empty ones at the ends.
+/// A token with its neighbours; empty ones at the ends.
 struct Place {
   Token before, token, after;
 };
 
-// What would let a formula do more than compute a value.
+// Refuses tokens with which a formula could do more than compute a value.
 std::optional<FormulaFault> forbidden(const Place& place) {
   static const QStringList kSigns = {";", "{", "}", "[", "]", "`", "=>", "++", "--", "\\", "#", "@"};
   static const QStringList kWords = {
@@ -168,8 +168,8 @@ std::optional<FormulaFault> unknownProperty(const std::vector<Token>& tokens, si
   return FormulaFault{QStringLiteral("functie necunoscuta: %1").arg(name.text), name.column};
 }
 
-// Parentheses that close what was never opened would end the function that is made of a formula; a comma
-// stands between arguments alone.
+// An unmatched closing parenthesis would end the function generated from the formula; commas are only allowed
+// between arguments.
 std::optional<FormulaFault> unbalanced(const std::vector<Token>& tokens) {
   struct Open {
     int column;
@@ -206,7 +206,7 @@ QStringList namesOf(const std::vector<Token>& tokens) {
   return names;
 }
 
-// Each token on a line of its own, so that the engine's line tells the token.
+// Each token is on its own line, so that the engine's line number identifies the token.
 QString functionOf(const QStringList& names, const std::vector<Token>& tokens) {
   QStringList lines;
   for (const Token& token : tokens) lines.append(token.text);
@@ -215,7 +215,7 @@ QString functionOf(const QStringList& names, const std::vector<Token>& tokens) {
 
 std::optional<FormulaFault> compileFault(const QJSValue& result, const std::vector<Token>& tokens) {
   if (!result.isError()) return std::nullopt;
-  constexpr int kLinesBefore = 2;  // the function's head, and counting from 1
+  constexpr int kLinesBefore = 2;  // the function's head, and line numbers start at 1
   const int token = result.property(QStringLiteral("lineNumber")).toInt() - kLinesBefore;
   const bool isKnown = token >= 0 && token < static_cast<int>(tokens.size());
   const Token& place = isKnown ? tokens[static_cast<size_t>(token)] : tokens.back();
@@ -233,7 +233,7 @@ std::optional<FormulaFault> faultBefore(const std::vector<Token>& tokens) {
   return unbalanced(tokens);
 }
 
-// JavaScript has no dates of ours: they come as their text, which data() reads again.
+// Dates are passed to JavaScript as texts, which data() parses.
 QJSValue scriptValue(const QVariant& value) {
   if (value.isNull()) return QString();
   switch (value.typeId()) {
@@ -273,13 +273,13 @@ std::optional<FormulaFault> faultOf(const QString& formula) {
 }
 
 Formulas::Formulas() : engine_(std::make_unique<QJSEngine>()) {
-  const QJSValue functions = engine_->newQObject(new Functions);  // the engine's from now on
+  const QJSValue functions = engine_->newQObject(new Functions);  // owned by the engine
   for (const QString& name : {QStringLiteral("data"), QStringLiteral("numar"), QStringLiteral("rotunjit")})
     engine_->globalObject().setProperty(name, functions.property(name));
 }
 
 Formulas::~Formulas() {
-  compiled_.clear();  // its functions belong to the engine
+  compiled_.clear();  // its functions are owned by the engine
 }
 
 int Formulas::add(const QString& formula) {

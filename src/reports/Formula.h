@@ -1,15 +1,15 @@
-// Formulas of layouts: JavaScript expressions over the names of variables and fields, found without regard to
-// case. A name that is not defined is an empty text.
+// Formulas of layouts: JavaScript expressions with the names of variables and fields, which are case
+// insensitive. An undefined name is an empty text.
 //
 //   Denumire + " " + UM                      text
-//   Cant * PretFT                            a number; rounded where it is shown
+//   Cant * PretFT                            a number; rounded when it is displayed
 //   bDeviza ? CODDEVIZA : "LEI"              a choice
-//   nPagina + " din " + nPagini              the page, and how many there are (dots until they are counted)
+//   nPagina + " din " + nPagini              the page and the number of pages (dots until they are counted)
 //   nLinie                                   the line, counted from 1
-//   data(DATAFAC, "yyyy"), numar(CURS, 4)    a date or number as text, apart from the cell's own format
+//   data(DATAFAC, "yyyy"), numar(CURS, 4)    a date or number as text, independent of the cell's format
 //   rotunjit(ValoareFT * CURS, 2)            a number, rounded half to even as amounts are
 //
-// An expression only: no statements, assignments or functions of its own, so that each ends.
+// Only expressions: no statements, assignments or function definitions, so that each terminates.
 #pragma once
 
 #include <memory>
@@ -30,32 +30,33 @@ struct FormulaFault {
   int column = 0;  ///< from 1 within the formula
 };
 
-/// The names that formulas have besides variables, fields and sums.
+/// Predefined names, in addition to variables, fields and sums.
 inline constexpr const char* kPageName = "nPagina";
 inline constexpr const char* kPageCountName = "nPagini";
 inline constexpr const char* kLineName = "nLinie";
 
-/// The names a formula speaks of, each once, in their order, as they are written in it. Functions, properties
-/// and words inside texts are not among them.
+/// The names used in a formula, each once, in order, as written. Functions, properties and words in texts are
+/// not included.
 QStringList namesIn(const QString& formula);
 
-/// Nothing when the formula can be compiled; an empty one can. Unknown names are no fault: see namesIn().
+/// Empty when the formula can be compiled, as an empty formula can. Unknown names are not faults: see
+/// namesIn().
 std::optional<FormulaFault> faultOf(const QString& formula);
 
-/// Compiled formulas, each a function of just the names it uses.
+/// Compiled formulas, each a function of the names it uses.
 class Formulas {
  public:
   Formulas();
   ~Formulas();
 
-  /// Takes a formula and gives its number. One with a fault has no value.
+  /// Adds a formula and returns its number. A formula with a fault has no value.
   int add(const QString& formula);
   /// The names that the formula uses.
   const QStringList& names(int formula) const { return compiled_[static_cast<size_t>(formula)].names; }
-  /// Whether the formula is but a name, whose value can be taken as it stands.
+  /// Whether the formula is only a name, whose value can be used unchanged.
   bool isName(int formula) const { return compiled_[static_cast<size_t>(formula)].isName; }
-  /// Its value with these values for its names: text, number (double), boolean, or null, which is also what
-  /// fails while it is computed.
+  /// The formula's value for these values of its names: text, number (double), boolean, or null, also when
+  /// the evaluation fails.
   QVariant value(int formula, const QVariantList& values) const;
   /// The formulas that could not be computed so far: they have a fault, failed or gave no finite number.
   const std::set<int>& failed() const { return failed_; }

@@ -1,5 +1,5 @@
-// The layout of a report: what stands where on its pages, as the user draws it in the designer. Layouts are
-// project files (".lst") in the folder "lst"; lst/README.md describes the format.
+// The layout of a report: the objects on its pages, as drawn in the designer. Layouts are project files
+// (".lst") in the folder "lst"; lst/README.md describes the format.
 #pragma once
 
 #include <QRectF>
@@ -11,11 +11,11 @@
 
 namespace velmar::layout {
 
-/// A layout that cannot be used: damaged XML, an unknown element, a number out of its range.
+/// A layout that cannot be used: invalid XML, an unknown element, a number out of range.
 class LayoutError : public Error {
  public:
   LayoutError(const QString& text, int line, int column);
-  int line() const { return line_; }      ///< of the file, from 1; 0 when no place is known
+  int line() const { return line_; }      ///< in the file, from 1; 0 if unknown
   int column() const { return column_; }  ///< from 1
 
  private:
@@ -26,7 +26,7 @@ class LayoutError : public Error {
 // All lengths are millimetres, the origin is the upper left corner of the sheet.
 
 inline constexpr double kLargestSheet = 2000;
-inline constexpr int kMostObjects = 2000;  ///< of a layout; as many cells of a table
+inline constexpr int kMostObjects = 2000;  ///< in a layout; also the maximum number of cells of a table
 
 struct Page {
   double width = 210;
@@ -48,11 +48,11 @@ struct Font {
   bool underlined = false;
 };
 
-/// How the value of a formula becomes text.
+/// How the value of a formula is converted to text.
 enum class Format {
-  Text,    ///< as it is: numbers with the decimals they have, dates as dd.MM.yyyy
-  Number,  ///< in the Romanian way ("1.234,50") with `decimals`
-  Price,   ///< a number with the decimals that prices of the company have
+  Text,    ///< unchanged: numbers with all their decimals, dates as dd.MM.yyyy
+  Number,  ///< Romanian format ("1.234,50") with `decimals`
+  Price,   ///< a number with the company's decimals of prices
   Date     ///< by `pattern` ("dd.MM.yyyy")
 };
 
@@ -61,15 +61,15 @@ struct TextStyle {
   QString colour = QStringLiteral("#000000");
   Align align = Align::Left;
   VerticalAlign vertical = VerticalAlign::Top;
-  bool wraps = false;  ///< onto further lines; in a table the row grows
+  bool wraps = false;  ///< wraps to further lines; in a table the row grows
   Format format = Format::Text;
   int decimals = 2;        ///< 0 to 9
-  bool hidesZero = false;  ///< a number that is 0 prints empty
+  bool hidesZero = false;  ///< the number 0 is printed as an empty text
   QString pattern = QStringLiteral("dd.MM.yyyy");
 };
 
 struct Text {
-  QString formula;  ///< gives the text; "Formula.h" tells what it may say
+  QString formula;  ///< the text; see Formula.h
   TextStyle style;
 };
 
@@ -89,7 +89,7 @@ struct Box {
 };
 
 struct Picture {
-  QString file;  ///< formula that gives a path; a relative one starts at the layout's folder
+  QString file;  ///< formula of the path, which may be relative to the layout's folder
   bool keepsRatio = true;
 };
 
@@ -118,47 +118,47 @@ struct Cell {
 };
 
 enum class RowRole {
-  Header,       ///< at the top of the table on every page
-  Brought,      ///< below the header from the second page on: what the pages before had
+  Header,       ///< at the top of the table on each page
+  Brought,      ///< below the header from the second page on: the sums of the previous pages
   GroupHeader,  ///< before the first line of a group
   Line,         ///< for each row of the data
-  GroupFooter,  ///< behind the last line of a group
-  Carried,      ///< at the end of the table on every page but the last
-  Total         ///< behind the last line
+  GroupFooter,  ///< after the last line of a group
+  Carried,      ///< at the end of the table on each page but the last
+  Total         ///< after the last line
 };
 
 struct TableRow {
   RowRole role = RowRole::Line;
-  int group = 0;      ///< of a group's row: the place of its group in Table::groups
-  QString condition;  ///< formula; the row is left out where it gives false, 0 or nothing
-  double height = 5;  ///< at least; a row grows with its wrapped texts
+  int group = 0;      ///< of a group's row: the index of its group in Table::groups
+  QString condition;  ///< formula; the row is omitted if it is false, 0 or empty
+  double height = 5;  ///< minimum; a row grows with its wrapped texts
   std::vector<Cell> cells;
 };
 
-/// A sum over the lines so far; formulas speak of it by its name, in the rows of the table (on a Carried row
-/// what has been printed so far, on a Brought row what the pages before had) and in objects of the last page.
+/// A sum over the lines so far. Formulas use its name in the rows of the table (in a Carried row the sum up
+/// to this page, in a Brought row that of the previous pages) and in objects of the last page.
 struct Sum {
   QString name;
-  QString formula;  ///< gives a number for each line
-  /// Where it starts anew: -1 never, else with each new group of that place in Table::groups.
+  QString formula;  ///< a number for each line
+  /// Where it is reset: -1 never, else at each new group of that index in Table::groups.
   int group = -1;
 };
 
-/// The lines of the data, over as many pages as they need. The frame is the same on every page.
+/// The lines of the data, on as many pages as needed. The frame is the same on each page.
 struct Table {
-  std::vector<QString> groups;  ///< formulas, the outermost first; a group ends when its value changes
+  std::vector<QString> groups;  ///< formulas, outermost first; a group ends when its value changes
   std::vector<Sum> sums;
   std::vector<TableRow> rows;
-  double pen = 0.2;  ///< of the cells' borders
+  double pen = 0.2;  ///< width of the cells' borders
   QString colour = QStringLiteral("#000000");
-  bool fillsDown = false;  ///< the Line row's borders at the sides run on to the lower end of the frame
+  bool fillsDown = false;  ///< the Line row's side borders extend to the lower end of the frame
   /// mm by which the frame is longer in page groups for which `extendsIf`, a formula over the variables, is
   /// true; edges of objects at its lower end or below move down as much.
   double extension = 0;
   QString extendsIf;
 };
 
-/// On which pages an object stands. With several page groups each has its own first and last.
+/// The pages that show an object. Each page group has its own first and last page.
 enum class Pages { All, First, Following, Last };
 
 struct Object {
@@ -169,11 +169,11 @@ struct Object {
   std::variant<Text, Line, Box, Picture, BarCode, Table> content;
 };
 
-/// What a layout holds at most one table of.
+/// Contains at most one table.
 struct Layout {
   QString title;
   Page page;
-  std::vector<Object> objects;  ///< in the order in which they are drawn
+  std::vector<Object> objects;  ///< in drawing order
 
   const Table* table() const;  ///< nullptr when there is none
 };
@@ -184,7 +184,7 @@ QByteArray write(const Layout& layout);
 
 /// Throws LayoutError, or StoreError when the file cannot be read.
 Layout load(const QString& path);
-/// Writes the file whole or not at all. Throws StoreError when it cannot be written.
+/// Writes the file atomically. Throws StoreError when it cannot be written.
 void save(const QString& path, const Layout& layout);
 
 }  // namespace velmar::layout

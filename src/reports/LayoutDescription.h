@@ -1,5 +1,5 @@
-// What the parts of a layout are described by: the name, the kind and the range of each of their members,
-// told to an "archive" that reads them, writes them, shows or changes them.
+// Describes the parts of a layout: name, kind and range of each of their members, passed to an "archive" that
+// reads, writes, displays or changes them.
 #pragma once
 
 #include <array>
@@ -34,7 +34,7 @@ inline constexpr int kLongestText = 20000;
 /// "#RRGGBB", or empty for none.
 bool isColour(const QString& text);
 
-/// A range in which a number must lie.
+/// The valid range of a number.
 struct Range {
   double least;
   double most;
@@ -44,7 +44,7 @@ inline constexpr Range kLength = {0, kLargestSheet};
 inline constexpr Range kPlace = {-kLargestSheet, kLargestSheet};
 inline constexpr Range kPen = {0, 20};
 
-// What a part says, once for all that read, write, show or change it.
+// The members of each part, described once for all archives.
 
 template <typename Archive>
 void describe(Archive& archive, Page& page) {
@@ -143,7 +143,7 @@ void describe(Archive& archive, Table& table) {
   archive.field("extendsIf", table.extendsIf);
 }
 
-/// What all objects have, whatever they show.
+/// The members common to all objects.
 template <typename Archive>
 void describeFrame(Archive& archive, Object& object, std::array<double, 4>& frame) {
   archive.field("name", object.name);

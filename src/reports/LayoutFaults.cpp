@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kSlack = 0.01;  // mm
 
-// Where the name stands in the formula as a word of its own, from 1; 0 when it does not.
+// The column of the name as a separate word in the formula, from 1; 0 if it does not occur.
 int columnOf(const QString& formula, const QString& name) {
   const auto isLetter = [](QChar c) { return c.isLetterOrNumber() || c == u'_' || c == u'$' || c == u'.'; };
   for (qsizetype at = formula.indexOf(name); at >= 0; at = formula.indexOf(name, at + 1)) {
@@ -69,7 +69,7 @@ class Search {
   void searchSum(const Part& part, const Table& table, size_t place) {
     const Sum& sum = table.sums[place];
     const QString property = QStringLiteral("sums.%1").arg(place);
-    // The column is counted in the sum as it is typed.
+    // The column in the sum as it is typed.
     Sum head = sum;
     head.formula.clear();
     searchFormula(part, property, sum.formula, static_cast<int>(textOf(head).size()));
@@ -102,10 +102,10 @@ class Search {
       add(part, property, fault->text, fault->column > 0 ? fault->column + before : 0);
       return;
     }
-    QStringList told;
+    QStringList reported;
     for (const QString& name : namesIn(formula)) {
-      if (names_.has(name) || told.contains(name, Qt::CaseInsensitive)) continue;
-      told.append(name);
+      if (names_.has(name) || reported.contains(name, Qt::CaseInsensitive)) continue;
+      reported.append(name);
       const int column = columnOf(formula, name);
       add(part, property, QStringLiteral("Numele %1 nu este definit").arg(name),
           column > 0 ? column + before : 0);

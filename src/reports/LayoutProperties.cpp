@@ -68,7 +68,7 @@ QString captionOf(const QString& name) {
   return QLatin1String(kCaptions.value(name, ""));
 }
 
-// The words of the file as they are read.
+// The displayed texts of the words in the file.
 QString choiceText(const char* word) {
   static const QHash<QString, const char*> kTexts = {
       {"left", "la stanga"}, {"centre", "la mijloc"}, {"right", "la dreapta"},
@@ -89,16 +89,16 @@ QString textOfChoice(const char* word, Enum) {
 
 QString flagText(bool value) { return value ? QStringLiteral("da") : QStringLiteral("nu"); }
 
-// Lengths that a mouse has left are not told to the last bit.
+// Lengths set with the mouse are not displayed with all digits.
 QString numberText(double value) {
   constexpr int kDecimals = 3;
   return editNumber(Round(Decimal::fromDouble(value), kDecimals));
 }
 
-// Groups are counted from 1 by people.
+// The user numbers groups from 1.
 int shiftOf(const QString& name) { return name == u"group" ? 1 : 0; }
 
-// Neither XML nor paper takes these.
+// Whether all characters are allowed in XML.
 bool isStorable(const QString& text) {
   const QList<uint> characters = text.toUcs4();
   return std::none_of(characters.begin(), characters.end(), [](uint c) {
@@ -107,7 +107,7 @@ bool isStorable(const QString& text) {
   });
 }
 
-/// Collects what the members say.
+/// Collects the values of the members.
 class Collector {
  public:
   void field(const char* name, const QString& value) {
@@ -153,7 +153,7 @@ class Collector {
   }
 };
 
-/// Puts what was typed into the one member of that name.
+/// Sets the member of that name to the typed value.
 class Setter {
  public:
   Setter(const QString& name, const QString& typed) : name_(name), typed_(typed.trimmed()) {}
@@ -202,7 +202,7 @@ class Setter {
     return value;
   }
 
-  // The beginning of a choice is enough when no other begins so.
+  // A unique prefix of a choice is sufficient.
   int choice(const QStringList& texts) const {
     int found = -1;
     int beginning = 0;
@@ -224,7 +224,7 @@ class Setter {
   QString typed_;
 };
 
-// A group that goes leaves the rows and sums of those behind it with theirs.
+// Removes a group; rows and sums of the following groups keep their groups.
 void removeGroup(Table& table, int group) {
   table.groups.erase(table.groups.begin() + group);
   for (TableRow& row : table.rows)
@@ -235,7 +235,8 @@ void removeGroup(Table& table, int group) {
   }
 }
 
-// Groups and sums are told one a line, with an empty line behind them for one more; an emptied one goes.
+// Groups and sums are listed one per line, followed by an empty line for a new one; clearing a line removes
+// it.
 template <typename Archive>
 void describeLists(Archive& archive, Table& table) {
   for (size_t i = 0; i <= table.groups.size() && i < kMostGroups; ++i) {

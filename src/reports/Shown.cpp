@@ -41,7 +41,7 @@ QDateTime dateOf(const QVariant& value) {
   if (value.typeId() == QMetaType::QDate) return value.toDate().startOfDay();
   if (value.typeId() == QMetaType::QDateTime) return value.toDateTime();
   if (value.typeId() != QMetaType::QString) return {};
-  constexpr int kLength = 10;  // of either way
+  constexpr int kLength = 10;  // of either format
   const QString text = value.toString();
   if (text.size() < kLength) return {};
   if (text[2] == u'.') return QDate::fromString(text.left(kLength), kDatePattern).startOfDay();

@@ -40,7 +40,7 @@ void saveProjects(const QString& from, const QString& to) {
 }
 
 // Makes open windows read their lists again.
-void tellThatAllChanged() {
+void notifyAllChanged() {
   QSet<QString> tables;
   for (const Table& table : companyTables()) tables.insert(table.name().toUpper());
   emit dataChanges().written(tables);
@@ -100,10 +100,10 @@ void restoreOpenCompany(const QString& file, const CopyProgress& progress) {
   reopen(path);
   InitParaSoc();
   IncarcaSerii();
-  tellThatAllChanged();
+  notifyAllChanged();
 }
 
-void tellThatSaved() {
+void reportSaved() {
   Mesaj(QStringLiteral("Salvare cu succes a bazei de date %1").arg(session().gNumeBD), kInformation);
 }
 
@@ -122,7 +122,7 @@ void CompacteazaBD() {
 void SalveazaAutomat() {
   const QString file = savedCopyName(session().gNumeBD, clock::now());
   saveCompany(database().path(), QDir(backupFolder(true)).filePath(file));
-  tellThatSaved();
+  reportSaved();
   const QDir application(session().gCaleAplicatie);
   saveProjects(application.filePath(QStringLiteral("lst")),
                application.filePath(kBackupFolderName + QStringLiteral("/lst")));

@@ -17,7 +17,7 @@ QString savedCopyName();
 QString saveOpenCompany(const QString& folder, const CopyProgress& progress = {});
 
 /// Shows the message that the open company was saved.
-void tellThatSaved();
+void reportSaved();
 
 /// The question to ask before restoreOpenCompany().
 QString restoreQuestion(const QString& file);

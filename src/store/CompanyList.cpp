@@ -105,8 +105,8 @@ class RowsetReader {
   void readColumn() {
     const QXmlStreamAttributes all = xml_.attributes();
     const QString attribute = all.value(QStringLiteral("name")).toString();
-    const QString told = all.value(kRowsetSpace, QStringLiteral("name")).toString();
-    columnOf_.insert(attribute, (told.isEmpty() ? attribute : told).toUpper());
+    const QString column = all.value(kRowsetSpace, QStringLiteral("name")).toString();
+    columnOf_.insert(attribute, (column.isEmpty() ? attribute : column).toUpper());
   }
 
   QHash<QString, QString> attributes() const {

@@ -83,7 +83,7 @@ TEST_F(CashSaleTest, NothingChangesWhileTheRegisterPrints) {
             QDate(2026, 3, 15));
 }
 
-TEST_F(CashSaleTest, LinesThatTheCashierDoesNotSeeAreNotPrinted) {
+TEST_F(CashSaleTest, LinesNotShownToTheCashierAreNotPrinted) {
   DocumentEditor other("BS");
   other.open(editor_.number());
   other.setNumber(0, "CANT", "5");

@@ -35,7 +35,7 @@ class Listing : public ::testing::Test {
   TestCompany company_;
 };
 
-TEST_F(Listing, AnInvoiceHandsOverItsStoredHeaderAndLines) {
+TEST_F(Listing, AnInvoicePassesItsStoredHeaderAndLines) {
   const ReportData all = data();
   ASSERT_EQ(all.variables.size(), 1);
   const Row& header = all.variables.first();
@@ -127,7 +127,7 @@ TEST_F(Listing, EveryKindReadsWithItsOwnStatements) {
   }
 }
 
-TEST_F(Listing, ThePreprintedFormHasALayoutOfItsOwn) {
+TEST_F(Listing, ThePreprintedFormHasASeparateLayout) {
   ListingOptions options;
   EXPECT_EQ(listingFile(listingKind("FC"), options), "/velmar/lst/FacturiCLIFull.lst");
   options.preprinted = true;

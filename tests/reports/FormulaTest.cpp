@@ -1,4 +1,4 @@
-// Formulas as people write them into layouts, and what must not happen with those that are wrong.
+// Formulas as users write them in layouts, and invalid or harmful formulas.
 #include "reports/Formula.h"
 
 #include <gtest/gtest.h>
@@ -76,7 +76,7 @@ TEST(Formula, DatesAndNumbersBecomeTexts) {
   EXPECT_EQ(shownText("maine", style), "maine");
 }
 
-TEST(Formula, NamesItsNamesAndThePlaceOfAFault) {
+TEST(Formula, ReturnsItsNamesAndThePositionOfAFault) {
   EXPECT_EQ(namesIn("Cant*PRET + Cant + data(DATAFAC, 'Azi') + Math.round(x)"),
             QStringList({"Cant", "PRET", "DATAFAC", "x"}));
   const auto column = [](const QString& text) { return faultOf(text) ? faultOf(text)->column : 0; };
@@ -90,7 +90,7 @@ TEST(Formula, NamesItsNamesAndThePlaceOfAFault) {
   EXPECT_EQ(column("a = 1"), 3);
 }
 
-// Each of these would run for ever or take all memory, or leave the formula.
+// Each of these would not terminate, use all memory or leave the formula.
 TEST(Formula, IsAnExpressionOfKnownFunctionsOnly) {
   for (const char* text : {"while(true){}",
                            "for(;;);",

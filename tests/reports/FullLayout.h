@@ -1,4 +1,4 @@
-// A layout with one of everything, and what damages its file.
+// A layout with one of everything, and a function that damages its file.
 #pragma once
 
 #include <random>
@@ -78,7 +78,7 @@ inline Layout fullLayout() {
   return made;
 }
 
-/// Changes, loses, doubles and moves bytes, makes numbers huge and cuts the end off, up to three times.
+/// Changes, loses, doubles and moves bytes, makes numbers huge and truncates the end, up to three times.
 inline QByteArray damaged(QByteArray xml, std::mt19937& random) {
   const auto below = [&random](qsizetype limit) {
     return static_cast<qsizetype>(random() % static_cast<std::uint32_t>(std::max<qsizetype>(1, limit)));

@@ -1,5 +1,5 @@
-// Articles: a first article without a cost method, the checks of adding and saving, prices, search, what a document
-// spares, orders and exports.
+// Articles: a first article without a cost method, the checks of adding and saving, prices, search, an article that
+// is in use, orders and exports.
 setToday("2026-03-15");
 company({ method: "" });
 sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (1, 'FURNIZOR UNU', 'F'), (2, 'CLIENT', 'C'), (3, 'MIXT', 'M')");
@@ -12,7 +12,7 @@ equal(w.tabs(), ["Lista Articole", "Articol Detalii"]);
 equal(w.text("LabelNRINREG"), "0");
 check(!w.isEnabled("cmdStocPeMag"));
 
-// The checks in their order, with the focus where the fault is.
+// The checks in order, with the focus on the fault.
 answer("OK");
 w.click("cmdSalvareArticol");
 expectMessage("Pentru modificari, va rugam selectati un articol existent !");
@@ -41,7 +41,7 @@ refused("U.M. trebuie completat pentru a se putea adauga articolul !", "txtCamp(
 w.type("txtCamp(5)", "Set");
 shot("card");
 
-// No method of valuing stock yet: nothing is stored and the parameters open.
+// No cost method yet: nothing is stored and the parameters open.
 answer("OK");
 w.click("cmdAdauga");
 expectMessage("VA ROG SA ALEGETI METODA DE EVALUARE A STOCURILOR!");
@@ -55,7 +55,7 @@ equal(sql("SELECT CODART, DENART, FAMART, UM, CODFURNIZO, COTATVA, COST, PRETVFT
       [{ CODART: "AB1", DENART: "Scaun fag", FAMART: 1, UM: "Set", CODFURNIZO: 1, COTATVA: 19, COST: 0, PRETVFT: 0,
          STOC: 0, FARASTOC: 0, PROVENIENTA: "M", PALET: " " }]);
 
-// The next one starts with the unit typed last, unless another window was in front; a code that exists is refused.
+// The next one has the unit typed last, unless another window was active; an existing code is refused.
 w.click("cmdAdauga");
 check(w.hasFocus("txtCamp(0)"));
 equal([w.text("txtCamp(5)"), w.text("txtCamp(2)")], ["Buc", ""]);
@@ -80,12 +80,12 @@ w.pick("cboCamp", "COD");
 w.type("txtValoare", "AB1");
 w.tab("Articol Detalii");
 w.click("cmdAdauga");
-equal(w.text("txtControl"), "SV", "the filter gives way to the article that it would leave out");
+equal(w.text("txtControl"), "SV", "the filter is cleared so that the new article is shown");
 w.tab("Lista Articole");
 equal(grid.column("CODART"), ["AB1", "SV"]);
 equal([grid.cell(0, "FAMILIE"), grid.cell(0, "FURNIZOR"), grid.cell(1, "FARASTOC")], ["Mobilier", "FURNIZOR UNU", "DA"]);
 
-// In stock at cost 3: 6.50 without VAT gives a mark-up of 116.67 and 7.74 (7.735 to the even digit) with VAT.
+// In stock at cost 3: 6.50 without VAT gives a mark-up of 116.67 and 7.74 (7.735 half to even) with VAT.
 sql("UPDATE G_ARTMAG SET STOC = 10, COST = 3 WHERE CODART = 'AB1'");
 key("F5");
 grid.select(1);
@@ -108,7 +108,7 @@ w.press("txtCamp(11)", "x");
 answer("OK");
 w.tab("Lista Articole");
 expectMessage("Valoarea trebuie sa fie numerica");
-check(w.hasFocus("txtCamp(11)"), "the tab comes back");
+check(w.hasFocus("txtCamp(11)"), "the tab is visible again");
 w.type("txtCamp(11)", "11,90");
 w.type("txtCamp(13)", "2,5");
 answer("OK");
@@ -116,13 +116,13 @@ w.click("cmdSalvareArticol");
 expectMessage("Va rugam alegeti codul valutei !");
 w.pick("cboCodDevizaDenumire", w.items("cboCodDevizaDenumire").find(item => item.startsWith("EUR-")));
 shot("prices");
-// Another workstation has received goods meanwhile: their cost and stock are not taken back.
+// Another workstation has received goods meanwhile: their cost and stock are not overwritten.
 sql("UPDATE G_ARTMAG SET STOC = 14, COST = 3.25 WHERE CODART = 'AB1'");
 w.click("cmdSalvareArticol");
 equal(sql("SELECT COST, STOC, ADAOS, PRETVFT, PRETVTTI, PRETDEVIZAVANZ, CODDEVIZAVANZ FROM G_ARTMAG WHERE CODART = 'AB1'"),
       [{ COST: 3.25, STOC: 14, ADAOS: 233.33, PRETVFT: 10, PRETVTTI: 11.9, PRETDEVIZAVANZ: 2.5, CODDEVIZAVANZ: "EUR" }]);
 
-// A palet once named stays; the stock is shown with all its decimals.
+// A stored palet is kept; the stock is shown with all its decimals.
 w.type("TextPalet", "P1");
 w.click("cmdSalvareArticol");
 w.type("TextPalet", "");
@@ -130,7 +130,7 @@ sql("UPDATE G_ARTMAG SET STOC = 14.125 WHERE CODART = 'AB1'");
 w.click("cmdSalvareArticol");
 equal([sql("SELECT PALET FROM G_ARTMAG WHERE CODART = 'AB1'")[0].PALET, w.text("txtCamp(12)")], ["P1", "14,125"]);
 
-// An empty price in currency is no number; an empty cost is 0.
+// An empty price in currency is not a number; an empty cost is 0.
 w.type("txtCamp(13)", "");
 answer("OK");
 w.click("cmdSalvareArticol");
@@ -143,7 +143,7 @@ equal(sql("SELECT COST, PRETVFT FROM G_ARTMAG WHERE CODART = 'AB1'"), [{ COST: 0
 w.type("txtCamp(8)", "3,25");
 w.click("cmdSalvareArticol");
 
-// Without stock the mark-up stays out of it.
+// Without stock the mark-up is not calculated.
 w.tab("Lista Articole");
 grid.select(1);
 w.tab("Articol Detalii");
@@ -168,7 +168,7 @@ equal([grid.column("CODART"), w.text("lblConditie")], [["AB1"], 'FAMILIE ARTICOL
 w.click("cmdGoleste");
 w.click("cmdCauta");
 
-// An order of the selected lines: what was issued, at cost.
+// An order for the selected lines: the issued quantities at cost.
 sql("UPDATE G_ARTMAG SET CANTE = 4 WHERE CODART = 'AB1'");
 key("F5");
 grid.selectMany([0, 1]);
@@ -180,7 +180,7 @@ equal(sql("SELECT NRLINIE, CODART, CANT, PRETFT, VALOAREFT, CANTRLIV FROM G_LCOM
       [{ NRLINIE: 1, CODART: "AB1", CANT: 4, PRETFT: 3.25, VALOAREFT: 13, CANTRLIV: 4 },
        { NRLINIE: 2, CODART: "SV", CANT: 0, PRETFT: 0, VALOAREFT: 0, CANTRLIV: 0 }]);
 
-// The selected lines on paper, with their copy as a web page.
+// The selected lines printed, with their copy as a web page.
 w.click("cmdListare");
 const list = pdfText(printed()[0]);
 check(list.includes("Lista articole") && list.includes("Editat de Tarvon V1.0") && list.includes("AB1") && list.includes("Servicii"), list);
@@ -188,7 +188,7 @@ const sheets = list.split("\f").filter((page) => page.trim() != "");
 check(sheets.length > 1 && sheets.every((page) => /Familie +Cod .*\n(.*\n)*.*AB1/.test(page)), "family and code beside all columns: " + list);
 check(readFile(paths().app + "/Articole.htm").includes("Scaun fag"));
 
-// The catalogue as XML; the order form from its prototype.
+// The catalogue as XML; the order form from its template.
 w.click("CommandButton1");
 const xml = readFile(paths().app + "/articole.xml");
 check(xml.includes("<gestiuneExport>") && xml.includes('DENUMIRE="Textile"') && xml.includes('CODART="AB1"'));
@@ -204,7 +204,7 @@ const form = readFile(paths().app + "/HTML/FormularComanda.htm");
 check(form.includes("\n\tfrmComanda.cboArticol.options[0]") && form.includes('"- Mobilier - "') &&
       form.includes('"AB1"') && form.includes("options[2]") && form.endsWith("//@Inceput#</script>"), form);
 
-// What a document names stays; the rest goes with the question.
+// Articles used in documents cannot be deleted; others are, after a question.
 sql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT) VALUES ('BI1', 1, 'AB1', 1)");
 key("F5");
 grid.select(0);
@@ -221,7 +221,7 @@ w.click("cmdSterge");
 expectMessage("Sunteti sigur ca doriti sa stergeti articolul : Servicii si Stoc = 0 ?", { title: "Confirmare stergere" });
 equal(grid.column("CODART"), ["AB1"]);
 
-// An article that a colleague deletes while it is being changed: no other one is deleted in its place.
+// Another user deletes an article that is being changed: no other one is deleted in its place.
 sql("INSERT INTO G_ARTMAG (CODART, DENART, FAMART, UM, CODFURNIZO, COTATVA) VALUES ('ZZ', 'Ultimul', 1, 'Buc', 1, 19)");
 key("F5");
 grid.select(1);
@@ -238,7 +238,7 @@ answer("Nu");
 w.close();
 expectMessage("Fisa a fost modificata. Salvati modificarile ?", { buttons: ["Da", "Nu", "Renuntare"] });
 
-// Hearing devices have columns and boxes of their own.
+// Hearing devices have additional columns and boxes.
 company({ hearing: true });
 sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (1, 'FURNIZOR UNU', 'F')");
 sql("INSERT INTO G_FAMART (COD, DENUMIRE) VALUES (1, 'Aparate')");

@@ -1,4 +1,4 @@
-// Documents on paper, through the real windows: the listing forms, their options, what stands on the pages.
+// Printed documents, through the real windows: the listing forms, their options, the contents of the pages.
 
 const year = today().substring(0, 4);
 const day = today().split("-").reverse().join(".");
@@ -21,7 +21,7 @@ const flat = (path) => pdfText(path).replace(/\s+/g, " ");
 const has = (text, ...parts) => parts.forEach((part) => check(text.includes(part), part + " in " + text));
 const not = (text, ...parts) => parts.forEach((part) => check(!text.includes(part), part + " not in " + text));
 
-// The customer's invoice. Nothing is printed that is not stored.
+// The customer invoice. Only stored documents are printed.
 menu("mnuVanzFactura");
 win("frmGrilaFC2").click("cmdAE");
 const w = win("frmGrilaFC");
@@ -41,7 +41,7 @@ expectMessage("Va rugam apasati butonul Detaliu pentru salvarea informatiilor di
 w.type("txtFields(3)", "Livrare in doua zile");
 w.click("cmdSalvare");
 
-// No lines, no paper.
+// Nothing is printed without lines.
 w.click("cmdTiparire");
 let form = win("frmLstFC");
 equal([form.title(), form.text("Frame2"), form.text("Frame1")], ["Facturi Clienti", "Optiuni de listare", "Date despre delegat"]);
@@ -56,7 +56,7 @@ lines.addLine("M1", "3");
 lines.addLine("S1", "2");
 key("Esc");
 
-// What stands typed and not saved does not show; the options print and the preview is a second copy.
+// Typed values that are not saved are not printed; the options print and the preview is a second copy.
 w.type("txtFields(3)", "Alta observatie");
 w.click("cmdTiparire");
 form = win("frmLstFC");
@@ -95,7 +95,7 @@ equal(text.split("osutasaptisprezece lei si optzecisiunu bani").length, 3, "word
 has(text, "CHITANTA", "117,81 lei", "osutasaptisprezece lei si optzecisiunu bani", "contravaloarea facturii seria ATL nr. 7 din " + day,
     "Pop Ion");
 
-// A pre-printed form takes the values alone.
+// A pre-printed form gets only the values.
 form.set("chkTiparire", true);
 form.click("cmdVisualizare");
 files = printed();
@@ -105,7 +105,7 @@ has(text, "Marfa intai", "54,00", "117,81", "ATELIERUL SRL", "CLIENT DOI", "osut
 not(text, "FACTURA", "CHITANTA", "Furnizor", "Cantitatea");
 form.set("chkTiparire", false);
 
-// Giving up in the options ends that print; the preview comes all the same.
+// Cancelling the options ends the print; the preview is still shown.
 keepPreview(true);
 form.click("cmdVisualizare");
 win("frmOptiuniTiparire").click("cmdAnulare");
@@ -115,7 +115,7 @@ check(!win("frmPrevizualizare").isVisible("lblStare"), "nothing to report");
 win("frmPrevizualizare").click("cmdInchide");
 equal(printed().length, 1);
 
-// What cannot be computed is named in the preview.
+// The preview lists what cannot be computed.
 const layout = paths().app + "/lst/FacturiCLIFull.lst";
 const sound = readFile(layout);
 writeFile(layout, sound.replace('formula="SERIEFC"', 'formula="SERIEFC.repeta(2)"').replace('formula="UM"', 'formula="UM * 1"'));
@@ -128,7 +128,7 @@ writeFile(layout, sound);
 keepPreview(false);
 equal(printed().length, 1);
 
-// The layout's command stays hidden until P on "Listare".
+// The layout's command is hidden until P is pressed on "Listare".
 check(!form.isVisible("cmdDesign"), "hidden");
 form.press("txtBI", "P");
 check(!form.isVisible("cmdDesign"), "still hidden");
@@ -142,7 +142,7 @@ shot("proiectare");
 designer.click("cmdInchide");
 form.click("cmdAnulare");
 
-// A customer whose card is gone: told twice, printed without.
+// A deleted partner's card: two messages, printed without it.
 sql("UPDATE G_FACCLI SET CODCLI = 99 WHERE NUMFAC = '7'");
 w.click("cmdTiparire");
 form = win("frmLstFC");
@@ -157,7 +157,7 @@ not(text, "CLIENT DOI", "J22/9/2019", "null", "undefined");
 form.click("cmdAnulare");
 sql("UPDATE G_FACCLI SET CODCLI = 2 WHERE NUMFAC = '7'");
 
-// In foreign currency amounts are those of the currency, or with the box off of lei: 117.81 x 5 = 589.05.
+// Amounts are in the document's currency or, with the box unticked, in lei: 117.81 x 5 = 589.05.
 sql("UPDATE G_FACCLI SET CODDeviza = 'EUR', Curs = 5 WHERE NUMFAC = '7'");
 answer("Nu");
 w.click("cmdFacturaNoua");
@@ -179,7 +179,7 @@ has(text, "Valori in lei", "90,00", "270,00", "51,30", "495,00", "94,05", "589,0
 not(text, "EUR");
 form.click("cmdAnulare");
 
-// Over several pages: 400 lines of 2 x 1.25, each with 0.48 of VAT. Every line stands once, the sum is carried over.
+// Several pages: 400 lines of 2 x 1.25, each with 0.48 of VAT. Every line once, the sum is carried over.
 sql("INSERT INTO G_FACCLI (NUMFAC, CODCLI, BATVA1, DATAFAC, Magazie, VALIDAT, JURNAL) SELECT '8', 2, BATVA1, DATAFAC, 1, 0, ' ' FROM G_FACCLI WHERE NUMFAC = '7'");
 const longName = "Covor tesut manual din lana WWWWWWW";
 function printLines(count) {
@@ -222,7 +222,7 @@ form.click("cmdAnulare");
 equal(pageCount(pdfText(printed()[1])), 2, "the receipt keeps its place");
 w.close();
 
-// The others: one form each, the preview alone.
+// The other kinds: one form each, only the preview.
 function listed(name, caption, path) {
   const window = win(name);
   equal(window.title(), caption);
@@ -230,7 +230,7 @@ function listed(name, caption, path) {
   window.click("cmdVisualizare");
   window.click("cmdAnulare");
   const found = printed();
-  equal([found.length, found[0].replace(/.*\//, "").replace(/-\d+/, "")], [1, path + ".pdf"], "the preview alone");
+  equal([found.length, found[0].replace(/.*\//, "").replace(/-\d+/, "")], [1, path + ".pdf"], "only the preview");
   return flat(found[0]);
 }
 

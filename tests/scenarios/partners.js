@@ -1,4 +1,4 @@
-// Partners: the card of a customer, search and filter, balances, what a partner in use is spared.
+// Partners: the card of a customer, search and filter, balances, the refused deletion of a partner in use.
 setToday("2026-03-15");
 company({ hearing: false });
 sql("INSERT INTO kt_ter (COD, NUME, TIP, ORAS) VALUES (1, 'FURNIZOR UNU', 'F', 'IASI'), (2, 'MIXT SRL', 'M', 'CLUJ')");
@@ -68,7 +68,7 @@ w.tab("Lista Terti");
 equal(grid.column("NUME"), ["ALFA SRL", "DOCTOR POP", "MIXT SRL"]);
 equal(grid.cell(0, "Angajator"), "MIXT SRL");
 
-// A change is taken back by Esc, saved by the command; the discount is replaced.
+// A change is undone by Esc, saved by the command; the discount is replaced.
 grid.select(1);
 grid.select(0);
 w.tab("Fisa Tert");
@@ -78,13 +78,13 @@ key("Esc");
 equal(w.text("txtFields(6)"), "");
 w.type("txtFields(6)", "brasov");
 w.type("txtDiscount", "");
-// What a colleague has stored of the same partner meanwhile is not taken back.
+// Values that another user has stored for the same partner are not overwritten.
 sql("UPDATE kt_ter SET TELEFON = '0268' WHERE COD = 4");
 w.click("cmdModifica");
 equal(sql("SELECT ORAS, TELEFON FROM kt_ter WHERE COD = 4"), [{ ORAS: "BRASOV", TELEFON: "0268" }]);
 equal(sql('SELECT * FROM "Terti - Discounturi"'), []);
 
-// Search by first letters, among all partners; nothing found leaves the list alone.
+// Prefix search among all partners; without a match the list is unchanged.
 w.tab("Lista Terti");
 w.type("txtCautare", "mi");
 w.press("txtCautare", "Enter");
@@ -131,7 +131,7 @@ equal(grid.cell(1, "SOLD"), "");
 w.click("cmdSolduri");
 equal(sql("SELECT COD, SOLD FROM kt_ter WHERE SOLD IS NOT NULL"), [{ COD: 4, SOLD: -5.05 }], "of 4111 and 419 the last");
 
-// In use: refused behind the question, whatever its balance.
+// In use: refused after the question, whatever the balance.
 grid.select(0);
 answer("Da"); answer("OK");
 w.click("cmdSterge");
@@ -146,7 +146,7 @@ w.click("cmdSterge");
 expectMessage("DOCTOR POP");
 equal(grid.column("NUME"), ["ALFA SRL", "MIXT SRL"]);
 
-// At an end the steps say so.
+// At either end the navigation shows a message.
 grid.select(0);
 answer("OK");
 w.click("cmdPrev");
@@ -156,7 +156,7 @@ answer("OK");
 w.click("cmdNext");
 expectMessage("Sunteti pozitionat pe ultimul  tert!");
 
-// Suppliers stand in a window of their own, with their kinds; both windows stay in step.
+// Suppliers have their own window, with their kinds; both windows are synchronized.
 menu("mnuTabeleFurnizori");
 equal(openCount("frmTerti"), 2);
 let s = win("frmTerti");
@@ -171,7 +171,7 @@ equal(sql("SELECT TIP FROM kt_ter WHERE NUME = 'COMUN'"), [{ TIP: "M" }]);
 s.close();
 equal(win("frmTerti").grid("grdDataGrid").column("NUME"), ["ALFA SRL", "COMUN", "MIXT SRL"]);
 
-// All headings are whole on paper, on each sheet beside the code.
+// All headings are printed completely, on each sheet beside the code.
 w = win("frmTerti");
 w.tab("Lista Terti");
 w.press("grdDataGrid", "Ctrl+A");

@@ -1,4 +1,4 @@
-// Transactions, the write lock between workstations, and files that are not what they should be.
+// Transactions, the write lock between workstations, and invalid files.
 #include "store/Database.h"
 
 #include <QFile>
@@ -27,7 +27,7 @@ QString errorOf(const std::function<void()>& work) {
   return {};
 }
 
-TEST(DatabaseTest, TransactionsAreWholeAndNest) {
+TEST(DatabaseTest, TransactionsAreAtomicAndNest) {
   const TestCompany company;
   const qint64 before = currencies();
   {
@@ -39,7 +39,7 @@ TEST(DatabaseTest, TransactionsAreWholeAndNest) {
     }
     {
       Transaction failing(database());
-      EXPECT_THROW(addCurrency("aaa"), StoreError);  // the key compares without case
+      EXPECT_THROW(addCurrency("aaa"), StoreError);  // the key is case insensitive
     }
     addCurrency("CCC");
     outer.commit();
@@ -53,7 +53,7 @@ TEST(DatabaseTest, TransactionsAreWholeAndNest) {
   EXPECT_FALSE(database().inTransaction());
 }
 
-// What engines, files and the XML reader refuse, as the user reads it.
+// The errors of engines, files and the XML reader, as shown to the user.
 TEST(DatabaseTest, ReasonsAreInRomanian) {
   const TestCompany company;
   const QRegularExpression english(
@@ -75,7 +75,7 @@ TEST(DatabaseTest, ReasonsAreInRomanian) {
     EXPECT_TRUE(!text.isEmpty() && !text.contains(english)) << qUtf8Printable(text);
 }
 
-TEST(DatabaseTest, TextComparesWithoutCaseAndBoundValuesAreNeverStatements) {
+TEST(DatabaseTest, TextComparesCaseInsensitivelyAndBoundValuesAreNeverExecuted) {
   const TestCompany company;
   const QString odd = QStringLiteral("O'B\"%_!--;");
   ExecutaSql("INSERT INTO kt_oper (COD, DENUMIRE) VALUES (?, ?)", {"X1", odd});
@@ -106,7 +106,7 @@ TEST(DatabaseTest, RoundingInStatementsIsTheProgramsOwn) {
   EXPECT_EQ(OpenRs("SELECT ROUND_EVEN(0.125, 2) AS A").first().decimal("A"), 12_dec / 100);
 }
 
-TEST(DatabaseTest, WhoeverWaitsForTheLockIsAskedAndMayGiveUp) {
+TEST(DatabaseTest, AUserWhoWaitsForTheLockIsAskedAndMayCancel) {
   const TestCompany company;
   MessageRecorder messages;
   const auto other = Database::open(company.path());
@@ -141,7 +141,7 @@ TEST(DatabaseInFileTest, AFullDiskUndoesTheWholeTransaction) {
   EXPECT_EQ(currencies(), before + 1);
 }
 
-TEST(DatabaseInFileTest, FilesThatAreNoCompanySayWhatIsWrong) {
+TEST(DatabaseInFileTest, FilesThatAreNotACompanyAreReportedWithTheReason) {
   const TestCompany company;
   const QTemporaryDir dir;
   const auto openText = [](const QString& path) { return errorOf([&path] { Database::open(path); }); };

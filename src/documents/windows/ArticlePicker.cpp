@@ -26,7 +26,7 @@ ArticlePicker::ArticlePicker(const ArticleList& list, QWidget* parent)
   completer_->setMaxVisibleItems(12);
   completer_->setWidget(this);
   completer_->popup()->setObjectName(QStringLiteral("DataList1"));
-  // A control of the document's window, found there by its name.
+  // Child of the document's window, so that it can be found there by name.
   completer_->popup()->setParent(this, completer_->popup()->windowFlags());
   completer_->popup()->installEventFilter(this);
   connect(completer_, qOverload<const QModelIndex&>(&QCompleter::activated), this,
@@ -40,7 +40,7 @@ ArticlePicker::ArticlePicker(const ArticleList& list, QWidget* parent)
   });
 }
 
-// The whole text of a row finds that row as well: its code stands between the last parentheses.
+// The complete text of a row also finds that row: its code is between the last parentheses.
 Recordset ArticlePicker::matches() const {
   const QString typed = text().trimmed();
   Recordset found = findArticles(list_, typed, kMostRows);
@@ -91,7 +91,7 @@ void ArticlePicker::take(const QModelIndex& index) {
 std::optional<ArticlePicker::Choice> ArticlePicker::choice() const {
   if (taken_) return taken_;
   const QModelIndex current = completer_->popup()->currentIndex();
-  // An empty text names nothing, but the arrow keys may have chosen in the list that still stands.
+  // An empty text matches nothing, but a row may be selected with the arrow keys in the open list.
   const bool chosen =
       completer_->popup()->isVisible() && completer_->popup()->selectionModel()->isSelected(current);
   if (rows_->rowCount() == 0 || (text().trimmed().isEmpty() && !chosen)) return std::nullopt;
@@ -107,7 +107,7 @@ void ArticlePicker::keyPressEvent(QKeyEvent* event) {
   QLineEdit::keyPressEvent(event);
 }
 
-// Enter and Tab take the highlighted row; what the popup does not need goes to the text.
+// Enter and Tab choose the highlighted row; keys that the popup does not use go to the text.
 bool ArticlePicker::eventFilter(QObject* watched, QEvent* event) {
   if (watched != completer_->popup() || event->type() != QEvent::KeyPress)
     return QLineEdit::eventFilter(watched, event);

@@ -1,5 +1,5 @@
-// The name cell's editor: a line edit that drops the articles whose name, code or supplier's code holds what
-// is typed. At most 50 rows are read for each letter, so it answers at once however large the catalogue.
+// The editor of the name cell: a line edit with a list of the articles whose name, code or supplier's code
+// contains the typed text. It reads at most 50 rows per keystroke, so that it is fast with a large catalogue.
 #pragma once
 
 #include <QCompleter>
@@ -15,10 +15,10 @@ class ArticlePicker : public QLineEdit {
  public:
   ArticlePicker(const ArticleList& list, QWidget* parent);
 
-  /// Drops the list for what is typed now.
+  /// Opens the list for the typed text.
   void drop();
 
-  /// The picked article: by the highlighted row, or the exact or first match of a text.
+  /// The chosen article: that of the highlighted row, or the exact or first match of the text.
   struct Choice {
     QString code;
     QString listText;
@@ -26,7 +26,7 @@ class ArticlePicker : public QLineEdit {
   std::optional<Choice> choice() const;
 
  signals:
-  /// A row of the list was clicked or taken with Enter or Tab.
+  /// A row of the list was clicked or chosen with Enter or Tab.
   void picked(bool withTab);
 
  protected:
@@ -36,7 +36,7 @@ class ArticlePicker : public QLineEdit {
  private:
   Recordset matches() const;
   void refill();
-  int bestRow() const;  ///< the row with just the typed text, else the first
+  int bestRow() const;  ///< the row with exactly the typed text, else the first
   void take(const QModelIndex& index);
 
   ArticleList list_;

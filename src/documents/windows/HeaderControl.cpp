@@ -180,19 +180,19 @@ class PartnerControl : public HeaderControl {
  private:
   void showName() {
     names_->showData(text().isEmpty() ? QVariant() : QVariant(text().toLongLong()));
-    tellName();
+    showFullName();
   }
 
-  void tellName() {
+  void showFullName() {
     if (!name_) return;
     const QString name = names_->choice().isNull() ? QString() : names_->currentText();
     name_->setText(name);
-    name_->setToolTip(name);  // where the name is too long for its place
+    name_->setToolTip(name);  // in case the name is too long for the label
   }
 
   void takeName() {
     const QString code = names_->choice().toString();
-    tellName();
+    showFullName();
     if (text() == code) return;
     code_->setText(code);
     emit touched();
@@ -210,7 +210,7 @@ class PartnerControl : public HeaderControl {
     });
   }
 
-  // The new partner is chosen in this document, which comes to the front.
+  // Selects the new partner in this document and activates its window.
   void bringBack(const QString& code) {
     QWidget* form = code_;
     while (form->parentWidget() && !qobject_cast<QMdiSubWindow*>(form->parentWidget()))
@@ -248,7 +248,7 @@ class CodeControl : public HeaderControl {
                                          : KeyFilter::NoQuote | KeyFilter::NoBlank);
     pairWithCombo(code_, list_);
     if (mayBeBlank) requireKnownCodeWhenLeft(code_, QStringLiteral("CodJurnal"));
-    if (mayBeBlank) connect(code_, &QLineEdit::textChanged, this, [this] { tellOwnJournal(); });
+    if (mayBeBlank) connect(code_, &QLineEdit::textChanged, this, [this] { showOwnJournal(); });
     connect(code_, &QLineEdit::textEdited, this, &HeaderControl::touched);
     connect(code_, &QLineEdit::editingFinished, this, [this] { choose(); });
     connect(list_, &SearchCombo::settled, this, [this] { choose(); });
@@ -259,7 +259,7 @@ class CodeControl : public HeaderControl {
   void refresh() override {
     const QSignalBlocker quiet(list_);
     LegaCombo(*list_, entries_());
-    emit code_->textChanged(code_->text());  // shows the code's place in the list anew
+    emit code_->textChanged(code_->text());  // selects the code in the list again
   }
 
   QList<QWidget*> boxes() const override { return {code_, list_}; }
@@ -268,7 +268,7 @@ class CodeControl : public HeaderControl {
   void put(const QString& text) override { code_->setText(text); }
 
  private:
-  void tellOwnJournal() {
+  void showOwnJournal() {
     if (code_->text() == QStringLiteral(" ")) list_->lineEdit()->setPlaceholderText(kOwnJournal);
   }
 
@@ -312,7 +312,7 @@ class ChoiceControl : public HeaderControl {
   }
 
  private:
-  // A text that is no choice stays to be mended; the row of an empty list is none.
+  // A text that matches no entry remains for correction; the row of an empty list is not an entry.
   void take() {
     const QString choice = list_->choice().toString();
     if (list_->currentText() == kNoRecords) return list_->showData(text_);
@@ -328,7 +328,7 @@ class ChoiceControl : public HeaderControl {
   QString text_;
 };
 
-// The way of payment: one of four words. Nothing chosen leaves the kind's own.
+// The payment method, one of four words. Without a choice the kind's default applies.
 class PaymentControl : public HeaderControl {
  public:
   PaymentControl(const HeaderField& field, QWidget* form)

@@ -1,4 +1,4 @@
-// One field of a document's header on screen: the boxes it is entered in, shown and read as one text.
+// The controls of one header field, which show and read it as one text.
 #pragma once
 
 #include <memory>
@@ -20,31 +20,31 @@ class HeaderControl : public QObject {
 
   void show(const QString& text);
   virtual QString text() const = 0;
-  /// Takes over what is still being typed.
+  /// Commits text that is still being typed.
   virtual void settle() {}
-  /// Re-reads its list; what is chosen stays chosen.
+  /// Reads its list again; keeps the selection.
   virtual void refresh() {}
 
-  /// Its boxes in tab order; the first takes the focus when the field is at fault.
+  /// Its boxes in tab order; the first gets the focus when the field is at fault.
   virtual QList<QWidget*> boxes() const = 0;
-  /// What its caption reaches.
+  /// The control focused by its caption's access key.
   virtual QWidget* entry() const { return boxes().first(); }
-  /// What else stands in its row.
+  /// Further controls in its row.
   virtual QWidget* besides() const { return nullptr; }
-  /// What stands in a row of its own below it.
+  /// A control in the row below.
   virtual QWidget* below() const { return nullptr; }
 
  signals:
   /// The user changed something.
   void touched();
-  /// The user chose something other than what stood.
+  /// The user chose another value.
   void chosen();
 
  protected:
   virtual void put(const QString& text) = 0;
-  /// Tells of a choice when the text is another one than before.
+  /// Emits chosen() if the text has changed.
   void choose();
-  /// The text shown or chosen last.
+  /// The last text shown or chosen.
   const QString& known() const { return known_; }
 
  private:

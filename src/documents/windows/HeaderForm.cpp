@@ -51,7 +51,7 @@ void HeaderForm::layOut() {
   }
   const size_t inColumn = controls_.size() > kMostInOneColumn ? (rows + 1) / 2 : rows;
   auto* sideBySide = new QHBoxLayout;
-  size_t filled = inColumn;  // of the column that is being filled
+  size_t filled = inColumn;  // of the current column
   for (HeaderControl* control : inRows) {
     if (filled >= inColumn) {
       if (!columns_.isEmpty()) sideBySide->addSpacing(fontMetrics().height());
@@ -80,7 +80,7 @@ void HeaderForm::addRow(QFormLayout* rows, HeaderControl* control) {
   if (QWidget* below = control->below()) rows->addRow(QString(), below);
 }
 
-// The box, then currency and rate, which it opens.
+// The box, then currency and rate, which it enables.
 void HeaderForm::addCurrencyRow(QFormLayout* rows, HeaderControl* box) {
   auto* row = new QHBoxLayout;
   if (HeaderControl* currency = find(HeaderFieldType::Currency)) row->addWidget(currency->entry(), 1);

@@ -1,5 +1,5 @@
-// The header of a document on screen: a control for each header field of the kind, under its known name, in
-// one column or, where there are many, in two.
+// The header of a document: a control with a fixed name for each header field of the kind, in one column, or
+// two if there are many.
 #pragma once
 
 #include <memory>
@@ -26,21 +26,21 @@ class HeaderForm : public QGroupBox {
   void fill(const QHash<QString, QString>& texts, bool numberLocked);
   /// Shows what changed in some fields.
   void showChanges(const QHash<QString, QString>& texts);
-  /// Re-reads the lists; what is chosen stays chosen.
+  /// Reads the lists again; keeps the selections.
   void refreshLists();
 
-  /// What stands in the controls, by HeaderField::key().
+  /// The texts of the controls, by HeaderField::key().
   QHash<QString, QString> texts() const;
-  /// As texts(), having taken over first what is still being typed.
+  /// As texts(), after committing text that is still being typed.
   QHash<QString, QString> typed();
 
-  /// A line below the fields: what state the document is in.
+  /// Shows the state of the document in a line below the fields.
   void showState(const QString& text);
 
-  /// The control of a key, null when the header has none.
+  /// The control of a key; null if there is none.
   QWidget* control(const QString& key) const;
   void focusNumber();
-  /// Whether the boxes of a field can be used.
+  /// Enables or disables the boxes of a field.
   void setFieldEnabled(const QString& key, bool is);
   /// The controls in the order in which Tab and Enter go through them.
   QList<QWidget*> tabChain() const;
@@ -59,7 +59,7 @@ class HeaderForm : public QGroupBox {
   void addRow(QFormLayout* rows, HeaderControl* control);
   void addCurrencyRow(QFormLayout* rows, HeaderControl* box);
   HeaderControl* find(HeaderFieldType type) const;
-  /// Whether the control stands in the row of the currency's box.
+  /// Whether the control is in the row of the foreign currency box.
   bool isBesideForeign(const HeaderControl* control) const;
   void enableCurrency();
 

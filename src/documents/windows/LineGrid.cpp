@@ -27,7 +27,7 @@ void LineGrid::startNewLine() {
   scrollTo(first);
 }
 
-// A picker for the name, a plain line edit for the rest.
+// An ArticlePicker for the name, a line edit for the other cells.
 QLineEdit* LineGrid::makeEditor(QWidget* parent, const QModelIndex& index) {
   if (lines_->lineColumn(index.column()).entry != LineEntry::Name)
     return EntryGrid::makeEditor(parent, index);
@@ -42,7 +42,7 @@ QLineEdit* LineGrid::makeEditor(QWidget* parent, const QModelIndex& index) {
 bool LineGrid::leavesUntouched(const QLineEdit* editor, const QModelIndex& index) const {
   const auto* picker = qobject_cast<const ArticlePicker*>(editor);
   if (picker && picker->choice()) return false;
-  // A new line's code may be left empty on the way to its name, but Enter confirms it.
+  // Tab may leave a new line's code empty to reach the name; Enter may not.
   const bool confirmsNoCode = isConfirming() && editor->text().isEmpty() &&
                               lines_->lineColumn(index.column()).entry == LineEntry::Code;
   return editor->text() == initialText() && !confirmsNoCode;
@@ -54,7 +54,7 @@ void LineGrid::take(QLineEdit* editor, const QModelIndex& index) {
   const auto choice = picker ? picker->choice() : std::nullopt;
   if (!choice) {
     const DocumentEditor::Verdict verdict = lines_->check(index, editor->text());
-    if (verdict.refused && verdict.text.isEmpty() && picker) return;  // an empty name is just left
+    if (verdict.refused && verdict.text.isEmpty() && picker) return;  // leaving an empty name is allowed
     if (verdict.refused && verdict.text.isEmpty()) throw QuietRefusal();
     if (verdict.setsBack) throw SetBack(verdict.text);
     if (verdict.refused) throw RuleError(verdict.text);
@@ -77,7 +77,7 @@ void LineGrid::afterRefusal() {
 void LineGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   EntryGrid::currentChanged(current, previous);
   if (!current.isValid() || isRefusing()) return;
-  // Reaching the name of an empty line drops the list of articles.
+  // Entering the name cell of an empty line opens the list of articles.
   if (lines_->lineColumn(current.column()).entry == LineEntry::Name &&
       (current.flags() & Qt::ItemIsEditable) && hasFocus())
     QMetaObject::invokeMethod(
@@ -90,7 +90,7 @@ void LineGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
 
 QModelIndex LineGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
   const QModelIndex from = currentIndex();
-  // The new line is entered at its code, whatever the column.
+  // The new line is entered at its code, from any column.
   if (action == MoveDown && hasNewRow() && from.isValid() && from.row() == lines_->rowCount() - 2)
     return lines_->index(lines_->rowCount() - 1, columnOf("CODART"));
   if (action == MoveNext && isConfirming() && from.isValid() && hasNewRow() &&
@@ -99,7 +99,7 @@ QModelIndex LineGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
   return action == MoveNext && isConfirming() ? nextUsual(from) : EntryGrid::moveCursor(action, modifiers);
 }
 
-// What is typed on nearly every line; Tab reaches the rest.
+// The cells typed on nearly every line; Tab reaches the others.
 QModelIndex LineGrid::nextUsual(const QModelIndex& from) const {
   for (QModelIndex at = from;;) {
     const QModelIndex next = nextOpen(at, 1);

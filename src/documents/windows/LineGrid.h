@@ -1,6 +1,6 @@
-// The grid of a document's lines, worked by keyboard: Enter moves to the next code or quantity, Tab to the
-// next open cell and behind the last one out of the grid, Ctrl+Tab always out of it; a refused cell keeps its
-// text and the focus, the name cell drops the list of articles.
+// The grid of a document's lines, for keyboard entry: Enter moves to the next code or quantity, Tab to the
+// next editable cell and after the last one out of the grid, Ctrl+Tab always out of it. A refused cell keeps
+// its text and the focus; the name cell opens the list of articles.
 #pragma once
 
 #include "config/Lists.h"
@@ -16,18 +16,17 @@ class LineGrid : public EntryGrid {
   LineGrid(const QString& name, LineModel* model, const ArticleList& articles, const QString& form,
            QWidget* parent);
 
-  /// Whether an empty row for the next line stands at the end.
+  /// Whether there is an empty row for the next line at the end.
   bool hasNewRow() const { return model()->rowCount() > 0 && lines_->isNewRow(model()->rowCount() - 1); }
 
-  /// Enter on a cell of the column goes on with the next line, for one who only scans codes and types
-  /// quantities.
+  /// Enter in a cell of the column moves to the next line, for users who only scan codes and type quantities.
   void setLastColumn(const QString& field) { lastColumn_ = field; }
 
   /// Moves to the empty row and opens its first cell.
   void startNewLine();
 
  signals:
-  /// A line could not be stored, and the user has been told why.
+  /// A line could not be stored; the reason has been shown.
   void refusedByStore();
 
  protected:

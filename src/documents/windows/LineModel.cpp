@@ -85,7 +85,7 @@ QVariant LineModel::data(const QModelIndex& index, int role) const {
       return line.isNull(column.field) ? QString() : editNumber(line.decimal(column.field));
     }
     case Qt::ToolTipRole:
-      return data(index, Qt::DisplayRole);  // whole, where the column is too narrow for it
+      return data(index, Qt::DisplayRole);  // the complete text, in case the column is too narrow
     case Qt::TextAlignmentRole:
       if (column.format == CellFormat::Number) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
       return {};
@@ -137,7 +137,7 @@ void LineModel::setArticle(int row, const QString& code, const QString& listText
   const bool added = isNewRow(row);
   editor_.setArticle(static_cast<size_t>(row), code, listText, bySupplierCode);
   if (added) {
-    // The entry row became the line; a fresh entry row stands behind it.
+    // The entry row became the line and is followed by a new entry row.
     beginInsertRows({}, row + 1, row + 1);
     endInsertRows();
   }

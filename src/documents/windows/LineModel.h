@@ -1,5 +1,5 @@
-// The lines of the document on screen as a model: one row a line and, while the document is a draft, an empty
-// row at the end for the next one.
+// The model of the lines of the document on screen: one row per line and, for a draft, an empty row at the
+// end for the next one.
 #pragma once
 
 #include <functional>
@@ -11,7 +11,7 @@
 
 namespace velmar {
 
-/// How a marked line is painted; no valid colours for one that is not.
+/// The colours of a marked line; invalid for an unmarked one.
 struct LineColours {
   QColor text, back;
 };
@@ -22,11 +22,11 @@ class LineModel : public QAbstractTableModel {
  public:
   LineModel(DocumentEditor& editor, std::function<bool()> bySupplierCode, QObject* parent);
 
-  /// Tells the view that the document on screen is another one.
+  /// Notifies the view that another document is shown.
   void documentChanged();
-  /// Tells the view that lines stand out in another way.
+  /// Notifies the view that the marks of lines have changed.
   void marksChanged();
-  /// Tells the view that the amounts of lines have changed.
+  /// Notifies the view that the amounts of lines have changed.
   void amountsChanged();
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -36,15 +36,15 @@ class LineModel : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   const LineColumn& lineColumn(int column) const { return editor_.kind().lineColumns[column]; }
-  /// Whether no line may be changed, added or deleted.
+  /// Whether lines cannot be changed, added or deleted.
   bool isFrozen() const { return editor_.isFrozen(); }
   bool isNewRow(int row) const { return row >= static_cast<int>(editor_.lines().size()); }
 
-  /// Why the text cannot stand in the cell.
+  /// Why the text is refused in the cell.
   DocumentEditor::Verdict check(const QModelIndex& index, const QString& typed) const;
-  /// Stores a text that passed check(). What goes wrong in the store is thrown.
+  /// Stores a text that passed check(). Throws errors of the store.
   void enter(const QModelIndex& index, const QString& typed);
-  /// Puts the article of a list on the row.
+  /// Sets the article chosen from a list on the row.
   void pick(int row, const QString& code, const QString& listText);
   void deleteLine(int row);
 

@@ -1,4 +1,4 @@
-// The consumption voucher's window: the common one, with the list of articles that shows their cost.
+// The window of consumption vouchers, whose list of articles shows their cost.
 #pragma once
 
 #include "documents/windows/frmGrila.h"

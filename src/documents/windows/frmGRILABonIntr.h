@@ -1,4 +1,4 @@
-// The input voucher's window: the common one, with the list of articles that shows their cost.
+// The window of input vouchers, whose list of articles shows their cost.
 #pragma once
 
 #include "documents/windows/frmGrila.h"

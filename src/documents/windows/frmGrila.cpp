@@ -25,13 +25,13 @@ namespace velmar {
 
 namespace {
 
-constexpr int kWidest = 1180;  // beside the tool bars of the smallest screen
+constexpr int kWidest = 1180;  // fits beside the tool bars of the smallest screen
 constexpr int kFooterDecimals = 2;
 constexpr int kTall = 45;          // of a window, in lines of text
 constexpr int kShortestLines = 9;  // of the lines with heading and footer, as above
 constexpr int kListHeight = 7;     // of a list beside the header, as above
 
-// The header tells how tall its row is; the lists beside it share that height.
+// The header determines the height of its row; the lists beside it share that height.
 void fitBesideHeader(QWidget* list) {
   list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   list->setMinimumHeight(list->fontMetrics().height() * kListHeight);
@@ -100,7 +100,7 @@ QBoxLayout* frmGrila::commandRow() {
   return row;
 }
 
-// The key presses the button of the window that is in front.
+// The key presses the button of the active window.
 void frmGrila::shortcut(const QKeySequence& key, const QString& button) {
   auto* made = new QShortcut(key, this);
   connect(made, &QShortcut::activated, findChild<QPushButton*>(button), &QPushButton::click);
@@ -163,13 +163,13 @@ void frmGrila::buildLines(const ArticleList& articles) {
     try {
       changedElsewhere();
     } catch (const StoreError&) {
-      // The refusal has just been told for the same cause; the list stays as it is.
+      // The same cause has just been reported; the list is unchanged.
     }
   });
   connect(lineModel_, &LineModel::totalsChanged, this, &frmGrila::GridFooterText);
 }
 
-// From the header to its saving, then the other commands, the drafts and the lines.
+// From the header to its save button, then the other commands, the drafts and the lines.
 void frmGrila::orderTabs() {
   QList<QWidget*> chain = header_->tabChain();
   for (const char* name :
@@ -188,7 +188,7 @@ void frmGrila::run(const QString& procedure, const std::function<void()>& work) 
       work();
     } catch (const RuleError& rule) {
       showRule(rule);
-      // A broken rule without a field may come from another user's change.
+      // A RuleError without a field may be caused by another user's change.
       if (rule.field().isEmpty()) changedElsewhere();
     }
   });
@@ -198,7 +198,7 @@ void frmGrila::changedElsewhere() {
   try {
     if (editor_.followStored(header_->texts()) || editor_.followReceipt()) return showDocument();
   } catch (const RuleError&) {
-    // The draft is gone, as the refusal has just said.
+    // The draft no longer exists, as the message has just said.
   }
   refreshDrafts();
 }
@@ -209,7 +209,7 @@ void frmGrila::showRule(const RuleError& rule) {
   if (!at && rule.field() == QStringLiteral("CODART")) at = lines_;
   if (at) at->setFocus();
   if (auto* box = qobject_cast<QLineEdit*>(at)) box->selectAll();
-  ruleTold(rule);
+  ruleShown(rule);
 }
 
 void frmGrila::followHeader() {
@@ -299,7 +299,7 @@ void frmGrila::openSelected() {
   const QString number = record->text(editor_.kind().numberColumn);
   if (!editor_.isNew() && number == editor_.number()) return;
   if (!editor_.headerDiffers(header_->texts())) return openDraft(number);
-  // The question is shown once the event that chose the row is over.
+  // The question is shown after the event that selected the row.
   QMetaObject::invokeMethod(
       this, [this, number] { openDraft(number); }, Qt::QueuedConnection);
 }
@@ -314,7 +314,7 @@ void frmGrila::openDraft(const QString& number) {
     drafts_->selectRecord(editor_.kind().numberColumn, number);
   });
   if (!editor_.isNew() && number == editor_.number()) return;
-  // A field that stands refused keeps its document on screen: the list goes back to it.
+  // A refused field keeps its document on screen: the list selects it again.
   QMetaObject::invokeMethod(
       this, [this] { guarded(editor_.kind().window, "TDBGrid2", [this] { refreshDrafts(); }); },
       Qt::QueuedConnection);
@@ -335,7 +335,7 @@ void frmGrila::validate() {
     Mesaj(error.text(), kCritical, error.title());
     return;
   }
-  // What goes wrong from here on is no failure of the validation.
+  // Errors from here on are not failures of the validation.
   guarded(editor_.kind().window, "cmdFacturaNoua", [this] { newDocument(); });
   Mesaj(texts.validated, kOk, texts.validatedTitle);
   header_->focusNumber();
@@ -371,7 +371,7 @@ void frmGrila::AfisareAntet() {
 void frmGrila::DetaliiFactura() { lineModel_->documentChanged(); }
 
 void frmGrila::GridFooterText() {
-  showHeaderChanges();  // a line that got its article may have brought the rate
+  showHeaderChanges();  // setting an article may have set the rate
   for (const LineColumn& column : editor_.kind().lineColumns)
     if (editor_.isTotal(column.field))
       lines_->setFooter(column.field, formatNumber(editor_.total(column.field), kFooterDecimals));
@@ -394,8 +394,8 @@ QSize frmGrila::sizeHint() const {
   return {std::min(width, kWidest), fontMetrics().height() * kTall};
 }
 
-// Lists are read again whenever the window comes to the front: other windows and workstations may have added
-// to them.
+// Lists are read again whenever the window is shown, since other windows and workstations may have added
+// entries.
 void frmGrila::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (!ordered_) {

@@ -1,5 +1,5 @@
-// The one window of all documents: commands, header, list of drafts, lines with their totals. The windows of
-// the kinds add what is their own.
+// The common window of all documents: commands, header, list of drafts, lines with their totals. The windows
+// of the kinds add their own parts.
 #pragma once
 
 #include <functional>
@@ -25,10 +25,10 @@ struct ArticleList;
 class frmGrila : public QWidget {
   Q_OBJECT
  public:
-  /// A window for the kind, with the list that its name cells drop.
+  /// A window for the kind; `articles` is the list of its name cells.
   frmGrila(const QString& prefix, const ArticleList& articles, QWidget* parent);
 
-  /// Re-reads the lists: drafts and those of the header.
+  /// Reads the list of drafts and those of the header again.
   virtual void refreshLists();
 
   QSize sizeHint() const override;
@@ -36,7 +36,7 @@ class frmGrila : public QWidget {
  protected:
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  /// A header that is to be kept keeps the window open.
+  /// The window remains open when the user does not want to leave a changed header.
   void closeEvent(QCloseEvent* event) override;
 
   DocumentEditor& editor() { return editor_; }
@@ -49,11 +49,11 @@ class frmGrila : public QWidget {
   virtual void startDocument() { newDocument(); }
   /// Prints the document on screen.
   virtual void print();
-  /// Clears for a new document.
+  /// Starts a new document.
   void newDocument();
-  /// Stores the header and goes on to the lines.
+  /// Stores the header and moves to the lines.
   void save();
-  /// Prints the document as it is stored on an ordinary printer.
+  /// Prints the stored document on an ordinary printer.
   void printStored();
   /// Shows the editor's document: header, lines and the drafts beside it.
   void showDocument();
@@ -67,22 +67,22 @@ class frmGrila : public QWidget {
   virtual void documentShown() {}
   /// Called when the totals of the lines are shown.
   virtual void totalsShown() {}
-  /// Called when something in the header has changed, after the document has been told.
+  /// Called when something in the header has changed, after the editor has been updated.
   virtual void headerTouched() {}
-  /// Called when the user has chosen something in a field of the header, after the document has followed.
+  /// Called when the user has chosen something in a field of the header, after the editor has been updated.
   virtual void fieldChosen(const QString& /*key*/) {}
-  /// Called when the user has been told of a broken rule.
-  virtual void ruleTold(const RuleError& /*rule*/) {}
+  /// Called after a RuleError has been shown.
+  virtual void ruleShown(const RuleError& /*rule*/) {}
 
-  // What the windows of the kinds add to the common one.
+  // Used by the windows of the kinds to add their parts.
   void addCommand(QPushButton* button);
-  /// `list` takes the focus within the frame.
+  /// `list` gets the focus within the frame.
   void addBelowDrafts(QWidget* frame, QWidget* list);
   void addBesideCheck(QWidget* widget);
 
-  /// Runs a command: first takes over what stands in an open cell, then guards the work.
+  /// Runs a command: commits an open cell, then runs the work guarded.
   void run(const QString& procedure, const std::function<void()>& work);
-  /// Stores the header as it stands and shows it in the list of drafts.
+  /// Stores the current header and shows it in the list of drafts.
   void saveHeader();
   void recolourLines();
 
@@ -99,8 +99,8 @@ class frmGrila : public QWidget {
   void sterge();
   void openSelected();
   void openDraft(const QString& number);
-  /// Asks what becomes of a header that differs from what is stored, before another document takes its place.
-  /// False: the user stays, and all is as typed.
+  /// Asks whether to save a changed header before another document is shown. False: the user stays, and the
+  /// typed header is unchanged.
   bool leaveHeader();
   void beginDocument();
   void shortcut(const QKeySequence& key, const QString& button);
@@ -117,15 +117,15 @@ class frmGrila : public QWidget {
   DocumentEditor editor_;
   HeaderForm* header_;
   QHBoxLayout* commands_;
-  QVBoxLayout* lists_;         ///< drafts and what stands below them
+  QVBoxLayout* lists_;         ///< drafts and the frames below them
   QHBoxLayout* besideCheck_;   ///< the row above the lines
   QList<QWidget*> added_;      ///< by the windows of the kinds, in tab order
   TDBGrid* drafts_ = nullptr;  ///< TDBGrid2
   QCheckBox* bySupplierCode_ = nullptr;
   LineModel* lineModel_ = nullptr;
   LineGrid* lines_ = nullptr;  ///< TDBGrid1
-  bool ordered_ = false;       ///< tab order and mnemonics are given
-  bool listening_ = false;     ///< already follows the activation of its frame
+  bool ordered_ = false;       ///< tab order and mnemonics are set
+  bool listening_ = false;     ///< already connected to the activation of its frame
 };
 
 }  // namespace velmar

@@ -21,7 +21,7 @@ constexpr double kLarge = 2;  // times the usual size
 
 frmGrilaCS::frmGrilaCS(QWidget* parent)
     : frmGrila(QStringLiteral("BS"), articleListWithCostOrPrice({}), parent) {
-  bySupplierCode()->hide();  // the counter knows an article by its own code alone
+  bySupplierCode()->hide();  // articles are scanned only by their own code
   lines()->setLastColumn("CANT");
   lblDePlata_ = named(new QLabel, "lblDePlata", "Suma de plata");
   QFont large = font();
@@ -38,7 +38,7 @@ frmGrilaCS::frmGrilaCS(QWidget* parent)
     if (check.check == HeaderCheck::CashPartnerMissing) Mesaj(check.text);
 }
 
-// A new sale stands before its first line.
+// A new sale is stored before its first line is entered.
 void frmGrilaCS::startDocument() {
   newDocument();
   save();
@@ -57,7 +57,7 @@ void frmGrilaCS::print() {
 
 void frmGrilaCS::totalsShown() { lblDePlata_->setText(formatNumber(editor().total("VALOARETTI"), 2)); }
 
-// What the register was told stands.
+// After the receipt has been sent the sale cannot be changed.
 void frmGrilaCS::documentShown() {
   const bool isFrozen = editor().isFrozen();
   for (const QString& field : editor().kind().receipt.frozen) header()->setFieldEnabled(field, !isFrozen);

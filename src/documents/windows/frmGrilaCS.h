@@ -1,4 +1,4 @@
-// The cash sale's window: the common one, worked with a bar-code reader, which prints on the fiscal register.
+// The window of cash sales, for use with a bar-code reader; prints on the fiscal register.
 #pragma once
 
 #include "documents/windows/frmGrila.h"
@@ -19,7 +19,7 @@ class frmGrilaCS : public frmGrila {
   void totalsShown() override;
 
  private:
-  QLabel* lblDePlata_;  ///< the sum to pay, to be read from across the counter
+  QLabel* lblDePlata_;  ///< the sum to pay, in large digits for the customer
 };
 
 }  // namespace velmar

@@ -54,7 +54,7 @@ void frmGrilaFC::refreshLists() {
   showSource();
 }
 
-// The date of an invoice that stands is stored as soon as it changes.
+// The date of a stored invoice is stored as soon as it changes.
 void frmGrilaFC::fieldChosen(const QString& key) {
   if (key == editor().kind().dateColumn && !editor().isNew()) run("dtpDataFactura", [this] { saveHeader(); });
 }

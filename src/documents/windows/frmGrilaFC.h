@@ -1,5 +1,5 @@
-// The customer invoice's window: the common one, with the list of delivery notes or of orders that an invoice
-// can be made of.
+// The window of customer invoices, with the list of delivery notes or orders from which an invoice can be
+// created.
 #pragma once
 
 #include "documents/windows/frmGrila.h"
@@ -14,7 +14,7 @@ class frmGrilaFC : public frmGrila {
   explicit frmGrilaFC(QWidget* parent = nullptr);
 
   bool IsComanda() const { return IsComanda_; }
-  /// Whether the list of orders may be used on an invoice whose lines come from no note.
+  /// Whether the list of orders is enabled for an invoice whose lines come from no delivery note.
   void setIsComanda(bool is);
 
   void refreshLists() override;

@@ -1,4 +1,4 @@
-// The choice of what customer invoices are made of, before their window opens.
+// The choice of the source of customer invoices, before their window opens.
 #pragma once
 
 #include <QDialog>

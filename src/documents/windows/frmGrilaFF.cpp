@@ -54,8 +54,8 @@ void frmGrilaFF::headerTouched() {
   recolourLines();
 }
 
-// Without a method of valuation nothing can come into stock: here it is chosen.
-void frmGrilaFF::ruleTold(const RuleError& rule) {
+// Without a cost method nothing can be received: opens the window for choosing it.
+void frmGrilaFF::ruleShown(const RuleError& rule) {
   if (rule.field() == QStringLiteral("TCOST"))
     windowHost()->showOne("frmParamSoc", [] { return new frmParamSoc(nullptr); });
 }

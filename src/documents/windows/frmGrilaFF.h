@@ -1,5 +1,4 @@
-// The supplier invoice's window: the common one, with lines coloured by how their prices compare with the
-// last purchase.
+// The window of supplier invoices, whose lines are coloured by comparing their prices with the last purchase.
 #pragma once
 
 #include "documents/windows/frmGrila.h"
@@ -13,12 +12,12 @@ class frmGrilaFF : public frmGrila {
 
  protected:
   void headerTouched() override;
-  void ruleTold(const RuleError& rule) override;
+  void ruleShown(const RuleError& rule) override;
 
  private:
   void addLegend();
 
-  QString margin_;  ///< by which the lines are coloured
+  QString margin_;  ///< for colouring the lines
 };
 
 }  // namespace velmar

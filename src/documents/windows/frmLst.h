@@ -1,5 +1,4 @@
-// The one listing form of all documents: its options, the delegate's data, and the way to preview and
-// printer.
+// The listing form of all documents: options, the delegate's data, preview and print.
 #pragma once
 
 #include <QDialog>
@@ -16,8 +15,8 @@ struct PreparedReport;
 class frmLst : public QDialog {
   Q_OBJECT
  public:
-  /// For the document, which is read at once: throws RuleError when it is not stored. `foreign`: the document
-  /// is told to be in foreign currency.
+  /// Reads the document; throws RuleError when it is not stored. `foreign`: the document is in foreign
+  /// currency.
   frmLst(const ListingKind& kind, const QString& number, bool foreign, QWidget* parent);
 
  private:
@@ -35,8 +34,8 @@ class frmLst : public QDialog {
   QCheckBox* chkTiparire_ = nullptr;
 };
 
-/// Shows the listing form of a stored document and returns when it is closed. Throws RuleError when there is
-/// no such document.
+/// Shows the listing form of a stored document and returns when it is closed. Throws RuleError when the
+/// document does not exist.
 void listDocument(const QString& prefix, const QString& number, bool foreign, QWidget* parent);
 
 }  // namespace velmar

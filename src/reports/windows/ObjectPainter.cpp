@@ -23,15 +23,15 @@ constexpr qreal kSmallest = 0.5;  // of a wrapped text in a frame that is too lo
 constexpr qreal kSizeStep = 0.05;
 constexpr qreal kQuietZone = 10;  // modules beside a bar code
 
-/// A font with its measures, made once.
+/// A font with its metrics.
 class Letters {
  public:
-  explicit Letters(const Font& told) : font(fontOf(told)), metrics(font) {
+  explicit Letters(const Font& wanted) : font(fontOf(wanted)), metrics(font) {
     for (char16_t letter = 0; letter < kKnown; ++letter)
       widths_[letter] = metrics.horizontalAdvance(QChar(letter));
   }
 
-  // Without kerning a text is as wide as its letters, which is found much faster than by setting it.
+  // Without kerning the width is the sum of the letters' advances, which is much faster than a text layout.
   qreal width(const QString& text) const {
     qreal width = 0;
     for (const QChar letter : text) {
@@ -111,7 +111,7 @@ void drawLineOfText(QPainter& painter, const QRectF& frame, qreal baseline, cons
     painter.drawText(QPointF(alignedLeft(frame, width, style.align), baseline), text);
 }
 
-// Of a text of more lines the first ones. What is cut ends in dots.
+// Draws the lines that fit; a truncated text ends with dots.
 void drawLines(QPainter& painter, const QRectF& frame, const QString& text, const TextStyle& style,
                qsizetype most) {
   if (text.isEmpty()) return;
@@ -147,8 +147,8 @@ qreal textHeight(const QString& text, const TextStyle& style, qreal width) {
   return static_cast<qreal>(wrapped(text, letters, width).size()) * letters.metrics.height();
 }
 
-/// Lines between and around cells: what two cells share is drawn once, what runs on from cell to cell is one
-/// line.
+/// Lines between and around cells: a border shared by two cells is drawn once, borders that continue from
+/// cell to cell are joined.
 class Borderlines {
  public:
   void add(const QPointF& from, const QPointF& to) {
@@ -186,11 +186,11 @@ QRectF toTwips(const QRectF& millimetres) {
   return {millimetres.topLeft() * kTwipsPerMillimetre, millimetres.size() * kTwipsPerMillimetre};
 }
 
-QFont fontOf(const Font& told) {
-  QFont font = printFont(QFont(told.family), told.points);
-  font.setBold(told.bold);
-  font.setItalic(told.italic);
-  font.setUnderline(told.underlined);
+QFont fontOf(const Font& wanted) {
+  QFont font = printFont(QFont(wanted.family), wanted.points);
+  font.setBold(wanted.bold);
+  font.setItalic(wanted.italic);
+  font.setUnderline(wanted.underlined);
   font.setKerning(false);
   return font;
 }

@@ -1,5 +1,4 @@
-// How the parts of a layout look: paper, preview and designer draw through here. Frames are in twips, the
-// unit of the pages.
+// Draws the parts of a layout, for paper, preview and designer. Frames are in twips, the unit of the pages.
 #pragma once
 
 #include <QFont>
@@ -13,31 +12,31 @@
 
 namespace velmar::layout {
 
-/// Twips of millimetres.
+/// Converts millimetres to twips.
 inline qreal toTwips(double millimetres) { return millimetres * kTwipsPerMillimetre; }
 QRectF toTwips(const QRectF& millimetres);
 
 QFont fontOf(const Font& font);
 
-/// A text in its frame. One that is too wide is written narrower, a wrapped one that is too high in smaller
-/// letters; what still does not fit ends in dots, unless it is a number.
+/// Draws a text in its frame. A text that is too wide is condensed, a wrapped text that is too high is drawn
+/// in a smaller font; if it still does not fit it ends with dots, unless it is a number.
 void drawText(QPainter& painter, const QRectF& frame, const QString& text, const TextStyle& style);
 
 void drawLine(QPainter& painter, const QRectF& frame, const Line& line);
 void drawBox(QPainter& painter, const QRectF& frame, const Box& box);
-/// Nothing is drawn of a picture that could not be loaded.
+/// Draws nothing if the picture could not be loaded.
 void drawPicture(QPainter& painter, const QRectF& frame, const QImage& image, bool keepsRatio);
-/// Nothing is drawn of a text that the code cannot say.
+/// Draws nothing if the text cannot be encoded.
 void drawBarCode(QPainter& painter, const QRectF& frame, const BarCode& code, const QString& text);
 
-/// The height of a row with these texts in its cells: what it is told, or what its wrapped texts need.
+/// The height of a row with these texts in its cells: its minimum, or the height of its wrapped texts.
 qreal rowHeight(const TableRow& row, const QStringList& texts);
 qreal rowWidth(const TableRow& row);
 
-/// The row's fills, texts and borders. Lines of a text for which the frame is too low are left out.
+/// Draws the row's fills, texts and borders. Lines of a text that do not fit into the height are omitted.
 void drawRow(QPainter& painter, const QRectF& frame, const TableRow& row, const QStringList& texts,
              const Table& table);
-/// The borders at the sides of the row's cells, over the frame's height.
+/// Draws the side borders of the row's cells over the frame's height.
 void drawSides(QPainter& painter, const QRectF& frame, const TableRow& row, const Table& table);
 
 }  // namespace velmar::layout

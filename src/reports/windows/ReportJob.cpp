@@ -46,7 +46,7 @@ struct Visitor : Works... {
 
 }  // namespace
 
-/// Takes what stands on a page: on a painter, or as words alone.
+/// Receives the contents of a page: draws them, or collects their texts.
 class ReportJob::Flow {
  public:
   explicit Flow(QPainter* painter) : painter_(painter) {}
@@ -126,7 +126,7 @@ QPageLayout ReportJob::pageLayout() const {
                      QMarginsF(page.left, page.top, page.right, page.bottom), QPageLayout::Millimeter);
 }
 
-// An extended table moves what is below its end.
+// An extended table moves the objects below its end.
 QRectF ReportJob::frameOf(size_t object, int set) const {
   QRectF frame = layout_.objects[object].frame;
   if (table_ && table_->extension > 0 && isShown(extendsIf_, {.set = set})) {
@@ -158,7 +158,7 @@ bool ReportJob::isShown(int condition, const Place& place) const {
   return condition < 0 || evaluation_.isTrue(condition, place);
 }
 
-// Without texts only those are made that may let their row grow.
+// Without `withTexts` only the texts that may make their row higher are computed.
 ReportJob::FilledRows ReportJob::filled(RowRole role, int group, const Place& place, bool withTexts) const {
   FilledRows result;
   for (size_t i = 0; i < table_->rows.size(); ++i) {
@@ -194,7 +194,7 @@ void ReportJob::addToSums(std::vector<Decimal>& sums, int firstOpened, const Pla
   }
 }
 
-// The footer rows of the innermost group that is still to be looked at, if it closes here.
+// The footer rows of the innermost group not checked yet, if it closes here.
 std::optional<ReportJob::Block> ReportJob::closingBlock(const Position& at, int firstClosed, int page,
                                                         bool withTexts) const {
   const int group = static_cast<int>(groupFormulas_.size()) - 1 - at.step;
@@ -242,8 +242,8 @@ bool ReportJob::hasTable(const Place& place) const {
   return table_ && isShown(objectFormulas_[tableObject_].condition, place);
 }
 
-// The table's part of a page; gives where it ends. A page that was counted ends where it ended then: the
-// number of pages, known by now, or a row that was written since may make it higher, but must move no line.
+// The table on one page; returns the end of the page. A page that was counted before ends at the same line,
+// even if it is higher now because of the number of pages or of rows written since.
 ReportJob::PageEnd ReportJob::flow(const Position& start, int page, const Sheet* counted, Flow* out) const {
   const bool withTexts = out != nullptr;
   Position at = start;
@@ -262,7 +262,7 @@ ReportJob::PageEnd ReportJob::flow(const Position& start, int page, const Sheet*
     }
     return from;
   };
-  // What stands at the lower end of the page, over the sides of the lines drawn down to it.
+  // Rows at the lower end of the page, over the extended side borders of the lines.
   const auto putLast = [&](const FilledRows& rows) {
     const qreal last = table_->fillsDown ? std::max(y, frame.bottom() - heightOf(rows)) : y;
     if (out && table_->fillsDown && lineRow && last > y)
@@ -282,7 +282,7 @@ ReportJob::PageEnd ReportJob::flow(const Position& start, int page, const Sheet*
     Block block = nextBlock(at, page, withTexts);
     block.height = heightOf(block.rows);
     const qreal bottom = frame.bottom() - (block.isLast ? 0 : kept);
-    // What does not fit an empty page either must stand somewhere.
+    // A block that does not even fit an empty page must be placed anyway.
     const bool isFull = y + block.height > bottom + 1 && isStarted;
     if (counted ? !counted->closesSet && at.blocks >= counted->blocks : isFull) {
       putLast(carried());
@@ -343,8 +343,8 @@ ReportJob::Sheet ReportJob::sheet(int page) const {
 }
 
 QImage ReportJob::picture(const QString& path) const {
-  const QString told = path.trimmed().replace(u'\\', u'/');
-  const QFileInfo place(QFileInfo(file_).dir().absoluteFilePath(told));
+  const QString given = path.trimmed().replace(u'\\', u'/');
+  const QFileInfo place(QFileInfo(file_).dir().absoluteFilePath(given));
   const QString whole = pathInFolder(place.path(), place.fileName());
   const auto known = pictures_.constFind(whole);
   if (known != pictures_.constEnd()) return *known;

@@ -1,6 +1,6 @@
-// A report on its way to paper: a layout with its data, cut into pages. Where each page begins is found by
-// walking through the lines once; from there any page is drawn by itself, so that a report of thousands of
-// pages takes the memory of one.
+// Paginates and draws a report from a layout and its data. The start of each page is determined in one pass
+// over the lines; each page is then drawn separately, so that a report of thousands of pages needs the memory
+// of one.
 #pragma once
 
 #include <QImage>
@@ -14,10 +14,10 @@ namespace velmar {
 
 class ReportJob : public PrintJob {
  public:
-  /// `file`: the layout's path, after which the job is named and beside which pictures are looked for.
+  /// `file`: the layout's path, which determines the job's name and the folder of pictures.
   ReportJob(const QString& file, layout::Layout layout, const ReportData& data);
 
-  /// Whether there is neither a row of variables nor a record set of lines: nothing to print.
+  /// Whether there is nothing to print: neither a row of variables nor a record set of lines.
   bool isEmpty() const { return evaluation_.setCount() == 0; }
 
   QString name() const override;
@@ -31,15 +31,15 @@ class ReportJob : public PrintJob {
   QStringList faults() const override;
 
  private:
-  /// How far the walk through the data has come.
+  /// A position in the pass over the data.
   struct Position {
     int set = 0;
     int line = 0;    ///< the next one
     int blocks = 0;  ///< passed so far
-    int step = 0;    ///< how many groups have been looked at for closing before that line
+    int step = 0;    ///< number of groups already checked for closing before that line
     bool opensSet = true;
-    std::vector<QVariant> groups;  ///< of the line before
-    std::vector<Decimal> sums;     ///< up to the line before
+    std::vector<QVariant> groups;  ///< of the previous line
+    std::vector<Decimal> sums;     ///< up to the previous line
   };
   struct PageEnd {
     Position end;
@@ -51,14 +51,14 @@ class ReportJob : public PrintJob {
     int blocks = 0;             ///< passed at its end
     bool closesSet = false;
   };
-  /// A row with what its cells say.
+  /// A row with the texts of its cells.
   struct FilledRow {
     const layout::TableRow* row;
     QStringList texts;
     qreal height;
   };
   using FilledRows = std::vector<FilledRow>;
-  /// Rows that stand on one page together, and where the walk is behind them.
+  /// Rows that must be on the same page, and the position after them.
   struct Block {
     FilledRows rows;
     qreal height = 0;
@@ -79,7 +79,7 @@ class ReportJob : public PrintJob {
   class Flow;
 
   void addFormulas();
-  /// Where an object is in that page group, in twips.
+  /// The frame of an object in that page group, in twips.
   QRectF frameOf(size_t object, int set) const;
   bool countSheet() const;
   Sheet sheet(int page) const;
@@ -101,14 +101,14 @@ class ReportJob : public PrintJob {
   QString file_;
   layout::Layout layout_;
   const layout::Table* table_;
-  size_t tableObject_ = 0;  ///< its place among the objects, where there is one
+  size_t tableObject_ = 0;  ///< index of the table among the objects, if there is one
   layout::Evaluation evaluation_;
   std::vector<RowFormulas> rowFormulas_;
   std::vector<ObjectFormulas> objectFormulas_;
   std::vector<int> groupFormulas_;
   std::vector<int> sumFormulas_;
   int extendsIf_ = -1;
-  layout::Parts formulaParts_;  ///< to which each formula belongs
+  layout::Parts formulaParts_;  ///< the part of each formula
   mutable std::vector<Sheet> sheets_;
   mutable Position next_;
   mutable bool isCounted_ = false;

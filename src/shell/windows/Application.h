@@ -13,7 +13,7 @@ class Application : public QApplication {
   bool notify(QObject* receiver, QEvent* event) override;
 
  private:
-  bool reporting_ = false;  ///< a report stands; what it brings about is not reported again
+  bool reporting_ = false;  ///< an error is being shown; errors that this causes are not reported
 };
 
 }  // namespace velmar

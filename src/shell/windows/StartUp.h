@@ -11,15 +11,15 @@ class frmMain;
 class StartUp : public QObject {
   Q_OBJECT
  public:
-  /// Prepares the program's folder; what fails there is told, and the start goes on.
+  /// Prepares the program's folder; shows an error, but continues.
   explicit StartUp(const QString& applicationFolder, QObject* parent = nullptr);
   ~StartUp() override;
 
-  /// The whole road: splash, login, warehouse. Comes back when the warehouse dialog stands, or when the user
-  /// left (then ended() was emitted). Runs event loops of its own.
+  /// Shows splash, login and the choice of the warehouse. Returns when the warehouse dialog is open, or when
+  /// the user cancels (ended() is then emitted). Runs nested event loops.
   void run();
 
-  /// What the login dialog does, without the dialog. Shows what goes wrong and gives false.
+  /// Logs in without the dialog. Shows an error and returns false if that fails.
   bool openCompany(const QString& folder, const QString& numeBD, const QString& denumire, const QString& user,
                    const QString& password);
 

@@ -230,7 +230,7 @@ void frmMain::placeWindow() {
   const settings::MainWindowPlace place = settings::mainWindowPlace();
   QRect wanted(place.left / settings::kTwipsPerPixel, place.top / settings::kTwipsPerPixel,
                place.width / settings::kTwipsPerPixel, place.height / settings::kTwipsPerPixel);
-  // The screen on which it stood may be gone.
+  // The screen of the stored position may no longer exist.
   const QScreen* screen = QApplication::screenAt(wanted.topLeft());
   const QRect room = (screen ? screen : QApplication::primaryScreen())->availableGeometry();
   wanted.setSize(wanted.size().boundedTo(room.size()));

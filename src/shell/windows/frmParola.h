@@ -20,7 +20,7 @@ class frmParola : public QDialog {
   QLineEdit* txtParola_;
 };
 
-/// Tells that the last one was refused, if so, and asks. Nothing when the user gives up.
+/// Asks for the password; `refused`: shows that the last one was refused. Empty when the user cancels.
 std::optional<QString> askServerPassword(const Server& server, bool refused);
 
 }  // namespace velmar

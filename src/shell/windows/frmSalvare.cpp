@@ -23,7 +23,7 @@ constexpr int kDotsWidth = 8;     // characters
 constexpr int kShownLength = 96;  // characters
 const QString kForm = QStringLiteral("frmSalvare");
 
-// What stands before the last separator, of either kind; "" for a path that begins nowhere.
+// The part before the last separator, "/" or "\"; "" for a relative path.
 QString folderOf(const QString& text) {
   QString path = QDir::fromNativeSeparators(text);
   if (!QDir(path.left(path.lastIndexOf(u'/') + 1)).exists() || path.endsWith(u'\\'))
@@ -104,7 +104,7 @@ void frmSalvare::save() {
     file = saveOpenCompany(folder, [&progress](int done, int of) { progress.show(done, of); });
   }
   txtCale_->setText(QDir::toNativeSeparators(file));
-  tellThatSaved();
+  reportSaved();
 }
 
 }  // namespace velmar

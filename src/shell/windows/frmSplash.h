@@ -1,4 +1,4 @@
-// The picture that stands while the program starts.
+// The picture shown while the program starts.
 #pragma once
 
 #include <QWidget>

@@ -22,25 +22,25 @@ class Card : public QObject {
     bind(column, control);
     return control;
   }
-  /// What the column's control shows after clear(); nothing, where no default is told.
-  /// A card that was cleared counts as unchanged with it.
+  /// Sets the value that the column's control shows after clear(). A card with its defaults counts as
+  /// unchanged.
   void setDefault(const QString& column, const Value& value);
 
   /// Shows the row's columns; those that it does not have are cleared.
   void show(const Row& row);
   void clear();
-  /// Shows another stored value in one column, as unchanged; what is typed into the others stays.
+  /// Shows another stored value in one column, as unchanged; typed values of other columns are kept.
   void showStored(const QString& column, const QVariant& value);
-  /// Takes the card as it stands for unchanged.
+  /// Marks the current values as unchanged.
   void settle();
 
-  /// What stands in the controls, a column each: texts without blanks around them, numbers as decimals (as
-  /// text where they are none), null for what is empty.
+  /// The values of the controls by column: trimmed texts, numbers as decimals (invalid ones as text), null if
+  /// empty.
   Row typed() const;
   QString text(const QString& column) const { return typed().text(column); }
   bool isChanged() const;
 
-  /// Null when the card has no such column. The column is found in any case.
+  /// Null when the card has no such column. The column is case insensitive.
   QWidget* control(const QString& column) const;
   QList<QWidget*> controls() const;
 

@@ -100,7 +100,7 @@ bool EntryGrid::leavesUntouched(const QLineEdit* editor, const QModelIndex&) con
 }
 
 void EntryGrid::take(QLineEdit* editor, const QModelIndex& index) {
-  // What the store does may show the list anew: the row is handed over as it stands.
+  // Storing may refresh the list: pass a copy of the row.
   const Row row = rows().row(index.row());
   store_(row, columns()[index.column()].field, editor->text());
   emit cellStored();
@@ -115,7 +115,7 @@ void EntryGrid::leaveWithEnter(QWidget* editor) {
 }
 
 bool EntryGrid::commitPending() {
-  // A click on a command has closed the editor already; what it refused is still to be told.
+  // A click on a command has already closed the editor; its refusal has not been shown yet.
   if (!editor_) return !cause_;
   QWidget* open = editor_;
   commitData(open);
@@ -127,7 +127,7 @@ bool EntryGrid::commitPending() {
 void EntryGrid::commitData(QWidget* widget) {
   auto* line = qobject_cast<QLineEdit*>(widget);
   // A box, also one shown while the text is taken over, takes the focus from the editor, which asks again.
-  if (telling_ || taking_ || !line || widget != editor_ || !editing_.isValid()) return;
+  if (showing_ || taking_ || !line || widget != editor_ || !editing_.isValid()) return;
   if (cause_ && !refused_) return;
   if (leavesUntouched(line, editing_)) {
     refused_.clear();
@@ -151,13 +151,13 @@ void EntryGrid::commitData(QWidget* widget) {
 void EntryGrid::refuse(std::exception_ptr cause) {
   const bool waiting = static_cast<bool>(cause_);
   cause_ = std::move(cause);
-  if (!waiting) QMetaObject::invokeMethod(this, &EntryGrid::tellRefusal, Qt::QueuedConnection);
+  if (!waiting) QMetaObject::invokeMethod(this, &EntryGrid::showRefusal, Qt::QueuedConnection);
 }
 
-void EntryGrid::tellRefusal() {
+void EntryGrid::showRefusal() {
   const std::exception_ptr cause = std::exchange(cause_, nullptr);
   if (!cause) return;
-  telling_ = true;
+  showing_ = true;
   guarded(form_, QStringLiteral("AfterColUpdate"), [&cause] {
     try {
       std::rethrow_exception(cause);
@@ -165,7 +165,7 @@ void EntryGrid::tellRefusal() {
       // The text stays, and there is nothing to say about it.
     }
   });
-  telling_ = false;
+  showing_ = false;
   afterRefusal();
   if (!refused_) {
     setFocus();

@@ -1,5 +1,4 @@
-// A grid whose cells are typed into. A text that is refused is told about once the cell has been left, and
-// the cell is current again.
+// An editable grid. When a refused cell is left, the reason is shown and the cell becomes current again.
 #pragma once
 
 #include <exception>
@@ -14,10 +13,10 @@ class QLineEdit;
 
 namespace velmar {
 
-/// Refuses the text of a cell without a word.
+/// Refuses the text of a cell without a message.
 class QuietRefusal : public std::exception {};
 
-/// Refuses the text of a cell, which shows again what it held, whatever becomes of refused texts else.
+/// Refuses the text of a cell and restores its old value, whatever the policy of the grid.
 class SetBack : public RuleError {
  public:
   using RuleError::RuleError;
@@ -26,15 +25,14 @@ class SetBack : public RuleError {
 class EntryGrid : public TDBGrid {
   Q_OBJECT
  public:
-  /// What becomes of a text that is refused: it stays in the open cell to be mended, or the cell shows again
-  /// what it held.
+  /// The policy for refused texts: kept in the open cell for correction, or replaced by the old value.
   enum class Refused { Kept, Reverted };
 
   /// `form` names the window in error reports.
   EntryGrid(const QString& name, Refused refused, const QString& form, QWidget* parent = nullptr);
 
-  /// Takes over what stands in an open cell. False when the cell refuses it: the message stands, the command
-  /// that asked should not run.
+  /// Commits an open cell. False when it is refused, after the message: the command that called this must not
+  /// run.
   bool commitPending();
 
   /// Stores what was typed into a cell of a list; throws to refuse it.
@@ -47,11 +45,11 @@ class EntryGrid : public TDBGrid {
 
  protected:
   virtual QLineEdit* makeEditor(QWidget* parent, const QModelIndex& index);
-  /// Whether the cell is just left, its text neither taken nor refused.
+  /// Whether the cell is left with its text neither stored nor refused.
   virtual bool leavesUntouched(const QLineEdit* editor, const QModelIndex& index) const;
-  /// Takes the text over; throws to refuse it.
+  /// Stores the text; throws to refuse it.
   virtual void take(QLineEdit* editor, const QModelIndex& index);
-  /// Called once the user has been told why a text was refused.
+  /// Called after the reason of a refusal has been shown.
   virtual void afterRefusal() {}
   const QString& initialText() const { return initialText_; }
   /// Whether the cell is being left with Enter.
@@ -61,11 +59,11 @@ class EntryGrid : public TDBGrid {
   /// The next cell that can be edited, by rows; the one asked from when there is none.
   QModelIndex nextOpen(const QModelIndex& from, int step) const;
   const QString& form() const { return form_; }
-  /// Takes the text over and leaves the cell.
+  /// Commits the text and leaves the cell.
   void leave(QWidget* editor);
   /// As leave(), with Enter.
   void leaveWithEnter(QWidget* editor);
-  /// Gives the focus to the control behind the grid or before it, unless an open cell refuses its text.
+  /// Moves the focus to the control after or before the grid, unless an open cell refuses its text.
   void leaveGrid(bool forward);
 
   bool event(QEvent* event) override;
@@ -80,7 +78,7 @@ class EntryGrid : public TDBGrid {
  private:
   friend class EntryDelegate;
   void refuse(std::exception_ptr cause);
-  void tellRefusal();
+  void showRefusal();
 
   QString form_;
   Refused policy_;
@@ -88,10 +86,10 @@ class EntryGrid : public TDBGrid {
   QPersistentModelIndex editing_;  ///< the cell whose editor is open
   QPointer<QWidget> editor_;       ///< that editor
   QString initialText_;            ///< what it showed when it opened
-  QPointer<QWidget> refused_;      ///< the editor whose text was refused, until its text is mended
-  std::exception_ptr cause_;       ///< why, until the user has been told
-  bool telling_ = false;           ///< that box stands
-  bool taking_ = false;            ///< a text is being taken over, perhaps with a box on the way
+  QPointer<QWidget> refused_;      ///< the editor whose text was refused, until it is corrected
+  std::exception_ptr cause_;       ///< the reason, until it has been shown
+  bool showing_ = false;           ///< the message box is open
+  bool taking_ = false;            ///< a text is being stored, possibly with a message box
   bool confirming_ = false;
 };
 

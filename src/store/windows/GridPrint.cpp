@@ -21,14 +21,14 @@ constexpr qreal kFooterLetters = 8;
 constexpr qreal kLeading = 1.25;  // height of a row, in heights of its letters
 constexpr qreal kPadding = 3 * kTwipsPerPoint;
 constexpr qreal kGap = 6 * kTwipsPerPoint;  // between the texts of the page and the table
-constexpr qreal kMostGrowth = 1.6;          // of a column of texts on a page with room to spare
-constexpr qreal kRepeatedShare = 0.25;      // of the page, for a column that every band repeats
+constexpr qreal kMostGrowth = 1.6;          // of a text column on a page with unused width
+constexpr qreal kRepeatedShare = 0.25;      // of the page width, for a column repeated in each band
 constexpr qreal kThinLine = 0.5 * kTwipsPerPoint;
 const QColor kRule(0xc0, 0xc0, 0xc0);
 
 using Thirds = std::array<QString, 3>;
 
-// The lines of a header or footer, their codes replaced.
+// The lines of a header or footer, with their codes replaced.
 QList<Thirds> pageLines(const QString& text, int page, int pages) {
   if (text.isEmpty()) return {};
   QList<Thirds> lines(1);
@@ -106,17 +106,17 @@ void GridPrint::takeColumns() {
   }
 }
 
-// As wide as on the screen, where the last column may only fill the window.
+// The width on the screen, except for the last column, which may be stretched to the window.
 qreal GridPrint::wantedWidth(int section, const Column& column) const {
   const QFontMetricsF plain(pageFont(grid_, kLetters, false));
   const QFontMetricsF bold(pageFont(grid_, kLetters, true));
   const qreal digit = plain.horizontalAdvance(QLatin1Char('0'));
-  const qreal told = digit * grid_.columns()[section].width + 2 * kPadding;
+  const qreal defined = digit * grid_.columns()[section].width + 2 * kPadding;
   const qreal shown =
       digit * grid_.columnWidth(section) / QFontMetricsF(grid_.font()).horizontalAdvance(QLatin1Char('0'));
   const bool last = grid_.visibleColumns().value(grid_.visibleColumns().size() - 1, -1) == section;
-  const bool screenTells = !grid_.isColumnHidden(section) && !last;
-  return std::max({screenTells ? shown : told, bold.horizontalAdvance(column.caption) + 2 * kPadding,
+  const bool usesScreen = !grid_.isColumnHidden(section) && !last;
+  return std::max({usesScreen ? shown : defined, bold.horizontalAdvance(column.caption) + 2 * kPadding,
                    bold.horizontalAdvance(column.footer) + 2 * kPadding});
 }
 
@@ -165,7 +165,7 @@ void GridPrint::arrange() {
   laterRows_ = settings_.repeatHeads ? firstRows_ : firstRows_ + 1;
 }
 
-// Texts that the screen had to cut may show more of themselves.
+// Widens text columns, whose texts may be truncated on the screen.
 void GridPrint::fillLine(qreal spare) {
   qreal texts = 0;
   for (const Column& column : columns_)
@@ -187,8 +187,8 @@ QList<int> GridPrint::repeatedColumns(qreal widest) const {
   return repeated;
 }
 
-// Too many columns for letters that can be read: they go over several pages, and each of these begins with
-// the columns that tell the rows apart.
+// If there are too many columns for a legible font size, they are spread over several pages, each of which
+// begins with the columns that identify the rows.
 void GridPrint::spreadColumns(qreal room) {
   const qreal widest = room * kLetters / kSmallestLetters;
   const QList<int> repeated = repeatedColumns(widest);
@@ -293,8 +293,8 @@ void GridPrint::paintLine(QPainter& painter, const QString& text, const QRectF& 
   }
 }
 
-// A text too long is cut with dots; a number or a heading is made narrower: without a digit it would be
-// another number.
+// A text that is too long is truncated with dots; a number or a heading is condensed, since a truncated
+// number would be read as another one.
 void GridPrint::paintCell(QPainter& painter, const QString& text, const Column& column, bool whole,
                           const QRectF& room) const {
   if (text.isEmpty()) return;

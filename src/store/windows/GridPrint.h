@@ -1,5 +1,5 @@
-// The rows of a grid on paper: its columns with their heads and footers on every page, read from the list a
-// page at a time.
+// Prints the rows of a grid: its columns with headings and footers on each page, read from the list one page
+// at a time.
 #pragma once
 
 #include <QMarginsF>
@@ -12,7 +12,7 @@ namespace velmar {
 struct GridPrintSettings {
   enum class Rows { Selected, All };
 
-  QString name;  ///< of the files made of it
+  QString name;  ///< of the output files
   /// Texts of the page: "\t" moves to the next third of the line (left, middle, right), "\n" to the next
   /// line; "\p" is the page, "\P" the number of pages.
   QString header;
@@ -23,14 +23,14 @@ struct GridPrintSettings {
   bool repeatHeads = true;               ///< on every page, else on the first
   bool repeatFooters = false;            ///< on every page, else under the last row
   Rows rows = Rows::Selected;
-  QString key = {};          ///< field that tells the rows apart
-  QStringList columns = {};  ///< fields, from left to right; empty: the visible columns as they stand
-  QString htmlCopy = {};     ///< file that gets the same rows as an HTML table; empty: none
+  QString key = {};          ///< key field of the rows
+  QStringList columns = {};  ///< fields, from left to right; empty: the visible columns in their order
+  QString htmlCopy = {};     ///< HTML file to which the same rows are written; empty: none
 };
 
 class GridPrint : public PrintJob {
  public:
-  /// The grid stays as it is, and alive, for as long as the job lives.
+  /// The grid must exist and be unchanged for the lifetime of the job.
   GridPrint(const TDBGrid& grid, const GridPrintSettings& settings);
 
   QString name() const override { return settings_.name; }
@@ -41,11 +41,11 @@ class GridPrint : public PrintJob {
   void paintPage(QPainter& painter, int page) const override;
   QString pageText(int page) const override;
 
-  /// Writes the rows as an HTML table, the file whole or not at all.
+  /// Writes the rows as an HTML table; the file is written atomically.
   void writeHtml(const QString& path) const;
 
  private:
-  /// A printed column; widths in twips at the full size of letters.
+  /// A printed column; widths in twips at the full font size.
   struct Column {
     int section;
     QString caption;
@@ -68,7 +68,7 @@ class GridPrint : public PrintJob {
   QString cell(int row, const Column& column) const;
   void paintTexts(QPainter& painter, const QRectF& body, int page) const;
   void paintLine(QPainter& painter, const QString& text, const QRectF& room, int page) const;
-  /// `whole`: a text that is too long is written narrower and not cut.
+  /// `whole`: a text that is too long is condensed instead of truncated.
   void paintCell(QPainter& painter, const QString& text, const Column& column, bool whole,
                  const QRectF& room) const;
   QRectF body() const;
@@ -81,8 +81,8 @@ class GridPrint : public PrintJob {
   QPageLayout layout_;
   QList<int> places_;  ///< of the selected rows
   QList<Column> columns_;
-  QList<qreal> widths_;      ///< of columns_, as they are printed at the full size of letters
-  QList<QList<int>> bands_;  ///< which of columns_ stand side by side on a page
+  QList<qreal> widths_;      ///< printed widths of columns_ at the full font size
+  QList<QList<int>> bands_;  ///< the columns_ on each page, side by side
   qreal scale_ = 1;
   qreal rowHeight_ = 0;
   int firstRows_ = 1;  ///< rows on the first sheet
@@ -90,8 +90,8 @@ class GridPrint : public PrintJob {
   bool hasFooters_ = false;
 };
 
-/// Asks for the options, shows the preview and writes the HTML copy. False when the user gave up at the
-/// options; the copy is written all the same.
+/// Shows the options and the preview, and writes the HTML copy. False when the user cancelled the options;
+/// the copy is written even then.
 bool printGrid(const TDBGrid& grid, const GridPrintSettings& settings, QWidget* parent);
 
 }  // namespace velmar

@@ -27,15 +27,14 @@ class ListForm : public QWidget {
  protected:
   /// Reads the list as it is to be shown.
   using Read = std::function<std::unique_ptr<RowSource>()>;
-  /// The grid of the window: what it reads, which field tells its rows apart, and which tables it shows: the
-  /// list is read again when another window has written them.
+  /// Sets the grid of the window, its query, its key field, and its tables: the list is read again when
+  /// another window has written them.
   void setList(EntryGrid* grid, const QString& keyField, Read read, const QSet<QString>& tables);
   EntryGrid* list() const { return grid_; }
   Card& card() { return card_; }
   const Card& card() const { return card_; }
 
-  /// A command under the list. `action` runs guarded; a broken rule is told and brings the focus to its
-  /// field.
+  /// A command under the list. `action` runs guarded; a RuleError is shown and sets the focus on its field.
   QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,
                        const QString& picture, std::function<void()> action);
   /// A command that prints the list, as Ctrl+P does.
@@ -45,14 +44,14 @@ class ListForm : public QWidget {
   void printList();
   /// The button "Iesire".
   QPushButton* exitCommand();
-  /// Gives Insert and Delete the commands they stand for; null for none.
+  /// Sets the commands of the keys Insert and Delete; null for none.
   void setKeys(QPushButton* add, QPushButton* remove);
   /// As setKeys(), for a window without a button that deletes.
   void setKeys(QPushButton* add, const std::function<void()>& remove);
   /// How the card is stored when the user wants that on leaving it. Only such a card asks.
   void setStoring(std::function<void()> store) { store_ = std::move(store); }
-  /// Asks what becomes of a card that differs from what is stored, before anything else takes its place.
-  /// False: the user stays, and all is as typed.
+  /// Asks whether to store a changed card before anything else is shown. False: the user stays, and the typed
+  /// values are unchanged.
   bool leaveCard();
 
   /// The card is only for adding: the current record is not shown in it.
@@ -68,9 +67,9 @@ class ListForm : public QWidget {
   /// The commands in a row, with the state of the card before them.
   QLayout* commandRow(const QList<QPushButton*>& commands);
 
-  /// Runs a command's work, unless a box or a cell refuses what stands in it.
+  /// Runs a command's work, unless a check refuses a box or a cell.
   void run(const QString& procedure, const std::function<void()>& work);
-  /// Tells on the window itself what a command did, until something is typed.
+  /// Shows the result of a command in the window until something is typed.
   void say(const QString& text);
   /// Asks a question of deletion.
   bool confirmed(const QString& question, const QString& title = QStringLiteral("Confirmare stergere"));

@@ -1,5 +1,5 @@
-// The filter of a list, composed by keyboard: field, comparison, value, and/or. What it says stands below in
-// plain words.
+// The filter of a list, composed with the keyboard: field, comparison, value, and/or. The condition is shown
+// below in words.
 #pragma once
 
 #include <QWidget>
@@ -20,11 +20,11 @@ class WhereBuilder : public QWidget {
  public:
   explicit WhereBuilder(QWidget* parent = nullptr);
 
-  /// The fields to choose from; the one of that column is the first to be asked for.
+  /// The fields to choose from; the one of the column `first` is selected at first.
   void setFields(const QList<FilterField>& fields, const QString& first);
 
-  /// The condition together with what stands in the boxes. Throws RuleError, with the focus at the fault,
-  /// when a value does not fit.
+  /// The condition, including the values still in the boxes. Throws RuleError, with the focus on the fault,
+  /// when a value is invalid.
   Condition condition();
 
  public slots:

@@ -104,7 +104,7 @@ void extTDBGrid::showChips() {
     chip->setText(caption);
     chip->setIcon(icon("close"));
     chip->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    chip->setLayoutDirection(Qt::RightToLeft);  // the cross stands behind the caption
+    chip->setLayoutDirection(Qt::RightToLeft);  // puts the cross after the caption
     chip->setFocusPolicy(Qt::StrongFocus);
     chip->setProperty("field", field);
     chip->installEventFilter(this);

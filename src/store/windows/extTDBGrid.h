@@ -1,4 +1,4 @@
-// The grouping area above a grid: the list stands ordered by the columns that were dragged into it.
+// The grouping area above a grid: the list is sorted by the columns that were dragged into it.
 #pragma once
 
 #include <QFrame>

@@ -36,11 +36,11 @@ class EntryCheck : public QObject {
     box->installEventFilter(this);
   }
 
-  /// Whether the box stands; says what is wrong when it does not.
+  /// Whether the box is accepted; shows what is wrong when it is not.
   bool passes() {
     if (waiting_) return false;
     if (!box_->hasFocus() || objection_().isEmpty()) return true;
-    tell();
+    showMessage();
     return false;
   }
 
@@ -50,21 +50,21 @@ class EntryCheck : public QObject {
       const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
       const bool left = reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
       if (left && !objection_().isEmpty()) {
-        // Shown once the event that moved the focus is over: the command it belongs to must not run first.
+        // Shown after the event that moved the focus; the command of that event must not run first.
         waiting_ = true;
         QMetaObject::invokeMethod(
-            this, [this] { tell(); }, Qt::QueuedConnection);
+            this, [this] { showMessage(); }, Qt::QueuedConnection);
       }
     }
     return QObject::eventFilter(watched, event);
   }
 
  private:
-  void tell() {
+  void showMessage() {
     waiting_ = true;
     const QString text = objection_();
     if (!text.isEmpty()) bringTabOf(box_);
-    // A box of a form that is being closed or put away has nothing more to say.
+    // No message for a box of a form that is being closed or hidden.
     if (box_->isVisible() && !text.isEmpty()) {
       Mesaj(text, icon_, title_);
       if (refused_) refused_();

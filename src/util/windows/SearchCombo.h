@@ -13,8 +13,8 @@ class SearchCombo : public QComboBox {
 
   /// Shows the item with that data; nothing when there is none.
   void showData(const QVariant& value);
-  /// Makes of what stands typed the item it means: the one with just this text, or the only one that holds
-  /// it. Any other text is no choice.
+  /// Selects the item for the typed text: the one with exactly this text, or the only one that contains it.
+  /// For any other text there is no choice.
   void settle();
   /// The data of the settled choice, null when there is none.
   QVariant choice() const;

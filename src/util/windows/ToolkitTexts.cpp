@@ -100,7 +100,7 @@ const QHash<QByteArray, const char*>& texts() {
 }  // namespace
 
 QString ToolkitTexts::translate(const char* context, const char* sourceText, const char*, int) const {
-  // Names of keys are also read back, and stand as they are on the keyboard.
+  // Names of keys are also parsed, and are as on the keyboard.
   if (!sourceText || (context && std::strcmp(context, "QShortcut") == 0)) return {};
   const auto found = texts().constFind(sourceText);
   return found == texts().cend() ? QString() : QString::fromLatin1(*found);

@@ -13,8 +13,8 @@ class WindowHost {
   /// Shows a new child window, which belongs to the host from then on.
   virtual void showChild(QWidget* window) = 0;
 
-  /// Brings the child window of that key to the front, and makes it first when it does not stand yet. The key
-  /// is the window's name, with the kind behind it where several kinds of a window stand side by side.
+  /// Activates the child window of that key, and creates it first if it is not open. The key is the window's
+  /// name, followed by the kind for a window that can be open for several kinds.
   virtual QWidget* showOne(const QString& key, const std::function<QWidget*()>& make) = 0;
 };
 

@@ -30,11 +30,11 @@ namespace {
 
 constexpr int kPagesKept = 6;
 constexpr int kFirstCount = 150;    // milliseconds of counting before the window shows
-constexpr int kCountingSlice = 15;  // milliseconds of it while the window waits for its user
+constexpr int kCountingSlice = 15;  // milliseconds of counting while the program is idle
 constexpr int kUnknownEnd = 1000000;
 constexpr int kBorder = 12;  // pixels around the sheet
 constexpr qreal kPointsPerInch = 72;
-constexpr int kWholePage = -1;  // of the sizes offered, beside percents
+constexpr int kWholePage = -1;  // special entry among the zoom percentages
 constexpr int kPageWidth = -2;
 
 }  // namespace
@@ -106,7 +106,7 @@ QLayout* frmPrevizualizare::toolRow() {
   cboMarime_->setCurrentIndex(1);
   connect(cboMarime_, &QComboBox::currentIndexChanged, this,
           [this] { guarded(objectName(), "cboMarime_Click", [this] { showPage(); }); });
-  // The keys go to the page again, not through the list of sizes.
+  // Returns the keyboard focus to the page, so that keys do not scroll the list of sizes.
   connect(cboMarime_, &QComboBox::activated, area_, qOverload<>(&QWidget::setFocus));
   txtCautare_ = makeTextBox("txtCautare", 24, "Cautare in pagini (Ctrl+F)");
   txtCautare_->setPlaceholderText("Cautare");
@@ -164,7 +164,7 @@ void frmPrevizualizare::keyPressEvent(QKeyEvent* event) {
   if (!takeKey(*event)) QDialog::keyPressEvent(event);
 }
 
-// The wheel turns the page at its ends, and with Ctrl it changes the size.
+// The wheel turns the page at its top and bottom, and with Ctrl it zooms.
 bool frmPrevizualizare::eventFilter(QObject* watched, QEvent* event) {
   if (watched == area_ && event->type() == QEvent::KeyPress && takeKey(*static_cast<QKeyEvent*>(event)))
     return true;
@@ -214,15 +214,15 @@ QListView* frmPrevizualizare::pageList() {
 }
 
 void frmPrevizualizare::countOn() {
-  counting_.stop();  // what fails is told once
+  counting_.stop();  // a failure is reported only once
   if (!job_.isCounted()) job_.countOn(kCountingSlice);
   pagesCounted();
   if (!job_.isCounted()) return counting_.start();
-  drawn_.clear();  // pages may tell how many there are
+  drawn_.clear();  // pages may print the number of pages
   showPage();
 }
 
-// Throws Cancelled when the user does not wait for it.
+// Throws Cancelled when the user stops waiting.
 void frmPrevizualizare::countTo(int page) {
   if (page < pageCount_ || job_.isCounted()) return;
   WorkProgress progress("Numararea paginilor", this);
@@ -253,7 +253,7 @@ void frmPrevizualizare::turnTo(int page) {
   const bool back = wanted < page_;
   const bool turned = std::exchange(page_, wanted) != wanted;
   showPage();
-  // A button that is disabled hands the focus to its neighbour, which would take the next key.
+  // A disabled button passes the focus to its neighbour, which would receive the next key.
   if (!txtPagina_->hasFocus() && !lstPagini_->hasFocus()) area_->setFocus();
   if (turned) area_->verticalScrollBar()->setValue(back ? area_->verticalScrollBar()->maximum() : 0);
 }
@@ -312,7 +312,7 @@ void frmPrevizualizare::showPage() {
   const bool hasMore = page_ < pageCount_ - 1 || !job_.isCounted();
   cmdInainte_->setEnabled(hasMore);
   cmdUltima_->setEnabled(hasMore);
-  sheet_->clear();  // a page that cannot be drawn must not look like the one before it
+  sheet_->clear();  // if the page cannot be drawn, the previous one must not remain
   sheet_->setPixmap(drawn(page_));
   showStatus();
 }
@@ -327,9 +327,9 @@ void frmPrevizualizare::search() {
     const int page = (page_ + step) % pageCount_;
     if (!job_.pageText(page).contains(text, Qt::CaseInsensitive)) continue;
     turnTo(page);
-    return tell(QStringLiteral("\"%1\" este in pagina %2.").arg(text).arg(page + 1));
+    return report(QStringLiteral("\"%1\" este in pagina %2.").arg(text).arg(page + 1));
   }
-  tell(QStringLiteral("\"%1\" nu este in nicio pagina.").arg(text));
+  report(QStringLiteral("\"%1\" nu este in nicio pagina.").arg(text));
 }
 
 void frmPrevizualizare::print() {
@@ -339,10 +339,10 @@ void frmPrevizualizare::print() {
     const PrintTarget target = options.target();
     const QString where = sendTo(target, job_, this);
     if (!where.isEmpty())
-      tell(target.printer.isEmpty() ? QStringLiteral("Salvat in %1").arg(QDir::toNativeSeparators(where))
-                                    : QStringLiteral("Trimis la imprimanta %1").arg(where));
+      report(target.printer.isEmpty() ? QStringLiteral("Salvat in %1").arg(QDir::toNativeSeparators(where))
+                                      : QStringLiteral("Trimis la imprimanta %1").arg(where));
   }
-  // The sheet may be another one now.
+  // The sheet may have changed.
   drawn_.clear();
   pagesCounted();
   turnTo(page_);
@@ -350,15 +350,15 @@ void frmPrevizualizare::print() {
 
 void frmPrevizualizare::save() {
   const QString where = sendTo({}, job_, this);
-  if (!where.isEmpty()) tell(QStringLiteral("Salvat in %1").arg(QDir::toNativeSeparators(where)));
+  if (!where.isEmpty()) report(QStringLiteral("Salvat in %1").arg(QDir::toNativeSeparators(where)));
 }
 
-void frmPrevizualizare::tell(const QString& text) {
+void frmPrevizualizare::report(const QString& text) {
   told_ = text;
   showStatus();
 }
 
-// What was last reported, and below it what is missing on the pages.
+// Shows the last message, and below it what is missing on the pages.
 void frmPrevizualizare::showStatus() {
   constexpr qsizetype kMostNames = 3;
   QStringList lines;

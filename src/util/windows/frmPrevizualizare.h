@@ -1,4 +1,4 @@
-// The pages of a print job on the screen: turned, made larger and smaller, searched, printed and saved.
+// The print preview: turning pages, zoom, search, printing and saving.
 #pragma once
 
 #include <QDialog>
@@ -35,11 +35,11 @@ class frmPrevizualizare : public QDialog {
   QPushButton* tool(const QString& name, const QString& caption, const QString& toolTip,
                     const QString& picture, const std::function<void()>& action);
   bool takeKey(const QKeyEvent& event);
-  /// The pages beside the sheet, one of which is the page that shows.
+  /// The list of pages beside the sheet.
   QListView* pageList();
-  /// Counts pages while nothing else is to be done, and shows how many there are.
+  /// Counts pages while the program is idle, and shows their number.
   void countOn();
-  /// Counts until that page is known, or all are.
+  /// Counts until that page or the last one is reached.
   void countTo(int page);
   void pagesCounted();
   void turnTo(int page);
@@ -51,12 +51,12 @@ class frmPrevizualizare : public QDialog {
   void search();
   void print();
   void save();
-  void tell(const QString& text);
+  void report(const QString& text);
   void showStatus();
 
   PrintJob& job_;
   int page_ = 0;
-  int pageCount_ = 1;  ///< as far as they are counted
+  int pageCount_ = 1;  ///< counted so far
   QTimer counting_;
   QHash<int, QPixmap> drawn_;
   qreal drawnZoom_ = 0;

@@ -1,4 +1,4 @@
-// The layouts that come with the program, with the data that their documents and journals give them.
+// The supplied layouts, with the data of their documents and journals.
 #include "documents/Listing.h"
 #include "reports/Formula.h"
 #include "reports/VatJournals.h"
@@ -56,7 +56,7 @@ class Layouts : public ::testing::Test {
     return folder_.filePath(QStringLiteral("lst/%1.lst").arg(project));
   }
 
-  // What a layout says must compile, and speak only of what it is given.
+  // The formulas of a layout must compile, and use only names of the data that it gets.
   void expectSound(const QString& project, const ReportData& data) const {
     const layout::Layout all = layout::load(path(project));
     QSet<QString> known{"NPAGINA", "NPAGINI", "NLINIE"};
@@ -74,7 +74,7 @@ class Layouts : public ::testing::Test {
   QTemporaryDir folder_;
 };
 
-TEST_F(Layouts, SpeakOnlyOfWhatTheyAreGiven) {
+TEST_F(Layouts, UseOnlyNamesOfTheirData) {
   expectSound("FacturiCLIFull", listed("FC"));
   expectSound("FacturiCLI", listed("FC"));
   expectSound("BonCasa", listed("BS"));
@@ -86,7 +86,7 @@ TEST_F(Layouts, SpeakOnlyOfWhatTheyAreGiven) {
   expectSound("Jctva", journalReport(purchaseJournal(), year, 1));
 }
 
-TEST_F(Layouts, ACashSaleEndsInItsTotal) {
+TEST_F(Layouts, ACashSaleEndsWithItsTotal) {
   ExecutaSql(
       "INSERT INTO G_LBONCASA (NUMFAC, NRLINIE, CODART, DENUMIRE, UM, CANT, PRETFT, ValoareFTCuDiscount, "
       "VALOAREFT, VALOARETVA, VALOARETTI) VALUES ('1', 1, 'A', 'Cana', 'Buc', 3, 10, 9, 27, 5.67, 32.67), "

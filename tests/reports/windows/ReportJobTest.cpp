@@ -1,4 +1,4 @@
-// Reports as pages. Figures are worked out by hand: line i (from 1) has i * 0.10 lei, so n lines have
+// The pages of reports. Figures are calculated by hand: line i (from 1) has i * 0.10 lei, so n lines have
 // n * (n + 1) / 20 lei.
 #include "reports/windows/ReportJob.h"
 
@@ -86,9 +86,9 @@ bool isInked(const QImage& sheet, const QRect& area) {
 
 QString sumOf(int count) { return formatNumber(Decimal(count) * (count + 1) / 20, 2); }
 
-// Header and total leave room for 8 lines on a single page; otherwise a page has header and carried, from the
-// second on also brought, and so 8 and 7 lines.
-TEST(ReportJob, LinesSumsAndTheirRowsStandOnTheirPages) {
+// Header and total leave room for 8 lines on a single page; otherwise a page has header and carried row, from
+// the second on also the brought row, and therefore 8 and 7 lines.
+TEST(ReportJob, LinesAndSumsAreOnTheirPages) {
   const std::pair<int, int> cases[] = {{0, 1}, {1, 1}, {8, 1}, {9, 2}, {40, 6}, {400, 57}};
   for (const auto& [count, pages] : cases) {
     const ReportJob job("x.lst", layoutOf(listTable()), dataOf(lines(count)));
@@ -109,7 +109,7 @@ TEST(ReportJob, LinesSumsAndTheirRowsStandOnTheirPages) {
   }
 }
 
-// On the page the number of pages takes three rows of the narrow cell until it is known, then four.
+// On the page the number of pages needs three lines of the narrow cell until it is known, then four.
 TEST(ReportJob, CountingThePagesMovesNoLine) {
   Table table = listTable();
   table.rows[0].cells[0] =
@@ -125,7 +125,7 @@ TEST(ReportJob, CountingThePagesMovesNoLine) {
   for (int i = 1; i <= 200; ++i) EXPECT_EQ(all.count(QStringLiteral("\n%1 R%1 ").arg(i)), 1) << i;
 }
 
-TEST(ReportJob, ALongNameComesWholeOnTheNextPageAndOneHigherThanThePageEnds) {
+TEST(ReportJob, ALongNameMovesToTheNextPageAndOneHigherThanThePageIsTruncated) {
   const auto named = [](int at, int words) {
     return dataOf(lines(12, [=](int i, std::vector<QVariant>& cells) {
       if (i == at) cells[0] = QStringLiteral("denumire ").repeated(words).trimmed();
@@ -142,7 +142,7 @@ TEST(ReportJob, ALongNameComesWholeOnTheNextPageAndOneHigherThanThePageEnds) {
   ASSERT_EQ(cut.size(), 4);
   EXPECT_TRUE(cut[1].contains("3 denumire") && !cut[1].contains("4 R4"));
   EXPECT_TRUE(cut[3].contains("12 R12") && cut[3].contains("Total 7,80"));
-  // It is cut at the end of the table, 150 mm from the top, and writes over nothing below it.
+  // It is truncated at the end of the table, 150 mm from the top, and does not overwrite anything below it.
   const QImage sheet = painted(tall, 1);
   EXPECT_TRUE(isInked(sheet, {0, 120, 210, 29}));
   EXPECT_FALSE(isInked(sheet, {0, 156, 210, 141}));
@@ -166,12 +166,12 @@ TEST(ReportJob, GroupsBeginAndEndWithTheirOwnSums) {
   EXPECT_EQ(pagesOf(job).join('\n').split('\n'),
             QStringList({"Grupa A", "Sub a", "R1 0,1", "=a 0,3", "Sub b", "R3 0,6", "=b 0,3", "==A 0,6",
                          "Grupa B", "Sub b", "R4 0,4", "R5 0,9", "=b 0,9", "==B 0,9", "Total 1,5"}));
-  // The heads of group B do not stand alone at the end of a page.
+  // The headers of group B are not alone at the end of a page.
   ASSERT_EQ(job.pageCount(), 2);
   EXPECT_TRUE(job.pageText(1).startsWith("Grupa B"));
 }
 
-TEST(ReportJob, EachRowOfTheVariablesIsAPageGroupAndNamesAreFoundWhereTheyMay) {
+TEST(ReportJob, EachRowOfTheVariablesIsAPageGroupAndNamesHaveTheirScopes) {
   Table table = listTable();
   table.rows[2].cells = {cellOf(20, "denumire"), cellOf(20, "Client"), cellOf(20, "Suma")};
   const Layout layout =
@@ -224,7 +224,7 @@ TEST(ReportJob, ATableIsLongerWhereItsConditionHoldsAndMovesWhatIsBelow) {
   }
 }
 
-TEST(ReportJob, NamesWhatItCannotCompute) {
+TEST(ReportJob, ReportsWhatItCannotCompute) {
   Table table = listTable();
   table.rows[2].cells[2].formula = "VALOARE / (VALOARE - 0.3)";
   Layout layout = layoutOf(table, {sayingOf("VALOARE + "), sayingOf("NEDEFINIT"), sayingOf("")});
@@ -252,7 +252,7 @@ TEST(ReportJob, AWrappedTextStaysInItsFrame) {
 }
 
 // 400 lines in two groups through a real PDF: every line once, the sums of lines with 2.5 * (i / 10) lei.
-TEST(ReportJob, APdfSaysWhatThePagesSay) {
+TEST(ReportJob, APdfContainsTheTextOfThePages) {
   Recordset rows(std::make_shared<Columns>(QStringList{"DENUMIRE", "COD", "CANT", "PRET", "GRUPA"}));
   for (int i = 1; i <= 400; ++i)
     rows.append({QStringLiteral("Surub %1").arg(i), QStringLiteral("C%1").arg(i), 2.5, i * 1.0 / 10,
@@ -297,7 +297,7 @@ TEST(ReportJob, DamagedLayoutsArePaintedOrRefused) {
   EXPECT_GT(painted, 20);
 }
 
-TEST(ListLabel, PrintsOnlyWhatThereIsAndTellsWhatIsWrong) {
+TEST(ListLabel, PrintsOnlyExistingDataAndReportsErrors) {
   MessageRecorder messages;
   const QTemporaryDir folder;
   save(folder.filePath("Proba.LST"), layoutOf(listTable()));
@@ -323,10 +323,10 @@ TEST(ListLabel, PrintsOnlyWhatThereIsAndTellsWhatIsWrong) {
   damagedFile.close();
   report.setFileName(damagedFile.fileName());
   EXPECT_FALSE(report.Print_Preview(clsListLabel::Print));
-  const QStringList told = messages.take();
-  ASSERT_EQ(told.size(), 1);
-  EXPECT_TRUE(told[0].contains("Stricat.lst") && told[0].contains("Linia 2, coloana"))
-      << qUtf8Printable(told[0]);
+  const QStringList messagesShown = messages.take();
+  ASSERT_EQ(messagesShown.size(), 1);
+  EXPECT_TRUE(messagesShown[0].contains("Stricat.lst") && messagesShown[0].contains("Linia 2, coloana"))
+      << qUtf8Printable(messagesShown[0]);
   report.setFileName(folder.filePath("lipsa.lst"));
   EXPECT_THROW(report.Print_Preview(clsListLabel::Preview), StoreError);
   setPrintFolder({});
@@ -344,7 +344,7 @@ TEST(ReportData, TypesOfValuesAndNames) {
   EXPECT_EQ(static_cast<unsigned>(LLTip::Date), 0x4000008U);
   EXPECT_EQ(reportValue({"D", LLTip::Date, 46351.0}), QVariant(QDate(2026, 11, 25)));
 
-  // The first row has no price; the column is one of numbers all the same.
+  // The first row has no price; the column is numeric nevertheless.
   ReportData data = dataOf(lines(2, [](int i, std::vector<QVariant>& cells) {
     if (i == 1) cells[1] = QVariant();
   }));

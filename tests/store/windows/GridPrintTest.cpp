@@ -1,4 +1,4 @@
-// Lists on paper: every row once, heads and totals where they belong, columns that do not fit, the HTML copy.
+// Printed lists: every row once, headings and totals, columns that do not fit, the HTML copy.
 #include "store/windows/GridPrint.h"
 
 #include <QApplication>
@@ -64,7 +64,7 @@ class GridPrintTest : public testing::Test {
   GridPrintSettings settings_;
 };
 
-TEST_F(GridPrintTest, EveryRowStandsOnceAndInOrderUnderItsHeads) {
+TEST_F(GridPrintTest, EveryRowIsPrintedOnceInOrderUnderTheHeadings) {
   for (const int rows : {0, 1, 40, 1000}) {
     fill(rows);
     const QStringList pages = printed();
@@ -82,7 +82,7 @@ TEST_F(GridPrintTest, EveryRowStandsOnceAndInOrderUnderItsHeads) {
   }
 }
 
-TEST_F(GridPrintTest, HeadsAndTotalsRepeatOnlyWhereTold) {
+TEST_F(GridPrintTest, HeadingsAndTotalsRepeatOnlyAsConfigured) {
   fill(200);
   grid_.setFooter("PRET", "250,00");
   settings_.orientation = QPageLayout::Landscape;
@@ -104,7 +104,7 @@ TEST_F(GridPrintTest, HeadsAndTotalsRepeatOnlyWhereTold) {
   EXPECT_EQ(count(all, "Denumire|Surub"), 0);
 }
 
-TEST_F(GridPrintTest, SelectedRowsAlone) {
+TEST_F(GridPrintTest, OnlySelectedRows) {
   fill(500);
   grid_.setSelectionMode(QAbstractItemView::ExtendedSelection);
   settings_.rows = GridPrintSettings::Rows::Selected;
@@ -117,8 +117,8 @@ TEST_F(GridPrintTest, SelectedRowsAlone) {
   EXPECT_EQ(count(all, "R00003|R00004|R00401"), 3);
 }
 
-// 35 columns of 12 characters do not fit a sheet in letters that can be read.
-TEST_F(GridPrintTest, ManyColumnsGoOverSeveralPagesAndEachTellsTheRows) {
+// 35 columns of 12 characters do not fit a sheet in a legible font size.
+TEST_F(GridPrintTest, ManyColumnsAreSpreadOverPagesThatRepeatTheKey) {
   QList<GridColumn> columns;
   QStringList fields;
   std::vector<QVariant> cells;
@@ -127,7 +127,7 @@ TEST_F(GridPrintTest, ManyColumnsGoOverSeveralPagesAndEachTellsTheRows) {
     columns.append({fields[i], QStringLiteral("Coloana%1.").arg(i), CellFormat::Text, 12});
     cells.emplace_back(i == 0 ? QStringLiteral("FAMILIE") : QStringLiteral("v%1.").arg(i));
   }
-  // A heading as wide as its column is not cut, whatever the size of the letters comes to.
+  // A heading as wide as its column is not truncated, at any resulting font size.
   columns[7].caption = "Judet pentru facturare";
   cells[30] = "CHEIE";
   settings_.key = "c30";
@@ -147,8 +147,8 @@ TEST_F(GridPrintTest, ManyColumnsGoOverSeveralPagesAndEachTellsTheRows) {
   }
 }
 
-// A number that is cut would be read as another number.
-TEST_F(GridPrintTest, NumbersAreNeverCut) {
+// A truncated number would be read as another number.
+TEST_F(GridPrintTest, NumbersAreNeverTruncated) {
   grid_.setColumns({{"A", "A", CellFormat::Text, 4}, {"SUMA", "S", CellFormat::Number, 3}});
   Recordset rows(std::make_shared<Columns>(QStringList{"A", "SUMA"}));
   rows.append({"Text care nu incape in patru litere", 123456789.25});
@@ -158,7 +158,7 @@ TEST_F(GridPrintTest, NumbersAreNeverCut) {
   EXPECT_FALSE(all.contains("patru"));
 }
 
-TEST_F(GridPrintTest, AnotherSheetCountsThePagesAnewAndARangePrintsItsPages) {
+TEST_F(GridPrintTest, AnotherSheetCountsThePagesAgainAndARangePrintsItsPages) {
   fill(200);
   GridPrint job(grid_, settings_);
   const int portrait = job.pageCount();
@@ -177,7 +177,7 @@ TEST_F(GridPrintTest, AnotherSheetCountsThePagesAnewAndARangePrintsItsPages) {
   EXPECT_THROW(writePdf(folder_.filePath("lipsa/x.pdf"), {}, job, nullptr), StoreError);
 }
 
-TEST_F(GridPrintTest, TheHtmlCopyIsWholeOrNotThere) {
+TEST_F(GridPrintTest, TheHtmlCopyIsWrittenAtomically) {
   fill(3);
   grid_.setFooter("PRET", "3,75");
   const GridPrint job(grid_, settings_);
@@ -194,7 +194,7 @@ TEST_F(GridPrintTest, TheHtmlCopyIsWholeOrNotThere) {
   EXPECT_THROW(job.writeHtml(folder_.filePath("lipsa/Articole.htm")), StoreError);
 }
 
-// Accepts the options as they stand and closes the preview.
+// Accepts the default options and closes the preview.
 class Served : public QObject {
  public:
   Served() { qApp->installEventFilter(this); }
@@ -259,7 +259,7 @@ TEST_F(GridPrintTest, TheButtonPrintsTheTotalsOfTheSelection) {
   EXPECT_EQ(grid_.palette(), before);
   QString page = pagesOf(folder_.filePath("Comisioane-1.pdf")).join(QString());
   EXPECT_EQ(count(page, "Ion"), 4);
-  EXPECT_EQ(count(page, "R ?A ?P ?O ?R ?T"), 1);  // the reader takes spaced letters for a word
+  EXPECT_EQ(count(page, "R ?A ?P ?O ?R ?T"), 1);  // the PDF reader reads spaced letters as one word
   EXPECT_EQ(count(page, "Editat de Tarvon .* Pagina: 1 din 1"), 1);
   EXPECT_EQ(count(page, "\\b0,30"), 1);
 

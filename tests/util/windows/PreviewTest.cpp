@@ -1,4 +1,4 @@
-// The preview: its pages are drawn when they are shown, and what fails while drawing is told once.
+// The preview: pages are drawn when they are shown, and a failure of drawing is reported once.
 #include "util/windows/frmPrevizualizare.h"
 
 #include <QApplication>
@@ -41,7 +41,7 @@ class CountedJob : public PrintJob {
   int broken = -1;
 };
 
-/// A job whose pages have to be counted, one at a time.
+/// A job whose pages have to be counted one at a time.
 class SlowJob : public CountedJob {
  public:
   int pageCount() const override {
@@ -63,7 +63,7 @@ class SlowJob : public CountedJob {
   mutable int known_ = 0;
 };
 
-TEST(PreviewTest, PagesAreCountedWhileTheyAreLookedAt) {
+TEST(PreviewTest, PagesAreCountedWhileThePreviewIsOpen) {
   SlowJob job;
   frmPrevizualizare preview(job, nullptr);
   preview.show();
@@ -87,7 +87,7 @@ TEST(PreviewTest, PagesAreCountedWhileTheyAreLookedAt) {
   EXPECT_EQ(second.findChild<QLabel*>("lblPagini")->text(), "din ... (5)");
 }
 
-TEST(PreviewTest, PagesAreDrawnAndTheirFaultsNamedWhenTheyAreShown) {
+TEST(PreviewTest, PagesAreDrawnAndTheirFaultsReportedWhenTheyAreShown) {
   CountedJob job;
   job.missing = QStringList{"Text A", "Text B", "Text C", "Text D", "Text E"};
   frmPrevizualizare preview(job, nullptr);
@@ -116,7 +116,7 @@ TEST(PreviewTest, PagesAreDrawnAndTheirFaultsNamedWhenTheyAreShown) {
   EXPECT_EQ(status->text(), "Formula nu se poate calcula: Text A; Text B; Text C; si inca 2");
 }
 
-TEST(PreviewTest, APageThatFailsIsToldAndLeavesNoFile) {
+TEST(PreviewTest, APageThatFailsIsReportedAndLeavesNoFile) {
   MessageRecorder messages;
   CountedJob job;
   job.broken = 1;
@@ -127,9 +127,10 @@ TEST(PreviewTest, APageThatFailsIsToldAndLeavesNoFile) {
   QTest::keyClick(preview.findChild<QScrollArea*>(), Qt::Key_PageDown);
   for (int i = 0; i < 20 && messages.isEmpty(); ++i)
     QTest::keyClick(preview.findChild<QScrollArea*>(), Qt::Key_PageDown);
-  const QStringList told = messages.take();
-  ASSERT_EQ(told.size(), 1);
-  EXPECT_TRUE(told[0].startsWith("Eroare 7 - Pagina nu se poate citi in procedura KeyDown din Form "));
+  const QStringList messagesShown = messages.take();
+  ASSERT_EQ(messagesShown.size(), 1);
+  EXPECT_TRUE(
+      messagesShown[0].startsWith("Eroare 7 - Pagina nu se poate citi in procedura KeyDown din Form "));
 
   const QTemporaryDir folder;
   const QString path = folder.filePath("proba.pdf");
@@ -142,7 +143,7 @@ TEST(PreviewTest, APageThatFailsIsToldAndLeavesNoFile) {
   EXPECT_TRUE(QFile::exists(path));
 }
 
-TEST(PreviewTest, TheSheetIsOfferedOnlyWhereTheJobLeavesItOpen) {
+TEST(PreviewTest, TheSheetCanBeChosenOnlyIfTheJobAllowsIt) {
   CountedJob job;
   frmOptiuniTiparire options(job, false, nullptr);
   EXPECT_EQ(options.windowTitle(), "Selectati mod de obtinere raport");
