@@ -1,5 +1,5 @@
-// The program's QApplication: an error that escapes every handler ends in the one error report, and not the
-// program.
+// The program's QApplication: an error that no handler catches is shown in the error report and does not end
+// the program.
 #pragma once
 
 #include <QApplication>

@@ -12,10 +12,10 @@ enum class Opens {
   Menu,       ///< a menu of the bar; the entries up to the next one lie in it
   Separator,  ///< with a name where something hides it
   One,        ///< one window, brought to the front by later commands
-  New,        ///< a fresh window each time
-  Modal,      ///< a dialog that holds the main window
-  Command,    ///< work without a window of its own
-  Own,        ///< what the main window does itself
+  New,        ///< a new window each time
+  Modal,      ///< a modal dialog
+  Command,    ///< a function without a window
+  Own,        ///< handled by the main window
   OwnCheck    ///< the same, with a check mark that is set at first
 };
 

@@ -1,4 +1,4 @@
-// The road from the start of the process to the main window, and its end.
+// The steps from the start of the process to the main window, and the end of the process.
 #pragma once
 
 #include <memory>
@@ -23,14 +23,14 @@ class StartUp : public QObject {
   bool openCompany(const QString& folder, const QString& numeBD, const QString& denumire, const QString& user,
                    const QString& password);
 
-  /// Takes the working warehouse into the session.
+  /// Stores the working warehouse in the session.
   void chooseWarehouse(qint64 code, const QString& name);
 
   /// The last step: creates and shows the main window.
   void DeschideFereastraPrincipala();
 
  signals:
-  /// The user left: the company is closed, and the process is to end.
+  /// The user cancelled: the company is closed, and the process must end.
   void ended();
 
  private:

@@ -1,4 +1,4 @@
-// What program this is, and its version.
+// The program's name and version.
 #pragma once
 
 #include <QDialog>

@@ -177,7 +177,7 @@ void frmLogin::focusFieldAtFault(const QString& field) {
 }
 
 bool frmLogin::eventFilter(QObject* watched, QEvent* event) {
-  // The key under Esc asks for a comparison of the structures whatever the version.
+  // The key below Esc forces a comparison of the structures, whatever the version.
   if (event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     forceUpdate_ = forceUpdate_ || key == Qt::Key_QuoteLeft || key == Qt::Key_AsciiTilde;

@@ -17,7 +17,7 @@ class frmLogin : public QDialog {
  public:
   explicit frmLogin(Login::VersionCheck verificaVersiune = {}, QWidget* parent = nullptr);
 
-  /// Whether a user got in.
+  /// Whether a user has logged in.
   bool LoginSucceeded() const { return loginSucceeded_; }
 
  protected:

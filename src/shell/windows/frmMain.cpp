@@ -39,7 +39,7 @@ constexpr int kClockMs = 1000;
 constexpr const char* kWindowKey = "windowKey";
 const QString kForm = QStringLiteral("frmMain");
 
-// An empty area says how to begin.
+// An empty area shows a hint how to begin.
 class ChildArea : public QMdiArea {
  public:
   using QMdiArea::QMdiArea;
@@ -162,7 +162,7 @@ void frmMain::runModal(const MenuEntry& entry) {
   auto* dialog = qobject_cast<QDialog*>(window.get());
   Q_ASSERT_X(dialog, "frmMain", "a modal window is a QDialog");
   dialog->exec();
-  // A restored company may trade in something else.
+  // A restored company may have another hearing-device mode.
   showHearingEntries();
 }
 
@@ -194,7 +194,7 @@ QToolBar* frmMain::buildToolBar(const QString& name, const QString& title, Qt::T
     action->setProperty("index", entry.index);
     action->setToolTip(entry.toolTip);
     action->setEnabled(command->make || command->run);
-    // The rights of a user act on the menu alone.
+    // The rights of a user only affect the menu.
     connect(action, &QAction::triggered, this, [this, &menuEntry = *command] { runEntry(menuEntry); });
   }
   addToolBar(area, bar);
@@ -234,7 +234,7 @@ void frmMain::placeWindow() {
   const QScreen* screen = QApplication::screenAt(wanted.topLeft());
   const QRect room = (screen ? screen : QApplication::primaryScreen())->availableGeometry();
   wanted.setSize(wanted.size().boundedTo(room.size()));
-  // The first start's place is smaller than the tool bars and a document need.
+  // The default size is smaller than the tool bars and a document need.
   setMinimumSize(kSmallest.boundedTo(room.size()));
   if (!screen) wanted.moveTopLeft(room.topLeft());
   move(wanted.topLeft());
@@ -287,18 +287,18 @@ void frmMain::showChild(QWidget* window) {
   child->resize((last.isValid() ? last : child->sizeHint()).boundedTo(area_->viewport()->size()));
   child->installEventFilter(this);
   child->show();
-  // The window itself knows its first field.
+  // The window's own first field.
   QWidget* first = window->focusWidget();
   (first ? first : window)->setFocus();
 }
 
-// A child window comes back in the size in which it was left.
+// A child window is restored to its previous size.
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
   auto* child = qobject_cast<QMdiSubWindow*>(watched);
   if (child && child->widget() && event->type() == QEvent::Close && !child->isMaximized() &&
       !child->isMinimized())
     settings::setLook(child->widget()->objectName(), child->size());
-  // A window that closes may have changed what the company trades in.
+  // The closed window may have changed the hearing-device mode.
   if (child && event->type() == QEvent::Close)
     QMetaObject::invokeMethod(this, &frmMain::showHearingEntries, Qt::QueuedConnection);
   return QMainWindow::eventFilter(watched, event);

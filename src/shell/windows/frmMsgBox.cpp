@@ -69,7 +69,7 @@ QString iconFile(int buttons) {
   }
 }
 
-// A picture without transparency of its own marks its ground by magenta.
+// In a picture without an alpha channel, magenta is the transparent colour.
 QIcon buttonPicture(const QString& name) {
   const QImage image(picturePath(name));
   QPixmap picture = QPixmap::fromImage(image);

@@ -1,4 +1,4 @@
-// The question for the password of a database server. What is typed is kept in memory alone.
+// Asks for the password of a database server, which is kept only in memory.
 #pragma once
 
 #include <optional>

@@ -1,4 +1,4 @@
-// The dialog that puts a saved copy in place of the open company.
+// The dialog that replaces the open company by a saved copy.
 #pragma once
 
 #include <QDialog>

@@ -65,7 +65,7 @@ Value valueOf(const QWidget* control) {
 
 }  // namespace
 
-// A box cuts what is longer than itself, and a record would be saved shorter than it was found.
+// A box truncates longer texts, and saving would shorten the stored text.
 void Card::put(const Bound& bound, const QVariant& value) {
   if (auto* box = qobject_cast<QLineEdit*>(bound.control))
     box->setMaxLength(std::max(bound.length, static_cast<int>(value.toString().size())));

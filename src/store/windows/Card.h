@@ -1,4 +1,4 @@
-// One record in the controls of a form: shows it, reads back what was typed, knows whether it was changed.
+// Binds one record to the controls of a form: shows it, reads the typed values, detects changes.
 #pragma once
 
 #include <QMap>
@@ -10,8 +10,8 @@
 namespace velmar {
 
 /// Boxes, lists, check boxes and options, dates and labels, each with the column that it shows. A list
-/// carries the column's values as the data of its items; a label only shows. A text longer than its box takes
-/// is shown whole all the same.
+/// has the column's values as the data of its items; a label is read-only. A text longer than the box allows
+/// is still shown completely.
 class Card : public QObject {
   Q_OBJECT
  public:
@@ -52,7 +52,7 @@ class Card : public QObject {
   struct Bound {
     QString column;
     QWidget* control;
-    int length;  ///< the most characters that can be typed, of a text box
+    int length;  ///< the maximum length of a text box
   };
 
   void bind(const QString& column, QWidget* control);
@@ -62,7 +62,7 @@ class Card : public QObject {
   QList<Bound> bound_;
   QMap<QString, Value> defaults_;
   QStringList settled_;
-  bool isCleared_ = false;  ///< shows no record, but what a new one starts with
+  bool isCleared_ = false;  ///< shows the defaults of a new record
 };
 
 }  // namespace velmar

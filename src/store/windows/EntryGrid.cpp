@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kLongestEntry = 60;
 
-// Ctrl+Tab leaves a grid from any cell; with Shift it goes back.
+// Ctrl+Tab leaves a grid from any cell; with Shift to the previous control.
 bool isCtrlTab(const QEvent* event) {
   if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride) return false;
   const auto* key = static_cast<const QKeyEvent*>(event);
@@ -29,7 +29,7 @@ bool goesForward(const QEvent* event) {
 
 }  // namespace
 
-// Opens the editors and hands them to the grid, which takes their texts over. Enter means: next open cell.
+// Creates the editors for the grid, which commits their texts. Enter moves to the next editable cell.
 class EntryDelegate : public QStyledItemDelegate {
  public:
   explicit EntryDelegate(EntryGrid* grid) : QStyledItemDelegate(grid), grid_(grid) {}
@@ -46,17 +46,17 @@ class EntryDelegate : public QStyledItemDelegate {
   void setEditorData(QWidget* editor, const QModelIndex& index) const override {
     auto* line = static_cast<QLineEdit*>(editor);
     if (line->isModified() || editor == grid_->refused_)
-      return;  // a refresh must not take what is being typed
+      return;  // a refresh must not overwrite text being typed
     line->setText(index.data(Qt::EditRole).toString());
     line->selectAll();
   }
 
-  // The grid itself takes the text over in commitData.
+  // The grid commits the text in commitData().
   void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
 
   bool eventFilter(QObject* object, QEvent* event) override {
     if (isCtrlTab(event)) {
-      event->accept();  // or a shortcut would take it
+      event->accept();  // or a shortcut would handle it
       if (event->type() == QEvent::KeyPress) grid_->leaveGrid(goesForward(event));
       return true;
     }
@@ -126,7 +126,8 @@ bool EntryGrid::commitPending() {
 
 void EntryGrid::commitData(QWidget* widget) {
   auto* line = qobject_cast<QLineEdit*>(widget);
-  // A box, also one shown while the text is taken over, takes the focus from the editor, which asks again.
+  // A message box, also one shown while the text is stored, takes the focus from the editor, which commits
+  // again.
   if (showing_ || taking_ || !line || widget != editor_ || !editing_.isValid()) return;
   if (cause_ && !refused_) return;
   if (leavesUntouched(line, editing_)) {
@@ -147,7 +148,7 @@ void EntryGrid::commitData(QWidget* widget) {
   }
 }
 
-// The box is shown once the event that left the cell is over: shown inside it, the text would be lost.
+// The box is shown after the event that left the cell: within the event, the text would be lost.
 void EntryGrid::refuse(std::exception_ptr cause) {
   const bool waiting = static_cast<bool>(cause_);
   cause_ = std::move(cause);
@@ -162,7 +163,7 @@ void EntryGrid::showRefusal() {
     try {
       std::rethrow_exception(cause);
     } catch (const QuietRefusal&) {
-      // The text stays, and there is nothing to say about it.
+      // The text remains, without a message.
     }
   });
   showing_ = false;
@@ -177,7 +178,7 @@ void EntryGrid::showRefusal() {
 }
 
 void EntryGrid::closeEditor(QWidget* widget, QAbstractItemDelegate::EndEditHint hint) {
-  if (taking_) return;  // whoever asked to take the text over closes the editor behind it
+  if (taking_) return;  // the caller that commits the text also closes the editor
   if (widget == refused_ && hint != QAbstractItemDelegate::RevertModelCache) return;
   if (widget == refused_) {
     refused_.clear();
@@ -187,7 +188,7 @@ void EntryGrid::closeEditor(QWidget* widget, QAbstractItemDelegate::EndEditHint 
     editor_.clear();
     editing_ = QPersistentModelIndex();
   }
-  // A cell that takes its old text back stays the current one.
+  // A cell that is reset to its old text remains current.
   if (cause_) hint = QAbstractItemDelegate::NoHint;
   const bool forward = hint == QAbstractItemDelegate::EditNextItem;
   const bool moves = forward || hint == QAbstractItemDelegate::EditPreviousItem;

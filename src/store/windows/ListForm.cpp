@@ -49,7 +49,7 @@ void ListForm::setList(EntryGrid* grid, const QString& keyField, Read read, cons
   connect(grid_, &TDBGrid::currentRecordChanged, this, [this] {
     if (!keepEdits_) rowChosen();
   });
-  // A click on the row that is current already brings it back into the card.
+  // A click on the row that is already current shows it in the card again.
   connect(grid_, &QAbstractItemView::clicked, this, [this] {
     if (new_) rowChosen();
   });
@@ -59,7 +59,7 @@ void ListForm::setList(EntryGrid* grid, const QString& keyField, Read read, cons
       Qt::QueuedConnection);
 }
 
-// The question is shown once the event that chose the row is over.
+// The question is shown after the event that selected the row.
 void ListForm::rowChosen() {
   if (leaving_) return;
   if (!store_ || !card_.isChanged()) {
@@ -275,7 +275,7 @@ void ListForm::refresh() {
   {
     const QSignalBlocker quiet(grid_);
     grid_->setRows(read_());
-    // Edits of a record that is gone stay in the card, but no other record may pass for it.
+    // Edits of a deleted record remain in the card, but must not be stored in another record.
     const bool found = key.isEmpty() || grid_->selectRecord(keyField_, key);
     lost = !found && keepEdits_ && !new_;
     if (lost) grid_->setCurrentIndex({});
@@ -284,7 +284,7 @@ void ListForm::refresh() {
   if (lost) say(gone().text());
 }
 
-// What is being typed into the card stays as it is.
+// Values being edited in the card are not changed.
 void ListForm::refreshKeepingEdits() {
   keepEdits_ = !addOnly_ && (new_ || card_.isChanged());
   refresh();

@@ -1,6 +1,6 @@
-// What the list windows of the master tables share: a list with a search, a card beside it, commands that say
-// what is wrong and where, and the keys: F5 reads again, Ctrl+F searches, Insert begins a new record, Delete
-// deletes, Ctrl+P prints, Esc takes an edit back and then closes.
+// The common base of the list windows of master tables: a list with a search, a card beside it, commands that
+// report errors at their field, and the keys: F5 reads again, Ctrl+F searches, Insert begins a new record,
+// Delete deletes, Ctrl+P prints, Esc undoes an edit and then closes.
 #pragma once
 
 #include <functional>
@@ -39,7 +39,7 @@ class ListForm : public QWidget {
                        const QString& picture, std::function<void()> action);
   /// A command that prints the list, as Ctrl+P does.
   QPushButton* printCommand(const QString& name, const QString& caption, const QString& toolTip);
-  /// How the list is printed, where it is not just the selected rows under the window's title.
+  /// Sets how the list is printed; the default is the selected rows under the window's title.
   void setPrinting(const GridPrintSettings& settings) { printing_ = settings; }
   void printList();
   /// The button "Iesire".
@@ -48,7 +48,7 @@ class ListForm : public QWidget {
   void setKeys(QPushButton* add, QPushButton* remove);
   /// As setKeys(), for a window without a button that deletes.
   void setKeys(QPushButton* add, const std::function<void()>& remove);
-  /// How the card is stored when the user wants that on leaving it. Only such a card asks.
+  /// Sets how the card is stored when the user confirms that on leaving it. Without it there is no question.
   void setStoring(std::function<void()> store) { store_ = std::move(store); }
   /// Asks whether to store a changed card before anything else is shown. False: the user stays, and the typed
   /// values are unchanged.
@@ -71,10 +71,10 @@ class ListForm : public QWidget {
   void run(const QString& procedure, const std::function<void()>& work);
   /// Shows the result of a command in the window until something is typed.
   void say(const QString& text);
-  /// Asks a question of deletion.
+  /// Asks for confirmation of a deletion.
   bool confirmed(const QString& question, const QString& title = QStringLiteral("Confirmare stergere"));
-  /// Asks the question, then deletes the current record by its key; gives whether it did. The question holds
-  /// the key as %1.
+  /// Asks the question, in which %1 is the key, then deletes the current record; returns whether it was
+  /// deleted.
   bool removeCurrent(const QString& question, const std::function<void(const QString& key)>& remove,
                      const QString& title = QStringLiteral("Confirmare stergere"));
   /// Reads the list again with the record of that key as the current one; a card that is only for adding is
@@ -89,13 +89,13 @@ class ListForm : public QWidget {
   virtual void startNew();
   /// The box that Ctrl+F goes to.
   virtual QWidget* searchBox() { return search_; }
-  /// Brings the focus to the control of a column.
+  /// Sets the focus on the control of a column.
   virtual void focusField(const QString& column);
 
   void keyPressEvent(QKeyEvent* event) override;
-  /// A card that is to be kept keeps the window open.
+  /// The window remains open when the user does not want to leave a changed card.
   void closeEvent(QCloseEvent* event) override;
-  /// Reads the list again when its tables were written while the window was out of sight.
+  /// Reads the list again when its tables were written while the window was hidden.
   void showEvent(QShowEvent* event) override;
   /// Whether the card holds no record of the list.
   bool isNew() const { return new_; }
@@ -123,11 +123,11 @@ class ListForm : public QWidget {
   QStringList searchFields_;
   std::function<void()> store_;
   QString shownKey_;      ///< of the record in the card
-  bool leaving_ = false;  ///< another row was chosen; what becomes of the card is still to be asked
+  bool leaving_ = false;  ///< another row was selected; the question about the card is pending
   QLabel* state_;
   QPushButton* exit_ = nullptr;
   bool stale_ = false;      ///< a table of the list was written after it was read
-  bool keepEdits_ = false;  ///< the list is read beneath a card that is being typed into
+  bool keepEdits_ = false;  ///< the list is read while the card is being edited
   bool new_ = false;
   bool addOnly_ = false;
 };

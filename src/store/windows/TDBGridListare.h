@@ -17,7 +17,7 @@ class TDBGridListare : public QWidget {
 
   /// The grid that is printed.
   void setTDBGrid(TDBGrid* grid) { grid_ = grid; }
-  /// The window that holds the control: out of the way while the pages are shown.
+  /// The window of the control, which is minimized while the pages are shown.
   void setForm(QWidget* form) { form_ = form; }
 
  signals:

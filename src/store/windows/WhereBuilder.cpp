@@ -141,7 +141,7 @@ void WhereBuilder::take() {
   lblConditie_->setText(filter_.text());
 }
 
-// A second press joins the next condition the other way.
+// A second press changes how the next condition is joined.
 void WhereBuilder::takeGuarded(bool orElse) {
   guarded("WhereBuilder", orElse ? "cmdSau_Click" : "cmdSi_Click", [this, orElse] {
     if (hasValue()) take();

@@ -44,7 +44,7 @@ class WhereBuilder : public QWidget {
   void fieldChosen();
   void showBoxes();
   void addTo(Filter& filter);
-  /// Takes the boxes into the condition and empties them.
+  /// Adds the values of the boxes to the condition and clears them.
   void take();
   void takeGuarded(bool orElse);
   void joinAnd() { takeGuarded(false); }
@@ -53,7 +53,7 @@ class WhereBuilder : public QWidget {
   QList<FilterField> fields_;
   int first_ = 0;
   Filter filter_;
-  bool orElse_ = false;  ///< how the boxes join what was said before
+  bool orElse_ = false;  ///< the boxes are joined to the condition with "or"
   QComboBox* cboCamp_;
   QComboBox* cboComparatie_;
   QLineEdit* txtValoare_;

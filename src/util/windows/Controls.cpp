@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kWidestBox = 50;  // characters
 
-// Another tab may have been brought to the front over the box.
+// The tab of the box may not be the current one.
 void bringTabOf(QWidget* box) {
   for (QWidget* page = box; page->parentWidget(); page = page->parentWidget()) {
     auto* tabs = qobject_cast<QTabWidget*>(page->parentWidget()->parentWidget());
@@ -23,7 +23,7 @@ void bringTabOf(QWidget* box) {
   }
 }
 
-// Watches one box being left.
+// Checks one box when it is left.
 class EntryCheck : public QObject {
  public:
   EntryCheck(QWidget* box, Objection objection, int icon, const QString& title, std::function<void()> refused)

@@ -1,4 +1,4 @@
-// The controls that forms are put together from, made with their name and tool tip at once.
+// Creates the controls of forms with their name and tool tip.
 #pragma once
 
 #include <functional>
@@ -13,7 +13,7 @@ class QPushButton;
 
 namespace velmar {
 
-/// Gives a control the name that settings and scenarios know it by, and its tool tip.
+/// Sets the name of a control, used by settings and scenarios, and its tool tip.
 template <typename Widget>
 Widget* named(Widget* widget, const QString& name, const QString& toolTip = {}) {
   widget->setObjectName(name);
@@ -28,10 +28,10 @@ QPushButton* makeButton(const QString& name, const QString& caption, const QStri
 /// A text box that takes at most `width` characters (0: any number) and is about as wide.
 QLineEdit* makeTextBox(const QString& name, int width, const QString& toolTip = {},
                        KeyFilter::Options keys = {});
-/// Lets the box grow until a text of full length in capitals fits.
+/// Makes the box wide enough for a text of maximum length in upper case.
 void fitCapitals(QLineEdit* box);
 
-/// A text that ends in dots where its place is too narrow, and then has the whole as its tool tip.
+/// A text that is truncated with dots if it does not fit, and then has the complete text as its tool tip.
 class ElidedLabel : public QLabel {
  public:
   explicit ElidedLabel(QWidget* parent = nullptr);
@@ -40,8 +40,8 @@ class ElidedLabel : public QLabel {
   void paintEvent(QPaintEvent* event) override;
 };
 
-/// A box for a number: typed with comma or point alike, shown in the Romanian way with its decimals while it
-/// has not the focus. What is no number stays as it was typed.
+/// A box for a number, typed with a comma or point, shown in Romanian format with its decimals while it does
+/// not have the focus. A text that is not a number remains as typed.
 class NumberBox : public QLineEdit {
   Q_OBJECT
  public:
@@ -49,11 +49,12 @@ class NumberBox : public QLineEdit {
   explicit NumberBox(int decimals, QWidget* parent = nullptr);
 
   void setNumber(const std::optional<Decimal>& number);
-  /// Nothing when the box is empty or holds no number.
+  /// Empty when the box is empty or its text is not a number.
   std::optional<Decimal> number() const;
-  /// What was typed, without groups of thousands; a number that was set as it would be typed.
+  /// The typed text, without thousands separators; a number that was set, in the form in which it would be
+  /// typed.
   const QString& typed() const { return typed_; }
-  /// Takes the text as typed by the user.
+  /// Sets the text as if typed by the user.
   void setTyped(const QString& text);
 
  protected:
@@ -70,7 +71,7 @@ class NumberBox : public QLineEdit {
 /// What is wrong with the contents of a box, "" when nothing is.
 using Objection = std::function<QString()>;
 
-/// Shows the objection, if there is one, when the user leaves the box, and brings the focus back to it;
+/// Shows the objection, if there is one, when the user leaves the box, and sets the focus on it again;
 /// `refused` runs between the two.
 void checkWhenLeft(QWidget* box, Objection objection, int icon = 0, const QString& title = {},
                    std::function<void()> refused = {});
@@ -79,7 +80,7 @@ void checkWhenLeft(QWidget* box, Objection objection, int icon = 0, const QStrin
 /// focus is checked now.
 bool entriesAccepted(QWidget* form);
 
-/// "Valoarea trebuie sa fie numerica" while the box holds something that is no number.
+/// Objects with "Valoarea trebuie sa fie numerica" to a text that is not a number.
 void requireNumberWhenLeft(NumberBox* box,
                            const QString& text = QStringLiteral("Valoarea trebuie sa fie numerica"),
                            int icon = 0, const QString& title = {}, std::function<void()> refused = {});

@@ -13,7 +13,7 @@ namespace {
 constexpr int kDigits = 8;
 constexpr int kCentury = 2000;
 
-// The date that the digits mean, beside the date they replace.
+// The date for the digits; missing parts are those of the replaced date.
 QDate dateOf(const QString& digits, const QDate& before) {
   const int day = digits.left(2).toInt();
   const int month = digits.size() > 2 ? digits.mid(2, 2).toInt() : before.month();
@@ -44,7 +44,7 @@ void DateBox::showDate(const QDate& date) {
   setDate(date);
 }
 
-// The day moves, wherever the cursor is.
+// Changes the day, wherever the cursor is.
 void DateBox::stepBy(int days) {
   takeTyped();
   if (!typed_.isEmpty()) return;
@@ -121,7 +121,7 @@ void DateBox::focusOutEvent(QFocusEvent* event) {
   QDateEdit::focusOutEvent(event);
 }
 
-// Tab leaves the field; day, month and year are one thing to type.
+// Tab leaves the field instead of moving between day, month and year.
 bool DateBox::focusNextPrevChild(bool next) {
   takeTyped();
   return QWidget::focusNextPrevChild(

@@ -1,4 +1,4 @@
-// The date field: shown as dd.MM.yyyy or dd/MM/yyyy, typed by its digits alone, with a calendar to pick from.
+// The date field: shown as dd.MM.yyyy or dd/MM/yyyy, entered by its digits only, with a calendar.
 #pragma once
 
 #include <QDateEdit>
@@ -10,10 +10,10 @@ class DateBox : public QDateEdit {
  public:
   explicit DateBox(QWidget* parent = nullptr);
 
-  /// Takes over the digits typed so far; what is missing comes from the date before ("15" is the 15th of its
-  /// month). Digits that make no date stay as they are typed, and the user cannot leave the box with them.
+  /// Commits the digits typed so far; missing parts are those of the previous date ("15" is the 15th of its
+  /// month). Digits that are not a date remain as typed, and the box cannot be left with them.
   void takeTyped();
-  /// Shows a date without a signal; digits typed so far are dropped.
+  /// Shows a date without a signal; digits typed so far are discarded.
   void showDate(const QDate& date);
 
   void stepBy(int days) override;
@@ -30,8 +30,8 @@ class DateBox : public QDateEdit {
   void padTyped();
   void showTyped();
 
-  QString typed_;           ///< digits of day, month and year, as far as they were typed
-  bool isRefused_ = false;  ///< the digits were refused; the next one begins another date
+  QString typed_;           ///< the digits of day, month and year typed so far
+  bool isRefused_ = false;  ///< the digits were refused; the next digit begins a new date
 };
 
 }  // namespace velmar

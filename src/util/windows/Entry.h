@@ -1,4 +1,4 @@
-// How fields are entered: Enter moves on, locked fields show it.
+// Common behaviour of fields: Enter moves to the next one, locked fields have their own colour.
 #pragma once
 
 class QLineEdit;
@@ -12,11 +12,11 @@ void moveOnWithEnter(QWidget* widget);
 /// Paints a box in the colour of locked fields, or in the normal one.
 void markLocked(QLineEdit* box, bool locked);
 
-/// Makes a box show only: nothing can be typed into it and Tab passes it by.
+/// Makes a box read-only and excludes it from the tab order.
 void lockBox(QLineEdit* box);
 
-/// Gives each button, box and label of a field in the form a letter of its own to reach it with Alt: the one
-/// that its text asks for with "&", else the first that is free. The letters of the main menu are never free.
+/// Assigns a mnemonic to each button, box and label of a field in the form: the letter marked with "&" in its
+/// text, else the first free one. The letters of the main menu are reserved.
 void giveMnemonics(QWidget* form);
 
 }  // namespace velmar

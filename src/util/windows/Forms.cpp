@@ -13,7 +13,7 @@ namespace velmar {
 
 namespace {
 
-// Sees the keys that the form's controls did not want.
+// Handles the keys that the form's controls ignore.
 class FormKeys : public QObject {
  public:
   FormKeys(QWidget* form, QPushButton* defaultButton, QPushButton* exitButton)
@@ -44,7 +44,7 @@ class FormKeys : public QObject {
   QPushButton* exitButton_;
 };
 
-// The window that moves with the form.
+// The form's child window frame, or the form itself.
 QWidget* frameOf(QWidget* form) {
   auto* child = qobject_cast<QMdiSubWindow*>(form->parentWidget());
   return child ? child : form;

@@ -1,4 +1,4 @@
-// The habits that all forms share: how they close, what Enter and Esc do, the hourglass.
+// Common behaviour of forms: closing, the keys Enter and Esc, the hourglass.
 #pragma once
 
 #include <QWidget>
@@ -7,19 +7,18 @@ class QPushButton;
 
 namespace velmar {
 
-/// What becomes of something typed that is about to be left unsaved.
+/// The user's decision about unsaved input.
 enum class Leaving { Store, Discard, Stay };
-/// Brings the form to the front and asks.
+/// Activates the form and asks.
 Leaving askLeaving(QWidget* form, const QString& question);
 
-/// Brings a form to the front of the main window.
+/// Activates a form in the main window.
 void activateForm(QWidget* form);
 
 /// Closes a form, also when it is a child window of the main window.
 void closeForm(QWidget* form);
 
-/// Put a form out of the way and make it as large as its room, also when it is a child window of the main
-/// window.
+/// Minimize or maximize a form, also when it is a child window of the main window.
 void minimiseForm(QWidget* form);
 void maximiseForm(QWidget* form);
 
@@ -27,11 +26,11 @@ void maximiseForm(QWidget* form);
 void setUpExitButton(QPushButton* button, QWidget* form);
 
 /// Enter in a text box or on a button of `form` presses `defaultButton` (or the button itself), Esc presses
-/// `exitButton`. For forms that are no QDialog, which does so by itself. A cell that is being edited and an
-/// open list take their keys first.
+/// `exitButton`. For forms that are not a QDialog, which does this itself. A cell being edited and an open
+/// list handle their keys first.
 void setUpKeys(QWidget* form, QPushButton* defaultButton, QPushButton* exitButton);
 
-/// Shows the hourglass for as long as the object lives.
+/// Shows the hourglass during the lifetime of the object.
 class Hourglass {
  public:
   Hourglass();

@@ -1,5 +1,5 @@
-// What a text box takes: the characters it swallows, and upper case as they are typed. Pasted text is treated
-// alike; what a program puts into the box stays as it is written.
+// Filters the input of a text box: ignores certain characters, and converts to upper case. Also applies to
+// pasted text, but not to text set by the program.
 #pragma once
 
 #include <QValidator>

@@ -1,4 +1,4 @@
-// The one look of all windows: style, accent colour, line icons, the colour of locked fields.
+// The common look of all windows: style, accent colour, line icons, the colour of locked fields.
 #pragma once
 
 #include <QColor>
@@ -8,8 +8,8 @@ class QApplication;
 
 namespace velmar {
 
-/// Gives the program its style, its icon and Romanian texts of the toolkit; the palette and the font stay the
-/// system's.
+/// Sets the program's style, icon and Romanian texts of the toolkit; palette and font remain those of the
+/// system.
 void applyLook(QApplication& application);
 
 /// Background of locked and computed fields: that of tool tips.

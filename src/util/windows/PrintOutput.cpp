@@ -47,7 +47,7 @@ QPageLayout wholeSheet(const PrintJob& job) {
   return layout;
 }
 
-// Draws the pages one behind the other; throws Cancelled when the user has seen enough of it.
+// Draws all pages; throws Cancelled when the user cancels.
 void paintAll(QPagedPaintDevice& device, qreal dotsPerInch, const PrintTarget& pages, const PrintJob& job,
               QWidget* parent) {
   const int last = lastPage(pages, job, parent);

@@ -1,4 +1,4 @@
-// Where pages go: to a printer, or into a PDF file.
+// Outputs pages to a printer or a PDF file.
 #pragma once
 
 #include <QStringList>
@@ -7,7 +7,7 @@
 
 namespace velmar {
 
-/// Which pages go where.
+/// The output device and the pages to print.
 struct PrintTarget {
   QString printer;  ///< empty: a PDF file
   int copies = 1;   ///< of a printer
@@ -15,25 +15,25 @@ struct PrintTarget {
   int last = -1;  ///< -1: to the end
 };
 
-/// Prints and previews go as PDF files into that folder from now on, named after the job and a counter, and
-/// neither a printer nor a file name is asked for; empty ends it.
+/// Redirects prints and previews to PDF files in that folder, named after the job and a counter, without
+/// dialogs for printer or file name; an empty path ends this.
 void setPrintFolder(const QString& path);
 const QString& printFolder();
 
-/// The printers of this machine.
+/// The printers of this computer.
 QStringList installedPrinters();
 
-/// Prints, or asks for the file of a PDF and writes it. Gives the file's path or the printer's name, empty
-/// when the user gave up. Throws StoreError when the printer or the folder refuses.
+/// Prints, or asks for the name of a PDF file and writes it. Returns the file's path or the printer's name,
+/// empty when the user cancelled. Throws StoreError on a failure of the printer or the folder.
 QString sendTo(const PrintTarget& target, const PrintJob& job, QWidget* parent);
 
-/// Writes a PDF file, whole or not at all.
+/// Writes a PDF file atomically.
 void writePdf(const QString& path, const PrintTarget& pages, const PrintJob& job, QWidget* parent);
 
-/// Leaves a copy of what a preview shows in the print folder, if there is one.
+/// Stores a copy of the previewed pages in the print folder, if one is set.
 void keepPreviewCopy(const PrintJob& job, QWidget* parent);
 
-/// Counts the pages, and shows how far it is where that takes long. Throws Cancelled when the user gives up.
+/// Counts the pages, and shows the progress if that takes long. Throws Cancelled when the user cancels.
 int countPages(const PrintJob& job, QWidget* parent);
 
 /// Draws a page on a device of that resolution.

@@ -19,7 +19,7 @@ SearchCombo::SearchCombo(const QString& name, const QString& toolTip, int shown,
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(shown);
   auto* list = new QListView(this);
-  list->setUniformItemSizes(true);  // a list of thousands drops down at once
+  list->setUniformItemSizes(true);  // so that a list of thousands opens quickly
   setView(list);
   const auto settleNow = [this] {
     settle();

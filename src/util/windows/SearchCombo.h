@@ -1,4 +1,4 @@
-// A list to choose from by typing: any part of a text finds it.
+// A combo box with a search: typing any part of a text finds it.
 #pragma once
 
 #include <QComboBox>
@@ -24,7 +24,7 @@ class SearchCombo : public QComboBox {
   void settled();
 };
 
-/// Refuses, when the list is left, a text that is no choice of it.
+/// Refuses a text that matches no item when the list is left.
 void requireChoiceWhenLeft(SearchCombo* list);
 
 }  // namespace velmar

@@ -1,5 +1,5 @@
-// What the toolkit itself says, in the program's language: the menu of a text box, the file dialog, the menu
-// of a child window. The toolkit brings no Romanian of its own.
+// Romanian translations of the toolkit's own texts: the menu of a text box, the file dialog, the menu of a
+// child window. Qt has no Romanian translation.
 #pragma once
 
 #include <QTranslator>

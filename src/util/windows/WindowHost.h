@@ -1,4 +1,4 @@
-// Where windows open: the main window, as the windows of the other subsystems see it.
+// The interface to the main window by which the windows of other subsystems open child windows.
 #pragma once
 
 #include <functional>

@@ -15,7 +15,7 @@ WorkProgress::WorkProgress(const QString& title, QWidget* parent)
   dialog_.setWindowTitle(title);
   dialog_.setWindowModality(Qt::ApplicationModal);
   dialog_.setMinimumDuration(kPatience);
-  dialog_.setValue(0);  // the patience counts from here
+  dialog_.setValue(0);  // starts the time until the dialog is shown
 }
 
 void WorkProgress::show(int done, int of) {

@@ -1,4 +1,4 @@
-// Shows how far a long piece of work is, and lets its user give it up.
+// Shows the progress of a long operation, which the user can cancel.
 #pragma once
 
 #include <QProgressDialog>
@@ -7,10 +7,10 @@ namespace velmar {
 
 class WorkProgress {
  public:
-  /// Nothing shows until the work has taken two seconds.
+  /// The dialog is shown after two seconds.
   WorkProgress(const QString& title, QWidget* parent);
 
-  /// Shows that `done` of `of` parts are done. Throws Cancelled when the user has given up.
+  /// Shows that `done` of `of` parts are done. Throws Cancelled when the user has cancelled.
   void show(int done, int of);
 
  private:

@@ -98,7 +98,7 @@ QWidget* frmOptiuniTiparire::pagesFrame() {
   auto* rows = new QVBoxLayout(frame);
   rows->addWidget(optToate_);
   rows->addLayout(row);
-  // Who types a page wants these pages.
+  // Typing a page number selects the option for a range.
   const auto some = [this] { optPagini_->setChecked(true); };
   connect(txtDeLa_, &QSpinBox::valueChanged, this, [this, some](int page) {
     if (!txtDeLa_->hasFocus()) return;

@@ -1,4 +1,4 @@
-// How a job is to be printed: printer or PDF file, copies, pages, and the sheet where the job leaves it open.
+// The print options: printer or PDF file, copies, pages, and the sheet if the job allows a choice.
 #pragma once
 
 #include <array>
@@ -21,7 +21,7 @@ class frmOptiuniTiparire : public QDialog {
   /// `leadsToPreview`: OK shows the pages before anything is printed.
   frmOptiuniTiparire(PrintJob& job, bool leadsToPreview, QWidget* parent);
 
-  /// What was chosen; the job has the chosen sheet once the window was accepted.
+  /// The chosen target; the chosen sheet is set in the job when the window is accepted.
   PrintTarget target() const;
 
   void accept() override;
