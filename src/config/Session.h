@@ -6,6 +6,7 @@
 #include <QDate>
 #include <QString>
 
+#include "store/FileCheck.h"
 #include "store/NamedCommands.h"
 #include "store/Roster.h"
 
@@ -47,6 +48,7 @@ struct Session : CompanyParameters {
   QString gSerieAE = QStringLiteral("00"), gAEStart = QStringLiteral("00"), gAEEnd = QStringLiteral("00");
   DataEnvironment gDataEnv;
   std::unique_ptr<RosterEntry> roster;
+  std::unique_ptr<FileCheck> fileCheck;
 };
 
 Session& session();

@@ -130,6 +130,14 @@ struct Place {
   Token before, token, after;
 };
 
+// Without loops the work of a formula grows with its length alone, as replace() gives "$" no meaning.
+constexpr qsizetype kLongestFormula = 10'000;
+constexpr qsizetype kLongestText = 10'000;
+const QString kPlainReplace = QStringLiteral(
+    "String.prototype.replace = function(from, to) {"
+    " const text = String(this), old = String(from), at = text.indexOf(old);"
+    " return at < 0 ? text : text.slice(0, at) + String(to) + text.slice(at + old.length); }");
+
 // Refuses tokens with which a formula could do more than compute a value.
 std::optional<FormulaFault> forbidden(const Place& place) {
   static const QStringList kSigns = {";", "{", "}", "[", "]", "`", "=>", "++", "--", "\\", "#", "@"};
@@ -223,6 +231,8 @@ std::optional<FormulaFault> compileFault(const QJSValue& result, const std::vect
 }
 
 std::optional<FormulaFault> faultBefore(const std::vector<Token>& tokens) {
+  if (!tokens.empty() && tokens.back().column > kLongestFormula)
+    return FormulaFault{QStringLiteral("formula este prea lunga"), static_cast<int>(kLongestFormula)};
   const Token none{TokenKind::Sign, {}, 0};
   for (size_t i = 0; i < tokens.size(); ++i) {
     const Place place{i > 0 ? tokens[i - 1] : none, tokens[i], i + 1 < tokens.size() ? tokens[i + 1] : none};
@@ -276,6 +286,7 @@ Formulas::Formulas() : engine_(std::make_unique<QJSEngine>()) {
   const QJSValue functions = engine_->newQObject(new Functions);  // owned by the engine
   for (const QString& name : {QStringLiteral("data"), QStringLiteral("numar"), QStringLiteral("rotunjit")})
     engine_->globalObject().setProperty(name, functions.property(name));
+  engine_->evaluate(kPlainReplace);
 }
 
 Formulas::~Formulas() {
@@ -309,6 +320,7 @@ QVariant Formulas::value(int formula, const QVariantList& values) const {
   for (const QVariant& value : values) arguments.append(scriptValue(value));
   const QJSValue result = compiled.function.call(arguments);
   if (result.isError() || (result.isNumber() && !std::isfinite(result.toNumber()))) return failed();
+  if (result.isString() && result.toString().size() > kLongestText) return failed();
   return valueOf(result);
 }
 

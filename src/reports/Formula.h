@@ -10,6 +10,7 @@
 //   rotunjit(ValoareFT * CURS, 2)            a number, rounded half to even as amounts are
 //
 // Only expressions: no statements, assignments or function definitions, so that each terminates.
+// A result of more than 10,000 characters counts as failed.
 #pragma once
 
 #include <memory>

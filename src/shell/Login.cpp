@@ -86,6 +86,7 @@ void Login::enter(const QString& numeBD, const QString& denumire, const QString&
     if (verificaVersiune_) verificaVersiune_(forceUpdate);
     requireUser(user, password);
     s.roster = std::make_unique<RosterEntry>(path, s.gUtilizator);
+    s.fileCheck = std::make_unique<FileCheck>(path);
     InitParaSoc();
   } catch (...) {
     leaveCompany();
@@ -94,6 +95,7 @@ void Login::enter(const QString& numeBD, const QString& denumire, const QString&
 }
 
 void leaveCompany() {
+  session().fileCheck.reset();
   session().roster.reset();
   setOpenDatabase(nullptr);
   session().gConexiune.clear();

@@ -50,6 +50,7 @@ void reopen(const QString& path) {
   if (openDatabase()) return;
   setOpenDatabase(Database::open(path));
   session().roster = std::make_unique<RosterEntry>(path, session().gUtilizator);
+  session().fileCheck = std::make_unique<FileCheck>(path);
 }
 
 }  // namespace
@@ -64,7 +65,7 @@ QString savedCopyName() { return savedCopyName(session().gDenSocietate, session(
 
 QString saveOpenCompany(const QString& folder, const CopyProgress& progress) {
   const QString file = QDir(folder).filePath(savedCopyName());
-  saveCompany(database().path(), file, progress);
+  saveCompany(database(), file, progress);
   return file;
 }
 
@@ -89,6 +90,7 @@ void restoreOpenCompany(const QString& file, const CopyProgress& progress) {
     restoreCompany(
         file, path,
         [] {
+          session().fileCheck.reset();
           session().roster.reset();
           setOpenDatabase(nullptr);
         },
@@ -121,7 +123,7 @@ void CompacteazaBD() {
 
 void SalveazaAutomat() {
   const QString file = savedCopyName(session().gNumeBD, clock::now());
-  saveCompany(database().path(), QDir(backupFolder(true)).filePath(file));
+  saveCompany(database(), QDir(backupFolder(true)).filePath(file));
   reportSaved();
   const QDir application(session().gCaleAplicatie);
   saveProjects(application.filePath(QStringLiteral("lst")),

@@ -54,6 +54,7 @@ StoreError damagedList(const QString& name) {
 }
 
 QByteArray readFile(const QString& path) {
+  requirePlainFile(path);
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly))
     throw listError(

@@ -1,5 +1,5 @@
-// Reports which tables this process has just written, so that open windows can update. Changes made by other
-// workstations are visible when a list is read again.
+// Reports which tables this process has just written, so that open windows can update, and what is wrong with
+// the file of the open company. Changes made by other workstations are visible when a list is read again.
 #pragma once
 
 #include <QObject>
@@ -13,6 +13,10 @@ class DataChanges : public QObject {
   /// Emitted when a transaction has been committed; names are in upper case. Receivers must read the data
   /// later: the code that wrote it may still be running.
   void written(const QSet<QString>& tables);
+  /// Emitted when a write was refused because the company's file was removed, moved or replaced.
+  void fileLost();
+  /// Emitted from another thread when the company's file was found to be damaged; `text` says how.
+  void fileDamaged(const QString& text);
 };
 
 DataChanges& dataChanges();

@@ -71,6 +71,21 @@ struct Database::State {
       }
       QThread::msleep(kLockPauseMs);
     }
+    try {
+      requireInPlace();
+    } catch (const StoreError&) {
+      engine->run(QStringLiteral("ROLLBACK"));
+      throw;
+    }
+  }
+
+  void requireInPlace() const {
+    try {
+      engine->requireInPlace();
+    } catch (const StoreError&) {
+      if (theOpenDatabase && theOpenDatabase->state_.get() == this) emit dataChanges().fileLost();
+      throw;
+    }
   }
 };
 
@@ -146,7 +161,9 @@ void Database::continueNumbering(const Table& table) { state_->engine->continueN
 
 void Database::compact() { state_->engine->compact(); }
 
-void Database::requireWhole() { state_->engine->requireWhole(); }
+void Database::requireWhole(const std::function<void()>& meanwhile) {
+  state_->engine->requireWhole(meanwhile);
+}
 
 bool Database::copyAsFile(const QString& path, const std::function<void(int done, int of)>& progress) {
   return state_->engine->copyAsFile(path, progress);
@@ -174,6 +191,7 @@ Transaction::Transaction(Database& database) : database_(database), depth_(datab
 Transaction::~Transaction() { rollback(); }
 
 void Transaction::commit() {
+  if (depth_ == 1) database_.state_->requireInPlace();
   database_.state_->engine->run(depth_ == 1 ? QStringLiteral("COMMIT")
                                             : QStringLiteral("RELEASE step%1").arg(depth_));
   open_ = false;

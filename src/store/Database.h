@@ -60,8 +60,9 @@ class Database {
   void continueNumbering(const Table& table);
   /// Releases the space of deleted rows. If it throws StoreError, nothing has changed.
   void compact();
-  /// Checks the whole database; throws StoreError if it is damaged.
-  void requireWhole();
+  /// Checks the whole database; throws StoreError if it is damaged. `meanwhile` is called now and then; its
+  /// exception stops the check.
+  void requireWhole(const std::function<void()>& meanwhile = {});
   /// Writes the current state of the database, while others work, to a file at `path`, which must not exist
   /// yet. `progress` is called with the amount done and the total, and throws Cancelled to stop. Returns
   /// false, and writes nothing, if the company is not in a file.

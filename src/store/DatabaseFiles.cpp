@@ -134,6 +134,17 @@ void writeTemplate(const QString& folder) {
   });
 }
 
+// A journal without its database holds what was saved last before the database went away.
+void requireNoLeftJournal(const QString& path) {
+  for (const QString& side : sqlite::sideFiles(path))
+    if (!side.endsWith(QStringLiteral("-shm")) && QFileInfo(side).size() > 0)
+      throw StoreError(
+          kFileFailure,
+          QStringLiteral("Lipseste baza de date %1, dar fisierul %2 are date din ea. Aduceti baza de date "
+                         "inapoi langa el, sau mutati-l in alt folder daca nu mai aveti nevoie de ele.")
+              .arg(path, QFileInfo(side).fileName()));
+}
+
 }  // namespace
 
 bool databaseExists(const QString& folder, const QString& name) {
@@ -172,6 +183,7 @@ void makeCompanyFile(const QString& folder, const QString& fileName) {
   if (databaseExists(folder, fileName))
     throw StoreError(kFileExists,
                      QStringLiteral("Fisierul %1 exista deja.").arg(pathInFolder(folder, fileName)));
+  if (!serverOf(folder)) requireNoLeftJournal(pathInFolder(folder, fileName));
   writeWhole(pathInFolder(folder, fileName), [&folder](const QString& draft) {
     copyTemplate(folder, draft);
     if (QFile::exists(draft)) QFile::setPermissions(draft, QFile::permissions(draft) | QFile::WriteOwner);

@@ -56,8 +56,10 @@ class Engine {
   /// Releases the space of deleted rows. If it throws StoreError, nothing has changed.
   virtual void compact() = 0;
   /// Checks the whole database and throws StoreError if it is damaged; only for engines that store it in a
-  /// file.
-  virtual void requireWhole() {}
+  /// file. `meanwhile` is called now and then; its exception stops the check.
+  virtual void requireWhole(const std::function<void()>& /*meanwhile*/) {}
+  /// Throws StoreError when the open file is not the one that is found at its path any more.
+  virtual void requireInPlace() {}
   /// Writes the current state of the database to a file of the engine; `progress` is called with percentages
   /// and may throw. Returns false if the engine has no such file.
   virtual bool copyAsFile(const QString&, const EngineProgress&) { return false; }

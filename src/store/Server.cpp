@@ -5,6 +5,7 @@
 #include <QSettings>
 
 #include "util/Errors.h"
+#include "util/FileNames.h"
 
 namespace velmar {
 
@@ -20,9 +21,14 @@ bool isThisMachine(const QString& host) {
 std::optional<Server> serverOf(const QString& folder) {
   const QString path = QDir(folder).filePath(kServerFile);
   if (!QFileInfo::exists(path)) return std::nullopt;
+  requirePlainFile(path);
   const QSettings file(path, QSettings::IniFormat);
   if (file.status() != QSettings::NoError)
     throw StoreError(kFileFailure, QStringLiteral("Fisierul %1 nu poate fi citit.").arg(path));
+  if (file.allKeys().isEmpty())
+    throw StoreError(
+        kFileFailure,
+        QStringLiteral("Fisierul %1 este gol: nu spune pe ce server sunt bazele de date.").arg(path));
   Server server;
   server.host = file.value("host").toString();
   server.port = file.value("port", server.port).toInt();

@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "store/EngineTexts.h"
+#include "util/FileNames.h"
 #include "util/NumberText.h"
 
 namespace velmar::sqlite {
@@ -68,7 +69,7 @@ void isNumeric(sqlite3_context* context, int, sqlite3_value** arguments) {
 
 void registerFunctions(const QSqlDatabase& connection) {
   sqlite3* handle = handleOf(connection);
-  constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
+  constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
   sqlite3_create_function(handle, "ROUND_EVEN", 2, kFlags, nullptr, roundEven, nullptr, nullptr);
   sqlite3_create_function(handle, "IS_NUMERIC", 1, kFlags, nullptr, isNumeric, nullptr, nullptr);
 }
@@ -132,11 +133,12 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
   requireShortPath(path);
   if (!create) {
     QFile file(path);
-    if (!file.exists())
+    if (!QFileInfo::exists(path))
       throw StoreError(
           SQLITE_CANTOPEN,
           QStringLiteral("Lipseste baza de date %1. Restaurati o copie salvata sau alegeti alt folder.")
               .arg(path));
+    requirePlainFile(path);
     if (!file.open(QIODevice::ReadOnly))
       throw StoreError(
           SQLITE_CANTOPEN,
@@ -154,6 +156,11 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
       QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(kBusyTimeoutMs));
   if (!connection.open()) throw describe(connection.lastError(), path);
   registerFunctions(connection);
+  // The file may come from anywhere: its schema runs no functions but harmless ones, damaged cells are found
+  // when they are read, and no error of the disk ends the process.
+  pragma(connection, QStringLiteral("trusted_schema=OFF"), path);
+  pragma(connection, QStringLiteral("cell_size_check=ON"), path);
+  pragma(connection, QStringLiteral("mmap_size=0"), path);
   if (create) {
     pragma(connection, QStringLiteral("application_id=%1").arg(kApplicationId), path);
     pragma(connection, QStringLiteral("user_version=%1").arg(kFormatVersion), path);
@@ -206,6 +213,10 @@ StoreError describe(int extendedCode, const QString& engineText, const QString& 
   const QString help = advice(code);
   if (help.isEmpty()) return StoreError(code, sqliteReason(code, engineText));
   return StoreError(code, QStringLiteral("%1 (%2)").arg(help, path));
+}
+
+bool isDamage(const StoreError& error) {
+  return error.number() == SQLITE_CORRUPT || error.number() == SQLITE_NOTADB;
 }
 
 QStringList sideFiles(const QString& path) {

@@ -38,6 +38,9 @@ bool tryBeginWrite(QSqlDatabase& connection, const QString& path);
 StoreError describe(const QSqlError& error, const QString& path);
 StoreError describe(int extendedCode, const QString& engineText, const QString& path);
 
+/// Whether the file is damaged, or no database at all.
+bool isDamage(const StoreError& error);
+
 /// The side files that SQLite keeps for a database file.
 QStringList sideFiles(const QString& path);
 

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 #include <algorithm>
+#include <atomic>
 #include <exception>
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -19,7 +20,7 @@ constexpr int kCompactWaitMs = 5000;
 }  // namespace
 
 FileEngine::FileEngine(const QString& path, bool create) : path_(path) {
-  static int counter = 0;
+  static std::atomic<int> counter = 0;
   name_ = QStringLiteral("velmar-%1").arg(++counter);
   try {
     connection_ = open(path_, name_, create);
@@ -76,61 +77,70 @@ void FileEngine::compact() {
   run(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
 }
 
-void FileEngine::requireWhole() {
-  const Recordset found = prepare(QStringLiteral("PRAGMA integrity_check(1)"))->query({});
-  const QString verdict = found.isEmpty() ? QString() : found.first().at(0).toString();
-  if (verdict != QStringLiteral("ok")) throw describe(SQLITE_CORRUPT, verdict, path_);
-}
-
 namespace {
 
-// Reports the growing size of the file from the engine's progress callback, while the object exists.
-class CopyWatch {
- public:
-  CopyWatch(sqlite3* connection, const QString& from, const QString& to, const EngineProgress& progress)
-      : connection_(connection), full_(std::max<qint64>(1, QFileInfo(from).size())), to_(to), use_(progress) {
-    constexpr int kStepsBetween = 10'000;
-    if (use_) sqlite3_progress_handler(connection_, kStepsBetween, &CopyWatch::comeBy, this);
-  }
-  ~CopyWatch() { sqlite3_progress_handler(connection_, 0, nullptr, nullptr); }
-  CopyWatch(const CopyWatch&) = delete;
-  CopyWatch& operator=(const CopyWatch&) = delete;
-
-  /// The exception of the listener, if it threw.
-  std::exception_ptr stop() const { return stop_; }
-
- private:
-  // The engine is written in C: an exception must not pass through it.
-  static int comeBy(void* self) {
-    auto* watch = static_cast<CopyWatch*>(self);
-    if (watch->stop_) return 1;
-    try {
-      const qint64 percents = 100 * QFileInfo(watch->to_).size() / watch->full_;
-      watch->use_(static_cast<int>(std::min<qint64>(99, percents)), 100);
-      return 0;
-    } catch (...) {
-      watch->stop_ = std::current_exception();
-      return 1;
+// Calls a function from time to time while the work runs on the connection; its exception stops the work and
+// is thrown again.
+template <typename Work>
+void runWatched(sqlite3* connection, const std::function<void()>& meanwhile, Work&& work) {
+  struct Watch {
+    const std::function<void()>& call;
+    std::exception_ptr stop;
+    // The engine is written in C: an exception must not pass through it.
+    static int comeBy(void* self) {
+      auto* watch = static_cast<Watch*>(self);
+      if (watch->stop) return 1;
+      try {
+        watch->call();
+        return 0;
+      } catch (...) {
+        watch->stop = std::current_exception();
+        return 1;
+      }
     }
+  };
+  constexpr int kStepsBetween = 10'000;
+  Watch watch{meanwhile, {}};
+  if (meanwhile) sqlite3_progress_handler(connection, kStepsBetween, &Watch::comeBy, &watch);
+  const auto noLonger =
+      qScopeGuard([connection] { sqlite3_progress_handler(connection, 0, nullptr, nullptr); });
+  try {
+    work();
+  } catch (const StoreError&) {
+    if (watch.stop) std::rethrow_exception(watch.stop);
+    throw;
   }
-
-  sqlite3* connection_;
-  qint64 full_;
-  QString to_;
-  const EngineProgress& use_;
-  std::exception_ptr stop_;
-};
+}
 
 }  // namespace
 
+void FileEngine::requireWhole(const std::function<void()>& meanwhile) {
+  runWatched(handleOf(connection_), meanwhile, [this] {
+    const Recordset found = prepare(QStringLiteral("PRAGMA integrity_check(1)"))->query({});
+    const QString verdict = found.isEmpty() ? QString() : found.first().at(0).toString();
+    if (verdict != QStringLiteral("ok")) throw describe(SQLITE_CORRUPT, verdict, path_);
+  });
+}
+
+void FileEngine::requireInPlace() {
+  int moved = 0;
+  if (sqlite3_file_control(handleOf(connection_), "main", SQLITE_FCNTL_HAS_MOVED, &moved) != SQLITE_OK ||
+      !moved)
+    return;
+  throw StoreError(
+      kFileFailure,
+      QStringLiteral("Fisierul %1 nu mai este la locul lui: a fost sters, mutat sau inlocuit cat "
+                     "timp societatea era deschisa. Nu s-a salvat nimic.")
+          .arg(path_));
+}
+
 bool FileEngine::copyAsFile(const QString& path, const EngineProgress& progress) {
-  const CopyWatch watch(handleOf(connection_), path_, path, progress);
-  try {
-    prepare(QStringLiteral("VACUUM INTO ?"))->run({QFileInfo(path).absoluteFilePath()});
-  } catch (const StoreError&) {
-    if (watch.stop()) std::rethrow_exception(watch.stop());
-    throw;
-  }
+  const qint64 full = std::max<qint64>(1, QFileInfo(path_).size());
+  const auto report = [&] {
+    progress(static_cast<int>(std::min<qint64>(99, 100 * QFileInfo(path).size() / full)), 100);
+  };
+  runWatched(handleOf(connection_), progress ? std::function<void()>(report) : nullptr,
+             [&] { prepare(QStringLiteral("VACUUM INTO ?"))->run({QFileInfo(path).absoluteFilePath()}); });
   if (progress) progress(100, 100);
   return true;
 }

@@ -133,15 +133,16 @@ QString savedCopyName(const QString& companyName, const QString& fileName, const
   return asFileName(companyName.left(kNameLength)) + u'_' + savedCopyName(fileName, moment);
 }
 
-void saveCompany(const QString& company, const QString& file, const CopyProgress& progress) {
+void saveCompany(Database& company, const QString& file, const CopyProgress& progress) {
   const QFileInfo target(file);
   // In a separate folder without the settings of a server.
   const Workshop workshop(target.path(), QStringLiteral(".salvare-"));
   const QString draft = workshop.filePath(target.fileName());
-  {
-    const auto source = Database::open(company);
-    if (!source->copyAsFile(draft, progress)) copyToNewDatabase(*source, draft, progress);
-  }
+  // A copy of a damaged file may lack rows and yet be found whole.
+  company.requireWhole([&progress] {
+    if (progress) progress(0, 100);
+  });
+  if (!company.copyAsFile(draft, progress)) copyToNewDatabase(company, draft, progress);
   requireWholeCompany(*Database::open(draft));
   putFileInPlace(draft, file);
 }

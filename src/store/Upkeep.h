@@ -17,9 +17,10 @@ QString savedCopyName(const QString& fileName, const QDateTime& moment);
 /// The name of a copy that a user makes: it begins with the first letters of the company's name.
 QString savedCopyName(const QString& companyName, const QString& fileName, const QDateTime& moment);
 
-/// Saves the current state of the company at the path `company` to a file, while others work in it;
-/// completely or not at all. An existing file is replaced. Throws StoreError.
-void saveCompany(const QString& company, const QString& file, const CopyProgress& progress = {});
+/// Checks the open company for damage and saves its current state to a file, while others work in it;
+/// completely or not at all. An existing file is replaced. The company's own file may have been removed,
+/// moved or replaced meanwhile. Throws StoreError.
+void saveCompany(Database& company, const QString& file, const CopyProgress& progress = {});
 
 /// Replaces the company at the path `company` by the one saved in the file, upgraded to the structure of this
 /// program, completely or not at all. `release` is called when everything is prepared and before the company

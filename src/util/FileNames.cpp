@@ -1,7 +1,10 @@
 #include "util/FileNames.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
+
+#include "util/Errors.h"
 
 namespace velmar {
 
@@ -12,6 +15,9 @@ QString asFileName(const QString& text) {
 }
 
 QString pathInFolder(const QString& folder, const QString& name) {
+  if (name.contains(u'/') || name.contains(u'\\'))
+    throw StoreError(kFileFailure,
+                     QStringLiteral("%1 nu este numele unui fisier din folderul %2.").arg(name, folder));
   const QDir dir(folder);
   if (dir.exists(name)) return dir.filePath(name);
   for (const QString& entry : dir.entryList(QDir::Files | QDir::Hidden))
@@ -20,7 +26,14 @@ QString pathInFolder(const QString& folder, const QString& name) {
 }
 
 bool existsInFolder(const QString& folder, const QString& name) {
-  return QFile::exists(pathInFolder(folder, name));
+  const QFileInfo file(pathInFolder(folder, name));
+  return file.exists() || file.isSymLink();
+}
+
+void requirePlainFile(const QString& path) {
+  const QFileInfo file(path);
+  if (file.exists() && !file.isFile())
+    throw StoreError(kFileFailure, QStringLiteral("%1 nu este un fisier obisnuit.").arg(path));
 }
 
 }  // namespace velmar

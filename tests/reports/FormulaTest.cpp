@@ -140,5 +140,16 @@ TEST(Formula, HugeOnesAreComputedOrRefused) {
   }
 }
 
+TEST(Formula, ResultsAreOfLimitedLength) {
+  EXPECT_EQ(shown("denumire.replace('M6', \"$'$`$&$$\")"), "Surub $'$`$&$$");
+  QString multiplied = "denumire";
+  for (int i = 0; i < 20; ++i) multiplied = "(" + multiplied + ").replace('', \"$'$'$'\")";
+  EXPECT_EQ(shown(multiplied).size(), 8 + 20 * 6);
+  Formulas formulas;
+  const int formula = formulas.add("a + a");
+  EXPECT_TRUE(formulas.value(formula, {QString(5000, 'x')}).isValid());
+  EXPECT_FALSE(formulas.value(formula, {QString(5001, 'x')}).isValid());
+}
+
 }  // namespace
 }  // namespace velmar::layout

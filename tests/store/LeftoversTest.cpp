@@ -71,12 +71,14 @@ TEST(LeftoversTest, OfASave) {
   const TestCompany company;
   const QTemporaryDir place;
   const QString file = place.filePath("Copie.mdb");
-  Worker worker([&](const auto& stop) { saveCompany(TestCompany::path(), file, [&](int, int) { stop(); }); });
+  Worker worker([&](const auto& stop) {
+    saveCompany(*Database::open(TestCompany::path()), file, [&](int, int) { stop(); });
+  });
   makeOlder(place.path(), ".salvare-*");
-  saveCompany(TestCompany::path(), file);
+  saveCompany(*Database::open(TestCompany::path()), file);
   EXPECT_EQ(namesIn(place.path(), ".salvare-*").size(), 1) << "its process is running";
   worker.end();
-  saveCompany(TestCompany::path(), file);
+  saveCompany(*Database::open(TestCompany::path()), file);
   EXPECT_EQ(namesIn(place.path(), "*"), QStringList("Copie.mdb"));
 }
 
@@ -86,7 +88,7 @@ TEST(LeftoversTest, OfARestoreAndOfACreation) {
   const QString folder = TestCompany::folder();
   const QString file = place.filePath("Copie.mdb");
   const QString fresh = QDir(folder).filePath("Tarvon55.mdb");
-  saveCompany(TestCompany::path(), file);
+  saveCompany(*Database::open(TestCompany::path()), file);
   settings::setFolder(place.path());
   settings::setDatabasesPath(folder);
   const auto enter = [] { EXPECT_TRUE(Login().load()); };

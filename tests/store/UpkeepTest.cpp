@@ -29,7 +29,7 @@ class UpkeepTest : public testing::Test {
 
   QString other(const QString& name) const { return QDir(elsewhere_.path()).filePath(name); }
   QString saved() const {
-    saveCompany(TestCompany::path(), other("Copie.mdb"));
+    saveCompany(*Database::open(TestCompany::path()), other("Copie.mdb"));
     return other("Copie.mdb");
   }
   // The files of the databases folder, without those of a running program.
@@ -81,10 +81,11 @@ TEST_F(UpkeepTest, ACopyIsASnapshotInOneFileWhileAnotherUserWrites) {
   const QList<TableProof> later = proofOf(database());
   EXPECT_EQ(proofOf(*Database::open(saved())), later);
   ExecutaSql("DELETE FROM kt_val");
-  EXPECT_THROW(saveCompany(TestCompany::path(), other("Copie.mdb"), [](int, int) { throw Cancelled(); }),
+  EXPECT_THROW(saveCompany(*Database::open(TestCompany::path()), other("Copie.mdb"),
+                           [](int, int) { throw Cancelled(); }),
                Cancelled);
   EXPECT_EQ(proofOf(*Database::open(other("Copie.mdb"))), later);
-  EXPECT_THROW(saveCompany(TestCompany::path(), other("lipseste/Copie.mdb")), StoreError);
+  EXPECT_THROW(saveCompany(*Database::open(TestCompany::path()), other("lipseste/Copie.mdb")), StoreError);
 }
 
 TEST_F(UpkeepTest, ALongCopyReportsProgressAndCanBeStoppedInFile) {
@@ -93,7 +94,7 @@ TEST_F(UpkeepTest, ALongCopyReportsProgressAndCanBeStoppedInFile) {
       "< "
       "20000) SELECT 'X' || i FROM n");
   std::vector<int> progress;
-  saveCompany(TestCompany::path(), other("Copie.mdb"), [&progress](int done, int of) {
+  saveCompany(*Database::open(TestCompany::path()), other("Copie.mdb"), [&progress](int done, int of) {
     EXPECT_EQ(of, 100);
     progress.push_back(done);
   });
@@ -101,7 +102,7 @@ TEST_F(UpkeepTest, ALongCopyReportsProgressAndCanBeStoppedInFile) {
   EXPECT_TRUE(std::is_sorted(progress.begin(), progress.end()));
   EXPECT_EQ(progress.back(), 100);
   bool stopped = false;
-  EXPECT_THROW(saveCompany(TestCompany::path(), other("Alta.mdb"),
+  EXPECT_THROW(saveCompany(*Database::open(TestCompany::path()), other("Alta.mdb"),
                            [&stopped](int done, int) {
                              EXPECT_LT(done, 100);
                              EXPECT_FALSE(std::exchange(stopped, true));

@@ -349,7 +349,8 @@ QImage ReportJob::picture(const QString& path) const {
   const auto known = pictures_.constFind(whole);
   if (known != pictures_.constEnd()) return *known;
   if (pictures_.size() >= kMostPictures) pictures_.clear();
-  return *pictures_.insert(whole, QImage(whole));
+  // A device or a pipe is no picture, and would be read without end.
+  return *pictures_.insert(whole, QFileInfo(whole).isFile() ? QImage(whole) : QImage());
 }
 
 void ReportJob::putObject(size_t number, const Sheet& sheet, const Place& place, Flow& out) const {

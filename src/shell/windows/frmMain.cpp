@@ -19,9 +19,11 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QUrl>
+#include <utility>
 
 #include "config/Session.h"
 #include "shell/windows/MenuTable.h"
+#include "store/DataChanges.h"
 #include "store/windows/EntryGrid.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
@@ -36,6 +38,7 @@ namespace {
 
 constexpr QSize kSmallest(960, 640);
 constexpr int kClockMs = 1000;
+constexpr int kAskAgainMs = 50;
 constexpr const char* kWindowKey = "windowKey";
 const QString kForm = QStringLiteral("frmMain");
 
@@ -90,6 +93,8 @@ frmMain::frmMain() : area_(new ChildArea) {
   showHearingEntries();
   applyRights();
   setWindowTitle(QStringLiteral("Tarvon Velmar  - ") + session().gDenSocietate);
+  connect(&dataChanges(), &DataChanges::fileLost, this, &frmMain::offerCopy, Qt::QueuedConnection);
+  connect(&dataChanges(), &DataChanges::fileDamaged, this, &frmMain::offerRestoring, Qt::QueuedConnection);
 }
 
 frmMain::~frmMain() { setWindowHost(nullptr); }
@@ -164,6 +169,43 @@ void frmMain::runModal(const MenuEntry& entry) {
   dialog->exec();
   // A restored company may have another hearing-device mode.
   showHearingEntries();
+}
+
+// Runs the work when no message box or modal window is open.
+void frmMain::whenNothingIsAsked(const std::function<void()>& work) {
+  if (!QApplication::activeModalWidget() && !QApplication::activePopupWidget()) return work();
+  QTimer::singleShot(kAskAgainMs, this, [this, work] { whenNothingIsAsked(work); });
+}
+
+// What was saved before the file went away is still in the file that this process holds open.
+void frmMain::offerCopy() {
+  if (std::exchange(isOfferingCopy_, true)) return;
+  whenNothingIsAsked([this] {
+    const int answer =
+        Mesaj(QStringLiteral("Baza de date %1 nu mai este la locul ei, iar documentele salvate pana acum se "
+                             "pierd la iesirea din program. Doriti sa le salvati acum in alta parte ?")
+                  .arg(session().gNumeBD),
+              kYesNo + kCritical);
+    isOfferingCopy_ = false;
+    if (answer == kResultYes) menuEntry(QStringLiteral("mnuIntSalvare"))->trigger();
+  });
+}
+
+void frmMain::offerRestoring(const QString& damage) {
+  whenNothingIsAsked([this, damage] {
+    QAction* restoring = menuEntry(QStringLiteral("mnuIntRestaurare"));
+    const QString text = QStringLiteral(
+                             "Baza de date a societatii %1 este deteriorata. Nu mai lucrati in ea : "
+                             "ce se salveaza acum se poate pierde.\r\n%2\r\n")
+                             .arg(session().gDenSocietate, damage);
+    if (!restoring->isEnabled() || !restoring->isVisible()) {
+      Mesaj(text + QStringLiteral("Anuntati administratorul, care poate restaura o copie salvata."),
+            kCritical);
+    } else if (Mesaj(text + QStringLiteral("Doriti sa restaurati acum o copie salvata ?"),
+                     kYesNo + kCritical) == kResultYes) {
+      restoring->trigger();
+    }
+  });
 }
 
 void frmMain::runOwn(const QString& name) {

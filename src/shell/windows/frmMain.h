@@ -57,6 +57,9 @@ class frmMain : public QMainWindow, public WindowHost {
   void cascade();
   void showHelp();
   void activateChild(QMdiSubWindow* child);
+  void whenNothingIsAsked(const std::function<void()>& work);
+  void offerCopy();
+  void offerRestoring(const QString& damage);
 
   QMdiArea* area_;
   QHash<QString, QAction*> actions_;
@@ -65,6 +68,7 @@ class frmMain : public QMainWindow, public WindowHost {
   QLabel* datePanel_ = nullptr;
   QLabel* timePanel_ = nullptr;
   QList<QAction*> windowList_;
+  bool isOfferingCopy_ = false;
 };
 
 }  // namespace velmar
