@@ -3,6 +3,7 @@
 #include "config/Lookups.h"
 #include "config/Session.h"
 #include "documents/SaleRules.h"
+#include "fiscal/CommandFile.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/NumberText.h"
@@ -27,7 +28,7 @@ class CashSaleRules : public SaleRules {
     if (header.text("CheckCasaMarcat").isEmpty())
       header.set("CheckCasaMarcat", flag(!s.CasaMarcat.trimmed().isEmpty()));
     if (header.text("TextNrCaractere").isEmpty())
-      header.set("TextNrCaractere", QString::number(s.CasaMarcat_Nr));
+      header.set("TextNrCaractere", QString::number(nameWidth(s.CasaMarcat_Nr)));
     header.set("CheckCard", flag(!isNew && header.text("OBS").startsWith(kCardRemark)));
     if (!isNew) return;
     header.set("CODCLI", ValoareSql("SELECT COD FROM kt_ter WHERE NUME = 'CASA' ORDER BY COD LIMIT 1"));

@@ -169,12 +169,14 @@ void frmGrila::buildLines(const ArticleList& articles) {
   connect(lineModel_, &LineModel::totalsChanged, this, &frmGrila::GridFooterText);
 }
 
-// From the header to its save button, then the other commands, the drafts and the lines.
+// From the header to its save button, then the other commands, the drafts and the lines. Enter in the header
+// does not pass the button for a new partner.
 void frmGrila::orderTabs() {
   QList<QWidget*> chain = header_->tabChain();
   for (const char* name :
-       {"cmdSalvare", "cmdValidare", "cmdSterge", "cmdTiparire", "cmdClose", "cmdFacturaNoua"})
-    chain.append(findChild<QWidget*>(name));
+       {"cmdSalvare", "cmdValidare", "cmdSterge", "cmdTiparire", "cmdClose", "cmdFacturaNoua",
+        "cmdAdaugaTert1"})
+    if (auto* button = findChild<QWidget*>(name)) chain.append(button);
   chain.append(drafts_);
   chain += added_;
   chain.append({bySupplierCode_, lines_});

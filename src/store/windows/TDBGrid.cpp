@@ -47,6 +47,11 @@ class GridFooter : public QWidget {
   TDBGrid* grid_;
 };
 
+constexpr int kHeadingMargin = 16;
+constexpr int kCellMargin = 12;
+constexpr int kShortestText = 9;   // characters of a text cell
+constexpr int kReadableName = 24;  // characters of a name that the other columns make room for
+
 bool rightAligned(CellFormat format) { return format == CellFormat::Number || format == CellFormat::Integer; }
 
 }  // namespace
@@ -109,7 +114,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
                                                  : value.toString();
     }
     case Qt::ToolTipRole:
-      return column.format == CellFormat::Text ? rows_->row(index.row()).text(column.field) : QVariant();
+      return data(index, Qt::DisplayRole);  // whole, where the column is too narrow for it
     case Qt::TextAlignmentRole:
       return rightAligned(column.format) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     default:
@@ -176,40 +181,96 @@ int TDBGrid::naturalWidth(int column) const {
   const GridColumn& facts = columns_[column];
   const int character = rightAligned(facts.format) ? fontMetrics().horizontalAdvance(QLatin1Char('0'))
                                                    : fontMetrics().averageCharWidth();
+  const int cells = rightAligned(facts.format) ? widest_.value(column) : 0;
+  return std::max({fontMetrics().horizontalAdvance(facts.caption) + kHeadingMargin,
+                   std::max(character * facts.width, cells) + kCellMargin, footerWidth(column)});
+}
+
+int TDBGrid::footerWidth(int column) const {
   QFont bold = font();
   bold.setBold(true);
-  return std::max({fontMetrics().horizontalAdvance(facts.caption) + 16, character * facts.width + 12,
-                   QFontMetrics(bold).horizontalAdvance(footer(facts.field)) + 12});
+  return QFontMetrics(bold).horizontalAdvance(footer(columns_[column].field)) + kCellMargin;
 }
 
 void TDBGrid::setKeptInView(const QString& field, const QString& nameField) {
   keptField_ = field;
   nameField_ = nameField;
+  horizontalHeader()->setDefaultAlignment(Qt::AlignCenter | Qt::Alignment(Qt::TextWordWrap));
+}
+
+// As narrow as cells and footer allow, with the heading on two lines.
+int TDBGrid::leastWidth(int column) const {
+  const GridColumn& facts = columns_[column];
+  int heading = 0;
+  for (const QString& word : facts.caption.split(QLatin1Char(' ')))
+    heading = std::max(heading, fontMetrics().horizontalAdvance(word));
+  const auto fits = [this, &facts](int width) {
+    const QRect room = fontMetrics().boundingRect(QRect(0, 0, width, height()),
+                                                  Qt::AlignCenter | Qt::TextWordWrap, facts.caption);
+    return room.height() <= 2 * fontMetrics().lineSpacing();
+  };
+  const int whole = fontMetrics().horizontalAdvance(facts.caption);
+  while (heading < whole && !fits(heading)) ++heading;
+  const int typed = facts.format == CellFormat::Text ? fontMetrics().averageCharWidth() * kShortestText : 0;
+  return std::min(naturalWidth(column), std::max({heading + kHeadingMargin, widest_.value(column) + kCellMargin,
+                                                  typed + kCellMargin, footerWidth(column)}));
+}
+
+// Cells once seen keep their room, or columns would change their width while the user scrolls.
+void TDBGrid::measureCells() {
+  const int first = std::max(0, rowAt(0));
+  const int last = std::min(model()->rowCount() - 1,
+                            first + viewport()->height() / std::max(1, verticalHeader()->defaultSectionSize()));
+  for (const int column : visibleColumns())
+    for (int row = first; row <= last; ++row) {
+      const QString text = model()->index(row, column).data(Qt::DisplayRole).toString();
+      widest_[column] = std::max(widest_.value(column), fontMetrics().horizontalAdvance(text));
+    }
 }
 
 void TDBGrid::keepInView() {
-  const int kept = columnOf(keptField_);
   const int name = columnOf(nameField_);
-  if (hasLook_ || kept < 0 || name < 0) return;
-  constexpr int kShortestName = 9;  // characters
-  int others = 0;
+  if (hasLook_ || name < 0 || !isVisible()) return;
+  measureCells();
+  QList<int> others;
+  int natural = 0;
+  int least = 0;
   for (const int column : visibleColumns()) {
-    if (horizontalHeader()->visualIndex(column) > horizontalHeader()->visualIndex(kept)) break;
-    if (column == kept)
-      others += naturalWidth(column);
-    else if (column != name)
-      others += columnWidth(column);
+    if (column != name) {
+      others.append(column);
+      natural += naturalWidth(column);
+      least += leastWidth(column);
+    }
+    if (columns_[column].field == keptField_) break;
   }
-  const int shortest = fontMetrics().averageCharWidth() * kShortestName;
-  const int wanted = std::clamp(viewport()->width() - others, shortest, naturalWidth(name));
-  if (wanted == columnWidth(name)) return;
+  const int character = fontMetrics().averageCharWidth();
+  const int missing = std::clamp(natural + character * kReadableName - viewport()->width(), 0, natural - least);
   const QScopedValueRollback<bool> setting(settingWidths_, true);
-  setColumnWidth(name, wanted);
+  int left = viewport()->width();
+  bool wraps = false;
+  for (const int column : others) {
+    const int spare = naturalWidth(column) - leastWidth(column);
+    const int width = naturalWidth(column) - (missing > 0 ? spare * missing / (natural - least) : 0);
+    wraps = wraps || width < fontMetrics().horizontalAdvance(columns_[column].caption) + kHeadingMargin;
+    left -= width;
+    // The last column takes what is left by itself.
+    if (column != visibleColumns().last() || columnWidth(column) < width) setColumnWidth(column, width);
+  }
+  setColumnWidth(name, std::clamp(left, character * kShortestText, naturalWidth(name)));
+  const int lines = wraps ? 2 * fontMetrics().lineSpacing() + kCellMargin : 0;
+  if (horizontalHeader()->minimumHeight() == lines) return;
+  horizontalHeader()->setMinimumHeight(lines);
+  updateGeometries();
+}
+
+void TDBGrid::reset() {
+  widest_.clear();
+  QTableView::reset();
 }
 
 void TDBGrid::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  keepInView();
+  if (event->size().width() != event->oldSize().width()) keepInView();
 }
 
 QString TDBGrid::lookName() const {
@@ -404,11 +465,11 @@ void TDBGrid::setFooter(const QString& field, const QString& text) {
     updateGeometries();
   }
   const int column = columnOf(field);
-  if (column >= 0 && !isColumnHidden(column) && columnWidth(column) < naturalWidth(column)) {
+  if (column >= 0 && !isColumnHidden(column) && columnWidth(column) < footerWidth(column)) {
     const QScopedValueRollback<bool> setting(settingWidths_, true);
-    setColumnWidth(column, naturalWidth(column));
-    keepInView();
+    setColumnWidth(column, footerWidth(column));
   }
+  keepInView();
   footer_->update();
 }
 
@@ -462,6 +523,7 @@ void TDBGrid::paintEvent(QPaintEvent* event) {
 void TDBGrid::scrollContentsBy(int dx, int dy) {
   QTableView::scrollContentsBy(dx, dy);
   if (dy != 0) fetchVisible();
+  if (dy != 0) keepInView();
   footer_->update();
 }
 

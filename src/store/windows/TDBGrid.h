@@ -91,7 +91,8 @@ class TDBGrid : public QTableView {
   /// Text shown in place of rows when there are none: how to begin.
   void setEmptyText(const QString& text) { emptyText_ = text; }
 
-  /// Lets a column of names give way so that all up to another column fit into the grid.
+  /// Lets all columns up to `field` (or all there are) fit into the grid: the column of names gives way, and
+  /// before it becomes unreadable the others, down to what their cells need.
   void setKeptInView(const QString& field, const QString& nameField);
   void setFooter(const QString& field, const QString& text);
   QString footer(const QString& field) const;
@@ -109,6 +110,7 @@ class TDBGrid : public QTableView {
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void reset() override;
 
  private:
   void makeCurrent(int row, int column);
@@ -121,6 +123,9 @@ class TDBGrid : public QTableView {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void stretchLast();
   int naturalWidth(int column) const;
+  int leastWidth(int column) const;
+  int footerWidth(int column) const;
+  void measureCells();
   void keepInView();
   QString lookName() const;
 
@@ -131,6 +136,7 @@ class TDBGrid : public QTableView {
   QString emptyText_;
   QString keptField_;  ///< the last column to be seen without scrolling
   QString nameField_;  ///< the column that gives way for it
+  QHash<int, int> widest_;  ///< cell seen in a column, in pixels
   GridOrder order_;
   int draggedColumn_ = -1;
   bool placingFooter_ = false;
