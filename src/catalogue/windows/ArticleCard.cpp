@@ -183,8 +183,10 @@ QWidget* ArticleCard::basisFrame() {
   fromNet_ = named(new QRadioButton("TTI"), "optModCalc(0)");
   fromGross_ = named(new QRadioButton("Fara taxe"), "optModCalc(1)");
   fromNet_->setChecked(true);
-  row->addWidget(fromNet_);
-  row->addWidget(fromGross_);
+  for (QRadioButton* basis : {fromNet_, fromGross_}) {
+    moveOnWithEnter(basis);
+    row->addWidget(basis);
+  }
   row->addStretch();
   connect(fromNet_, &QRadioButton::toggled, this, &ArticleCard::basisChanged);
   return Frame10_;
@@ -233,6 +235,8 @@ QWidget* ArticleCard::hearingFrame() {
   cboDeviza_ = named(new QComboBox, "cboDeviza");
   cboDeviza_->setEnabled(false);
   connect(chkDeviza_, &QCheckBox::toggled, cboDeviza_, &QWidget::setEnabled);
+  for (QWidget* control : {static_cast<QWidget*>(chkDeviza_), static_cast<QWidget*>(cboDeviza_)})
+    moveOnWithEnter(control);
   hearingRows_->addRow(chkDeviza_, cboDeviza_);
   return frmAudio_;
 }

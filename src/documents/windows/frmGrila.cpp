@@ -173,9 +173,8 @@ void frmGrila::buildLines(const ArticleList& articles) {
 // does not pass the button for a new partner.
 void frmGrila::orderTabs() {
   QList<QWidget*> chain = header_->tabChain();
-  for (const char* name :
-       {"cmdSalvare", "cmdValidare", "cmdSterge", "cmdTiparire", "cmdClose", "cmdFacturaNoua",
-        "cmdAdaugaTert1"})
+  for (const char* name : {"cmdSalvare", "cmdValidare", "cmdSterge", "cmdTiparire", "cmdClose",
+                           "cmdFacturaNoua", "cmdAdaugaTert1"})
     if (auto* button = findChild<QWidget*>(name)) chain.append(button);
   chain.append(drafts_);
   chain += added_;

@@ -90,7 +90,11 @@ bool ListForm::leaveCard() {
     case Leaving::Store:
       return storeCard();
     case Leaving::Discard:
-      card_.settle();
+      // The card may go on showing this record, so it shows what is stored.
+      if (new_)
+        card_.clear();
+      else
+        showRecord(grid_->currentRecord());
       return true;
     case Leaving::Stay:
       break;

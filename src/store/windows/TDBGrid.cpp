@@ -212,15 +212,17 @@ int TDBGrid::leastWidth(int column) const {
   const int whole = fontMetrics().horizontalAdvance(facts.caption);
   while (heading < whole && !fits(heading)) ++heading;
   const int typed = facts.format == CellFormat::Text ? fontMetrics().averageCharWidth() * kShortestText : 0;
-  return std::min(naturalWidth(column), std::max({heading + kHeadingMargin, widest_.value(column) + kCellMargin,
-                                                  typed + kCellMargin, footerWidth(column)}));
+  return std::min(naturalWidth(column),
+                  std::max({heading + kHeadingMargin, widest_.value(column) + kCellMargin,
+                            typed + kCellMargin, footerWidth(column)}));
 }
 
 // Cells once seen keep their room, or columns would change their width while the user scrolls.
 void TDBGrid::measureCells() {
   const int first = std::max(0, rowAt(0));
-  const int last = std::min(model()->rowCount() - 1,
-                            first + viewport()->height() / std::max(1, verticalHeader()->defaultSectionSize()));
+  const int last =
+      std::min(model()->rowCount() - 1,
+               first + viewport()->height() / std::max(1, verticalHeader()->defaultSectionSize()));
   for (const int column : visibleColumns())
     for (int row = first; row <= last; ++row) {
       const QString text = model()->index(row, column).data(Qt::DisplayRole).toString();
@@ -244,7 +246,8 @@ void TDBGrid::keepInView() {
     if (columns_[column].field == keptField_) break;
   }
   const int character = fontMetrics().averageCharWidth();
-  const int missing = std::clamp(natural + character * kReadableName - viewport()->width(), 0, natural - least);
+  const int missing =
+      std::clamp(natural + character * kReadableName - viewport()->width(), 0, natural - least);
   const QScopedValueRollback<bool> setting(settingWidths_, true);
   int left = viewport()->width();
   bool wraps = false;

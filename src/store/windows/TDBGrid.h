@@ -134,8 +134,8 @@ class TDBGrid : public QTableView {
   QList<GridColumn> columns_;
   QHash<QString, QString> footers_;
   QString emptyText_;
-  QString keptField_;  ///< the last column to be seen without scrolling
-  QString nameField_;  ///< the column that gives way for it
+  QString keptField_;       ///< the last column to be seen without scrolling
+  QString nameField_;       ///< the column that gives way for it
   QHash<int, int> widest_;  ///< cell seen in a column, in pixels
   GridOrder order_;
   int draggedColumn_ = -1;

@@ -39,7 +39,8 @@ class EntryCheck : public QObject {
   /// Whether the box is accepted; shows what is wrong when it is not.
   bool passes() {
     if (waiting_) return false;
-    if (!box_->hasFocus() || objection_().isEmpty()) return true;
+    // While a message box is in front, the box that was being typed into has no focus.
+    if (box_->window()->focusWidget() != box_ || objection_().isEmpty()) return true;
     showMessage();
     return false;
   }
