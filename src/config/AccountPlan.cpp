@@ -47,7 +47,7 @@ void changeAccountPlan(int number) {
                             "CREDITN_1, SOLDN, NeUtilizabil) "
                             "SELECT CONT, TITLU, ?, 0, 0, '', 0, 0, 0, NeUtilizabil FROM %1 ORDER BY CONT")
                  .arg(QString::fromLatin1(plan.source)),
-             {formatDate(clock::today())});
+             {clock::today().toString(QStringLiteral("dd/MM/yyyy"))});
   database().insertRows("kt_cote", {"COD", "CONT", "PROCENT"},
                         {{1, plan.vatOfPurchases, kVatPercent}, {2, plan.vatOfSales, kVatPercent}});
   transaction.commit();

@@ -29,7 +29,8 @@ constexpr int kFooterDecimals = 2;
 constexpr auto kPeriodText = "Data document trebuie sa fie in intervalul: %1-%2";
 
 QString withPeriod(const QString& text) {
-  return text.arg(formatDate(session().DataIC), formatDate(session().DataSC));
+  const QString format = QStringLiteral("dd/MM/yyyy");
+  return text.arg(session().DataIC.toString(format), session().DataSC.toString(format));
 }
 
 QString shownText(const Checked<ValidationCheck>& check) {

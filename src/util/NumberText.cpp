@@ -45,7 +45,7 @@ std::optional<Decimal> parseNumber(QStringView typed) {
 
 bool isNumericText(QStringView text) { return Decimal::parse(text.trimmed()).has_value(); }
 
-QString formatDate(const QDate& date) { return date.toString(QStringLiteral("dd/MM/yyyy")); }
+QString formatDate(const QDate& date) { return date.toString(QStringLiteral("dd.MM.yyyy")); }
 
 QDate parseDate(const QString& text) {
   const QString trimmed = text.trimmed();

@@ -27,7 +27,7 @@ std::optional<Decimal> parseNumber(QStringView typed);
 /// empty text is not a number.
 bool isNumericText(QStringView text);
 
-/// "31/12/2026".
+/// "31.12.2026", as dates are shown unless another form is given.
 QString formatDate(const QDate& date);
 
 /// Parses a typed date: day, month and year separated by "/", "." or "-", or ISO format. Invalid for any

@@ -89,9 +89,9 @@ TEST_F(SalePrices, RefusalsAreOrderedAndWriteNothing) {
             }),
             "Va rugam precizati familia");
   EXPECT_EQ(refusal([] { updatePricesByMarkup({}, {}); }), "Va rugam introduceti adaosul comercial");
-  EXPECT_EQ(refusal([] { updatePricesByRate({}, "EUR"); }), "Nu este introdus cursul pe ziua : 15/03/2026");
+  EXPECT_EQ(refusal([] { updatePricesByRate({}, "EUR"); }), "Nu este introdus cursul pe ziua : 15.03.2026");
   ExecutaSql("INSERT INTO kt_val2 (COD, DATA, CURS) VALUES ('EUR', '2026-03-15', 0)");
-  EXPECT_EQ(refusal([] { updatePricesByRate({}, "EUR"); }), "Nu este introdus cursul pe ziua : 15/03/2026");
+  EXPECT_EQ(refusal([] { updatePricesByRate({}, "EUR"); }), "Nu este introdus cursul pe ziua : 15.03.2026");
   EXPECT_EQ(prices("A"), "1 1 1 10");
   EXPECT_EQ(updatePricesByMarkup({Scope::Family, 9, {}}, 5), 0);
 }

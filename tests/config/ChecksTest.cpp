@@ -73,8 +73,8 @@ TEST_F(Checks, ValuesOutOfRangeReportTheirBound) {
   EXPECT_EQ(messages_.take(),
             (QStringList{"Valoarea trebuie sa fie numerica", "Valoarea trebuie sa fie mai mare decat: 5",
                          "Valoarea trebuie sa fie mai mica decat: 10", "Valoarea trebuie sa fie numerica",
-                         "Valoarea trebuie sa fie mai mare decat: 01/01/2026",
-                         "Valoarea trebuie sa fie mai mica decat: 31/12/2026"}));
+                         "Valoarea trebuie sa fie mai mare decat: 01.01.2026",
+                         "Valoarea trebuie sa fie mai mica decat: 31.12.2026"}));
 }
 
 TEST_F(Checks, LookupsReturnTheirDefaults) {

@@ -137,7 +137,7 @@ for (const [column, text, why] of [["CODART", "F1", "Articolul cu codul F1 nu ex
 // A price in the article's currency, with and without a rate of the day.
 answer("OK");
 lines.enter(1, "PRETVALUTA", "6");
-expectMessage("Nu este introdus cursul pe ziua : " + today().split("-").reverse().join("/"));
+expectMessage("Nu este introdus cursul pe ziua : " + today().split("-").reverse().join("."));
 key("Esc");
 equal(lines.cell(1, "PRETFT"), "25,00", "unchanged");
 sql("INSERT INTO kt_val2 (COD, DATA, CURS) VALUES ('EUR', ?, 5.5)", today());

@@ -82,7 +82,7 @@ form.set("optToateArt", true);
 equal([form.text("cboArticol"), form.items("cboArticol").length], ["", 3]);
 form.click("CheckDeviza");
 form.type("TextDeviza", "EUR");
-run("Nu este introdus cursul pe ziua : 15/03/2026");
+run("Nu este introdus cursul pe ziua : 15.03.2026");
 equal(prices("A1"), [25, 50, 59.5, 10]);
 sql("INSERT INTO kt_val2 (COD, DATA, CURS) VALUES ('EUR', '2026-03-15', 4.9765)");
 sql("UPDATE G_ARTMAG SET PRETDEVIZAVANZ = 0 WHERE CODART = 'S8'");

@@ -60,8 +60,8 @@ TEST(NumberText, RecognizesNumericDocumentNumbers) {
 }
 
 TEST(NumberText, DatesAreDayMonthYear) {
-  EXPECT_EQ(formatDate(QDate(2026, 12, 31)), "31/12/2026");
-  EXPECT_EQ(formatDate(QDate(2027, 2, 3)), "03/02/2027");
+  EXPECT_EQ(formatDate(QDate(2026, 12, 31)), "31.12.2026");
+  EXPECT_EQ(formatDate(QDate(2027, 2, 3)), "03.02.2027");
   EXPECT_EQ(formatDate(QDate()), "");
 }
 

@@ -4,6 +4,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -85,13 +86,13 @@ QWidget* frmArticoleDiscount::treeSide() {
       [this](const QModelIndex& node) { guarded(kForm, "treeArticole_NodeClick", [&] { showNode(node); }); });
   search_ = new ArticleCombo("cboCautare", articleList({}));
   search_->setToolTip(QStringLiteral("Cautare articol dupa nume, cod sau cod furnizor"));
-  connect(search_, &QComboBox::activated, this, [this] {
-    guarded(kForm, "cboCautare_Click", [this] {
-      const QModelIndex node = nodes_->nodeOf(search_->code());
-      if (!node.isValid()) return;
-      treeArticole_->expand(node.parent());
-      treeArticole_->setCurrentIndex(node);
-      treeArticole_->scrollTo(node, QAbstractItemView::PositionAtCenter);
+  connect(search_, &QComboBox::activated, this,
+          [this] { guarded(kForm, "cboCautare_Click", [this] { showFound(); }); });
+  connect(search_->lineEdit(), &QLineEdit::returnPressed, this, [this] {
+    guarded(kForm, "cboCautare_KeyPress", [this] {
+      const QString text = search_->currentText().trimmed();
+      if (!text.isEmpty() && search_->count() == 0)
+        Mesaj(QStringLiteral("Nu exista articole care sa contina %1 !").arg(text));
     });
   });
   auto* label = new QLabel(QStringLiteral("Cautare"));
@@ -105,6 +106,14 @@ QWidget* frmArticoleDiscount::treeSide() {
   all->addLayout(line);
   all->addWidget(treeArticole_, 1);
   return side;
+}
+
+void frmArticoleDiscount::showFound() {
+  const QModelIndex node = nodes_->nodeOf(search_->code());
+  if (!node.isValid()) return;
+  treeArticole_->expand(node.parent());
+  treeArticole_->setCurrentIndex(node);
+  treeArticole_->scrollTo(node, QAbstractItemView::PositionAtCenter);
 }
 
 QGroupBox* frmArticoleDiscount::bandSide() {

@@ -31,6 +31,7 @@ class frmArticoleDiscount : public QWidget {
  private:
   QWidget* treeSide();
   QGroupBox* bandSide();
+  void showFound();
   QWidget* bandDetails();
   QLayout* commands();
   TDBGrid* bandList();

@@ -11,6 +11,7 @@
 #include "config/Currencies.h"
 #include "config/Lookups.h"
 #include "util/Errors.h"
+#include "util/NumberText.h"
 #include "util/windows/Controls.h"
 #include "util/windows/DateBox.h"
 
@@ -122,7 +123,11 @@ void frmValute::showRates() {
 }
 
 void frmValute::findRate() {
-  grdCursValuta_->setRecordset(ratesOf(lblValuta_->text(), card().typed().date("DATA")));
+  const QDate day = card().typed().date("DATA");
+  grdCursValuta_->setRecordset(ratesOf(lblValuta_->text(), day));
+  const bool found = grdCursValuta_->rows().size() > 0;
+  say(found ? QString()
+            : QStringLiteral("Nu exista curs %1 la data %2").arg(lblValuta_->text(), formatDate(day)));
 }
 
 void frmValute::add() {

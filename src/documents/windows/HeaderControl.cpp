@@ -145,6 +145,7 @@ class PartnerControl : public HeaderControl {
       choose();
     });
     connect(names_, &SearchCombo::settled, this, [this] { takeName(); });
+    requireChoiceWhenLeft(names_);
     if (field.column != kind.partnerColumn) return;
     add_ = makeButton("cmdAdaugaTert1", {}, "Adaugare tert nou", "add-partner");
     add_->setParent(form);
@@ -178,8 +179,10 @@ class PartnerControl : public HeaderControl {
   }
 
  private:
+  QVariant number() const { return text().isEmpty() ? QVariant() : QVariant(text().toLongLong()); }
+
   void showName() {
-    names_->showData(text().isEmpty() ? QVariant() : QVariant(text().toLongLong()));
+    names_->showData(number());
     showFullName();
   }
 
@@ -190,10 +193,14 @@ class PartnerControl : public HeaderControl {
     name_->setToolTip(name);  // in case the name is too long for the label
   }
 
+  // An emptied name empties the code, but a code without a name in the list stays to be mended, like a name
+  // that is no choice.
   void takeName() {
     const QString code = names_->choice().toString();
     showFullName();
     if (text() == code) return;
+    const bool isEmptied = names_->currentText().trimmed().isEmpty() && names_->findData(number()) >= 0;
+    if (code.isEmpty() && !isEmptied) return;
     code_->setText(code);
     emit touched();
     choose();
