@@ -327,6 +327,7 @@ void frmTerti::tabChanged() {
 
 void frmTerti::showRecord(const Row* current) {
   shown_ = Row();
+  addedFor_ = nullptr;  // whoever looks at another partner adds none for a document
   if (!current) return ListForm::showRecord(nullptr);
   const qint64 code = current->integer("COD");
   const Row shown = storedPartner(code);
@@ -350,17 +351,18 @@ void frmTerti::add() {
     return;
   }
   const QString code = QString::number(addPartner(card().typed(), typedDiscount()));
+  const auto taken = std::exchange(addedFor_, nullptr);
   filter()->clear();
   cauta();
   list()->selectRecord("COD", code);
   startNew();
-  if (const auto taken = std::exchange(addedFor_, nullptr)) taken(code);
+  if (taken) taken(code);
 }
 
 void frmTerti::addFor(std::function<void(const QString& code)> taken) {
   if (!leaveCard()) return;
-  addedFor_ = std::move(taken);
   startNew();
+  addedFor_ = std::move(taken);
 }
 
 void frmTerti::save() {

@@ -14,6 +14,7 @@
 #include "config/windows/CodeBox.h"
 #include "config/windows/ComboFill.h"
 #include "store/Schema.h"
+#include "util/Errors.h"
 #include "util/NumberText.h"
 #include "util/windows/Controls.h"
 #include "util/windows/DateBox.h"
@@ -188,7 +189,13 @@ class PartnerControl : public HeaderControl {
 
   void showFullName() {
     if (!name_) return;
-    const QString name = names_->choice().isNull() ? QString() : names_->currentText();
+    QString name;
+    if (!names_->choice().isNull())
+      name = names_->currentText();
+    else if (!text().isEmpty())  // a partner that the list leaves out, or one that does not exist
+      guarded(kind_.window, QStringLiteral("Label2"), [this, &name] {
+        name = ValoareSql("SELECT NUME FROM kt_ter WHERE COD = ?", {text().toLongLong()});
+      });
     name_->setText(name);
     name_->setToolTip(name);  // in case the name is too long for the label
   }
@@ -197,11 +204,10 @@ class PartnerControl : public HeaderControl {
   // that is no choice.
   void takeName() {
     const QString code = names_->choice().toString();
-    showFullName();
-    if (text() == code) return;
     const bool isEmptied = names_->currentText().trimmed().isEmpty() && names_->findData(number()) >= 0;
-    if (code.isEmpty() && !isEmptied) return;
+    if (text() == code || (code.isEmpty() && !isEmptied)) return;
     code_->setText(code);
+    showFullName();
     emit touched();
     choose();
   }
