@@ -115,8 +115,9 @@ int computeJournal(const VatJournal& journal, const VatPeriod& period, int first
       values);
   if (rows == 0) {
     transaction.rollback();
+    const QString format = QStringLiteral("dd/MM/yyyy");  // as in the boxes of the period
     throw RuleError(QStringLiteral("Nu exista inregistrari in perioada %1 - %2")
-                        .arg(formatDate(period.from), formatDate(period.to)));
+                        .arg(period.from.toString(format), period.to.toString(format)));
   }
   transaction.commit();
   return rows;

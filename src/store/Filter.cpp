@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "util/AlikeNames.h"
 #include "util/Errors.h"
 #include "util/NumberText.h"
 
@@ -121,8 +122,15 @@ QList<FilterField> filterFields(const Table& table, const QHash<QString, QString
 
 void offerChoices(QList<FilterField>& fields, const QString& column, const QString& sql) {
   fieldOf(fields, column).choices = [sql] {
+    QStringList names, codes;
+    const Recordset rows = OpenRs(sql);
+    for (const Row& row : rows) {
+      names.append(row.at(1).toString());
+      codes.append(row.at(0).toString());
+    }
+    names = withCodesOfAlike(names, codes);
     QList<FilterChoice> choices;
-    for (const Row& row : OpenRs(sql)) choices.append({row.at(1).toString(), row.at(0)});
+    for (const Row& row : rows) choices.append({names[choices.size()], row.at(0)});
     return choices;
   };
 }

@@ -4,6 +4,7 @@
 #include <QComboBox>
 
 #include "config/Lists.h"
+#include "util/AlikeNames.h"
 
 namespace velmar {
 
@@ -53,15 +54,15 @@ void IncarcaCombo(QComboBox& combo) {
 
 void LegaCombo(QComboBox& combo, const BoundList& list) {
   std::vector<ChoiceModel::Choice> choices;
-  QHash<QString, int> uses;
-  for (const Row& row : OpenRs(list.sql, list.values)) {
-    choices.push_back({row.text(list.listField), row.value(list.boundColumn)});
-    ++uses[choices.back().text.toUpper()];
+  QStringList names, codes;
+  const Recordset rows = OpenRs(list.sql, list.values);
+  for (const Row& row : rows) {
+    names.append(row.text(list.listField));
+    codes.append(row.text(list.boundColumn));
   }
-  // The code is appended to texts that occur more than once.
-  for (auto& choice : choices)
-    if (uses.value(choice.text.toUpper()) > 1)
-      choice.text += QStringLiteral(" (%1)").arg(choice.value.toString());
+  names = withCodesOfAlike(names, codes);
+  for (const Row& row : rows)
+    choices.push_back({names[static_cast<qsizetype>(choices.size())], row.value(list.boundColumn)});
   setChoices(combo, std::move(choices));
 }
 
