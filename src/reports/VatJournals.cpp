@@ -5,7 +5,6 @@
 #include "store/Database.h"
 #include "store/NamedCommands.h"
 #include "util/Errors.h"
-#include "util/NumberText.h"
 
 namespace velmar {
 
