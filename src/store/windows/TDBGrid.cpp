@@ -47,14 +47,11 @@ class GridFooter : public QWidget {
   TDBGrid* grid_;
 };
 
-constexpr int kHeadingMargin = 16;
-constexpr int kCellMargin = 12;
-constexpr int kShortestText = 9;   // characters of a text cell
-constexpr int kReadableName = 24;  // characters of a name that the other columns make room for
-
-bool rightAligned(CellFormat format) { return format == CellFormat::Number || format == CellFormat::Integer; }
-
 }  // namespace
+
+bool isRightAligned(CellFormat format) {
+  return format == CellFormat::Number || format == CellFormat::Integer;
+}
 
 QString cellText(const QVariant& value, const GridColumn& column) {
   if (value.isNull()) return {};
@@ -116,7 +113,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
       return data(index, Qt::DisplayRole);  // whole, where the column is too narrow for it
     case Qt::TextAlignmentRole:
-      return rightAligned(column.format) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+      return isRightAligned(column.format) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     default:
       return {};
   }
@@ -176,94 +173,9 @@ void TDBGrid::applyWidths() {
   settingWidths_ = false;
 }
 
-// Wide enough for heading, cells and footer.
-int TDBGrid::naturalWidth(int column) const {
-  const GridColumn& facts = columns_[column];
-  const int character = rightAligned(facts.format) ? fontMetrics().horizontalAdvance(QLatin1Char('0'))
-                                                   : fontMetrics().averageCharWidth();
-  const int cells = rightAligned(facts.format) ? widest_.value(column) : 0;
-  return std::max({fontMetrics().horizontalAdvance(facts.caption) + kHeadingMargin,
-                   std::max(character * facts.width, cells) + kCellMargin, footerWidth(column)});
-}
-
-int TDBGrid::footerWidth(int column) const {
-  QFont bold = font();
-  bold.setBold(true);
-  return QFontMetrics(bold).horizontalAdvance(footer(columns_[column].field)) + kCellMargin;
-}
-
-void TDBGrid::setKeptInView(const QString& field, const QString& nameField) {
-  keptField_ = field;
-  nameField_ = nameField;
-  horizontalHeader()->setDefaultAlignment(Qt::AlignCenter | Qt::Alignment(Qt::TextWordWrap));
-}
-
-// As narrow as cells and footer allow, with the heading on two lines.
-int TDBGrid::leastWidth(int column) const {
-  const GridColumn& facts = columns_[column];
-  int heading = 0;
-  for (const QString& word : facts.caption.split(QLatin1Char(' ')))
-    heading = std::max(heading, fontMetrics().horizontalAdvance(word));
-  const auto fits = [this, &facts](int width) {
-    const QRect room = fontMetrics().boundingRect(QRect(0, 0, width, height()),
-                                                  Qt::AlignCenter | Qt::TextWordWrap, facts.caption);
-    return room.height() <= 2 * fontMetrics().lineSpacing();
-  };
-  const int whole = fontMetrics().horizontalAdvance(facts.caption);
-  while (heading < whole && !fits(heading)) ++heading;
-  const int typed = facts.format == CellFormat::Text ? fontMetrics().averageCharWidth() * kShortestText : 0;
-  return std::min(naturalWidth(column),
-                  std::max({heading + kHeadingMargin, widest_.value(column) + kCellMargin,
-                            typed + kCellMargin, footerWidth(column)}));
-}
-
-// Cells once seen keep their room, or columns would change their width while the user scrolls.
-void TDBGrid::measureCells() {
-  const int first = std::max(0, rowAt(0));
-  const int last =
-      std::min(model()->rowCount() - 1,
-               first + viewport()->height() / std::max(1, verticalHeader()->defaultSectionSize()));
-  for (const int column : visibleColumns())
-    for (int row = first; row <= last; ++row) {
-      const QString text = model()->index(row, column).data(Qt::DisplayRole).toString();
-      widest_[column] = std::max(widest_.value(column), fontMetrics().horizontalAdvance(text));
-    }
-}
-
-void TDBGrid::keepInView() {
-  const int name = columnOf(nameField_);
-  if (hasLook_ || name < 0 || !isVisible()) return;
-  measureCells();
-  QList<int> others;
-  int natural = 0;
-  int least = 0;
-  for (const int column : visibleColumns()) {
-    if (column != name) {
-      others.append(column);
-      natural += naturalWidth(column);
-      least += leastWidth(column);
-    }
-    if (columns_[column].field == keptField_) break;
-  }
-  const int character = fontMetrics().averageCharWidth();
-  const int missing =
-      std::clamp(natural + character * kReadableName - viewport()->width(), 0, natural - least);
-  const QScopedValueRollback<bool> setting(settingWidths_, true);
-  int left = viewport()->width();
-  bool wraps = false;
-  for (const int column : others) {
-    const int spare = naturalWidth(column) - leastWidth(column);
-    const int width = naturalWidth(column) - (missing > 0 ? spare * missing / (natural - least) : 0);
-    wraps = wraps || width < fontMetrics().horizontalAdvance(columns_[column].caption) + kHeadingMargin;
-    left -= width;
-    // The last column takes what is left by itself.
-    if (column != visibleColumns().last() || columnWidth(column) < width) setColumnWidth(column, width);
-  }
-  setColumnWidth(name, std::clamp(left, character * kShortestText, naturalWidth(name)));
-  const int lines = wraps ? 2 * fontMetrics().lineSpacing() + kCellMargin : 0;
-  if (horizontalHeader()->minimumHeight() == lines) return;
-  horizontalHeader()->setMinimumHeight(lines);
-  updateGeometries();
+void TDBGrid::dataChanged(const QModelIndex& from, const QModelIndex& to, const QList<int>& roles) {
+  QTableView::dataChanged(from, to, roles);
+  keepInView();
 }
 
 void TDBGrid::reset() {
@@ -306,6 +218,7 @@ void TDBGrid::stretchLast() {
 
 void TDBGrid::storeLook() {
   if (settingWidths_ || !isVisible() || lookName().isEmpty()) return;
+  hasLook_ = true;
   const QHeaderView* header = horizontalHeader();
   QVariantList widths, order;
   for (int i = 0; i < header->count(); ++i) {
@@ -462,7 +375,9 @@ void TDBGrid::fetchVisible() {
 }
 
 void TDBGrid::setFooter(const QString& field, const QString& text) {
-  footers_[field.toUpper()] = text;
+  QString& shown = footers_[field.toUpper()];
+  const bool isOther = shown != text;
+  shown = text;
   if (footer_->isHidden()) {
     footer_->show();
     updateGeometries();
@@ -472,7 +387,7 @@ void TDBGrid::setFooter(const QString& field, const QString& text) {
     const QScopedValueRollback<bool> setting(settingWidths_, true);
     setColumnWidth(column, footerWidth(column));
   }
-  keepInView();
+  if (isOther) keepInView();
   footer_->update();
 }
 

@@ -23,6 +23,9 @@ struct GridColumn {
   bool editable = false;  ///< in a list whose cells can be edited
 };
 
+/// Whether cells of the format are aligned to the right.
+bool isRightAligned(CellFormat format);
+
 /// What a cell of that format shows for a value; null shows nothing.
 QString cellText(const QVariant& value, const GridColumn& column);
 
@@ -111,6 +114,7 @@ class TDBGrid : public QTableView {
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void reset() override;
+  void dataChanged(const QModelIndex& from, const QModelIndex& to, const QList<int>& roles) override;
 
  private:
   void makeCurrent(int row, int column);
@@ -123,6 +127,7 @@ class TDBGrid : public QTableView {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void stretchLast();
   int naturalWidth(int column) const;
+  int headingWidth(int column) const;
   int leastWidth(int column) const;
   int footerWidth(int column) const;
   void measureCells();
@@ -134,9 +139,10 @@ class TDBGrid : public QTableView {
   QList<GridColumn> columns_;
   QHash<QString, QString> footers_;
   QString emptyText_;
-  QString keptField_;       ///< the last column to be seen without scrolling
-  QString nameField_;       ///< the column that gives way for it
-  QHash<int, int> widest_;  ///< cell seen in a column, in pixels
+  QString keptField_;                     ///< the last column to be seen without scrolling
+  QString nameField_;                     ///< the column that gives way for it
+  mutable QHash<QString, int> headings_;  ///< widths of captions on two lines
+  QHash<int, int> widest_;                ///< cell seen in a column, in pixels
   GridOrder order_;
   int draggedColumn_ = -1;
   bool placingFooter_ = false;

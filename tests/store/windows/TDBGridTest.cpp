@@ -1,5 +1,7 @@
 // How the columns of a grid share its width.
 #include <gtest/gtest.h>
+#include <QHeaderView>
+#include <QStandardItemModel>
 
 #include "store/windows/TDBGrid.h"
 
@@ -24,6 +26,25 @@ TEST(TDBGridWidths, SumsAreFullyVisibleAndTheNameColumnShrinks) {
   bold.setBold(true);
   EXPECT_GE(grid.columnWidth(2), QFontMetrics(bold).horizontalAdvance(tenThousandMillions) + 8);
   EXPECT_LE(end(), grid.viewport()->width()) << "still in view";
+}
+
+TEST(TDBGridWidths, OtherColumnsLeaveTheNameReadable) {
+  QStandardItemModel cells(1, 4);
+  TDBGrid grid("TDBGrid1");
+  grid.setModel(&cells);
+  grid.setColumns({{"CANT", "Cantitate", CellFormat::Number, 8},
+                   {"DENUMIRE", "Denumire", CellFormat::Text, 60},
+                   {"PRET", "Pret unitar valuta", CellFormat::Number, 10},
+                   {"TOTAL", "Total", CellFormat::Number, 12}});
+  grid.setKeptInView("TOTAL", "DENUMIRE");
+  grid.resize(410, 200);
+  grid.show();
+  cells.setItem(0, 0, new QStandardItem("1.234.567,000"));
+  const QFontMetrics font = grid.fontMetrics();
+  EXPECT_GE(grid.columnWidth(0), font.horizontalAdvance("1.234.567,000") + 8) << "not cut";
+  EXPECT_GE(grid.columnWidth(1), font.averageCharWidth() * 15);
+  EXPECT_LT(grid.columnWidth(2), font.horizontalAdvance("Pret unitar valuta"));
+  EXPECT_GE(grid.horizontalHeader()->height(), 2 * font.lineSpacing()) << "a heading on two lines";
 }
 
 }  // namespace
