@@ -200,8 +200,8 @@ class PartnerControl : public HeaderControl {
     name_->setToolTip(name);  // in case the name is too long for the label
   }
 
-  // An emptied name empties the code, but a code without a name in the list stays to be mended, like a name
-  // that is no choice.
+  // An emptied name empties the code. A code or a name that is not in the list remains for the user to
+  // correct.
   void takeName() {
     const QString code = names_->choice().toString();
     const bool isEmptied = names_->currentText().trimmed().isEmpty() && names_->findData(number()) >= 0;
@@ -213,6 +213,7 @@ class PartnerControl : public HeaderControl {
   }
 
   void openPartners() {
+    showName();  // a name that is not in the list yet is no fault here
     const bool suppliers = kind_.partnersAreSuppliers;
     QWidget* window = windowHost()->showOne(suppliers ? "frmTerti F" : "frmTerti C", [suppliers] {
       return suppliers ? makeSuppliers(nullptr) : makeCustomers(nullptr);

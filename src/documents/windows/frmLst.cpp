@@ -94,7 +94,15 @@ PreparedReport frmLst::prepare() const {
   return {listingFile(kind_, options()), listingData(kind_, document_, options())};
 }
 
+// Takes over a date that is still being typed; one that does not exist lists nothing.
+bool frmLst::settle() {
+  if (!entriesAccepted(this)) return false;
+  for (DateBox* date : findChildren<DateBox*>()) date->takeTyped();
+  return true;
+}
+
 void frmLst::list() {
+  if (!settle()) return;
   const PreparedReport report = prepare();
   if (document_.lines.isEmpty()) {
     Mesaj(QStringLiteral("Nu exista inregistrari"));
@@ -103,7 +111,9 @@ void frmLst::list() {
   listReport(report, kind_.choosesTarget, this);
 }
 
-void frmLst::design() { designReport(prepare(), this); }
+void frmLst::design() {
+  if (settle()) designReport(prepare(), this);
+}
 
 void listDocument(const QString& prefix, const QString& number, bool foreign, QWidget* parent) {
   frmLst(listingKind(prefix), number, foreign, parent).exec();

@@ -23,6 +23,7 @@ class frmLst : public QDialog {
   QGroupBox* optionsFrame(bool foreign);
   QGroupBox* delegateFrame();
   ListingOptions options() const;
+  bool settle();
   void list();
   void design();
   PreparedReport prepare() const;
