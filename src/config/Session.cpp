@@ -72,6 +72,7 @@ void InitParaSoc() {
     s.CasaMarcat = Nz(par.value("CASAMARCAT"), QStringLiteral(" ")).toString();
     s.CasaMarcat_Nr = static_cast<int>(par.integer("CASAMARCAT_Nr"));
     s.ModAudio = par.flag("MODAUDIO");
+    s.DrepturiBare = par.flag("DREPTURIBARE");
   }
   const Recordset info = OpenRs("SELECT PlanC, TCOST, NrZec FROM kt_info");
   if (!info.isEmpty()) {

@@ -23,8 +23,9 @@ struct CompanyParameters {
   QString CasaMarcat;    ///< " " when there is no register
   int CasaMarcat_Nr = 0;
   int PlanC = 0;
-  QString TCOST;  ///< "FIFO", "MP" or empty
-  int NrZec = 0;  ///< decimals of prices and values
+  QString TCOST;              ///< "FIFO", "MP" or empty
+  int NrZec = 0;              ///< decimals of prices and values
+  bool DrepturiBare = false;  ///< the rights of a user also apply to the tool bars
 };
 
 /// Values of Session::gModFactura.

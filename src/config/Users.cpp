@@ -1,6 +1,7 @@
 #include "config/Users.h"
 
 #include "config/Checks.h"
+#include "config/Session.h"
 #include "store/Database.h"
 #include "store/Records.h"
 #include "util/Messages.h"
@@ -88,6 +89,11 @@ void changeUser(const QString& name, const QString& column, const QString& typed
     updateField(users(), name, column, type);
   }
   transaction.commit();
+}
+
+void applyRightsToToolBars(bool applied) {
+  ExecutaSql("UPDATE kt_par SET DREPTURIBARE = ?", {applied});
+  session().DrepturiBare = applied;
 }
 
 void requireRemovableUser(const QString& name) {

@@ -13,6 +13,10 @@ void addUser(const Row& user);
 /// addUser() refuses, and when no user would have all rights any more.
 void changeUser(const QString& name, const QString& column, const QString& typed);
 
+/// Stores whether the rights also apply to the tool bars (`kt_par.DREPTURIBARE`), for all users of the
+/// company.
+void applyRightsToToolBars(bool applied);
+
 /// Throws RuleError for admin.
 void requireRemovableUser(const QString& name);
 /// Deletes the user. Throws as requireRemovableUser(), and for the last user with all rights.

@@ -26,17 +26,6 @@ namespace {
 constexpr int kNameWidth = 35;
 constexpr int kFooterDecimals = 2;
 
-constexpr auto kPeriodText = "Data document trebuie sa fie in intervalul: %1-%2";
-
-QString withPeriod(const QString& text) {
-  const QString format = QStringLiteral("dd/MM/yyyy");
-  return text.arg(session().DataIC.toString(format), session().DataSC.toString(format));
-}
-
-QString shownText(const Checked<ValidationCheck>& check) {
-  return check.check == ValidationCheck::OutsidePeriod ? withPeriod(check.text) : check.text;
-}
-
 }  // namespace
 
 DocumentEditor::DocumentEditor(const QString& prefix)
@@ -398,7 +387,9 @@ Decimal DocumentEditor::amount(const Row& line, const QString& field) const {
 void DocumentEditor::checkValidation(const QHash<QString, QString>& typed) {
   headerTyped(typed);
   for (const auto& check : kind_.validationChecks)
-    if (isBroken(check)) throw RuleError(shownText(check), check.field, 0, check.title);
+    if (isBroken(check))
+      throw RuleError(check.check == ValidationCheck::OutsidePeriod ? withPeriod(check.text) : check.text,
+                      check.field, 0, check.title);
   // The header is validated as shown on screen, saved or not, so it must be checked.
   requireHeader(typed_, isNew_);
   requireKnownCodes(typed_, textsOf(header_));

@@ -2,6 +2,8 @@
 
 #include <source_location>
 
+#include "config/Lookups.h"
+#include "config/Session.h"
 #include "documents/Drafts.h"
 #include "documents/KindRules.h"
 #include "documents/LineChecks.h"
@@ -26,6 +28,17 @@ void step(const QString& words, const QString& title, Work&& work,
                     words.arg(QString::number(error.number()), error.text(), QString::number(lineOf(place))),
                     title);
   }
+}
+
+// Another workstation may have closed the period since the date was checked.
+void requireOpenPeriod(const DocumentKind& kind, const QDate& date) {
+  for (const auto& check : kind.validationChecks) {
+    if (check.check == ValidationCheck::BeforeFiscalYear && date < session().DataIN)
+      throw RuleError(check.text, check.field, 0, check.title);
+    if (check.check == ValidationCheck::OutsidePeriod && !InPerioadaCulegere(date))
+      throw RuleError(withPeriod(check.text), check.field, 0, check.title);
+  }
+  if (date < session().DataIC) throw RuleError(withPeriod(kPeriodText), kind.dateColumn);
 }
 
 // Checks the draft again without messages: the stock may have changed since the question.
@@ -87,6 +100,11 @@ void requireValidatable(const Document& document) {
   rules->requireReceipt(document);
 }
 
+QString withPeriod(const QString& text) {
+  const QString format = QStringLiteral("dd/MM/yyyy");
+  return text.arg(session().DataIC.toString(format), session().DataSC.toString(format));
+}
+
 void requirePostable(Document document) {
   const Plan plan = kindRules(document.kind->prefix)->plan(document);
   requirePostable(plan.posting, document.number);
@@ -100,6 +118,8 @@ void SalvareDocumente(const TypedHeader& typed, const Row& header, const ShownDr
   Document document;
   step(texts.ledgerFailure, texts.ledgerFailureTitle, [&] {
     transaction.emplace(database());
+    InitParaSoc();  // as they are now, for the checks and for what is written
+    requireOpenPeriod(kind, header.date(kind.dateColumn));
     document = Drafts(kind).requireAsShown(shown);
     document.typed = typed.texts();
     takeHeader(document, header);

@@ -31,10 +31,14 @@ void requireValidatable(const Document& document);
 /// missing. Called before validation, so that no dialog is shown while the write lock is held.
 void requirePostable(Document document);
 
-/// Stores the header of the draft, writes ledger, lots, articles and notes, marks the draft validated. The
-/// stored lines must be those that the user saw in `shown`. Repeats all checks under the write lock. Throws
-/// RuleError for a violated rule or a draft that another user has changed, StepError for other errors;
-/// nothing is then written.
+inline constexpr auto kPeriodText = "Data document trebuie sa fie in intervalul: %1-%2";
+/// The text with the ends of the entry period for %1 and %2.
+QString withPeriod(const QString& text);
+
+/// Reads the company's parameters again, stores the header of the draft, writes ledger, lots, articles and
+/// notes, marks the draft validated. The stored lines must be those that the user saw in `shown`. Repeats all
+/// checks under the write lock. Throws RuleError for a violated rule or a draft that another user has
+/// changed, StepError for other errors; nothing is then written.
 void SalvareDocumente(const TypedHeader& typed, const Row& header, const ShownDraft& shown);
 
 }  // namespace velmar

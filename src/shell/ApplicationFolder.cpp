@@ -8,6 +8,7 @@
 #include "config/Session.h"
 #include "store/DatabaseFiles.h"
 #include "util/Errors.h"
+#include "util/FileRights.h"
 
 // Outside the namespace, like the functions that the resource compiler generates.
 static void loadResources() {
@@ -28,6 +29,7 @@ StoreError notWritable(const QString& path) {
 
 void makeFolder(const QString& path) {
   if (!QDir().mkpath(path)) throw notWritable(path);
+  protectFolder(path);
 }
 
 // Copies the files of a resource folder that are missing in the folder on disk.

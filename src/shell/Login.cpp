@@ -9,9 +9,11 @@
 #include "store/DatabaseFiles.h"
 #include "store/Server.h"
 #include "store/Workshop.h"
+#include "util/Clock.h"
 #include "util/Errors.h"
 #include "util/FileNames.h"
 #include "util/Messages.h"
+#include "util/NumberText.h"
 #include "util/Settings.h"
 
 namespace velmar {
@@ -92,6 +94,13 @@ void Login::enter(const QString& numeBD, const QString& denumire, const QString&
     leaveCompany();
     throw;
   }
+}
+
+QString clockWarning() {
+  const QDate last = OpenRs("SELECT MAX(DATADOC) AS DATADOC FROM G_DOCUME").first().date("DATADOC");
+  if (!last.isValid() || clock::today() >= last) return {};
+  return QStringLiteral("Data calculatorului (%1) este inaintea ultimului document (%2) ! Verificati data.")
+      .arg(formatDate(clock::today()), formatDate(last));
 }
 
 void leaveCompany() {

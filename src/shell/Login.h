@@ -41,6 +41,9 @@ class Login {
   QList<Company> companies_;
 };
 
+/// The warning when today lies before the date of the company's last document; else "".
+QString clockWarning();
+
 /// Removes the entry from the roster and closes the company's database.
 void leaveCompany();
 

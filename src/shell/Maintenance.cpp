@@ -12,6 +12,7 @@
 #include "store/Upkeep.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
+#include "util/FileRights.h"
 #include "util/Messages.h"
 
 namespace velmar {
@@ -26,6 +27,7 @@ StoreError notWritable(const QString& path) {
 
 void makeFolder(const QString& path) {
   if (!QDir().mkpath(path)) throw notWritable(path);
+  protectFolder(path);
 }
 
 void saveProjects(const QString& from, const QString& to) {

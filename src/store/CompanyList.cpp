@@ -13,6 +13,7 @@
 #include "store/Server.h"
 #include "util/Errors.h"
 #include "util/FileNames.h"
+#include "util/FileRights.h"
 
 namespace velmar {
 
@@ -70,6 +71,7 @@ void writeFile(const QString& path, const QByteArray& content) {
         QStringLiteral("Lista de societati %1 nu poate fi scrisa. Verificati drepturile asupra folderului "
                        "si spatiul liber.")
             .arg(path));
+  protectFile(path);
 }
 
 // Reads one rowset. A row's attributes may have other names than the columns: the schema maps them.

@@ -16,6 +16,7 @@
 #include "util/Clock.h"
 #include "util/Errors.h"
 #include "util/FileNames.h"
+#include "util/FileRights.h"
 
 namespace velmar {
 
@@ -169,6 +170,7 @@ void underFileLock(const QString& folder, const QString& name, const std::functi
              ? QStringLiteral("Fisierul %1 este folosit de alt utilizator. Incercati din nou.").arg(name)
              : QStringLiteral("Folderul %1 nu poate fi scris. Verificati drepturile asupra lui.")
                    .arg(shownFolder)));
+  protectFile(lock.fileName());
   work();
 }
 
@@ -227,6 +229,7 @@ void putFileInPlace(const QString& draft, const QString& path) {
     throw StoreError(
         kFileFailure,
         QStringLiteral("Fisierul %1 nu poate fi scris. Verificati drepturile asupra lui.").arg(path));
+  protectFile(path);
 }
 
 void moveDatabase(const QString& from, const QString& to) {

@@ -9,6 +9,7 @@
 #include "store/Database.h"
 #include "store/PostgresConnection.h"
 #include "util/Errors.h"
+#include "util/FileRights.h"
 
 namespace velmar {
 
@@ -52,6 +53,7 @@ RosterEntry::RosterEntry(const QString& databasePath, const QString& login) {
         kFileFailure,
         QStringLiteral("Folderul bazei de date %1 nu poate fi scris. Verificati drepturile asupra lui.")
             .arg(QDir::toNativeSeparators(QFileInfo(databasePath).path())));
+  protectFile(lock_->fileName());
 }
 
 QList<Connection> connections(const QString& databasePath) {

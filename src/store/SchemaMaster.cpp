@@ -43,7 +43,7 @@ Table companyParameters() {
       .integers("StornareNegru")
       .text("CASAMARCAT", 1)
       .integers("CASAMARCAT_Nr")
-      .flags("MODAUDIO");
+      .flags("MODAUDIO DREPTURIBARE");
 }
 
 Table chartOfAccounts(const QString& name) {

@@ -13,6 +13,7 @@
 
 #include "store/EngineTexts.h"
 #include "util/FileNames.h"
+#include "util/FileRights.h"
 #include "util/NumberText.h"
 
 namespace velmar::sqlite {
@@ -156,6 +157,7 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
       QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(kBusyTimeoutMs));
   if (!connection.open()) throw describe(connection.lastError(), path);
   registerFunctions(connection);
+  protectFile(path);  // before the side files get the same rights
   // The file may come from anywhere: its schema runs no functions but harmless ones, damaged cells are found
   // when they are read, and no error of the disk ends the process.
   pragma(connection, QStringLiteral("trusted_schema=OFF"), path);

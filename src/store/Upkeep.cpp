@@ -18,6 +18,7 @@
 #include "store/Workshop.h"
 #include "util/Errors.h"
 #include "util/FileNames.h"
+#include "util/FileRights.h"
 #include "util/Messages.h"
 
 namespace velmar {
@@ -37,6 +38,7 @@ void copyFile(const QString& from, const QString& to) {
                                     "spatiul liber de pe disc.")
                          .arg(QDir::toNativeSeparators(from)));
   QFile::setPermissions(to, QFile::permissions(to) | QFile::ReadOwner | QFile::WriteOwner);
+  protectFile(to);
 }
 
 // Detects a truncated or damaged copy, and a file that only looks like a company.

@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 
 #include "util/Errors.h"
+#include "util/FileRights.h"
 
 namespace velmar::settings {
 
@@ -30,6 +31,15 @@ auto withStore(Work&& work) {
   }
   QSettings store(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("velmar"));
   return work(store);
+}
+
+template <typename Work>
+void change(Work&& work) {
+  withStore([&work](QSettings& store) {
+    work(store);
+    store.sync();
+    protectFile(store.fileName());
+  });
 }
 
 QString ownDrive() {
@@ -63,7 +73,7 @@ QString databasesPath() {
 }
 
 void setDatabasesPath(const QString& path) {
-  withStore([&path](QSettings& store) {
+  change([&path](QSettings& store) {
     store.setValue(kDatabasesPath, path);
     store.sync();
     if (store.status() != QSettings::NoError)
@@ -79,7 +89,7 @@ QString driveFolder() {
 }
 
 void setDriveFolder(const QString& path) {
-  withStore([&path](QSettings& store) { store.setValue(kDriveFolder, path); });
+  change([&path](QSettings& store) { store.setValue(kDriveFolder, path); });
 }
 
 MainWindowPlace mainWindowPlace() {
@@ -94,7 +104,7 @@ MainWindowPlace mainWindowPlace() {
 }
 
 void setMainWindowPlace(const MainWindowPlace& place) {
-  withStore([&place](QSettings& store) {
+  change([&place](QSettings& store) {
     store.setValue(kMainLeft, place.left);
     store.setValue(kMainTop, place.top);
     store.setValue(kMainWidth, place.width);
@@ -109,7 +119,7 @@ QVariant look(const QString& name) {
 }
 
 void setLook(const QString& name, const QVariant& value) {
-  withStore([&](QSettings& store) { store.setValue(lookKey(name), value); });
+  change([&](QSettings& store) { store.setValue(lookKey(name), value); });
 }
 
 }  // namespace velmar::settings

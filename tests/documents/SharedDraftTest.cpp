@@ -1,4 +1,5 @@
-// Two users with one draft open: nobody stores or validates a document other than the one that is shown.
+// Two users with one draft open: nobody stores or validates a document other than the one that is shown, nor
+// in a period that is closed.
 #include <gtest/gtest.h>
 
 #include "documents/Invariants.h"
@@ -76,6 +77,18 @@ TEST_F(SharedDraftTest, ACellWritesOnlyIntoTheLineThatIsShown) {
   here_.setNumber(1, "CANT", "2");
   expectChanged([&] { Trade::validate(here_); });
   expectChanged([&] { Trade::validate(there_); });
+}
+
+TEST_F(SharedDraftTest, APeriodThatAnotherWorkstationClosedIsClosedHere) {
+  ExecutaSql("UPDATE kt_par SET DATAIC = ?", {clock::today().addDays(1)});
+  try {
+    here_.validate(here_.headerTexts());
+    ADD_FAILURE() << "validated in a closed period";
+  } catch (const RuleError& error) {
+    EXPECT_EQ(error.text(), "Data document trebuie sa fie in intervalul: 16/03/2026-31/12/2026");
+    EXPECT_EQ(error.field(), "DATAFAC");
+  }
+  EXPECT_EQ(OpenRs("SELECT ID FROM G_DOCUME WHERE TIPIE = 'E'").size(), 0);
 }
 
 }  // namespace

@@ -203,7 +203,10 @@ void addEntrySteps(Functions& functions, Windows& windows) {
     const QModelIndex index = indexOf(view, a[2].toInt(), a[3]);
     if (editorAt(view, index)) return false;
     const QString shown = cellText(view, index);
-    return shown != a[6].toString() || sameValue(shown, a[4].toString());
+    const QString typed = a[4].toString();
+    // A password shows the same dots whatever it is.
+    return shown != a[6].toString() || sameValue(shown, typed) ||
+           index.data(Qt::EditRole).toString() == typed;
   };
 }
 

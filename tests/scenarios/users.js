@@ -1,5 +1,6 @@
-// The list of users: adding, deleting, cells; admin and one user with all rights always remain.
-company();
+// The list of users: adding, deleting, cells; admin and one user with all rights always remain. Passwords are
+// shown only when asked for, and rights may apply to the tool bars.
+const folder = company();
 menu("mnuUtilizatori");
 const w = win("frmUtilizatori");
 const users = () => sql("SELECT NUME, PAROLA, TIP FROM UTILIZATORI ORDER BY NUME");
@@ -50,6 +51,19 @@ equal(grid.enter(1, "NUME", "Ana"), true);
 equal(users(), [{NUME: "admin", PAROLA: "altul", TIP: 0}, {NUME: "Ana", PAROLA: "secret", TIP: 1}]);
 shot("users");
 
+// Passwords are dots in the list and while they are typed, and never on paper.
+equal(grid.column("PAROLA"), ["\u2022".repeat(8), "\u2022".repeat(8)]);
+check(!w.value("chkArataParole") && !w.value("chkDrepturiBare"), "both unticked at first");
+w.set("chkArataParole", true);
+equal(grid.column("PAROLA"), ["altul", "secret"]);
+shot("users-passwords");
+grid.selectMany([0, 1]);
+key("Ctrl+P");
+const paper = pdfText(printed()[0]);
+check(paper.includes("admin") && !paper.includes("altul") && !paper.includes("\u2022"), paper);
+w.set("chkArataParole", false);
+equal(grid.cell(1, "PAROLA"), "\u2022".repeat(8));
+
 grid.select(0);
 refusedWith(null, "cmdSterge", "Utilizatorul admin nu se poate sterge !");
 grid.select(1);
@@ -83,3 +97,38 @@ equal(users(), [{NUME: "sef", PAROLA: "altul", TIP: 0}]);
 noMessage();
 w.click("cmdIesire");
 check(!isOpen("frmUtilizatori"), "closed");
+
+// Rights apply to the menu, and to the tool bars once the company wants it.
+function loginAs(user, password) {
+  start(folder);
+  const login = win("frmLogin");
+  login.type("txtUserName", user);
+  login.type("txtPassword", password);
+  login.click("cmdOK");
+  const warehouse = win("frmSelMagazie");
+  warehouse.pick("DataCombo1", "Magazie 1");
+  warehouse.click("cmdOK");
+}
+const opens = (window, bar, index) => {
+  try {
+    toolbar(bar, index);
+  } catch (disabled) {
+    return false;
+  }
+  const isShown = isOpen(window);
+  if (isShown) win(window).close();
+  return isShown;
+};
+sql("INSERT INTO UTILIZATORI (NUME, PAROLA, TIP) VALUES ('ION', 'x', 2)");
+loginAs("ION", "x");
+check(opens("frmParamSoc", "Toolbar", 1) && opens("frmArticole", "Toolbar", 7), "the bars ignore the rights");
+loginAs("sef", "altul");
+menu("mnuUtilizatori");
+win("frmUtilizatori").set("chkDrepturiBare", true);
+equal(sql("SELECT DREPTURIBARE FROM kt_par"), [{DREPTURIBARE: -1}]);
+check(opens("frmArticole", "Toolbar", 7), "a user with all rights");
+sql("INSERT INTO G_DOCUME (ID, TIP, TIPIE, DATADOC, CODMAG) VALUES ('FF1', 'FF', 'I', '2099-12-31', 1)");
+answer("OK");
+loginAs("ION", "x");
+expectMessage("este inaintea ultimului document (31.12.2099)");
+check(!opens("frmParamSoc", "Toolbar", 1) && !opens("frmArticole", "Toolbar", 7), "the bars follow the rights");

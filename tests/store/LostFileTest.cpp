@@ -14,6 +14,7 @@
 #include "store/Upkeep.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
+#include "util/FileRights.h"
 
 namespace velmar {
 namespace {
@@ -137,6 +138,29 @@ TEST_F(LostFileTest, FilesThatAreNotPlainOnesAreRefused) {
   QFile empty(server);
   ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
   expectRefused([&] { serverOf(dir_.path()); }, "este gol");
+}
+
+TEST_F(LostFileTest, OtherAccountsCannotReadWhatTheGroupDoesNotShare) {
+  const auto rights = [](const QString& path) {
+    struct stat status {};
+    stat(path.toUtf8().constData(), &status);
+    return status.st_mode & 0777;
+  };
+  const QDir dir(dir_.path());
+  saveCompany(database(), aside_);
+  readCompanyList(dir_.path());
+  article("A1");
+  const QStringList all = {path_, path_ + "-wal", aside_, dir.filePath("Societat.xml"),
+                           dir.filePath(kTemplateName)};
+  for (const QString& file : all) EXPECT_EQ(rights(file), 0600U) << qUtf8Printable(file);
+  chmod(dir_.path().toUtf8().constData(), 0770);
+  for (const QString& file : all) {
+    protectFile(file);
+    EXPECT_EQ(rights(file), 0660U) << qUtf8Printable(file);
+  }
+  ASSERT_TRUE(dir.mkdir("Salv_Tarvon"));
+  protectFolder(dir.filePath("Salv_Tarvon"));
+  EXPECT_EQ(rights(dir.filePath("Salv_Tarvon")), 0770U);
 }
 
 }  // namespace

@@ -1,10 +1,14 @@
 #include "config/windows/frmUtilizatori.h"
 
+#include <QBoxLayout>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
 
+#include "config/Session.h"
 #include "config/Users.h"
+#include "util/Errors.h"
 #include "util/windows/Controls.h"
 
 namespace velmar {
@@ -23,6 +27,7 @@ frmUtilizatori::frmUtilizatori(QWidget* parent) : ListForm("frmUtilizatori", "Ut
   GridColumn name{"NUME", "Nume", CellFormat::Text, 24};
   GridColumn password{"PAROLA", "Parola", CellFormat::Text, 24};
   GridColumn type{"TIP", "Tip", CellFormat::Integer, 6};
+  password.secret = true;
   name.editable = password.editable = type.editable = true;
   grid->setColumns({name, password, type});
   grid->setEmptyText("Nu exista utilizatori. Completati numele si parola, apoi apasati Adaugare.");
@@ -52,12 +57,45 @@ QWidget* frmUtilizatori::cardFrame() {
   rows->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
   rows->addRow("Nume", card().add("NUME", makeTextBox("txtNume", kTextLength, "Maxim 10 caractere",
                                                       KeyFilter::NoQuote)));
-  rows->addRow("Parola", card().add("PAROLA", makeTextBox("txtParola", kTextLength, "Maxim 10 caractere")));
+  txtParola_ = makeTextBox("txtParola", kTextLength, "Maxim 10 caractere");
+  txtParola_->setEchoMode(QLineEdit::Password);
+  rows->addRow("Parola", card().add("PAROLA", txtParola_));
   auto* cboTip = named(new QComboBox, "cboTip",
                        "Selectati tipul de utilizator functie de care se va asigura accesul in aplicatie");
   for (int type = 0; type < kTypes.size(); ++type) cboTip->addItem(kTypes[type], type);
   rows->addRow("Tip", card().add("TIP", cboTip));
   card().setDefault("TIP", 0);
+  auto* all = new QWidget;
+  auto* beside = new QHBoxLayout(all);
+  beside->setContentsMargins({});
+  beside->addWidget(frame, 1);
+  beside->addWidget(options());
+  return all;
+}
+
+QWidget* frmUtilizatori::options() {
+  auto* frame = new QGroupBox("Optiuni");
+  auto* rows = new QVBoxLayout(frame);
+  auto* chkArataParole =
+      named(new QCheckBox("Arata parolele"), "chkArataParole", "Arata parolele in lista si in caseta");
+  connect(chkArataParole, &QCheckBox::toggled, this, [this](bool shown) {
+    list()->showSecrets(shown);
+    txtParola_->setEchoMode(shown ? QLineEdit::Normal : QLineEdit::Password);
+  });
+  auto* chkDrepturiBare =
+      named(new QCheckBox("Drepturile se aplica si barelor"), "chkDrepturiBare",
+            "Un buton de pe bare nu se poate apasa cand comanda lui din meniu nu este permisa");
+  chkDrepturiBare->setChecked(session().DrepturiBare);
+  connect(chkDrepturiBare, &QCheckBox::toggled, this, [this, chkDrepturiBare](bool applied) {
+    const bool isStored =
+        guarded("frmUtilizatori", "chkDrepturiBare_Click", [applied] { applyRightsToToolBars(applied); });
+    if (isStored) return;
+    const QSignalBlocker blocker(chkDrepturiBare);
+    chkDrepturiBare->setChecked(!applied);
+  });
+  rows->addWidget(chkArataParole);
+  rows->addWidget(chkDrepturiBare);
+  rows->addStretch();
   return frame;
 }
 

@@ -3,6 +3,8 @@
 
 #include "store/windows/ListForm.h"
 
+class QLineEdit;
+
 namespace velmar {
 
 class frmUtilizatori : public ListForm {
@@ -12,7 +14,10 @@ class frmUtilizatori : public ListForm {
 
  private:
   QWidget* cardFrame();
+  QWidget* options();
   void remove();
+
+  QLineEdit* txtParola_ = nullptr;
 };
 
 }  // namespace velmar

@@ -163,6 +163,8 @@ void frmLogin::enter() {
     focusFieldAtFault(rule.field());
     throw;
   }
+  const QString warning = clockWarning();
+  if (!warning.isEmpty()) Mesaj(warning, kExclamation);
   loginSucceeded_ = true;
   accept();
 }

@@ -42,6 +42,11 @@ constexpr int kAskAgainMs = 50;
 constexpr const char* kWindowKey = "windowKey";
 const QString kForm = QStringLiteral("frmMain");
 
+const MenuEntry& entryOf(const QString& name) {
+  return *std::find_if(menuTable().begin(), menuTable().end(),
+                       [&name](const MenuEntry& each) { return each.name == name; });
+}
+
 // An empty area shows a hint how to begin.
 class ChildArea : public QMdiArea {
  public:
@@ -92,7 +97,14 @@ frmMain::frmMain() : area_(new ChildArea) {
   placeWindow();
   showHearingEntries();
   applyRights();
+  applyRightsToBars();
   setWindowTitle(QStringLiteral("Tarvon Velmar  - ") + session().gDenSocietate);
+  connect(
+      &dataChanges(), &DataChanges::written, this,
+      [this](const QSet<QString>& tables) {
+        if (tables.contains(QStringLiteral("KT_PAR"))) applyRightsToBars();
+      },
+      Qt::QueuedConnection);
   connect(&dataChanges(), &DataChanges::fileLost, this, &frmMain::offerCopy, Qt::QueuedConnection);
   connect(&dataChanges(), &DataChanges::fileDamaged, this, &frmMain::offerRestoring, Qt::QueuedConnection);
 }
@@ -228,16 +240,13 @@ QToolBar* frmMain::buildToolBar(const QString& name, const QString& title, Qt::T
   bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
   for (const ToolEntry& entry : entries) {
     if (entry.index > 1) bar->addSeparator();
-    const auto command =
-        std::find_if(menuTable().begin(), menuTable().end(),
-                     [&entry](const MenuEntry& each) { return each.name == entry.menuEntry; });
     QAction* action = bar->addAction(icon(entry.icon), entry.caption);
     action->setObjectName(QStringLiteral("%1(%2)").arg(name).arg(entry.index));
     action->setProperty("index", entry.index);
     action->setToolTip(entry.toolTip);
-    action->setEnabled(command->make || command->run);
-    // The rights of a user only affect the menu.
-    connect(action, &QAction::triggered, this, [this, &menuEntry = *command] { runEntry(menuEntry); });
+    action->setData(entry.menuEntry);
+    connect(action, &QAction::triggered, this,
+            [this, &command = entryOf(entry.menuEntry)] { runEntry(command); });
   }
   addToolBar(area, bar);
   return bar;
@@ -312,6 +321,24 @@ void frmMain::applyRights() {
             << "mnuCumparari"
             << "mnuVanzari";
   for (const QString& name : refused) actions_[name]->setEnabled(false);
+}
+
+// Whether the menu and its entry can be chosen.
+bool frmMain::isAllowed(const QString& entry) const {
+  const QAction* action = menuEntry(entry);
+  const auto* menu = qobject_cast<const QMenu*>(action->parent());
+  const auto canBeChosen = [](const QAction* each) { return each->isEnabled() && each->isVisible(); };
+  return canBeChosen(action) && (!menu || canBeChosen(menu->menuAction()));
+}
+
+// The rights of a user apply to the menu, and to the tool bars when the company wants it.
+void frmMain::applyRightsToBars() {
+  for (QAction* button : toolbar_->actions() + toolbarRap_->actions()) {
+    if (button->isSeparator()) continue;
+    const QString entry = button->data().toString();
+    const MenuEntry& command = entryOf(entry);
+    button->setEnabled((command.make || command.run) && (!session().DrepturiBare || isAllowed(entry)));
+  }
 }
 
 void frmMain::hideToolBars() {

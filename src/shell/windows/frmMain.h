@@ -51,6 +51,8 @@ class frmMain : public QMainWindow, public WindowHost {
   void storePlace() const;
   void showHearingEntries();
   void applyRights();
+  bool isAllowed(const QString& entry) const;
+  void applyRightsToBars();
   void hideToolBars();
   void listChildWindows();
   void tile(Qt::Orientation orientation);

@@ -92,6 +92,7 @@ QLineEdit* EntryGrid::makeEditor(QWidget* parent, const QModelIndex& index) {
   editor->setFrame(false);
   editor->setAlignment(Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));
   editor->setMaxLength(kLongestEntry);
+  if (columns()[index.column()].secret && !showsSecrets()) editor->setEchoMode(QLineEdit::Password);
   return editor;
 }
 

@@ -230,6 +230,7 @@ int GridPrint::rowsOn(int sheet) const {
 int GridPrint::pageCount() const { return sheetCount() * std::max(1, bandCount()); }
 
 QString GridPrint::cell(int row, const Column& column) const {
+  if (grid_.columns()[column.section].secret) return {};
   const int place = settings_.rows == GridPrintSettings::Rows::All ? row : places_[row];
   return oneLine(grid_.model()->index(place, column.section).data(Qt::DisplayRole).toString());
 }

@@ -47,6 +47,9 @@ class GridFooter : public QWidget {
   TDBGrid* grid_;
 };
 
+// As many for each text: their number must not give its length away.
+const QString kDots(8, QChar(0x2022));
+
 }  // namespace
 
 bool isRightAligned(CellFormat format) {
@@ -86,6 +89,12 @@ void ListModel::setRows(std::unique_ptr<RowSource> rows) {
   endResetModel();
 }
 
+void ListModel::showSecrets(bool shown) {
+  beginResetModel();
+  showsSecrets_ = shown;
+  endResetModel();
+}
+
 void ListModel::sortRows(const QStringList& fields, bool descending) {
   beginResetModel();
   rows_->sort(fields, descending);
@@ -101,6 +110,9 @@ int ListModel::columnCount(const QModelIndex& parent) const {
 QVariant ListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   const GridColumn& column = columns_[index.column()];
+  if (column.secret && !showsSecrets_ && role == Qt::ToolTipRole) return {};
+  if (column.secret && !showsSecrets_ && role == Qt::DisplayRole)
+    return rows_->row(index.row()).isNull(column.field) ? QString() : kDots;
   switch (role) {
     case Qt::DisplayRole:
       return cellText(rows_->row(index.row()).value(column.field), column);

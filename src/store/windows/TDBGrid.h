@@ -21,6 +21,7 @@ struct GridColumn {
   int decimals = 2;  ///< of CellFormat::Number
   bool visible = true;
   bool editable = false;  ///< in a list whose cells can be edited
+  bool secret = false;    ///< shown as dots unless the user wants to see it, and never printed
 };
 
 /// Whether cells of the format are aligned to the right.
@@ -38,6 +39,8 @@ class ListModel : public QAbstractTableModel {
   void setColumns(const QList<GridColumn>& columns);
   void setRows(std::unique_ptr<RowSource> rows);
   const RowSource& rows() const { return *rows_; }
+  void showSecrets(bool shown);
+  bool showsSecrets() const { return showsSecrets_; }
   void sortRows(const QStringList& fields, bool descending);
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -49,6 +52,7 @@ class ListModel : public QAbstractTableModel {
  private:
   QList<GridColumn> columns_;
   std::unique_ptr<RowSource> rows_;
+  bool showsSecrets_ = false;
 };
 
 /// The order of a list: by which fields, all up or all down.
@@ -66,6 +70,9 @@ class TDBGrid : public QTableView {
   /// them.
   void setColumns(const QList<GridColumn>& columns);
   const QList<GridColumn>& columns() const { return columns_; }
+  /// Shows the texts of secret columns, or dots, as at first.
+  void showSecrets(bool shown) { list_->showSecrets(shown); }
+  bool showsSecrets() const { return list_->showsSecrets(); }
   /// Position of the field in any case, -1 when there is none.
   int columnOf(const QString& field) const;
 
