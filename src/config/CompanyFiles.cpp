@@ -5,11 +5,13 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "config/Session.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
 #include "store/Roster.h"
 #include "util/Errors.h"
 #include "util/FileNames.h"
+#include "util/Messages.h"
 
 namespace velmar {
 
@@ -40,12 +42,16 @@ void requireGoodText(const QString& code, const QString& name) {
         QStringLiteral("DENUMIRE"));
 }
 
-void requireFree(const QString& folder, const QList<Company>& companies, const QString& code) {
+void requireFreeCode(const QList<Company>& companies, const QString& code) {
   const bool taken = std::any_of(companies.begin(), companies.end(), [&code](const Company& company) {
     return company.COD.compare(code, Qt::CaseInsensitive) == 0;
   });
   if (taken)
     throw RuleError(QStringLiteral("Acest cod de societate exista deja ! Adaugarea nu se poate efectua !"));
+}
+
+void requireFree(const QString& folder, const QList<Company>& companies, const QString& code) {
+  requireFreeCode(companies, code);
   const QString file = companyFileName(code);
   if (databaseExists(folder, file))
     throw RuleError(QStringLiteral("Fisierul %1 exista deja in folderul bazelor de date ! Adaugarea nu se "
@@ -63,6 +69,16 @@ void makeFile(const QString& folder, const QString& fileName, const QString& nam
   } catch (...) {
     gDenSocietateNoua = QStringLiteral("00");
     throw;
+  }
+}
+
+// The company's name as its database has it; "" when that cannot be read.
+QString nameIn(const QString& path) {
+  try {
+    const Recordset info = Database::open(path)->query("SELECT DENUMIRE FROM kt_info");
+    return info.isEmpty() ? QString() : info.first().text("DENUMIRE");
+  } catch (const StoreError&) {
+    return {};
   }
 }
 
@@ -130,6 +146,52 @@ void copyCompany(const QString& folder, const Company& company, const QString& o
       other, copy,
       [&] { copyDatabase(pathInFolder(folder, company.NUMEBD), pathInFolder(other, copy.NUMEBD), progress); },
       [&] { removeFileAfterFailure(other, copy.NUMEBD); });
+}
+
+void offerToForget(const QString& databasePath) {
+  QString entries;
+  for (const Connection& each : connections(databasePath))
+    if (each.isUncertain)
+      entries += QStringLiteral("%1 - %2, din %3\r\n")
+                     .arg(each.computer.isEmpty() ? QStringLiteral("calculator necunoscut") : each.computer,
+                          each.login.isEmpty() ? QStringLiteral("utilizator necunoscut") : each.login,
+                          each.since.toString(QStringLiteral("dd.MM.yyyy HH:mm")));
+  if (entries.isEmpty() || session().gTipUtilizator != 0) return;
+  const int answer =
+      Mesaj(QStringLiteral("Societatea pare deschisa pe alte calculatoare :\r\n%1Daca programul nu mai "
+                           "lucreaza acolo, inregistrarile pot fi sterse. Doriti sa le stergeti ?")
+                .arg(entries),
+            kYesNo + kExclamation + kSecondDefault);
+  if (answer == kResultYes) forgetUncertain(databasePath);
+}
+
+QList<Company> unlistedCompanies(const QString& folder) {
+  const QList<Company> listed = readCompanyList(folder);
+  QList<Company> unlisted;
+  for (const QString& name : companyDatabases(folder)) {
+    const bool isListed = std::any_of(listed.begin(), listed.end(), [&name](const Company& each) {
+      return each.NUMEBD.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    if (isListed) continue;
+    const QString code = name.mid(kCompanyPrefix.size()).chopped(kCompanySuffix.size());
+    unlisted.append({code.toUpper(), nameIn(pathInFolder(folder, name)), name});
+  }
+  return unlisted;
+}
+
+void listCompany(const QString& folder, const Company& company) {
+  changeCompanyList(folder, [&company](QList<Company>& companies) {
+    requireFreeCode(companies, company.COD);
+    companies.append(company);
+  });
+}
+
+void removeUnlisted(const QString& folder, const Company& company) {
+  changeCompanyList(folder, [&](QList<Company>& companies) {
+    requireFreeCode(companies, company.COD);
+    requireRemovable(folder, company);
+    removeDatabaseFile(folder, company.NUMEBD);
+  });
 }
 
 void requireRemovable(const QString& folder, const Company& company) {

@@ -23,6 +23,19 @@ void adoptCompany(const QString& folder, const QString& code, const QString& nam
 void copyCompany(const QString& folder, const Company& company, const QString& other,
                  const CopyProgress& progress = {});
 
+/// Asks a user with all rights whether roster entries of the company's database that cannot be verified,
+/// those of other computers and damaged ones, may be removed: they would prevent deleting and restoring for
+/// good. Says whose they are and since when. Throws StoreError when one cannot be removed.
+void offerToForget(const QString& databasePath);
+
+/// The companies whose database is in the folder while the list does not have them: their creation was
+/// interrupted. Their names are those that the databases have.
+QList<Company> unlistedCompanies(const QString& folder);
+/// Adds such a company to the list. Throws RuleError when its code is taken meanwhile, StoreError.
+void listCompany(const QString& folder, const Company& company);
+/// Deletes the database of such a company. Throws RuleError while it is in use or when it is in the list now.
+void removeUnlisted(const QString& folder, const Company& company);
+
 /// Throws RuleError when the company must not be deleted: the first company, the open one, and one that is in
 /// use.
 void requireRemovable(const QString& folder, const Company& company);

@@ -8,6 +8,7 @@
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
 #include "store/Server.h"
+#include "store/Upkeep.h"
 #include "store/Workshop.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
@@ -36,6 +37,7 @@ void requireUser(const QString& user, const QString& password) {
 // Removes what killed processes have left; a failure must not prevent the login.
 void sweep(const QString& folder) {
   sweepWorkshops(folder, kSamplePrefix);
+  sweepWorkshops(QDir(folder).filePath(kBackupFolderName), kSavePrefix);
   try {
     sweepDrafts(folder);
   } catch (const StoreError&) {

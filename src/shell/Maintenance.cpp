@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include "config/CompanyFiles.h"
 #include "config/Session.h"
 #include "store/Database.h"
 #include "store/DataChanges.h"
@@ -79,7 +80,10 @@ QString restoreQuestion(const QString& file) {
       .arg(session().gDenSocietate, session().gNumeBD, QFileInfo(file).fileName());
 }
 
-void requireAlone() { requireNobodyElse(database().path(), session().gUtilizator); }
+void requireAlone() {
+  offerToForget(database().path());
+  requireNobodyElse(database().path(), session().gUtilizator);
+}
 
 void restoreOpenCompany(const QString& file, const CopyProgress& progress) {
   const QString path = database().path();

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QRegularExpression>
 #include <QSettings>
 
 #include "store/Database.h"
@@ -154,7 +155,22 @@ bool databaseExists(const QString& folder, const QString& name) {
   return existsInFolder(folder, name);
 }
 
-QString companyFileName(const QString& code) { return QStringLiteral("Tarvon%1.mdb").arg(code.toUpper()); }
+QString companyFileName(const QString& code) { return kCompanyPrefix + code.toUpper() + kCompanySuffix; }
+
+QStringList companyDatabases(const QString& folder) {
+  static const QRegularExpression isCompany(QStringLiteral("^tarvon([0-9a-z]{1,2})([.]mdb)?$"),
+                                            QRegularExpression::CaseInsensitiveOption);
+  QStringList names;
+  if (const auto server = serverOf(folder)) {
+    for (const QString& name : postgres::databasesLike(*server, QStringLiteral("tarvon[0-9a-z]{1,2}")))
+      names.append(companyFileName(isCompany.match(name.mid(server->prefix.size())).captured(1)));
+    return names;
+  }
+  for (const QString& name : QDir(folder).entryList(QDir::Files, QDir::Name))
+    if (isCompany.match(name).hasMatch() && name.endsWith(kCompanySuffix, Qt::CaseInsensitive))
+      names.append(name);
+  return names;
+}
 
 void underFileLock(const QString& folder, const QString& name, const std::function<void()>& work) {
   const QString shownFolder = QDir::toNativeSeparators(folder);
@@ -281,6 +297,10 @@ void sweepDrafts(const QString& folder) {
     const auto lock = lockOfDraft(draft.filePath());
     if (lock->tryLock(0)) removeDraft(draft.filePath());
   }
+  // Taking and releasing a lock removes what a killed process left of it.
+  for (const QFileInfo& left : QDir(folder).entryInfoList(
+           {QStringLiteral("*.mdb") + kDraftMark + QStringLiteral(".lock")}, QDir::Files))
+    lockOfDraft(left.filePath().chopped(QStringLiteral(".lock").size()))->tryLock(0);
 }
 
 int programRevision() { return VELMAR_REVISION; }

@@ -22,8 +22,14 @@ bool databaseExists(const QString& folder, const QString& name);
 /// Throws StoreError when the wait times out, or the folder is missing or not writable.
 void underFileLock(const QString& folder, const QString& name, const std::function<void()>& work);
 
+inline const QString kCompanyPrefix = QStringLiteral("Tarvon");
+inline const QString kCompanySuffix = QStringLiteral(".mdb");
 /// The file name of the company with that code: "Tarvon" + code in upper case + ".mdb".
 QString companyFileName(const QString& code);
+
+/// The names of the databases of companies in the folder, or on the server that it names, without the
+/// template.
+QStringList companyDatabases(const QString& folder);
 
 /// Writes the template with the structure and the initial rows of this program into the folder, completely or
 /// not at all, unless the existing one is already of this version. Throws StoreError.

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSysInfo>
 #include <QUrl>
 
 #include "store/Database.h"
@@ -37,6 +38,10 @@ QString entryPath(const QString& databasePath, const QString& login) {
            QString::fromLatin1(QUrl::toPercentEncoding(login)));
 }
 
+QFileInfoList entriesOf(const QFileInfo& file) {
+  return file.dir().entryInfoList({file.fileName() + kMark + QLatin1Char('*')}, QDir::Files);
+}
+
 }  // namespace
 
 RosterEntry::RosterEntry(const QString& databasePath, const QString& login) {
@@ -60,9 +65,8 @@ QList<Connection> connections(const QString& databasePath) {
   const QFileInfo file(databasePath);
   if (const auto server = serverOf(file.path()))
     return connectionsOn(*server, databaseOnServer(*server, databasePath));
-  const QString prefix = file.fileName() + kMark;
   QList<Connection> found;
-  for (const QFileInfo& entry : file.dir().entryInfoList({prefix + QLatin1Char('*')}, QDir::Files)) {
+  for (const QFileInfo& entry : entriesOf(file)) {
     QLockFile probe(entry.filePath());
     probe.setStaleLockTime(0);
     if (probe.tryLock(0)) continue;  // its process is dead; the probe removes the file
@@ -70,14 +74,32 @@ QList<Connection> connections(const QString& databasePath) {
     QString host;
     QString program;
     probe.getLockInfo(&process, &host, &program);
-    const QString rest = entry.fileName().mid(prefix.size());
+    const QString rest = entry.fileName().mid(file.fileName().size() + kMark.size());
     const QString login = QUrl::fromPercentEncoding(rest.mid(rest.indexOf(QLatin1Char('-')) + 1).toLatin1());
-    found.append({host, login, true, QStringLiteral("-")});
+    const bool isOurs = process > 0 && host == QSysInfo::machineHostName();
+    found.append({host, login, true, QStringLiteral("-"), entry.lastModified(), !isOurs});
   }
   std::sort(found.begin(), found.end(), [](const Connection& a, const Connection& b) {
     return std::tie(a.computer, a.login) < std::tie(b.computer, b.login);
   });
   return found;
+}
+
+void forgetUncertain(const QString& databasePath) {
+  const QFileInfo file(databasePath);
+  if (serverOf(file.path())) return;
+  for (const QFileInfo& entry : entriesOf(file)) {
+    QLockFile probe(entry.filePath());
+    probe.setStaleLockTime(0);
+    qint64 process = 0;
+    QString host;
+    QString program;
+    if (probe.getLockInfo(&process, &host, &program) && host == QSysInfo::machineHostName()) continue;
+    if (!QFile::remove(entry.filePath()))
+      throw StoreError(kFileFailure,
+                       QStringLiteral("Fisierul %1 nu poate fi sters. Verificati drepturile asupra lui.")
+                           .arg(QDir::toNativeSeparators(entry.filePath())));
+  }
 }
 
 }  // namespace velmar

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <QDateTime>
 #include <QList>
 #include <QLockFile>
 #include <QString>
@@ -15,6 +16,9 @@ struct Connection {
   QString login;
   bool connected = true;
   QString suspectState;  ///< "-" when nothing is suspect
+  QDateTime since = {};  ///< invalid for a company on a server
+  /// Of another computer, or not readable: whether its process is alive cannot be found out here.
+  bool isUncertain = false;
 };
 
 /// This process's entry in the roster of a company file, while the object exists.
@@ -29,5 +33,8 @@ class RosterEntry {
 
 /// The processes connected to a company file, by computer and login; entries of dead processes are removed.
 QList<Connection> connections(const QString& databasePath);
+
+/// Removes the uncertain entries of a company file. Throws StoreError when one cannot be removed.
+void forgetUncertain(const QString& databasePath);
 
 }  // namespace velmar

@@ -138,7 +138,7 @@ QString savedCopyName(const QString& companyName, const QString& fileName, const
 void saveCompany(Database& company, const QString& file, const CopyProgress& progress) {
   const QFileInfo target(file);
   // In a separate folder without the settings of a server.
-  const Workshop workshop(target.path(), QStringLiteral(".salvare-"));
+  const Workshop workshop(target.path(), kSavePrefix);
   const QString draft = workshop.filePath(target.fileName());
   // A copy of a damaged file may lack rows and yet be found whole.
   company.requireWhole([&progress] {

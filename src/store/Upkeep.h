@@ -12,6 +12,9 @@ namespace velmar {
 /// Name of the folder with the saved copies, inside the databases folder.
 inline const QString kBackupFolderName = QStringLiteral("Salv_Tarvon");
 
+/// What begins the names of the temporary folders in which copies are made.
+inline const QString kSavePrefix = QStringLiteral(".salvare-");
+
 /// The name of an automatic copy: file name without extension + "_" + moment + ".mdb".
 QString savedCopyName(const QString& fileName, const QDateTime& moment);
 /// The name of a copy that a user makes: it begins with the first letters of the company's name.

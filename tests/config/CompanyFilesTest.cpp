@@ -139,6 +139,32 @@ TEST_F(CompanyFilesTest, TheFirstTheOpenAndAUsedCompanyCannotBeDeleted) {
   EXPECT_TRUE(databaseExists(folder(), "Tarvon02.mdb"));
 }
 
+TEST_F(CompanyInFileTest, EntriesOfOtherComputersAreForgottenWhenAnAdministratorSaysSo) {
+  create("02", "BETA");
+  const QString path = folder() + "/Tarvon02.mdb";
+  for (const char* content : {"77\nvelmar\nalt-calculator\n\n\n", "zgomot"}) {
+    QFile entry(path + "-conexiune-77-ION");
+    ASSERT_TRUE(entry.open(QIODevice::WriteOnly));
+    entry.write(content);
+    entry.close();
+    MessageRecorder messages;
+    messages.answer(kResultNo);
+    offerToForget(path);
+    EXPECT_TRUE(messages.take().value(0).contains("- ION, din "));
+    EXPECT_NE(removal(company("02")), "");
+    session().gTipUtilizator = 1;
+    offerToForget(path);
+    EXPECT_TRUE(messages.take().isEmpty());
+    session().gTipUtilizator = 0;
+    messages.answer(kResultYes);
+    offerToForget(path);
+    EXPECT_TRUE(connections(path).isEmpty());
+  }
+  const RosterEntry own(path, "ANA");  // alive, on this computer
+  forgetUncertain(path);
+  EXPECT_EQ(connections(path).size(), 1);
+}
+
 }  // namespace
 
 }  // namespace velmar

@@ -69,6 +69,22 @@ list.click("cmdIesire");
 check(!isOpen("frmSocietati"));
 check(readFile(folder + "/Societat.xml").includes("TarvonB2.mdb"));
 
+// A creation that ended between file and list is finished from the window.
+writeFile(folder + "/Societat.xml", readFile(folder + "/Societat.xml").replace(/<z:row COD="B2"[^>]*>/, ""));
+menu("mnuCreare");
+list = win("frmSocietati");
+equal(list.grid("TDBGrid1").column("COD"), ["01"]);
+shot("companies-unlisted");
+answer("Renuntare");
+list.click("cmdNelistate");
+expectMessage("Baza de date TarvonB2.mdb (BETA SRL) nu este in lista societatilor.", {icon: "question"});
+answer("Da");
+list.click("cmdNelistate");
+expectMessage("TarvonB2.mdb");
+equal(list.grid("TDBGrid1").column("COD"), ["01", "B2"]);
+check(!list.isVisible("cmdNelistate"));
+list.click("cmdIesire");
+
 // The new company is in the next login's list, with its name and its own users.
 start(folder);
 const login = win("frmLogin");

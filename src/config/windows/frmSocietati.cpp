@@ -10,6 +10,7 @@
 #include "config/Session.h"
 #include "store/windows/TDBGrid.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 #include "util/Messages.h"
 #include "util/windows/Forms.h"
 #include "util/windows/KeyFilter.h"
@@ -80,19 +81,48 @@ QLayout* frmSocietati::buttonBlock() {
   connect(cmdSterge, &QPushButton::clicked, this,
           [this] { guarded("frmSocietati", "cmdSterge_Click", [this] { remove(); }); });
   auto* Cmdschimbare = button("Cmdschimbare", "Schimbare", {});
+  cmdNelistate_ = button("cmdNelistate", "Nelistate", "Societati a caror creare a fost intrerupta");
+  connect(cmdNelistate_, &QPushButton::clicked, this,
+          [this] { guarded("frmSocietati", "cmdNelistate_Click", [this] { finishInterrupted(); }); });
   auto* cmdIesire = button("cmdIesire", "Iesire", {});
   setUpExitButton(cmdIesire, this);
   auto* grid = new QGridLayout;
-  grid->setRowStretch(2, 1);
+  grid->setRowStretch(3, 1);
   grid->setContentsMargins(0, fontMetrics().height(), 0, 0);  // below the title of the frame beside it
   grid->addWidget(cmdAdauga, 0, 0);
   grid->addWidget(cmdSterge, 0, 1);
   grid->addWidget(Cmdschimbare, 1, 0);
   grid->addWidget(cmdIesire, 1, 1);
+  grid->addWidget(cmdNelistate_, 2, 0);
   return grid;
 }
 
-void frmSocietati::refresh() { grid_->setRecordset(companyRecordset(readCompanyList(session().gCaleBD))); }
+void frmSocietati::refresh() {
+  grid_->setRecordset(companyRecordset(readCompanyList(session().gCaleBD)));
+  cmdNelistate_->setVisible(!unlistedCompanies(session().gCaleBD).isEmpty());
+}
+
+void frmSocietati::finishInterrupted() {
+  const QList<Company> unlisted = unlistedCompanies(session().gCaleBD);
+  for (const Company& company : unlisted) {
+    const int answer = Mesaj(
+        QStringLiteral("Baza de date %1 (%2) nu este in lista societatilor. Da - se adauga in lista, Nu - "
+                       "se sterge definitiv.")
+            .arg(company.NUMEBD, company.DENUMIRE),
+        kYesNoCancel + kQuestion + kThirdDefault, QStringLiteral("Societati nelistate"));
+    if (answer != kResultYes && answer != kResultNo) break;
+    try {
+      if (answer == kResultYes)
+        listCompany(session().gCaleBD, company);
+      else if (Mesaj(removalQuestion(company), kQuestion + kYesNo, QStringLiteral("Confirmare stergere")) ==
+               kResultYes)
+        removeUnlisted(session().gCaleBD, company);
+    } catch (const RuleError& rule) {
+      Mesaj(rule.text());
+    }
+  }
+  refresh();
+}
 
 void frmSocietati::add() {
   try {
@@ -120,6 +150,7 @@ void frmSocietati::remove() {
   if (!current) return;
   const Company company = companyOf(*current);
   try {
+    offerToForget(pathInFolder(session().gCaleBD, company.NUMEBD));
     requireRemovable(session().gCaleBD, company);
     if (Mesaj(removalQuestion(company), kQuestion + kYesNo, QStringLiteral("Confirmare stergere")) !=
         kResultYes)

@@ -6,6 +6,8 @@
 class QGroupBox;
 class QLineEdit;
 
+class QPushButton;
+
 namespace velmar {
 
 class TDBGrid;
@@ -21,10 +23,12 @@ class frmSocietati : public QWidget {
   void refresh();
   void add();
   void remove();
+  void finishInterrupted();
 
   TDBGrid* grid_;
   QLineEdit* txtCod_;
   QLineEdit* txtDenumire_;
+  QPushButton* cmdNelistate_ = nullptr;
 };
 
 }  // namespace velmar
