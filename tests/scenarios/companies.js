@@ -75,7 +75,7 @@ menu("mnuCreare");
 list = win("frmSocietati");
 equal(list.grid("TDBGrid1").column("COD"), ["01"]);
 shot("companies-unlisted");
-answer("Renuntare");
+answer("Anulare");
 list.click("cmdNelistate");
 expectMessage("Baza de date TarvonB2.mdb (BETA SRL) nu este in lista societatilor.", {icon: "question"});
 answer("Da");
