@@ -8,7 +8,7 @@
 #include "config/Lookups.h"
 #include "config/Numbers.h"
 #include "config/Session.h"
-#include "store/Database.h"
+#include "store/ListRows.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
 
@@ -16,6 +16,7 @@ namespace velmar {
 
 namespace {
 
+constexpr int kRowsBetween = 100;   // two reports of the progress
 constexpr int kSupplierToName = 1;  // placeholder until the supplier is chosen
 const QString kPrototype = QStringLiteral("FormularComandaPrototip.htm");
 const QString kOrderForm = QStringLiteral("FormularComanda.htm");
@@ -27,23 +28,38 @@ void writeFile(const QString& path, const QByteArray& content) {
     throw notWritten(file);
 }
 
+// The whole table: after the key, all columns as they are stored.
+ListRows allRows(const QString& table, const QString& key, const QString& order) {
+  return {{QStringLiteral("*"), table, key}, {}, order};
+}
+
 // Each row is an element; its columns that are not null are attributes.
-void writeRows(QXmlStreamWriter& xml, const QString& group, const Recordset& rows) {
+void writeRows(QXmlStreamWriter& xml, const QString& group, const ListRows& rows,
+               const std::function<void(int done)>& progress) {
   xml.writeStartElement(group);
   xml.writeStartElement("data");
-  for (const Row& row : rows) {
+  for (int place = 0; place < rows.size(); ++place) {
+    if (place % kRowsBetween == 0) progress(place);
+    const Row& row = rows.row(place);
+    if (row.at(0).isNull()) continue;  // deleted by another workstation in the meantime
+    const QStringList& columns = row.columns();
     xml.writeEmptyElement("row");
-    for (int i = 0; i < rows.columns().size(); ++i)
-      if (!row.at(i).isNull()) xml.writeAttribute(rows.columns()[i], cellText(row.at(i)));
+    for (int i = 1; i < columns.size(); ++i)
+      if (!row.at(i).isNull()) xml.writeAttribute(columns[i], cellText(row.at(i)));
   }
   xml.writeEndElement();
   xml.writeEndElement();
 }
 
-QString inScript(QString text) {
-  return text.replace(u'\\', QStringLiteral("\\\\"))
-      .replace(u'"', QStringLiteral("\\\""))
-      .replace(u'<', QStringLiteral("\\x3C"));
+// The text as it is written between quotes in a script inside a page of any encoding.
+QString inScript(const QString& text) {
+  const QString plain = QStringLiteral(" !#$%()*+,-./:;=?@[]^_`{|}~");
+  QString written;
+  for (const QChar c : text) {
+    const bool kept = c.unicode() < 128 && (c.isLetterOrNumber() || plain.contains(c));
+    written += kept ? QString(c) : QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+  }
+  return written;
 }
 
 // The options of the page's list: for each family with articles a heading, its articles, a separator.
@@ -52,6 +68,9 @@ QByteArray optionLines() {
   const Recordset articles = OpenRs(
       "SELECT CODART, DENART, FAMART FROM G_ARTMAG WHERE TipAparat <> '' ORDER BY DENART NULLS FIRST, "
       "CODART");
+  QHash<qint64, std::vector<const Row*>> ofFamily;
+  for (const Row& article : articles)
+    if (!article.isNull("FAMART")) ofFamily[article.integer("FAMART")].push_back(&article);
   QString lines;
   int count = 0;
   const auto option = [&lines, &count](const QString& text, const QString& value) {
@@ -59,13 +78,11 @@ QByteArray optionLines() {
                  .arg(QString::number(count++), inScript(text), inScript(value));
   };
   for (const Row& family : families) {
-    const int before = count;
-    for (const Row& article : articles) {
-      if (article.integer("FAMART") != family.integer("COD")) continue;
-      if (count == before) option(QStringLiteral("- %1 - ").arg(family.text("DENUMIRE")), {});
-      option(article.text("DENART"), article.text("CODART"));
-    }
-    if (count > before) option(QStringLiteral("---------------"), {});
+    const std::vector<const Row*> members = ofFamily.value(family.integer("COD"));
+    if (members.empty()) continue;
+    option(QStringLiteral("- %1 - ").arg(family.text("DENUMIRE")), {});
+    for (const Row* article : members) option(article->text("DENART"), article->text("CODART"));
+    option(QStringLiteral("---------------"), {});
   }
   return lines.toUtf8();
 }
@@ -96,17 +113,21 @@ qint64 orderFromArticles(const QStringList& codes) {
   return number;
 }
 
-void exportCatalogue(const QString& path) {
-  QByteArray content;
-  QXmlStreamWriter xml(&content);
+void exportCatalogue(const QString& path, const Progress& progress) {
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) throw notWritten(file);
+  const ListRows families = allRows("G_FAMART", "COD", "DENUMIRE");
+  const ListRows articles = allRows("G_ARTMAG", "CODART", "DENART");
+  const int of = families.size() + articles.size();
+  QXmlStreamWriter xml(&file);
   xml.setAutoFormatting(true);
   xml.writeStartDocument();
   xml.writeStartElement("gestiuneExport");
-  writeRows(xml, "familii", OpenRs("SELECT * FROM G_FAMART ORDER BY DENUMIRE NULLS FIRST, COD"));
-  writeRows(xml, "articole", OpenRs("SELECT * FROM G_ARTMAG ORDER BY DENART NULLS FIRST, CODART"));
+  writeRows(xml, "familii", families, [&](int done) { report(progress, done, of); });
+  writeRows(xml, "articole", articles, [&](int done) { report(progress, families.size() + done, of); });
   xml.writeEndElement();
   xml.writeEndDocument();
-  writeFile(path, content);
+  if (xml.hasError() || !file.commit()) throw notWritten(file);
 }
 
 QString makeOrderForm(const QString& folder) {

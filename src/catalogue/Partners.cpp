@@ -1,5 +1,7 @@
 #include "catalogue/Partners.h"
 
+#include <algorithm>
+
 #include "catalogue/Discounts.h"
 #include "catalogue/DocumentUse.h"
 #include "config/Checks.h"
@@ -12,6 +14,14 @@ namespace velmar {
 
 namespace {
 
+constexpr int kPartnersAtOnce = 200;
+
+// The partners with these codes that have an account of class 4, with the balance of the last one.
+const QString kBalances = QStringLiteral(
+    "SELECT A.COD, A.SOLD, (SELECT ROUND_EVEN(SUM(L.DEBIT) - SUM(L.CREDIT), 2) FROM kt_linii L WHERE "
+    "L.TERT = A.COD AND L.CONT = A.ACCOUNT) AS BALANCE FROM (SELECT T.COD, T.SOLD, (SELECT MAX(C.CONT) FROM "
+    "kt_linii C WHERE C.TERT = T.COD AND C.CONT >= '4' AND C.CONT < '5') AS ACCOUNT FROM kt_ter T WHERE "
+    "T.COD BETWEEN ? AND ?) AS A WHERE A.ACCOUNT IS NOT NULL ORDER BY A.COD");
 const QString kInDocuments =
     QStringLiteral("Tertul nu se poate sterge deoarece exista documente inregistrate !");
 
@@ -127,13 +137,24 @@ void removePartner(qint64 code) {
   transaction.commit();
 }
 
-void storeBalances() {
+void storeBalances(const Progress& progress) {
+  const Recordset codes = OpenRs("SELECT COD FROM kt_ter ORDER BY COD");
+  std::vector<Values> changed;
+  for (int from = 0; from < codes.size(); from += kPartnersAtOnce) {
+    report(progress, from, 2 * codes.size());
+    const int last = std::min(from + kPartnersAtOnce, codes.size()) - 1;
+    for (const Row& row : OpenRs(kBalances, {codes[from].integer("COD"), codes[last].integer("COD")}))
+      if (row.value("SOLD") != row.value("BALANCE"))
+        changed.push_back({Value::raw(row.value("BALANCE")), row.integer("COD")});
+  }
+  const int count = static_cast<int>(changed.size());
   Transaction transaction(database());
-  ExecutaSql(
-      "UPDATE kt_ter SET SOLD = (SELECT ROUND_EVEN(SUM(L.DEBIT) - SUM(L.CREDIT), 2) FROM kt_linii L "
-      "WHERE L.TERT = kt_ter.COD AND L.CONT = (SELECT MAX(C.CONT) FROM kt_linii C WHERE C.TERT = kt_ter.COD "
-      "AND C.CONT >= '4' AND C.CONT < '5')) "
-      "WHERE COD IN (SELECT TERT FROM kt_linii WHERE CONT >= '4' AND CONT < '5' AND TERT IS NOT NULL)");
+  for (int from = 0; from < count; from += kPartnersAtOnce) {
+    report(progress, count + from, 2 * count);
+    const auto first = changed.begin() + from;
+    database().executeEach("UPDATE kt_ter SET SOLD = ? WHERE COD = ?",
+                           {first, first + std::min(kPartnersAtOnce, count - from)});
+  }
   transaction.commit();
 }
 

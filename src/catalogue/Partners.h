@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "store/ListRows.h"
+#include "util/Progress.h"
 
 namespace velmar {
 
@@ -36,7 +37,8 @@ void savePartner(const Row& partner, const std::optional<Decimal>& discount, con
 void removePartner(qint64 code);
 
 /// Stores in each partner's `SOLD` the balance of its account of class 4 (debit less credit, lei); if there
-/// are several, that of the last one by account.
-void storeBalances();
+/// are several, that of the last one by account. The balances are read without the write lock, so that others
+/// can work meanwhile; those that differ are stored in one transaction.
+void storeBalances(const Progress& progress = {});
 
 }  // namespace velmar

@@ -1,5 +1,7 @@
 #include "reports/VatJournals.h"
 
+#include <numeric>
+
 #include "config/Session.h"
 #include "reports/Variables.h"
 #include "store/Database.h"
@@ -9,6 +11,8 @@
 namespace velmar {
 
 namespace {
+
+constexpr int kDocumentsAtOnce = 1000;
 
 // %1: the query of the documents; %2: the order in which they are numbered; %3: the sign of a document. The
 // first value is the starting number.
@@ -49,22 +53,53 @@ void requireNumbers(int firstNumber, int rows) {
 
 Values boundsOf(const VatPeriod& period) { return {period.from.addDays(1), period.to}; }
 
-int documentCount(const VatJournal& journal, const VatPeriod& period) {
-  const QString sql = QStringLiteral("SELECT COUNT(*) AS N FROM (%1) AS D");
-  return static_cast<int>(
-      OpenRs(sql.arg(session().gDataEnv.statement(journal.command)), boundsOf(period)).first().integer("N"));
+// Whole days of the period whose documents are read or written by one statement.
+struct Part {
+  Values bounds;
+  int documents = 0;
+};
+
+std::vector<Part> partsOf(const VatJournal& journal, const VatPeriod& period) {
+  const QString sql = QStringLiteral(
+      "SELECT D.DataFactura, COUNT(*) AS N FROM (%1) AS D GROUP BY D.DataFactura ORDER BY D.DataFactura");
+  std::vector<Part> parts;
+  for (const Row& day : OpenRs(sql.arg(session().gDataEnv.statement(journal.command)), boundsOf(period))) {
+    const Value date = Value::raw(day.value("DataFactura"));
+    if (parts.empty() || parts.back().documents >= kDocumentsAtOnce) parts.push_back({{date, date}, 0});
+    parts.back().bounds[1] = date;
+    parts.back().documents += static_cast<int>(day.integer("N"));
+  }
+  return parts;
 }
 
-Recordset withStornosSubtracted(const Recordset& rows) {
-  Recordset changed(std::make_shared<Columns>(rows.columns()));
+int documentsIn(const std::vector<Part>& parts) {
+  return std::accumulate(parts.begin(), parts.end(), 0,
+                         [](int sum, const Part& part) { return sum + part.documents; });
+}
+
+// Appends the rows; stornos with the opposite sign if they are subtracted.
+void appendRows(Recordset& all, const Recordset& rows, bool subtractsStornos) {
   for (Row row : rows) {
-    if (row.text("TIP") == kStorno)
+    if (subtractsStornos && row.text("TIP") == kStorno)
       for (const char* amount : {"TOTALFT", "TOTALTVA"}) row.set(amount, -row.decimal(amount));
     std::vector<QVariant> cells;
     for (int i = 0; i < row.columns().size(); ++i) cells.push_back(row.at(i));
-    changed.append(std::move(cells));
+    all.append(std::move(cells));
   }
-  return changed;
+}
+
+Recordset documentsIn(const VatJournal& journal, const VatPeriod& period, const std::vector<Part>& parts,
+                      const Progress& progress) {
+  const int of = documentsIn(parts);
+  Recordset all;
+  for (const Part& part : parts) {
+    report(progress, all.size(), of);
+    const Recordset rows = session().gDataEnv.open(journal.command, part.bounds);
+    if (all.isEmpty()) all = Recordset(std::make_shared<Columns>(rows.columns()));
+    appendRows(all, rows, period.subtractsStornos);
+  }
+  if (!all.isEmpty()) all.transform("DataFactura", asDate);
+  return all;
 }
 
 }  // namespace
@@ -85,10 +120,8 @@ const VatJournal& salesJournal() {
   return journal;
 }
 
-Recordset documentsOf(const VatJournal& journal, const VatPeriod& period) {
-  Recordset rows = session().gDataEnv.open(journal.command, boundsOf(period));
-  rows.transform("DataFactura", asDate);
-  return period.subtractsStornos ? withStornosSubtracted(rows) : rows;
+Recordset documentsOf(const VatJournal& journal, const VatPeriod& period, const Progress& progress) {
+  return documentsIn(journal, period, partsOf(journal, period), progress);
 }
 
 int stornosOf(const VatJournal& journal, const VatPeriod& period) {
@@ -99,33 +132,41 @@ int stornosOf(const VatJournal& journal, const VatPeriod& period) {
       OpenRs(sql.arg(session().gDataEnv.statement(journal.command)), values).first().integer("N"));
 }
 
-int computeJournal(const VatJournal& journal, const VatPeriod& period, int firstNumber, const QString& user) {
+int computeJournal(const VatJournal& journal, const VatPeriod& period, int firstNumber, const QString& user,
+                   const Progress& progress) {
   Transaction transaction(database());
-  requireNumbers(firstNumber, documentCount(journal, period));
-  ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE UTILIZATOR = ? OR UTILIZATOR IS NULL").arg(journal.table),
-             {user});
-  Values values;
-  if (journal.keepsUser) values.emplace_back(user);
-  values.emplace_back(firstNumber);
-  for (const Value& bound : boundsOf(period)) values.push_back(bound);
-  const int rows = ExecutaSql(
-      journal.insert.arg(kNumbered.arg(session().gDataEnv.statement(journal.command),
-                                       documentOrder("D.DataFactura", "D.NumarFactura"), signOf(period))),
-      values);
-  if (rows == 0) {
-    transaction.rollback();
+  const std::vector<Part> parts = partsOf(journal, period);
+  if (parts.empty()) {
     const QString format = QStringLiteral("dd/MM/yyyy");  // as in the boxes of the period
     throw RuleError(QStringLiteral("Nu exista inregistrari in perioada %1 - %2")
                         .arg(period.from.toString(format), period.to.toString(format)));
+  }
+  const int of = documentsIn(parts);
+  requireNumbers(firstNumber, of);
+  ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE UTILIZATOR = ? OR UTILIZATOR IS NULL").arg(journal.table),
+             {user});
+  const QString sql =
+      journal.insert.arg(kNumbered.arg(session().gDataEnv.statement(journal.command),
+                                       documentOrder("D.DataFactura", "D.NumarFactura"), signOf(period)));
+  int rows = 0;
+  for (const Part& part : parts) {
+    report(progress, rows, of);
+    Values values;
+    if (journal.keepsUser) values.emplace_back(user);
+    values.emplace_back(firstNumber + rows);
+    values.insert(values.end(), part.bounds.begin(), part.bounds.end());
+    rows += ExecutaSql(sql, values);
   }
   transaction.commit();
   return rows;
 }
 
-ReportData journalReport(const VatJournal& journal, const VatPeriod& period, int firstNumber) {
-  const Recordset rows = documentsOf(journal, period);
-  if (rows.isEmpty()) throw RuleError(QStringLiteral("Nu exista inregistrari"));
-  requireNumbers(firstNumber, rows.size());
+ReportData journalReport(const VatJournal& journal, const VatPeriod& period, int firstNumber,
+                         const Progress& progress) {
+  const std::vector<Part> parts = partsOf(journal, period);
+  if (parts.empty()) throw RuleError(QStringLiteral("Nu exista inregistrari"));
+  requireNumbers(firstNumber, documentsIn(parts));
+  const Recordset rows = documentsIn(journal, period, parts, progress);
   ReportData data;
   data.fieldNames = rows.columns();
   data.fields = std::make_shared<RecordsetRows>(rows);

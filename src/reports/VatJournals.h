@@ -3,6 +3,7 @@
 #pragma once
 
 #include "reports/ReportData.h"
+#include "util/Progress.h"
 
 namespace velmar {
 
@@ -34,7 +35,7 @@ struct VatPeriod {
 inline constexpr int kLargestRowNumber = 32767;
 
 /// The documents of the period currently in the ledger, in the journal's order.
-Recordset documentsOf(const VatJournal& journal, const VatPeriod& period);
+Recordset documentsOf(const VatJournal& journal, const VatPeriod& period, const Progress& progress = {});
 
 /// The number of stornos in the period.
 int stornosOf(const VatJournal& journal, const VatPeriod& period);
@@ -42,9 +43,11 @@ int stornosOf(const VatJournal& journal, const VatPeriod& period);
 /// Fills the journal's table in one transaction: replaces the rows of `user`, and those without a user, by
 /// one row per document, numbered from `firstNumber`. Returns the number of rows. Throws RuleError when the
 /// period has no documents or the numbers would exceed kLargestRowNumber (field NRC).
-int computeJournal(const VatJournal& journal, const VatPeriod& period, int firstNumber, const QString& user);
+int computeJournal(const VatJournal& journal, const VatPeriod& period, int firstNumber, const QString& user,
+                   const Progress& progress = {});
 
 /// The data for printing the journal. Throws RuleError as computeJournal().
-ReportData journalReport(const VatJournal& journal, const VatPeriod& period, int firstNumber);
+ReportData journalReport(const VatJournal& journal, const VatPeriod& period, int firstNumber,
+                         const Progress& progress = {});
 
 }  // namespace velmar

@@ -99,6 +99,30 @@ TEST_F(VatJournals, AnEmptyPeriodChangesNothing) {
   EXPECT_THROW(journalReport(salesJournal(), may, 1), RuleError);
 }
 
+TEST_F(VatJournals, ALongJournalIsNumberedThroughoutAndCanBeCancelled) {
+  computeJournal(salesJournal(), kMarch, 1, "admin");
+  ExecutaSql(
+      "WITH RECURSIVE S(N) AS (SELECT 101 UNION ALL SELECT N + 1 FROM S WHERE N < 2500) INSERT INTO "
+      "G_DOCUME (ID, TIP, CODTERT, DATADOC, TOTALFT, TOTALTVA) SELECT 'FS' || N, 'FS', 1, CASE WHEN N <= "
+      "1300 THEN '2026-06-20' ELSE '2026-06-10' END, N, 0.5 FROM S");
+  const VatPeriod june{QDate(2026, 5, 31), QDate(2026, 6, 30), true};
+  const Progress stop = [](int done, int of) {
+    EXPECT_EQ(of, 2400);
+    if (done > 0) throw Cancelled();
+  };
+  EXPECT_THROW(computeJournal(salesJournal(), june, 10, "admin", stop), Cancelled);
+  EXPECT_EQ(rowsOf("SELECT NDP FROM kt_jvt ORDER BY NRC"), QStringList({"BS7", "FS2", "FC3"}));
+  EXPECT_THROW(journalReport(salesJournal(), june, 10, stop), Cancelled);
+  EXPECT_EQ(computeJournal(salesJournal(), june, 10, "admin"), 2400);
+  EXPECT_EQ(
+      rowsOf("SELECT NRC, NDP, TOTAL FROM kt_jvt WHERE NRC IN (10, 1209, 1210, 2409) ORDER BY NRC"),
+      QStringList({"10 FS1301 -1301.5", "1209 FS2500 -2500.5", "1210 FS101 -101.5", "2409 FS1300 -1300.5"}));
+  const ReportData data = journalReport(salesJournal(), june, 10);
+  ASSERT_EQ(data.fields->size(), 2400);
+  EXPECT_EQ(data.fields->row(1200).text("NumarFactura"), "FS101");
+  EXPECT_EQ(data.fields->row(1200).decimal("TOTALTVA"), -0.5_dec);
+}
+
 TEST_F(VatJournals, TheReportReadsTheCurrentLedger) {
   const ReportData data = journalReport(salesJournal(), kMarch, 7);
   ASSERT_EQ(data.fields->size(), 3);

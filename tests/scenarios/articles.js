@@ -196,13 +196,18 @@ answer("OK");
 w.click("cmdSaveXML");
 expectMessage("Nu exista fisierul FormularComandaPrototip.htm in directorul aplicatiei: ");
 writeFile(paths().app + "/FormularComandaPrototip.htm", "<script>//@Inceput#</script>");
-sql("UPDATE G_ARTMAG SET TipAparat = 'BTE', DENART = 'Aparat \"X\"' WHERE CODART = 'AB1'");
+const awkward = 'Aparat "X"\r\n</script>\\\u202e\u0103';
+sql("UPDATE G_ARTMAG SET TipAparat = 'BTE', DENART = '" + awkward + "' WHERE CODART = 'AB1'");
 answer("OK");
 w.click("cmdSaveXML");
 expectMessage("Fisierul HTM a fost creat cu succes in directorul: ");
 const form = readFile(paths().app + "/HTML/FormularComanda.htm");
 check(form.includes("\n\tfrmComanda.cboArticol.options[0]") && form.includes('"- Mobilier - "') &&
       form.includes('"AB1"') && form.includes("options[2]") && form.endsWith("//@Inceput#</script>"), form);
+const options = [];
+new Function("frmComanda", "Option", form.slice("<script>".length, -"//@Inceput#</script>".length))(
+    { cboArticol: { options: options } }, function(text, value) { this.text = text; this.value = value; });
+check(options.some((option) => option.value === "AB1" && option.text === awkward), form);
 
 // Articles used in documents cannot be deleted; others are, after a question.
 sql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT) VALUES ('BI1', 1, 'AB1', 1)");

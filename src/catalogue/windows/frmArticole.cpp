@@ -22,6 +22,7 @@
 #include "util/windows/Controls.h"
 #include "util/windows/Forms.h"
 #include "util/windows/WindowHost.h"
+#include "util/windows/WorkProgress.h"
 
 namespace velmar {
 
@@ -273,9 +274,12 @@ void frmArticole::order() {
 }
 
 void frmArticole::exportXml() {
-  const Hourglass wait;
   const QString path = QDir(session().gCaleAplicatie).filePath("articole.xml");
-  exportCatalogue(path);
+  {
+    const Hourglass wait;
+    WorkProgress progress(QStringLiteral("Export articole"), this);
+    exportCatalogue(path, [&progress](int done, int of) { progress.show(done, of); });
+  }
   say(QStringLiteral("Nomenclator scris in %1").arg(QDir::toNativeSeparators(path)));
 }
 

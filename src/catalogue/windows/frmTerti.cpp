@@ -22,6 +22,7 @@
 #include "util/windows/Entry.h"
 #include "util/windows/Forms.h"
 #include "util/windows/SearchCombo.h"
+#include "util/windows/WorkProgress.h"
 
 namespace velmar {
 
@@ -397,7 +398,10 @@ void frmTerti::search() {
 void frmTerti::balances() {
   if (!leaveCard()) return;
   const Hourglass wait;
-  storeBalances();
+  {
+    WorkProgress progress(QStringLiteral("Calcul solduri"), this);
+    storeBalances([&progress](int done, int of) { progress.show(done, of); });
+  }
   refresh();
 }
 

@@ -17,6 +17,7 @@
 #include "util/windows/DateBox.h"
 #include "util/windows/Entry.h"
 #include "util/windows/Forms.h"
+#include "util/windows/WorkProgress.h"
 
 namespace velmar {
 
@@ -150,14 +151,18 @@ int frmRapJTVA::firstNumber() const {
 
 void frmRapJTVA::compute() {
   const Hourglass wait;
-  const int rows = computeJournal(journal_, period(), firstNumber(), session().gUtilizator);
+  WorkProgress progress(windowTitle(), this);
+  const int rows = computeJournal(journal_, period(), firstNumber(), session().gUtilizator,
+                                  [&progress](int done, int of) { progress.show(done, of); });
   lblStare_->setText(QStringLiteral("Jurnalul a fost calculat: %1 documente").arg(rows));
 }
 
-PreparedReport frmRapJTVA::report() const {
+PreparedReport frmRapJTVA::report() {
   const Hourglass wait;
+  WorkProgress progress(windowTitle(), this);
   return {QDir(session().gCaleAplicatie).filePath(QStringLiteral("lst/%1.lst").arg(journal_.project)),
-          journalReport(journal_, period(), firstNumber())};
+          journalReport(journal_, period(), firstNumber(),
+                        [&progress](int done, int of) { progress.show(done, of); })};
 }
 
 void frmRapJTVA::list() { listReport(report(), true, this); }

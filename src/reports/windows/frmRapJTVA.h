@@ -34,7 +34,7 @@ class frmRapJTVA : public QWidget {
 
   VatPeriod period() const;
   int firstNumber() const;
-  PreparedReport report() const;
+  PreparedReport report();
   void compute();
   void list();
   void print();
