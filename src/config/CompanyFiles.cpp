@@ -12,6 +12,7 @@
 #include "util/Errors.h"
 #include "util/FileNames.h"
 #include "util/Messages.h"
+#include "util/PlainText.h"
 
 namespace velmar {
 
@@ -33,6 +34,8 @@ void requireGoodText(const QString& code, const QString& name) {
   if (name.isEmpty())
     throw RuleError(QStringLiteral("Va rugam completati denumirea societatii  !"),
                     QStringLiteral("DENUMIRE"));
+  if (const QString objection = hiddenObjection(name); !objection.isEmpty())
+    throw RuleError(objection, QStringLiteral("DENUMIRE"));
   if (!isCode(code))
     throw RuleError(QStringLiteral("Codul societatii poate contine numai litere si cifre !"),
                     QStringLiteral("COD"));

@@ -129,6 +129,7 @@ void saveJournals(const Row& journals) {
 
 void writeOnlyRecord(const QString& table, const Row& row) {
   requireWidths(companyTable(table), row);
+  requirePlainTexts(companyTable(table), row);
   QStringList sets;
   Values values;
   for (const QString& column : row.columns()) {

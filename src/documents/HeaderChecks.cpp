@@ -8,6 +8,7 @@
 #include "store/Database.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
+#include "util/PlainText.h"
 
 namespace velmar {
 
@@ -101,6 +102,10 @@ QString codeObjection(HeaderFieldType type, const QString& text) {
       const auto rate = typedNumber(text);
       return rate && *rate > 0 ? QString() : QStringLiteral("Cursul trebuie sa fie mai mare decat 0 !");
     }
+    case HeaderFieldType::Number:
+    case HeaderFieldType::Text:
+    case HeaderFieldType::Remark:
+      return hiddenObjection(text);
     default:
       return {};
   }

@@ -5,6 +5,7 @@
 
 #include "store/Database.h"
 #include "util/NumberText.h"
+#include "util/PlainText.h"
 
 namespace velmar {
 
@@ -39,7 +40,18 @@ Values checkedValues(const Table& table, const Row& row) {
 
 const QString& keyOf(const Table& table) { return table.keyColumns().first(); }
 
+void requirePlainText(const Column& column, const QVariant& cell) {
+  if (column.type != ColumnType::Text) return;
+  const QString objection = hiddenObjection(cell.toString());
+  if (!objection.isEmpty()) throw RuleError(objection, column.name);
+}
+
 }  // namespace
+
+void requirePlainTexts(const Table& table, const Row& row) {
+  for (const QString& name : row.columns())
+    if (const Column* column = table.column(name)) requirePlainText(*column, row.value(name));
+}
 
 Row rowOf(const QString& columns) {
   return Row(std::make_shared<Columns>(columns.split(QLatin1Char(' '), Qt::SkipEmptyParts)));
@@ -70,6 +82,7 @@ Row changesOf(const Table& table, const Row& row, const Row& shown) {
 }
 
 void insertRecord(const Table& table, const Row& row) {
+  requirePlainTexts(table, row);
   database().insertRows(quoted(table.name()), row.columns(), {checkedValues(table, row)});
 }
 
@@ -80,6 +93,7 @@ bool updateRecord(const Table& table, const Row& row) {
   for (qsizetype i = 0; i < row.columns().size(); ++i) {
     const QString& name = row.columns()[i];
     const bool isKey = table.keyColumns().contains(name, Qt::CaseInsensitive);
+    if (!isKey) requirePlainText(*table.column(name), row.value(name));
     (isKey ? conditions : sets).append(name + QStringLiteral(" = ?"));
     (isKey ? keys : bound).push_back(values[static_cast<size_t>(i)]);
   }
@@ -93,6 +107,7 @@ bool updateRecord(const Table& table, const Row& row) {
 void updateField(const Table& table, const Value& key, const QString& column, const Value& value) {
   Row row = rowOf(column);
   row.set(column, value);
+  requirePlainTexts(table, row);
   const Value stored = checkedValues(table, row).front();
   if (ExecutaSql(
           QStringLiteral("UPDATE %1 SET %2 = ? WHERE %3 = ?").arg(quoted(table.name()), column, keyOf(table)),

@@ -22,11 +22,15 @@ Row ofTable(const Table& table, const Row& row);
 /// overwrite changes that another workstation has stored meanwhile.
 Row changesOf(const Table& table, const Row& row, const Row& shown);
 
+/// Throws RuleError with the column for a text with a character that is not visible (PlainText.h).
+void requirePlainTexts(const Table& table, const Row& row);
+
 /// Inserts the row. Its columns are columns of the table; the others get their defaults. Throws RuleError
-/// with the column for a text that is too long.
+/// with the column for a text that is too long or not plain.
 void insertRecord(const Table& table, const Row& row);
 
-/// Updates the record with the row's key; returns whether there is one. Throws as insertRecord().
+/// Updates the record with the row's key; returns whether there is one. Throws as insertRecord(), but accepts
+/// any text in the key.
 bool updateRecord(const Table& table, const Row& row);
 
 /// Writes one column of the record with that key, in a table with one key column; the key itself can be

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "../documents/Trade.h"
+#include "config/Users.h"
 #include "store/Records.h"
 #include "util/Errors.h"
+#include "util/PlainText.h"
 
 namespace velmar {
 namespace {
@@ -68,6 +70,41 @@ TEST(CatalogueGuardsTest, UnknownCodesAreRefusedAndUsedRecordsCannotBeDeleted) {
   ExecutaSql("UPDATE G_FACCLI SET JURNAL = 'XX'");
   editor.open("12");
   EXPECT_EQ(refusal([&] { editor.save(editor.headerTexts()); }), "");
+}
+
+TEST(CatalogueGuardsTest, NamesWithHiddenCharactersAreRefused) {
+  const Trade trade("MP");
+  trade.article("A", "10");
+  const auto of = [](const QString& column, const QString& character) {
+    return QStringLiteral(
+               "%1: Textul contine un caracter de control (%2), care nu se vede ! Scrieti-l din nou fara el.")
+        .arg(column, character);
+  };
+  const Row shown = *articleByCode("A");
+  Row named = shown;
+  named.set("DENART", QStringLiteral("Scaun \u202e015"));
+  EXPECT_EQ(refusal([&] { saveArticle(named, shown); }), of("DENART", "U+202E"));
+  EXPECT_EQ(refusal([] { addPartner(newPartner("ALFA\r\nSRL", "C")); }), of("NUME", "U+000D"));
+  EXPECT_EQ(refusal([] { addFamily(newFamily(QStringLiteral("M\u2067"), "371", "607", "707", "345")); }),
+            of("DENUMIRE", "U+2067"));
+  Row user = rowOf("NUME PAROLA TIP");
+  for (const char* column : {"NUME", "PAROLA"}) user.set(column, "ana");
+  user.set("TIP", "1");
+  addUser(user);
+  EXPECT_EQ(refusal([] { changeUser("ana", "NUME", QStringLiteral("an\u200ea")); }), of("NUME", "U+200E"));
+  DocumentEditor editor("FC");
+  TypedTexts header = trade.sale("12");
+  header.insert("OBS", QStringLiteral("Ion\u0007Pop"));
+  EXPECT_EQ(refusal([&] { Trade::draft(editor, header, {}); }), of("OBS", "U+0007"));
+  // What is already stored does not block the rest of its record, and is shown.
+  const QString stored = QStringLiteral("S\r\n\u202e");
+  ExecutaSql("UPDATE G_ARTMAG SET DENART = ? WHERE CODART = 'A'", {stored});
+  const Row old = *articleByCode("A");
+  Row priced = old;
+  priced.set("UM", "KG");
+  saveArticle(priced, old);
+  EXPECT_EQ(articleByCode("A")->text("DENART"), stored);
+  EXPECT_EQ(visibleText(stored), QStringLiteral("S\u240d\u240a[U+202E]"));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QDropEvent>
@@ -351,6 +352,11 @@ void addControlFunctions(Functions& functions, Windows& windows) {
   };
   functions["tabs"] = [&windows](const Arguments& a) { return tabs(windows.window(a[0].toInt())); };
   functions["choosePopup"] = [](const Arguments& a) { return chooseInPopup(a[0].toString()); };
+  functions["paste"] = [](const Arguments& a) {
+    QApplication::clipboard()->setText(a.value(0).toString());
+    pressKey(QStringLiteral("Ctrl+V"));
+    return QVariant();
+  };
   functions["key"] = [](const Arguments& a) {
     pressKey(a[0].toString());
     return QVariant();

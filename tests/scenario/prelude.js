@@ -218,6 +218,8 @@
     },
     call: (name, ...values) => N("shared", name, values),
     key: (name) => { N("key", name); },
+    /** Pastes the text where the focus is. */
+    paste: (text) => { N("paste", text); },
     shot: (name) => N("shot", name),
     printed: () => N("printed"),
     keepPreview: (keep) => { N("keepPreview", keep); },

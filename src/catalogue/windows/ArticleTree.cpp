@@ -6,6 +6,7 @@
 
 #include "config/Lists.h"
 #include "util/Errors.h"
+#include "util/PlainText.h"
 
 namespace velmar {
 
@@ -17,7 +18,9 @@ constexpr quintptr kRoot = 0;
 constexpr quintptr kFamily = 1;
 constexpr quintptr kFirstArticles = 2;
 
-QString shown(const QString& name, const QString& code) { return QStringLiteral("%1 (%2)").arg(name, code); }
+QString shown(const QString& name, const QString& code) {
+  return visibleText(QStringLiteral("%1 (%2)").arg(name, code));
+}
 
 }  // namespace
 

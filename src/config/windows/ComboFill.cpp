@@ -5,6 +5,7 @@
 
 #include "config/Lists.h"
 #include "util/AlikeNames.h"
+#include "util/PlainText.h"
 
 namespace velmar {
 
@@ -57,7 +58,7 @@ void LegaCombo(QComboBox& combo, const BoundList& list) {
   QStringList names, codes;
   const Recordset rows = OpenRs(list.sql, list.values);
   for (const Row& row : rows) {
-    names.append(row.text(list.listField));
+    names.append(visibleText(row.text(list.listField)));
     codes.append(row.text(list.boundColumn));
   }
   names = withCodesOfAlike(names, codes);

@@ -7,6 +7,7 @@
 #include <QStyledItemDelegate>
 
 #include "util/Errors.h"
+#include "util/windows/KeyFilter.h"
 
 namespace velmar {
 
@@ -93,6 +94,7 @@ QLineEdit* EntryGrid::makeEditor(QWidget* parent, const QModelIndex& index) {
   editor->setAlignment(Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));
   editor->setMaxLength(kLongestEntry);
   if (columns()[index.column()].secret && !showsSecrets()) editor->setEchoMode(QLineEdit::Password);
+  KeyFilter::install(editor, {});
   return editor;
 }
 

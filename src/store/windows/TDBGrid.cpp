@@ -10,6 +10,7 @@
 
 #include "util/Errors.h"
 #include "util/NumberText.h"
+#include "util/PlainText.h"
 #include "util/Settings.h"
 
 namespace velmar {
@@ -71,7 +72,7 @@ QString cellText(const QVariant& value, const GridColumn& column) {
     case CellFormat::Text:
       break;
   }
-  return value.toString();
+  return visibleText(value.toString());
 }
 
 ListModel::ListModel(QObject* parent)

@@ -99,7 +99,7 @@ QLineEdit* makeTextBox(const QString& name, int width, const QString& toolTip, K
     box->setMaxLength(width);
     box->setMaximumWidth(box->fontMetrics().averageCharWidth() * (std::min(width, kWidestBox) + 4));
   }
-  if (keys) KeyFilter::install(box, keys);
+  KeyFilter::install(box, keys);
   return box;
 }
 

@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
+#include "util/PlainText.h"
+
 namespace velmar {
 
 namespace {
@@ -37,9 +39,21 @@ class UpperCaseKeys : public QObject {
   QLineEdit* box_;
 };
 
+void keepOneLine(QLineEdit* box) {
+  QObject::connect(box, &QLineEdit::textEdited, box, [box](const QString& text) {
+    const QString line = oneLine(text);
+    if (line == text) return;
+    const auto cursor = oneLine(text.left(box->cursorPosition())).size();
+    box->setText(line);
+    box->setModified(true);
+    box->setCursorPosition(static_cast<int>(cursor));
+  });
+}
+
 }  // namespace
 
 void KeyFilter::install(QLineEdit* box, Options options) {
+  keepOneLine(box);
   if (options & (NoQuote | NoBlank)) box->setValidator(new KeyFilter(options, box));
   if (options.testFlag(UpperCase)) new UpperCaseKeys(box);
 }

@@ -1,5 +1,5 @@
-// Filters the input of a text box: ignores certain characters, and converts to upper case. Also applies to
-// pasted text, but not to text set by the program.
+// Filters the input of a text box: ignores certain characters, converts to upper case, and replaces line
+// breaks by blanks. Also applies to pasted text, but not to text set by the program.
 #pragma once
 
 #include <QValidator>

@@ -1,0 +1,58 @@
+#include "util/PlainText.h"
+
+#include <algorithm>
+#include <QRegularExpression>
+
+namespace velmar {
+
+namespace {
+
+constexpr char16_t kControlPictures = 0x2400;  // one sign for each character below the blank
+
+bool isHidden(QChar c) {
+  const char16_t code = c.unicode();
+  const bool turns = code == 0x061C || code == 0x200E || code == 0x200F ||
+                     (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
+  return turns || c.category() == QChar::Other_Control || code == QChar::LineSeparator ||
+         code == QChar::ParagraphSeparator;
+}
+
+QString nameOf(QChar c) {
+  return QStringLiteral("U+%1").arg(QString::number(c.unicode(), 16).toUpper(), 4, QLatin1Char('0'));
+}
+
+}  // namespace
+
+QString hiddenCharacter(const QString& text) {
+  const auto found = std::find_if(text.begin(), text.end(), isHidden);
+  return found == text.end() ? QString() : nameOf(*found);
+}
+
+QString hiddenObjection(const QString& text) {
+  const QString name = hiddenCharacter(text);
+  if (name.isEmpty()) return {};
+  return QStringLiteral(
+             "Textul contine un caracter de control (%1), care nu se vede ! Scrieti-l din nou fara el.")
+      .arg(name);
+}
+
+QString visibleText(const QString& text) {
+  if (std::none_of(text.begin(), text.end(), isHidden)) return text;
+  QString visible;
+  for (const QChar c : text) {
+    if (!isHidden(c))
+      visible += c;
+    else if (c.unicode() < u' ')
+      visible += QChar(static_cast<char16_t>(kControlPictures + c.unicode()));
+    else
+      visible += QStringLiteral("[%1]").arg(nameOf(c));
+  }
+  return visible;
+}
+
+QString oneLine(QString text) {
+  static const QRegularExpression breaks(QStringLiteral("\\r\\n|[\\t\\n\\v\\f\\r\\x{85}\\x{2028}\\x{2029}]"));
+  return text.replace(breaks, QStringLiteral(" "));
+}
+
+}  // namespace velmar

@@ -1,0 +1,21 @@
+// Characters that names must not have: control characters, line breaks, and those that change the direction
+// of writing, with which a text looks like another one.
+#pragma once
+
+#include <QString>
+
+namespace velmar {
+
+/// The first of these characters in the text, as "U+202E"; "" if there is none.
+QString hiddenCharacter(const QString& text);
+
+/// The message for a text that has such a character; "" if it has none.
+QString hiddenObjection(const QString& text);
+
+/// The text with these characters replaced by visible signs, for display.
+QString visibleText(const QString& text);
+
+/// The text with each line break or tab replaced by a blank.
+QString oneLine(QString text);
+
+}  // namespace velmar
