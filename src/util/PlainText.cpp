@@ -7,8 +7,6 @@ namespace velmar {
 
 namespace {
 
-constexpr char16_t kControlPictures = 0x2400;  // one sign for each character below the blank
-
 bool isHidden(QChar c) {
   const char16_t code = c.unicode();
   const bool turns = code == 0x061C || code == 0x200E || code == 0x200F ||
@@ -39,14 +37,7 @@ QString hiddenObjection(const QString& text) {
 QString visibleText(const QString& text) {
   if (std::none_of(text.begin(), text.end(), isHidden)) return text;
   QString visible;
-  for (const QChar c : text) {
-    if (!isHidden(c))
-      visible += c;
-    else if (c.unicode() < u' ')
-      visible += QChar(static_cast<char16_t>(kControlPictures + c.unicode()));
-    else
-      visible += QStringLiteral("[%1]").arg(nameOf(c));
-  }
+  for (const QChar c : text) visible += isHidden(c) ? QStringLiteral("[%1]").arg(nameOf(c)) : QString(c);
   return visible;
 }
 

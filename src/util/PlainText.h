@@ -12,7 +12,7 @@ QString hiddenCharacter(const QString& text);
 /// The message for a text that has such a character; "" if it has none.
 QString hiddenObjection(const QString& text);
 
-/// The text with these characters replaced by visible signs, for display.
+/// The text with "[U+202E]" in place of each such character, for display.
 QString visibleText(const QString& text);
 
 /// The text with each line break or tab replaced by a blank.
