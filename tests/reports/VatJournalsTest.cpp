@@ -101,10 +101,11 @@ TEST_F(VatJournals, AnEmptyPeriodChangesNothing) {
 
 TEST_F(VatJournals, ALongJournalIsNumberedThroughoutAndCanBeCancelled) {
   computeJournal(salesJournal(), kMarch, 1, "admin");
-  ExecutaSql(
-      "WITH RECURSIVE S(N) AS (SELECT 101 UNION ALL SELECT N + 1 FROM S WHERE N < 2500) INSERT INTO "
-      "G_DOCUME (ID, TIP, CODTERT, DATADOC, TOTALFT, TOTALTVA) SELECT 'FS' || N, 'FS', 1, CASE WHEN N <= "
-      "1300 THEN '2026-06-20' ELSE '2026-06-10' END, N, 0.5 FROM S");
+  std::vector<Values> stornos;
+  for (int n = 101; n <= 2500; ++n)
+    stornos.push_back(
+        {QStringLiteral("FS%1").arg(n), "FS", 1, QDate(2026, 6, n <= 1300 ? 20 : 10), n, 0.5_dec});
+  database().insertRows("G_DOCUME", {"ID", "TIP", "CODTERT", "DATADOC", "TOTALFT", "TOTALTVA"}, stornos);
   const VatPeriod june{QDate(2026, 5, 31), QDate(2026, 6, 30), true};
   const Progress stop = [](int done, int of) {
     EXPECT_EQ(of, 2400);
