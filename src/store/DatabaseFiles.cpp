@@ -267,6 +267,7 @@ void shareServer(const QString& folder, const QString& inner) {
   const QString path = QDir(inner).filePath(kServerFile);
   QFile::copy(QDir(folder).filePath(kServerFile), path);
   QSettings file(path, QSettings::IniFormat);
+  if (!server->rootCertificate.isEmpty()) file.setValue("rootcert", server->rootCertificate);
   file.setValue("prefix", server->prefix + QDir(inner).dirName().toLower() + u'_');
 }
 

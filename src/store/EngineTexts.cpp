@@ -40,7 +40,6 @@ constexpr Wording kPostgres[] = {
     {"^invalid input syntax for type (.+?): (.+)$", "valoarea %2 nu este de tipul %1"},
     {"out of range|field overflow", "un numar este prea mare"},
     {"^value too long for type (.+)$", "un text este prea lung (%1)"},
-    {"^permission denied to create database", "utilizatorul nu are dreptul sa creeze baze de date"},
     {"^permission denied for (?:\\w+) (.+)$", "utilizatorul nu are drepturi asupra %1"},
     {"^must be owner of (?:\\w+) (.+)$", "utilizatorul nu este proprietarul %1"},
     {"^password authentication failed for user (.+)$", "parola utilizatorului %1 nu este primita"},

@@ -24,6 +24,8 @@ enum TypeNumber {
   kNumeric = 1700
 };
 
+constexpr int kRefused = 23;  // as SQLite's number for a refused authorization
+
 QString text(const char* utf8) { return QString::fromUtf8(utf8).trimmed(); }
 
 // Advice for errors that a user can correct, by the first characters of the SQLSTATE.
@@ -47,7 +49,7 @@ QString advice(const QString& state) {
 int numberOf(const QString& state) {
   constexpr std::pair<const char*, int> kNumbers[] = {{"23", 19}, {"55P03", 5},  {"55006", 5},
                                                       {"40", 5},  {"53100", 13}, {"3D000", 14},
-                                                      {"08", 10}, {"57P", 10},   {"28", 23}};
+                                                      {"08", 10}, {"57P", 10},   {"28", kRefused}};
   for (const auto& [start, number] : kNumbers)
     if (state.startsWith(QLatin1String(start))) return number;
   return state.isEmpty() ? 10 : 1;
@@ -59,6 +61,28 @@ StoreError describe(const QString& state, const QString& message, const QString&
   if (help.isEmpty()) return StoreError(number, postgresReason(state, message));
   return StoreError(number,
                     QStringLiteral("%1 (%2: %3)").arg(help, database, postgresReason(state, message)));
+}
+
+// What the administrator must do when the role may not create a database, or change one of another role.
+StoreError lacksRight(const QString& role, const QString& message) {
+  static const QRegularExpression kNames(QStringLiteral("\"(.+)\""));
+  if (message.contains(QStringLiteral("owner")) || message.contains(QStringLiteral("copy")))
+    return StoreError(kRefused,
+                      QStringLiteral("Baza de date \"%1\" apartine altui utilizator al serverului. Rugati "
+                                     "administratorul serverului sa execute comanda: ALTER DATABASE \"%1\" "
+                                     "OWNER TO \"%2\";")
+                          .arg(kNames.match(message).captured(1), role));
+  return StoreError(kRefused,
+                    QStringLiteral("Utilizatorul \"%1\" nu poate crea baze de date pe server. Rugati "
+                                   "administratorul serverului sa execute comanda: ALTER ROLE "
+                                   "\"%1\" CREATEDB;")
+                        .arg(role));
+}
+
+bool isAboutDatabases(const QString& message) {
+  static const QRegularExpression kRefusal(
+      QStringLiteral("^(permission denied to \\w+ database|must be owner of database)"));
+  return kRefusal.match(message).hasMatch();
 }
 
 // A value as text for libpq; null remains null.
@@ -124,20 +148,41 @@ QHash<QString, QString>& passwords() {
   return known;
 }
 
+// Faults of encryption and of the server's identity, by what libpq reports.
+constexpr std::pair<const char*, const char*> kIdentityFaults[] = {
+    {"channel binding",
+     "Serverul de baze de date nu dovedeste ca este cel adevarat, asa ca parola nu i-a fost trimisa. "
+     "Verificati "
+     "adresa din Server.ini si rugati administratorul serverului sa ceara parola prin scram-sha-256 (in "
+     "pg_hba.conf)."},
+    {"does not support SSL",
+     "Serverul de baze de date nu primeste legaturi criptate (TLS), iar setarile le cer. Cereti pornirea TLS "
+     "pe "
+     "server sau schimbati tls in Server.ini."},
+    {"does not match host name",
+     "Certificatul serverului este facut pentru alt nume decat cel din Server.ini. Parola nu a fost "
+     "trimisa."},
+    {"root certificate file",
+     "Certificatul cu care se verifica serverul lipseste sau nu poate fi citit. Verificati rootcert in "
+     "Server.ini."},
+    {"certificate",
+     "Certificatul serverului nu este cel asteptat, poate raspunde alt server. Parola nu a fost trimisa."},
+    {"sslmode",
+     "Setarea tls din Server.ini este gresita. Poate fi disable, allow, prefer, require, verify-ca sau "
+     "verify-full."}};
+
 // libpq reports only a text, no code, when a server cannot be reached.
 StoreError connectError(const QString& message, const QString& database) {
   const auto says = [&message](const char* words) { return message.contains(QLatin1String(words)); };
   const auto error = [&](int number, const QString& text) {
     return StoreError(number, QStringLiteral("%1 (%2)").arg(text, database));
   };
-  if (says("does not support SSL"))
-    return error(23, QStringLiteral(
-                         "Serverul de baze de date nu primeste legaturi criptate (TLS), iar setarile le cer. "
-                         "Cereti pornirea TLS pe server sau schimbati tls in Server.ini."));
-  if (says("certificate") || says("sslmode"))
-    return error(
-        23, QStringLiteral("Certificatul serverului nu este recunoscut sau setarea tls din Server.ini este "
-                           "gresita."));
+  for (const auto& [english, romanian] : kIdentityFaults)
+    if (says(english)) return error(kRefused, QString::fromLatin1(romanian));
+  if (says("permission denied for database"))
+    return error(kRefused,
+                 QStringLiteral("Utilizatorul nu are dreptul sa se conecteze la baza de date. Rugati "
+                                "administratorul serverului sa dea dreptul CONNECT."));
   if (says("password") || says("pg_hba") || (says("role") && says("does not exist")))
     return describe(QStringLiteral("28"), message, database);
   return describe(says("does not exist") ? QStringLiteral("3D000") : QStringLiteral("08006"), message,
@@ -185,6 +230,9 @@ void Connection::connect(const Server& server, const QString& password) {
       {"password", password.toUtf8()},
       {"dbname", database_.toUtf8()},
       {"sslmode", server.tls.toUtf8()},
+      {"sslrootcert", server.rootCertificate.toUtf8()},
+      // TLS alone does not prevent that another server with any certificate gets the password.
+      {"channel_binding", server.requiresTls() ? "require" : ""},
       {"application_name", connectionName({}).toUtf8()},
       {"client_encoding", "UTF8"},
       {"connect_timeout", "5"},
@@ -216,6 +264,8 @@ Result Connection::checked(pg_result* raw) {
   // statement.
   farewell_ =
       status == PGRES_FATAL_ERROR && (!state || QLatin1String(state).startsWith(QLatin1String("57P")));
+  if (message && isAboutDatabases(text(message)))
+    throw lacksRight(text(PQuser(handle_.get())), text(message));
   throw describe(QString::fromLatin1(state ? state : ""),
                  text(message ? message : PQerrorMessage(handle_.get())), database_);
 }

@@ -103,8 +103,8 @@ void runWhenFree(const Server& server, const QString& sql) {
     try {
       connection.run(sql);
       return;
-    } catch (const StoreError&) {
-      if (waited.elapsed() > kCopyWaitMs) throw;
+    } catch (const StoreError& error) {
+      if (error.number() != kBusy || waited.elapsed() > kCopyWaitMs) throw;
       QThread::msleep(kCopyPauseMs);
     }
   }

@@ -16,13 +16,23 @@ struct Server {
   QString host;  ///< name, address, or the folder of a local socket
   int port = 5432;
   QString user;
-  QString tls;     ///< libpq's sslmode; by default "require" for another machine, otherwise "prefer"
-  QString prefix;  ///< prefix of the names of the databases, if several folders share a server
+  QString tls;              ///< libpq's sslmode; by default "require" for another machine, otherwise "prefer"
+  QString rootCertificate;  ///< file of the certificate by which "verify-..." checks that of the server
+  QString prefix;           ///< prefix of the names of the databases, if several folders share a server
+
+  /// Whether a connection without TLS is refused.
+  bool requiresTls() const;
+  /// Whether it is another machine that is not checked to be the one of that name.
+  bool isUnverified() const;
 };
 
 /// The server that the folder names; nothing for a folder of company files. Throws StoreError when the
 /// settings cannot be read.
 std::optional<Server> serverOf(const QString& folder);
+
+/// From now on connections of the folder use `verify-full` with this certificate, which is copied beside the
+/// settings. If the server cannot be reached in this way, throws StoreError and changes nothing.
+void verifyServer(const QString& folder, const QString& certificate);
 
 /// Asks the user for the password of a server's user; `refused`: the previous one was wrong. Returns nothing
 /// when the user cancels.

@@ -2,8 +2,8 @@
 // only until the program ends.
 setToday("2026-03-15");
 const folder = paths().databases;
-const settings = (tls) => writeFile(folder + "/Server.ini",
-    `[General]\nhost=127.0.0.1\nport=${server("port")}\nuser=velmar\ntls=${tls}\n`);
+const settings = (tls, host = "127.0.0.1") => writeFile(folder + "/Server.ini",
+    `[General]\nhost=${host}\nport=${server("port")}\nuser=velmar\ntls=${tls}\n`);
 
 // A user who cancels returns to the login and can try again.
 settings("require");
@@ -58,5 +58,58 @@ settings("prefer");
 start(folder);
 login = win("frmLogin");
 equal(login.grid("TDBGrid1").column("NUMEBD"), ["Tarvon01.mdb"]);
+login.click("cmdIesire");
+noMessage();
+
+// Choosing the folder of a server on another machine offers to verify it by its certificate.
+server("pause");
+server("resume");
+settings("require", "127.0.0.2");
+const certificate = paths().drive + "/velmar.crt";
+writeFile(certificate, server("certificate") + "\n");
+start("");
+login = win("frmLogin");
+const choose = (...answers) => {
+  file(folder + "/Server.ini");
+  ["Da", ...answers].forEach((each) => answer(each));
+  file(certificate);
+  login.click("cmdCauta");
+  expectMessage("Programul nu verifica daca serverul 127.0.0.2 este cel adevarat.\r\nDoriti sa alegeti certificatul cu care sa fie verificat ?");
+};
+choose();
+question = win("frmParola");
+question.type("txtParola", "parola");
+question.press("txtParola", "Enter");
+equal(login.text("Label1"), folder);
+check(/tls=verify-full\n/.test(readFile(folder + "/Server.ini")));
+equal(readFile(folder + "/Server.crt"), readFile(certificate));
+file(folder + "/Server.ini");
+login.click("cmdCauta");
+noMessage();
+
+// Another server in its place, with a certificate of its own, gets no password, which it would have accepted.
+server("pause");
+server("resume", "impostor");
+answer("OK");
+file(folder + "/Server.ini");
+login.click("cmdCauta");
+expectMessage("Certificatul serverului nu este cel asteptat, poate raspunde alt server. Parola nu a fost trimisa.");
+settings("require", "127.0.0.2");
+choose("OK");
+expectMessage("Certificatul serverului nu este cel asteptat");
+check(/tls=require\n/.test(readFile(folder + "/Server.ini")), "what cannot be verified is not configured");
+answer("Nu");
+answer("OK");
+file(folder + "/Server.ini");
+login.click("cmdCauta");
+expectMessage("Programul nu verifica daca serverul 127.0.0.2");
+expectMessage("Serverul de baze de date nu dovedeste ca este cel adevarat, asa ca parola nu i-a fost trimisa.");
+check(!isOpen("frmParola"), "nobody is asked for the password either");
+settings("prefer", "127.0.0.2");
+file(folder + "/Server.ini");
+answer("Nu");
+login.click("cmdCauta");
+expectMessage("Programul nu verifica daca serverul 127.0.0.2");
+check(!isOpen("frmParola"), "this server accepts the password that it gets");
 login.click("cmdIesire");
 noMessage();

@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
@@ -12,6 +13,7 @@
 
 #include "config/CompanyFiles.h"
 #include "config/Session.h"
+#include "store/Server.h"
 #include "store/windows/TDBGrid.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
@@ -141,14 +143,31 @@ void frmLogin::search() {
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.selectFile(QStringLiteral("Tarvon.mdb"));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
+  const QFileInfo chosen(dialog.selectedFiles().first());
+  if (chosen.fileName() == kServerFile) offerVerification(chosen.path());
   const Row* current = grid_->isHidden() ? nullptr : grid_->currentRecord();
   const QString currentName = current ? current->text("NUMEBD") : QString();
-  const bool accepted = login_.chooseFile(dialog.selectedFiles().first(), currentName);
+  const bool accepted = login_.chooseFile(chosen.filePath(), currentName);
   if (!accepted) {
     Mesaj(QStringLiteral("Eroare selectare BD!"));
     return;
   }
   showCompanies();
+}
+
+// Before the first connection: the password goes only to the server of the certificate.
+void frmLogin::offerVerification(const QString& folder) {
+  const auto server = serverOf(folder);
+  if (!server || !server->isUnverified()) return;
+  const QString question =
+      QStringLiteral(
+          "Programul nu verifica daca serverul %1 este cel adevarat.\r\nDoriti sa alegeti "
+          "certificatul cu care sa fie verificat ?")
+          .arg(server->host);
+  if (Mesaj(question, kYesNo + kQuestion) != kResultYes) return;
+  const QString certificate = QFileDialog::getOpenFileName(this, QStringLiteral("Certificat server"), folder,
+                                                           QStringLiteral("Certificate (*.crt *.pem *.cer)"));
+  if (!certificate.isEmpty()) verifyServer(folder, certificate);
 }
 
 void frmLogin::enter() {

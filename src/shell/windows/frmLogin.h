@@ -30,6 +30,7 @@ class frmLogin : public QDialog {
   void load();
   void showCompanies();
   void search();
+  void offerVerification(const QString& folder);
   void enter();
   void focusFieldAtFault(const QString& field);
 
