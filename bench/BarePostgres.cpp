@@ -77,7 +77,7 @@ class ServerLink : public BareLink {
   explicit ServerLink(const QString& path) : handle_(nullptr, PQfinish) {
     const auto server = serverOf(QFileInfo(path).path());
     const QByteArray host = server->host.toUtf8();
-    const QByteArray port = QByteArray::number(server->port);
+    const QByteArray port = server->port.toUtf8();
     const QByteArray user = server->user.toUtf8();
     const QByteArray database = databaseOnServer(*server, path).toUtf8();
     const char* const names[] = {"host", "port", "user", "dbname", "options", nullptr};

@@ -83,6 +83,8 @@ class Engine {
   virtual void continueNumbering(const Table&) {}
   /// Updates the engine's statistics of the tables, after many rows were written at once.
   virtual void studyTables() {}
+  /// Shows the login of the user to the other users of the database, where the engine can.
+  virtual void setLogin(const QString&) {}
   /// Creates what the tables require before they are created.
   virtual void prepareSchema() {}
 

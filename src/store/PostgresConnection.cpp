@@ -2,8 +2,10 @@
 
 #include <libpq-fe.h>
 #include <charconv>
+#include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QSysInfo>
+#include <QThread>
 
 #include "store/EngineTexts.h"
 #include "store/Schema.h"
@@ -24,6 +26,8 @@ enum TypeNumber {
   kNumeric = 1700
 };
 
+constexpr int kPromotionMs = 15'000;
+constexpr int kPromotionPauseMs = 200;
 constexpr int kRefused = 23;  // as SQLite's number for a refused authorization
 
 QString text(const char* utf8) { return QString::fromUtf8(utf8).trimmed(); }
@@ -179,6 +183,9 @@ StoreError connectError(const QString& message, const QString& database) {
   };
   for (const auto& [english, romanian] : kIdentityFaults)
     if (says(english)) return error(kRefused, QString::fromLatin1(romanian));
+  if (says("session is read-only"))
+    return error(10, QStringLiteral("Nici un server din Server.ini nu primeste scrieri: cel principal nu "
+                                    "raspunde, iar cel de rezerva nu a fost promovat. Incercati din nou."));
   if (says("permission denied for database"))
     return error(kRefused,
                  QStringLiteral("Utilizatorul nu are dreptul sa se conecteze la baza de date. Rugati "
@@ -198,7 +205,7 @@ void velmar::setAskPassword(AskPassword ask) { postgres::askPassword = std::move
 namespace velmar::postgres {
 
 Connection::Connection(const Server& server, const QString& database)
-    : handle_(nullptr, PQfinish), database_(database) {
+    : handle_(nullptr, PQfinish), database_(database), promotionMs_(server.hasStandby() ? kPromotionMs : 0) {
   const QString place = QStringLiteral("%1@%2:%3").arg(server.user, server.host).arg(server.port);
   QString password = passwords().value(place);
   connect(server, password);
@@ -225,7 +232,9 @@ bool Connection::wantsPassword() const {
 void Connection::connect(const Server& server, const QString& password) {
   const std::pair<const char*, QByteArray> settings[] = {
       {"host", server.host.toUtf8()},
-      {"port", QByteArray::number(server.port)},
+      {"port", server.port.toUtf8()},
+      // Of several hosts the one that is no standby.
+      {"target_session_attrs", "read-write"},
       {"user", server.user.toUtf8()},
       {"password", password.toUtf8()},
       {"dbname", database_.toUtf8()},
@@ -236,6 +245,11 @@ void Connection::connect(const Server& server, const QString& password) {
       {"application_name", connectionName({}).toUtf8()},
       {"client_encoding", "UTF8"},
       {"connect_timeout", "5"},
+      // A machine that has disappeared from the network is noticed in half a minute.
+      {"keepalives_idle", "10"},
+      {"keepalives_interval", "5"},
+      {"keepalives_count", "3"},
+      {"tcp_user_timeout", "20000"},
       // Statements are planned for their actual values; the indexes of a company fit in memory.
       {"options",
        "-c plan_cache_mode=force_custom_plan -c random_page_cost=1.1 -c client_min_messages=warning "
@@ -385,11 +399,32 @@ bool Connection::inFailedTransaction() const { return PQtransactionStatus(handle
 bool Connection::renewIfLost() {
   if (!isLost()) return false;
   if (inTransaction_) throw describe(QStringLiteral("08006"), text(PQerrorMessage(handle_.get())), database_);
-  PQreset(handle_.get());
+  reconnect();
   farewell_ = false;
-  if (PQstatus(handle_.get()) != CONNECTION_OK)
-    throw describe(QStringLiteral("08006"), text(PQerrorMessage(handle_.get())), database_);
+  if (!login_.isEmpty()) showLogin();
   return true;
+}
+
+void Connection::reconnect() {
+  QElapsedTimer waited;
+  waited.start();
+  while (true) {
+    PQreset(handle_.get());
+    if (PQstatus(handle_.get()) == CONNECTION_OK) return;
+    if (waited.elapsed() >= promotionMs_)
+      throw describe(QStringLiteral("08006"), text(PQerrorMessage(handle_.get())), database_);
+    QThread::msleep(kPromotionPauseMs);
+  }
+}
+
+void Connection::setLogin(const QString& login) {
+  login_ = login;
+  showLogin();
+}
+
+void Connection::showLogin() {
+  prepare({}, QStringLiteral("SELECT set_config('application_name', ?, false)"));
+  execute({}, {connectionName(login_)});
 }
 
 Spelling spellingOf(const QString& sql) {

@@ -41,8 +41,12 @@ class Connection {
   /// Whether an error has left a transaction that can only be rolled back.
   bool inFailedTransaction() const;
 
+  /// Shows the login in the list of connections of the server, also after a reconnection.
+  void setLogin(const QString& login);
+
   /// Reconnects if the connection was lost; returns whether it did, since prepared statements are then lost.
-  /// Throws StoreError inside a transaction, whose work is lost too and which must not continue.
+  /// If the server has a standby, waits for a while until one of them accepts writes. Throws StoreError
+  /// inside a transaction, whose work is lost too and which must not continue.
   bool renewIfLost();
   bool isLost() const;
   /// To be called when a transaction begins or ends.
@@ -52,10 +56,14 @@ class Connection {
   Result checked(pg_result* result);
   void connect(const Server& server, const QString& password);
   bool wantsPassword() const;
+  void reconnect();
+  void showLogin();
   int pipelined(const QByteArray& name, const Values* rows, size_t count);
 
   std::unique_ptr<pg_conn, void (*)(pg_conn*)> handle_;
   QString database_;
+  QString login_;
+  int promotionMs_;  ///< how long to wait until a standby is promoted
   bool inTransaction_ = false;
   bool farewell_ = false;  ///< the server has announced that it closes the connection
 };

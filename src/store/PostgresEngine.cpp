@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 #include <QScopeGuard>
 #include <QThread>
+#include <QUuid>
 
 #include "store/PostgresFunctions.h"
 #include "util/Errors.h"
@@ -14,11 +15,13 @@ namespace {
 
 constexpr int kWriteLock = 0x564C4D52;  // advisory locks are separate for each database
 constexpr int kDraftLock = 0x564C4444;
+constexpr int kMarksLock = 0x564C434D;
 const QString kOldMark = QStringLiteral(".vechi");
 constexpr int kCopyWaitMs = 4000;
 constexpr int kCopyPauseMs = 100;
 constexpr int kCompactWaitMs = 5000;
 constexpr int kLockWaitMs = 1000;
+constexpr int kOutcomeWaitMs = 10'000;
 constexpr int kBusy = 5;
 
 // Prepared when it is first run, and again after a reconnection.
@@ -117,6 +120,52 @@ ServerEngine::ServerEngine(const Server& server, const QString& path, bool creat
   const QString name = databaseOnServer(server, path);
   if (create) createEmpty(server, name);
   connection_ = std::make_shared<Connection>(server, name);
+  if (server.hasStandby()) prepareCommitMarks();
+}
+
+// Each transaction writes its number into the row of its connection. If the answer to a COMMIT is lost, the
+// row shows on the server that works then, whichever it is, whether it was committed. Numbers of the server's
+// own transactions do not: a promoted standby may use them again.
+void ServerEngine::prepareCommitMarks() {
+  client_ = QUuid::createUuid().toString(QUuid::WithoutBraces);
+  if (!recordsetOf(connection_->run(QStringLiteral("SELECT to_regclass('velmar.commits') AS found")))
+           .first()
+           .isNull("found"))
+    return;
+  connection_->run(
+      QStringLiteral("BEGIN; SELECT pg_advisory_xact_lock(%1); CREATE SCHEMA IF NOT EXISTS velmar; "
+                     "CREATE TABLE IF NOT EXISTS velmar.commits (client UUID PRIMARY KEY, number "
+                     "BIGINT, moment TIMESTAMPTZ); COMMIT")
+          .arg(kMarksLock));
+}
+
+QString ServerEngine::commitMark() const {
+  return QStringLiteral(
+             "INSERT INTO velmar.commits (client, number, moment) VALUES ('%1', %2, now()) "
+             "ON CONFLICT (client) DO UPDATE SET number = excluded.number, moment = excluded.moment")
+      .arg(client_)
+      .arg(commit_);
+}
+
+// Whether the last transaction was committed; nothing if that cannot be found out. The lock waits for a
+// server process that is still committing it; the own commit waits until the standby has it too.
+std::optional<bool> ServerEngine::wasCommitted() {
+  if (client_.isEmpty()) return std::nullopt;
+  try {
+    if (connection_->renewIfLost()) ++*generation_;
+    connection_->run(QStringLiteral("BEGIN; SET LOCAL lock_timeout = %1; SELECT pg_advisory_xact_lock(%2)")
+                         .arg(kOutcomeWaitMs)
+                         .arg(kWriteLock));
+    const Recordset mark = recordsetOf(connection_->run(
+        QStringLiteral("SELECT number FROM velmar.commits WHERE client = '%1'").arg(client_)));
+    const bool committed = !mark.isEmpty() && mark.first().integer("number") == commit_;
+    ++commit_;
+    connection_->run(commitMark());
+    connection_->run(QStringLiteral("COMMIT"));
+    return committed;
+  } catch (const StoreError&) {
+    return std::nullopt;
+  }
 }
 
 std::shared_ptr<EngineStatement> ServerEngine::prepare(const QString& sql) {
@@ -131,7 +180,9 @@ void ServerEngine::run(const QString& sql) {
     connection_->run(sql);
   } catch (const StoreError& error) {
     if (!commits || !connection_->isLost()) throw;
-    // It is unknown whether the server had committed when the answer was lost.
+    const auto committed = wasCommitted();
+    if (committed && *committed) return;
+    if (committed) throw;
     throw StoreError(
         error.number(),
         QStringLiteral("Legatura cu serverul s-a pierdut chiar in timpul salvarii. Verificati daca "
@@ -145,10 +196,14 @@ bool ServerEngine::tryBeginWrite() {
   if (connection_->renewIfLost()) ++*generation_;
   connection_->setInTransaction(true);
   try {
-    connection_->run(QStringLiteral("BEGIN; SET LOCAL lock_timeout = %1; SELECT pg_advisory_xact_lock(%2); "
-                                    "SET LOCAL lock_timeout = 0; SET LOCAL plan_cache_mode = auto")
-                         .arg(kLockWaitMs)
-                         .arg(kWriteLock));
+    QString begin = QStringLiteral(
+                        "BEGIN; SET LOCAL lock_timeout = %1; SELECT pg_advisory_xact_lock(%2); "
+                        "SET LOCAL lock_timeout = 0; SET LOCAL plan_cache_mode = auto")
+                        .arg(kLockWaitMs)
+                        .arg(kWriteLock);
+    ++commit_;
+    if (!client_.isEmpty()) begin += QStringLiteral("; ") + commitMark();
+    connection_->run(begin);
     return true;
   } catch (const StoreError& error) {
     const bool isHeld = error.number() == kBusy && connection_->inFailedTransaction();
@@ -216,6 +271,8 @@ void ServerEngine::compact() {
     }
   });
   for (const QString& table : filledTables()) run(QStringLiteral("VACUUM (FULL, ANALYZE) ") + table);
+  if (!client_.isEmpty())
+    run(QStringLiteral("DELETE FROM velmar.commits WHERE moment < now() - INTERVAL '30 days'"));
 }
 
 QStringList ServerEngine::filledTables() {

@@ -33,8 +33,12 @@ class ServerEngine : public Engine {
   std::vector<StoredStatement> views() override;
   void reshape(const TableShape& from, const TableShape& to) override;
   void limitLockWaits() override;
+  void setLogin(const QString& login) override { connection_->setLogin(login); }
 
  private:
+  void prepareCommitMarks();
+  QString commitMark() const;
+  std::optional<bool> wasCommitted();
   QStringList filledTables();
   Recordset ask(const QString& sql, const Values& values = {});
   void alterColumn(const QString& table, const ColumnShape& from, const ColumnShape& to);
@@ -43,6 +47,8 @@ class ServerEngine : public Engine {
   void numberRows(const QString& table, const QString& column);
 
   std::shared_ptr<Connection> connection_;
+  QString client_;     ///< the key of this connection in the table of commits; empty without a standby
+  qint64 commit_ = 0;  ///< the number of the last transaction
   std::shared_ptr<int> generation_;  ///< of the connection: statements prepared on an earlier one are lost
   QHash<QString, std::shared_ptr<EngineStatement>> questions_;  ///< queries on the catalogue
 };

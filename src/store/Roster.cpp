@@ -8,6 +8,7 @@
 #include <QUrl>
 
 #include "store/Database.h"
+#include "store/Engine.h"
 #include "store/PostgresConnection.h"
 #include "util/Errors.h"
 #include "util/FileRights.h"
@@ -46,9 +47,7 @@ QFileInfoList entriesOf(const QFileInfo& file) {
 
 RosterEntry::RosterEntry(const QString& databasePath, const QString& login) {
   if (serverOf(QFileInfo(databasePath).path())) {
-    if (Database* open = openDatabase())
-      open->query(QStringLiteral("SELECT set_config('application_name', ?, false) AS NAME"),
-                  {postgres::connectionName(login)});
+    if (Database* open = openDatabase()) open->engine().setLogin(login);
     return;
   }
   lock_ = std::make_unique<QLockFile>(entryPath(databasePath, login));

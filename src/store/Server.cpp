@@ -1,5 +1,6 @@
 #include "store/Server.h"
 
+#include <algorithm>
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -16,9 +17,21 @@ namespace {
 const QString kCertificate = QStringLiteral("Server.crt");
 const QString kVerified = QStringLiteral("verify-full");
 
-bool isThisMachine(const QString& host) {
+bool isLocal(const QString& host) {
   return host.isEmpty() || host.startsWith(u'/') || host == QStringLiteral("localhost") ||
          host == QStringLiteral("127.0.0.1") || host == QStringLiteral("::1");
+}
+
+bool isThisMachine(const QString& hosts) {
+  const QStringList all = hosts.split(u',');
+  return std::all_of(all.begin(), all.end(), isLocal);
+}
+
+// The settings read a text with commas as a list, unless it is quoted.
+QStringList listOf(const QSettings& file, const QString& key) {
+  QStringList parts = file.value(key).toStringList().join(u',').split(u',', Qt::SkipEmptyParts);
+  for (QString& part : parts) part = part.trimmed();
+  return parts;
 }
 
 QString settingsPath(const QString& folder) { return QDir(folder).filePath(kServerFile); }
@@ -43,8 +56,16 @@ std::optional<Server> serverOf(const QString& folder) {
         kFileFailure,
         QStringLiteral("Fisierul %1 este gol: nu spune pe ce server sunt bazele de date.").arg(path));
   Server server;
-  server.host = file.value("host").toString();
-  server.port = file.value("port", server.port).toInt();
+  const QStringList hosts = listOf(file, QStringLiteral("host"));
+  const QStringList ports = listOf(file, QStringLiteral("port"));
+  if (ports.size() > 1 && ports.size() != hosts.size())
+    throw StoreError(kFileFailure,
+                     QStringLiteral("Fisierul %1 are %2 servere la host, dar %3 porturi la port.")
+                         .arg(path)
+                         .arg(hosts.size())
+                         .arg(ports.size()));
+  server.host = hosts.join(u',');
+  server.port = ports.isEmpty() ? QStringLiteral("5432") : ports.join(u',');
   server.user = file.value("user").toString();
   server.tls = file.value("tls", isThisMachine(server.host) ? "prefer" : "require").toString();
   const QString certificate = file.value("rootcert").toString();

@@ -13,13 +13,14 @@ namespace velmar {
 inline const QString kServerFile = QStringLiteral("Server.ini");
 
 struct Server {
-  QString host;  ///< name, address, or the folder of a local socket
-  int port = 5432;
+  QString host;  ///< name, address, or the folder of a local socket; several, with commas: also its standbys
+  QString port;  ///< one for all hosts, or one for each, with commas
   QString user;
   QString tls;              ///< libpq's sslmode; by default "require" for another machine, otherwise "prefer"
   QString rootCertificate;  ///< file of the certificate by which "verify-..." checks that of the server
   QString prefix;           ///< prefix of the names of the databases, if several folders share a server
 
+  bool hasStandby() const { return host.contains(u','); }
   /// Whether a connection without TLS is refused.
   bool requiresTls() const;
   /// Whether it is another machine that is not checked to be the one of that name.
