@@ -1,4 +1,5 @@
-// The rights of the server's role: those that the program needs, and what is reported when they are missing.
+// The settings of a server; the rights of its role: those that the program needs, and what is reported when
+// they are missing.
 #include <gtest/gtest.h>
 
 #include "TestCompany.h"
@@ -14,6 +15,27 @@ QString refusalOf(const std::function<void()>& work) {
   } catch (const StoreError& error) {
     return error.text();
   }
+}
+
+TEST(ServerSettingsTest, SeveralHosts) {
+  const QTemporaryDir dir;
+  const auto read = [&dir](const QByteArray& settings) {
+    QFile file(dir.filePath(kServerFile));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(settings);
+    file.close();
+    return serverOf(dir.path());
+  };
+  const auto pair = read("[General]\nhost=unu, doi\nport=5432,5433\nrootcert=ca.crt\n");
+  EXPECT_EQ(pair->host + ' ' + pair->port + ' ' + pair->tls, "unu,doi 5432,5433 require");
+  EXPECT_EQ(pair->rootCertificate, dir.filePath("ca.crt"));
+  EXPECT_TRUE(pair->hasStandby());
+  EXPECT_EQ(read("host=\"localhost,doi\"\n")->tls, "require") << "one is another machine";
+  const auto local = read("host=/tmp,localhost\n");
+  EXPECT_EQ(local->host + ' ' + local->port + ' ' + local->tls, "/tmp,localhost 5432 prefer");
+  EXPECT_TRUE(refusalOf([&] {
+                read("host=unu,doi\nport=1,2,3\n");
+              }).endsWith(" are 2 servere la host, dar 3 porturi la port."));
 }
 
 TEST(RoleOnServerTest, CreatingDatabasesIsAllThatItNeeds) {
