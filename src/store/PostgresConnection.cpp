@@ -26,6 +26,8 @@ enum TypeNumber {
   kNumeric = 1700
 };
 
+constexpr const char* kConnectSeconds = "5";
+constexpr const char* kOtherConnectSeconds = "2";
 constexpr int kPromotionMs = 15'000;
 constexpr int kPromotionPauseMs = 200;
 constexpr int kRefused = 23;  // as SQLite's number for a refused authorization
@@ -205,21 +207,19 @@ void velmar::setAskPassword(AskPassword ask) { postgres::askPassword = std::move
 namespace velmar::postgres {
 
 Connection::Connection(const Server& server, const QString& database)
-    : handle_(nullptr, PQfinish), database_(database), promotionMs_(server.hasStandby() ? kPromotionMs : 0) {
+    : handle_(nullptr, PQfinish), server_(server), database_(database) {
   const QString place = QStringLiteral("%1@%2:%3").arg(server.user, server.host).arg(server.port);
-  QString password = passwords().value(place);
-  connect(server, password);
+  password_ = passwords().value(place);
+  connect();
   while (wantsPassword() && askPassword) {
-    const auto typed = askPassword(server, !password.isEmpty());
+    const auto typed = askPassword(server, !password_.isEmpty());
     if (!typed) throw Cancelled();
-    password = *typed;
-    connect(server, password);
+    password_ = *typed;
+    connect();
   }
   if (PQstatus(handle_.get()) != CONNECTION_OK)
     throw connectError(text(PQerrorMessage(handle_.get())), database);
-  if (!password.isEmpty()) passwords().insert(place, password);
-  PQsetNoticeProcessor(
-      handle_.get(), [](void*, const char*) {}, nullptr);
+  if (!password_.isEmpty()) passwords().insert(place, password_);
 }
 
 // No password was given, or a wrong one.
@@ -229,14 +229,43 @@ bool Connection::wantsPassword() const {
          text(PQerrorMessage(handle_.get())).contains(QStringLiteral("password authentication failed"));
 }
 
-void Connection::connect(const Server& server, const QString& password) {
+namespace {
+
+QString placeOf(PGconn* handle) {
+  return QString::fromUtf8(PQhost(handle)) + u':' + QString::fromUtf8(PQport(handle));
+}
+
+// Each promotion of a standby begins a new timeline.
+int timelineOf(PGconn* handle) {
+  const Result found(PQexec(handle, "SELECT left(pg_walfile_name(pg_current_wal_lsn()), 8)"), PQclear);
+  return PQntuples(found.get()) == 1 ? QByteArray(PQgetvalue(found.get(), 0, 0)).toInt(nullptr, 16) : 0;
+}
+
+}  // namespace
+
+// A server that was lost may come back as it was, and accept writes beside the promoted standby, which is the
+// right one.
+void Connection::connect() {
+  handle_.reset();  // the server ends its part of a lost connection, and releases its locks
+  handle_ = connected(server_, kConnectSeconds);
+  if (!server_.hasStandby() || PQstatus(handle_.get()) != CONNECTION_OK) return;
+  const QString place = placeOf(handle_.get());
+  for (const Server& host : server_.hosts()) {
+    if (host.host + u':' + host.port == place) continue;
+    Handle other = connected(host, kOtherConnectSeconds);
+    if (PQstatus(other.get()) == CONNECTION_OK && timelineOf(other.get()) > timelineOf(handle_.get()))
+      handle_ = std::move(other);
+  }
+}
+
+Connection::Handle Connection::connected(const Server& server, const char* timeout) const {
   const std::pair<const char*, QByteArray> settings[] = {
       {"host", server.host.toUtf8()},
       {"port", server.port.toUtf8()},
       // Of several hosts the one that is no standby.
       {"target_session_attrs", "read-write"},
       {"user", server.user.toUtf8()},
-      {"password", password.toUtf8()},
+      {"password", password_.toUtf8()},
       {"dbname", database_.toUtf8()},
       {"sslmode", server.tls.toUtf8()},
       {"sslrootcert", server.rootCertificate.toUtf8()},
@@ -244,7 +273,7 @@ void Connection::connect(const Server& server, const QString& password) {
       {"channel_binding", server.requiresTls() ? "require" : ""},
       {"application_name", connectionName({}).toUtf8()},
       {"client_encoding", "UTF8"},
-      {"connect_timeout", "5"},
+      {"connect_timeout", timeout},
       // A machine that has disappeared from the network is noticed in half a minute.
       {"keepalives_idle", "10"},
       {"keepalives_interval", "5"},
@@ -262,7 +291,10 @@ void Connection::connect(const Server& server, const QString& password) {
     }
   names.push_back(nullptr);
   values.push_back(nullptr);
-  handle_.reset(PQconnectdbParams(names.data(), values.data(), 0));
+  Handle handle(PQconnectdbParams(names.data(), values.data(), 0), PQfinish);
+  PQsetNoticeProcessor(
+      handle.get(), [](void*, const char*) {}, nullptr);
+  return handle;
 }
 
 Result Connection::checked(pg_result* raw) {
@@ -409,9 +441,9 @@ void Connection::reconnect() {
   QElapsedTimer waited;
   waited.start();
   while (true) {
-    PQreset(handle_.get());
+    connect();
     if (PQstatus(handle_.get()) == CONNECTION_OK) return;
-    if (waited.elapsed() >= promotionMs_)
+    if (!server_.hasStandby() || waited.elapsed() >= kPromotionMs)
       throw describe(QStringLiteral("08006"), text(PQerrorMessage(handle_.get())), database_);
     QThread::msleep(kPromotionPauseMs);
   }

@@ -53,17 +53,21 @@ class Connection {
   void setInTransaction(bool in) { inTransaction_ = in; }
 
  private:
+  using Handle = std::unique_ptr<pg_conn, void (*)(pg_conn*)>;
+
   Result checked(pg_result* result);
-  void connect(const Server& server, const QString& password);
+  void connect();
+  Handle connected(const Server& server, const char* timeout) const;
   bool wantsPassword() const;
   void reconnect();
   void showLogin();
   int pipelined(const QByteArray& name, const Values* rows, size_t count);
 
-  std::unique_ptr<pg_conn, void (*)(pg_conn*)> handle_;
+  Handle handle_;
+  Server server_;
+  QString password_;
   QString database_;
   QString login_;
-  int promotionMs_;  ///< how long to wait until a standby is promoted
   bool inTransaction_ = false;
   bool farewell_ = false;  ///< the server has announced that it closes the connection
 };

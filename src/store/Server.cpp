@@ -38,6 +38,17 @@ QString settingsPath(const QString& folder) { return QDir(folder).filePath(kServ
 
 }  // namespace
 
+std::vector<Server> Server::hosts() const {
+  const QStringList names = host.split(u',');
+  const QStringList ports = port.split(u',');
+  std::vector<Server> all(static_cast<size_t>(names.size()), *this);
+  for (qsizetype i = 0; i < names.size(); ++i) {
+    all[static_cast<size_t>(i)].host = names[i];
+    all[static_cast<size_t>(i)].port = ports.value(i, ports.first());
+  }
+  return all;
+}
+
 bool Server::requiresTls() const {
   return tls == QStringLiteral("require") || tls == QStringLiteral("verify-ca") || tls == kVerified;
 }

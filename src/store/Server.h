@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <QString>
+#include <vector>
 
 namespace velmar {
 
@@ -21,6 +22,8 @@ struct Server {
   QString prefix;           ///< prefix of the names of the databases, if several folders share a server
 
   bool hasStandby() const { return host.contains(u','); }
+  /// The same settings for each host alone.
+  std::vector<Server> hosts() const;
   /// Whether a connection without TLS is refused.
   bool requiresTls() const;
   /// Whether it is another machine that is not checked to be the one of that name.

@@ -134,6 +134,10 @@ TEST_F(StandbyOnServerTest, ALostAnswerIsFoundOut) {
   });
   EXPECT_TRUE(lost.contains("nu s-a salvat nimic")) << qPrintable(lost);
   EXPECT_FALSE(isWritten());
+  ExecutaSql(kWrite);
+  server("resume");
+  setOpenDatabase(Database::open(TestCompany::path()));
+  EXPECT_TRUE(isWritten()) << "the first server is back, but no longer the right one";
 }
 
 }  // namespace
