@@ -128,20 +128,20 @@ ServerEngine::ServerEngine(const Server& server, const QString& path, bool creat
 // own transactions do not: a promoted standby may use them again.
 void ServerEngine::prepareCommitMarks() {
   client_ = QUuid::createUuid().toString(QUuid::WithoutBraces);
-  if (!recordsetOf(connection_->run(QStringLiteral("SELECT to_regclass('velmar.commits') AS found")))
+  if (!recordsetOf(connection_->run(QStringLiteral("SELECT to_regclass('velmar_internal.commits') AS found")))
            .first()
            .isNull("found"))
     return;
   connection_->run(
-      QStringLiteral("BEGIN; SELECT pg_advisory_xact_lock(%1); CREATE SCHEMA IF NOT EXISTS velmar; "
-                     "CREATE TABLE IF NOT EXISTS velmar.commits (client UUID PRIMARY KEY, number "
+      QStringLiteral("BEGIN; SELECT pg_advisory_xact_lock(%1); CREATE SCHEMA IF NOT EXISTS velmar_internal; "
+                     "CREATE TABLE IF NOT EXISTS velmar_internal.commits (client UUID PRIMARY KEY, number "
                      "BIGINT, moment TIMESTAMPTZ); COMMIT")
           .arg(kMarksLock));
 }
 
 QString ServerEngine::commitMark() const {
   return QStringLiteral(
-             "INSERT INTO velmar.commits (client, number, moment) VALUES ('%1', %2, now()) "
+             "INSERT INTO velmar_internal.commits (client, number, moment) VALUES ('%1', %2, now()) "
              "ON CONFLICT (client) DO UPDATE SET number = excluded.number, moment = excluded.moment")
       .arg(client_)
       .arg(commit_);
@@ -157,7 +157,7 @@ std::optional<bool> ServerEngine::wasCommitted() {
                          .arg(kOutcomeWaitMs)
                          .arg(kWriteLock));
     const Recordset mark = recordsetOf(connection_->run(
-        QStringLiteral("SELECT number FROM velmar.commits WHERE client = '%1'").arg(client_)));
+        QStringLiteral("SELECT number FROM velmar_internal.commits WHERE client = '%1'").arg(client_)));
     const bool committed = !mark.isEmpty() && mark.first().integer("number") == commit_;
     ++commit_;
     connection_->run(commitMark());
@@ -272,7 +272,7 @@ void ServerEngine::compact() {
   });
   for (const QString& table : filledTables()) run(QStringLiteral("VACUUM (FULL, ANALYZE) ") + table);
   if (!client_.isEmpty())
-    run(QStringLiteral("DELETE FROM velmar.commits WHERE moment < now() - INTERVAL '30 days'"));
+    run(QStringLiteral("DELETE FROM velmar_internal.commits WHERE moment < now() - INTERVAL '30 days'"));
 }
 
 QStringList ServerEngine::filledTables() {

@@ -111,7 +111,8 @@ QStringList ServerEngine::ownKinds() {
   for (const Row& row : ask(QStringLiteral(
            "SELECT n.nspname || '.' || c.relname AS name FROM pg_class c "
            "JOIN pg_namespace n ON n.oid = c.relnamespace WHERE n.nspname <> 'information_schema' "
-           "AND n.nspname !~ '^(pg_|velmar$)' AND (c.relkind IN ('p', 'f', 'm') OR (c.relkind IN ('r', 'v') "
+           "AND n.nspname !~ '^(pg_|velmar_internal$)' AND (c.relkind IN ('p', 'f', 'm') OR (c.relkind IN "
+           "('r', 'v') "
            "AND c.relnamespace <> current_schema()::regnamespace)) "
            "UNION ALL SELECT 'trigger ' || tgname FROM pg_trigger WHERE NOT tgisinternal "
            "UNION ALL SELECT attrelid::regclass || '.' || attname FROM pg_attribute WHERE attgenerated <> "
