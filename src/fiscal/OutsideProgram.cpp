@@ -11,6 +11,9 @@ namespace velmar {
 
 namespace {
 
+// A program on a drive that does not answer is given up.
+constexpr int kStartMs = 10'000;
+
 RegisterWait* currentWait = nullptr;
 
 void prepare(QProcess& process, const OutsideCommand& command) {
@@ -42,35 +45,32 @@ RegisterWait& registerWait() {
   return *currentWait;
 }
 
-bool startOutside(const OutsideCommand& command) {
-  QProcess process;
-  prepare(process, command);
-  return process.startDetached();
-}
-
 OutsideProgram::OutsideProgram(const OutsideCommand& command) : process_(std::make_unique<QProcess>()) {
   prepare(*process_, command);
   connect(process_.get(), &QProcess::finished, this, &OutsideProgram::ended);
   process_->start();
-  process_->waitForStarted(-1);
+  hasStarted_ = process_->waitForStarted(kStartMs);
 }
 
 OutsideProgram::~OutsideProgram() {
   process_->disconnect(this);
-  if (!hasEnded()) letGo(std::move(process_));
+  if (hasEnded()) return;
+  if (!hasStarted_) process_->kill();
+  letGo(std::move(process_));
 }
 
 bool OutsideProgram::hasEnded() const { return process_->state() == QProcess::NotRunning; }
 
 bool OutsideProgram::hasSucceeded() const {
-  return hasEnded() && process_->error() != QProcess::FailedToStart &&
-         process_->exitStatus() == QProcess::NormalExit && process_->exitCode() == 0;
+  return hasStarted_ && hasEnded() && process_->exitStatus() == QProcess::NormalExit && process_->exitCode() == 0;
 }
+
+bool startOutside(const OutsideCommand& command) { return OutsideProgram(command).hasStarted(); }
 
 OutsideEnd runOutside(const OutsideCommand& command) {
   RegisterWait& wait = registerWait();
   OutsideProgram program(command);
-  if (!program.hasEnded()) wait.wait(program);
+  if (program.hasStarted() && !program.hasEnded()) wait.wait(program);
   if (!program.hasEnded()) return OutsideEnd::GivenUp;
   return program.hasSucceeded() ? OutsideEnd::Succeeded : OutsideEnd::Failed;
 }

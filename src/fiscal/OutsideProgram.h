@@ -16,16 +16,18 @@ struct OutsideCommand {
   QString folder;  ///< working directory
 };
 
-/// Starts the program detached; returns false when it cannot be started.
+/// Starts the program and does not wait for its end; returns false when it cannot be started.
 bool startOutside(const OutsideCommand& command);
 
 class OutsideProgram : public QObject {
   Q_OBJECT
  public:
-  /// Starts the program; if it cannot be started, hasEnded() is true.
+  /// Starts the program, which may take 10 seconds; if it cannot be started, hasEnded() is true.
   explicit OutsideProgram(const OutsideCommand& command);
   ~OutsideProgram() override;
 
+  /// False also when it was still starting after 10 seconds; it is killed then.
+  bool hasStarted() const { return hasStarted_; }
   bool hasEnded() const;
   /// Whether it ended normally with exit code 0.
   bool hasSucceeded() const;
@@ -35,6 +37,7 @@ class OutsideProgram : public QObject {
 
  private:
   std::unique_ptr<QProcess> process_;
+  bool hasStarted_ = false;
 };
 
 /// The result of waiting for a program.
