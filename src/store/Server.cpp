@@ -80,7 +80,10 @@ std::optional<Server> serverOf(const QString& folder) {
   server.user = file.value("user").toString();
   server.tls = file.value("tls", isThisMachine(server.host) ? "prefer" : "require").toString();
   const QString certificate = file.value("rootcert").toString();
-  if (!certificate.isEmpty()) server.rootCertificate = QDir(folder).absoluteFilePath(certificate);
+  if (!certificate.isEmpty()) {
+    server.rootCertificate = QDir(folder).absoluteFilePath(certificate);
+    requirePlainFile(server.rootCertificate);
+  }
   server.prefix = file.value("prefix").toString().toLower();
   return server;
 }
@@ -88,8 +91,9 @@ std::optional<Server> serverOf(const QString& folder) {
 void verifyServer(const QString& folder, const QString& certificate) {
   auto server = serverOf(folder);
   if (!server) return;
+  requirePlainFile(certificate);
   QFile source(certificate);
-  if (!QFileInfo(certificate).isFile() || !source.open(QIODevice::ReadOnly))
+  if (!source.open(QIODevice::ReadOnly))
     throw StoreError(kFileFailure, QStringLiteral("Fisierul %1 nu poate fi citit.").arg(certificate));
   const QByteArray content = source.readAll();
   server->tls = kVerified;
