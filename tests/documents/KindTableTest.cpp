@@ -101,19 +101,6 @@ TEST(KindTableTest, QuestionsNameTheDocumentAndNoTextIsEmpty) {
   }
 }
 
-TEST(KindTableTest, DecimalsFollowTheOpenCompany) {
-  const TestCompany company;
-  const DocumentKind& invoice = documentKind("fc");
-  const auto price = std::find_if(invoice.lineColumns.begin(), invoice.lineColumns.end(),
-                                  [](const LineColumn& column) { return column.field == "PRETFT"; });
-  ASSERT_NE(price, invoice.lineColumns.end());
-  session().NrZec = 4;
-  EXPECT_EQ(decimalsOf(price->roundTo), 4);
-  session().NrZec = 2;
-  EXPECT_EQ(decimalsOf(price->shownDecimals), 2);
-  EXPECT_EQ(decimalsOf(kAsTyped), kAsTyped);
-}
-
 class NumberingTest : public ::testing::Test {
  protected:
   NumberingTest() { range("100", "160"); }

@@ -99,41 +99,5 @@ TEST_F(Listing, AMissingPartnerLeavesItsVariablesUndefined) {
   EXPECT_EQ(missingPartnerTexts(listingKind("BI")).first(), "Furnizor inexistent in baza de date");
 }
 
-TEST_F(Listing, WhatIsNotStoredCannotBePrinted) {
-  try {
-    readListed(listingKind("FC"), "80");
-    FAIL();
-  } catch (const RuleError& rule) {
-    EXPECT_EQ(rule.text(), "Va rugam apasati butonul Detaliu pentru salvarea informatiilor din antet");
-    EXPECT_EQ(rule.field(), "NUMFAC");
-  }
-  EXPECT_THROW(readListed(listingKind("BC"), "1"), RuleError);
-}
-
-TEST_F(Listing, EveryKindReadsWithItsOwnStatements) {
-  ExecutaSql(
-      "INSERT INTO G_BONCASA (NUMFAC, CODCLI, BATVA1, DATAFAC, LISTAT) VALUES ('1', 5, 77, "
-      "'2026-03-15', 0)");
-  ExecutaSql("INSERT INTO G_BONCON (NUMAE, CODCLI, BATVA1, DATAAE) VALUES ('1', 5, 19, '2026-03-15')");
-  ExecutaSql("INSERT INTO G_BONINT (NUMNR, CODFUR, BATVA, DATANR) VALUES ('1', 5, 19, '2026-03-15')");
-  ExecutaSql("INSERT INTO G_FACFUR (NUMFAC, CODFUR, BATVA1, DATAFAC) VALUES ('1', 5, 77, '2026-03-15')");
-  for (const char* prefix : {"BS", "BC", "BI", "FF"}) {
-    const ListingKind& kind = listingKind(prefix);
-    const ReportData all = listingData(kind, readListed(kind, "1"), {});
-    EXPECT_EQ(find(all, "NUME")->value, "ALFA") << prefix;
-    EXPECT_EQ(find(all, "bDeviza"), nullptr) << prefix;
-    EXPECT_EQ(all.fields->size(), 0) << prefix;
-    EXPECT_FALSE(all.fieldNames.isEmpty()) << prefix;
-  }
-}
-
-TEST_F(Listing, ThePreprintedFormHasASeparateLayout) {
-  ListingOptions options;
-  EXPECT_EQ(listingFile(listingKind("FC"), options), "/velmar/lst/FacturiCLIFull.lst");
-  options.preprinted = true;
-  EXPECT_EQ(listingFile(listingKind("FC"), options), "/velmar/lst/FacturiCLI.lst");
-  EXPECT_EQ(listingFile(listingKind("FF"), {}), "/velmar/lst/NIR_FF.lst");
-}
-
 }  // namespace
 }  // namespace velmar

@@ -82,6 +82,8 @@ TEST(ReturnsTest, AReturnToASupplierIsLimitedToTheRestOfItsLot) {
   editor.setNumber(0, "CANT", "-2");
   EXPECT_TRUE(Trade::validate(editor));
   EXPECT_EQ(Trade::rest("FF502"), Decimal(0));
+  EXPECT_EQ(Trade::rest("FFR1"), Decimal(-2));
+  EXPECT_EQ(Trade::note("R1").mid(0, 3), QStringList({"4 C 401 -23.8", "4 D 371 -20", "4 D 4426 -3.8"}));
   // A document that does not exist has no lot: the lots then exceed the stock by the returned quantity.
   trade.validated("FF", trade.purchase("R2", clock::today(), "nimic"),
                   {Trade::bought("A", "-1", "20", "30")});

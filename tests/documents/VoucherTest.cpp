@@ -2,62 +2,28 @@
 // concurrent users.
 #include <gtest/gtest.h>
 
-#include "catalogue/Articles.h"
-#include "catalogue/Families.h"
-#include "catalogue/Partners.h"
-#include "documents/DocumentEditor.h"
 #include "documents/Validation.h"
-#include "TestCompany.h"
+#include "Trade.h"
 
 namespace velmar {
 namespace {
 
-class VoucherTest : public ::testing::Test {
+class VoucherTest : public ::testing::Test, protected Trade {
  protected:
-  VoucherTest() {
-    ExecutaSql("UPDATE kt_info SET TCOST = 'MP'");
-    supplier_ = addPartner(newPartner("FURNIZOR SRL", "F"));
-    products_ = addFamily(newFamily("Produse", "371", "607", "707", "345"));
-    goods_ = addFamily(newFamily("Semifabricate", "371", "607", "707", "341"));
-    article("A1", "Scaun", products_);
-    article("A2", "Masa", products_);
-    article("B1", "Blat", goods_);
+  VoucherTest() : Trade("MP") {
+    article("A1", "0", false);
+    article("A2", "0", false);
+    article("B1", "0", false);
+    const qint64 family = addFamily(newFamily("Semifabricate", "371", "607", "707", "341"));
+    ExecutaSql("UPDATE G_ARTMAG SET FAMART = ? WHERE CODART = 'B1'", {family});
   }
 
-  void article(const QString& code, const QString& name, qint64 family) {
-    Row row = newArticle();
-    row.set("CODART", code);
-    row.set("DENART", name);
-    row.set("FAMART", family);
-    row.set("CODFURNIZO", supplier_);
-    row.set("PROVENIENTA", "P");
-    addArticle(row);
-  }
-
-  QHash<QString, QString> header(const QString& number, const QDate& date = clock::today()) const {
+  TypedTexts header(const QString& number) const {
     return {{"NUMNR", number},
-            {"CODFUR", QString::number(supplier_)},
+            {"CODFUR", QString::number(supplier)},
             {"BATVA", "19"},
             {"OBS", "productie"},
-            {"DATANR", date.toString(Qt::ISODate)}};
-  }
-
-  static void line(DocumentEditor& editor, const QString& code, const QString& quantity, const QString& price,
-                   const QString& salePrice) {
-    const size_t at = editor.setArticle(editor.lines().size(), code);
-    editor.setNumber(at, "CANT", quantity);
-    editor.setNumber(at, "PRETFT", price);
-    editor.setNumber(at, "PRETVA", salePrice);
-  }
-
-  void validated(const QString& number, const QString& code, const QString& quantity, const QString& price,
-                 const QString& salePrice) {
-    DocumentEditor editor("BI");
-    editor.newDocument();
-    editor.save(header(number));
-    line(editor, code, quantity, price, salePrice);
-    ASSERT_TRUE(editor.checkLines());
-    editor.validate(header(number));
+            {"DATANR", iso(clock::today())}};
   }
 
   static qint64 count(const QString& table) {
@@ -71,25 +37,12 @@ class VoucherTest : public ::testing::Test {
     EXPECT_EQ(OpenRs("SELECT SUM(STOC) AS S FROM G_ARTMAG").first().decimal("S"), Decimal(0));
     EXPECT_EQ(OpenRs("SELECT COUNT(*) AS N FROM G_BONINT WHERE VALIDAT <> 0").first().integer("N"), 0);
   }
-
-  TestCompany company_;
-  MessageRecorder messages_;
-  qint64 supplier_ = 0;
-  qint64 products_ = 0;
-  qint64 goods_ = 0;
 };
 
-Decimal figure(const QString& code, const QString& column) { return articleByCode(code)->decimal(column); }
-
 TEST_F(VoucherTest, QuantitiesRoundHalfEvenAndArticlesOfOneAccountShareAPair) {
-  DocumentEditor editor("BI");
-  editor.newDocument();
-  editor.save(header("7"));
-  line(editor, "A1", "3", "10", "15");
-  line(editor, "B1", "2,5", "7,333", "9");     // 7.33; 18.325 goes to 18.32
-  line(editor, "A2", "1.2345", "100", "150");  // 1.234, a tie; 123.40
-  ASSERT_TRUE(editor.checkLines());
-  editor.validate(header("7"));
+  validated("BI", header("7"),
+            {bought("A1", "3", "10", "15"), bought("B1", "2,5", "7,333", "9"),  // 7.33; 18.325 goes to 18.32
+             bought("A2", "1.2345", "100", "150")});                            // 1.234, a tie; 123.40
   EXPECT_EQ(OpenRs("SELECT CANT FROM G_LDOCUM WHERE LINIE = 3").first().decimal("CANT"), 1.234_dec);
   EXPECT_EQ(OpenRs("SELECT TOTALFT FROM G_DOCUME").first().decimal("TOTALFT"), 171.72_dec);
   const Recordset note = OpenRs("SELECT * FROM kt_linii ORDER BY NRLINIE");
@@ -101,22 +54,19 @@ TEST_F(VoucherTest, QuantitiesRoundHalfEvenAndArticlesOfOneAccountShareAPair) {
 }
 
 TEST_F(VoucherTest, AverageCostFollowsTheReceiptsUnrounded) {
-  validated("1", "A1", "5", "20", "20");
-  validated("2", "A1", "5", "10", "15");
+  validated("BI", header("1"), {bought("A1", "5", "20", "20")});
+  validated("BI", header("2"), {bought("A1", "5", "10", "15")});
   EXPECT_EQ(figure("A1", "STOC"), Decimal(10));
   EXPECT_EQ(figure("A1", "COST"), Decimal(15));
   EXPECT_EQ(figure("A1", "PRETVFT"), Decimal(22));  // 15 x 1.5 = 22.5, to the even digit
-  validated("3", "A1", "5", "10", "10");
+  validated("BI", header("3"), {bought("A1", "5", "10", "10")});
   EXPECT_EQ(figure("A1", "COST"), Decimal::fromDouble(200.0 / 15));  // 13.33..., stored as it is
   EXPECT_EQ(OpenRs("SELECT MAX(NDI) AS N FROM kt_linii").first().integer("N"), 3);
 }
 
 TEST_F(VoucherTest, AFailureMidwayLeavesNothing) {
   DocumentEditor editor("BI");
-  editor.newDocument();
-  editor.save(header("1"));
-  line(editor, "A1", "3", "10", "15");
-  line(editor, "A2", "1", "10", "15");
+  draft(editor, header("1"), {bought("A1", "3", "10", "15"), bought("A2", "1", "10", "15")});
   // With a stock of -1 and a receipt of 1 the average has the divisor 0.
   ExecutaSql("UPDATE G_ARTMAG SET STOC = -1 WHERE CODART = 'A2'");
   try {
@@ -177,7 +127,7 @@ TEST_F(VoucherTest, UnusualInputIsStoredUnchangedOrRefused) {
   EXPECT_EQ(editor.lines()[0].text("DENUMIRE"), "Scaun foarte lung cu numele taiat l");
   editor.setNumber(0, "CANT", "1");
   EXPECT_FALSE(editor.checkLines());
-  EXPECT_EQ(messages_.take(),
+  EXPECT_EQ(messages.take(),
             QStringList("Pretul unitar pentru articolul cu codul A1 trebuie sa fie un numar pozitiv "
                         "! Validarea nu se poate efectua !"));
   editor.setArticle(1, "A1");
@@ -187,9 +137,7 @@ TEST_F(VoucherTest, UnusualInputIsStoredUnchangedOrRefused) {
 
 TEST_F(VoucherTest, ALateKeystrokeCannotTouchAValidatedVoucher) {
   DocumentEditor here("BI");
-  here.newDocument();
-  here.save(header("1"));
-  line(here, "A1", "3", "10", "15");
+  draft(here, header("1"), {bought("A1", "3", "10", "15")});
   DocumentEditor otherUser("BI");
   otherUser.open("1");
   here.validate(header("1"));

@@ -200,6 +200,13 @@
     answer: (button) => { N("answer", button); },
     messages: () => N("messages"),
     expectMessage: (text, more) => report(N("expectMessage", text, more || {}), "the message differs"),
+    // Answers the message box that a step shows, and compares its text.
+    replied(button, step, text, more) {
+      N("answer", button);
+      const result = step();
+      report(N("expectMessage", text, more || {}), "the message differs");
+      return result;
+    },
     noMessage() {
       const text = N("unreadMessage");
       report(text === undefined || text === null ? null : { expected: "no message", actual: text },

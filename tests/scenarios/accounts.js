@@ -16,9 +16,7 @@ equal(w.value("DTPicker"), "2026-03-15");
 shot("accounts-start");
 
 const refused = (text, control, more) => {
-  answer("OK");
-  w.click("cmdAdauga");
-  expectMessage(text, more);
+  replied("OK", () => w.click("cmdAdauga"), text, more);
   if (control) check(w.hasFocus(control), "focus on " + control);
 };
 w.type("txtCont", "2-1");
@@ -42,12 +40,8 @@ equal(account("4111.01"), {CONT: "4111.01", TITLU: "Clienti - un titlu de patruz
 equal([w.text("txtCont"), w.text("txtTitlu"), w.text("txtCC"), w.text("cboCentruCost")], ["", "", "", ""]);
 const at = grid.column("CONT").indexOf("4111.01");
 
-answer("OK");
-equal(grid.enter(at, "TITLU", "  "), false);
-expectMessage("Va rugam completati titlul contului !");
-answer("OK");
-equal(grid.enter(at, "NeUtilizabil", "poate"), false);
-expectMessage("Introduceti DA sau NU !");
+replied("OK", () => equal(grid.enter(at, "TITLU", "  "), false), "Va rugam completati titlul contului !");
+replied("OK", () => equal(grid.enter(at, "NeUtilizabil", "poate"), false), "Introduceti DA sau NU !");
 equal(grid.enter(at, "NeUtilizabil", "da"), true);
 equal(grid.enter(at, "TITLU", "Clienti vechi"), true);
 // Leaving a refused cell with a command shows only the cell's message.
@@ -57,9 +51,7 @@ w.press("grdDataGrid", "Right");
 w.press("grdDataGrid", "F2");
 key("Ctrl+A");
 key("Backspace");
-answer("OK");
-w.click("cmdSterge");
-expectMessage("Va rugam completati titlul contului !");
+replied("OK", () => w.click("cmdSterge"), "Va rugam completati titlul contului !");
 noMessage();
 equal(grid.cell(at, "TITLU"), "Clienti vechi");
 check(grid.isLocked(at, "DEBITN") && grid.isLocked(at, "CONT"), "figures and symbols are unchanged");

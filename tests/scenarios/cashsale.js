@@ -83,9 +83,7 @@ function onPaper() {
 // Without a partner named CASA there is no sale.
 company({method: "FIFO"});
 seed();
-answer("OK");
-menu("mnuCasa");
-expectMessage("Va rugam creati un client denumit CASA, in tabela TERTI ");
+replied("OK", () => menu("mnuCasa"), "Va rugam creati un client denumit CASA, in tabela TERTI ");
 w = win("frmGrilaCS");
 refused("cmdSalvare", "Va rugam creati un client denumit CASA, in tabela TERTI ", {icon: "critical"});
 refused("cmdFacturaNoua", "Va rugam creati un client denumit CASA, in tabela TERTI ");
@@ -129,15 +127,11 @@ for (const [column, text, why] of [["CODART", "F1", "Articolul cu codul F1 nu ex
                                    ["CANT", "-1", "Va rugam introduceti o valoare numerica pozitiva pentru Cantitate !"],
                                    ["CANT", "x", "Va rugam introduceti o valoare numerica pentru Cantitate !"],
                                    ["PRETFT", "-2", "Va rugam introduceti o valoare numerica pozitiva pentru Pret unitar !"]]) {
-  answer("OK");
-  lines.enter(0, column, text);
-  expectMessage(why);
+  replied("OK", () => lines.enter(0, column, text), why);
   key("Esc");
 }
 // A price in the article's currency, with and without a rate of the day.
-answer("OK");
-lines.enter(1, "PRETVALUTA", "6");
-expectMessage("Nu este introdus cursul pe ziua : " + today().split("-").reverse().join("."));
+replied("OK", () => lines.enter(1, "PRETVALUTA", "6"), "Nu este introdus cursul pe ziua : " + today().split("-").reverse().join("."));
 key("Esc");
 equal(lines.cell(1, "PRETFT"), "25,00", "unchanged");
 sql("INSERT INTO kt_val2 (COD, DATA, CURS) VALUES ('EUR', ?, 5.5)", today());
@@ -331,9 +325,7 @@ validated();
 // Another workstation prints the sale while its window is open: it can no longer be changed here.
 const fifth = newSale(["S1", "2"]);
 sql("UPDATE G_BONCASA SET LISTAT = -1 WHERE NUMFAC = ?", fifth);
-answer("OK");
-lines.enter(0, "CANT", "5");
-expectMessage("Bonul a fost trimis intre timp la casa de marcat !");
+replied("OK", () => lines.enter(0, "CANT", "5"), "Bonul a fost trimis intre timp la casa de marcat !");
 key("Esc");
 refused("cmdTiparire", "Bonul a fost tiparit pe casa de marcat. Nu mai poate fi tiparit inca odata.");
 expectLocked("here as well");

@@ -16,14 +16,10 @@ equal(w.text("cboNumarCursuri"), "5");
 check(w.isEnabled("txtCodValuta") && !w.isEnabled("txtCurs"), "currencies at first");
 shot("currencies-start");
 
-answer("OK");
-w.click("cmdAdauga");
-expectMessage("Va rugam completati codul valutei  !");
+replied("OK", () => w.click("cmdAdauga"), "Va rugam completati codul valutei  !");
 check(w.hasFocus("txtCodValuta"), "focus on the code");
 w.type("txtCodValuta", "eur");
-answer("OK");
-w.click("cmdAdauga");
-expectMessage("Acest cod de valuta exista deja ! Adaugarea nu se poate efectua !");
+replied("OK", () => w.click("cmdAdauga"), "Acest cod de valuta exista deja ! Adaugarea nu se poate efectua !");
 w.type("txtCodValuta", "USDX");
 w.type("txtDenumireValuta", "Dolar SUA, cel mai lung nume de");
 w.click("cmdAdauga");
@@ -37,9 +33,7 @@ check(!w.isEnabled("txtCodValuta") && w.isEnabled("txtCurs"), "rates now");
 equal(w.value("dteDataCurs"), "2026-03-15");
 for (const text of ["", "abc"]) {
   w.type("txtCurs", text);
-  answer("OK");
-  w.click("cmdAdauga");
-  expectMessage("Va rugam introduceti o valoare numerica !");
+  replied("OK", () => w.click("cmdAdauga"), "Va rugam introduceti o valoare numerica !");
   check(w.hasFocus("txtCurs"), "focus on the rate");
 }
 equal(rates(), []);
@@ -73,14 +67,10 @@ equal(shown.column("CURS"), ["4,9100", "4,9000"]);
 list.select(2);
 equal([w.text("lblValuta"), shown.rows()], ["USD", 0]);
 
-answer("Nu");
-w.press("grdValute", "Delete");
-expectMessage("Sunteti sigur ca doriti sa stergeti valuta cu codul : USD ?", {title: "Confirmare stergere"});
+replied("Nu", () => w.press("grdValute", "Delete"), "Sunteti sigur ca doriti sa stergeti valuta cu codul : USD ?", {title: "Confirmare stergere"});
 equal(list.rows(), 3);
 list.select(0);
-answer("Da");
-w.press("grdValute", "Delete");
-expectMessage("EUR ?");
+replied("Da", () => w.press("grdValute", "Delete"), "EUR ?");
 equal(list.column("COD"), ["LEI", "USD"]);
 equal(rates().length, 6);
 
@@ -88,8 +78,6 @@ for (const code of ["LEI", "USD"]) sql("DELETE FROM kt_val WHERE COD = ?", code)
 w.press("grdValute", "F5");
 equal(w.text("lblValuta"), "");
 w.type("txtCurs", "1");
-answer("OK");
-w.click("cmdAdauga");
-expectMessage("Va rugam selectati un cod de valuta !");
+replied("OK", () => w.click("cmdAdauga"), "Va rugam selectati un cod de valuta !");
 noMessage();
 shot("currencies-empty");

@@ -41,18 +41,12 @@ shot("discounts-empty");
 // The checks, in order; nothing is stored until all pass.
 for (const typed of [["", "", ""], ["1", "10", ""], ["5", "4", ""]]) {
   fill(...typed);
-  answer("OK");
-  form.click("cmdSalvare");
-  expectMessage("Trebuie sa completati toate valorile", { icon: "" });
+  replied("OK", () => form.click("cmdSalvare"), "Trebuie sa completati toate valorile", { icon: "" });
 }
 fill("5", "4", "2");
-answer("OK");
-form.click("cmdSalvare");
-expectMessage("Cantitatea maxima nu poate fi mai mica decat cantitatea minima!");
+replied("OK", () => form.click("cmdSalvare"), "Cantitatea maxima nu poate fi mai mica decat cantitatea minima!");
 check(form.hasFocus("txtCantMax"));
-answer("OK");
-form.type("txtDiscount", "cinci");
-expectMessage("Valoarea trebuie sa fie numerica");
+replied("OK", () => form.type("txtDiscount", "cinci"), "Valoarea trebuie sa fie numerica");
 check(form.hasFocus("txtDiscount"));
 form.type("txtDiscount", "5");
 equal([list.rows(), ofArticle("S8")], [0, []]);
@@ -65,9 +59,7 @@ form.click("cmdAdaugare");
 equal(shown(), ["1 10 5%", "11 NOU NOU"]);
 equal([boxes(), form.isEnabled("txtCantMin")], [["11", "", ""], false]);
 shot("discounts-new");
-answer("OK");
-form.click("cmdAdaugare");
-expectMessage("Trebuie sa completati toate valorile");
+replied("OK", () => form.click("cmdAdaugare"), "Trebuie sa completati toate valorile");
 equal(shown().length, 2);
 fill(null, "20", "7,5");
 form.press("txtDiscount", "Enter");
@@ -78,13 +70,9 @@ shot("discounts-two");
 list.select(0);
 equal([boxes(), form.isEnabled("txtCantMin")], [["1", "10", "5"], false]);
 fill(null, "12", "6");
-answer("OK");
-form.click("cmdSalvare");
-expectMessage("Nu puteti modifica cantitatea maxima!");
+replied("OK", () => form.click("cmdSalvare"), "Nu puteti modifica cantitatea maxima!");
 equal(ofArticle("S8"), ["1 10 5", "11 20 7.5"]);
-answer("OK");
-form.click("cmdSterge");
-expectMessage("Trebuie sa selecati ultimul din lista!");
+replied("OK", () => form.click("cmdSterge"), "Trebuie sa selecati ultimul din lista!");
 fill(null, "10", "6");
 form.click("cmdSalvare");
 equal(ofArticle("S8"), ["1 10 6", "11 20 7.5"]);
@@ -114,13 +102,9 @@ shot("discounts-family");
 sql("INSERT INTO \"Articole - Discounturi\" (CODArticol, CantMin, CantMax, Discount) VALUES ('S10', 1, 3, 50), ('A1', 1, 3, 40)");
 const question = "Daca salvati discounturi pe familie - vor fi sterse discounturile setate \r\n" +
   "anterior pentru fiecare produs. Sunteti sigur ca vreti salvati?";
-answer("Nu");
-form.click("cmdAplica");
-expectMessage(question, { buttons: ["Da", "Nu"] });
+replied("Nu", () => form.click("cmdAplica"), question, { buttons: ["Da", "Nu"] });
 equal(ofArticle("S10"), ["1 3 50"]);
-answer("Da");
-form.click("cmdAplica");
-expectMessage(question);
+replied("Da", () => form.click("cmdAplica"), question);
 equal([ofArticle("S8"), ofArticle("S10"), ofArticle("A1")],
       [["1 10 5", "11 20 7.5"], ["1 10 5", "11 20 7.5"], ["1 3 40"]]);
 
@@ -140,9 +124,7 @@ tree.select("Adeziv (A1)");
 form.click("cmdAdaugare");
 sql("INSERT INTO \"Articole - Discounturi\" (CODArticol, CantMin, CantMax, Discount) VALUES ('A1', 4, 9, 30)");
 fill(null, "8", "1");
-answer("OK");
-form.click("cmdSalvare");
-expectMessage("Discounturile au fost modificate intre timp de alt utilizator.");
+replied("OK", () => form.click("cmdSalvare"), "Discounturile au fost modificate intre timp de alt utilizator.");
 equal([shown(), ofArticle("A1")], [["1 3 40%", "4 9 30%"], ["1 3 40", "4 9 30"]]);
 
 // A new window each time.

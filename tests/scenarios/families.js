@@ -15,9 +15,7 @@ check(w.items("cboCont(0)").some(item => item[0] === "6"), "goods in stock may p
 check(w.isReadOnly("txtCod"), "the code is only shown");
 
 const refused = (text, control) => {
-  answer("OK");
-  w.click("cmdAdauga");
-  expectMessage(text);
+  replied("OK", () => w.click("cmdAdauga"), text);
   check(w.hasFocus(control), "focus on " + control);
   equal(families().length, 0);
 };
@@ -58,9 +56,7 @@ grid.select(0);
 equal(boxes.map(box => w.text(box)), ["1", "Mobila", "371", "607", "707", "345"]);
 shot("families-card");
 w.type("txtDenumire", "");
-answer("OK");
-w.click("CommandButton1");
-expectMessage("Va rugam introduceti denumirea");
+replied("OK", () => w.click("CommandButton1"), "Va rugam introduceti denumirea");
 w.type("txtDenumire", "Mobila de birou, scaune si alte lucruri");
 pick(3, "341");
 w.click("CommandButton1");
@@ -74,12 +70,8 @@ w.click("cmdAdauga");
 equal([families().length, families()[0].DENUMIRE, w.text("txtCod")], [1, "Scaune", ""]);
 
 grid.select(0);
-answer("Nu");
-w.click("cmdSterge");
-expectMessage("Sunteti sigur ca doriti sa stergeti familia de articole cu codul : 1 ?", {title: "Confirmare stergere"});
+replied("Nu", () => w.click("cmdSterge"), "Sunteti sigur ca doriti sa stergeti familia de articole cu codul : 1 ?", {title: "Confirmare stergere"});
 equal([families().length, w.text("txtCod")], [1, "1"]);
-answer("Da");
-w.click("cmdSterge");
-expectMessage("1 ?");
+replied("Da", () => w.click("cmdSterge"), "1 ?");
 equal([families().length, w.text("txtCod")], [0, ""]);
 noMessage();

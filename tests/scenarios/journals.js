@@ -22,9 +22,7 @@ shot("journals-start");
 w.press("grdDataGrid", "Insert");
 equal(w.text("txtCodJurnal"), "");
 const refused = (text, control) => {
-  answer("OK");
-  w.click("cmdAdauga");
-  expectMessage(text);
+  replied("OK", () => w.click("cmdAdauga"), text);
   check(w.hasFocus(control), "focus on " + control);
 };
 refused("Va rugam completati codul jurnalului  !", "txtCodJurnal");
@@ -64,9 +62,7 @@ equal([journal("JX").TIP, journal("JX").FEL, journal("JX").CONT], ["V", 19, "401
 
 const cellRefused = (column, text, expected, more) => {
   const before = grid.cell(at, column);
-  answer("OK");
-  equal(grid.enter(at, column, text), false, column);
-  expectMessage(expected, more);
+  replied("OK", () => equal(grid.enter(at, column, text), false, column), expected, more);
   equal(grid.cell(at, column), before);
 };
 cellRefused("CONT", "40", "Introduceti un cont format din minim 3 caractere !");
@@ -85,9 +81,7 @@ shot("journals");
 
 sql("INSERT INTO kt_linii (NDI, NRLINIE, JURNAL, CONT, DEBIT, CREDIT) VALUES (1, 1, 'JX', '5311', 1, 0)");
 answer("Da");
-answer("OK");
-w.click("cmdSterge");
-expectMessage("Sunteti sigur ca doriti sa stergeti jurnalul cu codul : JX ?", {title: "Confirmare stergere"});
+replied("OK", () => w.click("cmdSterge"), "Sunteti sigur ca doriti sa stergeti jurnalul cu codul : JX ?", {title: "Confirmare stergere"});
 expectMessage("Jurnalul nu se poate sterge deoarece este utilizat in Inregistrari !");
 sql("DELETE FROM kt_linii");
 // Deleted while it is being changed: the typed values remain on the card, but are not stored.
@@ -100,9 +94,7 @@ equal(sql("SELECT COUNT(*) AS N FROM kt_jur WHERE TITLU = 'Alt titlu'")[0].N, 0)
 grid.select(0);
 const next = w.text("txtCodJurnal");
 
-answer("Da");
-w.click("cmdSterge");
-expectMessage(next + " ?");
+replied("Da", () => w.click("cmdSterge"), next + " ?");
 equal(grid.rows(), total - 1);
 noMessage();
 

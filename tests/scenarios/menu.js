@@ -61,9 +61,7 @@ about.click("cmdOK");
 check(!isOpen("frmAbout"));
 
 // Without the help file the command shows a message.
-answer("OK");
-menu("mnuHelpContents");
-expectMessage("No help file!!! ", { title: "Velmar", icon: "" });
+replied("OK", () => menu("mnuHelpContents"), "No help file!!! ", { title: "Velmar", icon: "" });
 
 // A yes/no box can only be closed with its buttons.
 menu("mnuCreare");
@@ -92,9 +90,8 @@ const sets = [[0, ["OK"], [1]], [1, ["OK", "Anulare"], [1, 2]],
               [4, ["Da", "Nu"], [6, 7]], [5, ["Reincearca", "Anulare"], [4, 2]]];
 for (const [set, captions, results] of sets) {
   captions.forEach((caption, i) => {
-    answer(caption);
-    equal(call("Mesaj", "Text", set + 64, ""), results[i]);
-    expectMessage("Text", { title: "Velmar", icon: "information", buttons: captions });
+    replied(caption, () => equal(call("Mesaj", "Text", set + 64, ""), results[i]),
+            "Text", { title: "Velmar", icon: "information", buttons: captions });
     call("Mesaj", "Text", set + 256 * i, "Titlu");
     equal([win("frmMsgBox").title(), win("frmMsgBox").hasFocus(`cmdBtn(${i})`)], ["Titlu", true]);
     win("frmMsgBox").click("cmdBtn(0)");

@@ -33,9 +33,7 @@ form.click("CheckDeviza");
 equal(ways(), [true, false]);
 
 function run(message) {
-  answer("OK");
-  form.click("cmdOK");
-  expectMessage(message, { icon: "" });
+  replied("OK", () => form.click("cmdOK"), message, { icon: "" });
 }
 
 // The choice of articles is checked first, then the percentage.
@@ -49,9 +47,7 @@ key("Esc");
 check(form.hasFocus("cboFamilie"), "its list was open");
 form.pick("cboFamilie", "1-Suruburi");
 run("Va rugam introduceti adaosul comercial");
-answer("OK");
-form.type("TextAdaos", "x");
-expectMessage("Valoarea trebuie sa fie numerica");
+replied("OK", () => form.type("TextAdaos", "x"), "Valoarea trebuie sa fie numerica");
 equal(prices("S8"), [0, 0, 0, 10]);
 
 // 2.675 x 1.3333 = 3.5665775, with VAT 4.244227225; 1.5 x 1.3333 = 1.99995.

@@ -112,9 +112,7 @@ w.type("TextMarja", "20");
 check(lines.colour(0, "PRETFT").text != "#ff0000", "within the margin of 20");
 w.type("TextMarja", "9.9");
 equal(lines.colour(1, "PRETFT").text, "#ff0000", "11 is beyond a margin of 9.9");
-answer("OK");
-w.type("TextMarja", "x");
-expectMessage("Va rog introduceti o valoare numerica");
+replied("OK", () => w.type("TextMarja", "x"), "Va rog introduceti o valoare numerica");
 w.type("TextMarja", "10");
 w.set("CheckTVAINC", true);
 validated();
@@ -126,9 +124,8 @@ equal(sql("SELECT CODART, STOC, COST FROM G_ARTMAG WHERE CODART IN ('A1', 'N1') 
 
 // A return is a negative line: refused beyond the stock and without the invoice's key.
 newInvoice("3", "", ["A1", "4", "12"]);
-answer("OK");
-equal(lines.enter(0, "CANT", "-2"), false, "more than there is");
-expectMessage("Cantitatea din Stoc este mai mica decat cea de pe factura! Stornarea nu se poate efectua !");
+replied("OK", () => equal(lines.enter(0, "CANT", "-2"), false, "more than there is"),
+        "Cantitatea din Stoc este mai mica decat cea de pe factura! Stornarea nu se poate efectua !");
 key("Esc");
 answer("OK");
 equal(lines.enter(0, "CANT", "-1"), false, "without an invoice");

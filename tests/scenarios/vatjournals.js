@@ -52,19 +52,13 @@ has(flat(printed()[0]), " 102 ");
 // Invalid numbers, and a period without documents.
 for (const wrong of ["0", "1.5", "40000"]) {
   w.type("txtNRC", wrong);
-  answer("OK");
-  w.click("cmdCalcul");
-  expectMessage("Numarul curent de inceput trebuie sa fie un numar intreg intre 1 si 32767");
+  replied("OK", () => w.click("cmdCalcul"), "Numarul curent de inceput trebuie sa fie un numar intreg intre 1 si 32767");
   check(w.hasFocus("txtNRC"), "focus on the number");
 }
 w.type("txtNRC", "");
 w.set("DTPickerdela", year + "-06-01");
-answer("OK");
-w.click("cmdCalcul");
-expectMessage("Nu exista inregistrari in perioada 01/06/" + year + " - 31/12/" + year);
-answer("OK");
-w.click("cmdVisualizare");
-expectMessage("Nu exista inregistrari");
+replied("OK", () => w.click("cmdCalcul"), "Nu exista inregistrari in perioada 01/06/" + year + " - 31/12/" + year);
+replied("OK", () => w.click("cmdVisualizare"), "Nu exista inregistrari");
 equal(sql("SELECT COUNT(*) AS N FROM kt_jvt")[0].N, 3, "the last calculation is kept");
 equal(printed(), []);
 w.click("cmdAnulare");

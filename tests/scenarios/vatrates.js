@@ -15,15 +15,11 @@ shot("vatrates");
 
 for (const percent of ["", "noua"]) {
   w.type("txtProcent", percent);
-  answer("OK");
-  w.click("cmdAdauga");
-  expectMessage("Va rugam introduceti o valoare numerica pentru cota TVA !");
+  replied("OK", () => w.click("cmdAdauga"), "Va rugam introduceti o valoare numerica pentru cota TVA !");
   check(w.hasFocus("txtProcent"), "focus on the percent");
 }
 w.type("txtProcent", "9,5");
-answer("OK");
-w.click("cmdAdauga");
-expectMessage("Va rugam selectati un cont corespunzator (minim 3 caractere) !");
+replied("OK", () => w.click("cmdAdauga"), "Va rugam selectati un cont corespunzator (minim 3 caractere) !");
 equal(rates().length, 2);
 w.pick("cboCont", "4426.9-TVA de test");
 w.click("cmdAdauga");
@@ -31,13 +27,9 @@ equal(rates()[2], {COD: 3, CONT: "4426.9", PROCENT: 9.5});
 equal([w.text("txtProcent"), w.text("cboCont")], ["", ""]);
 
 grid.select(2);
-answer("Nu");
-w.click("cmdSterge");
-expectMessage("Sunteti sigur ca doriti sa stergeti cota TVA : 3 - 9,5% ?", {title: "Confirmare stergere"});
+replied("Nu", () => w.click("cmdSterge"), "Sunteti sigur ca doriti sa stergeti cota TVA : 3 - 9,5% ?", {title: "Confirmare stergere"});
 equal(rates().length, 3);
-answer("Da");
-w.click("cmdSterge");
-expectMessage("3 - 9,5% ?");
+replied("Da", () => w.click("cmdSterge"), "3 - 9,5% ?");
 equal(rates().length, 2);
 w.close();
 
@@ -49,8 +41,6 @@ check(w.items("cboCont").some(item => item.startsWith("707")), "accounts of the 
 const short = w.items("cboCont").find(item => item.startsWith("44-"));
 w.type("txtProcent", "5");
 w.pick("cboCont", short);
-answer("OK");
-w.click("cmdAdauga");
-expectMessage("Va rugam selectati un cont corespunzator (minim 3 caractere) !");
+replied("OK", () => w.click("cmdAdauga"), "Va rugam selectati un cont corespunzator (minim 3 caractere) !");
 equal(rates().length, 2);
 noMessage();

@@ -7,9 +7,7 @@ equal(w.text("Text1"), "1");
 w.click("cmdAdauga");
 equal(w.text("Text1"), "");
 check(w.hasFocus("txtNume"), "focus");
-answer("OK");
-w.click("cmdAdauga");
-expectMessage("Va rugam specificati denumirea magaziei!", {title:"Atentie"});
+replied("OK", () => w.click("cmdAdauga"), "Va rugam specificati denumirea magaziei!", {title:"Atentie"});
 w.type("txtNume", "De'pozit");
 equal(w.items("cboJurnal").length > 0, true);
 w.pick("cboJurnal", w.items("cboJurnal")[0]);
@@ -20,9 +18,7 @@ w.type("txtNume", "Depozit mare");
 key("Esc");
 equal(w.text("txtNume"), "Depozit");
 w.type("txtNume", "MAGAZIE 1");
-answer("OK");
-w.click("cmdSalvare");
-expectMessage("Magazia cu denumirea MAGAZIE 1 exista deja !");
+replied("OK", () => w.click("cmdSalvare"), "Magazia cu denumirea MAGAZIE 1 exista deja !");
 check(w.hasFocus("txtNume"), "focus on the name");
 for (const name of ["DEPOZIT", "Depozit mare"]) {
   w.type("txtNume", name);
@@ -30,9 +26,7 @@ for (const name of ["DEPOZIT", "Depozit mare"]) {
   equal(sql("SELECT DENUMIRE FROM G_MULTIMAGAZIE WHERE COD = 2")[0].DENUMIRE, name);
 }
 equal(w.grid("grdDataGrid").column("DENUMIRE"), ["Depozit mare", "Magazie 1"]);
-answer("Da");
-w.click("cmdSterge");
-expectMessage("Sunteti sigur ca doriti sa stergeti articolul : Depozit mare ?");
+replied("Da", () => w.click("cmdSterge"), "Sunteti sigur ca doriti sa stergeti articolul : Depozit mare ?");
 equal(w.grid("grdDataGrid").rows(), 1);
 w.press("txtNume", "Esc");
 check(!isOpen("frmMagazii"), "closed");
