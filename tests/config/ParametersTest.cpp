@@ -140,32 +140,24 @@ TEST_F(Parameters, TheCostMethodIsChosenOnce) {
 TEST_F(Parameters, FiscalYearsMustBeConsistent) {
   const QString kept = "2026-01-01";
   const QString tail = " ! Salvarea nu se poate efectua ! [Validare, 0]";
-  EXPECT_EQ(
-      refusedDates({"2026-12-31", "2026-01-01", "2025-01-01", "2024-12-31", "2026-01-01", "2025-12-31"}),
-      "DATAIN: Data de inceput a exercitiului trebuie sa fie mai mica decat data de sfarsit" + tail)
-      << "the first of several faults";
-  EXPECT_EQ(
-      refusedDates({"2026-01-01", "2026-12-31", "2026-12-31", "2027-12-31", "2026-01-01", "2026-12-31"}),
-      "DATAIN1: Data de inceput a exercitiului N+1 trebuie sa fie mai mare decat data de sfarsit a "
-      "exercitiului N" +
-          tail);
-  EXPECT_EQ(
-      refusedDates({"2026-01-01", "2026-12-31", "2027-01-01", "2026-12-31", "2026-01-01", "2026-12-31"}),
-      "DATAIN1: Data de inceput a exercitiului N+1 trebuie sa fie mai mica decat data de sfarsit" + tail);
-  EXPECT_EQ(
-      refusedDates({"2026-01-01", "2026-12-31", "2027-01-01", "2027-12-31", "2026-03-02", "2026-03-01"}),
-      "DATAIC: Data de inceput a perioadei de culegere trebuie sa fie mai mica decat data de sfarsit" + tail);
-  EXPECT_EQ(
-      refusedDates({"2026-01-01", "2026-12-31", "2027-01-01", "2027-12-31", "2025-12-31", "2026-03-01"}),
-      "DATAIC: Perioada de culegere trebuie sa fie cuprinsa in exercitiul N,N+1" + tail);
-  EXPECT_EQ(
-      refusedDates({"2026-01-01", "2026-12-31", "2027-01-01", "2027-12-31", "2026-01-01", "2028-01-01"}),
-      "DATASC: Perioada de culegere trebuie sa fie cuprinsa in exercitiul N, N+1" + tail);
-  EXPECT_EQ(
-      refusedDates({"2026-01-01", "2026-12-31", "2027-01-02", "2027-12-31", "2026-01-01", "2026-12-31"}),
-      "DATAIN1: Data de inceput a exercitiului N+1 trebuie sa fie ziua urmatoare datei de sfarsit a "
-      "exercitiului N" +
-          tail);
+  const QString start = "Data de inceput a ", n = "exercitiului N",
+                smaller = " trebuie sa fie mai mica decat data de sfarsit";
+  const QString y26a = kept, y26z = "2026-12-31", y27a = "2027-01-01", y27z = "2027-12-31";
+  const std::pair<QStringList, QString> cases[] = {
+      {{y26z, y26a, "2025-01-01", "2024-12-31", y26a, "2025-12-31"},  // the first of several faults
+       "DATAIN: " + start + "exercitiului" + smaller},
+      {{y26a, y26z, y26z, y27z, y26a, y26z},
+       "DATAIN1: " + start + n + "+1 trebuie sa fie mai mare decat data de sfarsit a " + n},
+      {{y26a, y26z, y27a, y26z, y26a, y26z}, "DATAIN1: " + start + n + "+1" + smaller},
+      {{y26a, y26z, y27a, y27z, "2026-03-02", "2026-03-01"},
+       "DATAIC: " + start + "perioadei de culegere" + smaller},
+      {{y26a, y26z, y27a, y27z, "2025-12-31", "2026-03-01"},
+       "DATAIC: Perioada de culegere trebuie sa fie cuprinsa in exercitiul N,N+1"},
+      {{y26a, y26z, y27a, y27z, y26a, "2028-01-01"},
+       "DATASC: Perioada de culegere trebuie sa fie cuprinsa in exercitiul N, N+1"},
+      {{y26a, y26z, "2027-01-02", y27z, y26a, y26z},
+       "DATAIN1: " + start + n + "+1 trebuie sa fie ziua urmatoare datei de sfarsit a " + n}};
+  for (const auto& [dates, text] : cases) EXPECT_EQ(refusedDates(dates), text + tail);
   EXPECT_EQ(storedParameters().date("DATAIN").toString(Qt::ISODate), kept);
 
   // Limits that are just valid: years of one day, a period up to the last day of year N+1.
@@ -178,32 +170,25 @@ TEST_F(Parameters, FiscalYearsMustBeConsistent) {
 }
 
 TEST_F(Parameters, ADateWarnsOnlyOfItself) {
+  const QString smaller = " trebuie sa fie mai mica decat data de ",
+                larger = " trebuie sa fie mai mare decat data de ";
   const Row wrong =
       dates({"2026-12-31", "2026-01-01", "2025-01-01", "2024-12-31", "2023-05-02", "2023-05-01"});
-  EXPECT_EQ(fiscalYearWarning(wrong, "DATAIN"),
-            "Data de inceput a exercitiului trebuie sa fie mai mica decat data de sfarsit!");
-  EXPECT_EQ(fiscalYearWarning(wrong, "DATASN"),
-            "Data de sfarsit a exercitiului trebuie sa fie mai mare decat data de inceput!");
-  EXPECT_EQ(
-      fiscalYearWarning(wrong, "DATAIN1"),
-      "Data de inceput a exercitiului N+1 trebuie sa fie mai mare decat data de sfarsit a exercitiului N!");
-  EXPECT_EQ(fiscalYearWarning(wrong, "DATASN1"),
-            "Data de sfarsit trebuie sa fie mai mare decat data de inceput!");
-  EXPECT_EQ(fiscalYearWarning(wrong, "DATAIC"),
-            "Data de inceput trebuie sa fie mai mica decat data de sfarsit!");
-  EXPECT_EQ(fiscalYearWarning(wrong, "DATASC"),
-            "Data de sfarsit trebuie sa fie mai mare decat data de inceput!");
-
   const Row outside =
       dates({"2026-01-01", "2026-12-31", "2028-01-01", "2027-12-31", "2025-06-01", "2028-06-01"});
-  EXPECT_EQ(fiscalYearWarning(outside, "DATAIN"), "");
-  EXPECT_EQ(fiscalYearWarning(outside, "DATASN"), "");
-  EXPECT_EQ(fiscalYearWarning(outside, "DATAIN1"),
-            "Data de inceput trebuie sa fie mai mica decat data de sfarsit!");
-  EXPECT_EQ(fiscalYearWarning(outside, "DATAIC"),
-            "Perioada de culegere trebuie sa fie cuprinsa in exercitiul N,N+1!");
-  EXPECT_EQ(fiscalYearWarning(outside, "DATASC"),
-            "Perioada de culegere trebuie sa fie cuprinsa in exercitiul N ,N+1!");
+  const std::tuple<Row, QString, QString> cases[] = {
+      {wrong, "DATAIN", "Data de inceput a exercitiului" + smaller + "sfarsit!"},
+      {wrong, "DATASN", "Data de sfarsit a exercitiului" + larger + "inceput!"},
+      {wrong, "DATAIN1", "Data de inceput a exercitiului N+1" + larger + "sfarsit a exercitiului N!"},
+      {wrong, "DATASN1", "Data de sfarsit" + larger + "inceput!"},
+      {wrong, "DATAIC", "Data de inceput" + smaller + "sfarsit!"},
+      {wrong, "DATASC", "Data de sfarsit" + larger + "inceput!"},
+      {outside, "DATAIN", ""},
+      {outside, "DATASN", ""},
+      {outside, "DATAIN1", "Data de inceput" + smaller + "sfarsit!"},
+      {outside, "DATAIC", "Perioada de culegere trebuie sa fie cuprinsa in exercitiul N,N+1!"},
+      {outside, "DATASC", "Perioada de culegere trebuie sa fie cuprinsa in exercitiul N ,N+1!"}};
+  for (const auto& [years, column, text] : cases) EXPECT_EQ(fiscalYearWarning(years, column), text);
 }
 
 TEST_F(Parameters, ARangeIsCompleteOrEmpty) {

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <QDir>
 
-#include "config/Warehouses.h"
 #include "shell/ApplicationFolder.h"
 #include "shell/Login.h"
 #include "TestCompany.h"
@@ -50,16 +49,6 @@ class LoginTest : public testing::Test {
   QTemporaryDir place_;
 };
 
-TEST_F(LoginTest, FirstStartFindsTheTemplateAndCreatesTheFirstCompany) {
-  Login login;
-  ASSERT_TRUE(login.load());
-  EXPECT_EQ(session().gCaleBD, application());
-  EXPECT_EQ(settings::databasesPath(), application());
-  ASSERT_EQ(login.companies().size(), 1);
-  EXPECT_EQ(login.companies()[0].NUMEBD, "Tarvon01.mdb");
-  EXPECT_TRUE(existsInFolder(application(), "Tarvon01.mdb"));
-}
-
 TEST_F(LoginTest, WithoutAPathAndATemplateThereIsNoList) {
   QFile::remove(application() + "/Tarvon.mdb");
   EXPECT_FALSE(Login().load());
@@ -70,6 +59,7 @@ TEST_F(LoginTest, AFolderIsAcceptedByItsTemplateOrTheCurrentCompanysFile) {
   const QString other = makeFolder("other");
   Login login;
   ASSERT_TRUE(login.load());
+  EXPECT_EQ(settings::databasesPath(), application());
   EXPECT_FALSE(login.chooseFile(other + "/Altceva.mdb", "Tarvon01.mdb"));
   EXPECT_FALSE(login.chooseFile(other + "/Tarvon02.mdb", {}));
   EXPECT_EQ(session().gCaleBD, application());
@@ -140,19 +130,6 @@ TEST_F(LoginTest, ADatabaseThatCannotBeOpenedIsReported) {
   EXPECT_THROW(login.enter("Tarvon01.mdb", "", "admin", "admin"), StoreError);
   EXPECT_THROW(login.enter("Tarvon77.mdb", "", "admin", "admin"), StoreError);
   EXPECT_EQ(openDatabase(), nullptr);
-}
-
-TEST_F(LoginTest, AFreshCompanyGetsItsFirstWarehouseOnce) {
-  Login login;
-  login.load();
-  login.enter("Tarvon01.mdb", "SOCIETATE", "admin", "admin");
-  ExecutaSql("DELETE FROM G_MULTIMAGAZIE");
-  for (int start = 0; start < 2; ++start) {
-    const Recordset warehouses = workingWarehouses();
-    ASSERT_EQ(warehouses.size(), 1);
-    EXPECT_EQ(warehouses.first().integer("COD"), 1);
-    EXPECT_EQ(warehouses.first().text("DENUMIRE"), "Magazie 1");
-  }
 }
 
 TEST_F(LoginTest, ThePreparedFolderKeepsWhatTheUserChanged) {

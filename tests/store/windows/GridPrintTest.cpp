@@ -104,19 +104,6 @@ TEST_F(GridPrintTest, HeadingsAndTotalsRepeatOnlyAsConfigured) {
   EXPECT_EQ(count(all, "Denumire|Surub"), 0);
 }
 
-TEST_F(GridPrintTest, OnlySelectedRows) {
-  fill(500);
-  grid_.setSelectionMode(QAbstractItemView::ExtendedSelection);
-  settings_.rows = GridPrintSettings::Rows::Selected;
-  grid_.clearSelection();
-  for (const int place : {2, 3, 400})
-    grid_.selectionModel()->select(grid_.model()->index(place, 0),
-                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
-  const QString all = printed().join(QString());
-  EXPECT_EQ(count(all, "R\\d{5}"), 3);
-  EXPECT_EQ(count(all, "R00003|R00004|R00401"), 3);
-}
-
 // 35 columns of 12 characters do not fit a sheet in a legible font size.
 TEST_F(GridPrintTest, ManyColumnsAreSpreadOverPagesThatRepeatTheKey) {
   QList<GridColumn> columns;
@@ -158,25 +145,6 @@ TEST_F(GridPrintTest, NumbersAreNeverTruncated) {
   EXPECT_FALSE(all.contains("patru"));
 }
 
-TEST_F(GridPrintTest, AnotherSheetCountsThePagesAgainAndARangePrintsItsPages) {
-  fill(200);
-  GridPrint job(grid_, settings_);
-  const int portrait = job.pageCount();
-  QPageLayout layout = job.pageLayout();
-  layout.setOrientation(QPageLayout::Landscape);
-  job.setPageLayout(layout);
-  EXPECT_GT(job.pageCount(), portrait);
-  PrintTarget second;
-  second.first = second.last = 1;
-  const QString path = folder_.filePath("a doua.pdf");
-  writePdf(path, second, job, nullptr);
-  const QStringList pages = pagesOf(path);
-  ASSERT_EQ(pages.size(), 1);
-  EXPECT_TRUE(pages[0].contains(QStringLiteral("Pagina: 2 din %1").arg(job.pageCount())));
-  EXPECT_TRUE(job.pageText(1).contains("Pagina: 2"));
-  EXPECT_THROW(writePdf(folder_.filePath("lipsa/x.pdf"), {}, job, nullptr), StoreError);
-}
-
 TEST_F(GridPrintTest, TheHtmlCopyIsWrittenAtomically) {
   fill(3);
   grid_.setFooter("PRET", "3,75");
@@ -192,6 +160,7 @@ TEST_F(GridPrintTest, TheHtmlCopyIsWrittenAtomically) {
   EXPECT_TRUE(html.contains("<th class=\"n\">3,75</th>"));
   EXPECT_FALSE(html.contains("Pagina"));
   EXPECT_THROW(job.writeHtml(folder_.filePath("lipsa/Articole.htm")), StoreError);
+  EXPECT_THROW(writePdf(folder_.filePath("lipsa/x.pdf"), {}, job, nullptr), StoreError);
 }
 
 // Accepts the default options and closes the preview.
