@@ -184,7 +184,10 @@
       closeAll();
       N("start", folder);
     },
-    menu: (name) => { N("menu", name); },
+    menu(name, window) {
+      N("menu", name);
+      return window ? global.win(window) : undefined;
+    },
     menuState: (name) => N("menuState", name),
     toolbar: (name, index) => { N("toolbar", name, index); },
     win(name) {
@@ -206,6 +209,15 @@
       const result = step();
       report(N("expectMessage", text, more || {}), "the message differs");
       return result;
+    },
+    // The two steps of most scenarios on the window that `of` returns: a command with the answers to its message
+    // boxes, and a command that shows one box with that text.
+    steps(of) {
+      const press = (button, ...answers) => {
+        answers.forEach((caption) => N("answer", caption));
+        of().click(button);
+      };
+      return { press, refused: (button, text, more) => global.replied("OK", () => press(button), text, more) };
     },
     noMessage() {
       const text = N("unreadMessage");

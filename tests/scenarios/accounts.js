@@ -3,8 +3,7 @@ company();
 setToday("2026-03-15");
 const account = symbol => sql("SELECT CONT, TITLU, DEBITN, CREDITN, SOLDN, CODBUG, NeUtilizabil FROM kt_pc WHERE CONT = ?", symbol)[0];
 const total = sql("SELECT COUNT(*) AS N FROM kt_pc")[0].N;
-menu("mnumnuTabelemnuTabPC");
-let w = win("frmPC");
+let w = menu("mnumnuTabelemnuTabPC", "frmPC");
 let grid = w.grid("grdDataGrid");
 equal(w.title(), "Plan de Conturi");
 equal(grid.captions(), ["CONT", "TITLU", "DEBIT", "CREDIT", "SOLD", "Centru de cost", "Neutilizabil"]);
@@ -69,12 +68,8 @@ post(2, "2026-03-16", "4111.01", 0, 119);
 w.click("cmdActualizare");
 equal(["4111.01", "4111", "411", "41", "4"].map(symbol => account(symbol)).map(row => [row.DEBITN, row.CREDITN, row.SOLDN]),
       [[119, 0, 119], [119, 0, 119], [119, 0, 119], [119, 0, 119], [119, 19, 100]]);
-equal([account("5121").DEBITN, account("707").SOLDN], [0, -100]);
 equal(grid.cell(grid.column("CONT").indexOf("4"), "SOLDN"), "100,00");
 shot("accounts");
-w.set("DTPicker", "2026-03-14");
-w.click("cmdActualizare");
-equal(sql("SELECT COUNT(*) AS N FROM kt_pc WHERE DEBITN <> 0 OR CREDITN <> 0 OR SOLDN <> 0")[0].N, 0);
 
 const removing = (symbol, expected) => {
   grid.select(grid.column("CONT").indexOf(symbol));

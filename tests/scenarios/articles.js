@@ -5,8 +5,7 @@ company({ method: "" });
 sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (1, 'FURNIZOR UNU', 'F'), (2, 'CLIENT', 'C'), (3, 'MIXT', 'M')");
 sql("INSERT INTO G_FAMART (COD, DENUMIRE) VALUES (1, 'Mobilier'), (2, 'Textile')");
 
-menu("mnuTabeleArticole");
-let w = win("frmArticole");
+let w = menu("mnuTabeleArticole", "frmArticole");
 let grid = w.grid("grdDataGrid");
 equal(w.tabs(), ["Lista Articole", "Articol Detalii"]);
 equal(w.text("LabelNRINREG"), "0");
@@ -218,8 +217,7 @@ sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (1, 'FURNIZOR UNU', 'F')");
 sql("INSERT INTO G_FAMART (COD, DENUMIRE) VALUES (1, 'Aparate')");
 sql("INSERT INTO G_ARTMAG (CODART, DENART, FAMART, UM, CODFURNIZO, COTATVA, COST, STOC, PretVanzare, CompensareCAS) " +
     "VALUES ('H1', 'Aparat retroauricular', 1, 'Buc', 1, 19, 100, 1, 900, 350.5)");
-menu("mnuTabeleArticole");
-w = win("frmArticole");
+w = menu("mnuTabeleArticole", "frmArticole");
 equal(w.grid("grdDataGrid").cell(0, "DiferentaPacient"), "549,50");
 w.tab("Articol Detalii");
 equal(w.text("txtDiferenta"), "549,50");

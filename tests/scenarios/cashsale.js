@@ -23,10 +23,7 @@ function seed() {
 
 let w, lines;
 
-function press(button, ...answers) {
-  answers.forEach((caption) => answer(caption));
-  w.click(button);
-}
+const {press} = steps(() => w);
 
 function refused(button, text, more) {
   press(button, "OK");
@@ -38,8 +35,7 @@ function register(letter) {
   sql("UPDATE kt_par SET CASAMARCAT = ?, CASAMARCAT_Nr = 20", letter);
   call("InitParaSoc");
   if (w) w.close();
-  menu("mnuCasa");
-  w = win("frmGrilaCS");
+  w = menu("mnuCasa", "frmGrilaCS");
   lines = w.grid("TDBGrid1");
 }
 
@@ -52,8 +48,7 @@ function newSale(...articles) {
 }
 
 function validated() {
-  press("cmdValidare", "OK");
-  expectMessage("Bonul a fost salvat cu succes in Articole si Documente !", {title: "Confirmare salvare"});
+  replied("OK", () => w.click("cmdValidare"), "Bonul a fost salvat cu succes in Articole si Documente !", {title: "Confirmare salvare"});
   noMessage();
 }
 
@@ -104,8 +99,7 @@ w.click("cmdFacturaNoua");
 equal([w.text("txtFields(0)"), w.isReadOnly("txtFields(0)")], ["41", true], "after the numbers of the ledger");
 equal(sql("SELECT NUMFAC, CODCLI, MODREG, VALIDAT, LISTAT FROM G_BONCASA"),
       [{NUMFAC: "41", CODCLI: 4, MODREG: 1, VALIDAT: 0, LISTAT: 0}], "a draft before its first line");
-press("cmdSterge", "Da");
-expectMessage("Sunteti sigur ca doriti sa stergeti bonul 41 ?");
+replied("Da", () => w.click("cmdSterge"), "Sunteti sigur ca doriti sa stergeti bonul 41 ?");
 sql("DELETE FROM G_DOCUME WHERE ID = 'BS40'");
 sql("INSERT INTO G_BONCASA (NUMFAC, VALIDAT, DATAFAC, CODCLI, Magazie) VALUES ('41', 0, ?, 4, 9)", today());
 w.click("cmdSalvare");
@@ -184,8 +178,7 @@ for (const [letter, name] of [["D", "DATECS"], ["P", "PARTNER"], ["A", "ACTIVA"]
   register(letter);
   w.grid("TDBGrid2").select(0);
   equal(w.text("txtFields(0)"), first, "the draft");
-  press("cmdTiparire", "OK");
-  expectMessage("Programul de comunicatie cu casa de marcat " + name + " nu este instalat");
+  replied("OK", () => w.click("cmdTiparire"), "Programul de comunicatie cu casa de marcat " + name + " nu este instalat");
   check(onPaper().includes("Marfa intai"), "on an ordinary printer instead");
   equal(w.text("txtFields(0)"), String(Number(first) + 1), "a new sale");
   equal(marks(first), [0, 0, 0], "not printed");
@@ -283,11 +276,9 @@ refused("cmdSterge", "Bonul a fost trimis la casa de marcat si nu se stie daca a
 register("A");
 w.grid("TDBGrid2").select(0);
 expectLocked("found again");
-press("cmdTiparire", "Anulare");
-expectMessage(question);
+replied("Anulare", () => w.click("cmdTiparire"), question);
 equal([marks(third), isOpen("frmAsteptare")], [[0, 1, 0], false], "nothing sent");
-press("cmdTiparire", "Nu");
-expectMessage(question);
+replied("Nu", () => w.click("cmdTiparire"), question);
 equal(marks(third), [0, 2, 0], "the second attempt");
 answer("Nu");
 answer("OK");

@@ -25,16 +25,7 @@ function receipt(number, article, quantity, price) {
 
 let w, lines;
 
-// Presses a command and answers each message box in turn.
-function press(button, ...answers) {
-  answers.forEach((caption) => answer(caption));
-  w.click(button);
-}
-
-function refused(button, text, more) {
-  press(button, "OK");
-  expectMessage(text, more);
-}
+const {press, refused} = steps(() => w);
 
 function newVoucher(number, ...articles) {
   w.click("cmdFacturaNoua");
@@ -49,8 +40,7 @@ function newVoucher(number, ...articles) {
 function opened(options) {
   company(options);
   seed();
-  menu("mnuBonConsum");
-  w = win("frmGRILABonConsum");
+  w = menu("mnuBonConsum", "frmGRILABonConsum");
   lines = w.grid("TDBGrid1");
 }
 
@@ -139,8 +129,7 @@ equal(sql("SELECT CODART, STOC FROM G_ARTMAG WHERE CODART > 'A1' ORDER BY CODART
       [{CODART: "A2", STOC: 2}, {CODART: "S1", STOC: 5}], "what keeps no stock keeps its figure");
 
 newVoucher("14", ["A1", "1"]);
-press("cmdSterge", "Da");
-expectMessage("Sunteti sigur ca doriti sa stergeti avizul 14 ?", {title: "Confirmare stergere"});
+replied("Da", () => w.click("cmdSterge"), "Sunteti sigur ca doriti sa stergeti avizul 14 ?", {title: "Confirmare stergere"});
 equal(sql("SELECT NUMAE FROM G_LBONCON WHERE NUMAE = '14'"), [], "lines gone");
 
 // The average method: the ledger has the line's price, the note uses the current cost.

@@ -24,15 +24,7 @@ function seed() {
 
 let w, lines;
 
-function press(button, ...answers) {
-  answers.forEach((caption) => answer(caption));
-  w.click(button);
-}
-
-function refused(button, text, more) {
-  press(button, "OK");
-  expectMessage(text, more);
-}
+const {press, refused} = steps(() => w);
 
 function opened(options) {
   company(options);
@@ -67,8 +59,7 @@ const cells = (row, ...columns) => columns.map((column) => lines.cell(row, colum
 // The choice of the source, and the single window after it.
 opened({method: "FIFO"});
 check(w.isVisible("fraAvize") && !w.isVisible("fraComenzi"), "notes");
-menu("mnuVanzFactura");
-const choice = win("frmGrilaFC2");
+const choice = menu("mnuVanzFactura", "frmGrilaFC2");
 equal([choice.title(), choice.tooltip("cmdAE"), choice.tooltip("cmdCC")],
       ["Alegere document sursa pentru factura", "Creare Facturi din Avize de Expeditie sau Direct",
        "Creare Facturi din Comenzi Client sau Direct"], "the choice");
@@ -124,14 +115,14 @@ w.type("txtFields(0)", "");
 w.type("TextPalet", "P 1");
 w.type("txtFields(2)", "");
 w.type("TxtJNL", "");
-const steps = [["Pentru acest palet a fost deja emisa factura de vanzare. ", () => w.type("TextPalet", "")],
+const order = [["Pentru acest palet a fost deja emisa factura de vanzare. ", () => w.type("TextPalet", "")],
                ["Va rugam completati numarul facturii ! Salvarea nu se poate efectua !", () => w.type("txtFields(0)", "1")],
                ["Va rugam completati codul clientului ! Salvarea nu se poate efectua !", () => w.pick("DataCombo1", "CLIENT DOI SRL")],
                ["Va rugam selectati jurnalul ! Salvarea nu se poate efectua !", () => w.type("TxtJNL", " ")],
                ["Va rugam selectati o Cota TVA ! Salvarea nu se poate efectua !", () => w.type("txtFields(2)", "99")],
                ["Va rugam selectati o Cota TVA ! Salvarea nu se poate efectua !", () => w.pick("cboTVA", "4427-19")],
                ["Factura cu acest numar exista deja ! Salvarea nu se poate efectua !", () => w.type("txtFields(0)", "2")]];
-for (const [text, correct] of steps) {
+for (const [text, correct] of order) {
   refused("cmdSalvare", text, {icon: "critical"});
   correct();
 }
@@ -241,12 +232,11 @@ noMessage();
 equal([w.text("txtFields(0)"), w.isReadOnly("txtFields(0)")], ["100", true], "the first of the range");
 w.pick("DataCombo1", "CLIENT DOI SRL");
 w.click("cmdSalvare");
-press("cmdFacturaNoua", "OK");
-expectMessage("Atentie! Mai sunt 50 facturi pana la epuizarea plajei de valori.");
+refused("cmdFacturaNoua", "Atentie! Mai sunt 50 facturi pana la epuizarea plajei de valori.");
 equal(w.text("txtFields(0)"), "101", "the next");
 sql("UPDATE G_FACCLI SET NUMFAC = '150' WHERE NUMFAC = '100'");
-press("cmdFacturaNoua", "OK");
-expectMessage("Atentie! S-a depasit plaja de valori pentru facturi. Inlocuiti setul de tipizate, apoi introduceti noua plaja de valori.");
+refused("cmdFacturaNoua",
+        "Atentie! S-a depasit plaja de valori pentru facturi. Inlocuiti setul de tipizate, apoi introduceti noua plaja de valori.");
 equal([w.text("txtFields(0)"), w.isReadOnly("txtFields(0)")], ["", false], "the numbers are typed from here on");
 // A refused field keeps its document on screen.
 answer("OK");

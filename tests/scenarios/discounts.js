@@ -12,8 +12,7 @@ function stored(table, owner, code) {
 const ofArticle = (code) => stored("Articole - Discounturi", "CODArticol", code);
 const ofFamily = (code) => stored("Familii Articole - Discounturi", "CODFamilie", code);
 
-menu("mnuDiscounturiArt");
-const form = win("frmArticoleDiscount");
+const form = menu("mnuDiscounturiArt", "frmArticoleDiscount");
 equal(form.title(), "Discount pe articol");
 check(!form.isVisible("frmDiscounturi"), "nothing is selected at first");
 shot("discounts-start");
@@ -39,10 +38,8 @@ equal(list.columns(), ["CantMin", "CantMax", "Discount"]);
 shot("discounts-empty");
 
 // The checks, in order; nothing is stored until all pass.
-for (const typed of [["", "", ""], ["1", "10", ""], ["5", "4", ""]]) {
-  fill(...typed);
-  replied("OK", () => form.click("cmdSalvare"), "Trebuie sa completati toate valorile", { icon: "" });
-}
+fill("1", "10", "");
+replied("OK", () => form.click("cmdSalvare"), "Trebuie sa completati toate valorile", { icon: "" });
 fill("5", "4", "2");
 replied("OK", () => form.click("cmdSalvare"), "Cantitatea maxima nu poate fi mai mica decat cantitatea minima!");
 check(form.hasFocus("txtCantMax"));
@@ -69,9 +66,6 @@ shot("discounts-two");
 // The end of a band with a successor cannot change, its discount can. Only the last band can be deleted.
 list.select(0);
 equal([boxes(), form.isEnabled("txtCantMin")], [["1", "10", "5"], false]);
-fill(null, "12", "6");
-replied("OK", () => form.click("cmdSalvare"), "Nu puteti modifica cantitatea maxima!");
-equal(ofArticle("S8"), ["1 10 5", "11 20 7.5"]);
 replied("OK", () => form.click("cmdSterge"), "Trebuie sa selecati ultimul din lista!");
 fill(null, "10", "6");
 form.click("cmdSalvare");
@@ -107,11 +101,6 @@ equal(ofArticle("S10"), ["1 3 50"]);
 replied("Da", () => form.click("cmdAplica"), question);
 equal([ofArticle("S8"), ofArticle("S10"), ofArticle("A1")],
       [["1 10 5", "11 20 7.5"], ["1 10 5", "11 20 7.5"], ["1 3 40"]]);
-
-// Discounts in sales: whole percentages, 0 outside the bands; 7.5 is rounded to the even 8.
-equal([0, 1, 10, 11, 20, 21].map((quantity) => call("DiscountArticol", "S8", quantity)), [0, 5, 5, 8, 8, 0]);
-sql('INSERT INTO "Terti - Discounturi" (CODTert, Discount) VALUES (4, 2.5)');
-equal([call("DiscountTert", 4), call("DiscountTert", 5)], [2, 0]);
 
 // The search finds an article by its code and shows it in its family.
 form.pick("cboCautare", "Adeziv (A1)");

@@ -231,8 +231,7 @@ sql("INSERT INTO G_FACFUR (NUMFAC, CODFUR, BATVA1, DATAFAC, OBS, Magazie, VALIDA
     "(SELECT MIN(COD) FROM kt_cote WHERE PROCENT = 19), ?, 'Lot de primavara', 1, 0, ' ')", today());
 sql("INSERT INTO G_LFACFU (NUMFAC, NRLINIE, CODART, DENUMIRE, UM, CANT, PRETFT, VALOAREFT, VALOARETVA, VALOARETTI, PRETVA) VALUES " +
     "('F9', 1, 'M1', 'Marfa intai', 'Buc', 12, 8.25, 99, 18.81, 117.81, 20)");
-menu("mnuCumpFactura");
-const bought = win("frmGrilaFF");
+const bought = menu("mnuCumpFactura", "frmGrilaFF");
 bought.grid("TDBGrid2").select(0);
 bought.click("cmdTiparire");
 text = listed("frmLstNIR_FF", "Listare NIR pentru Factura ", "NIR_FF");
@@ -249,8 +248,7 @@ bought.close();
 
 sql("INSERT INTO G_BONCON (NUMAE, CODCLI, BATVA1, DATAAE, OBSERV, Magazie, VALIDAT) VALUES ('31', 2, 19, ?, 'Sectia de croit', 1, 0)", today());
 sql("INSERT INTO G_LBONCON (NUMAE, NRLINIE, CODART, DENUMIRE, UM, CANT, PRETFT, VALOAREFT) VALUES ('31', 1, 'M1', 'Marfa intai', 'Buc', 2.5, 8, 20)");
-menu("mnuBonConsum");
-const used = win("frmGRILABonConsum");
+const used = menu("mnuBonConsum", "frmGRILABonConsum");
 used.grid("TDBGrid2").select(0);
 used.click("cmdTiparire");
 text = listed("frmLstBonConsum", "Bon de consum", "BonConsumFull");
@@ -259,8 +257,7 @@ used.close();
 
 sql("INSERT INTO G_BONINT (NUMNR, CODFUR, BATVA, DATANR, OBS, Magazie, VALIDAT) VALUES ('51', 1, 19, ?, 'Productie', 1, 0)", today());
 sql("INSERT INTO G_LBONINT (NUMNR, NRLINIE, CODART, DENUMIRE, UM, CANT, PRETFT, VALOAREFT, PRETVA) VALUES ('51', 1, 'M1', 'Marfa intai', 'Buc', 4, 9.5, 38, 15)");
-menu("mnuBonIntr");
-const made = win("frmGRILABonIntr");
+const made = menu("mnuBonIntr", "frmGRILABonIntr");
 made.grid("TDBGrid2").select(0);
 made.click("cmdTiparire");
 text = listed("frmLstBonIntr", "Bon de intrare", "BonIntrare");

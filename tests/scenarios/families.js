@@ -1,8 +1,7 @@
 // The list of article families: four accounts, adding and changing with the same button, deleting.
 company();
 const families = () => sql("SELECT COD, DENUMIRE, CONTSTOCMARFA, CONTCHELT, CONTVEN, CONTSTOCPROD FROM G_FAMART ORDER BY COD");
-menu("mnuTabeleFamArt");
-let w = win("frmFamArticole");
+let w = menu("mnuTabeleFamArt", "frmFamArticole");
 let grid = w.grid("grdDataGrid");
 equal(w.title(), "Familii Articole");
 equal(grid.captions(), ["Cod", "Denumire", "Cont stoc marfa", "Cont cheltuieli", "Cont venituri", "Cont stoc productie"]);

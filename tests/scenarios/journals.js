@@ -2,8 +2,7 @@
 company();
 const journal = code => sql("SELECT * FROM kt_jur WHERE COD = ?", code)[0];
 const total = sql("SELECT COUNT(*) AS N FROM kt_jur")[0].N;
-menu("mnuJurnale");
-let w = win("frmJurnale");
+let w = menu("mnuJurnale", "frmJurnale");
 let grid = w.grid("grdDataGrid");
 equal(w.title(), "Jurnale");
 equal(grid.captions(), ["Cod", "Titlu", "Cont", "Utilizabil", "Tip", "Banca", "Adresa", "Oras", "CP", "Cont Bancar", "Serie Chitante",
@@ -100,8 +99,7 @@ noMessage();
 
 w.close();
 sql("DELETE FROM kt_pc");
-menu("mnuJurnale");
-w = win("frmJurnale");
+w = menu("mnuJurnale", "frmJurnale");
 equal(w.items("cboCont"), ["0-Nu exista inregistrari !"]);
 w.type("txtCodJurnal", "JY");
 w.pick("cboCont", "0-Nu exista inregistrari !");

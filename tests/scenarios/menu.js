@@ -51,8 +51,7 @@ users.close();
 equal(openCount("frmConexiuni"), 1);
 
 // About is modal and shows the version.
-menu("mnuHelpAbout");
-const about = win("frmAbout");
+const about = menu("mnuHelpAbout", "frmAbout");
 equal(about.title(), "Informatii");
 equal(about.text("lblDescription"), "Program de Gestiune Comerciala");
 check(/^Versiune \d+\.\d+\.\d+$/.test(about.text("lblVersion")));
@@ -64,8 +63,7 @@ check(!isOpen("frmAbout"));
 replied("OK", () => menu("mnuHelpContents"), "No help file!!! ", { title: "Velmar", icon: "" });
 
 // A yes/no box can only be closed with its buttons.
-menu("mnuCreare");
-const list = win("frmSocietati");
+const list = menu("mnuCreare", "frmSocietati");
 list.type("txtCod", "x1");
 list.type("txtDenumire", "PROBA");
 list.click("cmdAdauga");

@@ -4,8 +4,7 @@ setToday("2026-03-15");
 let w;
 
 function open() {
-  menu("mnuFilemnuSocConf");
-  w = win("frmParamSoc");
+  w = menu("mnuFilemnuSocConf", "frmParamSoc");
 }
 
 // Saves the current tab, which is refused.

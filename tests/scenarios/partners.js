@@ -4,8 +4,7 @@ company({ hearing: false });
 sql("INSERT INTO kt_ter (COD, NUME, TIP, ORAS) VALUES (1, 'FURNIZOR UNU', 'F', 'IASI'), (2, 'MIXT SRL', 'M', 'CLUJ')");
 sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (3, 'DOCTOR POP', 'D')");
 
-menu("mnuTabeleClienti");
-let w = win("frmTerti");
+let w = menu("mnuTabeleClienti", "frmTerti");
 let grid = w.grid("grdDataGrid");
 equal(w.title(), "Terti");
 equal(w.tabs(), ["Lista Terti", "Fisa Tert"]);

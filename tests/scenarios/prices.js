@@ -12,8 +12,7 @@ function prices(code) {
   return [row.ADAOS, row.PRETVFT, row.PRETVTTI, row.PRETDEVIZAVANZ];
 }
 
-menu("mnuActualizarePret");
-const form = win("FrmActPretVanz");
+const form = menu("mnuActualizarePret", "FrmActPretVanz");
 equal(form.title(), "Actualizare Pret Vanzare");
 equal(["fraSelArt", "optToateArt", "optFamilie", "optArticol", "CheckAdaos", "CheckDeviza", "LabelValuta", "cmdOK", "cmdAnulare"]
         .map((name) => form.text(name)),

@@ -2,8 +2,7 @@
 company();
 for (let i = 2; i <= 60; ++i)
   sql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE) VALUES (?, ?)", i, "Depozit " + String(i).padStart(3, "0"));
-menu("mnuMagazii");
-const w = win("frmMagazii");
+const w = menu("mnuMagazii", "frmMagazii");
 const grid = w.grid("grdDataGrid");
 equal(grid.rows(), 60);
 

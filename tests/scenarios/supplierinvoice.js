@@ -12,15 +12,7 @@ function seed() {
 
 let w, lines;
 
-function press(button, ...answers) {
-  answers.forEach((caption) => answer(caption));
-  w.click(button);
-}
-
-function refused(button, text, more) {
-  press(button, "OK");
-  expectMessage(text, more);
-}
+const {press, refused} = steps(() => w);
 
 function newInvoice(number, remark, ...articles) {
   w.click("cmdFacturaNoua");
@@ -44,8 +36,7 @@ const note = (number) => sql("SELECT JURNAL, CONT, DEBIT, CREDIT FROM kt_linii W
 function opened(options) {
   company(options);
   seed();
-  menu("mnuCumpFactura");
-  w = win("frmGrilaFF");
+  w = menu("mnuCumpFactura", "frmGrilaFF");
   lines = w.grid("TDBGrid1");
 }
 

@@ -24,8 +24,7 @@ equal(win("frmMain").title(), "Tarvon Velmar  - EXEMPLU SRL", "the main window")
 shot("03-fereastra-principala");
 
 // An existing draft, then a new voucher.
-menu("mnuBonIntr");
-const voucher = win("frmGRILABonIntr");
+const voucher = menu("mnuBonIntr", "frmGRILABonIntr");
 voucher.grid("TDBGrid2").select(0);
 shot("04-bon-nevalidat");
 voucher.click("cmdFacturaNoua");
@@ -106,14 +105,6 @@ equal(sql(stock).map((article, i) => there[i].STOC - article.STOC), [12, 2, 1], 
 equal(call("disagreementText"), "", "stock, lots, links and notes agree after half a year");
 invoice.close();
 
-// Goods received and goods consumed: drafts and validated documents.
-for (const [entry, name, picture] of [["mnuCumpFactura", "frmGrilaFF", "11-factura-furnizor"],
-                                      ["mnuBonConsum", "frmGRILABonConsum", "12-bon-de-consum"]]) {
-  menu(entry);
-  win(name).shot(picture);
-  win(name).close();
-}
-
 // The connected users, and the list of companies.
 menu("mnuConexiuni");
 win("frmConexiuni").click("cmConexiuni");
@@ -124,25 +115,24 @@ shot("14-societati");
 
 // Setting up the company: its parameters, users, warehouses, accounts, journals, rates.
 function visit(entry, name, picture, steps) {
-  menu(entry);
-  const window = win(name);
+  const window = menu(entry, name);
   if (steps) steps(window);
   shot(picture);
   window.close();
 }
 visit("mnuFilemnuSocConf", "frmParamSoc", "15-parametri", window => window.tab("Conturi"));
-visit("mnuUtilizatori", "frmUtilizatori", "16-utilizatori");
-visit("mnuMagazii", "frmMagazii", "17-magazii");
+for (const each of [["mnuUtilizatori", "frmUtilizatori", "16-utilizatori"], ["mnuMagazii", "frmMagazii", "17-magazii"],
+                    ["mnuJurnale", "frmJurnale", "19-jurnale"], ["mnumnuTabelemnuTabTVA", "frmCoteTVA", "20-cote-tva"],
+                    ["mnuCumpFactura", "frmGrilaFF", "11-factura-furnizor"], ["mnuBonConsum", "frmGRILABonConsum", "12-bon-de-consum"],
+                    ["mnuTabeleFamArt", "frmFamArticole", "22-familii"], ["mnuActualizarePret", "FrmActPretVanz", "28-preturi"]])
+  visit(...each);
 visit("mnumnuTabelemnuTabPC", "frmPC", "18-plan-de-conturi", window => window.click("cmdActualizare"));
-visit("mnuJurnale", "frmJurnale", "19-jurnale");
-visit("mnumnuTabelemnuTabTVA", "frmCoteTVA", "20-cote-tva");
 visit("mnumnuTabelemnuPrelValuta", "frmValute", "21-valute", window => {
   window.grid("grdValute").select(window.grid("grdValute").column("COD").indexOf("EUR"));
   check(window.grid("grdCursValuta").rows() > 0, "rates of the euro");
 });
 
 // The catalogue: families, articles with search and card, partners with filter and card, discounts, prices.
-visit("mnuTabeleFamArt", "frmFamArticole", "22-familii");
 visit("mnuTabeleArticole", "frmArticole", "23-articole", window => {
   window.type("txtCautare", "lum");
   window.press("txtCautare", "Enter");
@@ -164,7 +154,6 @@ visit("mnuDiscounturiArt", "frmArticoleDiscount", "27-discounturi", window => {
   window.tree("treeArticole").select("Mobilier din lemn (1)");
   equal(window.grid("lvwDiscounts").rows(), 3, "three bands of a family");
 });
-visit("mnuActualizarePret", "FrmActPretVanz", "28-preturi");
 
 // The VAT journals, computed and printed.
 for (const [entry, name, file, picture] of [["mnumnuRapmnuRapJVT", "frmRapJVTVA", "Jvtva", "29-jurnal-vanzari"],

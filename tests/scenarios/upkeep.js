@@ -8,8 +8,7 @@ const articles = () => sql("SELECT CODART FROM G_ARTMAG ORDER BY CODART").map((r
 replied("OK", () => menu("mnuIntCompactare"), "Compactarea bazei de date Tarvon01.mdb s-a realizat cu succes !", { icon: "information" });
 
 // Nothing to restore yet: the window shows this and creates the folder.
-menu("mnuIntRestaurare");
-let restore = win("frmRestaurare");
+let restore = menu("mnuIntRestaurare", "frmRestaurare");
 equal(restore.title(), "Restaurare baza de date ...");
 check(restore.text("txtDirector").endsWith("Salv_Tarvon"));
 check(!restore.isVisible("lblProgressMsg"));
@@ -25,8 +24,7 @@ check(!isOpen("frmRestaurare"));
 
 // Saving: the proposed name, refused folders, a folder made by its name.
 article("A1");
-menu("mnuIntSalvare");
-let save = win("frmSalvare");
+let save = menu("mnuIntSalvare", "frmSalvare");
 equal(save.title(), "Salvare baza de date");
 const proposed = save.text("txtCale");
 check(/Salv_Tarvon.SOCIETATE_Tarvon01_15\.03\.2026_\d\d\.\d\d\.mdb$/.test(proposed), proposed);
@@ -62,8 +60,7 @@ check(!isOpen("frmSalvare"));
 menu("mnuTabeleArticole");
 article("A2");
 equal(articles(), ["A1", "A2"]);
-menu("mnuIntRestaurare");
-restore = win("frmRestaurare");
+restore = menu("mnuIntRestaurare", "frmRestaurare");
 file(copy);
 restore.click("cmdGetSourceSpec1");
 check(copy.endsWith(restore.text("txtSourceSpec1")));
@@ -81,8 +78,7 @@ equal(articles(), ["A1", "A3"]);
 
 // A file that is not a company is refused, and the company remains usable.
 writeFile(backups + "stricata.mdb", "nu este o baza de date");
-menu("mnuIntRestaurare");
-restore = win("frmRestaurare");
+restore = menu("mnuIntRestaurare", "frmRestaurare");
 restore.type("txtSourceSpec1", "stricata.mdb");
 answer("Da");
 answer("OK");

@@ -15,11 +15,7 @@ function seed() {
 
 let w;
 
-// Presses a command and answers each message box in turn.
-function press(button, ...answers) {
-  answers.forEach((caption) => answer(caption));
-  w.click(button);
-}
+const {press, refused} = steps(() => w);
 
 function newVoucher(number) {
   const w = win("frmGRILABonIntr");
@@ -33,30 +29,25 @@ function newVoucher(number) {
 
 company({method: "MP"});
 seed();
-menu("mnuBonIntr");
-w = win("frmGRILABonIntr");
+w = menu("mnuBonIntr", "frmGRILABonIntr");
 equal(w.title(), "Bon de intrare", "title");
 equal(w.items("DataCombo1"), ["FURNIZOR UNU SRL"], "suppliers only");
 
 // The checks of the header, in order.
 w.type("txtFields(2)", "x");
-press("cmdSalvare", "OK");
-expectMessage("Va rugam completati numarul N.I.R. ! Salvarea nu se poate efectua !", {icon: "critical"});
+refused("cmdSalvare", "Va rugam completati numarul N.I.R. ! Salvarea nu se poate efectua !", {icon: "critical"});
 check(w.hasFocus("txtFields(0)"), "focus on the number");
 w.type("txtFields(0)", "15'");
 equal(w.text("txtFields(0)"), "15", "the apostrophe is swallowed");
-press("cmdSalvare", "OK");
-expectMessage("Va rugam completati codul furnizorului ! Salvarea nu se poate efectua !");
+refused("cmdSalvare", "Va rugam completati codul furnizorului ! Salvarea nu se poate efectua !");
 w.type("txtFields(1)", "1");
 equal(w.text("Label2"), "FURNIZOR UNU SRL", "partner by code");
-press("cmdSalvare", "OK");
-expectMessage("Va rugam introduceti o valoare numerica pozitiva pentru Cota TVA ! Salvarea nu se poate efectua !");
+refused("cmdSalvare", "Va rugam introduceti o valoare numerica pozitiva pentru Cota TVA ! Salvarea nu se poate efectua !");
 w.type("txtFields(2)", "19");
 w.type("txtFields(3)", "0123456789012345678901234567890123456789012345678901234567890");
 const year = today().substring(0, 4);
 w.set("dtpDataDoc", (Number(year) + 1) + "-01-01");
-press("cmdSalvare", "OK");
-expectMessage("Data document trebuie sa fie in intervalul: 01/01/" + year + "-31/12/" + year);
+refused("cmdSalvare", "Data document trebuie sa fie in intervalul: 01/01/" + year + "-31/12/" + year);
 // Typed digits replace those of the date shown; digits that are not typed remain.
 w.set("dtpDataDoc", "2026-02-15");
 for (const [typed, date] of [["31122024", "2024-12-31"], ["05", "2024-12-05"], ["311226", "2026-12-31"],
@@ -75,10 +66,8 @@ w.press("dtpDataDoc", "Down");
 w.press("dtpDataDoc", "Down");
 equal(w.value("dtpDataDoc"), "2026-03-02", "two days before");
 w.set("dtpDataDoc", today());
-press("cmdValidare", "OK");
-expectMessage("Bonul de intrare nu contine nici un articol ! Nu se poate efectua validarea !");
-press("cmdTiparire", "OK");
-expectMessage("Va rugam apasati Salvare");
+refused("cmdValidare", "Bonul de intrare nu contine nici un articol ! Nu se poate efectua validarea !");
+refused("cmdTiparire", "Va rugam apasati Salvare");
 equal(w.grid("TDBGrid1").rows(), 0, "no lines before the header is saved");
 w.click("cmdSalvare");
 noMessage();
@@ -183,19 +172,16 @@ equal(sql("SELECT DISTINCT NDI, JURNAL, DOC, MARCA, COD, PROV, TIPDOC FROM kt_li
 // A draft is deleted with its lines; a number cannot be used twice.
 w.type("txtFields(0)", "15");
 w.pick("DataCombo1", "FURNIZOR UNU SRL");
-press("cmdSalvare", "OK");
-expectMessage("Bonul de intrare cu acest numar exista deja ! Salvarea nu se poate efectua !");
+refused("cmdSalvare", "Bonul de intrare cu acest numar exista deja ! Salvarea nu se poate efectua !");
 newVoucher("16");
 w.grid("TDBGrid1").addLine("A1", "1");
 newVoucher("17");
 w.grid("TDBGrid2").select(1);
 equal(w.text("txtFields(0)"), "16", "selected draft");
 equal(w.grid("TDBGrid1").rows(), 1, "its lines");
-press("cmdSterge", "Da");
-expectMessage("Sunteti sigur ca doriti sa stergeti N.I.R.  16 ?", {title: "Confirmare stergere"});
+replied("Da", () => w.click("cmdSterge"), "Sunteti sigur ca doriti sa stergeti N.I.R.  16 ?", {title: "Confirmare stergere"});
 equal(sql("SELECT NUMNR FROM G_LBONINT WHERE NUMNR = '16'"), [], "lines gone");
-press("cmdSterge", "OK");
-expectMessage("Va rugam selectati un N.I.R. !");
+refused("cmdSterge", "Va rugam selectati un N.I.R. !");
 
 // A draft that another workstation deletes while it is open here: reported, and nothing is written.
 newVoucher("20");

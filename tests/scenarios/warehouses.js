@@ -1,7 +1,6 @@
 // The list of warehouses: adding in two steps, renaming, deleting.
 company();
-menu("mnuMagazii");
-let w = win("frmMagazii");
+let w = menu("mnuMagazii", "frmMagazii");
 equal(w.title(), "Magazii");
 equal(w.text("Text1"), "1");
 w.click("cmdAdauga");
