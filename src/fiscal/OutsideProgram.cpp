@@ -62,7 +62,8 @@ OutsideProgram::~OutsideProgram() {
 bool OutsideProgram::hasEnded() const { return process_->state() == QProcess::NotRunning; }
 
 bool OutsideProgram::hasSucceeded() const {
-  return hasStarted_ && hasEnded() && process_->exitStatus() == QProcess::NormalExit && process_->exitCode() == 0;
+  return hasStarted_ && hasEnded() && process_->exitStatus() == QProcess::NormalExit &&
+         process_->exitCode() == 0;
 }
 
 bool startOutside(const OutsideCommand& command) { return OutsideProgram(command).hasStarted(); }
