@@ -5,6 +5,7 @@
 #include "BareInvoice.h"
 #include "BareVoucher.h"
 #include "documents/DocumentEditor.h"
+#include "documents/kinds/Kinds.h"
 #include "store/Database.h"
 
 namespace velmar::bench {

@@ -9,7 +9,7 @@
 
 #include "Bare.h"
 #include "Benches.h"
-#include "documents/DocumentKind.h"
+#include "documents/kinds/Kinds.h"
 #include "util/Errors.h"
 #include "Validated.h"
 

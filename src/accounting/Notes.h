@@ -24,7 +24,8 @@ struct NoteRow {
 };
 
 struct Note {
-  QString kind;  ///< prefix of the document, stamped as TIPDOC; empty: not stamped
+  QString kind;   ///< prefix of the document, FELDOC
+  QString stamp;  ///< TIPDOC; empty: not stamped
   QString journal;
   QDate date;      ///< document date
   QString number;  ///< document number, without the kind
@@ -37,20 +38,19 @@ struct Note {
   Value vatOnCollection;  ///< TVAINC
 };
 
-/// Writes the notes with the next NDIs; returns the first. PROV is "G". Throws RuleError when a row has no
-/// account, StoreError when debit and credit differ. A note without rows is not written and uses no number;
-/// returns 0 if none was written.
-qint64 writeNotes(const std::vector<Note>& notes);
-
-/// Throws as writeNotes().
+/// Throws RuleError when a row has no account, StoreError when debit and credit differ.
 void requireBalance(const Note& note);
 
-/// Totals of a document's lines grouped by the accounts of the article families: the account columns, TOTAL
-/// and, for sales and purchases, TVA. `key` selects the grouping.
-Recordset TotaluriConturi(const QString& key, const QString& number);
+/// Writes the notes with the next NDIs; returns the first. PROV is "G". Throws as requireBalance(). A note
+/// without rows is not written and uses no number; returns 0 if none was written.
+qint64 writeNotes(const std::vector<Note>& notes);
 
-/// Throws RuleError with the article's code when an article of the document was deleted or has no family: the
-/// totals, and therefore the note, would not include it.
-void requireFamilies(const QString& key, const QString& number);
+/// The numbers (NDI) of the notes that validation wrote for the document of that kind and number, dated
+/// `from` or later. A note of a time when the kind was not stored belongs to the document of the next stamp
+/// (TIPDOC) of its number.
+std::vector<qint64> notesOf(const QString& kind, const QString& number, const QDate& from);
+
+/// Deletes the rows that validation wrote in these notes for the document with that number; returns how many.
+int removeNotes(const std::vector<qint64>& notes, const QString& number);
 
 }  // namespace velmar

@@ -1,25 +1,66 @@
-// Posting rules of a document, as data: for each note its grouped totals, and the entries made once before
-// the groups, for each group, and once after them. One function executes all of them.
+// Posting rules of a document, as data: for each note the totals of the document's lines by account, and the
+// entries made once before the groups, for each group, and once after them. One function executes all of
+// them.
 #pragma once
 
 #include <vector>
 
 #include "accounting/Notes.h"
+#include "catalogue/ArticleFigures.h"
 
 namespace velmar {
+
+/// What is summed of a line.
+using LineAmount = Decimal (*)(const Row& line, const ArticleFacts& article);
+
+/// Which lines are summed.
+enum class TotalledLines {
+  All,
+  Goods,        ///< of goods, also of those without stock
+  HeldGoods,    ///< of goods held in stock
+  HeldProducts  ///< of own products held in stock
+};
+
+/// The totals of a document's lines by the accounts of the article families.
+struct Totals {
+  QStringList accounts = {};  ///< columns of G_FAMART by which the lines are grouped
+  LineAmount amount = {};
+  LineAmount vat = nullptr;
+  TotalledLines lines = TotalledLines::All;
+  bool byQuantity = false;  ///< lines with different quantities are not summed
+};
+
+struct TotalsGroup {
+  QHash<QString, QString> accounts;  ///< by column of G_FAMART
+  Decimal total;
+  Decimal vat;
+};
+
+/// The groups, ordered by account and quantity. Lines of articles without a family are left out; see
+/// requireFamilies().
+std::vector<TotalsGroup> TotaluriConturi(const Totals& totals, const std::vector<Row>& lines,
+                                         const ArticleTable& articles);
+
+/// Throws RuleError with the article's code when an article of a line was deleted or has no family: the
+/// totals, and therefore the note, would not include it.
+void requireFamilies(const std::vector<Row>& lines, const ArticleTable& articles);
 
 enum class Side { Debit, Credit };
 
 /// Source of an entry's account.
-enum class AccountSource {
-  Totals,     ///< the column of the totals, an account of the article's family
-  Parameter,  ///< the column of kt_par
-  VatRate,    ///< the account of the document's VAT rate
-  Cash        ///< the cash account of sales at the counter
+struct Account {
+  enum class From {
+    Totals,     ///< the column of the totals, an account of the article's family
+    Parameter,  ///< the column of kt_par
+    Given       ///< the account itself
+  };
+  From from;
+  QString name;
 };
 
 enum class AmountOf {
   Group,  ///< the total of the group
+  Value,  ///< the total of all groups
   Vat,    ///< VAT of all groups
   Gross   ///< value and VAT of all groups
 };
@@ -35,48 +76,53 @@ enum EntryMark {
 
 struct Entry {
   Side side;
-  AccountSource source;
-  const char* account;  ///< column of the totals or of kt_par
+  Account account;
   AmountOf amount = AmountOf::Group;
   int marks = 0;
   bool onlyTaxed = false;  ///< made only if the VAT percent is above 0
 };
 
+/// What the rows of one note have besides account and amount.
+struct NoteTerms {
+  QString number = {};  ///< of the document
+  Value partner = {};
+  QDate dueDate = {};           ///< invalid: none is written
+  bool inCurrencyForm = false;  ///< rate and amounts in currency are written, 0 in lei
+  QString currency = {};        ///< empty: lei
+  Decimal rate = {};
+  QString costCentre = {};
+  Decimal vatPercent = {};
+  Value vatOnCollection = {};  ///< TVAINC; null: left as it is
+};
+
 /// One note of a document.
 struct NoteRule {
-  const char* totals;            ///< key of TotaluriConturi
-  const char* journalParameter;  ///< column of kt_par
-  std::vector<Entry> before;     ///< once, before the groups
-  std::vector<Entry> perGroup;
-  std::vector<Entry> after;         ///< once, after the groups
-  bool journalOfDocument = false;   ///< a journal chosen on the document has precedence
-  bool inDocumentCurrency = false;  ///< the totals are in the document's currency, otherwise in lei
+  Totals totals;
+  QString journal = {};            ///< given; blank: that of the parameter
+  QString journalParameter = {};   ///< column of kt_par
+  std::vector<Entry> before = {};  ///< once, before the groups
+  std::vector<Entry> perGroup = {};
+  std::vector<Entry> after = {};    ///< once, after the groups
+  bool inDocumentCurrency = false;  ///< the totals are in the note's currency, otherwise in lei
   bool skipsZero = false;           ///< groups of 0 make no entry
+  int decimals = -1;                ///< of the amounts in lei; -1: they are not rounded
+  NoteTerms terms = {};
+  const std::vector<Row>* lines = nullptr;  ///< that are totalled; null: those of the document
 };
 
-/// A document's posting: its notes, and further values of their rows.
-struct Posting {
-  std::vector<NoteRule> notes;  ///< empty: nothing is posted
-  QString journal;              ///< chosen on the document; empty: the parameter's
-  QDate dueDate;                ///< invalid: none is written
-  bool inCurrencyForm = false;  ///< rate and amounts in currency are written, 0 in lei
-  QString currency;             ///< empty: lei
-  Decimal rate;
-  Value partner;
-  QString costCentre;
-  Decimal vatPercent;
-  QString vatAccount;
-  QString cashAccount;
-  Value vatOnCollection;  ///< TVAINC; null: left as it is
+/// What the notes of a document have in common.
+struct PostingInputs {
+  QString kind;  ///< prefix; the last note is stamped with it
+  QString number;
+  QDate date;
+  QString remark;
+  const std::vector<Row>& lines;
+  const ArticleTable& articles;
+  const Row& parameters;  ///< the row of kt_par
 };
 
-/// Posts the notes of a document in order, each with its own number; the last one is stamped with the kind.
-/// `head` has kind, date, number and remark. Throws RuleError when a journal, an account or an article's
-/// family is missing, StoreError when debit and credit of a note differ.
-void SalvareDateContabile(const Posting& posting, const Note& head);
-
-/// Throws like SalvareDateContabile() if a journal, an account or a family is missing; to be called before
-/// the write lock is taken.
-void requirePostable(const Posting& posting, const QString& number);
+/// The notes in order. Throws RuleError when a journal, an account or an article's family is missing,
+/// StoreError when debit and credit of a note differ.
+std::vector<Note> SalvareDateContabile(const std::vector<NoteRule>& rules, const PostingInputs& inputs);
 
 }  // namespace velmar

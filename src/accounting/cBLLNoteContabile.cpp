@@ -59,6 +59,7 @@ const QHash<QString, Reader>& readers() {
       {"ID_FORMULA", text(&N::ID_Formula)},
       {"DOCEXPLICATIE", text(&N::DocExplicatie)},
       {"TIPDOC", text(&N::tipdoc)},
+      {"FELDOC", text(&N::FelDoc)},
       {"TVAINC", plain(&N::TVAINC)},
   };
   return table;

@@ -32,7 +32,7 @@ class cBLLNoteContabile {
   QDate DataScad;
   QString Utilizator;
   QDateTime Timp;
-  QString CodIE, CodSucursala, ID_Formula, DocExplicatie, tipdoc;
+  QString CodIE, CodSucursala, ID_Formula, DocExplicatie, tipdoc, FelDoc;
   Value TVAINC;
 
   /// Writes one row. Without `sameNote` it starts the next note, otherwise it continues the note NDI, after

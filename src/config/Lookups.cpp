@@ -43,6 +43,11 @@ Decimal ProcentTVA(qint64 code) {
 
 QString ContTVA(qint64 code) { return ValoareSql("SELECT CONT FROM kt_cote WHERE COD = ?", {code}); }
 
+VatRate vatRate(qint64 code) {
+  const Recordset found = OpenRs("SELECT PROCENT, CONT FROM kt_cote WHERE COD = ?", {code});
+  return found.isEmpty() ? VatRate{} : VatRate{found.first().decimal("PROCENT"), found.first().text("CONT")};
+}
+
 Decimal Curs(const QString& currency, const QDate& date) {
   return firstDecimal("SELECT CURS FROM kt_val2 WHERE COD = ? AND DATA = ? ORDER BY ID DESC LIMIT 1", "CURS",
                       {currency, date});

@@ -18,6 +18,13 @@ Decimal ProcentTVA(qint64 code);
 /// The account of a VAT rate code.
 QString ContTVA(qint64 code);
 
+/// Percentage and account of a VAT rate code; 0 and "" for an unknown code.
+struct VatRate {
+  Decimal percent;
+  QString account;
+};
+VatRate vatRate(qint64 code);
+
 /// Decimals of exchange rates in windows.
 inline constexpr int kRateDecimals = 4;
 

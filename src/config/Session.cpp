@@ -104,8 +104,13 @@ QString ParametruSocietate(const QString& name) {
   return value;
 }
 
-QString requiredParameter(const QString& name) {
-  QString value = valueOf(name);
+Row companyParameters() {
+  const Recordset found = OpenRs("SELECT * FROM kt_par ORDER BY ID LIMIT 1");
+  return found.isEmpty() ? companyTable("kt_par").emptyRow() : found.first();
+}
+
+QString requiredParameter(const Row& parameters, const QString& name) {
+  QString value = parameters.text(name);
   if (value.isEmpty()) throw RuleError(missingText(name), name);
   return value;
 }

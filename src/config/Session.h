@@ -64,7 +64,10 @@ void IncarcaSerii();
 /// journals, anything else) and returns "".
 QString ParametruSocietate(const QString& name);
 
-/// As ParametruSocietate, but an empty value throws RuleError with the same message.
-QString requiredParameter(const QString& name);
+/// The row of `kt_par`; all null when there is none.
+Row companyParameters();
+
+/// The value of a column of that row. An empty value throws RuleError with the message of its group.
+QString requiredParameter(const Row& parameters, const QString& name);
 
 }  // namespace velmar

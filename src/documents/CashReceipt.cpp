@@ -2,7 +2,6 @@
 
 #include "config/Session.h"
 #include "documents/Drafts.h"
-#include "documents/IssueChecks.h"
 #include "documents/LineChecks.h"
 #include "fiscal/FiscalRegisters.h"
 #include "store/Database.h"
@@ -81,16 +80,15 @@ class Sending {
   // From here on the sale cannot be changed.
   qint64 begin(qint64 known, Receipt& receipt) const {
     Transaction transaction(database());
-    const std::vector<Row> lines = drafts_.requireAsShown(shown_).lines;
+    const Document document = drafts_.requireAsShown(shown_);
     drafts_.updateHeader(header_);
     const qint64 attempt = drafts_.beginReceipt(number_, known);
-    const QString broken = brokenLineRule(typed_.kind(), lines);
-    if (!broken.isEmpty()) throw RuleError(broken);
+    passes({completeLines()}, document);
     receipt.CotaTVA = static_cast<int>(typed_.vatPercent().toDouble());
     receipt.Card = typed_.isTicked("CheckCard");
     receipt.NrZec = session().NrZec;
     receipt.NrCaractere = static_cast<int>(typed_.number("TextNrCaractere").toDouble());
-    for (const Row& line : lines) receipt.lines.push_back(receiptLine(line));
+    for (const Row& line : document.lines) receipt.lines.push_back(receiptLine(line));
     transaction.commit();
     return attempt;
   }

@@ -4,26 +4,28 @@
 
 namespace velmar {
 
-LedgerDocument ledgerOf(const Document& document) {
-  const DocumentKind& kind = *document.kind;
-  LedgerDocument ledger;
-  ledger.key = kind.prefix + document.number;
-  ledger.tip = kind.prefix;
-  ledger.tipie = kind.tipie;
-  ledger.warehouse = document.header.integer("Magazie");
-  ledger.add({{"CODTERT", document.header.integer(kind.partnerColumn)},
-              {"DATADOC", document.header.date(kind.dateColumn)},
-              {"OBS", document.header.text(kind.remarkColumn)}});
-  return ledger;
+bool Document::isPrinted() const {
+  return !isNew && kind->receipt.exists() && header.flag(kind->receipt.printed);
 }
 
-void addTotalsInLei(LedgerDocument& ledger, const Decimal& value, const Decimal& vat, const Decimal& cost) {
-  ledger.add({{"TOTALTVA", vat},
-              {"TOTALFT", value},
-              {"TOTALCOST", cost},
-              {"CODDEV", "LEI"},
-              {"CURS", Decimal(0)},
-              {"TOTALDEV", Decimal(0)}});
+QDate Document::date() const { return header.date(kind->dateColumn); }
+
+qint64 Document::warehouse() const { return header.integer("Magazie"); }
+
+std::vector<TakenLine> takenBy(const DocumentKind& kind, const std::vector<Row>& lines) {
+  std::vector<TakenLine> taken;
+  if (kind.sourceColumn.isEmpty()) return taken;
+  for (const Row& line : lines)
+    if (const auto source = LedgerKey::of(line.text(kind.sourceColumn)))
+      taken.push_back({*source, line.text("CODART"), line.decimal("CANT")});
+  return taken;
+}
+
+QStringList articlesOf(const std::vector<Row>& lines) {
+  QStringList articles;
+  for (const Row& line : lines) articles.append(line.text("CODART"));
+  articles.removeDuplicates();
+  return articles;
 }
 
 }  // namespace velmar

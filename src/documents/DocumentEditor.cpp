@@ -9,6 +9,8 @@
 #include "config/Session.h"
 #include "documents/HeaderChecks.h"
 #include "documents/HeaderTexts.h"
+#include "documents/kinds/Kinds.h"
+#include "documents/LineCells.h"
 #include "documents/LineChecks.h"
 #include "documents/Numbering.h"
 #include "documents/Validation.h"
@@ -24,14 +26,20 @@ namespace velmar {
 namespace {
 
 constexpr int kNameWidth = 35;
-constexpr int kFooterDecimals = 2;
 
 }  // namespace
 
 DocumentEditor::DocumentEditor(const QString& prefix)
-    : kind_(documentKind(prefix)), rules_(kindRules(prefix)), typed_(kind_, {}) {
+    : kind_(documentKind(prefix)), rules_(kind_.rules), typed_(kind_, {}) {
   if (!rules_) throw StoreError(0, QStringLiteral("Documentul %1 nu se poate culege inca.").arg(prefix));
   header_ = companyTable(kind_.headerTable).emptyRow();
+}
+
+QStringList DocumentEditor::openingNotices() const {
+  QStringList texts;
+  for (const Check& check : kind_.openingChecks)
+    if (check.fault(onScreen())) texts.append(check.text);
+  return texts;
 }
 
 QString DocumentEditor::newDocument() {
@@ -52,7 +60,7 @@ void DocumentEditor::fillNewHeader(const ProposedNumber& proposed) {
   QHash<QString, QString> texts;
   for (const HeaderField& field : kind_.headerFields) {
     const QString before = typed_.texts().value(field.key());
-    texts.insert(field.key(), field.keeps && !before.isEmpty() ? before : newText(field));
+    texts.insert(field.key(), field.keeps && !before.isEmpty() ? before : newHeaderText(kind_, field));
     // The payment method is not shown until it is chosen, but it has a default.
     if (field.type == HeaderFieldType::PaymentMode)
       header_.set(field.column, storedHeaderValue(field.type, field.initial));
@@ -61,24 +69,9 @@ void DocumentEditor::fillNewHeader(const ProposedNumber& proposed) {
   typed_ = TypedHeader(kind_, texts);
   rules_->begin(typed_, true);
   typed_.takeChanges();
-  header_ = headerFrom(typed_);
+  header_ = storedHeader(typed_, header_, isNew_);
   header_.set(kind_.numberColumn, proposed.number);
   storedRate_ = shownRate_ = typed_.vatRate();
-}
-
-QString DocumentEditor::newText(const HeaderField& field) const {
-  switch (field.type) {
-    case HeaderFieldType::Date:
-      return clock::today().toString(Qt::ISODate);
-    case HeaderFieldType::DueDate:
-      return clock::today().addMonths(1).toString(Qt::ISODate);
-    case HeaderFieldType::PaymentMode:
-      return {};
-    case HeaderFieldType::VatRate:
-      return defaultVatRate(kind_.partnersAreSuppliers);
-    default:
-      return field.initial;
-  }
 }
 
 void DocumentEditor::open(const QString& number) {
@@ -87,7 +80,7 @@ void DocumentEditor::open(const QString& number) {
     throw RuleError(
         QStringLiteral("Documentul %1 a fost validat sau sters intre timp de alt utilizator !").arg(number));
   header_ = document->header;
-  typed_ = TypedHeader(kind_, textsOf(header_));
+  typed_ = TypedHeader(kind_, shownHeader(kind_, header_, typed_.texts()));
   storedRate_ = shownRate_ = typed_.vatRate();
   rules_->begin(typed_, false);
   typed_.takeChanges();
@@ -113,24 +106,6 @@ bool DocumentEditor::isPrinted() const {
 
 bool DocumentEditor::isSending() const {
   return !isNew_ && kind_.receipt.exists() && header_.integer(kind_.receipt.sending) != 0;
-}
-
-QHash<QString, QString> DocumentEditor::textsOf(const Row& header) const {
-  QHash<QString, QString> texts;
-  bool isForeign = false;
-  for (const HeaderField& field : kind_.headerFields) {
-    // A date box always shows a date: if none is stored, the default of a new document.
-    const bool isDate = field.type == HeaderFieldType::Date || field.type == HeaderFieldType::DueDate;
-    if (!field.column.isEmpty() && !(isDate && header.isNull(field.column)))
-      texts.insert(field.key(), shownHeaderText(field.type, header, field.column));
-    else
-      texts.insert(field.key(), field.keeps ? typed_.texts().value(field.key()) : newText(field));
-    if (field.type == HeaderFieldType::Currency) isForeign = !header.text(field.column).isEmpty();
-  }
-  for (const HeaderField& field : kind_.headerFields)
-    if (field.type == HeaderFieldType::Foreign && field.column.isEmpty())
-      texts.insert(field.key(), isForeign ? QStringLiteral("-1") : QStringLiteral("0"));
-  return texts;
 }
 
 bool DocumentEditor::headerTyped(const QHash<QString, QString>& texts) {
@@ -202,11 +177,12 @@ void DocumentEditor::save(const QHash<QString, QString>& typed) {
     numbering.emplace(database());
     typed_.set(kind_.numberColumn, proposeNumber(kind_).number);
   }
-  if (!InPerioadaCulegere(typed_.date())) throw RuleError(withPeriod(kPeriodText), kind_.dateColumn);
-  requireHeader(typed_, isNew_);
-  requireKnownCodes(typed_, isNew_ ? QHash<QString, QString>() : textsOf(header_));
-  const Row header = headerFrom(typed_);
-  noticeMissingRate(header);
+  if (!InPerioadaCulegere(typed_.date())) throw RuleError(periodText(), kind_.dateColumn);
+  passes(kind_.headerChecks, onScreen(), kCritical);
+  requireKnownCodes(typed_, isNew_ ? QHash<QString, QString>() : shownHeader(kind_, header_, typed_.texts()));
+  const Row header = storedHeader(typed_, header_, isNew_);
+  const QString notice = missingRate(typed_, header);
+  if (!notice.isEmpty()) Mesaj(notice, kExclamation);
   if (isNew_) {
     drafts().insertHeader(header);
     if (numbering) numbering->commit();
@@ -216,91 +192,25 @@ void DocumentEditor::save(const QHash<QString, QString>& typed) {
   }
 }
 
-void DocumentEditor::noticeMissingRate(const Row& header) const {
-  if (kind_.texts.rateMissing.isEmpty() || !typed_.isForeign()) return;
-  QString currency;
-  Decimal rate;
-  for (const HeaderField& field : kind_.headerFields) {
-    if (field.type == HeaderFieldType::Currency) currency = header.text(field.column);
-    if (field.type == HeaderFieldType::Rate) rate = header.decimal(field.column);
-  }
-  if (rate.isZero()) Mesaj(kind_.texts.rateMissing.arg(currency), kExclamation);
-}
-
-Row DocumentEditor::headerFrom(const TypedHeader& typed) const {
-  Row header = header_;
-  const bool foreign = typed.isForeign();
-  for (const HeaderField& field : kind_.headerFields) {
-    const QString text = typed.texts().value(field.key());
-    const bool isKept =
-        field.column.isEmpty() || (field.type == HeaderFieldType::Number && !isNew_) ||
-        (field.type == HeaderFieldType::PaymentMode && !paymentWords().contains(text.trimmed()));
-    if (isKept) continue;
-    const bool isCleared =
-        !foreign && (field.type == HeaderFieldType::Currency || field.type == HeaderFieldType::Rate);
-    header.set(field.column, storedHeaderValue(field.type, isCleared ? QString() : text));
-  }
-  return header;
-}
-
 bool DocumentEditor::headerDiffers(const QHash<QString, QString>& texts) const {
   if (isNew_) return false;
   // Compares the values to be stored: a field that shows a default for a missing value does not differ.
-  const Row typed = headerFrom(TypedHeader(kind_, texts));
-  const Row stored = headerFrom(TypedHeader(kind_, textsOf(header_)));
+  const Row typed = storedHeader(TypedHeader(kind_, texts), header_, isNew_);
+  const Row stored =
+      storedHeader(TypedHeader(kind_, shownHeader(kind_, header_, typed_.texts())), header_, isNew_);
   return std::any_of(kind_.headerFields.begin(), kind_.headerFields.end(), [&](const HeaderField& field) {
     return !field.column.isEmpty() && shownHeaderText(field.type, typed, field.column) !=
                                           shownHeaderText(field.type, stored, field.column);
   });
 }
 
-const LineColumn* DocumentEditor::column(const QString& field) const {
-  for (const LineColumn& column : kind_.lineColumns)
-    if (column.field.compare(field, Qt::CaseInsensitive) == 0) return &column;
-  return nullptr;
-}
-
-DocumentEditor::Verdict DocumentEditor::check(size_t line, const QString& field, const QString& typed,
-                                              bool bySupplierCode) const {
-  const LineColumn* entry = column(field);
-  const QString text = typed.trimmed();
-  switch (entry ? entry->entry : LineEntry::Locked) {
-    case LineEntry::Locked:
-      return {true, {}};
-    case LineEntry::Code:
-      if (text.isEmpty()) return {true, QStringLiteral("Va rugam introduceti cod articol")};
-      if (bySupplierCode ? !ProdusFurnizorExista(text) : !ArticolExista(text))
-        return {true,
-                (bySupplierCode ? QStringLiteral("Articolul cu codul produs de la furnizor %1 nu exista ")
-                                : kind_.texts.unknownArticle)
-                    .arg(text)};
-      return {};
-    case LineEntry::Name:
-      return {true, text.isEmpty()
-                        ? QString()
-                        : QStringLiteral("Articolul %1 nu exista ! Adaugarea in grila nu se poate efectua !")
-                              .arg(text)};
-    case LineEntry::OptionalPositive:
-      if (text.isEmpty()) return {};
-      [[fallthrough]];
-    case LineEntry::Number:
-    case LineEntry::PositiveNumber:
-      break;
-  }
-  const auto number = typedNumber(text);
-  if (!number)
-    return {true, QStringLiteral("Va rugam introduceti o valoare numerica pentru %1 !").arg(entry->caption)};
-  if (entry->entry != LineEntry::Number && number->isNegative())
-    return {
-        true,
-        QStringLiteral("Va rugam introduceti o valoare numerica pozitiva pentru %1 !").arg(entry->caption)};
-  const CellObjection objection =
-      line < lines_.size() ? rules_->objection(lines_[line], entry->field, *number, typed_) : CellObjection{};
-  return {!objection.text.isEmpty(), objection.text, objection.setsBack};
+CellVerdict DocumentEditor::check(size_t line, const QString& field, const QString& typed,
+                                  bool bySupplierCode) const {
+  return checkedCell(typed_, line < lines_.size() ? &lines_[line] : nullptr, field, typed, bySupplierCode);
 }
 
 bool DocumentEditor::isOpen(size_t line, const QString& field) const {
-  const LineColumn* entry = column(field);
+  const LineColumn* entry = lineColumn(kind_, field);
   if (!entry || isNew_ || isFrozen()) return false;
   const bool newLine = line >= lines_.size();
   switch (entry->entry) {
@@ -325,7 +235,8 @@ size_t DocumentEditor::setArticle(size_t line, const QString& code, const QStrin
   row.set(kind_.numberColumn, number());
   row.set("CODART", article->text("CODART"));
   row.set("DENUMIRE", (listText.isEmpty() ? article->text("DENART") : listText).left(kNameWidth));
-  rules_->completeLine(row, *article, typed_);
+  Notices notices;
+  rules_->completeLine(row, *article, typed_, notices);
   storeRate();
   if (isNewLine) {
     drafts().insertLine(row, header_);
@@ -336,17 +247,20 @@ size_t DocumentEditor::setArticle(size_t line, const QString& code, const QStrin
   } else {
     store(line, std::move(row));
   }
+  notices.say();
   return line;
 }
 
 void DocumentEditor::setNumber(size_t line, const QString& field, const QString& typed) {
-  const LineColumn* entry = column(field);
+  const LineColumn* entry = lineColumn(kind_, field);
   Row row = lines_.at(line);
   auto number = typedNumber(typed.trimmed());
   if (number && entry->roundTo != kAsTyped) number = Round(*number, decimalsOf(entry->roundTo));
   row.set(entry->field, number ? Value(*number) : Value());
-  rules_->recalculate(row, entry->field, typed_);
+  Notices notices;
+  rules_->recalculate(row, entry->field, typed_, notices);
   store(line, std::move(row));
+  notices.say();
 }
 
 void DocumentEditor::store(size_t line, Row row) {
@@ -365,127 +279,68 @@ void DocumentEditor::deleteLine(size_t line) {
 }
 
 void DocumentEditor::linesChanged() {
-  totals_.clear();
-  for (const QString& column : rules_->totalColumns()) {
-    Decimal sum;
-    for (const Row& line : lines_) sum += amount(line, column);
-    totals_.insert(column, sum);
-  }
+  totals_ = lineTotals(kind_, lines_);
   refreshMarks();
 }
 
 void DocumentEditor::refreshMarks() { marks_ = rules_->marks(lines_, typed_); }
 
-Decimal DocumentEditor::amount(const Row& line, const QString& field) const {
-  const LineColumn* shown = column(field);
-  if (!shown || shown->product.isEmpty()) return line.decimal(field);
-  Decimal product(1);
-  for (const QString& factor : shown->product) product = product * line.decimal(factor);
-  return product;
+Document DocumentEditor::onScreen() const {
+  return {&kind_, isNew_ ? QString() : number(), header_, lines_, typed_.texts(), isNew_};
 }
 
-void DocumentEditor::checkValidation(const QHash<QString, QString>& typed) {
+bool DocumentEditor::checkValidation(const QHash<QString, QString>& typed) {
   headerTyped(typed);
-  for (const auto& check : kind_.validationChecks)
-    if (isBroken(check))
-      throw RuleError(check.check == ValidationCheck::OutsidePeriod ? withPeriod(check.text) : check.text,
-                      check.field, 0, check.title);
+  if (!passes(kind_.validationChecks, onScreen())) return false;
   // The header is validated as shown on screen, saved or not, so it must be checked.
-  requireHeader(typed_, isNew_);
-  requireKnownCodes(typed_, textsOf(header_));
+  if (!passes(kind_.headerChecks, onScreen(), kCritical)) return false;
+  requireKnownCodes(typed_, shownHeader(kind_, header_, typed_.texts()));
   storeRate();
   refreshStaleLines();
+  return true;
 }
 
 void DocumentEditor::refreshStaleLines() {
   if (isFrozen()) return;
-  for (size_t line = 0; line < lines_.size(); ++line) {
-    if (!rules_->isStale(lines_[line])) continue;
-    Row row = lines_[line];
-    rules_->recalculate(row, QStringLiteral("CANT"), typed_);
-    store(line, std::move(row));
+  Notices notices;
+  std::vector<Row> recalculated = lines_;
+  std::vector<Row> stale;
+  for (Row& line : recalculated) {
+    if (!rules_->isStale(line)) continue;
+    rules_->recalculate(line, QStringLiteral("CANT"), typed_, notices);
+    stale.push_back(line);
   }
+  if (stale.empty()) return;
+  Transaction transaction(database());
+  drafts().requireAsShown(shownDraft());
+  drafts().updateLines(stale);
+  transaction.commit();
+  storedLines_ = lines_ = std::move(recalculated);
+  linesChanged();
+  notices.say();
 }
 
-bool DocumentEditor::isBroken(const Checked<ValidationCheck>& check) const {
-  const QString text = typed_.text(check.field);
-  const QDate date = typed_.date();
-  const Decimal number = typedNumber(text).value_or(Decimal(0));
-  switch (check.check) {
-    case ValidationCheck::NumberEmpty:
-      return text.isEmpty();
-    case ValidationCheck::JournalEmpty:
-      return typed_.texts().value(check.field).isEmpty();
-    case ValidationCheck::NumberOfOrigin:
-      return !text.isEmpty() && text == this->number();
-    case ValidationCheck::OutsidePeriod:
-      return !InPerioadaCulegere(date);
-    case ValidationCheck::DueBeforeDate:
-      return QDate::fromString(text, Qt::ISODate) < date;
-    case ValidationCheck::BeforeFiscalYear:
-      return date < session().DataIN;
-    case ValidationCheck::CurrencyWithoutRate:
-      return typed_.isForeign() && number <= 0;
-    case ValidationCheck::NoLines:
-      return isNew_ || lines_.empty();
-    case ValidationCheck::TotalDiffers:
-      return Round(total(check.detail), kFooterDecimals) != number;
-    case ValidationCheck::TotalDiffersGiven:
-      return !number.isZero() && Round(total(check.detail), kFooterDecimals) != number;
-    case ValidationCheck::EmptyWithTotal:
-      return text.isEmpty() && total(check.detail) > 0;
-  }
-  return true;
-}
-
-bool DocumentEditor::checkLines() const {
-  const QString repeated = kind_.distinctArticles ? repeatedArticle(lines_) : QString();
-  if (!repeated.isEmpty()) throw RuleError(repeatedArticleText(repeated), "CODART");
-  if (!EsteValidDetaliiDocument(kind_.prefix, number())) return false;
-  auto document = draftFor(typed_, number());
-  if (!document) return true;             // validation reports it
-  document->header = headerFrom(typed_);  // the header that validation stores, saved or not
-  requireValidatable(*document);
-  requirePostable(*document);
-  return true;
-}
+bool DocumentEditor::checkLines() const { return passes(kind_.lineChecks, onScreen()); }
 
 void DocumentEditor::validate(const QHash<QString, QString>& typed) {
   headerTyped(typed);
   storeRate();
-  SalvareDocumente(typed_, headerFrom(typed_), shownDraft());
+  SalvareDocumente(typed_, storedHeader(typed_, header_, isNew_), shownDraft());
 }
 
-void DocumentEditor::checkPrinting(const QHash<QString, QString>& typed) {
+bool DocumentEditor::checkPrinting(const QHash<QString, QString>& typed) {
   headerTyped(typed);
-  for (const auto& check : kind_.printChecks)
-    if (isBroken(check)) throw RuleError(check.text, check.field, 0, check.title);
-}
-
-bool DocumentEditor::isBroken(const Checked<PrintCheck>& check) const {
-  switch (check.check) {
-    case PrintCheck::NumberEmpty:
-    case PrintCheck::PartnerEmpty:
-      return typed_.text(check.field).isEmpty();
-    case PrintCheck::ReceiptPrinted:
-      return isPrinted();
-    case PrintCheck::BeforeFiscalYear:
-      return typed_.date() < session().DataIN;
-    case PrintCheck::NoLines:
-      return isNew_ || lines_.empty();
-    case PrintCheck::NotSaved:
-      return isNew_;
-  }
-  return true;
+  return passes(kind_.printChecks, onScreen());
 }
 
 ReceiptOutcome DocumentEditor::printReceipt(const QHash<QString, QString>& typed) {
-  checkPrinting(typed);
-  requireHeader(typed_, isNew_);
+  if (!checkPrinting(typed) || !passes(kind_.headerChecks, onScreen(), kCritical))
+    return ReceiptOutcome::NotPrinted;
   storeRate();
   refreshStaleLines();
   if (!EsteValidDetaliiDocument(kind_.prefix, number())) return ReceiptOutcome::NotPrinted;
-  const ReceiptOutcome outcome = printCashReceipt(typed_, headerFrom(typed_), shownDraft());
+  const ReceiptOutcome outcome =
+      printCashReceipt(typed_, storedHeader(typed_, header_, isNew_), shownDraft());
   reopen(number());
   return outcome;
 }
@@ -497,7 +352,7 @@ bool DocumentEditor::followStored(const QHash<QString, QString>& typed) {
     drafts().requireAsShown(shownDraft());
     return false;
   } catch (const RuleError&) {
-    const QHash<QString, QString> before = textsOf(header_);
+    const QHash<QString, QString> before = shownHeader(kind_, header_, typed_.texts());
     open(number());
     for (const HeaderField& field : kind_.headerFields) {
       const QString text = typed.value(field.key());

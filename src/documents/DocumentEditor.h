@@ -7,6 +7,7 @@
 #include "documents/CashReceipt.h"
 #include "documents/Drafts.h"
 #include "documents/KindRules.h"
+#include "documents/LineCells.h"
 #include "documents/Numbering.h"
 
 namespace velmar {
@@ -48,21 +49,13 @@ class DocumentEditor {
   bool isTotal(const QString& column) const { return totals_.contains(column); }
   /// The sum of a total column over the lines.
   Decimal total(const QString& column) const { return totals_.value(column); }
-  /// The value of a numeric column of a line, also of one that is not stored.
-  Decimal amount(const Row& line, const QString& field) const;
 
   /// Checks the header as typed and stores it: inserts a new document, updates a draft. Texts are trimmed, an
   /// empty percentage becomes 0. Throws RuleError naming the column at fault; nothing is then changed.
   void save(const QHash<QString, QString>& typed);
 
-  /// Why a typed text is refused in a cell of a line; `refused` without a text when the cell is left without
-  /// a message.
-  struct Verdict {
-    bool refused = false;
-    QString text;
-    bool setsBack = false;  ///< the cell shows its old value
-  };
-  Verdict check(size_t line, const QString& field, const QString& typed, bool bySupplierCode) const;
+  /// Why a text is refused in a cell; `line` equal to the number of lines is the new line.
+  CellVerdict check(size_t line, const QString& field, const QString& typed, bool bySupplierCode) const;
 
   /// Whether the cell is editable. `line` equal to the number of lines is the new line.
   bool isOpen(size_t line, const QString& field) const;
@@ -84,16 +77,21 @@ class DocumentEditor {
   /// Updates the marks of the lines for the last header that was set.
   void refreshMarks();
 
-  /// The checks of the typed header before the question; throws RuleError for the first that fails. Then
-  /// lines whose amounts do not match quantity and price, or the VAT rate, are recalculated and stored.
-  void checkValidation(const QHash<QString, QString>& typed);
-  /// The checks after the question; throws RuleError. Shows notices that do not prevent validation.
+  /// What the user must know when the window opens.
+  QStringList openingNotices() const;
+
+  /// The checks of the typed header before the question; throws RuleError for the first that fails. False:
+  /// the user does not want to go on. Then lines whose amounts do not match quantity and price, or the VAT
+  /// rate, are recalculated and stored.
+  bool checkValidation(const QHash<QString, QString>& typed);
+  /// The checks of the lines on screen after the question, as checkValidation(). Those of the stock and all
+  /// that other workstations change are made by validate().
   bool checkLines() const;
   /// Validates the draft; newDocument() must follow. Throws RuleError or StepError; nothing is then written.
   void validate(const QHash<QString, QString>& typed);
 
-  /// The checks of the typed header before printing; throws RuleError for the first that fails.
-  void checkPrinting(const QHash<QString, QString>& typed);
+  /// The checks of the typed header before printing, as checkValidation().
+  bool checkPrinting(const QHash<QString, QString>& typed);
   /// Prints the receipt of a cash sale with all checks, and reads the draft again. Throws as
   /// printCashReceipt() and checkPrinting().
   ReceiptOutcome printReceipt(const QHash<QString, QString>& typed);
@@ -112,16 +110,10 @@ class DocumentEditor {
   void remove();
 
  private:
-  QHash<QString, QString> textsOf(const Row& header) const;
-  QString newText(const HeaderField& field) const;
   bool isSending() const;
   void reopen(const QString& number);
   void fillNewHeader(const ProposedNumber& proposed);
-  Row headerFrom(const TypedHeader& typed) const;
-  void noticeMissingRate(const Row& header) const;
-  bool isBroken(const Checked<ValidationCheck>& check) const;
-  bool isBroken(const Checked<PrintCheck>& check) const;
-  const LineColumn* column(const QString& field) const;
+  Document onScreen() const;
   void store(size_t line, Row row);
   bool followRate();
   bool isRateStored() const { return shownRate_ == storedRate_; }

@@ -1,10 +1,16 @@
-// The description of the 13 document kinds as data: tables, numbering, ordered checks with their messages,
-// header fields, line columns, captions. Differences in behaviour are in KindRules.
+// The description of a document kind as data: identity, tables, numbering, ordered checks with their
+// messages, header fields, line columns, captions, printed form. Differences in behaviour are in KindRules.
+// Each kind is described in its own source in documents/kinds/.
 #pragma once
 
 #include <QList>
 #include <QStringList>
 #include <vector>
+
+#include "config/Lists.h"
+#include "documents/Checks.h"
+#include "documents/ListingKind.h"
+#include "stock/LedgerKey.h"
 
 namespace velmar {
 
@@ -13,55 +19,6 @@ enum class Numbering {
   InvoiceRange,  ///< from the company's range of invoices, after drafts and ledger
   NoteRange,     ///< from the company's range of delivery notes, after drafts only
   Continuous     ///< the next one after drafts and ledger, without a range
-};
-
-/// A check of the header on saving, in the kind's order. Each has its own message.
-enum class HeaderCheck {
-  NumberEmpty,
-  PartnerEmpty,  ///< or an unknown code
-  JournalEmpty,
-  FieldEmpty,          ///< or, for a VAT rate, a code that is not in the list
-  NotNumeric,          ///< also an empty text; for a VAT rate, also a code that is not in the list
-  PercentNotPositive,  ///< an empty text is accepted and stored as 0
-  NotPositive,         ///< not a number, or below 0
-  NumberTaken,
-  OtherNumberTaken,  ///< a second number that the kind of Exista in `detail` finds; may be empty
-  PaletSold,
-  CashPartnerMissing
-};
-
-/// A check at validation, made before the question, in the kind's order.
-enum class ValidationCheck {
-  NumberEmpty,
-  NumberOfOrigin,  ///< the typed number equals that of the document on screen
-  OutsidePeriod,   ///< %1 and %2 of its text: the ends of the entry period
-  DueBeforeDate,
-  BeforeFiscalYear,
-  CurrencyWithoutRate,  ///< or with one that is not above 0
-  JournalEmpty,
-  NoLines,
-  TotalDiffers,       ///< the sum of the line column in `detail` differs from the header
-  TotalDiffersGiven,  ///< as TotalDiffers, but 0 in the header is accepted
-  EmptyWithTotal      ///< empty although the sum of the line column in `detail` is above 0
-};
-
-/// A check before printing, in the kind's order.
-enum class PrintCheck {
-  NumberEmpty,
-  ReceiptPrinted,  ///< the document's fiscal receipt
-  BeforeFiscalYear,
-  NoLines,
-  PartnerEmpty,
-  NotSaved
-};
-
-template <typename Check>
-struct Checked {
-  Check check;
-  QString text;         ///< the complete message
-  QString field;        ///< column at fault, or control if it is not stored; gets the focus
-  QString detail = {};  ///< further data of the check
-  QString title = {};   ///< of the message box
 };
 
 /// The type of a header field, which determines its control.
@@ -130,7 +87,7 @@ struct LineColumn {
   QStringList product = {};  ///< of a column that is not stored: the columns whose product it shows
 };
 
-/// The columns used by the check of the lines before validation.
+/// The columns used by the checks of the lines before validation.
 struct LineCheckColumns {
   QString price = QStringLiteral("PRETFT");
   QString salePrice;  ///< empty: no notice about the sale price
@@ -154,7 +111,9 @@ struct KindTexts {
   QString title;
   QString draftsCaption;
   QString newTip, saveTip, validateTip, deleteTip, printTip;  ///< empty: the command does not exist
-  QString saveFirst;  ///< message for lines typed before the header is saved
+  QString numberTaken;  ///< a new document has the number of another one
+  QString unsaved;      ///< a document that is not stored cannot be printed
+  QString saveFirst;    ///< message for lines typed before the header is saved
   QString
       confirmValidation;  ///< %1: the number (for a storno, the invoice's; %2 its own); empty: no question
   QString validated;      ///< after success
@@ -173,38 +132,56 @@ struct KindTexts {
   QString postingFailureTitle = QStringLiteral("Functia SalvareStocArticole");
 };
 
+/// What the notes of a document add up to.
+enum class Posted {
+  Nothing,
+  Value,        ///< its value, on accounts without a partner
+  ValueIfFifo,  ///< the same if lots value the stock; otherwise what the goods cost at that time
+  Gross,        ///< value and VAT, on the partner's account
+  GrossAndCost  ///< and the cost of goods held in stock
+};
+
+class KindRules;
+
 struct DocumentKind {
+  KindId id;
   QString prefix;  ///< value of G_DOCUME.TIP
   QString name;    ///< in English, for developers
-  QString window;  ///< class of its window
+  QString window;  ///< name of its window
   QString headerTable, lineTable;
   QString numberColumn;
   QString dateColumn;
   QString partnerColumn;  ///< empty for a transfer
   QString remarkColumn;
   QString tipie;  ///< "I", "E" or empty; the rules decide if it depends on the document
-  bool movesStock = true;
-  bool posts = true;
   Numbering numbering = Numbering::Typed;
   QString existsKind;  ///< kind of Exista that finds its number
   bool partnersAreSuppliers = false;
+  bool hasDraft = true;  ///< its header and lines are stored before it is validated
+  Posted posted = Posted::Nothing;
   bool oldestFirst = false;  ///< order of the list of drafts
   QStringList draftColumns;  ///< of the list of drafts, after number, date and partner's name
+  QString sourceColumn;      ///< of the lines: key of the order or note that a line came from; empty: none
   LineCheckColumns lineCheck;
-  bool distinctArticles = true;  ///< an article may be on only one line
   FiscalReceipt receipt;
-  std::vector<Checked<HeaderCheck>> headerChecks;
-  std::vector<Checked<ValidationCheck>> validationChecks;
-  std::vector<Checked<PrintCheck>> printChecks;
+  Checks openingChecks;     ///< when its window opens
+  Checks headerChecks;      ///< before the header is stored, and again at validation
+  Checks validationChecks;  ///< at validation, before the question
+  Checks lineChecks;        ///< after it
+  Checks printChecks;
   QList<HeaderField> headerFields;
   QList<LineColumn> lineColumns;
+  QString articleList;  ///< kind of articleListWithCostOrPrice that fills the name cells
   KindTexts texts;
+  std::optional<ListingKind> paper;  ///< the listing form; empty: it cannot be printed yet
+  const KindRules* rules = nullptr;  ///< null: it cannot be entered yet
+
+  /// The first header field of that type; null when there is none.
+  const HeaderField* field(HeaderFieldType type) const {
+    for (const HeaderField& field : headerFields)
+      if (field.type == type) return &field;
+    return nullptr;
+  }
 };
-
-/// All 13 kinds.
-const std::vector<DocumentKind>& documentKinds();
-
-/// The kind with that prefix, case insensitive. Throws StoreError when there is none.
-const DocumentKind& documentKind(const QString& prefix);
 
 }  // namespace velmar

@@ -78,41 +78,14 @@ QStringList filledColumns(const Row& row) {
 
 }  // namespace
 
-Recordset Drafts::list() const {
-  const QString order =
-      kind_.oldestFirst ? QStringLiteral("ASC NULLS FIRST") : QStringLiteral("DESC NULLS LAST");
-  if (kind_.partnerColumn.isEmpty())
-    return OpenRs(QStringLiteral("SELECT * FROM %1 WHERE VALIDAT = 0 AND Magazie = ? ORDER BY %2 %4, %3 %4")
-                      .arg(kind_.headerTable, kind_.dateColumn, kind_.numberColumn, order),
-                  {session().gMagazie});
-  QString more;
-  for (const QString& column : kind_.draftColumns) more += QStringLiteral(", H.%1 AS %1").arg(column);
-  return OpenRs(
-      QStringLiteral("SELECT H.%1 AS %1, H.%2 AS %2, T.NUME AS NUME, H.%3 AS %3%6 FROM %4 H "
-                     "INNER JOIN kt_ter T ON T.COD = H.%3 WHERE H.VALIDAT = 0 AND H.Magazie = ? "
-                     "ORDER BY H.%2 %5, H.%1 %5")
-          .arg(kind_.numberColumn, kind_.dateColumn, kind_.partnerColumn, kind_.headerTable, order, more),
-      {session().gMagazie});
-}
-
-std::optional<Document> Drafts::load(const QString& number) const {
-  const Recordset header = OpenRs(
-      QStringLiteral("SELECT * FROM %1 WHERE %2 = ?").arg(kind_.headerTable, kind_.numberColumn), {number});
-  if (header.isEmpty()) return std::nullopt;
-  Recordset lines = OpenRs(QStringLiteral("SELECT * FROM %1 WHERE %2 = ? ORDER BY NRLINIE")
-                               .arg(kind_.lineTable, kind_.numberColumn),
-                           {number});
-  return Document{&kind_, header.first().text(kind_.numberColumn), header.first(), lines.takeRows()};
-}
+Recordset Drafts::list() const { return listWhere(QStringLiteral("VALIDAT = 0")); }
 
 void Drafts::insertHeader(const Row& header) const {
   requireWidths(companyTable(kind_.headerTable), header);
   const QStringList columns = filledColumns(header);
   Transaction transaction(database());
-  if (load(header.text(kind_.numberColumn))) {
-    for (const auto& check : kind_.headerChecks)
-      if (check.check == HeaderCheck::NumberTaken) throw RuleError(check.text, kind_.numberColumn, kCritical);
-  }
+  if (load(header.text(kind_.numberColumn)))
+    throw RuleError(kind_.texts.numberTaken, kind_.numberColumn, kCritical);
   database().insertRows(kind_.headerTable, columns, {valuesOf(header, columns)});
   transaction.commit();
 }
@@ -166,6 +139,12 @@ void Drafts::updateLine(const Row& line, const Row& shownHeader, const Row& show
   transaction.commit();
 }
 
+void Drafts::updateLines(const std::vector<Row>& lines) const {
+  const Table& table = companyTable(kind_.lineTable);
+  for (const Row& line : lines) requireWidths(table, line);
+  if (!lines.empty()) updateColumns(lines, without(lines.front().columns(), {kind_.numberColumn, "NRLINIE"}));
+}
+
 void Drafts::updateColumns(const std::vector<Row>& lines, const QStringList& columns) const {
   if (lines.empty()) return;
   std::vector<Values> rows;
@@ -201,10 +180,10 @@ void Drafts::remove(const QString& number) const {
   transaction.commit();
 }
 
-void Drafts::setValidated(const QString& number) const {
-  requireChanged(ExecutaSql(QStringLiteral("UPDATE %1 SET VALIDAT = -1 WHERE %2 = ? AND VALIDAT = 0")
-                                .arg(kind_.headerTable, kind_.numberColumn),
-                            {number}),
+void Drafts::setValidated(const QString& number, bool is) const {
+  requireChanged(ExecutaSql(QStringLiteral("UPDATE %1 SET VALIDAT = ? WHERE %2 = ? AND VALIDAT %3 0")
+                                .arg(kind_.headerTable, kind_.numberColumn, is ? "=" : "<>"),
+                            {is, number}),
                  number);
 }
 

@@ -2,10 +2,7 @@
 // keystroke at another workstation cannot change a validated document.
 #pragma once
 
-#include <optional>
-
-#include "documents/Document.h"
-#include "documents/DocumentKind.h"
+#include "documents/DocumentStore.h"
 
 namespace velmar {
 
@@ -15,16 +12,11 @@ struct ShownDraft {
   std::vector<Row> lines;
 };
 
-class Drafts {
+class Drafts : public DocumentStore {
  public:
-  explicit Drafts(const DocumentKind& kind) : kind_(kind) {}
+  using DocumentStore::DocumentStore;
 
-  /// Drafts of the working warehouse, newest first unless the kind specifies otherwise: number, date and
-  /// partner's name (NUME).
-  Recordset list() const;
-
-  /// Header and lines of a document, draft or validated; empty when the number does not exist.
-  std::optional<Document> load(const QString& number) const;
+  Recordset list() const override;
 
   /// The stored draft. Throws RuleError when it is no longer a draft, or header or lines differ from those
   /// shown; the columns of the fiscal receipt may differ. The caller has the write lock.
@@ -43,14 +35,16 @@ class Drafts {
   /// Stores the columns of a line that differ from the line shown.
   void updateLine(const Row& line, const Row& shownHeader, const Row& shownLine) const;
   void deleteLine(const Row& shownHeader, const Row& shownLine) const;
+  /// Stores all columns of the lines, of a draft that the caller has locked.
+  void updateLines(const std::vector<Row>& lines) const;
   /// Stores those columns of the lines, of a draft that the caller has locked.
   void updateColumns(const std::vector<Row>& lines, const QStringList& columns) const;
 
   /// Deletes header and lines.
   void remove(const QString& number) const;
 
-  /// Marks the draft as validated.
-  void setValidated(const QString& number) const;
+  /// Marks the draft as validated, or a validated document as draft. Throws RuleError when it is so already.
+  void setValidated(const QString& number, bool is) const;
 
   /// Begins the attempt after `known` to print the fiscal receipt of a draft and returns its number. Throws
   /// RuleError when the receipt was printed, or another attempt has begun, in the meantime.
@@ -64,8 +58,6 @@ class Drafts {
   void requireLine(const Row& shownLine) const;
   void requireSameHeader(const Row& stored, const Row& shown) const;
   void requireChanged(int rows, const QString& number) const;
-
-  const DocumentKind& kind_;
 };
 
 }  // namespace velmar

@@ -1,13 +1,12 @@
-// The checks of a document's header before it is stored.
+// Checks of the codes and texts in a document's header before it is stored.
 #pragma once
 
 #include "documents/TypedHeader.h"
 
 namespace velmar {
 
-/// Throws RuleError for the first check of the kind that the header fails, naming the field. `isNew`: the
-/// document is not stored yet, so that its number must be free.
-void requireHeader(const TypedHeader& typed, bool isNew);
+/// The message for a date outside the entry period, with its ends.
+QString periodText();
 
 /// Whether documents of the kind may have the VAT rate of that code.
 bool isOfferedRate(const DocumentKind& kind, const QString& code);

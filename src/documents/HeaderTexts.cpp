@@ -2,7 +2,7 @@
 
 #include "config/Lists.h"
 #include "config/Lookups.h"
-#include "documents/TypedHeader.h"
+#include "util/Clock.h"
 #include "util/NumberText.h"
 
 namespace velmar {
@@ -57,6 +57,68 @@ QString shownHeaderText(HeaderFieldType type, const Row& header, const QString& 
     default:
       return header.text(column);
   }
+}
+
+QString newHeaderText(const DocumentKind& kind, const HeaderField& field) {
+  switch (field.type) {
+    case HeaderFieldType::Date:
+      return clock::today().toString(Qt::ISODate);
+    case HeaderFieldType::DueDate:
+      return clock::today().addMonths(1).toString(Qt::ISODate);
+    case HeaderFieldType::PaymentMode:
+      return {};
+    case HeaderFieldType::VatRate:
+      return defaultVatRate(kind.partnersAreSuppliers);
+    default:
+      return field.initial;
+  }
+}
+
+QHash<QString, QString> shownHeader(const DocumentKind& kind, const Row& header,
+                                    const QHash<QString, QString>& before) {
+  QHash<QString, QString> texts;
+  bool isForeign = false;
+  for (const HeaderField& field : kind.headerFields) {
+    // A date box always shows a date: if none is stored, the default of a new document.
+    const bool isDate = field.type == HeaderFieldType::Date || field.type == HeaderFieldType::DueDate;
+    if (!field.column.isEmpty() && !(isDate && header.isNull(field.column)))
+      texts.insert(field.key(), shownHeaderText(field.type, header, field.column));
+    else
+      texts.insert(field.key(), field.keeps ? before.value(field.key()) : newHeaderText(kind, field));
+    if (field.type == HeaderFieldType::Currency) isForeign = !header.text(field.column).isEmpty();
+  }
+  for (const HeaderField& field : kind.headerFields)
+    if (field.type == HeaderFieldType::Foreign && field.column.isEmpty())
+      texts.insert(field.key(), isForeign ? QStringLiteral("-1") : QStringLiteral("0"));
+  return texts;
+}
+
+Row storedHeader(const TypedHeader& typed, const Row& stored, bool isNew) {
+  Row header = stored;
+  const bool foreign = typed.isForeign();
+  for (const HeaderField& field : typed.kind().headerFields) {
+    const QString text = typed.texts().value(field.key());
+    const bool isKept =
+        field.column.isEmpty() || (field.type == HeaderFieldType::Number && !isNew) ||
+        (field.type == HeaderFieldType::PaymentMode && !paymentWords().contains(text.trimmed()));
+    if (isKept) continue;
+    const bool isCleared =
+        !foreign && (field.type == HeaderFieldType::Currency || field.type == HeaderFieldType::Rate);
+    header.set(field.column, storedHeaderValue(field.type, isCleared ? QString() : text));
+  }
+  return header;
+}
+
+QString missingRate(const TypedHeader& typed, const Row& header) {
+  const DocumentKind& kind = typed.kind();
+  if (kind.texts.rateMissing.isEmpty() || !typed.isForeign()) return {};
+  QString currency;
+  Decimal rate;
+  for (const HeaderField& field : kind.headerFields) {
+    if (field.type == HeaderFieldType::Currency) currency = header.text(field.column);
+    if (field.type == HeaderFieldType::Rate) rate = header.decimal(field.column);
+  }
+  return rate.isZero() ? kind.texts.rateMissing.arg(currency) : QString();
 }
 
 }  // namespace velmar

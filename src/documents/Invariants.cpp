@@ -1,9 +1,12 @@
 #include "documents/Invariants.h"
 
-#include "documents/KindRules.h"
+#include <array>
+
+#include "documents/kinds/Kinds.h"
 #include "stock/Ledger.h"
 #include "stock/Lots.h"
 #include "store/Database.h"
+#include "store/Schema.h"
 
 namespace velmar {
 
@@ -51,10 +54,6 @@ void findLots(Finder& finder) {
                   "ON R.ARTID = S.ARTID LEFT JOIN (%4) B ON B.ARTID = S.ARTID WHERE S.ARTID IN (%3) AND "
                   "ROUND_EVEN(S.CANT + COALESCE(B.CANT, 0) - COALESCE(R.CANT, 0), 3) <> 0 ORDER BY S.ARTID")
                   .arg(kLedgerStock, makesLot(), kHeldArticles, kReturnedUnnamed));
-  finder.find(QStringLiteral("Lotul are ramas mai putin decat nimic sau mai mult decat a intrat"),
-              QStringLiteral("SELECT L.DOCID || ' ' || L.ARTID AS PLACE FROM G_LDOCUM L WHERE %1 "
-                             "AND (L.CANTRAMASA < 0 OR L.CANTRAMASA > ABS(L.CANT)) ORDER BY L.DOCID, L.LINIE")
-                  .arg(makesLot()));
   // The used part of a lot equals the issues and the returns to its supplier.
   finder.find(
       QStringLiteral("Legaturile cu intrarea difera de cantitatea consumata"),
@@ -78,9 +77,73 @@ void findLots(Finder& finder) {
           "INNER JOIN G_DOCUME D "
           "ON D.ID = L.DOCID LEFT JOIN (SELECT TIP_E, ID_E, CODART, SUM(CANT) AS CANT FROM G_I_E "
           "GROUP BY TIP_E, ID_E, CODART) E ON D.ID = E.TIP_E || E.ID_E AND E.CODART = L.ARTID "
-          "WHERE D.TIPIE = 'E' AND D.TIP IN ('BC', 'FC', 'BS') AND L.ARTID IN (%1) "
+          "WHERE D.TIPIE = 'E' AND D.TIP IN (%2) AND L.ARTID IN (%1) "
           "AND ROUND_EVEN(L.CANT - COALESCE(E.CANT, 0), 3) <> 0 ORDER BY L.DOCID, L.ARTID")
-          .arg(kHeldArticles));
+          .arg(kHeldArticles, prefixesOf(&LedgerKind::takesLots)));
+}
+
+// Under every cost method: what is left of lots, notes and orders, and the links between documents.
+void findRemainders(Finder& finder) {
+  finder.find(QStringLiteral("Lotul are ramas mai putin decat nimic sau mai mult decat a intrat"),
+              QStringLiteral("SELECT L.DOCID || ' ' || L.ARTID AS PLACE FROM G_LDOCUM L WHERE %1 "
+                             "AND (L.CANTRAMASA < 0 OR L.CANTRAMASA > ABS(L.CANT)) ORDER BY L.DOCID, L.LINIE")
+                  .arg(makesLot()));
+  finder.find(
+      QStringLiteral("Legatura cu o intrare sau o iesire care nu exista"),
+      QStringLiteral("SELECT COALESCE(E.TIP_E, '') || E.ID_E || ' ' || E.ID_I || ' ' || E.CODART AS PLACE "
+                     "FROM G_I_E E WHERE NOT EXISTS (SELECT L.DOCID FROM G_LDOCUM L WHERE L.DOCID = E.ID_I "
+                     "AND L.ARTID = E.CODART) OR (E.TIP_E IS NOT NULL AND NOT EXISTS (SELECT D.ID FROM "
+                     "G_DOCUME D WHERE D.ID = E.TIP_E || E.ID_E)) ORDER BY E.ID_E, E.ID_I, E.CODART"));
+  for (const auto& [lines, number, column] :
+       {std::array{"G_LAECLI", "NUMAE", "CANTRAMAS"}, std::array{"G_LCOMFU", "NUMCOM", "CANTRLIV"},
+        std::array{"G_LCOMCL", "NUMCOM", "CANTLIV"}})
+    finder.find(
+        QStringLiteral("Cantitatea ramasa este sub 0 sau peste cantitatea liniei"),
+        QStringLiteral("SELECT '%1 ' || %2 || ' ' || CODART AS PLACE FROM %1 WHERE ROUND_EVEN(%3, 3) < 0 "
+                       "OR ROUND_EVEN(%3 - CANT, 3) > 0 ORDER BY %2, NRLINIE")
+            .arg(QLatin1String(lines), QLatin1String(number), QLatin1String(column)));
+}
+
+// The kind of document that a row K of kt_linii belongs to: stored, or by the next stamp of its number.
+const QString kKindOfNote = QStringLiteral(
+    "COALESCE(K.FELDOC, (SELECT S.TIPDOC FROM kt_linii S WHERE S.DOC = K.DOC AND S.PROV = 'G' "
+    "AND S.TIPDOC IS NOT NULL AND S.NDI >= K.NDI ORDER BY S.NDI LIMIT 1))");
+
+// The amounts posted for each document: with a partner, and the debits without one.
+const QString kPosted = QStringLiteral(
+    "SELECT P.FEL AS FEL, P.DOC AS DOC, SUM(CASE WHEN P.TERT IS NULL THEN 0 ELSE P.DEBIT + P.CREDIT END) AS "
+    "GROSS, SUM(CASE WHEN P.TERT IS NULL THEN P.DEBIT ELSE 0 END) AS DEBIT, COUNT(DISTINCT P.NDI) AS NOTES "
+    "FROM (SELECT %1 AS FEL, K.DOC AS DOC, K.NDI AS NDI, K.TERT AS TERT, K.DEBIT AS DEBIT, K.CREDIT AS "
+    "CREDIT "
+    "FROM kt_linii K WHERE K.PROV = 'G') P GROUP BY P.FEL, P.DOC");
+
+// The condition on document D, its draft H and what is posted for it, N, that the notes are wrong.
+QString wrongNotes(const DocumentKind& kind) {
+  const QString tolerance =
+      QStringLiteral("0.01 + 0.005 * (SELECT COUNT(*) FROM G_LDOCUM C WHERE C.DOCID = D.ID)");
+  const QString differs = QStringLiteral("ABS(%1 - COALESCE(%2, 0)) > ") + tolerance;
+  switch (kind.posted) {
+    case Posted::Nothing:
+      return {};
+    case Posted::Value:
+      return differs.arg("D.TOTALFT", "N.DEBIT");
+    case Posted::ValueIfFifo:
+      return TIPCOST() == kFifo ? differs.arg("D.TOTALFT", "N.DEBIT")
+                                : QStringLiteral("D.TOTALFT <> 0 AND N.DOC IS NULL");
+    case Posted::Gross:
+    case Posted::GrossAndCost:
+      break;
+  }
+  // Without a VAT rate the VAT of the lines is not posted.
+  QString wrong = differs.arg("D.TOTALFT + D.TOTALTVA", "N.GROSS") + QStringLiteral(" AND ") +
+                  differs.arg("D.TOTALFT", "N.GROSS");
+  if (kind.posted == Posted::GrossAndCost)
+    wrong = QStringLiteral(
+                "(%1) OR ABS(COALESCE(N.DEBIT, 0)) > ABS(D.TOTALCOST) + %2 OR (N.NOTES = 1 AND EXISTS "
+                "(SELECT C.DOCID FROM G_LDOCUM C INNER JOIN G_ARTMAG A ON A.CODART = C.ARTID "
+                "WHERE C.DOCID = D.ID AND A.FARASTOC = 0 AND A.PROVENIENTA = 'M' AND C.VALCOST <> 0))")
+                .arg(wrong, tolerance);
+  return wrong;
 }
 
 void findNotes(Finder& finder) {
@@ -89,6 +152,18 @@ void findNotes(Finder& finder) {
       QStringLiteral("SELECT NDI AS PLACE FROM kt_linii WHERE PROV = 'G' GROUP BY NDI "
                      "HAVING ROUND_EVEN(SUM(DEBIT) - SUM(CREDIT), 2) <> 0 OR COUNT(DISTINCT DOC) <> 1 "
                      "ORDER BY NDI"));
+  for (const DocumentKind& kind : documentKinds()) {
+    const QString wrong = kind.rules ? wrongNotes(kind) : QString();
+    if (wrong.isEmpty()) continue;
+    const bool isChosen = companyTable(kind.headerTable).column("NoteContabile");
+    finder.find(
+        QStringLiteral("Nota contabila lipseste sau are alta suma decat documentul"),
+        QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D INNER JOIN %1 H ON H.%2 = %3 LEFT JOIN (%4) N "
+                       "ON N.FEL = D.TIP AND N.DOC = H.%2 WHERE D.TIP = '%5' AND %6 AND (%7) ORDER BY D.ID")
+            .arg(kind.headerTable, kind.numberColumn, numberExpression(QStringLiteral("D.ID")),
+                 kPosted.arg(kKindOfNote), kind.prefix,
+                 isChosen ? QStringLiteral("H.NoteContabile <> 0") : QStringLiteral("1 = 1"), wrong));
+  }
 }
 
 void findCosts(Finder& finder) {
@@ -101,19 +176,28 @@ void findCosts(Finder& finder) {
                   "AND ABS(D.TOTALCOST - L.COST) > 0.005 * L.LINES + 0.000001 ORDER BY D.ID"));
 }
 
+// Whether ledger document D belongs to draft H: by its key, or by the key of one of its sides.
+QString isOfDraft(const DocumentKind& kind) {
+  const QString key = keyExpression(kind.id, QStringLiteral("H.") + kind.numberColumn);
+  return ledgerKind(kind.id).hasSides ? QStringLiteral("D.ID IN (%1 || 'E', %1 || 'I')").arg(key)
+                                      : QStringLiteral("D.ID = %1").arg(key);
+}
+
 void findDrafts(Finder& finder) {
   for (const DocumentKind& kind : documentKinds()) {
-    if (!kindRules(kind.prefix)) continue;
-    finder.find(
-        QStringLiteral("Document validat fara inregistrare in documente"),
-        QStringLiteral("SELECT '%1' || H.%2 AS PLACE FROM %3 H LEFT JOIN G_DOCUME D ON D.ID = '%1' || H.%2 "
-                       "WHERE H.VALIDAT <> 0 AND D.ID IS NULL ORDER BY H.%2")
-            .arg(kind.prefix, kind.numberColumn, kind.headerTable));
-    finder.find(
-        QStringLiteral("Inregistrare fara document validat"),
-        QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D LEFT JOIN %3 H ON H.%2 = SUBSTR(D.ID, 3) "
-                       "WHERE D.TIP = '%1' AND COALESCE(H.VALIDAT, 0) = 0 ORDER BY D.ID")
-            .arg(kind.prefix, kind.numberColumn, kind.headerTable));
+    if (!kind.rules || !kind.hasDraft) continue;
+    const int keys = ledgerKind(kind.id).hasSides ? 2 : 1;
+    finder.find(QStringLiteral("Document validat fara inregistrare in documente"),
+                QStringLiteral("SELECT %1 AS PLACE FROM %2 H WHERE H.VALIDAT <> 0 AND "
+                               "(SELECT COUNT(*) FROM G_DOCUME D WHERE %3) <> %4 ORDER BY H.%5")
+                    .arg(keyExpression(kind.id, QStringLiteral("H.") + kind.numberColumn), kind.headerTable,
+                         isOfDraft(kind), QString::number(keys), kind.numberColumn));
+    finder.find(QStringLiteral("Inregistrare fara document validat"),
+                QStringLiteral(
+                    "SELECT D.ID AS PLACE FROM G_DOCUME D WHERE D.TIP = '%1' AND COALESCE(D.IsAudio, 0) = 0 "
+                    "AND NOT EXISTS (SELECT H.%2 FROM %3 H WHERE H.%2 = %4 AND H.VALIDAT <> 0) ORDER BY D.ID")
+                    .arg(kind.prefix, kind.numberColumn, kind.headerTable,
+                         numberExpression(QStringLiteral("D.ID"), ledgerKind(kind.id).hasSides)));
   }
   finder.find(QStringLiteral("Document fara linii, sau linii fara document"),
               QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D WHERE NOT EXISTS "
@@ -129,6 +213,7 @@ std::vector<Disagreement> disagreements() {
   Finder finder;
   findStock(finder);
   if (TIPCOST() == kFifo) findLots(finder);
+  findRemainders(finder);
   findNotes(finder);
   findCosts(finder);
   findDrafts(finder);

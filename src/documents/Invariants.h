@@ -17,7 +17,9 @@ struct Disagreement {
 /// - an article's stock differs from the sum of the ledger (except for articles without stock);
 /// - under FIFO, the sum of the open lots differs from the ledger, or that of the links from the issues, for
 ///   articles moved only by receipts, issues and returns that refer to their receipt;
-/// - a note is not balanced, or belongs to two documents;
+/// - a lot, a delivery note or an order has less than nothing left, or more than it had; a link names a
+///   document that does not exist;
+/// - a note is not balanced or belongs to two documents; a document's notes are missing or have another sum;
 /// - a document's cost differs from the sum of its lines by more than half a ban per line;
 /// - a validated document has no ledger rows, or ledger rows have no validated document.
 /// Reads each table once or twice; writes nothing.

@@ -1,7 +1,5 @@
-// The table of the supported kinds' rules, and the default implementations.
+// The default implementations.
 #include "documents/KindRules.h"
-
-#include <map>
 
 namespace velmar {
 
@@ -23,22 +21,6 @@ std::vector<LineMark> KindRules::marks(const std::vector<Row>& /*lines*/,
 
 bool KindRules::isStale(const Row& /*line*/) const { return false; }
 
-void KindRules::requireStock(const Document& /*document*/) const {}
-
-void KindRules::requireReceipt(const Document& /*document*/) const {}
-
-const KindRules* kindRules(const QString& prefix) {
-  static const std::map<QString, std::unique_ptr<KindRules>> all = [] {
-    std::map<QString, std::unique_ptr<KindRules>> rules;
-    rules.emplace("BI", makeInputVoucherRules());
-    rules.emplace("FF", makeSupplierInvoiceRules());
-    rules.emplace("BC", makeConsumptionVoucherRules());
-    rules.emplace("FC", makeCustomerInvoiceRules());
-    rules.emplace("BS", makeCashSaleRules());
-    return rules;
-  }();
-  const auto found = all.find(prefix.toUpper());
-  return found == all.end() ? nullptr : found->second.get();
-}
+void KindRules::readInputs(const Document& /*document*/, PlanInputs& /*inputs*/) const {}
 
 }  // namespace velmar

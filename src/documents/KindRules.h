@@ -1,11 +1,9 @@
-// The differences in behaviour between the document kinds: one class per kind, each in its own source.
+// The differences in behaviour between the document kinds: one class per kind, in the kind's source.
 #pragma once
 
-#include <memory>
-
-#include "documents/Document.h"
 #include "documents/DocumentKind.h"
-#include "documents/TypedHeader.h"
+#include "documents/Notices.h"
+#include "documents/Plan.h"
 
 namespace velmar {
 
@@ -32,10 +30,11 @@ class KindRules {
 
   /// Completes a line with the article's data and the kind's price (an existing quantity is kept).
   /// `article` is a row of G_ARTMAG. Number, code and name are already set.
-  virtual void completeLine(Row& line, const Row& article, TypedHeader& header) const = 0;
+  virtual void completeLine(Row& line, const Row& article, TypedHeader& header, Notices& notices) const = 0;
 
   /// Recomputes the line after `changed` was typed.
-  virtual void recalculate(Row& line, const QString& changed, const TypedHeader& header) const = 0;
+  virtual void recalculate(Row& line, const QString& changed, const TypedHeader& header,
+                           Notices& notices) const = 0;
 
   /// Recalculates the line after the document's VAT rate has changed.
   virtual void applyRate(Row& line, const TypedHeader& header) const;
@@ -53,27 +52,14 @@ class KindRules {
   /// Whether the line's amounts no longer match their inputs and must be recalculated.
   virtual bool isStale(const Row& line) const;
 
-  /// Throws RuleError naming the field at fault when the current stock does not allow the lines. Called
-  /// before validation and again under its lock.
-  virtual void requireStock(const Document& document) const;
-
-  /// Throws RuleError when the document has to be printed first. Called after requireStock().
-  virtual void requireReceipt(const Document& document) const;
-
   /// Columns whose sums are shown in the footers.
   virtual QStringList totalColumns() const = 0;
 
-  /// The plan of the validation. Costs determined by the lots are set in the document's lines.
-  virtual Plan plan(Document& document) const = 0;
+  /// Reads the inputs that only this kind needs.
+  virtual void readInputs(const Document& document, PlanInputs& inputs) const;
+
+  /// What validation does. Throws RuleError; reads nothing.
+  virtual Effects effects(const Document& document, const PlanInputs& inputs) const = 0;
 };
-
-/// The rules of a kind; null for a kind that is not supported yet.
-const KindRules* kindRules(const QString& prefix);
-
-std::unique_ptr<KindRules> makeInputVoucherRules();
-std::unique_ptr<KindRules> makeSupplierInvoiceRules();
-std::unique_ptr<KindRules> makeConsumptionVoucherRules();
-std::unique_ptr<KindRules> makeCustomerInvoiceRules();
-std::unique_ptr<KindRules> makeCashSaleRules();
 
 }  // namespace velmar

@@ -3,13 +3,17 @@
 #include <QSet>
 
 #include "documents/Drafts.h"
+#include "documents/kinds/Kinds.h"
+#include "store/Records.h"
+#include "util/Errors.h"
 #include "util/Messages.h"
+#include "util/NumberText.h"
 
 namespace velmar {
 
 namespace {
 
-QString brokenRule(const Row& line, const LineCheckColumns& columns) {
+QString faultOf(const Row& line, const LineCheckColumns& columns) {
   const QString code = line.text("CODART");
   if (line.isNull("CODART") || code.trimmed().isEmpty())
     return QStringLiteral("Va rog completati codul articol ! Validarea nu se poate efectua !");
@@ -28,38 +32,80 @@ QString brokenRule(const Row& line, const LineCheckColumns& columns) {
   return {};
 }
 
+QStringList heldInStock(const QStringList& articles) {
+  QStringList held;
+  for (const Row& row :
+       rowsOfKeys("SELECT CODART FROM G_ARTMAG WHERE CODART IN (%1) AND FARASTOC = 0", articles))
+    held.append(row.text("CODART"));
+  return held;
+}
+
 }  // namespace
 
-QString brokenLineRule(const DocumentKind& kind, const std::vector<Row>& lines, QStringList* notices) {
-  const LineCheckColumns& columns = kind.lineCheck;
-  for (const Row& line : lines) {
-    QString broken = brokenRule(line, columns);
-    if (!broken.isEmpty()) return broken;
-    if (notices && !columns.salePrice.isEmpty() &&
-        line.decimal(columns.price) > line.decimal(columns.salePrice))
-      notices->append(
-          QStringLiteral(
-              "Pretul de vanzare este mai mic decat pretul de cumparare pentru articolul cu codul %1 ")
-              .arg(line.text("CODART")));
-  }
-  return {};
+std::optional<Shortage> shortageOf(const Document& document, Stocked stocked) {
+  Quantities wanted;
+  for (const Row& line : document.lines) wanted.add(line.text("CODART"), line.decimal("CANT"));
+  QStringList articles = articlesOf(document.lines);
+  if (stocked == Stocked::OnlyHeld) articles = heldInStock(articles);
+  articles.sort(Qt::CaseInsensitive);
+  return firstShortage(articles, wanted, document.warehouse());
 }
 
-QString repeatedArticle(const std::vector<Row>& lines) {
-  QSet<QString> seen;
-  for (const Row& line : lines) {
-    QString code = line.text("CODART");
-    if (seen.contains(code.toUpper())) return code;
-    seen.insert(code.toUpper());
-  }
-  return {};
+Check distinctArticles() {
+  return {.text =
+              "Articolul cu codul %1 se repeta ! Va rugam introduceti articole distincte ! Validarea nu "
+              "se poate efectua ! ",
+          .field = "CODART",
+          .fault = [](const Document& document) -> std::optional<Fault> {
+            QSet<QString> seen;
+            for (const Row& line : document.lines) {
+              const QString code = line.text("CODART");
+              if (seen.contains(code.toUpper())) return Fault{{code}};
+              seen.insert(code.toUpper());
+            }
+            return std::nullopt;
+          },
+          .at = CheckedAt::Twice};
 }
 
-QString repeatedArticleText(const QString& code) {
-  return QStringLiteral(
-             "Articolul cu codul %1 se repeta ! Va rugam introduceti articole distincte ! Validarea nu se "
-             "poate efectua ! ")
-      .arg(code);
+Check completeLines() {
+  return {.text = {},
+          .field = "CODART",
+          .fault = [](const Document& document) -> std::optional<Fault> {
+            for (const Row& line : document.lines) {
+              const QString text = faultOf(line, document.kind->lineCheck);
+              if (!text.isEmpty()) return Fault{.text = text};
+            }
+            return std::nullopt;
+          },
+          .at = CheckedAt::Twice};
+}
+
+Check salePricesNotBelowCost() {
+  return {.text = "Pretul de vanzare este mai mic decat pretul de cumparare pentru articolul cu codul %1 ",
+          .field = "CODART",
+          .fault = [](const Document& document) -> std::optional<Fault> {
+            const LineCheckColumns& columns = document.kind->lineCheck;
+            Fault fault;
+            for (const Row& line : document.lines) {
+              if (!faultOf(line, columns).isEmpty()) break;
+              if (line.decimal(columns.price) > line.decimal(columns.salePrice))
+                fault.subjects.append(line.text("CODART"));
+            }
+            return fault.subjects.isEmpty() ? std::nullopt : std::optional(fault);
+          },
+          .outcome = Outcome::Tell};
+}
+
+Check stockSuffices(Stocked stocked, const QString& text) {
+  return {.text = text,
+          .field = "CODART",
+          .fault = [stocked](const Document& document) -> std::optional<Fault> {
+            const auto shortage = shortageOf(document, stocked);
+            if (!shortage) return std::nullopt;
+            return Fault{{shortage->article, editNumber(shortage->available)}};
+          },
+          .at = CheckedAt::UnderLock};
 }
 
 QString discountsTooHighText(const QString& code) {
@@ -70,12 +116,12 @@ bool EsteValidDetaliiDocument(const QString& prefix, const QString& number) {
   const DocumentKind& kind = documentKind(prefix);
   const auto document = Drafts(kind).load(number);
   if (!document) return true;
-  QStringList notices;
-  const QString broken = brokenLineRule(kind, document->lines, &notices);
-  for (const QString& notice : notices) Mesaj(notice);
-  if (broken.isEmpty()) return true;
-  Mesaj(broken);
-  return false;
+  try {
+    return passes(kind.lineChecks, *document);
+  } catch (const RuleError& error) {
+    Mesaj(error.text());
+    return false;
+  }
 }
 
 }  // namespace velmar

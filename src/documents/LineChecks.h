@@ -1,31 +1,38 @@
-// The checks of a document's lines before validation.
+// The checks of a document's lines at validation.
 #pragma once
 
-#include <QString>
-#include <vector>
-
-#include "documents/DocumentKind.h"
-#include "store/Row.h"
+#include "documents/Checks.h"
+#include "documents/Document.h"
+#include "stock/Availability.h"
 
 namespace velmar {
 
-/// The first fault of the lines, "" when there is none: a missing code, a quantity of 0, a price that is not
-/// positive, discounts above the price. Notices about a sale price below the purchase price, up to that line,
-/// are added to `notices`.
-QString brokenLineRule(const DocumentKind& kind, const std::vector<Row>& lines,
-                       QStringList* notices = nullptr);
+enum class Stocked {
+  All,      ///< all articles are checked
+  OnlyHeld  ///< articles without stock are ignored
+};
 
-/// The code of the first article that is on two lines, case insensitive; "" when all are distinct.
-QString repeatedArticle(const std::vector<Row>& lines);
+/// The first article, by code, with less available in the document's warehouse than the lines need.
+std::optional<Shortage> shortageOf(const Document& document, Stocked stocked);
 
-/// The message for an article on two lines.
-QString repeatedArticleText(const QString& code);
+/// No article is on two lines, case insensitive.
+Check distinctArticles();
+
+/// Every line has a code, a quantity other than 0, a positive price, and discounts that do not exceed it.
+Check completeLines();
+
+/// A notice about sale prices below the purchase prices, up to the first line that is not complete.
+Check salePricesNotBelowCost();
+
+/// The stock of the document's warehouse covers the lines; `text` with the article's code and the available
+/// quantity.
+Check stockSuffices(Stocked stocked, const QString& text);
 
 /// The message for an article whose discounts exceed its price.
 QString discountsTooHighText(const QString& code);
 
-/// Reads and checks the lines of a draft; shows the notices and the first fault. A draft without lines is
-/// valid.
+/// Makes the checks of the stored lines that need no write lock; shows the notices and the first fault.
+/// Lines of a document that does not exist are valid.
 bool EsteValidDetaliiDocument(const QString& prefix, const QString& number);
 
 }  // namespace velmar

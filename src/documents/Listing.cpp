@@ -3,8 +3,7 @@
 #include <QDir>
 
 #include "config/Session.h"
-#include "documents/DocumentKind.h"
-#include "documents/KindWording.h"
+#include "documents/kinds/Kinds.h"
 #include "reports/Variables.h"
 #include "util/AmountText.h"
 #include "util/Errors.h"
@@ -15,96 +14,11 @@ namespace {
 
 const QString kLei = QStringLiteral("ROL");
 const QString kCurrencyColumn = QStringLiteral("CODDEVIZA");
-const QStringList kPartner{"NUME", "CODFISCAL", "AD", "CONTBANCAR", "BANCA"};
-const QStringList kCustomer = kPartner + QStringList{"NUMEDELEGAT", "ACTIDENT"};
-
-const QList<ListingBox> kDelegate{{"txtNume", "txtNume", "Numele delegatului"},
-                                  {"txtBI", "txtBI", "Act de identitate"},
-                                  {"txtAE", "txtAE", "Aviz de expeditie nr."},
-                                  {"txtAuto", "txtAuto", "Autovehicul de transport nr."},
-                                  {kDispatchDate, kDispatchDate, "Data expedierii"},
-                                  {"txtLivratDe", "txtLivratDe", "Livrat de"},
-                                  {"txtBI1", "txtBI1", "B.I."},
-                                  {"txtCNP", "txtCNP", "CNP"},
-                                  {"txtObs", "TxtObs", " Observatii"}};
-
-QString linesOf(const QString& table, const QString& number) {
-  return QStringLiteral("SELECT * FROM %1 WHERE %2 = ? ORDER BY NRLINIE").arg(table, number);
-}
-
-ListingKind customerInvoice() {
-  ListingKind kind{"FC", "frmLstFC", "Facturi Clienti", "FacturiCLIFull", "FacturiCLI"};
-  kind.offersReceipt = kind.offersCurrency = kind.printsSum = kind.choosesTarget = true;
-  kind.boxes = kDelegate;
-  kind.headerSql =
-      "SELECT F.NUMFAC, F.CODCLI, C.PROCENT AS BATVA1, F.OBS, F.DATAFAC, F.CODDEVIZA, F.CURS "
-      "FROM G_FACCLI AS F INNER JOIN kt_cote AS C ON F.BATVA1 = C.COD WHERE F.NUMFAC = ?";
-  kind.linesSql =
-      "SELECT F.NUMFAC, F.NRLINIE, F.CODART, F.DENUMIRE, F.CANT, F.ValoareFTCuDiscount AS PRETFT, "
-      "F.VALOAREFT, F.VALOARETTI, F.VALOARETVA, F.UM, A.PALET, A.DENALTALIMBA "
-      "FROM G_LFACCL AS F INNER JOIN G_ARTMAG AS A ON F.CODART = A.CODART WHERE F.NUMFAC = ? "
-      "ORDER BY F.NRLINIE";
-  kind.partner = kCustomer + QStringList{"JUDET", "REGCOM", "CT"};
-  return kind;
-}
-
-ListingKind cashSale() {
-  ListingKind kind{"BS", "frmLstRC", "Bon de Casa", "BonCasa"};
-  kind.headerSql =
-      "SELECT F.NUMFAC, F.CODCLI, C.PROCENT AS BATVA1, F.OBS, F.DATAFAC, F.CODDEVIZA, F.CURS, F.LISTAT "
-      "FROM G_BONCASA AS F INNER JOIN kt_cote AS C ON F.BATVA1 = C.COD WHERE F.NUMFAC = ?";
-  kind.linesSql =
-      "SELECT NUMFAC, NRLINIE, CODART, DENUMIRE, CANT, ValoareFTCuDiscount AS PRETFT, VALOAREFT, VALOARETTI, "
-      "VALOARETVA, UM FROM G_LBONCASA WHERE NUMFAC = ? ORDER BY NRLINIE";
-  kind.partner = kCustomer + QStringList{"JUDET", "REGCOM"};
-  return kind;
-}
-
-ListingKind consumptionVoucher() {
-  ListingKind kind{"BC", "frmLstBonConsum", "Bon de consum", "BonConsumFull"};
-  kind.headerSql =
-      "SELECT A.NUMAE, A.CODCLI, A.BATVA1, A.OBSERV, A.DATAAE FROM G_BONCON AS A WHERE A.NUMAE = ?";
-  kind.linesSql = linesOf("G_LBONCON", "NUMAE");
-  kind.partner = kCustomer;
-  return kind;
-}
-
-ListingKind inputVoucher() {
-  ListingKind kind{"BI", "frmLstBonIntr", "Bon de intrare", "BonIntrare"};
-  kind.headerSql = "SELECT F.NUMNR, F.CODFUR, F.BATVA, F.OBS, F.DATANR FROM G_BONINT AS F WHERE F.NUMNR = ?";
-  kind.linesSql = linesOf("G_LBONINT", "NUMNR");
-  kind.partner = kPartner;
-  return kind;
-}
-
-// For a supplier invoice the receipt note of its goods is printed.
-ListingKind supplierInvoice() {
-  ListingKind kind{"FF", "frmLstNIR_FF", "Listare NIR pentru Factura ", "NIR_FF"};
-  kind.headerSql =
-      "SELECT F.NUMFAC, F.CODFUR, C.PROCENT AS BATVA1, F.OBS, F.DATAFAC "
-      "FROM G_FACFUR AS F INNER JOIN kt_cote AS C ON F.BATVA1 = C.COD WHERE F.NUMFAC = ?";
-  kind.linesSql = linesOf("G_LFACFU", "NUMFAC");
-  kind.partner = kPartner;
-  return kind;
-}
-
-const std::vector<ListingKind>& listingKinds() {
-  static const std::vector<ListingKind> kinds{customerInvoice(), cashSale(), consumptionVoucher(),
-                                              inputVoucher(), supplierInvoice()};
-  return kinds;
-}
-
-QString unsavedText(const DocumentKind& kind) {
-  for (const auto& check : kind.printChecks)
-    if (check.check == PrintCheck::NotSaved) return check.text;
-  return wording::kPressSave;
-}
-
 // The header row for printing: the date has the type date, currency and rate are not empty.
 Recordset readHeader(const ListingKind& kind, const QString& number) {
-  const DocumentKind& document = documentKind(kind.prefix);
+  const DocumentKind& document = documentKind(kind.kind);
   Recordset header = OpenRs(kind.headerSql, {number});
-  if (header.isEmpty()) throw RuleError(unsavedText(document), document.numberColumn);
+  if (header.isEmpty()) throw RuleError(document.texts.unsaved, document.numberColumn);
   header.transform(document.dateColumn, asDate);
   for (const QString& column : header.columns()) {
     if (column.compare(kCurrencyColumn, Qt::CaseInsensitive) == 0)
@@ -148,9 +62,9 @@ void addSum(Variables& variables, const ListedDocument& document, const ListingO
 }  // namespace
 
 const ListingKind& listingKind(const QString& prefix) {
-  for (const ListingKind& kind : listingKinds())
-    if (kind.prefix.compare(prefix, Qt::CaseInsensitive) == 0) return kind;
-  throw StoreError(0, QStringLiteral("Documentele %1 nu pot fi tiparite inca").arg(prefix));
+  const DocumentKind& kind = documentKind(prefix);
+  if (!kind.paper) throw StoreError(0, QStringLiteral("Documentele %1 nu pot fi tiparite inca").arg(prefix));
+  return *kind.paper;
 }
 
 ListedDocument readListed(const ListingKind& kind, const QString& number) {
@@ -159,7 +73,7 @@ ListedDocument readListed(const ListingKind& kind, const QString& number) {
   document.lines = OpenRs(kind.linesSql, {number});
   const Row& header = document.header.first();
   document.partner =
-      session().gDataEnv.open("Get_Tert", {header.integer(documentKind(kind.prefix).partnerColumn)});
+      session().gDataEnv.open("Get_Tert", {header.integer(documentKind(kind.kind).partnerColumn)});
   if (header.has(kCurrencyColumn)) document.currency = header.text(kCurrencyColumn);
   if (kind.printsSum)
     for (const Row& line : document.lines) document.total += line.decimal("VALOARETTI");
@@ -167,7 +81,7 @@ ListedDocument readListed(const ListingKind& kind, const QString& number) {
 }
 
 QStringList missingPartnerTexts(const ListingKind& kind) {
-  const QString noun = documentKind(kind.prefix).partnersAreSuppliers ? "Furnizor" : "Client";
+  const QString noun = documentKind(kind.kind).partnersAreSuppliers ? "Furnizor" : "Client";
   return {noun + " inexistent in baza de date", "Trebuie introdus in baza de date"};
 }
 

@@ -1,40 +1,12 @@
-// Document printing: the options of each kind's listing form, the data that it reads, and the variables and
-// fields of its layout.
+// Document printing: the data that a kind's listing form reads, and the variables and fields of its layout.
 #pragma once
 
 #include <QHash>
 
+#include "documents/ListingKind.h"
 #include "reports/ReportData.h"
 
 namespace velmar {
-
-/// A box of a listing form, whose text is a variable of the report.
-struct ListingBox {
-  const char* variable;
-  const char* control;  ///< its name on the form
-  const char* caption;
-};
-
-/// The box with a date; all others contain texts.
-inline constexpr const char* kDispatchDate = "DataExp";
-
-/// The description of a listing form.
-struct ListingKind {
-  QString prefix;  ///< of the document kind
-  QString form;    ///< class name
-  QString caption;
-  QString project;             ///< file name of its layout
-  QString preprinted = {};     ///< of the layout for a pre-printed form; empty: no such choice
-  bool offersReceipt = false;  ///< CheckChitanta
-  bool offersCurrency = false;
-  bool printsSum = false;  ///< total in figures and words, and the series of invoices
-  bool choosesTarget =
-      false;  ///< "Listare" first prints to a target chosen by the user, then shows the preview
-  QList<ListingBox> boxes = {};  ///< of the delegate's frame
-  QString headerSql = {};        ///< the one row of the document with that number
-  QString linesSql = {};         ///< its lines with that number
-  QStringList partner = {};      ///< columns of kt_ter, as variables
-};
 
 /// The listing form of the documents of that kind. Throws StoreError when there is none yet.
 const ListingKind& listingKind(const QString& prefix);

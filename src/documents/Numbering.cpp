@@ -2,6 +2,7 @@
 
 #include "config/Numbers.h"
 #include "config/Session.h"
+#include "documents/kinds/Kinds.h"
 #include "util/Messages.h"
 
 namespace velmar {

@@ -24,21 +24,30 @@ QDate TypedHeader::date() const { return QDate::fromString(text(kind_->dateColum
 qint64 TypedHeader::partner() const { return text(kind_->partnerColumn).toLongLong(); }
 
 bool TypedHeader::isForeign() const {
-  const HeaderField* box = field(HeaderFieldType::Foreign);
-  return !box || isTicked(box->key());
+  const HeaderField* box = kind_->field(HeaderFieldType::Foreign);
+  return box ? isTicked(box->key()) : kind_->field(HeaderFieldType::Currency) != nullptr;
 }
 
 Decimal TypedHeader::rate() const {
-  const HeaderField* rate = field(HeaderFieldType::Rate);
+  const HeaderField* rate = kind_->field(HeaderFieldType::Rate);
   return rate && isForeign() ? number(rate->key()) : Decimal(0);
 }
 
+QString TypedHeader::costCentre() const {
+  const HeaderField* centre = kind_->field(HeaderFieldType::CostCentre);
+  return centre ? text(centre->key()) : QString();
+}
+
 QString TypedHeader::vatRate() const {
-  const HeaderField* rate = field(HeaderFieldType::VatRate);
+  const HeaderField* rate = kind_->field(HeaderFieldType::VatRate);
   return rate ? text(rate->key()) : QString();
 }
 
 Decimal TypedHeader::vatPercent() const {
+  if (!kind_->field(HeaderFieldType::VatRate)) {
+    const HeaderField* percent = kind_->field(HeaderFieldType::Percent);
+    return percent ? number(percent->key()) : Decimal(0);
+  }
   const QString code = vatRate();
   if (code.isEmpty()) return 0;
   if (!percents_.contains(code)) percents_.insert(code, ProcentTVA(code.toLongLong()));
@@ -51,11 +60,5 @@ void TypedHeader::set(const QString& key, const QString& text) {
 }
 
 QHash<QString, QString> TypedHeader::takeChanges() { return std::exchange(changes_, {}); }
-
-const HeaderField* TypedHeader::field(HeaderFieldType type) const {
-  for (const HeaderField& field : kind_->headerFields)
-    if (field.type == type) return &field;
-  return nullptr;
-}
 
 }  // namespace velmar

@@ -30,13 +30,15 @@ class TypedHeader {
   /// Code of the partner; 0 when none is chosen.
   qint64 partner() const;
 
-  /// Whether amounts are in foreign currency; always true for a kind without the box.
+  /// Whether amounts are in foreign currency; always true for a kind that has a currency but not the box.
   bool isForeign() const;
   /// Lei for one unit of the currency; 0 in lei.
   Decimal rate() const;
+  /// Code of the chosen cost centre; empty if none is chosen.
+  QString costCentre() const;
   /// Code of the chosen VAT rate; empty if the kind has none.
   QString vatRate() const;
-  /// Percentage of the chosen VAT rate.
+  /// Percentage of the chosen VAT rate, or the typed one.
   Decimal vatPercent() const;
 
   /// Sets the text of a field; the window then shows it.
@@ -45,8 +47,6 @@ class TypedHeader {
   QHash<QString, QString> takeChanges();
 
  private:
-  const HeaderField* field(HeaderFieldType type) const;
-
   const DocumentKind* kind_;
   QHash<QString, QString> texts_;
   QHash<QString, QString> changes_;

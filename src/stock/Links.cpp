@@ -1,111 +1,189 @@
 #include "stock/Links.h"
 
+#include <algorithm>
+
 #include "store/Database.h"
-#include "util/Clock.h"
+#include "store/Records.h"
 
 namespace velmar {
 
 namespace {
 
-const QString kNote = QStringLiteral("AE");
-const QString kOrder = QStringLiteral("CF");
-const QString kReceipt = QStringLiteral("NR");
-const QString kNoReference = QStringLiteral(" ");
+constexpr int kQuantityDecimals = 3;
 
-Recordset linesOf(const QString& key) {
-  const QString number = key.mid(2);
-  return key.startsWith(kReceipt, Qt::CaseInsensitive)
-             ? OpenRs("SELECT CODART, CANT FROM G_LNRFUR WHERE NUMNR = ? ORDER BY NRLINIE", {number})
-             : OpenRs("SELECT CODART, CANT FROM G_LFACCL WHERE NUMFAC = ? ORDER BY NRLINIE", {number});
+// How a kind stores the open quantities of its lines.
+struct SourceTables {
+  KindId kind;
+  const char* headers;
+  const char* lines;
+  const char* number;
+  const char* column;  ///< of the lines
+  bool isDelivered;    ///< the column has what was taken, not what is open
+  const char* closed;  ///< flag of the header; "" when there is none
+  bool restInLedger;   ///< the open quantity is in CANTRAMASA of the ledger too
+  bool isDated;        ///< the lines have the date of the reference
+};
+
+constexpr SourceTables kSources[] = {
+    {KindId::DeliveryNote, "G_AECLI", "G_LAECLI", "NUMAE", "CANTRAMAS", false, "FACTURAT", true, true},
+    {KindId::SupplierOrder, "G_COMFUR", "G_LCOMFU", "NUMCOM", "CANTRLIV", false, "SOLDAT", false, true},
+    {KindId::CustomerOrder, "G_COMCLI", "G_LCOMCL", "NUMCOM", "CANTLIV", true, "", false, false}};
+
+QString inserted(const char* sql, const SourceTables& tables) {
+  return QString::fromLatin1(sql)
+      .replace(QStringLiteral("{headers}"), QString::fromLatin1(tables.headers))
+      .replace(QStringLiteral("{lines}"), QString::fromLatin1(tables.lines))
+      .replace(QStringLiteral("{number}"), QString::fromLatin1(tables.number))
+      .replace(QStringLiteral("{column}"), QString::fromLatin1(tables.column))
+      .replace(QStringLiteral("{closed}"), QString::fromLatin1(tables.closed))
+      .replace(QStringLiteral("{date}"), QString::fromLatin1(tables.isDated ? "DATASOLD" : "NULL"));
+}
+
+void readOf(const SourceTables& tables, const std::vector<LedgerKey>& sources,
+            std::vector<SourceLine>& lines) {
+  QStringList numbers;
+  for (const LedgerKey& source : sources)
+    if (source.kind == tables.kind) numbers.append(source.number);
+  numbers.removeDuplicates();
+  for (const Row& row :
+       rowsOfKeys(inserted("SELECT {number} AS NUMBER, NRLINIE, CODART, CANT, {column} AS REST, "
+                           "REFERINTA, {date} AS DATASOLD FROM {lines} WHERE {number} IN (%1) "
+                           "ORDER BY {number}, NRLINIE",
+                           tables),
+                  numbers)) {
+    const Decimal quantity = row.decimal("CANT");
+    const Decimal stored = row.decimal("REST");
+    lines.push_back({{tables.kind, row.text("NUMBER")},
+                     row.integer("NRLINIE"),
+                     row.text("CODART"),
+                     quantity,
+                     tables.isDelivered ? Round(quantity - stored, kQuantityDecimals) : stored,
+                     row.text("REFERINTA"),
+                     row.date("DATASOLD")});
+  }
+}
+
+void writeOf(const SourceTables& tables, const std::vector<SourceLine>& lines) {
+  std::vector<Values> rests, ledger;
+  QStringList numbers;
+  for (const SourceLine& line : lines) {
+    if (line.source.kind != tables.kind) continue;
+    const Value date = line.date.isValid() ? Value(line.date) : Value();
+    const Value reference = line.reference.isEmpty() ? Value() : Value(line.reference);
+    const Decimal stored =
+        tables.isDelivered ? Round(line.quantity - line.open, kQuantityDecimals) : line.open;
+    Values rest{stored, reference};
+    if (tables.isDated) rest.push_back(date);
+    rest.insert(rest.end(), {line.source.number, line.line});
+    rests.push_back(std::move(rest));
+    Values values{reference, date};
+    if (tables.restInLedger) values.insert(values.begin(), line.open);
+    values.insert(values.end(), {line.source.text(), line.article});
+    ledger.push_back(std::move(values));
+    numbers.append(line.source.number);
+  }
+  numbers.removeDuplicates();
+  if (rests.empty()) return;
+  database().executeEach(
+      inserted("UPDATE {lines} SET {column} = ?, REFERINTA = ?%1 WHERE {number} = ? AND NRLINIE = ?", tables)
+          .arg(tables.isDated ? QStringLiteral(", DATASOLD = ?") : QString()),
+      rests);
+  database().executeEach(QStringLiteral("UPDATE G_LDOCUM SET %1REFERINTA = ?, DATASOLD = ? "
+                                        "WHERE DOCID = ? AND ARTID = ?")
+                             .arg(tables.restInLedger ? QStringLiteral("CANTRAMASA = ?, ") : QString()),
+                         ledger);
+  if (*tables.closed == '\0') return;
+  for (const QString& number : numbers) {
+    const bool isOpen =
+        !database()
+             .query(
+                 inserted("SELECT {number} FROM {lines} WHERE {number} = ? AND {column} > 0 LIMIT 1", tables),
+                 {number})
+             .isEmpty();
+    database().execute(inserted("UPDATE {headers} SET {closed} = ? WHERE {number} = ?", tables),
+                       {!isOpen, number});
+    if (tables.restInLedger)
+      database().execute("UPDATE G_DOCUME SET VALIDAT = ? WHERE ID = ?",
+                         {!isOpen, LedgerKey{tables.kind, number}.text()});
+  }
 }
 
 }  // namespace
 
-void receiveOrdered(const QString& order, const QString& article, const Decimal& quantity,
-                    const LinkReference& receipt) {
-  Transaction transaction(database());
-  database().execute(
-      "UPDATE G_LCOMFU SET CANTRLIV = ROUND_EVEN(COALESCE(CANTRLIV, 0) - ?, 3), REFERINTA = ?, DATASOLD = ? "
-      "WHERE NUMCOM = ? AND CODART = ?",
-      {quantity, receipt.document, receipt.date, order, article});
-  database().execute(
-      "UPDATE G_COMFUR SET SOLDAT = -1 WHERE NUMCOM = ? AND SOLDAT = 0 AND NOT EXISTS "
-      "(SELECT L.NUMCOM FROM G_LCOMFU L WHERE L.NUMCOM = G_COMFUR.NUMCOM AND L.CANTRLIV > 0)",
-      {order});
-  database().execute("UPDATE G_LDOCUM SET REFERINTA = ?, DATASOLD = ? WHERE DOCID = ? AND ARTID = ?",
-                     {receipt.document, receipt.date, kOrder + order, article});
-  transaction.commit();
+std::vector<SourceLine> readSources(const std::vector<LedgerKey>& sources) {
+  std::vector<SourceLine> lines;
+  for (const SourceTables& tables : kSources) readOf(tables, sources, lines);
+  return lines;
 }
 
-void takeFromNote(const QString& note, const QString& article, const Decimal& quantity,
-                  const LinkReference& taker) {
-  Transaction transaction(database());
-  database().execute(
-      "UPDATE G_LAECLI SET CANTRAMAS = ROUND_EVEN(COALESCE(CANTRAMAS, 0) - ?, 3), REFERINTA = ?, DATASOLD = "
-      "? "
-      "WHERE NUMAE = ? AND CODART = ?",
-      {quantity, taker.document, taker.date, note, article});
-  database().execute(
-      "UPDATE G_LDOCUM SET CANTRAMASA = ROUND_EVEN(COALESCE(CANTRAMASA, 0) - ?, 3), REFERINTA = ?, DATASOLD "
-      "= ? "
-      "WHERE DOCID = ? AND ARTID = ?",
-      {quantity, taker.document, clock::today(), kNote + note, article});
-  transaction.commit();
+std::vector<LedgerKey> ordersOf(const QString& invoice) {
+  std::vector<LedgerKey> orders;
+  for (const Row& row : OpenRs(
+           "SELECT F.ID_Comanda AS NUMBER FROM G_FACTURI_COMENZI_CLIENTI F LEFT JOIN G_COMCLI C "
+           "ON C.NUMCOM = F.ID_Comanda WHERE F.ID_Factura = ? ORDER BY C.DATACOM NULLS FIRST, F.ID_Comanda",
+           {invoice}))
+    orders.push_back({KindId::CustomerOrder, row.text("NUMBER")});
+  return orders;
 }
 
-void closeNoteIfTaken(const QString& note) {
-  Transaction transaction(database());
-  const bool isOpen =
-      !OpenRs("SELECT NUMAE FROM G_LAECLI WHERE NUMAE = ? AND CANTRAMAS > 0 LIMIT 1", {note}).isEmpty();
-  if (!isOpen) {
-    database().execute("UPDATE G_AECLI SET FACTURAT = -1 WHERE NUMAE = ?", {note});
-    database().execute("UPDATE G_DOCUME SET VALIDAT = -1 WHERE ID = ?", {kNote + note});
+OpenSources::OpenSources(std::vector<SourceLine> lines)
+    : lines_(std::move(lines)), isChanged_(lines_.size(), false) {}
+
+bool OpenSources::isOf(const SourceLine& line, const TakenLine& taken) const {
+  return line.source.kind == taken.source.kind &&
+         line.source.number.compare(taken.source.number, Qt::CaseInsensitive) == 0 &&
+         line.article.compare(taken.article, Qt::CaseInsensitive) == 0;
+}
+
+void OpenSources::take(const TakenLine& taken, const LedgerKey& taker, const QDate& date) {
+  Decimal wanted = taken.quantity;
+  SourceLine* last = nullptr;
+  for (size_t i = 0; i < lines_.size(); ++i) {
+    SourceLine& line = lines_[i];
+    if (!isOf(line, taken)) continue;
+    last = &line;
+    if (wanted.isZero() || line.open <= 0) continue;
+    const Decimal part = line.open < wanted ? line.open : wanted;
+    line.open = Round(line.open - part, kQuantityDecimals);
+    line.reference = taker.text();
+    line.date = date;
+    wanted = Round(wanted - part, kQuantityDecimals);
+    isChanged_[i] = true;
   }
-  transaction.commit();
+  if (!last || wanted.isZero()) return;
+  last->open = Round(last->open - wanted, kQuantityDecimals);
+  last->reference = taker.text();
+  last->date = date;
+  isChanged_[static_cast<size_t>(last - lines_.data())] = true;
 }
 
-void CorecteazaComenzi(const QString& invoice) {
-  Transaction transaction(database());
-  const Recordset ordered = OpenRs(
-      "SELECT L.NUMCOM AS NUMCOM, L.NRLINIE AS NRLINIE, L.CODART AS CODART, L.CANT AS CANT, "
-      "L.CANTLIV AS CANTLIV FROM G_LCOMCL L WHERE L.NUMCOM IN "
-      "(SELECT F.ID_Comanda FROM G_FACTURI_COMENZI_CLIENTI F WHERE F.ID_Factura = ?) "
-      "ORDER BY L.NRLINIE, L.NUMCOM",
-      {invoice});
-  if (ordered.isEmpty()) return;
-  for (const Row& line :
-       OpenRs("SELECT CODART, CANT FROM G_LFACCL WHERE NUMFAC = ? ORDER BY NRLINIE", {invoice}))
-    for (const Row& order : ordered) {
-      if (order.text("CODART").compare(line.text("CODART"), Qt::CaseInsensitive) != 0) continue;
-      const Decimal quantity = line.decimal("CANT");
-      const Decimal left =
-          quantity < order.decimal("CANT") ? Round(order.decimal("CANTLIV") - quantity, 3) : Decimal(0);
-      database().execute("UPDATE G_LCOMCL SET CANTLIV = ? WHERE NUMCOM = ? AND NRLINIE = ?",
-                         {left, order.text("NUMCOM"), order.integer("NRLINIE")});
-      break;
+void OpenSources::giveBack(const TakenLine& taken, const LedgerKey& taker) {
+  Decimal back = taken.quantity;
+  for (size_t i = lines_.size(); i-- > 0;) {
+    SourceLine& line = lines_[i];
+    if (!isOf(line, taken) || back.isZero()) continue;
+    const Decimal room = line.quantity - line.open;
+    const Decimal part = room < back ? room : back;
+    if (part <= 0) continue;
+    line.open = Round(line.open + part, kQuantityDecimals);
+    back = Round(back - part, kQuantityDecimals);
+    if (line.reference.compare(taker.text(), Qt::CaseInsensitive) == 0) {
+      line.reference.clear();
+      line.date = QDate();
     }
-  transaction.commit();
+    isChanged_[i] = true;
+  }
 }
 
-void CorecteazaAE(const QString& key) {
-  Transaction transaction(database());
-  const bool isReceipt = key.startsWith(kReceipt, Qt::CaseInsensitive);
-  const Recordset taken = OpenRs(
-      "SELECT NUMAE, NRLINIE, CODART, CANTRAMAS FROM G_LAECLI WHERE REFERINTA = ? ORDER BY NRLINIE, NUMAE",
-      {isReceipt ? key.mid(2) : key});
-  if (taken.isEmpty()) return;
-  for (const Row& line : linesOf(key))
-    for (const Row& note : taken) {
-      if (note.text("CODART").compare(line.text("CODART"), Qt::CaseInsensitive) != 0) continue;
-      const Decimal left = Round(note.decimal("CANTRAMAS") + line.decimal("CANT"), 3);
-      database().execute("UPDATE G_LAECLI SET CANTRAMAS = ?, REFERINTA = ? WHERE NUMAE = ? AND NRLINIE = ?",
-                         {left, kNoReference, note.text("NUMAE"), note.integer("NRLINIE")});
-      database().execute("UPDATE G_LDOCUM SET CANTRAMASA = ?, REFERINTA = ? WHERE DOCID = ? AND ARTID = ?",
-                         {left, kNoReference, kNote + note.text("NUMAE"), note.text("CODART")});
-    }
-  for (const Row& note : taken)
-    database().execute("UPDATE G_AECLI SET FACTURAT = 0 WHERE NUMAE = ?", {note.text("NUMAE")});
-  transaction.commit();
+std::vector<SourceLine> OpenSources::changed() const {
+  std::vector<SourceLine> changed;
+  for (size_t i = 0; i < lines_.size(); ++i)
+    if (isChanged_[i]) changed.push_back(lines_[i]);
+  return changed;
+}
+
+void writeSources(const std::vector<SourceLine>& lines) {
+  for (const SourceTables& tables : kSources) writeOf(tables, lines);
 }
 
 }  // namespace velmar

@@ -1,40 +1,64 @@
-// Open quantities of orders and delivery notes: remainders and references in their lines are updated when a
-// receipt or an invoice takes from them, and restored when that document is deleted.
+// Open quantities of orders and delivery notes: what invoices and receipt notes take from their lines, and
+// what a document that is taken back gives back to them.
 #pragma once
 
 #include <QDate>
-#include <QString>
+#include <QStringList>
+#include <vector>
 
+#include "stock/LedgerKey.h"
 #include "util/Decimal.h"
 
 namespace velmar {
 
-/// The document that took from a line, as stored in the line.
-struct LinkReference {
-  QString document;  ///< key: prefix and number
-  QDate date;
+/// A line of a supplier order, a customer order or a delivery note.
+struct SourceLine {
+  LedgerKey source;
+  qint64 line = 0;  ///< NRLINIE
+  QString article;
+  Decimal quantity;
+  Decimal open;       ///< not yet received, delivered, invoiced or returned
+  QString reference;  ///< key of the last document that took from it; blank: none
+  QDate date;         ///< of that
 };
 
-/// Subtracts a received quantity from the supplier order's line and writes the reference to the order and its
-/// ledger row. An order without open quantities becomes SOLDAT.
-void receiveOrdered(const QString& order, const QString& article, const Decimal& quantity,
-                    const LinkReference& receipt);
+/// What a line of a document took from a source.
+struct TakenLine {
+  LedgerKey source;
+  QString article;
+  Decimal quantity;  ///< positive
+};
 
-/// Subtracts a quantity that was returned by the customer or invoiced from the delivery note's line, in draft
-/// and ledger.
-void takeFromNote(const QString& note, const QString& article, const Decimal& quantity,
-                  const LinkReference& taker);
+/// The lines of these orders and notes, in their order.
+std::vector<SourceLine> readSources(const std::vector<LedgerKey>& sources);
 
-/// Marks the delivery note as invoiced, and its ledger row as validated, if no line has an open quantity.
-void closeNoteIfTaken(const QString& note);
+/// The customer orders from which an invoice was made.
+std::vector<LedgerKey> ordersOf(const QString& invoice);
 
-/// Undoes the deliveries of a deleted invoice in its customer orders: the first order line of an article
-/// takes the whole quantity; its delivered quantity becomes 0 if no more than that was ordered.
-void CorecteazaComenzi(const QString& invoice);
+/// Open quantities in memory. Takes add up, also of several notes and orders; giving back is the inverse.
+class OpenSources {
+ public:
+  OpenSources() = default;
+  explicit OpenSources(std::vector<SourceLine> lines);
 
-/// Restores the quantities that a deleted receipt note or invoice (its complete key) had taken from delivery
-/// notes, and reopens the notes. Every line of the article that refers to the document gets the whole
-/// quantity.
-void CorecteazaAE(const QString& key);
+  /// Takes from the lines of the article in the source, the first one first; what exceeds them is taken from
+  /// the last one, whose open quantity is then below 0.
+  void take(const TakenLine& taken, const LedgerKey& taker, const QDate& date);
+  /// Gives back, the last line first, at most up to each line's quantity. A reference to `taker` is removed.
+  void giveBack(const TakenLine& taken, const LedgerKey& taker);
+
+  /// The lines that have changed.
+  std::vector<SourceLine> changed() const;
+
+ private:
+  bool isOf(const SourceLine& line, const TakenLine& taken) const;
+
+  std::vector<SourceLine> lines_;
+  std::vector<bool> isChanged_;
+};
+
+/// Writes open quantities and references of the lines, also to the ledger, and closes an order or note
+/// without open lines (SOLDAT; FACTURAT and VALIDAT of its ledger row), or opens it again.
+void writeSources(const std::vector<SourceLine>& lines);
 
 }  // namespace velmar

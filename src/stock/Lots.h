@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <vector>
 
+#include "stock/LedgerKey.h"
 #include "util/Decimal.h"
 
 namespace velmar {
@@ -18,8 +19,10 @@ const QString& makesLot();
 
 /// A line that created a lot, and the remaining quantity.
 struct Lot {
+  QString article;
   QString document;  ///< key of the receipt
   qint64 line = 0;
+  Decimal size;  ///< quantity received, positive
   Decimal rest;  ///< 3 decimals
   Decimal unit;  ///< value of one unit, lei
   Decimal cost;  ///< the article's cost when it follows this lot, lei
@@ -48,12 +51,15 @@ struct Consumption {
   std::optional<Decimal> articleCost;
 };
 
-/// The open lots of some articles, read with one query, in the order in which they are used up: by document
-/// date, then by time of validation, document and line. Taking changes only this object; writeConsumption()
-/// writes the result.
+/// The open lots of some articles in the order in which they are used up. Taking changes only this object.
 class OpenLots {
  public:
-  explicit OpenLots(const QStringList& articles);
+  OpenLots() = default;
+  /// `lots` in the order in which they are used up.
+  explicit OpenLots(const std::vector<Lot>& lots);
+  /// The lots of the articles, read with one query, by document date, then by time of validation, document
+  /// and line.
+  static OpenLots read(const QStringList& articles);
 
   bool has(const QString& article) const { return !lots_.value(article.toUpper()).empty(); }
 
@@ -65,29 +71,36 @@ class OpenLots {
   QHash<QString, std::vector<Lot>> lots_;  ///< by code in upper case
 };
 
-/// The document that took from lots.
-struct Issue {
-  QString kind;    ///< prefix
-  QString number;  ///< without the prefix
-};
+/// The lots that the receipt with that ledger key created for the articles, used up ones too, by line.
+std::vector<Lot> lotsOfReceipt(const QString& key, const QStringList& articles);
 
-/// Writes the lots' remainders, the links of the outgoing document to them and the articles' costs.
-void writeConsumption(const Issue& issue, const std::vector<Consumption>& consumptions);
+/// What a return to the supplier (positive quantities by article) takes from the lots of the receipt that it
+/// refers to, line by line, as far as they suffice.
+std::vector<LotTake> CautaFF(const std::vector<Lot>& receipt, const QHash<QString, Decimal>& quantities);
+
+/// Writes the remaining quantities of the lots.
+void writeRests(const std::vector<LotTake>& takes);
 
 /// Stores the taken quantities in G_I_E, one row for each lot document and article; existing rows for them
 /// are replaced.
-void pAddDOCI(const Issue& issue, const std::vector<LotTake>& takes);
+void pAddDOCI(const LedgerKey& issue, const std::vector<LotTake>& takes);
 
 /// Deletes the issue's links for the article.
-void pStergDOCI(const Issue& issue, const QString& article);
+void pStergDOCI(const LedgerKey& issue, const QString& article);
 
-/// The remaining quantities, with 3 decimals, of the lots that the receipt with that ledger key created, by
-/// article code in upper case. Articles that are not on the receipt are not included.
-QHash<QString, Decimal> receiptRests(const QString& key, const QStringList& articles);
+/// What an issue took: a row of G_I_E.
+struct LotLink {
+  QString document;  ///< ID_I, key of the receipt
+  QString article;
+  Decimal quantity;
+};
+std::vector<LotLink> linksOf(const LedgerKey& issue);
 
-/// Subtracts a return to the supplier (positive quantities by article) from the lots of the receipt with that
-/// ledger key, line by line, as far as they suffice. Does nothing if the key is not that of a receipt of the
-/// article.
-void CautaFF(const QString& key, const QHash<QString, Decimal>& quantities);
+/// The lots of the linked receipts, the last validated first.
+std::vector<Lot> linkedLots(const std::vector<LotLink>& links);
+
+/// Gives quantities back to the lots in their order: a lot gets no more than was taken from it, and the lots
+/// of a receipt together no more than its link says.
+std::vector<LotTake> givenBack(const std::vector<Lot>& lots, const std::vector<LotLink>& links);
 
 }  // namespace velmar

@@ -86,6 +86,7 @@ Table noteLines() {
       .moments("TIMP")
       .text("TIPDOC", 2)
       .integers("TVAINC")
+      .text("FELDOC", 2)
       .key("NDI NRLINIE")
       // Covering indexes for turnovers and balances.
       .index("CONT DATAINR DEBIT CREDIT")

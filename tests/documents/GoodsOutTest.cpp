@@ -52,7 +52,7 @@ TEST(GoodsOutTest, LotsOfOneDateAreIssuedInOrderOfValidationAndStornosAtTheirCos
   ExecutaSql(
       "INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT, CANTRAMASA, PRETFT, COST, CODMAG) "
       "VALUES ('FS1', 1, 'A', 0.5, 0.5, 50, 8, 1)");
-  OpenLots lots({"a"});
+  OpenLots lots = OpenLots::read({"a"});
   const Consumption taken = lots.costFIFO("A", 15_dec / 10, CostFollows::LotWithRemainder);
   EXPECT_EQ(taken.value, Decimal(14));  // 0.5 x 8 + 1 x 10
   ASSERT_EQ(taken.takes.size(), 2u);
@@ -62,7 +62,7 @@ TEST(GoodsOutTest, LotsOfOneDateAreIssuedInOrderOfValidationAndStornosAtTheirCos
   EXPECT_EQ(rest.value, Decimal(20));
   EXPECT_EQ(rest.missing, Decimal(2));
   EXPECT_EQ(rest.articleCost, Decimal(20));
-  EXPECT_TRUE(OpenLots({"A"}).has("A"));  // nothing was written
+  EXPECT_TRUE(OpenLots::read({"A"}).has("A"));  // nothing was written
 }
 
 TEST(GoodsOutTest, AnInvoiceWithDiscountsReachesLedgerAndThreeNotes) {
@@ -153,7 +153,7 @@ TEST(GoodsOutTest, AnInvoiceInCurrencyIsInLeiInLedgerAndNotes) {
   header.insert("NUMFAC", "9");
   header.insert("CODDeviza", "");
   Trade::draft(editor, header, {Trade::out("A", "1")});
-  EXPECT_THROW(editor.checkLines(), RuleError);
+  EXPECT_THROW(editor.validate(editor.headerTexts()), RuleError);
 }
 
 TEST(GoodsOutTest, SupplierInvoicesValueStockAndPricesByBothMethods) {
@@ -248,7 +248,7 @@ TEST(GoodsOutTest, OpenOrdersAreNotAvailableAndServicesNeedNone) {
   ExecutaSql("INSERT INTO G_LCOMCL (NUMCOM, NRLINIE, CODART, CANT) VALUES ('1', 1, 'A', 2)");
   const auto refusal = [](DocumentEditor& editor) {
     try {
-      editor.checkLines();
+      editor.validate(editor.headerTexts());
       return QString();
     } catch (const RuleError& error) {
       return error.text();

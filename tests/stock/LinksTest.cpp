@@ -11,6 +11,19 @@ namespace {
 
 Decimal value(const QString& sql) { return OpenRs(sql).first().decimal("V"); }
 
+void take(const LedgerKey& source, const QString& article, const Decimal& quantity, const LedgerKey& taker) {
+  OpenSources sources(readSources({source}));
+  sources.take({source, article, quantity}, taker, QDate(2026, 3, 1));
+  writeSources(sources.changed());
+}
+
+void giveBack(const LedgerKey& source, const QString& article, const Decimal& quantity,
+              const LedgerKey& taker) {
+  OpenSources sources(readSources({source}));
+  sources.giveBack({source, article, quantity}, taker);
+  writeSources(sources.changed());
+}
+
 TEST(LinksTest, ASupplierOrderIsClosedWithItsLastLine) {
   const TestCompany company;
   ExecutaSql("INSERT INTO G_COMFUR (NUMCOM, VALIDAT) VALUES ('5', -1)");
@@ -19,45 +32,57 @@ TEST(LinksTest, ASupplierOrderIsClosedWithItsLastLine) {
       "'B', 1, 1)");
   ExecutaSql("INSERT INTO G_DOCUME (ID, TIP) VALUES ('CF5', 'CF')");
   ExecutaSql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT) VALUES ('CF5', 1, 'A', 3)");
-  const LinkReference receipt{"NR8", QDate(2026, 3, 1)};
-  receiveOrdered("5", "a", 25_dec / 10, receipt);
-  receiveOrdered("5", "B", 1, receipt);
+  const LedgerKey order{KindId::SupplierOrder, "5"};
+  const LedgerKey receipt{KindId::ReceiptNote, "8"};
+  take(order, "a", 25_dec / 10, receipt);
+  take(order, "B", 1, receipt);
   EXPECT_EQ(value("SELECT CANTRLIV AS V FROM G_LCOMFU WHERE CODART = 'A'"), 5_dec / 10);
   EXPECT_EQ(value("SELECT SOLDAT AS V FROM G_COMFUR"), Decimal(0));
   EXPECT_EQ(OpenRs("SELECT REFERINTA FROM G_LDOCUM").first().text("REFERINTA"), "NR8");
-  receiveOrdered("5", "A", 5_dec / 10, receipt);
+  take(order, "A", 5_dec / 10, receipt);
   EXPECT_EQ(value("SELECT SOLDAT AS V FROM G_COMFUR"), Decimal(-1));
 }
 
-TEST(LinksTest, ADeliveryNoteClosesWhenAllIsInvoicedAndReopensAfterDeletion) {
+TEST(LinksTest, ADeliveryNoteClosesWhenAllIsInvoicedAndReopensWhenThatIsTakenBack) {
   const TestCompany company;
   ExecutaSql("INSERT INTO G_AECLI (NUMAE, VALIDAT) VALUES ('3', -1)");
   ExecutaSql("INSERT INTO G_LAECLI (NUMAE, NRLINIE, CODART, CANT, CANTRAMAS) VALUES ('3', 1, 'A', 5.5, 5.5)");
   ExecutaSql("INSERT INTO G_DOCUME (ID, TIP, TIPIE) VALUES ('AE3', 'AE', 'E')");
   ExecutaSql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT, CANTRAMASA) VALUES ('AE3', 1, 'A', 5.5, 5.5)");
-  const auto taken = [](const QString& taker, const Decimal& quantity) {
-    takeFromNote("3", "A", quantity, {taker, QDate(2026, 3, 1)});
-    closeNoteIfTaken("3");
-  };
-  taken("FC1", 3);
+  const LedgerKey note{KindId::DeliveryNote, "3"};
+  const LedgerKey first{KindId::CustomerInvoice, "1"};
+  const LedgerKey second{KindId::CustomerInvoice, "2"};
+  take(note, "A", 3, first);
   EXPECT_EQ(value("SELECT FACTURAT AS V FROM G_AECLI"), Decimal(0));
-  taken("FC2", 25_dec / 10);
+  take(note, "a", 25_dec / 10, second);
   EXPECT_EQ(value("SELECT FACTURAT AS V FROM G_AECLI"), Decimal(-1));
   EXPECT_EQ(value("SELECT VALIDAT AS V FROM G_DOCUME"), Decimal(-1));
   EXPECT_EQ(value("SELECT CANTRAMASA AS V FROM G_LDOCUM"), Decimal(0));
 
-  // The second invoice is deleted; fractions are restored completely.
-  ExecutaSql("INSERT INTO G_LFACCL (NUMFAC, NRLINIE, CODART, CANT) VALUES ('2', 1, 'a', 2.5)");
-  CorecteazaAE("FC2");
-  EXPECT_EQ(value("SELECT CANTRAMAS AS V FROM G_LAECLI"), 25_dec / 10);
-  EXPECT_EQ(value("SELECT CANTRAMASA AS V FROM G_LDOCUM"), 25_dec / 10);
-  EXPECT_EQ(OpenRs("SELECT REFERINTA FROM G_LDOCUM").first().text("REFERINTA"), " ");
+  // Fractions come back completely; the reference of another document stays.
+  giveBack(note, "A", 3, first);
+  EXPECT_EQ(value("SELECT CANTRAMAS AS V FROM G_LAECLI"), Decimal(3));
+  EXPECT_EQ(OpenRs("SELECT REFERINTA FROM G_LDOCUM").first().text("REFERINTA"), "FC2");
+  giveBack(note, "A", 9, second);
+  EXPECT_EQ(value("SELECT CANTRAMAS AS V FROM G_LAECLI"), 55_dec / 10);
+  EXPECT_EQ(value("SELECT CANTRAMASA AS V FROM G_LDOCUM"), 55_dec / 10);
+  EXPECT_TRUE(OpenRs("SELECT REFERINTA FROM G_LDOCUM").first().isNull("REFERINTA"));
   EXPECT_EQ(value("SELECT FACTURAT AS V FROM G_AECLI"), Decimal(0));
-  // A receipt note is referred to by its number without prefix.
-  ExecutaSql("UPDATE G_LAECLI SET REFERINTA = '9'");
-  ExecutaSql("INSERT INTO G_LNRFUR (NUMNR, NRLINIE, CODART, CANT) VALUES ('9', 1, 'A', 1)");
-  CorecteazaAE("NR9");
-  EXPECT_EQ(value("SELECT CANTRAMAS AS V FROM G_LAECLI"), 35_dec / 10);
+}
+
+// 5 and 3 of one article from two notes.
+TEST(LinksTest, TakesFromSeveralSourcesAddUp) {
+  const LedgerKey one{KindId::DeliveryNote, "1"};
+  const LedgerKey two{KindId::DeliveryNote, "2"};
+  const LedgerKey taker{KindId::CustomerInvoice, "9"};
+  OpenSources sources(
+      {{one, 1, "A", 8, 8, {}, {}}, {one, 2, "A", 2, 1, {}, {}}, {two, 1, "A", 3, 3, {}, {}}});
+  sources.take({one, "A", 5}, taker, QDate(2026, 3, 1));
+  sources.take({two, "A", 3}, taker, QDate(2026, 3, 1));
+  sources.take({one, "A", 35_dec / 10}, taker, QDate(2026, 3, 1));
+  std::vector<Decimal> open;
+  for (const SourceLine& line : sources.changed()) open.push_back(line.open);
+  EXPECT_EQ(open, (std::vector<Decimal>{0, 5_dec / 10, 0}));
 }
 
 TEST(LinksTest, CustomerOrdersReserveStockAlsoAfterAnInvoiceIsDeleted) {
@@ -69,12 +94,13 @@ TEST(LinksTest, CustomerOrdersReserveStockAlsoAfterAnInvoiceIsDeleted) {
   EXPECT_EQ(gStocValid("a"), 15_dec / 10);  // drafts do not count, and what was never delivered does
   EXPECT_EQ(gStocValid("C"), Decimal(0));
   ExecutaSql("INSERT INTO G_FACTURI_COMENZI_CLIENTI (ID_Factura, ID_Comanda) VALUES ('7', '1')");
-  ExecutaSql(
-      "INSERT INTO G_LFACCL (NUMFAC, NRLINIE, CODART, CANT) VALUES ('7', 1, 'A', 1.5), ('7', 2, 'B', 2)");
-  CorecteazaComenzi("7");
+  const LedgerKey invoice{KindId::CustomerInvoice, "7"};
+  ASSERT_EQ(ordersOf("7").size(), 1U);
+  giveBack(ordersOf("7").front(), "A", 15_dec / 10, invoice);
+  giveBack(ordersOf("7").front(), "B", 2, invoice);
   EXPECT_EQ(value("SELECT CANTLIV AS V FROM G_LCOMCL WHERE NUMCOM = '1' AND CODART = 'A'"), Decimal(3));
   EXPECT_EQ(value("SELECT CANTLIV AS V FROM G_LCOMCL WHERE NUMCOM = '1' AND CODART = 'B'"), Decimal(0));
-  CorecteazaComenzi("8");  // made from no order
+  EXPECT_TRUE(ordersOf("8").empty());  // made from no order
   EXPECT_EQ(gStocValid("B"), Decimal(2));
 }
 

@@ -53,7 +53,7 @@ void LineGrid::take(QLineEdit* editor, const QModelIndex& index) {
   auto* picker = qobject_cast<ArticlePicker*>(editor);
   const auto choice = picker ? picker->choice() : std::nullopt;
   if (!choice) {
-    const DocumentEditor::Verdict verdict = lines_->check(index, editor->text());
+    const CellVerdict verdict = lines_->check(index, editor->text());
     if (verdict.refused && verdict.text.isEmpty() && picker) return;  // leaving an empty name is allowed
     if (verdict.refused && verdict.text.isEmpty()) throw QuietRefusal();
     if (verdict.setsBack) throw SetBack(verdict.text);

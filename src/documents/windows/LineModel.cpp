@@ -114,7 +114,7 @@ Qt::ItemFlags LineModel::flags(const QModelIndex& index) const {
              : base;
 }
 
-DocumentEditor::Verdict LineModel::check(const QModelIndex& index, const QString& typed) const {
+CellVerdict LineModel::check(const QModelIndex& index, const QString& typed) const {
   return editor_.check(static_cast<size_t>(index.row()), lineColumn(index.column()).field, typed,
                        bySupplierCode_());
 }

@@ -41,7 +41,7 @@ class LineModel : public QAbstractTableModel {
   bool isNewRow(int row) const { return row >= static_cast<int>(editor_.lines().size()); }
 
   /// Why the text is refused in the cell.
-  DocumentEditor::Verdict check(const QModelIndex& index, const QString& typed) const;
+  CellVerdict check(const QModelIndex& index, const QString& typed) const;
   /// Stores a text that passed check(). Throws errors of the store.
   void enter(const QModelIndex& index, const QString& typed);
   /// Sets the article chosen from a list on the row.

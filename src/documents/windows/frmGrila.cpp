@@ -39,7 +39,7 @@ void fitBesideHeader(QWidget* list) {
 
 }  // namespace
 
-frmGrila::frmGrila(const QString& prefix, const ArticleList& articles, QWidget* parent)
+frmGrila::frmGrila(const QString& prefix, QWidget* parent)
     : QWidget(parent),
       editor_(prefix),
       header_(new HeaderForm(editor_.kind(), this)),
@@ -53,7 +53,7 @@ frmGrila::frmGrila(const QString& prefix, const ArticleList& articles, QWidget* 
   bySupplierCode_ = new QCheckBox("Cod produs &furnizor", this);
   bySupplierCode_->setObjectName("CheckCODP");
   bySupplierCode_->setToolTip("Daca se bifeaza, cautarea articolului se va face dupa cod produs furnizor ");
-  buildLines(articles);
+  buildLines();
   besideCheck_->addWidget(bySupplierCode_);
   besideCheck_->addStretch();
   auto* all = new QVBoxLayout(this);
@@ -66,25 +66,27 @@ frmGrila::frmGrila(const QString& prefix, const ArticleList& articles, QWidget* 
   newDocument();
 }
 
-QPushButton* frmGrila::command(const QString& name, const QString& caption, const QString& toolTip,
-                               const QString& picture, void (frmGrila::*action)()) {
+// A command without a tool tip is one that the kind lacks.
+void frmGrila::addCommand(const QString& name, const QString& caption, const QString& toolTip,
+                          const QString& picture, void (frmGrila::*action)()) {
+  if (toolTip.isEmpty()) return;
   auto* button = new QPushButton(icon(picture), caption, this);
   button->setObjectName(name);
   button->setToolTip(toolTip);
   button->setAutoDefault(false);
   connect(button, &QPushButton::clicked, this,
           [this, name, action] { run(name, [this, action] { (this->*action)(); }); });
-  return button;
+  commands_->addWidget(button);
 }
 
 QBoxLayout* frmGrila::commandRow() {
   const KindTexts& texts = editor_.kind().texts;
   QHBoxLayout* row = commands_;
-  row->addWidget(command("cmdFacturaNoua", "Document &nou", texts.newTip, "new", &frmGrila::beginDocument));
-  row->addWidget(command("cmdSalvare", "Sa&lvare", texts.saveTip, "save", &frmGrila::save));
-  row->addWidget(command("cmdValidare", "Vali&dare", texts.validateTip, "validate", &frmGrila::validate));
-  row->addWidget(command("cmdSterge", "S&tergere", texts.deleteTip, "delete", &frmGrila::sterge));
-  row->addWidget(command("cmdTiparire", "Ti&parire", texts.printTip, "print", &frmGrila::print));
+  addCommand("cmdFacturaNoua", "Document &nou", texts.newTip, "new", &frmGrila::beginDocument);
+  addCommand("cmdSalvare", "Sa&lvare", texts.saveTip, "save", &frmGrila::save);
+  addCommand("cmdValidare", "Vali&dare", texts.validateTip, "validate", &frmGrila::validate);
+  addCommand("cmdSterge", "S&tergere", texts.deleteTip, "delete", &frmGrila::sterge);
+  addCommand("cmdTiparire", "Ti&parire", texts.printTip, "print", &frmGrila::print);
   row->addStretch();
   auto* close = new QPushButton(icon("close"), "I&esire", this);
   close->setObjectName("cmdClose");
@@ -102,8 +104,10 @@ QBoxLayout* frmGrila::commandRow() {
 
 // The key presses the button of the active window.
 void frmGrila::shortcut(const QKeySequence& key, const QString& button) {
+  auto* pressed = findChild<QPushButton*>(button);
+  if (!pressed) return;
   auto* made = new QShortcut(key, this);
-  connect(made, &QShortcut::activated, findChild<QPushButton*>(button), &QPushButton::click);
+  connect(made, &QShortcut::activated, pressed, &QPushButton::click);
 }
 
 QBoxLayout* frmGrila::headerRow() {
@@ -150,11 +154,12 @@ QWidget* frmGrila::draftsFrame() {
   return frame;
 }
 
-void frmGrila::buildLines(const ArticleList& articles) {
+void frmGrila::buildLines() {
   const DocumentKind& kind = editor_.kind();
   lineModel_ = new LineModel(
       editor_, [this] { return bySupplierCode_->isChecked(); }, this);
-  lines_ = new LineGrid("TDBGrid1", lineModel_, articles, kind.window, this);
+  lines_ =
+      new LineGrid("TDBGrid1", lineModel_, articleListWithCostOrPrice(kind.articleList), kind.window, this);
   lines_->setColumns(LineModel::gridColumns(kind));
   lines_->setMinimumHeight(fontMetrics().height() * kShortestLines);
   lines_->setKeptInView("VALOARETTI", "DENUMIRE");
@@ -244,7 +249,7 @@ void frmGrila::refreshLists() {
 
 void frmGrila::refreshDrafts() {
   const QSignalBlocker quiet(drafts_);
-  drafts_->setRecordset(editor_.drafts().list());
+  drafts_->setRecordset(storeOf(editor_.kind())->list());
   if (editor_.isNew() || !drafts_->selectRecord(editor_.kind().numberColumn, editor_.number()))
     drafts_->setCurrentIndex({});
 }
@@ -324,7 +329,7 @@ void frmGrila::openDraft(const QString& number) {
 void frmGrila::validate() {
   const QHash<QString, QString> typed = header_->typed();
   const KindTexts& texts = editor_.kind().texts;
-  editor_.checkValidation(typed);
+  if (!editor_.checkValidation(typed)) return;
   if (!texts.confirmValidation.isEmpty() && Mesaj(texts.confirmValidation.arg(editor_.number()),
                                                   kYesNo + kQuestion, "Confirmare validare") != kResultYes)
     return;
@@ -353,8 +358,7 @@ void frmGrila::sterge() {
 }
 
 void frmGrila::print() {
-  editor_.checkPrinting(header_->typed());
-  printStored();
+  if (editor_.checkPrinting(header_->typed())) printStored();
 }
 
 void frmGrila::printStored() {

@@ -20,13 +20,12 @@ class HeaderForm;
 class LineGrid;
 class LineModel;
 class TDBGrid;
-struct ArticleList;
 
 class frmGrila : public QWidget {
   Q_OBJECT
  public:
-  /// A window for the kind; `articles` is the list of its name cells.
-  frmGrila(const QString& prefix, const ArticleList& articles, QWidget* parent);
+  /// The window of the kind with that prefix. Kinds without controls of their own use this class.
+  explicit frmGrila(const QString& prefix, QWidget* parent = nullptr);
 
   /// Reads the list of drafts and those of the header again.
   virtual void refreshLists();
@@ -89,10 +88,10 @@ class frmGrila : public QWidget {
  private:
   QBoxLayout* commandRow();
   QBoxLayout* headerRow();
-  QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,
-                       const QString& picture, void (frmGrila::*action)());
+  void addCommand(const QString& name, const QString& caption, const QString& toolTip, const QString& picture,
+                  void (frmGrila::*action)());
   QWidget* draftsFrame();
-  void buildLines(const ArticleList& articles);
+  void buildLines();
   void orderTabs();
 
   void validate();

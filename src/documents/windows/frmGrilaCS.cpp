@@ -3,7 +3,6 @@
 #include <QCheckBox>
 #include <QLabel>
 
-#include "config/Lists.h"
 #include "config/Session.h"
 #include "documents/windows/HeaderForm.h"
 #include "documents/windows/LineGrid.h"
@@ -19,8 +18,7 @@ constexpr double kLarge = 2;  // times the usual size
 
 }  // namespace
 
-frmGrilaCS::frmGrilaCS(QWidget* parent)
-    : frmGrila(QStringLiteral("BS"), articleListWithCostOrPrice({}), parent) {
+frmGrilaCS::frmGrilaCS(QWidget* parent) : frmGrila(QStringLiteral("BS"), parent) {
   bySupplierCode()->hide();  // articles are scanned only by their own code
   lines()->setLastColumn("CANT");
   lblDePlata_ = named(new QLabel, "lblDePlata", "Suma de plata");
@@ -32,10 +30,7 @@ frmGrilaCS::frmGrilaCS(QWidget* parent)
   addBesideCheck(lblDePlata_);
   totalsShown();
   documentShown();
-  const DocumentKind& kind = editor().kind();
-  if (!editor().headerTexts().value(kind.partnerColumn).isEmpty()) return;
-  for (const auto& check : kind.headerChecks)
-    if (check.check == HeaderCheck::CashPartnerMissing) Mesaj(check.text);
+  for (const QString& text : editor().openingNotices()) Mesaj(text);
 }
 
 // A new sale is stored before its first line is entered.

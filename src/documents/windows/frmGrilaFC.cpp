@@ -3,7 +3,6 @@
 #include <QGroupBox>
 #include <QVBoxLayout>
 
-#include "config/Lists.h"
 #include "config/Session.h"
 #include "documents/OpenOrders.h"
 #include "store/windows/TDBGrid.h"
@@ -12,7 +11,7 @@
 namespace velmar {
 
 frmGrilaFC::frmGrilaFC(QWidget* parent)
-    : frmGrila(QStringLiteral("FC"), articleListWithCostOrPrice({}), parent),
+    : frmGrila(QStringLiteral("FC"), parent),
       notes_(new TDBGrid("TDBGrid3")),
       orders_(new TDBGrid("TDBGrid4")),
       fraAvize_(source("fraAvize", "Lista avize nefacturate", notes_, "NUMAE", "DATAAE",

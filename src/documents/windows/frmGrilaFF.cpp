@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "config/Lists.h"
 #include "config/windows/frmParamSoc.h"
 #include "documents/windows/LineModel.h"
 #include "util/windows/Controls.h"
@@ -29,8 +28,7 @@ QLabel* legend(const QString& name, const QString& text, const LineColours& colo
 
 }  // namespace
 
-frmGrilaFF::frmGrilaFF(QWidget* parent)
-    : frmGrila(QStringLiteral("FF"), articleListWithCostOrPrice({}), parent) {
+frmGrilaFF::frmGrilaFF(QWidget* parent) : frmGrila(QStringLiteral("FF"), parent) {
   auto* import =
       makeButton("cmdImport", "Import",
                  "Import detalii din fisier EXCEL cu structura: COD,DENUMIRE,PRET,CANTITATE,ADAOS");

@@ -14,8 +14,7 @@
 #include "config/windows/frmSocietati.h"
 #include "config/windows/frmUtilizatori.h"
 #include "config/windows/frmValute.h"
-#include "documents/windows/frmGRILABonConsum.h"
-#include "documents/windows/frmGRILABonIntr.h"
+#include "documents/windows/frmGrila.h"
 #include "documents/windows/frmGrilaCS.h"
 #include "documents/windows/frmGrilaFC2.h"
 #include "documents/windows/frmGrilaFF.h"
@@ -34,6 +33,9 @@ template <typename Window>
 QWidget* make(QWidget* parent) {
   return new Window(parent);
 }
+
+// The window of a kind without controls of its own.
+QWidget* documentWindow(const QString& prefix, QWidget* parent) { return new frmGrila(prefix, parent); }
 
 void compact() {
   const Hourglass hourglass;
@@ -78,7 +80,8 @@ std::vector<MenuEntry> entries() {
       {"mnuCumpFacturaImport", "&Factura Import", Opens::One, "frmGrilaFFI", nullptr},
       {"mnuCumpNIR", "&N.I.R.", Opens::One, "frmGrilaNIR", nullptr},
       {"", "", Opens::Separator, {}},
-      {"mnuBonIntr", "&Bon de intrare", Opens::One, "frmGRILABonIntr", make<frmGRILABonIntr>},
+      {"mnuBonIntr", "&Bon de intrare", Opens::One, "frmGRILABonIntr",
+       [](QWidget* parent) { return documentWindow("BI", parent); }},
       {"mnuCumpComanda", "&Comanda", Opens::One, "frmGrilaCOMF", nullptr},
 
       {"mnuVanzari", "&Vanzari", Opens::Menu, {}},
@@ -87,7 +90,8 @@ std::vector<MenuEntry> entries() {
       {"", "", Opens::Separator, {}},
       {"mnuVanzariProforma", "&Proforma", Opens::One, "frmGrilaPRO", nullptr},
       {"mnuStorno", "Factura &Storno", Opens::One, "frmGRILAStornare", nullptr},
-      {"mnuBonConsum", "&Bon de consum", Opens::One, "frmGRILABonConsum", make<frmGRILABonConsum>},
+      {"mnuBonConsum", "&Bon de consum", Opens::One, "frmGRILABonConsum",
+       [](QWidget* parent) { return documentWindow("BC", parent); }},
       {"", "", Opens::Separator, {}},
       {"mnuVanzariAE", "&Aviz de Expeditie", Opens::One, "frmGrilaAE", nullptr},
       {"mnuVanzariComanda", "&Comanda", Opens::One, "frmGrilaCOMC", nullptr},

@@ -1,0 +1,167 @@
+#include "documents/Undo.h"
+
+#include <algorithm>
+
+#include "documents/Drafts.h"
+#include "documents/kinds/Kinds.h"
+#include "store/Database.h"
+#include "util/Clock.h"
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+const QString kIssue = QStringLiteral("E");
+const QString kReceipt = QStringLiteral("I");
+
+std::vector<ValidatedDocument::Line> readLines(const QString& key) {
+  std::vector<ValidatedDocument::Line> lines;
+  for (const Row& row : OpenRs(
+           "SELECT ARTID, CANT, CANTRAMASA, VALCOST, REFERINTA FROM G_LDOCUM WHERE DOCID = ? ORDER BY LINIE",
+           {key}))
+    lines.push_back({row.text("ARTID"), row.decimal("CANT"), optionalDecimal(row, "CANTRAMASA"),
+                     row.decimal("VALCOST"), row.text("REFERINTA").trimmed()});
+  return lines;
+}
+
+// The other ways by which goods left the receipt that returns to a supplier refer to.
+void readReturns(ValidatedDocument& document) {
+  QStringList articles;
+  for (const auto& line : document.lines)
+    if (line.quantity.isNegative()) articles.append(line.article);
+  const QString receipt = document.remark.trimmed();
+  if (!ledgerKind(document.key.kind).receives || articles.isEmpty() || receipt.isEmpty()) return;
+  document.receipt = lotsOfReceipt(receipt, articles);
+  if (document.receipt.empty()) return;
+  for (const Row& row :
+       OpenRs("SELECT L.ARTID AS ARTID, -SUM(L.CANT) AS CANT FROM G_DOCUME D INNER JOIN G_LDOCUM L "
+              "ON L.DOCID = D.ID WHERE D.TIP = ? AND TRIM(D.OBS) = ? AND D.ID <> ? AND L.CANT < 0 "
+              "GROUP BY L.ARTID",
+              {document.key.prefix(), receipt, document.key.text()}))
+    document.stillReturned[row.text("ARTID").toUpper()] += row.decimal("CANT");
+  for (const Row& row :
+       OpenRs("SELECT CODART, SUM(CANT) AS CANT FROM G_I_E WHERE ID_I = ? GROUP BY CODART", {receipt}))
+    document.receiptIssued[row.text("CODART").toUpper()] += row.decimal("CANT");
+}
+
+void readTaken(ValidatedDocument& document) {
+  const DocumentKind& kind = documentKind(document.key.kind);
+  if (kind.sourceColumn.isEmpty()) return;
+  const auto draft = Drafts(kind).load(document.key.number);
+  if (!draft) return;
+  document.taken = takenBy(kind, draft->lines);
+  std::vector<LedgerKey> sources;
+  for (const TakenLine& taken : document.taken) sources.push_back(taken.source);
+  document.sources = readSources(sources);
+}
+
+bool hasLaterIssue(const ValidatedDocument& document) {
+  return !document.lines.empty() &&
+         !OpenRs(
+              "SELECT D.ID AS ID FROM G_DOCUME D INNER JOIN G_LDOCUM L ON L.DOCID = D.ID "
+              "WHERE D.TIPIE = 'E' AND D.DATADOC >= ? AND D.ID <> ? AND L.ARTID = ? LIMIT 1",
+              {document.date, document.key.text(), document.lines.front().article})
+              .isEmpty();
+}
+
+// What a lot of the line has lost: a receipt's quantity, or goods that a customer returned on an issue.
+bool isConsumed(const ValidatedDocument& document, const ValidatedDocument::Line& line) {
+  if (!line.rest) return false;
+  if (document.direction == kReceipt) return *line.rest != line.quantity;
+  return document.direction == kIssue && line.quantity.isNegative() && *line.rest != line.quantity.abs();
+}
+
+// Returned goods are on the receipt again: what it received, less what other documents took from it.
+std::vector<LotTake> returnsUndone(const ValidatedDocument& document) {
+  QHash<QString, Decimal> returned;  // by code in upper case
+  for (const auto& line : document.lines)
+    if (line.quantity.isNegative()) returned[line.article.toUpper()] += line.quantity.abs();
+  QHash<QString, Decimal> room = returned;
+  QHash<QString, Decimal> size, rest;
+  for (const Lot& lot : document.receipt) {
+    size[lot.article.toUpper()] += lot.size;
+    rest[lot.article.toUpper()] += lot.rest;
+  }
+  for (auto entry = room.begin(); entry != room.end(); ++entry) {
+    const QString& code = entry.key();
+    const Decimal most = size.value(code) - document.stillReturned.value(code) -
+                         document.receiptIssued.value(code) - rest.value(code);
+    *entry = std::max(Decimal(0), std::min(*entry, most));
+  }
+  std::vector<LotLink> links;
+  for (const Lot& lot : document.receipt) {
+    const Decimal back = room.take(lot.article.toUpper());
+    if (back > 0) links.push_back({lot.document, lot.article, back});
+  }
+  return givenBack(document.receipt, links);
+}
+
+}  // namespace
+
+ValidatedDocument readValidated(const LedgerKey& key) {
+  const Recordset found = OpenRs("SELECT TIPIE, DATADOC, OBS FROM G_DOCUME WHERE ID = ?", {key.text()});
+  if (found.isEmpty())
+    throw RuleError(QStringLiteral("Documentul %1 nu a putut fi mutat in grila de culegere").arg(key.text()));
+  ValidatedDocument document;
+  document.key = key;
+  document.direction = found.first().text("TIPIE").trimmed().toUpper();
+  document.date = found.first().date("DATADOC");
+  document.remark = found.first().text("OBS");
+  document.lines = readLines(key.text());
+  document.links = linksOf(key);
+  document.lots = linkedLots(document.links);
+  readReturns(document);
+  readTaken(document);
+  document.hasLaterIssue = document.direction == kIssue && hasLaterIssue(document);
+  document.notes = notesOf(key.prefix(), key.number, document.date);
+  return document;
+}
+
+void requireRemovable(const ValidatedDocument& document) {
+  const auto& lines = document.lines;
+  if (document.key.kind == KindId::DeliveryNote &&
+      std::any_of(lines.begin(), lines.end(), [](const auto& line) { return !line.reference.isEmpty(); }))
+    throw RuleError(QStringLiteral("Acest Aviz de expeditie are referinte.Nu poate fi sters "));
+  if (document.hasLaterIssue || std::any_of(lines.begin(), lines.end(), [&document](const auto& line) {
+        return isConsumed(document, line);
+      }))
+    throw RuleError(QStringLiteral("Exista documente de iesire dupa acest document. Nu poate fi sters."));
+}
+
+Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, const QString& costMethod) {
+  Plan plan;
+  plan.removedLedger = {document.key};
+  plan.taker = document.key;
+  plan.rests = givenBack(document.lots, document.links);
+  const std::vector<LotTake> returns = returnsUndone(document);
+  plan.rests.insert(plan.rests.end(), returns.begin(), returns.end());
+  for (const LotLink& link : document.links) plan.removedLinks.append(link.article);
+  plan.removedLinks.removeDuplicates();
+  if (document.direction == kIssue || document.direction == kReceipt) {
+    const bool isIssue = document.direction == kIssue;
+    std::vector<StockReturn> changes;
+    for (const auto& line : document.lines)
+      changes.push_back({line.article, isIssue ? -line.quantity : line.quantity, line.cost});
+    plan.articles = changesTakenBack(changes, articles, isIssue && costMethod != kFifo);
+  }
+  OpenSources sources(document.sources);
+  for (const TakenLine& taken : document.taken) sources.giveBack(taken, document.key);
+  plan.sources = sources.changed();
+  plan.draft = {&documentKind(document.key.kind), document.key.number, {}, {}, false};
+  plan.removedNotes = document.notes;
+  return plan;
+}
+
+bool takeBack(const LedgerKey& key) {
+  Transaction transaction(database());
+  const ValidatedDocument document = readValidated(key);
+  requireRemovable(document);
+  QStringList codes;
+  for (const auto& line : document.lines) codes.append(line.article);
+  executePlan(undoOf(document, readArticles(codes), TIPCOST()), clock::now());
+  transaction.commit();
+  return !document.notes.empty();
+}
+
+}  // namespace velmar

@@ -1,0 +1,48 @@
+// Takes a validated document back: the inverse of its validation. The document becomes a draft again.
+#pragma once
+
+#include "documents/Plan.h"
+
+namespace velmar {
+
+/// What the ledger, the links and the notes say about a validated document.
+struct ValidatedDocument {
+  struct Line {
+    QString article;
+    Decimal quantity;
+    std::optional<Decimal> rest;  ///< CANTRAMASA
+    Decimal cost;                 ///< VALCOST
+    QString reference;            ///< REFERINTA
+  };
+  LedgerKey key;
+  QString direction;  ///< TIPIE
+  QDate date;
+  QString remark;
+  std::vector<Line> lines;
+  std::vector<LotLink> links;             ///< to the lots that it took from
+  std::vector<Lot> lots;                  ///< of the linked receipts, the last validated first
+  std::vector<Lot> receipt;               ///< of the receipt that its returns to the supplier refer to
+  QHash<QString, Decimal> stillReturned;  ///< by other documents to that receipt; by code in upper case
+  QHash<QString, Decimal> receiptIssued;  ///< from that receipt, as its links say; as above
+  std::vector<TakenLine> taken;           ///< from orders and notes, as its draft says
+  std::vector<SourceLine> sources;        ///< their lines
+  bool hasLaterIssue = false;             ///< an issue of its first article, on its date or later
+  std::vector<qint64> notes;              ///< NDI
+};
+
+/// Reads the document. Throws RuleError when it is not in the ledger.
+ValidatedDocument readValidated(const LedgerKey& key);
+
+/// Throws RuleError when other documents depend on it: its goods were issued, a later issue of its first
+/// article exists, or other documents took from the delivery note.
+void requireRemovable(const ValidatedDocument& document);
+
+/// The plan that takes the document back. Makes no check and reads nothing. `articles` are those of its
+/// lines.
+Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, const QString& costMethod);
+
+/// Takes the document back in one transaction, with all checks under the write lock. Returns whether it had
+/// notes. Throws RuleError; nothing is then written.
+bool takeBack(const LedgerKey& key);
+
+}  // namespace velmar

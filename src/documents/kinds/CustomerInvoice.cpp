@@ -1,0 +1,152 @@
+// The customer invoice: a sale on account, in lei or in currency, with possible returns.
+#include "config/Lookups.h"
+#include "documents/kinds/SaleRules.h"
+#include "documents/kinds/SaleWording.h"
+
+namespace velmar {
+
+using namespace wording;
+
+namespace {
+
+class CustomerInvoiceRules : public SaleRules {
+ public:
+  CustomerInvoiceRules() : SaleRules({.currencyPrice = "PRETVALUTA", .cost = "COST"}) {}
+
+  void follow(const QString& changed, TypedHeader& header) const override {
+    if (changed == QStringLiteral("CODCLI"))
+      header.set("OBS", ValoareSql("SELECT CodTert FROM kt_ter WHERE COD = ?", {header.partner()}));
+  }
+
+ protected:
+  // A return has the cost and price of the document that it refers to, if that contains the article.
+  bool takeReturned(Row& line, const TypedHeader& header) const override {
+    const QString document = header.text("OBS");
+    if (!line.decimal("CANT").isNegative() || document.isEmpty()) return false;
+    const Recordset found =
+        OpenRs("SELECT COST, PRETFT FROM G_LDOCUM WHERE DOCID = ? AND ARTID = ? ORDER BY LINIE LIMIT 1",
+               {document, line.text("CODART")});
+    line.set("COST",
+             found.isEmpty() ? Decimal(0) : line.decimal("CANT").abs() * found.first().decimal("COST"));
+    line.set("PRETFT", found.isEmpty() ? Decimal(0) : found.first().decimal("PRETFT"));
+    return true;
+  }
+
+  std::vector<NoteRule> notes(const Document& document, const PlanInputs& inputs,
+                              const NoteTerms& terms) const override {
+    NoteRule sale = saleNote(terms, {Account::From::Parameter, "CONTCLIENTI"}, inputs.vatAccount);
+    sale.journal = document.header.text("JURNAL");
+    sale.journalParameter = "JURFACCLI";
+    // Under FIFO goods with different quantities make entries of their own.
+    return {sale, costOfGoods(terms, signedCost, TotalledLines::HeldGoods, inputs.isFifo()),
+            costOfProducts(terms, signedCost)};
+  }
+};
+
+ListingKind listingForm() {
+  ListingKind paper{KindId::CustomerInvoice, "frmLstFC", "Facturi Clienti", "FacturiCLIFull", "FacturiCLI"};
+  paper.offersReceipt = paper.offersCurrency = paper.printsSum = paper.choosesTarget = true;
+  paper.boxes = delegateBoxes();
+  paper.headerSql =
+      "SELECT F.NUMFAC, F.CODCLI, C.PROCENT AS BATVA1, F.OBS, F.DATAFAC, F.CODDEVIZA, F.CURS "
+      "FROM G_FACCLI AS F INNER JOIN kt_cote AS C ON F.BATVA1 = C.COD WHERE F.NUMFAC = ?";
+  paper.linesSql =
+      "SELECT F.NUMFAC, F.NRLINIE, F.CODART, F.DENUMIRE, F.CANT, F.ValoareFTCuDiscount AS PRETFT, "
+      "F.VALOAREFT, F.VALOARETTI, F.VALOARETVA, F.UM, A.PALET, A.DENALTALIMBA "
+      "FROM G_LFACCL AS F INNER JOIN G_ARTMAG AS A ON F.CODART = A.CODART WHERE F.NUMFAC = ? "
+      "ORDER BY F.NRLINIE";
+  paper.partner = printedCustomer({"JUDET", "REGCOM", "CT"});
+  return paper;
+}
+
+Check paletSold() {
+  return refusedWhen(
+      "Pentru acest palet a fost deja emisa factura de vanzare. ", "TextPalet", [](const Document& document) {
+        const QString palet = document.typed().text("TextPalet");
+        return !palet.isEmpty() &&
+               !OpenRs(
+                    "SELECT L.DOCID AS DOCID FROM G_DOCUME D INNER JOIN G_LDOCUM L ON D.ID = L.DOCID "
+                    "WHERE L.PALET = ? AND D.TIPIE = 'E' LIMIT 1",
+                    {palet})
+                    .isEmpty();
+      });
+}
+
+void describeInvoiceFields(DocumentKind& kind) {
+  kind.headerFields = {
+      {HeaderFieldType::Number, "NUMFAC", "txtFields(0)", "&Numar factura", kNumberTip},
+      {HeaderFieldType::Date, "DATAFAC", "dtpDataFactura", "&Data factura", ""},
+      {HeaderFieldType::DueDate, "DATASCAD", "DTPicker1", "Data &scadenta", ""},
+      customer(kind),
+      vatRate("BATVA1"),
+      {HeaderFieldType::PaymentMode, "MODREG", "cboModPlata", "&Mod de plata", kChoosePayment, "", "OP"},
+      companyJournal()};
+  kind.headerFields += currencyFields("CODDeviza", "Curs");
+  kind.headerFields += QList<HeaderField>{
+      costCentre(),
+      postsNotes("Bifati daca factura genereaza note contabile"),
+      {HeaderFieldType::Flag, "", "chkCalculValuta", "Pret articol din pret de vanzare in valuta", "", "", "",
+       0, true},
+      {HeaderFieldType::Text, "", "TextPalet", "Palet", "Paletul ale carui articole se preiau pe factura"},
+      customerRemark(kind)};
+}
+
+void describeInvoiceColumns(DocumentKind& kind) {
+  describeSaleColumns(kind, LineEntry::Number, "PRETVALUTA");
+  kind.lineColumns[1].caption = "nr. linie";
+  kind.lineColumns[3].caption = "Denumire";
+  kind.lineColumns +=
+      QList<LineColumn>{{"CANTAVIZ", "Cantitate conform document", LineEntry::Locked, 3, kAsTyped, 14},
+                        {"NUMAE", "Numar document", LineEntry::Locked, -1, kAsTyped, 14},
+                        value("COST", "Valoare COST")};
+}
+
+}  // namespace
+
+DocumentKind customerInvoice() {
+  DocumentKind kind = kindOf(KindId::CustomerInvoice, "customer invoice", "frmGrilaFC");
+  kind.headerTable = "G_FACCLI";
+  kind.lineTable = "G_LFACCL";
+  kind.numberColumn = "NUMFAC";
+  kind.dateColumn = "DATAFAC";
+  kind.partnerColumn = "CODCLI";
+  kind.remarkColumn = "OBS";
+  kind.tipie = "E";
+  kind.sourceColumn = "NUMAE";
+  kind.existsKind = "FACTURACLIENT";
+  kind.numbering = Numbering::InvoiceRange;
+  kind.texts.numberTaken = numberTakenText("Factura");
+  kind.texts.unsaved = "Va rugam apasati butonul Detaliu pentru salvarea informatiilor din antet";
+  static const CustomerInvoiceRules rules;
+  kind.rules = &rules;
+  kind.posted = Posted::GrossAndCost;
+  kind.paper = listingForm();
+  kind.headerChecks = {paletSold(),    numberEmpty(kind, "facturii"), customerEmpty(kind),
+                       journalEmpty(), rateNotChosen("BATVA1"),       numberTaken(kind)};
+  kind.validationChecks = {
+      nothingSelected(kind, "Va rugam selectati o factura !"),
+      dueBeforeDate(),
+      beforeFiscalYear(kind),
+      currencyWithoutRate("Curs"),
+      journalNotChosen(),
+      withoutLines("Factura nu contine nici un articol ! Nu se poate efectua introducerea in stoc !")};
+  kind.lineChecks = {distinctArticles(), completeLines(), stockSuffices(Stocked::OnlyHeld, kAvailable)};
+  kind.printChecks = {nothingSelected(kind, "Nu exista factura selectata!"),
+                      printWithoutPartner(kind, "Nu exista client selectat!"), printUnsaved(kind)};
+  describeInvoiceFields(kind);
+  describeInvoiceColumns(kind);
+  kind.draftColumns = QStringList{"DATASCAD", "JURNAL"};
+  kind.texts.title = "Facturi client";
+  kind.texts.draftsCaption = "Lista facturi";
+  setTips(kind.texts, "Creare factura client noua", "Stergere factura selectata", "Tiparire factura");
+  setQuestions(kind.texts, "factura", "Va rugam selectati o factura !");
+  kind.texts.validated = "Factura a fost salvata cu succes in Articole si Documente !";
+  kind.texts.validatedFromNotes = "Factura a fost salvata cu succes in Documente !";
+  kind.texts.ledgerFailure = kind.texts.stockFailure = "EROARE: %1 - %2 LINIA %3";
+  kind.texts.ledgerFailureTitle = kind.texts.stockFailureTitle = kind.texts.postingFailureTitle = "";
+  kind.texts.postingFailure =
+      "Eroare %1 - %2 in procedura SalvareDateContabile_1 din Form frmGrilaFC Linia: %3";
+  return kind;
+}
+
+}  // namespace velmar

@@ -1,0 +1,52 @@
+// Damage to a company's data that the checker must report.
+#include "documents/Invariants.h"
+
+#include <gtest/gtest.h>
+
+#include "Trade.h"
+
+namespace velmar {
+namespace {
+
+TEST(InvariantsTest, EveryDamageIsReportedWithItsPlace) {
+  const Trade trade("FIFO");
+  trade.article("A", "20");
+  const QString day = Trade::iso(clock::today().addDays(-9));
+  trade.validated("FF", trade.purchase("1", clock::today().addDays(-9)),
+                  {Trade::bought("A", "10", "5", "20")});
+  trade.validated(
+      "BI", {{"NUMNR", "2"}, {"CODFUR", QString::number(trade.supplier)}, {"DATANR", day}, {"BATVA", "19"}},
+      {Trade::bought("A", "3", "6", "20")});
+  trade.validated("BC", trade.consumption("3"), {Trade::out("A", "2")});
+  trade.validated("FC", trade.sale("4"), {Trade::out("A", "1")});
+  trade.validated("BS", {{"BATVA1", "2"}}, {Trade::out("A", "1")});
+  ASSERT_EQ(disagreementText(), "");
+
+  // Notes from before their kind was stored are those of the next stamp.
+  ExecutaSql("UPDATE kt_linii SET FELDOC = NULL WHERE DOC <> '1'");
+  EXPECT_EQ(disagreementText(), "");
+
+  const std::pair<const char*, const char*> damages[] = {
+      {"UPDATE kt_linii SET DEBIT = DEBIT * 2, CREDIT = CREDIT * 2 WHERE DOC = '2'", "decat documentul: BI2"},
+      {"UPDATE kt_linii SET DEBIT = DEBIT * 2, CREDIT = CREDIT * 2 WHERE DOC = '3'", "decat documentul: BC3"},
+      {"DELETE FROM kt_linii WHERE DOC = '4' AND CONT IN ('607', '371')", "decat documentul: FC4"},
+      {"DELETE FROM kt_linii WHERE FELDOC = 'FF'", "decat documentul: FF1"},
+      {"UPDATE G_I_E SET ID_I = 'FF9' WHERE TIP_E = 'FC'", "care nu exista: FC4 FF9 A"},
+      {"UPDATE G_LDOCUM SET CANTRAMASA = -1 WHERE DOCID = 'BI2'", "decat a intrat: BI2 A"},
+      {"INSERT INTO G_LAECLI (NUMAE, NRLINIE, CODART, CANT, CANTRAMAS) VALUES ('5', 1, 'A', 2, 3)",
+       "peste cantitatea liniei: G_LAECLI 5 A"},
+      {"INSERT INTO G_LCOMFU (NUMCOM, NRLINIE, CODART, CANT, CANTRLIV) VALUES ('5', 1, 'A', 2, -1)",
+       "peste cantitatea liniei: G_LCOMFU 5 A"},
+      {"UPDATE G_BONCON SET VALIDAT = 0", "fara document validat: BC3"},
+      {"UPDATE G_BONINT SET NUMNR = '22'", "fara inregistrare in documente: BI22"},
+      {"DELETE FROM G_DOCUME WHERE ID = 'BC3'", "care nu exista: BC3 FF1 A"}};
+  for (const auto& [sql, report] : damages) {
+    EXPECT_FALSE(disagreementText().contains(QLatin1String(report))) << report;
+    ExecutaSql(sql);
+    EXPECT_TRUE(disagreementText().contains(QLatin1String(report))) << sql << "\n"
+                                                                    << disagreementText().toStdString();
+  }
+}
+
+}  // namespace
+}  // namespace velmar

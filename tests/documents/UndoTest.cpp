@@ -1,0 +1,224 @@
+// Taking validated documents back. Random histories, validated and taken back in reverse, leave every table
+// as it was, except costs and prices of articles, and the stock of articles that have none.
+#include "documents/Undo.h"
+
+#include <gtest/gtest.h>
+#include <QSet>
+
+#include "store/Schema.h"
+#include "Trade.h"
+
+namespace velmar {
+namespace {
+
+constexpr int kHistories = 3;
+constexpr int kDocuments = 14;
+
+// All tables as text; of the articles only code and stock.
+QStringList everything() {
+  QStringList rows;
+  for (const Table& table : companyTables()) {
+    const bool isArticles = table.name() == "G_ARTMAG";
+    const Recordset found =
+        isArticles ? OpenRs("SELECT CODART, ROUND_EVEN(STOC, 3) AS STOC FROM G_ARTMAG WHERE FARASTOC = 0")
+                   : OpenRs("SELECT * FROM \"" + table.name() + "\"");
+    for (const Row& row : found) {
+      QStringList cells{table.name()};
+      for (const QString& column : found.columns()) cells.append(row.value(column).toString());
+      rows.append(cells.join(u'|'));
+    }
+  }
+  rows.sort();
+  return rows;
+}
+
+// The rows that only one of the two has.
+QString difference(const QStringList& now, const QStringList& before) {
+  const QSet<QString> here(now.begin(), now.end());
+  const QSet<QString> there(before.begin(), before.end());
+  QStringList rows;
+  for (const QString& row : here - there) rows.append("+ " + row);
+  for (const QString& row : there - here) rows.append("- " + row);
+  return rows.join(u'\n');
+}
+
+// The draft; later documents did not have it.
+void remove(const LedgerKey& key) {
+  DocumentEditor editor(key.prefix());
+  editor.open(key.number);
+  editor.remove();
+}
+
+class History {
+ public:
+  History(Trade& trade, int number) : trade_(trade), state_(static_cast<quint64>(number) * 7919 + 1) {
+    for (int i = 0; i < 3; ++i) {
+      articles_.append(QStringLiteral("H%1-%2").arg(number).arg(i));
+      trade.article(articles_.last(), "40", i != 1, i != 2);
+    }
+    next_ = number * 100;
+    day_ = clock::today().addDays(-60);
+  }
+
+  /// Validates one more document, if it is not refused.
+  void add() {
+    day_ = day_.addDays(1);
+    number_ = QString::number(++next_);
+    switch (below(7)) {
+      case 0:
+      case 1:
+        return run("FF", trade_.purchase(number_, day_), receipts());
+      case 2:
+        return run("BI",
+                   {{"NUMNR", number_},
+                    {"CODFUR", QString::number(trade_.supplier)},
+                    {"DATANR", Trade::iso(day_)},
+                    {"BATVA", "19"}},
+                   receipts());
+      case 3:
+        return run("BC", with(trade_.consumption(number_), "DATAAE"), issues());
+      case 4:
+        return run("FC", with(trade_.sale(number_), "DATAFAC"), issues());
+      case 5:
+        return run("BS", with({{"BATVA1", "2"}}, "DATAFAC"), issues());
+      default:
+        return returned();
+    }
+  }
+
+  /// Takes all documents back, the last first, and compares with what was there before each.
+  void takeAllBack() {
+    for (auto document = documents_.rbegin(); document != documents_.rend(); ++document) {
+      takeBack(document->key);
+      ASSERT_EQ(difference(everything(), document->before), "") << document->key.text().toStdString();
+      remove(document->key);
+    }
+  }
+  int size() const { return static_cast<int>(documents_.size()); }
+
+ private:
+  struct Validated {
+    LedgerKey key;
+    QStringList before;
+  };
+
+  int below(int limit) {
+    state_ = state_ * 6364136223846793005ULL + 1442695040888963407ULL;
+    return static_cast<int>((state_ >> 33) % static_cast<unsigned>(limit));
+  }
+  QString amount(int most) { return (Decimal(1 + below(most * 8)) / 8).toString(); }
+  TypedTexts with(TypedTexts header, const QString& dateColumn) const {
+    header.insert(dateColumn, Trade::iso(day_));
+    return header;
+  }
+  std::vector<TypedLine> receipts() {
+    std::vector<TypedLine> lines;
+    for (int i = below(2); i < 3; ++i)
+      lines.push_back(Trade::bought(articles_[i], amount(20), amount(30), "60"));
+    return lines;
+  }
+  std::vector<TypedLine> issues() {
+    std::vector<TypedLine> lines;
+    for (int i = below(2); i < 3; ++i) lines.push_back(Trade::out(articles_[i], amount(5)));
+    return lines;
+  }
+
+  // To the supplier, from a purchase; or by a customer.
+  void returned() {
+    const Recordset lots = OpenRs(
+        "SELECT DOCID, PRETFT FROM G_LDOCUM WHERE CANTRAMASA > 1 AND CANT > 0 AND ARTID = ? "
+        "AND SUBSTR(DOCID, 1, 2) = 'FF' ORDER BY DOCID",
+        {articles_[0]});
+    if (!lots.isEmpty() && below(2) == 0)
+      return run("FF", trade_.purchase(number_, day_, lots.first().text("DOCID")),
+                 {Trade::bought(articles_[0], "-1", lots.first().decimal("PRETFT").toString(), "60")});
+    run("FC", with(trade_.sale(number_), "DATAFAC"), {Trade::out(articles_[0], "-2")});
+  }
+
+  void run(const QString& prefix, const TypedTexts& header, const std::vector<TypedLine>& lines) {
+    DocumentEditor editor(prefix);
+    try {
+      Trade::draft(editor, header, lines);
+      const LedgerKey key{editor.kind().id, editor.number()};
+      const QStringList before = everything();
+      if (Trade::validate(editor)) documents_.push_back({key, before});
+    } catch (const RuleError&) {  // not enough stock
+      if (!editor.isNew()) editor.remove();
+    }
+  }
+
+  Trade& trade_;
+  quint64 state_;
+  QStringList articles_;
+  QString number_;
+  int next_ = 0;
+  QDate day_;
+  std::vector<Validated> documents_;
+};
+
+class UndoTest : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(UndoTest, HistoriesTakenBackInReverseLeaveEverythingAsItWas) {
+  Trade trade(GetParam());
+  for (int number = 1; number <= kHistories; ++number) {
+    SCOPED_TRACE(number);
+    History history(trade, number);
+    for (int i = 0; i < kDocuments; ++i) history.add();
+    EXPECT_GT(history.size(), kDocuments / 3);
+    ASSERT_EQ(disagreementText(), "");
+    ASSERT_NO_FATAL_FAILURE(history.takeAllBack());
+    ASSERT_EQ(disagreementText(), "");
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Methods, UndoTest, ::testing::Values("FIFO", "MP"));
+
+TEST(UndoGuardTest, DocumentsThatOthersDependOnAreNotTakenBack) {
+  const Trade trade("FIFO");
+  trade.article("A", "20");
+  const QDate day = clock::today().addDays(-20);
+  trade.validated("FF", trade.purchase("1", day), {Trade::bought("A", "10", "5", "20")});
+  auto sale = trade.sale("7");
+  sale.insert("DATAFAC", Trade::iso(day.addDays(1)));
+  trade.validated("FC", sale, {Trade::out("A", "4")});
+  auto voucher = trade.consumption("7");
+  voucher.insert("DATAAE", Trade::iso(day.addDays(2)));
+  trade.validated("BC", voucher, {Trade::out("A", "1")});
+
+  const QStringList before = everything();
+  EXPECT_THROW(takeBack({KindId::SupplierInvoice, "1"}), RuleError);
+  EXPECT_THROW(takeBack({KindId::CustomerInvoice, "7"}), RuleError);
+  EXPECT_THROW(takeBack({KindId::CustomerInvoice, "8"}), RuleError);
+  EXPECT_EQ(everything(), before);
+
+  // Notes from before their kind was stored belong to the next stamp of their number.
+  ExecutaSql("UPDATE kt_linii SET FELDOC = NULL");
+  ExecutaSql("UPDATE kt_linii SET PROV = 'X' WHERE DOC = '1'");
+  EXPECT_TRUE(takeBack({KindId::ConsumptionVoucher, "7"}));
+  EXPECT_EQ(OpenRs("SELECT DISTINCT NDI FROM kt_linii WHERE DOC = '7'").size(), 2);  // the invoice's
+  EXPECT_EQ(Trade::rest("FF1"), Decimal(6));
+  EXPECT_TRUE(takeBack({KindId::CustomerInvoice, "7"}));
+  EXPECT_FALSE(takeBack({KindId::SupplierInvoice, "1"}));  // the accountant's note remains
+  EXPECT_EQ(OpenRs("SELECT NDI FROM kt_linii WHERE DOC = '1'").size(), 3);
+  EXPECT_EQ(OpenRs("SELECT * FROM G_DOCUME").size(), 0);
+  EXPECT_EQ(Trade::figure("A", "STOC"), Decimal(0));
+}
+
+// With the average, goods come back at the value that they left with.
+TEST(UndoGuardTest, AnIssueTakenBackRestoresTheAverageCost) {
+  const Trade trade("MP");
+  trade.article("A", "20");
+  const QDate day = clock::today().addDays(-20);
+  trade.validated("FF", trade.purchase("1", day), {Trade::bought("A", "10", "5", "20")});
+  auto voucher = trade.consumption("2");
+  voucher.insert("DATAAE", Trade::iso(day.addDays(1)));
+  trade.validated("BC", voucher, {Trade::out("A", "4")});
+  trade.validated("FF", trade.purchase("3", day), {Trade::bought("A", "6", "8", "20")});
+  EXPECT_EQ(Trade::figure("A", "COST"), 65_dec / 10);  // (6 x 5 + 6 x 8) / 12
+  takeBack({KindId::ConsumptionVoucher, "2"});
+  EXPECT_EQ(Trade::figure("A", "STOC"), Decimal(16));
+  EXPECT_EQ(Trade::figure("A", "COST"), 62_dec / 10);  // (16 x 6.5 + 20) / (16 + 4)
+}
+
+}  // namespace
+}  // namespace velmar
