@@ -7,6 +7,7 @@
 #include "stock/Lots.h"
 #include "store/Database.h"
 #include "store/Schema.h"
+#include "store/StockBalance.h"
 
 namespace velmar {
 
@@ -44,6 +45,17 @@ void findStock(Finder& finder) {
                      "WHERE A.FARASTOC = 0 AND ROUND_EVEN(COALESCE(A.STOC, 0) - COALESCE(S.CANT, 0), 3) "
                      "<> 0 ORDER BY A.CODART")
           .arg(kLedgerStock));
+}
+
+void findWarehouseStock(Finder& finder) {
+  finder.find(
+      QStringLiteral("Stocul din magazie difera de documente"),
+      QStringLiteral("SELECT S.ARTID || ' ' || S.CODMAG AS PLACE FROM (SELECT M.ARTID AS ARTID, M.CODMAG "
+                     "AS CODMAG, SUM(M.CANT) AS CANT FROM (%1 UNION ALL SELECT B.ARTID AS ARTID, "
+                     "B.CODMAG AS CODMAG, -B.CANT AS CANT FROM G_STOCMAG B) M "
+                     "GROUP BY M.ARTID, M.CODMAG) S WHERE ROUND_EVEN(S.CANT, 3) <> 0 "
+                     "ORDER BY S.ARTID, S.CODMAG")
+          .arg(stockOfLedger()));
 }
 
 void findLots(Finder& finder) {
@@ -212,6 +224,7 @@ std::vector<Disagreement> disagreements() {
   const Snapshot moment(database());
   Finder finder;
   findStock(finder);
+  findWarehouseStock(finder);
   if (TIPCOST() == kFifo) findLots(finder);
   findRemainders(finder);
   findNotes(finder);

@@ -15,6 +15,7 @@ struct Disagreement {
 
 /// All inconsistencies:
 /// - an article's stock differs from the sum of the ledger (except for articles without stock);
+/// - the stock of an article in a warehouse (G_STOCMAG) differs from the sum of the ledger;
 /// - under FIFO, the sum of the open lots differs from the ledger, or that of the links from the issues, for
 ///   articles moved only by receipts, issues and returns that refer to their receipt;
 /// - a lot, a delivery note or an order has less than nothing left, or more than it had; a link names a

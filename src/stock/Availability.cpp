@@ -18,13 +18,10 @@ Quantities addedUp(const std::vector<Row>& rows) {
 
 }  // namespace
 
-// The direction is a subquery for each line: with a join and many articles the engine would read all
-// documents.
 Quantities warehouseStock(const QStringList& articles, qint64 warehouse) {
   return addedUp(
-      rowsOfKeys("SELECT L.ARTID AS CODART, SUM(CASE (SELECT D.TIPIE FROM G_DOCUME D WHERE D.ID = L.DOCID) "
-                 "WHEN 'I' THEN L.CANT WHEN 'S' THEN L.CANT WHEN 'E' THEN -L.CANT ELSE 0 END) AS CANT "
-                 "FROM G_LDOCUM L WHERE L.ARTID IN (%1) AND L.CODMAG = ? GROUP BY L.ARTID",
+      rowsOfKeys("SELECT B.ARTID AS CODART, B.CANT AS CANT FROM G_STOCMAG B "
+                 "WHERE B.ARTID IN (%1) AND B.CODMAG = ?",
                  articles, {warehouse}));
 }
 

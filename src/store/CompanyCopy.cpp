@@ -6,6 +6,7 @@
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
 #include "store/Engine.h"
+#include "store/StockBalance.h"
 #include "util/Errors.h"
 
 namespace velmar {
@@ -152,6 +153,7 @@ void copyToNewDatabase(Database& from, const QString& path, const CopyProgress& 
   }
   for (const StoredStatement& view : company.views)
     orRefuse(QStringLiteral("Interogarea ") + view.name, [&] { into->engine().run(view.statement); });
+  if (company.hasTriggers) createCompanyTriggers(into->engine());
   transaction.commit();
   into->engine().studyTables();
 }

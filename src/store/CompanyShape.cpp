@@ -67,10 +67,10 @@ class Describer {
   explicit Describer(Engine& engine) : engine_(engine) {}
 
   FoundCompany company() {
-    const QStringList kinds = engine_.ownKinds();
+    FoundCompany found;
+    const QStringList kinds = engine_.ownKinds() + ownTriggers(found);
     if (!kinds.isEmpty()) refuse(kinds.join(QStringLiteral(", ")));
     const QStringList names = engine_.tables();
-    FoundCompany found;
     for (const Table& wanted : companyTables())
       for (const QString& name : names)
         if (sameName(name, wanted.name())) found.tables.push_back(table(name, &wanted));
@@ -85,6 +85,24 @@ class Describer {
   }
 
  private:
+  // The triggers that only this company has.
+  QStringList ownTriggers(FoundCompany& found) {
+    const auto described = engine_.companyTriggers();
+    size_t missing = described.size();
+    QStringList own;
+    for (const StoredStatement& trigger : engine_.triggers()) {
+      const bool isDescribed =
+          std::any_of(described.begin(), described.end(),
+                      [&trigger](const StoredStatement& each) { return sameName(each.name, trigger.name); });
+      if (isDescribed)
+        --missing;
+      else
+        own.append(QStringLiteral("trigger ") + trigger.name);
+    }
+    found.hasTriggers = missing == 0;
+    return own;
+  }
+
   FoundTable table(const QString& name, const Table* wanted) {
     const TableShape shape = engine_.tableShape(name);
     FoundTable found{Table(wanted ? wanted->name() : spelling(name)), quotedIdentifier(name), {}, {}};

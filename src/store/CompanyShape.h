@@ -20,6 +20,7 @@ struct FoundTable {
 struct FoundCompany {
   std::vector<FoundTable> tables;      ///< the described ones, then the others by name
   std::vector<StoredStatement> views;  ///< in an order in which they can be created
+  bool hasTriggers = false;            ///< whether it has the triggers of each company
 };
 
 /// Reads the catalogue. Throws StoreError with its name when the company has something that copying rows

@@ -70,8 +70,10 @@ class Engine {
   virtual QString identifier(const QString& name) const { return quotedIdentifier(name); }
   /// The type of a column; nothing for a type that only this engine has.
   virtual std::optional<ColumnType> kindOf(const TableShape& table, const ColumnShape& column) const = 0;
-  /// The names of objects that only this engine supports, such as triggers and computed columns.
+  /// The names of objects that only this engine supports, such as computed columns.
   virtual QStringList ownKinds() = 0;
+  /// The triggers that each company has, in this engine's SQL.
+  virtual std::vector<StoredStatement> companyTriggers() const = 0;
   /// How an index declares one of its columns, so that rows ordered by it, nulls first if it is nullable, are
   /// read from the index in order.
   virtual QString indexedColumn(const Table&, const QString& column) const { return column; }
@@ -95,8 +97,12 @@ class Engine {
   virtual std::vector<StoredStatement> indexesOf(const QString& table) = 0;
   /// The stored queries, each after those that it may use.
   virtual std::vector<StoredStatement> views() = 0;
+  /// The triggers, including those that only this company has.
+  virtual std::vector<StoredStatement> triggers() = 0;
+  virtual void dropTrigger(const QString& name) = 0;
   /// Changes a table from shape `from` to shape `to`, which has the same columns and possibly more, with its
-  /// rows and indexes; inside a transaction. No stored query may use it meanwhile. Throws StoreError when a
+  /// rows and indexes; inside a transaction. No stored query or company trigger may use it
+  /// meanwhile. Throws StoreError when a
   /// value does not fit its column's new type; the caller must then roll back.
   virtual void reshape(const TableShape& from, const TableShape& to) = 0;
   /// Makes structure changes in the open transaction fail instead of waiting long for another user.

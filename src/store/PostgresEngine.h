@@ -25,12 +25,15 @@ class ServerEngine : public Engine {
   QString identifier(const QString& name) const override;
   std::optional<ColumnType> kindOf(const TableShape& table, const ColumnShape& column) const override;
   QStringList ownKinds() override;
+  std::vector<StoredStatement> companyTriggers() const override;
   void studyTables() override;
   void prepareSchema() override;
   QStringList tables() override;
   TableShape tableShape(const QString& table) override;
   std::vector<StoredStatement> indexesOf(const QString& table) override;
   std::vector<StoredStatement> views() override;
+  std::vector<StoredStatement> triggers() override;
+  void dropTrigger(const QString& name) override;
   void reshape(const TableShape& from, const TableShape& to) override;
   void limitLockWaits() override;
   void setLogin(const QString& login) override { connection_->setLogin(login); }

@@ -114,7 +114,6 @@ QStringList ServerEngine::ownKinds() {
            "AND n.nspname !~ '^(pg_|velmar_internal$)' AND (c.relkind IN ('p', 'f', 'm') OR (c.relkind IN "
            "('r', 'v') "
            "AND c.relnamespace <> current_schema()::regnamespace)) "
-           "UNION ALL SELECT 'trigger ' || tgname FROM pg_trigger WHERE NOT tgisinternal "
            "UNION ALL SELECT attrelid::regclass || '.' || attname FROM pg_attribute WHERE attgenerated <> "
            "''")))
     names.append(row.text("name"));
@@ -147,6 +146,21 @@ std::vector<StoredStatement> ServerEngine::views() {
     all.push_back({row.text("name"), QStringLiteral("CREATE VIEW %1 AS %2")
                                          .arg(quotedIdentifier(row.text("name")), row.text("definition"))});
   return all;
+}
+
+std::vector<StoredStatement> ServerEngine::triggers() {
+  std::vector<StoredStatement> all;
+  for (const Row& row : ask(QStringLiteral("SELECT tgname AS name, pg_get_triggerdef(oid) AS definition "
+                                           "FROM pg_trigger WHERE NOT tgisinternal ORDER BY oid")))
+    all.push_back({row.text("name"), row.text("definition")});
+  return all;
+}
+
+void ServerEngine::dropTrigger(const QString& name) {
+  for (const Row& row : ask(QStringLiteral("SELECT tgrelid::regclass::text AS place FROM pg_trigger "
+                                           "WHERE NOT tgisinternal AND tgname = ?"),
+                            {name}))
+    run(QStringLiteral("DROP TRIGGER %1 ON %2").arg(quotedIdentifier(name), row.text("place")));
 }
 
 void ServerEngine::limitLockWaits() { run(QStringLiteral("SET LOCAL lock_timeout = '4s'")); }

@@ -2,6 +2,7 @@
 
 #include "store/Database.h"
 #include "store/Engine.h"
+#include "store/StockBalance.h"
 #include "util/Errors.h"
 
 namespace velmar {
@@ -150,6 +151,7 @@ void createCompanyTables(Database& database) {
   database.prepareSchema();
   for (const Table& table : companyTables()) database.createTable(table);
   for (const StoredStatement& view : companyViews()) database.execute(view.statement);
+  createCompanyTriggers(database.engine());
   transaction.commit();
 }
 

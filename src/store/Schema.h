@@ -92,7 +92,7 @@ QString quoted(const QString& name);
 /// The statements that create the table and its indexes on that engine.
 QStringList createStatements(const Table& table, const Engine& engine);
 
-/// Creates all tables, indexes and stored queries in an empty database.
+/// Creates all tables, indexes, stored queries and triggers in an empty database.
 void createCompanyTables(Database& database);
 
 /// Number of digits that always fit a 64-bit integer.

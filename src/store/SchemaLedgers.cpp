@@ -54,7 +54,7 @@ Table ledgerLines() {
       .reals("PROCRAB VALRAB")
       .text("PALET", 20)
       .key("DOCID LINIE")
-      // Covering index for the stock by article and warehouse.
+      // Covering index for the movements of an article.
       .index("ARTID CODMAG DOCID CANT CANTRAMASA")
       // The open lots of an article: few, even if its history is long.
       .index("ARTID", "CANTRAMASA > 0")
@@ -114,6 +114,8 @@ std::vector<Table> ledgerTables() {
   return {
       ledgerDocuments(),
       ledgerLines(),
+      // Stock by article and warehouse: the sum of the lines, kept by triggers (StockBalance.h).
+      Table("G_STOCMAG").text("ARTID", 20).integers("CODMAG").zeroReals("CANT").key("ARTID CODMAG"),
       Table("G_I_E")
           .text("ID_E", 21)
           .text("TIP_E", 2)  // its kind: a voucher and an invoice may share a number

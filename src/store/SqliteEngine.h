@@ -27,10 +27,13 @@ class FileEngine : public Engine {
   QString clusteredSuffix() const override;
   std::optional<ColumnType> kindOf(const TableShape& table, const ColumnShape& column) const override;
   QStringList ownKinds() override;
+  std::vector<StoredStatement> companyTriggers() const override;
   QStringList tables() override;
   TableShape tableShape(const QString& table) override;
   std::vector<StoredStatement> indexesOf(const QString& table) override;
   std::vector<StoredStatement> views() override;
+  std::vector<StoredStatement> triggers() override;
+  void dropTrigger(const QString& name) override;
   void reshape(const TableShape& from, const TableShape& to) override;
 
  private:

@@ -218,7 +218,6 @@ std::optional<ColumnType> FileEngine::kindOf(const TableShape& table, const Colu
 QStringList FileEngine::ownKinds() {
   QStringList names;
   for (const Row& row : ask(QStringLiteral(
-           "SELECT 'trigger ' || name AS name FROM sqlite_master WHERE type = 'trigger' UNION ALL "
            "SELECT name FROM sqlite_master WHERE type = 'table' AND sql LIKE 'CREATE VIRTUAL%' UNION ALL "
            "SELECT m.name || '.' || x.name FROM sqlite_master AS m, pragma_table_xinfo(m.name) AS x "
            "WHERE m.type = 'table' AND x.hidden <> 0")))
@@ -234,6 +233,14 @@ std::vector<StoredStatement> FileEngine::indexesOf(const QString& table) {
 
 std::vector<StoredStatement> FileEngine::views() {
   return stored(QStringLiteral("SELECT name, sql FROM sqlite_master WHERE type = 'view' ORDER BY rowid"));
+}
+
+std::vector<StoredStatement> FileEngine::triggers() {
+  return stored(QStringLiteral("SELECT name, sql FROM sqlite_master WHERE type = 'trigger' ORDER BY rowid"));
+}
+
+void FileEngine::dropTrigger(const QString& name) {
+  run(QStringLiteral("DROP TRIGGER ") + quotedIdentifier(name));
 }
 
 void FileEngine::reshape(const TableShape& from, const TableShape& to) {

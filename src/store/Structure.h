@@ -41,7 +41,7 @@ struct TableShape {
   bool operator==(const TableShape&) const = default;
 };
 
-/// An index or a stored query, with the statement that creates it.
+/// An index, a stored query or a trigger, with the statement that creates it.
 struct StoredStatement {
   QString name;
   QString statement;

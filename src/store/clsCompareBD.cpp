@@ -5,6 +5,7 @@
 
 #include "store/Database.h"
 #include "store/Engine.h"
+#include "store/StockBalance.h"
 
 namespace velmar {
 
@@ -50,6 +51,8 @@ void clsCompareBD::Compara(const Progress& progress) {
     if (progress) progress(++done, count);
   }
   CompareViews();
+  CompareTriggers();
+  refillBalance(*company);
   transaction.commit();
 }
 
@@ -62,6 +65,7 @@ void clsCompareBD::readTemplate() {
   for (const QString& name : engine.tables())
     tables_.push_back({engine.tableShape(name), engine.indexesOf(name)});
   views_ = engine.views();
+  triggers_ = engine.triggers();
 }
 
 void clsCompareBD::CompareTables(const TableParts& wanted, const QString& name) {
@@ -76,7 +80,7 @@ void clsCompareBD::CompareTables(const TableParts& wanted, const QString& name) 
   }
   CompareKeys(wanted.shape, found, target);
   if (!(target == found)) {
-    setViewsAside();
+    setAside();
     // The condition of an index may be invalid for the new type.
     if (retyped) dropIndexes(wanted, name);
     company_->engine().reshape(found, target);
@@ -145,8 +149,11 @@ void clsCompareBD::CopiazaObiect(const TableParts& table) {
   for (const StoredStatement& index : table.indexes) company_->engine().run(index.statement);
 }
 
-// Neither engine can change a table that a stored query uses.
-void clsCompareBD::setViewsAside() {
+// Neither engine can change a table that a stored query or a trigger uses. The company's own triggers are not
+// dropped: the engine reports them if they are in the way.
+void clsCompareBD::setAside() {
+  for (const StoredStatement& trigger : company_->engine().triggers())
+    if (find(triggers_, trigger.name)) company_->engine().dropTrigger(trigger.name);
   if (!aside_.empty()) return;
   aside_ = company_->engine().views();
   for (auto view = aside_.rbegin(); view != aside_.rend(); ++view)
@@ -161,6 +168,17 @@ void clsCompareBD::CompareViews() {
   const auto present = engine.views();
   for (const StoredStatement& view : views_)
     if (!find(present, view.name)) engine.run(view.statement);
+}
+
+void clsCompareBD::CompareTriggers() {
+  Engine& engine = company_->engine();
+  const auto present = engine.triggers();
+  for (const StoredStatement& trigger : triggers_) {
+    const StoredStatement* own = find(present, trigger.name);
+    if (own && sameStatement(own->statement, trigger.statement)) continue;
+    if (own) engine.dropTrigger(own->name);
+    engine.run(trigger.statement);
+  }
 }
 
 }  // namespace velmar

@@ -1,5 +1,6 @@
 // Upgrades the structure of a company to that of the template: tables, columns, types, widths, NOT NULL,
-// keys, indexes and stored queries. All or nothing; what only the company has is kept.
+// keys, indexes, stored queries and triggers; the stock by warehouse is computed again. All or nothing; what
+// only the company has is kept.
 #pragma once
 
 #include <functional>
@@ -41,16 +42,18 @@ class clsCompareBD {
   void CompareIndexes(const TableParts& wanted, const QString& name);
   void CopiazaObiect(const TableParts& table);
   void CompareViews();
+  void CompareTriggers();
 
   void dropIndexes(const TableParts& wanted, const QString& name);
-  void setViewsAside();
+  void setAside();
 
   QString companyPath_;
   QString templatePath_;
-  std::vector<TableParts> tables_;      ///< the template's
-  std::vector<StoredStatement> views_;  ///< the template's
-  Database* company_ = nullptr;         ///< during Compara()
-  std::vector<StoredStatement> aside_;  ///< the company's own, until they can be created again
+  std::vector<TableParts> tables_;         ///< the template's
+  std::vector<StoredStatement> views_;     ///< the template's
+  std::vector<StoredStatement> triggers_;  ///< the template's
+  Database* company_ = nullptr;            ///< during Compara()
+  std::vector<StoredStatement> aside_;     ///< the company's own, until they can be created again
 };
 
 }  // namespace velmar
