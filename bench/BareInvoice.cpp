@@ -74,9 +74,7 @@ BareInvoice::BareInvoice(const QString& path)
                                  "FROM G_LFACCL WHERE NUMFAC = ? ORDER BY NRLINIE")),
       rate_(connection_.prepare("SELECT PROCENT, CONT FROM kt_cote WHERE COD = 2")),
       method_(connection_.prepare("SELECT TCOST FROM kt_info")),
-      stock_(connection_.prepare(
-          "SELECT SUM(CASE WHEN D.TIPIE IN ('I', 'S') THEN L.CANT WHEN D.TIPIE = 'E' THEN -L.CANT ELSE 0 "
-          "END) FROM G_LDOCUM L JOIN G_DOCUME D ON D.ID = L.DOCID WHERE L.ARTID = ? AND L.CODMAG = 1")),
+      stock_(connection_.prepare("SELECT CANT FROM G_STOCMAG WHERE ARTID = ? AND CODMAG = 1")),
       ordered_(connection_.prepare(
           "SELECT SUM(L.CANT - COALESCE(L.CANTLIV, 0)) FROM G_COMCLI C JOIN G_LCOMCL L ON C.NUMCOM = "
           "L.NUMCOM WHERE L.CODART = ? AND C.VALIDAT = -1")),

@@ -11,6 +11,7 @@ namespace velmar::bench {
 
 bool measureVouchers(Store store);
 bool measureInvoices(Store store);
+bool measureStock(Store store);
 bool measureWriters(Store store);
 bool checkPlans(Store store);
 bool checkSums(Store store);

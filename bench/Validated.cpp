@@ -59,6 +59,7 @@ QStringList writtenBy(const Validated& kind) {
                      "ORDER BY DOCID, LINIE"),
       QStringLiteral("SELECT ID_E, TIP_E, ID_I, CODART, CANT FROM G_I_E ORDER BY ID_E, ID_I, CODART"),
       QStringLiteral("SELECT CODART, STOC, COST FROM G_ARTMAG ORDER BY CODART"),
+      QStringLiteral("SELECT ARTID, CODMAG, CANT FROM G_STOCMAG ORDER BY ARTID, CODMAG"),
       QStringLiteral("SELECT NUMFAC, NRLINIE, COST FROM G_LFACCL ORDER BY NUMFAC, NRLINIE"),
       QStringLiteral("SELECT %1 FROM %2 WHERE VALIDAT = -1 ORDER BY %1")
           .arg(document.numberColumn, document.headerTable),

@@ -17,6 +17,7 @@ struct Bench {
 const Bench kBenches[] = {
     {"voucher", velmar::bench::measureVouchers, true},
     {"invoice", velmar::bench::measureInvoices, true},
+    {"stock", velmar::bench::measureStock},
     {"writers", velmar::bench::measureWriters},
     {"plans", velmar::bench::checkPlans},
     {"sums", velmar::bench::checkSums},
