@@ -146,6 +146,10 @@ class Composer {
 
 }  // namespace
 
+Decimal lineValue(const Row& line, const ArticleFacts& /*article*/) { return line.decimal("VALOAREFT"); }
+
+Decimal lineVat(const Row& line, const ArticleFacts& /*article*/) { return line.decimal("VALOARETVA"); }
+
 std::vector<TotalsGroup> TotaluriConturi(const Totals& totals, const std::vector<Row>& lines,
                                          const ArticleTable& articles) {
   std::vector<std::pair<GroupKey, TotalsGroup>> found;

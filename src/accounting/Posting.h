@@ -13,6 +13,10 @@ namespace velmar {
 /// What is summed of a line.
 using LineAmount = Decimal (*)(const Row& line, const ArticleFacts& article);
 
+/// The columns VALOAREFT and VALOARETVA.
+Decimal lineValue(const Row& line, const ArticleFacts& article);
+Decimal lineVat(const Row& line, const ArticleFacts& article);
+
 /// Which lines are summed.
 enum class TotalledLines {
   All,

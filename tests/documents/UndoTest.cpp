@@ -21,9 +21,12 @@ QStringList everything() {
     const bool isArticles = table.name() == "G_ARTMAG";
     const Recordset found =
         isArticles ? OpenRs("SELECT CODART, ROUND_EVEN(STOC, 3) AS STOC FROM G_ARTMAG WHERE FARASTOC = 0")
-                   : OpenRs("SELECT * FROM \"" + table.name() + "\"");
+                   : OpenRs("SELECT * FROM " +
+                            (table.name().contains(' ') ? '"' + table.name() + '"' : table.name()));
     for (const Row& row : found) {
       QStringList cells{table.name()};
+      // A balance of nothing says what no balance says.
+      if (table.name() == "G_STOCMAG" && row.value("CANT").toDouble() == 0) continue;
       for (const QString& column : found.columns()) cells.append(row.value(column).toString());
       rows.append(cells.join(u'|'));
     }

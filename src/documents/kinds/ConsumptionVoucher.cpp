@@ -57,7 +57,7 @@ class ConsumptionVoucherRules : public KindRules {
     effects.ledger = {std::move(ledger)};
     const bool isAverage = inputs.costMethod == QStringLiteral("MP");
     NoteRule note{
-        .totals = {{"CONTCHELT", "CONTSTOCMARFA"}, isAverage ? atCost : valueOf},
+        .totals = {{"CONTCHELT", "CONTSTOCMARFA"}, isAverage ? atCost : lineValue},
         .journalParameter = "JURBONCONS",
         .perGroup = {{Side::Debit, {Account::From::Totals, "CONTCHELT"}, AmountOf::Group, kCostCentre},
                      {Side::Credit, {Account::From::Totals, "CONTSTOCMARFA"}}}};
@@ -100,9 +100,6 @@ class ConsumptionVoucherRules : public KindRules {
     effects.costColumns = QStringList{"VALOAREFT", "PRETFT"};
   }
 
-  static Decimal valueOf(const Row& line, const ArticleFacts& /*article*/) {
-    return line.decimal("VALOAREFT");
-  }
   static Decimal atCost(const Row& line, const ArticleFacts& article) {
     return line.decimal("CANT") * article.figures.COST;
   }

@@ -50,7 +50,7 @@ class InputVoucherRules : public KindRules {
     }
     ledger.cost = ledger.value;
     effects.ledger = {std::move(ledger)};
-    effects.notes = {{.totals = {{"CONTSTOCPROD"}, valueOf},
+    effects.notes = {{.totals = {{"CONTSTOCPROD"}, lineValue},
                       .journalParameter = "JURBONINTR",
                       .perGroup = {{Side::Debit, {Account::From::Totals, "CONTSTOCPROD"}},
                                    {Side::Credit, {Account::From::Parameter, "CONTINTRPROD"}}}}};
@@ -60,9 +60,6 @@ class InputVoucherRules : public KindRules {
  private:
   static void calculate(Row& line) {
     line.set("VALOAREFT", Round(line.decimal("CANT") * line.decimal("PRETFT"), 2));
-  }
-  static Decimal valueOf(const Row& line, const ArticleFacts& /*article*/) {
-    return line.decimal("VALOAREFT");
   }
 };
 

@@ -56,9 +56,6 @@ QString storedText(const Document& document, HeaderFieldType type) {
   return field && !field->column.isEmpty() ? document.header.text(field->column) : QString();
 }
 
-Decimal valueOf(const Row& line, const ArticleFacts& /*article*/) { return line.decimal("VALOAREFT"); }
-Decimal vatOf(const Row& line, const ArticleFacts& /*article*/) { return line.decimal("VALOARETVA"); }
-
 void CALC(Row& line, const TypedHeader& header) {
   const int decimals = session().NrZec;
   const Decimal product = line.decimal("ValoareFTCuDiscount") * line.decimal("CANT");
@@ -258,7 +255,7 @@ Decimal SaleRules::signedCost(const Row& line, const ArticleFacts& /*article*/) 
 
 NoteRule SaleRules::saleNote(const NoteTerms& terms, const Account& account, const QString& vatAccount) {
   return {
-      .totals = {{"CONTVEN"}, valueOf, vatOf},
+      .totals = {{"CONTVEN"}, lineValue, lineVat},
       .perGroup = {{Side::Credit,
                     {Account::From::Totals, "CONTVEN"},
                     AmountOf::Group,

@@ -162,16 +162,9 @@ class SupplierInvoiceRules : public KindRules {
     line.set("VALOARETTI", value + vat);
   }
 
-  static Decimal valueOf(const Row& line, const ArticleFacts& /*article*/) {
-    return line.decimal("VALOAREFT");
-  }
-  static Decimal vatOf(const Row& line, const ArticleFacts& /*article*/) {
-    return line.decimal("VALOARETVA");
-  }
-
   static NoteRule note(const Document& document, const PlanInputs& inputs) {
     NoteRule note{
-        .totals = {{"CONTSTOCMARFA"}, valueOf, vatOf},
+        .totals = {{"CONTSTOCMARFA"}, lineValue, lineVat},
         .journal = document.header.text("JURNAL"),
         .journalParameter = "JURFACFUR",
         .before = {{Side::Credit, {Account::From::Parameter, "CONTFURNIZORI"}, AmountOf::Gross, kPartner}},
