@@ -29,6 +29,14 @@ Check refusedWhen(const QString& text, const QString& field,
           }};
 }
 
+Check onlyFor(std::function<bool(const Document& document)> applies, Check check) {
+  check.fault = [applies = std::move(applies),
+                 fault = std::move(check.fault)](const Document& document) -> std::optional<Fault> {
+    return applies(document) ? fault(document) : std::nullopt;
+  };
+  return check;
+}
+
 bool passes(const Checks& checks, const Document& document, int icon) {
   for (const Check& check : checks) {
     if (check.at == CheckedAt::UnderLock) continue;

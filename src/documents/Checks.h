@@ -45,6 +45,9 @@ using Checks = std::vector<Check>;
 Check refusedWhen(const QString& text, const QString& field,
                   std::function<bool(const Document& document)> isBroken);
 
+/// The check, made only for documents for which the condition holds.
+Check onlyFor(std::function<bool(const Document& document)> applies, Check check);
+
 /// Makes the checks in order. Throws RuleError with that icon for the first that refuses; asks and tells.
 /// Returns false when the user does not want to go on.
 bool passes(const Checks& checks, const Document& document, int icon = 0);

@@ -12,6 +12,7 @@
 #include "documents/kinds/Kinds.h"
 #include "documents/LineCells.h"
 #include "documents/LineChecks.h"
+#include "documents/LineSource.h"
 #include "documents/Numbering.h"
 #include "documents/Validation.h"
 #include "store/Database.h"
@@ -22,12 +23,6 @@
 #include "util/NumberText.h"
 
 namespace velmar {
-
-namespace {
-
-constexpr int kNameWidth = 35;
-
-}  // namespace
 
 DocumentEditor::DocumentEditor(const QString& prefix)
     : kind_(documentKind(prefix)), rules_(kind_.rules), typed_(kind_, {}) {
@@ -149,12 +144,15 @@ bool DocumentEditor::followRate() {
 
 // The stored header and lines always have the same rate.
 void DocumentEditor::storeRate() {
-  if (isRateStored()) return;
+  if (!isRateStored()) storeHeader(headerWithRate());
+}
+
+Row DocumentEditor::headerWithRate() const {
   Row header = header_;
   for (const HeaderField& field : kind_.headerFields)
     if (field.type == HeaderFieldType::VatRate)
       header.set(field.column, storedHeaderValue(field.type, shownRate_));
-  storeHeader(header);
+  return header;
 }
 
 void DocumentEditor::storeHeader(const Row& header) {
@@ -213,6 +211,8 @@ bool DocumentEditor::isOpen(size_t line, const QString& field) const {
   const LineColumn* entry = lineColumn(kind_, field);
   if (!entry || isNew_ || isFrozen()) return false;
   const bool newLine = line >= lines_.size();
+  const LineSource* source = newLine ? nullptr : sourceOf(kind_, lines_[line]);
+  if (source && !source->isOpen(entry->field)) return false;
   switch (entry->entry) {
     case LineEntry::Locked:
       return false;
@@ -271,8 +271,56 @@ void DocumentEditor::store(size_t line, Row row) {
   linesChanged();
 }
 
+bool DocumentEditor::addLines(const LineSource& source, const QString& number,
+                              const QHash<QString, QString>& typed) {
+  headerTyped(typed);
+  if (isFrozen()) throw RuleError(isPrinted() ? kind_.receipt.notChangeable : kind_.receipt.unknownText);
+  if (!passes(source.checks(number), onScreen())) return false;
+  TypedHeader header = typed_;
+  AddedLines added = source.lines(onScreen(), header, number);
+  for (Row& line : added.lines) line.set(kind_.numberColumn, this->number());
+  Row stored = headerWithRate();
+  const QHash<QString, QString> changes = header.takeChanges();
+  for (const HeaderField& field : kind_.headerFields)
+    if (!field.column.isEmpty() && changes.contains(field.key()))
+      stored.set(field.column, storedHeaderValue(field.type, changes.value(field.key())));
+  std::vector<Row> lines = added.replaces ? std::vector<Row>() : lines_;
+  Transaction transaction(database());
+  drafts().requireAsShown(shownDraft());
+  drafts().updateHeader(stored);
+  if (added.replaces)
+    drafts().deleteLines(this->number());
+  else if (!isRateStored())
+    drafts().updateColumns(lines_, rules_->totalColumns());
+  drafts().insertLines(added.lines);
+  source.added(onScreen(), number);
+  transaction.commit();
+  lines.insert(lines.end(), added.lines.begin(), added.lines.end());
+  for (auto change = changes.begin(); change != changes.end(); ++change)
+    typed_.set(change.key(), change.value());
+  header_ = stored;
+  lines_ = storedLines_ = std::move(lines);
+  storedRate_ = shownRate_;
+  linesChanged();
+  return true;
+}
+
+bool DocumentEditor::fillFromHeader(const QHash<QString, QString>& typed) {
+  if (isNew_ || !lines_.empty()) return false;
+  headerTyped(typed);
+  for (const LineSource* source : kind_.sources) {
+    const QString named = source->namedIn(typed_);
+    if (!named.isEmpty()) return addLines(*source, named, typed);
+  }
+  return false;
+}
+
 void DocumentEditor::deleteLine(size_t line) {
+  Transaction transaction(database());
   drafts().deleteLine(header_, storedLines_.at(line));
+  if (lines_.size() == 1)
+    for (const LineSource* source : kind_.sources) source->emptied(number());
+  transaction.commit();
   for (auto* lines : {&lines_, &storedLines_})
     lines->erase(lines->begin() + static_cast<std::ptrdiff_t>(line));
   linesChanged();
@@ -280,6 +328,10 @@ void DocumentEditor::deleteLine(size_t line) {
 
 void DocumentEditor::linesChanged() {
   totals_ = lineTotals(kind_, lines_);
+  takesTypedLines_ = !isNew_ && !isFrozen() && std::none_of(lines_.begin(), lines_.end(), [this](auto& line) {
+    const LineSource* source = sourceOf(kind_, line);
+    return source && !source->allowsTypedLines();
+  });
   refreshMarks();
 }
 
@@ -382,7 +434,10 @@ void DocumentEditor::checkDeletion() const {
 }
 
 void DocumentEditor::remove() {
+  Transaction transaction(database());
   drafts().remove(number());
+  for (const LineSource* source : kind_.sources) source->emptied(number());
+  transaction.commit();
   newDocument();
 }
 

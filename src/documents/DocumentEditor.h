@@ -57,6 +57,17 @@ class DocumentEditor {
   /// Why a text is refused in a cell; `line` equal to the number of lines is the new line.
   CellVerdict check(size_t line, const QString& field, const QString& typed, bool bySupplierCode) const;
 
+  /// The document on screen.
+  Document onScreen() const;
+  /// Whether lines can be typed below those of the document.
+  bool takesTypedLines() const { return takesTypedLines_; }
+
+  /// Adds what the source offers under that number, with all checks: stores the lines and the fields of the
+  /// header that follow from the source, in one transaction. False: the user does not want it.
+  bool addLines(const LineSource& source, const QString& number, const QHash<QString, QString>& typed);
+  /// Fills a stored document without lines from what its header names; returns whether lines were added.
+  bool fillFromHeader(const QHash<QString, QString>& typed);
+
   /// Whether the cell is editable. `line` equal to the number of lines is the new line.
   bool isOpen(size_t line, const QString& field) const;
 
@@ -113,9 +124,9 @@ class DocumentEditor {
   bool isSending() const;
   void reopen(const QString& number);
   void fillNewHeader(const ProposedNumber& proposed);
-  Document onScreen() const;
   void store(size_t line, Row row);
   bool followRate();
+  Row headerWithRate() const;
   bool isRateStored() const { return shownRate_ == storedRate_; }
   void storeRate();
   void storeHeader(const Row& header);
@@ -134,6 +145,7 @@ class DocumentEditor {
   QString shownRate_;   ///< code of the VAT rate used to calculate lines_
   std::vector<LineMark> marks_;
   QHash<QString, Decimal> totals_;
+  bool takesTypedLines_ = false;
   bool isNew_ = true;
   bool numberLocked_ = false;
 };

@@ -70,6 +70,8 @@ enum class LineEntry {
   OptionalPositive  ///< as PositiveNumber, or empty
 };
 
+constexpr int kNameWidth = 35;  ///< characters of an article's name in a line
+
 constexpr int kAsTyped = -1;          ///< of roundTo
 constexpr int kSessionDecimals = -2;  ///< the company's decimals of prices and values
 
@@ -142,6 +144,7 @@ enum class Posted {
 };
 
 class KindRules;
+class LineSource;
 
 struct DocumentKind {
   KindId id;
@@ -162,6 +165,7 @@ struct DocumentKind {
   bool oldestFirst = false;  ///< order of the list of drafts
   QStringList draftColumns;  ///< of the list of drafts, after number, date and partner's name
   QString sourceColumn;      ///< of the lines: key of the order or note that a line came from; empty: none
+  std::vector<const LineSource*> sources;  ///< of lines that are not typed
   LineCheckColumns lineCheck;
   FiscalReceipt receipt;
   Checks openingChecks;     ///< when its window opens

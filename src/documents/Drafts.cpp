@@ -114,16 +114,33 @@ void Drafts::updateHeader(const Row& header) const {
 }
 
 void Drafts::insertLine(Row& line, const Row& shownHeader) const {
-  requireWidths(companyTable(kind_.lineTable), line);
   Transaction transaction(database());
   requireOpen(shownHeader);
+  std::vector<Row> lines{line};
+  insertLines(lines);
+  transaction.commit();
+  line = std::move(lines.front());
+}
+
+void Drafts::insertLines(std::vector<Row>& lines) const {
+  if (lines.empty()) return;
+  QStringList columns;
+  for (const Row& line : lines) {
+    requireWidths(companyTable(kind_.lineTable), line);
+    for (const QString& column : filledColumns(line))
+      if (!columns.contains(column)) columns.append(column);
+  }
+  if (!columns.contains("NRLINIE")) columns.append("NRLINIE");
   const Recordset last = OpenRs(QStringLiteral("SELECT MAX(NRLINIE) AS NRLINIE FROM %1 WHERE %2 = ?")
                                     .arg(kind_.lineTable, kind_.numberColumn),
-                                {line.text(kind_.numberColumn)});
-  line.set("NRLINIE", last.first().integer("NRLINIE") + 1);
-  const QStringList columns = filledColumns(line);
-  database().insertRows(kind_.lineTable, columns, {valuesOf(line, columns)});
-  transaction.commit();
+                                {lines.front().text(kind_.numberColumn)});
+  qint64 number = last.first().integer("NRLINIE");
+  std::vector<Values> rows;
+  for (Row& line : lines) {
+    line.set("NRLINIE", ++number);
+    rows.push_back(valuesOf(line, columns));
+  }
+  database().insertRows(kind_.lineTable, columns, rows);
 }
 
 void Drafts::updateLine(const Row& line, const Row& shownHeader, const Row& shownLine) const {
@@ -175,9 +192,13 @@ void Drafts::remove(const QString& number) const {
                                 .arg(kind_.headerTable, kind_.numberColumn, whereLinesOpen()),
                             {number}),
                  number);
+  deleteLines(number);
+  transaction.commit();
+}
+
+void Drafts::deleteLines(const QString& number) const {
   ExecutaSql(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(kind_.lineTable, kind_.numberColumn),
              {number});
-  transaction.commit();
 }
 
 void Drafts::setValidated(const QString& number, bool is) const {

@@ -32,6 +32,9 @@ class Drafts : public DocumentStore {
   /// Stores a new last line and sets its NRLINIE. As the next two functions, throws RuleError when the lines
   /// of the draft can no longer be changed, or its header or that line differ from those shown.
   void insertLine(Row& line, const Row& shownHeader) const;
+  /// Stores new last lines and sets their NRLINIE, of a draft that the caller has locked and required to be
+  /// as shown.
+  void insertLines(std::vector<Row>& lines) const;
   /// Stores the columns of a line that differ from the line shown.
   void updateLine(const Row& line, const Row& shownHeader, const Row& shownLine) const;
   void deleteLine(const Row& shownHeader, const Row& shownLine) const;
@@ -40,6 +43,8 @@ class Drafts : public DocumentStore {
   /// Stores those columns of the lines, of a draft that the caller has locked.
   void updateColumns(const std::vector<Row>& lines, const QStringList& columns) const;
 
+  /// Deletes all lines of a draft that the caller has locked.
+  void deleteLines(const QString& number) const;
   /// Deletes header and lines.
   void remove(const QString& number) const;
 

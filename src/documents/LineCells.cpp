@@ -3,6 +3,7 @@
 #include "config/Checks.h"
 #include "config/Lists.h"
 #include "documents/KindRules.h"
+#include "documents/LineSource.h"
 
 namespace velmar {
 
@@ -43,7 +44,8 @@ CellVerdict checkedCell(const TypedHeader& header, const Row* line, const QStrin
   const auto number = typedNumber(text);
   if (!number)
     return {true, QStringLiteral("Va rugam introduceti o valoare numerica pentru %1 !").arg(entry->caption)};
-  if (entry->entry != LineEntry::Number && number->isNegative())
+  const bool mayBeNegative = entry->entry == LineEntry::Number && !(line && sourceOf(kind, *line));
+  if (!mayBeNegative && number->isNegative())
     return {
         true,
         QStringLiteral("Va rugam introduceti o valoare numerica pozitiva pentru %1 !").arg(entry->caption)};

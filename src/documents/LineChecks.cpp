@@ -42,13 +42,13 @@ QStringList heldInStock(const QStringList& articles) {
 
 }  // namespace
 
-std::optional<Shortage> shortageOf(const Document& document, Stocked stocked) {
+std::optional<Shortage> shortageOf(const Document& document, Stocked stocked, const Quantities& ownOrders) {
   Quantities wanted;
   for (const Row& line : document.lines) wanted.add(line.text("CODART"), line.decimal("CANT"));
   QStringList articles = articlesOf(document.lines);
   if (stocked == Stocked::OnlyHeld) articles = heldInStock(articles);
   articles.sort(Qt::CaseInsensitive);
-  return firstShortage(articles, wanted, document.warehouse());
+  return firstShortage(articles, wanted, document.warehouse(), ownOrders);
 }
 
 Check distinctArticles() {
@@ -97,11 +97,11 @@ Check salePricesNotBelowCost() {
           .outcome = Outcome::Tell};
 }
 
-Check stockSuffices(Stocked stocked, const QString& text) {
+Check stockSuffices(Stocked stocked, const QString& text, OwnOrders ownOrders) {
   return {.text = text,
           .field = "CODART",
-          .fault = [stocked](const Document& document) -> std::optional<Fault> {
-            const auto shortage = shortageOf(document, stocked);
+          .fault = [stocked, own = std::move(ownOrders)](const Document& document) -> std::optional<Fault> {
+            const auto shortage = shortageOf(document, stocked, own ? own(document) : Quantities());
             if (!shortage) return std::nullopt;
             return Fault{{shortage->article, editNumber(shortage->available)}};
           },

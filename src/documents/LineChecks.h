@@ -13,7 +13,9 @@ enum class Stocked {
 };
 
 /// The first article, by code, with less available in the document's warehouse than the lines need.
-std::optional<Shortage> shortageOf(const Document& document, Stocked stocked);
+/// `ownOrders` are open quantities that do not hold it up.
+std::optional<Shortage> shortageOf(const Document& document, Stocked stocked,
+                                   const Quantities& ownOrders = {});
 
 /// No article is on two lines, case insensitive.
 Check distinctArticles();
@@ -24,9 +26,12 @@ Check completeLines();
 /// A notice about sale prices below the purchase prices, up to the first line that is not complete.
 Check salePricesNotBelowCost();
 
-/// The stock of the document's warehouse covers the lines; `text` with the article's code and the available
-/// quantity.
-Check stockSuffices(Stocked stocked, const QString& text);
+/// What of the open orders does not hold up a document, by article.
+using OwnOrders = std::function<Quantities(const Document& document)>;
+
+/// The stock of the document's warehouse, without what other orders have open, covers the lines; `text` with
+/// the article's code and the available quantity.
+Check stockSuffices(Stocked stocked, const QString& text, OwnOrders ownOrders = {});
 
 /// The message for an article whose discounts exceed its price.
 QString discountsTooHighText(const QString& code);

@@ -35,12 +35,12 @@ Quantities openOrders(const QStringList& articles) {
 
 Decimal gStocValid(const QString& article) { return openOrders({article}).of(article); }
 
-std::optional<Shortage> firstShortage(const QStringList& articles, const Quantities& wanted,
-                                      qint64 warehouse) {
+std::optional<Shortage> firstShortage(const QStringList& articles, const Quantities& wanted, qint64 warehouse,
+                                      const Quantities& ownOrders) {
   const Quantities stock = warehouseStock(articles, warehouse);
   const Quantities ordered = openOrders(articles);
   for (const QString& article : articles) {
-    const Decimal available = stock.of(article) - ordered.of(article).abs();
+    const Decimal available = stock.of(article) - (ordered.of(article) - ownOrders.of(article)).abs();
     if (available < wanted.of(article)) return Shortage{article, available};
   }
   return std::nullopt;

@@ -36,8 +36,8 @@ struct Shortage {
 };
 
 /// The first of the articles whose available quantity in the warehouse is less than wanted: stock minus the
-/// absolute value of the open orders.
-std::optional<Shortage> firstShortage(const QStringList& articles, const Quantities& wanted,
-                                      qint64 warehouse);
+/// absolute value of the open orders that are not the document's own.
+std::optional<Shortage> firstShortage(const QStringList& articles, const Quantities& wanted, qint64 warehouse,
+                                      const Quantities& ownOrders = {});
 
 }  // namespace velmar

@@ -67,7 +67,8 @@ const std::vector<WrittenColumn<LedgerLine>>& lineColumns() {
       {"PROCRAB", [](const L& l) { return numberOrNull(l.discountPercent); }},
       {"VALRAB", [](const L& l) { return numberOrNull(l.discountedPrice); }},
       {"CODCC", [](const L& l) { return textOrNull(l.costCentre); }},
-      {"PALET", [](const L& l) { return textOrNull(l.palet); }}};
+      {"PALET", [](const L& l) { return textOrNull(l.palet); }},
+      {"REFERINTA", [](const L& l) { return textOrNull(l.reference); }}};
   return columns;
 }
 

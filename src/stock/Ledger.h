@@ -29,6 +29,7 @@ struct LedgerLine {
   std::optional<Decimal> discountedPrice = {};  ///< VALRAB
   QString costCentre = {};                      ///< CODCC
   QString palet = {};                           ///< PALET
+  QString reference = {};                       ///< REFERINTA: key of the order or note that it came from
 };
 
 /// A document of the ledger with its lines, in the document's order.

@@ -1,6 +1,7 @@
 #include "stock/Links.h"
 
 #include <algorithm>
+#include <QHash>
 
 #include "store/Database.h"
 #include "store/Records.h"
@@ -116,6 +117,19 @@ std::vector<SourceLine> readSources(const std::vector<LedgerKey>& sources) {
   return lines;
 }
 
+std::optional<TakenLine> exceeding(const std::vector<TakenLine>& taken) {
+  std::vector<LedgerKey> sources;
+  for (const TakenLine& line : taken) sources.push_back(line.source);
+  QHash<QString, Decimal> open;  // by source and article
+  const auto keyOf = [](const LedgerKey& source, const QString& article) {
+    return (source.text() + u'\n' + article).toUpper();
+  };
+  for (const SourceLine& line : readSources(sources)) open[keyOf(line.source, line.article)] += line.open;
+  for (const TakenLine& line : taken)
+    if ((open[keyOf(line.source, line.article)] -= line.quantity) < 0) return line;
+  return std::nullopt;
+}
+
 std::vector<LedgerKey> ordersOf(const QString& invoice) {
   std::vector<LedgerKey> orders;
   for (const Row& row : OpenRs(
@@ -150,7 +164,7 @@ void OpenSources::take(const TakenLine& taken, const LedgerKey& taker, const QDa
     wanted = Round(wanted - part, kQuantityDecimals);
     isChanged_[i] = true;
   }
-  if (!last || wanted.isZero()) return;
+  if (!last || wanted.isZero() || taken.source.kind == KindId::CustomerOrder) return;
   last->open = Round(last->open - wanted, kQuantityDecimals);
   last->reference = taker.text();
   last->date = date;

@@ -2,6 +2,7 @@
 // what a document that is taken back gives back to them.
 #pragma once
 
+#include <optional>
 #include <QDate>
 #include <QStringList>
 #include <vector>
@@ -32,6 +33,9 @@ struct TakenLine {
 /// The lines of these orders and notes, in their order.
 std::vector<SourceLine> readSources(const std::vector<LedgerKey>& sources);
 
+/// The first that, with those before it, takes more than its source has open now.
+std::optional<TakenLine> exceeding(const std::vector<TakenLine>& taken);
+
 /// The customer orders from which an invoice was made.
 std::vector<LedgerKey> ordersOf(const QString& invoice);
 
@@ -42,7 +46,8 @@ class OpenSources {
   explicit OpenSources(std::vector<SourceLine> lines);
 
   /// Takes from the lines of the article in the source, the first one first; what exceeds them is taken from
-  /// the last one, whose open quantity is then below 0.
+  /// the last one, whose open quantity is then below 0. An order of a customer delivers no more than was
+  /// ordered.
   void take(const TakenLine& taken, const LedgerKey& taker, const QDate& date);
   /// Gives back, the last line first, at most up to each line's quantity. A reference to `taker` is removed.
   void giveBack(const TakenLine& taken, const LedgerKey& taker);

@@ -1,7 +1,10 @@
 // The customer invoice: a sale on account, in lei or in currency, with possible returns.
 #include "config/Lookups.h"
+#include "documents/kinds/InvoiceSources.h"
+#include "documents/kinds/PaletSource.h"
 #include "documents/kinds/SaleRules.h"
 #include "documents/kinds/SaleWording.h"
+#include "stock/Ledger.h"
 
 namespace velmar {
 
@@ -32,14 +35,30 @@ class CustomerInvoiceRules : public SaleRules {
     return true;
   }
 
+  bool movesStock(const Document& document) const override { return !comesFromNotes(document); }
+
+  // Goods of a delivery note keep the cost at which they left.
+  std::optional<Decimal> sourcedCost(const Row& line) const override {
+    const auto source = LedgerKey::of(line.text("NUMAE"));
+    if (TIPCOST() != kFifo || !source || source->kind != KindId::DeliveryNote) return std::nullopt;
+    const Recordset found = OpenRs(
+        "SELECT SUM(VALCOST) AS VALCOST, SUM(CANT) AS CANT FROM G_LDOCUM WHERE DOCID = ? AND ARTID = ?",
+        {source->text(), line.text("CODART")});
+    const Decimal delivered = found.first().decimal("CANT");
+    return delivered.isZero() ? Decimal(0)
+                              : line.decimal("CANT") * found.first().decimal("VALCOST") / delivered;
+  }
+
   std::vector<NoteRule> notes(const Document& document, const PlanInputs& inputs,
                               const NoteTerms& terms) const override {
     NoteRule sale = saleNote(terms, {Account::From::Parameter, "CONTCLIENTI"}, inputs.vatAccount);
     sale.journal = document.header.text("JURNAL");
     sale.journalParameter = "JURFACCLI";
     // Under FIFO goods with different quantities make entries of their own.
-    return {sale, costOfGoods(terms, signedCost, TotalledLines::HeldGoods, inputs.isFifo()),
-            costOfProducts(terms, signedCost)};
+    NoteRule goods = costOfGoods(terms, signedCost, TotalledLines::HeldGoods, inputs.isFifo());
+    if (inputs.isFifo() && comesFromNotes(document))
+      goods.perGroup.back().account = {Account::From::Parameter, "CONTAVIZEXP_M"};
+    return {sale, goods, costOfProducts(terms, signedCost)};
   }
 };
 
@@ -60,16 +79,11 @@ ListingKind listingForm() {
 }
 
 Check paletSold() {
-  return refusedWhen(
-      "Pentru acest palet a fost deja emisa factura de vanzare. ", "TextPalet", [](const Document& document) {
-        const QString palet = document.typed().text("TextPalet");
-        return !palet.isEmpty() &&
-               !OpenRs(
-                    "SELECT L.DOCID AS DOCID FROM G_DOCUME D INNER JOIN G_LDOCUM L ON D.ID = L.DOCID "
-                    "WHERE L.PALET = ? AND D.TIPIE = 'E' LIMIT 1",
-                    {palet})
-                    .isEmpty();
-      });
+  return refusedWhen("Pentru acest palet a fost deja emisa factura de vanzare. ", "TextPalet",
+                     [](const Document& document) {
+                       const QString palet = typedPalet(document.typed());
+                       return !palet.isEmpty() && hasLeft(palet);
+                     });
 }
 
 void describeInvoiceFields(DocumentKind& kind) {
@@ -113,6 +127,7 @@ DocumentKind customerInvoice() {
   kind.remarkColumn = "OBS";
   kind.tipie = "E";
   kind.sourceColumn = "NUMAE";
+  kind.sources = invoiceSources();
   kind.existsKind = "FACTURACLIENT";
   kind.numbering = Numbering::InvoiceRange;
   kind.texts.numberTaken = numberTakenText("Factura");
@@ -130,7 +145,9 @@ DocumentKind customerInvoice() {
       currencyWithoutRate("Curs"),
       journalNotChosen(),
       withoutLines("Factura nu contine nici un articol ! Nu se poate efectua introducerea in stoc !")};
-  kind.lineChecks = {distinctArticles(), completeLines(), stockSuffices(Stocked::OnlyHeld, kAvailable)};
+  const auto movesStock = [](const Document& document) { return !comesFromNotes(document); };
+  kind.lineChecks = {onlyFor(movesStock, distinctArticles()), withinNotes(), completeLines(),
+                     onlyFor(movesStock, stockSuffices(Stocked::OnlyHeld, kAvailable, orderedBy))};
   kind.printChecks = {nothingSelected(kind, "Nu exista factura selectata!"),
                       printWithoutPartner(kind, "Nu exista client selectat!"), printUnsaved(kind)};
   describeInvoiceFields(kind);

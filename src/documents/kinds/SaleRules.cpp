@@ -133,10 +133,12 @@ Effects SaleRules::effects(const Document& document, const PlanInputs& inputs) c
                     document.kind->field(HeaderFieldType::Currency)->key());
   Effects effects;
   effects.lines = document.lines;
-  if (inputs.isFifo()) takeLots(effects, inputs.lots);
+  const bool moves = movesStock(document);
+  if (inputs.isFifo() && moves) takeLots(effects, inputs.lots);
   effects.ledger = {ledgerWith(document, effects.lines, terms, inputs)};
+  if (!moves) effects.ledger.front().direction.clear();
   for (const Row& line : effects.lines)
-    effects.stock.push_back({line.text("CODART"), line.decimal("CANT"), {}, {}, StockRule::Issue});
+    if (moves) effects.stock.push_back({line.text("CODART"), line.decimal("CANT"), {}, {}, StockRule::Issue});
   if (!postsNotes(document)) return effects;
   NoteTerms noteTerms;
   noteTerms.partner = document.header.integer(document.kind->partnerColumn);
@@ -157,7 +159,9 @@ void SaleRules::takeQuantity(Row& line, const TypedHeader& header) const {
   if (!columns_.openQuantity.isEmpty()) line.set(columns_.openQuantity, quantity);
   const bool isReturn = takeReturned(line, header);
   if (!isReturn && !columns_.cost.isEmpty()) {
-    if (TIPCOST() == kFifo && !quantity.isNegative()) {
+    if (const auto sourced = sourcedCost(line)) {
+      line.set(columns_.cost, *sourced);
+    } else if (TIPCOST() == kFifo && !quantity.isNegative()) {
       OpenLots lots = OpenLots::read({article});
       line.set(columns_.cost, Round(lots.costFIFO(article, quantity, CostFollows::LotWithRemainder).value,
                                     kCurrencyAmountDecimals));
@@ -231,6 +235,8 @@ LedgerDocument SaleRules::ledgerWith(const Document& document, const std::vector
     ledger.vat += line.decimal("VALOARETVA");
     ledger.cost += lineCost(line, inputs.isFifo());
     ledger.lines.push_back(ledgerLine(line, terms, inputs));
+    if (!document.kind->sourceColumn.isEmpty())
+      ledger.lines.back().reference = line.text(document.kind->sourceColumn);
   }
   ledger.value = terms.inLei(value);
   ledger.vat = terms.inLei(ledger.vat);

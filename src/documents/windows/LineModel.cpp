@@ -63,7 +63,7 @@ void LineModel::amountsChanged() {
 
 int LineModel::rowCount(const QModelIndex& parent) const {
   if (parent.isValid()) return 0;
-  return static_cast<int>(editor_.lines().size()) + (editor_.isNew() || editor_.isFrozen() ? 0 : 1);
+  return static_cast<int>(editor_.lines().size()) + (editor_.takesTypedLines() ? 1 : 0);
 }
 
 int LineModel::columnCount(const QModelIndex& parent) const {

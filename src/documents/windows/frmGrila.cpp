@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "documents/LineSource.h"
 #include "documents/Validation.h"
 #include "documents/windows/frmLst.h"
 #include "documents/windows/HeaderForm.h"
@@ -112,6 +113,7 @@ void frmGrila::shortcut(const QKeySequence& key, const QString& button) {
 
 QBoxLayout* frmGrila::headerRow() {
   lists_->addWidget(draftsFrame(), 1);
+  for (const LineSource* source : editor_.kind().sources) buildSource(*source);
   auto* row = new QHBoxLayout;
   row->addWidget(header_, header_->hasTwoColumns() ? 5 : 3);
   row->addLayout(lists_, header_->hasTwoColumns() ? 3 : 4);
@@ -123,10 +125,67 @@ void frmGrila::addCommand(QPushButton* button) {
   added_.append(button);
 }
 
-void frmGrila::addBelowDrafts(QWidget* frame, QWidget* list) {
+void frmGrila::buildSource(const LineSource& source) {
+  const SourceList& facts = source.list();
+  if (facts.control.isEmpty()) return;
+  auto* frame = named(new QGroupBox(facts.caption, this), facts.frame);
+  auto* list = new TDBGrid(facts.control, frame);
+  list->setColumns({{facts.numberColumn, "Numar", CellFormat::Text, 12},
+                    {facts.dateColumn, "Data", CellFormat::Date, 11},
+                    {"NUME", facts.partnerCaption, CellFormat::Text, 30}});
+  list->setEmptyText(facts.emptyText);
+  list->installEventFilter(this);
+  connect(list, &TDBGrid::clicked, this, [this, list] { addChosen(list); });
   fitBesideHeader(list);
+  auto* inside = new QVBoxLayout(frame);
+  inside->addWidget(list);
   lists_->addWidget(frame, 1);
   added_.append(list);
+  sources_.append({&source, frame, list});
+}
+
+bool frmGrila::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+      addChosen(watched);
+      return true;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void frmGrila::addChosen(QObject* list) {
+  for (const OfferedSource& offered : sources_) {
+    const Row* chosen = offered.list == list ? offered.list->currentRecord() : nullptr;
+    if (!chosen) continue;
+    const QString number = chosen->text(offered.source->list().numberColumn);
+    return run(offered.list->objectName(), [this, &offered, number] { addLines(*offered.source, number); });
+  }
+}
+
+void frmGrila::addLines(const LineSource& source, const QString& number) {
+  const QHash<QString, QString> typed = header_->typed();
+  if (editor_.addLines(source, number, typed)) showDocument();
+}
+
+void frmGrila::refreshSources() {
+  for (const OfferedSource& offered : sources_) {
+    const QSignalBlocker quiet(offered.list);
+    offered.list->setRecordset(offered.source->offer(editor_.onScreen()));
+    offered.list->setCurrentIndex({});
+  }
+  showSources();
+}
+
+// Which lists are shown depends on the lines of the document.
+void frmGrila::showSources() {
+  if (sources_.isEmpty()) return;
+  const Document document = editor_.onScreen();
+  for (const OfferedSource& offered : sources_) {
+    offered.frame->setVisible(offered.source->isShown(document));
+    offered.list->setEnabled(offered.source->isEnabled(document));
+  }
 }
 
 void frmGrila::addBesideCheck(QWidget* widget) { besideCheck_->addWidget(widget); }
@@ -228,6 +287,7 @@ void frmGrila::followChoice(const QString& key) {
   guarded(editor_.kind().window, key, [this, &key] {
     if (editor_.headerChosen(key, header_->texts())) lineModel_->amountsChanged();
     showHeaderChanges();
+    if (key == editor_.kind().partnerColumn) refreshSources();
     fieldChosen(key);
   });
 }
@@ -245,6 +305,7 @@ void frmGrila::recolourLines() {
 void frmGrila::refreshLists() {
   header_->refreshLists();
   refreshDrafts();
+  refreshSources();
 }
 
 void frmGrila::refreshDrafts() {
@@ -258,6 +319,7 @@ void frmGrila::showDocument() {
   AfisareAntet();
   DetaliiFactura();
   refreshDrafts();
+  refreshSources();
 }
 
 void frmGrila::newDocument() {
@@ -288,6 +350,7 @@ bool frmGrila::leaveHeader() {
 void frmGrila::save() {
   Salvare();
   showDocument();
+  if (editor_.fillFromHeader(header_->typed())) showDocument();
   lines_->startNewLine();
 }
 
@@ -316,6 +379,7 @@ void frmGrila::openDraft(const QString& number) {
     editor_.open(number);
     AfisareAntet();
     DetaliiFactura();
+    refreshSources();
     const QSignalBlocker quiet(drafts_);
     drafts_->selectRecord(editor_.kind().numberColumn, number);
   });
@@ -341,9 +405,11 @@ void frmGrila::validate() {
     Mesaj(error.text(), kCritical, error.title());
     return;
   }
+  const QString& fromNotes = texts.validatedFromNotes;
+  const bool isFromNotes = !fromNotes.isEmpty() && comesFrom(editor_.onScreen(), KindId::DeliveryNote);
   // Errors from here on are not failures of the validation.
   guarded(editor_.kind().window, "cmdFacturaNoua", [this] { newDocument(); });
-  Mesaj(texts.validated, kOk, texts.validatedTitle);
+  Mesaj(isFromNotes ? fromNotes : texts.validated, kOk, texts.validatedTitle);
   header_->focusNumber();
 }
 
@@ -380,6 +446,7 @@ void frmGrila::GridFooterText() {
   for (const LineColumn& column : editor_.kind().lineColumns)
     if (editor_.isTotal(column.field))
       lines_->setFooter(column.field, formatNumber(editor_.total(column.field), kFooterDecimals));
+  showSources();
   totalsShown();
 }
 

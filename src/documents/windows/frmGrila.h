@@ -19,6 +19,7 @@ namespace velmar {
 class HeaderForm;
 class LineGrid;
 class LineModel;
+class LineSource;
 class TDBGrid;
 
 class frmGrila : public QWidget {
@@ -35,6 +36,8 @@ class frmGrila : public QWidget {
  protected:
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  /// Enter on a row of a source adds its lines.
+  bool eventFilter(QObject* watched, QEvent* event) override;
   /// The window remains open when the user does not want to leave a changed header.
   void closeEvent(QCloseEvent* event) override;
 
@@ -73,10 +76,13 @@ class frmGrila : public QWidget {
   /// Called after a RuleError has been shown.
   virtual void ruleShown(const RuleError& /*rule*/) {}
 
+  /// Adds what the source offers under that number to the document on screen.
+  void addLines(const LineSource& source, const QString& number);
+  /// Reads the lists of the sources again.
+  void refreshSources();
+
   // Used by the windows of the kinds to add their parts.
   void addCommand(QPushButton* button);
-  /// `list` gets the focus within the frame.
-  void addBelowDrafts(QWidget* frame, QWidget* list);
   void addBesideCheck(QWidget* widget);
 
   /// Runs a command: commits an open cell, then runs the work guarded.
@@ -91,6 +97,9 @@ class frmGrila : public QWidget {
   void addCommand(const QString& name, const QString& caption, const QString& toolTip, const QString& picture,
                   void (frmGrila::*action)());
   QWidget* draftsFrame();
+  void buildSource(const LineSource& source);
+  void addChosen(QObject* list);
+  void showSources();
   void buildLines();
   void orderTabs();
 
@@ -113,6 +122,12 @@ class frmGrila : public QWidget {
   void followChoice(const QString& key);
   void showHeaderChanges();
 
+  struct OfferedSource {
+    const LineSource* source;
+    QWidget* frame;
+    TDBGrid* list;
+  };
+
   DocumentEditor editor_;
   HeaderForm* header_;
   QHBoxLayout* commands_;
@@ -123,8 +138,9 @@ class frmGrila : public QWidget {
   QCheckBox* bySupplierCode_ = nullptr;
   LineModel* lineModel_ = nullptr;
   LineGrid* lines_ = nullptr;  ///< TDBGrid1
-  bool ordered_ = false;       ///< tab order and mnemonics are set
-  bool listening_ = false;     ///< already connected to the activation of its frame
+  QList<OfferedSource> sources_;
+  bool ordered_ = false;    ///< tab order and mnemonics are set
+  bool listening_ = false;  ///< already connected to the activation of its frame
 };
 
 }  // namespace velmar

@@ -20,8 +20,8 @@ frmGrilaFC2::frmGrilaFC2(QWidget* parent) : QDialog(parent) {
   notes->setDefault(true);
   auto* orders =
       makeButton("cmdCC", "Comanda client", "Creare Facturi din Comenzi Client sau Direct", "sales");
-  connect(notes, &QPushButton::clicked, this, [this] { choose(kFromNotes, false); });
-  connect(orders, &QPushButton::clicked, this, [this] { choose(kFromOrders, true); });
+  connect(notes, &QPushButton::clicked, this, [this] { choose(kFromNotes); });
+  connect(orders, &QPushButton::clicked, this, [this] { choose(kFromOrders); });
   auto* all = new QVBoxLayout(this);
   for (QPushButton* button : {notes, orders}) {
     button->setMinimumHeight(fontMetrics().height() * 2);
@@ -31,13 +31,12 @@ frmGrilaFC2::frmGrilaFC2(QWidget* parent) : QDialog(parent) {
   giveMnemonics(this);
 }
 
-void frmGrilaFC2::choose(int source, bool fromOrders) {
+void frmGrilaFC2::choose(int source) {
   accept();
-  guarded("frmGrilaFC2", "choose", [source, fromOrders] {
+  guarded("frmGrilaFC2", "choose", [source] {
     session().gModFactura = source;
     QWidget* window = windowHost()->showOne("frmGrilaFC", [] { return new frmGrilaFC; });
     auto* invoices = qobject_cast<frmGrilaFC*>(window);
-    invoices->setIsComanda(fromOrders);
     invoices->refreshLists();
   });
 }

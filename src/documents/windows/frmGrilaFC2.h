@@ -11,7 +11,7 @@ class frmGrilaFC2 : public QDialog {
   explicit frmGrilaFC2(QWidget* parent = nullptr);
 
  private:
-  void choose(int source, bool fromOrders);
+  void choose(int source);
 };
 
 }  // namespace velmar
