@@ -22,6 +22,8 @@ bool isTotalled(TotalledLines lines, const ArticleFacts& article) {
       return isGoods;
     case TotalledLines::HeldGoods:
       return isGoods && !article.figures.FARASTOC;
+    case TotalledLines::Products:
+      return isProduct;
     case TotalledLines::HeldProducts:
       return isProduct && !article.figures.FARASTOC;
   }

@@ -22,6 +22,7 @@ enum class TotalledLines {
   All,
   Goods,        ///< of goods, also of those without stock
   HeldGoods,    ///< of goods held in stock
+  Products,     ///< of own products, also of those without stock
   HeldProducts  ///< of own products held in stock
 };
 

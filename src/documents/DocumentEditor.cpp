@@ -51,7 +51,7 @@ QString DocumentEditor::newDocument() {
 void DocumentEditor::fillNewHeader(const ProposedNumber& proposed) {
   header_ = companyTable(kind_.headerTable).emptyRow();
   header_.set("Magazie", session().gMagazie);
-  if (header_.has("SERIE")) header_.set("SERIE", session().gSerieFC);
+  if (header_.has("SERIE")) header_.set("SERIE", seriesOf(kind_));
   QHash<QString, QString> texts;
   for (const HeaderField& field : kind_.headerFields) {
     const QString before = typed_.texts().value(field.key());
@@ -156,14 +156,31 @@ Row DocumentEditor::headerWithRate() const {
 }
 
 void DocumentEditor::storeHeader(const Row& header) {
+  const HeaderField* percent = kind_.field(HeaderFieldType::Percent);
+  if (percent && header.decimal(percent->column) != header_.decimal(percent->column)) {
+    for (Row& line : lines_) rules_->applyRate(line, typed_);
+    linesChanged();
+  }
   Transaction transaction(database());
   drafts().requireAsShown(shownDraft());
   drafts().updateHeader(header);
-  if (!isRateStored()) drafts().updateColumns(lines_, rules_->totalColumns());
+  drafts().updateColumns(changedLines(), rules_->totalColumns());
   transaction.commit();
   header_ = header;
   storedLines_ = lines_;
   storedRate_ = shownRate_;
+}
+
+// Those whose totals differ from the stored ones.
+std::vector<Row> DocumentEditor::changedLines() const {
+  const QStringList totals = rules_->totalColumns();
+  std::vector<Row> changed;
+  for (size_t i = 0; i < lines_.size(); ++i)
+    if (std::any_of(totals.begin(), totals.end(), [&](const QString& column) {
+          return lines_[i].has(column) && lines_[i].decimal(column) != storedLines_[i].decimal(column);
+        }))
+      changed.push_back(lines_[i]);
+  return changed;
 }
 
 void DocumentEditor::save(const QHash<QString, QString>& typed) {
@@ -290,8 +307,8 @@ bool DocumentEditor::addLines(const LineSource& source, const QString& number,
   drafts().updateHeader(stored);
   if (added.replaces)
     drafts().deleteLines(this->number());
-  else if (!isRateStored())
-    drafts().updateColumns(lines_, rules_->totalColumns());
+  else
+    drafts().updateColumns(changedLines(), rules_->totalColumns());
   drafts().insertLines(added.lines);
   source.added(onScreen(), number);
   transaction.commit();

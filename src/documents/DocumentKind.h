@@ -139,6 +139,7 @@ enum class Posted {
   Nothing,
   Value,        ///< its value, on accounts without a partner
   ValueIfFifo,  ///< the same if lots value the stock; otherwise what the goods cost at that time
+  Cost,         ///< what its goods cost, on accounts without a partner
   Gross,        ///< value and VAT, on the partner's account
   GrossAndCost  ///< and the cost of goods held in stock
 };

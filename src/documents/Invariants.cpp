@@ -142,6 +142,12 @@ QString wrongNotes(const DocumentKind& kind) {
     case Posted::ValueIfFifo:
       return TIPCOST() == kFifo ? differs.arg("D.TOTALFT", "N.DEBIT")
                                 : QStringLiteral("D.TOTALFT <> 0 AND N.DOC IS NULL");
+    case Posted::Cost:
+      return differs.arg("D.TOTALCOST", "N.DEBIT") +
+             QStringLiteral(
+                 " AND NOT EXISTS (SELECT C.DOCID FROM G_LDOCUM C INNER JOIN G_ARTMAG A ON A.CODART = "
+                 "C.ARTID "
+                 "WHERE C.DOCID = D.ID AND COALESCE(A.PROVENIENTA, '') NOT IN ('M', 'P'))");
     case Posted::Gross:
     case Posted::GrossAndCost:
       break;

@@ -60,6 +60,10 @@ ProposedNumber proposeNumber(const DocumentKind& kind) {
   return {};
 }
 
+QString seriesOf(const DocumentKind& kind) {
+  return kind.numbering == Numbering::NoteRange ? session().gSerieAE : session().gSerieFC;
+}
+
 QString NumarDocument(const QString& prefix) {
   const ProposedNumber proposed = proposeNumber(documentKind(prefix));
   if (!proposed.warning.isEmpty()) Mesaj(proposed.warning);

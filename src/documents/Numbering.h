@@ -19,4 +19,7 @@ ProposedNumber proposeNumber(const DocumentKind& kind);
 /// As proposeNumber, but shows the warning; "" if the user types the number.
 QString NumarDocument(const QString& prefix);
 
+/// The series of the kind's numbers; "00": none.
+QString seriesOf(const DocumentKind& kind);
+
 }  // namespace velmar

@@ -4,6 +4,7 @@
 #include "config/Session.h"
 #include "documents/DocumentKind.h"
 #include "documents/KindRules.h"
+#include "documents/Numbering.h"
 #include "stock/Ledger.h"
 
 namespace velmar {
@@ -15,12 +16,14 @@ PlanInputs readInputs(const Document& document) {
   PlanInputs inputs;
   inputs.costMethod = s.TCOST.trimmed();
   inputs.decimals = s.NrZec;
-  inputs.series = s.gSerieFC;
+  inputs.series = seriesOf(*document.kind);
   inputs.parameters = companyParameters();
   const QStringList codes = articlesOf(document.lines);
   inputs.articles = readArticles(codes);
   if (inputs.isFifo() && ledgerKind(document.kind->id).takesLots) inputs.lots = OpenLots::read(codes);
   for (const HeaderField& field : document.kind->headerFields) {
+    if (field.type == HeaderFieldType::Percent && !field.column.isEmpty())
+      inputs.vatPercent = document.header.decimal(field.column);
     if (field.type != HeaderFieldType::VatRate) continue;
     const VatRate rate = vatRate(document.header.integer(field.column));
     inputs.vatPercent = rate.percent;

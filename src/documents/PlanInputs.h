@@ -15,7 +15,7 @@ struct Document;
 struct PlanInputs {
   QString costMethod;  ///< "FIFO", "MP" or ""
   int decimals = 2;    ///< of prices and values
-  QString series;      ///< of invoices; "00": none
+  QString series;      ///< of the kind's numbers; "00": none
   Row parameters;      ///< of kt_par
   ArticleTable articles;
   OpenLots lots;                    ///< of the articles, under FIFO, for a kind that takes from lots

@@ -45,8 +45,8 @@ class CustomerInvoiceRules : public SaleRules {
         "SELECT SUM(VALCOST) AS VALCOST, SUM(CANT) AS CANT FROM G_LDOCUM WHERE DOCID = ? AND ARTID = ?",
         {source->text(), line.text("CODART")});
     const Decimal delivered = found.first().decimal("CANT");
-    return delivered.isZero() ? Decimal(0)
-                              : line.decimal("CANT") * found.first().decimal("VALCOST") / delivered;
+    if (delivered.isZero()) return Decimal(0);
+    return Round(line.decimal("CANT") * found.first().decimal("VALCOST") / delivered, kCostDecimals);
   }
 
   std::vector<NoteRule> notes(const Document& document, const PlanInputs& inputs,

@@ -7,6 +7,7 @@
 #include "config/Session.h"
 #include "documents/KindRules.h"
 #include "documents/kinds/PaletSource.h"
+#include "documents/kinds/SaleRules.h"
 #include "stock/Ledger.h"
 #include "stock/Lots.h"
 #include "store/Database.h"
@@ -18,8 +19,6 @@
 namespace velmar {
 
 namespace {
-
-constexpr int kCostDecimals = 4;
 
 // A question that is asked when the condition holds.
 Check asked(const QString& text, std::function<bool(const Document& document)> applies,

@@ -13,7 +13,6 @@ namespace velmar {
 namespace {
 
 constexpr int kQuantityDecimals = 3;
-constexpr int kCurrencyAmountDecimals = 4;
 constexpr int kPercentDecimals = 2;
 constexpr int kWhole = 100;  // percent
 const QString kNoSeries = QStringLiteral("00");
@@ -135,6 +134,7 @@ Effects SaleRules::effects(const Document& document, const PlanInputs& inputs) c
   effects.lines = document.lines;
   const bool moves = movesStock(document);
   if (inputs.isFifo() && moves) takeLots(effects, inputs.lots);
+  if (!inputs.isFifo() && columns_.costsAtValidation) takeCosts(effects, inputs.articles);
   effects.ledger = {ledgerWith(document, effects.lines, terms, inputs)};
   if (!moves) effects.ledger.front().direction.clear();
   for (const Row& line : effects.lines)
@@ -163,8 +163,8 @@ void SaleRules::takeQuantity(Row& line, const TypedHeader& header) const {
       line.set(columns_.cost, *sourced);
     } else if (TIPCOST() == kFifo && !quantity.isNegative()) {
       OpenLots lots = OpenLots::read({article});
-      line.set(columns_.cost, Round(lots.costFIFO(article, quantity, CostFollows::LotWithRemainder).value,
-                                    kCurrencyAmountDecimals));
+      line.set(columns_.cost,
+               Round(lots.costFIFO(article, quantity, CostFollows::LotWithRemainder).value, kCostDecimals));
     } else {
       line.set(columns_.cost, columns_.costsOneUnit ? CostArticol(article) : quantity * CostArticol(article));
     }
@@ -186,10 +186,18 @@ void SaleRules::takeLots(Effects& effects, OpenLots lots) const {
     const Decimal quantity = line.decimal("CANT");
     if (quantity <= 0 || !lots.has(line.text("CODART"))) continue;
     Consumption consumption = lots.costFIFO(line.text("CODART"), quantity, CostFollows::LotWithRemainder);
-    line.set(columns_.cost, Round(consumption.value, kCurrencyAmountDecimals));
+    line.set(columns_.cost, Round(consumption.value, kCostDecimals));
     effects.costedLines.push_back(line);
     effects.consumed.push_back(std::move(consumption));
   }
+  effects.costColumns = QStringList{columns_.cost};
+}
+
+// The lines cost what their articles cost now.
+void SaleRules::takeCosts(Effects& effects, const ArticleTable& articles) const {
+  for (Row& line : effects.lines)
+    line.set(columns_.cost, line.decimal("CANT") * articles.of(line.text("CODART")).figures.COST);
+  effects.costedLines = effects.lines;
   effects.costColumns = QStringList{columns_.cost};
 }
 
@@ -223,6 +231,7 @@ LedgerLine SaleRules::ledgerLine(const Row& line, const Terms& terms, const Plan
   ledger.discountedPrice = Round(ledger.price, kPercentDecimals);
   if (line.has("PALET")) ledger.palet = line.text("PALET");
   if (quantity.isNegative()) ledger.rest = quantity.abs();  // returned goods are a lot
+  if (!columns_.openQuantity.isEmpty()) ledger.rest = quantity;
   return ledger;
 }
 

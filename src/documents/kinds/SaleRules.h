@@ -6,14 +6,17 @@
 
 namespace velmar {
 
+constexpr int kCostDecimals = 4;  ///< of what the lots of a line cost
+
 /// The columns of a sales kind's lines that not all kinds have; empty: the kind has none. Currency, exchange
 /// rate, VAT, cost centre, due date, method of payment and journal are those fields of the header that have
 /// the type.
 struct SaleColumns {
-  QString currencyPrice = {};  ///< price in the article's own currency
-  QString cost = {};           ///< of the whole line
-  QString openQuantity = {};   ///< not yet invoiced
-  bool costsOneUnit = false;   ///< a cost that the lots did not determine is that of one unit
+  QString currencyPrice = {};      ///< price in the article's own currency
+  QString cost = {};               ///< of the whole line
+  QString openQuantity = {};       ///< not yet invoiced
+  bool costsAtValidation = false;  ///< a cost that the lots did not determine is the article's at validation
+  bool costsOneUnit = false;       ///< a cost that the lots did not determine is that of one unit
 };
 
 class SaleRules : public KindRules {
@@ -71,6 +74,7 @@ class SaleRules : public KindRules {
   void takeQuantity(Row& line, const TypedHeader& header) const;
   static bool takeDiscounts(Row& line, const TypedHeader& header);
   void takeLots(Effects& effects, OpenLots lots) const;
+  void takeCosts(Effects& effects, const ArticleTable& articles) const;
   Decimal lineCost(const Row& line, bool isFifo) const;
   LedgerLine ledgerLine(const Row& line, const Terms& terms, const PlanInputs& inputs) const;
   LedgerDocument ledgerWith(const Document& document, const std::vector<Row>& lines, const Terms& terms,

@@ -15,6 +15,7 @@
 #include "config/windows/frmUtilizatori.h"
 #include "config/windows/frmValute.h"
 #include "documents/windows/frmGrila.h"
+#include "documents/windows/frmGrilaAE.h"
 #include "documents/windows/frmGrilaCS.h"
 #include "documents/windows/frmGrilaFC2.h"
 #include "documents/windows/frmGrilaFF.h"
@@ -93,7 +94,7 @@ std::vector<MenuEntry> entries() {
       {"mnuBonConsum", "&Bon de consum", Opens::One, "frmGRILABonConsum",
        [](QWidget* parent) { return documentWindow("BC", parent); }},
       {"", "", Opens::Separator, {}},
-      {"mnuVanzariAE", "&Aviz de Expeditie", Opens::One, "frmGrilaAE", nullptr},
+      {"mnuVanzariAE", "&Aviz de Expeditie", Opens::One, "frmGrilaAE", make<frmGrilaAE>},
       {"mnuVanzariComanda", "&Comanda", Opens::One, "frmGrilaCOMC", nullptr},
       {"mnuTransfer", "&Document de transfer", Opens::One, "frmGRILADocTransfer", nullptr},
       {"mnuLine1", "", Opens::Separator, {}},
