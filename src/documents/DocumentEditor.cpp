@@ -164,20 +164,28 @@ void DocumentEditor::storeHeader(const Row& header) {
   Transaction transaction(database());
   drafts().requireAsShown(shownDraft());
   drafts().updateHeader(header);
-  drafts().updateColumns(changedLines(), rules_->totalColumns());
+  drafts().updateColumns(changedLines(), storedTotals());
   transaction.commit();
   header_ = header;
   storedLines_ = lines_;
   storedRate_ = shownRate_;
 }
 
+// The totals that lines store.
+QStringList DocumentEditor::storedTotals() const {
+  QStringList totals;
+  for (const QString& column : rules_->totalColumns())
+    if (companyTable(kind_.lineTable).column(column)) totals.append(column);
+  return totals;
+}
+
 // Those whose totals differ from the stored ones.
 std::vector<Row> DocumentEditor::changedLines() const {
-  const QStringList totals = rules_->totalColumns();
+  const QStringList totals = storedTotals();
   std::vector<Row> changed;
   for (size_t i = 0; i < lines_.size(); ++i)
     if (std::any_of(totals.begin(), totals.end(), [&](const QString& column) {
-          return lines_[i].has(column) && lines_[i].decimal(column) != storedLines_[i].decimal(column);
+          return lines_[i].decimal(column) != storedLines_[i].decimal(column);
         }))
       changed.push_back(lines_[i]);
   return changed;
@@ -308,7 +316,7 @@ bool DocumentEditor::addLines(const LineSource& source, const QString& number,
   if (added.replaces)
     drafts().deleteLines(this->number());
   else
-    drafts().updateColumns(changedLines(), rules_->totalColumns());
+    drafts().updateColumns(changedLines(), storedTotals());
   drafts().insertLines(added.lines);
   source.added(onScreen(), number);
   transaction.commit();

@@ -58,6 +58,10 @@ void findWarehouseStock(Finder& finder) {
           .arg(stockOfLedger()));
 }
 
+// A shortage has lines like a receipt's, but they are no lots.
+const QString kNoShortage =
+    QStringLiteral(" AND L.DOCID NOT IN (SELECT N.ID FROM G_DOCUME N WHERE N.TIP = 'NR' AND N.TIPIE = 'E')");
+
 void findLots(Finder& finder) {
   finder.find(QStringLiteral("Loturile articolului difera de documente"),
               QStringLiteral(
@@ -80,7 +84,7 @@ void findLots(Finder& finder) {
           "GROUP BY TRIM(D.OBS), L.ARTID) B ON B.DOCID = G.DOCID AND B.ARTID = G.ARTID "
           "WHERE ROUND_EVEN(G.CANT - COALESCE(E.CANT, 0) - COALESCE(B.CANT, 0), 3) <> 0 "
           "ORDER BY G.DOCID, G.ARTID")
-          .arg(makesLot()));
+          .arg(makesLot() + kNoShortage));
   finder.find(
       QStringLiteral("Legaturile iesirii difera de cantitatea ei"),
       QStringLiteral(
@@ -137,8 +141,13 @@ QString wrongNotes(const DocumentKind& kind) {
   switch (kind.posted) {
     case Posted::Nothing:
       return {};
-    case Posted::Value:
-      return differs.arg("D.TOTALFT", "N.DEBIT");
+    case Posted::Value:  // opening stock is not posted; returned products are posted once more
+      return differs.arg("ABS(D.TOTALFT)", "ABS(N.DEBIT)") +
+             QStringLiteral(
+                 " AND COALESCE(D.TIPIE, '') <> 'S' AND NOT EXISTS (SELECT C.DOCID FROM G_LDOCUM C INNER "
+                 "JOIN "
+                 "G_ARTMAG A ON A.CODART = C.ARTID WHERE C.DOCID = D.ID AND A.PROVENIENTA = 'P' "
+                 "AND C.REFERINTA LIKE 'AE%')");
     case Posted::ValueIfFifo:
       return TIPCOST() == kFifo ? differs.arg("D.TOTALFT", "N.DEBIT")
                                 : QStringLiteral("D.TOTALFT <> 0 AND N.DOC IS NULL");

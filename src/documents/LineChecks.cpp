@@ -4,6 +4,7 @@
 
 #include "documents/Drafts.h"
 #include "documents/kinds/Kinds.h"
+#include "documents/LineSource.h"
 #include "store/Records.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
@@ -106,6 +107,22 @@ Check stockSuffices(Stocked stocked, const QString& text, OwnOrders ownOrders) {
             return Fault{{shortage->article, editNumber(shortage->available)}};
           },
           .at = CheckedAt::UnderLock};
+}
+
+Check withinNotes() {
+  return {.text =
+              "Cantitatea pentru articolul cu codul %1 este mai mare decat cea ramasa pe Aviz ! Validarea nu "
+              "se poate efectua !",
+          .field = "CODART",
+          .fault = [](const Document& document) -> std::optional<Fault> {
+            if (!comesFrom(document, KindId::DeliveryNote)) return std::nullopt;
+            for (const Row& line : document.lines)
+              if (line.has("CANTAVIZ") && line.decimal("CANT") > line.decimal("CANTAVIZ"))
+                return Fault{{line.text("CODART")}};
+            const auto tooMuch = exceeding(takenBy(*document.kind, document.lines));
+            return tooMuch ? std::optional(Fault{{tooMuch->article}}) : std::nullopt;
+          },
+          .at = CheckedAt::Twice};
 }
 
 QString discountsTooHighText(const QString& code) {

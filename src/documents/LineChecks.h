@@ -33,6 +33,9 @@ using OwnOrders = std::function<Quantities(const Document& document)>;
 /// the article's code and the available quantity.
 Check stockSuffices(Stocked stocked, const QString& text, OwnOrders ownOrders = {});
 
+/// Lines of delivery notes take no more than they were offered, nor more than the notes have now.
+Check withinNotes();
+
 /// The message for an article whose discounts exceed its price.
 QString discountsTooHighText(const QString& code);
 

@@ -1,5 +1,7 @@
 #include "documents/LineSource.h"
 
+#include "config/Checks.h"
+
 namespace velmar {
 
 bool LineSource::isShown(const Document& /*document*/) const { return true; }
@@ -27,6 +29,38 @@ std::optional<LedgerKey> originOf(const DocumentKind& kind, const Row& line) {
 }
 
 }  // namespace
+
+Checks addedToStored(const QString& withoutNumber, const QString& unsaved) {
+  return {{.text = withoutNumber,
+           .fault = [](const Document& document) -> std::optional<Fault> {
+             const QString& column = document.kind->numberColumn;
+             if (!document.typed().text(column).isEmpty()) return std::nullopt;
+             return Fault{.field = column};
+           }},
+          {.text = unsaved, .fault = [](const Document& document) -> std::optional<Fault> {
+             if (!document.isNew) return std::nullopt;
+             return Fault{.field = document.kind->numberColumn};
+           }}};
+}
+
+Check sureToAdd(const QString& what, const QString& number) {
+  return {.text = QStringLiteral("Sunteti sigur ca doriti sa adaugati %1 %2 ?").arg(what, number),
+          .fault = [](const Document&) { return std::optional(Fault()); },
+          .outcome = Outcome::Ask,
+          .title = QStringLiteral("Confirmare")};
+}
+
+Check askedAgain(const QString& onThis, const QString& onAnother, const QString& number,
+                 const QString& findsOnThis, const QString& findsOnAnother) {
+  return {.text = onAnother,
+          .fault = [=](const Document& document) -> std::optional<Fault> {
+            if (Exista2(document.number, number, findsOnThis))
+              return Fault{.text = onThis.arg(number, document.number)};
+            if (Exista2(number, {}, findsOnAnother)) return Fault{{number}};
+            return std::nullopt;
+          },
+          .outcome = Outcome::Ask};
+}
 
 const LineSource* sourceOf(const DocumentKind& kind, const Row& line) {
   const auto origin = originOf(kind, line);

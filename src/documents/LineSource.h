@@ -66,6 +66,16 @@ class LineSource {
   SourceList list_;
 };
 
+// Checks of sources.
+/// The document has a number and is stored; the messages otherwise.
+Checks addedToStored(const QString& withoutNumber, const QString& unsaved);
+/// The question whether to add it; `what` as in "avizul".
+Check sureToAdd(const QString& what, const QString& number);
+/// The question whether to add it although this document (%2), or another one, has lines of it already; with
+/// the kinds of Exista2 that find them.
+Check askedAgain(const QString& onThis, const QString& onAnother, const QString& number,
+                 const QString& findsOnThis, const QString& findsOnAnother);
+
 /// The source of the kind that the line came from; null for a typed line.
 const LineSource* sourceOf(const DocumentKind& kind, const Row& line);
 

@@ -33,7 +33,8 @@ void planLots(const Effects& effects, Plan& plan) {
 void planSources(const Document& document, const PlanInputs& inputs, Plan& plan) {
   OpenSources sources(inputs.sources);
   for (const TakenLine& taken : takenBy(*document.kind, document.lines))
-    sources.take(taken, plan.taker, document.date());
+    sources.take(taken, plan.taker,
+                 taken.source.kind == KindId::DeliveryNote ? inputs.today : document.date());
   plan.sources = sources.changed();
 }
 

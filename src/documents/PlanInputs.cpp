@@ -6,6 +6,7 @@
 #include "documents/KindRules.h"
 #include "documents/Numbering.h"
 #include "stock/Ledger.h"
+#include "util/Clock.h"
 
 namespace velmar {
 
@@ -18,6 +19,7 @@ PlanInputs readInputs(const Document& document) {
   inputs.decimals = s.NrZec;
   inputs.series = seriesOf(*document.kind);
   inputs.parameters = companyParameters();
+  inputs.today = clock::today();
   const QStringList codes = articlesOf(document.lines);
   inputs.articles = readArticles(codes);
   if (inputs.isFifo() && ledgerKind(document.kind->id).takesLots) inputs.lots = OpenLots::read(codes);

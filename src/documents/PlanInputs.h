@@ -17,6 +17,7 @@ struct PlanInputs {
   int decimals = 2;    ///< of prices and values
   QString series;      ///< of the kind's numbers; "00": none
   Row parameters;      ///< of kt_par
+  QDate today;         ///< date of validation
   ArticleTable articles;
   OpenLots lots;                    ///< of the articles, under FIFO, for a kind that takes from lots
   std::vector<SourceLine> sources;  ///< lines of the orders and notes that the document's lines came from

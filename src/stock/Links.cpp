@@ -111,6 +111,11 @@ void writeOf(const SourceTables& tables, const std::vector<SourceLine>& lines) {
 
 }  // namespace
 
+QString referenceOf(const LedgerKey& taker, const LedgerKey& source) {
+  const bool isReturn = taker.kind == KindId::ReceiptNote && source.kind == KindId::DeliveryNote;
+  return isReturn ? taker.number : taker.text();
+}
+
 std::vector<SourceLine> readSources(const std::vector<LedgerKey>& sources) {
   std::vector<SourceLine> lines;
   for (const SourceTables& tables : kSources) readOf(tables, sources, lines);
@@ -159,14 +164,14 @@ void OpenSources::take(const TakenLine& taken, const LedgerKey& taker, const QDa
     if (wanted.isZero() || line.open <= 0) continue;
     const Decimal part = line.open < wanted ? line.open : wanted;
     line.open = Round(line.open - part, kQuantityDecimals);
-    line.reference = taker.text();
+    line.reference = referenceOf(taker, line.source);
     line.date = date;
     wanted = Round(wanted - part, kQuantityDecimals);
     isChanged_[i] = true;
   }
-  if (!last || wanted.isZero() || taken.source.kind == KindId::CustomerOrder) return;
+  if (!last || wanted.isZero() || taken.source.kind != KindId::DeliveryNote) return;
   last->open = Round(last->open - wanted, kQuantityDecimals);
-  last->reference = taker.text();
+  last->reference = referenceOf(taker, last->source);
   last->date = date;
   isChanged_[static_cast<size_t>(last - lines_.data())] = true;
 }
@@ -181,7 +186,7 @@ void OpenSources::giveBack(const TakenLine& taken, const LedgerKey& taker) {
     if (part <= 0) continue;
     line.open = Round(line.open + part, kQuantityDecimals);
     back = Round(back - part, kQuantityDecimals);
-    if (line.reference.compare(taker.text(), Qt::CaseInsensitive) == 0) {
+    if (line.reference.compare(referenceOf(taker, line.source), Qt::CaseInsensitive) == 0) {
       line.reference.clear();
       line.date = QDate();
     }

@@ -19,7 +19,7 @@ struct SourceLine {
   QString article;
   Decimal quantity;
   Decimal open;       ///< not yet received, delivered, invoiced or returned
-  QString reference;  ///< key of the last document that took from it; blank: none
+  QString reference;  ///< referenceOf() the last document that took from it; blank: none
   QDate date;         ///< of that
 };
 
@@ -29,6 +29,10 @@ struct TakenLine {
   QString article;
   Decimal quantity;  ///< positive
 };
+
+/// What a line of the source states of a document that took from it: its key; of a receipt note that took
+/// goods of a delivery note back, its number.
+QString referenceOf(const LedgerKey& taker, const LedgerKey& source);
 
 /// The lines of these orders and notes, in their order.
 std::vector<SourceLine> readSources(const std::vector<LedgerKey>& sources);
@@ -46,8 +50,7 @@ class OpenSources {
   explicit OpenSources(std::vector<SourceLine> lines);
 
   /// Takes from the lines of the article in the source, the first one first; what exceeds them is taken from
-  /// the last one, whose open quantity is then below 0. An order of a customer delivers no more than was
-  /// ordered.
+  /// the last one, whose open quantity is then below 0. An order gives no more than was ordered.
   void take(const TakenLine& taken, const LedgerKey& taker, const QDate& date);
   /// Gives back, the last line first, at most up to each line's quantity. A reference to `taker` is removed.
   void giveBack(const TakenLine& taken, const LedgerKey& taker);

@@ -45,6 +45,27 @@ ArticleFigures receivedByPrice(ArticleFigures figures, const StockChange& change
   return figures;
 }
 
+ArticleFigures receivedByNote(ArticleFigures figures, const StockChange& change,
+                              const ValuationTerms& terms) {
+  const bool leavesNone = change.quantity.isNegative() && (figures.STOC + change.quantity).isZero();
+  if (terms.costMethod == kFifo)
+    figures.COST = change.unitCost;
+  else if (!leavesNone)
+    figures.COST = average(figures, change);
+  figures.STOC += change.quantity;
+  figures.PRETVFT = Round(change.salePrice, terms.decimals);
+  figures.PRETVTTI = Round(withPercent(change.salePrice, figures.COTATVA), terms.decimals);
+  figures.ADAOS = Round(100 * (figures.PRETVFT - figures.COST) / figures.COST, terms.decimals);
+  return figures;
+}
+
+ArticleFigures opened(ArticleFigures figures, const StockChange& change) {
+  figures.STOC += change.quantity;
+  figures.COST = change.unitCost;
+  figures.PRETVFT = change.salePrice;
+  return figures;
+}
+
 ArticleFigures issued(ArticleFigures figures, const StockChange& change) {
   if (!figures.FARASTOC) figures.STOC = Round(figures.STOC - change.quantity, kQuantityDecimals);
   return figures;
@@ -67,6 +88,10 @@ ArticleFigures applied(const ArticleFigures& before, const StockChange& change, 
       return receivedByMargin(before, change, terms);
     case StockRule::ReceiptByPrice:
       return receivedByPrice(before, change, terms);
+    case StockRule::ReceiptByNote:
+      return receivedByNote(before, change, terms);
+    case StockRule::Opening:
+      return opened(before, change);
     case StockRule::Issue:
       return issued(before, change);
   }

@@ -11,6 +11,8 @@ namespace velmar {
 enum class StockRule {
   ReceiptByMargin,  ///< input voucher: the sale price is computed from the new cost and the mark-up
   ReceiptByPrice,   ///< supplier invoice: the sale price is given and the mark-up is computed; also a return
+  ReceiptByNote,    ///< receipt note: as ReceiptByPrice, without the price in currency, for every article
+  Opening,          ///< opening stock: cost and sale price are the given ones
   Issue             ///< only decreases the stock, except of articles without stock (FARASTOC)
 };
 
@@ -31,7 +33,8 @@ struct ValuationTerms {
 };
 
 /// The figures after the change. With "FIFO" the cost is that of the receipt, otherwise the weighted average.
-/// With the average, a new stock of zero results in a cost of 0, but ReceiptByMargin throws ArithmeticError.
+/// With the average, a new stock of zero results in a cost of 0, but ReceiptByMargin and
+/// ReceiptByNote throw ArithmeticError, except for a shortage that leaves no stock: it keeps the cost.
 ArticleFigures applied(const ArticleFigures& before, const StockChange& change, const ValuationTerms& terms);
 
 /// The changes of articles by the lines of a document, applied in order. `rates` are those of the sale

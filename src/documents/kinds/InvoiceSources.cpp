@@ -20,30 +20,6 @@ namespace velmar {
 
 namespace {
 
-// A question that is asked when the condition holds.
-Check asked(const QString& text, std::function<bool(const Document& document)> applies,
-            const QString& title) {
-  Check check = refusedWhen(text, {}, std::move(applies));
-  check.outcome = Outcome::Ask;
-  check.title = title;
-  return check;
-}
-
-// The checks common to notes and orders; `what` as in "avizului".
-Checks stored(const QString& what) {
-  return {
-      refusedWhen(QStringLiteral("Va rugam selectati o factura pentru adaugarea %1 !").arg(what), "NUMFAC",
-                  [](const Document& document) { return document.typed().text("NUMFAC").isEmpty(); }),
-      refusedWhen("Va rugam salvati mai intai factura !", "NUMFAC",
-                  [](const Document& document) { return document.isNew; })};
-}
-
-Check sure(const QString& what, const QString& number) {
-  return asked(
-      QStringLiteral("Sunteti sigur ca doriti sa adaugati %1 %2 ?").arg(what, number),
-      [](const Document&) { return true; }, QStringLiteral("Confirmare"));
-}
-
 QString currencyOf(const Row& header, const QString& column) {
   const QString currency = header.text(column).trimmed();
   return currency == QStringLiteral("LEI") ? QString() : currency;
@@ -119,7 +95,8 @@ class NoteSource : public LineSource {
   }
 
   Checks checks(const QString& number) const override {
-    Checks checks = stored(QStringLiteral("avizului"));
+    Checks checks = addedToStored("Va rugam selectati o factura pentru adaugarea avizului !",
+                                  "Va rugam salvati mai intai factura !");
     Check fromOrder =
         refusedWhen("Nu se poate adauga avizul la o factura provenita din comanda client!", {},
                     [](const Document& document) { return comesFrom(document, KindId::CustomerOrder); });
@@ -132,25 +109,11 @@ class NoteSource : public LineSource {
                                           (note.integer("CODCLI") != document.typed().partner() ||
                                            currencyOf(note, "CODDeviza") != typedCurrency(document.typed()));
                                  }));
-    checks.push_back(sure(QStringLiteral("avizul"), number));
-    const auto isOnThis = [number](const Document& document) {
-      return Exista2(document.number, number, QStringLiteral("AVIZFACTURA"));
-    };
-    checks.push_back(
-        {.text = QStringLiteral("Avizul cu numarul %1 a fost deja adaugat la factura %2! Readaugati "
-                                "acest aviz ?"),
-         .fault = [isOnThis, number](const Document& document) -> std::optional<Fault> {
-           if (!isOnThis(document)) return std::nullopt;
-           return Fault{{number, document.number}};
-         },
-         .outcome = Outcome::Ask});
-    checks.push_back(asked(
-        QStringLiteral("Avizul cu numarul %1 a fost deja adaugat la o factura ! Readaugati acest aviz ?")
-            .arg(number),
-        [isOnThis, number](const Document& document) {
-          return !isOnThis(document) && Exista2(number, {}, QStringLiteral("aefactura"));
-        },
-        {}));
+    checks.push_back(sureToAdd("avizul", number));
+    checks.push_back(askedAgain(
+        QStringLiteral("Avizul cu numarul %1 a fost deja adaugat la factura %2! Readaugati acest aviz ?"),
+        QStringLiteral("Avizul cu numarul %1 a fost deja adaugat la o factura ! Readaugati acest aviz ?"),
+        number, "AVIZFACTURA", "aefactura"));
     return checks;
   }
 
@@ -226,11 +189,12 @@ class OrderSource : public LineSource {
   }
 
   Checks checks(const QString& number) const override {
-    Checks checks = stored(QStringLiteral("comenzii"));
+    Checks checks = addedToStored("Va rugam selectati o factura pentru adaugarea comenzii !",
+                                  "Va rugam salvati mai intai factura !");
     checks.push_back(
         refusedWhen("Nu se poate adauga comanda la o factura provenita din aviz de expeditie!", {},
                     [](const Document& document) { return comesFrom(document, KindId::DeliveryNote); }));
-    checks.push_back(sure(QStringLiteral("comanda"), number));
+    checks.push_back(sureToAdd("comanda", number));
     return checks;
   }
 
@@ -303,21 +267,6 @@ std::vector<const LineSource*> invoiceSources() {
 }
 
 bool comesFromNotes(const Document& document) { return comesFrom(document, KindId::DeliveryNote); }
-
-Check withinNotes() {
-  return {.text =
-              "Cantitatea pentru articolul cu codul %1 este mai mare decat cea ramasa pe Aviz ! Validarea nu "
-              "se poate efectua !",
-          .field = "CODART",
-          .fault = [](const Document& document) -> std::optional<Fault> {
-            if (!comesFromNotes(document)) return std::nullopt;
-            for (const Row& line : document.lines)
-              if (line.decimal("CANT") > line.decimal("CANTAVIZ")) return Fault{{line.text("CODART")}};
-            const auto tooMuch = exceeding(takenBy(*document.kind, document.lines));
-            return tooMuch ? std::optional(Fault{{tooMuch->article}}) : std::nullopt;
-          },
-          .at = CheckedAt::Twice};
-}
 
 Quantities orderedBy(const Document& document) {
   Quantities ordered;

@@ -11,9 +11,6 @@ std::vector<const LineSource*> invoiceSources();
 /// Whether the invoice's stock has left with delivery notes.
 bool comesFromNotes(const Document& document);
 
-/// The lines of a note take no more than they were offered, nor more than the note still has.
-Check withinNotes();
-
 /// The quantities that the invoice's own order leaves open, by article.
 Quantities orderedBy(const Document& document);
 

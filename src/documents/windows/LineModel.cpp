@@ -70,19 +70,25 @@ int LineModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(columns_.size());
 }
 
+QVariant LineModel::shownValue(const QModelIndex& index) const {
+  const Row& line = editor_.lines()[static_cast<size_t>(index.row())];
+  const LineColumn& column = lineColumn(index.column());
+  if (column.product.isEmpty()) return line.value(column.field);
+  return lineAmount(editor_.kind(), line, column.field).toDouble();
+}
+
 QVariant LineModel::data(const QModelIndex& index, int role) const {
   const GridColumn& column = columns_[index.column()];
   const bool empty = isNewRow(index.row());
   const LineMark marked = empty ? LineMark::None : editor_.mark(static_cast<size_t>(index.row()));
   switch (role) {
     case Qt::DisplayRole:
-      return empty ? QString()
-                   : cellText(editor_.lines()[static_cast<size_t>(index.row())].value(column.field), column);
+      return empty ? QString() : cellText(shownValue(index), column);
     case Qt::EditRole: {
-      if (empty) return QString();
-      const Row& line = editor_.lines()[static_cast<size_t>(index.row())];
-      if (column.format != CellFormat::Number) return line.text(column.field);
-      return line.isNull(column.field) ? QString() : editNumber(line.decimal(column.field));
+      const Row* line = empty ? nullptr : &editor_.lines()[static_cast<size_t>(index.row())];
+      if (!line || !line->has(column.field)) return QString();
+      if (column.format != CellFormat::Number) return line->text(column.field);
+      return line->isNull(column.field) ? QString() : editNumber(line->decimal(column.field));
     }
     case Qt::ToolTipRole:
       return data(index, Qt::DisplayRole);  // the complete text, in case the column is too narrow

@@ -57,6 +57,7 @@ class LineModel : public QAbstractTableModel {
  private:
   void setArticle(int row, const QString& code, const QString& listText, bool bySupplierCode);
   void changed(int row);
+  QVariant shownValue(const QModelIndex& index) const;
 
   DocumentEditor& editor_;
   std::function<bool()> bySupplierCode_;
