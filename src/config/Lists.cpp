@@ -156,6 +156,16 @@ std::vector<ListEntry> vatRates(bool ofPurchases) {
   return rates;
 }
 
+std::vector<ListEntry> vatPercents(bool ofPurchases) {
+  std::vector<ListEntry> percents;
+  for (const Row& row : OpenRs("SELECT COD, PROCENT FROM kt_cote WHERE CONT LIKE ? ESCAPE '!' ORDER BY COD",
+                               {vatAccountPattern(ofPurchases)})) {
+    const QString percent = row.decimal("PROCENT").toString();
+    percents.push_back({percent, percent});
+  }
+  return percents;
+}
+
 QString defaultVatRate(bool ofPurchases) {
   return ValoareSql("SELECT COD FROM kt_cote WHERE CONT LIKE ? ESCAPE '!' ORDER BY COD LIMIT 1",
                     {vatAccountPattern(ofPurchases)});

@@ -36,6 +36,8 @@ struct ListEntry {
 /// VAT rates on the VAT account of purchases or of sales and on the accounts that begin with 4428, as
 /// "4426-19".
 std::vector<ListEntry> vatRates(bool ofPurchases);
+/// The percentages of the rates on the VAT account of purchases or of sales.
+std::vector<ListEntry> vatPercents(bool ofPurchases);
 /// The code of a new document's default rate: the first one on the account itself; "" when there is none.
 QString defaultVatRate(bool ofPurchases);
 /// Journals of purchases or of sales, as "JC-Jurnal cumparari".

@@ -29,8 +29,9 @@ enum class HeaderFieldType {
   VatRate,  ///< the code of a rate in kt_cote
   Remark,
   Date,
-  DueDate,      ///< default: one month from today
-  PaymentMode,  ///< typed as one of paymentWords(), stored as its position from 1
+  DueDate,       ///< default: one month from today
+  DeliveryDate,  ///< default: today
+  PaymentMode,   ///< typed as one of paymentWords(), stored as its position from 1
   Journal,
   Foreign,  ///< a box: the document is in foreign currency; unticked, currency and rate are cleared
   Currency,
@@ -163,9 +164,10 @@ struct DocumentKind {
   bool partnersAreSuppliers = false;
   bool hasDraft = true;  ///< its header and lines are stored before it is validated
   Posted posted = Posted::Nothing;
-  bool oldestFirst = false;  ///< order of the list of drafts
-  QStringList draftColumns;  ///< of the list of drafts, after number, date and partner's name
-  QString sourceColumn;      ///< of the lines: key of the order or note that a line came from; empty: none
+  bool oldestFirst = false;          ///< order of the list of drafts
+  bool listsUnknownPartner = false;  ///< the list of drafts has those whose partner is unknown too
+  QStringList draftColumns;          ///< of the list of drafts, after number, date and partner's name
+  QString sourceColumn;  ///< of the lines: key of the order or note that a line came from; empty: none
   std::vector<const LineSource*> sources;  ///< of lines that are not typed
   LineCheckColumns lineCheck;
   FiscalReceipt receipt;

@@ -25,12 +25,13 @@ Recordset DocumentStore::listWhere(const QString& condition) const {
                   {session().gMagazie});
   QString more;
   for (const QString& column : kind_.draftColumns) more += QStringLiteral(", H.%1 AS %1").arg(column);
-  return OpenRs(QStringLiteral("SELECT H.%1 AS %1, H.%2 AS %2, T.NUME AS NUME, H.%3 AS %3%6 FROM %4 H "
-                               "INNER JOIN kt_ter T ON T.COD = H.%3 WHERE %7 AND H.Magazie = ? "
-                               "ORDER BY H.%2 %5, H.%1 %5")
-                    .arg(kind_.numberColumn, kind_.dateColumn, kind_.partnerColumn, kind_.headerTable, order,
-                         more, condition),
-                {session().gMagazie});
+  return OpenRs(
+      QStringLiteral("SELECT H.%1 AS %1, H.%2 AS %2, T.NUME AS NUME, H.%3 AS %3%6 FROM %4 H "
+                     "%8 JOIN kt_ter T ON T.COD = H.%3 WHERE %7 AND H.Magazie = ? "
+                     "ORDER BY H.%2 %5, H.%1 %5")
+          .arg(kind_.numberColumn, kind_.dateColumn, kind_.partnerColumn, kind_.headerTable, order, more,
+               condition, kind_.listsUnknownPartner ? QStringLiteral("LEFT") : QStringLiteral("INNER")),
+      {session().gMagazie});
 }
 
 Recordset InvoiceView::list() const { return listWhere(QStringLiteral("VALIDAT <> 0 AND STORNAT = 0")); }

@@ -20,6 +20,7 @@ Value storedHeaderValue(HeaderFieldType type, const QString& typed) {
       return typedNumber(text).value_or(Decimal(0));
     case HeaderFieldType::Date:
     case HeaderFieldType::DueDate:
+    case HeaderFieldType::DeliveryDate:
       return QDate::fromString(text, Qt::ISODate);
     case HeaderFieldType::PaymentMode:
       return static_cast<qint64>(paymentWords().indexOf(text) + 1);
@@ -48,6 +49,7 @@ QString shownHeaderText(HeaderFieldType type, const Row& header, const QString& 
       return header.decimal(column).isZero() ? QString() : editNumber(header.decimal(column), kRateDecimals);
     case HeaderFieldType::Date:
     case HeaderFieldType::DueDate:
+    case HeaderFieldType::DeliveryDate:
       return header.date(column).toString(Qt::ISODate);
     case HeaderFieldType::PaymentMode:
       return paymentWords().value(static_cast<int>(header.integer(column)) - 1);
@@ -64,6 +66,7 @@ QString newHeaderText(const DocumentKind& kind, const HeaderField& field) {
     case HeaderFieldType::Date:
       return clock::today().toString(Qt::ISODate);
     case HeaderFieldType::DueDate:
+    case HeaderFieldType::DeliveryDate:
       return clock::today().addMonths(1).toString(Qt::ISODate);
     case HeaderFieldType::PaymentMode:
       return {};

@@ -75,7 +75,7 @@ Plan planOf(const Document& document, const PlanInputs& inputs) {
     planLots(effects, plan);
     planSources(document, inputs, plan);
     plan.ledger = std::move(effects.ledger);
-    plan.draft = {&kind, document.number, std::move(effects.costedLines), effects.costColumns, true};
+    plan.draft = {&kind, document.number, std::move(effects.changedLines), effects.changedColumns, true};
   });
   inStep(Step::Stock, [&] { planArticles(effects, inputs, plan); });
   inStep(Step::Posting, [&] {

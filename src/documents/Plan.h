@@ -19,8 +19,8 @@ namespace velmar {
 struct Effects {
   std::vector<LedgerDocument> ledger;
   std::vector<Row> lines;             ///< of the draft, with the costs that the lots determined
-  std::vector<Row> costedLines;       ///< those of them whose cost the lots determined
-  QStringList costColumns;            ///< the columns of these that are stored
+  std::vector<Row> changedLines;      ///< those of them that are stored with what validation determined
+  QStringList changedColumns;         ///< the columns of these that are stored
   std::vector<Consumption> consumed;  ///< from the lots
   std::vector<LotTake> returned;  ///< from the lots of the receipt that a return to the supplier refers to
   std::vector<StockChange> stock;

@@ -75,6 +75,7 @@ TEST(GoodsOutTest, AnInvoiceWithDiscountsReachesLedgerAndThreeNotes) {
   ExecutaSql("UPDATE G_ARTMAG SET STOC = 4, COST = 12 WHERE CODART = 'P1'");
   ExecutaSql(
       "INSERT INTO G_DOCUME (ID, TIP, TIPIE, DATADOC, CODMAG) VALUES ('NR1', 'NR', 'I', '2026-03-01', 1)");
+  ExecutaSql("INSERT INTO G_NRFURN (NUMNR, DATANR, Magazie, VALIDAT) VALUES ('1', '2026-03-01', 1, -1)");
   ExecutaSql(
       "INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT, PRETFT, COST, CODMAG) VALUES ('NR1', 1, 'P1', 4, 12, "
       "12, 1)");

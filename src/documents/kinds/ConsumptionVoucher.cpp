@@ -96,8 +96,8 @@ class ConsumptionVoucherRules : public KindRules {
       Consumption consumption = cost(line, lots);
       if (!consumption.takes.empty()) effects.consumed.push_back(std::move(consumption));
     }
-    effects.costedLines = effects.lines;
-    effects.costColumns = QStringList{"VALOAREFT", "PRETFT"};
+    effects.changedLines = effects.lines;
+    effects.changedColumns = QStringList{"VALOAREFT", "PRETFT"};
   }
 
   static Decimal atCost(const Row& line, const ArticleFacts& article) {

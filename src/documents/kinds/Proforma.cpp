@@ -1,12 +1,47 @@
 // The proforma invoice.
+#include "documents/kinds/SaleRules.h"
 #include "documents/kinds/SaleWording.h"
+#include "documents/LineChecks.h"
 
 namespace velmar {
 
 using namespace wording;
 
+namespace {
+
+class ProformaRules : public SaleRules {
+ public:
+  ProformaRules() : SaleRules({.currencyPrice = "PRIXUV"}) {}
+
+ protected:
+  bool movesStock(const Document& /*document*/) const override { return false; }
+
+  std::vector<NoteRule> notes(const Document& /*document*/, const PlanInputs& /*inputs*/,
+                              const NoteTerms& /*terms*/) const override {
+    return {};
+  }
+};
+
+ListingKind listingForm() {
+  ListingKind paper{KindId::Proforma, "frmLstFCP", "Listare Proforma", "ProformaFull"};
+  paper.offersCurrency = true;
+  paper.headerSql =
+      "SELECT NUMPF, CODCLI, BATVA, OBS, DATAPF, CODDeviza AS CODDEVIZA, Curs AS CURS FROM G_PROFOR "
+      "WHERE NUMPF = ?";
+  paper.linesSql =
+      "SELECT NUMPF, NRLINIE, CODART, DENUMIRE, CANT, ValoareFTCuDiscount AS PRETFT, VALOAREFT, VALOARETTI, "
+      "VALOARETVA, UM FROM G_LPROFO WHERE NUMPF = ? ORDER BY NRLINIE";
+  paper.partner = printedCustomer({"JUDET", "REGCOM", "CT"});
+  return paper;
+}
+
+}  // namespace
+
 DocumentKind proforma() {
   DocumentKind kind = kindOf(KindId::Proforma, "proforma invoice", "frmGrilaPRO");
+  static const ProformaRules rules;
+  kind.rules = &rules;
+  kind.paper = listingForm();
   kind.headerTable = "G_PROFOR";
   kind.lineTable = "G_LPROFO";
   kind.numberColumn = "NUMPF";
@@ -19,6 +54,7 @@ DocumentKind proforma() {
                        numberTaken(kind)};
   kind.validationChecks = {nothingSelected(kind, "Va rugam selectati o factura !"),
                            currencyWithoutRate("Curs"), noLines("Factura Proforma")};
+  kind.lineChecks = {distinctArticles(), completeLines()};
   kind.printChecks = {nothingSelected(kind, "Va rugam selectati o proforma"),
                       printWithoutPartner(kind, "Va rugam selectati o proforma cu client"),
                       printUnsaved(kind)};

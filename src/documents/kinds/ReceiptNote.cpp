@@ -236,6 +236,7 @@ class ReturnSource : public LineSource {
 // A second note on the same lot is asked about.
 Check remarkUsed() {
   return {.text = "Exista NIR numarul %1 - %2",
+          .field = "OBS",
           .fault = [](const Document& document) -> std::optional<Fault> {
             const QString remark = document.typed().text("OBS");
             if (remark.isEmpty()) return std::nullopt;

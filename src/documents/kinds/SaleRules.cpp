@@ -187,22 +187,23 @@ void SaleRules::takeLots(Effects& effects, OpenLots lots) const {
     if (quantity <= 0 || !lots.has(line.text("CODART"))) continue;
     Consumption consumption = lots.costFIFO(line.text("CODART"), quantity, CostFollows::LotWithRemainder);
     line.set(columns_.cost, Round(consumption.value, kCostDecimals));
-    effects.costedLines.push_back(line);
+    effects.changedLines.push_back(line);
     effects.consumed.push_back(std::move(consumption));
   }
-  effects.costColumns = QStringList{columns_.cost};
+  effects.changedColumns = QStringList{columns_.cost};
 }
 
 // The lines cost what their articles cost now.
 void SaleRules::takeCosts(Effects& effects, const ArticleTable& articles) const {
   for (Row& line : effects.lines)
     line.set(columns_.cost, line.decimal("CANT") * articles.of(line.text("CODART")).figures.COST);
-  effects.costedLines = effects.lines;
-  effects.costColumns = QStringList{columns_.cost};
+  effects.changedLines = effects.lines;
+  effects.changedColumns = QStringList{columns_.cost};
 }
 
 // The cost of the whole line, negative for returned goods.
 Decimal SaleRules::lineCost(const Row& line, bool isFifo) const {
+  if (columns_.cost.isEmpty()) return {};
   const Decimal quantity = line.decimal("CANT");
   const Decimal cost = line.decimal(columns_.cost);
   const Decimal size = (columns_.costsOneUnit && !isFifo ? cost * quantity : cost).abs();
@@ -259,7 +260,7 @@ LedgerDocument SaleRules::ledgerWith(const Document& document, const std::vector
     ledger.dueDate = document.header.date(due->column);
   if (const HeaderField* payment = document.kind->field(HeaderFieldType::PaymentMode))
     ledger.paymentMode = document.header.integer(payment->column);
-  if (inputs.series != kNoSeries) ledger.series = inputs.series;
+  if (document.header.has("SERIE") && inputs.series != kNoSeries) ledger.series = inputs.series;
   return ledger;
 }
 

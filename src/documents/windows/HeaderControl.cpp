@@ -422,6 +422,7 @@ std::unique_ptr<HeaderControl> makeHeaderControl(const DocumentKind& kind, const
   switch (field.type) {
     case HeaderFieldType::Date:
     case HeaderFieldType::DueDate:
+    case HeaderFieldType::DeliveryDate:
       return std::make_unique<DateControl>(field, form);
     case HeaderFieldType::Partner:
       return std::make_unique<PartnerControl>(kind, field, form);
@@ -448,8 +449,11 @@ std::unique_ptr<HeaderControl> makeHeaderControl(const DocumentKind& kind, const
       return std::make_unique<NumberControl>(field, kRateDecimals, form);
     case HeaderFieldType::Amount:
       return std::make_unique<NumberControl>(field, -1, form);
-    case HeaderFieldType::Number:
     case HeaderFieldType::Percent:
+      if (field.list.isEmpty()) break;
+      return std::make_unique<CodeControl>(
+          kind, field, [ofPurchases] { return vatPercents(ofPurchases); }, form);
+    case HeaderFieldType::Number:
     case HeaderFieldType::Remark:
     case HeaderFieldType::Text:
       break;
