@@ -31,7 +31,7 @@ Values valuesOf(const Note& note, const NoteRow& row, qint64 ndi, int line, cons
                 note.journal,
                 note.date,
                 row.account,
-                note.remark,
+                note.explanation.isEmpty() ? note.remark : note.explanation,
                 row.debit,
                 row.credit,
                 note.number,
@@ -110,6 +110,41 @@ std::vector<qint64> notesOf(const QString& kind, const QString& number, const QD
     unstamped.clear();
   }
   return found;
+}
+
+std::vector<Note> readNotes(const std::vector<qint64>& ndis) {
+  QStringList numbers;
+  for (const qint64 ndi : ndis) numbers.append(QString::number(ndi));
+  std::vector<Note> notes;
+  qint64 last = 0;
+  for (const Row& row : numbers.isEmpty() ? std::vector<Row>()
+                                          : OpenRs(QStringLiteral("SELECT * FROM kt_linii WHERE NDI IN (%1) "
+                                                                  "AND PROV = ? ORDER BY NDI, NRLINIE")
+                                                       .arg(numbers.join(u',')),
+                                                   {kOurs})
+                                                .takeRows()) {
+    if (notes.empty() || row.integer("NDI") != last) {
+      last = row.integer("NDI");
+      Note note;
+      note.kind = row.text("FELDOC");
+      note.journal = row.text("JURNAL");
+      note.date = row.date("DATAINR");
+      note.number = row.text("DOC");
+      note.remark = row.text("DocExplicatie");
+      note.explanation = row.text("EXPL");
+      note.dueDate = row.date("DATASCAD");
+      note.currency = row.text("COD") == kNational ? QString() : row.text("COD");
+      note.inCurrencyForm = true;
+      note.rate = row.decimal("CURS");
+      note.vatOnCollection = Value::raw(row.value("TVAINC"));
+      notes.push_back(std::move(note));
+    }
+    notes.back().rows.push_back({row.text("CONT"), row.decimal("DEBIT"), row.decimal("CREDIT"),
+                                 row.decimal("DEVDEBIT"), row.decimal("DEVCREDIT"),
+                                 Value::raw(row.value("TERT")), Value::raw(row.value("TVA_LINREF")),
+                                 Value::raw(row.value("COTATVA")), Value::raw(row.value("CODBUG"))});
+  }
+  return notes;
 }
 
 int removeNotes(const std::vector<qint64>& notes, const QString& number) {

@@ -27,9 +27,10 @@ struct Note {
   QString kind;   ///< prefix of the document, FELDOC
   QString stamp;  ///< TIPDOC; empty: not stamped
   QString journal;
-  QDate date;      ///< document date
-  QString number;  ///< document number, without the kind
-  QString remark;  ///< observations
+  QDate date;           ///< document date
+  QString number;       ///< document number, without the kind
+  QString remark;       ///< observations
+  QString explanation;  ///< EXPL; empty: the remark
   std::vector<NoteRow> rows;
   QDate dueDate;                ///< invalid: none is written
   QString currency;             ///< empty: lei
@@ -49,6 +50,9 @@ qint64 writeNotes(const std::vector<Note>& notes);
 /// `from` or later. A note of a time when the kind was not stored belongs to the document of the next stamp
 /// (TIPDOC) of its number.
 std::vector<qint64> notesOf(const QString& kind, const QString& number, const QDate& from);
+
+/// The notes with these NDIs, as they were written.
+std::vector<Note> readNotes(const std::vector<qint64>& ndis);
 
 /// Deletes the rows that validation wrote in these notes for the document with that number; returns how many.
 int removeNotes(const std::vector<qint64>& notes, const QString& number);

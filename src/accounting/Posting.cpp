@@ -157,7 +157,8 @@ std::vector<TotalsGroup> TotaluriConturi(const Totals& totals, const std::vector
   std::vector<std::pair<GroupKey, TotalsGroup>> found;
   for (const Row& line : lines) {
     const ArticleFacts* article = articles.find(line.text("CODART"));
-    if (!article || !article->hasFamily || !isTotalled(totals.lines, *article)) continue;
+    if (!article || (!article->hasFamily && !totals.accounts.isEmpty())) continue;
+    if (!isTotalled(totals.lines, *article)) continue;
     GroupKey key;
     for (const QString& account : totals.accounts) key.accounts.append(article->accounts.value(account));
     if (totals.byQuantity) key.quantity = line.decimal("CANT");
@@ -196,7 +197,9 @@ void requireFamilies(const std::vector<Row>& lines, const ArticleTable& articles
 
 std::vector<Note> SalvareDateContabile(const std::vector<NoteRule>& rules, const PostingInputs& inputs) {
   std::vector<Note> notes;
-  if (!rules.empty()) requireFamilies(inputs.lines, inputs.articles);
+  if (std::any_of(rules.begin(), rules.end(),
+                  [](const auto& rule) { return !rule.totals.accounts.isEmpty(); }))
+    requireFamilies(inputs.lines, inputs.articles);
   for (const NoteRule& rule : rules) {
     Note note = Composer(rule, inputs).compose();
     if (!note.rows.empty()) notes.push_back(std::move(note));

@@ -28,7 +28,9 @@ enum class TotalledLines {
 
 /// The totals of a document's lines by the accounts of the article families.
 struct Totals {
-  QStringList accounts = {};  ///< columns of G_FAMART by which the lines are grouped
+  /// Columns of G_FAMART by which the lines are grouped; empty: all lines, with or without a family, are one
+  /// group.
+  QStringList accounts = {};
   LineAmount amount = {};
   LineAmount vat = nullptr;
   TotalledLines lines = TotalledLines::All;

@@ -16,7 +16,8 @@ struct Document {
   std::vector<Row> lines;  ///< rows of its line table, by NRLINIE
   /// The header as shown on screen, by HeaderField::key(), for values that no table stores.
   QHash<QString, QString> texts = {};
-  bool isNew = false;  ///< not stored yet
+  bool isNew = false;   ///< not stored yet
+  QString origin = {};  ///< of a kind without a draft, at validation: number of the document it is made from
 
   TypedHeader typed() const { return {*kind, texts}; }
   bool isPrinted() const;  ///< its fiscal receipt

@@ -38,7 +38,8 @@ QStringList DocumentEditor::openingNotices() const {
 }
 
 QString DocumentEditor::newDocument() {
-  const ProposedNumber proposed = proposeNumber(kind_);
+  // A document that is made from another one gets its number when that is chosen.
+  const ProposedNumber proposed = kind_.hasDraft ? proposeNumber(kind_) : ProposedNumber();
   fillNewHeader(proposed);
   lines_.clear();
   storedLines_.clear();
@@ -69,9 +70,9 @@ void DocumentEditor::fillNewHeader(const ProposedNumber& proposed) {
   storedRate_ = shownRate_ = typed_.vatRate();
 }
 
-void DocumentEditor::open(const QString& number) {
+QString DocumentEditor::open(const QString& number) {
   auto document = drafts().load(number);
-  if (!document || document->header.flag("VALIDAT"))
+  if (!document || !drafts().isOpen(document->header))
     throw RuleError(
         QStringLiteral("Documentul %1 a fost validat sau sters intre timp de alt utilizator !").arg(number));
   header_ = document->header;
@@ -83,7 +84,20 @@ void DocumentEditor::open(const QString& number) {
   storedLines_ = lines_;
   isNew_ = false;
   numberLocked_ = true;
+  const QString warning = kind_.hasDraft ? QString() : startFrom(number);
   linesChanged();
+  return warning;
+}
+
+// The header of the document that is made from the shown one: its own number and date.
+QString DocumentEditor::startFrom(const QString& number) {
+  const ProposedNumber proposed = proposeNumber(kind_);
+  typed_.set(kind_.numberColumn, proposed.number);
+  typed_.set(kind_.dateColumn, clock::today().toString(Qt::ISODate));
+  typed_.set(kind_.remarkColumn, number);
+  typed_.takeChanges();
+  numberLocked_ = proposed.locked;
+  return proposed.warning;
 }
 
 // Shows the stored values; fields that are not stored keep their typed texts.
@@ -216,7 +230,7 @@ void DocumentEditor::save(const QHash<QString, QString>& typed) {
 }
 
 bool DocumentEditor::headerDiffers(const QHash<QString, QString>& texts) const {
-  if (isNew_) return false;
+  if (isNew_ || !kind_.hasDraft) return false;
   // Compares the values to be stored: a field that shows a default for a missing value does not differ.
   const Row typed = storedHeader(TypedHeader(kind_, texts), header_, isNew_);
   const Row stored =
@@ -327,6 +341,7 @@ bool DocumentEditor::addLines(const LineSource& source, const QString& number,
   lines_ = storedLines_ = std::move(lines);
   storedRate_ = shownRate_;
   linesChanged();
+  if (!added.notice.isEmpty()) Mesaj(added.notice);
   return true;
 }
 

@@ -22,8 +22,9 @@ class DocumentEditor {
 
   /// Starts a new document, dated today; returns a warning about the range of numbers, or "".
   QString newDocument();
-  /// Opens a draft. Throws RuleError when it no longer exists.
-  void open(const QString& number);
+  /// Opens a draft, or the document from which one is made; returns a warning about the range of numbers, or
+  /// "". Throws RuleError when it no longer exists.
+  QString open(const QString& number);
 
   /// The texts of the header, by HeaderField::key(); dates in ISO format.
   const QHash<QString, QString>& headerTexts() const { return typed_.texts(); }
@@ -41,8 +42,9 @@ class DocumentEditor {
   bool numberLocked() const { return numberLocked_; }
   QString number() const { return header_.text(kind_.numberColumn); }
   const Row& header() const { return header_; }
-  /// Whether the lines cannot be changed because their fiscal receipt is, or may be, printed.
-  bool isFrozen() const { return isPrinted() || isSending(); }
+  /// Whether the lines cannot be changed: their fiscal receipt is, or may be, printed, or they are those of a
+  /// validated document.
+  bool isFrozen() const { return !kind_.hasDraft || isPrinted() || isSending(); }
   /// Whether the fiscal receipt was printed, as far as this editor knows.
   bool isPrinted() const;
   const std::vector<Row>& lines() const { return lines_; }
@@ -122,6 +124,7 @@ class DocumentEditor {
 
  private:
   bool isSending() const;
+  QString startFrom(const QString& number);
   void reopen(const QString& number);
   void fillNewHeader(const ProposedNumber& proposed);
   void store(size_t line, Row row);

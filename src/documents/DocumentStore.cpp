@@ -6,6 +6,11 @@
 
 namespace velmar {
 
+bool DocumentStore::isOpen(const Row& header) const {
+  if (kind_.hasDraft) return !header.flag("VALIDAT");
+  return header.flag("VALIDAT") && !header.flag("STORNAT");
+}
+
 std::optional<Document> DocumentStore::load(const QString& number) const {
   const Recordset header = OpenRs(
       QStringLiteral("SELECT * FROM %1 WHERE %2 = ?").arg(kind_.headerTable, kind_.numberColumn), {number});

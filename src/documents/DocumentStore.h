@@ -17,6 +17,9 @@ class DocumentStore {
   /// The documents of the working warehouse from which the user chooses: number, date, partner's name (NUME)
   /// and the kind's further columns.
   virtual Recordset list() const = 0;
+  /// Whether the document with that header can be validated: it is a draft, or a validated document that has
+  /// not been turned round.
+  bool isOpen(const Row& header) const;
   /// Header and lines; empty when the number does not exist.
   std::optional<Document> load(const QString& number) const;
 

@@ -202,8 +202,9 @@ void Drafts::deleteLines(const QString& number) const {
 }
 
 void Drafts::setValidated(const QString& number, bool is) const {
-  requireChanged(ExecutaSql(QStringLiteral("UPDATE %1 SET VALIDAT = ? WHERE %2 = ? AND VALIDAT %3 0")
-                                .arg(kind_.headerTable, kind_.numberColumn, is ? "=" : "<>"),
+  requireChanged(ExecutaSql(QStringLiteral("UPDATE %1 SET %4 = ? WHERE %2 = ? AND %4 %3 0")
+                                .arg(kind_.headerTable, kind_.numberColumn, is ? "=" : "<>",
+                                     kind_.hasDraft ? "VALIDAT" : "STORNAT"),
                             {is, number}),
                  number);
 }
@@ -264,7 +265,7 @@ void Drafts::requireLine(const Row& shownLine) const {
 
 Document Drafts::requireAsShown(const ShownDraft& shown) const {
   const auto document = load(shown.header.text(kind_.numberColumn));
-  if (!document || document->header.flag("VALIDAT")) throw RuleError(kGone);
+  if (!document || !isOpen(document->header)) throw RuleError(kGone);
   requireSameHeader(document->header, shown.header);
   const Table& table = companyTable(kind_.lineTable);
   const bool isSame = std::equal(document->lines.begin(), document->lines.end(), shown.lines.begin(),

@@ -48,7 +48,8 @@ class Drafts : public DocumentStore {
   /// Deletes header and lines.
   void remove(const QString& number) const;
 
-  /// Marks the draft as validated, or a validated document as draft. Throws RuleError when it is so already.
+  /// Marks the draft as validated, or a validated document as draft; the document that a kind without a draft
+  /// is made from as turned round, or not. Throws RuleError when it is so already.
   void setValidated(const QString& number, bool is) const;
 
   /// Begins the attempt after `known` to print the fiscal receipt of a draft and returns its number. Throws

@@ -210,6 +210,15 @@ QString isOfDraft(const DocumentKind& kind) {
                                       : QStringLiteral("D.ID = %1").arg(key);
 }
 
+void findStornos(Finder& finder) {
+  finder.find(QStringLiteral("Factura stornata si stornarea ei nu se potrivesc"),
+              QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D LEFT JOIN G_FACCLI F ON F.NUMFAC = D.OBS "
+                             "AND F.STORNAT <> 0 WHERE D.TIP = 'FS' AND F.NUMFAC IS NULL UNION ALL "
+                             "SELECT %1 AS PLACE FROM G_FACCLI F WHERE F.STORNAT <> 0 AND NOT EXISTS "
+                             "(SELECT 1 FROM G_DOCUME D WHERE D.TIP = 'FS' AND D.OBS = F.NUMFAC) ORDER BY 1")
+                  .arg(keyExpression(KindId::CustomerInvoice, QStringLiteral("F.NUMFAC"))));
+}
+
 void findDrafts(Finder& finder) {
   for (const DocumentKind& kind : documentKinds()) {
     if (!kind.rules || !kind.hasDraft) continue;
@@ -244,6 +253,7 @@ std::vector<Disagreement> disagreements() {
   findRemainders(finder);
   findNotes(finder);
   findCosts(finder);
+  findStornos(finder);
   findDrafts(finder);
   return std::move(finder).found();
 }

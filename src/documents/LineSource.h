@@ -20,8 +20,9 @@ struct SourceList {
 
 /// What a source adds to a document.
 struct AddedLines {
-  std::vector<Row> lines;  ///< rows of the line table; the document's number and NRLINIE are set later
-  bool replaces = false;   ///< all lines that the document has are deleted
+  std::vector<Row> lines = {};  ///< rows of the line table; the document's number and NRLINIE are set later
+  bool replaces = false;        ///< all lines that the document has are deleted
+  QString notice = {};          ///< for the user, after they are stored
 };
 
 class LineSource {

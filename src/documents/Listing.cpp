@@ -72,8 +72,9 @@ ListedDocument readListed(const ListingKind& kind, const QString& number) {
   document.header = readHeader(kind, number);
   document.lines = OpenRs(kind.linesSql, {number});
   const Row& header = document.header.first();
-  document.partner =
-      session().gDataEnv.open("Get_Tert", {header.integer(documentKind(kind.kind).partnerColumn)});
+  if (!kind.partner.isEmpty())
+    document.partner =
+        session().gDataEnv.open("Get_Tert", {header.integer(documentKind(kind.kind).partnerColumn)});
   if (header.has(kCurrencyColumn)) document.currency = header.text(kCurrencyColumn);
   if (kind.printsSum)
     for (const Row& line : document.lines) document.total += line.decimal("VALOARETTI");
@@ -96,6 +97,7 @@ ReportData listingData(const ListingKind& kind, const ListedDocument& document,
   Variables variables(data);
   variables.addCompany();
   for (const ListingBox& box : kind.boxes) variables.add(box.variable, options.boxes.value(box.variable));
+  for (auto own = options.own.begin(); own != options.own.end(); ++own) variables.add(own.key(), own.value());
   if (kind.offersCurrency) variables.add("bDeviza", options.foreign);
   if (kind.printsSum) addSum(variables, document, options);
   variables.addColumns(document.partner, kind.partner);

@@ -32,6 +32,7 @@ struct ListingOptions {
   bool foreign = false;            ///< amounts in the document's currency
   bool preprinted = false;         ///< only the values, for a pre-printed form
   QHash<QString, QVariant> boxes;  ///< by variable
+  QHash<QString, QVariant> own;    ///< variables of the document that no table stores
 };
 
 /// The data for the layout.

@@ -75,13 +75,19 @@ Plan planOf(const Document& document, const PlanInputs& inputs) {
     planLots(effects, plan);
     planSources(document, inputs, plan);
     plan.ledger = std::move(effects.ledger);
-    plan.draft = {&kind, document.number, std::move(effects.changedLines), effects.changedColumns, true};
+    plan.draft = {&kind, document.origin.isEmpty() ? document.number : document.origin,
+                  std::move(effects.changedLines), effects.changedColumns, true};
   });
   inStep(Step::Stock, [&] { planArticles(effects, inputs, plan); });
   inStep(Step::Posting, [&] {
     plan.notes = SalvareDateContabile(effects.notes, {kind.prefix, document.number, document.date(),
                                                       document.header.text(kind.remarkColumn), effects.lines,
                                                       inputs.articles, inputs.parameters});
+    for (const Note& note : effects.composed) {
+      requireBalance(note);
+      plan.notes.push_back(note);
+    }
+    if (!plan.notes.empty()) plan.notes.back().stamp = kind.prefix;
   });
   return plan;
 }
@@ -102,7 +108,7 @@ void executePlan(const Plan& plan, const QDateTime& moment) {
     drafts.setValidated(plan.draft.number, plan.draft.isValidated);
   });
   inStep(Step::Posting, [&] {
-    removeNotes(plan.removedNotes, plan.draft.number);
+    removeNotes(plan.removedNotes, plan.taker.number);
     writeNotes(plan.notes);
   });
 }

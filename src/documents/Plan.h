@@ -25,6 +25,7 @@ struct Effects {
   std::vector<LotTake> returned;  ///< from the lots of the receipt that a return to the supplier refers to
   std::vector<StockChange> stock;
   std::vector<NoteRule> notes;  ///< empty: nothing is posted
+  std::vector<Note> composed;   ///< notes that no rule makes
 };
 
 /// The part of the document's ledger entry common to all kinds: key, direction, warehouse, partner, date and
@@ -37,10 +38,10 @@ std::optional<Decimal> optionalDecimal(const Row& row, const QString& column);
 /// Changes of a document's own tables.
 struct DraftChange {
   const DocumentKind* kind = nullptr;
-  QString number;
+  QString number;           ///< of a kind without a draft: of the document that it is made from
   std::vector<Row> lines;   ///< that are stored
   QStringList lineColumns;  ///< their columns to store
-  bool isValidated = true;  ///< VALIDAT afterwards
+  bool isValidated = true;  ///< VALIDAT afterwards; of a kind without a draft STORNAT
 };
 
 struct Plan {

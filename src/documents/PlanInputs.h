@@ -3,6 +3,7 @@
 
 #include <QHash>
 
+#include "accounting/Notes.h"
 #include "catalogue/ArticleFigures.h"
 #include "stock/Links.h"
 #include "stock/Lots.h"
@@ -24,11 +25,15 @@ struct PlanInputs {
   Decimal vatPercent;
   QString vatAccount;
   // What only some kinds need; read by their rules.
-  std::vector<Lot> receipt;       ///< lots of the receipt that a return to the supplier refers to
-  QHash<QString, Decimal> rates;  ///< of the articles' sale currencies on the document's date
-  QString cashJournal;            ///< of the warehouse
+  std::vector<Lot> receipt;                  ///< lots of the receipt that a return to the supplier refers to
+  QHash<QString, Decimal> rates;             ///< of the articles' sale currencies on the document's date
+  QHash<qint64, QString> warehouseAccounts;  ///< by code of the warehouse
+  QString cashJournal;                       ///< of the warehouse
   QString cashAccount;
-  std::vector<Row> sameNumber;  ///< lines of another kind's document with the same number
+  Row originDocument;             ///< of the document that this one is made from: its row in the ledger,
+  std::vector<Row> originLines;   ///< its lines there,
+  std::vector<Note> originNotes;  ///< its notes
+  std::vector<Row> sameNumber;    ///< lines of another kind's document with the same number
 
   bool isFifo() const;
 };

@@ -138,7 +138,12 @@ Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, con
   plan.rests.insert(plan.rests.end(), returns.begin(), returns.end());
   for (const LotLink& link : document.links) plan.removedLinks.append(link.article);
   plan.removedLinks.removeDuplicates();
-  if (document.direction == kIssue || document.direction == kReceipt) {
+  if (document.key.side != LedgerSide::None) {  // both sides; the stock of all warehouses was not changed
+    LedgerKey issue = document.key, receipt = document.key;
+    issue.side = LedgerSide::Issue;
+    receipt.side = LedgerSide::Receipt;
+    plan.removedLedger = {issue, receipt};
+  } else if (document.direction == kIssue || document.direction == kReceipt) {
     const bool isIssue = document.direction == kIssue;
     std::vector<StockReturn> changes;
     for (const auto& line : document.lines)
@@ -148,7 +153,9 @@ Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, con
   OpenSources sources(document.sources);
   for (const TakenLine& taken : document.taken) sources.giveBack(taken, document.key);
   plan.sources = sources.changed();
-  plan.draft = {&documentKind(document.key.kind), document.key.number, {}, {}, false};
+  const DocumentKind& kind = documentKind(document.key.kind);
+  // The remark of a document without a draft is the number of the one that it was made from.
+  plan.draft = {&kind, kind.hasDraft ? document.key.number : document.remark, {}, {}, false};
   plan.removedNotes = document.notes;
   return plan;
 }

@@ -30,7 +30,7 @@ struct ValidatedDocument {
   std::vector<qint64> notes;              ///< NDI
 };
 
-/// Reads the document. Throws RuleError when it is not in the ledger.
+/// Reads the document; of one with two sides, that side. Throws RuleError when it is not in the ledger.
 ValidatedDocument readValidated(const LedgerKey& key);
 
 /// Throws RuleError when other documents depend on it: its goods were issued, a later issue of its first

@@ -32,6 +32,17 @@ void requireValid(const Document& document) {
   requireUnderLock(document.kind->lineChecks, document);
 }
 
+// The document that is made from a validated one: its own number and date, the other's number as its remark.
+void makeFrom(Document& document) {
+  const DocumentKind& kind = *document.kind;
+  const TypedHeader typed = document.typed();
+  document.origin = document.number;
+  document.number = typed.text(kind.numberColumn);
+  document.header.set(kind.numberColumn, document.number);
+  document.header.set(kind.dateColumn, typed.date());
+  document.header.set(kind.remarkColumn, document.origin);
+}
+
 // Sets the header to be stored, with the stored columns of the fiscal receipt.
 void takeHeader(Document& document, const Row& header) {
   const FiscalReceipt& receipt = document.kind->receipt;
@@ -53,8 +64,12 @@ void SalvareDocumente(const TypedHeader& typed, const Row& header, const ShownDr
     InitParaSoc();  // as they are now, for the checks and for what is written
     Document document = drafts.requireAsShown(shown);
     document.texts = typed.texts();
-    takeHeader(document, header);
-    drafts.updateHeader(header);
+    if (typed.kind().hasDraft) {
+      takeHeader(document, header);
+      drafts.updateHeader(header);
+    } else {
+      makeFrom(document);
+    }
     requireValid(document);
     executePlan(planOf(document, readInputs(document)), clock::now());
     step = Step::Stock;

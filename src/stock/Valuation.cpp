@@ -66,6 +66,18 @@ ArticleFigures opened(ArticleFigures figures, const StockChange& change) {
   return figures;
 }
 
+ArticleFigures cameBack(ArticleFigures figures, const StockChange& change, const ValuationTerms& terms) {
+  if (figures.FARASTOC) return figures;
+  if (terms.costMethod != kFifo && !(figures.STOC + change.quantity).isZero()) {
+    figures.COST = average(figures, change);
+    const Decimal price = withPercent(figures.COST, figures.ADAOS);
+    figures.PRETVFT = Round(price, 0);
+    figures.PRETVTTI = Round(withPercent(price, change.vatPercent), 0);
+  }
+  figures.STOC = Round(figures.STOC + change.quantity, kQuantityDecimals);
+  return figures;
+}
+
 ArticleFigures issued(ArticleFigures figures, const StockChange& change) {
   if (!figures.FARASTOC) figures.STOC = Round(figures.STOC - change.quantity, kQuantityDecimals);
   return figures;
@@ -92,6 +104,8 @@ ArticleFigures applied(const ArticleFigures& before, const StockChange& change, 
       return receivedByNote(before, change, terms);
     case StockRule::Opening:
       return opened(before, change);
+    case StockRule::Storno:
+      return cameBack(before, change, terms);
     case StockRule::Issue:
       return issued(before, change);
   }

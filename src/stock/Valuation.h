@@ -13,6 +13,7 @@ enum class StockRule {
   ReceiptByPrice,   ///< supplier invoice: the sale price is given and the mark-up is computed; also a return
   ReceiptByNote,    ///< receipt note: as ReceiptByPrice, without the price in currency, for every article
   Opening,          ///< opening stock: cost and sale price are the given ones
+  Storno,           ///< goods of a turned invoice come back at the cost at which they left
   Issue             ///< only decreases the stock, except of articles without stock (FARASTOC)
 };
 
@@ -23,6 +24,7 @@ struct StockChange {
   Decimal unitCost = {};   ///< lei; of receipts
   Decimal salePrice = {};  ///< lei, without VAT; of receipts
   StockRule rule = StockRule::ReceiptByMargin;
+  Decimal vatPercent = {};  ///< of the document; of a storno
 };
 
 /// Further inputs of the computation.

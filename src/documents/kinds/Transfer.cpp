@@ -1,12 +1,141 @@
 // The transfer between warehouses.
+#include "config/Session.h"
+#include "documents/KindRules.h"
+#include "documents/kinds/PaletSource.h"
 #include "documents/kinds/Wording.h"
+#include "documents/LineChecks.h"
+#include "store/Database.h"
 
 namespace velmar {
 
 using namespace wording;
 
+namespace {
+
+void calculate(Row& line) {
+  line.set("VALOAREFT", Round(line.decimal("CANT") * line.decimal("PRETFT"), session().NrZec));
+}
+
+class TransferRules : public KindRules {
+ public:
+  void completeLine(Row& line, const Row& article, TypedHeader& /*header*/,
+                    Notices& /*notices*/) const override {
+    line.set("UM", article.text("UM"));
+    if (line.isNull("CANT")) line.set("CANT", Decimal(0));
+    line.set("PRETFT", article.decimal("COST"));
+    line.set("PRETVA", article.decimal("PRETVFT"));
+    calculate(line);
+  }
+
+  void recalculate(Row& line, const QString& /*changed*/, const TypedHeader& /*header*/,
+                   Notices& /*notices*/) const override {
+    calculate(line);
+  }
+
+  QStringList totalColumns() const override { return {"VALOAREFT"}; }
+
+  void readInputs(const Document& document, PlanInputs& inputs) const override {
+    for (const Row& row : OpenRs("SELECT COD, CONT FROM G_MULTIMAGAZIE WHERE COD IN (?, ?)",
+                                 {document.warehouse(), document.header.integer("DESTMAGAZIE")})
+                              .takeRows())
+      inputs.warehouseAccounts.insert(row.integer("COD"), row.text("CONT").trimmed());
+  }
+
+  // An issue from one warehouse and a receipt in the other; the stock of all warehouses stays as it is.
+  Effects effects(const Document& document, const PlanInputs& inputs) const override {
+    Effects effects;
+    effects.lines = document.lines;
+    LedgerDocument issue = ledgerOf(document);
+    for (const Row& line : document.lines) {
+      issue.value += line.decimal("VALOAREFT");
+      issue.lines.push_back({.article = line.text("CODART"),
+                             .quantity = line.decimal("CANT"),
+                             .unitCost = line.decimal("PRETFT"),
+                             .cost = line.decimal("CANT") * line.decimal("PRETFT"),
+                             .salePrice = optionalDecimal(line, "PRETVA"),
+                             .palet = line.text("PALET")});
+    }
+    issue.cost = issue.value;
+    const qint64 destination = document.header.integer("DESTMAGAZIE");
+    LedgerDocument receipt = issue;
+    issue.key.side = LedgerSide::Issue;
+    receipt.key.side = LedgerSide::Receipt;
+    receipt.direction = QStringLiteral("I");
+    receipt.warehouse = destination;
+    effects.ledger = {std::move(issue), std::move(receipt)};
+    const QString from = inputs.warehouseAccounts.value(document.warehouse());
+    const QString to = inputs.warehouseAccounts.value(destination);
+    if (from != to)
+      effects.notes = {{.totals = {.amount = lineValue},
+                        .journalParameter = "JURBONCONS",
+                        .perGroup = {{Side::Debit, {Account::From::Given, to}},
+                                     {Side::Credit, {Account::From::Given, from}}}}};
+    return effects;
+  }
+};
+
+// All goods of a palet move together, and only once.
+class TransferPalet : public PaletSource {
+ public:
+  Checks checks(const QString& /*palet*/) const override { return {}; }
+
+  AddedLines lines(const Document& document, TypedHeader& header, const QString& palet) const override {
+    if (!hasLeft(palet)) return PaletSource::lines(document, header, palet);
+    header.set("TextPalet", {});
+    return {.notice = QStringLiteral("Articolelele din acest palet au iesit din stoc")};
+  }
+
+ protected:
+  void complete(Row& line, const Row& entry, const TypedHeader& /*header*/) const override {
+    line.set("PRETFT", entry.decimal("COST"));
+    line.set("PRETVA", entry.decimal("PRETVFT"));
+    calculate(line);
+  }
+};
+
+// A transfer with that number has been validated.
+Check inLedger() {
+  Check check = refusedWhen("Mai exista un document cu acest numar. Validarea nu se poate efectua.", {},
+                            [](const Document& document) {
+                              const LedgerKey key{KindId::Transfer, document.number, LedgerSide::Issue};
+                              return !OpenRs("SELECT ID FROM G_DOCUME WHERE ID = ?", {key.text()}).isEmpty();
+                            });
+  check.at = CheckedAt::UnderLock;
+  return check;
+}
+
+Check destinationEmpty() {
+  return refusedWhen("Va rugam selectati magazia destinatie ! Salvarea nu se poate efectua !", "DESTMAGAZIE",
+                     [](const Document& document) { return document.typed().text("DESTMAGAZIE").isEmpty(); });
+}
+
+Check destinationIsSource() {
+  return refusedWhen(
+      "Magazia destinatie trebuie sa fie alta decat cea curenta ! Salvarea nu se poate efectua !",
+      "DESTMAGAZIE", [](const Document& document) {
+        return document.typed().text("DESTMAGAZIE") == QString::number(document.warehouse());
+      });
+}
+
+ListingKind listingForm() {
+  ListingKind paper{KindId::Transfer, "frmLstDocTra", "Bon de transfer", "BonTransfer"};
+  paper.headerSql =
+      "SELECT A.NUMAE, A.OBSERV, A.DATAAE, A.DESTMAGAZIE, S.DENUMIRE AS MAGSURSA, D.DENUMIRE AS MAGDEST "
+      "FROM G_TRANSFER AS A LEFT JOIN G_MULTIMAGAZIE AS S ON S.COD = A.Magazie "
+      "LEFT JOIN G_MULTIMAGAZIE AS D ON D.COD = A.DESTMAGAZIE WHERE A.NUMAE = ?";
+  paper.linesSql = printedLines("G_LTRANSFER", "NUMAE");
+  return paper;
+}
+
+}  // namespace
+
 DocumentKind transfer() {
   DocumentKind kind = kindOf(KindId::Transfer, "transfer between warehouses", "frmGRILADocTransfer");
+  static const TransferRules rules;
+  static const TransferPalet palet;
+  kind.rules = &rules;
+  kind.sources = {&palet};
+  kind.paper = listingForm();
   kind.headerTable = "G_TRANSFER";
   kind.lineTable = "G_LTRANSFER";
   kind.numberColumn = "NUMAE";
@@ -15,8 +144,12 @@ DocumentKind transfer() {
   kind.tipie = "E";
   kind.texts.numberTaken = numberTakenText("Bonul de transfer");
   kind.oldestFirst = true;
-  kind.headerChecks = {numberEmpty(kind, "avizului"), numberTaken(kind)};
+  kind.headerChecks = {numberEmpty(kind, "avizului"), numberTaken(kind), destinationEmpty(),
+                       destinationIsSource()};
   kind.validationChecks = {nothingSelected(kind, "Va rugam selectati un document !"), noLines("Documentul")};
+  kind.lineChecks = {distinctArticles(),
+                     stockSuffices(Stocked::OnlyHeld, "Articolul: %1 are disponibil in stoc numai %2"),
+                     inLedger()};
   kind.printChecks = {nothingSelected(kind, "Va rugam selectati un document de transfer !"),
                       printUnsaved(kind)};
   kind.headerFields = {

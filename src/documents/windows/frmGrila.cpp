@@ -55,6 +55,7 @@ frmGrila::frmGrila(const QString& prefix, QWidget* parent)
   bySupplierCode_->setObjectName("CheckCODP");
   bySupplierCode_->setToolTip("Daca se bifeaza, cautarea articolului se va face dupa cod produs furnizor ");
   buildLines();
+  bySupplierCode_->setVisible(editor_.kind().hasDraft);
   besideCheck_->addWidget(bySupplierCode_);
   besideCheck_->addStretch();
   auto* all = new QVBoxLayout(this);
@@ -197,7 +198,9 @@ QWidget* frmGrila::draftsFrame() {
   QList<GridColumn> columns{
       {kind.numberColumn, "Numar", CellFormat::Text, kind.draftColumns.isEmpty() ? 12 : 9},
       {kind.dateColumn, "Data", CellFormat::Date, 11},
-      {"NUME", "Tert", CellFormat::Text, kind.draftColumns.isEmpty() ? 30 : 20}};
+      kind.partnerColumn.isEmpty()
+          ? GridColumn{kind.remarkColumn, "Observatii", CellFormat::Text, 30}
+          : GridColumn{"NUME", "Tert", CellFormat::Text, kind.draftColumns.isEmpty() ? 30 : 20}};
   for (const HeaderField& field : kind.headerFields) {
     if (!kind.draftColumns.contains(field.column)) continue;
     const bool isDate = field.type == HeaderFieldType::DueDate;
@@ -206,7 +209,9 @@ QWidget* frmGrila::draftsFrame() {
   }
   drafts_->setColumns(columns);
   fitBesideHeader(drafts_);
-  drafts_->setEmptyText("Nu exista documente nevalidate. Completati antetul si apasati Salvare.");
+  drafts_->setEmptyText(kind.hasDraft
+                            ? "Nu exista documente nevalidate. Completati antetul si apasati Salvare."
+                            : "Nu exista facturi de stornat.");
   connect(drafts_, &TDBGrid::currentRecordChanged, this, &frmGrila::openSelected);
   auto* inside = new QVBoxLayout(frame);
   inside->addWidget(drafts_);
@@ -222,7 +227,8 @@ void frmGrila::buildLines() {
   lines_->setColumns(LineModel::gridColumns(kind));
   lines_->setMinimumHeight(fontMetrics().height() * kShortestLines);
   lines_->setKeptInView("VALOARETTI", "DENUMIRE");
-  lines_->setEmptyText("Liniile se adauga dupa salvarea antetului.");
+  lines_->setEmptyText(kind.hasDraft ? "Liniile se adauga dupa salvarea antetului."
+                                     : "Se arata liniile documentului ales din lista.");
   connect(lines_, &LineGrid::refusedByStore, this, [this] {
     try {
       changedElsewhere();
@@ -279,7 +285,8 @@ void frmGrila::showRule(const RuleError& rule) {
 
 void frmGrila::followHeader() {
   if (editor_.headerTyped(header_->texts())) lineModel_->amountsChanged();
-  if (!editor_.isNew()) header_->showState("Document nevalidat, antet modificat si nesalvat");
+  if (!editor_.isNew() && editor_.kind().hasDraft)
+    header_->showState("Document nevalidat, antet modificat si nesalvat");
   guarded(editor_.kind().window, "Antet", [this] { headerTouched(); });
 }
 
@@ -376,12 +383,15 @@ void frmGrila::openSelected() {
 void frmGrila::openDraft(const QString& number) {
   run("TDBGrid2", [this, &number] {
     if (!leaveHeader()) return;
-    editor_.open(number);
+    const QString warning = editor_.open(number);
     AfisareAntet();
     DetaliiFactura();
     refreshSources();
-    const QSignalBlocker quiet(drafts_);
-    drafts_->selectRecord(editor_.kind().numberColumn, number);
+    {
+      const QSignalBlocker quiet(drafts_);
+      drafts_->selectRecord(editor_.kind().numberColumn, number);
+    }
+    if (!warning.isEmpty()) Mesaj(warning);
   });
   if (!editor_.isNew() && number == editor_.number()) return;
   // A refused field keeps its document on screen: the list selects it again.
@@ -394,9 +404,10 @@ void frmGrila::validate() {
   const QHash<QString, QString> typed = header_->typed();
   const KindTexts& texts = editor_.kind().texts;
   if (!editor_.checkValidation(typed)) return;
-  if (!texts.confirmValidation.isEmpty() && Mesaj(texts.confirmValidation.arg(editor_.number()),
-                                                  kYesNo + kQuestion, "Confirmare validare") != kResultYes)
-    return;
+  QString question = texts.confirmValidation;
+  question.replace(QStringLiteral("%1"), editor_.number());
+  question.replace(QStringLiteral("%2"), typed.value(editor_.kind().numberColumn).trimmed());
+  if (!question.isEmpty() && Mesaj(question, kYesNo + kQuestion, "Confirmare validare") != kResultYes) return;
   try {
     const Hourglass wait;
     if (!editor_.checkLines()) return;
@@ -430,13 +441,31 @@ void frmGrila::print() {
 void frmGrila::printStored() {
   const QHash<QString, QString> typed = header_->typed();
   const bool foreign = typed.value(QStringLiteral("chkDeviza")) == QStringLiteral("-1");
-  listDocument(editor_.kind().prefix, typed.value(editor_.kind().numberColumn).trimmed(), foreign, this);
+  const QString number = typed.value(editor_.kind().numberColumn).trimmed();
+  QHash<QString, QVariant> own;  // of a document that is made from another one
+  if (!editor_.kind().hasDraft)
+    own = {{"NumarFactura", editor_.number()},
+           {"NumarStorno", number},
+           {"DataStorno", QDate::fromString(typed.value(editor_.kind().dateColumn), Qt::ISODate)}};
+  listDocument(editor_.kind().prefix, own.isEmpty() ? number : editor_.number(), foreign, own, this);
 }
 
 void frmGrila::AfisareAntet() {
   header_->fill(editor_.headerTexts(), editor_.numberLocked());
-  header_->showState(editor_.isNew() ? "Document nou, nesalvat" : "Document nevalidat");
+  if (editor_.kind().hasDraft)
+    header_->showState(editor_.isNew() ? "Document nou, nesalvat" : "Document nevalidat");
+  else
+    lockOrigin();
   documentShown();
+}
+
+// A document made from another one has its own number and date; the rest is the other's.
+void frmGrila::lockOrigin() {
+  header_->showState(editor_.isNew() ? "Alegeti factura din lista" : "Factura aleasa: " + editor_.number());
+  for (const HeaderField& field : editor_.kind().headerFields)
+    if (field.type != HeaderFieldType::Number && field.type != HeaderFieldType::Date)
+      header_->setFieldEnabled(field.key(), false);
+  if (auto* newPartner = findChild<QPushButton*>("cmdAdaugaTert1")) newPartner->setEnabled(false);
 }
 
 void frmGrila::DetaliiFactura() { lineModel_->documentChanged(); }

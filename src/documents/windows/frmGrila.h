@@ -100,6 +100,7 @@ class frmGrila : public QWidget {
   void buildSource(const LineSource& source);
   void addChosen(QObject* list);
   void showSources();
+  void lockOrigin();
   void buildLines();
   void orderTabs();
 

@@ -24,8 +24,9 @@ bool isTicked(const QCheckBox* box) { return box && box->isChecked(); }
 
 }  // namespace
 
-frmLst::frmLst(const ListingKind& kind, const QString& number, bool foreign, QWidget* parent)
-    : QDialog(parent), kind_(kind), document_(readListed(kind, number)) {
+frmLst::frmLst(const ListingKind& kind, const QString& number, bool foreign,
+               const QHash<QString, QVariant>& own, QWidget* parent)
+    : QDialog(parent), kind_(kind), document_(readListed(kind, number)), own_(own) {
   setObjectName(kind.form);
   setWindowTitle(kind.caption);
   auto* all = new QVBoxLayout(this);
@@ -75,6 +76,7 @@ QGroupBox* frmLst::delegateFrame() {
 
 ListingOptions frmLst::options() const {
   ListingOptions options;
+  options.own = own_;
   options.receipt = isTicked(CheckChitanta_);
   options.foreign = isTicked(CheckDeviza_);
   options.preprinted = isTicked(chkTiparire_);
@@ -89,7 +91,7 @@ ListingOptions frmLst::options() const {
 }
 
 PreparedReport frmLst::prepare() const {
-  if (document_.partner.isEmpty())
+  if (!kind_.partner.isEmpty() && document_.partner.isEmpty())
     for (const QString& text : missingPartnerTexts(kind_)) Mesaj(text);
   return {listingFile(kind_, options()), listingData(kind_, document_, options())};
 }
@@ -115,8 +117,9 @@ void frmLst::design() {
   if (settle()) designReport(prepare(), this);
 }
 
-void listDocument(const QString& prefix, const QString& number, bool foreign, QWidget* parent) {
-  frmLst(listingKind(prefix), number, foreign, parent).exec();
+void listDocument(const QString& prefix, const QString& number, bool foreign,
+                  const QHash<QString, QVariant>& own, QWidget* parent) {
+  frmLst(listingKind(prefix), number, foreign, own, parent).exec();
 }
 
 }  // namespace velmar

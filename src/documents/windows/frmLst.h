@@ -16,8 +16,9 @@ class frmLst : public QDialog {
   Q_OBJECT
  public:
   /// Reads the document; throws RuleError when it is not stored. `foreign`: the document is in foreign
-  /// currency.
-  frmLst(const ListingKind& kind, const QString& number, bool foreign, QWidget* parent);
+  /// currency; `own`: variables that no table stores.
+  frmLst(const ListingKind& kind, const QString& number, bool foreign, const QHash<QString, QVariant>& own,
+         QWidget* parent);
 
  private:
   QGroupBox* optionsFrame(bool foreign);
@@ -30,6 +31,7 @@ class frmLst : public QDialog {
 
   const ListingKind& kind_;
   ListedDocument document_;
+  QHash<QString, QVariant> own_;
   QCheckBox* CheckChitanta_ = nullptr;
   QCheckBox* CheckDeviza_ = nullptr;
   QCheckBox* chkTiparire_ = nullptr;
@@ -37,6 +39,7 @@ class frmLst : public QDialog {
 
 /// Shows the listing form of a stored document and returns when it is closed. Throws RuleError when the
 /// document does not exist.
-void listDocument(const QString& prefix, const QString& number, bool foreign, QWidget* parent);
+void listDocument(const QString& prefix, const QString& number, bool foreign,
+                  const QHash<QString, QVariant>& own, QWidget* parent);
 
 }  // namespace velmar
