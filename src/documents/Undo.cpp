@@ -5,6 +5,7 @@
 #include "documents/Drafts.h"
 #include "documents/kinds/Kinds.h"
 #include "store/Database.h"
+#include "store/Records.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
 
@@ -45,15 +46,47 @@ void readReturns(ValidatedDocument& document) {
     document.receiptIssued[row.text("CODART").toUpper()] += row.decimal("CANT");
 }
 
+// What the validated documents of the kind took from the sources.
+void readTakes(const DocumentKind& kind, const QStringList& sources,
+               std::vector<std::pair<QDateTime, Take>>& takes) {
+  const QString sql =
+      QStringLiteral(
+          "SELECT L.%1 AS NUMBER, L.%2 AS SOURCE, L.CODART AS CODART, L.CANT AS CANT, D.DATADOC AS "
+          "DATADOC, D.DATAINTROD AS DATAINTROD, D.TIMP AS TIMP FROM %3 L INNER JOIN G_DOCUME D "
+          "ON D.ID = %4 WHERE L.%2 IN (%5) ORDER BY D.DATAINTROD, D.TIMP, L.%1, L.NRLINIE")
+          .arg(kind.numberColumn, kind.sourceColumn, kind.lineTable,
+               keyExpression(kind.id, QStringLiteral("L.") + kind.numberColumn), QStringLiteral("%1"));
+  for (const Row& row : rowsOfKeys(sql, sources)) {
+    const auto source = LedgerKey::of(row.text("SOURCE"));
+    const QDateTime moment(row.date("DATAINTROD"), row.value("TIMP").toTime());
+    takes.push_back({moment,
+                     {{*source, row.text("CODART"), row.decimal("CANT")},
+                      {kind.id, row.text("NUMBER")},
+                      source->kind == KindId::DeliveryNote ? moment.date() : row.date("DATADOC")}});
+  }
+}
+
+// The orders and notes that it took from, and what others took from them.
 void readTaken(ValidatedDocument& document) {
   const DocumentKind& kind = documentKind(document.key.kind);
   if (kind.sourceColumn.isEmpty()) return;
   const auto draft = Drafts(kind).load(document.key.number);
   if (!draft) return;
-  document.taken = takenBy(kind, draft->lines);
   std::vector<LedgerKey> sources;
-  for (const TakenLine& taken : document.taken) sources.push_back(taken.source);
+  QStringList keys;
+  for (const TakenLine& taken : takenBy(kind, draft->lines)) {
+    if (keys.contains(taken.source.text())) continue;
+    sources.push_back(taken.source);
+    keys.append(taken.source.text());
+  }
   document.sources = readSources(sources);
+  std::vector<std::pair<QDateTime, Take>> takes;
+  for (const DocumentKind& taker : documentKinds())
+    if (!taker.sourceColumn.isEmpty() && taker.rules) readTakes(taker, keys, takes);
+  std::stable_sort(takes.begin(), takes.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (const auto& [moment, take] : takes)
+    if (take.taker.text() != document.key.text()) document.othersTook.push_back(take);
 }
 
 bool hasLaterIssue(const ValidatedDocument& document) {
@@ -150,9 +183,7 @@ Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, con
       changes.push_back({line.article, isIssue ? -line.quantity : line.quantity, line.cost});
     plan.articles = changesTakenBack(changes, articles, isIssue && costMethod != kFifo);
   }
-  OpenSources sources(document.sources);
-  for (const TakenLine& taken : document.taken) sources.giveBack(taken, document.key);
-  plan.sources = sources.changed();
+  plan.sources = takenAnew(document.sources, document.othersTook);
   const DocumentKind& kind = documentKind(document.key.kind);
   // The remark of a document without a draft is the number of the one that it was made from.
   plan.draft = {&kind, kind.hasDraft ? document.key.number : document.remark, {}, {}, false};

@@ -24,8 +24,8 @@ struct ValidatedDocument {
   std::vector<Lot> receipt;               ///< of the receipt that its returns to the supplier refer to
   QHash<QString, Decimal> stillReturned;  ///< by other documents to that receipt; by code in upper case
   QHash<QString, Decimal> receiptIssued;  ///< from that receipt, as its links say; as above
-  std::vector<TakenLine> taken;           ///< from orders and notes, as its draft says
-  std::vector<SourceLine> sources;        ///< their lines
+  std::vector<SourceLine> sources;        ///< lines of the orders and notes from which it took
+  std::vector<Take> othersTook;           ///< from these, other documents in the order of validation
   bool hasLaterIssue = false;             ///< an issue of its first article, on its date or later
   std::vector<qint64> notes;              ///< NDI
 };

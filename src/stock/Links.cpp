@@ -176,28 +176,29 @@ void OpenSources::take(const TakenLine& taken, const LedgerKey& taker, const QDa
   isChanged_[static_cast<size_t>(last - lines_.data())] = true;
 }
 
-void OpenSources::giveBack(const TakenLine& taken, const LedgerKey& taker) {
-  Decimal back = taken.quantity;
-  for (size_t i = lines_.size(); i-- > 0;) {
-    SourceLine& line = lines_[i];
-    if (!isOf(line, taken) || back.isZero()) continue;
-    const Decimal room = line.quantity - line.open;
-    const Decimal part = room < back ? room : back;
-    if (part <= 0) continue;
-    line.open = Round(line.open + part, kQuantityDecimals);
-    back = Round(back - part, kQuantityDecimals);
-    if (line.reference.compare(referenceOf(taker, line.source), Qt::CaseInsensitive) == 0) {
-      line.reference.clear();
-      line.date = QDate();
-    }
-    isChanged_[i] = true;
-  }
-}
-
 std::vector<SourceLine> OpenSources::changed() const {
   std::vector<SourceLine> changed;
   for (size_t i = 0; i < lines_.size(); ++i)
     if (isChanged_[i]) changed.push_back(lines_[i]);
+  return changed;
+}
+
+std::vector<SourceLine> takenAnew(const std::vector<SourceLine>& lines, const std::vector<Take>& takes) {
+  std::vector<SourceLine> untouched = lines;
+  for (SourceLine& line : untouched) {
+    line.open = line.quantity;
+    line.reference.clear();
+    line.date = QDate();
+  }
+  OpenSources sources(untouched);
+  for (const Take& take : takes) sources.take(take.taken, take.taker, take.date);
+  std::vector<SourceLine> changed;
+  for (size_t i = 0; i < lines.size(); ++i) {
+    const SourceLine& now = sources.lines()[i];
+    if (now.open != lines[i].open || now.reference != lines[i].reference.trimmed() ||
+        now.date != lines[i].date)
+      changed.push_back(now);
+  }
   return changed;
 }
 

@@ -43,7 +43,7 @@ std::optional<TakenLine> exceeding(const std::vector<TakenLine>& taken);
 /// The customer orders from which an invoice was made.
 std::vector<LedgerKey> ordersOf(const QString& invoice);
 
-/// Open quantities in memory. Takes add up, also of several notes and orders; giving back is the inverse.
+/// Open quantities in memory. Takes add up, also of several notes and orders.
 class OpenSources {
  public:
   OpenSources() = default;
@@ -52,9 +52,7 @@ class OpenSources {
   /// Takes from the lines of the article in the source, the first one first; what exceeds them is taken from
   /// the last one, whose open quantity is then below 0. An order gives no more than was ordered.
   void take(const TakenLine& taken, const LedgerKey& taker, const QDate& date);
-  /// Gives back, the last line first, at most up to each line's quantity. A reference to `taker` is removed.
-  void giveBack(const TakenLine& taken, const LedgerKey& taker);
-
+  const std::vector<SourceLine>& lines() const { return lines_; }
   /// The lines that have changed.
   std::vector<SourceLine> changed() const;
 
@@ -64,6 +62,16 @@ class OpenSources {
   std::vector<SourceLine> lines_;
   std::vector<bool> isChanged_;
 };
+
+/// A take of a document.
+struct Take {
+  TakenLine taken;
+  LedgerKey taker;
+  QDate date;
+};
+
+/// The lines that differ from those with all of their quantity open and these takes, made in this order.
+std::vector<SourceLine> takenAnew(const std::vector<SourceLine>& lines, const std::vector<Take>& takes);
 
 /// Writes open quantities and references of the lines, also to the ledger, and closes an order or note
 /// without open lines (SOLDAT; FACTURAT and VALIDAT of its ledger row), or opens it again.
