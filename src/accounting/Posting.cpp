@@ -50,6 +50,7 @@ class Composer {
         TotaluriConturi(rule_.totals, rule_.lines ? *rule_.lines : inputs_.lines, inputs_.articles);
     for (const TotalsGroup& group : groups) {
       value_ += group.total;
+      inCurrency_ += group.inCurrency;
       if (isTaxed()) vat_ += group.vat;
     }
     if (groups.empty()) return {};
@@ -117,7 +118,9 @@ class Composer {
     Decimal amount = amountOf(entry, group);
     Decimal foreign;
     if (!terms.currency.isEmpty()) {
-      if (rule_.inDocumentCurrency) {
+      if (rule_.totals.inCurrency) {
+        foreign = group ? group->inCurrency : inCurrency_;
+      } else if (rule_.inDocumentCurrency) {
         foreign = amount;
         amount = amount * terms.rate;
       } else if (!terms.rate.isZero()) {
@@ -135,6 +138,7 @@ class Composer {
     const NoteTerms& terms = rule_.terms;
     if (marks & kPartner) row.partner = terms.partner;
     if (marks & kCostCentre && !terms.costCentre.isEmpty()) row.costCentre = terms.costCentre;
+    if (marks & kNoVatLink) row.vatLink = 0;
     if (marks & kVatLink || (marks & kVatLinkIfTaxed && isTaxed())) row.vatLink = 1;
     if (marks & kVatPercent) row.vatPercent = terms.vatPercent;
   }
@@ -144,6 +148,7 @@ class Composer {
   Note note_;
   Decimal value_;
   Decimal vat_;
+  Decimal inCurrency_;
 };
 
 }  // namespace
@@ -172,6 +177,7 @@ std::vector<TotalsGroup> TotaluriConturi(const Totals& totals, const std::vector
     }
     group->second.total += totals.amount(line, *article);
     if (totals.vat) group->second.vat += totals.vat(line, *article);
+    if (totals.inCurrency) group->second.inCurrency += totals.inCurrency(line, *article);
   }
   std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
   std::vector<TotalsGroup> groups;

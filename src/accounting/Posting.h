@@ -33,6 +33,7 @@ struct Totals {
   QStringList accounts = {};
   LineAmount amount = {};
   LineAmount vat = nullptr;
+  LineAmount inCurrency = nullptr;  ///< the amount in the note's currency; null: it follows from the rate
   TotalledLines lines = TotalledLines::All;
   bool byQuantity = false;  ///< lines with different quantities are not summed
 };
@@ -41,6 +42,7 @@ struct TotalsGroup {
   QHash<QString, QString> accounts;  ///< by column of G_FAMART
   Decimal total;
   Decimal vat;
+  Decimal inCurrency;
 };
 
 /// The groups, ordered by account and quantity. Lines of articles without a family are left out; see
@@ -78,6 +80,7 @@ enum EntryMark {
   kCostCentre = 2,      ///< CODBUG
   kVatLink = 4,         ///< TVA_LINREF 1
   kVatPercent = 8,      ///< COTATVA
+  kNoVatLink = 32,      ///< TVA_LINREF 0
   kVatLinkIfTaxed = 16  ///< TVA_LINREF 1 if the percent is above 0
 };
 

@@ -20,14 +20,16 @@ struct FigureColumn {
 constexpr FigureColumn kFigures[] = {
     {"STOC", &ArticleChange::STOC},         {"COST", &ArticleChange::COST},
     {"ADAOS", &ArticleChange::ADAOS},       {"PRETVFT", &ArticleChange::PRETVFT},
-    {"PRETVTTI", &ArticleChange::PRETVTTI}, {"PRETDEVIZAVANZ", &ArticleChange::PRETDEVIZAVANZ}};
+    {"PRETVTTI", &ArticleChange::PRETVTTI}, {"PRETDEVIZAVANZ", &ArticleChange::PRETDEVIZAVANZ},
+    {"COSTDEV", &ArticleChange::COSTDEV}};
 
 ArticleFacts factsOf(const Row& row) {
   ArticleFacts facts;
   facts.code = row.text("CODART");
-  facts.figures = {row.decimal("STOC"),    row.decimal("COST"),     row.decimal("ADAOS"),
-                   row.decimal("PRETVFT"), row.decimal("PRETVTTI"), row.decimal("PRETDEVIZAVANZ"),
-                   row.flag("FARASTOC"),   row.decimal("COTATVA"),  row.text("CODDEVIZAVANZ")};
+  facts.figures = {row.decimal("STOC"),      row.decimal("COST"),     row.decimal("ADAOS"),
+                   row.decimal("PRETVFT"),   row.decimal("PRETVTTI"), row.decimal("PRETDEVIZAVANZ"),
+                   row.decimal("COSTDEV"),   row.flag("FARASTOC"),    row.decimal("COTATVA"),
+                   row.text("CODDEVIZAVANZ")};
   facts.origin = row.text("PROVENIENTA");
   facts.hasFamily = !row.isNull("FAMILY");
   for (const QString& account : kAccounts) facts.accounts.insert(account, row.text(account));

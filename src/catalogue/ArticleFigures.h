@@ -19,6 +19,7 @@ struct ArticleFigures {
   Decimal PRETVFT;
   Decimal PRETVTTI;
   Decimal PRETDEVIZAVANZ;  ///< in the article's own currency
+  Decimal COSTDEV;         ///< of the last import, in its currency
   bool FARASTOC = false;   ///< read only, like all below
   Decimal COTATVA;         ///< percent
   QString CODDEVIZAVANZ;
@@ -55,7 +56,8 @@ ArticleTable readArticles(const QStringList& codes);
 /// New values for columns of an article; what is empty keeps its value.
 struct ArticleChange {
   QString code;
-  std::optional<Decimal> STOC = {}, COST = {}, ADAOS = {}, PRETVFT = {}, PRETVTTI = {}, PRETDEVIZAVANZ = {};
+  std::optional<Decimal> STOC = {}, COST = {}, ADAOS = {}, PRETVFT = {}, PRETVTTI = {}, PRETDEVIZAVANZ = {},
+                         COSTDEV = {};
 };
 
 /// Writes the changes, a statement for all articles with the same columns.

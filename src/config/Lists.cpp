@@ -146,6 +146,13 @@ ArticleList articleListWithCostOrPrice(const QString& kind) {
   return {{}, true, ArticleList::Amount::SalePrice};
 }
 
+std::vector<ListEntry> currencies() {
+  std::vector<ListEntry> entries;
+  for (const Row& row : OpenRs("SELECT COD, TITLU FROM kt_val ORDER BY COD"))
+    entries.push_back({row.text("COD") + u'-' + row.text("TITLU"), row.text("COD")});
+  return entries;
+}
+
 std::vector<ListEntry> vatRates(bool ofPurchases) {
   std::vector<ListEntry> rates;
   for (const Row& row : OpenRs("SELECT COD, CONT, PROCENT FROM kt_cote WHERE CONT LIKE ? ESCAPE '!' "

@@ -33,6 +33,8 @@ struct ListEntry {
   QString code;
 };
 
+/// The currencies, as "EUR-Euro".
+std::vector<ListEntry> currencies();
 /// VAT rates on the VAT account of purchases or of sales and on the accounts that begin with 4428, as
 /// "4426-19".
 std::vector<ListEntry> vatRates(bool ofPurchases);

@@ -171,34 +171,35 @@ Row DocumentEditor::headerWithRate() const {
 
 void DocumentEditor::storeHeader(const Row& header) {
   const HeaderField* percent = kind_.field(HeaderFieldType::Percent);
-  if (percent && header.decimal(percent->column) != header_.decimal(percent->column)) {
+  const bool percentChanged = percent && header.decimal(percent->column) != header_.decimal(percent->column);
+  if (percentChanged || rules_->linesFollowHeader()) {
     for (Row& line : lines_) rules_->applyRate(line, typed_);
     linesChanged();
   }
   Transaction transaction(database());
   drafts().requireAsShown(shownDraft());
   drafts().updateHeader(header);
-  drafts().updateColumns(changedLines(), storedTotals());
+  drafts().updateColumns(changedLines(), storedNumbers());
   transaction.commit();
   header_ = header;
   storedLines_ = lines_;
   storedRate_ = shownRate_;
 }
 
-// The totals that lines store.
-QStringList DocumentEditor::storedTotals() const {
-  QStringList totals;
-  for (const QString& column : rules_->totalColumns())
-    if (companyTable(kind_.lineTable).column(column)) totals.append(column);
-  return totals;
+// The numbers that lines store.
+QStringList DocumentEditor::storedNumbers() const {
+  QStringList columns;
+  for (const LineColumn& column : kind_.lineColumns)
+    if (column.shownDecimals != -1 && column.product.isEmpty()) columns.append(column.field);
+  return columns;
 }
 
-// Those whose totals differ from the stored ones.
+// Those whose numbers differ from the stored ones.
 std::vector<Row> DocumentEditor::changedLines() const {
-  const QStringList totals = storedTotals();
+  const QStringList numbers = storedNumbers();
   std::vector<Row> changed;
   for (size_t i = 0; i < lines_.size(); ++i)
-    if (std::any_of(totals.begin(), totals.end(), [&](const QString& column) {
+    if (std::any_of(numbers.begin(), numbers.end(), [&](const QString& column) {
           return lines_[i].decimal(column) != storedLines_[i].decimal(column);
         }))
       changed.push_back(lines_[i]);
@@ -238,6 +239,16 @@ bool DocumentEditor::headerDiffers(const QHash<QString, QString>& texts) const {
   return std::any_of(kind_.headerFields.begin(), kind_.headerFields.end(), [&](const HeaderField& field) {
     return !field.column.isEmpty() && shownHeaderText(field.type, typed, field.column) !=
                                           shownHeaderText(field.type, stored, field.column);
+  });
+}
+
+// Whether a typed rate or percentage differs from the stored one.
+bool DocumentEditor::ratesDiffer() const {
+  const Row typed = storedHeader(typed_, header_, isNew_);
+  return std::any_of(kind_.headerFields.begin(), kind_.headerFields.end(), [&](const HeaderField& field) {
+    const bool isRate = field.type == HeaderFieldType::Rate || field.type == HeaderFieldType::VatRate ||
+                        field.type == HeaderFieldType::Percent;
+    return isRate && typed.decimal(field.column) != header_.decimal(field.column);
   });
 }
 
@@ -330,7 +341,7 @@ bool DocumentEditor::addLines(const LineSource& source, const QString& number,
   if (added.replaces)
     drafts().deleteLines(this->number());
   else
-    drafts().updateColumns(changedLines(), storedTotals());
+    drafts().updateColumns(changedLines(), storedNumbers());
   drafts().insertLines(added.lines);
   source.added(onScreen(), number);
   transaction.commit();
@@ -387,7 +398,10 @@ bool DocumentEditor::checkValidation(const QHash<QString, QString>& typed) {
   // The header is validated as shown on screen, saved or not, so it must be checked.
   if (!passes(kind_.headerChecks, onScreen(), kCritical)) return false;
   requireKnownCodes(typed_, shownHeader(kind_, header_, typed_.texts()));
-  storeRate();
+  if (rules_->linesFollowHeader() && ratesDiffer())
+    storeHeader(storedHeader(typed_, header_, isNew_));
+  else
+    storeRate();
   refreshStaleLines();
   return true;
 }

@@ -129,7 +129,8 @@ class DocumentEditor {
   void fillNewHeader(const ProposedNumber& proposed);
   void store(size_t line, Row row);
   bool followRate();
-  QStringList storedTotals() const;
+  QStringList storedNumbers() const;
+  bool ratesDiffer() const;
   std::vector<Row> changedLines() const;
   Row headerWithRate() const;
   bool isRateStored() const { return shownRate_ == storedRate_; }

@@ -36,6 +36,9 @@ class KindRules {
   virtual void recalculate(Row& line, const QString& changed, const TypedHeader& header,
                            Notices& notices) const = 0;
 
+  /// Whether every save of the header recalculates the lines, with applyRate().
+  virtual bool linesFollowHeader() const { return false; }
+
   /// Recalculates the line after the document's VAT rate has changed.
   virtual void applyRate(Row& line, const TypedHeader& header) const;
 

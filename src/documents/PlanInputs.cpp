@@ -7,10 +7,25 @@
 #include "documents/Numbering.h"
 #include "stock/Ledger.h"
 #include "util/Clock.h"
+#include "util/Errors.h"
 
 namespace velmar {
 
 bool PlanInputs::isFifo() const { return costMethod == kFifo; }
+
+void requireCostMethod(const PlanInputs& inputs) {
+  if (inputs.costMethod.isEmpty())
+    throw RuleError(QStringLiteral("VA ROG SA ALEGETI METODA DE EVALUARE A STOCURILOR!"), "TCOST");
+}
+
+void readSaleRates(const Document& document, PlanInputs& inputs) {
+  for (const QString& code : articlesOf(document.lines)) {
+    const ArticleFacts* article = inputs.articles.find(code);
+    const QString currency = article ? article->figures.CODDEVIZAVANZ.trimmed() : QString();
+    if (!currency.isEmpty() && !inputs.rates.contains(currency))
+      inputs.rates.insert(currency, Curs(currency, document.date()));
+  }
+}
 
 PlanInputs readInputs(const Document& document) {
   const Session& s = session();
@@ -24,8 +39,9 @@ PlanInputs readInputs(const Document& document) {
   inputs.articles = readArticles(codes);
   if (inputs.isFifo() && ledgerKind(document.kind->id).takesLots) inputs.lots = OpenLots::read(codes);
   for (const HeaderField& field : document.kind->headerFields) {
-    if (field.type == HeaderFieldType::Percent && !field.column.isEmpty())
-      inputs.vatPercent = document.header.decimal(field.column);
+    const bool isVat =
+        field.type == HeaderFieldType::Percent && !document.kind->field(HeaderFieldType::VatRate);
+    if (isVat && !field.column.isEmpty()) inputs.vatPercent = document.header.decimal(field.column);
     if (field.type != HeaderFieldType::VatRate) continue;
     const VatRate rate = vatRate(document.header.integer(field.column));
     inputs.vatPercent = rate.percent;

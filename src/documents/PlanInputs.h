@@ -38,6 +38,12 @@ struct PlanInputs {
   bool isFifo() const;
 };
 
+/// Throws RuleError, naming TCOST, when the company has not chosen how stock is valued.
+void requireCostMethod(const PlanInputs& inputs);
+
+/// Reads the exchange rates of the articles' sale currencies on the document's date.
+void readSaleRates(const Document& document, PlanInputs& inputs);
+
 /// Reads the inputs for the document as they are now. The session has the company's parameters.
 PlanInputs readInputs(const Document& document);
 

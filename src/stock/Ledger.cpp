@@ -44,7 +44,10 @@ const std::vector<WrittenColumn<LedgerDocument>>& documentColumns() {
       {"TOTALDEV", [](const D& d) { return Value(d.valueInCurrency); }},
       {"DATASCAD", [](const D& d) { return dateOrNull(d.dueDate); }},
       {"MODREG", [](const D& d) { return numberOrNull(d.paymentMode); }},
-      {"SERIE", [](const D& d) { return textOrNull(d.series); }}};
+      {"SERIE", [](const D& d) { return textOrNull(d.series); }},
+      {"NUMFACTR", [](const D& d) { return textOrNull(d.carrierInvoice); }},
+      {"FURTR", [](const D& d) { return numberOrNull(d.carrier); }},
+      {"TRANSTTI", [](const D& d) { return numberOrNull(d.transport); }}};
   return columns;
 }
 

@@ -50,6 +50,9 @@ struct LedgerDocument {
   QDate dueDate;                      ///< invalid: not written
   std::optional<qint64> paymentMode;  ///< MODREG
   QString series;
+  QString carrierInvoice = {};            ///< NUMFACTR, of an import
+  std::optional<qint64> carrier = {};     ///< FURTR
+  std::optional<Decimal> transport = {};  ///< TRANSTTI, in the document's currency
   std::vector<LedgerLine> lines;
 };
 

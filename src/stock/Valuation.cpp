@@ -59,6 +59,15 @@ ArticleFigures receivedByNote(ArticleFigures figures, const StockChange& change,
   return figures;
 }
 
+ArticleFigures imported(const ArticleFigures& before, const StockChange& change,
+                        const ValuationTerms& terms) {
+  ArticleFigures figures = receivedByNote(before, change, terms);
+  figures.COSTDEV = change.currencyCost;
+  if (terms.rate > 0)
+    figures.PRETDEVIZAVANZ = Round(withPercent(figures.COST, figures.ADAOS) / terms.rate, terms.decimals);
+  return figures;
+}
+
 ArticleFigures opened(ArticleFigures figures, const StockChange& change) {
   figures.STOC += change.quantity;
   figures.COST = change.unitCost;
@@ -102,6 +111,8 @@ ArticleFigures applied(const ArticleFigures& before, const StockChange& change, 
       return receivedByPrice(before, change, terms);
     case StockRule::ReceiptByNote:
       return receivedByNote(before, change, terms);
+    case StockRule::ReceiptByImport:
+      return imported(before, change, terms);
     case StockRule::Opening:
       return opened(before, change);
     case StockRule::Storno:
@@ -121,7 +132,9 @@ std::vector<ArticleChange> changesOfArticles(const std::vector<StockChange>& cha
     const ArticleFigures& before = articles.of(change.article).figures;
     auto found = figures.find(change.article.toUpper());
     if (found == figures.end()) found = figures.insert(change.article.toUpper(), before);
-    terms.rate = change.rule == StockRule::ReceiptByPrice ? rates.value(before.CODDEVIZAVANZ) : Decimal(0);
+    const bool hasRate =
+        change.rule == StockRule::ReceiptByPrice || change.rule == StockRule::ReceiptByImport;
+    terms.rate = hasRate ? rates.value(before.CODDEVIZAVANZ) : Decimal(0);
     onlyIssues = onlyIssues && change.rule == StockRule::Issue;
     *found = applied(*found, change, terms);
   }
@@ -131,7 +144,7 @@ std::vector<ArticleChange> changesOfArticles(const std::vector<StockChange>& cha
     if (onlyIssues) {
       if (!f.FARASTOC) written.push_back({.code = code, .STOC = f.STOC});
     } else {
-      written.push_back({code, f.STOC, f.COST, f.ADAOS, f.PRETVFT, f.PRETVTTI, f.PRETDEVIZAVANZ});
+      written.push_back({code, f.STOC, f.COST, f.ADAOS, f.PRETVFT, f.PRETVTTI, f.PRETDEVIZAVANZ, f.COSTDEV});
     }
   }
   return written;

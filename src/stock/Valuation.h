@@ -12,6 +12,7 @@ enum class StockRule {
   ReceiptByMargin,  ///< input voucher: the sale price is computed from the new cost and the mark-up
   ReceiptByPrice,   ///< supplier invoice: the sale price is given and the mark-up is computed; also a return
   ReceiptByNote,    ///< receipt note: as ReceiptByPrice, without the price in currency, for every article
+  ReceiptByImport,  ///< import: as ReceiptByNote, with the price and the cost in currency
   Opening,          ///< opening stock: cost and sale price are the given ones
   Storno,           ///< goods of a turned invoice come back at the cost at which they left
   Issue             ///< only decreases the stock, except of articles without stock (FARASTOC)
@@ -24,7 +25,8 @@ struct StockChange {
   Decimal unitCost = {};   ///< lei; of receipts
   Decimal salePrice = {};  ///< lei, without VAT; of receipts
   StockRule rule = StockRule::ReceiptByMargin;
-  Decimal vatPercent = {};  ///< of the document; of a storno
+  Decimal vatPercent = {};    ///< of the document; of a storno
+  Decimal currencyCost = {};  ///< of one unit; of an import
 };
 
 /// Further inputs of the computation.

@@ -102,7 +102,7 @@ class ReceiptNoteRules : public KindRules {
   }
 
   static NoteRule received(const QString& stock, TotalledLines lines) {
-    return {.totals = {{stock}, lineValue, nullptr, lines},
+    return {.totals = {.accounts = {stock}, .amount = lineValue, .lines = lines},
             .journalParameter = "JURNIR",
             .perGroup = {{Side::Debit, {Account::From::Totals, stock}}}};
   }

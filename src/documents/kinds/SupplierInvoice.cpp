@@ -25,7 +25,6 @@ const QString kNameTheInvoice =
     QStringLiteral("Va rog introduceti in campul Observatii, numarul facturii de stornat.");
 const QString kVatWithoutRate =
     QStringLiteral("Liniile au TVA, dar cota TVA a facturii este 0 ! Validarea nu se poate efectua !");
-const QString kNoMethod = QStringLiteral("VA ROG SA ALEGETI METODA DE EVALUARE A STOCURILOR!");
 
 // Quantities of the negative lines, by article.
 QHash<QString, Decimal> returnedQuantities(const Document& document) {
@@ -108,16 +107,11 @@ class SupplierInvoiceRules : public KindRules {
   void readInputs(const Document& document, PlanInputs& inputs) const override {
     const auto returned = returnedQuantities(document);
     if (!returned.isEmpty()) inputs.receipt = lotsOfReceipt(document.header.text("OBS"), returned.keys());
-    for (const QString& code : articlesOf(document.lines)) {
-      const ArticleFacts* article = inputs.articles.find(code);
-      const QString currency = article ? article->figures.CODDEVIZAVANZ.trimmed() : QString();
-      if (!currency.isEmpty() && !inputs.rates.contains(currency))
-        inputs.rates.insert(currency, Curs(currency, document.date()));
-    }
+    readSaleRates(document, inputs);
   }
 
   Effects effects(const Document& document, const PlanInputs& inputs) const override {
-    if (inputs.costMethod.isEmpty()) throw RuleError(kNoMethod, "TCOST");
+    requireCostMethod(inputs);
     Effects effects;
     effects.lines = document.lines;
     effects.returned = CautaFF(inputs.receipt, returnedQuantities(document));

@@ -147,10 +147,11 @@ class PartnerControl : public HeaderControl {
     });
     connect(names_, &SearchCombo::settled, this, [this] { takeName(); });
     requireChoiceWhenLeft(names_);
-    if (field.column != kind.partnerColumn) return;
-    add_ = makeButton("cmdAdaugaTert1", {}, "Adaugare tert nou", "add-partner");
+    const bool isMain = field.column == kind.partnerColumn;
+    add_ = makeButton(isMain ? "cmdAdaugaTert1" : "cmdAdaugaTert3", {}, "Adaugare tert nou", "add-partner");
     add_->setParent(form);
     connect(add_, &QPushButton::clicked, this, [this] { openPartners(); });
+    if (!isMain) return;
     name_ = named(new ElidedLabel(form), QStringLiteral("Label2"));
   }
 
@@ -438,6 +439,7 @@ std::unique_ptr<HeaderControl> makeHeaderControl(const DocumentKind& kind, const
     case HeaderFieldType::Flag:
       return std::make_unique<FlagControl>(field, form);
     case HeaderFieldType::Currency:
+      if (!field.list.isEmpty()) return std::make_unique<CodeControl>(kind, field, currencies, form);
       return std::make_unique<ChoiceControl>(field, fillCurrencies, kShownCode, form);
     case HeaderFieldType::CostCentre:
       return std::make_unique<ChoiceControl>(

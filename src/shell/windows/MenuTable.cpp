@@ -19,6 +19,7 @@
 #include "documents/windows/frmGrilaCS.h"
 #include "documents/windows/frmGrilaFC2.h"
 #include "documents/windows/frmGrilaFF.h"
+#include "documents/windows/frmGrilaFFI.h"
 #include "documents/windows/frmGrilaNIR.h"
 #include "reports/windows/frmRapJTVA.h"
 #include "shell/Maintenance.h"
@@ -79,7 +80,7 @@ std::vector<MenuEntry> entries() {
 
       {"mnuCumparari", "&Cumparari", Opens::Menu, {}},
       {"mnuCumpFactura", "&Factura", Opens::One, "frmGrilaFF", make<frmGrilaFF>},
-      {"mnuCumpFacturaImport", "&Factura Import", Opens::One, "frmGrilaFFI", nullptr},
+      {"mnuCumpFacturaImport", "&Factura Import", Opens::One, "frmGrilaFFI", make<frmGrilaFFI>},
       {"mnuCumpNIR", "&N.I.R.", Opens::One, "frmGrilaNIR", make<frmGrilaNIR>},
       {"", "", Opens::Separator, {}},
       {"mnuBonIntr", "&Bon de intrare", Opens::One, "frmGRILABonIntr",
