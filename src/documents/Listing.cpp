@@ -47,12 +47,26 @@ Decimal printedTotal(const ListedDocument& document, const Decimal& rate) {
   return total;
 }
 
+// The currency in which amounts are printed, and what they are multiplied by for that; 0: they are printed as
+// stored.
+void addCurrency(Variables& variables, const ListingKind& kind, const ListedDocument& document,
+                 const ListingOptions& options) {
+  Decimal factor = leiRate(document, options);
+  QString currency = factor.isZero() ? document.currency : kLei;
+  if (kind.storesLei) {
+    const Decimal rate = document.header.first().decimal("CURS");
+    const bool inCurrency = options.foreign && !rate.isZero() && document.currency != kLei;
+    factor = inCurrency ? 1 / rate : Decimal(0);
+    if (!inCurrency) currency = kLei;
+  }
+  variables.add("MonedaTiparita", currency);
+  variables.add("CursLei", factor.toDouble());
+}
+
 void addSum(Variables& variables, const ListedDocument& document, const ListingOptions& options) {
   const Decimal rate = leiRate(document, options);
   const Decimal total = printedTotal(document, rate);
   QString currency = rate.isZero() ? document.currency : kLei;
-  variables.add("MonedaTiparita", currency);
-  variables.add("CursLei", rate.toDouble());
   variables.add("SumaDePlataLitere", SumaText(total, currency));
   variables.add("SumaDePlataCifre", total.toDouble());
   variables.add("ParamCHI", options.receipt);
@@ -99,6 +113,7 @@ ReportData listingData(const ListingKind& kind, const ListedDocument& document,
   for (const ListingBox& box : kind.boxes) variables.add(box.variable, options.boxes.value(box.variable));
   for (auto own = options.own.begin(); own != options.own.end(); ++own) variables.add(own.key(), own.value());
   if (kind.offersCurrency) variables.add("bDeviza", options.foreign);
+  if (kind.offersCurrency || kind.printsSum) addCurrency(variables, kind, document, options);
   if (kind.printsSum) addSum(variables, document, options);
   variables.addColumns(document.partner, kind.partner);
   return data;

@@ -27,6 +27,7 @@ struct ListingKind {
   QString preprinted = {};     ///< of the layout for a pre-printed form; empty: no such choice
   bool offersReceipt = false;  ///< CheckChitanta
   bool offersCurrency = false;
+  bool storesLei = false;  ///< amounts are stored in lei, also of a document in currency
   bool printsSum = false;  ///< total in figures and words, and the series of invoices
   bool choosesTarget =
       false;  ///< "Listare" first prints to a target chosen by the user, then shows the preview

@@ -75,7 +75,7 @@ class CustomerOrderRules : public OrderRules {
 
 ListingKind listingForm() {
   ListingKind paper{KindId::CustomerOrder, "frmLstCC", "Comenzi Clienti", "ComenziCLIFull"};
-  paper.offersCurrency = true;
+  paper.offersCurrency = paper.storesLei = true;
   paper.headerSql =
       "SELECT NUMCOM, CODCLI, BATVA1, OBS, DATACOM, DATALIV, CODDEV AS CODDEVIZA, CURS, CURS AS CURSANT "
       "FROM G_COMCLI WHERE NUMCOM = ?";

@@ -59,7 +59,7 @@ class SupplierOrderRules : public OrderRules {
 
 ListingKind listingForm() {
   ListingKind paper{KindId::SupplierOrder, "frmLstCF", "Comenzi Furnizori", "ComenziFurFull"};
-  paper.offersCurrency = true;
+  paper.offersCurrency = paper.storesLei = true;
   paper.headerSql =
       "SELECT NUMCOM, CODFUR, BATVA1, OBS, DATACOM, DATALIV, CODDEV AS CODDEVIZA, CURS, CURS AS CURSANT "
       "FROM G_COMFUR WHERE NUMCOM = ?";

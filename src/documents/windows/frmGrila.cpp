@@ -226,7 +226,12 @@ void frmGrila::buildLines() {
       new LineGrid("TDBGrid1", lineModel_, articleListWithCostOrPrice(kind.articleList), kind.window, this);
   lines_->setColumns(LineModel::gridColumns(kind));
   lines_->setMinimumHeight(fontMetrics().height() * kShortestLines);
-  lines_->setKeptInView("VALOARETTI", "DENUMIRE");
+  // The value stays in view; of an import, which has many columns, that of the goods.
+  const auto keeps = [&kind](const QString& field) { return velmar::lineColumn(kind, field) != nullptr; };
+  lines_->setKeptInView(keeps("VALOARETTI") ? "VALOARETTI"
+                        : keeps("VALOARE")  ? "VALOARE"
+                                            : "VALOAREFT",
+                        "DENUMIRE");
   lines_->setEmptyText(kind.hasDraft ? "Liniile se adauga dupa salvarea antetului."
                                      : "Se arata liniile documentului ales din lista.");
   connect(lines_, &LineGrid::refusedByStore, this, [this] {

@@ -42,6 +42,13 @@ class Layouts : public ::testing::Test {
     ExecutaSql("INSERT INTO G_BONCON (NUMAE, CODCLI, BATVA1, DATAAE) VALUES ('1', 5, 19, '2026-03-15')");
     ExecutaSql("INSERT INTO G_BONINT (NUMNR, CODFUR, BATVA, DATANR) VALUES ('1', 5, 19, '2026-03-15')");
     ExecutaSql("INSERT INTO G_FACFUR (NUMFAC, CODFUR, BATVA1, DATAFAC) VALUES ('1', 5, 77, '2026-03-15')");
+    ExecutaSql("INSERT INTO G_AECLI (NUMAE, CODCLI, BATVA1, DATAAE) VALUES ('1', 5, 19, '2026-03-15')");
+    ExecutaSql("INSERT INTO G_PROFOR (NUMPF, CODCLI, BATVA, DATAPF) VALUES ('1', 5, 19, '2026-03-15')");
+    ExecutaSql("INSERT INTO G_COMCLI (NUMCOM, CODCLI, BATVA1, DATACOM) VALUES ('1', 5, 19, '2026-03-15')");
+    ExecutaSql("INSERT INTO G_COMFUR (NUMCOM, CODFUR, BATVA1, DATACOM) VALUES ('1', 5, 19, '2026-03-15')");
+    ExecutaSql("INSERT INTO G_FACIMP (NUMFAC, CODFUR, BATVA, DATAFAC) VALUES ('1', 5, 77, '2026-03-15')");
+    ExecutaSql("INSERT INTO G_NRFURN (NUMNR, CODFUR, BATVA, DATANR) VALUES ('1', 5, 19, '2026-03-15')");
+    ExecutaSql("INSERT INTO G_TRANSFER (NUMAE, DATAAE, DESTMAGAZIE) VALUES ('1', '2026-03-15', 1)");
     ExecutaSql(
         "INSERT INTO G_DOCUME (ID, TIP, CODTERT, DATADOC, TOTALFT, TOTALTVA) VALUES "
         "('FC1', 'FC', 5, '2026-03-15', 100, 21), ('FF1', 'FF', 5, '2026-03-15', 10, 2.1)");
@@ -49,7 +56,10 @@ class Layouts : public ::testing::Test {
 
   static ReportData listed(const QString& prefix) {
     const ListingKind& kind = listingKind(prefix);
-    return listingData(kind, readListed(kind, "1"), {});
+    ListingOptions options;
+    if (prefix == "FS")
+      options.own = {{"NumarFactura", "1"}, {"NumarStorno", "2"}, {"DataStorno", QDate(2026, 3, 16)}};
+    return listingData(kind, readListed(kind, "1"), options);
   }
 
   QString path(const QString& project) const {
@@ -81,6 +91,17 @@ TEST_F(Layouts, UseOnlyNamesOfTheirData) {
   expectSound("BonConsumFull", listed("BC"));
   expectSound("BonIntrare", listed("BI"));
   expectSound("NIR_FF", listed("FF"));
+  for (const auto& [project, prefix] : {std::pair{"AEFull", "AE"},
+                                        {"AE", "AE"},
+                                        {"ProformaFull", "PR"},
+                                        {"ComenziCLIFull", "CC"},
+                                        {"ComenziFurFull", "CF"},
+                                        {"NIR", "NR"},
+                                        {"FacturiImportFull", "FI"},
+                                        {"BonTransfer", "BT"},
+                                        {"FacturiCLIFull_STORNO", "FS"},
+                                        {"FacturiCLI_STORNO", "FS"}})
+    expectSound(project, listed(prefix));
   const VatPeriod year{QDate(2026, 1, 1), QDate(2026, 12, 31)};
   expectSound("Jvtva", journalReport(salesJournal(), year, 1));
   expectSound("Jctva", journalReport(purchaseJournal(), year, 1));
