@@ -146,6 +146,12 @@ ArticleList articleListWithCostOrPrice(const QString& kind) {
   return {{}, true, ArticleList::Amount::SalePrice};
 }
 
+ArticleList articleListWithPrice(bool alsoProducts) {
+  const QString held = QStringLiteral("FARASTOC = 0");
+  return {alsoProducts ? held : QStringLiteral("PROVENIENTA = 'M' AND ") + held, true,
+          ArticleList::Amount::SalePrice};
+}
+
 std::vector<ListEntry> currencies() {
   std::vector<ListEntry> entries;
   for (const Row& row : OpenRs("SELECT COD, TITLU FROM kt_val ORDER BY COD"))

@@ -62,6 +62,8 @@ ArticleList articleList(const QString& kind);
 /// "TR": articles with stock and their cost; "M": the same with the sale price; any other kind: all articles
 /// with the sale price.
 ArticleList articleListWithCostOrPrice(const QString& kind);
+/// Goods held in stock, or all articles held in stock, with their sale price.
+ArticleList articleListWithPrice(bool alsoProducts);
 
 /// At most `limit` articles whose name, code or supplier's code contains the typed text, case insensitive:
 /// first those whose name or code begins with it, then the others, both sorted by name. For an empty text,

@@ -64,9 +64,9 @@ QString shownHeaderText(HeaderFieldType type, const Row& header, const QString& 
 QString newHeaderText(const DocumentKind& kind, const HeaderField& field) {
   switch (field.type) {
     case HeaderFieldType::Date:
+    case HeaderFieldType::DeliveryDate:
       return clock::today().toString(Qt::ISODate);
     case HeaderFieldType::DueDate:
-    case HeaderFieldType::DeliveryDate:
       return clock::today().addMonths(1).toString(Qt::ISODate);
     case HeaderFieldType::PaymentMode:
       return {};

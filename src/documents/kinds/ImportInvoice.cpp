@@ -231,13 +231,17 @@ Check numberNegative(const QString& column, const QString& caption) {
 }
 
 void describeImportChecks(DocumentKind& kind) {
+  // An empty rate has a message of its own.
+  const auto hasRate = [](const Document& document) {
+    return !document.typed().text("CURSVALUTA").isEmpty();
+  };
   kind.headerChecks = {
       numberEmpty(kind, "facturii"),
       supplierEmpty(kind),
       partnerEmpty("CODFURTR", "furnizorului de servicii transport"),
       fieldEmpty("CODVALUTA", "Va rugam completati codul valutei ! Salvarea nu se poate efectua !"),
-      numberMissing("CURSVALUTA", "Curs valutar"),
-      numberNegative("CURSVALUTA", "Curs valutar"),
+      onlyFor(hasRate, numberMissing("CURSVALUTA", "Curs valutar")),
+      onlyFor(hasRate, numberNegative("CURSVALUTA", "Curs valutar")),
       numberMissing("BATVA", "Cota TVA"),
       numberNegative("BATVA", "Cota TVA"),
       numberMissing("COTATRANSP", "Procent transport"),

@@ -22,6 +22,9 @@ class LineGrid : public EntryGrid {
   /// Enter in a cell of the column moves to the next line, for users who only scan codes and type quantities.
   void setLastColumn(const QString& field) { lastColumn_ = field; }
 
+  /// The articles from which names are picked.
+  void setArticles(const ArticleList& articles) { articles_ = articles; }
+
   /// Moves to the empty row and opens its first cell.
   void startNewLine();
 

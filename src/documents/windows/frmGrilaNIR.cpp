@@ -6,6 +6,7 @@
 
 #include "documents/LineSource.h"
 #include "documents/windows/HeaderForm.h"
+#include "documents/windows/LineGrid.h"
 #include "util/Messages.h"
 #include "util/windows/Controls.h"
 
@@ -37,9 +38,10 @@ frmGrilaNIR::frmGrilaNIR(QWidget* parent) : frmGrila(QStringLiteral("NR"), paren
 
 bool frmGrilaNIR::isReturn() { return header()->texts().value(kReturn) == kTicked; }
 
-// A return is chosen before there are lines, and not for opening stock.
+// A return is chosen before there are lines, and not for opening stock, which may be of products too.
 void frmGrilaNIR::enableReturn() {
   const bool isOpening = header()->texts().value("STOCINITIAL") == kTicked;
+  lines()->setArticles(articleListWithPrice(isOpening));
   header()->setFieldEnabled(kReturn, editor().lines().empty() && !isOpening);
 }
 
