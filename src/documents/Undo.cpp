@@ -26,12 +26,20 @@ std::vector<ValidatedDocument::Line> readLines(const QString& key) {
   return lines;
 }
 
-// The other ways by which goods left the receipt that returns to a supplier refer to.
+// The receipt that the negative lines took from: that named in the remark; of a storno, the turned invoice.
+QString takenReceipt(const ValidatedDocument& document) {
+  const QString remark = document.remark.trimmed();
+  return document.key.kind == KindId::Storno && !remark.isEmpty()
+             ? LedgerKey{KindId::CustomerInvoice, remark}.text()
+             : remark;
+}
+
+// The other ways by which goods left that receipt.
 void readReturns(ValidatedDocument& document) {
   QStringList articles;
   for (const auto& line : document.lines)
     if (line.quantity.isNegative()) articles.append(line.article);
-  const QString receipt = document.remark.trimmed();
+  const QString receipt = takenReceipt(document);
   if (!ledgerKind(document.key.kind).receives || articles.isEmpty() || receipt.isEmpty()) return;
   document.receipt = lotsOfReceipt(receipt, articles);
   if (document.receipt.empty()) return;

@@ -4,9 +4,11 @@
 
 #include "config/Session.h"
 #include "documents/DocumentEditor.h"
+#include "documents/LineSource.h"
 #include "stock/Availability.h"
 #include "store/Database.h"
 #include "util/Clock.h"
+#include "util/Messages.h"
 
 namespace velmar {
 
@@ -23,6 +25,17 @@ constexpr int kForeignEvery = 17;  // sales
 constexpr auto kVatOfSales = "2";
 
 using Texts = QHash<QString, QString>;
+
+// Answers the questions that a user would be asked with yes.
+class Willing : public MessageSink {
+ public:
+  Willing() : previous_(setMessageSink(this)) {}
+  ~Willing() override { setMessageSink(previous_); }
+  int show(const Message& message) override { return message.buttons & kYesNo ? kResultYes : kResultOk; }
+
+ private:
+  MessageSink* previous_;
+};
 
 class SampleTrade {
  public:
@@ -105,7 +118,60 @@ class SampleTrade {
     validate(editor);
   }
 
+  // One article from the order to its supplier to the invoice and its storno, with all kinds of documents.
+  void chain(const QDate& date) {
+    const QString article = catalogue_.goods.first();
+    const QString supplier = pick(catalogue_.suppliers, 0), customer = pick(catalogue_.customers, 1);
+    enter("CF", date, {{"NUMCOM", "501"}, {"CODFUR", supplier}}, {article, "40", "PRETFT", "6"});
+    from("NR", date, {{"NUMNR", "601"}, {"CODFUR", supplier}}, KindId::SupplierOrder, "501", "25");
+    from("NR", date, {{"NUMNR", "602"}, {"CODFUR", supplier}}, KindId::SupplierOrder, "501", {});
+    enter("PR", date, {{"NUMPF", "701"}, {"CODCLI", customer}}, {article, "6", {}, {}});
+    enter("CC", date, {{"NUMCOM", "801"}, {"CODCLI", customer}}, {article, "6", {}, {}});
+    const QString invoice =
+        from("FC", date, {{"CODCLI", customer}, {"BATVA1", kVatOfSales}}, KindId::CustomerOrder, "801", {});
+    enter("AE", date, {{"NUMAE", "901"}, {"CODCLI", customer}}, {article, "10", {}, {}});
+    from("FC", date, {{"CODCLI", customer}, {"BATVA1", kVatOfSales}}, KindId::DeliveryNote, "901", "4");
+    from("NR", date, {{"NUMNR", "603"}, {"CODFUR", supplier}}, KindId::DeliveryNote, "901", "1");
+    from("FC", date, {{"CODCLI", customer}, {"BATVA1", kVatOfSales}}, KindId::DeliveryNote, "901", {});
+    enter("BT", date, {{"NUMAE", "951"}, {"DESTMAGAZIE", "2"}}, {article, "5", {}, {}});
+    enter("FI", date,
+          {{"NUMFAC", "E77"},
+           {"CODFUR", supplier},
+           {"CODFURTR", supplier},
+           {"CODVALUTA", "EUR"},
+           {"CURSVALUTA", "4,975"}},
+          {article, "20", "PRETVAL", "1,2"});
+    DocumentEditor storno("FS");
+    storno.open(invoice);
+    validate(storno);
+  }
+
  private:
+  struct Line {
+    QString article, quantity, priceColumn, price;
+  };
+
+  static void enter(const QString& prefix, const QDate& date, const Texts& header, const Line& line) {
+    DocumentEditor editor(prefix);
+    begin(editor, date, header);
+    editor.setArticle(0, line.article);
+    editor.setNumber(0, "CANT", line.quantity);
+    if (!line.priceColumn.isEmpty()) editor.setNumber(0, line.priceColumn, line.price);
+    validate(editor);
+  }
+
+  // Enters a document from another one; an empty quantity takes all. Returns its number.
+  static QString from(const QString& prefix, const QDate& date, const Texts& header, KindId source,
+                      const QString& number, const QString& quantity) {
+    DocumentEditor editor(prefix);
+    begin(editor, date, header);
+    for (const LineSource* offered : editor.kind().sources)
+      if (offered->kind() == source) editor.addLines(*offered, number, editor.headerTexts());
+    if (!quantity.isEmpty()) editor.setNumber(0, "CANT", quantity);
+    validate(editor);
+    return editor.number();
+  }
+
   struct Stock {
     QStringList codes;
     Quantities quantities;
@@ -204,6 +270,8 @@ void addSampleDocuments(const SampleCatalogue& catalogue) {
   SampleTrade trade(catalogue);
   Transaction transaction(database());  // one transaction for all: nobody else uses the company yet
   for (const Planned& document : plan) (trade.*document.enter)(document.number, document.date);
+  const Willing willing;
+  trade.chain(last);
   transaction.commit();
 }
 

@@ -60,6 +60,15 @@ equal(note("1"), ["IM 401 -135 -30 1", "IM 371 135 30 0", "IM 401 -13.5 -3 4", "
                   "IM 446 -35.28 0 0", "IM 371 5.94 0 0", "IM 4426 29.34 0 0"], "three notes");
 equal(call("disagreementText"), "", "all agrees");
 
+// An empty rate has its own sentence.
+w.type("txtFields(0)", "3");
+w.pick("DataCombo1", "FURNIZOR UNU SRL");
+w.pick("DataCombo3", "TRANSPORT SRL");
+w.type("txtFields(2)", "EUR");
+w.type("txtFields(3)", "");
+press("cmdSalvare", "OK");
+equal(said(), "Va rugam completati cursul devizei ! Salvarea nu se poate efectua !", "no rate");
+
 // By hand: 1.11 + 1.11 at 4.5 are 4.995 and 4.995: the two rounded halves are not the whole.
 started("2", "0");
 lines.addLine("M1", "1");

@@ -45,6 +45,7 @@ class SampleCompanyTest : public testing::Test {
     EXPECT_EQ(count("G_FACCLI WHERE VALIDAT = 0"), 0);
     EXPECT_GE(count("G_BONCASA WHERE VALIDAT <> 0"), 50);
     EXPECT_LE(count("G_BONCASA WHERE VALIDAT = 0"), 1);
+    EXPECT_EQ(count("(SELECT DISTINCT TIP FROM G_DOCUME) K"), 13);  // all kinds
   }
 
   QTemporaryDir place_;

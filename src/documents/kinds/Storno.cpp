@@ -78,7 +78,7 @@ class StornoRules : public KindRules {
     copy.unitCostInCurrency = inCurrency(copy.unitCost);
     copy.costInCurrency = inCurrency(copy.cost);
     copy.vatPercent = vatPercent;
-    copy.rest = copy.quantity.isNegative() ? Decimal(0) : copy.quantity;
+    if (!copy.quantity.isNegative()) copy.rest = copy.quantity;
     return copy;
   }
 

@@ -1,5 +1,6 @@
 #include "documents/windows/LineModel.h"
 
+#include "documents/LineSource.h"
 #include "util/NumberText.h"
 #include "util/windows/Look.h"
 
@@ -70,6 +71,14 @@ int LineModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(columns_.size());
 }
 
+// Locked for all lines, or because of where the line came from.
+bool LineModel::isLocked(const QModelIndex& index) const {
+  const LineColumn& column = lineColumn(index.column());
+  if (column.entry == LineEntry::Locked || isNewRow(index.row())) return column.entry == LineEntry::Locked;
+  const LineSource* source = sourceOf(editor_.kind(), editor_.lines()[static_cast<size_t>(index.row())]);
+  return source && !source->isOpen(column.field);
+}
+
 QVariant LineModel::shownValue(const QModelIndex& index) const {
   const Row& line = editor_.lines()[static_cast<size_t>(index.row())];
   const LineColumn& column = lineColumn(index.column());
@@ -97,11 +106,11 @@ QVariant LineModel::data(const QModelIndex& index, int role) const {
       return {};
     case Qt::BackgroundRole:
       if (marked != LineMark::None) return lineColours(marked).back;
-      if (!empty && lineColumn(index.column()).entry == LineEntry::Locked) return gCuloareInfo();
+      if (!empty && isLocked(index)) return gCuloareInfo();
       return {};
     case Qt::ForegroundRole:
       if (marked != LineMark::None) return lineColours(marked).text;
-      if (lineColumn(index.column()).entry == LineEntry::Locked) return gCuloareInfoText();
+      if (isLocked(index)) return gCuloareInfoText();
       return {};
     default:
       return {};

@@ -57,6 +57,7 @@ class LineModel : public QAbstractTableModel {
  private:
   void setArticle(int row, const QString& code, const QString& listText, bool bySupplierCode);
   void changed(int row);
+  bool isLocked(const QModelIndex& index) const;
   QVariant shownValue(const QModelIndex& index) const;
 
   DocumentEditor& editor_;
