@@ -30,7 +30,7 @@ constexpr int kColumns = 7;
 void printOurs(const QString& number, const QString& path) {
   const ListingKind& kind = listingKind(QStringLiteral("FC"));
   const QString file = listingFile(kind, {});
-  const ReportJob job(file, layout::load(file), listingData(kind, readListed(kind, number), {}));
+  const ReportJob job(file, layout::load(file), listingData(kind, readListed({&kind, number}), {}));
   writePdf(path, {}, job, nullptr);
 }
 

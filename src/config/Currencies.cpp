@@ -59,4 +59,6 @@ Recordset ratesOf(const QString& currency, const QDate& day) {
   return OpenRs(kRates.arg(QStringLiteral(" AND DATA = ?"), QString()), {currency, day});
 }
 
+bool ROL() { return !OpenRs("SELECT TITLU FROM kt_val WHERE COD = 'ROL' AND TITLU = 'LEI VECHI'").isEmpty(); }
+
 }  // namespace velmar

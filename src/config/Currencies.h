@@ -24,4 +24,8 @@ Recordset newestRates(const QString& currency, const std::optional<int>& count =
 /// The rates of one day, the valid one first.
 Recordset ratesOf(const QString& currency, const QDate& day);
 
+/// Whether the company's amounts went through the denomination of 2005: all are in new lei. A new company is
+/// marked so too.
+bool ROL();
+
 }  // namespace velmar

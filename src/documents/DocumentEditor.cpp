@@ -50,16 +50,11 @@ QString DocumentEditor::newDocument() {
 }
 
 void DocumentEditor::fillNewHeader(const ProposedNumber& proposed) {
-  header_ = companyTable(kind_.headerTable).emptyRow();
-  header_.set("Magazie", session().gMagazie);
-  if (header_.has("SERIE")) header_.set("SERIE", seriesOf(kind_));
+  header_ = emptyHeader(kind_);
   QHash<QString, QString> texts;
   for (const HeaderField& field : kind_.headerFields) {
     const QString before = typed_.texts().value(field.key());
     texts.insert(field.key(), field.keeps && !before.isEmpty() ? before : newHeaderText(kind_, field));
-    // The payment method is not shown until it is chosen, but it has a default.
-    if (field.type == HeaderFieldType::PaymentMode)
-      header_.set(field.column, storedHeaderValue(field.type, field.initial));
   }
   texts.insert(kind_.numberColumn, proposed.number);
   typed_ = TypedHeader(kind_, texts);

@@ -180,8 +180,9 @@ struct DocumentKind {
   QList<LineColumn> lineColumns;
   QString articleList;  ///< kind of articleListWithCostOrPrice that fills the name cells
   KindTexts texts;
-  std::optional<ListingKind> paper;  ///< the listing form; empty: it cannot be printed yet
-  const KindRules* rules = nullptr;  ///< null: it cannot be entered yet
+  std::optional<ListingKind> paper;    ///< the listing form; empty: it cannot be printed yet
+  std::optional<ListingKind> reprint;  ///< the listing form once it is validated; empty: the same
+  const KindRules* rules = nullptr;    ///< null: it cannot be entered yet
 
   /// The first header field of that type; null when there is none.
   const HeaderField* field(HeaderFieldType type) const {

@@ -2,6 +2,9 @@
 
 #include "config/Lists.h"
 #include "config/Lookups.h"
+#include "config/Session.h"
+#include "documents/Numbering.h"
+#include "store/Schema.h"
 #include "util/Clock.h"
 #include "util/NumberText.h"
 
@@ -75,6 +78,17 @@ QString newHeaderText(const DocumentKind& kind, const HeaderField& field) {
     default:
       return field.initial;
   }
+}
+
+Row emptyHeader(const DocumentKind& kind) {
+  Row header = companyTable(kind.headerTable).emptyRow();
+  header.set("Magazie", session().gMagazie);
+  if (header.has("SERIE")) header.set("SERIE", seriesOf(kind));
+  // The payment method is not shown until it is chosen, but it has a default.
+  for (const HeaderField& field : kind.headerFields)
+    if (field.type == HeaderFieldType::PaymentMode)
+      header.set(field.column, storedHeaderValue(field.type, field.initial));
+  return header;
 }
 
 QHash<QString, QString> shownHeader(const DocumentKind& kind, const Row& header,

@@ -15,6 +15,9 @@ QString shownHeaderText(HeaderFieldType type, const Row& header, const QString& 
 /// The text of the field in a new document.
 QString newHeaderText(const DocumentKind& kind, const HeaderField& field);
 
+/// The header of a new document to which nothing was typed yet: working warehouse, series, method of payment.
+Row emptyHeader(const DocumentKind& kind);
+
 /// The texts of a stored header, by HeaderField::key(), dates in ISO format. A field that is not stored has
 /// the text of a new document or, if it keeps its value, that in `before`.
 QHash<QString, QString> shownHeader(const DocumentKind& kind, const Row& header,

@@ -27,10 +27,18 @@ const QString kReturnedUnnamed = QStringLiteral(
 
 const QString kHeldArticles = QStringLiteral("SELECT CODART FROM G_ARTMAG WHERE FARASTOC = 0");
 
+// What a statement finds: PLACE, and if that is not the key of the place, the key as TARGET.
+struct Found {
+  Place place;
+  Correction correction = Correction::None;
+};
+
 class Finder {
  public:
-  void find(const QString& what, const QString& sql) {
-    for (const Row& row : OpenRs(sql)) found_.push_back({what, row.text("PLACE")});
+  void find(const QString& what, const Found& found, const QString& sql) {
+    for (const Row& row : OpenRs(sql))
+      found_.push_back({what, row.text("PLACE"), found.place,
+                        row.text(row.has("TARGET") ? "TARGET" : "PLACE"), found.correction});
   }
   std::vector<Disagreement> found() && { return std::move(found_); }
 
@@ -40,7 +48,7 @@ class Finder {
 
 void findStock(Finder& finder) {
   finder.find(
-      QStringLiteral("Stocul articolului difera de documente"),
+      QStringLiteral("Stocul articolului difera de documente"), {Place::Article, Correction::StockAndNotes},
       QStringLiteral("SELECT A.CODART AS PLACE FROM G_ARTMAG A LEFT JOIN (%1) S ON S.ARTID = A.CODART "
                      "WHERE A.FARASTOC = 0 AND ROUND_EVEN(COALESCE(A.STOC, 0) - COALESCE(S.CANT, 0), 3) "
                      "<> 0 ORDER BY A.CODART")
@@ -48,14 +56,15 @@ void findStock(Finder& finder) {
 }
 
 void findWarehouseStock(Finder& finder) {
-  finder.find(
-      QStringLiteral("Stocul din magazie difera de documente"),
-      QStringLiteral("SELECT S.ARTID || ' ' || S.CODMAG AS PLACE FROM (SELECT M.ARTID AS ARTID, M.CODMAG "
-                     "AS CODMAG, SUM(M.CANT) AS CANT FROM (%1 UNION ALL SELECT B.ARTID AS ARTID, "
-                     "B.CODMAG AS CODMAG, -B.CANT AS CANT FROM G_STOCMAG B) M "
-                     "GROUP BY M.ARTID, M.CODMAG) S WHERE ROUND_EVEN(S.CANT, 3) <> 0 "
-                     "ORDER BY S.ARTID, S.CODMAG")
-          .arg(stockOfLedger()));
+  finder.find(QStringLiteral("Stocul din magazie difera de documente"),
+              {Place::Article, Correction::WarehouseStock},
+              QStringLiteral("SELECT S.ARTID || ' ' || S.CODMAG AS PLACE, S.ARTID AS TARGET FROM (SELECT "
+                             "M.ARTID AS ARTID, M.CODMAG "
+                             "AS CODMAG, SUM(M.CANT) AS CANT FROM (%1 UNION ALL SELECT B.ARTID AS ARTID, "
+                             "B.CODMAG AS CODMAG, -B.CANT AS CANT FROM G_STOCMAG B) M "
+                             "GROUP BY M.ARTID, M.CODMAG) S WHERE ROUND_EVEN(S.CANT, 3) <> 0 "
+                             "ORDER BY S.ARTID, S.CODMAG")
+                  .arg(stockOfLedger()));
 }
 
 // A shortage has lines like a receipt's, but they are no lots.
@@ -63,7 +72,7 @@ const QString kNoShortage =
     QStringLiteral(" AND L.DOCID NOT IN (SELECT N.ID FROM G_DOCUME N WHERE N.TIP = 'NR' AND N.TIPIE = 'E')");
 
 void findLots(Finder& finder) {
-  finder.find(QStringLiteral("Loturile articolului difera de documente"),
+  finder.find(QStringLiteral("Loturile articolului difera de documente"), {Place::Article, Correction::Lots},
               QStringLiteral(
                   "SELECT S.ARTID AS PLACE FROM (%1) S LEFT JOIN (SELECT L.ARTID AS ARTID, "
                   "SUM(L.CANTRAMASA) AS CANT FROM G_LDOCUM L WHERE %2 GROUP BY L.ARTID) R "
@@ -71,53 +80,115 @@ void findLots(Finder& finder) {
                   "ROUND_EVEN(S.CANT + COALESCE(B.CANT, 0) - COALESCE(R.CANT, 0), 3) <> 0 ORDER BY S.ARTID")
                   .arg(kLedgerStock, makesLot(), kHeldArticles, kReturnedUnnamed));
   // The used part of a lot equals the issues and the returns to its supplier.
+  finder.find(QStringLiteral("Legaturile cu intrarea difera de cantitatea consumata"), {Place::Document},
+              QStringLiteral(
+                  "SELECT G.DOCID || ' ' || G.ARTID AS PLACE, G.DOCID AS TARGET FROM (SELECT L.DOCID AS "
+                  "DOCID, L.ARTID AS ARTID, "
+                  "SUM(ABS(L.CANT) - L.CANTRAMASA) AS CANT FROM G_LDOCUM L WHERE %1 "
+                  "GROUP BY L.DOCID, L.ARTID) G "
+                  "LEFT JOIN (SELECT ID_I, CODART, SUM(CANT) AS CANT FROM G_I_E GROUP BY ID_I, CODART) E "
+                  "ON E.ID_I = G.DOCID AND E.CODART = G.ARTID "
+                  "LEFT JOIN (SELECT TRIM(D.OBS) AS DOCID, L.ARTID AS ARTID, -SUM(L.CANT) AS CANT "
+                  "FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID WHERE D.TIP = 'FF' AND L.CANT < 0 "
+                  "GROUP BY TRIM(D.OBS), L.ARTID) B ON B.DOCID = G.DOCID AND B.ARTID = G.ARTID "
+                  "WHERE ROUND_EVEN(G.CANT - COALESCE(E.CANT, 0) - COALESCE(B.CANT, 0), 3) <> 0 "
+                  "ORDER BY G.DOCID, G.ARTID")
+                  .arg(makesLot() + kNoShortage));
   finder.find(
-      QStringLiteral("Legaturile cu intrarea difera de cantitatea consumata"),
-      QStringLiteral(
-          "SELECT G.DOCID || ' ' || G.ARTID AS PLACE FROM (SELECT L.DOCID AS DOCID, L.ARTID AS ARTID, "
-          "SUM(ABS(L.CANT) - L.CANTRAMASA) AS CANT FROM G_LDOCUM L WHERE %1 "
-          "GROUP BY L.DOCID, L.ARTID) G "
-          "LEFT JOIN (SELECT ID_I, CODART, SUM(CANT) AS CANT FROM G_I_E GROUP BY ID_I, CODART) E "
-          "ON E.ID_I = G.DOCID AND E.CODART = G.ARTID "
-          "LEFT JOIN (SELECT TRIM(D.OBS) AS DOCID, L.ARTID AS ARTID, -SUM(L.CANT) AS CANT "
-          "FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID WHERE D.TIP = 'FF' AND L.CANT < 0 "
-          "GROUP BY TRIM(D.OBS), L.ARTID) B ON B.DOCID = G.DOCID AND B.ARTID = G.ARTID "
-          "WHERE ROUND_EVEN(G.CANT - COALESCE(E.CANT, 0) - COALESCE(B.CANT, 0), 3) <> 0 "
-          "ORDER BY G.DOCID, G.ARTID")
-          .arg(makesLot() + kNoShortage));
-  finder.find(
-      QStringLiteral("Legaturile iesirii difera de cantitatea ei"),
-      QStringLiteral(
-          "SELECT L.DOCID || ' ' || L.ARTID AS PLACE FROM (SELECT I.DOCID AS DOCID, I.ARTID AS ARTID, "
-          "SUM(I.CANT) AS CANT FROM G_LDOCUM I WHERE I.CANT > 0 GROUP BY I.DOCID, I.ARTID) L "
-          "INNER JOIN G_DOCUME D "
-          "ON D.ID = L.DOCID LEFT JOIN (SELECT TIP_E, ID_E, CODART, SUM(CANT) AS CANT FROM G_I_E "
-          "GROUP BY TIP_E, ID_E, CODART) E ON D.ID = E.TIP_E || E.ID_E AND E.CODART = L.ARTID "
-          "WHERE D.TIPIE = 'E' AND D.TIP IN (%2) AND L.ARTID IN (%1) "
-          "AND ROUND_EVEN(L.CANT - COALESCE(E.CANT, 0), 3) <> 0 ORDER BY L.DOCID, L.ARTID")
+      QStringLiteral("Legaturile iesirii difera de cantitatea ei"), {Place::Document},
+      QStringLiteral("SELECT L.DOCID || ' ' || L.ARTID AS PLACE, L.DOCID AS TARGET FROM (SELECT I.DOCID AS "
+                     "DOCID, I.ARTID AS ARTID, "
+                     "SUM(I.CANT) AS CANT FROM G_LDOCUM I WHERE I.CANT > 0 GROUP BY I.DOCID, I.ARTID) L "
+                     "INNER JOIN G_DOCUME D "
+                     "ON D.ID = L.DOCID LEFT JOIN (SELECT TIP_E, ID_E, CODART, SUM(CANT) AS CANT FROM G_I_E "
+                     "GROUP BY TIP_E, ID_E, CODART) E ON D.ID = E.TIP_E || E.ID_E AND E.CODART = L.ARTID "
+                     "WHERE D.TIPIE = 'E' AND D.TIP IN (%2) AND L.ARTID IN (%1) "
+                     "AND ROUND_EVEN(L.CANT - COALESCE(E.CANT, 0), 3) <> 0 ORDER BY L.DOCID, L.ARTID")
           .arg(kHeldArticles, prefixesOf(&LedgerKind::takesLots)));
 }
 
+// What is left of the lines of a kind from which other documents take.
+struct Remainder {
+  KindId kind;
+  const char *headers, *lines, *number, *column;
+  const char* rest;    // what the column should be, from the quantity S.CANT and what was taken, T.CANT
+  const char* closed;  // flag of the header; "" when there is none
+  bool isNote;
+
+  QString sql(QString text) const {
+    const QString prefix = ledgerKind(kind).prefix;
+    const QString behind = prefix.left(1) + QChar(prefix[1].unicode() + 1);
+    return text.replace(QStringLiteral("{rest}"), QLatin1String(rest))
+        .replace(QStringLiteral("{key}"), keyExpression(kind, QStringLiteral("S.{number}")))
+        .replace(QStringLiteral("{prefix}"), prefix)
+        .replace(QStringLiteral("{behind}"), behind)
+        .replace(QStringLiteral("{headers}"), QLatin1String(headers))
+        .replace(QStringLiteral("{lines}"), QLatin1String(lines))
+        .replace(QStringLiteral("{number}"), QLatin1String(number))
+        .replace(QStringLiteral("{column}"), QLatin1String(column))
+        .replace(QStringLiteral("{closed}"), QLatin1String(closed));
+  }
+};
+
+constexpr const char* kLeftOfNote = "(S.CANT - COALESCE(T.CANT, 0))";
+constexpr const char* kLeftOfOrder =
+    "(CASE WHEN COALESCE(T.CANT, 0) > S.CANT THEN 0 ELSE S.CANT - COALESCE(T.CANT, 0) END)";
+constexpr const char* kDelivered =
+    "(CASE WHEN COALESCE(T.CANT, 0) > S.CANT THEN S.CANT ELSE COALESCE(T.CANT, 0) END)";
+constexpr Remainder kRemainders[] = {
+    {KindId::DeliveryNote, "G_AECLI", "G_LAECLI", "NUMAE", "CANTRAMAS", kLeftOfNote, "FACTURAT", true},
+    {KindId::SupplierOrder, "G_COMFUR", "G_LCOMFU", "NUMCOM", "CANTRLIV", kLeftOfOrder, "SOLDAT", false},
+    {KindId::CustomerOrder, "G_COMCLI", "G_LCOMCL", "NUMCOM", "CANTLIV", kDelivered, "", false}};
+
 // Under every cost method: what is left of lots, notes and orders, and the links between documents.
 void findRemainders(Finder& finder) {
-  finder.find(QStringLiteral("Lotul are ramas mai putin decat nimic sau mai mult decat a intrat"),
-              QStringLiteral("SELECT L.DOCID || ' ' || L.ARTID AS PLACE FROM G_LDOCUM L WHERE %1 "
-                             "AND (L.CANTRAMASA < 0 OR L.CANTRAMASA > ABS(L.CANT)) ORDER BY L.DOCID, L.LINIE")
-                  .arg(makesLot()));
   finder.find(
-      QStringLiteral("Legatura cu o intrare sau o iesire care nu exista"),
-      QStringLiteral("SELECT COALESCE(E.TIP_E, '') || E.ID_E || ' ' || E.ID_I || ' ' || E.CODART AS PLACE "
+      QStringLiteral("Lotul are ramas mai putin decat nimic sau mai mult decat a intrat"), {Place::Document},
+      QStringLiteral("SELECT L.DOCID || ' ' || L.ARTID AS PLACE, L.DOCID AS TARGET FROM G_LDOCUM L WHERE %1 "
+                     "AND (L.CANTRAMASA < 0 OR L.CANTRAMASA > ABS(L.CANT)) ORDER BY L.DOCID, L.LINIE")
+          .arg(makesLot()));
+  finder.find(
+      QStringLiteral("Legatura cu o intrare sau o iesire care nu exista"), {Place::Document},
+      QStringLiteral("SELECT COALESCE(E.TIP_E, '') || E.ID_E || ' ' || E.ID_I || ' ' || E.CODART AS PLACE, "
+                     "E.ID_I AS TARGET "
                      "FROM G_I_E E WHERE NOT EXISTS (SELECT L.DOCID FROM G_LDOCUM L WHERE L.DOCID = E.ID_I "
                      "AND L.ARTID = E.CODART) OR (E.TIP_E IS NOT NULL AND NOT EXISTS (SELECT D.ID FROM "
                      "G_DOCUME D WHERE D.ID = E.TIP_E || E.ID_E)) ORDER BY E.ID_E, E.ID_I, E.CODART"));
-  for (const auto& [lines, number, column] :
-       {std::array{"G_LAECLI", "NUMAE", "CANTRAMAS"}, std::array{"G_LCOMFU", "NUMCOM", "CANTRLIV"},
-        std::array{"G_LCOMCL", "NUMCOM", "CANTLIV"}})
+  for (const Remainder& each : kRemainders) {
     finder.find(
-        QStringLiteral("Cantitatea ramasa este sub 0 sau peste cantitatea liniei"),
-        QStringLiteral("SELECT '%1 ' || %2 || ' ' || CODART AS PLACE FROM %1 WHERE ROUND_EVEN(%3, 3) < 0 "
-                       "OR ROUND_EVEN(%3 - CANT, 3) > 0 ORDER BY %2, NRLINIE")
-            .arg(QLatin1String(lines), QLatin1String(number), QLatin1String(column)));
+        QStringLiteral("Cantitatea ramasa este sub 0 sau peste cantitatea liniei"), {Place::Document},
+        each.sql("SELECT '{lines} ' || S.{number} || ' ' || S.CODART AS PLACE, {key} AS TARGET FROM "
+                 "{lines} S WHERE ROUND_EVEN(S.{column}, 3) < 0 OR ROUND_EVEN(S.{column} - S.CANT, 3) > "
+                 "0 ORDER BY S.{number}, S.NRLINIE"));
+    // Nobody takes more from an order than was ordered. Goods brought back on a note are not part of it.
+    const QString taken = QStringLiteral(
+        "SELECT {key} || ' ' || S.CODART AS PLACE, {key} AS TARGET FROM (SELECT L.{number} AS {number}, "
+        "L.CODART AS CODART, SUM(L.CANT) AS CANT, SUM(L.{column}) AS REST FROM {lines} L INNER JOIN "
+        "{headers} H "
+        "ON H.{number} = L.{number} WHERE H.VALIDAT <> 0 AND L.CANT > 0 AND L.{column} IS NOT NULL "
+        "GROUP BY L.{number}, L.CODART) S INNER JOIN G_DOCUME D ON D.ID = {key} LEFT JOIN (SELECT REFERINTA, "
+        "ARTID, SUM(CANT) AS CANT FROM G_LDOCUM WHERE REFERINTA >= '{prefix}' AND REFERINTA < '{behind}' "
+        "GROUP BY REFERINTA, ARTID) T ON T.REFERINTA = {key} AND T.ARTID = S.CODART WHERE T.CANT IS {named} "
+        "AND "
+        "ROUND_EVEN(S.REST - {rest}, 3) <> 0 ORDER BY 1");
+    const QString what =
+        QStringLiteral("Ramasul avizului sau al comenzii difera de documentele care au preluat");
+    for (const bool isNamed : {true, false})
+      finder.find(
+          what, {Place::Document, each.isNote && isNamed ? Correction::StockAndNotes : Correction::None},
+          each.sql(QString(taken).replace(QStringLiteral("{named}"),
+                                          isNamed ? QStringLiteral("NOT NULL") : QStringLiteral("NULL"))));
+    if (*each.closed != '\0')
+      finder.find(
+          QStringLiteral("Avizul sau comanda este inchis desi are cantitati ramase, sau invers"),
+          {Place::Document, each.isNote ? Correction::StockAndNotes : Correction::None},
+          each.sql(
+              "SELECT {key} AS PLACE FROM (SELECT L.{number} AS {number}, MAX(L.{column}) AS REST FROM "
+              "{lines} L GROUP BY L.{number} HAVING MAX(L.{column}) >= 0) S INNER JOIN {headers} H "
+              "ON H.{number} = S.{number} INNER JOIN G_DOCUME D ON D.ID = {key} WHERE H.VALIDAT <> 0 AND "
+              "(CASE WHEN S.REST > 0 THEN 0 ELSE 1 END) <> (CASE WHEN H.{closed} = 0 THEN 0 ELSE 1 END) "
+              "ORDER BY 1"));
+  }
 }
 
 // The kind of document that a row K of kt_linii belongs to: stored, or by the next stamp of its number.
@@ -175,7 +246,7 @@ QString wrongNotes(const DocumentKind& kind) {
 
 void findNotes(Finder& finder) {
   finder.find(
-      QStringLiteral("Nota contabila nu este echilibrata sau are doua documente"),
+      QStringLiteral("Nota contabila nu este echilibrata sau are doua documente"), {Place::Note},
       QStringLiteral("SELECT NDI AS PLACE FROM kt_linii WHERE PROV = 'G' GROUP BY NDI "
                      "HAVING ROUND_EVEN(SUM(DEBIT) - SUM(CREDIT), 2) <> 0 OR COUNT(DISTINCT DOC) <> 1 "
                      "ORDER BY NDI"));
@@ -184,7 +255,7 @@ void findNotes(Finder& finder) {
     if (wrong.isEmpty()) continue;
     const bool isChosen = companyTable(kind.headerTable).column("NoteContabile");
     finder.find(
-        QStringLiteral("Nota contabila lipseste sau are alta suma decat documentul"),
+        QStringLiteral("Nota contabila lipseste sau are alta suma decat documentul"), {Place::Document},
         QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D INNER JOIN %1 H ON H.%2 = %3 LEFT JOIN (%4) N "
                        "ON N.FEL = D.TIP AND N.DOC = H.%2 WHERE D.TIP = '%5' AND %6 AND (%7) ORDER BY D.ID")
             .arg(kind.headerTable, kind.numberColumn, numberExpression(QStringLiteral("D.ID")),
@@ -194,7 +265,7 @@ void findNotes(Finder& finder) {
 }
 
 void findCosts(Finder& finder) {
-  finder.find(QStringLiteral("Costul documentului difera de costul liniilor"),
+  finder.find(QStringLiteral("Costul documentului difera de costul liniilor"), {Place::Document},
               QStringLiteral(
                   // The cost of a line is unsigned on an issue: it has the sign of the quantity.
                   "SELECT D.ID AS PLACE FROM G_DOCUME D INNER JOIN (SELECT DOCID, COUNT(*) AS LINES, "
@@ -211,7 +282,7 @@ QString isOfDraft(const DocumentKind& kind) {
 }
 
 void findStornos(Finder& finder) {
-  finder.find(QStringLiteral("Factura stornata si stornarea ei nu se potrivesc"),
+  finder.find(QStringLiteral("Factura stornata si stornarea ei nu se potrivesc"), {Place::Document},
               QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D LEFT JOIN G_FACCLI F ON F.NUMFAC = D.OBS "
                              "AND F.STORNAT <> 0 WHERE D.TIP = 'FS' AND F.NUMFAC IS NULL UNION ALL "
                              "SELECT %1 AS PLACE FROM G_FACCLI F WHERE F.STORNAT <> 0 AND NOT EXISTS "
@@ -222,20 +293,24 @@ void findStornos(Finder& finder) {
 void findDrafts(Finder& finder) {
   for (const DocumentKind& kind : documentKinds()) {
     if (!kind.rules || !kind.hasDraft) continue;
-    const int keys = ledgerKind(kind.id).hasSides ? 2 : 1;
-    finder.find(QStringLiteral("Document validat fara inregistrare in documente"),
-                QStringLiteral("SELECT %1 AS PLACE FROM %2 H WHERE H.VALIDAT <> 0 AND "
-                               "(SELECT COUNT(*) FROM G_DOCUME D WHERE %3) <> %4 ORDER BY H.%5")
-                    .arg(keyExpression(kind.id, QStringLiteral("H.") + kind.numberColumn), kind.headerTable,
-                         isOfDraft(kind), QString::number(keys), kind.numberColumn));
-    finder.find(QStringLiteral("Inregistrare fara document validat"),
+    const auto withRows = [&kind](const QString& count) {
+      return QStringLiteral(
+                 "SELECT %1 AS PLACE FROM %2 H WHERE H.VALIDAT <> 0 AND "
+                 "(SELECT COUNT(*) FROM G_DOCUME D WHERE %3) = %4 ORDER BY H.%5")
+          .arg(keyExpression(kind.id, QStringLiteral("H.") + kind.numberColumn), kind.headerTable,
+               isOfDraft(kind), count, kind.numberColumn);
+    };
+    const QString missing = QStringLiteral("Document validat fara inregistrare in documente");
+    finder.find(missing, {Place::Document, Correction::Draft}, withRows(QStringLiteral("0")));
+    if (ledgerKind(kind.id).hasSides) finder.find(missing, {Place::Document}, withRows(QStringLiteral("1")));
+    finder.find(QStringLiteral("Inregistrare fara document validat"), {Place::Document},
                 QStringLiteral(
                     "SELECT D.ID AS PLACE FROM G_DOCUME D WHERE D.TIP = '%1' AND COALESCE(D.IsAudio, 0) = 0 "
                     "AND NOT EXISTS (SELECT H.%2 FROM %3 H WHERE H.%2 = %4 AND H.VALIDAT <> 0) ORDER BY D.ID")
                     .arg(kind.prefix, kind.numberColumn, kind.headerTable,
                          numberExpression(QStringLiteral("D.ID"), ledgerKind(kind.id).hasSides)));
   }
-  finder.find(QStringLiteral("Document fara linii, sau linii fara document"),
+  finder.find(QStringLiteral("Document fara linii, sau linii fara document"), {Place::Document},
               QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D WHERE NOT EXISTS "
                              "(SELECT L.DOCID FROM G_LDOCUM L WHERE L.DOCID = D.ID) UNION "
                              "SELECT L.DOCID AS PLACE FROM G_LDOCUM L LEFT JOIN G_DOCUME D ON D.ID = L.DOCID "
@@ -244,17 +319,18 @@ void findDrafts(Finder& finder) {
 
 }  // namespace
 
-std::vector<Disagreement> disagreements() {
+std::vector<Disagreement> disagreements(const Progress& progress) {
   const Snapshot moment(database());
   Finder finder;
-  findStock(finder);
-  findWarehouseStock(finder);
-  if (TIPCOST() == kFifo) findLots(finder);
-  findRemainders(finder);
-  findNotes(finder);
-  findCosts(finder);
-  findStornos(finder);
-  findDrafts(finder);
+  std::vector<void (*)(Finder&)> rules = {findStock, findWarehouseStock, findRemainders, findNotes,
+                                          findCosts, findStornos,        findDrafts};
+  if (TIPCOST() == kFifo) rules.insert(rules.begin() + 2, findLots);
+  const int of = static_cast<int>(rules.size());
+  for (int done = 0; done < of; ++done) {
+    report(progress, done, of);
+    rules[static_cast<size_t>(done)](finder);
+  }
+  report(progress, of, of);
   return std::move(finder).found();
 }
 

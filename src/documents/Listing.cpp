@@ -2,6 +2,7 @@
 
 #include <QDir>
 
+#include "config/Currencies.h"
 #include "config/Session.h"
 #include "documents/kinds/Kinds.h"
 #include "reports/Variables.h"
@@ -14,6 +15,21 @@ namespace {
 
 const QString kLei = QStringLiteral("ROL");
 const QString kCurrencyColumn = QStringLiteral("CODDEVIZA");
+const QDate kDenomination(2005, 7, 1);
+constexpr int kOldLei = 10000;  // in one new leu
+
+// The columns of lines with amounts or prices.
+const QStringList kMoney = {
+    "PRETFT", "PRETTTI", "VALOAREFT",   "VALOARETTI", "VALOARETVA", "VALTVA",     "PRETVA",
+    "COST",   "VALCOST", "VALOARECOST", "PRETUNITAR", "PRIXUV",     "PRETVALUTA", "VALOAREFTCUDISCOUNT"};
+
+bool isLei(const QString& currency) {
+  return currency.isEmpty() || currency.compare(kLei, Qt::CaseInsensitive) == 0 ||
+         currency.compare(QStringLiteral("LEI"), Qt::CaseInsensitive) == 0;
+}
+
+QVariant inOldLei(const QVariant& cell) { return cell.isNull() ? cell : QVariant(cell.toDouble() * kOldLei); }
+
 // The header row for printing: the date has the type date, currency and rate are not empty.
 Recordset readHeader(const ListingKind& kind, const QString& number) {
   const DocumentKind& document = documentKind(kind.kind);
@@ -24,7 +40,7 @@ Recordset readHeader(const ListingKind& kind, const QString& number) {
     if (column.compare(kCurrencyColumn, Qt::CaseInsensitive) == 0)
       header.transform(column, [](const QVariant& cell) {
         const QString code = cell.toString().trimmed();
-        return QVariant(code.isEmpty() ? kLei : code);
+        return QVariant(isLei(code) ? kLei : code);
       });
     if (column.compare(QStringLiteral("CURS"), Qt::CaseInsensitive) == 0)
       header.transform(column, [](const QVariant& cell) { return Nz(cell, 0.0); });
@@ -81,10 +97,38 @@ const ListingKind& listingKind(const QString& prefix) {
   return *kind.paper;
 }
 
-ListedDocument readListed(const ListingKind& kind, const QString& number) {
+Printout reprintOf(const QString& key) {
+  const auto document = LedgerKey::of(key);
+  const Recordset found = OpenRs("SELECT OBS, DATADOC, CODDEV, IsAudio FROM G_DOCUME WHERE ID = ?", {key});
+  if (!document || found.isEmpty()) throw RuleError(QStringLiteral("Documentul %1 nu mai exista").arg(key));
+  const Row& ledger = found.first();
+  const DocumentKind& kind = documentKind(document->kind);
+  Printout printout{kind.reprint ? &*kind.reprint : &listingKind(kind.prefix), document->number,
+                    !isLei(ledger.text("CODDEV").trimmed())};
+  printout.oldMoney = ledger.date("DATADOC") < kDenomination && ROL();
+  if (!kind.hasDraft) {
+    printout.number = ledger.text("OBS").trimmed();
+    printout.own = stornoVariables(printout.number, document->number, ledger.date("DATADOC"));
+  }
+  return printout;
+}
+
+QHash<QString, QVariant> stornoVariables(const QString& invoice, const QString& storno, const QDate& date) {
+  return {{"NumarFactura", invoice}, {"NumarStorno", storno}, {"DataStorno", date}};
+}
+
+ListedDocument readListed(const Printout& printout) {
+  const ListingKind& kind = *printout.form;
   ListedDocument document;
-  document.header = readHeader(kind, number);
-  document.lines = OpenRs(kind.linesSql, {number});
+  document.header = readHeader(kind, printout.number);
+  document.lines = OpenRs(kind.linesSql, {printout.number});
+  if (printout.oldMoney) {
+    for (const QString& column : document.lines.columns())
+      if (kMoney.contains(column, Qt::CaseInsensitive)) document.lines.transform(column, inOldLei);
+    for (const QString& column : document.header.columns())
+      if (column.startsWith(QStringLiteral("CURS"), Qt::CaseInsensitive))
+        document.header.transform(column, inOldLei);
+  }
   const Row& header = document.header.first();
   if (!kind.partner.isEmpty())
     document.partner =
@@ -112,8 +156,10 @@ ReportData listingData(const ListingKind& kind, const ListedDocument& document,
   variables.addCompany();
   for (const ListingBox& box : kind.boxes) variables.add(box.variable, options.boxes.value(box.variable));
   for (auto own = options.own.begin(); own != options.own.end(); ++own) variables.add(own.key(), own.value());
-  if (kind.offersCurrency) variables.add("bDeviza", options.foreign);
-  if (kind.offersCurrency || kind.printsSum) addCurrency(variables, kind, document, options);
+  if (kind.offersCurrency || kind.printsSum) {
+    variables.add("bDeviza", options.foreign);
+    addCurrency(variables, kind, document, options);
+  }
   if (kind.printsSum) addSum(variables, document, options);
   variables.addColumns(document.partner, kind.partner);
   return data;

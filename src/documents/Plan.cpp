@@ -105,7 +105,7 @@ void executePlan(const Plan& plan, const QDateTime& moment) {
   });
   inStep(Step::Stock, [&] {
     writeArticles(plan.articles);
-    drafts.setValidated(plan.draft.number, plan.draft.isValidated);
+    if (plan.draft.isMarked) drafts.setValidated(plan.draft.number, plan.draft.isValidated);
   });
   inStep(Step::Posting, [&] {
     removeNotes(plan.removedNotes, plan.taker.number);

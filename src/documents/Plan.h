@@ -42,6 +42,7 @@ struct DraftChange {
   std::vector<Row> lines;   ///< that are stored
   QStringList lineColumns;  ///< their columns to store
   bool isValidated = true;  ///< VALIDAT afterwards; of a kind without a draft STORNAT
+  bool isMarked = true;     ///< that is written; it is an error when it was so before
 };
 
 struct Plan {

@@ -97,6 +97,31 @@ void readTaken(ValidatedDocument& document) {
     if (take.taker.text() != document.key.text()) document.othersTook.push_back(take);
 }
 
+bool isDraft(const LedgerKey& key) {
+  const DocumentKind& kind = documentKind(key.kind);
+  return !OpenRs(QStringLiteral("SELECT VALIDAT FROM %1 WHERE %2 = ? AND VALIDAT = 0")
+                     .arg(kind.headerTable, kind.numberColumn),
+                 {key.number})
+              .isEmpty();
+}
+
+bool isOrder(KindId kind) { return kind == KindId::CustomerOrder || kind == KindId::SupplierOrder; }
+
+bool isTakenFrom(const LedgerKey& order) {
+  const std::vector<SourceLine> lines = readSources({order});
+  return std::any_of(lines.begin(), lines.end(),
+                     [](const SourceLine& line) { return line.open != line.quantity; });
+}
+
+// The mark on the invoice saves the search in most cases.
+QString stornoOf(const LedgerKey& invoice) {
+  if (OpenRs("SELECT NUMFAC FROM G_FACCLI WHERE NUMFAC = ? AND STORNAT = -1", {invoice.number}).isEmpty())
+    return {};
+  const Recordset found = OpenRs("SELECT ID FROM G_DOCUME WHERE TIP = ? AND TRIM(OBS) = ? ORDER BY ID",
+                                 {ledgerKind(KindId::Storno).prefix, invoice.number});
+  return found.isEmpty() ? QString() : found.first().text("ID");
+}
+
 bool hasLaterIssue(const ValidatedDocument& document) {
   return !document.lines.empty() &&
          !OpenRs(
@@ -155,6 +180,9 @@ ValidatedDocument readValidated(const LedgerKey& key) {
   readReturns(document);
   readTaken(document);
   document.hasLaterIssue = document.direction == kIssue && hasLaterIssue(document);
+  if (key.side != LedgerSide::None) document.isDraft = isDraft(key);
+  if (isOrder(key.kind)) document.isTakenFrom = isTakenFrom(key);
+  if (key.kind == KindId::CustomerInvoice) document.storno = stornoOf(key);
   document.notes = notesOf(key.prefix(), key.number, document.date);
   return document;
 }
@@ -168,6 +196,20 @@ void requireRemovable(const ValidatedDocument& document) {
         return isConsumed(document, line);
       }))
     throw RuleError(QStringLiteral("Exista documente de iesire dupa acest document. Nu poate fi sters."));
+  if (document.isTakenFrom)
+    throw RuleError(
+        QStringLiteral("Din aceasta comanda s-au receptionat sau livrat cantitati. Nu poate fi stearsa."));
+  if (!document.storno.isEmpty())
+    throw RuleError(QStringLiteral("Factura a fost stornata cu documentul %1. Nu poate fi stearsa.")
+                        .arg(document.storno));
+}
+
+QStringList checkRemoval(const LedgerKey& key) {
+  const ValidatedDocument document = readValidated(key);
+  requireRemovable(document);
+  if (document.direction != kReceipt || TIPCOST() == kFifo) return {};
+  return {QStringLiteral(
+      "Acesta este un document de intrare si nu poate fi sters daca s-au facut iesiri din stoc !")};
 }
 
 Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, const QString& costMethod) {
@@ -179,12 +221,7 @@ Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, con
   plan.rests.insert(plan.rests.end(), returns.begin(), returns.end());
   for (const LotLink& link : document.links) plan.removedLinks.append(link.article);
   plan.removedLinks.removeDuplicates();
-  if (document.key.side != LedgerSide::None) {  // both sides; the stock of all warehouses was not changed
-    LedgerKey issue = document.key, receipt = document.key;
-    issue.side = LedgerSide::Issue;
-    receipt.side = LedgerSide::Receipt;
-    plan.removedLedger = {issue, receipt};
-  } else if (document.direction == kIssue || document.direction == kReceipt) {
+  if (document.direction == kIssue || document.direction == kReceipt) {
     const bool isIssue = document.direction == kIssue;
     std::vector<StockReturn> changes;
     for (const auto& line : document.lines)
@@ -194,7 +231,8 @@ Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, con
   plan.sources = takenAnew(document.sources, document.othersTook);
   const DocumentKind& kind = documentKind(document.key.kind);
   // The remark of a document without a draft is the number of the one that it was made from.
-  plan.draft = {&kind, kind.hasDraft ? document.key.number : document.remark, {}, {}, false};
+  plan.draft = {
+      &kind, kind.hasDraft ? document.key.number : document.remark, {}, {}, false, !document.isDraft};
   plan.removedNotes = document.notes;
   return plan;
 }
@@ -208,6 +246,19 @@ bool takeBack(const LedgerKey& key) {
   executePlan(undoOf(document, readArticles(codes), TIPCOST()), clock::now());
   transaction.commit();
   return !document.notes.empty();
+}
+
+void reopenLost(const LedgerKey& key) {
+  const DocumentKind& kind = documentKind(key.kind);
+  QStringList keys;
+  for (const LedgerSide side : {LedgerSide::None, LedgerSide::Issue, LedgerSide::Receipt})
+    if (ledgerKind(kind.id).hasSides == (side != LedgerSide::None))
+      keys.append(LedgerKey{key.kind, key.number, side}.text());
+  Transaction transaction(database());
+  if (!rowsOfKeys("SELECT ID FROM G_DOCUME WHERE ID IN (%1)", keys).empty())
+    throw RuleError(QStringLiteral("Documentul %1 are inregistrari in documente.").arg(key.text()));
+  Drafts(kind).setValidated(key.number, false);
+  transaction.commit();
 }
 
 }  // namespace velmar

@@ -1,4 +1,5 @@
-// Takes a validated document back: the inverse of its validation. The document becomes a draft again.
+// Takes a validated document back: the inverse of its validation. The document becomes a draft again. A
+// document with two sides is taken back side by side; the draft is open again after the first.
 #pragma once
 
 #include "documents/Plan.h"
@@ -26,16 +27,22 @@ struct ValidatedDocument {
   QHash<QString, Decimal> receiptIssued;  ///< from that receipt, as its links say; as above
   std::vector<SourceLine> sources;        ///< lines of the orders and notes from which it took
   std::vector<Take> othersTook;           ///< from these, other documents in the order of validation
+  bool isTakenFrom = false;               ///< an order of which something was received or delivered
+  bool isDraft = false;                   ///< the other side was taken back before
+  QString storno;                         ///< key of the storno of an invoice; empty: none
   bool hasLaterIssue = false;             ///< an issue of its first article, on its date or later
   std::vector<qint64> notes;              ///< NDI
 };
 
-/// Reads the document; of one with two sides, that side. Throws RuleError when it is not in the ledger.
+/// Reads the document or the side. Throws RuleError when it is not in the ledger.
 ValidatedDocument readValidated(const LedgerKey& key);
 
-/// Throws RuleError when other documents depend on it: its goods were issued, a later issue of its first
-/// article exists, or other documents took from the delivery note.
+/// Throws RuleError when other documents depend on it: other documents took from the delivery note or the
+/// order, its goods were issued, a later issue of its first article exists, or the invoice has a storno.
 void requireRemovable(const ValidatedDocument& document);
+
+/// Makes the checks of takeBack() and returns what the user should know before. Throws RuleError.
+QStringList checkRemoval(const LedgerKey& key);
 
 /// The plan that takes the document back. Makes no check and reads nothing. `articles` are those of its
 /// lines.
@@ -44,5 +51,9 @@ Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, con
 /// Takes the document back in one transaction, with all checks under the write lock. Returns whether it had
 /// notes. Throws RuleError; nothing is then written.
 bool takeBack(const LedgerKey& key);
+
+/// Makes a validated document that is not in the ledger a draft again. Throws RuleError when it is in the
+/// ledger, or a draft already.
+void reopenLost(const LedgerKey& key);
 
 }  // namespace velmar

@@ -46,4 +46,12 @@ std::optional<Shortage> firstShortage(const QStringList& articles, const Quantit
   return std::nullopt;
 }
 
+Recordset stockByWarehouse(const QString& article) {
+  return OpenRs(
+      "SELECT M.DENUMIRE AS DENUMIRE, ROUND_EVEN(COALESCE(B.CANT, 0), 3) AS STOC, "
+      "ROW_NUMBER() OVER (ORDER BY M.COD) AS CODART FROM G_MULTIMAGAZIE M "
+      "LEFT JOIN G_STOCMAG B ON B.CODMAG = M.COD AND B.ARTID = ? ORDER BY M.COD",
+      {article});
+}
+
 }  // namespace velmar

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include "store/Row.h"
 #include "util/Decimal.h"
 
 namespace velmar {
@@ -39,5 +40,9 @@ struct Shortage {
 /// absolute value of the open orders that are not the document's own.
 std::optional<Shortage> firstShortage(const QStringList& articles, const Quantities& wanted, qint64 warehouse,
                                       const Quantities& ownOrders = {});
+
+/// The stock of an article in each warehouse, also where there is none, by code of the warehouse: DENUMIRE,
+/// STOC (3 decimals), CODART (a number that counts the rows from 1).
+Recordset stockByWarehouse(const QString& article);
 
 }  // namespace velmar

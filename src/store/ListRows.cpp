@@ -9,6 +9,7 @@ namespace {
 
 constexpr int kPageSize = 100;
 constexpr int kPagesKept = 60;
+constexpr QChar kKeySeparator(0x1F);
 
 // Compares: nulls first, numbers by value, texts ignoring case.
 int compared(const QVariant& a, const QVariant& b) {
@@ -47,12 +48,23 @@ QString escapedForLike(QString text) {
   return text;
 }
 
-std::vector<Decimal> sumsOf(const RowSource& rows, const QList<int>& places, const QStringList& fields) {
+QString keyText(const Row& row, const QString& fields) {
+  QStringList texts;
+  for (const QString& field : fields.split(u',')) texts.append(row.text(field.trimmed()));
+  return texts.join(kKeySeparator);
+}
+
+std::vector<Decimal> sumsOf(const RowSource& rows, const QList<int>& places,
+                            const QList<TotalledField>& fields) {
   std::vector<Decimal> sums(static_cast<size_t>(fields.size()));
   for (const int place : places) {
     const Row& row = rows.row(place);
-    for (qsizetype i = 0; i < fields.size(); ++i)
-      if (!row.text(fields[i]).trimmed().isEmpty()) sums[static_cast<size_t>(i)] += row.decimal(fields[i]);
+    for (qsizetype i = 0; i < fields.size(); ++i) {
+      const TotalledField& total = fields[i];
+      if (row.text(total.field).trimmed().isEmpty()) continue;
+      const Decimal amount = row.decimal(total.field);
+      sums[static_cast<size_t>(i)] += total.sign ? amount * Decimal(total.sign(row)) : amount;
+    }
   }
   return sums;
 }
@@ -79,55 +91,85 @@ void RecordsetRows::sort(const QStringList& fields, bool descending) {
   });
 }
 
-ListRows::ListRows(const ListQuery& query, const Condition& condition, const QString& order)
-    : query_(query), condition_(condition), order_(order.split(u',', Qt::SkipEmptyParts)) {
-  readKeys(order_, false);
+ListRows::ListRows(const ListQuery& query, const Condition& condition, const QString& order, bool descending)
+    : query_(query),
+      keyColumns_(query.key.split(u',', Qt::SkipEmptyParts)),
+      condition_(condition),
+      order_(order.split(u',', Qt::SkipEmptyParts)),
+      descending_(descending) {
+  for (QString& column : keyColumns_) column = column.trimmed();
+  readKeys(order_, descending_);
 }
 
 bool ListRows::isKey(const QString& field) const {
-  return query_.key.section(QLatin1Char('.'), -1).compare(field, Qt::CaseInsensitive) == 0;
+  return std::any_of(keyColumns_.begin(), keyColumns_.end(), [&field](const QString& column) {
+    return column.section(QLatin1Char('.'), -1).compare(field, Qt::CaseInsensitive) == 0;
+  });
 }
 
-// The key is never null; its index can be used for the order only without NULLS FIRST or LAST.
+// The key columns as ROWKEY0, ROWKEY1 and so on, then the columns of the list.
+QString ListRows::selected() const {
+  QString columns;
+  for (qsizetype i = 0; i < keyColumns_.size(); ++i)
+    columns += QStringLiteral("%1 AS ROWKEY%2, ").arg(keyColumns_[i]).arg(i);
+  return QStringLiteral("(SELECT %1%2 FROM %3) AS LIST").arg(columns, query_.columns, query_.from);
+}
+
+// A key is never null; its index can be used for the order only without NULLS FIRST or LAST.
 void ListRows::readKeys(const QStringList& fields, bool descending) {
-  QString order;
+  QStringList order, keyNames;
   for (const QString& each : fields) {
     const QString field = each.trimmed();
     const QString nulls = descending ? QStringLiteral(" NULLS LAST") : QStringLiteral(" NULLS FIRST");
-    order += field + (descending ? QStringLiteral(" DESC") : QString()) + (isKey(field) ? QString() : nulls) +
-             QStringLiteral(", ");
+    order.append(field + (descending ? QStringLiteral(" DESC") : QString()) +
+                 (isKey(field) ? QString() : nulls));
   }
+  for (size_t i = 0; i < width(); ++i) keyNames.append(QStringLiteral("ROWKEY%1").arg(i));
   const QString where = condition_.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition_.sql;
   std::vector<QVariant> keys;
   database().each(
-      QStringLiteral("SELECT ROWKEY FROM (SELECT %1 AS ROWKEY, %2 FROM %3) AS LIST%4 ORDER BY %5ROWKEY")
-          .arg(query_.key, query_.columns, query_.from, where, order),
-      [&keys](std::vector<QVariant>&& cells) { keys.push_back(std::move(cells[0])); }, condition_.values);
+      QStringLiteral("SELECT %1 FROM %2%3 ORDER BY %4")
+          .arg(keyNames.join(QStringLiteral(", ")), selected(), where,
+               (order + keyNames).join(QStringLiteral(", "))),
+      [&keys](std::vector<QVariant>&& cells) {
+        std::move(cells.begin(), cells.end(), std::back_inserter(keys));
+      },
+      condition_.values);
   keys_ = std::move(keys);
   pages_.clear();
 }
 
-// The statement is the same for every page; a page that is not full repeats its last key.
+QString ListRows::keyAt(size_t place) const {
+  QString text = keys_[place * width()].toString();
+  for (size_t i = 1; i < width(); ++i) text += kKeySeparator + keys_[place * width() + i].toString();
+  return text;
+}
+
+// The statement is the same for every page; a page that is not full repeats its last key. The rows of keys
+// with several columns are among those that have one of the values in each column.
 void ListRows::readPage(int page) const {
   const size_t first = static_cast<size_t>(page) * kPageSize;
-  const size_t count = std::min<size_t>(kPageSize, keys_.size() - first);
+  const size_t count = std::min<size_t>(kPageSize, static_cast<size_t>(size()) - first);
   Values values;
-  QHash<QString, size_t> places;
-  for (size_t i = 0; i < kPageSize; ++i) {
-    const QVariant& key = keys_[first + std::min(i, count - 1)];
-    values.push_back(Value::raw(key));
-    if (i < count) places.insert(key.toString(), i);
+  QStringList conditions;
+  const QString places = QStringList(kPageSize, QStringLiteral("?")).join(QStringLiteral(", "));
+  for (size_t column = 0; column < width(); ++column) {
+    conditions.append(QStringLiteral("ROWKEY%1 IN (%2)").arg(QString::number(column), places));
+    for (size_t i = 0; i < kPageSize; ++i)
+      values.push_back(Value::raw(keys_[(first + std::min(i, count - 1)) * width() + column]));
   }
-  Recordset found =
-      OpenRs(QStringLiteral("SELECT * FROM (SELECT %1 AS ROWKEY, %2 FROM %3) AS LIST WHERE ROWKEY IN (%4)")
-                 .arg(query_.key, query_.columns, query_.from,
-                      QStringList(kPageSize, QStringLiteral("?")).join(QStringLiteral(", "))),
-             values);
+  QHash<QString, size_t> wanted;
+  for (size_t i = 0; i < count; ++i) wanted.insert(keyAt(first + i), i);
+  Recordset found = OpenRs(
+      QStringLiteral("SELECT * FROM %1 WHERE %2").arg(selected(), conditions.join(QStringLiteral(" AND "))),
+      values);
   const auto columns = std::make_shared<Columns>(found.columns());
   std::vector<Row> rows(count, Row(columns));
   for (Row& row : found.takeRows()) {
-    const auto place = places.constFind(row.at(0).toString());
-    if (place != places.cend()) rows[*place] = std::move(row);
+    QString key = row.at(0).toString();
+    for (size_t i = 1; i < width(); ++i) key += kKeySeparator + row.at(static_cast<int>(i)).toString();
+    const auto place = wanted.constFind(key);
+    if (place != wanted.cend()) rows[*place] = std::move(row);
   }
   if (pages_.size() >= kPagesKept) pages_.clear();
   pages_.emplace(page, std::move(rows));
@@ -147,23 +189,23 @@ void ListRows::fetch(int first, int last) const {
     if (!pages_.contains(page)) readPage(page);
 }
 
-int ListRows::placeOf(const QVariant& key) const {
-  const QString wanted = key.toString();
-  const auto found = std::find_if(keys_.begin(), keys_.end(), [&wanted](const QVariant& each) {
-    return each.toString().compare(wanted, Qt::CaseInsensitive) == 0;
-  });
-  return found == keys_.end() ? -1 : static_cast<int>(found - keys_.begin());
+int ListRows::placeOf(const QString& key) const {
+  for (size_t place = 0; place < static_cast<size_t>(size()); ++place)
+    if (keyAt(place).compare(key, Qt::CaseInsensitive) == 0) return static_cast<int>(place);
+  return -1;
 }
 
 int ListRows::find(const QString& field, const QString& text) const {
-  if (isKey(field)) return placeOf(text);
+  QStringList names;
+  for (const QString& column : keyColumns_) names.append(column.section(QLatin1Char('.'), -1));
+  if (names.join(u',').compare(field, Qt::CaseInsensitive) == 0) return placeOf(text);
   for (int place = 0; place < size(); ++place)
     if (row(place).text(field).compare(text, Qt::CaseInsensitive) == 0) return place;
   return -1;
 }
 
 void ListRows::sort(const QStringList& fields, bool descending) {
-  if (fields.isEmpty()) return readKeys(order_, false);
+  if (fields.isEmpty()) return readKeys(order_, descending_);
   readKeys(fields, descending);
 }
 

@@ -2,6 +2,7 @@
 // opens as fast as one of a hundred.
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "store/Database.h"
@@ -30,8 +31,11 @@ QString escapedForLike(QString text);
 struct ListQuery {
   QString columns;  ///< after SELECT
   QString from;     ///< after FROM
-  QString key;      ///< an expression that is unique for each row
+  QString key;      ///< an expression that is unique for each row; or several, separated by commas
 };
+
+/// The text of a row's key; `fields` are the key fields, separated by commas.
+QString keyText(const Row& row, const QString& fields);
 
 /// Rows accessed by their position in a list.
 class RowSource {
@@ -44,15 +48,24 @@ class RowSource {
   virtual const Row& row(int place) const = 0;
   /// Reads the rows at these positions, so that row() does not access the database.
   virtual void fetch(int first, int last) const = 0;
-  /// The first position where the field has that text, ignoring case; -1 if there is none.
+  /// The first position where the field has that text, ignoring case; -1 if there is none. The field may be
+  /// the whole key (see keyText).
   virtual int find(const QString& field, const QString& text) const = 0;
   /// Sorts the list by these fields, all ascending or all descending; without fields, restores the original
   /// order.
   virtual void sort(const QStringList& fields, bool descending) = 0;
 };
 
+/// A field that is added up over rows.
+struct TotalledField {
+  QString field;
+  /// The factor of a row, e.g. -1 for one that is subtracted; if not set, every row counts once.
+  std::function<int(const Row&)> sign = {};
+};
+
 /// The exact sum of each field over the rows at these positions; null and empty cells count 0.
-std::vector<Decimal> sumsOf(const RowSource& rows, const QList<int>& places, const QStringList& fields);
+std::vector<Decimal> sumsOf(const RowSource& rows, const QList<int>& places,
+                            const QList<TotalledField>& fields);
 
 /// A record set as a list.
 class RecordsetRows : public RowSource {
@@ -73,28 +86,35 @@ class RecordsetRows : public RowSource {
 /// A list of the open company, read as described above.
 class ListRows : public RowSource {
  public:
-  /// `order` is a list of columns, separated by commas; equal rows are ordered by key, nulls come first.
-  /// Condition and order refer to the result columns of the query. Reads the keys.
-  ListRows(const ListQuery& query, const Condition& condition, const QString& order);
+  /// `order` is a list of columns, separated by commas, all ascending or all descending; equal rows are
+  /// ordered by key, nulls come first, descending last. Condition and order refer to the result columns of
+  /// the query. Reads the keys.
+  ListRows(const ListQuery& query, const Condition& condition, const QString& order, bool descending = false);
 
-  int size() const override { return static_cast<int>(keys_.size()); }
+  int size() const override { return static_cast<int>(keys_.size() / width()); }
   const Row& row(int place) const override;
   void fetch(int first, int last) const override;
   int find(const QString& field, const QString& text) const override;
   void sort(const QStringList& fields, bool descending) override;
 
-  /// The position of the row with that key, -1 when it is not in the list.
-  int placeOf(const QVariant& key) const;
+  /// The position of the row with that key (its text, see keyText), -1 when it is not in the list.
+  int placeOf(const QString& key) const;
 
  private:
   void readKeys(const QStringList& fields, bool descending);
   bool isKey(const QString& field) const;
   void readPage(int page) const;
 
+  size_t width() const { return static_cast<size_t>(keyColumns_.size()); }
+  QString keyAt(size_t place) const;
+  QString selected() const;
+
   ListQuery query_;
+  QStringList keyColumns_;  ///< expressions
   Condition condition_;
   QStringList order_;
-  std::vector<QVariant> keys_;
+  bool descending_;
+  std::vector<QVariant> keys_;  ///< the key columns of all rows, one row after the other
   mutable QHash<int, std::vector<Row>> pages_;
 };
 

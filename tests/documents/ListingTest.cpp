@@ -23,7 +23,7 @@ class Listing : public ::testing::Test {
 
   ReportData data(const ListingOptions& options = {}) {
     const ListingKind& kind = listingKind("FC");
-    return listingData(kind, readListed(kind, "8"), options);
+    return listingData(kind, readListed({&kind, "8"}), options);
   }
 
   static const clsFieldVarDescription* find(const ReportData& data, const QString& name) {

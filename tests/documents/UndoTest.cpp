@@ -129,6 +129,8 @@ class History {
   void takeAllBack() {
     for (auto document = documents_.rbegin(); document != documents_.rend(); ++document) {
       takeBack(document->key);
+      if (document->key.side == LedgerSide::Issue)
+        takeBack({document->key.kind, document->key.number, LedgerSide::Receipt});
       ASSERT_EQ(difference(everything(), document->before), "") << document->key.text().toStdString();
       remove(document->key);
     }
@@ -245,6 +247,7 @@ TEST_P(UndoTest, HistoriesTakenBackInReverseLeaveEverythingAsItWas) {
   Trade trade(GetParam());
   const Willing willing;
   ExecutaSql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE, CONT) VALUES (2, 'Depozit', '381')");
+  ExecutaSql("UPDATE G_MULTIMAGAZIE SET CONT = '371' WHERE COD = 1");
   ExecutaSql(
       "UPDATE kt_par SET CONTAVIZEXP_M = '357', CONTAVIZEXP_P = '354', JURAVIZ = 'AV', CONTNIR = '408', "
       "JURNIR = 'NR'");

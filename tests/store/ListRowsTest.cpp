@@ -16,12 +16,15 @@ TEST(ListRowsTest, SumsAreExactAndIgnoreEmptyCells) {
   recordset.append({QVariant(), QVariant()});
   recordset.append({1e15, "abc"});
   const RecordsetRows rows(std::move(recordset));
-  const std::vector<Decimal> sums = sumsOf(rows, {0, 1, 2}, {"cant", "NUME"});
+  const QList<TotalledField> quantity{TotalledField{"CANT"}};
+  const std::vector<Decimal> sums = sumsOf(rows, {0, 1, 2}, {TotalledField{"cant"}, TotalledField{"NUME"}});
   EXPECT_EQ(sums[0], 0.3_dec);
   EXPECT_EQ(sums[1], 1.5_dec);
-  EXPECT_EQ(sumsOf(rows, {3, 0}, {"CANT"})[0], 1000000000000000.1_dec);
-  EXPECT_EQ(sumsOf(rows, {}, {"CANT"})[0], Decimal());
-  EXPECT_THROW(sumsOf(rows, {3}, {"NUME"}), StoreError);
+  EXPECT_EQ(sumsOf(rows, {3, 0}, quantity)[0], 1000000000000000.1_dec);
+  const TotalledField turned{"CANT", [](const Row& row) { return row.text("NUME").isEmpty() ? 0 : -1; }};
+  EXPECT_EQ(sumsOf(rows, {0, 1, 2}, {turned})[0], -0.3_dec);
+  EXPECT_EQ(sumsOf(rows, {}, quantity)[0], Decimal());
+  EXPECT_THROW(sumsOf(rows, {3}, {TotalledField{"NUME"}}), StoreError);
 }
 
 }  // namespace

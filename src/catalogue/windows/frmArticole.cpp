@@ -11,6 +11,7 @@
 #include "catalogue/ArticleExport.h"
 #include "catalogue/Articles.h"
 #include "catalogue/windows/ArticleCard.h"
+#include "catalogue/windows/frmStocMagazii.h"
 #include "config/Session.h"
 #include "config/windows/frmParamSoc.h"
 #include "store/Filter.h"
@@ -156,8 +157,10 @@ QWidget* frmArticole::searchRow() {
     inside->addWidget(button);
     return button;
   };
-  onList("cmdSortAsc", "A-Z", "Ordonare crescatoare", {}, [this] { sort(false); });
-  onList("cmdSortDesc", "Z-A", "Ordonare descrescatoare", {}, [this] { sort(true); });
+  onList("cmdSortAsc", "A-Z", "Ordonare crescatoare", {},
+         [this] { grouping_->sortAs(extTDBGrid::kAscending); });
+  onList("cmdSortDesc", "Z-A", "Ordonare descrescatoare", {},
+         [this] { grouping_->sortAs(extTDBGrid::kDescending); });
   onList("cmdComanda", "Comanda", "Genereaza Comanda Furnizor cu liniile selectate.", "new",
          [this] { order(); });
   onList("CommandButton1", "XML", "Exporta nomenclatorul in fisierul articole.xml", {},
@@ -170,9 +173,11 @@ QList<QPushButton*> frmArticole::commands() {
   auto* cmdAdauga = command("cmdAdauga", "Adaugare", "Creare articol nou", "new", [this] { add(); });
   auto* cmdSterge =
       command("cmdSterge", "Stergere", "Sterge articolul curent", "delete", [this] { remove(); });
-  auto* cmdStocPeMag =
-      command("cmdStocPeMag", "Stoc pe magazii", "Afisare stoc articol pe magazii", "stock", [] {});
-  cmdStocPeMag->setEnabled(false);  // its window does not exist yet
+  cmdStocPeMag_ =
+      command("cmdStocPeMag", "Stoc pe magazii", "Afisare stoc articol pe magazii", "stock", [this] {
+        if (const Row* article = list()->currentRecord())
+          frmStocMagazii(article->text("CODART"), article->text("DENART"), this).exec();
+      });
   setKeys(cmdAdauga, cmdSterge);
   QList<QPushButton*> all = navigation();
   all += {cmdAdauga,
@@ -181,7 +186,7 @@ QList<QPushButton*> frmArticole::commands() {
           command("cmdCauta", "Cautare", "Cautare dupa conditiile stabilite mai sus", "search",
                   [this] { askedSearch(); }),
           printCommand("cmdListare", "Listare", "Listare pe ecran sau pe imprimanta linii selectate"),
-          cmdStocPeMag,
+          cmdStocPeMag_,
           exitCommand()};
   return all;
 }
@@ -190,6 +195,7 @@ void frmArticole::showRecord(const Row* record) {
   CatalogueForm::showRecord(record);
   shown_ = record ? *record : Row();
   details_->recordShown(record);
+  cmdStocPeMag_->setEnabled(record);
 }
 
 void frmArticole::startNew() {
@@ -253,15 +259,6 @@ void frmArticole::search() {
   } else if (!showFound(beginsWith(column, text), column)) {
     Mesaj(QStringLiteral("Nu exista inregistrari care sa inceapa cu %1 !").arg(text));
   }
-}
-
-void frmArticole::sort(bool descending) {
-  grouping_->setSortType(descending ? extTDBGrid::kDescending : extTDBGrid::kAscending);
-  const int column = list()->currentIndex().column();
-  if (!grouping_->groupColumns().isEmpty())
-    grouping_->Sort();
-  else if (column >= 0)
-    list()->sortBy({{list()->columns()[column].field}, descending});
 }
 
 void frmArticole::order() {

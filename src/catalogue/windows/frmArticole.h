@@ -29,12 +29,12 @@ class frmArticole : public CatalogueForm {
   void remove();
   void search();
   void order();
-  void sort(bool descending);
   void exportXml();
   void exportHtml();
 
   ArticleCard* details_;
   QComboBox* cboCautare_;
+  QPushButton* cmdStocPeMag_ = nullptr;
   extTDBGrid* grouping_;
   Row shown_;  ///< the article as the card showed it
   bool listening_ = false;

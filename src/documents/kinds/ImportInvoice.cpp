@@ -321,7 +321,10 @@ DocumentKind importInvoice() {
   DocumentKind kind = kindOf(KindId::ImportInvoice, "import invoice", "frmGrilaFFI");
   static const ImportInvoiceRules rules;
   kind.rules = &rules;
-  kind.paper = listingForm();
+  kind.paper = kind.reprint = listingForm();
+  kind.reprint->form = "frmLstNIR_FF";
+  kind.reprint->caption = "Listare NIR pentru Factura ";
+  kind.reprint->project = "NIR_FFI";
   kind.headerTable = "G_FACIMP";
   kind.lineTable = "G_LFACIM";
   kind.numberColumn = "NUMFAC";

@@ -134,9 +134,9 @@ Check numberInUse() {
 }
 
 ListingKind listingForm() {
-  ListingKind paper{KindId::Storno, "frmLstFC", "Facturi Clienti", "FacturiCLIFull_STORNO",
+  ListingKind paper{KindId::Storno, "frmLstStorno", "Factura client stornata", "FacturiCLIFull_STORNO",
                     "FacturiCLI_STORNO"};
-  paper.offersCurrency = paper.printsSum = true;
+  paper.printsSum = true;
   paper.boxes = delegateBoxes();
   paper.headerSql =
       "SELECT F.NUMFAC, F.CODCLI, C.PROCENT AS BATVA1, F.OBS, F.DATAFAC, F.CODDeviza AS CODDEVIZA, F.Curs AS "

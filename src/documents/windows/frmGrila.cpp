@@ -447,12 +447,13 @@ void frmGrila::printStored() {
   const QHash<QString, QString> typed = header_->typed();
   const bool foreign = typed.value(QStringLiteral("chkDeviza")) == QStringLiteral("-1");
   const QString number = typed.value(editor_.kind().numberColumn).trimmed();
-  QHash<QString, QVariant> own;  // of a document that is made from another one
-  if (!editor_.kind().hasDraft)
-    own = {{"NumarFactura", editor_.number()},
-           {"NumarStorno", number},
-           {"DataStorno", QDate::fromString(typed.value(editor_.kind().dateColumn), Qt::ISODate)}};
-  listDocument(editor_.kind().prefix, own.isEmpty() ? number : editor_.number(), foreign, own, this);
+  Printout printout{&listingKind(editor_.kind().prefix), number, foreign};
+  if (!editor_.kind().hasDraft) {  // it is made from another document
+    printout.number = editor_.number();
+    printout.own = stornoVariables(editor_.number(), number,
+                                   QDate::fromString(typed.value(editor_.kind().dateColumn), Qt::ISODate));
+  }
+  listDocument(printout, this);
 }
 
 void frmGrila::AfisareAntet() {

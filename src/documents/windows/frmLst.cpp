@@ -24,22 +24,25 @@ bool isTicked(const QCheckBox* box) { return box && box->isChecked(); }
 
 }  // namespace
 
-frmLst::frmLst(const ListingKind& kind, const QString& number, bool foreign,
-               const QHash<QString, QVariant>& own, QWidget* parent)
-    : QDialog(parent), kind_(kind), document_(readListed(kind, number)), own_(own) {
-  setObjectName(kind.form);
-  setWindowTitle(kind.caption);
+frmLst::frmLst(const Printout& printout, QWidget* parent)
+    : QDialog(parent),
+      kind_(*printout.form),
+      document_(readListed(printout)),
+      own_(printout.own),
+      foreign_(printout.foreign) {
+  setObjectName(kind_.form);
+  setWindowTitle(kind_.caption);
   auto* all = new QVBoxLayout(this);
-  if (kind.offersReceipt || kind.offersCurrency || !kind.preprinted.isEmpty())
-    all->addWidget(optionsFrame(foreign));
-  if (!kind.boxes.isEmpty()) all->addWidget(delegateFrame());
+  if (kind_.offersReceipt || kind_.offersCurrency || !kind_.preprinted.isEmpty())
+    all->addWidget(optionsFrame());
+  if (!kind_.boxes.isEmpty()) all->addWidget(delegateFrame());
   all->addLayout(
       listingCommands(this, QStringLiteral("Anulare"), {[this] { list(); }, [this] { design(); }}));
   giveMnemonics(this);
   findChild<QPushButton*>("cmdVisualizare")->setFocus();
 }
 
-QGroupBox* frmLst::optionsFrame(bool foreign) {
+QGroupBox* frmLst::optionsFrame() {
   auto* frame = named(new QGroupBox(QStringLiteral("Optiuni de listare")), "Frame2");
   auto* row = new QHBoxLayout(frame);
   if (kind_.offersReceipt)
@@ -48,7 +51,7 @@ QGroupBox* frmLst::optionsFrame(bool foreign) {
   if (kind_.offersCurrency) {
     row->addWidget(CheckDeviza_ = named(new QCheckBox(QStringLiteral(" Deviza")), "CheckDeviza",
                                         "Valorile se tiparesc in valuta documentului"));
-    CheckDeviza_->setChecked(foreign);
+    CheckDeviza_->setChecked(foreign_);
   }
   if (!kind_.preprinted.isEmpty())
     row->addWidget(chkTiparire_ = named(new QCheckBox(QStringLiteral("Listare pe formular tipizat")),
@@ -78,7 +81,7 @@ ListingOptions frmLst::options() const {
   ListingOptions options;
   options.own = own_;
   options.receipt = isTicked(CheckChitanta_);
-  options.foreign = isTicked(CheckDeviza_);
+  options.foreign = CheckDeviza_ ? CheckDeviza_->isChecked() : foreign_;
   options.preprinted = isTicked(chkTiparire_);
   for (const ListingBox& box : kind_.boxes) {
     const auto* control = findChild<QWidget*>(box.control);
@@ -117,9 +120,6 @@ void frmLst::design() {
   if (settle()) designReport(prepare(), this);
 }
 
-void listDocument(const QString& prefix, const QString& number, bool foreign,
-                  const QHash<QString, QVariant>& own, QWidget* parent) {
-  frmLst(listingKind(prefix), number, foreign, own, parent).exec();
-}
+void listDocument(const Printout& printout, QWidget* parent) { frmLst(printout, parent).exec(); }
 
 }  // namespace velmar

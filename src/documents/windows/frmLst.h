@@ -15,13 +15,11 @@ struct PreparedReport;
 class frmLst : public QDialog {
   Q_OBJECT
  public:
-  /// Reads the document; throws RuleError when it is not stored. `foreign`: the document is in foreign
-  /// currency; `own`: variables that no table stores.
-  frmLst(const ListingKind& kind, const QString& number, bool foreign, const QHash<QString, QVariant>& own,
-         QWidget* parent);
+  /// Reads the document; throws RuleError when it is not stored.
+  frmLst(const Printout& printout, QWidget* parent);
 
  private:
-  QGroupBox* optionsFrame(bool foreign);
+  QGroupBox* optionsFrame();
   QGroupBox* delegateFrame();
   ListingOptions options() const;
   bool settle();
@@ -32,6 +30,7 @@ class frmLst : public QDialog {
   const ListingKind& kind_;
   ListedDocument document_;
   QHash<QString, QVariant> own_;
+  bool foreign_;
   QCheckBox* CheckChitanta_ = nullptr;
   QCheckBox* CheckDeviza_ = nullptr;
   QCheckBox* chkTiparire_ = nullptr;
@@ -39,7 +38,6 @@ class frmLst : public QDialog {
 
 /// Shows the listing form of a stored document and returns when it is closed. Throws RuleError when the
 /// document does not exist.
-void listDocument(const QString& prefix, const QString& number, bool foreign,
-                  const QHash<QString, QVariant>& own, QWidget* parent);
+void listDocument(const Printout& printout, QWidget* parent);
 
 }  // namespace velmar

@@ -1,5 +1,7 @@
 #include "shell/windows/MenuTable.h"
 
+#include <QApplication>
+
 #include "catalogue/windows/FrmActPretVanz.h"
 #include "catalogue/windows/frmArticole.h"
 #include "catalogue/windows/frmArticoleDiscount.h"
@@ -21,12 +23,20 @@
 #include "documents/windows/frmGrilaFF.h"
 #include "documents/windows/frmGrilaFFI.h"
 #include "documents/windows/frmGrilaNIR.h"
+#include "documents/windows/frmLDoc.h"
+#include "documents/windows/frmMiscariStoc.h"
+#include "documents/windows/frmVerificare.h"
 #include "reports/windows/frmRapJTVA.h"
 #include "shell/Maintenance.h"
 #include "shell/windows/frmAbout.h"
 #include "shell/windows/frmRestaurare.h"
 #include "shell/windows/frmSalvare.h"
+#include "stock/Corrections.h"
+#include "stock/windows/frmCorectiiCosturi.h"
+#include "stock/windows/frmIesiriStoc.h"
+#include "util/Messages.h"
 #include "util/windows/Forms.h"
+#include "util/windows/WorkProgress.h"
 
 namespace velmar {
 
@@ -43,6 +53,15 @@ QWidget* documentWindow(const QString& prefix, QWidget* parent) { return new frm
 void compact() {
   const Hourglass hourglass;
   CompacteazaBD();
+}
+
+void correctStock() {
+  {
+    const Hourglass hourglass;
+    WorkProgress progress(QStringLiteral("Corectii stocuri"), QApplication::activeWindow());
+    correctStockAndNotes([&progress](int done, int of) { progress.show(done, of); });
+  }
+  Mesaj("Corectia a fost efectuata.");
 }
 
 std::vector<MenuEntry> entries() {
@@ -75,8 +94,8 @@ std::vector<MenuEntry> entries() {
       {"mnumnuTabelemnuPrelValuta", "&Valute", Opens::One, "frmValute", make<frmValute>},
       {"", "", Opens::Separator, {}},
       {"mnuJurnale", "&Jurnale", Opens::One, "frmJurnale", make<frmJurnale>},
-      {"mnuTabeleDocumente", "&Documente", Opens::One, "frmLDoc", nullptr},
-      {"mnuMiscastoc", "&Miscari de stoc", Opens::One, "frmMiscariStoc", nullptr},
+      {"mnuTabeleDocumente", "&Documente", Opens::One, "frmLDoc", make<frmLDoc>},
+      {"mnuMiscastoc", "&Miscari de stoc", Opens::One, "frmMiscariStoc", make<frmMiscariStoc>},
 
       {"mnuCumparari", "&Cumparari", Opens::Menu, {}},
       {"mnuCumpFactura", "&Factura", Opens::One, "frmGrilaFF", make<frmGrilaFF>},
@@ -136,12 +155,14 @@ std::vector<MenuEntry> entries() {
       {"mnuIntSalvare", "&Salvare", Opens::Modal, "frmSalvare", make<frmSalvare>},
       {"mnuIntRestaurare", "&Restaurare", Opens::Modal, "frmRestaurare", make<frmRestaurare>},
       {"", "", Opens::Separator, {}},
-      {"mnuCorectiiCosturi", "Co&rectii costuri", Opens::Modal, "frmCorectiiCosturi", nullptr},
-      {"nmuCorectieStoc", "Corectii stoc&uri", Opens::Command, {}},
+      {"mnuCorectiiCosturi", "Co&rectii costuri", Opens::Modal, "frmCorectiiCosturi",
+       make<frmCorectiiCosturi>},
+      {"nmuCorectieStoc", "Corectii stoc&uri", Opens::Command, {}, nullptr, correctStock},
+      {"mnuVerificare", "&Verificare", Opens::One, "frmVerificare", make<frmVerificare>},
       {"", "", Opens::Separator, {}},
       {"mnuActualizarePret", "&Actualizare Preturi de Vanzare", Opens::One, "FrmActPretVanz",
        make<FrmActPretVanz>},
-      {"mnuCantE", "Cantitati I&esite", Opens::New, "frmIesiriStoc", nullptr},
+      {"mnuCantE", "Cantitati I&esite", Opens::New, "frmIesiriStoc", make<frmIesiriStoc>},
       {"", "", Opens::Separator, {}},
       {"mnuConexiuni", "&Lista conexiuni", Opens::New, "frmConexiuni", make<frmConexiuni>},
 

@@ -73,7 +73,7 @@ void ListForm::rowChosen() {
 void ListForm::leaveForRow() {
   guarded(objectName(), "RowColChange", [this] {
     const Row* chosen = grid_->currentRecord();
-    const QString key = chosen ? chosen->text(keyField_) : QString();
+    const QString key = chosen ? keyText(*chosen, keyField_) : QString();
     const bool leaves = leaveCard();
     // Storing may have read the list again.
     const QString current = leaves || new_ ? key : shownKey_;
@@ -130,8 +130,8 @@ void ListForm::printList() {
   printGrid(*grid_, printing_, window());
 }
 
-QPushButton* ListForm::exitCommand() {
-  exit_ = makeButton("cmdIesire", "Iesire", {}, "close");
+QPushButton* ListForm::exitCommand(const QString& name, const QString& toolTip) {
+  exit_ = makeButton(name, "Iesire", toolTip, "close");
   setUpExitButton(exit_, this);
   return exit_;
 }
@@ -258,7 +258,7 @@ bool ListForm::removeCurrent(const QString& question, const std::function<void(c
                              const QString& title) {
   const Row* current = grid_->currentRecord();
   if (!current) return false;
-  const QString key = current->text(keyField_);
+  const QString key = keyText(*current, keyField_);
   if (!confirmed(QString(question).replace(QStringLiteral("%1"), key), title)) return false;
   remove(key);
   refresh();
@@ -274,7 +274,7 @@ void ListForm::showAdded(const QString& key) {
 void ListForm::refresh() {
   stale_ = false;
   const Row* current = grid_->currentRecord();
-  const QString key = current ? current->text(keyField_) : QString();
+  const QString key = current ? keyText(*current, keyField_) : QString();
   bool lost = false;
   {
     const QSignalBlocker quiet(grid_);
@@ -311,7 +311,7 @@ void ListForm::showEvent(QShowEvent* event) {
 }
 
 void ListForm::showRecord(const Row* record) {
-  shownKey_ = record ? record->text(keyField_) : QString();
+  shownKey_ = record ? keyText(*record, keyField_) : QString();
   new_ = addOnly_ || !record;
   if (addOnly_) return;
   if (record)

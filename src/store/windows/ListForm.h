@@ -41,9 +41,10 @@ class ListForm : public QWidget {
   QPushButton* printCommand(const QString& name, const QString& caption, const QString& toolTip);
   /// Sets how the list is printed; the default is the selected rows under the window's title.
   void setPrinting(const GridPrintSettings& settings) { printing_ = settings; }
-  void printList();
-  /// The button "Iesire".
-  QPushButton* exitCommand();
+  /// Prints the list; Ctrl+P does the same.
+  virtual void printList();
+  /// The button "Iesire", which closes the window as Esc does.
+  QPushButton* exitCommand(const QString& name = QStringLiteral("cmdIesire"), const QString& toolTip = {});
   /// Sets the commands of the keys Insert and Delete; null for none.
   void setKeys(QPushButton* add, QPushButton* remove);
   /// As setKeys(), for a window without a button that deletes.

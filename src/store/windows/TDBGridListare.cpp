@@ -60,7 +60,9 @@ void TDBGridListare::cmdListare_Click() {
 }
 
 void TDBGridListare::pTotalSelected(const QStringList& fields) {
-  const std::vector<Decimal> sums = sumsOf(grid_->rows(), grid_->selectedPlaces(), fields);
+  QList<TotalledField> totalled;
+  for (const QString& field : fields) totalled.append({field});
+  const std::vector<Decimal> sums = sumsOf(grid_->rows(), grid_->selectedPlaces(), totalled);
   for (size_t i = 0; i < sums.size(); ++i)
     grid_->setFooter(fields[static_cast<qsizetype>(i)], formatNumber(sums[i], 2));
 }

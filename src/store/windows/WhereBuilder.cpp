@@ -167,4 +167,13 @@ void WhereBuilder::clear() {
   fieldChosen();
 }
 
+void WhereBuilder::setCondition(const QString& column, const QString& value) {
+  clear();
+  for (const FilterField& field : fields_) {
+    if (field.column.compare(column, Qt::CaseInsensitive) != 0) continue;
+    filter_.add({field, Comparison::Equal, value, {}, field.choices ? QVariant(value) : QVariant()});
+    lblConditie_->setText(filter_.text());
+  }
+}
+
 }  // namespace velmar

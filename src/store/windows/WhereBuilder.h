@@ -27,6 +27,9 @@ class WhereBuilder : public QWidget {
   /// when a value is invalid.
   Condition condition();
 
+  /// Replaces the condition: the field of that column has that value, as it is stored.
+  void setCondition(const QString& column, const QString& value);
+
  public slots:
   void clear();
 

@@ -89,6 +89,13 @@ void extTDBGrid::Sort() {
   grid_->sortBy({fields_, sortType_ == kDescending});
 }
 
+void extTDBGrid::sortAs(int type) {
+  sortType_ = type;
+  if (!fields_.isEmpty()) return Sort();
+  const int column = grid_ ? grid_->currentIndex().column() : -1;
+  if (column >= 0) grid_->sortBy({{grid_->columns()[column].field}, type == kDescending});
+}
+
 void extTDBGrid::showChips() {
   for (QWidget* chip : chips_) {
     chip->hide();

@@ -35,6 +35,8 @@ class extTDBGrid : public QFrame {
 
   /// Orders the list by the group columns; without any it stays as it is.
   void Sort();
+  /// Orders the list in that direction (a SortTypes) by the group columns, without any by the current column.
+  void sortAs(int type);
 
  protected:
   void showEvent(QShowEvent* event) override;

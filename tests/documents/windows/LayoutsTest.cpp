@@ -59,7 +59,7 @@ class Layouts : public ::testing::Test {
     ListingOptions options;
     if (prefix == "FS")
       options.own = {{"NumarFactura", "1"}, {"NumarStorno", "2"}, {"DataStorno", QDate(2026, 3, 16)}};
-    return listingData(kind, readListed(kind, "1"), options);
+    return listingData(kind, readListed({&kind, "1"}), options);
   }
 
   QString path(const QString& project) const {

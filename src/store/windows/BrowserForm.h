@@ -1,0 +1,72 @@
+// The common base of the windows that show what was validated: filter, group area, list with the number of
+// its rows, and a print of the selected rows with their totals.
+#pragma once
+
+#include "store/Filter.h"
+#include "store/windows/ListForm.h"
+
+class QLabel;
+
+namespace velmar {
+
+class WhereBuilder;
+class extTDBGrid;
+
+/// A total of the selected rows in the footer of a column; totals with the same footer are added up.
+struct FooterTotal {
+  QString footer;  ///< field of the column
+  TotalledField total;
+  int decimals = 2;  ///< -1: as many as the sum has
+};
+
+class BrowserForm : public ListForm {
+  Q_OBJECT
+ public:
+  BrowserForm(const QString& name, const QString& title, QWidget* parent);
+
+  /// Shows the rows with that value in a column that the filter offers, as the user could.
+  void showOnly(const QString& column, const QString& value);
+
+ protected:
+  struct Listed {
+    QString grid;  ///< name of the list
+    QList<GridColumn> columns;
+    ListQuery query;
+    QString order;  ///< fields, separated by commas
+    bool descending = false;
+    QSet<QString> tables;
+    QString emptyText;
+  };
+  void setListed(const Listed& listed);
+  /// Sets the totals and how the list is printed; with `printing.htmlCopy` a copy is written.
+  void setTotals(const QList<FooterTotal>& totals, const GridPrintSettings& printing);
+
+  /// cmdCautare: reads the list again with the filter.
+  QPushButton* searchCommand(const QString& toolTip);
+  /// cmdSortAsc and cmdSortDesc: order the list by the group columns or else by the current column.
+  QList<QPushButton*> sortCommands(const QString& ascendingTip, const QString& descendingTip);
+  /// Builds the window; `lists` contains the list. The list is read.
+  void layOutBrowser(const QList<FilterField>& filter, const QString& firstField, QWidget* lists,
+                     const QList<QPushButton*>& commands);
+  /// Reads the list again with the filter in the window. The current record stays current.
+  void search();
+  /// The condition of the rows that are shown.
+  const Condition& condition() const { return condition_; }
+  /// The list is being read; its condition is set.
+  virtual void listRead() {}
+
+  void printList() override;
+  QWidget* searchBox() override;
+
+ private:
+  void setFooters(bool filled);
+
+  Listed listed_;
+  Condition condition_;
+  QList<FooterTotal> totals_;
+  WhereBuilder* filter_;
+  extTDBGrid* grouping_;
+  QLabel* lblNoRecs_;
+};
+
+}  // namespace velmar
