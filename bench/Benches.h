@@ -17,6 +17,8 @@ bool checkPlans(Store store);
 bool checkSums(Store store);
 bool measureArticles(Store store);
 bool measureLists(Store store);
+bool measureBrowser(Store store);
+bool measureDeletion(Store store);
 bool measureInvoicePrint(Store store);
 bool measureJournals(Store store);
 bool measureReports(Store store);

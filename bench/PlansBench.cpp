@@ -1,10 +1,11 @@
-// The engine's plans of all statements of a validation, on a ledger of a million lines: none may scan a whole
-// ledger.
+// The engine's plans of all statements of a validation and of the deletion after it, on a ledger of a million
+// lines: none may scan a whole ledger.
 #include <cstdio>
 #include <QRegularExpression>
 
 #include "Benches.h"
 #include "documents/DocumentEditor.h"
+#include "documents/Undo.h"
 #include "Fixture.h"
 #include "store/Database.h"
 #include "Validated.h"
@@ -37,7 +38,8 @@ bool readsThrough(const QString& step, const QStringList& ledgers) {
          (ledgers.contains(found.captured(1).toUpper()) || ledgers.contains(found.captured(2).toUpper()));
 }
 
-QStringList statementsOfValidation(const Validated& kind) {
+// Of its validation, and of taking it back.
+QStringList statementsOf(const Validated& kind) {
   DocumentEditor editor(kind.prefix);
   database().takeRecordedStatements();
   proposeNumber(editor.kind());
@@ -45,14 +47,17 @@ QStringList statementsOfValidation(const Validated& kind) {
   const QHash<QString, QString> typed = editor.headerTexts();
   editor.checkValidation(typed);
   editor.checkLines();
+  const LedgerKey key{editor.kind().id, typed.value(editor.kind().numberColumn)};
   editor.validate(typed);
+  checkRemoval(key);
+  takeBack(key);
   return database().takeRecordedStatements();
 }
 
 bool checkKind(Store store, const Validated& kind) {
   const OpenCompany company(
       copyOfCompany(store, kind.large, QStringLiteral("planuri-%1.mdb").arg(kind.bench)));
-  const QStringList statements = statementsOfValidation(kind);
+  const QStringList statements = statementsOf(kind);
   printHeading(store, QStringLiteral("plans: ") + kind.title, {});
   bool held = true;
   for (const QString& sql : statements) {

@@ -17,6 +17,8 @@ std::unique_ptr<BareValidation> made(const QString& path) {
   return std::make_unique<Bare>(path);
 }
 
+constexpr double kGrowthAim = 1.2;
+
 using Cells = std::vector<QVariant>;
 
 std::vector<Cells> rowsOf(const QString& path, const QString& sql) {
@@ -109,6 +111,29 @@ const Validated& invoices() {
 
 const Validated& validatedBy(const QString& bench) {
   return bench == invoices().bench ? invoices() : vouchers();
+}
+
+const QStringList kContestColumns{QStringLiteral("Velmar"), QStringLiteral("direct"),
+                                  QStringLiteral("raport"), QStringLiteral("tinta")};
+
+void printRatio(Store store, const QString& bench, const QString& row, const Pair& pair, double aim) {
+  const double times = pair.ours.median() / pair.bare.median();
+  noteRatio(bench + QStringLiteral(": ") + row, store, times, aim);
+  printRow(row, {milliseconds(pair.ours.median()), milliseconds(pair.bare.median()), ratio(times, aim),
+                 QStringLiteral("<= %1").arg(aim, 0, 'f', 1)});
+}
+
+void printGrowth(int lines, const Pair& small, const Pair& large) {
+  const double ours = large.ours.median() / small.ours.median();
+  const double bare = large.bare.median() / small.bare.median();
+  printRow(QStringLiteral("%1 linii, crestere mic -> mare").arg(lines),
+           {ratio(ours, kGrowthAim), QString::number(bare, 'f', 2), QString(), QStringLiteral("<= 1.2")});
+}
+
+bool printAgreement(bool held) {
+  printRow(QStringLiteral("aceleasi randuri ca direct"),
+           {held ? QStringLiteral("in regula") : QStringLiteral("GRESIT")});
+  return held;
 }
 
 bool agree(const Validated& kind, const QString& one, const QString& other) {

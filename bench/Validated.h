@@ -5,6 +5,7 @@
 #include <memory>
 #include <QString>
 
+#include "Bare.h"
 #include "Fixture.h"
 
 namespace velmar::bench {
@@ -38,6 +39,30 @@ const Validated& invoices();
 
 /// The kind with that measurement name.
 const Validated& validatedBy(const QString& bench);
+
+/// The times of the program and of bare statements for the same work.
+struct Pair {
+  Times ours;
+  Times bare;
+};
+
+/// A company that is also open in another connection, so that closing a file does not empty its journal.
+struct Used {
+  explicit Used(const QString& file) : path(file), colleague(file) {
+    colleague.run("SELECT VERSIUNE FROM kt_info");
+  }
+
+  QString path;
+  BareConnection colleague;
+};
+
+/// Column headings of the rows below.
+extern const QStringList kContestColumns;
+void printRatio(Store store, const QString& bench, const QString& row, const Pair& pair, double aim);
+/// How much longer a document of that many lines takes on the large ledger.
+void printGrowth(int lines, const Pair& small, const Pair& large);
+/// Returns `held`.
+bool printAgreement(bool held);
 
 /// Whether two companies in which the same drafts were validated have the same contents; prints differences
 /// to standard error. Opens both.

@@ -14,24 +14,8 @@ namespace velmar::bench {
 
 namespace {
 
-constexpr double kGrowthAim = 1.2;
 constexpr int kBlock = 3;
 constexpr int kSizes[] = {kSmallDocument, kLargeDocument};
-
-struct Pair {
-  Times ours;
-  Times bare;
-};
-
-// A company that is also open in another connection, so that closing a file does not empty its journal.
-struct Used {
-  explicit Used(const QString& file) : path(file), colleague(file) {
-    colleague.run("SELECT VERSIUNE FROM kt_info");
-  }
-
-  QString path;
-  BareConnection colleague;
-};
 
 // Two companies of one size, and the times by number of lines.
 struct Contest {
@@ -73,29 +57,6 @@ struct Ledger {
   const Contest* contest;
 };
 
-void printRatio(Store store, const QString& bench, const QString& row, const Pair& pair, double aim) {
-  const double times = pair.ours.median() / pair.bare.median();
-  noteRatio(bench + QStringLiteral(": ") + row, store, times, aim);
-  printRow(row, {milliseconds(pair.ours.median()), milliseconds(pair.bare.median()), ratio(times, aim),
-                 QStringLiteral("<= %1").arg(aim, 0, 'f', 1)});
-}
-
-void printGrowth(int lines, const Pair& small, const Pair& large) {
-  const double ours = large.ours.median() / small.ours.median();
-  const double bare = large.bare.median() / small.bare.median();
-  printRow(QStringLiteral("%1 linii, crestere mic -> mare").arg(lines),
-           {ratio(ours, kGrowthAim), QString::number(bare, 'f', 2), QString(), QStringLiteral("<= 1.2")});
-}
-
-bool printAgreement(bool held) {
-  printRow(QStringLiteral("aceleasi randuri ca direct"),
-           {held ? QStringLiteral("in regula") : QStringLiteral("GRESIT")});
-  return held;
-}
-
-const QStringList kColumns{QStringLiteral("Velmar"), QStringLiteral("direct"), QStringLiteral("raport"),
-                           QStringLiteral("tinta")};
-
 // One block on the small company, without times.
 bool checkValidation(Store store, const Validated& kind) {
   Contest contest(store, kind, kind.small, kind.bench + QStringLiteral("-proba"));
@@ -111,7 +72,7 @@ bool measureValidation(Store store, const Validated& kind) {
     small.measureBlock();
     large.measureBlock();
   }
-  printHeading(store, kind.bench + QStringLiteral(": ") + kind.title, kColumns);
+  printHeading(store, kind.bench + QStringLiteral(": ") + kind.title, kContestColumns);
   for (const int lines : kSizes)
     for (const Ledger& ledger : {Ledger{kind.smallName, &small}, Ledger{kind.largeName, &large}})
       printRatio(store, kind.bench, QStringLiteral("%1 linii, %2").arg(QString::number(lines), ledger.name),
@@ -162,7 +123,7 @@ bool measureChecks(Store store) {
     small.measureBlock();
     large.measureBlock();
   }
-  printHeading(store, QStringLiteral("invoice: ce se verifica inainte"), kColumns);
+  printHeading(store, QStringLiteral("invoice: ce se verifica inainte"), kContestColumns);
   const std::pair<QString, const Checks*> sides[] = {{kind.smallName, &small}, {kind.largeName, &large}};
   for (const int lines : kSizes)
     for (const auto& [name, checks] : sides)

@@ -23,6 +23,8 @@ const Bench kBenches[] = {
     {"sums", velmar::bench::checkSums},
     {"articles", velmar::bench::measureArticles},
     {"lists", velmar::bench::measureLists},
+    {"browser", velmar::bench::measureBrowser},
+    {"deletion", velmar::bench::measureDeletion, true},
     {"journals", velmar::bench::measureJournals},
     {"print", velmar::bench::measureInvoicePrint},
     {"reports", velmar::bench::measureReports},

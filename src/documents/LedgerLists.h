@@ -5,6 +5,8 @@
 
 namespace velmar {
 
+class Database;
+
 /// All documents of the ledger, with the partner's name; key ID.
 const ListQuery& documentList();
 /// The columns of documentList() that a filter offers.
@@ -24,6 +26,6 @@ struct MovementTotals {
   Decimal valueWithVat;  ///< VALOARETTI
   Decimal cost;          ///< VALCOST
 };
-MovementTotals movementTotals(const Condition& condition);
+MovementTotals movementTotals(Database& connection, const Condition& condition);
 
 }  // namespace velmar

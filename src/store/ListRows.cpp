@@ -1,7 +1,10 @@
 #include "store/ListRows.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
+
+#include "util/Errors.h"
 
 namespace velmar {
 
@@ -9,6 +12,7 @@ namespace {
 
 constexpr int kPageSize = 100;
 constexpr int kPagesKept = 60;
+constexpr int kFirstPart = 2000;  // rows
 constexpr QChar kKeySeparator(0x1F);
 
 // Compares: nulls first, numbers by value, texts ignoring case.
@@ -20,6 +24,9 @@ int compared(const QVariant& a, const QVariant& b) {
   const double right = b.toDouble();
   return left < right ? -1 : static_cast<int>(left > right);
 }
+
+// The name of a column in an expression such as "LD.DOCID".
+QString fieldOf(const QString& column) { return column.section(QLatin1Char('.'), -1); }
 
 // A text that sorts after every text that begins with `prefix`.
 QString behindPrefix(const QString& prefix) {
@@ -91,19 +98,33 @@ void RecordsetRows::sort(const QStringList& fields, bool descending) {
   });
 }
 
-ListRows::ListRows(const ListQuery& query, const Condition& condition, const QString& order, bool descending)
+std::vector<QVariant> readKeys(Database& connection, const KeyStatement& statement,
+                               const std::atomic<bool>& isStopped) {
+  std::vector<QVariant> keys;
+  connection.each(
+      statement.sql,
+      [&keys, &isStopped](std::vector<QVariant>&& cells) {
+        if (isStopped) throw Cancelled();
+        std::move(cells.begin(), cells.end(), std::back_inserter(keys));
+      },
+      statement.values);
+  return keys;
+}
+
+ListRows::ListRows(const ListQuery& query, const Condition& condition, const QString& order, bool descending,
+                   Read read)
     : query_(query),
       keyColumns_(query.key.split(u',', Qt::SkipEmptyParts)),
       condition_(condition),
       order_(order.split(u',', Qt::SkipEmptyParts)),
       descending_(descending) {
   for (QString& column : keyColumns_) column = column.trimmed();
-  readKeys(order_, descending_);
+  readKeys(order_, descending_, read);
 }
 
 bool ListRows::isKey(const QString& field) const {
   return std::any_of(keyColumns_.begin(), keyColumns_.end(), [&field](const QString& column) {
-    return column.section(QLatin1Char('.'), -1).compare(field, Qt::CaseInsensitive) == 0;
+    return fieldOf(column).compare(field, Qt::CaseInsensitive) == 0;
   });
 }
 
@@ -115,28 +136,44 @@ QString ListRows::selected() const {
   return QStringLiteral("(SELECT %1%2 FROM %3) AS LIST").arg(columns, query_.columns, query_.from);
 }
 
-// A key is never null; its index can be used for the order only without NULLS FIRST or LAST.
-void ListRows::readKeys(const QStringList& fields, bool descending) {
-  QStringList order, keyNames;
+// A key is never null; its index can be used for the order only without NULLS FIRST or LAST. Equal rows are
+// ordered by the key columns that are not in the order yet.
+void ListRows::readKeys(const QStringList& fields, bool descending, Read read) {
+  QStringList order, keyNames, ordered;
   for (const QString& each : fields) {
     const QString field = each.trimmed();
     const QString nulls = descending ? QStringLiteral(" NULLS LAST") : QStringLiteral(" NULLS FIRST");
     order.append(field + (descending ? QStringLiteral(" DESC") : QString()) +
                  (isKey(field) ? QString() : nulls));
+    ordered.append(field.toUpper());
   }
-  for (size_t i = 0; i < width(); ++i) keyNames.append(QStringLiteral("ROWKEY%1").arg(i));
+  for (size_t i = 0; i < width(); ++i) {
+    const QString name = QStringLiteral("ROWKEY%1").arg(i);
+    keyNames.append(name);
+    if (!ordered.contains(fieldOf(keyColumns_[static_cast<qsizetype>(i)]).toUpper())) order.append(name);
+  }
   const QString where = condition_.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition_.sql;
-  std::vector<QVariant> keys;
-  database().each(
+  statement_ = {
       QStringLiteral("SELECT %1 FROM %2%3 ORDER BY %4")
-          .arg(keyNames.join(QStringLiteral(", ")), selected(), where,
-               (order + keyNames).join(QStringLiteral(", "))),
-      [&keys](std::vector<QVariant>&& cells) {
-        std::move(cells.begin(), cells.end(), std::back_inserter(keys));
-      },
-      condition_.values);
-  keys_ = std::move(keys);
+          .arg(keyNames.join(QStringLiteral(", ")), selected(), where, order.join(QStringLiteral(", "))),
+      condition_.values};
+  KeyStatement statement = statement_;
+  if (read == Read::FirstPart) statement.sql += QStringLiteral(" LIMIT %1").arg(kFirstPart);
+  keys_ = velmar::readKeys(database(), statement, false);
+  isWhole_ = read == Read::Whole || size() < kFirstPart;
   pages_.clear();
+}
+
+bool ListRows::isContinuedBy(const std::vector<QVariant>& keys) const {
+  return keys.size() >= keys_.size() && std::equal(keys_.begin(), keys_.end(), keys.begin());
+}
+
+// The pages that were read stay; the last one may have been short.
+void ListRows::complete(std::vector<QVariant>&& keys) {
+  if (!isContinuedBy(keys)) pages_.clear();
+  pages_.remove(size() / kPageSize);
+  keys_ = std::move(keys);
+  isWhole_ = true;
 }
 
 QString ListRows::keyAt(size_t place) const {
@@ -197,7 +234,7 @@ int ListRows::placeOf(const QString& key) const {
 
 int ListRows::find(const QString& field, const QString& text) const {
   QStringList names;
-  for (const QString& column : keyColumns_) names.append(column.section(QLatin1Char('.'), -1));
+  for (const QString& column : keyColumns_) names.append(fieldOf(column));
   if (names.join(u',').compare(field, Qt::CaseInsensitive) == 0) return placeOf(text);
   for (int place = 0; place < size(); ++place)
     if (row(place).text(field).compare(text, Qt::CaseInsensitive) == 0) return place;
@@ -205,8 +242,8 @@ int ListRows::find(const QString& field, const QString& text) const {
 }
 
 void ListRows::sort(const QStringList& fields, bool descending) {
-  if (fields.isEmpty()) return readKeys(order_, descending_);
-  readKeys(fields, descending);
+  if (fields.isEmpty()) return readKeys(order_, descending_, Read::Whole);
+  readKeys(fields, descending, Read::Whole);
 }
 
 }  // namespace velmar

@@ -2,6 +2,7 @@
 // opens as fast as one of a hundred.
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <optional>
 
@@ -83,13 +84,31 @@ class RecordsetRows : public RowSource {
   std::vector<int> order_;
 };
 
+/// The statement that reads the keys of a list, to be run on any connection.
+struct KeyStatement {
+  QString sql;
+  Values values;
+};
+
+/// The key columns of all rows, one row after the other. Throws Cancelled soon after `isStopped` has become
+/// true.
+std::vector<QVariant> readKeys(Database& connection, const KeyStatement& statement,
+                               const std::atomic<bool>& isStopped);
+
 /// A list of the open company, read as described above.
 class ListRows : public RowSource {
  public:
+  enum class Read {
+    Whole,
+    FirstPart  ///< the keys of a long list are not read to the end: isWhole() is false, size() counts those
+               ///< read
+  };
+
   /// `order` is a list of columns, separated by commas, all ascending or all descending; equal rows are
   /// ordered by key, nulls come first, descending last. Condition and order refer to the result columns of
   /// the query. Reads the keys.
-  ListRows(const ListQuery& query, const Condition& condition, const QString& order, bool descending = false);
+  ListRows(const ListQuery& query, const Condition& condition, const QString& order, bool descending = false,
+           Read read = Read::Whole);
 
   int size() const override { return static_cast<int>(keys_.size() / width()); }
   const Row& row(int place) const override;
@@ -100,12 +119,21 @@ class ListRows : public RowSource {
   /// The position of the row with that key (its text, see keyText), -1 when it is not in the list.
   int placeOf(const QString& key) const;
 
+  /// Number of key columns.
+  size_t width() const { return static_cast<size_t>(keyColumns_.size()); }
+  bool isWhole() const { return isWhole_; }
+  /// The statement of all keys, in the present order.
+  const KeyStatement& keyStatement() const { return statement_; }
+  /// Whether the keys read so far are the first of these.
+  bool isContinuedBy(const std::vector<QVariant>& keys) const;
+  /// Takes these keys; the list is then whole.
+  void complete(std::vector<QVariant>&& keys);
+
  private:
-  void readKeys(const QStringList& fields, bool descending);
+  void readKeys(const QStringList& fields, bool descending, Read read);
   bool isKey(const QString& field) const;
   void readPage(int page) const;
 
-  size_t width() const { return static_cast<size_t>(keyColumns_.size()); }
   QString keyAt(size_t place) const;
   QString selected() const;
 
@@ -114,6 +142,8 @@ class ListRows : public RowSource {
   Condition condition_;
   QStringList order_;
   bool descending_;
+  KeyStatement statement_;
+  bool isWhole_ = true;
   std::vector<QVariant> keys_;  ///< the key columns of all rows, one row after the other
   mutable QHash<int, std::vector<Row>> pages_;
 };

@@ -2,7 +2,9 @@
 
 #include <libpq-fe.h>
 #include <charconv>
+#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QMutex>
 #include <QRegularExpression>
 #include <QSysInfo>
 #include <QThread>
@@ -148,10 +150,14 @@ namespace {
 
 AskPassword askPassword;
 
-// Passwords of the servers that required one, until the process ends.
-QHash<QString, QString>& passwords() {
-  static QHash<QString, QString> known;
-  return known;
+// Passwords of the servers that required one, until the process ends. Connections of other threads use them.
+QHash<QString, QString> passwords;
+QMutex passwordsMutex;
+
+// The user can be asked only in the thread of the windows.
+bool canAsk() {
+  return askPassword && QCoreApplication::instance() &&
+         QThread::currentThread() == QCoreApplication::instance()->thread();
 }
 
 // Faults of encryption and of the server's identity, by what libpq reports.
@@ -209,9 +215,12 @@ namespace velmar::postgres {
 Connection::Connection(const Server& server, const QString& database)
     : handle_(nullptr, PQfinish), server_(server), database_(database) {
   const QString place = QStringLiteral("%1@%2:%3").arg(server.user, server.host).arg(server.port);
-  password_ = passwords().value(place);
+  {
+    const QMutexLocker lock(&passwordsMutex);
+    password_ = passwords.value(place);
+  }
   connect();
-  while (wantsPassword() && askPassword) {
+  while (wantsPassword() && canAsk()) {
     const auto typed = askPassword(server, !password_.isEmpty());
     if (!typed) throw Cancelled();
     password_ = *typed;
@@ -219,7 +228,9 @@ Connection::Connection(const Server& server, const QString& database)
   }
   if (PQstatus(handle_.get()) != CONNECTION_OK)
     throw connectError(text(PQerrorMessage(handle_.get())), database);
-  if (!password_.isEmpty()) passwords().insert(place, password_);
+  if (password_.isEmpty()) return;
+  const QMutexLocker lock(&passwordsMutex);
+  passwords.insert(place, password_);
 }
 
 // No password was given, or a wrong one.

@@ -1,5 +1,6 @@
 #include "store/PostgresEngine.h"
 
+#include <atomic>
 #include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QScopeGuard>
@@ -50,7 +51,7 @@ class ServerStatement : public EngineStatement {
 
  private:
   void prepare() {
-    static int counter = 0;
+    static std::atomic<int> counter = 0;
     name_ = "velmar" + QByteArray::number(++counter);
     connection_->prepare(name_, sql_);
     prepared_ = *generation_;

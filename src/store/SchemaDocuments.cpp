@@ -11,13 +11,15 @@ constexpr int kArticleWidth = 20;
 constexpr int kNameWidth = 35;
 constexpr int kUnitWidth = 5;
 constexpr int kRemarkWidth = 45;
+constexpr int kImportRemarkWidth = 60;
 
 // A header with the columns of all kinds: number, warehouse, observations and the flag VALIDAT.
-Table header(const QString& name, const QString& number, const QString& date, const QString& remark = "OBS") {
+Table header(const QString& name, const QString& number, const QString& date, const QString& remark = "OBS",
+             int remarkWidth = kRemarkWidth) {
   return Table(name)
       .text(number, kNumberWidth)
       .integers("Magazie")
-      .text(remark, kRemarkWidth)
+      .text(remark, remarkWidth)
       .dates(date)
       .flags("VALIDAT")
       .key(number)
@@ -151,7 +153,7 @@ std::vector<Table> purchaseTables() {
           .reals("PRETFT VALOAREFT VALOARETVA VALOARETTI PRETVA")
           .text("PALET", 20)
           .text("NUMCOM", kNumberWidth + 2),
-      header("G_FACIMP", "NUMFAC", "DATAFAC")
+      header("G_FACIMP", "NUMFAC", "DATAFAC", "OBS", kImportRemarkWidth)
           .integers("CODFUR BATVA")
           .dates("DATASCAD")
           .text("JURNAL", 3)

@@ -22,7 +22,7 @@ Table ledgerDocuments() {
       .reals("CURS TOTALDEV")
       .integers("MODREG")
       .text("SERIE", 5)
-      .text("OBS", 45)
+      .text("OBS", 60)  // the longest remark of a document
       .text("REF", 20)
       .flags("VALIDAT STORNAT LISTAT")
       .reals("PROCRABAT VALRABAT")
@@ -58,7 +58,9 @@ Table ledgerLines() {
       .index("ARTID CODMAG DOCID CANT CANTRAMASA")
       // The open lots of an article: few, even if its history is long.
       .index("ARTID", "CANTRAMASA > 0")
-      .index("REFERINTA", "REFERINTA IS NOT NULL");
+      .index("REFERINTA", "REFERINTA IS NOT NULL")
+      // The first movements of the list of all.
+      .index("LINIE DOCID");
 }
 
 Table noteLines() {

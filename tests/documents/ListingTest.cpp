@@ -99,5 +99,29 @@ TEST_F(Listing, AMissingPartnerLeavesItsVariablesUndefined) {
   EXPECT_EQ(missingPartnerTexts(listingKind("BI")).first(), "Furnizor inexistent in baza de date");
 }
 
+// A converted company prints a document from before the denomination in the lei of its time.
+TEST_F(Listing, AReprintIsInTheMoneyOfItsDate) {
+  ExecutaSql("INSERT INTO G_DOCUME (ID, TIP, DATADOC, CODDEV) VALUES ('FC8', 'FC', '2005-06-30', 'LEI')");
+  const auto printed = [] {
+    const Printout printout = reprintOf("FC8");
+    const ListedDocument document = readListed(printout);
+    ListingOptions options;
+    options.foreign = printout.foreign;
+    return listingData(*printout.form, document, options);
+  };
+  const ReportData old = printed();
+  EXPECT_EQ(old.fields->row(0).decimal("PRETFT"), 80000);
+  EXPECT_EQ(find(old, "SumaDePlataCifre")->value, 10003000.0);
+  EXPECT_EQ(find(old, "MonedaTiparita")->value, "ROL");
+  EXPECT_EQ(
+      OpenRs("SELECT PRETFT FROM G_LFACCL WHERE NUMFAC = '8' AND NRLINIE = 1").first().decimal("PRETFT"), 10);
+  ExecutaSql("UPDATE G_DOCUME SET DATADOC = '2005-07-01'");
+  EXPECT_EQ(find(printed(), "SumaDePlataCifre")->value, 1000.3);
+  ExecutaSql("UPDATE G_DOCUME SET DATADOC = '2005-06-30'");
+  ExecutaSql("DELETE FROM kt_val WHERE COD = 'ROL'");
+  EXPECT_EQ(find(printed(), "SumaDePlataCifre")->value, 1000.3);
+  EXPECT_THROW(reprintOf("FC9"), RuleError);
+}
+
 }  // namespace
 }  // namespace velmar

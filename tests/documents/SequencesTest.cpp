@@ -1,8 +1,9 @@
-// Random but reproducible sequences of receipts, issues, returns and failures through the real services:
-// after each step all data is consistent. VELMAR_SEQUENCES is the number of sequences per method; the number
-// of a sequence reproduces it.
+// Random but reproducible sequences of receipts, issues, returns, deletions and failures through the real
+// services: after each step all data is consistent. VELMAR_SEQUENCES is the number of sequences per method;
+// the number of a sequence reproduces it.
 #include <gtest/gtest.h>
 
+#include "documents/Undo.h"
 #include "Trade.h"
 #include "util/Errors.h"
 
@@ -29,7 +30,7 @@ class Sequence {
   QString step() {
     const QString number = QString::number(++first_);
     try {
-      switch (below(10)) {
+      switch (below(12)) {
         case 0:
         case 1:
         case 2:
@@ -43,6 +44,9 @@ class Sequence {
           return "FC" + number + run("FC", trade_.sale(number), issues());
         case 9:
           return "BS" + number + run("BS", {{"BATVA1", "2"}}, counterSale());
+        case 10:
+        case 11:
+          return takenBack();
         case 7:
           return "retur" + number + returned(number);
         default:
@@ -112,6 +116,20 @@ class Sequence {
     const Row& lot = lots[below(lots.size())];
     return run("FF", trade_.purchase(number, clock::today(), lot.text("DOCID")),
                {Trade::bought(lot.text("ARTID"), "-1", lot.decimal("PRETFT").toString(), "60")});
+  }
+
+  // Any of its documents; drafts of some are validated once more.
+  QString takenBack() {
+    const Recordset documents =
+        OpenRs("SELECT DISTINCT DOCID FROM G_LDOCUM WHERE ARTID LIKE ? ORDER BY DOCID",
+               {articles_[0].left(articles_[0].size() - 1) + "%"});
+    if (documents.isEmpty()) return "nimic de sters";
+    const LedgerKey key = *LedgerKey::of(documents[below(documents.size())].text("DOCID"));
+    takeBack(key);
+    if (below(2) == 0) return "sters " + key.text();
+    DocumentEditor editor(key.prefix());
+    editor.open(key.number);
+    return "reluat " + key.text() + (Trade::validate(editor) ? "" : " oprit");
   }
 
   // The posting of an issue fails because an account is missing, after everything else was written.

@@ -8,6 +8,7 @@
 #include <random>
 
 #include "documents/LineSource.h"
+#include "documents/Undo.h"
 #include "store/Roster.h"
 #include "Trade.h"
 
@@ -60,6 +61,22 @@ class WorkstationsTest : public ::testing::Test {
          {Trade::bought("A0", "3", "10", "30"), Trade::bought("A1", "2.5", "7", "30")});
     done("FC", trade_.sale(number), {Trade::out("A0", "2"), Trade::out("A1", "1.25")});
     done("BC", trade_.consumption(number), {Trade::out("A0", "1")});
+    validate(number, kArticles);
+    takenBack({KindId::ConsumptionVoucher, number});
+    takenBack({KindId::InputVoucher, number});
+  }
+
+  // Unless others depend on it, or it is taken back already; returns whether it was done.
+  static bool takenBack(const LedgerKey& key) {
+    try {
+      takeBack(key);
+      return true;
+    } catch (const RuleError& error) {
+      if (!error.text().contains("Exista documente de iesire") &&
+          !error.text().contains("nu a putut fi mutat"))
+        throw;
+      return false;
+    }
   }
 
   // A workstation: a separate process with its own connection.
@@ -191,6 +208,30 @@ TEST_F(WorkstationsTest, EightBillTheSameDeliveryNote) {
   EXPECT_EQ(count("*) AS N FROM G_DOCUME WHERE TIP = 'FC'"), 1);
   EXPECT_EQ(OpenRs("SELECT CANTRAMAS FROM G_LAECLI").first().decimal("CANTRAMAS"), Decimal(0));
   expectAllAgrees();
+}
+
+// Half of them take the receipt back, half issue from it: one of both is possible, and only once.
+TEST_F(WorkstationsTest, EightTakeBackWhatOthersUse) {
+  for (int round = 0; round < 4 * patience(); ++round) {
+    const QString number = QString::number(round + 1);
+    const QString article = code(round % kArticles);
+    trade_.validated("FF", trade_.purchase(number), {Trade::bought(article, "8", "10", "30")});
+    allAtOnce([&](int p) {
+      if (p % 2 == 0) return (void)takenBack({KindId::SupplierInvoice, number});
+      DocumentEditor editor("FC");
+      Trade::draft(editor, trade_.sale(QString::number(1000 * (p + 1) + round)), {Trade::out(article, "2")});
+      try {
+        editor.validate(editor.headerTexts());
+      } catch (const RuleError& error) {
+        if (!error.text().contains("are disponibil")) throw;
+      }
+    });
+    const bool isThere = count("*) AS N FROM G_DOCUME WHERE ID = 'FF" + number + "'") == 1;
+    EXPECT_EQ(Trade::figure(article, "STOC"), Decimal(0));
+    EXPECT_EQ(count("*) AS N FROM G_LDOCUM WHERE DOCID LIKE 'FC%' AND ARTID = '" + article + "'"),
+              isThere ? 4 : 0);
+    expectAllAgrees();
+  }
 }
 
 // Two are running, and now one, now the other is killed: every second one at an arbitrary moment, its start

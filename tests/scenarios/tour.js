@@ -166,3 +166,34 @@ for (const [entry, name, file, picture] of [["mnumnuRapmnuRapJVT", "frmRapJVTVA"
     equal(printed().map((path) => path.replace(/.*\//, "")), [file + "-1.pdf", file + "-2.pdf"], "the printed journal");
   });
 }
+
+// All that was validated: the invoice printed again and taken back, an article followed through its documents,
+// stock spoilt by hand, found by the check and corrected.
+visit("mnuTabeleDocumente", "frmLDoc", "31-documente", window => {
+  const documents = window.grid("grdParent");
+  documents.select(documents.column("ID").indexOf("FC" + number));
+  window.click("cmdTiparireDocument");
+  win("frmLstFC").click("cmdVisualizare");
+  win("frmLstFC").click("cmdAnulare");
+  equal(printed().length, 2, "the invoice, printed again");
+  messages();
+  for (const button of ["Da", "OK", "OK"]) answer(button);
+  window.click("cmdSterge");
+  equal(messages().pop().text, "Documentul FC" + number + " a fost mutat in grila de culegere", "taken back");
+  equal(sql(stock), there, "the goods are back");
+});
+visit("mnuMiscastoc", "frmMiscariStoc", "32-miscari", window => {
+  window.pick("cboCamp", "DOCUMENT");
+  window.type("txtValoare", "BI41");
+  window.click("cmdCautare");
+  check(window.grid("grdChild").rows() > 0, "the movements of the voucher");
+});
+sql("UPDATE G_ARTMAG SET STOC = STOC + 5 WHERE CODART = 'CR001'");
+visit("mnuVerificare", "frmVerificare", "33-verificare", window => {
+  equal(window.grid("grdDataGrid").column("LOC"), ["CR001"], "found");
+  answer("OK");
+  window.click("cmdCorectie");
+  equal(window.grid("grdDataGrid").rows(), 0, "corrected");
+});
+visit("mnuCorectiiCosturi", "frmCorectiiCosturi", "34-corectii-costuri");
+equal(call("disagreementText"), "", "all agrees");

@@ -80,12 +80,15 @@ frmMiscariStoc::frmMiscariStoc(QWidget* parent) : BrowserForm("frmMiscariStoc", 
   layOutBrowser(movementFilter(), "CODARTICOL", list(), commands);
 }
 
-void frmMiscariStoc::listRead() {
-  const MovementTotals totals = movementTotals(condition());
-  list()->setFooter("VALTVA", formatNumber(totals.vat, 2));
-  list()->setFooter("VALOAREFT", formatNumber(totals.value, 2));
-  list()->setFooter("VALOARETTI", formatNumber(totals.valueWithVat, 2));
-  list()->setFooter("VALCOST", formatNumber(totals.cost, 2));
+BackgroundRead::Work frmMiscariStoc::totalsRead() const {
+  return [grid = list(), shown = condition()](Database& connection, const std::atomic<bool>&) {
+    return [grid, totals = movementTotals(connection, shown)] {
+      grid->setFooter("VALTVA", formatNumber(totals.vat, 2));
+      grid->setFooter("VALOAREFT", formatNumber(totals.value, 2));
+      grid->setFooter("VALOARETTI", formatNumber(totals.valueWithVat, 2));
+      grid->setFooter("VALCOST", formatNumber(totals.cost, 2));
+    };
+  };
 }
 
 }  // namespace velmar

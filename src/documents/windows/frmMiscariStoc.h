@@ -11,7 +11,7 @@ class frmMiscariStoc : public BrowserForm {
   explicit frmMiscariStoc(QWidget* parent = nullptr);
 
  protected:
-  void listRead() override;
+  BackgroundRead::Work totalsRead() const override;
 };
 
 }  // namespace velmar

@@ -5,12 +5,20 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "store/Database.h"
 #include "store/windows/extTDBGrid.h"
 #include "store/windows/WhereBuilder.h"
+#include "util/Errors.h"
 #include "util/NumberText.h"
 #include "util/windows/Controls.h"
 
 namespace velmar {
+
+namespace {
+
+constexpr int kShortList = 2000;  // rows; their totals are read at once
+
+}  // namespace
 
 BrowserForm::BrowserForm(const QString& name, const QString& title, QWidget* parent)
     : ListForm(name, title, parent),
@@ -25,15 +33,75 @@ void BrowserForm::setListed(const Listed& listed) {
   grid->setEmptyText(listed.emptyText);
   QStringList keys;
   for (const QString& column : listed.query.key.split(u',')) keys.append(column.trimmed().section(u'.', -1));
-  const auto read = [this]() -> std::unique_ptr<RowSource> {
-    auto rows = std::make_unique<ListRows>(listed_.query, condition_, listed_.order, listed_.descending);
-    // Nothing is shown for 0.
-    lblNoRecs_->setText(rows->size() == 0 ? QString() : formatNumber(rows->size(), 0));
-    listRead();
-    return rows;
-  };
-  setList(grid, keys.join(u','), read, listed.tables);
+  key_ = keys.join(u',');
+  setList(
+      grid, key_, [this] { return read(); }, listed.tables);
   grouping_->setTDBGrid(grid);
+  connect(grid, &TDBGrid::allRowsNeeded, this,
+          [this] { guarded(objectName(), "Form_Load", [this] { readRest(); }); });
+}
+
+// Only the first rows of a long list, unless the current record is behind them.
+std::unique_ptr<RowSource> BrowserForm::read() {
+  background_.stop();
+  auto rows = std::make_unique<ListRows>(listed_.query, condition_, listed_.order, listed_.descending,
+                                         ListRows::Read::FirstPart);
+  const Row* current = list()->currentRecord();
+  if (!rows->isWhole() && current && rows->placeOf(keyText(*current, key_)) < 0)
+    rows->complete(readKeys(database(), rows->keyStatement(), false));
+  rows_ = rows.get();
+  for (const FooterTotal& each : totals_) list()->setFooter(each.footer, {});
+  if (rows->isWhole() && rows->size() < kShortList) {
+    showCount();
+    if (const BackgroundRead::Work totals = totalsRead()) totals(database(), false)();
+  } else {
+    lblNoRecs_->setText(QStringLiteral("..."));
+    // The grid may order the rows first.
+    QMetaObject::invokeMethod(this, &BrowserForm::readOn, Qt::QueuedConnection);
+  }
+  return rows;
+}
+
+void BrowserForm::readOn() {
+  const std::optional<KeyStatement> statement =
+      rows_->isWhole() ? std::nullopt : std::optional(rows_->keyStatement());
+  const BackgroundRead::Work totals = totalsRead();
+  const auto work = [this, statement, totals](Database& connection, const std::atomic<bool>& isStopped) {
+    auto keys = std::make_shared<std::vector<QVariant>>();
+    if (statement) *keys = readKeys(connection, *statement, isStopped);
+    const BackgroundRead::Use show = totals ? totals(connection, isStopped) : BackgroundRead::Use();
+    return BackgroundRead::Use([this, isList = statement.has_value(), keys, show] {
+      guarded(objectName(), "Form_Load", [&] {
+        if (isList && !rows_->isWhole()) {
+          if (!rows_->isContinuedBy(*keys)) return refresh();
+          extend(std::move(*keys));
+        }
+        showCount();
+        if (show) show();
+      });
+    });
+  };
+  background_.start(work, [this](const QString& text) { say(text); });
+}
+
+// At once, for a command on all rows.
+void BrowserForm::readRest() {
+  if (rows_->isWhole()) return;
+  background_.stop();
+  std::vector<QVariant> keys = readKeys(database(), rows_->keyStatement(), false);
+  if (!rows_->isContinuedBy(keys)) return refresh();
+  extend(std::move(keys));
+  readOn();
+}
+
+void BrowserForm::extend(std::vector<QVariant>&& keys) {
+  const int more = static_cast<int>(keys.size() / rows_->width()) - rows_->size();
+  list()->appendRows(more, [&] { rows_->complete(std::move(keys)); });
+}
+
+// Nothing is shown for 0.
+void BrowserForm::showCount() {
+  lblNoRecs_->setText(rows_->size() == 0 ? QString() : formatNumber(rows_->size(), 0));
 }
 
 void BrowserForm::setTotals(const QList<FooterTotal>& totals, const GridPrintSettings& printing) {
@@ -97,6 +165,7 @@ void BrowserForm::setFooters(bool filled) {
 }
 
 void BrowserForm::printList() {
+  readRest();
   setFooters(true);
   try {
     ListForm::printList();

@@ -2,6 +2,7 @@
 // its rows, and a print of the selected rows with their totals.
 #pragma once
 
+#include "store/BackgroundRead.h"
 #include "store/Filter.h"
 #include "store/windows/ListForm.h"
 
@@ -52,21 +53,30 @@ class BrowserForm : public ListForm {
   void search();
   /// The condition of the rows that are shown.
   const Condition& condition() const { return condition_; }
-  /// The list is being read; its condition is set.
-  virtual void listRead() {}
+  /// Reads the totals of all rows of the list with condition(), and returns what shows them; null: none. It
+  /// is called in the thread of the windows, its result in any.
+  virtual BackgroundRead::Work totalsRead() const { return {}; }
 
   void printList() override;
   QWidget* searchBox() override;
 
  private:
+  std::unique_ptr<RowSource> read();
+  void readOn();
+  void readRest();
+  void extend(std::vector<QVariant>&& keys);
+  void showCount();
   void setFooters(bool filled);
 
   Listed listed_;
+  QString key_;  ///< fields of the list's key
   Condition condition_;
+  ListRows* rows_ = nullptr;  ///< of the list
   QList<FooterTotal> totals_;
   WhereBuilder* filter_;
   extTDBGrid* grouping_;
   QLabel* lblNoRecs_;
+  BackgroundRead background_;  ///< of the list and the totals
 };
 
 }  // namespace velmar

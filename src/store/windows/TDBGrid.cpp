@@ -90,6 +90,12 @@ void ListModel::setRows(std::unique_ptr<RowSource> rows) {
   endResetModel();
 }
 
+void ListModel::appendRows(int count, const std::function<void()>& append) {
+  if (count > 0) beginInsertRows({}, rowCount(), rowCount() + count - 1);
+  append();
+  if (count > 0) endInsertRows();
+}
+
 void ListModel::showSecrets(bool shown) {
   beginResetModel();
   showsSecrets_ = shown;
@@ -461,6 +467,16 @@ void TDBGrid::scrollContentsBy(int dx, int dy) {
 void TDBGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
   if (model() == list_ && current.row() != previous.row()) emit currentRecordChanged();
+}
+
+void TDBGrid::selectAll() {
+  emit allRowsNeeded();
+  QTableView::selectAll();
+}
+
+QModelIndex TDBGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  if (action == MoveEnd && modifiers.testFlag(Qt::ControlModifier)) emit allRowsNeeded();
+  return QTableView::moveCursor(action, modifiers);
 }
 
 }  // namespace velmar

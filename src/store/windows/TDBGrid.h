@@ -39,6 +39,8 @@ class ListModel : public QAbstractTableModel {
   void setColumns(const QList<GridColumn>& columns);
   void setRows(std::unique_ptr<RowSource> rows);
   const RowSource& rows() const { return *rows_; }
+  /// `append` makes the list longer by that number of rows.
+  void appendRows(int count, const std::function<void()>& append);
   void showSecrets(bool shown);
   bool showsSecrets() const { return showsSecrets_; }
   void sortRows(const QStringList& fields, bool descending);
@@ -80,6 +82,8 @@ class TDBGrid : public QTableView {
   /// still there at the same place.
   void setRows(std::unique_ptr<RowSource> rows);
   void setRecordset(Recordset recordset);
+  /// `append` makes the list longer by that number of rows; what is shown and selected stays.
+  void appendRows(int count, const std::function<void()>& append) { list_->appendRows(count, append); }
   const RowSource& rows() const { return list_->rows(); }
   /// The current row of a list, null when there is none. It stands until the list is read on.
   const Row* currentRecord() const;
@@ -106,8 +110,11 @@ class TDBGrid : public QTableView {
   void setKeptInView(const QString& field, const QString& nameField);
   void setFooter(const QString& field, const QString& text);
   QString footer(const QString& field) const;
+  void selectAll() override;
 
  signals:
+  /// The user needs all rows of a list that may be read only in part, e.g. to select them.
+  void allRowsNeeded();
   /// Another record of a list became current (or none).
   void currentRecordChanged();
   /// The user dragged the heading of a column up and out of the grid.
@@ -118,6 +125,7 @@ class TDBGrid : public QTableView {
   void paintEvent(QPaintEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void reset() override;

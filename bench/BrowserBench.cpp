@@ -1,0 +1,162 @@
+// The lists of documents and movements, the corrections, the check and the deletion over a ledger of a
+// million lines, compared with bare statements for the same result.
+#include <functional>
+#include <QApplication>
+#include <QComboBox>
+#include <QDeadlineTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "Bare.h"
+#include "Benches.h"
+#include "documents/Invariants.h"
+#include "documents/windows/frmLDoc.h"
+#include "documents/windows/frmMiscariStoc.h"
+#include "Fixture.h"
+#include "stock/Corrections.h"
+#include "store/Database.h"
+
+namespace velmar::bench {
+
+namespace {
+
+constexpr int kWindowRounds = 7;
+constexpr int kLongRounds = 3;
+constexpr double kPageAim = 1.5;
+constexpr double kWorkAim = 2;
+
+// The statements for what the first page needs, and the sums of all rows.
+const std::string kDocumentPage =
+    "SELECT D.*, T.NUME FROM G_DOCUME D LEFT JOIN kt_ter T ON D.CODTERT = T.COD ORDER BY D.DATADOC DESC "
+    "LIMIT 100";
+const std::string kDocumentsOfDay =
+    "SELECT D.*, T.NUME FROM G_DOCUME D LEFT JOIN kt_ter T ON D.CODTERT = T.COD WHERE D.DATADOC = ? "
+    "ORDER BY D.DATADOC DESC";
+const std::string kMovements =
+    " FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID INNER JOIN G_MULTIMAGAZIE M ON M.COD = "
+    "L.CODMAG "
+    "INNER JOIN G_ARTMAG A ON A.CODART = L.ARTID LEFT JOIN kt_ter T ON T.COD = D.CODTERT";
+const std::string kMovementPage =
+    "SELECT L.*, D.*, A.DENART, M.DENUMIRE, T.NUME" + kMovements + " ORDER BY L.LINIE, L.DOCID LIMIT 100";
+const std::string kMovementsOfArticle = "SELECT L.*, D.*, A.DENART, M.DENUMIRE, T.NUME" + kMovements +
+                                        " WHERE L.ARTID = ? ORDER BY L.LINIE, L.DOCID";
+const std::string kMovementSums =
+    "SELECT COUNT(*), SUM(VALTVA), SUM(PRETFT * CANT), SUM(PRETTTI * CANT), SUM(VALCOST)" + kMovements;
+const std::string kStockSums =
+    "SELECT L.ARTID, SUM(CASE WHEN D.TIPIE IN ('I', 'S') THEN L.CANT ELSE -L.CANT END) FROM G_DOCUME D "
+    "INNER JOIN G_LDOCUM L ON L.DOCID = D.ID WHERE D.TIPIE IS NOT NULL GROUP BY L.ARTID";
+
+void settle() {
+  QApplication::sendPostedEvents();
+  QApplication::processEvents();
+}
+
+// Until the number of rows is known.
+void settleWholly(QWidget& window) {
+  const auto* count = window.findChild<QLabel*>("lblNoRecs");
+  for (QDeadlineTimer deadline(60'000); !deadline.hasExpired();) {
+    settle();
+    if (count->text() != QLatin1String("...")) return;
+    QThread::msleep(1);
+  }
+}
+
+void compare(Store store, const QString& name, double aim, int rounds, const std::function<void()>& ours,
+             const std::function<void()>& bare) {
+  Times own, statements;
+  for (int round = 0; round < rounds; ++round) {
+    statements.add(timed(bare));
+    own.add(timed(ours));
+  }
+  const double times = own.median() / statements.median();
+  noteRatio(QStringLiteral("browser: ") + name, store, times);
+  printRow(name, {milliseconds(own.median()), milliseconds(statements.median()), ratio(times, aim),
+                  QStringLiteral("<= %1").arg(aim)});
+}
+
+template <typename Window>
+void measureOpening(Store store, const QString& name, BareStatement& page, BareStatement* sums) {
+  compare(
+      store, name + QStringLiteral(": prima pagina"), kPageAim, kWindowRounds,
+      [] {
+        Window window;
+        window.show();
+        settle();
+      },
+      [&page] { page.run(); });
+  if (!sums) return;
+  compare(
+      store, name + QStringLiteral(": numar si totaluri"), kPageAim, kLongRounds,
+      [] {
+        Window window;
+        window.show();
+        settleWholly(window);
+      },
+      [sums] { sums->run(); });
+}
+
+template <typename Window>
+void measureFilter(Store store, const QString& name, const QString& column, const QString& value,
+                   BareStatement& found) {
+  Window window;
+  window.show();
+  settleWholly(window);
+  compare(
+      store, name, kPageAim, kRounds,
+      [&] {
+        window.showOnly(column, value);
+        settleWholly(window);
+      },
+      [&] { found.run(); });
+}
+
+}  // namespace
+
+bool measureBrowser(Store store) {
+  const QString path = copyOfCompany(store, CompanySize::Grown, QStringLiteral("documente.mdb"));
+  const OpenCompany company(path);
+  BareConnection bare(path);
+  printHeading(store, QStringLiteral("browser: 1.000.000 de miscari"),
+               {QStringLiteral("program"), QStringLiteral("instr."), QStringLiteral("raport"),
+                QStringLiteral("tinta")});
+  BareStatement documents = bare.prepare(kDocumentPage.c_str());
+  BareStatement movements = bare.prepare(kMovementPage.c_str());
+  BareStatement sums = bare.prepare(kMovementSums.c_str());
+  measureOpening<frmLDoc>(store, QStringLiteral("documente"), documents, nullptr);
+  measureOpening<frmMiscariStoc>(store, QStringLiteral("miscari"), movements, &sums);
+
+  const QDate day = OpenRs("SELECT MAX(DATADOC) AS DATADOC FROM G_DOCUME").first().date("DATADOC");
+  BareStatement ofDay = bare.prepare(kDocumentsOfDay.c_str());
+  ofDay.bind(1, day.toString(Qt::ISODate).toStdString());
+  measureFilter<frmLDoc>(store, QStringLiteral("documentele unei zile"), QStringLiteral("DATADOC"),
+                         day.toString(QStringLiteral("dd.MM.yyyy")), ofDay);
+  BareStatement ofArticle = bare.prepare(kMovementsOfArticle.c_str());
+  ofArticle.bind(1, std::string("A000123"));
+  measureFilter<frmMiscariStoc>(store, QStringLiteral("miscarile unui articol"), QStringLiteral("CODARTICOL"),
+                                QStringLiteral("A000123"), ofArticle);
+
+  BareStatement stock = bare.prepare(kStockSums.c_str());
+  compare(
+      store, QStringLiteral("corectie stocuri"), kWorkAim, kLongRounds, [] { CorectArticoleTable(); },
+      [&stock] { stock.run(); });
+  compare(
+      store, QStringLiteral("corectie stocuri si avize"), kWorkAim, kLongRounds,
+      [] { correctStockAndNotes(); }, [&stock] { stock.run(); });
+  compare(
+      store, QStringLiteral("diferente loturi"), kWorkAim, kLongRounds, [] { lotDifferences(); },
+      [&stock] { stock.run(); });
+  BareStatement issued = bare.prepare(
+      "SELECT L.ARTID, SUM(L.CANT) FROM G_DOCUME D INNER JOIN G_LDOCUM L ON L.DOCID = D.ID WHERE D.TIPIE = "
+      "'E' "
+      "GROUP BY L.ARTID");
+  compare(
+      store, QStringLiteral("cantitati iesite"), kWorkAim, kLongRounds,
+      [] { setIssuedQuantities(QDate(2000, 1, 1), QDate(2099, 12, 31)); }, [&issued] { issued.run(); });
+  size_t found = 0;
+  printRow(QStringLiteral("verificare"), {milliseconds(timed([&found] { found = disagreements().size(); }))});
+  removeCompany(path);
+  return true;
+}
+
+}  // namespace velmar::bench
