@@ -106,6 +106,8 @@ struct Deletions {
       }
   }
 
+  bool agrees() const { return agree(invoices(), mine.path, theirs.path); }
+
   Used mine, theirs;
   int draft = 0;
   QHash<int, Pair> pairs;
@@ -116,24 +118,22 @@ struct Deletions {
 bool measureDeletion(Store store) {
   const Validated& kind = invoices();
   Deletions small(store, kind.small, QStringLiteral("stergere-mic"));
-  Deletions large(store, kind.large, QStringLiteral("stergere-mare"));
-  for (int round = 0; round < (isQuick() ? 1 : kRounds); ++round) {
+  if (isQuick()) {
     small.measureRound();
-    if (!isQuick()) large.measureRound();
+    return printAgreement(small.agrees());
   }
-  if (isQuick()) return printAgreement(agree(kind, small.mine.path, small.theirs.path));
+  Deletions large(store, kind.large, QStringLiteral("stergere-mare"));
+  for (int round = 0; round < kRounds; ++round)
+    for (Deletions* each : {&small, &large}) each->measureRound();
   printHeading(store, QStringLiteral("deletion: stergerea unei facturi validate"), kContestColumns);
   for (const int lines : kSizes) {
-    printRatio(store, QStringLiteral("deletion"),
-               QStringLiteral("%1 linii, %2").arg(QString::number(lines), kind.smallName), small.pairs[lines],
-               kAim);
-    printRatio(store, QStringLiteral("deletion"),
-               QStringLiteral("%1 linii, %2").arg(QString::number(lines), kind.largeName), large.pairs[lines],
-               kAim);
+    for (const auto& [name, ledger] : {std::pair(kind.smallName, &small), std::pair(kind.largeName, &large)})
+      printRatio(store, QStringLiteral("deletion"),
+                 QStringLiteral("%1 linii, %2").arg(QString::number(lines), name), ledger->pairs[lines],
+                 kAim);
     printGrowth(lines, small.pairs[lines], large.pairs[lines]);
   }
-  return printAgreement(agree(kind, small.mine.path, small.theirs.path) &&
-                        agree(kind, large.mine.path, large.theirs.path));
+  return printAgreement(small.agrees() && large.agrees());
 }
 
 }  // namespace velmar::bench

@@ -139,14 +139,14 @@ QList<FilterField> movementFilter() {
 MovementTotals movementTotals(Database& connection, const Condition& condition) {
   const ListQuery& list = movementList();
   const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition.sql;
-  const Recordset found =
-      connection.query(QStringLiteral("SELECT %1, %2, %3, %4 FROM (SELECT %5 FROM %6) AS LIST%7")
-                           .arg(exactSum("VALTVA"), exactSum("VALOAREFT"), exactSum("VALOARETTI"),
-                                exactSum("VALCOST"), list.columns, list.from, where),
-                       condition.values);
+  const Recordset found = connection.query(
+      QStringLiteral("SELECT COUNT(*) AS N, %1, %2, %3, %4 FROM (SELECT %5 FROM %6) AS LIST%7")
+          .arg(exactSum("VALTVA"), exactSum("VALOAREFT"), exactSum("VALOARETTI"), exactSum("VALCOST"),
+               list.columns, list.from, where),
+      condition.values);
   const Row& sums = found.first();
   const auto sum = [&sums](const char* column) { return sums.decimal(column) / 10000; };
-  return {sum("VALTVA"), sum("VALOAREFT"), sum("VALOARETTI"), sum("VALCOST")};
+  return {sums.integer("N"), sum("VALTVA"), sum("VALOAREFT"), sum("VALOARETTI"), sum("VALCOST")};
 }
 
 }  // namespace velmar

@@ -21,6 +21,7 @@ QList<FilterField> movementFilter();
 
 /// Sums over movements, in lei with 4 decimals.
 struct MovementTotals {
+  qint64 count = 0;
   Decimal vat;           ///< VALTVA
   Decimal value;         ///< VALOAREFT
   Decimal valueWithVat;  ///< VALOARETTI

@@ -4,8 +4,10 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <QObject>
 #include <QThread>
+#include <vector>
 
 namespace velmar {
 
@@ -23,16 +25,18 @@ class BackgroundRead : public QObject {
   /// Stops the work; nothing is used any more.
   ~BackgroundRead() override;
 
-  /// Stops what runs and starts `work`. When it fails, `failed` is called in the thread of the windows with
-  /// the text of the error.
-  void start(const Work& work, const std::function<void(const QString& text)>& failed);
+  /// Stops what runs and starts these, one after the other, all on one state of the company. Each result is
+  /// used as soon as it is there. When one fails, `failed` is called in the thread of the windows with the
+  /// text of the error.
+  void start(const std::vector<Work>& works, const std::function<void(const QString& text)>& failed);
   void stop();
-  bool isRunning() const { return thread_ != nullptr; }
 
  private:
-  void finish(int run, const Use& use);
+  void use(int run, const Use& result);
 
   std::unique_ptr<QThread> thread_;
+  std::mutex guard_;             ///< of the next
+  Database* running_ = nullptr;  ///< the connection of the thread
   std::atomic<bool> isStopped_ = false;
   int run_ = 0;  ///< counts the starts
 };

@@ -169,6 +169,8 @@ bool Database::copyAsFile(const QString& path, const std::function<void(int done
   return state_->engine->copyAsFile(path, progress);
 }
 
+void Database::interrupt() { state_->engine->interrupt(); }
+
 void Database::prepareSchema() { state_->engine->prepareSchema(); }
 
 Engine& Database::engine() { return *state_->engine; }

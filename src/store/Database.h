@@ -68,6 +68,10 @@ class Database {
   /// false, and writes nothing, if the company is not in a file.
   bool copyAsFile(const QString& path, const std::function<void(int done, int of)>& progress);
 
+  /// Makes the statement that another thread runs here fail soon with StoreError. Only this may be called
+  /// while another thread uses the object.
+  void interrupt();
+
   /// Creates the SQL functions that tables require. To be called before createTable().
   void prepareSchema();
 

@@ -64,6 +64,9 @@ class Engine {
   /// and may throw. Returns false if the engine has no such file.
   virtual bool copyAsFile(const QString&, const EngineProgress&) { return false; }
 
+  /// Makes the running statement fail; called from another thread.
+  virtual void interrupt() = 0;
+
   /// The declaration of a column of that type, including NOT NULL and default.
   virtual QString declaredType(const Column& column) const = 0;
   /// The name, quoted as statements of this engine require; a plain name is not case-sensitive.

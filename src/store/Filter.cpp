@@ -121,7 +121,13 @@ QList<FilterField> filterFields(const Table& table, const QHash<QString, QString
 }
 
 void offerChoices(QList<FilterField>& fields, const QString& column, const QString& sql) {
-  fieldOf(fields, column).choices = [sql] {
+  constexpr int kMany = 2000;
+  FilterField& field = fieldOf(fields, column);
+  field.hasManyChoices = [sql] {
+    const QString unordered = sql.section(QStringLiteral(" ORDER BY "), 0, 0);
+    return !OpenRs(QStringLiteral("%1 LIMIT 1 OFFSET %2").arg(unordered).arg(kMany)).isEmpty();
+  };
+  field.choices = [sql] {
     QStringList names, codes;
     const Recordset rows = OpenRs(sql);
     for (const Row& row : rows) {

@@ -21,6 +21,8 @@ struct FilterField {
   ColumnType type = ColumnType::Text;
   /// Returns the values to choose from; if not set, the value is typed.
   std::function<QList<FilterChoice>()> choices = {};
+  /// Whether they are so many that a window should read them only when they are needed; if not set, no.
+  std::function<bool()> hasManyChoices = {};
 };
 
 enum class Comparison { Equal, NotEqual, Less, More, Between, BeginsWith, Contains, Empty };

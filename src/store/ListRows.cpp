@@ -98,6 +98,16 @@ void RecordsetRows::sort(const QStringList& fields, bool descending) {
   });
 }
 
+qint64 countOf(Database& connection, const ListQuery& query, const Condition& condition) {
+  const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition.sql;
+  return connection
+      .query(QStringLiteral("SELECT COUNT(*) AS N FROM (SELECT %1 FROM %2) AS LIST%3")
+                 .arg(query.columns, query.from, where),
+             condition.values)
+      .first()
+      .integer("N");
+}
+
 std::vector<QVariant> readKeys(Database& connection, const KeyStatement& statement,
                                const std::atomic<bool>& isStopped) {
   std::vector<QVariant> keys;

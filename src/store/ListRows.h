@@ -84,6 +84,9 @@ class RecordsetRows : public RowSource {
   std::vector<int> order_;
 };
 
+/// The number of rows of a query with that condition on its result columns.
+qint64 countOf(Database& connection, const ListQuery& query, const Condition& condition);
+
 /// The statement that reads the keys of a list, to be run on any connection.
 struct KeyStatement {
   QString sql;

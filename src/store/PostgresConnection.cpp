@@ -1,6 +1,7 @@
 #include "store/PostgresConnection.h"
 
 #include <libpq-fe.h>
+#include <array>
 #include <charconv>
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -433,6 +434,12 @@ void Connection::each(const QByteArray& name, const Values& values,
 
 void Connection::forget(const QByteArray& name) {
   run(QStringLiteral("DEALLOCATE ") + QString::fromLatin1(name));
+}
+
+void Connection::interrupt() const {
+  const std::unique_ptr<PGcancel, void (*)(PGcancel*)> request(PQgetCancel(handle_.get()), PQfreeCancel);
+  std::array<char, 256> fault{};
+  if (request) PQcancel(request.get(), fault.data(), static_cast<int>(fault.size()));
 }
 
 bool Connection::isLost() const { return farewell_ || PQstatus(handle_.get()) != CONNECTION_OK; }

@@ -37,6 +37,8 @@ class Connection {
   void each(const QByteArray& name, const Values& values,
             const std::function<void(std::vector<QVariant>&& cells)>& use);
   void forget(const QByteArray& name);
+  /// Makes the running statement fail; called from another thread.
+  void interrupt() const;
 
   /// Whether an error has left a transaction that can only be rolled back.
   bool inFailedTransaction() const;

@@ -223,6 +223,8 @@ void ServerEngine::beginSnapshot() {
   connection_->setInTransaction(true);
 }
 
+void ServerEngine::interrupt() { connection_->interrupt(); }
+
 // A round trip costs more than the rows that it transfers.
 int ServerEngine::rowsPerInsert() const { return 128; }
 

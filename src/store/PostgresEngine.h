@@ -27,6 +27,7 @@ class ServerEngine : public Engine {
   QStringList ownKinds() override;
   std::vector<StoredStatement> companyTriggers() const override;
   void studyTables() override;
+  void interrupt() override;
   void prepareSchema() override;
   QStringList tables() override;
   TableShape tableShape(const QString& table) override;

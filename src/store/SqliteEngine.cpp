@@ -134,6 +134,8 @@ void FileEngine::requireInPlace() {
           .arg(path_));
 }
 
+void FileEngine::interrupt() { sqlite3_interrupt(handleOf(connection_)); }
+
 bool FileEngine::copyAsFile(const QString& path, const EngineProgress& progress) {
   const qint64 full = std::max<qint64>(1, QFileInfo(path_).size());
   const auto report = [&] {

@@ -23,6 +23,7 @@ class FileEngine : public Engine {
   void requireWhole(const std::function<void()>& meanwhile) override;
   void requireInPlace() override;
   bool copyAsFile(const QString& path, const EngineProgress& progress) override;
+  void interrupt() override;
   QString declaredType(const Column& column) const override;
   QString clusteredSuffix() const override;
   std::optional<ColumnType> kindOf(const TableShape& table, const ColumnShape& column) const override;

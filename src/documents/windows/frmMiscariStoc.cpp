@@ -81,8 +81,9 @@ frmMiscariStoc::frmMiscariStoc(QWidget* parent) : BrowserForm("frmMiscariStoc", 
 }
 
 BackgroundRead::Work frmMiscariStoc::totalsRead() const {
-  return [grid = list(), shown = condition()](Database& connection, const std::atomic<bool>&) {
-    return [grid, totals = movementTotals(connection, shown)] {
+  return [this, shown = condition()](Database& connection, const std::atomic<bool>&) {
+    return [this, grid = list(), totals = movementTotals(connection, shown)] {
+      showCount(totals.count);
       grid->setFooter("VALTVA", formatNumber(totals.vat, 2));
       grid->setFooter("VALOAREFT", formatNumber(totals.value, 2));
       grid->setFooter("VALOARETTI", formatNumber(totals.valueWithVat, 2));

@@ -52,8 +52,7 @@ std::unique_ptr<RowSource> BrowserForm::read() {
   rows_ = rows.get();
   for (const FooterTotal& each : totals_) list()->setFooter(each.footer, {});
   if (rows->isWhole() && rows->size() < kShortList) {
-    showCount();
-    if (const BackgroundRead::Work totals = totalsRead()) totals(database(), false)();
+    totalsRead()(database(), false)();
   } else {
     lblNoRecs_->setText(QStringLiteral("..."));
     // The grid may order the rows first.
@@ -63,25 +62,27 @@ std::unique_ptr<RowSource> BrowserForm::read() {
 }
 
 void BrowserForm::readOn() {
-  const std::optional<KeyStatement> statement =
-      rows_->isWhole() ? std::nullopt : std::optional(rows_->keyStatement());
-  const BackgroundRead::Work totals = totalsRead();
-  const auto work = [this, statement, totals](Database& connection, const std::atomic<bool>& isStopped) {
-    auto keys = std::make_shared<std::vector<QVariant>>();
-    if (statement) *keys = readKeys(connection, *statement, isStopped);
-    const BackgroundRead::Use show = totals ? totals(connection, isStopped) : BackgroundRead::Use();
-    return BackgroundRead::Use([this, isList = statement.has_value(), keys, show] {
-      guarded(objectName(), "Form_Load", [&] {
-        if (isList && !rows_->isWhole()) {
-          if (!rows_->isContinuedBy(*keys)) return refresh();
-          extend(std::move(*keys));
-        }
-        showCount();
-        if (show) show();
-      });
-    });
+  std::vector<BackgroundRead::Work> works{totalsRead()};
+  if (!rows_->isWhole())
+    works.push_back(
+        [this, statement = rows_->keyStatement()](Database& connection, const std::atomic<bool>& isStopped) {
+          auto keys = std::make_shared<std::vector<QVariant>>(readKeys(connection, statement, isStopped));
+          return [this, keys] {
+            guarded(objectName(), "Form_Load", [&] {
+              if (rows_->isWhole()) return;
+              if (!rows_->isContinuedBy(*keys)) return refresh();
+              extend(std::move(*keys));
+            });
+          };
+        });
+  background_.start(works, [this](const QString& text) { say(text); });
+}
+
+BackgroundRead::Work BrowserForm::totalsRead() const {
+  return [this, query = listed_.query, shown = condition_](Database& connection, const std::atomic<bool>&) {
+    const qint64 count = countOf(connection, query, shown);
+    return [this, count] { showCount(count); };
   };
-  background_.start(work, [this](const QString& text) { say(text); });
 }
 
 // At once, for a command on all rows.
@@ -100,8 +101,8 @@ void BrowserForm::extend(std::vector<QVariant>&& keys) {
 }
 
 // Nothing is shown for 0.
-void BrowserForm::showCount() {
-  lblNoRecs_->setText(rows_->size() == 0 ? QString() : formatNumber(rows_->size(), 0));
+void BrowserForm::showCount(qint64 count) const {
+  lblNoRecs_->setText(count == 0 ? QString() : formatNumber(count, 0));
 }
 
 void BrowserForm::setTotals(const QList<FooterTotal>& totals, const GridPrintSettings& printing) {

@@ -53,9 +53,10 @@ class BrowserForm : public ListForm {
   void search();
   /// The condition of the rows that are shown.
   const Condition& condition() const { return condition_; }
-  /// Reads the totals of all rows of the list with condition(), and returns what shows them; null: none. It
-  /// is called in the thread of the windows, its result in any.
-  virtual BackgroundRead::Work totalsRead() const { return {}; }
+  /// Reads the number of rows with condition(), and what else is shown of all of them. It is called in the
+  /// thread of the windows, its result in any.
+  virtual BackgroundRead::Work totalsRead() const;
+  void showCount(qint64 count) const;
 
   void printList() override;
   QWidget* searchBox() override;
@@ -65,7 +66,6 @@ class BrowserForm : public ListForm {
   void readOn();
   void readRest();
   void extend(std::vector<QVariant>&& keys);
-  void showCount();
   void setFooters(bool filled);
 
   Listed listed_;

@@ -2,7 +2,9 @@
 
 #include <QBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QStandardItemModel>
 
 #include "util/Errors.h"
 #include "util/Messages.h"
@@ -30,6 +32,8 @@ WhereBuilder::WhereBuilder(QWidget* parent)
     cboComparatie_->addItem(text, static_cast<int>(comparison));
   connect(cboCamp_, &QComboBox::currentIndexChanged, this, &WhereBuilder::fieldChosen);
   connect(cboComparatie_, &QComboBox::currentIndexChanged, this, &WhereBuilder::showBoxes);
+  for (QWidget* each : {static_cast<QWidget*>(cboValoare_), static_cast<QWidget*>(cboValoare_->lineEdit())})
+    each->installEventFilter(this);
   lblConditie_->setTextFormat(Qt::PlainText);
   lblConditie_->setWordWrap(true);
 
@@ -88,13 +92,34 @@ void WhereBuilder::fieldChosen() {
   txtValoare_->clear();
   txtValoare2_->clear();
   cboValoare_->clear();
-  if (field() && field()->choices) {
-    guarded("WhereBuilder", "cboCamp_Click", [this] {
-      for (const FilterChoice& choice : field()->choices()) cboValoare_->addItem(choice.text, choice.value);
-    });
-    cboValoare_->setCurrentIndex(-1);
-  }
+  cboValoare_->clearEditText();
+  isOffered_ = !field() || !field()->choices;
+  guarded("WhereBuilder", "cboCamp_Click", [this] {
+    if (!isOffered_ && !(field()->hasManyChoices && field()->hasManyChoices())) offerChoices();
+  });
   showBoxes();
+}
+
+void WhereBuilder::offerChoices() {
+  if (isOffered_) return;
+  isOffered_ = true;
+  QList<QStandardItem*> items;
+  for (const FilterChoice& choice : field()->choices()) {
+    items.append(new QStandardItem(choice.text));
+    items.last()->setData(choice.value, Qt::UserRole);
+  }
+  auto* choices = new QStandardItemModel(cboValoare_);
+  choices->appendColumn(items);
+  cboValoare_->setModel(choices);
+  cboValoare_->setCurrentIndex(-1);
+  cboValoare_->clearEditText();
+}
+
+// Many choices are read when the user turns to the list.
+bool WhereBuilder::eventFilter(QObject* watched, QEvent* event) {
+  if (!isOffered_ && (event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonPress))
+    guarded("WhereBuilder", "cboCamp_Click", [this] { offerChoices(); });
+  return QWidget::eventFilter(watched, event);
 }
 
 void WhereBuilder::showBoxes() {
@@ -114,6 +139,7 @@ bool WhereBuilder::hasValue() const {
 void WhereBuilder::addTo(Filter& filter) {
   FilterTerm term{*field(), comparison(), txtValoare_->text(), txtValoare2_->text()};
   if (field()->choices) {
+    offerChoices();
     cboValoare_->settle();
     term.choice = cboValoare_->choice();
     term.first = cboValoare_->currentText();

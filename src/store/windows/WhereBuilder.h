@@ -45,6 +45,8 @@ class WhereBuilder : public QWidget {
   Comparison comparison() const;
   bool hasValue() const;
   void fieldChosen();
+  void offerChoices();
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void showBoxes();
   void addTo(Filter& filter);
   /// Adds the values of the boxes to the condition and clears them.
@@ -62,6 +64,7 @@ class WhereBuilder : public QWidget {
   QLineEdit* txtValoare_;
   QLineEdit* txtValoare2_;
   SearchCombo* cboValoare_;
+  bool isOffered_ = true;  ///< the list has the choices of the field
   QLabel* lblConditie_;
 };
 
