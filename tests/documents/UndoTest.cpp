@@ -7,8 +7,11 @@
 #include <QSet>
 
 #include "documents/LineSource.h"
+#include "stock/Corrections.h"
 #include "store/Schema.h"
+#include "store/Server.h"
 #include "Trade.h"
+#include "util/Errors.h"
 #include "util/Messages.h"
 
 namespace velmar {
@@ -315,6 +318,60 @@ TEST(UndoGuardTest, DocumentsThatOthersDependOnAreNotTakenBack) {
   EXPECT_EQ(OpenRs("SELECT NDI FROM kt_linii WHERE DOC = '1'").size(), 3);
   EXPECT_EQ(OpenRs("SELECT * FROM G_DOCUME").size(), 0);
   EXPECT_EQ(Trade::figure("A", "STOC"), Decimal(0));
+}
+
+// A table that refuses one kind of write while the object exists.
+class Refusing {
+ public:
+  Refusing(const QString& table, const QString& event)
+      : isServer_(serverOf(TestCompany::folder())), table_(table) {
+    if (isServer_)
+      ExecutaSql(
+          "CREATE OR REPLACE FUNCTION refuse() RETURNS trigger LANGUAGE plpgsql AS "
+          "'BEGIN RAISE EXCEPTION ''refuzat''; END'");
+    ExecutaSql(QStringLiteral("CREATE TRIGGER refuse BEFORE %1 ON %2 %3")
+                   .arg(event, table,
+                        isServer_ ? "FOR EACH ROW EXECUTE FUNCTION refuse()"
+                                  : "BEGIN SELECT RAISE(ABORT, 'refuzat'); END"));
+  }
+  ~Refusing() { ExecutaSql(isServer_ ? "DROP TRIGGER refuse ON " + table_ : "DROP TRIGGER refuse"); }
+
+ private:
+  bool isServer_;
+  QString table_;
+};
+
+TEST(UndoGuardTest, ARefusedWriteLeavesTheDocumentValidated) {
+  const Trade trade("FIFO");
+  trade.article("A", "20");
+  trade.validated("FF", trade.purchase("1"), {Trade::bought("A", "10", "5", "20")});
+  trade.validated("FC", trade.sale("7"), {Trade::out("A", "4")});
+  const QStringList before = everything();
+  const std::pair<const char*, const char*> writes[] = {
+      {"G_ARTMAG", "UPDATE"}, {"G_LDOCUM", "UPDATE"}, {"G_LDOCUM", "DELETE"},  {"G_DOCUME", "DELETE"},
+      {"G_I_E", "DELETE"},    {"G_FACCLI", "UPDATE"}, {"G_STOCMAG", "UPDATE"}, {"kt_linii", "DELETE"}};
+  for (const auto& [table, event] : writes) {
+    {
+      const Refusing refusing(table, event);
+      EXPECT_THROW(takeBack({KindId::CustomerInvoice, "7"}), Error) << table << " " << event;
+    }
+    EXPECT_EQ(difference(everything(), before), "") << table << " " << event;
+  }
+  ExecutaSql("UPDATE G_ARTMAG SET STOC = 9");
+  ExecutaSql("UPDATE G_LDOCUM SET CANTRAMASA = 9 WHERE DOCID = 'FF1'");
+  const QStringList spoilt = everything();
+  {
+    const Refusing refusing("G_ARTMAG", "UPDATE");
+    EXPECT_THROW(correctStockAndNotes(), StoreError);
+  }
+  {
+    const Refusing refusing("G_LDOCUM", "UPDATE");
+    EXPECT_THROW(correctLots({"A"}), StoreError);
+  }
+  EXPECT_EQ(difference(everything(), spoilt), "");
+  correctStockAndNotes();
+  correctLots({"A"});
+  EXPECT_EQ(difference(everything(), before), "");
 }
 
 // With the average, goods come back at the value that they left with.
