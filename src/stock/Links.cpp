@@ -46,6 +46,7 @@ void readOf(const SourceTables& tables, const std::vector<LedgerKey>& sources,
   for (const LedgerKey& source : sources)
     if (source.kind == tables.kind) numbers.append(source.number);
   numbers.removeDuplicates();
+  QHash<QString, int> places;
   for (const Row& row :
        rowsOfKeys(inserted("SELECT {number} AS NUMBER, NRLINIE, CODART, CANT, {column} AS REST, "
                            "REFERINTA, {date} AS DATASOLD FROM {lines} WHERE {number} IN (%1) "
@@ -57,6 +58,7 @@ void readOf(const SourceTables& tables, const std::vector<LedgerKey>& sources,
     lines.push_back({{tables.kind, row.text("NUMBER")},
                      row.integer("NRLINIE"),
                      row.text("CODART"),
+                     places[(row.text("NUMBER") + u'\n' + row.text("CODART")).toUpper()]++,
                      quantity,
                      tables.isDelivered ? Round(quantity - stored, kQuantityDecimals) : stored,
                      row.text("REFERINTA"),
@@ -79,7 +81,7 @@ void writeOf(const SourceTables& tables, const std::vector<SourceLine>& lines) {
     rests.push_back(std::move(rest));
     Values values{reference, date};
     if (tables.restInLedger) values.insert(values.begin(), line.open);
-    values.insert(values.end(), {line.source.text(), line.article});
+    values.insert(values.end(), {line.source.text(), line.source.text(), line.article, line.place});
     ledger.push_back(std::move(values));
     numbers.append(line.source.number);
   }
@@ -90,7 +92,8 @@ void writeOf(const SourceTables& tables, const std::vector<SourceLine>& lines) {
           .arg(tables.isDated ? QStringLiteral(", DATASOLD = ?") : QString()),
       rests);
   database().executeEach(QStringLiteral("UPDATE G_LDOCUM SET %1REFERINTA = ?, DATASOLD = ? "
-                                        "WHERE DOCID = ? AND ARTID = ?")
+                                        "WHERE DOCID = ? AND LINIE = (SELECT LINIE FROM G_LDOCUM WHERE "
+                                        "DOCID = ? AND ARTID = ? ORDER BY LINIE LIMIT 1 OFFSET ?)")
                              .arg(tables.restInLedger ? QStringLiteral("CANTRAMASA = ?, ") : QString()),
                          ledger);
   if (*tables.closed == '\0') return;

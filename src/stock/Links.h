@@ -17,6 +17,7 @@ struct SourceLine {
   LedgerKey source;
   qint64 line = 0;  ///< NRLINIE
   QString article;
+  int place = 0;  ///< among the lines of the article in the source, from 0
   Decimal quantity;
   Decimal open;       ///< not yet received, delivered, invoiced or returned
   QString reference;  ///< referenceOf() the last document that took from it; blank: none

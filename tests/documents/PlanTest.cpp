@@ -37,7 +37,7 @@ TEST(PlanTest, AnInvoiceUnderFifoIsPlannedWithoutADatabase) {
   article.figures.STOC = 9;
   inputs.articles.add(article);
   inputs.lots = OpenLots({{"A", "FF1", 1, 4, 2, 10, 10}, {"A", "FF2", 3, 5, 5, 12, 12}});
-  inputs.sources = {{{KindId::CustomerOrder, "5"}, 1, "A", 8, 8, {}, {}}};
+  inputs.sources = {{{KindId::CustomerOrder, "5"}, 1, "A", 0, 8, 8, {}, {}}};
 
   const Plan plan = planOf({&kind, "12", header, {line}}, inputs);
   ASSERT_EQ(plan.ledger.size(), 1U);
@@ -62,7 +62,7 @@ TEST(PlanTest, AnInvoiceUnderFifoIsPlannedWithoutADatabase) {
   // Goods of a delivery note have left with it: no stock, no lots, and the cost of the note.
   line.set("NUMAE", "AE6");
   line.set("COST", 33);
-  inputs.sources = {{{KindId::DeliveryNote, "6"}, 1, "A", 8, 3, {}, {}}};
+  inputs.sources = {{{KindId::DeliveryNote, "6"}, 1, "A", 0, 8, 3, {}, {}}};
   const Plan fromNote = planOf({&kind, "13", header, {line}}, inputs);
   EXPECT_EQ(fromNote.ledger[0].direction, "");
   EXPECT_EQ(fromNote.ledger[0].lines[0].reference, "AE6");

@@ -68,13 +68,40 @@ TEST(LinksTest, ADeliveryNoteClosesWhenAllIsInvoicedAndReopensWhenThatIsTakenBac
   EXPECT_EQ(value("SELECT FACTURAT AS V FROM G_AECLI"), Decimal(0));
 }
 
+// A note may have an article twice, and its draft may have lost lines: the ledger has a remainder for each
+// line.
+TEST(LinksTest, EachLineOfAnArticleHasItsOwnRemainder) {
+  const TestCompany company;
+  ExecutaSql("INSERT INTO G_AECLI (NUMAE, VALIDAT) VALUES ('3', -1)");
+  ExecutaSql(
+      "INSERT INTO G_LAECLI (NUMAE, NRLINIE, CODART, CANT, CANTRAMAS) VALUES ('3', 2, 'A', 5, 5), ('3', 4, "
+      "'B', "
+      "1, 1), ('3', 7, 'A', 2, 2)");
+  ExecutaSql("INSERT INTO G_DOCUME (ID, TIP, TIPIE) VALUES ('AE3', 'AE', 'E')");
+  ExecutaSql(
+      "INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT, CANTRAMASA) VALUES ('AE3', 1, 'A', 5, 5), ('AE3', 2, "
+      "'B', "
+      "1, 1), ('AE3', 3, 'A', 2, 2)");
+  const auto rests = [] {
+    QStringList all;
+    for (const Row& row : OpenRs("SELECT CANTRAMASA FROM G_LDOCUM ORDER BY LINIE"))
+      all.append(row.decimal("CANTRAMASA").toString());
+    return all.join(' ');
+  };
+  const LedgerKey note{KindId::DeliveryNote, "3"};
+  take(note, "A", 55_dec / 10, {KindId::CustomerInvoice, "1"});
+  EXPECT_EQ(rests(), "0 1 1.5");
+  retake(note, {});
+  EXPECT_EQ(rests(), "5 1 2");
+}
+
 // 5 and 3 of one article from two notes.
 TEST(LinksTest, TakesFromSeveralSourcesAddUp) {
   const LedgerKey one{KindId::DeliveryNote, "1"};
   const LedgerKey two{KindId::DeliveryNote, "2"};
   const LedgerKey taker{KindId::CustomerInvoice, "9"};
   OpenSources sources(
-      {{one, 1, "A", 8, 8, {}, {}}, {one, 2, "A", 2, 1, {}, {}}, {two, 1, "A", 3, 3, {}, {}}});
+      {{one, 1, "A", 0, 8, 8, {}, {}}, {one, 2, "A", 1, 2, 1, {}, {}}, {two, 1, "A", 0, 3, 3, {}, {}}});
   sources.take({one, "A", 5}, taker, QDate(2026, 3, 1));
   sources.take({two, "A", 3}, taker, QDate(2026, 3, 1));
   sources.take({one, "A", 35_dec / 10}, taker, QDate(2026, 3, 1));
