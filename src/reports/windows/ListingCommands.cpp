@@ -22,12 +22,24 @@ class DesignKey : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_P) {
       shown_->show();
+      makeRoom();
       return true;
     }
     return QObject::eventFilter(watched, event);
   }
 
  private:
+  // Makes the window as wide as its commands need.
+  void makeRoom() {
+    QWidget* form = shown_->parentWidget();
+    if (form->layout()) form->layout()->activate();
+    QWidget* frame = form;
+    while (!frame->isWindow() && !frame->inherits("QMdiSubWindow")) frame = frame->parentWidget();
+    if (frame->layout()) frame->layout()->activate();
+    const int more = form->minimumSizeHint().width() - form->width();
+    if (more > 0) frame->resize(frame->width() + more, frame->height());
+  }
+
   QPushButton* shown_;
 };
 
@@ -46,6 +58,15 @@ clsListLabel prepared(const PreparedReport& report, QWidget* form) {
   label.setFileName(report.file);
   label.setData(report.data);
   return label;
+}
+
+void runReport(const PreparedReport& report, bool choosesTarget, clsListLabel::Mode mode, QWidget* form) {
+  if (choosesTarget) {
+    clsListLabel first = prepared(report, form);
+    first.Print_Preview(clsListLabel::PrintChoosing);
+    if (first.isLayoutDamaged()) return;  // reported once
+  }
+  prepared(report, form).Print_Preview(mode);
 }
 
 }  // namespace
@@ -69,16 +90,11 @@ QHBoxLayout* listingCommands(QWidget* form, const QString& exitCaption, const Li
 }
 
 void listReport(const PreparedReport& report, bool choosesTarget, QWidget* form) {
-  if (choosesTarget) {
-    clsListLabel first = prepared(report, form);
-    first.Print_Preview(clsListLabel::PrintChoosing);
-    if (first.isLayoutDamaged()) return;  // reported once
-  }
-  prepared(report, form).Print_Preview(clsListLabel::Preview);
+  runReport(report, choosesTarget, clsListLabel::Preview, form);
 }
 
-void printReport(const PreparedReport& report, QWidget* form) {
-  prepared(report, form).Print_Preview(clsListLabel::Print);
+void printReport(const PreparedReport& report, bool choosesTarget, QWidget* form) {
+  runReport(report, choosesTarget, clsListLabel::Print, form);
 }
 
 void designReport(const PreparedReport& report, QWidget* form) { prepared(report, form).Design(); }

@@ -27,8 +27,8 @@ struct PreparedReport {
 /// Shows the preview. With `choosesTarget`, first prints to the chosen target; if the user cancels that, the
 /// preview is still shown.
 void listReport(const PreparedReport& report, bool choosesTarget, QWidget* form);
-/// Prints the report.
-void printReport(const PreparedReport& report, QWidget* form);
+/// Prints the report; with `choosesTarget`, first to the chosen target.
+void printReport(const PreparedReport& report, bool choosesTarget, QWidget* form);
 void designReport(const PreparedReport& report, QWidget* form);
 
 }  // namespace velmar

@@ -167,7 +167,7 @@ PreparedReport frmRapJTVA::report() {
 
 void frmRapJTVA::list() { listReport(report(), true, this); }
 
-void frmRapJTVA::print() { printReport(report(), this); }
+void frmRapJTVA::print() { printReport(report(), false, this); }
 
 void frmRapJTVA::design() { designReport(report(), this); }
 

@@ -27,6 +27,7 @@
 #include "documents/windows/frmMiscariStoc.h"
 #include "documents/windows/frmVerificare.h"
 #include "reports/windows/frmRapJTVA.h"
+#include "reports/windows/frmRaport.h"
 #include "shell/Maintenance.h"
 #include "shell/windows/frmAbout.h"
 #include "shell/windows/frmRestaurare.h"
@@ -49,6 +50,10 @@ QWidget* make(QWidget* parent) {
 
 // The window of a kind without controls of its own.
 QWidget* documentWindow(const QString& prefix, QWidget* parent) { return new frmGrila(prefix, parent); }
+
+QWidget* reportWindow(const QString& name, QWidget* parent) {
+  return new frmRaport(stockReport(name), parent);
+}
 
 void compact() {
   const Hourglass hourglass;
@@ -132,20 +137,31 @@ std::vector<MenuEntry> entries() {
       {"mnumnuRapmnuJCT", "Jurnal &Cumparari TVA", Opens::One, "frmRapJCTVA", make<frmRapJCTVA>},
       {"mnumnuRapmnuRapJVT", "Jurnal &Vanzari TVA", Opens::One, "frmRapJVTVA", make<frmRapJVTVA>},
       {"", "", Opens::Separator, {}},
-      {"mnuRapComenziClienti", "Comenzi C&lienti", Opens::One, "frmRapComNelivCl", nullptr},
-      {"mnuRapComenziFurnizori", "Comenzi &Furnizori", Opens::One, "frmRapComNelivFr", nullptr},
+      {"mnuRapComenziClienti", "Comenzi C&lienti", Opens::One, "frmRapComNelivCl",
+       [](QWidget* parent) { return reportWindow("frmRapComNelivCl", parent); }},
+      {"mnuRapComenziFurnizori", "Comenzi &Furnizori", Opens::One, "frmRapComNelivFr",
+       [](QWidget* parent) { return reportWindow("frmRapComNelivFr", parent); }},
       {"", "", Opens::Separator, {}},
-      {"mnuRapAE", "&Avize Expeditie", Opens::One, "frmRapAE", nullptr},
-      {"mnuRapDisopnibil", "&Disponibil in stoc", Opens::One, "frmRapDisponibil", nullptr},
-      {"mnuRapJurnalStoc", "&Lista de inventariere", Opens::One, "frmRapJStoc", nullptr},
-      {"mnuRapUrmStoc", "&Urmarire Stoc", Opens::One, "frmRapUrmStoc", nullptr},
-      {"mnuRapDescarcare", "Co&stul Vanzarilor", Opens::One, "frmRapDescarcare", nullptr},
+      {"mnuRapAE", "&Avize Expeditie", Opens::One, "frmRapAE",
+       [](QWidget* parent) { return reportWindow("frmRapAE", parent); }},
+      {"mnuRapDisopnibil", "&Disponibil in stoc", Opens::One, "frmRapDisponibil",
+       [](QWidget* parent) { return reportWindow("frmRapDisponibil", parent); }},
+      {"mnuRapJurnalStoc", "&Lista de inventariere", Opens::One, "frmRapJStoc",
+       [](QWidget* parent) { return reportWindow("frmRapJStoc", parent); }},
+      {"mnuRapUrmStoc", "&Urmarire Stoc", Opens::One, "frmRapUrmStoc",
+       [](QWidget* parent) { return reportWindow("frmRapUrmStoc", parent); }},
+      {"mnuRapDescarcare", "Co&stul Vanzarilor", Opens::One, "frmRapDescarcare",
+       [](QWidget* parent) { return reportWindow("frmRapDescarcare", parent); }},
       {"", "", Opens::Separator, {}},
-      {"mnuRapStaFurn", "Statistici &Furnizori", Opens::One, "frmRapStaFr", nullptr},
-      {"mnuRapStaCL", "Statistici &Clienti", Opens::One, "frmRapStaCl", nullptr},
-      {"mnuRapVanzari", "&Vanzari", Opens::One, "frmRapVanzari", nullptr},
+      {"mnuRapStaFurn", "Statistici &Furnizori", Opens::One, "frmRapStaFr",
+       [](QWidget* parent) { return reportWindow("frmRapStaFr", parent); }},
+      {"mnuRapStaCL", "Statistici &Clienti", Opens::One, "frmRapStaCl",
+       [](QWidget* parent) { return reportWindow("frmRapStaCl", parent); }},
+      {"mnuRapVanzari", "&Vanzari", Opens::One, "frmRapVanzari",
+       [](QWidget* parent) { return reportWindow("frmRapVanzari", parent); }},
       {"mnuComisioane", "Comisioane", Opens::New, "frmRapComisioane", nullptr},
-      {"mnuRapIesiri", "&Iesiri din Stoc", Opens::One, "frmRapIesiri", nullptr},
+      {"mnuRapIesiri", "&Iesiri din Stoc", Opens::One, "frmRapIesiri",
+       [](QWidget* parent) { return reportWindow("frmRapIesiri", parent); }},
       {"", "", Opens::Separator, {}},
       {"mnuEtichete", "&Etichete articole", Opens::New, "frmArticoleEtichete", nullptr},
       {"mnuGrafice", "&Grafice", Opens::Modal, "frmGrafice", nullptr},

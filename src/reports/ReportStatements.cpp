@@ -1,0 +1,304 @@
+#include "reports/ReportStatements.h"
+
+#include "config/Session.h"
+#include "reports/StockReports.h"
+#include "store/Database.h"
+#include "store/ListRows.h"
+#include "store/NamedCommands.h"
+
+namespace velmar {
+
+namespace {
+
+// Documents have no time of day: a period that begins after midnight of its first day begins on the next one.
+QDate firstDay(const ReportChoice& choice, const QString& control) {
+  const QDate day = choice.dates[control];
+  return choice.has(kTakesFirstDay) ? day : day.addDays(1);
+}
+
+QString sum(const QString& of) { return QStringLiteral("ROUND_EVEN(COALESCE(SUM(%1), 0), 6)").arg(of); }
+
+QString movement(const QString& direction) {
+  return sum(QStringLiteral("CASE WHEN D.TIPIE = '%1' THEN L.CANT END").arg(direction));
+}
+
+// Receipts and opening stock less issues.
+QString balance(const QString& of) {
+  return sum(
+      QStringLiteral("CASE WHEN D.TIPIE = 'E' THEN -1 WHEN D.TIPIE IN ('I', 'S') THEN 1 END * (%1)").arg(of));
+}
+
+const QString kSums =
+    QStringLiteral("%1 AS StocInitial, %2 AS Intrari, %3 AS Iesiri, %4 AS Costul, %5 AS Valoare")
+        .arg(movement("S"), movement("I"), movement("E"), balance("L.COST * L.CANT"), balance("L.VALCOST"));
+
+// Documents first: an index of the articles would lead through the whole ledger line by line.
+const QString kLedger = QStringLiteral("G_DOCUME AS D INNER JOIN G_LDOCUM AS L ON L.DOCID = D.ID");
+const QString kMoving = QStringLiteral("D.TIPIE IN ('S', 'I', 'E')");
+
+// Conditions joined with AND, each with its values.
+class Where {
+ public:
+  void add(const QString& condition, const Values& values = {}) {
+    conditions_.append(u'(' + condition + u')');
+    values_.insert(values_.end(), values.begin(), values.end());
+  }
+  /// Unless the value is empty.
+  void addChosen(const QString& condition, const QString& value) {
+    if (!value.isEmpty()) add(condition, {value});
+  }
+  QString sql() const {
+    return conditions_.isEmpty() ? QString()
+                                 : QStringLiteral(" WHERE ") + conditions_.join(QStringLiteral(" AND "));
+  }
+  const Values& values() const { return values_; }
+
+ private:
+  QStringList conditions_;
+  Values values_;
+};
+
+Recordset read(const QString& sql, const Values& values, const QStringList& dates) {
+  Recordset rows = OpenRs(sql, values);
+  for (const QString& date : dates) rows.transform(date, asDate);
+  return rows;
+}
+
+// Whole numbers compare as numbers: the text of a code is no code of a numeric column on a server.
+void addNumber(Where& where, const QString& column, const QString& code) {
+  if (!code.isEmpty()) where.add(column + QStringLiteral(" = ?"), {code.toLongLong()});
+}
+
+void addPartners(Where& where, const ReportChoice& choice, const QString& list) {
+  QString from = choice.codes[list + "Dela"], to = choice.codes[list + "La"];
+  if (!from.isEmpty() && !to.isEmpty() && from.toLongLong() > to.toLongLong()) std::swap(from, to);
+  if (!from.isEmpty()) where.add("D.CODTERT >= ?", {from.toLongLong()});
+  if (!to.isEmpty()) where.add("D.CODTERT <= ?", {to.toLongLong()});
+}
+
+void addPeriod(Where& where, const ReportChoice& choice) {
+  where.add("D.DATADOC BETWEEN ? AND ?", {firstDay(choice, "DTPickerdela"), choice.dates["DTPickerla"]});
+}
+
+QString turnoverOrder(const ReportChoice& choice) {
+  return choice.has("optSortNume") ? QStringLiteral(" ORDER BY NUME NULLS FIRST, CODTERT")
+                                   : QStringLiteral(" ORDER BY CifraAfaceri DESC, NUME NULLS FIRST, CODTERT");
+}
+
+// What a customer order has not delivered yet, by ledger row: quantity less deliveries of its article.
+const QString kReserved = QStringLiteral(
+    "SELECT L.DOCID, L.ARTID, ROUND_EVEN(SUM(L.CANT) - COALESCE(MAX(O.CANTLIV), 0), 6) AS REZERVAT "
+    "FROM G_LDOCUM AS L INNER JOIN G_DOCUME AS D ON D.ID = L.DOCID AND D.TIP = 'CC' "
+    "LEFT JOIN (SELECT 'CC' || NUMCOM AS DOCID, CODART, SUM(COALESCE(CANTLIV, 0)) AS CANTLIV FROM G_LCOMCL "
+    "GROUP BY NUMCOM, CODART) AS O ON O.DOCID = L.DOCID AND O.CODART = L.ARTID GROUP BY L.DOCID, L.ARTID");
+
+}  // namespace
+
+QString salesGrouping(const ReportChoice& choice) {
+  return choice.has("optClienti") ? QStringLiteral("CL")
+         : choice.has("optMP")    ? QStringLiteral("MP")
+                                  : QString();
+}
+
+Recordset salesRows(const ReportChoice& choice) {
+  const QString grouping = salesGrouping(choice);
+  const QString first = grouping == "CL"   ? QStringLiteral("NUME NULLS FIRST, ")
+                        : grouping == "MP" ? QStringLiteral("MODREG NULLS FIRST, ")
+                                           : QString();
+  Values values{firstDay(choice, "DTPickerdela"), choice.dates["DTPickerla"]};
+  const QString warehouse = choice.codeOf("Optmag", "cboMag");
+  if (!warehouse.isEmpty()) values.emplace_back(warehouse.toLongLong());
+  return read(
+      QStringLiteral("SELECT V.*, ROUND_EVEN(COALESCE(TOTALFT, 0) + COALESCE(TOTALTVA, 0), 6) AS TOTALDOC "
+                     "FROM (%1) AS V%2 ORDER BY %3DATADOC, MODREG NULLS FIRST, TIP, ID")
+          .arg(session().gDataEnv.statement("RapVanzari"),
+               warehouse.isEmpty() ? QString() : QStringLiteral(" WHERE CODMAG = ?"), first),
+      values, {"DATADOC", "DATASCAD"});
+}
+
+Recordset issueRows(const ReportChoice& choice) {
+  const QString grouping = salesGrouping(choice);
+  QString order = grouping == "CL"   ? QStringLiteral("T.NUME NULLS FIRST, ")
+                  : grouping == "MP" ? QStringLiteral("D.MODREG NULLS FIRST, ")
+                                     : QString();
+  if (!choice.has("ChkDetaliu")) order += QStringLiteral("A.DENART NULLS FIRST, L.ARTID, ");
+  Where where;
+  where.add("D.TIPIE = 'E'");
+  where.add("D.DATADOC BETWEEN ? AND ?", {choice.dates["DTPickerdela"], choice.dates["DTPickerla"]});
+  addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
+  return read(
+      "SELECT D.ID AS ID, D.TIP AS TIP, D.TIPIE AS TIPIE, L.ARTID AS ARTID, L.CANT AS CANT, "
+      "L.VALTVA AS VALTVA, L.PRETFT AS PRETFT, L.PRETTTI AS PRETTTI, A.UM AS UM, A.DENART AS DENART, "
+      "L.CODMAG AS CODMAG, D.DATADOC AS DATADOC, T.NUME AS NUME, D.MODREG AS MODREG, "
+      "ROUND_EVEN(L.CANT * L.PRETFT, 2) AS VALOAREFT FROM " +
+          kLedger +
+          " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID LEFT JOIN kt_ter AS T ON T.COD = D.CODTERT" +
+          where.sql() + " ORDER BY " + order + "D.DATADOC, D.TIP, D.ID, L.LINIE",
+      where.values(), {"DATADOC"});
+}
+
+Recordset customerTurnoverRows(const ReportChoice& choice) {
+  const auto signedSum = [](const QString& of) {
+    return sum(QStringLiteral("CASE WHEN D.TIP = 'FS' THEN -1 ELSE 1 END * %1").arg(of));
+  };
+  Where where;
+  where.add("D.TIP IN ('FC', 'FS')");
+  addPeriod(where, choice);
+  addPartners(where, choice, "cboClienti");
+  Values values = where.values();
+  values.insert(values.end(), where.values().begin(), where.values().end());
+  return OpenRs(
+      "SELECT D.CODTERT AS CODTERT, T.NUME AS NUME, " + signedSum("D.TOTALFT") + " AS CifraAfaceri, " +
+          signedSum("D.TOTALCOST") + " AS Cost, " + signedSum("COALESCE(R.DISCOUNT, 0)") +
+          " AS Discountul FROM G_DOCUME AS D INNER JOIN kt_ter AS T ON T.COD = D.CODTERT LEFT JOIN (SELECT "
+          "L.DOCID AS DOCID, SUM(ROUND_EVEN(L.PRETFT * L.PROCRAB / 100, 2) * L.CANT) AS DISCOUNT FROM " +
+          kLedger + where.sql() + " GROUP BY L.DOCID) AS R ON R.DOCID = D.ID" + where.sql() +
+          " GROUP BY D.CODTERT, T.NUME" + turnoverOrder(choice),
+      values);
+}
+
+Recordset supplierTurnoverRows(const ReportChoice& choice) {
+  Where where;
+  where.add("D.TIP IN ('FF', 'FI', 'NR')");
+  addPeriod(where, choice);
+  addPartners(where, choice, "cboFurnizori");
+  return OpenRs("SELECT D.CODTERT AS CODTERT, T.NUME AS NUME, " + sum("D.TOTALFT") + " AS CifraAfaceri, " +
+                    sum("D.TOTALCOST") +
+                    " AS Cost FROM G_DOCUME AS D INNER JOIN kt_ter AS T ON T.COD = D.CODTERT" + where.sql() +
+                    " GROUP BY D.CODTERT, T.NUME" + turnoverOrder(choice),
+                where.values());
+}
+
+Recordset deliveryNoteRows(const ReportChoice& choice) {
+  Where where;
+  where.add("D.TIP = 'AE'");
+  where.add(choice.has("optToate") ? "L.CANT > 0" : "L.CANTRAMASA > 0");
+  where.add("D.DATADOC BETWEEN ? AND ?", {choice.dates["DTPickerDeLa"], choice.dates["DTPickerPanala"]});
+  const QString first = choice.has("optArticole") ? "L.ARTID, " : "";
+  return read(
+      "SELECT D.ID AS ID, D.TIP AS TIP, D.DATADOC AS DATADOC, D.CODTERT AS CODTERT, T.NUME AS NUME, "
+      "L.ARTID AS ARTID, A.DENART AS DENART, L.CANT AS CANT, L.PRETFT AS PRETFT, L.CANTRAMASA AS "
+      "CANTRAMASA, L.REFERINTA AS REFERINTA, L.DATASOLD AS DATASOLD FROM " +
+          kLedger +
+          " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID INNER JOIN kt_ter AS T ON T.COD = D.CODTERT" +
+          where.sql() + " ORDER BY " + first + "T.NUME NULLS FIRST, D.DATADOC, D.ID, L.LINIE",
+      where.values(), {"DATADOC", "DATASOLD"});
+}
+
+Recordset orderRows(const ReportChoice& choice, const QString& side, const QString& partner) {
+  const QString command =
+      (choice.has("optToate") ? (side == "Cl" ? "rapComCL" : "rapComFr") : "rapComNeliv" + side);
+  const QString first = choice.has("optArticole") ? QStringLiteral("CodArticol") : partner;
+  return read(QStringLiteral(
+                  "SELECT O.*, ROUND_EVEN(CantitateNelivrata * ValoareFT, 2) AS ValoareRamasa FROM (%1) AS "
+                  "O ORDER BY %2 NULLS FIRST, DataComanda, NumarComanda, CodArticol")
+                  .arg(session().gDataEnv.statement(command), first),
+              {choice.dates["DTPickerPanala"]}, {"DataComanda", "DataLivrare"});
+}
+
+Recordset stockTrackingRows(const ReportChoice& choice) {
+  Where where;
+  where.add(kMoving);
+  where.add("D.DATADOC <= ?", {choice.dates["DTPickerPanala"]});
+  addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
+  Where shown;
+  shown.add("StocInitial <> 0 OR Intrari <> 0 OR Iesiri <> 0");
+  addNumber(shown, "A.FAMART", choice.codeOf("optFamilie", "cboFamilie"));
+  addNumber(shown, "A.CODFURNIZO", choice.codeOf("optFurnizor", "cboFurnizori"));
+  const QString order = choice.has("optGrupFurnizor")  ? "Furnizor NULLS FIRST, CODArticol"
+                        : choice.has("optGrupFamilie") ? "Familie NULLS FIRST, CODArticol"
+                        : choice.has("optGrupArticol") ? "DenProdus NULLS FIRST, CODArticol"
+                        : choice.has("optGrupMag")     ? "Magazie NULLS FIRST, CODArticol"
+                                                       : "CODArticol";
+  Values values = where.values();
+  values.insert(values.end(), shown.values().begin(), shown.values().end());
+  return OpenRs(
+      "SELECT 0 AS NrCrt, A.FAMART AS CODFamilie, A.CODART AS CODArticol, A.DENART AS DenProdus, "
+      "A.CODFURNIZO AS CODFurnizor, T.NUME AS Furnizor, F.DENUMIRE AS Familie, S.StocInitial AS "
+      "StocInitial, S.Intrari AS Intrari, S.Iesiri AS Iesiri, ROUND_EVEN(S.StocInitial + S.Intrari - "
+      "S.Iesiri, 6) AS STOC, ROUND_EVEN((S.StocInitial + S.Intrari - S.Iesiri) * COALESCE(A.COST, 0), 6) AS "
+      "COST, S.CODMAG AS CODMAG, M.DENUMIRE AS Magazie FROM (SELECT L.ARTID AS ARTID, L.CODMAG AS "
+      "CODMAG, " +
+          kSums + " FROM " + kLedger + where.sql() +
+          " GROUP BY L.ARTID, L.CODMAG) AS S INNER JOIN G_ARTMAG AS A ON A.CODART = S.ARTID LEFT JOIN "
+          "G_FAMART AS F ON F.COD = A.FAMART LEFT JOIN kt_ter AS T ON T.COD = A.CODFURNIZO LEFT JOIN "
+          "G_MULTIMAGAZIE AS M ON M.COD = S.CODMAG" +
+          shown.sql() + " ORDER BY " + order + ", CODMAG",
+      values);
+}
+
+Recordset inventoryRows(const ReportChoice& choice) {
+  Where where;
+  where.add(kMoving);
+  addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
+  addNumber(where, "A.FAMART", choice.codeOf("optFamilie", "cboFamilie"));
+  return OpenRs(
+      "SELECT * FROM (SELECT A.CODART AS CODART, A.DENART AS DENART, A.UM AS UM, A.FAMART AS FAMART, "
+      "F.DENUMIRE AS DenFam, A.FARASTOC AS FARASTOC, 0 AS CostDEV, ROUND_EVEN(S.StocInitial + S.Intrari - "
+      "S.Iesiri, 6) AS STOC, S.Costul AS Costul, S.Valoare AS Valoare FROM (SELECT L.ARTID AS ARTID, " +
+          kSums + " FROM " + kLedger + " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID" + where.sql() +
+          " GROUP BY L.ARTID) AS S INNER JOIN G_ARTMAG AS A ON A.CODART = S.ARTID LEFT JOIN G_FAMART AS F ON "
+          "F.COD = A.FAMART) AS J WHERE STOC <> 0 AND COALESCE(FARASTOC, 0) = 0 ORDER BY FAMART NULLS FIRST, "
+          "DENART NULLS FIRST, CODART",
+      where.values());
+}
+
+Recordset availableRows(const ReportChoice& choice) {
+  const bool byWarehouse = choice.has("CheckGrMagazie");
+  Where where;
+  where.add("D.DATADOC <= ?", {choice.dates["dtDataPanaLa"]});
+  addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
+  addNumber(where, "A.FAMART", choice.codeOf("optFamilie", "cboFamilie"));
+  where.addChosen("L.ARTID = ?", choice.codeOf("optArticol", "cboArticol"));
+  where.addChosen("L.ARTID = ?", choice.codeOf("OptCod", "cboCodArticol"));
+  if (const QString text = choice.texts["TextLIKE"]; choice.has("CheckContine") && !text.isEmpty()) {
+    const bool within = text.startsWith(u'%');
+    where.add("A.DENART LIKE ? ESCAPE '!'",
+              {(within ? QStringLiteral("%") : QString()) + escapedForLike(text.mid(within ? 1 : 0)) + u'%'});
+  }
+  const QString warehouse = byWarehouse ? QStringLiteral(", L.CODMAG") : QString();
+  return OpenRs(
+      "SELECT A.CODART AS CODART, A.DENART AS DENART, A.UM AS UM, A.FAMART AS FAMART, F.DENUMIRE AS DenFam, "
+      "S.StocInitial AS StocInitial, S.Intrari AS Intrari, S.Iesiri AS Iesiri, S.Rezervat AS Rezervat, "
+      "ROUND_EVEN(S.StocInitial + S.Intrari - S.Iesiri - S.Rezervat, 6) AS STOC, A.PRETVFT AS PRETVFT, "
+      "S.Costul AS "
+      "COST, S.Valoare AS Valoare, 0 AS CostDEV, S.MAGAZIE AS Magazie FROM (SELECT L.ARTID AS ARTID, " +
+          QString(byWarehouse ? "L.CODMAG" : "1") + " AS MAGAZIE, " + kSums + ", " +
+          sum("CASE WHEN D.TIP = 'CC' AND L.LINIE = (SELECT MIN(X.LINIE) FROM G_LDOCUM AS X WHERE X.DOCID = "
+              "L.DOCID AND "
+              "X.ARTID = L.ARTID) THEN R.REZERVAT END") +
+          " AS Rezervat FROM " + kLedger + " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID LEFT JOIN (" +
+          kReserved + ") AS R ON R.DOCID = L.DOCID AND R.ARTID = L.ARTID" + where.sql() +
+          " GROUP BY L.ARTID" + warehouse +
+          ") AS S INNER JOIN G_ARTMAG AS A ON A.CODART = S.ARTID LEFT JOIN G_FAMART AS F ON F.COD = A.FAMART "
+          "ORDER BY DENART NULLS FIRST, CODART, Magazie NULLS FIRST",
+      where.values());
+}
+
+Recordset costOfSalesRows(const ReportChoice& choice) {
+  Transaction transaction(database());
+  ExecutaSql("DELETE FROM G_DESCAR");
+  ExecutaSql(
+      "INSERT INTO G_DESCAR (NRCRT, POZITIE, TIP, NRCOMANDA, CODCLIENT, NUMECLIENT, DATACOMAND, CODARTICOL, "
+      "DENMARFA, "
+      "PRETVANZAR, COSTUNITAR, CANTITATE) SELECT DENSE_RANK() OVER (ORDER BY DATADOC, ID), ROW_NUMBER() OVER "
+      "(PARTITION "
+      "BY ID ORDER BY LINIE), TIP, ID, CODTERT, SUBSTR(NUME, 1, 40), DATADOC, ARTID, SUBSTR(DENART, 1, 35), "
+      "PRETFT, COST, CANT FROM (SELECT D.TIP AS "
+      "TIP, D.ID AS ID, D.CODTERT AS CODTERT, T.NUME AS NUME, D.DATADOC AS DATADOC, L.ARTID AS ARTID, "
+      "A.DENART AS "
+      "DENART, L.PRETFT AS PRETFT, L.COST AS COST, ROUND_EVEN(SUM(L.CANT), 6) AS CANT, MIN(L.LINIE) AS LINIE "
+      "FROM " +
+          kLedger +
+          " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID LEFT JOIN kt_ter AS T ON T.COD = D.CODTERT WHERE "
+          "D.TIP IN "
+          "('FC', 'FS', 'BS') AND COALESCE(A.FARASTOC, 0) = 0 AND D.DATADOC BETWEEN ? AND ? GROUP BY "
+          "L.ARTID, A.DENART, "
+          "D.TIP, D.ID, D.CODTERT, T.NUME, D.DATADOC, L.PRETFT, L.COST) AS V",
+      {firstDay(choice, "DTPickerdela"), choice.dates["DTPickerPanala"]});
+  Recordset rows = read("SELECT * FROM G_DESCAR ORDER BY NRCRT, POZITIE", {}, {"DATACOMAND"});
+  transaction.commit();
+  return rows;
+}
+
+}  // namespace velmar

@@ -1,0 +1,34 @@
+// The rows of the reports of stock, sales and orders, from the ledger. All sums are exact to 6 decimals.
+#pragma once
+
+#include "store/Row.h"
+
+namespace velmar {
+
+struct ReportChoice;
+
+/// The grouping of sales and issues: "CL" by customer, "MP" by way of payment, else empty.
+QString salesGrouping(const ReportChoice& choice);
+
+/// Invoices, cash sales and stornos (these negative) of the period.
+Recordset salesRows(const ReportChoice& choice);
+/// Lines of issues.
+Recordset issueRows(const ReportChoice& choice);
+/// Turnover, cost and discounts of customers; stornos count negative.
+Recordset customerTurnoverRows(const ReportChoice& choice);
+/// Turnover and cost of suppliers.
+Recordset supplierTurnoverRows(const ReportChoice& choice);
+/// Lines of delivery notes, all or those not invoiced.
+Recordset deliveryNoteRows(const ReportChoice& choice);
+/// Lines of orders, all or those not delivered; `side`: "Cl" or "Fr"; `partner`: the column to order by.
+Recordset orderRows(const ReportChoice& choice, const QString& side, const QString& partner);
+/// Opening stock, receipts and issues of articles by warehouse, at the cost of the article.
+Recordset stockTrackingRows(const ReportChoice& choice);
+/// Articles in stock, with their value at the cost of the lines.
+Recordset inventoryRows(const ReportChoice& choice);
+/// Stock less what customer orders hold.
+Recordset availableRows(const ReportChoice& choice);
+/// Lines of sales with their cost. Fills G_DESCAR and reads it in one transaction.
+Recordset costOfSalesRows(const ReportChoice& choice);
+
+}  // namespace velmar

@@ -1,0 +1,287 @@
+#include "reports/StockReports.h"
+
+#include <algorithm>
+
+#include "config/Session.h"
+#include "reports/ReportStatements.h"
+#include "util/Errors.h"
+
+namespace velmar {
+
+const QString kTakesFirstDay = QStringLiteral("chkPrimaZi");
+
+namespace {
+
+using Kind = ReportControl::Kind;
+
+ReportFrame period(const QString& from, const QString& to) {
+  return {"&Perioada", {{Kind::Date, from, "De la "}, {Kind::Date, to, "Pana la"}}};
+}
+
+ReportFrame upTo(const QString& to, const QString& caption = "Pana la") {
+  return {"&Perioada", {{Kind::Date, to, caption}}};
+}
+
+ReportControl warehouse(const QString& missing = "Va rugam precizati magazia") {
+  return {Kind::Choice, "cboMag", {}, "Optmag", missing};
+}
+
+ReportControl family(const QString& missing = "Va rugam precizati familia") {
+  return {Kind::Choice, "cboFamilie", {}, "optFamilie", missing};
+}
+
+// Of sales and issues.
+std::vector<ReportFrame> salesFrames() {
+  return {
+      period("DTPickerdela", "DTPickerla"),
+      {"&Selectie", {{Kind::Option, "Optmag", "&Magazie"}, warehouse()}},
+      {"&Grupare", {{Kind::Option, "optClienti", "&Clienti"}, {Kind::Option, "optMP", "&Modalitati plata"}}},
+      {{}, {{Kind::Check, "ChkDetaliu", "Detaliu"}}}};
+}
+
+void addSalesVariables(const ReportChoice& choice, Variables& variables) {
+  variables.add("ParamData1", choice.dates["DTPickerdela"]);
+  variables.add("ParamData2", choice.dates["DTPickerla"]);
+  variables.add("ParamTipSort", salesGrouping(choice));
+  variables.add("ParamMagazie", choice.has("Optmag") ? choice.texts["cboMag"] : QString());
+  variables.add("ParamDetaliu", choice.has("ChkDetaliu"));
+}
+
+StockReport salesReport(const QString& window, const QString& caption, const QString& project) {
+  StockReport report{window, caption, project, salesFrames(), "DTPickerdela", "DTPickerla"};
+  report.start = StockReport::Start::Year;
+  report.canPrint = true;
+  report.checksDates = true;
+  report.variables = addSalesVariables;
+  return report;
+}
+
+// Turnover of customers or suppliers.
+StockReport turnoverReport(const QString& window, const QString& caption, const QString& project,
+                           const QString& list, const QString& partner) {
+  const QString from = list + "Dela", to = list + "La";
+  StockReport report{window,
+                     caption,
+                     project,
+                     {{"&Parteneri", {{Kind::Choice, from, "De la"}, {Kind::Choice, to, "Pana la"}}},
+                      period("DTPickerdela", "DTPickerla"),
+                      {"&Sortare",
+                       {{Kind::Option, "optSortCADescr", "Cifra afaceri descrescatoare"},
+                        {Kind::Option, "optSortNume", "Nume"}},
+                       "optSortCADescr"}},
+                     "DTPickerdela",
+                     "DTPickerla"};
+  report.start = StockReport::Start::Year;
+  report.losesFirstDay = true;
+  report.checksDates = true;
+  report.variables = [from, to, partner](const ReportChoice& choice, Variables& variables) {
+    variables.add("Param" + partner + "dela", choice.texts[from]);
+    variables.add("Param" + partner + "la", choice.texts[to]);
+    variables.add("ParamData1", choice.dates["DTPickerdela"]);
+    variables.add("ParamData2", choice.dates["DTPickerla"]);
+    variables.add("ParamTipSort", choice.has("optSortNume") ? "NU" : "CA");
+  };
+  return report;
+}
+
+ReportFrame openOrAll(const QString& open) {
+  return {"&Selectie",
+          {{Kind::Option, "optNelivrate", open}, {Kind::Option, "optToate", "Toate"}},
+          "optNelivrate"};
+}
+
+ReportFrame byArticleOr(const QString& option, const QString& caption) {
+  return {"&Grupare", {{Kind::Option, "optArticole", "Articole"}, {Kind::Option, option, caption}}, option};
+}
+
+std::function<void(const ReportChoice&, Variables&)> orderVariables(const QString& partnerCode) {
+  return [partnerCode](const ReportChoice& choice, Variables& variables) {
+    variables.add("ParamDataPanala", choice.dates["DTPickerPanala"]);
+    variables.add("ParamGrupare", choice.has("optArticole") ? QStringLiteral("A") : partnerCode);
+    variables.add("ParamToate", choice.has("optToate"));
+    if (choice.dates.contains("DTPickerDeLa")) variables.add("ParamDatadela", choice.dates["DTPickerDeLa"]);
+  };
+}
+
+StockReport orderReport(const QString& window, const QString& caption, const QString& project,
+                        const QString& partnerOption, const QString& partnerCaption,
+                        const QString& partnerCode) {
+  StockReport report{
+      window,  caption,
+      project, {upTo("DTPickerPanala"), openOrAll("Nelivrate"), byArticleOr(partnerOption, partnerCaption)},
+      {},      "DTPickerPanala"};
+  report.variables = orderVariables(partnerCode);
+  return report;
+}
+
+StockReport deliveryNotes() {
+  StockReport report{"frmRapAE",
+                     "Avize de Expeditie",
+                     "RapAE",
+                     {period("DTPickerDeLa", "DTPickerPanala"), openOrAll("NeFacturate"),
+                      byArticleOr("optClienti", "Clienti")},
+                     "DTPickerDeLa",
+                     "DTPickerPanala"};
+  report.start = StockReport::Start::YearToToday;
+  report.rows = deliveryNoteRows;
+  report.variables = orderVariables("C");
+  return report;
+}
+
+StockReport stockTracking() {
+  StockReport report{"frmRapUrmStoc",
+                     "Raport Urmarire Stocuri",
+                     "UrmStocuri",
+                     {upTo("DTPickerPanala"),
+                      {"&Grupare",
+                       {{Kind::Option, "optCodArt", "Cod Articol "},
+                        {Kind::Option, "optGrupFurnizor", "Furnizor"},
+                        {Kind::Option, "optGrupFamilie", "Familie"},
+                        {Kind::Option, "optGrupArticol", "Articol"},
+                        {Kind::Option, "optGrupMag", "Magazie"}},
+                       "optCodArt"},
+                      {"&Selectie",
+                       {{Kind::Option, "optToateArt", "Toate articolele"},
+                        {Kind::Option, "optFamilie", "Familie"},
+                        family("Selectati va rog o familie"),
+                        {Kind::Option, "optFurnizor", "Furnizor"},
+                        {Kind::Choice, "cboFurnizori", {}, "optFurnizor", "Selectati va rog un furnizor"},
+                        {Kind::Option, "Optmag", "Magazie"},
+                        warehouse("Selectati va rog o magazie")},
+                       "optToateArt"}},
+                     {},
+                     "DTPickerPanala"};
+  report.rows = stockTrackingRows;
+  report.variables = [](const ReportChoice& choice, Variables& variables) {
+    variables.add("ParamFurnizor", choice.has("optFurnizor") ? choice.texts["cboFurnizori"] : QString());
+    variables.add("ParamFamilie", choice.has("optFamilie") ? choice.texts["cboFamilie"] : QString());
+    variables.add("ParamGrupare", choice.has("optGrupArticol")    ? "ART"
+                                  : choice.has("optGrupFamilie")  ? "FAM"
+                                  : choice.has("optGrupFurnizor") ? "FUR"
+                                                                  : "MAG");
+    variables.add("ParamMag", choice.has("optGrupMag"));
+    variables.add("ParamDataPanala", choice.dates["DTPickerPanala"]);
+  };
+  return report;
+}
+
+StockReport inventoryList() {
+  StockReport report{"frmRapJStoc",
+                     "Lista de inventariere",
+                     "JurnalStocuri",
+                     {{"&Selectie",
+                       {{Kind::Option, "optToate", "Toate"},
+                        {Kind::Option, "optFamilie", "Familie"},
+                        family(),
+                        {Kind::Option, "Optmag", "Magazie"},
+                        warehouse()},
+                       "optToate"},
+                      {{}, {{Kind::Check, "ckbStocReal", "&Coloana \"Stoc real\""}}}}};
+  report.rows = inventoryRows;
+  report.variables = [](const ReportChoice& choice, Variables& variables) {
+    variables.add("ParamFamilie", choice.has("optFamilie") ? choice.texts["cboFamilie"] : QString());
+    variables.add("ParamStocReal", choice.has("ckbStocReal"));
+    variables.add("ParamMagazie", choice.has("Optmag") ? choice.texts["cboMag"] : QString());
+  };
+  return report;
+}
+
+StockReport availableStock() {
+  const QString article = "Va rog selectati articolul";
+  StockReport report{"frmRapDisponibil",
+                     "Stoc disponibil",
+                     "Disponibil",
+                     {upTo("dtDataPanaLa", "Data pana la: "),
+                      {"&Selectie",
+                       {{Kind::Option, "optToate", "Toate"},
+                        {Kind::Option, "optFamilie", "Familie"},
+                        family(),
+                        {Kind::Option, "Optmag", "Magazie"},
+                        warehouse(),
+                        {Kind::Option, "optArticol", "Articol"},
+                        {Kind::Article, "cboArticol", {}, "optArticol", article},
+                        {Kind::Option, "OptCod", "Cod articol"},
+                        {Kind::Article, "cboCodArticol", {}, "OptCod", article}},
+                       "optToate"},
+                      {{},
+                       {{Kind::Check, "CheckContine", " Denumirea contine", {}, {}, {"optToate", "Optmag"}},
+                        {Kind::Text, "TextLIKE", {}, "CheckContine"},
+                        {Kind::Check, "CheckGrMagazie", " Grupare pe magazii"}}}},
+                     {},
+                     "dtDataPanaLa"};
+  report.rows = availableRows;
+  report.variables = [](const ReportChoice& choice, Variables& variables) {
+    variables.add("ParamFamilie", choice.has("optFamilie") ? choice.texts["cboFamilie"] : QString());
+    variables.add("ParamMagazie", choice.has("Optmag") ? choice.texts["cboMag"] : QString());
+    variables.add("ParamGrMagazie", choice.has("CheckGrMagazie"));
+    variables.add("ParamDataPanala", choice.dates["dtDataPanaLa"]);
+  };
+  return report;
+}
+
+StockReport costOfSales() {
+  StockReport report{"frmRapDescarcare", "Costul vanzarilor ",
+                     "Descarcare",       {period("DTPickerdela", "DTPickerPanala")},
+                     "DTPickerdela",     "DTPickerPanala"};
+  report.start = StockReport::Start::Year;
+  report.losesFirstDay = true;
+  report.checksDates = true;
+  report.rows = costOfSalesRows;
+  report.variables = [](const ReportChoice& choice, Variables& variables) {
+    variables.add("ParamDataPanala", choice.dates["DTPickerPanala"]);
+    variables.add("ParamDatadela", choice.dates["DTPickerdela"]);
+  };
+  return report;
+}
+
+std::vector<StockReport> allReports() {
+  StockReport sales = salesReport("frmRapVanzari", "Vanzari", "RapVanzari");
+  sales.losesFirstDay = true;
+  sales.previewsOnly = true;
+  sales.rows = salesRows;
+  StockReport issues = salesReport("frmRapIesiri", "Iesiri din stoc", "RapIesiri");
+  issues.rows = issueRows;
+  StockReport customers =
+      turnoverReport("frmRapStaCl", "Statistici Clienti", "StaCl", "cboClienti", "Client");
+  customers.rows = customerTurnoverRows;
+  StockReport suppliers =
+      turnoverReport("frmRapStaFr", "Statistici Furnizori", "StaFr", "cboFurnizori", "Furnizor");
+  suppliers.rows = supplierTurnoverRows;
+  StockReport sold = orderReport("frmRapComNelivCl", "Comenzi Nelivrate Clienti", "ComNelivCl", "optClienti",
+                                 "Clienti", "C");
+  sold.rows = [](const ReportChoice& choice) { return orderRows(choice, "Cl", "NumeClient"); };
+  StockReport bought = orderReport("frmRapComNelivFr", "Comenzi Nelivrate Furnizori", "ComNelivFr",
+                                   "optFurnizori", "Furnizori", "F");
+  bought.rows = [](const ReportChoice& choice) { return orderRows(choice, "Fr", "NumeFurnizor"); };
+  return {sales,  issues,          customers,       suppliers,        deliveryNotes(), sold,
+          bought, stockTracking(), inventoryList(), availableStock(), costOfSales()};
+}
+
+}  // namespace
+
+const std::vector<StockReport>& stockReports() {
+  static const std::vector<StockReport> all = allReports();
+  return all;
+}
+
+const StockReport& stockReport(const QString& window) {
+  const auto& all = stockReports();
+  const auto found = std::find_if(all.begin(), all.end(),
+                                  [&window](const StockReport& report) { return report.window == window; });
+  if (found == all.end()) throw StoreError(0, QStringLiteral("Raport necunoscut: %1").arg(window));
+  return *found;
+}
+
+ReportData reportData(const StockReport& report, const ReportChoice& choice) {
+  Recordset rows = report.rows(choice);
+  if (rows.isEmpty()) throw RuleError(QStringLiteral("Nu exista inregistrari"));
+  ReportData data;
+  data.fieldNames = rows.columns();
+  data.fields = std::make_shared<RecordsetRows>(std::move(rows));
+  Variables variables(data);
+  report.variables(choice, variables);
+  variables.addCompany();
+  return data;
+}
+
+}  // namespace velmar

@@ -1,0 +1,83 @@
+// The reports of stock, sales and orders: for each its window's controls, its statement and its variables. A
+// further report is a row of reports() and a layout in lst/.
+#pragma once
+
+#include <functional>
+#include <QDate>
+#include <QHash>
+#include <QSet>
+
+#include "reports/ReportData.h"
+#include "reports/Variables.h"
+
+namespace velmar {
+
+/// A control of a report window, besides the commands.
+struct ReportControl {
+  enum class Kind {
+    Date,
+    Option,  ///< of the options of a frame at most one is ticked
+    Check,
+    Choice,   ///< a drop-down list
+    Article,  ///< a drop-down list of all articles, found by typing
+    Text
+  };
+  Kind kind;
+  QString name;
+  QString caption;
+  QString of = {};          ///< Choice, Article, Text: the option or box that they belong to
+  QString missing = {};     ///< the message when that is ticked and nothing is chosen
+  QStringList clears = {};  ///< the options that a tick of this box takes off
+};
+
+struct ReportFrame {
+  QString caption;
+  std::vector<ReportControl> controls;
+  QString ticked = {};  ///< the option at the start; none: a second click takes a choice off
+};
+
+/// What the user chose, by the names of the controls.
+struct ReportChoice {
+  QHash<QString, QDate> dates;
+  QSet<QString> ticked;
+  QHash<QString, QString> codes;  ///< of drop-down lists
+  QHash<QString, QString> texts;  ///< of text boxes, and of the chosen items
+
+  bool has(const QString& control) const { return ticked.contains(control); }
+  /// The code chosen for that option; empty when the option is not ticked.
+  QString codeOf(const QString& option, const QString& list) const {
+    return has(option) ? codes.value(list) : QString();
+  }
+};
+
+/// Its rows are read when its command is given.
+struct StockReport {
+  enum class Start { Year, YearToToday, Today };
+
+  QString window;   ///< class of its window
+  QString caption;  ///< of its window
+  QString project;  ///< file name of its layout
+  std::vector<ReportFrame> frames;
+  QString from = {};  ///< control of the first day; empty: the report has none
+  QString to = {};    ///< control of the last day; empty: the report has none
+  Start start = Start::Today;
+  bool losesFirstDay = false;  ///< the period begins after midnight of the first day
+  bool previewsOnly = false;   ///< cmdVisualizare chooses no printer, cmdPrint does
+  bool canPrint = false;       ///< has cmdPrint
+  bool checksDates = false;    ///< cmdDesign refuses inverted dates
+  std::function<Recordset(const ReportChoice&)> rows = {};
+  std::function<void(const ReportChoice&, Variables&)> variables = {};
+};
+
+/// The tick of a report whose period otherwise loses its first day.
+extern const QString kTakesFirstDay;
+
+const std::vector<StockReport>& stockReports();
+/// Throws StoreError for an unknown window.
+const StockReport& stockReport(const QString& window);
+
+/// The rows and the variables of a report. Throws RuleError when there are no rows. Descarcare writes its
+/// work table.
+ReportData reportData(const StockReport& report, const ReportChoice& choice);
+
+}  // namespace velmar

@@ -1,0 +1,302 @@
+#include "reports/windows/frmRaport.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QDir>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+
+#include "config/Lists.h"
+#include "config/Session.h"
+#include "config/windows/ComboFill.h"
+#include "reports/windows/ListingCommands.h"
+#include "util/Clock.h"
+#include "util/Errors.h"
+#include "util/Messages.h"
+#include "util/Settings.h"
+#include "util/windows/Controls.h"
+#include "util/windows/DateBox.h"
+#include "util/windows/Entry.h"
+#include "util/windows/Forms.h"
+#include "util/windows/SearchCombo.h"
+
+namespace velmar {
+
+namespace {
+
+using Kind = ReportControl::Kind;
+
+constexpr int kListWidth = 34;  // characters
+constexpr int kTextWidth = 35;
+const QString kInverted =
+    QStringLiteral("Data de inceput trebuie sa fie mai mica sau egala decat data de sfarsit");
+
+// All articles as "CODART-DENART".
+std::vector<ListEntry> articles(bool byCode) {
+  std::vector<ListEntry> all;
+  for (const Row& row :
+       OpenRs(QStringLiteral("SELECT CODART, DENART FROM G_ARTMAG ORDER BY %1 NULLS FIRST, CODART")
+                  .arg(byCode ? "CODART" : "DENART")))
+    all.push_back({row.text("CODART") + u'-' + row.text("DENART"), row.text("CODART")});
+  return all;
+}
+
+// Also the only one of its group.
+void untick(QAbstractButton* option) {
+  QButtonGroup* group = option->group();
+  if (group) group->setExclusive(false);
+  option->setChecked(false);
+  if (group) group->setExclusive(true);
+}
+
+}  // namespace
+
+frmRaport::frmRaport(const StockReport& report, QWidget* parent) : QWidget(parent), report_(report) {
+  setObjectName(report.window);
+  setWindowTitle(report.caption);
+  auto* all = new QVBoxLayout(this);
+  for (const ReportFrame& each : report.frames) all->addWidget(frame(each));
+  all->addStretch();
+  all->addLayout(commandLine());
+  giveMnemonics(this);
+  showDefaults();
+  restoreChoice();
+}
+
+QWidget* frmRaport::frame(const ReportFrame& frame) {
+  QWidget* box = frame.caption.isEmpty() ? new QWidget : new QGroupBox(frame.caption);
+  auto* rows = new QFormLayout(box);
+  if (frame.caption.isEmpty()) rows->setContentsMargins(0, 0, 0, 0);
+  for (const ReportControl& control : frame.controls) addControl(control, rows);
+  if (report_.losesFirstDay && !frame.controls.empty() && frame.controls.front().name == report_.from) {
+    addControl({Kind::Check, kTakesFirstDay, "Si prima zi"}, rows);
+    auto* note = named(new QLabel, "lblZile");
+    rows->addRow(note);
+    const auto tell = [this, note] {
+      const QDate from = dates_[report_.from]->date(), to = dates_[report_.to]->date();
+      note->setText(QStringLiteral("Se numara zilele %1 - %2")
+                        .arg((ticks_[kTakesFirstDay]->isChecked() ? from : from.addDays(1))
+                                 .toString(QStringLiteral("dd.MM.yyyy")),
+                             to.toString(QStringLiteral("dd.MM.yyyy"))));
+    };
+    for (const QString& date : {report_.from, report_.to})
+      connect(dates_[date], &QDateEdit::dateChanged, note, tell);
+    connect(ticks_[kTakesFirstDay], &QAbstractButton::toggled, note, tell);
+  }
+  makeExclusive(frame);
+  return box;
+}
+
+void frmRaport::addControl(const ReportControl& control, QFormLayout* rows) {
+  switch (control.kind) {
+    case Kind::Date: {
+      auto* box = named(new DateBox, control.name);
+      box->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
+      dates_[control.name] = box;
+      return rows->addRow(control.caption, box);
+    }
+    case Kind::Option:
+    case Kind::Check: {
+      QAbstractButton* tick = control.kind == Kind::Option
+                                  ? static_cast<QAbstractButton*>(new QRadioButton(control.caption))
+                                  : new QCheckBox(control.caption);
+      named(tick, control.name);
+      ticks_[control.name] = tick;
+      connect(tick, &QAbstractButton::toggled, this, [this, cleared = control.clears](bool isOn) {
+        if (isOn)
+          for (const QString& option : cleared) untick(ticks_[option]);
+        enableChoices();
+      });
+      return rows->addRow(tick);
+    }
+    case Kind::Choice:
+    case Kind::Article:
+      lists_[control.name] = listOf(control);
+      break;
+    case Kind::Text:
+      texts_[control.name] =
+          makeTextBox(control.name, kTextWidth, "Inceputul denumirii; cu % in fata, orice parte a ei");
+      break;
+  }
+  QWidget* box =
+      control.kind == Kind::Text ? static_cast<QWidget*>(texts_[control.name]) : lists_[control.name];
+  rows->addRow(control.caption, box);
+}
+
+QComboBox* frmRaport::listOf(const ReportControl& control) {
+  auto* list = new SearchCombo(control.name, {}, kListWidth);
+  if (control.kind == Kind::Choice) guarded(objectName(), "Form_Load", [list] { IncarcaCombo(*list); });
+  list->clearEditText();
+  return list;
+}
+
+// A click on the chosen one of the options that need not be chosen takes the choice off.
+void frmRaport::makeExclusive(const ReportFrame& frame) {
+  auto* group = new QButtonGroup(this);
+  for (const ReportControl& control : frame.controls) {
+    if (control.kind != Kind::Option) continue;
+    QAbstractButton* option = ticks_[control.name];
+    group->addButton(option);
+    if (!frame.ticked.isEmpty()) continue;
+    auto wasOn = std::make_shared<bool>(false);
+    connect(option, &QAbstractButton::pressed, this, [option, wasOn] { *wasOn = option->isChecked(); });
+    connect(option, &QAbstractButton::clicked, this, [option, wasOn] {
+      if (!*wasOn) return;
+      *wasOn = false;
+      untick(option);
+    });
+  }
+}
+
+QLayout* frmRaport::commandLine() {
+  QHBoxLayout* line =
+      listingCommands(this, QStringLiteral("Iesire"),
+                      {[this] { run(&frmRaport::list); }, [this] { run(&frmRaport::design); }});
+  const auto add = [this, line](int place, const QString& name, const QString& caption,
+                                const QString& toolTip, const std::function<void()>& action) {
+    QPushButton* button = makeButton(name, caption, toolTip);
+    connect(button, &QPushButton::clicked, this,
+            [this, name, action] { guarded(objectName(), name + QStringLiteral("_Click"), action); });
+    line->insertWidget(place, button);
+  };
+  add(0, "cmdImplicit", "Implicit", "Alegerile de la inceput", [this] { showDefaults(); });
+  if (report_.canPrint)
+    add(3, "cmdPrint", "Tiparire", "Tiparirea la imprimanta", [this] { run(&frmRaport::print); });
+  return line;
+}
+
+void frmRaport::showDefaults() {
+  const QDate today = clock::today();
+  const bool ofYear = report_.start != StockReport::Start::Today;
+  for (auto date = dates_.cbegin(); date != dates_.cend(); ++date) {
+    const bool isFrom = date.key() == report_.from;
+    const bool ofParameters = isFrom ? ofYear : report_.start == StockReport::Start::Year;
+    date.value()->setDate(!ofParameters ? today : isFrom ? session().DataIN : session().DataSN);
+  }
+  for (const ReportFrame& each : report_.frames)
+    for (const ReportControl& control : each.controls) {
+      if (control.kind != Kind::Option && control.kind != Kind::Check) continue;
+      if (control.name == each.ticked)
+        ticks_[control.name]->setChecked(true);
+      else
+        untick(ticks_[control.name]);
+    }
+  if (QAbstractButton* first = ticks_.value(kTakesFirstDay)) first->setChecked(false);
+  for (QComboBox* list : std::as_const(lists_)) {
+    list->setCurrentIndex(-1);
+    list->clearEditText();
+  }
+  for (QLineEdit* text : std::as_const(texts_)) text->clear();
+  enableChoices();
+}
+
+// The choices of the last run; dates are always the told ones.
+void frmRaport::restoreChoice() {
+  const QVariant kept = settings::look(objectName() + QStringLiteral("/alegeri"));
+  if (kept.isNull()) return;
+  const QVariantMap choice = kept.toMap();
+  for (auto tick = ticks_.cbegin(); tick != ticks_.cend(); ++tick)
+    if (choice.contains(tick.key()) && choice[tick.key()].toBool()) tick.value()->setChecked(true);
+  enableChoices();
+  for (auto list = lists_.cbegin(); list != lists_.cend(); ++list)
+    static_cast<SearchCombo*>(list.value())->showData(choice.value(list.key()));
+  for (auto text = texts_.cbegin(); text != texts_.cend(); ++text)
+    text.value()->setText(choice.value(text.key()).toString());
+}
+
+void frmRaport::keepChoice() const {
+  const ReportChoice chosen = choice();
+  QVariantMap kept;
+  for (const QString& tick : ticks_.keys()) kept[tick] = chosen.has(tick);
+  for (const QString& list : lists_.keys()) kept[list] = chosen.codes[list];
+  for (const QString& text : texts_.keys()) kept[text] = chosen.texts[text];
+  settings::setLook(objectName() + QStringLiteral("/alegeri"), kept);
+}
+
+// A list works only with its option; that of the articles is read when it is needed.
+void frmRaport::enableChoices() {
+  for (const ReportFrame& each : report_.frames)
+    for (const ReportControl& control : each.controls) {
+      if (control.of.isEmpty()) continue;
+      const bool isOn = ticks_[control.of]->isChecked();
+      if (QLineEdit* text = texts_.value(control.name)) text->setEnabled(isOn);
+      QComboBox* list = lists_.value(control.name);
+      if (!list) continue;
+      list->setEnabled(isOn);
+      if (control.kind != Kind::Article || !isOn || list->count() > 0) continue;
+      guarded(objectName(), "Form_Load",
+              [&] { LegaCombo(*list, articles(control.name == "cboCodArticol")); });
+      list->clearEditText();
+    }
+}
+
+ReportChoice frmRaport::choice() const {
+  ReportChoice chosen;
+  for (auto date = dates_.cbegin(); date != dates_.cend(); ++date) {
+    date.value()->takeTyped();
+    chosen.dates[date.key()] = date.value()->date();
+  }
+  for (auto tick = ticks_.cbegin(); tick != ticks_.cend(); ++tick)
+    if (tick.value()->isChecked()) chosen.ticked.insert(tick.key());
+  for (auto each = lists_.cbegin(); each != lists_.cend(); ++each) {
+    auto* list = static_cast<SearchCombo*>(each.value());
+    list->settle();
+    const bool isNone = list->currentText() == kNoRecords;
+    if (list->choice().isNull() || isNone) continue;
+    chosen.codes[each.key()] = list->choice().toString();
+    chosen.texts[each.key()] = list->currentText();
+  }
+  for (auto text = texts_.cbegin(); text != texts_.cend(); ++text)
+    chosen.texts[text.key()] = text.value()->text();
+  return chosen;
+}
+
+void frmRaport::requireChoice(const ReportControl& control, const ReportChoice& chosen) const {
+  const QComboBox* list = lists_.value(control.name);
+  if (!list || !list->isEnabled() || !chosen.codes[control.name].isEmpty()) return;
+  if (!control.missing.isEmpty()) throw RuleError(control.missing, control.name);
+  const QString text = list->currentText().trimmed();
+  if (!text.isEmpty() && text != kNoRecords)
+    throw RuleError(QStringLiteral("%1 nu este in lista !").arg(text), control.name);
+}
+
+PreparedReport frmRaport::prepared() {
+  const ReportChoice chosen = choice();
+  for (const ReportFrame& each : report_.frames)
+    for (const ReportControl& control : each.controls) requireChoice(control, chosen);
+  keepChoice();
+  const Hourglass wait;
+  return {QDir(session().gCaleAplicatie).filePath(QStringLiteral("lst/%1.lst").arg(report_.project)),
+          reportData(report_, chosen)};
+}
+
+void frmRaport::list() { listReport(prepared(), !report_.previewsOnly, this); }
+
+void frmRaport::print() { printReport(prepared(), report_.previewsOnly, this); }
+
+void frmRaport::design() {
+  const ReportChoice chosen = choice();
+  if (report_.checksDates && chosen.dates[report_.from] > chosen.dates[report_.to])
+    throw RuleError(kInverted, report_.from);
+  designReport(prepared(), this);
+}
+
+void frmRaport::run(void (frmRaport::*command)()) {
+  if (!entriesAccepted(this)) return;
+  try {
+    (this->*command)();
+  } catch (const RuleError& rule) {
+    Mesaj(rule.text(), rule.icon(), rule.title());
+    if (DateBox* date = dates_.value(rule.field())) date->setFocus();
+    if (QComboBox* list = lists_.value(rule.field())) {
+      list->setFocus();
+      list->showPopup();
+    }
+  }
+}
+
+}  // namespace velmar

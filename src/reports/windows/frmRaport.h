@@ -1,0 +1,52 @@
+// The window of every report of stock, sales and orders: the controls of its row in the table of reports, and
+// the commands.
+#pragma once
+
+#include <QWidget>
+
+#include "reports/StockReports.h"
+
+class QAbstractButton;
+class QFormLayout;
+class QComboBox;
+class QLineEdit;
+
+namespace velmar {
+
+class DateBox;
+struct PreparedReport;
+
+class frmRaport : public QWidget {
+  Q_OBJECT
+ public:
+  explicit frmRaport(const StockReport& report, QWidget* parent = nullptr);
+
+ private:
+  QWidget* frame(const ReportFrame& frame);
+  void addControl(const ReportControl& control, QFormLayout* rows);
+  QComboBox* listOf(const ReportControl& control);
+  void makeExclusive(const ReportFrame& frame);
+  QLayout* commandLine();
+
+  void showDefaults();
+  void restoreChoice();
+  void keepChoice() const;
+  void enableChoices();
+  ReportChoice choice() const;
+  void requireChoice(const ReportControl& control, const ReportChoice& chosen) const;
+  /// Reads the choice and the rows. Throws RuleError, with the control at fault.
+  PreparedReport prepared();
+  void list();
+  void print();
+  void design();
+  /// Runs a command; shows a RuleError and opens or focuses its control.
+  void run(void (frmRaport::*command)());
+
+  const StockReport& report_;
+  QHash<QString, DateBox*> dates_;
+  QHash<QString, QAbstractButton*> ticks_;
+  QHash<QString, QComboBox*> lists_;
+  QHash<QString, QLineEdit*> texts_;
+};
+
+}  // namespace velmar

@@ -1,0 +1,144 @@
+// The reports of stock, sales and orders through their windows, with figures worked out by hand.
+
+const year = today().substring(0, 4);
+const flat = (path) => pdfText(path).replace(/\s+/g, " ");
+const has = (text, ...parts) => parts.forEach((part) => check(text.includes(part), part + " in " + text));
+const lacks = (text, ...parts) => parts.forEach((part) => check(!text.includes(part), "no " + part + " in " + text));
+
+company({denumire: "ATELIERUL SRL"});
+sql("UPDATE kt_par SET DATAIN = ?, DATASN = ?", year + "-01-01", year + "-12-31");
+for (const [code, name, kind] of [[1, "ALFA SRL", "C"], [2, "FURNIZOR SA", "F"], [3, "BETA SA", "M"]])
+  sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (?, ?, ?)", code, name, kind);
+sql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE, CONT) VALUES (2, 'Depozit', '381')");
+sql("INSERT INTO G_FAMART (COD, DENUMIRE) VALUES (1, 'Marfuri')");
+for (const [code, name, cost, family] of [["M1", "Marfa intai", 10, 1], ["M2", "Marfa a doua", 4, null]])
+  sql("INSERT INTO G_ARTMAG (CODART, DENART, UM, FAMART, COST, PRETVFT, FARASTOC, CODFURNIZO) VALUES (?, ?, 'Buc', ?, ?, 20, 0, 2)", code, name, family, cost);
+
+// Lines: article, quantity, price, unit cost, warehouse, discount percent, remainder.
+function document(id, direction, day, partner, payment, lines) {
+  const sum = (of) => lines.reduce((all, line) => all + of(line), 0);
+  sql("INSERT INTO G_DOCUME (ID, TIP, TIPIE, DATADOC, CODTERT, MODREG, CODMAG, TOTALFT, TOTALTVA, TOTALCOST) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
+      id, id.substring(0, 2), direction, year + "-" + day, partner, payment, lines.length ? lines[0][4] : 1, sum((l) => l[1] * l[2]),
+      sum((l) => l[1] * l[2] * 0.19), sum((l) => l[1] * l[3]));
+  lines.forEach(([article, quantity, price, cost, warehouse, discount, rest], place) =>
+      sql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT, PRETFT, VALTVA, COST, VALCOST, CODMAG, PROCRAB, CANTRAMASA) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
+          id, place + 1, article, quantity, price, quantity * price * 0.19, cost, quantity * cost, warehouse, discount || 0, rest === undefined ? null : rest));
+}
+document("FC1", "E", "01-01", 1, 1, [["M2", 10, 100, 0, 1]]);
+sql("DELETE FROM G_LDOCUM");
+document("FF1", "I", "01-05", 2, null, [["M1", 10, 10, 10, 1], ["M2", 5, 4, 4, 1]]);
+document("NR2", "I", "02-01", 2, null, [["M1", 2, 12, 12, 2]]);
+document("FC10", "E", "03-01", 1, 1, [["M1", 4, 20, 10, 1, 10]]);
+document("FC11", "E", "03-02", 3, 3, [["M2", 2, 8, 4, 1]]);
+document("BS5", "E", "03-02", null, 1, [["M1", 1, 20, 10, 1]]);
+document("AE9", "E", "03-04", 1, null, [["M1", 2, 20, 10, 1, 0, 1.5]]);
+document("FS12", "I", "03-05", 1, 1, [["M1", 4, 20, 10, 1]]);
+document("CC7", null, "03-03", 3, null, [["M2", 3, 8, 0, 1]]);
+sql("INSERT INTO G_COMCLI (NUMCOM, CODCLI, DATACOM, VALIDAT) VALUES ('7', 3, ?, -1)", year + "-03-03");
+sql("INSERT INTO G_LCOMCL (NUMCOM, NRLINIE, CODART, DENUMIRE, CANT, CANTLIV, PRETFT) VALUES ('7', 1, 'M2', 'Marfa a doua', 3, 1, 8)");
+setToday(year + "-03-10");
+
+let w;
+const open = (entry, form) => { w = menu(entry, form); };
+function pages(command = "cmdVisualizare") {
+  w.click(command);
+  const files = printed();
+  return flat(files[files.length - 1]);
+}
+
+open("mnuRapVanzari", "frmRapVanzari");
+equal([w.title(), w.value("DTPickerdela"), w.value("DTPickerla")], ["Vanzari", year + "-01-01", year + "-12-31"], "the year");
+check(!w.value("optClienti") && !w.value("optMP") && !w.value("Optmag"), "nothing is chosen");
+w.set("ChkDetaliu", true);
+let text = pages();
+has(text, "FC10", "ALFA SRL", "NUMERAR", "80,00 15,20 95,20", "16,00 3,04 19,04", "-80,00 -15,20 -95,20", "TOTAL GENERAL 36,00 6,84 42,84");
+lacks(text, "FC1 ");
+shot("frmRapVanzari");
+w.set("chkPrimaZi", true);
+w.click("optClienti");
+has(pages("cmdPrint"), "Total Client: ALFA SRL 1.000,00 190,00 1.190,00", "TOTAL GENERAL 1.036,00");
+w.click("optClienti");
+check(!w.value("optClienti"), "taken off");
+w.click("Optmag");
+replied("OK", () => w.click("cmdVisualizare"), "Va rugam precizati magazia");
+w.pick("cboMag", "2-Depozit");
+replied("OK", () => w.click("cmdVisualizare"), "Nu exista inregistrari");
+w.close();
+open("mnuRapVanzari", "frmRapVanzari");
+equal([w.value("Optmag"), w.text("cboMag"), w.value("ChkDetaliu")], [true, "2-Depozit", true], "kept");
+w.click("cmdImplicit");
+equal([w.value("Optmag"), w.text("cboMag"), w.value("ChkDetaliu")], [false, "", false], "as at first");
+w.set("DTPickerla", year + "-01-01");
+w.set("DTPickerdela", year + "-02-01");
+w.press("cmdVisualizare", "P");
+replied("OK", () => w.click("cmdDesign"), "Data de inceput trebuie sa fie mai mica sau egala decat data de sfarsit");
+w.close();
+
+open("mnuRapIesiri", "frmRapIesiri");
+has(pages(), "M1 Marfa intai Buc 7 20,00 140,00", "M2 Marfa a doua Buc 2 8,00 16,00", "TOTAL GENERAL 9 156,00");
+w.set("ChkDetaliu", true);
+has(pages(), "Documentul AE9", "FC11", "TOTAL GENERAL 9 156,00");
+w.close();
+
+open("mnuRapStaCL", "frmRapStaCl");
+text = pages();
+has(text, "3 BETA SA 16,00 8,00 0,00 8,00 50,00", "1 ALFA SRL 0,00 0,00 8,00 0,00 0,00");
+check(text.indexOf("BETA") < text.indexOf("ALFA"), "the largest first");
+w.pick("cboClientiDela", "3-BETA SA");
+w.pick("cboClientiLa", "1-ALFA SRL");
+w.click("optSortNume");
+text = pages();
+check(text.indexOf("ALFA SRL 0,00") < text.indexOf("BETA SA 16,00"), "by name, in either order: " + text);
+shot("frmRapStaCl");
+w.close();
+open("mnuRapStaFurn", "frmRapStaFr");
+has(pages(), "2 FURNIZOR SA 144,00 144,00");
+w.close();
+
+open("mnuRapAE", "frmRapAE");
+equal([w.value("DTPickerDeLa"), w.value("DTPickerPanala")], [year + "-01-01", today()], "to today");
+has(pages(), "AE9", "2 0,5 1,5 20,00 30,00");
+w.close();
+open("mnuRapComenziClienti", "frmRapComNelivCl");
+has(pages(), "Client: BETA SA", "3 1 2 8,00 16,00");
+w.close();
+open("mnuRapComenziFurnizori", "frmRapComNelivFr");
+replied("OK", () => w.click("cmdVisualizare"), "Nu exista inregistrari");
+w.close();
+
+open("mnuRapUrmStoc", "frmRapUrmStoc");
+has(pages(), "M1 Marfa intai 1 0 14 7 7 70,00", "M1 Marfa intai 2 0 2 0 2 20,00", "Total M1 Marfa intai 0 16 7 9 90,00", "TOTAL GENERAL 0 21 9 12 102,00");
+w.click("optGrupMag");
+has(pages(), "Magazie: Depozit", "Total Magazie: Depozit 0 2 0 2 20,00");
+w.click("optFamilie");
+replied("OK", () => w.click("cmdVisualizare"), "Selectati va rog o familie");
+w.pick("cboFamilie", "1-Marfuri");
+lacks(pages(), "M2");
+shot("frmRapUrmStoc");
+w.close();
+
+open("mnuRapJurnalStoc", "frmRapJStoc");
+has(pages(), "M1 Marfa intai Buc 9 10,44 94,00 94,00", "M2 Marfa a doua Buc 3 4,00 12,00 12,00", "TOTAL GENERAL 12 106,00 106,00");
+w.set("ckbStocReal", true);
+has(pages(), "Stoc real", "Diferente");
+w.close();
+
+open("mnuRapDisopnibil", "frmRapDisponibil");
+has(pages(), "M2 Marfa a doua 5 2 2 1 20,00 12,00 12,00", "M1 Marfa intai 16 7 0 9 20,00 94,00 94,00");
+w.set("CheckContine", true);
+check(!w.value("optToate"), "cleared");
+w.type("TextLIKE", "%doua");
+lacks(pages(), "M1");
+w.set("CheckGrMagazie", true);
+w.type("TextLIKE", "Marfa i");
+has(pages(), "M1 Marfa intai 1 14 7 0 7", "M1 Marfa intai 2 2 0 0 2");
+w.click("optArticol");
+replied("OK", () => w.click("cmdVisualizare"), "Va rog selectati articolul");
+shot("frmRapDisponibil");
+w.close();
+
+open("mnuRapDescarcare", "frmRapDescarcare");
+has(pages(), "FC10 din 01.03." + year + ", ALFA SRL", "1 M1 Marfa intai 4 20,00 10,00 80,00 40,00 40,00", "-80,00 -40,00 -40,00", "TOTAL GENERAL 36,00 18,00 18,00");
+equal(sql("SELECT NRCRT, POZITIE, NRCOMANDA FROM G_DESCAR ORDER BY NRCRT").map((row) => [row.NRCRT, row.POZITIE, row.NRCOMANDA]),
+      [[1, 1, "FC10"], [2, 1, "BS5"], [3, 1, "FC11"], [4, 1, "FS12"]]);
+w.close();
