@@ -109,8 +109,10 @@ Recordset salesRows(const ReportChoice& choice) {
   const QString warehouse = choice.codeOf("Optmag", "cboMag");
   if (!warehouse.isEmpty()) values.emplace_back(warehouse.toLongLong());
   return read(
-      QStringLiteral("SELECT V.*, ROUND_EVEN(COALESCE(TOTALFT, 0) + COALESCE(TOTALTVA, 0), 6) AS TOTALDOC "
-                     "FROM (%1) AS V%2 ORDER BY %3DATADOC, MODREG NULLS FIRST, TIP, ID")
+      QStringLiteral(
+          "SELECT V.*, CASE MODREG WHEN 1 THEN 'NUMERAR' WHEN 2 THEN 'CEC' WHEN 3 THEN 'OP' WHEN 4 THEN "
+          "'ALTELE' END AS PLATA, ROUND_EVEN(COALESCE(TOTALFT, 0) + COALESCE(TOTALTVA, 0), 6) AS TOTALDOC "
+          "FROM (%1) AS V%2 ORDER BY %3DATADOC, MODREG NULLS FIRST, TIP, ID")
           .arg(session().gDataEnv.statement("RapVanzari"),
                warehouse.isEmpty() ? QString() : QStringLiteral(" WHERE CODMAG = ?"), first),
       values, {"DATADOC", "DATASCAD"});
@@ -276,6 +278,10 @@ Recordset availableRows(const ReportChoice& choice) {
 }
 
 Recordset costOfSalesRows(const ReportChoice& choice) {
+  const auto value = [](const QString& each) {
+    return QStringLiteral("CASE WHEN TIP = 'FS' THEN -1 ELSE 1 END * ROUND_EVEN(CANTITATE * %1, 2)")
+        .arg(each);
+  };
   Transaction transaction(database());
   ExecutaSql("DELETE FROM G_DESCAR");
   ExecutaSql(
@@ -296,7 +302,11 @@ Recordset costOfSalesRows(const ReportChoice& choice) {
           "L.ARTID, A.DENART, "
           "D.TIP, D.ID, D.CODTERT, T.NUME, D.DATADOC, L.PRETFT, L.COST) AS V",
       {firstDay(choice, "DTPickerdela"), choice.dates["DTPickerPanala"]});
-  Recordset rows = read("SELECT * FROM G_DESCAR ORDER BY NRCRT, POZITIE", {}, {"DATACOMAND"});
+  Recordset rows =
+      read("SELECT G_DESCAR.*, " + value("PRETVANZAR") + " AS ValoareVanzare, " + value("COSTUNITAR") +
+               " AS ValoareCost, ROUND_EVEN(" + value("PRETVANZAR") + " - " + value("COSTUNITAR") +
+               ", 2) AS Marja FROM G_DESCAR ORDER BY NRCRT, POZITIE",
+           {}, {"DATACOMAND"});
   transaction.commit();
   return rows;
 }

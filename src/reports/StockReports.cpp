@@ -13,6 +13,7 @@ const QString kTakesFirstDay = QStringLiteral("chkPrimaZi");
 namespace {
 
 using Kind = ReportControl::Kind;
+using Shown = ReportColumn::Kind;
 
 ReportFrame period(const QString& from, const QString& to) {
   return {"&Perioada", {{Kind::Date, from, "De la "}, {Kind::Date, to, "Pana la"}}};
@@ -74,6 +75,11 @@ StockReport turnoverReport(const QString& window, const QString& caption, const 
   report.start = StockReport::Start::Year;
   report.losesFirstDay = true;
   report.checksDates = true;
+  report.columns = {{"CODTERT", "Cod", Shown::Whole, 8},
+                    {"NUME", "Nume", Shown::Text, 35},
+                    {"CifraAfaceri", "Cifra de afaceri", Shown::Amount, 16, true},
+                    {"Cost", "Cost", Shown::Amount, 14, true}};
+  report.links = {{}, {}, {}, "NUME"};
   report.variables = [from, to, partner](const ReportChoice& choice, Variables& variables) {
     variables.add("Param" + partner + "dela", choice.texts[from]);
     variables.add("Param" + partner + "la", choice.texts[to]);
@@ -110,6 +116,22 @@ StockReport orderReport(const QString& window, const QString& caption, const QSt
       window,  caption,
       project, {upTo("DTPickerPanala"), openOrAll("Nelivrate"), byArticleOr(partnerOption, partnerCaption)},
       {},      "DTPickerPanala"};
+  const QString partner = partnerCode == "C" ? "NumeClient" : "NumeFurnizor";
+  report.columns = {{"NumarComanda", "Comanda", Shown::Text, 12},
+                    {"DataComanda", "Data", Shown::Date},
+                    {partner, partnerCode == "C" ? "Client" : "Furnizor", Shown::Text, 25},
+                    {"CodArticol", "Cod articol", Shown::Text, 14},
+                    {"Articol", "Articol", Shown::Text, 30},
+                    {"CantitateComandata", "Comandat", Shown::Quantity, 12, true},
+                    {"CantitateLivrata", "Livrat", Shown::Quantity, 12, true},
+                    {"CantitateNelivrata", "Ramas", Shown::Quantity, 12, true},
+                    {"ValoareFT", "Pret", Shown::Amount, 10},
+                    {"ValoareRamasa", "Valoare ramasa", Shown::Amount, 14, true},
+                    {"DataLivrare", "Data livrarii", Shown::Date}};
+  report.links = {"NumarComanda", partnerCode == "C" ? "CC" : "CF", "CodArticol", partner};
+  report.rows = [partnerCode, partner](const ReportChoice& choice) {
+    return orderRows(choice, partnerCode == "C" ? "Cl" : "Fr", partner);
+  };
   report.variables = orderVariables(partnerCode);
   return report;
 }
@@ -124,6 +146,16 @@ StockReport deliveryNotes() {
                      "DTPickerPanala"};
   report.start = StockReport::Start::YearToToday;
   report.rows = deliveryNoteRows;
+  report.columns = {{"ID", "Document", Shown::Text, 12},
+                    {"DATADOC", "Data", Shown::Date},
+                    {"NUME", "Client", Shown::Text, 25},
+                    {"ARTID", "Cod articol", Shown::Text, 14},
+                    {"DENART", "Articol", Shown::Text, 30},
+                    {"CANT", "Livrat", Shown::Quantity, 12, true},
+                    {"CANTRAMASA", "Ramas", Shown::Quantity, 12, true},
+                    {"PRETFT", "Pret", Shown::Amount, 10},
+                    {"REFERINTA", "Preluat de", Shown::Text, 12}};
+  report.links = {"ID", {}, "ARTID", "NUME"};
   report.variables = orderVariables("C");
   return report;
 }
@@ -152,6 +184,17 @@ StockReport stockTracking() {
                      {},
                      "DTPickerPanala"};
   report.rows = stockTrackingRows;
+  report.columns = {{"CODArticol", "Cod", Shown::Text, 14},
+                    {"DenProdus", "Denumire", Shown::Text, 30},
+                    {"Familie", "Familie", Shown::Text, 16},
+                    {"Furnizor", "Furnizor", Shown::Text, 20},
+                    {"Magazie", "Magazie", Shown::Text, 12},
+                    {"StocInitial", "Stoc initial", Shown::Quantity, 12, true},
+                    {"Intrari", "Intrari", Shown::Quantity, 12, true},
+                    {"Iesiri", "Iesiri", Shown::Quantity, 12, true},
+                    {"STOC", "Stoc", Shown::Quantity, 12, true},
+                    {"COST", "Valoare", Shown::Amount, 14, true}};
+  report.links = {{}, {}, "CODArticol", {}};
   report.variables = [](const ReportChoice& choice, Variables& variables) {
     variables.add("ParamFurnizor", choice.has("optFurnizor") ? choice.texts["cboFurnizori"] : QString());
     variables.add("ParamFamilie", choice.has("optFamilie") ? choice.texts["cboFamilie"] : QString());
@@ -178,6 +221,14 @@ StockReport inventoryList() {
                        "optToate"},
                       {{}, {{Kind::Check, "ckbStocReal", "&Coloana \"Stoc real\""}}}}};
   report.rows = inventoryRows;
+  report.columns = {{"CODART", "Cod", Shown::Text, 14},
+                    {"DENART", "Denumire", Shown::Text, 30},
+                    {"UM", "UM", Shown::Text, 5},
+                    {"DenFam", "Familie", Shown::Text, 16},
+                    {"STOC", "Stoc", Shown::Quantity, 12, true},
+                    {"Costul", "Valoare la cost", Shown::Amount, 14, true},
+                    {"Valoare", "Valoare", Shown::Amount, 14, true}};
+  report.links = {{}, {}, "CODART", {}};
   report.variables = [](const ReportChoice& choice, Variables& variables) {
     variables.add("ParamFamilie", choice.has("optFamilie") ? choice.texts["cboFamilie"] : QString());
     variables.add("ParamStocReal", choice.has("ckbStocReal"));
@@ -210,6 +261,18 @@ StockReport availableStock() {
                      {},
                      "dtDataPanaLa"};
   report.rows = availableRows;
+  report.columns = {{"CODART", "Cod", Shown::Text, 14},
+                    {"DENART", "Denumire", Shown::Text, 30},
+                    {"Magazie", "Magazie", Shown::Whole, 8},
+                    {"StocInitial", "Stoc initial", Shown::Quantity, 12, true},
+                    {"Intrari", "Intrari", Shown::Quantity, 12, true},
+                    {"Iesiri", "Iesiri", Shown::Quantity, 12, true},
+                    {"Rezervat", "Rezervat", Shown::Quantity, 12, true},
+                    {"STOC", "Disponibil", Shown::Quantity, 12, true},
+                    {"PRETVFT", "Pret", Shown::Amount, 10},
+                    {"COST", "Valoare la cost", Shown::Amount, 14, true},
+                    {"Valoare", "Valoare", Shown::Amount, 14, true}};
+  report.links = {{}, {}, "CODART", {}};
   report.variables = [](const ReportChoice& choice, Variables& variables) {
     variables.add("ParamFamilie", choice.has("optFamilie") ? choice.texts["cboFamilie"] : QString());
     variables.add("ParamMagazie", choice.has("Optmag") ? choice.texts["cboMag"] : QString());
@@ -227,6 +290,20 @@ StockReport costOfSales() {
   report.losesFirstDay = true;
   report.checksDates = true;
   report.rows = costOfSalesRows;
+  report.columns = {{"NRCRT", "Nr.", Shown::Whole, 6},
+                    {"POZITIE", "Pozitie", Shown::Whole, 7},
+                    {"NRCOMANDA", "Document", Shown::Text, 12},
+                    {"DATACOMAND", "Data", Shown::Date},
+                    {"NUMECLIENT", "Client", Shown::Text, 25},
+                    {"CODARTICOL", "Cod articol", Shown::Text, 14},
+                    {"DENMARFA", "Articol", Shown::Text, 30},
+                    {"CANTITATE", "Cantitate", Shown::Quantity, 12},
+                    {"PRETVANZAR", "Pret", Shown::Amount, 10},
+                    {"COSTUNITAR", "Cost", Shown::Amount, 10},
+                    {"ValoareVanzare", "Valoare vanzare", Shown::Amount, 14, true},
+                    {"ValoareCost", "Valoare cost", Shown::Amount, 14, true},
+                    {"Marja", "Marja", Shown::Amount, 12, true}};
+  report.links = {"NRCOMANDA", {}, "CODARTICOL", "NUMECLIENT"};
   report.variables = [](const ReportChoice& choice, Variables& variables) {
     variables.add("ParamDataPanala", choice.dates["DTPickerPanala"]);
     variables.add("ParamDatadela", choice.dates["DTPickerdela"]);
@@ -239,20 +316,39 @@ std::vector<StockReport> allReports() {
   sales.losesFirstDay = true;
   sales.previewsOnly = true;
   sales.rows = salesRows;
+  sales.columns = {{"DATADOC", "Data", Shown::Date},
+                   {"ID", "Document", Shown::Text, 12},
+                   {"NUME", "Client", Shown::Text, 30},
+                   {"DATASCAD", "Scadenta", Shown::Date},
+                   {"PLATA", "Plata", Shown::Text, 10},
+                   {"TOTALFT", "Valoare", Shown::Amount, 14, true},
+                   {"TOTALTVA", "TVA", Shown::Amount, 12, true},
+                   {"TOTALDOC", "Total", Shown::Amount, 14, true}};
+  sales.links = {"ID", {}, {}, "NUME"};
   StockReport issues = salesReport("frmRapIesiri", "Iesiri din stoc", "RapIesiri");
   issues.rows = issueRows;
+  issues.columns = {{"DATADOC", "Data", Shown::Date},
+                    {"ID", "Document", Shown::Text, 12},
+                    {"NUME", "Client", Shown::Text, 25},
+                    {"ARTID", "Cod articol", Shown::Text, 14},
+                    {"DENART", "Articol", Shown::Text, 30},
+                    {"UM", "UM", Shown::Text, 5},
+                    {"CANT", "Cantitate", Shown::Quantity, 12, true},
+                    {"PRETFT", "Pret", Shown::Amount, 10},
+                    {"VALOAREFT", "Valoare", Shown::Amount, 14, true},
+                    {"VALTVA", "TVA", Shown::Amount, 12, true}};
+  issues.links = {"ID", {}, "ARTID", "NUME"};
   StockReport customers =
       turnoverReport("frmRapStaCl", "Statistici Clienti", "StaCl", "cboClienti", "Client");
   customers.rows = customerTurnoverRows;
+  customers.columns.push_back({"Discountul", "Discount", Shown::Amount, 14, true});
   StockReport suppliers =
       turnoverReport("frmRapStaFr", "Statistici Furnizori", "StaFr", "cboFurnizori", "Furnizor");
   suppliers.rows = supplierTurnoverRows;
-  StockReport sold = orderReport("frmRapComNelivCl", "Comenzi Nelivrate Clienti", "ComNelivCl", "optClienti",
-                                 "Clienti", "C");
-  sold.rows = [](const ReportChoice& choice) { return orderRows(choice, "Cl", "NumeClient"); };
-  StockReport bought = orderReport("frmRapComNelivFr", "Comenzi Nelivrate Furnizori", "ComNelivFr",
-                                   "optFurnizori", "Furnizori", "F");
-  bought.rows = [](const ReportChoice& choice) { return orderRows(choice, "Fr", "NumeFurnizor"); };
+  const StockReport sold = orderReport("frmRapComNelivCl", "Comenzi Nelivrate Clienti", "ComNelivCl",
+                                       "optClienti", "Clienti", "C");
+  const StockReport bought = orderReport("frmRapComNelivFr", "Comenzi Nelivrate Furnizori", "ComNelivFr",
+                                         "optFurnizori", "Furnizori", "F");
   return {sales,  issues,          customers,       suppliers,        deliveryNotes(), sold,
           bought, stockTracking(), inventoryList(), availableStock(), costOfSales()};
 }
@@ -272,9 +368,14 @@ const StockReport& stockReport(const QString& window) {
   return *found;
 }
 
-ReportData reportData(const StockReport& report, const ReportChoice& choice) {
+Recordset reportRows(const StockReport& report, const ReportChoice& choice) {
   Recordset rows = report.rows(choice);
   if (rows.isEmpty()) throw RuleError(QStringLiteral("Nu exista inregistrari"));
+  return rows;
+}
+
+ReportData reportData(const StockReport& report, const ReportChoice& choice) {
+  Recordset rows = reportRows(report, choice);
   ReportData data;
   data.fieldNames = rows.columns();
   data.fields = std::make_shared<RecordsetRows>(std::move(rows));

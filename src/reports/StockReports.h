@@ -36,6 +36,24 @@ struct ReportFrame {
   QString ticked = {};  ///< the option at the start; none: a second click takes a choice off
 };
 
+/// A column of the rows on the screen.
+struct ReportColumn {
+  enum class Kind { Text, Whole, Amount, Quantity, Date };
+  QString field;
+  QString caption;
+  Kind kind = Kind::Text;
+  int width = 12;        ///< characters
+  bool isTotal = false;  ///< its sum is shown at the foot
+};
+
+/// The fields of a row that lead to its document, article and partner; empty: none.
+struct ReportLinks {
+  QString document = {};  ///< key in the ledger
+  QString prefix = {};    ///< in front of a document's number
+  QString article = {};
+  QString partner = {};  ///< name
+};
+
 /// What the user chose, by the names of the controls.
 struct ReportChoice {
   QHash<QString, QDate> dates;
@@ -65,6 +83,8 @@ struct StockReport {
   bool previewsOnly = false;   ///< cmdVisualizare chooses no printer, cmdPrint does
   bool canPrint = false;       ///< has cmdPrint
   bool checksDates = false;    ///< cmdDesign refuses inverted dates
+  std::vector<ReportColumn> columns = {};
+  ReportLinks links = {};
   std::function<Recordset(const ReportChoice&)> rows = {};
   std::function<void(const ReportChoice&, Variables&)> variables = {};
 };
@@ -76,8 +96,10 @@ const std::vector<StockReport>& stockReports();
 /// Throws StoreError for an unknown window.
 const StockReport& stockReport(const QString& window);
 
-/// The rows and the variables of a report. Throws RuleError when there are no rows. Descarcare writes its
-/// work table.
+/// The rows of a report. Throws RuleError when there are none. Descarcare writes its work table.
+Recordset reportRows(const StockReport& report, const ReportChoice& choice);
+
+/// The rows and the variables of a report. Throws as reportRows().
 ReportData reportData(const StockReport& report, const ReportChoice& choice);
 
 }  // namespace velmar

@@ -141,7 +141,7 @@ std::vector<Table> purchaseTables() {
       lines("G_LCOMFU", "NUMCOM")
           .text("DENUMIRE2", kNameWidth)
           .text("CODPRODFUR", 20)
-          .reals("PRETFT VALOAREFT CANTLIV CANTRLIV")
+          .reals("PRETFT VALOAREFT VALOARETTI VALOARETVA CANTLIV CANTRLIV")
           .text("REFERINTA", kNumberWidth + 2)
           .dates("DATASOLD"),
       header("G_FACFUR", "NUMFAC", "DATAFAC")
@@ -188,7 +188,7 @@ std::vector<Table> internalTables() {
       header("G_BONCON", "NUMAE", "DATAAE", "OBSERV").integers("CODCLI").reals("BATVA1"),
       lines("G_LBONCON", "NUMAE").reals("PRETFT VALOAREFT VALOARETVA VALOARETTI CANTRAMAS"),
       header("G_TRANSFER", "NUMAE", "DATAAE", "OBSERV").integers("DESTMAGAZIE"),
-      lines("G_LTRANSFER", "NUMAE").reals("PRETFT VALOAREFT PRETVA").text("PALET", 20),
+      lines("G_LTRANSFER", "NUMAE").reals("PRETFT VALOAREFT VALOARETTI VALOARETVA PRETVA").text("PALET", 20),
   };
 }
 

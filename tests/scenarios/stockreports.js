@@ -78,6 +78,27 @@ open("mnuRapIesiri", "frmRapIesiri");
 has(pages(), "M1 Marfa intai Buc 7 20,00 140,00", "M2 Marfa a doua Buc 2 8,00 16,00", "TOTAL GENERAL 9 156,00");
 w.set("ChkDetaliu", true);
 has(pages(), "Documentul AE9", "FC11", "TOTAL GENERAL 9 156,00");
+// The rows on the screen: sums, order by a heading, export, and the way to the document.
+w.click("cmdEcran");
+let screen = win("frmEcran");
+let list = screen.grid("TDBGrid1");
+equal([list.column("ID"), list.footer("CANT"), list.footer("VALOAREFT"), list.cell(0, "VALOAREFT")], [["FC10", "BS5", "FC11", "AE9"], "9,000", "156,00", "80,00"], "rows");
+shot("frmEcran");
+const csv = paths().app + "/iesiri.csv";
+file(csv);
+screen.click("cmdExport");
+equal(readFile(csv).split("\r\n").slice(0, 2), ["\xEF\xBB\xBFData;Document;Client;Cod articol;Articol;UM;Cantitate;Pret;Valoare;TVA",
+                                               "01.03." + year + ";FC10;ALFA SRL;M1;Marfa intai;Buc;4,000;20,00;80,00;15,20"], "text file");
+file(paths().app + "/iesiri.xlsx");
+screen.press("TDBGrid1", "Ctrl+E");
+equal(readFile(paths().app + "/iesiri.xlsx").substring(0, 2), "PK", "spreadsheet");
+file(paths().app + "/iesiri.doc");
+replied("OK", () => screen.click("cmdExport"), "Numele fisierului trebuie sa se termine cu .xlsx sau .csv");
+list.select(2);
+screen.press("TDBGrid1", "Enter");
+equal(win("frmLDoc").grid("grdParent").column("ID"), ["FC11"], "its document");
+win("frmLDoc").close();
+screen.close();
 w.close();
 
 open("mnuRapStaCL", "frmRapStaCl");

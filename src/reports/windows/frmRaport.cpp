@@ -13,6 +13,7 @@
 #include "config/Lists.h"
 #include "config/Session.h"
 #include "config/windows/ComboFill.h"
+#include "reports/windows/frmEcran.h"
 #include "reports/windows/ListingCommands.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
@@ -23,6 +24,7 @@
 #include "util/windows/Entry.h"
 #include "util/windows/Forms.h"
 #include "util/windows/SearchCombo.h"
+#include "util/windows/WindowHost.h"
 
 namespace velmar {
 
@@ -164,8 +166,10 @@ QLayout* frmRaport::commandLine() {
     line->insertWidget(place, button);
   };
   add(0, "cmdImplicit", "Implicit", "Alegerile de la inceput", [this] { showDefaults(); });
+  add(2, "cmdEcran", "Pe ecran", "Randurile raportului intr-o lista, cu totaluri si export",
+      [this] { run(&frmRaport::showOnScreen); });
   if (report_.canPrint)
-    add(3, "cmdPrint", "Tiparire", "Tiparirea la imprimanta", [this] { run(&frmRaport::print); });
+    add(4, "cmdPrint", "Tiparire", "Tiparirea la imprimanta", [this] { run(&frmRaport::print); });
   return line;
 }
 
@@ -264,11 +268,28 @@ void frmRaport::requireChoice(const ReportControl& control, const ReportChoice& 
     throw RuleError(QStringLiteral("%1 nu este in lista !").arg(text), control.name);
 }
 
-PreparedReport frmRaport::prepared() {
-  const ReportChoice chosen = choice();
+ReportChoice frmRaport::acceptedChoice() const {
+  ReportChoice chosen = choice();
   for (const ReportFrame& each : report_.frames)
     for (const ReportControl& control : each.controls) requireChoice(control, chosen);
   keepChoice();
+  return chosen;
+}
+
+void frmRaport::showOnScreen() {
+  Recordset rows;
+  {
+    const Hourglass wait;
+    rows = reportRows(report_, acceptedChoice());
+  }
+  auto* shown = new frmEcran(report_, std::move(rows));
+  if (windowHost()) return windowHost()->showChild(shown);
+  shown->setAttribute(Qt::WA_DeleteOnClose);
+  shown->show();
+}
+
+PreparedReport frmRaport::prepared() {
+  const ReportChoice chosen = acceptedChoice();
   const Hourglass wait;
   return {QDir(session().gCaleAplicatie).filePath(QStringLiteral("lst/%1.lst").arg(report_.project)),
           reportData(report_, chosen)};

@@ -34,9 +34,12 @@ class frmRaport : public QWidget {
   void enableChoices();
   ReportChoice choice() const;
   void requireChoice(const ReportControl& control, const ReportChoice& chosen) const;
+  /// The choice, kept for the next time. Throws RuleError, with the control at fault.
+  ReportChoice acceptedChoice() const;
   /// Reads the choice and the rows. Throws RuleError, with the control at fault.
   PreparedReport prepared();
   void list();
+  void showOnScreen();
   void print();
   void design();
   /// Runs a command; shows a RuleError and opens or focuses its control.

@@ -28,6 +28,7 @@
 #include "documents/windows/frmVerificare.h"
 #include "reports/windows/frmRapJTVA.h"
 #include "reports/windows/frmRaport.h"
+#include "shell/Denomination.h"
 #include "shell/Maintenance.h"
 #include "shell/windows/frmAbout.h"
 #include "shell/windows/frmRestaurare.h"
@@ -58,6 +59,11 @@ QWidget* reportWindow(const QString& name, QWidget* parent) {
 void compact() {
   const Hourglass hourglass;
   CompacteazaBD();
+}
+
+void convert() {
+  const Hourglass hourglass;
+  Denominare();
 }
 
 void correctStock() {
@@ -181,6 +187,7 @@ std::vector<MenuEntry> entries() {
       {"mnuCantE", "Cantitati I&esite", Opens::New, "frmIesiriStoc", make<frmIesiriStoc>},
       {"", "", Opens::Separator, {}},
       {"mnuConexiuni", "&Lista conexiuni", Opens::New, "frmConexiuni", make<frmConexiuni>},
+      {"mnuDenominare", "&Denominare", Opens::Command, {}, nullptr, convert},
 
       {"mnuWindow", "&Ferestre", Opens::Menu, {}},
       {"mnuWindowCascade", "&Cascada", Opens::Own, {}},

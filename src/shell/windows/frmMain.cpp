@@ -22,6 +22,7 @@
 #include <utility>
 
 #include "config/Session.h"
+#include "shell/Denomination.h"
 #include "shell/windows/MenuTable.h"
 #include "store/DataChanges.h"
 #include "store/windows/EntryGrid.h"
@@ -96,6 +97,7 @@ frmMain::frmMain() : area_(new ChildArea) {
   buildStatusBar();
   placeWindow();
   showHearingEntries();
+  showDenomination();
   applyRights();
   applyRightsToBars();
   setWindowTitle(QStringLiteral("Tarvon Velmar  - ") + session().gDenSocietate);
@@ -307,6 +309,12 @@ void frmMain::showHearingEntries() {
     actions_[QString::fromLatin1(name)]->setVisible(!hearing);
 }
 
+void frmMain::showDenomination() {
+  QAction* entry = actions_[QStringLiteral("mnuDenominare")];
+  entry->setVisible(false);
+  guarded("frmMain", "Form_Load", [entry] { entry->setVisible(hasOldLei()); });
+}
+
 void frmMain::applyRights() {
   const int type = session().gTipUtilizator;
   QStringList refused;
@@ -383,6 +391,15 @@ QWidget* frmMain::showOne(const QString& key, const std::function<QWidget*()>& m
   window->setProperty(kWindowKey, key);
   showChild(window);
   return window;
+}
+
+QWidget* frmMain::showOffered(const QString& window) {
+  for (const MenuEntry& entry : menuTable()) {
+    const QAction* action = actions_.value(entry.name);
+    if (entry.window == window && entry.opens == Opens::One && entry.make && action && action->isEnabled())
+      return showOne(entry.window, [&entry] { return entry.make(nullptr); });
+  }
+  return nullptr;
 }
 
 void frmMain::activateChild(QMdiSubWindow* child) {

@@ -25,6 +25,7 @@ class frmMain : public QMainWindow, public WindowHost {
 
   void showChild(QWidget* window) override;
   QWidget* showOne(const QString& key, const std::function<QWidget*()>& make) override;
+  QWidget* showOffered(const QString& window) override;
 
   /// The menu entry of that control name, also for a whole menu; null when there is none.
   QAction* menuEntry(const QString& name) const { return actions_.value(name); }
@@ -50,6 +51,7 @@ class frmMain : public QMainWindow, public WindowHost {
   void placeWindow();
   void storePlace() const;
   void showHearingEntries();
+  void showDenomination();
   void applyRights();
   bool isAllowed(const QString& entry) const;
   void applyRightsToBars();

@@ -7,7 +7,9 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QShortcut>
 
+#include "store/windows/ListExport.h"
 #include "util/Errors.h"
 #include "util/NumberText.h"
 #include "util/PlainText.h"
@@ -173,6 +175,11 @@ TDBGrid::TDBGrid(const QString& name, QWidget* parent)
   };
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, lookChanged);
   connect(horizontalHeader(), &QHeaderView::sectionMoved, this, lookChanged);
+  auto* exporting = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_E), this);
+  exporting->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(exporting, &QShortcut::activated, this, [this] {
+    if (model() == list_) exportGuarded(*this);
+  });
 }
 
 void TDBGrid::setColumns(const QList<GridColumn>& columns) {

@@ -16,6 +16,9 @@ class WindowHost {
   /// Activates the child window of that key, and creates it first if it is not open. The key is the window's
   /// name, followed by the kind for a window that can be open for several kinds.
   virtual QWidget* showOne(const QString& key, const std::function<QWidget*()>& make) = 0;
+
+  /// Activates or opens the child window of that class, if the menu offers it to the user; null otherwise.
+  virtual QWidget* showOffered(const QString& window) = 0;
 };
 
 /// The host of this process; null before the main window opens.
