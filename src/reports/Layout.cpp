@@ -161,6 +161,10 @@ class Reader {
       layout.page = readLeaf<Page>();
       return;
     }
+    if (xml_.name() == u"labels") {
+      layout.labels = readLeaf<Labels>();
+      return;
+    }
     if (layout.objects.size() >= kMostObjects) fail(QStringLiteral("raportul are prea multe obiecte"));
     layout.objects.push_back(readObject());
     const bool isTable = std::holds_alternative<Table>(layout.objects.back().content);
@@ -279,6 +283,7 @@ class Writer {
     xml_.writeStartElement(QStringLiteral("report"));
     if (!layout.title.isEmpty()) xml_.writeAttribute(QStringLiteral("title"), layout.title);
     writeLeaf("page", layout.page);
+    if (layout.labels) writeLeaf("labels", *layout.labels);
     for (const Object& object : layout.objects) writeObject(object);
     xml_.writeEndDocument();
     return data_;

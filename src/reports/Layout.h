@@ -2,6 +2,7 @@
 // (".lst") in the folder "lst"; lst/README.md describes the format.
 #pragma once
 
+#include <optional>
 #include <QRectF>
 #include <QString>
 #include <variant>
@@ -169,11 +170,24 @@ struct Object {
   std::variant<Text, Line, Box, Picture, BarCode, Table> content;
 };
 
+/// A sheet of labels. The page of the layout is one label, each page group is one label.
+struct Labels {
+  double sheetWidth = 210;
+  double sheetHeight = 297;
+  double sheetLeft = 0;  ///< of the first label on the sheet
+  double sheetTop = 0;
+  int columns = 1;
+  int rows = 1;
+  double gapX = 0;  ///< between neighbours
+  double gapY = 0;
+};
+
 /// Contains at most one table.
 struct Layout {
   QString title;
   Page page;
-  std::vector<Object> objects;  ///< in drawing order
+  std::optional<Labels> labels;  ///< if not set, the page is the sheet
+  std::vector<Object> objects;   ///< in drawing order
 
   const Table* table() const;  ///< nullptr when there is none
 };

@@ -29,6 +29,7 @@ inline const Choices<RowRole> kRoles = {
     {RowRole::Total, "total"}};
 
 inline constexpr int kMostGroups = 8;
+inline constexpr int kMostLabels = 100;  ///< beside or below each other
 inline constexpr int kLongestText = 20000;
 
 /// "#RRGGBB", or empty for none.
@@ -54,6 +55,18 @@ void describe(Archive& archive, Page& page) {
   archive.field("top", page.top, kLength);
   archive.field("right", page.right, kLength);
   archive.field("bottom", page.bottom, kLength);
+}
+
+template <typename Archive>
+void describe(Archive& archive, Labels& labels) {
+  archive.field("sheetWidth", labels.sheetWidth, {10, kLargestSheet});
+  archive.field("sheetHeight", labels.sheetHeight, {10, kLargestSheet});
+  archive.field("sheetLeft", labels.sheetLeft, kLength);
+  archive.field("sheetTop", labels.sheetTop, kLength);
+  archive.field("columns", labels.columns, {1, kMostLabels});
+  archive.field("rows", labels.rows, {1, kMostLabels});
+  archive.field("gapX", labels.gapX, kLength);
+  archive.field("gapY", labels.gapY, kLength);
 }
 
 template <typename Archive>

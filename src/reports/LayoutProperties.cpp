@@ -28,6 +28,14 @@ QString captionOf(const QString& name) {
                                                         {"top", "Margine sus (mm)"},
                                                         {"right", "Margine dreapta (mm)"},
                                                         {"bottom", "Margine jos (mm)"},
+                                                        {"sheetWidth", "Latime coala (mm)"},
+                                                        {"sheetHeight", "Inaltime coala (mm)"},
+                                                        {"sheetLeft", "Prima eticheta: stanga (mm)"},
+                                                        {"sheetTop", "Prima eticheta: sus (mm)"},
+                                                        {"columns", "Etichete pe latime"},
+                                                        {"rows", "Etichete pe inaltime"},
+                                                        {"gapX", "Distanta pe latime (mm)"},
+                                                        {"gapY", "Distanta pe inaltime (mm)"},
                                                         {"condition", "Conditie"},
                                                         {"pages", "Pe paginile"},
                                                         {"formula", "Formula"},
@@ -284,6 +292,7 @@ void describePart(Archive& archive, Layout& layout, const Part& part) {
   if (part.isPage()) {
     archive.field("title", layout.title);
     describe(archive, layout.page);
+    if (layout.labels) describe(archive, *layout.labels);
     return;
   }
   Object& object = layout.objects[static_cast<size_t>(part.object)];

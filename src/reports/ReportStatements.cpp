@@ -92,6 +92,18 @@ const QString kReserved = QStringLiteral(
     "LEFT JOIN (SELECT 'CC' || NUMCOM AS DOCID, CODART, SUM(COALESCE(CANTLIV, 0)) AS CANTLIV FROM G_LCOMCL "
     "GROUP BY NUMCOM, CODART) AS O ON O.DOCID = L.DOCID AND O.CODART = L.ARTID GROUP BY L.DOCID, L.ARTID");
 
+// 13 digits, the last of which checks the others.
+bool isEan13(const QString& code) {
+  constexpr int kDigits = 13;
+  if (code.size() != kDigits) return false;
+  int sum = 0;
+  for (int i = 0; i < kDigits; ++i) {
+    if (code[i] < u'0' || code[i] > u'9') return false;
+    sum += code[i].digitValue() * (i % 2 == 0 ? 1 : 3);
+  }
+  return sum % 10 == 0;
+}
+
 }  // namespace
 
 QString salesGrouping(const ReportChoice& choice) {
@@ -275,6 +287,24 @@ Recordset availableRows(const ReportChoice& choice) {
           ") AS S INNER JOIN G_ARTMAG AS A ON A.CODART = S.ARTID LEFT JOIN G_FAMART AS F ON F.COD = A.FAMART "
           "ORDER BY DENART NULLS FIRST, CODART, Magazie NULLS FIRST",
       where.values());
+}
+
+Recordset labelRows(const ReportChoice& choice) {
+  Where where;
+  addNumber(where, "FAMART", choice.codeOf("optFamilie", "cboFamilie"));
+  where.addChosen("CODART = ?", choice.codeOf("optArticol", "cboArticol"));
+  const Recordset articles = OpenRs("SELECT CODART, DENART, PRETVFT, PRETVTTI FROM G_ARTMAG" + where.sql() +
+                                        " ORDER BY DENART NULLS FIRST, CODART",
+                                    where.values());
+  Recordset rows(std::make_shared<Columns>(articles.columns() + QStringList{QStringLiteral("CODEAN")}));
+  for (const Row& article : articles) {
+    std::vector<QVariant> cells;
+    for (int i = 0; i < articles.columns().size(); ++i) cells.push_back(article.at(i));
+    const QString code = article.text("CODART").trimmed();
+    cells.emplace_back(isEan13(code) ? code : QString());
+    rows.append(std::move(cells));
+  }
+  return rows;
 }
 
 Recordset costOfSalesRows(const ReportChoice& choice) {

@@ -31,4 +31,7 @@ Recordset availableRows(const ReportChoice& choice);
 /// Lines of sales with their cost. Fills G_DESCAR and reads it in one transaction.
 Recordset costOfSalesRows(const ReportChoice& choice);
 
+/// Articles with prices; CODEAN is the code where it is a valid EAN-13, else empty.
+Recordset labelRows(const ReportChoice& choice);
+
 }  // namespace velmar

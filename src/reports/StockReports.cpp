@@ -311,6 +311,26 @@ StockReport costOfSales() {
   return report;
 }
 
+StockReport labels() {
+  StockReport report{"frmArticoleEtichete",
+                     "Etichete articole cu coduri de bare",
+                     "ArticoleEtichete",
+                     {{"&Articole",
+                       {{Kind::Option, "optToateArt", "&Toate"},
+                        {Kind::Option, "optFamilie", "&Familie"},
+                        family(),
+                        {Kind::Option, "optArticol", "&Articol"},
+                        {Kind::Article, "cboArticol", {}, "optArticol", "Va rugam precizati articolul"}},
+                       "optToateArt"},
+                      {{},
+                       {{Kind::Number, "TextNr", " Numar etichete"},
+                        {Kind::Number, "TextPrima", "Primul loc liber pe coala"}}}}};
+  report.isLabels = true;
+  report.rows = labelRows;
+  report.variables = [](const ReportChoice&, Variables&) {};
+  return report;
+}
+
 std::vector<StockReport> allReports() {
   StockReport sales = salesReport("frmRapVanzari", "Vanzari", "RapVanzari");
   sales.losesFirstDay = true;
@@ -349,8 +369,8 @@ std::vector<StockReport> allReports() {
                                        "optClienti", "Clienti", "C");
   const StockReport bought = orderReport("frmRapComNelivFr", "Comenzi Nelivrate Furnizori", "ComNelivFr",
                                          "optFurnizori", "Furnizori", "F");
-  return {sales,  issues,          customers,       suppliers,        deliveryNotes(), sold,
-          bought, stockTracking(), inventoryList(), availableStock(), costOfSales()};
+  return {sales,  issues,          customers,       suppliers, deliveryNotes(),  sold,
+          bought, stockTracking(), inventoryList(), labels(),  availableStock(), costOfSales()};
 }
 
 }  // namespace
@@ -377,6 +397,11 @@ Recordset reportRows(const StockReport& report, const ReportChoice& choice) {
 ReportData reportData(const StockReport& report, const ReportChoice& choice) {
   Recordset rows = reportRows(report, choice);
   ReportData data;
+  if (report.isLabels) {
+    data.variables = std::move(rows);
+    data.hasVariables = true;
+    return data;
+  }
   data.fieldNames = rows.columns();
   data.fields = std::make_shared<RecordsetRows>(std::move(rows));
   Variables variables(data);

@@ -20,7 +20,8 @@ struct ReportControl {
     Check,
     Choice,   ///< a drop-down list
     Article,  ///< a drop-down list of all articles, found by typing
-    Text
+    Text,
+    Number  ///< a whole number from 1 to 999, 1 at the start
   };
   Kind kind;
   QString name;
@@ -82,6 +83,7 @@ struct StockReport {
   bool losesFirstDay = false;  ///< the period begins after midnight of the first day
   bool previewsOnly = false;   ///< cmdVisualizare chooses no printer, cmdPrint does
   bool canPrint = false;       ///< has cmdPrint
+  bool isLabels = false;       ///< each row is a label
   bool checksDates = false;    ///< cmdDesign refuses inverted dates
   std::vector<ReportColumn> columns = {};
   ReportLinks links = {};

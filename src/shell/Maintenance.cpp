@@ -33,7 +33,8 @@ void makeFolder(const QString& path) {
 
 void saveProjects(const QString& from, const QString& to) {
   makeFolder(to);
-  for (const QFileInfo& project : QDir(from).entryInfoList({QStringLiteral("*.ls*")}, QDir::Files)) {
+  for (const QFileInfo& project :
+       QDir(from).entryInfoList({QStringLiteral("*.ls*"), QStringLiteral("*.lbl")}, QDir::Files)) {
     QFile source(project.filePath());
     QSaveFile copy(QDir(to).filePath(project.fileName()));
     if (!source.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly) ||

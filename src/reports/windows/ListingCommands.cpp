@@ -57,6 +57,7 @@ clsListLabel prepared(const PreparedReport& report, QWidget* form) {
   clsListLabel label(form);
   label.setFileName(report.file);
   label.setData(report.data);
+  label.setLabelRun(report.labels);
   return label;
 }
 

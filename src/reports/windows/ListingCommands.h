@@ -6,6 +6,7 @@
 #include <QBoxLayout>
 
 #include "reports/ReportData.h"
+#include "reports/windows/LabelSheets.h"
 
 namespace velmar {
 
@@ -22,6 +23,7 @@ QHBoxLayout* listingCommands(QWidget* form, const QString& exitCaption, const Li
 struct PreparedReport {
   QString file;
   ReportData data;
+  LabelRun labels = {};  ///< of a layout of labels
 };
 
 /// Shows the preview. With `choosesTarget`, first prints to the chosen target; if the user cancels that, the

@@ -53,7 +53,9 @@ void clsListLabel::addField(const QString& name, const QVariant& value) {
 void clsListLabel::Design() {
   if (QFileInfo::exists(fileName_)) {
     const QString chosen = QFileDialog::getOpenFileName(parent_, QStringLiteral("Raport"), fileName_,
-                                                        QStringLiteral("Rapoarte (*.lst)"));
+                                                        QFileInfo(fileName_).suffix() == QStringLiteral("lbl")
+                                                            ? QStringLiteral("Etichete (*.lbl)")
+                                                            : QStringLiteral("Rapoarte (*.lst)"));
     if (chosen.isEmpty()) return;
     setFileName(chosen);
   }
@@ -63,9 +65,13 @@ void clsListLabel::Design() {
 bool clsListLabel::Print_Preview(Mode mode) {
   isLayoutDamaged_ = false;
   try {
-    ReportJob job(fileName_, layout::load(fileName_), data_);
+    const layout::Layout layout = layout::load(fileName_);
+    ReportJob job(fileName_, layout, data_);
     if (job.isEmpty()) return false;
-    return printAndPreview(job, mode == Preview ? PrintWay::Preview : PrintWay::Print, parent_);
+    const PrintWay way = mode == Preview ? PrintWay::Preview : PrintWay::Print;
+    if (!layout.labels) return printAndPreview(job, way, parent_);
+    LabelSheets sheets(job, layout.page, *layout.labels, labelRun_);
+    return printAndPreview(sheets, way, parent_);
   } catch (const layout::LayoutError& error) {
     isLayoutDamaged_ = true;
     Mesaj(faultText(fileName_, error), kExclamation);

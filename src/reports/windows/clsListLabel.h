@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "reports/ReportData.h"
+#include "reports/windows/LabelSheets.h"
 
 class QWidget;
 
@@ -37,6 +38,9 @@ class clsListLabel {
   void addVariable(const QString& name, const QVariant& value);
   void addField(const QString& name, const QVariant& value);
 
+  /// For a layout of labels.
+  void setLabelRun(const LabelRun& run) { labelRun_ = run; }
+
   /// Lets the user choose a project file in the folder of FileName(), then opens the designer.
   void Design();
 
@@ -51,6 +55,7 @@ class clsListLabel {
   QWidget* parent_;
   QString fileName_;
   ReportData data_;
+  LabelRun labelRun_;
 };
 
 }  // namespace velmar

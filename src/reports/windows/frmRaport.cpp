@@ -123,6 +123,9 @@ void frmRaport::addControl(const ReportControl& control, QFormLayout* rows) {
       texts_[control.name] =
           makeTextBox(control.name, kTextWidth, "Inceputul denumirii; cu % in fata, orice parte a ei");
       break;
+    case Kind::Number:
+      numbers_[control.name] = named(new NumberBox(0), control.name);
+      return rows->addRow(control.caption, numbers_[control.name]);
   }
   QWidget* box =
       control.kind == Kind::Text ? static_cast<QWidget*>(texts_[control.name]) : lists_[control.name];
@@ -166,8 +169,9 @@ QLayout* frmRaport::commandLine() {
     line->insertWidget(place, button);
   };
   add(0, "cmdImplicit", "Implicit", "Alegerile de la inceput", [this] { showDefaults(); });
-  add(2, "cmdEcran", "Pe ecran", "Randurile raportului intr-o lista, cu totaluri si export",
-      [this] { run(&frmRaport::showOnScreen); });
+  if (!report_.isLabels)
+    add(2, "cmdEcran", "Pe ecran", "Randurile raportului intr-o lista, cu totaluri si export",
+        [this] { run(&frmRaport::showOnScreen); });
   if (report_.canPrint)
     add(4, "cmdPrint", "Tiparire", "Tiparirea la imprimanta", [this] { run(&frmRaport::print); });
   return line;
@@ -195,6 +199,7 @@ void frmRaport::showDefaults() {
     list->clearEditText();
   }
   for (QLineEdit* text : std::as_const(texts_)) text->clear();
+  for (NumberBox* number : std::as_const(numbers_)) number->setNumber(1);
   enableChoices();
 }
 
@@ -231,6 +236,10 @@ void frmRaport::enableChoices() {
       QComboBox* list = lists_.value(control.name);
       if (!list) continue;
       list->setEnabled(isOn);
+      if (!isOn) {
+        list->setCurrentIndex(-1);
+        list->clearEditText();
+      }
       if (control.kind != Kind::Article || !isOn || list->count() > 0) continue;
       guarded(objectName(), "Form_Load",
               [&] { LegaCombo(*list, articles(control.name == "cboCodArticol")); });
@@ -288,14 +297,24 @@ void frmRaport::showOnScreen() {
   shown->show();
 }
 
+int frmRaport::wholeNumber(const QString& box) const {
+  constexpr int kMost = 999;
+  const std::optional<Decimal> number = numbers_[box]->number();
+  if (!number || Round(*number, 0) != *number || *number < 1 || *number > kMost)
+    throw RuleError(QStringLiteral("Va rugam introduceti un numar intreg intre 1 si %1 !").arg(kMost), box);
+  return static_cast<int>(number->toDouble());
+}
+
 PreparedReport frmRaport::prepared() {
   const ReportChoice chosen = acceptedChoice();
   const Hourglass wait;
-  return {QDir(session().gCaleAplicatie).filePath(QStringLiteral("lst/%1.lst").arg(report_.project)),
-          reportData(report_, chosen)};
+  LabelRun labels;
+  if (report_.isLabels) labels = {wholeNumber("TextNr"), wholeNumber("TextPrima")};
+  const QString project = QStringLiteral("lst/%1.%2").arg(report_.project, report_.isLabels ? "lbl" : "lst");
+  return {QDir(session().gCaleAplicatie).filePath(project), reportData(report_, chosen), labels};
 }
 
-void frmRaport::list() { listReport(prepared(), !report_.previewsOnly, this); }
+void frmRaport::list() { listReport(prepared(), !report_.previewsOnly && !report_.isLabels, this); }
 
 void frmRaport::print() { printReport(prepared(), report_.previewsOnly, this); }
 
@@ -313,6 +332,7 @@ void frmRaport::run(void (frmRaport::*command)()) {
   } catch (const RuleError& rule) {
     Mesaj(rule.text(), rule.icon(), rule.title());
     if (DateBox* date = dates_.value(rule.field())) date->setFocus();
+    if (NumberBox* number = numbers_.value(rule.field())) number->setFocus();
     if (QComboBox* list = lists_.value(rule.field())) {
       list->setFocus();
       list->showPopup();

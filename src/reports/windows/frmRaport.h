@@ -14,6 +14,7 @@ class QLineEdit;
 namespace velmar {
 
 class DateBox;
+class NumberBox;
 struct PreparedReport;
 
 class frmRaport : public QWidget {
@@ -33,6 +34,8 @@ class frmRaport : public QWidget {
   void keepChoice() const;
   void enableChoices();
   ReportChoice choice() const;
+  /// The number in the box. Throws RuleError.
+  int wholeNumber(const QString& box) const;
   void requireChoice(const ReportControl& control, const ReportChoice& chosen) const;
   /// The choice, kept for the next time. Throws RuleError, with the control at fault.
   ReportChoice acceptedChoice() const;
@@ -50,6 +53,7 @@ class frmRaport : public QWidget {
   QHash<QString, QAbstractButton*> ticks_;
   QHash<QString, QComboBox*> lists_;
   QHash<QString, QLineEdit*> texts_;
+  QHash<QString, NumberBox*> numbers_;
 };
 
 }  // namespace velmar

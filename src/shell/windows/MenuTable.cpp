@@ -26,6 +26,7 @@
 #include "documents/windows/frmLDoc.h"
 #include "documents/windows/frmMiscariStoc.h"
 #include "documents/windows/frmVerificare.h"
+#include "reports/windows/frmGrafice.h"
 #include "reports/windows/frmRapJTVA.h"
 #include "reports/windows/frmRaport.h"
 #include "shell/Denomination.h"
@@ -169,8 +170,9 @@ std::vector<MenuEntry> entries() {
       {"mnuRapIesiri", "&Iesiri din Stoc", Opens::One, "frmRapIesiri",
        [](QWidget* parent) { return reportWindow("frmRapIesiri", parent); }},
       {"", "", Opens::Separator, {}},
-      {"mnuEtichete", "&Etichete articole", Opens::New, "frmArticoleEtichete", nullptr},
-      {"mnuGrafice", "&Grafice", Opens::Modal, "frmGrafice", nullptr},
+      {"mnuEtichete", "&Etichete articole", Opens::New, "frmArticoleEtichete",
+       [](QWidget* parent) { return reportWindow("frmArticoleEtichete", parent); }},
+      {"mnuGrafice", "&Grafice", Opens::Modal, "frmGrafice", make<frmGrafice>},
 
       {"mnuIntretinere", "&Intretinere", Opens::Menu, {}},
       {"mnuIntCompactare", "&Compactare", Opens::Command, {}, nullptr, compact},

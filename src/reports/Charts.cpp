@@ -1,0 +1,150 @@
+#include "reports/Charts.h"
+
+#include "config/Session.h"
+#include "store/Database.h"
+#include "store/ListRows.h"
+#include "util/Errors.h"
+
+namespace velmar {
+
+namespace {
+
+const QString kLabel = QStringLiteral("Eticheta");
+
+QString sum(const QString& of) { return QStringLiteral("ROUND_EVEN(COALESCE(SUM(%1), 0), 6)").arg(of); }
+
+// The month of a date, on both engines.
+const QString kMonth = QStringLiteral("CAST(SUBSTR(CAST(DATAINR AS TEXT), 6, 2) AS INTEGER)");
+
+bool beginsWithDigit(int digit, const QString& account) {
+  return !account.isEmpty() && QString::number(digit).startsWith(account.front());
+}
+
+// The account of partners that a parameter names begins with the two characters of this one.
+bool isPartnerAccount(const QString& parameter, const QString& account) {
+  return !account.isEmpty() && ParametruSocietate(parameter).startsWith(account.left(2));
+}
+
+Condition inPeriod(const ChartChoice& choice) {
+  return {QStringLiteral("DATAINR BETWEEN ? AND ?"), {choice.from, choice.to}};
+}
+
+Recordset readMonths(const QString& figures, const Condition& condition) {
+  return OpenRs(QStringLiteral("SELECT %1, %2 AS LUNA FROM kt_linii WHERE %3 GROUP BY %2 ORDER BY LUNA")
+                    .arg(figures, kMonth, condition.sql),
+                condition.values);
+}
+
+Recordset readAccount(const ChartChoice& choice) {
+  const QString figures = isPartnerAccount("CONTFURNIZORI", choice.account)
+                              ? QStringLiteral("ABS(%1) AS RULAJCREDITOR").arg(sum("CREDIT"))
+                          : isPartnerAccount("CONTCLIENTI", choice.account)
+                              ? QStringLiteral("ABS(%1) AS RULAJDEBITOR").arg(sum("DEBIT"))
+                              : sum("DEBIT - CREDIT") + QStringLiteral(" AS SOLD");
+  return readMonths(figures, inPeriod(choice) && beginsWith("CONT", choice.account));
+}
+
+Recordset readShares(const ChartChoice& choice) {
+  const QString figures = beginsWithDigit(session().VENIT, choice.account)
+                              ? QStringLiteral("ABS(%1) AS CREDITUL").arg(sum("CREDIT"))
+                          : beginsWithDigit(session().Chelt, choice.account)
+                              ? sum("DEBIT") + QStringLiteral(" AS DEBITUL")
+                              : sum("DEBIT - CREDIT") + QStringLiteral(" AS SOLD");
+  const Condition condition = inPeriod(choice) && beginsWith("CONT", choice.account);
+  return OpenRs(QStringLiteral("SELECT CONT, %1 FROM kt_linii WHERE %2 GROUP BY CONT ORDER BY CONT")
+                    .arg(figures, condition.sql),
+                condition.values);
+}
+
+Recordset readExpenses(const ChartChoice& choice) {
+  const QString digit = QString::number(session().Chelt).left(1);
+  return readMonths(
+      QStringLiteral("ABS(%1) AS RULAJCREDITOR, ABS(%2) AS RULAJDEBITOR").arg(sum("CREDIT"), sum("DEBIT")),
+      inPeriod(choice) && Condition{QStringLiteral("CONT > ?"), {digit}});
+}
+
+// One row for each partner, whatever its accounts.
+Recordset readPartners(const ChartChoice& choice, const QString& side, const QString& parameter) {
+  const Condition condition = inPeriod(choice) &&
+                              Condition{QStringLiteral("L.%1 > ?").arg(side), {choice.minimum}} &&
+                              beginsWith("L.CONT", ParametruSocietate(parameter).left(2));
+  return OpenRs(QStringLiteral(
+                    "SELECT T.NUME AS NUME, %1 AS %2UL FROM kt_ter AS T INNER JOIN kt_linii AS L ON L.TERT = "
+                    "T.COD WHERE %3 GROUP BY T.COD, T.NUME ORDER BY NUME NULLS FIRST, T.COD")
+                    .arg(sum("L." + side), side, condition.sql),
+                condition.values);
+}
+
+Recordset read(const ChartChoice& choice) {
+  switch (choice.kind) {
+    case ChartKind::Account:
+      return readAccount(choice);
+    case ChartKind::ClassShares:
+      return readShares(choice);
+    case ChartKind::ExpensesAndRevenue:
+      return readExpenses(choice);
+    case ChartKind::Customers:
+      return readPartners(choice, "DEBIT", "CONTCLIENTI");
+    case ChartKind::Suppliers:
+      return readPartners(choice, "CREDIT", "CONTFURNIZORI");
+  }
+  return {};
+}
+
+// The field as the series is called.
+QString captionOf(const QString& field) {
+  for (const char* name : {"RulajCreditor", "RulajDebitor", "Sold"})
+    if (field.compare(QLatin1String(name), Qt::CaseInsensitive) == 0) return QString::fromLatin1(name);
+  return field.toUpper();
+}
+
+// The rows with their labels in front: months with the year of the last day, else the first field.
+Recordset labelled(const Recordset& rows, bool isShares, int year) {
+  QStringList columns{kLabel};
+  for (const QString& column : rows.columns()) columns.append(column.toUpper());
+  Recordset all(std::make_shared<Columns>(columns));
+  for (const Row& row : rows) {
+    std::vector<QVariant> cells{
+        isShares
+            ? row.at(0)
+            : QVariant(
+                  QStringLiteral("%1 / %2").arg(row.integer("LUNA"), 2, 10, QLatin1Char('0')).arg(year))};
+    for (int i = 0; i < row.columns().size(); ++i) cells.push_back(row.at(i));
+    all.append(std::move(cells));
+  }
+  return all;
+}
+
+}  // namespace
+
+const QStringList& chartKinds() {
+  static const QStringList kinds{"Evolutie cont", "Repartitie clasa", "Evolutie Cheltuieli / Venituri",
+                                 "Repartitie Clienti", "Repartitie Furnizori"};
+  return kinds;
+}
+
+ChartData chartData(const ChartChoice& choice, const QString& accountText) {
+  if (choice.account.isEmpty()) throw RuleError(QStringLiteral("Va rog selectati un cont !"), "CONT");
+  const Recordset rows = read(choice);
+  if (rows.isEmpty()) throw RuleError(QStringLiteral("Nu exista date pentru trasare grafic! "));
+  ChartData data;
+  const QString kind = chartKinds()[static_cast<int>(choice.kind)];
+  data.title = choice.kind == ChartKind::Account       ? accountText + u' ' + kind
+               : choice.kind == ChartKind::ClassShares ? choice.account + u' ' + kind
+                                                       : kind;
+  data.isShares = choice.kind != ChartKind::Account && choice.kind != ChartKind::ExpensesAndRevenue;
+  if (choice.kind == ChartKind::ExpensesAndRevenue) {
+    data.series = {"Cheltuieli", "Venituri"};
+    data.fields = {"RULAJDEBITOR", "RULAJCREDITOR"};
+  } else {
+    data.fields = {rows.columns()[data.isShares ? 1 : 0].toUpper()};
+    data.series = {captionOf(data.fields.first())};
+  }
+  data.rows = labelled(rows, data.isShares, choice.to.year());
+  if (!data.isShares && choice.from.year() != choice.to.year())
+    data.note =
+        QStringLiteral("Lunile anilor %1 - %2 sunt adunate").arg(choice.from.year()).arg(choice.to.year());
+  return data;
+}
+
+}  // namespace velmar

@@ -1,0 +1,63 @@
+// Charts of the accounting notes: each kind with figures worked out by hand, its messages, the print and the picture.
+
+const year = today().substring(0, 4);
+company({denumire: "ATELIERUL SRL"});
+sql("UPDATE kt_par SET DATAIN = ?, DATASN = ?, Chelt = 6, VENIT = 7, CONTCLIENTI = '4111', CONTFURNIZORI = '401'", year + "-01-01", year + "-12-31");
+for (const [code, name] of [[1, "ALFA SRL"], [2, "BETA SA"], [3, "ALFA SRL"]]) sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (?, ?, 'C')", code, name);
+for (const [account, title] of [["4111", "Clienti"], ["607", "Cheltuieli cu marfurile"], ["6", "Cheltuieli"]])
+  sql("DELETE FROM kt_pc WHERE CONT = ?", account), sql("INSERT INTO kt_pc (CONT, TITLU) VALUES (?, ?)", account, title);
+let line = 0;
+const note = (date, account, debit, credit, partner) =>
+    sql("INSERT INTO kt_linii (NDI, NRLINIE, DATAINR, CONT, DEBIT, CREDIT, TERT) VALUES (1, ?, ?, ?, ?, ?, ?)", ++line, year + "-" + date, account, debit, credit, partner);
+note("01-10", "4111", 119, 0, 1);
+note("01-11", "4111", 50, 0, 3);
+note("02-10", "4111.1", 30, 0, 1);
+note("02-11", "4111", 0, 20, 2);
+note("01-10", "607", 60, 0, null);
+note("02-10", "605", 15.5, 5, null);
+note("02-10", "707", 0, 100, null);
+login();
+
+function login() {
+  start(paths().databases);
+  win("frmLogin").type("txtUserName", "admin");
+  win("frmLogin").type("txtPassword", "admin");
+  win("frmLogin").press("txtPassword", "Enter");
+  win("frmSelMagazie").pick("DataCombo1", "Magazie 1");
+  win("frmSelMagazie").click("cmdOK");
+}
+
+let w = menu("mnuGrafice", "frmGrafice");
+equal([w.title(), w.value("DTPDeLa"), w.value("DTPLa"), w.text("TextValoare")], ["Grafice", year + "-01-01", year + "-12-31", "0"]);
+replied("OK", () => w.click("cmdArata"), "Va rog selectati un cont !");
+const drawn = (kind, account, form) => {
+  w.pick("cmbMod", kind);
+  w.pick("cboCont", account);
+  if (form) w.pick("cmbTip", form);
+  w.click("cmdArata");
+  const grid = w.grid("DataGrid");
+  return Array.from({length: grid.rows()}, (_, row) => grid.captions().map((caption, column) => grid.cell(row, grid.columns()[column])));
+};
+equal(drawn("Evolutie cont", "4111 - Clienti", "Bare 3D"), [["01 / " + year, "169,00", "1"], ["02 / " + year, "30,00", "2"]], "debits of customers");
+equal([w.text("MSChart"), w.isVisible("MSChart"), w.isVisible("MSChartPie")], ["4111 - Clienti Evolutie cont", true, false]);
+shot("bars");
+equal(drawn("Repartitie clasa", "6 - Cheltuieli", "Diagrama circulara 2D"), [["605", "605", "15,50"], ["607", "607", "60,00"]], "debits of expenses");
+equal([w.text("MSChartPie"), w.isVisible("MSChart"), w.isVisible("MSChartPie")], ["6 Repartitie clasa", false, true]);
+w.set("CheckProcent", true);
+w.click("cmdArata");
+shot("circle");
+equal(drawn("Evolutie Cheltuieli / Venituri", "6 - Cheltuieli", "Combinatie 2D"), [["01 / " + year, "0,00", "60,00", "1"], ["02 / " + year, "105,00", "15,50", "2"]], "both");
+shot("combined");
+equal(drawn("Repartitie Clienti", "6 - Cheltuieli", "Bare 2D"), [["ALFA SRL", "ALFA SRL", "149,00"], ["ALFA SRL", "ALFA SRL", "50,00"]], "one row a partner");
+w.type("TextValoare", "50");
+equal(drawn("Repartitie Clienti", "6 - Cheltuieli"), [["ALFA SRL", "ALFA SRL", "119,00"]], "rows above the minimum");
+for (const form of ["Linii 3D", "Suprafata 2D", "Scara 2D"]) drawn("Evolutie Cheltuieli / Venituri", "6 - Cheltuieli", form);
+shot("steps");
+file(paths().app + "/grafic.png");
+w.click("cmdSalvare");
+equal(readFile(paths().app + "/grafic.png").substring(1, 4), "PNG", "picture");
+w.click("cmdPrint");
+equal(printed().length, 1, "printed");
+w.set("DTPDeLa", year + "-05-01");
+replied("OK", () => w.click("cmdArata"), "Nu exista date pentru trasare grafic! ");
+w.click("CommandButton1");

@@ -1,0 +1,40 @@
+// Labels of articles: choice, copies, a used sheet, and both kinds of bar code.
+
+const flat = (path) => pdfText(path).replace(/\s+/g, " ").trim();
+company({denumire: "ATELIERUL SRL"});
+sql("INSERT INTO G_FAMART (COD, DENUMIRE) VALUES (1, 'Marfuri')");
+sql("INSERT INTO G_ARTMAG (CODART, DENART, UM, PRETVFT, PRETVTTI, FAMART) VALUES ('5941234567899', 'Caiet', 'Buc', 10, 11.9, 1), ('A-1', 'Stilou', 'Buc', 100, 119, NULL)");
+
+let w = menu("mnuEtichete", "frmArticoleEtichete");
+equal([w.title(), w.value("optToateArt"), w.text("TextNr"), w.text("TextPrima"), w.isEnabled("cboFamilie")],
+      ["Etichete articole cu coduri de bare", true, "1", "1", false]);
+w.click("cmdVisualizare");
+let files = printed();
+equal(files.map((path) => path.replace(/.*\//, "")), ["ArticoleEtichete-1.pdf"], "a preview alone");
+let text = flat(files[0]);
+for (const part of ["Caiet", "11,90 lei", "5941234567899", "Stilou", "119,00 lei", "A-1"]) check(text.includes(part), part + " in " + text);
+// Four labels from the twentieth place: two on each of two sheets of 21.
+w.type("TextNr", "2");
+w.type("TextPrima", "20");
+w.click("cmdVisualizare");
+text = flat(printed()[0]);
+equal([text.split("Caiet").length - 1, text.split("Stilou").length - 1], [2, 2], "copies");
+shot("frmArticoleEtichete");
+for (const wrong of ["0", "1000", "1,5"]) {
+  w.type("TextNr", wrong);
+  replied("OK", () => w.click("cmdVisualizare"), "Va rugam introduceti un numar intreg intre 1 si 999 !");
+}
+w.type("TextNr", "1");
+w.click("optFamilie");
+replied("OK", () => w.click("cmdVisualizare"), "Va rugam precizati familia");
+w.pick("cboFamilie", "1-Marfuri");
+w.click("cmdVisualizare");
+check(!flat(printed()[0]).includes("Stilou"), "its family alone");
+w.click("optArticol");
+equal(w.text("cboFamilie"), "", "emptied");
+replied("OK", () => w.click("cmdVisualizare"), "Va rugam precizati articolul");
+w.pick("cboArticol", "A-1-Stilou");
+w.click("cmdVisualizare");
+text = flat(printed()[0]);
+check(text.includes("Stilou") && !text.includes("Caiet"), "the article with that code");
+w.close();
