@@ -32,6 +32,7 @@
 #include "shell/Denomination.h"
 #include "shell/Maintenance.h"
 #include "shell/windows/frmAbout.h"
+#include "shell/windows/frmPanou.h"
 #include "shell/windows/frmRestaurare.h"
 #include "shell/windows/frmSalvare.h"
 #include "stock/Corrections.h"
@@ -91,6 +92,8 @@ std::vector<MenuEntry> entries() {
       {"", "", Opens::Separator, {}},
       {"mnuViewLeftBar", "Bara S&tanga", Opens::OwnCheck, {}},
       {"mnuViewRightBar", "Bara &Dreapata", Opens::OwnCheck, {}},
+      {"", "", Opens::Separator, {}},
+      {"mnuPanou", "&Panou", Opens::One, "frmPanou", make<frmPanou>},
 
       {"mnumnuTabele", "Tabele", Opens::Menu, {}},
       {"mnuTabeleClienti", "&Clienti", Opens::One, "frmTerti C", makeCustomers},

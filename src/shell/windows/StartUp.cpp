@@ -11,6 +11,7 @@
 #include "shell/StructureUpgrade.h"
 #include "shell/windows/frmLogin.h"
 #include "shell/windows/frmMain.h"
+#include "shell/windows/frmPanou.h"
 #include "shell/windows/frmParola.h"
 #include "shell/windows/frmSelMagazie.h"
 #include "shell/windows/frmSplash.h"
@@ -97,6 +98,7 @@ void StartUp::DeschideFereastraPrincipala() {
   mainWindow_ = std::make_unique<frmMain>();
   connect(mainWindow_.get(), &frmMain::closed, this, &StartUp::end, Qt::QueuedConnection);
   mainWindow_->show();
+  if (frmPanou::isWantedAtStart()) mainWindow_->showOffered("frmPanou");
 }
 
 void StartUp::end() {

@@ -394,10 +394,16 @@ QWidget* frmMain::showOne(const QString& key, const std::function<QWidget*()>& m
 }
 
 QWidget* frmMain::showOffered(const QString& window) {
+  const auto isOffered = [](const QAction* action) {
+    return action && action->isEnabled() && action->isVisible();
+  };
+  bool isInOfferedMenu = false;
   for (const MenuEntry& entry : menuTable()) {
-    const QAction* action = actions_.value(entry.name);
-    if (entry.window == window && entry.opens == Opens::One && entry.make && action && action->isEnabled())
-      return showOne(entry.window, [&entry] { return entry.make(nullptr); });
+    QAction* action = actions_.value(entry.name);
+    if (entry.opens == Opens::Menu) isInOfferedMenu = isOffered(action);
+    if (entry.window != window || !entry.make || !isInOfferedMenu || !isOffered(action)) continue;
+    if (entry.opens == Opens::One) return showOne(entry.window, [&entry] { return entry.make(nullptr); });
+    action->trigger();
   }
   return nullptr;
 }

@@ -17,7 +17,8 @@ class WindowHost {
   /// name, followed by the kind for a window that can be open for several kinds.
   virtual QWidget* showOne(const QString& key, const std::function<QWidget*()>& make) = 0;
 
-  /// Activates or opens the child window of that class, if the menu offers it to the user; null otherwise.
+  /// Opens the window of that class as the menu does, if the menu offers it to the user. Returns a child
+  /// window of which there is only one; else null.
   virtual QWidget* showOffered(const QString& window) = 0;
 };
 

@@ -1,0 +1,54 @@
+#include "shell/Panel.h"
+
+#include "documents/kinds/Kinds.h"
+#include "store/Database.h"
+
+namespace velmar {
+
+PanelSales panelSales(const QDate& today) {
+  const QDate weekAgo = today.addDays(-7);
+  const QDate monthStart(today.year(), today.month(), 1);
+  const auto sum = [](const QString& days) {
+    return QStringLiteral(
+               "ROUND_EVEN(COALESCE(SUM(CASE WHEN %1 THEN CASE WHEN TIP = 'FS' THEN -1 ELSE 1 END * "
+               "(COALESCE(TOTALFT, 0) + COALESCE(TOTALTVA, 0)) END), 0), 2)")
+        .arg(days);
+  };
+  const Row found =
+      OpenRs("SELECT " + sum("DATADOC = ?") + " AS AZI, " + sum("DATADOC >= ?") + " AS LUNA, " +
+                 sum("DATADOC = ?") +
+                 " AS SAPTE FROM G_DOCUME WHERE TIP IN ('FC', 'BS', 'FS') AND DATADOC BETWEEN ? AND ?",
+             {today, monthStart, weekAgo, std::min(monthStart, weekAgo), today})
+          .first();
+  return {found.decimal("AZI"), found.decimal("LUNA"), found.decimal("SAPTE")};
+}
+
+Recordset panelDrafts() {
+  QStringList counts;
+  for (const DocumentKind& kind : documentKinds())
+    if (kind.hasDraft && kind.rules)
+      counts.append(QStringLiteral("SELECT '%1' AS FEL, COUNT(*) AS NUMAR FROM %2 WHERE VALIDAT = 0")
+                        .arg(kind.prefix, kind.headerTable));
+  return OpenRs(QStringLiteral("SELECT FEL, NUMAR FROM (%1) AS D WHERE NUMAR > 0 ORDER BY FEL")
+                    .arg(counts.join(QStringLiteral(" UNION ALL "))));
+}
+
+Recordset panelShortages() {
+  return OpenRs(
+      "SELECT CODART, DENART, STOC, STOCMINIM FROM G_ARTMAG WHERE STOCMINIM > 0 AND STOC <= STOCMINIM AND "
+      "COALESCE(FARASTOC, 0) = 0 ORDER BY DENART NULLS FIRST, CODART");
+}
+
+Recordset panelLateOrders(const QDate& today) {
+  return OpenRs(
+      "SELECT C.NUMCOM AS NUMCOM, T.NUME AS NUME, C.DATALIV AS DATALIV, ROUND_EVEN(SUM((L.CANT - "
+      "COALESCE(L.CANTLIV, 0)) "
+      "* COALESCE(L.PRETFT, 0)), 2) AS RAMAS FROM G_COMCLI AS C INNER JOIN G_LCOMCL AS L ON L.NUMCOM = "
+      "C.NUMCOM LEFT "
+      "JOIN kt_ter AS T ON T.COD = C.CODCLI WHERE C.VALIDAT <> 0 AND C.DATALIV < ? AND L.CANT > "
+      "COALESCE(L.CANTLIV, 0) "
+      "GROUP BY C.NUMCOM, T.NUME, C.DATALIV ORDER BY C.DATALIV, C.NUMCOM",
+      {today});
+}
+
+}  // namespace velmar
