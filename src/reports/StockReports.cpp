@@ -9,6 +9,7 @@
 namespace velmar {
 
 const QString kTakesFirstDay = QStringLiteral("chkPrimaZi");
+const QString kComparesYears = QStringLiteral("chkComparatie");
 
 namespace {
 
@@ -80,6 +81,10 @@ StockReport turnoverReport(const QString& window, const QString& caption, const 
                     {"CifraAfaceri", "Cifra de afaceri", Shown::Amount, 16, true},
                     {"Cost", "Cost", Shown::Amount, 14, true}};
   report.links = {{}, {}, {}, "NUME"};
+  report.comparison = {[](const Row& row, const ReportChoice&, bool) { return row.text("CODTERT"); },
+                       "CifraAfaceri",
+                       true,
+                       {"CODTERT", "NUME"}};
   report.variables = [from, to, partner](const ReportChoice& choice, Variables& variables) {
     variables.add("Param" + partner + "dela", choice.texts[from]);
     variables.add("Param" + partner + "la", choice.texts[to]);
@@ -336,6 +341,13 @@ std::vector<StockReport> allReports() {
   sales.losesFirstDay = true;
   sales.previewsOnly = true;
   sales.rows = salesRows;
+  sales.comparison = {[](const Row& row, const ReportChoice& choice, bool isYearBefore) {
+                        const QString grouping = salesGrouping(choice);
+                        if (grouping == "CL") return row.text("NUME").toUpper();
+                        if (grouping == "MP") return row.text("MODREG");
+                        return row.date("DATADOC").addYears(isYearBefore ? 1 : 0).toString(Qt::ISODate);
+                      },
+                      "TOTALDOC"};
   sales.columns = {{"DATADOC", "Data", Shown::Date},
                    {"ID", "Document", Shown::Text, 12},
                    {"NUME", "Client", Shown::Text, 30},
@@ -373,6 +385,55 @@ std::vector<StockReport> allReports() {
           bought, stockTracking(), inventoryList(), labels(),  availableStock(), costOfSales()};
 }
 
+bool isCompared(const StockReport& report, const ReportChoice& choice) {
+  return !report.comparison.value.isEmpty() && choice.has(kComparesYears);
+}
+
+std::vector<QVariant> cellsOf(const Row& row) {
+  std::vector<QVariant> cells;
+  for (int i = 0; i < row.columns().size(); ++i) cells.push_back(row.at(i));
+  return cells;
+}
+
+// A row for a key that only the year before has.
+std::vector<QVariant> missingCells(const ReportComparison& comparison, const Row& before) {
+  std::vector<QVariant> cells;
+  for (const QString& column : before.columns()) {
+    const bool isKey = comparison.keyFields.contains(column, Qt::CaseInsensitive);
+    const bool isNumber = before.value(column).typeId() == QMetaType::Double;
+    cells.push_back(isKey ? before.value(column) : isNumber ? QVariant(0.0) : QVariant());
+  }
+  return cells;
+}
+
+Recordset compared(const StockReport& report, const ReportChoice& choice, const Recordset& rows) {
+  const ReportComparison& comparison = report.comparison;
+  ReportChoice earlier = choice;
+  for (QDate& date : earlier.dates) date = date.addYears(-1);
+  const Recordset before = report.rows(earlier);
+  QHash<QString, Decimal> sums;
+  Decimal total;
+  for (const Row& row : before) {
+    const Decimal value = row.decimal(comparison.value);
+    sums[comparison.key(row, choice, true)] += value;
+    total += value;
+  }
+  Recordset all(std::make_shared<Columns>(rows.columns() + QStringList{"ANTERIOR", "TOTALANTERIOR"}));
+  QSet<QString> shown;
+  const auto add = [&](std::vector<QVariant> cells, const QString& key) {
+    cells.emplace_back(Round(sums.value(key), 6).toDouble());
+    cells.emplace_back(Round(total, 6).toDouble());
+    all.append(std::move(cells));
+    shown.insert(key);
+  };
+  for (const Row& row : rows) add(cellsOf(row), comparison.key(row, choice, false));
+  if (comparison.listsMissing)
+    for (const Row& row : before)
+      if (const QString key = comparison.key(row, choice, true); !shown.contains(key))
+        add(missingCells(comparison, row), key);
+  return all;
+}
+
 }  // namespace
 
 const std::vector<StockReport>& stockReports() {
@@ -391,7 +452,7 @@ const StockReport& stockReport(const QString& window) {
 Recordset reportRows(const StockReport& report, const ReportChoice& choice) {
   Recordset rows = report.rows(choice);
   if (rows.isEmpty()) throw RuleError(QStringLiteral("Nu exista inregistrari"));
-  return rows;
+  return isCompared(report, choice) ? compared(report, choice, rows) : rows;
 }
 
 ReportData reportData(const StockReport& report, const ReportChoice& choice) {
@@ -406,6 +467,7 @@ ReportData reportData(const StockReport& report, const ReportChoice& choice) {
   data.fields = std::make_shared<RecordsetRows>(std::move(rows));
   Variables variables(data);
   report.variables(choice, variables);
+  if (!report.comparison.value.isEmpty()) variables.add("ParamComparatie", isCompared(report, choice));
   variables.addCompany();
   return data;
 }

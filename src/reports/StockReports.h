@@ -55,6 +55,19 @@ struct ReportLinks {
   QString partner = {};  ///< name
 };
 
+struct ReportChoice;
+
+/// How the rows of a report are compared with those of the same days a year before. The rows then have the
+/// fields ANTERIOR, of the row's key, and TOTALANTERIOR, of all rows; both 0 where there was nothing.
+struct ReportComparison {
+  /// The rows of one key are added up; `isYearBefore`: a row of the year before.
+  std::function<QString(const Row& row, const ReportChoice& choice, bool isYearBefore)> key = {};
+  QString value = {};  ///< field; empty: the report has no comparison
+  bool listsMissing =
+      false;  ///< keys that only the year before has are rows too, with nulls but for these fields
+  QStringList keyFields = {};
+};
+
 /// What the user chose, by the names of the controls.
 struct ReportChoice {
   QHash<QString, QDate> dates;
@@ -87,10 +100,13 @@ struct StockReport {
   bool checksDates = false;    ///< cmdDesign refuses inverted dates
   std::vector<ReportColumn> columns = {};
   ReportLinks links = {};
+  ReportComparison comparison = {};
   std::function<Recordset(const ReportChoice&)> rows = {};
   std::function<void(const ReportChoice&, Variables&)> variables = {};
 };
 
+/// The tick of a report that is compared with the year before.
+extern const QString kComparesYears;
 /// The tick of a report whose period otherwise loses its first day.
 extern const QString kTakesFirstDay;
 

@@ -36,6 +36,11 @@ document("FS12", "I", "03-05", 1, 1, [["M1", 4, 20, 10, 1]]);
 document("CC7", null, "03-03", 3, null, [["M2", 3, 8, 0, 1]]);
 sql("INSERT INTO G_COMCLI (NUMCOM, CODCLI, DATACOM, VALIDAT) VALUES ('7', 3, ?, -1)", year + "-03-03");
 sql("INSERT INTO G_LCOMCL (NUMCOM, NRLINIE, CODART, DENUMIRE, CANT, CANTLIV, PRETFT) VALUES ('7', 1, 'M2', 'Marfa a doua', 3, 1, 8)");
+const before = (id, day, partner, value) => sql("INSERT INTO G_DOCUME (ID, TIP, TIPIE, DATADOC, CODTERT, MODREG, CODMAG, TOTALFT, TOTALTVA) VALUES (?, ?, 'E', ?, ?, 1, 1, ?, ?)",
+                                                id, id.substring(0, 2), (Number(year) - 1) + "-" + day, partner, value, value * 0.19);
+before("FC801", "03-02", 3, 8); // a year before
+before("FC802", "03-09", 4, 100);
+sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (4, 'GAMA SRL', 'C')");
 setToday(year + "-03-10");
 
 let w;
@@ -66,6 +71,10 @@ replied("OK", () => w.click("cmdVisualizare"), "Nu exista inregistrari");
 w.close();
 open("mnuRapVanzari", "frmRapVanzari");
 equal([w.value("Optmag"), w.text("cboMag"), w.value("ChkDetaliu")], [true, "2-Depozit", true], "kept");
+w.click("cmdImplicit");
+w.set("chkComparatie", true);
+text = pages();
+has(text, "Total data 02.03." + year + " 36,00 6,84 42,84", "Anul trecut: 9,52, acum 450,0%", "TOTAL GENERAL 36,00 6,84 42,84", "Anul trecut: 128,52, acum 33,3%", "Anul trecut: nimic");
 w.click("cmdImplicit");
 equal([w.value("Optmag"), w.text("cboMag"), w.value("ChkDetaliu")], [false, "", false], "as at first");
 w.set("DTPickerla", year + "-01-01");
@@ -105,6 +114,9 @@ open("mnuRapStaCL", "frmRapStaCl");
 text = pages();
 has(text, "3 BETA SA 16,00 8,00 0,00 8,00 50,00", "1 ALFA SRL 0,00 0,00 8,00 0,00 0,00");
 check(text.indexOf("BETA") < text.indexOf("ALFA"), "the largest first");
+w.set("chkComparatie", true);
+has(pages(), "3 BETA SA 16,00 8,00 200 8,00", "4 GAMA SRL 0,00 100,00 0 0,00", "TOTAL GENERAL 16,00 108,00");
+w.set("chkComparatie", false);
 w.pick("cboClientiDela", "3-BETA SA");
 w.pick("cboClientiLa", "1-ALFA SRL");
 w.click("optSortNume");

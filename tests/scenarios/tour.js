@@ -197,3 +197,38 @@ visit("mnuVerificare", "frmVerificare", "33-verificare", window => {
 });
 visit("mnuCorectiiCosturi", "frmCorectiiCosturi", "34-corectii-costuri");
 equal(call("disagreementText"), "", "all agrees");
+
+// The reports of the sample company, as pages and on the screen; charts of its notes, labels, the first page.
+let place = 35;
+for (const [entry, name, file, from, all] of
+         [["mnuRapVanzari", "frmRapVanzari", "RapVanzari", "DTPickerdela"], ["mnuRapIesiri", "frmRapIesiri", "RapIesiri", "DTPickerdela"],
+          ["mnuRapStaCL", "frmRapStaCl", "StaCl", "DTPickerdela"], ["mnuRapStaFurn", "frmRapStaFr", "StaFr", "DTPickerdela"],
+          ["mnuRapAE", "frmRapAE", "RapAE", "DTPickerDeLa", true], ["mnuRapComenziClienti", "frmRapComNelivCl", "ComNelivCl", "", true],
+          ["mnuRapComenziFurnizori", "frmRapComNelivFr", "ComNelivFr", "", true], ["mnuRapUrmStoc", "frmRapUrmStoc", "UrmStocuri"],
+          ["mnuRapJurnalStoc", "frmRapJStoc", "JurnalStocuri"], ["mnuRapDisopnibil", "frmRapDisponibil", "Disponibil"],
+          ["mnuRapDescarcare", "frmRapDescarcare", "Descarcare", "DTPickerdela"]]) {
+  visit(entry, name, place++ + "-" + name.substring(3).toLowerCase(), window => {
+    if (from) window.set(from, (Number(today().substring(0, 4)) - 1) + "-01-01");
+    if (all) window.click("optToate");
+    window.click("cmdVisualizare");
+    const files = printed();
+    check(files.length > 0 && files.every((path) => path.includes("/" + file + "-")), file + ": " + files);
+    window.click("cmdEcran");
+    check(win("frmEcran").grid("TDBGrid1").rows() > 0, "rows on the screen");
+    win("frmEcran").close();
+  });
+}
+visit("mnuEtichete", "frmArticoleEtichete", "46-etichete", window => {
+  window.click("cmdVisualizare");
+  equal(printed().length, 1, "labels");
+});
+visit("mnuGrafice", "frmGrafice", "47-grafice", window => {
+  window.pick("cboCont", sql("SELECT CONT || ' - ' || TITLU AS NUME FROM kt_pc WHERE CONT = '607'")[0].NUME);
+  for (const kind of ["Evolutie cont", "Evolutie Cheltuieli / Venituri"]) {
+    window.pick("cmbMod", kind);
+    window.set("DTPDeLa", (Number(today().substring(0, 4)) - 1) + "-01-01");
+    window.click("cmdArata");
+    check(window.grid("DataGrid").rows() > 0, kind);
+  }
+});
+visit("mnuPanou", "frmPanou", "48-panou");

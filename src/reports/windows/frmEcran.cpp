@@ -34,6 +34,9 @@ frmEcran::frmEcran(const StockReport& report, Recordset rows, QWidget* parent)
     : QWidget(parent), links_(report.links), columns_(report.columns), grid_(new TDBGrid("TDBGrid1")) {
   setObjectName("frmEcran");
   setWindowTitle(report.caption);
+  if (rows.columns().contains(QStringLiteral("ANTERIOR")))
+    columns_.push_back(
+        {"ANTERIOR", "Anul trecut", ReportColumn::Kind::Amount, 14, report.comparison.listsMissing});
   QList<GridColumn> columns;
   for (const ReportColumn& column : columns_) columns.append(gridColumn(column));
   grid_->setColumns(columns);

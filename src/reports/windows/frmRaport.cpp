@@ -74,7 +74,8 @@ QWidget* frmRaport::frame(const ReportFrame& frame) {
   auto* rows = new QFormLayout(box);
   if (frame.caption.isEmpty()) rows->setContentsMargins(0, 0, 0, 0);
   for (const ReportControl& control : frame.controls) addControl(control, rows);
-  if (report_.losesFirstDay && !frame.controls.empty() && frame.controls.front().name == report_.from) {
+  const bool isPeriod = !frame.controls.empty() && frame.controls.front().name == report_.from;
+  if (report_.losesFirstDay && isPeriod) {
     addControl({Kind::Check, kTakesFirstDay, "Si prima zi"}, rows);
     auto* note = named(new QLabel, "lblZile");
     rows->addRow(note);
@@ -89,6 +90,8 @@ QWidget* frmRaport::frame(const ReportFrame& frame) {
       connect(dates_[date], &QDateEdit::dateChanged, note, tell);
     connect(ticks_[kTakesFirstDay], &QAbstractButton::toggled, note, tell);
   }
+  if (!report_.comparison.value.isEmpty() && isPeriod)
+    addControl({Kind::Check, kComparesYears, "Si anul trecut"}, rows);
   makeExclusive(frame);
   return box;
 }
@@ -193,7 +196,8 @@ void frmRaport::showDefaults() {
       else
         untick(ticks_[control.name]);
     }
-  if (QAbstractButton* first = ticks_.value(kTakesFirstDay)) first->setChecked(false);
+  for (const QString& own : {kTakesFirstDay, kComparesYears})
+    if (QAbstractButton* tick = ticks_.value(own)) tick->setChecked(false);
   for (QComboBox* list : std::as_const(lists_)) {
     list->setCurrentIndex(-1);
     list->clearEditText();
