@@ -33,7 +33,8 @@ const QString kSums =
         .arg(movement("S"), movement("I"), movement("E"), balance("L.COST * L.CANT"), balance("L.VALCOST"));
 
 // Documents first: an index of the articles would lead through the whole ledger line by line.
-const QString kLedger = QStringLiteral("G_DOCUME AS D INNER JOIN G_LDOCUM AS L ON L.DOCID = D.ID");
+const QString kLedger = QStringLiteral("G_DOCUME AS D CROSS JOIN G_LDOCUM AS L");
+const QString kJoined = QStringLiteral("L.DOCID = D.ID");
 const QString kMoving = QStringLiteral("D.TIPIE IN ('S', 'I', 'E')");
 
 // Conditions joined with AND, each with its values.
@@ -137,6 +138,7 @@ Recordset issueRows(const ReportChoice& choice) {
                                      : QString();
   if (!choice.has("ChkDetaliu")) order += QStringLiteral("A.DENART NULLS FIRST, L.ARTID, ");
   Where where;
+  where.add(kJoined);
   where.add("D.TIPIE = 'E'");
   where.add("D.DATADOC BETWEEN ? AND ?", {choice.dates["DTPickerdela"], choice.dates["DTPickerla"]});
   addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
@@ -166,8 +168,8 @@ Recordset customerTurnoverRows(const ReportChoice& choice) {
           signedSum("D.TOTALCOST") + " AS Cost, " + signedSum("COALESCE(R.DISCOUNT, 0)") +
           " AS Discountul FROM G_DOCUME AS D INNER JOIN kt_ter AS T ON T.COD = D.CODTERT LEFT JOIN (SELECT "
           "L.DOCID AS DOCID, SUM(ROUND_EVEN(L.PRETFT * L.PROCRAB / 100, 2) * L.CANT) AS DISCOUNT FROM " +
-          kLedger + where.sql() + " GROUP BY L.DOCID) AS R ON R.DOCID = D.ID" + where.sql() +
-          " GROUP BY D.CODTERT, T.NUME" + turnoverOrder(choice),
+          kLedger + where.sql() + " AND " + kJoined + " GROUP BY L.DOCID) AS R ON R.DOCID = D.ID" +
+          where.sql() + " GROUP BY D.CODTERT, T.NUME" + turnoverOrder(choice),
       values);
 }
 
@@ -185,6 +187,7 @@ Recordset supplierTurnoverRows(const ReportChoice& choice) {
 
 Recordset deliveryNoteRows(const ReportChoice& choice) {
   Where where;
+  where.add(kJoined);
   where.add("D.TIP = 'AE'");
   where.add(choice.has("optToate") ? "L.CANT > 0" : "L.CANTRAMASA > 0");
   where.add("D.DATADOC BETWEEN ? AND ?", {choice.dates["DTPickerDeLa"], choice.dates["DTPickerPanala"]});
@@ -195,14 +198,17 @@ Recordset deliveryNoteRows(const ReportChoice& choice) {
       "CANTRAMASA, L.REFERINTA AS REFERINTA, L.DATASOLD AS DATASOLD FROM " +
           kLedger +
           " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID INNER JOIN kt_ter AS T ON T.COD = D.CODTERT" +
-          where.sql() + " ORDER BY " + first + "T.NUME NULLS FIRST, D.DATADOC, D.ID, L.LINIE",
+          where.sql() + " ORDER BY " + first + "T.NUME NULLS FIRST, D.CODTERT, D.DATADOC, D.ID, L.LINIE",
       where.values(), {"DATADOC", "DATASOLD"});
 }
 
 Recordset orderRows(const ReportChoice& choice, const QString& side, const QString& partner) {
   const QString command =
       (choice.has("optToate") ? (side == "Cl" ? "rapComCL" : "rapComFr") : "rapComNeliv" + side);
-  const QString first = choice.has("optArticole") ? QStringLiteral("CodArticol") : partner;
+  // Two partners of one name stay apart.
+  const QString first = choice.has("optArticole")
+                            ? QStringLiteral("CodArticol")
+                            : partner + QStringLiteral(" NULLS FIRST, Cod") + partner.mid(4);
   return read(QStringLiteral(
                   "SELECT O.*, ROUND_EVEN(CantitateNelivrata * ValoareFT, 2) AS ValoareRamasa FROM (%1) AS "
                   "O ORDER BY %2 NULLS FIRST, DataComanda, NumarComanda, CodArticol")
@@ -212,6 +218,7 @@ Recordset orderRows(const ReportChoice& choice, const QString& side, const QStri
 
 Recordset stockTrackingRows(const ReportChoice& choice) {
   Where where;
+  where.add(kJoined);
   where.add(kMoving);
   where.add("D.DATADOC <= ?", {choice.dates["DTPickerPanala"]});
   addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
@@ -219,11 +226,12 @@ Recordset stockTrackingRows(const ReportChoice& choice) {
   shown.add("StocInitial <> 0 OR Intrari <> 0 OR Iesiri <> 0");
   addNumber(shown, "A.FAMART", choice.codeOf("optFamilie", "cboFamilie"));
   addNumber(shown, "A.CODFURNIZO", choice.codeOf("optFurnizor", "cboFurnizori"));
-  const QString order = choice.has("optGrupFurnizor")  ? "Furnizor NULLS FIRST, CODArticol"
-                        : choice.has("optGrupFamilie") ? "Familie NULLS FIRST, CODArticol"
-                        : choice.has("optGrupArticol") ? "DenProdus NULLS FIRST, CODArticol"
-                        : choice.has("optGrupMag")     ? "Magazie NULLS FIRST, CODArticol"
-                                                       : "CODArticol";
+  const QString order =
+      choice.has("optGrupFurnizor")  ? "Furnizor NULLS FIRST, CODFurnizor NULLS FIRST, CODArticol"
+      : choice.has("optGrupFamilie") ? "Familie NULLS FIRST, CODFamilie NULLS FIRST, CODArticol"
+      : choice.has("optGrupArticol") ? "DenProdus NULLS FIRST, CODArticol"
+      : choice.has("optGrupMag")     ? "Magazie NULLS FIRST, CODMAG NULLS FIRST, CODArticol"
+                                     : "CODArticol";
   Values values = where.values();
   values.insert(values.end(), shown.values().begin(), shown.values().end());
   return OpenRs(
@@ -243,6 +251,7 @@ Recordset stockTrackingRows(const ReportChoice& choice) {
 
 Recordset inventoryRows(const ReportChoice& choice) {
   Where where;
+  where.add(kJoined);
   where.add(kMoving);
   addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
   addNumber(where, "A.FAMART", choice.codeOf("optFamilie", "cboFamilie"));
@@ -259,31 +268,36 @@ Recordset inventoryRows(const ReportChoice& choice) {
 
 Recordset availableRows(const ReportChoice& choice) {
   const bool byWarehouse = choice.has("CheckGrMagazie");
+  QString article = choice.codeOf("optArticol", "cboArticol");
+  if (article.isEmpty()) article = choice.codeOf("OptCod", "cboCodArticol");
   Where where;
+  where.add(kJoined);
   where.add("D.DATADOC <= ?", {choice.dates["dtDataPanaLa"]});
   addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
   addNumber(where, "A.FAMART", choice.codeOf("optFamilie", "cboFamilie"));
-  where.addChosen("L.ARTID = ?", choice.codeOf("optArticol", "cboArticol"));
-  where.addChosen("L.ARTID = ?", choice.codeOf("OptCod", "cboCodArticol"));
+  where.addChosen("L.ARTID = ?", article);
   if (const QString text = choice.texts["TextLIKE"]; choice.has("CheckContine") && !text.isEmpty()) {
     const bool within = text.startsWith(u'%');
     where.add("A.DENART LIKE ? ESCAPE '!'",
               {(within ? QStringLiteral("%") : QString()) + escapedForLike(text.mid(within ? 1 : 0)) + u'%'});
   }
-  const QString warehouse = byWarehouse ? QStringLiteral(", L.CODMAG") : QString();
+  // The movements of one article are found by its index.
+  const QString ledger =
+      article.isEmpty() ? kLedger : QStringLiteral("G_DOCUME AS D INNER JOIN G_LDOCUM AS L ON 1 = 1");
+  const QString reserved =
+      sum("CASE WHEN D.TIP = 'CC' AND L.LINIE = (SELECT MIN(X.LINIE) FROM G_LDOCUM AS X "
+          "WHERE X.DOCID = L.DOCID AND X.ARTID = L.ARTID) THEN R.REZERVAT END");
+  const QString sums = QStringLiteral("SELECT L.ARTID AS ARTID, %1 AS MAGAZIE, %2, %3 AS Rezervat FROM ")
+                           .arg(byWarehouse ? "L.CODMAG" : "1", kSums, reserved) +
+                       ledger + " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID LEFT JOIN (" + kReserved +
+                       ") AS R ON R.DOCID = L.DOCID AND R.ARTID = L.ARTID" + where.sql() +
+                       " GROUP BY L.ARTID" + (byWarehouse ? ", L.CODMAG" : "");
   return OpenRs(
       "SELECT A.CODART AS CODART, A.DENART AS DENART, A.UM AS UM, A.FAMART AS FAMART, F.DENUMIRE AS DenFam, "
       "S.StocInitial AS StocInitial, S.Intrari AS Intrari, S.Iesiri AS Iesiri, S.Rezervat AS Rezervat, "
       "ROUND_EVEN(S.StocInitial + S.Intrari - S.Iesiri - S.Rezervat, 6) AS STOC, A.PRETVFT AS PRETVFT, "
-      "S.Costul AS "
-      "COST, S.Valoare AS Valoare, 0 AS CostDEV, S.MAGAZIE AS Magazie FROM (SELECT L.ARTID AS ARTID, " +
-          QString(byWarehouse ? "L.CODMAG" : "1") + " AS MAGAZIE, " + kSums + ", " +
-          sum("CASE WHEN D.TIP = 'CC' AND L.LINIE = (SELECT MIN(X.LINIE) FROM G_LDOCUM AS X WHERE X.DOCID = "
-              "L.DOCID AND "
-              "X.ARTID = L.ARTID) THEN R.REZERVAT END") +
-          " AS Rezervat FROM " + kLedger + " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID LEFT JOIN (" +
-          kReserved + ") AS R ON R.DOCID = L.DOCID AND R.ARTID = L.ARTID" + where.sql() +
-          " GROUP BY L.ARTID" + warehouse +
+      "S.Costul AS COST, S.Valoare AS Valoare, 0 AS CostDEV, S.MAGAZIE AS Magazie FROM (" +
+          sums +
           ") AS S INNER JOIN G_ARTMAG AS A ON A.CODART = S.ARTID LEFT JOIN G_FAMART AS F ON F.COD = A.FAMART "
           "ORDER BY DENART NULLS FIRST, CODART, Magazie NULLS FIRST",
       where.values());
@@ -314,24 +328,23 @@ Recordset costOfSalesRows(const ReportChoice& choice) {
   };
   Transaction transaction(database());
   ExecutaSql("DELETE FROM G_DESCAR");
-  ExecutaSql(
-      "INSERT INTO G_DESCAR (NRCRT, POZITIE, TIP, NRCOMANDA, CODCLIENT, NUMECLIENT, DATACOMAND, CODARTICOL, "
-      "DENMARFA, "
-      "PRETVANZAR, COSTUNITAR, CANTITATE) SELECT DENSE_RANK() OVER (ORDER BY DATADOC, ID), ROW_NUMBER() OVER "
-      "(PARTITION "
-      "BY ID ORDER BY LINIE), TIP, ID, CODTERT, SUBSTR(NUME, 1, 40), DATADOC, ARTID, SUBSTR(DENART, 1, 35), "
-      "PRETFT, COST, CANT FROM (SELECT D.TIP AS "
-      "TIP, D.ID AS ID, D.CODTERT AS CODTERT, T.NUME AS NUME, D.DATADOC AS DATADOC, L.ARTID AS ARTID, "
-      "A.DENART AS "
-      "DENART, L.PRETFT AS PRETFT, L.COST AS COST, ROUND_EVEN(SUM(L.CANT), 6) AS CANT, MIN(L.LINIE) AS LINIE "
-      "FROM " +
-          kLedger +
-          " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID LEFT JOIN kt_ter AS T ON T.COD = D.CODTERT WHERE "
-          "D.TIP IN "
-          "('FC', 'FS', 'BS') AND COALESCE(A.FARASTOC, 0) = 0 AND D.DATADOC BETWEEN ? AND ? GROUP BY "
-          "L.ARTID, A.DENART, "
-          "D.TIP, D.ID, D.CODTERT, T.NUME, D.DATADOC, L.PRETFT, L.COST) AS V",
-      {firstDay(choice, "DTPickerdela"), choice.dates["DTPickerPanala"]});
+  const QString lines =
+      "SELECT D.TIP AS TIP, D.ID AS ID, D.CODTERT AS CODTERT, T.NUME AS NUME, D.DATADOC AS DATADOC, "
+      "L.ARTID AS ARTID, A.DENART AS DENART, L.PRETFT AS PRETFT, L.COST AS COST, "
+      "ROUND_EVEN(SUM(L.CANT), 6) AS CANT, MIN(L.LINIE) AS LINIE FROM " +
+      kLedger +
+      " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID LEFT JOIN kt_ter AS T ON T.COD = D.CODTERT "
+      "WHERE L.DOCID = D.ID AND D.TIP IN ('FC', 'FS', 'BS') AND COALESCE(A.FARASTOC, 0) = 0 "
+      "AND D.DATADOC BETWEEN ? AND ? GROUP BY L.ARTID, A.DENART, D.TIP, D.ID, D.CODTERT, T.NUME, "
+      "D.DATADOC, L.PRETFT, L.COST";
+  ExecutaSql(QStringLiteral(
+                 "INSERT INTO G_DESCAR (NRCRT, POZITIE, TIP, NRCOMANDA, CODCLIENT, NUMECLIENT, DATACOMAND, "
+                 "CODARTICOL, DENMARFA, PRETVANZAR, COSTUNITAR, CANTITATE) "
+                 "SELECT DENSE_RANK() OVER (ORDER BY DATADOC, ID), "
+                 "ROW_NUMBER() OVER (PARTITION BY ID ORDER BY LINIE), TIP, ID, CODTERT, SUBSTR(NUME, 1, 40), "
+                 "DATADOC, ARTID, SUBSTR(DENART, 1, 35), PRETFT, COST, CANT FROM (%1) AS V")
+                 .arg(lines),
+             {firstDay(choice, "DTPickerdela"), choice.dates["DTPickerPanala"]});
   Recordset rows =
       read("SELECT G_DESCAR.*, " + value("PRETVANZAR") + " AS ValoareVanzare, " + value("COSTUNITAR") +
                " AS ValoareCost, ROUND_EVEN(" + value("PRETVANZAR") + " - " + value("COSTUNITAR") +
