@@ -28,6 +28,7 @@ const Bench kBenches[] = {
     {"journals", velmar::bench::measureJournals},
     {"print", velmar::bench::measureInvoicePrint},
     {"reports", velmar::bench::measureReports},
+    {"stockreports", velmar::bench::measureStockReports},
     {"start", velmar::bench::measureStart},
 };
 const QString kEngineOption = QStringLiteral("--engine");
