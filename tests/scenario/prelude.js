@@ -219,6 +219,17 @@
       };
       return { press, refused: (button, text, more) => global.replied("OK", () => press(button), text, more) };
     },
+    // The program started once more on its companies, with that user in the first warehouse.
+    restart(user = "admin", password = "admin") {
+      global.start(global.paths().databases);
+      const login = global.win("frmLogin");
+      login.type("txtUserName", user);
+      login.type("txtPassword", password);
+      login.press("txtPassword", "Enter");
+      const warehouse = global.win("frmSelMagazie");
+      warehouse.pick("DataCombo1", "Magazie 1");
+      warehouse.click("cmdOK");
+    },
     noMessage() {
       const text = N("unreadMessage");
       report(text === undefined || text === null ? null : { expected: "no message", actual: text },

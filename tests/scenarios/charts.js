@@ -16,16 +16,7 @@ note("02-11", "4111", 0, 20, 2);
 note("01-10", "607", 60, 0, null);
 note("02-10", "605", 15.5, 5, null);
 note("02-10", "707", 0, 100, null);
-login();
-
-function login() {
-  start(paths().databases);
-  win("frmLogin").type("txtUserName", "admin");
-  win("frmLogin").type("txtPassword", "admin");
-  win("frmLogin").press("txtPassword", "Enter");
-  win("frmSelMagazie").pick("DataCombo1", "Magazie 1");
-  win("frmSelMagazie").click("cmdOK");
-}
+restart();
 
 let w = menu("mnuGrafice", "frmGrafice");
 equal([w.title(), w.value("DTPDeLa"), w.value("DTPLa"), w.text("TextValoare")], ["Grafice", year + "-01-01", year + "-12-31", "0"]);

@@ -13,12 +13,7 @@ for (const [number, date] of [["1", "2005-06-30"], ["2", "2005-07-01"]]) {
 sql("INSERT INTO G_COMFUR (NUMCOM, DATACOM, CURS) VALUES ('3', '2005-01-01', 36000)");
 sql("INSERT INTO G_LCOMFU (NUMCOM, NRLINIE, CODART, CANT, PRETFT, VALOARETTI) VALUES ('3', 1, 'M1', 1, 500, 700)");
 
-start(paths().databases);
-win("frmLogin").type("txtUserName", "admin");
-win("frmLogin").type("txtPassword", "admin");
-win("frmLogin").press("txtPassword", "Enter");
-win("frmSelMagazie").pick("DataCombo1", "Magazie 1");
-win("frmSelMagazie").click("cmdOK");
+restart();
 equal([menuState("mnuDenominare").visible, menuState("mnuDenominare").caption], [true, "&Denominare"], "documents in old lei");
 
 answer("Nu");

@@ -30,22 +30,12 @@ win("frmGrilaFC2").close();
 w.set("chkLaPornire", true);
 w.close();
 
-start(paths().databases);
-win("frmLogin").type("txtUserName", "admin");
-win("frmLogin").type("txtPassword", "admin");
-win("frmLogin").press("txtPassword", "Enter");
-win("frmSelMagazie").pick("DataCombo1", "Magazie 1");
-win("frmSelMagazie").click("cmdOK");
+restart();
 equal(win("frmPanou").text("lblAzi"), "107,10", "at the start");
 
 // A user without the menu of sales does not get to its windows from here.
 sql("INSERT INTO UTILIZATORI (NUME, PAROLA, TIP) VALUES ('ANA', 'mere', 2)");
-start(paths().databases);
-win("frmLogin").type("txtUserName", "ana");
-win("frmLogin").type("txtPassword", "mere");
-win("frmLogin").press("txtPassword", "Enter");
-win("frmSelMagazie").pick("DataCombo1", "Magazie 1");
-win("frmSelMagazie").click("cmdOK");
+restart("ana", "mere");
 check(!isOpen("frmPanou"), "each user's own choice");
 w = menu("mnuPanou", "frmPanou");
 w.grid("grdCiorne").select(0);

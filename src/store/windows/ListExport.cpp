@@ -24,12 +24,19 @@ SheetColumn sheetColumn(const GridColumn& column) {
           column.format == CellFormat::Number ? column.decimals : 0, column.width};
 }
 
+// The form that shows the grid, which may be a child of the main window.
+const QWidget* formOf(const TDBGrid& grid) {
+  const QWidget* form = &grid;
+  while (!form->isWindow() && form->parentWidget() && !form->parentWidget()->inherits("QMdiSubWindow"))
+    form = form->parentWidget();
+  return form;
+}
+
 // Empty when the user cancelled. A name without an ending is a spreadsheet's.
 QString askedFile(const TDBGrid& grid, QWidget* parent) {
-  const QString folder = QDir::homePath();
+  const QString name = formOf(grid)->windowTitle().trimmed().replace(u'/', u'-') + QStringLiteral(".xlsx");
   QString chosen;
-  QString path = QFileDialog::getSaveFileName(parent, QStringLiteral("Export"),
-                                              QDir(folder).filePath(grid.window()->objectName() + ".xlsx"),
+  QString path = QFileDialog::getSaveFileName(parent, QStringLiteral("Export"), QDir::home().filePath(name),
                                               kSheetFilter, &chosen);
   if (!path.isEmpty() && QFileInfo(path).suffix().isEmpty())
     path += chosen.contains(QStringLiteral("csv")) ? QStringLiteral(".csv") : QStringLiteral(".xlsx");
@@ -62,7 +69,7 @@ void exportList(TDBGrid& grid, QWidget* parent) {
 }
 
 void exportGuarded(TDBGrid& grid) {
-  guarded(grid.window()->objectName(), "Export", [&grid] {
+  guarded(formOf(grid)->objectName(), "Export", [&grid] {
     try {
       exportList(grid, grid.window());
     } catch (const RuleError& rule) {
