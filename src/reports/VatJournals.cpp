@@ -51,7 +51,9 @@ void requireNumbers(int firstNumber, int rows) {
                   "NRC");
 }
 
-Values boundsOf(const VatPeriod& period) { return {period.from.addDays(1), period.to}; }
+Values boundsOf(const VatPeriod& period) {
+  return {period.from.addDays(period.takesFirstDay ? 0 : 1), period.to};
+}
 
 // Whole days of the period whose documents are read or written by one statement.
 struct Part {

@@ -23,12 +23,13 @@ struct VatJournal {
 const VatJournal& purchaseJournal();
 const VatJournal& salesJournal();
 
-/// The period of the journal. The first day itself is excluded: documents have no time of day, and the period
-/// begins one second after midnight. The last day is included.
+/// The period of the journal. Unless it is taken in, the first day itself is excluded: documents have no time
+/// of day, and the period begins one second after midnight. The last day is included.
 struct VatPeriod {
   QDate from;
   QDate to;
   bool subtractsStornos = false;  ///< stornos are included with the opposite sign
+  bool takesFirstDay = false;
 };
 
 /// The largest row number: the tables store 16 bits.

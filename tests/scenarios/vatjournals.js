@@ -37,6 +37,11 @@ has(text, "JURNAL PENTRU VANZARI", "01.01." + year + " - 31.12." + year, "ATELIE
 check(!text.includes("FC12"), "the first day");
 equal(sql("SELECT COUNT(*) AS N FROM kt_jvt")[0].N, 0);
 
+w.set("chkPrimaZi", true);
+w.click("cmdVisualizare");
+check(flat(printed()[1]).includes("FC12"), "the first day taken in");
+w.set("chkPrimaZi", false);
+
 // The table, numbered from the given number.
 w.type("txtNRC", "100");
 w.click("cmdCalcul");

@@ -71,7 +71,8 @@ void frmRapJTVA::addStornos(QFormLayout* rows) {
 
 void frmRapJTVA::countStornos() {
   if (!lblStorno_) return;
-  const int stornos = stornosOf(journal_, {DTPickerdela_->date(), DTPickerla_->date()});
+  const int stornos =
+      stornosOf(journal_, {DTPickerdela_->date(), DTPickerla_->date(), false, chkPrimaZi_->isChecked()});
   lblStorno_->setText(QStringLiteral("Stornari in perioada: %1").arg(stornos));
 }
 
@@ -89,9 +90,14 @@ QGroupBox* frmRapJTVA::periodFrame() {
       "Perioada incepe dupa miezul noptii acestei zile: documentele fara ora din aceasta zi nu "
       "intra in jurnal"));
   DTPickerla_ = dateBox("DTPickerla", QDate(year, 12, 31));
+  chkPrimaZi_ = named(new QCheckBox(QStringLiteral("Si prima zi")), "chkPrimaZi",
+                      "Documentele din prima zi intra in jurnal");
+  connect(chkPrimaZi_, &QCheckBox::toggled, this,
+          [this] { guarded(objectName(), "chkPrimaZi_Click", [this] { countStornos(); }); });
   auto* rows = new QFormLayout(frame);
   rows->addRow(QStringLiteral("De la "), DTPickerdela_);
   rows->addRow(QStringLiteral("Pana la"), DTPickerla_);
+  rows->addRow(chkPrimaZi_);
   return frame;
 }
 
@@ -136,7 +142,8 @@ void frmRapJTVA::run(void (frmRapJTVA::*command)()) {
 VatPeriod frmRapJTVA::period() const {
   DTPickerdela_->takeTyped();
   DTPickerla_->takeTyped();
-  return {DTPickerdela_->date(), DTPickerla_->date(), chkStorno_ && chkStorno_->isChecked()};
+  return {DTPickerdela_->date(), DTPickerla_->date(), chkStorno_ && chkStorno_->isChecked(),
+          chkPrimaZi_->isChecked()};
 }
 
 int frmRapJTVA::firstNumber() const {

@@ -46,6 +46,7 @@ class frmRapJTVA : public QWidget {
   NumberBox* txtNRC_;
   DateBox* DTPickerdela_;
   DateBox* DTPickerla_;
+  QCheckBox* chkPrimaZi_;
   QLabel* lblStare_;
   QCheckBox* chkStorno_ = nullptr;  ///< with lblStorno_; only in a journal that has stornos
   QLabel* lblStorno_ = nullptr;
