@@ -84,9 +84,9 @@ replied("OK", () => w.click("cmdDesign"), "Data de inceput trebuie sa fie mai mi
 w.close();
 
 open("mnuRapIesiri", "frmRapIesiri");
-has(pages(), "M1 Marfa intai Buc 7 20,00 140,00", "M2 Marfa a doua Buc 2 8,00 16,00", "TOTAL GENERAL 9 156,00");
+has(pages(), "M1 Marfa intai Buc 7,000 20,00 140,00", "M2 Marfa a doua Buc 2,000 8,00 16,00", "TOTAL GENERAL 9,000 156,00");
 w.set("ChkDetaliu", true);
-has(pages(), "Documentul AE9", "FC11", "TOTAL GENERAL 9 156,00");
+has(pages(), "Documentul AE9", "FC11", "TOTAL GENERAL 9,000 156,00");
 // The rows on the screen: sums, order by a heading, export, and the way to the document.
 w.click("cmdEcran");
 let screen = win("frmEcran");
@@ -115,7 +115,7 @@ text = pages();
 has(text, "3 BETA SA 16,00 8,00 0,00 8,00 50,00", "1 ALFA SRL 0,00 0,00 8,00 0,00 0,00");
 check(text.indexOf("BETA") < text.indexOf("ALFA"), "the largest first");
 w.set("chkComparatie", true);
-has(pages(), "3 BETA SA 16,00 8,00 200 8,00", "4 GAMA SRL 0,00 100,00 0 0,00", "TOTAL GENERAL 16,00 108,00");
+has(pages(), "3 BETA SA 16,00 8,00 200,0 8,00", "4 GAMA SRL 0,00 100,00 0,0 0,00", "TOTAL GENERAL 16,00 108,00");
 w.set("chkComparatie", false);
 w.pick("cboClientiDela", "3-BETA SA");
 w.pick("cboClientiLa", "1-ALFA SRL");
@@ -130,19 +130,19 @@ w.close();
 
 open("mnuRapAE", "frmRapAE");
 equal([w.value("DTPickerDeLa"), w.value("DTPickerPanala")], [year + "-01-01", today()], "to today");
-has(pages(), "AE9", "2 0,5 1,5 20,00 30,00");
+has(pages(), "AE9", "2,000 0,500 1,500 20,00 30,00");
 w.close();
 open("mnuRapComenziClienti", "frmRapComNelivCl");
-has(pages(), "Client: BETA SA", "3 1 2 8,00 16,00");
+has(pages(), "Client: BETA SA", "3,000 1,000 2,000 8,00 16,00");
 w.close();
 open("mnuRapComenziFurnizori", "frmRapComNelivFr");
 replied("OK", () => w.click("cmdVisualizare"), "Nu exista inregistrari");
 w.close();
 
 open("mnuRapUrmStoc", "frmRapUrmStoc");
-has(pages(), "M1 Marfa intai 1 0 14 7 7 70,00", "M1 Marfa intai 2 0 2 0 2 20,00", "Total M1 Marfa intai 0 16 7 9 90,00", "TOTAL GENERAL 0 21 9 12 102,00");
+has(pages(), "M1 Marfa intai 1 0,000 14,000 7,000 7,000 70,00", "M1 Marfa intai 2 0,000 2,000 0,000 2,000 20,00", "Total M1 Marfa intai 0,000 16,000 7,000 9,000 90,00", "TOTAL GENERAL 0,000 21,000 9,000 12,000 102,00");
 w.click("optGrupMag");
-has(pages(), "Magazie: Depozit", "Total Magazie: Depozit 0 2 0 2 20,00");
+has(pages(), "Magazie: Depozit", "Total Magazie: Depozit 0,000 2,000 0,000 2,000 20,00");
 w.click("optFamilie");
 replied("OK", () => w.click("cmdVisualizare"), "Selectati va rog o familie");
 w.pick("cboFamilie", "1-Marfuri");
@@ -151,27 +151,27 @@ shot("frmRapUrmStoc");
 w.close();
 
 open("mnuRapJurnalStoc", "frmRapJStoc");
-has(pages(), "M1 Marfa intai Buc 9 10,44 94,00 94,00", "M2 Marfa a doua Buc 3 4,00 12,00 12,00", "TOTAL GENERAL 12 106,00 106,00");
+has(pages(), "M1 Marfa intai Buc 9,000 10,44 94,00 94,00", "M2 Marfa a doua Buc 3,000 4,00 12,00 12,00", "TOTAL GENERAL 12,000 106,00 106,00");
 w.set("ckbStocReal", true);
 has(pages(), "Stoc real", "Diferente");
 w.close();
 
 open("mnuRapDisopnibil", "frmRapDisponibil");
-has(pages(), "M2 Marfa a doua 5 2 2 1 20,00 12,00 12,00", "M1 Marfa intai 16 7 0 9 20,00 94,00 94,00");
+has(pages(), "M2 Marfa a doua 5,000 2,000 2,000 1,000 20,00 12,00 12,00", "M1 Marfa intai 16,000 7,000 0,000 9,000 20,00 94,00 94,00");
 w.set("CheckContine", true);
 check(!w.value("optToate"), "cleared");
 w.type("TextLIKE", "%doua");
 lacks(pages(), "M1");
 w.set("CheckGrMagazie", true);
 w.type("TextLIKE", "Marfa i");
-has(pages(), "M1 Marfa intai 1 14 7 0 7", "M1 Marfa intai 2 2 0 0 2");
+has(pages(), "M1 Marfa intai 1 14,000 7,000 0,000 7,000", "M1 Marfa intai 2 2,000 0,000 0,000 2,000");
 w.click("optArticol");
 replied("OK", () => w.click("cmdVisualizare"), "Va rog selectati articolul");
 shot("frmRapDisponibil");
 w.close();
 
 open("mnuRapDescarcare", "frmRapDescarcare");
-has(pages(), "FC10 din 01.03." + year + ", ALFA SRL", "1 M1 Marfa intai 4 20,00 10,00 80,00 40,00 40,00", "-80,00 -40,00 -40,00", "TOTAL GENERAL 36,00 18,00 18,00");
+has(pages(), "FC10 din 01.03." + year + ", ALFA SRL", "1 M1 Marfa intai 4,000 20,00 10,00 80,00 40,00 40,00", "-80,00 -40,00 -40,00", "TOTAL GENERAL 36,00 18,00 18,00");
 equal(sql("SELECT NRCRT, POZITIE, NRCOMANDA FROM G_DESCAR ORDER BY NRCRT").map((row) => [row.NRCRT, row.POZITIE, row.NRCOMANDA]),
       [[1, 1, "FC10"], [2, 1, "BS5"], [3, 1, "FC11"], [4, 1, "FS12"]]);
 w.close();
