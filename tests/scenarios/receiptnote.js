@@ -52,7 +52,7 @@ seed();
 menu("mnuCumpNIR");
 saved("1", "M1", "4", "10");
 equal([lines.cell(0, "VALOAREFT"), lines.footer("VALOAREFTV")], ["40,00", "120,00"], "sums");
-check(!w.isEnabled("chkReturMf") && !w.isEnabled("cmdImportP") && !w.isVisible("fraComenzi"), "a typed note");
+check(!w.isEnabled("chkReturMf") && w.isEnabled("cmdImportP") && !w.isVisible("fraComenzi"), "a typed note");
 validated();
 equal(ledger("NR1"), ["I", 40, 4, 4, null], "a lot");
 equal(article("M1"), [4, 10, 200, 30], "stock, cost, mark-up of 20 on 10");

@@ -372,6 +372,18 @@ void frmGrila::saveHeader() {
   refreshDrafts();
 }
 
+QString frmGrila::numberForImport(const QString& missing, const QString& filled) {
+  if (editor_.isNew() || editor_.number().isEmpty()) throw RuleError(missing);
+  if (!editor_.lines().empty()) throw RuleError(filled);
+  return editor_.number();
+}
+
+void frmGrila::showImported() {
+  editor_.open(QString(editor_.number()));
+  showDocument();
+  refreshDrafts();
+}
+
 void frmGrila::Salvare() { editor_.save(header_->typed()); }
 
 void frmGrila::openSelected() {

@@ -89,6 +89,10 @@ class frmGrila : public QWidget {
   void run(const QString& procedure, const std::function<void()>& work);
   /// Stores the current header and shows it in the list of drafts.
   void saveHeader();
+  /// The number of the draft for an import of its lines. Throws RuleError without one, and with lines.
+  QString numberForImport(const QString& missing, const QString& filled);
+  /// Reads the draft again after an import.
+  void showImported();
   void recolourLines();
 
  private:

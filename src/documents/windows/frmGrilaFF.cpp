@@ -4,6 +4,7 @@
 #include <QPushButton>
 
 #include "config/windows/frmParamSoc.h"
+#include "documents/windows/frmImportXLS.h"
 #include "documents/windows/LineModel.h"
 #include "util/windows/Controls.h"
 #include "util/windows/WindowHost.h"
@@ -32,9 +33,17 @@ frmGrilaFF::frmGrilaFF(QWidget* parent) : frmGrila(QStringLiteral("FF"), parent)
   auto* import =
       makeButton("cmdImport", "Import",
                  "Import detalii din fisier EXCEL cu structura: COD,DENUMIRE,PRET,CANTITATE,ADAOS");
-  import->setEnabled(false);
+  connect(import, &QPushButton::clicked, this, [this] { run("cmdImport_Click", [this] { importLines(); }); });
   addCommand(import);
   addLegend();
+}
+
+void frmGrilaFF::importLines() {
+  LineImport invoice;
+  invoice.number = numberForImport(kNoInvoice, kHasLines);
+  invoice.supplier = editor().header().integer("CODFUR");
+  frmImportXLS(invoice, editor().header().date("DATAFAC"), this).exec();
+  showImported();
 }
 
 void frmGrilaFF::addLegend() {

@@ -15,6 +15,7 @@ class frmGrilaFF : public frmGrila {
   void ruleShown(const RuleError& rule) override;
 
  private:
+  void importLines();
   void addLegend();
 
   QString margin_;  ///< for colouring the lines

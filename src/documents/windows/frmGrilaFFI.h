@@ -12,6 +12,9 @@ class frmGrilaFFI : public frmGrila {
 
  protected:
   void fieldChosen(const QString& key) override;
+
+ private:
+  void importLines();
 };
 
 }  // namespace velmar

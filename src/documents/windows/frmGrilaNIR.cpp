@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "documents/LineSource.h"
+#include "documents/windows/frmReceptieXLS.h"
 #include "documents/windows/HeaderForm.h"
 #include "documents/windows/LineGrid.h"
 #include "util/Messages.h"
@@ -29,11 +30,22 @@ frmGrilaNIR::frmGrilaNIR(QWidget* parent) : frmGrila(QStringLiteral("NR"), paren
        "Observatii si fisier RECEPTIE.XLS"}};
   for (const auto& [name, toolTip] : imports) {
     auto* button = makeButton(name, QLatin1String(name).endsWith(u'P') ? "Plusuri" : "Minusuri", toolTip);
-    button->setEnabled(false);
+    const bool ofSurpluses = QLatin1String(name).endsWith(u'P');
+    connect(button, &QPushButton::clicked, this, [this, name, ofSurpluses] {
+      run(QLatin1String(name) + "_Click", [this, ofSurpluses] { importLot(ofSurpluses); });
+    });
     addCommand(button);
   }
   header()->control("OBS")->installEventFilter(this);
   enableReturn();
+}
+
+void frmGrilaNIR::importLot(bool ofSurpluses) {
+  const QString note = numberForImport(
+      "Va rog selectati un document NIR",
+      "Va rugam stergeti liniile de detalii inaintea importului, sau creati un document NIR nou");
+  frmReceptieXLS(note, ofSurpluses, this).exec();
+  showImported();
 }
 
 bool frmGrilaNIR::isReturn() { return header()->texts().value(kReturn) == kTicked; }

@@ -19,6 +19,7 @@ class frmGrilaNIR : public frmGrila {
   void fieldChosen(const QString& key) override;
 
  private:
+  void importLot(bool ofSurpluses);
   bool isReturn();
   void enableReturn();
 };

@@ -1,0 +1,334 @@
+#include "documents/SheetImport.h"
+
+#include "config/Lookups.h"
+#include "config/Session.h"
+#include "documents/kinds/Kinds.h"
+#include "store/Database.h"
+#include "store/ListRows.h"
+#include "store/Records.h"
+#include "store/Schema.h"
+#include "util/Errors.h"
+#include "util/NumberText.h"
+#include "util/SheetReader.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kMostSentences = 20;
+constexpr int kCodeWidth = 20;
+constexpr int kArticleName = 35;
+constexpr int kNewCodeDigits = 8;
+
+void requireColumns(const SheetTable& sheet, const QStringList& names) {
+  QStringList missing;
+  for (const QString& name : names)
+    if (!sheet.has(name)) missing.append(name);
+  if (!missing.isEmpty())
+    throw RuleError(
+        QStringLiteral("Din fisier lipsesc coloanele: %1").arg(missing.join(QStringLiteral(", "))));
+}
+
+// A draft may have been validated or filled by a colleague meanwhile.
+void requireEmptyDraft(const DocumentKind& kind, const QString& number) {
+  if (OpenRs(QStringLiteral("SELECT 1 AS FOUND FROM %1 WHERE %2 = ? AND VALIDAT = 0")
+                 .arg(kind.headerTable, kind.numberColumn),
+             {number})
+          .isEmpty())
+    throw RuleError(QStringLiteral("Documentul %1 nu mai este in lucru.").arg(number));
+  if (!OpenRs(QStringLiteral("SELECT 1 AS FOUND FROM %1 WHERE %2 = ? LIMIT 1")
+                  .arg(kind.lineTable, kind.numberColumn),
+              {number})
+           .isEmpty())
+    throw RuleError(QStringLiteral("Documentul %1 are deja linii.").arg(number));
+}
+
+struct FoundArticle {
+  QString code, unit;
+  Decimal vat;
+};
+
+// The articles of the import: those of the catalogue, and the new ones.
+class Catalogue {
+ public:
+  explicit Catalogue(const LineImport& choice) : choice_(choice) {
+    const DocumentKind& kind = documentKind(choice.kind);
+    const QString column = choice.kind == KindId::SupplierInvoice ? "BATVA1" : "BATVA";
+    rate_ = ProcentTVA(
+        OpenRs(
+            QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(column, kind.headerTable, kind.numberColumn),
+            {choice.number})
+            .first()
+            .integer(column));
+    for (const Row& row : OpenRs("SELECT CODART FROM G_ARTMAG")) {
+      const QString code = row.text("CODART").trimmed();
+      if (isNumericText(code)) lastCode_ = std::max(lastCode_, static_cast<qint64>(code.toDouble()));
+    }
+    lastId_ = OpenRs("SELECT MAX(ID) AS ID FROM G_ARTMAG").first().integer("ID");
+  }
+
+  std::optional<FoundArticle> find(const QString& column, const QString& code) const {
+    const Recordset found =
+        OpenRs(QStringLiteral("SELECT CODART, UM, COTATVA FROM G_ARTMAG WHERE %1 = ? ORDER BY CODART "
+                              "LIMIT 1")
+                   .arg(column),
+               {code});
+    if (found.isEmpty()) return std::nullopt;
+    const Row& article = found.first();
+    return FoundArticle{article.text("CODART"), article.text("UM"), article.decimal("COTATVA")};
+  }
+
+  QString nextCode() { return QStringLiteral("%1").arg(++lastCode_, kNewCodeDigits, 10, QLatin1Char('0')); }
+
+  FoundArticle add(const QString& code, const QString& suppliersCode, const QString& name,
+                   const QString& otherName, qint64 family, const Value& cost, const Value& price) {
+    QStringList columns{
+        "ID",         "CODMAGAZIE", "CODART",      "CODPRODFUR", "DENART",        "PROVENIENTA",
+        "UM",         "FAMART",     "COSTDEV",     "CODDEVIZA",  "CODDEVIZAVANZ", "PRETDEVIZAVANZ",
+        "CODFURNIZO", "COTATVA",    "DENALTALIMBA"};
+    Values values{
+        ++lastId_,        session().gMagazie, code,  suppliersCode,    name,  "M",      "BUC", family, cost,
+        choice_.currency, choice_.currency,   price, choice_.supplier, rate_, otherName};
+    if (!choice_.pallet.isEmpty()) {
+      columns.append("PALET");
+      values.emplace_back(choice_.pallet);
+    }
+    database().insertRows("G_ARTMAG", columns, {values});
+    return {code, "Buc", rate_};
+  }
+
+ private:
+  const LineImport& choice_;
+  Decimal rate_;
+  qint64 lastCode_ = 0;
+  qint64 lastId_ = 0;
+};
+
+qint64 existingFamily(const QString& code) {
+  if (OpenRs("SELECT COD FROM G_FAMART WHERE COD = ?", {code.toLongLong()}).isEmpty())
+    throw RuleError(
+        QStringLiteral("Familia cu codul %1 nu exista in Tabelul Familii. Import nereusit").arg(code));
+  return code.toLongLong();
+}
+
+/// The figures of a row; in lei unless told.
+struct Figures {
+  Decimal price, quantity, sale;  ///< as in the file
+  Decimal priceLei, saleLei;
+};
+
+std::optional<Figures> figuresOf(const SheetTable& sheet, int row, const Decimal& rate, const QString& code,
+                                 QStringList& leftOut) {
+  const QVariant price = sheet.number(row, "PRET");
+  const QVariant quantity = sheet.number(row, "CANTITATE");
+  const QVariant margin = sheet.number(row, "ADAOS");
+  const auto refuse = [&](const char* what) {
+    leftOut.append(QStringLiteral("Articolul %1: %2 nu este un numar").arg(code, QLatin1String(what)));
+    return std::nullopt;
+  };
+  if (price.isNull()) return refuse("pretul");
+  if (quantity.isNull()) return refuse("cantitatea");
+  if (margin.isNull() && !sheet.text(row, "ADAOS").isEmpty()) return refuse("adaosul");
+  Figures figures;
+  figures.price = Decimal::fromDouble(price.toDouble());
+  figures.quantity = Decimal::fromDouble(quantity.toDouble());
+  figures.sale = Decimal::fromDouble(margin.toDouble()) * figures.price + figures.price;
+  figures.priceLei = rate * figures.price;
+  figures.saleLei = rate * figures.sale;
+  return figures;
+}
+
+struct NewLine {
+  FoundArticle article;
+  QString name;
+  Figures figures;
+};
+
+void insertLines(const LineImport& choice, const std::vector<NewLine>& lines) {
+  const bool isImport = choice.kind != KindId::SupplierInvoice;
+  QStringList columns{"NUMFAC", "NRLINIE", "CODART", "DENUMIRE", "UM", "CANT", "PRETVA", "VALOAREFT"};
+  columns += isImport ? QStringList{"PRETVAL",    "PRET",  "VALOARE", "VALOAREVAL", "VALTVA", "VALCHTR",
+                                    "VALCUTRANS", "PVAMA", "VALVAMA", "COST",       "COSTVAL"}
+                      : QStringList{"PRETFT", "VALOARETVA", "VALOARETTI"};
+  if (!choice.pallet.isEmpty()) columns.append("PALET");
+  std::vector<Values> rows;
+  for (const NewLine& line : lines) {
+    const Figures& each = line.figures;
+    const Decimal value = each.priceLei * each.quantity;
+    const Decimal vat = value * line.article.vat / 100;
+    Values values{choice.number,     static_cast<qint64>(rows.size() + 1),
+                  line.article.code, line.name,
+                  line.article.unit, each.quantity,
+                  each.saleLei,      value};
+    if (isImport)
+      values.insert(values.end(),
+                    {each.price, each.priceLei, value, each.price * each.quantity, vat, 0, 0, 0, 0, 0, 0});
+    else
+      values.insert(values.end(), {each.priceLei, vat, value + vat});
+    if (!choice.pallet.isEmpty()) values.emplace_back(choice.pallet);
+    rows.push_back(std::move(values));
+  }
+  if (!rows.empty()) database().insertRows(documentKind(choice.kind).lineTable, columns, rows);
+}
+
+// The first that is missing stops the import before the file is read.
+void requireChoice(const LineImport& choice) {
+  if (!choice.pallet.isEmpty() && !OpenRs("SELECT 1 AS FOUND FROM G_LDOCUM AS L INNER JOIN G_DOCUME AS D ON "
+                                          "D.ID = L.DOCID WHERE L.PALET = ? AND "
+                                          "D.TIPIE = 'I' LIMIT 1",
+                                          {choice.pallet})
+                                       .isEmpty())
+    throw RuleError(QStringLiteral("Pentru acest palet a fost deja emisa factura de intrare. "));
+  if (choice.isForeign && !choice.rate)
+    throw RuleError(QStringLiteral("Va rugam introduceti cursul "), "CURS");
+  if (!choice.familyFromFile && choice.family.isEmpty())
+    throw RuleError(QStringLiteral("Va rugam precizati familia"), "FAMILIE");
+}
+
+}  // namespace
+
+QString leftOutText(const QStringList& sentences) {
+  QString text = sentences.mid(0, kMostSentences).join(u'\n');
+  if (sentences.size() > kMostSentences)
+    text += QStringLiteral("\n... si inca %1").arg(sentences.size() - kMostSentences);
+  return text;
+}
+
+QStringList importLines(const LineImport& choice, const QString& path, const Progress& progress) {
+  requireChoice(choice);
+  const SheetTable sheet = readSheet(path);
+  QStringList columns{"COD", "DENUMIRE", "DENUMIRE2", "PRET", "CANTITATE", "ADAOS"};
+  if (choice.familyFromFile) columns += {"CODI", "FAM"};
+  requireColumns(sheet, columns);
+  const Decimal rate = choice.isForeign ? *choice.rate : Decimal(1);
+  QStringList leftOut;
+  std::vector<NewLine> lines;
+  Transaction transaction(database());
+  requireEmptyDraft(documentKind(choice.kind), choice.number);
+  Catalogue catalogue(choice);
+  for (int row = 0; row < sheet.size(); ++row) {
+    report(progress, row, sheet.size());
+    const QString key = sheet.text(row, choice.familyFromFile ? "CODI" : "COD").left(kCodeWidth).trimmed();
+    if (key.isEmpty()) {
+      leftOut.append(QStringLiteral("Articolul %1 nu poate fi importat").arg(key));
+      continue;
+    }
+    const QString suppliersCode = sheet.text(row, "COD").left(kCodeWidth).trimmed();
+    const QString name = sheet.text(row, "DENUMIRE").left(kArticleName);
+    const QString otherName = sheet.text(row, "DENUMIRE2").left(kArticleName);
+    const qint64 family = existingFamily(choice.familyFromFile ? sheet.text(row, "FAM") : choice.family);
+    const auto figures = figuresOf(sheet, row, rate, key, leftOut);
+    if (!figures) continue;
+    if (name.isEmpty()) {
+      leftOut.append(QStringLiteral("Articolul %1 nu are denumire").arg(key));
+      continue;
+    }
+    auto article = catalogue.find(choice.familyFromFile ? "CODART" : "CODPRODFUR", key);
+    if (article) {
+      ExecutaSql("UPDATE G_ARTMAG SET DENALTALIMBA = ? WHERE CODART = ?", {otherName, article->code});
+    } else {
+      const QString code = choice.familyFromFile    ? key
+                           : choice.codeIsSuppliers ? suppliersCode
+                                                    : catalogue.nextCode();
+      if (catalogue.find("CODART", code)) {
+        leftOut.append(QStringLiteral("Codul %1 este al altui articol").arg(code));
+        continue;
+      }
+      article = catalogue.add(code, suppliersCode, name, otherName, family, figures->price, figures->sale);
+    }
+    if (figures->quantity > 0) lines.push_back({*article, name, *figures});
+  }
+  insertLines(choice, lines);
+  transaction.commit();
+  return leftOut;
+}
+
+LotResult importLot(const LotCount& count, const QString& path) {
+  const QString lot = count.lot.trimmed();
+  if (lot.isEmpty())
+    throw RuleError(
+        QStringLiteral(
+            "Va rog introduceti numar lot. Acesta trebuie sa se regaseasca in campul Observatii al "
+            "unor facturi de import validate"),
+        "LOT");
+  const SheetTable sheet = readSheet(path);
+  requireColumns(sheet, {"CODARTICOL", "CANTITATE"});
+  LotResult result;
+  std::vector<std::pair<QString, Decimal>> counted;  // by supplier's code, in the order of the file
+  for (int row = 0; row < sheet.size(); ++row) {
+    const QString code = sheet.text(row, "CODARTICOL").left(kCodeWidth).trimmed();
+    const QVariant quantity = sheet.number(row, "CANTITATE");
+    if (code.isEmpty()) {
+      result.leftOut.append(QStringLiteral("Importul nu s-a putut realiza"));
+      continue;
+    }
+    if (quantity.isNull()) {
+      result.leftOut.append(QStringLiteral("Articolul %1: cantitatea nu este un numar").arg(code));
+      continue;
+    }
+    const auto same = std::find_if(counted.begin(), counted.end(), [&code](const auto& each) {
+      return each.first.compare(code, Qt::CaseInsensitive) == 0;
+    });
+    const Decimal found = Decimal::fromDouble(quantity.toDouble());
+    if (same == counted.end())
+      counted.emplace_back(code, found);
+    else
+      same->second += found;
+  }
+  const DocumentKind& note = documentKind(KindId::ReceiptNote);
+  Transaction transaction(database());
+  requireEmptyDraft(note, count.note);
+  ExecutaSql("DELETE FROM G_LNRFUR_REC");
+  std::vector<Values> rows;
+  for (const auto& [code, quantity] : counted) {
+    const Recordset article =
+        OpenRs("SELECT CODART FROM G_ARTMAG WHERE CODPRODFUR = ? ORDER BY CODART LIMIT 1", {code});
+    if (article.isEmpty()) {
+      result.leftOut.append(QStringLiteral("Articolul %1 nu exista in tabela Articole").arg(code));
+      continue;
+    }
+    rows.push_back(
+        {count.note, static_cast<qint64>(rows.size() + 1), article.first().text("CODART"), quantity});
+  }
+  if (!rows.empty()) database().insertRows("G_LNRFUR_REC", {"NUMNR", "NRLINIE", "CODART", "CANT"}, rows);
+  const Condition inLot = beginsWith("D.OBS", lot);
+  Values values = inLot.values;
+  values.emplace_back(session().gMagazie);
+  const Recordset compared = OpenRs(
+      "SELECT L.ARTID AS ARTID, ROUND_EVEN(SUM(L.CANT), 3) AS CANTFAC, R.CANT AS CANTREC, L.PRETFT AS "
+      "PRETFT, A.DENART AS "
+      "DENART, A.UM AS UM, COALESCE(A.PretVanzare, 0) AS PRETVANZARE FROM G_DOCUME AS D INNER JOIN G_LDOCUM "
+      "AS L ON "
+      "L.DOCID = D.ID INNER JOIN (SELECT CODART, SUM(CANT) AS CANT FROM G_LNRFUR_REC GROUP BY CODART) AS R "
+      "ON R.CODART = "
+      "L.ARTID INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID WHERE (" +
+          inLot.sql +
+          ") AND D.CODMAG = ? GROUP BY L.ARTID, R.CANT, L.PRETFT, A.DENART, A.UM, A.PretVanzare ORDER BY "
+          "L.ARTID, "
+          "L.PRETFT",
+      values);
+  std::vector<Values> lines;
+  for (const Row& row : compared) {
+    const Decimal difference = Round(row.decimal("CANTREC") - row.decimal("CANTFAC"), 3);
+    if (difference.isZero() || (difference < 0) == count.ofSurpluses) continue;
+    lines.push_back({count.note, static_cast<qint64>(lines.size() + 1), row.text("ARTID"), difference,
+                     row.decimal("PRETFT"), row.decimal("CANTFAC"), row.text("DENART"), row.text("UM"),
+                     row.decimal("PRETVANZARE"), row.decimal("CANTREC").toString(),
+                     row.decimal("PRETFT") * difference});
+  }
+  if (!lines.empty())
+    database().insertRows("G_LNRFUR",
+                          {"NUMNR", "NRLINIE", "CODART", "CANT", "PRETFT", "QTECOM", "DENUMIRE", "UM",
+                           "PRETFTV", "NUMCOM", "VALOAREFT"},
+                          lines);
+  result.isCompared = !compared.isEmpty();
+  if (result.isCompared) {
+    const QString remark = (count.ofSurpluses ? "Receptie plusuri - " : "Constatare diferente - ") + lot;
+    ExecutaSql("UPDATE G_NRFURN SET OBS = ? WHERE NUMNR = ?",
+               {remark.left(companyTable("G_NRFURN").column("OBS")->width), count.note});
+  }
+  transaction.commit();
+  return result;
+}
+
+}  // namespace velmar

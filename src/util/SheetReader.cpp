@@ -1,0 +1,105 @@
+#include "util/SheetReader.h"
+
+#include <cmath>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include "util/Decimal.h"
+#include "util/Errors.h"
+#include "util/NumberText.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr int kPatience = 60'000;  // milliseconds
+constexpr double kLargestExact = 9e15;
+
+// Beside the program, or above it in a build folder.
+QString readerProgram() {
+  QDir folder(QCoreApplication::applicationDirPath());
+  for (int level = 0; level < 3; ++level) {
+    const QString path = folder.filePath(QStringLiteral("velmar_sheet"));
+    if (QFileInfo(path).isExecutable()) return path;
+    folder.cdUp();
+  }
+  throw StoreError(0, QStringLiteral("Lipseste programul velmar_sheet"));
+}
+
+RuleError unreadable(const QString& path, const QString& reason) {
+  return RuleError(
+      QStringLiteral("Fisierul %1 nu poate fi citit. %2").arg(QDir::toNativeSeparators(path), reason));
+}
+
+QJsonObject parsed(const QString& path) {
+  QProcess reader;
+  reader.start(readerProgram(), {path});
+  if (!reader.waitForFinished(kPatience)) {
+    reader.kill();
+    reader.waitForFinished();
+    throw unreadable(path, QStringLiteral("Citirea a durat prea mult."));
+  }
+  const QJsonDocument document = QJsonDocument::fromJson(reader.readAllStandardOutput());
+  if (reader.exitStatus() != QProcess::NormalExit || !document.isObject())
+    throw unreadable(path, QStringLiteral("Fisierul este deteriorat sau prea mare."));
+  const QJsonObject sheet = document.object();
+  if (sheet.contains(QStringLiteral("error")))
+    throw unreadable(path, sheet[QStringLiteral("error")].toString());
+  return sheet;
+}
+
+}  // namespace
+
+QVariant SheetTable::cell(int row, const QString& column) const {
+  const int place = columns_.value(column.toUpper(), -1);
+  const auto& cells = rows_[static_cast<size_t>(row)];
+  return place < 0 || place >= static_cast<int>(cells.size()) ? QVariant()
+                                                              : cells[static_cast<size_t>(place)];
+}
+
+QString SheetTable::text(int row, const QString& column) const {
+  const QVariant value = cell(row, column);
+  if (value.typeId() != QMetaType::Double) return value.toString().trimmed();
+  const double number = value.toDouble();
+  if (std::floor(number) == number && std::abs(number) < kLargestExact)
+    return QString::number(static_cast<qint64>(number));
+  return QString::number(number, 'g', 15);
+}
+
+QVariant SheetTable::number(int row, const QString& column) const {
+  const QVariant value = cell(row, column);
+  if (value.typeId() == QMetaType::Double) return value;
+  const auto typed = parseNumber(value.toString().trimmed());
+  return typed ? QVariant(typed->toDouble()) : QVariant();
+}
+
+SheetTable readSheet(const QString& path) {
+  const QJsonArray rows = parsed(path)[QStringLiteral("rows")].toArray();
+  SheetTable table;
+  bool isHeading = true;
+  for (const QJsonValue& each : rows) {
+    const QJsonArray cells = each.toArray();
+    std::vector<QVariant> row;
+    for (const QJsonValue& cell : cells) row.push_back(cell.isNull() ? QVariant() : cell.toVariant());
+    if (isHeading) {
+      for (int i = 0; i < static_cast<int>(row.size()); ++i) {
+        const QString name = row[static_cast<size_t>(i)].toString().trimmed().toUpper();
+        if (!name.isEmpty() && !table.columns_.contains(name)) table.columns_[name] = i;
+      }
+      isHeading = false;
+      continue;
+    }
+    const bool isEmpty = std::all_of(
+        row.begin(), row.end(), [](const QVariant& cell) { return cell.toString().trimmed().isEmpty(); });
+    if (!isEmpty) table.rows_.push_back(std::move(row));
+  }
+  if (table.columns_.isEmpty()) throw unreadable(path, QStringLiteral("Foaia este goala."));
+  return table;
+}
+
+}  // namespace velmar
