@@ -5,7 +5,6 @@
 #include "documents/kinds/Kinds.h"
 #include "store/Database.h"
 #include "store/ListRows.h"
-#include "store/Records.h"
 #include "store/Schema.h"
 #include "util/Errors.h"
 #include "util/NumberText.h"
@@ -48,68 +47,86 @@ struct FoundArticle {
   Decimal vat;
 };
 
-// The articles of the import: those of the catalogue, and the new ones.
+// The articles of the import: those of the catalogue, read once, and the new ones, written at the end.
 class Catalogue {
  public:
   explicit Catalogue(const LineImport& choice) : choice_(choice) {
     const DocumentKind& kind = documentKind(choice.kind);
     const QString column = choice.kind == KindId::SupplierInvoice ? "BATVA1" : "BATVA";
-    rate_ = ProcentTVA(
-        OpenRs(
-            QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(column, kind.headerTable, kind.numberColumn),
-            {choice.number})
-            .first()
-            .integer(column));
-    for (const Row& row : OpenRs("SELECT CODART FROM G_ARTMAG")) {
+    const QString rateOf =
+        QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(column, kind.headerTable, kind.numberColumn);
+    rate_ = ProcentTVA(OpenRs(rateOf, {choice.number}).first().integer(column));
+    for (const Row& row : OpenRs("SELECT COD FROM G_FAMART")) families_.insert(row.integer("COD"));
+    for (const Row& row :
+         OpenRs("SELECT CODART, CODPRODFUR, UM, COTATVA, ID FROM G_ARTMAG ORDER BY CODART")) {
+      remember({row.text("CODART"), row.text("UM"), row.decimal("COTATVA")}, row.text("CODPRODFUR"));
       const QString code = row.text("CODART").trimmed();
       if (isNumericText(code)) lastCode_ = std::max(lastCode_, static_cast<qint64>(code.toDouble()));
+      lastId_ = std::max(lastId_, row.integer("ID"));
     }
-    lastId_ = OpenRs("SELECT MAX(ID) AS ID FROM G_ARTMAG").first().integer("ID");
   }
 
-  std::optional<FoundArticle> find(const QString& column, const QString& code) const {
-    const Recordset found =
-        OpenRs(QStringLiteral("SELECT CODART, UM, COTATVA FROM G_ARTMAG WHERE %1 = ? ORDER BY CODART "
-                              "LIMIT 1")
-                   .arg(column),
-               {code});
-    if (found.isEmpty()) return std::nullopt;
-    const Row& article = found.first();
-    return FoundArticle{article.text("CODART"), article.text("UM"), article.decimal("COTATVA")};
+  std::optional<FoundArticle> byCode(const QString& code) const { return found(byCode_, code); }
+  /// Of several the first one.
+  std::optional<FoundArticle> bySuppliersCode(const QString& code) const {
+    return found(bySuppliersCode_, code);
+  }
+
+  qint64 family(const QString& code) const {
+    if (!families_.contains(code.toLongLong()))
+      throw RuleError(
+          QStringLiteral("Familia cu codul %1 nu exista in Tabelul Familii. Import nereusit").arg(code));
+    return code.toLongLong();
   }
 
   QString nextCode() { return QStringLiteral("%1").arg(++lastCode_, kNewCodeDigits, 10, QLatin1Char('0')); }
 
+  void setOtherName(const QString& code, const QString& name) { otherNames_.push_back({name, code}); }
+
   FoundArticle add(const QString& code, const QString& suppliersCode, const QString& name,
                    const QString& otherName, qint64 family, const Value& cost, const Value& price) {
+    Values values{
+        ++lastId_,        session().gMagazie, code,  suppliersCode,    name,  "M",      "BUC", family, cost,
+        choice_.currency, choice_.currency,   price, choice_.supplier, rate_, otherName};
+    if (!choice_.pallet.isEmpty()) values.emplace_back(choice_.pallet);
+    added_.push_back(std::move(values));
+    const FoundArticle article{code, "Buc", rate_};
+    remember(article, suppliersCode);
+    return article;
+  }
+
+  void write() const {
     QStringList columns{
         "ID",         "CODMAGAZIE", "CODART",      "CODPRODFUR", "DENART",        "PROVENIENTA",
         "UM",         "FAMART",     "COSTDEV",     "CODDEVIZA",  "CODDEVIZAVANZ", "PRETDEVIZAVANZ",
         "CODFURNIZO", "COTATVA",    "DENALTALIMBA"};
-    Values values{
-        ++lastId_,        session().gMagazie, code,  suppliersCode,    name,  "M",      "BUC", family, cost,
-        choice_.currency, choice_.currency,   price, choice_.supplier, rate_, otherName};
-    if (!choice_.pallet.isEmpty()) {
-      columns.append("PALET");
-      values.emplace_back(choice_.pallet);
-    }
-    database().insertRows("G_ARTMAG", columns, {values});
-    return {code, "Buc", rate_};
+    if (!choice_.pallet.isEmpty()) columns.append("PALET");
+    if (!added_.empty()) database().insertRows("G_ARTMAG", columns, added_);
+    database().executeEach("UPDATE G_ARTMAG SET DENALTALIMBA = ? WHERE CODART = ?", otherNames_);
   }
 
  private:
+  using Articles = QHash<QString, FoundArticle>;
+
+  static std::optional<FoundArticle> found(const Articles& articles, const QString& code) {
+    const auto article = articles.constFind(code.toUpper());
+    return article == articles.constEnd() ? std::nullopt : std::optional(*article);
+  }
+
+  void remember(const FoundArticle& article, const QString& suppliersCode) {
+    byCode_.insert(article.code.toUpper(), article);
+    const QString key = suppliersCode.trimmed().toUpper();
+    if (!key.isEmpty() && !bySuppliersCode_.contains(key)) bySuppliersCode_.insert(key, article);
+  }
+
   const LineImport& choice_;
   Decimal rate_;
+  QSet<qint64> families_;
+  Articles byCode_, bySuppliersCode_;
+  std::vector<Values> added_, otherNames_;
   qint64 lastCode_ = 0;
   qint64 lastId_ = 0;
 };
-
-qint64 existingFamily(const QString& code) {
-  if (OpenRs("SELECT COD FROM G_FAMART WHERE COD = ?", {code.toLongLong()}).isEmpty())
-    throw RuleError(
-        QStringLiteral("Familia cu codul %1 nu exista in Tabelul Familii. Import nereusit").arg(code));
-  return code.toLongLong();
-}
 
 /// The figures of a row; in lei unless told.
 struct Figures {
@@ -216,21 +233,21 @@ QStringList importLines(const LineImport& choice, const QString& path, const Pro
     const QString suppliersCode = sheet.text(row, "COD").left(kCodeWidth).trimmed();
     const QString name = sheet.text(row, "DENUMIRE").left(kArticleName);
     const QString otherName = sheet.text(row, "DENUMIRE2").left(kArticleName);
-    const qint64 family = existingFamily(choice.familyFromFile ? sheet.text(row, "FAM") : choice.family);
+    const qint64 family = catalogue.family(choice.familyFromFile ? sheet.text(row, "FAM") : choice.family);
     const auto figures = figuresOf(sheet, row, rate, key, leftOut);
     if (!figures) continue;
     if (name.isEmpty()) {
       leftOut.append(QStringLiteral("Articolul %1 nu are denumire").arg(key));
       continue;
     }
-    auto article = catalogue.find(choice.familyFromFile ? "CODART" : "CODPRODFUR", key);
+    auto article = choice.familyFromFile ? catalogue.byCode(key) : catalogue.bySuppliersCode(key);
     if (article) {
-      ExecutaSql("UPDATE G_ARTMAG SET DENALTALIMBA = ? WHERE CODART = ?", {otherName, article->code});
+      catalogue.setOtherName(article->code, otherName);
     } else {
       const QString code = choice.familyFromFile    ? key
                            : choice.codeIsSuppliers ? suppliersCode
                                                     : catalogue.nextCode();
-      if (catalogue.find("CODART", code)) {
+      if (catalogue.byCode(code)) {
         leftOut.append(QStringLiteral("Codul %1 este al altui articol").arg(code));
         continue;
       }
@@ -238,7 +255,9 @@ QStringList importLines(const LineImport& choice, const QString& path, const Pro
     }
     if (figures->quantity > 0) lines.push_back({*article, name, *figures});
   }
+  catalogue.write();
   insertLines(choice, lines);
+
   transaction.commit();
   return leftOut;
 }
