@@ -27,6 +27,9 @@ w.grid("grdCiorne").select(0);
 w.press("grdCiorne", "Enter");
 check(isOpen("frmGrilaFC2"), "the way to the drafts");
 win("frmGrilaFC2").close();
+w.click("lblLuna");
+equal(win("frmLDoc").grid("grdParent").column("ID").slice().sort(), ["BS2", "FC1", "FC4", "FF6", "FS3"], "the documents of the month");
+win("frmLDoc").close();
 w.set("chkLaPornire", true);
 w.close();
 

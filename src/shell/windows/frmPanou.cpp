@@ -43,10 +43,11 @@ void openWindow(const QString& window) {
   if (windowHost()) windowHost()->showOffered(window);
 }
 
-void openDocuments(const QString& column, const QString& value) {
+// The documents of these days.
+void openDocuments(const QDate& from, const QDate& to) {
   if (!windowHost()) return;
   if (auto* browser = qobject_cast<BrowserForm*>(windowHost()->showOffered("frmLDoc")))
-    browser->showOnly(column, value);
+    browser->showOnly("DATADOC", formatDate(from), from == to ? QString() : formatDate(to));
 }
 
 }  // namespace
@@ -111,27 +112,31 @@ bool frmPanou::isWantedAtStart() { return settings::look(kAtStart).toBool(); }
 QWidget* frmPanou::salesFrame() {
   auto* frame = new QGroupBox("Vanzari cu TVA (lei)");
   auto* rows = new QFormLayout(frame);
-  const auto add = [this, rows](const QString& caption, QLabel* figure, int daysAgo) {
+  const auto add = [this, rows](const QString& caption, QLabel* figure, QDate (*from)(), QDate (*to)()) {
     auto* open = makeButton({}, "...", "Documentele");
     open->setAutoDefault(false);
     open->setMaximumWidth(fontMetrics().averageCharWidth() * 6);
-    connect(open, &QPushButton::clicked, this, [this, daysAgo] {
-      guarded(objectName(), "lblAzi_Click",
-              [daysAgo] { openDocuments("DATADOC", formatDate(clock::today().addDays(-daysAgo))); });
-    });
-    auto* line = new QHBoxLayout;
-    line->addWidget(figure, 1);
-    if (daysAgo >= 0) line->addWidget(open);
-    if (daysAgo < 0) delete open;
-    rows->addRow(caption, line);
+    const auto show = [this, from, to] {
+      guarded(objectName(), "lblAzi_Click", [from, to] { openDocuments(from(), to()); });
+    };
+    connect(open, &QPushButton::clicked, this, show);
+    clicked_[figure] = show;
+    figure->setCursor(Qt::PointingHandCursor);
+    figure->installEventFilter(this);
     figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QFont font = figure->font();
     font.setBold(true);
     figure->setFont(font);
+    auto* line = new QHBoxLayout;
+    line->addWidget(figure, 1);
+    line->addWidget(open);
+    rows->addRow(caption, line);
   };
-  add("Astazi", lblAzi_, 0);
-  add("Luna aceasta", lblLuna_, -1);
-  add("Acum sapte zile", lblAcumSapte_, 7);
+  const auto weekAgo = [] { return clock::today().addDays(-7); };
+  const auto monthStart = [] { return QDate(clock::today().year(), clock::today().month(), 1); };
+  add("Astazi", lblAzi_, clock::today, clock::today);
+  add("Luna aceasta", lblLuna_, monthStart, clock::today);
+  add("Acum sapte zile", lblAcumSapte_, weekAgo, weekAgo);
   lblEFactura_->hide();
   rows->addRow(lblEFactura_);
   return frame;
@@ -155,6 +160,12 @@ QWidget* frmPanou::listFrame(const QString& caption, TDBGrid* grid, const std::f
 void frmPanou::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   read();
+}
+
+// A figure is clicked like its button.
+bool frmPanou::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonRelease && clicked_.contains(watched)) clicked_[watched]();
+  return QWidget::eventFilter(watched, event);
 }
 
 void frmPanou::read() {

@@ -2,6 +2,8 @@
 // its list.
 #pragma once
 
+#include <functional>
+#include <QHash>
 #include <QWidget>
 
 class QBoxLayout;
@@ -22,6 +24,7 @@ class frmPanou : public QWidget {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QWidget* salesFrame();
@@ -36,6 +39,7 @@ class frmPanou : public QWidget {
   TDBGrid* grdCiorne_;
   TDBGrid* grdMinim_;
   TDBGrid* grdComenzi_;
+  QHash<QObject*, std::function<void()>> clicked_;  ///< of the figures
 };
 
 }  // namespace velmar

@@ -144,8 +144,8 @@ void BrowserForm::search() {
   if (list()->rows().size() == 0) say("Nicio inregistrare nu indeplineste conditia cautarii.");
 }
 
-void BrowserForm::showOnly(const QString& column, const QString& value) {
-  filter_->setCondition(column, value);
+void BrowserForm::showOnly(const QString& column, const QString& value, const QString& last) {
+  filter_->setCondition(column, value, last);
   search();
 }
 

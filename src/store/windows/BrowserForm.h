@@ -25,8 +25,9 @@ class BrowserForm : public ListForm {
  public:
   BrowserForm(const QString& name, const QString& title, QWidget* parent);
 
-  /// Shows the rows with that value in a column that the filter offers, as the user could.
-  void showOnly(const QString& column, const QString& value);
+  /// Shows the rows with that value in a column that the filter offers, or with one from `value` to `last`,
+  /// as the user could.
+  void showOnly(const QString& column, const QString& value, const QString& last = {});
 
  protected:
   struct Listed {

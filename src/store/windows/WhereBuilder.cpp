@@ -193,11 +193,12 @@ void WhereBuilder::clear() {
   fieldChosen();
 }
 
-void WhereBuilder::setCondition(const QString& column, const QString& value) {
+void WhereBuilder::setCondition(const QString& column, const QString& value, const QString& last) {
   clear();
   for (const FilterField& field : fields_) {
     if (field.column.compare(column, Qt::CaseInsensitive) != 0) continue;
-    filter_.add({field, Comparison::Equal, value, {}, field.choices ? QVariant(value) : QVariant()});
+    filter_.add({field, last.isEmpty() ? Comparison::Equal : Comparison::Between, value, last,
+                 field.choices ? QVariant(value) : QVariant()});
     lblConditie_->setText(filter_.text());
   }
 }

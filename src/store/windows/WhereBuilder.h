@@ -28,7 +28,7 @@ class WhereBuilder : public QWidget {
   Condition condition();
 
   /// Replaces the condition: the field of that column has that value, as it is stored.
-  void setCondition(const QString& column, const QString& value);
+  void setCondition(const QString& column, const QString& value, const QString& last = {});
 
  public slots:
   void clear();
