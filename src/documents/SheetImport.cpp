@@ -298,16 +298,19 @@ LotResult importLot(const LotCount& count, const QString& path) {
   Transaction transaction(database());
   requireEmptyDraft(note, count.note);
   ExecutaSql("DELETE FROM G_LNRFUR_REC");
+  QHash<QString, QString> articles;  // the first of each supplier's code
+  for (const Row& row :
+       OpenRs("SELECT CODART, CODPRODFUR FROM G_ARTMAG WHERE CODPRODFUR <> '' ORDER BY CODART")) {
+    const QString key = row.text("CODPRODFUR").trimmed().toUpper();
+    if (!articles.contains(key)) articles.insert(key, row.text("CODART"));
+  }
   std::vector<Values> rows;
   for (const auto& [code, quantity] : counted) {
-    const Recordset article =
-        OpenRs("SELECT CODART FROM G_ARTMAG WHERE CODPRODFUR = ? ORDER BY CODART LIMIT 1", {code});
-    if (article.isEmpty()) {
+    const QString article = articles.value(code.toUpper());
+    if (article.isEmpty())
       result.leftOut.append(QStringLiteral("Articolul %1 nu exista in tabela Articole").arg(code));
-      continue;
-    }
-    rows.push_back(
-        {count.note, static_cast<qint64>(rows.size() + 1), article.first().text("CODART"), quantity});
+    else
+      rows.push_back({count.note, static_cast<qint64>(rows.size() + 1), article, quantity});
   }
   if (!rows.empty()) database().insertRows("G_LNRFUR_REC", {"NUMNR", "NRLINIE", "CODART", "CANT"}, rows);
   const Condition inLot = beginsWith("D.OBS", lot);
