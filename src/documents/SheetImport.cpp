@@ -90,7 +90,7 @@ class Catalogue {
         choice_.currency, choice_.currency,   price, choice_.supplier, rate_, otherName};
     if (!choice_.pallet.isEmpty()) values.emplace_back(choice_.pallet);
     added_.push_back(std::move(values));
-    const FoundArticle article{code, "Buc", rate_};
+    FoundArticle article{code, "Buc", rate_};
     remember(article, suppliersCode);
     return article;
   }
@@ -217,7 +217,7 @@ QStringList importLines(const LineImport& choice, const QString& path, const Pro
   QStringList columns{"COD", "DENUMIRE", "DENUMIRE2", "PRET", "CANTITATE", "ADAOS"};
   if (choice.familyFromFile) columns += {"CODI", "FAM"};
   requireColumns(sheet, columns);
-  const Decimal rate = choice.isForeign ? *choice.rate : Decimal(1);
+  const Decimal rate = choice.isForeign ? choice.rate.value_or(1) : Decimal(1);
   QStringList leftOut;
   std::vector<NewLine> lines;
   Transaction transaction(database());

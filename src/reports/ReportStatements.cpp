@@ -313,6 +313,7 @@ Recordset labelRows(const ReportChoice& choice) {
   Recordset rows(std::make_shared<Columns>(articles.columns() + QStringList{QStringLiteral("CODEAN")}));
   for (const Row& article : articles) {
     std::vector<QVariant> cells;
+    cells.reserve(static_cast<size_t>(articles.columns().size()) + 1);
     for (int i = 0; i < articles.columns().size(); ++i) cells.push_back(article.at(i));
     const QString code = article.text("CODART").trimmed();
     cells.emplace_back(isEan13(code) ? code : QString());

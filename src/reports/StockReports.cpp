@@ -391,6 +391,7 @@ bool isCompared(const StockReport& report, const ReportChoice& choice) {
 
 std::vector<QVariant> cellsOf(const Row& row) {
   std::vector<QVariant> cells;
+  cells.reserve(static_cast<size_t>(row.columns().size()));
   for (int i = 0; i < row.columns().size(); ++i) cells.push_back(row.at(i));
   return cells;
 }

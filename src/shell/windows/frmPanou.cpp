@@ -1,6 +1,7 @@
 #include "shell/windows/frmPanou.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QPushButton>

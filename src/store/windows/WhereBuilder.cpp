@@ -1,6 +1,7 @@
 #include "store/windows/WhereBuilder.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
