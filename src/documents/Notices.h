@@ -12,7 +12,7 @@ class Notices {
   /// one message that names both.
   void tell(const QString& text, const QString& subject = {});
   bool isEmpty() const { return notices_.empty(); }
-  /// The messages in the order in which they were first told; subjects are joined by ", ".
+  /// The messages in the order in which they were first added; subjects are joined by ", ".
   QStringList texts() const;
   /// Shows the messages and forgets them.
   void say();

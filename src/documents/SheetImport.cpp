@@ -128,9 +128,9 @@ class Catalogue {
   qint64 lastId_ = 0;
 };
 
-/// The figures of a row; in lei unless told.
+/// The figures of a row.
 struct Figures {
-  Decimal price, quantity, sale;  ///< as in the file
+  Decimal price, quantity, sale;  ///< in the currency of the file
   Decimal priceLei, saleLei;
 };
 

@@ -40,7 +40,7 @@ struct LotCount {
 };
 
 struct LotResult {
-  bool isCompared = false;  ///< false: no article stands on both sides
+  bool isCompared = false;  ///< false: no article is both counted and invoiced
   QStringList leftOut;
 };
 

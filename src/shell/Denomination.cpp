@@ -85,7 +85,7 @@ void convertToNewLei(const Progress& progress) {
   transaction.commit();
 }
 
-void Denominare() {
+void Denominare(const Progress& progress) {
   if (ROL()) {
     Mesaj(" Convertirea bazei de date a fost deja facuta.");
     return;
@@ -98,7 +98,7 @@ void Denominare() {
             kYesNo + kQuestion, "Confirmati, va rog denominarea") != kResultYes)
     return;
   SalveazaAutomat();
-  convertToNewLei();
+  convertToNewLei(progress);
   Mesaj("Baza de date a fost convertita in LEI NOI");
 }
 

@@ -13,7 +13,7 @@ bool hasOldLei();
 /// written.
 void convertToNewLei(const Progress& progress = {});
 
-/// Asks, saves the company, converts it and tells the result.
-void Denominare();
+/// Asks, saves the company, converts it and reports the result.
+void Denominare(const Progress& progress = {});
 
 }  // namespace velmar

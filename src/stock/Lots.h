@@ -85,7 +85,7 @@ void writeRests(const std::vector<LotTake>& takes);
 /// are replaced.
 void pAddDOCI(const LedgerKey& issue, const std::vector<LotTake>& takes);
 
-/// Deletes the issue's links for the article.
+/// Deletes the links of an outgoing document for the article.
 void pStergDOCI(const LedgerKey& issue, const QString& article);
 
 /// What an issue took: a row of G_I_E.

@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTimer>
 
 #include "config/Lists.h"
 #include "config/Session.h"
@@ -207,13 +206,16 @@ void frmRaport::showDefaults() {
   enableChoices();
 }
 
-// The choices of the last run; dates are always the told ones.
+// The choices of the last run; dates always begin with their default.
 void frmRaport::restoreChoice() {
   const QVariant kept = settings::look(objectName() + QStringLiteral("/alegeri"));
   if (kept.isNull()) return;
   const QVariantMap choice = kept.toMap();
-  for (auto tick = ticks_.cbegin(); tick != ticks_.cend(); ++tick)
-    if (choice.contains(tick.key()) && choice[tick.key()].toBool()) tick.value()->setChecked(true);
+  // Boxes first: one may take options off that were chosen after it.
+  for (const bool isOption : {false, true})
+    for (auto tick = ticks_.cbegin(); tick != ticks_.cend(); ++tick)
+      if ((tick.value()->group() != nullptr) == isOption && choice.value(tick.key()).toBool())
+        tick.value()->setChecked(true);
   enableChoices();
   for (auto list = lists_.cbegin(); list != lists_.cend(); ++list)
     static_cast<SearchCombo*>(list.value())->showData(choice.value(list.key()));
@@ -221,8 +223,7 @@ void frmRaport::restoreChoice() {
     text.value()->setText(choice.value(text.key()).toString());
 }
 
-void frmRaport::keepChoice() const {
-  const ReportChoice chosen = choice();
+void frmRaport::keepChoice(const ReportChoice& chosen) const {
   QVariantMap kept;
   for (const QString& tick : ticks_.keys()) kept[tick] = chosen.has(tick);
   for (const QString& list : lists_.keys()) kept[list] = chosen.codes[list];
@@ -285,7 +286,7 @@ ReportChoice frmRaport::acceptedChoice() const {
   ReportChoice chosen = choice();
   for (const ReportFrame& each : report_.frames)
     for (const ReportControl& control : each.controls) requireChoice(control, chosen);
-  keepChoice();
+  keepChoice(chosen);
   return chosen;
 }
 

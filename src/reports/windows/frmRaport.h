@@ -31,7 +31,7 @@ class frmRaport : public QWidget {
 
   void showDefaults();
   void restoreChoice();
-  void keepChoice() const;
+  void keepChoice(const ReportChoice& chosen) const;
   void enableChoices();
   ReportChoice choice() const;
   /// The number in the box. Throws RuleError.

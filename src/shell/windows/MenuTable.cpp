@@ -1,5 +1,6 @@
 #include "shell/windows/MenuTable.h"
 
+#include <optional>
 #include <QApplication>
 
 #include "catalogue/windows/FrmActPretVanz.h"
@@ -65,7 +66,11 @@ void compact() {
 
 void convert() {
   const Hourglass hourglass;
-  Denominare();
+  std::optional<WorkProgress> progress;  // only after the questions
+  Denominare([&progress](int done, int of) {
+    if (!progress) progress.emplace(QStringLiteral("Denominare"), QApplication::activeWindow());
+    progress->show(done, of);
+  });
 }
 
 void correctStock() {

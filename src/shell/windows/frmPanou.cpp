@@ -6,7 +6,6 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QShortcut>
-#include <QTimer>
 
 #include "documents/kinds/Kinds.h"
 #include "shell/Panel.h"

@@ -236,7 +236,7 @@ void TDBGrid::restoreLook() {
   }
 }
 
-// The header stretches its last column only when it is told anew or resized.
+// The header stretches its last column only when that is set anew or it is resized.
 void TDBGrid::stretchLast() {
   horizontalHeader()->setStretchLastSection(false);
   horizontalHeader()->setStretchLastSection(true);

@@ -68,8 +68,8 @@ class TDBGrid : public QTableView {
  public:
   explicit TDBGrid(const QString& name, QWidget* parent = nullptr);
 
-  /// Columns of a list and of any model with these columns in this order, as wide as told or as the user left
-  /// them.
+  /// Columns of a list and of any model with these columns in this order, as wide as specified or as the user
+  /// left them.
   void setColumns(const QList<GridColumn>& columns);
   const QList<GridColumn>& columns() const { return columns_; }
   /// Shows the texts of secret columns, or dots, as at first.
@@ -85,7 +85,7 @@ class TDBGrid : public QTableView {
   /// `append` makes the list longer by that number of rows; what is shown and selected stays.
   void appendRows(int count, const std::function<void()>& append) { list_->appendRows(count, append); }
   const RowSource& rows() const { return list_->rows(); }
-  /// The current row of a list, null when there is none. It stands until the list is read on.
+  /// The current row of a list, null when there is none. It is valid until the list is read on.
   const Row* currentRecord() const;
   /// Makes the row current whose field has that text; gives false when there is none.
   bool selectRecord(const QString& field, const QString& text);
