@@ -138,7 +138,7 @@ QList<FilterField> movementFilter() {
 
 MovementTotals movementTotals(Database& connection, const Condition& condition) {
   const ListQuery& list = movementList();
-  const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition.sql;
+  const QString where = whereOf(condition);
   const Recordset found = connection.query(
       QStringLiteral("SELECT COUNT(*) AS N, %1, %2, %3, %4 FROM (SELECT %5 FROM %6) AS LIST%7")
           .arg(exactSum("VALTVA"), exactSum("VALOAREFT"), exactSum("VALOARETTI"), exactSum("VALCOST"),

@@ -37,27 +37,14 @@ const QString kLedger = QStringLiteral("G_DOCUME AS D CROSS JOIN G_LDOCUM AS L")
 const QString kJoined = QStringLiteral("L.DOCID = D.ID");
 const QString kMoving = QStringLiteral("D.TIPIE IN ('S', 'I', 'E')");
 
-// Conditions joined with AND, each with its values.
-class Where {
- public:
-  void add(const QString& condition, const Values& values = {}) {
-    conditions_.append(u'(' + condition + u')');
-    values_.insert(values_.end(), values.begin(), values.end());
-  }
-  /// Unless the value is empty.
-  void addChosen(const QString& condition, const QString& value) {
-    if (!value.isEmpty()) add(condition, {value});
-  }
-  QString sql() const {
-    return conditions_.isEmpty() ? QString()
-                                 : QStringLiteral(" WHERE ") + conditions_.join(QStringLiteral(" AND "));
-  }
-  const Values& values() const { return values_; }
+void add(Condition& all, const QString& sql, const Values& values = {}) {
+  all = all && Condition{sql, values};
+}
 
- private:
-  QStringList conditions_;
-  Values values_;
-};
+// Unless the value is empty.
+void addChosen(Condition& all, const QString& sql, const QString& value) {
+  if (!value.isEmpty()) add(all, sql, {value});
+}
 
 Recordset read(const QString& sql, const Values& values, const QStringList& dates) {
   Recordset rows = OpenRs(sql, values);
@@ -66,19 +53,19 @@ Recordset read(const QString& sql, const Values& values, const QStringList& date
 }
 
 // Whole numbers compare as numbers: the text of a code is no code of a numeric column on a server.
-void addNumber(Where& where, const QString& column, const QString& code) {
-  if (!code.isEmpty()) where.add(column + QStringLiteral(" = ?"), {code.toLongLong()});
+void addNumber(Condition& where, const QString& column, const QString& code) {
+  if (!code.isEmpty()) add(where, column + QStringLiteral(" = ?"), {code.toLongLong()});
 }
 
-void addPartners(Where& where, const ReportChoice& choice, const QString& list) {
+void addPartners(Condition& where, const ReportChoice& choice, const QString& list) {
   QString from = choice.codes[list + "Dela"], to = choice.codes[list + "La"];
   if (!from.isEmpty() && !to.isEmpty() && from.toLongLong() > to.toLongLong()) std::swap(from, to);
-  if (!from.isEmpty()) where.add("D.CODTERT >= ?", {from.toLongLong()});
-  if (!to.isEmpty()) where.add("D.CODTERT <= ?", {to.toLongLong()});
+  if (!from.isEmpty()) add(where, "D.CODTERT >= ?", {from.toLongLong()});
+  if (!to.isEmpty()) add(where, "D.CODTERT <= ?", {to.toLongLong()});
 }
 
-void addPeriod(Where& where, const ReportChoice& choice) {
-  where.add("D.DATADOC BETWEEN ? AND ?", {firstDay(choice, "DTPickerdela"), choice.dates["DTPickerla"]});
+void addPeriod(Condition& where, const ReportChoice& choice) {
+  add(where, "D.DATADOC BETWEEN ? AND ?", {firstDay(choice, "DTPickerdela"), choice.dates["DTPickerla"]});
 }
 
 QString turnoverOrder(const ReportChoice& choice) {
@@ -137,10 +124,10 @@ Recordset issueRows(const ReportChoice& choice) {
                   : grouping == "MP" ? QStringLiteral("D.MODREG NULLS FIRST, ")
                                      : QString();
   if (!choice.has("ChkDetaliu")) order += QStringLiteral("A.DENART NULLS FIRST, L.ARTID, ");
-  Where where;
-  where.add(kJoined);
-  where.add("D.TIPIE = 'E'");
-  where.add("D.DATADOC BETWEEN ? AND ?", {choice.dates["DTPickerdela"], choice.dates["DTPickerla"]});
+  Condition where;
+  add(where, kJoined);
+  add(where, "D.TIPIE = 'E'");
+  add(where, "D.DATADOC BETWEEN ? AND ?", {choice.dates["DTPickerdela"], choice.dates["DTPickerla"]});
   addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
   return read(
       "SELECT D.ID AS ID, D.TIP AS TIP, D.TIPIE AS TIPIE, L.ARTID AS ARTID, L.CANT AS CANT, "
@@ -149,48 +136,48 @@ Recordset issueRows(const ReportChoice& choice) {
       "ROUND_EVEN(L.CANT * L.PRETFT, 2) AS VALOAREFT FROM " +
           kLedger +
           " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID LEFT JOIN kt_ter AS T ON T.COD = D.CODTERT" +
-          where.sql() + " ORDER BY " + order + "D.DATADOC, D.TIP, D.ID, L.LINIE",
-      where.values(), {"DATADOC"});
+          whereOf(where) + " ORDER BY " + order + "D.DATADOC, D.TIP, D.ID, L.LINIE",
+      where.values, {"DATADOC"});
 }
 
 Recordset customerTurnoverRows(const ReportChoice& choice) {
   const auto signedSum = [](const QString& of) {
     return sum(QStringLiteral("CASE WHEN D.TIP = 'FS' THEN -1 ELSE 1 END * %1").arg(of));
   };
-  Where where;
-  where.add("D.TIP IN ('FC', 'FS')");
+  Condition where;
+  add(where, "D.TIP IN ('FC', 'FS')");
   addPeriod(where, choice);
   addPartners(where, choice, "cboClienti");
-  Values values = where.values();
-  values.insert(values.end(), where.values().begin(), where.values().end());
+  Values values = where.values;
+  values.insert(values.end(), where.values.begin(), where.values.end());
   return OpenRs(
       "SELECT D.CODTERT AS CODTERT, T.NUME AS NUME, " + signedSum("D.TOTALFT") + " AS CifraAfaceri, " +
           signedSum("D.TOTALCOST") + " AS Cost, " + signedSum("COALESCE(R.DISCOUNT, 0)") +
           " AS Discountul FROM G_DOCUME AS D INNER JOIN kt_ter AS T ON T.COD = D.CODTERT LEFT JOIN (SELECT "
           "L.DOCID AS DOCID, SUM(ROUND_EVEN(L.PRETFT * L.PROCRAB / 100, 2) * L.CANT) AS DISCOUNT FROM " +
-          kLedger + where.sql() + " AND " + kJoined + " GROUP BY L.DOCID) AS R ON R.DOCID = D.ID" +
-          where.sql() + " GROUP BY D.CODTERT, T.NUME" + turnoverOrder(choice),
+          kLedger + whereOf(where) + " AND " + kJoined + " GROUP BY L.DOCID) AS R ON R.DOCID = D.ID" +
+          whereOf(where) + " GROUP BY D.CODTERT, T.NUME" + turnoverOrder(choice),
       values);
 }
 
 Recordset supplierTurnoverRows(const ReportChoice& choice) {
-  Where where;
-  where.add("D.TIP IN ('FF', 'FI', 'NR')");
+  Condition where;
+  add(where, "D.TIP IN ('FF', 'FI', 'NR')");
   addPeriod(where, choice);
   addPartners(where, choice, "cboFurnizori");
   return OpenRs("SELECT D.CODTERT AS CODTERT, T.NUME AS NUME, " + sum("D.TOTALFT") + " AS CifraAfaceri, " +
                     sum("D.TOTALCOST") +
-                    " AS Cost FROM G_DOCUME AS D INNER JOIN kt_ter AS T ON T.COD = D.CODTERT" + where.sql() +
-                    " GROUP BY D.CODTERT, T.NUME" + turnoverOrder(choice),
-                where.values());
+                    " AS Cost FROM G_DOCUME AS D INNER JOIN kt_ter AS T ON T.COD = D.CODTERT" +
+                    whereOf(where) + " GROUP BY D.CODTERT, T.NUME" + turnoverOrder(choice),
+                where.values);
 }
 
 Recordset deliveryNoteRows(const ReportChoice& choice) {
-  Where where;
-  where.add(kJoined);
-  where.add("D.TIP = 'AE'");
-  where.add(choice.has("optToate") ? "L.CANT > 0" : "L.CANTRAMASA > 0");
-  where.add("D.DATADOC BETWEEN ? AND ?", {choice.dates["DTPickerDeLa"], choice.dates["DTPickerPanala"]});
+  Condition where;
+  add(where, kJoined);
+  add(where, "D.TIP = 'AE'");
+  add(where, choice.has("optToate") ? "L.CANT > 0" : "L.CANTRAMASA > 0");
+  add(where, "D.DATADOC BETWEEN ? AND ?", {choice.dates["DTPickerDeLa"], choice.dates["DTPickerPanala"]});
   const QString first = choice.has("optArticole") ? "L.ARTID, " : "";
   return read(
       "SELECT D.ID AS ID, D.TIP AS TIP, D.DATADOC AS DATADOC, D.CODTERT AS CODTERT, T.NUME AS NUME, "
@@ -198,8 +185,8 @@ Recordset deliveryNoteRows(const ReportChoice& choice) {
       "CANTRAMASA, L.REFERINTA AS REFERINTA, L.DATASOLD AS DATASOLD FROM " +
           kLedger +
           " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID INNER JOIN kt_ter AS T ON T.COD = D.CODTERT" +
-          where.sql() + " ORDER BY " + first + "T.NUME NULLS FIRST, D.CODTERT, D.DATADOC, D.ID, L.LINIE",
-      where.values(), {"DATADOC", "DATASOLD"});
+          whereOf(where) + " ORDER BY " + first + "T.NUME NULLS FIRST, D.CODTERT, D.DATADOC, D.ID, L.LINIE",
+      where.values, {"DATADOC", "DATASOLD"});
 }
 
 Recordset orderRows(const ReportChoice& choice, const QString& side, const QString& partner) {
@@ -217,13 +204,13 @@ Recordset orderRows(const ReportChoice& choice, const QString& side, const QStri
 }
 
 Recordset stockTrackingRows(const ReportChoice& choice) {
-  Where where;
-  where.add(kJoined);
-  where.add(kMoving);
-  where.add("D.DATADOC <= ?", {choice.dates["DTPickerPanala"]});
+  Condition where;
+  add(where, kJoined);
+  add(where, kMoving);
+  add(where, "D.DATADOC <= ?", {choice.dates["DTPickerPanala"]});
   addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
-  Where shown;
-  shown.add("StocInitial <> 0 OR Intrari <> 0 OR Iesiri <> 0");
+  Condition shown;
+  add(shown, "StocInitial <> 0 OR Intrari <> 0 OR Iesiri <> 0");
   addNumber(shown, "A.FAMART", choice.codeOf("optFamilie", "cboFamilie"));
   addNumber(shown, "A.CODFURNIZO", choice.codeOf("optFurnizor", "cboFurnizori"));
   const QString order =
@@ -232,8 +219,8 @@ Recordset stockTrackingRows(const ReportChoice& choice) {
       : choice.has("optGrupArticol") ? "DenProdus NULLS FIRST, CODArticol"
       : choice.has("optGrupMag")     ? "Magazie NULLS FIRST, CODMAG NULLS FIRST, CODArticol"
                                      : "CODArticol";
-  Values values = where.values();
-  values.insert(values.end(), shown.values().begin(), shown.values().end());
+  Values values = where.values;
+  values.insert(values.end(), shown.values.begin(), shown.values.end());
   return OpenRs(
       "SELECT 0 AS NrCrt, A.FAMART AS CODFamilie, A.CODART AS CODArticol, A.DENART AS DenProdus, "
       "A.CODFURNIZO AS CODFurnizor, T.NUME AS Furnizor, F.DENUMIRE AS Familie, S.StocInitial AS "
@@ -241,45 +228,45 @@ Recordset stockTrackingRows(const ReportChoice& choice) {
       "S.Iesiri, 6) AS STOC, ROUND_EVEN((S.StocInitial + S.Intrari - S.Iesiri) * COALESCE(A.COST, 0), 6) AS "
       "COST, S.CODMAG AS CODMAG, M.DENUMIRE AS Magazie FROM (SELECT L.ARTID AS ARTID, L.CODMAG AS "
       "CODMAG, " +
-          kSums + " FROM " + kLedger + where.sql() +
+          kSums + " FROM " + kLedger + whereOf(where) +
           " GROUP BY L.ARTID, L.CODMAG) AS S INNER JOIN G_ARTMAG AS A ON A.CODART = S.ARTID LEFT JOIN "
           "G_FAMART AS F ON F.COD = A.FAMART LEFT JOIN kt_ter AS T ON T.COD = A.CODFURNIZO LEFT JOIN "
           "G_MULTIMAGAZIE AS M ON M.COD = S.CODMAG" +
-          shown.sql() + " ORDER BY " + order + ", CODMAG",
+          whereOf(shown) + " ORDER BY " + order + ", CODMAG",
       values);
 }
 
 Recordset inventoryRows(const ReportChoice& choice) {
-  Where where;
-  where.add(kJoined);
-  where.add(kMoving);
+  Condition where;
+  add(where, kJoined);
+  add(where, kMoving);
   addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
   addNumber(where, "A.FAMART", choice.codeOf("optFamilie", "cboFamilie"));
   return OpenRs(
       "SELECT * FROM (SELECT A.CODART AS CODART, A.DENART AS DENART, A.UM AS UM, A.FAMART AS FAMART, "
       "F.DENUMIRE AS DenFam, A.FARASTOC AS FARASTOC, 0 AS CostDEV, ROUND_EVEN(S.StocInitial + S.Intrari - "
       "S.Iesiri, 6) AS STOC, S.Costul AS Costul, S.Valoare AS Valoare FROM (SELECT L.ARTID AS ARTID, " +
-          kSums + " FROM " + kLedger + " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID" + where.sql() +
+          kSums + " FROM " + kLedger + " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID" + whereOf(where) +
           " GROUP BY L.ARTID) AS S INNER JOIN G_ARTMAG AS A ON A.CODART = S.ARTID LEFT JOIN G_FAMART AS F ON "
           "F.COD = A.FAMART) AS J WHERE STOC <> 0 AND COALESCE(FARASTOC, 0) = 0 ORDER BY FAMART NULLS FIRST, "
           "DENART NULLS FIRST, CODART",
-      where.values());
+      where.values);
 }
 
 Recordset availableRows(const ReportChoice& choice) {
   const bool byWarehouse = choice.has("CheckGrMagazie");
   QString article = choice.codeOf("optArticol", "cboArticol");
   if (article.isEmpty()) article = choice.codeOf("OptCod", "cboCodArticol");
-  Where where;
-  where.add(kJoined);
-  where.add("D.DATADOC <= ?", {choice.dates["dtDataPanaLa"]});
+  Condition where;
+  add(where, kJoined);
+  add(where, "D.DATADOC <= ?", {choice.dates["dtDataPanaLa"]});
   addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
   addNumber(where, "A.FAMART", choice.codeOf("optFamilie", "cboFamilie"));
-  where.addChosen("L.ARTID = ?", article);
+  addChosen(where, "L.ARTID = ?", article);
   if (const QString text = choice.texts["TextLIKE"]; choice.has("CheckContine") && !text.isEmpty()) {
     const bool within = text.startsWith(u'%');
-    where.add("A.DENART LIKE ? ESCAPE '!'",
-              {(within ? QStringLiteral("%") : QString()) + escapedForLike(text.mid(within ? 1 : 0)) + u'%'});
+    add(where, "A.DENART LIKE ? ESCAPE '!'",
+        {(within ? QStringLiteral("%") : QString()) + escapedForLike(text.mid(within ? 1 : 0)) + u'%'});
   }
   // The movements of one article are found by its index.
   const QString ledger =
@@ -290,7 +277,7 @@ Recordset availableRows(const ReportChoice& choice) {
   const QString sums = QStringLiteral("SELECT L.ARTID AS ARTID, %1 AS MAGAZIE, %2, %3 AS Rezervat FROM ")
                            .arg(byWarehouse ? "L.CODMAG" : "1", kSums, reserved) +
                        ledger + " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID LEFT JOIN (" + kReserved +
-                       ") AS R ON R.DOCID = L.DOCID AND R.ARTID = L.ARTID" + where.sql() +
+                       ") AS R ON R.DOCID = L.DOCID AND R.ARTID = L.ARTID" + whereOf(where) +
                        " GROUP BY L.ARTID" + (byWarehouse ? ", L.CODMAG" : "");
   return OpenRs(
       "SELECT A.CODART AS CODART, A.DENART AS DENART, A.UM AS UM, A.FAMART AS FAMART, F.DENUMIRE AS DenFam, "
@@ -300,16 +287,16 @@ Recordset availableRows(const ReportChoice& choice) {
           sums +
           ") AS S INNER JOIN G_ARTMAG AS A ON A.CODART = S.ARTID LEFT JOIN G_FAMART AS F ON F.COD = A.FAMART "
           "ORDER BY DENART NULLS FIRST, CODART, Magazie NULLS FIRST",
-      where.values());
+      where.values);
 }
 
 Recordset labelRows(const ReportChoice& choice) {
-  Where where;
+  Condition where;
   addNumber(where, "FAMART", choice.codeOf("optFamilie", "cboFamilie"));
-  where.addChosen("CODART = ?", choice.codeOf("optArticol", "cboArticol"));
-  const Recordset articles = OpenRs("SELECT CODART, DENART, PRETVFT, PRETVTTI FROM G_ARTMAG" + where.sql() +
-                                        " ORDER BY DENART NULLS FIRST, CODART",
-                                    where.values());
+  addChosen(where, "CODART = ?", choice.codeOf("optArticol", "cboArticol"));
+  const Recordset articles = OpenRs("SELECT CODART, DENART, PRETVFT, PRETVTTI FROM G_ARTMAG" +
+                                        whereOf(where) + " ORDER BY DENART NULLS FIRST, CODART",
+                                    where.values);
   Recordset rows(std::make_shared<Columns>(articles.columns() + QStringList{QStringLiteral("CODEAN")}));
   for (const Row& article : articles) {
     std::vector<QVariant> cells;

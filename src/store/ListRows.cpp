@@ -44,6 +44,10 @@ Condition operator&&(const Condition& a, const Condition& b) {
   return both;
 }
 
+QString whereOf(const Condition& condition) {
+  return condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition.sql;
+}
+
 Condition beginsWith(const QString& column, const QString& text) {
   if (text.isEmpty()) return {};
   return {QStringLiteral("%1 >= ? AND %1 < ?").arg(column), {text, behindPrefix(text)}};
@@ -99,10 +103,9 @@ void RecordsetRows::sort(const QStringList& fields, bool descending) {
 }
 
 qint64 countOf(Database& connection, const ListQuery& query, const Condition& condition) {
-  const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition.sql;
   return connection
       .query(QStringLiteral("SELECT COUNT(*) AS N FROM (SELECT %1 FROM %2) AS LIST%3")
-                 .arg(query.columns, query.from, where),
+                 .arg(query.columns, query.from, whereOf(condition)),
              condition.values)
       .first()
       .integer("N");
@@ -162,7 +165,7 @@ void ListRows::readKeys(const QStringList& fields, bool descending, Read read) {
     keyNames.append(name);
     if (!ordered.contains(fieldOf(keyColumns_[static_cast<qsizetype>(i)]).toUpper())) order.append(name);
   }
-  const QString where = condition_.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition_.sql;
+  const QString where = whereOf(condition_);
   statement_ = {
       QStringLiteral("SELECT %1 FROM %2%3 ORDER BY %4")
           .arg(keyNames.join(QStringLiteral(", ")), selected(), where, order.join(QStringLiteral(", "))),

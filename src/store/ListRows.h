@@ -21,6 +21,9 @@ struct Condition {
 /// Both conditions together.
 Condition operator&&(const Condition& a, const Condition& b);
 
+/// " WHERE " and the condition; empty for the empty condition.
+QString whereOf(const Condition& condition);
+
 /// The column's text begins with `text`, ignoring case; uses an index on the column. An empty text returns
 /// the empty condition.
 Condition beginsWith(const QString& column, const QString& text);
