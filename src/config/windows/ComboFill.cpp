@@ -1,50 +1,13 @@
 #include "config/windows/ComboFill.h"
 
-#include <QAbstractListModel>
 #include <QComboBox>
 
 #include "config/Lists.h"
 #include "util/AlikeNames.h"
 #include "util/PlainText.h"
+#include "util/windows/ChoiceModel.h"
 
 namespace velmar {
-
-namespace {
-
-// Texts and their values; fast even for thousands of entries, unlike items added one by one.
-class ChoiceModel : public QAbstractListModel {
- public:
-  struct Choice {
-    QString text;
-    QVariant value;
-  };
-
-  ChoiceModel(std::vector<Choice> choices, QObject* parent)
-      : QAbstractListModel(parent), choices_(std::move(choices)) {}
-
-  int rowCount(const QModelIndex& parent) const override {
-    return parent.isValid() ? 0 : static_cast<int>(choices_.size());
-  }
-
-  // A combo box also requests the item of an invalid index.
-  QVariant data(const QModelIndex& index, int role) const override {
-    if (!index.isValid()) return {};
-    const Choice& choice = choices_[static_cast<size_t>(index.row())];
-    if (role == Qt::DisplayRole || role == Qt::EditRole) return choice.text;
-    return role == Qt::UserRole ? choice.value : QVariant();
-  }
-
- private:
-  std::vector<Choice> choices_;
-};
-
-void setChoices(QComboBox& combo, std::vector<ChoiceModel::Choice> choices) {
-  const QSignalBlocker quiet(combo);
-  combo.setModel(new ChoiceModel(std::move(choices), &combo));
-  combo.setCurrentIndex(-1);
-}
-
-}  // namespace
 
 void IncarcaCombo(QComboBox& combo) {
   std::vector<ChoiceModel::Choice> choices;

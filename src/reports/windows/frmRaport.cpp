@@ -134,7 +134,7 @@ void frmRaport::addControl(const ReportControl& control, QFormLayout* rows) {
   rows->addRow(control.caption, box);
 }
 
-QComboBox* frmRaport::listOf(const ReportControl& control) {
+SearchCombo* frmRaport::listOf(const ReportControl& control) {
   auto* list = new SearchCombo(control.name, {}, kListWidth);
   if (control.kind == Kind::Choice) guarded(objectName(), "Form_Load", [list] { IncarcaCombo(*list); });
   list->clearEditText();
@@ -197,7 +197,7 @@ void frmRaport::showDefaults() {
     }
   for (const QString& own : {kTakesFirstDay, kComparesYears})
     if (QAbstractButton* tick = ticks_.value(own)) tick->setChecked(false);
-  for (QComboBox* list : std::as_const(lists_)) {
+  for (SearchCombo* list : std::as_const(lists_)) {
     list->setCurrentIndex(-1);
     list->clearEditText();
   }
@@ -218,7 +218,7 @@ void frmRaport::restoreChoice() {
         tick.value()->setChecked(true);
   enableChoices();
   for (auto list = lists_.cbegin(); list != lists_.cend(); ++list)
-    static_cast<SearchCombo*>(list.value())->showData(choice.value(list.key()));
+    list.value()->showData(choice.value(list.key()));
   for (auto text = texts_.cbegin(); text != texts_.cend(); ++text)
     text.value()->setText(choice.value(text.key()).toString());
 }
@@ -238,7 +238,7 @@ void frmRaport::enableChoices() {
       if (control.of.isEmpty()) continue;
       const bool isOn = ticks_[control.of]->isChecked();
       if (QLineEdit* text = texts_.value(control.name)) text->setEnabled(isOn);
-      QComboBox* list = lists_.value(control.name);
+      SearchCombo* list = lists_.value(control.name);
       if (!list) continue;
       list->setEnabled(isOn);
       if (!isOn) {
@@ -261,7 +261,7 @@ ReportChoice frmRaport::choice() const {
   for (auto tick = ticks_.cbegin(); tick != ticks_.cend(); ++tick)
     if (tick.value()->isChecked()) chosen.ticked.insert(tick.key());
   for (auto each = lists_.cbegin(); each != lists_.cend(); ++each) {
-    auto* list = static_cast<SearchCombo*>(each.value());
+    SearchCombo* list = each.value();
     list->settle();
     const bool isNone = list->currentText() == kNoRecords;
     if (list->choice().isNull() || isNone) continue;
@@ -274,7 +274,7 @@ ReportChoice frmRaport::choice() const {
 }
 
 void frmRaport::requireChoice(const ReportControl& control, const ReportChoice& chosen) const {
-  const QComboBox* list = lists_.value(control.name);
+  const SearchCombo* list = lists_.value(control.name);
   if (!list || !list->isEnabled() || !chosen.codes[control.name].isEmpty()) return;
   if (!control.missing.isEmpty()) throw RuleError(control.missing, control.name);
   const QString text = list->currentText().trimmed();
@@ -338,7 +338,7 @@ void frmRaport::run(void (frmRaport::*command)()) {
     Mesaj(rule.text(), rule.icon(), rule.title());
     if (DateBox* date = dates_.value(rule.field())) date->setFocus();
     if (NumberBox* number = numbers_.value(rule.field())) number->setFocus();
-    if (QComboBox* list = lists_.value(rule.field())) {
+    if (SearchCombo* list = lists_.value(rule.field())) {
       list->setFocus();
       list->showPopup();
     }

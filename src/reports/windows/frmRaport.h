@@ -8,13 +8,13 @@
 
 class QAbstractButton;
 class QFormLayout;
-class QComboBox;
 class QLineEdit;
 
 namespace velmar {
 
 class DateBox;
 class NumberBox;
+class SearchCombo;
 struct PreparedReport;
 
 class frmRaport : public QWidget {
@@ -25,7 +25,7 @@ class frmRaport : public QWidget {
  private:
   QWidget* frame(const ReportFrame& frame);
   void addControl(const ReportControl& control, QFormLayout* rows);
-  QComboBox* listOf(const ReportControl& control);
+  SearchCombo* listOf(const ReportControl& control);
   void makeExclusive(const ReportFrame& frame);
   QLayout* commandLine();
 
@@ -51,7 +51,7 @@ class frmRaport : public QWidget {
   const StockReport& report_;
   QHash<QString, DateBox*> dates_;
   QHash<QString, QAbstractButton*> ticks_;
-  QHash<QString, QComboBox*> lists_;
+  QHash<QString, SearchCombo*> lists_;
   QHash<QString, QLineEdit*> texts_;
   QHash<QString, NumberBox*> numbers_;
 };

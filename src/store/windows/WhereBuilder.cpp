@@ -5,10 +5,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QStandardItemModel>
 
 #include "util/Errors.h"
 #include "util/Messages.h"
+#include "util/windows/ChoiceModel.h"
 #include "util/windows/Controls.h"
 #include "util/windows/SearchCombo.h"
 
@@ -92,7 +92,7 @@ Comparison WhereBuilder::comparison() const {
 void WhereBuilder::fieldChosen() {
   txtValoare_->clear();
   txtValoare2_->clear();
-  cboValoare_->clear();
+  setChoices(*cboValoare_, {});
   cboValoare_->clearEditText();
   isOffered_ = !field() || !field()->choices;
   guarded("WhereBuilder", "cboCamp_Click", [this] {
@@ -104,15 +104,9 @@ void WhereBuilder::fieldChosen() {
 void WhereBuilder::offerChoices() {
   if (isOffered_) return;
   isOffered_ = true;
-  QList<QStandardItem*> items;
-  for (const FilterChoice& choice : field()->choices()) {
-    items.append(new QStandardItem(choice.text));
-    items.last()->setData(choice.value, Qt::UserRole);
-  }
-  auto* choices = new QStandardItemModel(cboValoare_);
-  choices->appendColumn(items);
-  cboValoare_->setModel(choices);
-  cboValoare_->setCurrentIndex(-1);
+  std::vector<ChoiceModel::Choice> choices;
+  for (const FilterChoice& choice : field()->choices()) choices.push_back({choice.text, choice.value});
+  setChoices(*cboValoare_, std::move(choices));
   cboValoare_->clearEditText();
 }
 
