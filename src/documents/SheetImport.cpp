@@ -202,6 +202,86 @@ void requireChoice(const LineImport& choice) {
     throw RuleError(QStringLiteral("Va rugam precizati familia"), "FAMILIE");
 }
 
+/// A counted quantity by supplier's code.
+using Counted = std::vector<std::pair<QString, Decimal>>;
+
+// In the order of the file; several rows of one code are added up.
+Counted readCount(const SheetTable& sheet, QStringList& leftOut) {
+  Counted counted;
+  QHash<QString, size_t> places;
+  for (int row = 0; row < sheet.size(); ++row) {
+    const QString code = sheet.text(row, "CODARTICOL").left(kCodeWidth).trimmed();
+    const QVariant quantity = sheet.number(row, "CANTITATE");
+    if (code.isEmpty()) {
+      leftOut.append(QStringLiteral("Importul nu s-a putut realiza"));
+      continue;
+    }
+    if (quantity.isNull()) {
+      leftOut.append(QStringLiteral("Articolul %1: cantitatea nu este un numar").arg(code));
+      continue;
+    }
+    const auto place = places.constFind(code.toUpper());
+    if (place == places.constEnd()) {
+      places.insert(code.toUpper(), counted.size());
+      counted.emplace_back(code, 0);
+    }
+    counted[places.value(code.toUpper())].second += Decimal::fromDouble(quantity.toDouble());
+  }
+  return counted;
+}
+
+// Replaces the work table by the count, by our codes.
+void writeCount(const QString& note, const Counted& counted, QStringList& leftOut) {
+  QHash<QString, QString> articles;  // the first of each supplier's code
+  for (const Row& row :
+       OpenRs("SELECT CODART, CODPRODFUR FROM G_ARTMAG WHERE CODPRODFUR <> '' ORDER BY CODART")) {
+    const QString key = row.text("CODPRODFUR").trimmed().toUpper();
+    if (!articles.contains(key)) articles.insert(key, row.text("CODART"));
+  }
+  std::vector<Values> rows;
+  for (const auto& [code, quantity] : counted) {
+    const QString article = articles.value(code.toUpper());
+    if (article.isEmpty())
+      leftOut.append(QStringLiteral("Articolul %1 nu exista in tabela Articole").arg(code));
+    else
+      rows.push_back({note, static_cast<qint64>(rows.size() + 1), article, quantity});
+  }
+  ExecutaSql("DELETE FROM G_LNRFUR_REC");
+  if (!rows.empty()) database().insertRows("G_LNRFUR_REC", {"NUMNR", "NRLINIE", "CODART", "CANT"}, rows);
+}
+
+// The counted articles of the lot's documents in the current warehouse, by unit price.
+Recordset compareLot(const QString& lot) {
+  const Condition ofLot = beginsWith("D.OBS", lot) && Condition{"D.CODMAG = ?", {session().gMagazie}};
+  return OpenRs(
+      "SELECT L.ARTID AS ARTID, ROUND_EVEN(SUM(L.CANT), 3) AS CANTFAC, R.CANT AS CANTREC, L.PRETFT AS "
+      "PRETFT, "
+      "A.DENART AS DENART, A.UM AS UM, COALESCE(A.PretVanzare, 0) AS PRETVANZARE FROM G_DOCUME AS D "
+      "INNER JOIN G_LDOCUM AS L ON L.DOCID = D.ID INNER JOIN (SELECT CODART, SUM(CANT) AS CANT FROM "
+      "G_LNRFUR_REC "
+      "GROUP BY CODART) AS R ON R.CODART = L.ARTID INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID" +
+          whereOf(ofLot) +
+          " GROUP BY L.ARTID, R.CANT, L.PRETFT, A.DENART, A.UM, A.PretVanzare ORDER BY L.ARTID, L.PRETFT",
+      ofLot.values);
+}
+
+void insertDifferences(const LotCount& count, const Recordset& compared) {
+  std::vector<Values> lines;
+  for (const Row& row : compared) {
+    const Decimal difference = Round(row.decimal("CANTREC") - row.decimal("CANTFAC"), 3);
+    if (difference.isZero() || (difference < 0) == count.ofSurpluses) continue;
+    lines.push_back({count.note, static_cast<qint64>(lines.size() + 1), row.text("ARTID"), difference,
+                     row.decimal("PRETFT"), row.decimal("CANTFAC"), row.text("DENART"), row.text("UM"),
+                     row.decimal("PRETVANZARE"), row.decimal("CANTREC").toString(),
+                     row.decimal("PRETFT") * difference});
+  }
+  if (!lines.empty())
+    database().insertRows("G_LNRFUR",
+                          {"NUMNR", "NRLINIE", "CODART", "CANT", "PRETFT", "QTECOM", "DENUMIRE", "UM",
+                           "PRETFTV", "NUMCOM", "VALOAREFT"},
+                          lines);
+}
+
 }  // namespace
 
 QString leftOutText(const QStringList& sentences) {
@@ -273,76 +353,12 @@ LotResult importLot(const LotCount& count, const QString& path) {
   const SheetTable sheet = readSheet(path);
   requireColumns(sheet, {"CODARTICOL", "CANTITATE"});
   LotResult result;
-  std::vector<std::pair<QString, Decimal>> counted;  // by supplier's code, in the order of the file
-  for (int row = 0; row < sheet.size(); ++row) {
-    const QString code = sheet.text(row, "CODARTICOL").left(kCodeWidth).trimmed();
-    const QVariant quantity = sheet.number(row, "CANTITATE");
-    if (code.isEmpty()) {
-      result.leftOut.append(QStringLiteral("Importul nu s-a putut realiza"));
-      continue;
-    }
-    if (quantity.isNull()) {
-      result.leftOut.append(QStringLiteral("Articolul %1: cantitatea nu este un numar").arg(code));
-      continue;
-    }
-    const auto same = std::find_if(counted.begin(), counted.end(), [&code](const auto& each) {
-      return each.first.compare(code, Qt::CaseInsensitive) == 0;
-    });
-    const Decimal found = Decimal::fromDouble(quantity.toDouble());
-    if (same == counted.end())
-      counted.emplace_back(code, found);
-    else
-      same->second += found;
-  }
-  const DocumentKind& note = documentKind(KindId::ReceiptNote);
+  const Counted counted = readCount(sheet, result.leftOut);
   Transaction transaction(database());
-  requireEmptyDraft(note, count.note);
-  ExecutaSql("DELETE FROM G_LNRFUR_REC");
-  QHash<QString, QString> articles;  // the first of each supplier's code
-  for (const Row& row :
-       OpenRs("SELECT CODART, CODPRODFUR FROM G_ARTMAG WHERE CODPRODFUR <> '' ORDER BY CODART")) {
-    const QString key = row.text("CODPRODFUR").trimmed().toUpper();
-    if (!articles.contains(key)) articles.insert(key, row.text("CODART"));
-  }
-  std::vector<Values> rows;
-  for (const auto& [code, quantity] : counted) {
-    const QString article = articles.value(code.toUpper());
-    if (article.isEmpty())
-      result.leftOut.append(QStringLiteral("Articolul %1 nu exista in tabela Articole").arg(code));
-    else
-      rows.push_back({count.note, static_cast<qint64>(rows.size() + 1), article, quantity});
-  }
-  if (!rows.empty()) database().insertRows("G_LNRFUR_REC", {"NUMNR", "NRLINIE", "CODART", "CANT"}, rows);
-  const Condition inLot = beginsWith("D.OBS", lot);
-  Values values = inLot.values;
-  values.emplace_back(session().gMagazie);
-  const Recordset compared = OpenRs(
-      "SELECT L.ARTID AS ARTID, ROUND_EVEN(SUM(L.CANT), 3) AS CANTFAC, R.CANT AS CANTREC, L.PRETFT AS "
-      "PRETFT, A.DENART AS "
-      "DENART, A.UM AS UM, COALESCE(A.PretVanzare, 0) AS PRETVANZARE FROM G_DOCUME AS D INNER JOIN G_LDOCUM "
-      "AS L ON "
-      "L.DOCID = D.ID INNER JOIN (SELECT CODART, SUM(CANT) AS CANT FROM G_LNRFUR_REC GROUP BY CODART) AS R "
-      "ON R.CODART = "
-      "L.ARTID INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID WHERE (" +
-          inLot.sql +
-          ") AND D.CODMAG = ? GROUP BY L.ARTID, R.CANT, L.PRETFT, A.DENART, A.UM, A.PretVanzare ORDER BY "
-          "L.ARTID, "
-          "L.PRETFT",
-      values);
-  std::vector<Values> lines;
-  for (const Row& row : compared) {
-    const Decimal difference = Round(row.decimal("CANTREC") - row.decimal("CANTFAC"), 3);
-    if (difference.isZero() || (difference < 0) == count.ofSurpluses) continue;
-    lines.push_back({count.note, static_cast<qint64>(lines.size() + 1), row.text("ARTID"), difference,
-                     row.decimal("PRETFT"), row.decimal("CANTFAC"), row.text("DENART"), row.text("UM"),
-                     row.decimal("PRETVANZARE"), row.decimal("CANTREC").toString(),
-                     row.decimal("PRETFT") * difference});
-  }
-  if (!lines.empty())
-    database().insertRows("G_LNRFUR",
-                          {"NUMNR", "NRLINIE", "CODART", "CANT", "PRETFT", "QTECOM", "DENUMIRE", "UM",
-                           "PRETFTV", "NUMCOM", "VALOAREFT"},
-                          lines);
+  requireEmptyDraft(documentKind(KindId::ReceiptNote), count.note);
+  writeCount(count.note, counted, result.leftOut);
+  const Recordset compared = compareLot(lot);
+  insertDifferences(count, compared);
   result.isCompared = !compared.isEmpty();
   if (result.isCompared) {
     const QString remark = (count.ofSurpluses ? "Receptie plusuri - " : "Constatare diferente - ") + lot;
