@@ -122,6 +122,7 @@ for (const [number, command, remark, lines] of
   form.type("txtSourceSpec1", path);
   replied("OK", () => form.click("cmdOK"), "Va rog introduceti numar lot.");
   form.type("TextLot", "LOT 5");
+  shot("frmReceptieXLS");
   importing("OK", "OK");
   form.click("cmdOK");
   equal(messages().map((box) => box.text).slice(-2), ["Articolul ZZ nu exista in tabela Articole", "Verificarea facturilor din lot s-a realizat cu succes"]);
