@@ -2,6 +2,7 @@
 #include <QTimer>
 
 #include "fiscal/windows/frmAsteptare.h"
+#include "hearing/HearingTrade.h"
 #include "shell/ApplicationFolder.h"
 #include "shell/windows/Application.h"
 #include "shell/windows/frmMsgBox.h"
@@ -21,6 +22,7 @@ int main(int argc, char** argv) {
   velmar::setMessageSink(&messages);
   velmar::WindowRegisterWait registerWait;
   velmar::setRegisterWait(&registerWait);
+  velmar::registerHearingTrade();
   velmar::StartUp startUp(velmar::defaultApplicationFolder());
   QObject::connect(&startUp, &velmar::StartUp::ended, &application, &QCoreApplication::quit);
   QTimer::singleShot(0, &startUp, &velmar::StartUp::run);

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include "config/Session.h"
+#include "hearing/HearingTrade.h"
 #include "shell/ApplicationFolder.h"
 #include "shell/Login.h"
 #include "shell/SampleCompany.h"
@@ -24,6 +25,7 @@ int main(int argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("velmar"));
   NoMessages sink;
   velmar::setMessageSink(&sink);
+  velmar::registerHearingTrade();
   try {
     velmar::prepareApplicationFolder(velmar::defaultApplicationFolder());
     if (velmar::Login login; login.load()) velmar::makeSampleCompany(velmar::session().gCaleBD);

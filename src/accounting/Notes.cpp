@@ -22,13 +22,14 @@ QStringList columnsOf(const std::vector<Note>& notes) {
                       "TVA_LINREF", "COTATVA", "CODBUG",        "DATASCAD"};
   if (notes.front().inCurrencyForm) columns.append({"CURS", "DEVDEBIT", "DEVCREDIT"});
   if (!notes.front().vatOnCollection.data().isNull()) columns.append("TVAINC");
+  if (!notes.front().branch.isEmpty()) columns.append("CodSucursala");
   return columns;
 }
 
 Values valuesOf(const Note& note, const NoteRow& row, qint64 ndi, int line, const QDateTime& now) {
   Values values{ndi,
                 line,
-                note.journal,
+                row.journal.isEmpty() ? note.journal : row.journal,
                 note.date,
                 row.account,
                 note.explanation.isEmpty() ? note.remark : note.explanation,
@@ -51,10 +52,23 @@ Values valuesOf(const Note& note, const NoteRow& row, qint64 ndi, int line, cons
   if (note.inCurrencyForm)
     for (const Decimal& amount : {note.rate, row.foreignDebit, row.foreignCredit}) values.push_back(amount);
   if (!note.vatOnCollection.data().isNull()) values.push_back(note.vatOnCollection);
+  if (!note.branch.isEmpty()) values.emplace_back(note.branch);
   return values;
 }
 
 }  // namespace
+
+void turnRound(Note& note, bool inBlack) {
+  for (NoteRow& row : note.rows) {
+    if (inBlack) {
+      std::swap(row.debit, row.credit);
+      std::swap(row.foreignDebit, row.foreignCredit);
+      continue;
+    }
+    for (Decimal* amount : {&row.debit, &row.credit, &row.foreignDebit, &row.foreignCredit})
+      *amount = Decimal(0) - *amount;
+  }
+}
 
 void requireBalance(const Note& note) {
   Decimal debit;
@@ -134,15 +148,16 @@ std::vector<Note> readNotes(const std::vector<qint64>& ndis) {
       note.explanation = row.text("EXPL");
       note.dueDate = row.date("DATASCAD");
       note.currency = row.text("COD") == kNational ? QString() : row.text("COD");
+      note.branch = row.text("CodSucursala");
       note.inCurrencyForm = true;
       note.rate = row.decimal("CURS");
       note.vatOnCollection = Value::raw(row.value("TVAINC"));
       notes.push_back(std::move(note));
     }
-    notes.back().rows.push_back({row.text("CONT"), row.decimal("DEBIT"), row.decimal("CREDIT"),
-                                 row.decimal("DEVDEBIT"), row.decimal("DEVCREDIT"),
-                                 Value::raw(row.value("TERT")), Value::raw(row.value("TVA_LINREF")),
-                                 Value::raw(row.value("COTATVA")), Value::raw(row.value("CODBUG"))});
+    notes.back().rows.push_back(
+        {row.text("CONT"), row.decimal("DEBIT"), row.decimal("CREDIT"), row.decimal("DEVDEBIT"),
+         row.decimal("DEVCREDIT"), Value::raw(row.value("TERT")), Value::raw(row.value("TVA_LINREF")),
+         Value::raw(row.value("COTATVA")), Value::raw(row.value("CODBUG")), row.text("JURNAL")});
   }
   return notes;
 }

@@ -17,10 +17,11 @@ struct NoteRow {
   Decimal credit;
   Decimal foreignDebit;  ///< in the note's currency, as `foreignCredit`
   Decimal foreignCredit;
-  Value partner;     ///< TERT
-  Value vatLink;     ///< TVA_LINREF
-  Value vatPercent;  ///< COTATVA
-  Value costCentre;  ///< CODBUG
+  Value partner;         ///< TERT
+  Value vatLink;         ///< TVA_LINREF
+  Value vatPercent;      ///< COTATVA
+  Value costCentre;      ///< CODBUG
+  QString journal = {};  ///< empty: that of the note
 };
 
 struct Note {
@@ -33,11 +34,15 @@ struct Note {
   QString explanation;  ///< EXPL; empty: the remark
   std::vector<NoteRow> rows;
   QDate dueDate;                ///< invalid: none is written
+  QString branch = {};          ///< CodSucursala; empty: not written
   QString currency;             ///< empty: lei
   bool inCurrencyForm = false;  ///< rate and amounts in currency are written
   Decimal rate;
   Value vatOnCollection;  ///< TVAINC
 };
+
+/// Turns the amounts round: black exchanges the sides, red changes the signs.
+void turnRound(Note& note, bool inBlack);
 
 /// Throws RuleError when a row has no account, StoreError when debit and credit differ.
 void requireBalance(const Note& note);

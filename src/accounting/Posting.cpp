@@ -100,6 +100,10 @@ class Composer {
     switch (entry.amount) {
       case AmountOf::Group:
         return group->total;
+      case AmountOf::GroupVat:
+        return group->vat;
+      case AmountOf::GroupGross:
+        return group->total + group->vat;
       case AmountOf::Value:
         return value_;
       case AmountOf::Vat:
@@ -116,6 +120,7 @@ class Composer {
     NoteRow row;
     row.account = accountOf(entry.account, group);
     Decimal amount = amountOf(entry, group);
+    if (entry.skipsZero && amount.isZero()) return;
     Decimal foreign;
     if (!terms.currency.isEmpty()) {
       if (rule_.totals.inCurrency) {

@@ -68,10 +68,12 @@ struct Account {
 };
 
 enum class AmountOf {
-  Group,  ///< the total of the group
-  Value,  ///< the total of all groups
-  Vat,    ///< VAT of all groups
-  Gross   ///< value and VAT of all groups
+  Group,       ///< the total of the group
+  GroupVat,    ///< VAT of the group
+  GroupGross,  ///< value and VAT of the group
+  Value,       ///< the total of all groups
+  Vat,         ///< VAT of all groups
+  Gross        ///< value and VAT of all groups
 };
 
 /// Further columns of an entry's row; can be combined.
@@ -90,6 +92,7 @@ struct Entry {
   AmountOf amount = AmountOf::Group;
   int marks = 0;
   bool onlyTaxed = false;  ///< made only if the VAT percent is above 0
+  bool skipsZero = false;  ///< not made for an amount of 0
 };
 
 /// What the rows of one note have besides account and amount.

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "documents/kinds/Kinds.h"
+#include "documents/OtherTrade.h"
 #include "stock/Ledger.h"
 #include "stock/Lots.h"
 #include "store/Database.h"
@@ -257,7 +258,8 @@ void findNotes(Finder& finder) {
     finder.find(
         QStringLiteral("Nota contabila lipseste sau are alta suma decat documentul"), {Place::Document},
         QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D INNER JOIN %1 H ON H.%2 = %3 LEFT JOIN (%4) N "
-                       "ON N.FEL = D.TIP AND N.DOC = H.%2 WHERE D.TIP = '%5' AND %6 AND (%7) ORDER BY D.ID")
+                       "ON N.FEL = D.TIP AND N.DOC = H.%2 WHERE D.TIP = '%5' AND COALESCE(D.IsAudio, 0) = 0 "
+                       "AND %6 AND (%7) ORDER BY D.ID")
             .arg(kind.headerTable, kind.numberColumn, numberExpression(QStringLiteral("D.ID")),
                  kPosted.arg(kKindOfNote), kind.prefix,
                  isChosen ? QStringLiteral("H.NoteContabile <> 0") : QStringLiteral("1 = 1"), wrong));
@@ -284,9 +286,11 @@ QString isOfDraft(const DocumentKind& kind) {
 void findStornos(Finder& finder) {
   finder.find(QStringLiteral("Factura stornata si stornarea ei nu se potrivesc"), {Place::Document},
               QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D LEFT JOIN G_FACCLI F ON F.NUMFAC = D.OBS "
-                             "AND F.STORNAT <> 0 WHERE D.TIP = 'FS' AND F.NUMFAC IS NULL UNION ALL "
+                             "AND F.STORNAT <> 0 WHERE D.TIP = 'FS' AND COALESCE(D.IsAudio, 0) = 0 AND "
+                             "F.NUMFAC IS NULL UNION ALL "
                              "SELECT %1 AS PLACE FROM G_FACCLI F WHERE F.STORNAT <> 0 AND NOT EXISTS "
-                             "(SELECT 1 FROM G_DOCUME D WHERE D.TIP = 'FS' AND D.OBS = F.NUMFAC) ORDER BY 1")
+                             "(SELECT 1 FROM G_DOCUME D WHERE D.TIP = 'FS' AND COALESCE(D.IsAudio, 0) = 0 "
+                             "AND D.OBS = F.NUMFAC) ORDER BY 1")
                   .arg(keyExpression(KindId::CustomerInvoice, QStringLiteral("F.NUMFAC"))));
 }
 
@@ -319,11 +323,20 @@ void findDrafts(Finder& finder) {
 
 }  // namespace
 
+namespace {
+
+void findOfTrade(Finder& finder) {
+  if (!otherTrade()) return;
+  for (const CheckRule& rule : otherTrade()->checkRules()) finder.find(rule.what, {rule.place}, rule.sql);
+}
+
+}  // namespace
+
 std::vector<Disagreement> disagreements(const Progress& progress) {
   const Snapshot moment(database());
   Finder finder;
   std::vector<void (*)(Finder&)> rules = {findStock, findWarehouseStock, findRemainders, findNotes,
-                                          findCosts, findStornos,        findDrafts};
+                                          findCosts, findStornos,        findDrafts,     findOfTrade};
   if (TIPCOST() == kFifo) rules.insert(rules.begin() + 2, findLots);
   const int of = static_cast<int>(rules.size());
   for (int done = 0; done < of; ++done) {

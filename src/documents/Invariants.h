@@ -41,6 +41,7 @@ struct Disagreement {
 ///   closed or open wrongly; a storno and its invoice do not belong together;
 /// - a note is not balanced or belongs to two documents; a document's notes are missing or have another sum;
 /// - a document's cost differs from the sum of its lines by more than half a ban per line;
+/// - documents of the other trade (OtherTrade) violate its rules;
 /// - a validated document has no ledger rows, or ledger rows have no validated document.
 /// Reads each table once or twice; writes nothing. `progress` may throw Cancelled.
 std::vector<Disagreement> disagreements(const Progress& progress = {});

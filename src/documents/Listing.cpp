@@ -5,6 +5,7 @@
 #include "config/Currencies.h"
 #include "config/Session.h"
 #include "documents/kinds/Kinds.h"
+#include "documents/OtherTrade.h"
 #include "reports/Variables.h"
 #include "util/AmountText.h"
 #include "util/Errors.h"
@@ -30,12 +31,24 @@ bool isLei(const QString& currency) {
 
 QVariant inOldLei(const QVariant& cell) { return cell.isNull() ? cell : QVariant(cell.toDouble() * kOldLei); }
 
+// What the form says of its documents itself, or their kind.
+struct HeaderFacts {
+  QString dateColumn, partnerColumn, unsaved;
+  bool isPurchase = false;
+};
+
+HeaderFacts factsOf(const ListingKind& form) {
+  if (!form.dateColumn.isEmpty()) return {form.dateColumn, form.partnerColumn, form.unsaved};
+  const DocumentKind& kind = documentKind(form.kind);
+  return {kind.dateColumn, kind.partnerColumn, kind.texts.unsaved, kind.partnersAreSuppliers};
+}
+
 // The header row for printing: the date has the type date, currency and rate are not empty.
 Recordset readHeader(const ListingKind& kind, const QString& number) {
-  const DocumentKind& document = documentKind(kind.kind);
+  const HeaderFacts facts = factsOf(kind);
   Recordset header = OpenRs(kind.headerSql, {number});
-  if (header.isEmpty()) throw RuleError(document.texts.unsaved, document.numberColumn);
-  header.transform(document.dateColumn, asDate);
+  if (header.isEmpty()) throw RuleError(facts.unsaved);
+  header.transform(facts.dateColumn, asDate);
   for (const QString& column : header.columns()) {
     if (column.compare(kCurrencyColumn, Qt::CaseInsensitive) == 0)
       header.transform(column, [](const QVariant& cell) {
@@ -97,11 +110,40 @@ const ListingKind& listingKind(const QString& prefix) {
   return *kind.paper;
 }
 
+namespace {
+
+// Whether the document, or the invoice that the storno cancelled, is in the tables of the 13 kinds.
+bool hasOwnDocument(const LedgerKey& key) {
+  const DocumentKind& kind = documentKind(key.kind);
+  QString number = key.number;
+  if (!kind.hasDraft) {
+    const Recordset ledger = OpenRs("SELECT OBS FROM G_DOCUME WHERE ID = ?", {key.text()});
+    number = ledger.isEmpty() ? QString() : ledger.first().text("OBS").trimmed();
+  }
+  return !OpenRs(QStringLiteral("SELECT %1 FROM %2 WHERE %1 = ?").arg(kind.numberColumn, kind.headerTable),
+                 {number})
+              .isEmpty();
+}
+
+// The document in the tables of the other trade. Stornos and consumption vouchers are looked for there first
+// while the trade is on, invoices by their mark in the ledger; the others after those of the 13 kinds.
+std::optional<Printout> printoutOfTrade(const LedgerKey& key, bool isAudio) {
+  const bool isInvoice = key.kind == KindId::CustomerInvoice;
+  const bool isOther = key.kind == KindId::Storno || key.kind == KindId::ConsumptionVoucher;
+  if (!otherTrade() || (!isInvoice && !isOther)) return std::nullopt;
+  if (isInvoice && !isAudio) return std::nullopt;
+  if (isOther && !session().ModAudio && hasOwnDocument(key)) return std::nullopt;
+  return otherTrade()->printoutOf(key.prefix(), key.number);
+}
+
+}  // namespace
+
 Printout reprintOf(const QString& key) {
   const auto document = LedgerKey::of(key);
   const Recordset found = OpenRs("SELECT OBS, DATADOC, CODDEV, IsAudio FROM G_DOCUME WHERE ID = ?", {key});
   if (!document || found.isEmpty()) throw RuleError(QStringLiteral("Documentul %1 nu mai exista").arg(key));
   const Row& ledger = found.first();
+  if (auto printout = printoutOfTrade(*document, ledger.flag("IsAudio"))) return *printout;
   const DocumentKind& kind = documentKind(document->kind);
   Printout printout{kind.reprint ? &*kind.reprint : &listingKind(kind.prefix), document->number,
                     !isLei(ledger.text("CODDEV").trimmed())};
@@ -131,8 +173,7 @@ ListedDocument readListed(const Printout& printout) {
   }
   const Row& header = document.header.first();
   if (!kind.partner.isEmpty())
-    document.partner =
-        session().gDataEnv.open("Get_Tert", {header.integer(documentKind(kind.kind).partnerColumn)});
+    document.partner = session().gDataEnv.open("Get_Tert", {header.integer(factsOf(kind).partnerColumn)});
   if (header.has(kCurrencyColumn)) document.currency = header.text(kCurrencyColumn);
   if (kind.printsSum)
     for (const Row& line : document.lines) document.total += line.decimal("VALOARETTI");
@@ -140,7 +181,7 @@ ListedDocument readListed(const Printout& printout) {
 }
 
 QStringList missingPartnerTexts(const ListingKind& kind) {
-  const QString noun = documentKind(kind.kind).partnersAreSuppliers ? "Furnizor" : "Client";
+  const QString noun = factsOf(kind).isPurchase ? "Furnizor" : "Client";
   return {noun + " inexistent in baza de date", "Trebuie introdus in baza de date"};
 }
 

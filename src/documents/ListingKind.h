@@ -35,6 +35,10 @@ struct ListingKind {
   QString headerSql = {};        ///< the one row of the document with that number
   QString linesSql = {};         ///< its lines with that number
   QStringList partner = {};      ///< columns of kt_ter, as variables
+  // Of documents that are none of the 13 kinds; empty: those of the kind.
+  QString dateColumn = {};     ///< of the header
+  QString partnerColumn = {};  ///< of the header
+  QString unsaved = {};        ///< the message when there is no such document
 };
 
 }  // namespace velmar

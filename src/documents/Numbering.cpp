@@ -39,17 +39,22 @@ ProposedNumber inRange(qint64 next, const Range& range) {
 
 }  // namespace
 
+ProposedNumber proposeInvoiceNumber(const QString& table) {
+  IncarcaSerii();  // another workstation may have entered a new range since this one started
+  const Session& s = session();
+  if (s.gFCStart == kNoRange) return {};
+  return inRange(std::max(NumarUrmator(table), FacturaUrmatoare()),
+                 {s.gFCStart, s.gFCEnd, QStringLiteral("facturi"), QStringLiteral("facturi")});
+}
+
 ProposedNumber proposeNumber(const DocumentKind& kind) {
-  // Another workstation may have entered a new range since this one started.
-  if (kind.numbering == Numbering::InvoiceRange || kind.numbering == Numbering::NoteRange) IncarcaSerii();
+  if (kind.numbering == Numbering::NoteRange) IncarcaSerii();
   const Session& s = session();
   switch (kind.numbering) {
     case Numbering::Typed:
       return {};
     case Numbering::InvoiceRange:
-      if (s.gFCStart == kNoRange) return {};
-      return inRange(std::max(NumarUrmator("G_FACCLI"), FacturaUrmatoare()),
-                     {s.gFCStart, s.gFCEnd, QStringLiteral("facturi"), QStringLiteral("facturi")});
+      return proposeInvoiceNumber(kind.headerTable);
     case Numbering::NoteRange:
       if (s.gAEStart == kNoRange) return {};
       return inRange(NumarUrmator("g_aecli"), {s.gAEStart, s.gAEEnd, QStringLiteral("avize de expeditie"),

@@ -16,6 +16,9 @@ struct ProposedNumber {
 /// The number for a new document of the kind. It is not reserved until the header is stored.
 ProposedNumber proposeNumber(const DocumentKind& kind);
 
+/// The number for a new invoice whose drafts are in that table, from the range of customer invoices.
+ProposedNumber proposeInvoiceNumber(const QString& table);
+
 /// As proposeNumber, but shows the warning; "" if the user types the number.
 QString NumarDocument(const QString& prefix);
 

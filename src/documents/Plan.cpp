@@ -93,11 +93,12 @@ Plan planOf(const Document& document, const PlanInputs& inputs) {
 }
 
 void executePlan(const Plan& plan, const QDateTime& moment) {
-  const Drafts drafts(*plan.draft.kind);
+  const DraftChange& draft = plan.draft;
   inStep(Step::Ledger, [&] {
     writeLedger(plan.ledger, moment);
     removeLedger(plan.removedLedger);
-    drafts.updateColumns(plan.draft.lines, plan.draft.lineColumns);
+    writeDirections(plan.directions);
+    if (draft.kind) Drafts(*draft.kind).updateColumns(draft.lines, draft.lineColumns);
     writeRests(plan.rests);
     pAddDOCI(plan.taker, plan.links);
     for (const QString& article : plan.removedLinks) pStergDOCI(plan.taker, article);
@@ -105,7 +106,7 @@ void executePlan(const Plan& plan, const QDateTime& moment) {
   });
   inStep(Step::Stock, [&] {
     writeArticles(plan.articles);
-    if (plan.draft.isMarked) drafts.setValidated(plan.draft.number, plan.draft.isValidated);
+    if (draft.kind && draft.isMarked) Drafts(*draft.kind).setValidated(draft.number, draft.isValidated);
   });
   inStep(Step::Posting, [&] {
     removeNotes(plan.removedNotes, plan.taker.number);

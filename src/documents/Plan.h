@@ -37,17 +37,18 @@ std::optional<Decimal> optionalDecimal(const Row& row, const QString& column);
 
 /// Changes of a document's own tables.
 struct DraftChange {
-  const DocumentKind* kind = nullptr;
-  QString number;           ///< of a kind without a draft: of the document that it is made from
-  std::vector<Row> lines;   ///< that are stored
-  QStringList lineColumns;  ///< their columns to store
-  bool isValidated = true;  ///< VALIDAT afterwards; of a kind without a draft STORNAT
-  bool isMarked = true;     ///< that is written; it is an error when it was so before
+  const DocumentKind* kind = nullptr;  ///< null: the document has no draft of the 13 kinds
+  QString number;                      ///< of a kind without a draft: of the document that it is made from
+  std::vector<Row> lines;              ///< that are stored
+  QStringList lineColumns;             ///< their columns to store
+  bool isValidated = true;             ///< VALIDAT afterwards; of a kind without a draft STORNAT
+  bool isMarked = true;                ///< that is written; it is an error when it was so before
 };
 
 struct Plan {
   std::vector<LedgerDocument> ledger;
   std::vector<LedgerKey> removedLedger;
+  std::vector<DirectionChange> directions;
   LedgerKey taker;                  ///< the document that takes from lots or gives back to them
   std::vector<LotTake> rests;       ///< new remainders of lots
   std::vector<LotTake> links;       ///< that are stored

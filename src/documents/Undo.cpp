@@ -4,6 +4,7 @@
 
 #include "documents/Drafts.h"
 #include "documents/kinds/Kinds.h"
+#include "documents/OtherTrade.h"
 #include "store/Database.h"
 #include "store/Records.h"
 #include "util/Clock.h"
@@ -76,13 +77,13 @@ void readTakes(const DocumentKind& kind, const QStringList& sources,
 
 // The orders and notes that it took from, and what others took from them.
 void readTaken(ValidatedDocument& document) {
-  const DocumentKind& kind = documentKind(document.key.kind);
-  if (kind.sourceColumn.isEmpty()) return;
-  const auto draft = Drafts(kind).load(document.key.number);
+  const DocumentKind* kind = findDocumentKind(document.key.kind);
+  if (!kind || kind->sourceColumn.isEmpty()) return;
+  const auto draft = Drafts(*kind).load(document.key.number);
   if (!draft) return;
   std::vector<LedgerKey> sources;
   QStringList keys;
-  for (const TakenLine& taken : takenBy(kind, draft->lines)) {
+  for (const TakenLine& taken : takenBy(*kind, draft->lines)) {
     if (keys.contains(taken.source.text())) continue;
     sources.push_back(taken.source);
     keys.append(taken.source.text());
@@ -204,7 +205,11 @@ void requireRemovable(const ValidatedDocument& document) {
                         .arg(document.storno));
 }
 
+// Whether the document belongs to the other trade.
+static bool isOfOtherTrade(const LedgerKey& key) { return otherTrade() && ledgerKind(key.kind).isAudio; }
+
 QStringList checkRemoval(const LedgerKey& key) {
+  if (isOfOtherTrade(key)) return otherTrade()->checkRemoval(key);
   const ValidatedDocument document = readValidated(key);
   requireRemovable(document);
   if (document.direction != kReceipt || TIPCOST() == kFifo) return {};
@@ -212,9 +217,11 @@ QStringList checkRemoval(const LedgerKey& key) {
       "Acesta este un document de intrare si nu poate fi sters daca s-au facut iesiri din stoc !")};
 }
 
-Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, const QString& costMethod) {
+namespace {
+
+// The goods are back in their lots and in the stock of their articles.
+Plan goodsBack(const ValidatedDocument& document, const ArticleTable& articles, bool restoresCost) {
   Plan plan;
-  plan.removedLedger = {document.key};
   plan.taker = document.key;
   plan.rests = givenBack(document.lots, document.links);
   const std::vector<LotTake> returns = returnsUndone(document);
@@ -226,18 +233,33 @@ Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, con
     std::vector<StockReturn> changes;
     for (const auto& line : document.lines)
       changes.push_back({line.article, isIssue ? -line.quantity : line.quantity, line.cost});
-    plan.articles = changesTakenBack(changes, articles, isIssue && costMethod != kFifo);
+    plan.articles = changesTakenBack(changes, articles, isIssue && restoresCost);
   }
+  return plan;
+}
+
+}  // namespace
+
+Plan withdrawalOf(const ValidatedDocument& document, const ArticleTable& articles) {
+  Plan plan = goodsBack(document, articles, false);
+  plan.directions = {{document.key, {}}};
+  return plan;
+}
+
+Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, const QString& costMethod) {
+  Plan plan = goodsBack(document, articles, costMethod != kFifo);
+  plan.removedLedger = {document.key};
   plan.sources = takenAnew(document.sources, document.othersTook);
-  const DocumentKind& kind = documentKind(document.key.kind);
   // The remark of a document without a draft is the number of the one that it was made from.
-  plan.draft = {
-      &kind, kind.hasDraft ? document.key.number : document.remark, {}, {}, false, !document.isDraft};
+  if (const DocumentKind* kind = findDocumentKind(document.key.kind))
+    plan.draft = {
+        kind, kind->hasDraft ? document.key.number : document.remark, {}, {}, false, !document.isDraft};
   plan.removedNotes = document.notes;
   return plan;
 }
 
 bool takeBack(const LedgerKey& key) {
+  if (isOfOtherTrade(key)) return otherTrade()->takeBack(key);
   Transaction transaction(database());
   const ValidatedDocument document = readValidated(key);
   requireRemovable(document);

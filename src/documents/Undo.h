@@ -48,6 +48,10 @@ QStringList checkRemoval(const LedgerKey& key);
 /// lines.
 Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, const QString& costMethod);
 
+/// The plan by which the document stays in the ledger but moves no stock: its lots and the stock of its
+/// articles get the goods back; the costs of articles stay.
+Plan withdrawalOf(const ValidatedDocument& document, const ArticleTable& articles);
+
 /// Takes the document back in one transaction, with all checks under the write lock. Returns whether it had
 /// notes. Throws RuleError; nothing is then written.
 bool takeBack(const LedgerKey& key);

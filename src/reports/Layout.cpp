@@ -136,7 +136,7 @@ QString xmlReason(const QXmlStreamReader& xml) {
 }
 
 /// The element names of objects, by the index of the alternative in Object::content.
-constexpr std::array kObjectElements = {"text", "line", "box", "picture", "barcode", "table"};
+constexpr std::array kObjectElements = {"text", "line", "box", "picture", "barcode", "curve", "table"};
 
 class Reader {
  public:
@@ -210,6 +210,9 @@ class Reader {
         object.content = BarCode();
         return true;
       case 5:
+        object.content = Curve();
+        return true;
+      case 6:
         object.content = Table();
         return true;
       default:

@@ -102,6 +102,27 @@ struct BarCode {
   bool showsText = true;
 };
 
+/// The scale of a curve.
+struct CurveAxes {
+  double leastX = 0, mostX = 100, stepX = 10;
+  double leastY = 0, mostY = 100, stepY = 10;
+  bool doubling = false;   ///< across, each step doubles the value
+  bool growsDown = false;  ///< larger values are lower
+};
+
+enum class CurveMark { None, Circle, Cross, Dot };
+
+/// A curve over the lines of the data. A line without a value across is left out, one without a value
+/// upwards is a gap; a value beyond the scale is drawn at its end.
+struct Curve {
+  QString x, y;  ///< formulas over the fields of a line
+  CurveAxes axes;
+  CurveMark mark = CurveMark::Circle;
+  QString colour = QStringLiteral("#000000");
+  double pen = 0.4;
+  double points = 7;  ///< size of the numbers at the axes
+};
+
 /// Lines around a cell.
 struct Borders {
   bool left = false;
@@ -167,7 +188,7 @@ struct Object {
   QRectF frame;
   QString condition;  ///< formula; empty: always
   Pages pages = Pages::All;
-  std::variant<Text, Line, Box, Picture, BarCode, Table> content;
+  std::variant<Text, Line, Box, Picture, BarCode, Curve, Table> content;
 };
 
 /// A sheet of labels. The page of the layout is one label, each page group is one label.

@@ -21,6 +21,10 @@ inline const Choices<Format> kFormats = {
     {Format::Text, "text"}, {Format::Number, "number"}, {Format::Price, "price"}, {Format::Date, "date"}};
 inline const Choices<BarCodeType> kBarCodes = {{BarCodeType::Code128, "code128"},
                                                {BarCodeType::Ean13, "ean13"}};
+inline const Choices<CurveMark> kCurveMarks = {{CurveMark::None, "none"},
+                                               {CurveMark::Circle, "circle"},
+                                               {CurveMark::Cross, "cross"},
+                                               {CurveMark::Dot, "dot"}};
 inline const Choices<Pages> kPages = {
     {Pages::All, "all"}, {Pages::First, "first"}, {Pages::Following, "following"}, {Pages::Last, "last"}};
 inline const Choices<RowRole> kRoles = {
@@ -44,6 +48,7 @@ struct Range {
 inline constexpr Range kLength = {0, kLargestSheet};
 inline constexpr Range kPlace = {-kLargestSheet, kLargestSheet};
 inline constexpr Range kPen = {0, 20};
+inline constexpr Range kScale = {-1e9, 1e9};  // of a curve
 
 // The members of each part, described once for all archives.
 
@@ -118,6 +123,24 @@ void describe(Archive& archive, BarCode& code) {
   archive.field("type", code.type, kBarCodes);
   archive.field("formula", code.formula);
   archive.field("showsText", code.showsText);
+}
+
+template <typename Archive>
+void describe(Archive& archive, Curve& curve) {
+  archive.field("xValue", curve.x);
+  archive.field("yValue", curve.y);
+  archive.field("leastX", curve.axes.leastX, kScale);
+  archive.field("mostX", curve.axes.mostX, kScale);
+  archive.field("stepX", curve.axes.stepX, kScale);
+  archive.field("doubling", curve.axes.doubling);
+  archive.field("leastY", curve.axes.leastY, kScale);
+  archive.field("mostY", curve.axes.mostY, kScale);
+  archive.field("stepY", curve.axes.stepY, kScale);
+  archive.field("growsDown", curve.axes.growsDown);
+  archive.field("mark", curve.mark, kCurveMarks);
+  archive.colour("colour", curve.colour);
+  archive.field("pen", curve.pen, kPen);
+  archive.field("points", curve.points, {1, 500});
 }
 
 template <typename Archive>

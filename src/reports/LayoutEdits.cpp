@@ -156,6 +156,9 @@ Object madeObject(Kind kind) {
     case Kind::BarCode:
       object.content = BarCode();
       break;
+    case Kind::Curve:
+      object.content = Curve();
+      break;
     case Kind::Table: {
       Table table;
       table.rows.resize(2);
@@ -177,6 +180,8 @@ QSizeF usualSize(const Layout& layout, Kind kind) {
       return {layout.page.width - layout.page.left - layout.page.right, 60};
     case Kind::BarCode:
       return {50, 15};
+    case Kind::Curve:
+      return {80, 50};
     case Kind::Box:
     case Kind::Picture:
       break;

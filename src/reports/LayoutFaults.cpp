@@ -42,6 +42,7 @@ class Search {
       searchFormula(part, QStringLiteral("formula"), text->formula);
     if (const auto* code = std::get_if<BarCode>(&object.content))
       searchFormula(part, QStringLiteral("formula"), code->formula);
+    if (const auto* curve = std::get_if<Curve>(&object.content)) searchCurve(part, *curve);
     if (const auto* picture = std::get_if<Picture>(&object.content))
       searchFormula(part, QStringLiteral("file"), picture->file);
     if (const auto* table = std::get_if<Table>(&object.content)) searchTable(part, object, *table);
@@ -52,6 +53,16 @@ class Search {
     const bool outside = frame.left() < -kSlack || frame.top() < -kSlack ||
                          frame.right() > page.width + kSlack || frame.bottom() > page.height + kSlack;
     if (outside) add(part, {}, QStringLiteral("Iese din foaie"));
+  }
+
+  void searchCurve(const Part& part, const Curve& curve) {
+    searchFormula(part, QStringLiteral("xValue"), curve.x);
+    searchFormula(part, QStringLiteral("yValue"), curve.y);
+    const CurveAxes& axes = curve.axes;
+    if (axes.mostX <= axes.leastX || (axes.doubling && axes.leastX <= 0))
+      add(part, QStringLiteral("mostX"), QStringLiteral("Scara pe orizontala nu este corecta"));
+    if (axes.mostY <= axes.leastY)
+      add(part, QStringLiteral("mostY"), QStringLiteral("Scara pe verticala nu este corecta"));
   }
 
   void searchTable(const Part& part, const Object& object, const Table& table) {

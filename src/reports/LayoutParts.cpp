@@ -79,7 +79,7 @@ Parts existing(const Layout& layout, const Parts& parts) {
 Kind kindOf(const Object& object) { return static_cast<Kind>(object.content.index()); }
 
 QString kindName(Kind kind) {
-  static const std::array kNames = {"Text", "Linie", "Chenar", "Imagine", "Cod de bare", "Tabel"};
+  static const std::array kNames = {"Text", "Linie", "Chenar", "Imagine", "Cod de bare", "Curba", "Tabel"};
   return QLatin1String(kNames[static_cast<size_t>(kind)]);
 }
 

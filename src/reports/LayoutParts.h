@@ -27,7 +27,7 @@ bool has(const Layout& layout, const Part& part);
 Parts existing(const Layout& layout, const Parts& parts);
 
 /// The kinds of objects in the order of Object::content.
-enum class Kind { Text, Line, Box, Picture, BarCode, Table };
+enum class Kind { Text, Line, Box, Picture, BarCode, Curve, Table };
 
 Kind kindOf(const Object& object);
 /// "Text", "Linie", ...

@@ -64,6 +64,17 @@ QString captionOf(const QString& name) {
                                                         {"lineTop", "Linie sus"},
                                                         {"lineRight", "Linie dreapta"},
                                                         {"lineBottom", "Linie jos"},
+                                                        {"xValue", "Valoare pe orizontala"},
+                                                        {"yValue", "Valoare pe verticala"},
+                                                        {"leastX", "Orizontala: de la"},
+                                                        {"mostX", "Orizontala: pana la"},
+                                                        {"stepX", "Orizontala: pas"},
+                                                        {"doubling", "Orizontala: pasul dubleaza"},
+                                                        {"leastY", "Verticala: de la"},
+                                                        {"mostY", "Verticala: pana la"},
+                                                        {"stepY", "Verticala: pas"},
+                                                        {"growsDown", "Verticala: creste in jos"},
+                                                        {"mark", "Semn"},
                                                         {"role", "Rol rand"},
                                                         {"group", "Grupa"},
                                                         {"fillsDown", "Linii pana jos"},
@@ -84,7 +95,8 @@ QString choiceText(const char* word) {
       {"text", "text"},      {"number", "numar"},     {"date", "data"},
       {"price", "pret"},     {"code128", "Code 128"}, {"ean13", "EAN 13"},
       {"all", "toate"},      {"first", "prima"},      {"following", "urmatoarele"},
-      {"last", "ultima"}};
+      {"last", "ultima"},    {"none", "fara"},        {"circle", "cerc"},
+      {"cross", "cruce"},    {"dot", "punct"}};
   const auto text = kTexts.constFind(QLatin1String(word));
   return QLatin1String(text == kTexts.constEnd() ? word : *text);
 }

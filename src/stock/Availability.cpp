@@ -16,6 +16,16 @@ Quantities addedUp(const std::vector<Row>& rows) {
   return result;
 }
 
+std::optional<Shortage> shortageIn(const Quantities& stock, const QStringList& articles,
+                                   const Quantities& wanted, const Quantities& ownOrders) {
+  const Quantities ordered = openOrders(articles);
+  for (const QString& article : articles) {
+    const Decimal available = stock.of(article) - (ordered.of(article) - ownOrders.of(article)).abs();
+    if (available < wanted.of(article)) return Shortage{article, available};
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 Quantities warehouseStock(const QStringList& articles, qint64 warehouse) {
@@ -23,6 +33,20 @@ Quantities warehouseStock(const QStringList& articles, qint64 warehouse) {
       rowsOfKeys("SELECT B.ARTID AS CODART, B.CANT AS CANT FROM G_STOCMAG B "
                  "WHERE B.ARTID IN (%1) AND B.CODMAG = ?",
                  articles, {warehouse}));
+}
+
+Quantities warehouseStockOn(const QDate& date, const QStringList& articles, qint64 warehouse) {
+  Quantities stock = warehouseStock(articles, warehouse);
+  // What came or left later, which does not depend on the length of the history.
+  const std::vector<Row> later = rowsOfKeys(
+      "SELECT L.ARTID AS CODART, SUM(CASE WHEN D.TIPIE = 'E' THEN -L.CANT ELSE L.CANT END) AS CANT FROM "
+      "G_DOCUME D INNER JOIN G_LDOCUM L ON L.DOCID = D.ID WHERE L.ARTID IN (%1) AND D.DATADOC > ? AND "
+      "L.CODMAG = ? AND D.TIPIE IN ('I', 'S', 'E') GROUP BY L.ARTID",
+      articles, {date, warehouse});
+  const Quantities movements = addedUp(later);
+  for (const QString& article : articles)
+    if (const Decimal received = movements.of(article); received > 0) stock.add(article, -received);
+  return stock;
 }
 
 Quantities openOrders(const QStringList& articles) {
@@ -37,13 +61,12 @@ Decimal gStocValid(const QString& article) { return openOrders({article}).of(art
 
 std::optional<Shortage> firstShortage(const QStringList& articles, const Quantities& wanted, qint64 warehouse,
                                       const Quantities& ownOrders) {
-  const Quantities stock = warehouseStock(articles, warehouse);
-  const Quantities ordered = openOrders(articles);
-  for (const QString& article : articles) {
-    const Decimal available = stock.of(article) - (ordered.of(article) - ownOrders.of(article)).abs();
-    if (available < wanted.of(article)) return Shortage{article, available};
-  }
-  return std::nullopt;
+  return shortageIn(warehouseStock(articles, warehouse), articles, wanted, ownOrders);
+}
+
+std::optional<Shortage> firstShortageOn(const QDate& date, const QStringList& articles,
+                                        const Quantities& wanted, qint64 warehouse) {
+  return shortageIn(warehouseStockOn(date, articles, warehouse), articles, wanted, {});
 }
 
 Recordset stockByWarehouse(const QString& article) {

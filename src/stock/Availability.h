@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <QDate>
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -25,6 +26,9 @@ class Quantities {
 /// Stock of each of the articles in the warehouse: entries and opening stock minus issues, 3 decimals.
 Quantities warehouseStock(const QStringList& articles, qint64 warehouse);
 
+/// The same on a date: documents up to that date, but never more than there is now.
+Quantities warehouseStockOn(const QDate& date, const QStringList& articles, qint64 warehouse);
+
 /// The open quantity of each of the articles in validated customer orders.
 Quantities openOrders(const QStringList& articles);
 
@@ -40,6 +44,9 @@ struct Shortage {
 /// absolute value of the open orders that are not the document's own.
 std::optional<Shortage> firstShortage(const QStringList& articles, const Quantities& wanted, qint64 warehouse,
                                       const Quantities& ownOrders = {});
+/// The same with the stock on a date (warehouseStockOn).
+std::optional<Shortage> firstShortageOn(const QDate& date, const QStringList& articles,
+                                        const Quantities& wanted, qint64 warehouse);
 
 /// The stock of an article in each warehouse, also where there is none, by code of the warehouse: DENUMIRE,
 /// STOC (3 decimals), CODART (a number that counts the rows from 1).

@@ -44,6 +44,8 @@ const std::vector<WrittenColumn<LedgerDocument>>& documentColumns() {
       {"TOTALDEV", [](const D& d) { return Value(d.valueInCurrency); }},
       {"DATASCAD", [](const D& d) { return dateOrNull(d.dueDate); }},
       {"MODREG", [](const D& d) { return numberOrNull(d.paymentMode); }},
+      {"IsAudio", [](const D& d) { return Value(ledgerKind(d.key.kind).isAudio); }},
+      {"STORNAT", [](const D& d) { return Value(d.isTurned); }},
       {"SERIE", [](const D& d) { return textOrNull(d.series); }},
       {"NUMFACTR", [](const D& d) { return textOrNull(d.carrierInvoice); }},
       {"FURTR", [](const D& d) { return numberOrNull(d.carrier); }},
@@ -122,6 +124,24 @@ void removeLedger(const std::vector<LedgerKey>& keys) {
     if (database().execute("DELETE FROM G_DOCUME WHERE ID = ?", {key.text()}) == 0)
       throw RuleError(
           QStringLiteral("Documentul %1 nu a putut fi mutat in grila de culegere").arg(key.text()));
+  }
+}
+
+void writeDirections(const std::vector<DirectionChange>& changes) {
+  for (const DirectionChange& change : changes) {
+    const QString key = change.key.text();
+    if (database().execute("UPDATE G_DOCUME SET TIPIE = ? WHERE ID = ?",
+                           {textOrNull(change.direction), key}) == 0)
+      throw RuleError(QStringLiteral("Documentul %1 nu mai exista").arg(key));
+    if (change.lineCosts.empty()) continue;
+    std::vector<Values> lines;
+    Decimal total;
+    for (const Decimal& cost : change.lineCosts) {
+      total += cost;
+      lines.push_back({cost, cost, key, static_cast<qint64>(lines.size()) + 1});
+    }
+    database().executeEach("UPDATE G_LDOCUM SET COST = ?, VALCOST = ? WHERE DOCID = ? AND LINIE = ?", lines);
+    database().execute("UPDATE G_DOCUME SET TOTALCOST = ? WHERE ID = ?", {total, key});
   }
 }
 

@@ -48,6 +48,7 @@ struct LedgerDocument {
   std::optional<Decimal> rate = Decimal(0);
   Decimal valueInCurrency;
   QDate dueDate;                      ///< invalid: not written
+  bool isTurned = false;              ///< STORNAT
   std::optional<qint64> paymentMode;  ///< MODREG
   QString series;
   QString carrierInvoice = {};            ///< NUMFACTR, of an import
@@ -62,6 +63,17 @@ void writeLedger(const std::vector<LedgerDocument>& documents, const QDateTime& 
 
 /// Removes the documents and their lines. Throws RuleError if one is not in the ledger.
 void removeLedger(const std::vector<LedgerKey>& keys);
+
+/// A document of the ledger that begins or ceases to move stock.
+struct DirectionChange {
+  LedgerKey key;
+  QString direction;  ///< TIPIE afterwards; empty: none
+  /// New costs of its lines, lei, in their order; the sum becomes that of the document. Empty: unchanged.
+  std::vector<Decimal> lineCosts = {};
+};
+
+/// Throws RuleError if a document is not in the ledger.
+void writeDirections(const std::vector<DirectionChange>& changes);
 
 inline const QString kFifo = QStringLiteral("FIFO");  ///< the cost method that values stock by lots
 

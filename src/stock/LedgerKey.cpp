@@ -30,9 +30,9 @@ const std::vector<LedgerKind>& ledgerKinds() {
       {.id = KindId::ConsumptionVoucher, .prefix = "BC", .takesLots = true},
       {.id = KindId::Transfer, .prefix = "BT", .hasSides = true},
       {.id = KindId::Storno, .prefix = "FS", .receives = true, .lotsAtCost = true},
-      {.id = KindId::DeviceInvoice, .prefix = "FC", .isAudio = true},
+      {.id = KindId::DeviceInvoice, .prefix = "FC", .isAudio = true, .takesLots = true},
       {.id = KindId::DeviceStorno, .prefix = "FS", .isAudio = true},
-      {.id = KindId::RepairVoucher, .prefix = "BC", .isAudio = true},
+      {.id = KindId::RepairVoucher, .prefix = "BC", .isAudio = true, .takesLots = true},
   };
   return kinds;
 }
@@ -90,6 +90,7 @@ QString prefixesOf(bool LedgerKind::*fact) {
   QStringList prefixes;
   for (const LedgerKind& kind : ledgerKinds())
     if (kind.*fact) prefixes.append(QStringLiteral("'%1'").arg(kind.prefix));
+  prefixes.removeDuplicates();
   return prefixes.join(QStringLiteral(", "));
 }
 

@@ -141,10 +141,12 @@ void offerChoices(QList<FilterField>& fields, const QString& column, const QStri
   };
 }
 
+void offerFlag(QList<FilterField>& fields, const QString& column, const QString& yes, const QString& no) {
+  fieldOf(fields, column).choices = [yes, no] { return QList<FilterChoice>{{yes, -1LL}, {no, 0LL}}; };
+}
+
 void offerYesNo(QList<FilterField>& fields, const QString& column) {
-  fieldOf(fields, column).choices = [] {
-    return QList<FilterChoice>{{QStringLiteral("DA"), -1LL}, {QStringLiteral("NU"), 0LL}};
-  };
+  offerFlag(fields, column, QStringLiteral("DA"), QStringLiteral("NU"));
 }
 
 void Filter::add(const FilterTerm& term, bool orElse) {

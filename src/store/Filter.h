@@ -37,6 +37,8 @@ QList<FilterField> filterFields(const Table& table, const QHash<QString, QString
 
 /// Lets the field of that column offer the results of a statement (value, text).
 void offerChoices(QList<FilterField>& fields, const QString& column, const QString& sql);
+/// Lets a flag field offer two texts, for true and false.
+void offerFlag(QList<FilterField>& fields, const QString& column, const QString& yes, const QString& no);
 /// Lets a flag field offer "DA" and "NU".
 void offerYesNo(QList<FilterField>& fields, const QString& column);
 

@@ -86,6 +86,26 @@ void insertRecord(const Table& table, const Row& row) {
   database().insertRows(quoted(table.name()), row.columns(), {checkedValues(table, row)});
 }
 
+qint64 insertNumbered(const Table& table, const Row& row) {
+  requirePlainTexts(table, row);
+  QStringList columns;
+  Values values;
+  const Values checked = checkedValues(table, row);
+  for (qsizetype i = 0; i < row.columns().size(); ++i) {
+    if (row.columns()[i].compare(keyOf(table), Qt::CaseInsensitive) == 0) continue;
+    columns.append(row.columns()[i]);
+    values.push_back(checked[static_cast<size_t>(i)]);
+  }
+  const QString marks = QStringList(columns.size(), QStringLiteral("?")).join(QStringLiteral(", "));
+  Transaction transaction(database());
+  const Recordset key = database().query(
+      QStringLiteral("INSERT INTO %1 (%2) VALUES (%3) RETURNING %4")
+          .arg(quoted(table.name()), columns.join(QStringLiteral(", ")), marks, keyOf(table)),
+      values);
+  transaction.commit();
+  return key.first().integer(keyOf(table));
+}
+
 bool updateRecord(const Table& table, const Row& row) {
   const Values values = checkedValues(table, row);
   QStringList sets, conditions;

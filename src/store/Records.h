@@ -29,6 +29,9 @@ void requirePlainTexts(const Table& table, const Row& row);
 /// with the column for a text that is too long or not plain.
 void insertRecord(const Table& table, const Row& row);
 
+/// Inserts the row into a table that the engine numbers and returns its key. Throws as insertRecord().
+qint64 insertNumbered(const Table& table, const Row& row);
+
 /// Updates the record with the row's key; returns whether there is one. Throws as insertRecord(), but accepts
 /// any text in the key.
 bool updateRecord(const Table& table, const Row& row);

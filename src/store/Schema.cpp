@@ -118,7 +118,8 @@ Row Table::emptyRow() const {
 const std::vector<Table>& companyTables() {
   static const std::vector<Table> tables = [] {
     std::vector<Table> all = masterTables();
-    for (auto part : {documentTables(), ledgerTables()}) all.insert(all.end(), part.begin(), part.end());
+    for (auto part : {documentTables(), ledgerTables(), hearingTables()})
+      all.insert(all.end(), part.begin(), part.end());
     return all;
   }();
   return tables;
@@ -134,7 +135,11 @@ const std::vector<StoredStatement>& companyViews() {
   static const std::vector<StoredStatement> views = {
       {QStringLiteral("qryTertiLinii"),
        QStringLiteral(
-           "CREATE VIEW qryTertiLinii AS SELECT DISTINCT TERT FROM kt_linii WHERE TERT IS NOT NULL")}};
+           "CREATE VIEW qryTertiLinii AS SELECT DISTINCT TERT FROM kt_linii WHERE TERT IS NOT NULL")},
+      {QStringLiteral("G_AT"),
+       QStringLiteral("CREATE VIEW G_AT AS SELECT T.ID_Comanda, T.UrecheaDreapta, T.Urechea, T.C125, T.C250, "
+                      "T.C500, T.C1000, T.C2000, T.C4000, T.C8000 FROM G_AudiogramaTonala T INNER JOIN "
+                      "G_COMANDA_AUDIO C ON C.ID_Comanda = T.ID_Comanda")}};
   return views;
 }
 

@@ -111,5 +111,6 @@ void requireWidths(const Table& table, const Row& row);
 std::vector<Table> masterTables();
 std::vector<Table> documentTables();
 std::vector<Table> ledgerTables();
+std::vector<Table> hearingTables();
 
 }  // namespace velmar

@@ -97,7 +97,8 @@ Table partners() {
       .text("Familie", 20)
       .key("COD")
       .index("NUME COD")
-      .index("TIP NUME");
+      .index("TIP NUME")
+      .index("CNP", "CNP IS NOT NULL");
 }
 
 Table articles() {

@@ -70,6 +70,9 @@ inline Layout fullLayout() {
       objectOf("Chenar", QRectF(15, 22, 60, 20), Box{0.3, "#000000", "#f0f0ff", 2}),
       objectOf("Sigla", QRectF(80, 22, 30, 20), Picture{"\"sigla.png\"", true}),
       objectOf("Cod", QRectF(120, 22, 60, 15), BarCode{BarCodeType::Code128, "NUMFAC", true}),
+      objectOf(
+          "Curba", QRectF(150, 60, 40, 30),
+          Curve{"LINIE", "CANT", {1, 64, 1, -10, 20, 5, true, true}, CurveMark::Cross, "#0000FF", 0.3, 6}),
       objectOf("Ean", QRectF(120, 40, 60, 15), BarCode{BarCodeType::Ean13, "\"594123456789\"", true},
                Pages::First),
       objectOf("Linii", QRectF(15, 60, 122, 150), table),

@@ -14,6 +14,7 @@
 #include "Controls.h"
 #include "Files.h"
 #include "Grids.h"
+#include "hearing/HearingTrade.h"
 #include "Input.h"
 #include "Menus.h"
 #include "Printing.h"
@@ -230,6 +231,7 @@ int main(int argc, char** argv) {
   for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS, SIGUSR1}) std::signal(signal, writeBacktrace);
   qInstallMessageHandler(logMessage);
   Application application(argc, argv);
+  velmar::registerHearingTrade();
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
 

@@ -27,6 +27,13 @@ const std::vector<DocumentKind>& documentKinds() {
   return kinds;
 }
 
+const DocumentKind* findDocumentKind(KindId id) {
+  const auto& kinds = documentKinds();
+  const auto kind =
+      std::find_if(kinds.begin(), kinds.end(), [id](const DocumentKind& each) { return each.id == id; });
+  return kind == kinds.end() ? nullptr : &*kind;
+}
+
 const DocumentKind& documentKind(KindId id) {
   return found(ledgerKind(id).prefix, [id](const DocumentKind& kind) { return kind.id == id; });
 }

@@ -22,6 +22,8 @@ DocumentKind transfer();
 /// All 13 kinds.
 const std::vector<DocumentKind>& documentKinds();
 
+/// Null for a kind that is none of these.
+const DocumentKind* findDocumentKind(KindId id);
 /// The kind. Throws StoreError when it is not described.
 const DocumentKind& documentKind(KindId id);
 /// The kind with that prefix, case insensitive. Throws StoreError when there is none.

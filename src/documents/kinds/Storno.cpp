@@ -95,7 +95,6 @@ class StornoRules : public KindRules {
     return CautaFF(lots, wanted);
   }
 
-  // Black turns the sides round, red the signs.
   static Note turned(Note note, const Document& document, bool inBlack) {
     note.kind = document.kind->prefix;
     note.stamp.clear();
@@ -103,15 +102,7 @@ class StornoRules : public KindRules {
     note.dueDate = document.date().addMonths(1);
     note.number = document.number;
     note.remark = document.header.text(document.kind->remarkColumn);
-    for (NoteRow& row : note.rows) {
-      if (inBlack) {
-        std::swap(row.debit, row.credit);
-        std::swap(row.foreignDebit, row.foreignCredit);
-        continue;
-      }
-      for (Decimal* amount : {&row.debit, &row.credit, &row.foreignDebit, &row.foreignCredit})
-        *amount = Decimal(0) - *amount;
-    }
+    turnRound(note, inBlack);
     return note;
   }
 };

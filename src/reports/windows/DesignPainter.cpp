@@ -27,6 +27,11 @@ QPen cosmetic(const QColor& colour, qreal width = 1, Qt::PenStyle style = Qt::So
 }
 
 // Sample digits for a bar code whose value is unknown.
+// A curve from one corner of its scale to the other.
+QList<std::optional<QPointF>> sampleFor(const Curve& curve) {
+  return {QPointF(curve.axes.leastX, curve.axes.leastY), QPointF(curve.axes.mostX, curve.axes.mostY)};
+}
+
 QString sampleFor(const BarCode& code) {
   return code.type == BarCodeType::Ean13 ? QStringLiteral("5901234123457") : QStringLiteral("0123456789");
 }
@@ -134,6 +139,8 @@ void DesignPainter::paintObject(const Object& object) {
     drawBox(painter_, frame, *box);
   else if (const auto* code = std::get_if<BarCode>(&object.content))
     drawBarCode(painter_, frame, *code, sampleFor(*code));
+  else if (const auto* curve = std::get_if<Curve>(&object.content))
+    drawCurve(painter_, frame, *curve, sampleFor(*curve));
   else if (const auto* picture = std::get_if<Picture>(&object.content)) {
     TextStyle style;
     style.colour = kFrameColour.darker().name();

@@ -10,6 +10,7 @@
 
 #include "reports/BarCodes.h"
 #include "reports/Shown.h"
+#include "reports/windows/CurvePainter.h"
 
 namespace velmar::layout {
 
@@ -257,6 +258,15 @@ void drawBarCode(QPainter& painter, const QRectF& frame, const BarCode& code, co
     from = std::max(end, from + 1);
   }
   if (code.showsText) drawText(painter, frame, barText(code.type, text.trimmed()), style);
+}
+
+void drawCurve(QPainter& painter, const QRectF& frame, const Curve& curve,
+               const QList<std::optional<QPointF>>& points) {
+  painter.save();
+  painter.setFont(fontOf({.points = curve.points}));
+  painter.setPen(Qt::black);
+  drawCurves(painter, frame, curve.axes, {{points, QColor(curve.colour), curve.mark}}, toTwips(curve.pen));
+  painter.restore();
 }
 
 qreal rowHeight(const TableRow& row, const QStringList& texts) {

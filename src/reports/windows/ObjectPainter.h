@@ -1,6 +1,7 @@
 // Draws the parts of a layout, for paper, preview and designer. Frames are in twips, the unit of the pages.
 #pragma once
 
+#include <optional>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QImage>
@@ -28,6 +29,10 @@ void drawBox(QPainter& painter, const QRectF& frame, const Box& box);
 void drawPicture(QPainter& painter, const QRectF& frame, const QImage& image, bool keepsRatio);
 /// Draws nothing if the text cannot be encoded.
 void drawBarCode(QPainter& painter, const QRectF& frame, const BarCode& code, const QString& text);
+
+/// Draws the axes and the curve with these values.
+void drawCurve(QPainter& painter, const QRectF& frame, const Curve& curve,
+               const QList<std::optional<QPointF>>& points);
 
 /// The height of a row with these texts in its cells: its minimum, or the height of its wrapped texts.
 qreal rowHeight(const TableRow& row, const QStringList& texts);

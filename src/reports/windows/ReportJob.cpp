@@ -21,7 +21,8 @@ using layout::TableRow;
 namespace {
 
 constexpr int kMostPictures = 20;
-constexpr int kAll = 100;  // percent
+constexpr int kMostPoints = 10000;  // of a curve
+constexpr int kAll = 100;           // percent
 
 constexpr qreal kLeastRow = kTwipsPerMillimetre;  // of a row that is cut at the end of its table
 
@@ -96,8 +97,11 @@ void ReportJob::addFormulas() {
                                                [](const layout::BarCode& code) { return code.formula; },
                                                [](const auto&) { return QString(); }},
                                        object.content);
-    objectFormulas_.push_back(
-        {optional(object.condition, Scope::Page, part), optional(content, Scope::Page, part)});
+    const auto* curve = std::get_if<layout::Curve>(&object.content);
+    objectFormulas_.push_back({optional(object.condition, Scope::Page, part),
+                               optional(content, Scope::Page, part),
+                               curve ? optional(curve->x, Scope::Line, part) : -1,
+                               curve ? optional(curve->y, Scope::Line, part) : -1});
   }
   if (!table_) return;
   const layout::Part table{static_cast<int>(tableObject_)};
@@ -353,6 +357,22 @@ QImage ReportJob::picture(const QString& path) const {
   return *pictures_.insert(whole, QFileInfo(whole).isFile() ? QImage(whole) : QImage());
 }
 
+// The values of a curve over all lines.
+QList<std::optional<QPointF>> ReportJob::pointsOf(const ObjectFormulas& formulas, const Place& place) const {
+  QList<std::optional<QPointF>> points;
+  if (formulas.x < 0 || formulas.y < 0) return points;
+  const int count = std::min(evaluation_.lineCount(), kMostPoints);
+  for (int line = 0; line < count; ++line) {
+    Place at = place;
+    at.line = line;
+    const auto x = layout::numberOf(evaluation_.value(formulas.x, at));
+    if (!x) continue;
+    const auto y = layout::numberOf(evaluation_.value(formulas.y, at));
+    points.append(y ? std::optional(QPointF(x->toDouble(), y->toDouble())) : std::nullopt);
+  }
+  return points;
+}
+
 void ReportJob::putObject(size_t number, const Sheet& sheet, const Place& place, Flow& out) const {
   const Object& object = layout_.objects[number];
   const ObjectFormulas& formulas = objectFormulas_[number];
@@ -383,6 +403,9 @@ void ReportJob::putObject(size_t number, const Sheet& sheet, const Place& place,
                        const QString text = layout::textOf(value);
                        if (code.showsText) out.text(text);
                        if (painter) layout::drawBarCode(*painter, frame, code, text);
+                     },
+                     [&](const layout::Curve& curve) {
+                       if (painter) layout::drawCurve(*painter, frame, curve, pointsOf(formulas, place));
                      },
                      [&](const layout::Table&) { flow(sheet.start, place.page, &sheet, &out); }},
              object.content);

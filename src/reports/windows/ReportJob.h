@@ -75,6 +75,7 @@ class ReportJob : public PrintJob {
   struct ObjectFormulas {
     int condition = -1;
     int content = -1;
+    int x = -1, y = -1;  ///< of a curve
   };
   class Flow;
 
@@ -94,6 +95,7 @@ class ReportJob : public PrintJob {
   void addToSums(std::vector<Decimal>& sums, int firstOpened, const layout::Place& place) const;
   PageEnd flow(const Position& start, int page, const Sheet* counted, Flow* out) const;
   bool hasTable(const layout::Place& place) const;
+  QList<std::optional<QPointF>> pointsOf(const ObjectFormulas& formulas, const layout::Place& place) const;
   void putObject(size_t object, const Sheet& sheet, const layout::Place& place, Flow& out) const;
   void putPage(int page, Flow& out) const;
   QImage picture(const QString& path) const;

@@ -191,6 +191,7 @@ QWidget* frmProiectare::drawingTools() {
       {"cmdImagine", "Imagine", "Deseneaza o imagine", "draw-picture", static_cast<int>(Kind::Picture)},
       {"cmdCodBare", "Cod de bare", "Deseneaza un cod de bare", "draw-barcode",
        static_cast<int>(Kind::BarCode)},
+      {"cmdCurba", "Curba", "Deseneaza o curba peste linii", "draw-curve", static_cast<int>(Kind::Curve)},
       {"cmdTabel", "Tabel", "Deseneaza tabelul liniilor", "draw-table", static_cast<int>(Kind::Table)}};
   auto* pane = new QWidget;
   auto* row = new QHBoxLayout(pane);

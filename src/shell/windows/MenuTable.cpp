@@ -27,6 +27,7 @@
 #include "documents/windows/frmLDoc.h"
 #include "documents/windows/frmMiscariStoc.h"
 #include "documents/windows/frmVerificare.h"
+#include "hearing/windows/frmComandaAudio.h"
 #include "reports/windows/frmGrafice.h"
 #include "reports/windows/frmRapJTVA.h"
 #include "reports/windows/frmRaport.h"
@@ -144,7 +145,7 @@ std::vector<MenuEntry> entries() {
       {"mnuTransfer", "&Document de transfer", Opens::One, "frmGRILADocTransfer",
        [](QWidget* parent) { return documentWindow("BT", parent); }},
       {"mnuLine1", "", Opens::Separator, {}},
-      {"mnuComenziAudio", "&Comanda", Opens::New, "frmComandaAudio", nullptr},
+      {"mnuComenziAudio", "&Comanda", Opens::New, "frmComandaAudio", make<frmComandaAudio>},
       {"mnuFacturiAudio", "&Factura", Opens::New, "frmFacturaAudio", nullptr},
       {"mnuBonReparatie", "&Bon de reparatie", Opens::New, "frmGrilaBonReparatie", nullptr},
 

@@ -110,8 +110,8 @@ void BrowserForm::setTotals(const QList<FooterTotal>& totals, const GridPrintSet
   setPrinting(printing);
 }
 
-QPushButton* BrowserForm::searchCommand(const QString& toolTip) {
-  return command("cmdCautare", "Cautare", toolTip, "search", [this] { search(); });
+QPushButton* BrowserForm::searchCommand(const QString& toolTip, const QString& name) {
+  return command(name, "Cautare", toolTip, "search", [this] { search(); });
 }
 
 QList<QPushButton*> BrowserForm::sortCommands(const QString& ascendingTip, const QString& descendingTip) {
@@ -121,19 +121,29 @@ QList<QPushButton*> BrowserForm::sortCommands(const QString& ascendingTip, const
               [this] { grouping_->sortAs(extTDBGrid::kDescending); })};
 }
 
-void BrowserForm::layOutBrowser(const QList<FilterField>& filter, const QString& firstField, QWidget* lists,
-                                const QList<QPushButton*>& commands) {
+QWidget* BrowserForm::browserPage(const QList<FilterField>& filter, const QString& firstField,
+                                  QWidget* lists) {
   filter_->setFields(filter, firstField);
   connect(filter_, &WhereBuilder::searchAsked, this, [this] { run("WhereBuilder", [this] { search(); }); });
   auto* counted = new QHBoxLayout;
   counted->addStretch();
   counted->addWidget(new QLabel("Nr. :"));
   counted->addWidget(lblNoRecs_);
+  auto* page = new QWidget;
+  auto* inside = new QVBoxLayout(page);
+  inside->addWidget(filter_);
+  inside->addWidget(grouping_);
+  inside->addWidget(lists, 1);
+  inside->addLayout(counted);
+  return page;
+}
+
+void BrowserForm::layOutBrowser(const QList<FilterField>& filter, const QString& firstField, QWidget* lists,
+                                const QList<QPushButton*>& commands) {
   auto* all = new QVBoxLayout(this);
-  all->addWidget(filter_);
-  all->addWidget(grouping_);
-  all->addWidget(lists, 1);
-  all->addLayout(counted);
+  QWidget* page = browserPage(filter, firstField, lists);
+  page->layout()->setContentsMargins(0, 0, 0, 0);
+  all->addWidget(page, 1);
   all->addLayout(commandRow(commands));
   finish(list());
 }

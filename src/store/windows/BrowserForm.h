@@ -43,11 +43,13 @@ class BrowserForm : public ListForm {
   /// Sets the totals and how the list is printed; with `printing.htmlCopy` a copy is written.
   void setTotals(const QList<FooterTotal>& totals, const GridPrintSettings& printing);
 
-  /// cmdCautare: reads the list again with the filter.
-  QPushButton* searchCommand(const QString& toolTip);
+  /// Reads the list again with the filter.
+  QPushButton* searchCommand(const QString& toolTip, const QString& name = QStringLiteral("cmdCautare"));
   /// cmdSortAsc and cmdSortDesc: order the list by the group columns or else by the current column.
   QList<QPushButton*> sortCommands(const QString& ascendingTip, const QString& descendingTip);
-  /// Builds the window; `lists` contains the list. The list is read.
+  /// Filter, group area, `lists`, which contains the list, and the number of rows.
+  QWidget* browserPage(const QList<FilterField>& filter, const QString& firstField, QWidget* lists);
+  /// Builds the window of such a page. The list is read.
   void layOutBrowser(const QList<FilterField>& filter, const QString& firstField, QWidget* lists,
                      const QList<QPushButton*>& commands);
   /// Reads the list again with the filter in the window. The current record stays current.

@@ -64,8 +64,9 @@ QString cellText(const QVariant& value, const GridColumn& column) {
   switch (column.format) {
     case CellFormat::Number:
       if (value.typeId() == QMetaType::Double)
-        return formatNumber(Decimal::fromDouble(value.toDouble()), column.decimals);
-      return formatNumber(Decimal(static_cast<qint64>(value.toLongLong())), column.decimals);
+        return column.decimals < 0 ? editNumber(Decimal::fromDouble(value.toDouble()))
+                                   : formatNumber(Decimal::fromDouble(value.toDouble()), column.decimals);
+      return formatNumber(Decimal(static_cast<qint64>(value.toLongLong())), std::max(0, column.decimals));
     case CellFormat::Date:
       return QDate::fromString(value.toString().left(10), Qt::ISODate).toString(QStringLiteral("dd.MM.yyyy"));
     case CellFormat::Flag:

@@ -18,7 +18,7 @@ struct GridColumn {
   QString caption;
   CellFormat format = CellFormat::Text;
   int width = 10;    ///< in characters of the grid's font
-  int decimals = 2;  ///< of CellFormat::Number
+  int decimals = 2;  ///< of CellFormat::Number; -1: those that the number has
   bool visible = true;
   bool editable = false;  ///< in a list whose cells can be edited
   bool secret = false;    ///< shown as dots unless the user wants to see it, and never printed

@@ -19,6 +19,20 @@ QVariant ChoiceModel::data(const QModelIndex& index, int role) const {
   return role == Qt::UserRole ? choice.value : QVariant();
 }
 
+void ChoiceModel::append(const Choice& choice) {
+  const int row = static_cast<int>(choices_.size());
+  beginInsertRows({}, row, row);
+  choices_.push_back(choice);
+  endInsertRows();
+}
+
+void addChoice(QComboBox& combo, const ChoiceModel::Choice& choice) {
+  auto* model = dynamic_cast<ChoiceModel*>(combo.model());
+  if (!model) return setChoices(combo, {choice});
+  const QSignalBlocker quiet(combo);
+  if (combo.findData(choice.value) < 0) model->append(choice);
+}
+
 void setChoices(QComboBox& combo, std::vector<ChoiceModel::Choice> choices) {
   const QSignalBlocker quiet(combo);
   combo.setModel(new ChoiceModel(std::move(choices), &combo));

@@ -19,6 +19,7 @@ class ChoiceModel : public QAbstractListModel {
 
   int rowCount(const QModelIndex& parent) const override;
   QVariant data(const QModelIndex& index, int role) const override;
+  void append(const Choice& choice);
 
  private:
   std::vector<Choice> choices_;
@@ -26,5 +27,7 @@ class ChoiceModel : public QAbstractListModel {
 
 /// Replaces the items of the box. Nothing is selected; there is no signal.
 void setChoices(QComboBox& combo, std::vector<ChoiceModel::Choice> choices);
+/// Adds an item at the end, unless there is one with that value. The selection stays.
+void addChoice(QComboBox& combo, const ChoiceModel::Choice& choice);
 
 }  // namespace velmar

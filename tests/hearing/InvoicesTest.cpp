@@ -1,0 +1,219 @@
+// Invoices, vouchers and stornos of hearing devices from draft to ledger and back, with amounts worked out by
+// hand.
+#include <gtest/gtest.h>
+
+#include "documents/OtherTrade.h"
+#include "documents/Undo.h"
+#include "hearing/Cancellation.h"
+#include "Shop.h"
+
+namespace velmar {
+namespace {
+
+class HearingTest : public ::testing::TestWithParam<const char*> {};
+
+LedgerKey invoiceKey(const QString& number) { return {KindId::DeviceInvoice, number}; }
+LedgerKey stornoKey(const QString& number) { return {KindId::DeviceStorno, number}; }
+
+void expectRefused(const std::function<void()>& work, const QString& text) {
+  try {
+    work();
+    FAIL() << "not refused: " << qUtf8Printable(text);
+  } catch (const RuleError& error) {
+    EXPECT_TRUE(error.text().contains(text)) << qUtf8Printable(error.text());
+  }
+}
+
+// A device of 2101.50: the insurer pays 900 and VAT of 171, the work point 1201.50 and VAT of 228.28 (228.285
+// rounds to the even ban).
+TEST_P(HearingTest, OneDeviceIsBilledTwice) {
+  Shop shop(GetParam());
+  shop.buy("1", "AP1", "5", "400");
+  const qint64 order = addOrder(shop.order("c1", "AP1", "2101.50", "900"));
+  EXPECT_EQ(storedOrder(order).text("Nr"), "C1");
+  EXPECT_EQ(audiogram(Audiogram::Tone, order).size() + audiogram(Audiogram::Speech, order).size(), 4);
+  EXPECT_EQ(audiogram(Audiogram::Tone, order).first().text("Urechea"), "Stanga");
+
+  const qint64 insured = shop.invoice("101", shop.insurer, BilledBy::Insurer, {order});
+  const qint64 rest = shop.invoice("102", shop.workPoint, BilledBy::WorkPoint, {order});
+  EXPECT_EQ(storedInvoice(insured).decimal("Total"), 1071);
+  EXPECT_EQ(storedInvoice(rest).decimal("TVA"), *Decimal::parse(u"228.28"));
+  EXPECT_EQ(billableOrders(storedInvoice(insured), BilledBy::Insurer).first().text("Inchisa"), "Da");
+  shop.validateDraft(insured);
+  shop.validateDraft(rest);
+  EXPECT_EQ(Shop::ledger("FC101"), QStringList({"AP1 1 900 171 1071 400"}));
+  EXPECT_EQ(Shop::ledger("FC102"), QStringList({"AP1 1 1201.5 228.28 1429.78 400"}));
+  // Each invoice issues what its lines say.
+  EXPECT_EQ(Trade::figure("AP1", "STOC"), 3);
+  EXPECT_EQ(Trade::note("102").mid(0, 3).join(' ').remove(QRegularExpression("^\\d+ |(?<= )\\d+ (?=[DC])")),
+            "D 411 1429.78 C 707 1201.5 C 4427 228.28");
+  const Row row = OpenRs("SELECT * FROM kt_linii WHERE DOC = '102' AND CONT = '607'").first();
+  EXPECT_EQ(row.decimal("DEBIT"), 400);
+  EXPECT_EQ(row.integer("TERT"), shop.workPoint);
+  EXPECT_EQ(row.text("JURNAL"), "OD");
+  EXPECT_EQ(row.date("DATASCAD"), QDate(2026, 4, 15));
+  EXPECT_EQ(OpenRs("SELECT DISTINCT NDI FROM kt_linii WHERE DOC = '102'").size(), 1);
+  EXPECT_EQ(disagreementText(), QString());
+
+  expectRefused([&] { removeOrder(order); }, "Comanda este pe factura 101");
+  Row dearer = storedOrder(order);
+  dearer.set("PretLivrare", Decimal(3000));
+  expectRefused([&] { saveOrder(dearer, storedOrder(order)); }, "Comanda este pe factura 101");
+  expectRefused([&] { addOrder(shop.order("C1", "AP1", "1", "1")); }, "Comanda mai exista");
+}
+
+// 2101.50 - 900 twice is 2403: one line of the device, with VAT 456.57; a typed line and a direct sale.
+TEST_P(HearingTest, OrdersOfOneDeviceMergeAndTypedLinesStay) {
+  Shop shop(GetParam());
+  shop.buy("1", "AP1", "1", "400");
+  const qint64 first = addOrder(shop.order("1", "AP1", "2101.50", "900", true));
+  const qint64 second = addOrder(shop.order("2", "AP1", "2101.50", "900", true));
+  const qint64 free = addOrder(shop.order("3", "AP1", "900", "900", true));
+  const qint64 draft = shop.invoice("7", shop.patient, BilledBy::Patient, {first, second});
+  EXPECT_EQ(billableOrders(storedInvoice(draft), BilledBy::Patient).size(), 2)
+      << "nothing is due for " << free;
+  Row typed = lineWithArticle(emptyInvoiceLine(), "piesa");
+  computeLine(typed, 19);
+  addInvoiceLine(draft, typed);
+  ASSERT_EQ(invoiceLines(draft).size(), 2U);
+  EXPECT_EQ(invoiceLines(draft)[0].decimal("PretUnitar"), 2403);
+  EXPECT_EQ(invoiceLines(draft)[0].decimal("Cant"), 1);
+  EXPECT_EQ(storedInvoice(draft).decimal("TVA"), *Decimal::parse(u"466.07"));  // 456.57 + 9.50
+  // A lower rate changes the typed line only.
+  Row lower = storedInvoice(draft);
+  lower.set("CotaTVA", Decimal(9));
+  saveInvoice(lower, BilledBy::Patient, storedInvoice(draft));
+  EXPECT_EQ(storedInvoice(draft).decimal("TVA"), *Decimal::parse(u"461.07"));
+  expectRefused(
+      [&] {
+        Row other = storedInvoice(draft);
+        other.set("ID_Client", shop.workPoint);
+        saveInvoice(other, BilledBy::Patient, storedInvoice(draft));
+      },
+      "Clientul si punctul de lucru nu se mai pot modifica");
+  expectRefused([&] { shop.validateDraft(draft); }, "Articolul: PIESA are disponibil in stoc 0");
+  EXPECT_EQ(disagreementText(), QString());
+  detachOrder(draft, first);
+  detachOrder(draft, second);
+  EXPECT_EQ(invoiceLines(draft).size(), 1U);
+  removeInvoice(draft);
+  removeOrder(first);
+  EXPECT_EQ(disagreementText(), QString());
+}
+
+// A repair that the patient pays leaves stock once: by the voucher, then by the invoice.
+TEST_P(HearingTest, ABilledVoucherLeavesStockOnce) {
+  Shop shop(GetParam());
+  shop.buy("1", "PIESA", "2", "10", QDate(2026, 3, 12));
+  shop.buy("2", "PIESA", "3", "20", QDate(2026, 3, 13));
+  const qint64 guarantee = shop.voucher("1", false, {{"PIESA", "1"}}, QDate(2026, 3, 14));
+  EXPECT_EQ(Shop::ledger("BC1").size(), 1);
+  EXPECT_EQ(OpenRs("SELECT * FROM kt_linii WHERE DOC = '1' AND FELDOC = 'BC'").size(), 2);
+  const qint64 paid = shop.voucher("2", true, {{"PIESA", "2.5"}});
+  EXPECT_TRUE(OpenRs("SELECT * FROM kt_linii WHERE DOC = '2' AND FELDOC = 'BC'").isEmpty());
+  const QStringList before = Shop::books();
+  const qint64 draft = shop.invoice("9", shop.patient, BilledBy::Voucher, {});
+  EXPECT_EQ(billableVouchers(storedInvoice(draft)).size(), 1);
+  expectRefused([&] { attachVoucher(draft, guarantee); }, "in garantie");
+  attachVoucher(draft, paid);
+  EXPECT_EQ(storedInvoice(draft).decimal("Total"), *Decimal::parse(u"148.75"));  // 125 + 23.75
+  shop.validateDraft(draft);
+  EXPECT_EQ(Trade::figure("PIESA", "STOC"), *Decimal::parse(u"1.5"));
+  EXPECT_TRUE(OpenRs("SELECT TIPIE FROM G_DOCUME WHERE ID = 'BC2'").first().isNull("TIPIE"));
+  EXPECT_EQ(disagreementText(), QString());
+  expectRefused([&] { checkRemoval({KindId::RepairVoucher, "2"}); }, "Bonul este pe factura 9");
+  EXPECT_TRUE(takeBack(invoiceKey("9")));
+  EXPECT_EQ(OpenRs("SELECT TIPIE FROM G_DOCUME WHERE ID = 'BC2'").first().text("TIPIE"), "E");
+  EXPECT_EQ(disagreementText(), QString());
+  removeInvoice(draft);
+  EXPECT_EQ(Shop::books(), before);
+  takeBack({KindId::RepairVoucher, "2"});
+  removeVoucher(paid);
+  EXPECT_EQ(disagreementText(), QString());
+}
+
+TEST_P(HearingTest, AStornoAndItsDeletionLeaveTheBooksAsTheyWere) {
+  Shop shop(GetParam());
+  shop.buy("1", "AP1", "1", "400");
+  shop.buy("2", "AP1", "3", "500");
+  shop.buy("3", "PIESA", "3", "20");
+  const qint64 order = addOrder(shop.order("1", "AP1", "2101.50", "900"));
+  const qint64 paid = shop.voucher("5", true, {{"PIESA", "1"}});
+  const qint64 draft = shop.invoice("20", shop.insurer, BilledBy::Insurer, {order});
+  shop.validateDraft(draft);
+  const qint64 repair = shop.invoice("21", shop.patient, BilledBy::Voucher, {});
+  attachVoucher(repair, paid);
+  shop.validateDraft(repair);
+  const QStringList before = Shop::books();
+
+  const QDate day(2026, 3, 16);
+  expectRefused([&] { cancelHearingInvoice(invoiceKey("20"), "21", day); },
+                "Factura cu acest numar exista deja");
+  expectRefused([&] { cancelHearingInvoice(invoiceKey("20"), "30", day.addDays(-9)); }, "intervalul");
+  for (const bool inBlack : {false, true}) {
+    ExecutaSql("UPDATE kt_par SET StornareNegru = ?", {inBlack});
+    cancelHearingInvoice(invoiceKey("20"), "30", day);
+    cancelHearingInvoice(invoiceKey("21"), "31", day);
+    EXPECT_EQ(Trade::figure("AP1", "STOC"), 4);
+    EXPECT_EQ(Trade::figure("PIESA", "STOC"), 2) << "the voucher has its part again";
+    EXPECT_EQ(OpenRs("SELECT DISTINCT NDI FROM kt_linii WHERE DOC = '30'").size(), 2);
+    EXPECT_EQ(OpenRs("SELECT SUM(DEBIT) AS D, SUM(CREDIT) AS C FROM kt_linii WHERE DOC IN ('20', '30') AND "
+                     "CONT = '411'")
+                  .first()
+                  .decimal(inBlack ? "C" : "D"),
+              inBlack ? 1071 : 0);
+    EXPECT_TRUE(linksOf(invoiceKey("20")).empty());
+    EXPECT_EQ(disagreementText(), QString());
+    expectRefused([&] { cancelHearingInvoice(invoiceKey("20"), "32", day); },
+                  "deja stornata cu documentul FS30");
+    expectRefused([&] { checkRemoval(invoiceKey("20")); }, "stornata cu documentul FS30");
+    // The order is free: another invoice takes it, and the storno cannot be deleted then.
+    const qint64 other = shop.invoice("40", shop.insurer, BilledBy::Insurer, {order});
+    expectRefused([&] { takeBack(stornoKey("30")); }, "este acum pe factura 40");
+    removeInvoice(other);
+    takeBack(stornoKey("31"));
+    takeBack(stornoKey("30"));
+    EXPECT_EQ(Shop::books(), before);
+    EXPECT_EQ(disagreementText(), QString());
+  }
+  cancelHearingInvoice(invoiceKey("20"), "30", day);
+  Trade::validate(*[&] {
+    static std::unique_ptr<DocumentEditor> editor;
+    editor = std::make_unique<DocumentEditor>("FC");
+    Trade::draft(*editor, shop.sale("50"), {Trade::out("AP1", "4")});
+    return editor.get();
+  }());
+  expectRefused([&] { takeBack(stornoKey("30")); }, "Articolul: AP1 are disponibil in stoc 0");
+  EXPECT_EQ(disagreementText(), QString());
+}
+
+TEST_P(HearingTest, HeadersAreCompleteAndNumbersFree) {
+  Shop shop(GetParam());
+  expectRefused(
+      [] { addOrder(newOrder()); },
+      "Va rog completati: \r\n\t: Nr Comanda\r\n\t: Pacient\r\n\t: Doctor\r\n\t: CAS\r\n\t: Grad Hipoacuzie");
+  expectRefused([] { addInvoice(newInvoice(), BilledBy::Insurer); },
+                "Va rog completati: \r\n\t: Nr Comanda\r\n\t: Client\r\n\t: Punct de lucru");
+  expectRefused([] { addVoucher(newVoucher()); }, "Va rog completati: \r\n\t: Client\r\n\t: Aparat");
+  const qint64 draft = shop.invoice("5", shop.patient, BilledBy::Patient, {});
+  expectRefused([&] { shop.invoice("5", shop.patient, BilledBy::Patient, {}); },
+                "Factura cu acest numar exista");
+  expectRefused([&] { shop.validateDraft(draft); }, "Va rog introduceti articole pe detalii factura");
+  Row line = emptyInvoiceLine();
+  line.set("ID_Articol", "AP1");
+  line.set("Cant", Decimal(-1));
+  addInvoiceLine(draft, line);
+  expectRefused([&] { shop.validateDraft(draft); }, "Va rog introduceti cantitatea");
+  // Someone else has changed the draft since it was shown.
+  const std::vector<Row> shown = invoiceLines(draft);
+  removeInvoiceLine(draft, shown.front().integer("ID_Detaliu"));
+  expectRefused([&] { validateInvoice(storedInvoice(draft), shown); }, "modificat intre timp");
+  expectRefused(
+      [] { removePartner(OpenRs("SELECT COD FROM kt_ter WHERE NUME = 'POP ION'").first().integer("COD")); },
+      "documente inregistrate");
+}
+
+INSTANTIATE_TEST_SUITE_P(Methods, HearingTest, ::testing::Values("FIFO", "MP"));
+
+}  // namespace
+}  // namespace velmar
