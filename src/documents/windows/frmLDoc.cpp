@@ -8,9 +8,11 @@
 #include "documents/BackToEntry.h"
 #include "documents/LedgerLists.h"
 #include "documents/Numbering.h"
+#include "documents/OtherTrade.h"
 #include "documents/Undo.h"
 #include "documents/windows/frmIntroNrFact.h"
 #include "documents/windows/frmLst.h"
+#include "documents/windows/frmStornare.h"
 #include "store/Database.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
@@ -110,8 +112,8 @@ QList<QPushButton*> frmLDoc::commands() {
   QList<QPushButton*> all = {searchCommand("Cautare dupa conditiile stabilite mai sus")};
   all += sortCommands("Sortare crescatoare", "Sortare descrescatoare");
   // Only invoices of hearing devices can be turned round from here.
-  auto* cmdStornare = command("cmdStornare", "Stornare", "Stornare factura client validata", {}, [] {});
-  cmdStornare->setEnabled(false);
+  cmdStornare_ =
+      command("cmdStornare", "Stornare", "Stornare factura client validata", {}, [this] { cancelInvoice(); });
   cmdFacturare_ = command("cmdFacturare", "Facturare",
                           "Copiaza factura proforma selectata in grila de culegere facturi de vanzare", {},
                           [this] { invoiceProforma(); });
@@ -125,7 +127,7 @@ QList<QPushButton*> frmLDoc::commands() {
               "creat,modificare stoc, stergere formula contabila",
               "delete", [this] { remove(); });
   setKeys(nullptr, cmdSterge);
-  all += {cmdStornare,
+  all += {cmdStornare_,
           cmdFacturare_,
           cmdCopy,
           cmdSterge,
@@ -139,6 +141,7 @@ QList<QPushButton*> frmLDoc::commands() {
 void frmLDoc::showRecord(const Row* record) {
   BrowserForm::showRecord(record);
   grdChild_->setRecordset(record ? OpenRs(documentLinesSql(), {record->text("ID")}) : Recordset());
+  cmdStornare_->setEnabled(record && isOf(*record, KindId::DeviceInvoice) && record->flag("IsAudio"));
   cmdFacturare_->setEnabled(record && isOf(*record, KindId::Proforma) && !record->flag("VALIDAT"));
 }
 
@@ -178,6 +181,20 @@ QString frmLDoc::askedNumber() {
   return asked.number();
 }
 
+void frmLDoc::cancelInvoice() {
+  const Row* current = list()->currentRecord();
+  if (!current || !isOf(*current, KindId::DeviceInvoice))
+    throw RuleError("Va rog selectati o factura client");
+  const auto invoice = LedgerKey::of(current->text("ID"), current->flag("IsAudio"));
+  if (!otherTrade() || !invoice || invoice->kind != KindId::DeviceInvoice) return;
+  frmStornare asked(current->date("DATADOC"), this);
+  asked.exec();
+  if (!asked.OkPressed()) return;
+  otherTrade()->cancelInvoice(*invoice, asked.Nr(), asked.Data());
+  search();
+  Mesaj("Factura a fost stornata cu succes");
+}
+
 void frmLDoc::reprint() {
   const Row* current = list()->currentRecord();
   if (!current) throw RuleError("Va rog selectati un document");
@@ -189,7 +206,7 @@ void frmLDoc::remove() {
   const Row* current = list()->currentRecord();
   if (!current) throw RuleError("Va rog selectati un document");
   const QString id = current->text("ID");
-  const auto key = LedgerKey::of(id);
+  const auto key = LedgerKey::of(id, current->flag("IsAudio"));
   if (!key) throw RuleError(QStringLiteral("Documentul %1 nu are un fel cunoscut.").arg(id));
   if (!confirmed(QStringLiteral("Sigur doriti sa stergeti documentul %1?").arg(id), "Confirmare stergere..."))
     return;

@@ -17,6 +17,7 @@ class frmLDoc : public BrowserForm {
 
  private:
   QList<QPushButton*> commands();
+  void cancelInvoice();
   void reprint();
   void remove();
   void invoiceProforma();
@@ -26,6 +27,7 @@ class frmLDoc : public BrowserForm {
 
   TDBGrid* grdChild_;
   QPushButton* cmdFacturare_ = nullptr;
+  QPushButton* cmdStornare_ = nullptr;
 };
 
 }  // namespace velmar

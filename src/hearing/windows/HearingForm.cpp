@@ -2,6 +2,7 @@
 
 #include <QBoxLayout>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QShortcut>
 #include <QTabWidget>
 
@@ -14,12 +15,6 @@
 
 namespace velmar {
 
-namespace {
-
-enum Tab { kListTab, kCardTab };
-
-}  // namespace
-
 HearingForm::HearingForm(const QString& name, const QString& title, QWidget* parent)
     : BrowserForm(name, title, parent), tabs_(named(new QTabWidget, "SSTab")) {
   connect(&dataChanges(), &DataChanges::written, this, [this](const QSet<QString>& tables) {
@@ -28,8 +23,11 @@ HearingForm::HearingForm(const QString& name, const QString& title, QWidget* par
 }
 
 void HearingForm::layOutPages(const Pages& pages) {
+  listPage_ = pages.listPage;
+  cardPage_ = pages.cardPage;
   tabs_->addTab(pages.listPage, pages.listTitle);
-  tabs_->addTab(pages.cardPage, pages.cardTitle);
+  tabs_->insertTab(pages.isCardFirst ? 0 : 1, pages.cardPage, pages.cardTitle);
+  tabs_->setCurrentIndex(0);
   auto* all = new QVBoxLayout(this);
   all->addWidget(tabs_, 1);
   auto* row = commandRow(pages.commands);
@@ -51,14 +49,26 @@ void HearingForm::layOutPages(const Pages& pages) {
       guarded(objectName(), "RowColChange", [this] { showRecord(list()->currentRecord()); });
     bringCard();
   });
-  finish(list());
+  finish(pages.isCardFirst ? card().controls().first() : list());
 }
 
-bool HearingForm::onCard() const { return tabs_->currentIndex() == kCardTab; }
+bool HearingForm::onCard() const { return tabs_->currentWidget() == cardPage_; }
 
-void HearingForm::bringCard() { tabs_->setCurrentIndex(kCardTab); }
+void HearingForm::bringCard() { tabs_->setCurrentWidget(cardPage_); }
 
-void HearingForm::bringList() { tabs_->setCurrentIndex(kListTab); }
+void HearingForm::bringList() { tabs_->setCurrentWidget(listPage_); }
+
+void HearingForm::pairOptions(QRadioButton* stored, QRadioButton* other) {
+  // The card must be able to clear the option, which an exclusive one does not allow.
+  stored->setAutoExclusive(false);
+  other->setAutoExclusive(false);
+  connect(&card(), &Card::edited, other, [stored, other] {
+    const QSignalBlocker quiet(other);
+    other->setChecked(!stored->isChecked());
+  });
+  connect(other, &QRadioButton::clicked, stored, [stored] { stored->setChecked(false); });
+  connect(stored, &QRadioButton::clicked, stored, [stored] { stored->setChecked(true); });
+}
 
 SearchCombo* HearingForm::addList(const QString& column, const QString& name, const BoundList& filled,
                                   int shown) {

@@ -5,6 +5,7 @@
 #include "config/Lists.h"
 #include "store/windows/BrowserForm.h"
 
+class QRadioButton;
 class QTabWidget;
 
 namespace velmar {
@@ -25,12 +26,15 @@ class HearingForm : public BrowserForm {
     QList<QPushButton*> commands;       ///< in the order of the row
     QList<QPushButton*> ofList;         ///< those that are shown with the list only
     TDBGridListare* listing = nullptr;  ///< also one of these
+    bool isCardFirst = false;
   };
   void layOutPages(const Pages& pages);
   bool onCard() const;
   void bringCard();
   void bringList();
 
+  /// Makes two options exclusive of which the card knows the first one only.
+  void pairOptions(QRadioButton* stored, QRadioButton* other);
   /// A list of the card that is filled when the window opens and when partners or
   /// articles have changed.
   SearchCombo* addList(const QString& column, const QString& name, const BoundList& filled, int shown);
@@ -49,6 +53,8 @@ class HearingForm : public BrowserForm {
   };
 
   QTabWidget* tabs_;
+  QWidget* cardPage_ = nullptr;
+  QWidget* listPage_ = nullptr;
   QList<FilledList> lists_;
   bool isFilled_ = false;  ///< the lists have been filled since their tables were written
 };

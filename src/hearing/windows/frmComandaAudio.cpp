@@ -205,15 +205,7 @@ QWidget* frmComandaAudio::earFrame() {
   auto* inside = new QVBoxLayout(frame);
   auto* right = card().add("UrecheaDreapta", named(new QRadioButton("Dreapta"), "optDreapta"));
   auto* left = named(new QRadioButton("Stanga"), "optStanga");
-  // The card knows the right one only, and must be able to clear it.
-  right->setAutoExclusive(false);
-  left->setAutoExclusive(false);
-  connect(&card(), &Card::edited, left, [left, right] {
-    const QSignalBlocker quiet(left);
-    left->setChecked(!right->isChecked());
-  });
-  connect(left, &QRadioButton::clicked, right, [right] { right->setChecked(false); });
-  connect(right, &QRadioButton::clicked, right, [right] { right->setChecked(true); });
+  pairOptions(right, left);
   inside->addWidget(right);
   inside->addWidget(left);
   inside->addStretch();
@@ -333,6 +325,7 @@ void frmComandaAudio::storePoint(Audiogram kind, const Row& row, const QString& 
 void frmComandaAudio::startNew() {
   bringCard();
   HearingForm::startNew();
+  leaveRows();
   shown_ = Row();
   showAudiograms();
   showDifference();

@@ -28,6 +28,8 @@
 #include "documents/windows/frmMiscariStoc.h"
 #include "documents/windows/frmVerificare.h"
 #include "hearing/windows/frmComandaAudio.h"
+#include "hearing/windows/frmFacturaAudio.h"
+#include "hearing/windows/frmGrilaBonReparatie.h"
 #include "reports/windows/frmGrafice.h"
 #include "reports/windows/frmRapJTVA.h"
 #include "reports/windows/frmRaport.h"
@@ -146,8 +148,9 @@ std::vector<MenuEntry> entries() {
        [](QWidget* parent) { return documentWindow("BT", parent); }},
       {"mnuLine1", "", Opens::Separator, {}},
       {"mnuComenziAudio", "&Comanda", Opens::New, "frmComandaAudio", make<frmComandaAudio>},
-      {"mnuFacturiAudio", "&Factura", Opens::New, "frmFacturaAudio", nullptr},
-      {"mnuBonReparatie", "&Bon de reparatie", Opens::New, "frmGrilaBonReparatie", nullptr},
+      {"mnuFacturiAudio", "&Factura", Opens::New, "frmFacturaAudio", make<frmFacturaAudio>},
+      {"mnuBonReparatie", "&Bon de reparatie", Opens::New, "frmGrilaBonReparatie",
+       make<frmGrilaBonReparatie>},
 
       {"mnuRap", "&Rapoarte", Opens::Menu, {}},
       {"mnumnuRapmnuJCT", "Jurnal &Cumparari TVA", Opens::One, "frmRapJCTVA", make<frmRapJCTVA>},

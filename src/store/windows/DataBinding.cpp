@@ -1,6 +1,7 @@
 #include "store/windows/DataBinding.h"
 
 #include "store/Database.h"
+#include "store/Records.h"
 
 namespace velmar {
 
@@ -19,10 +20,18 @@ void DataBinding::UpdateForm() { card_.show(record_); }
 qint64 DataBinding::UpdateRecordset() {
   Row rs = card_.typed();
   if (beforeUpdate_) beforeUpdate_(rs);
-  Transaction transaction(database());
-  const qint64 key = store_(rs, record_);
-  transaction.commit();
-  return key;
+  try {
+    Transaction transaction(database());
+    const qint64 key = store_(rs, record_);
+    transaction.commit();
+    return key;
+  } catch (const ChangedMeanwhile& conflict) {
+    for (const QString& column : conflict.columns()) {
+      record_.set(column, Value::raw(conflict.stored().value(column)));
+      card_.showStored(column, conflict.stored().value(column));
+    }
+    throw;
+  }
 }
 
 }  // namespace velmar

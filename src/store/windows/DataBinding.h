@@ -30,7 +30,8 @@ class DataBinding {
   /// Sets columns that no control shows, before the record is stored.
   void onBeforeUpdate(std::function<void(Row& rs)> set) { beforeUpdate_ = std::move(set); }
   /// Stores the values of the controls in one transaction and returns the key of the record. A failure rolls
-  /// everything back and is passed on; the controls keep what was typed.
+  /// everything back and is passed on; the controls keep what was typed, but show columns that another
+  /// workstation has changed (ChangedMeanwhile).
   qint64 UpdateRecordset();
 
  private:

@@ -320,6 +320,13 @@ void ListForm::showRecord(const Row* record) {
     card_.clear();
 }
 
+void ListForm::leaveRows() {
+  const QSignalBlocker quiet(grid_);
+  grid_->clearSelection();
+  grid_->setCurrentIndex({});
+  shownKey_.clear();
+}
+
 void ListForm::startNew() {
   new_ = true;
   card_.clear();

@@ -98,6 +98,8 @@ class ListForm : public QWidget {
   void closeEvent(QCloseEvent* event) override;
   /// Reads the list again when its tables were written while the window was hidden.
   void showEvent(QShowEvent* event) override;
+  /// No row of the list is current, so that any of them can be chosen, while the card holds a new record.
+  void leaveRows();
   /// Whether the card holds no record of the list.
   bool isNew() const { return new_; }
   void setNew(bool isNew) { new_ = isNew; }

@@ -1,0 +1,229 @@
+// Repair vouchers, invoices to insurer, work point and patient, storno and deletion in the list of documents.
+setToday("2026-03-10");
+company({hearing: true, denumire: "EXEMPLU AUZ SRL", method: "FIFO"});
+const partner = (code, name, kind, own) =>
+    sql("INSERT INTO kt_ter (COD, NUME, TIP, CodTert, Reprezentant, PF, PlatesteTVA, Utilizabil) VALUES (?, ?, ?, ?, 0, 0, 0, 0)", code, name, kind, own);
+partner(501, "CAS BIHOR", "C", "CAS");
+partner(502, "CABINET ORL", "C", null);
+partner(503, "POP ION", "P", null);
+partner(504, "DR. MICLEA", "D", null);
+partner(505, "AUZ PROD SRL", "F", null);
+sql("INSERT INTO G_FAMART (COD, DENUMIRE, CONTSTOCMARFA, CONTCHELT, CONTVEN) VALUES (77, 'AUZ', '371', '607', '707')");
+const article = (code, name) =>
+    sql("INSERT INTO G_ARTMAG (CODART, DENART, FAMART, UM, COTATVA, PROVENIENTA, FARASTOC, CODFURNIZO, TipAparat, PRETVFT, STOC, COST) VALUES (?, ?, 77, 'Buc', 19, 'M', 0, 505, 'RETRO', 50, 0, 0)", code, name);
+["AP1", "AP2", "PIESA"].forEach(code => article(code, "ARTICOL " + code));
+const told = (act, ...texts) => {
+    texts.forEach(() => answer("OK"));
+    act();
+    texts.forEach(text => expectMessage(text));
+};
+const asked = (act, text, ...more) => {
+    answer("Da");
+    more.forEach(() => answer("OK"));
+    act();
+    expectMessage(text);
+    more.forEach(each => expectMessage(each));
+};
+// Stock by purchases.
+menu("mnuCumpFactura");
+let w = win("frmGrilaFF");
+w.type("txtFields(0)", "1");
+w.pick("DataCombo1", "AUZ PROD SRL");
+w.click("cmdSalvare");
+const lines = w.grid("TDBGrid1");
+[["AP1", 3, 400], ["PIESA", 4, 10]].forEach(([code, quantity, price]) => {
+    const row = lines.addLine(code, String(quantity));
+    lines.enter(row, "PRETFT", String(price));
+    lines.enter(row, "PRETVA", code == "AP1" ? "800" : "50");
+});
+answer("Da");
+answer("OK");
+w.click("cmdValidare");
+messages();
+w.close();
+equal(sql("SELECT STOC FROM G_ARTMAG WHERE CODART = 'AP1'")[0].STOC, 3);
+
+const order = (id, nr, device, full, insured, workPoint) => {
+    sql("INSERT INTO G_COMANDA_AUDIO (ID_Comanda, Nr, Data, ID_Pacient, ID_Doctor, ID_CAS, ID_PunctLucru, ID_Dispozitiv, PretLivrare, PretReferinta, UrecheaDreapta, IsImport, SerieDispozitiv, GradHipoacuzie) VALUES (?, ?, ?, 503, 504, 501, ?, ?, ?, ?, 0, 0, ?, 'X')",
+        id, nr, today(), workPoint, device, full, insured, "S" + id);
+};
+order(1, "C1", "AP1", 2101.5, 900, 502);
+order(2, "C2", "AP1", 2101.5, 900, null);
+
+// Repair vouchers.
+menu("mnuBonReparatie");
+w = win("frmGrilaBonReparatie");
+equal(w.title(), "Bon de reparatie");
+equal(w.tabs(), ["Bon reparatie detalii", "Lista Bonuri reparatie"]);
+equal(w.text("txtNrBon"), "1");
+check(w.value("optGarantie") && !w.value("optContraCost"), "under guarantee at first");
+told(() => w.click("cmdSalvare"), "Va rog completati: \r\n\t: Client\r\n\t: Aparat\r\n\t: Tip Aparat\r\n\t: Serie Aparat\r\n\t: Defectiune");
+w.pick("cboClient", "POP ION");
+equal(w.items("cboArticolAntet"), ["ARTICOL AP1"]);
+equal([w.text("txtSerie"), w.text("txtTipAparat")], ["S2", "RETRO"]);
+w.pick("cboArticolAntet", "ARTICOL AP1");
+w.type("txtDefectiune", "nu merge");
+w.click("cmdSalvare");
+noMessage();
+let parts = w.grid("grdDetalii");
+check(parts.enter(-1, "ID_Articol", "PIESA"));
+equal([parts.cell(0, "Cant"), parts.cell(0, "PretUnitar"), parts.cell(0, "Valoare")], ["1,000", "50,00", "50,00"]);
+answer("OK");
+check(!parts.enter(0, "Cant", "x"));
+expectMessage("Va rog introduceti o valoare numerica");
+check(parts.enter(0, "Cant", "9"));
+equal(parts.footer("Valoare"), "450,00");
+told(() => w.click("cmdValidare"), "Va rog completati data terminare");
+w.set("chkDataTerminare", true);
+told(() => w.click("cmdValidare"), "Articolul: PIESA are disponibil in stoc 4");
+check(parts.enter(0, "Cant", "1"));
+w.shot("bon");
+told(() => w.click("cmdValidare"), "Bonul a fost salvat in documente");
+equal(sql("SELECT TIPIE, CODTERT, TOTALFT, TOTALCOST, ISAUDIO FROM G_DOCUME WHERE ID = 'BC1'")[0], {CODTERT: 503, ISAUDIO: -1, TIPIE: "E", TOTALCOST: 10, TOTALFT: 50});
+equal(sql("SELECT CONT, DEBIT, CREDIT, CURS, JURNAL FROM kt_linii WHERE DOC = '1' AND FELDOC = 'BC' ORDER BY NRLINIE"),
+      [{CONT: "607", CREDIT: 0, CURS: 1, DEBIT: 10, JURNAL: "OD"}, {CONT: "371", CREDIT: 10, CURS: 1, DEBIT: 0, JURNAL: "OD"}]);
+// A paid one, later.
+setToday("2026-03-15");
+w.click("cmdBonNou");
+equal(w.text("txtNrBon"), "2");
+w.pick("cboClient", "POP ION");
+w.pick("cboArticolAntet", "ARTICOL AP1");
+w.type("txtDefectiune", "baterie");
+w.set("optContraCost", true);
+w.set("chkDataTerminare", true);
+w.click("cmdSalvare");
+check(parts.enter(-1, "ID_Articol", "PIESA") && parts.enter(0, "Cant", "2"));
+told(() => w.click("cmdValidare"), "Bonul a fost salvat in documente");
+w.tab("Lista Bonuri reparatie");
+equal(w.grid("grdListaBonuri").column("Tip").sort(), ["Contra Cost", "Garantie"]);
+w.grid("grdListaBonuri").select(0);
+w.tab("Bon reparatie detalii");
+check(w.isVisible("lblStatus"), "validated");
+w.click("cmdTiparire");
+win("frmLstBonReparatii").click("cmdVisualizare");
+const paper = printed();
+check(pdfText(paper[0]).includes("BON DE REPARATIE") && pdfText(paper[0]).includes("ARTICOL PIESA"));
+win("frmLstBonReparatii").click("cmdAnulare");
+told(() => w.click("cmdSterge"), "Bonul de reparatie este validat, nu se mai poate modifica");
+w.close();
+
+// An invoice to the insurer, by the choice before it.
+const choose = option => {
+    menu("mnuFacturiAudio");
+    const ask = win("frmFacturaAudio");
+    equal(ask.title(), "Factura Audio");
+    ask.set(option, true);
+    ask.click("cmdOk");
+    check(!isOpen("frmFacturaAudio"));
+    return win("frmGrilaFacturaAudio");
+};
+w = choose("optCas");
+equal(w.items("cboClient"), ["CAS BIHOR"]);
+check(w.isVisible("frmListaComenzi"));
+told(() => w.click("cmdSalvare"), "Va rog completati: \r\n\t: Nr Comanda\r\n\t: Client\r\n\t: Punct de lucru");
+w.type("txtNumar", "101");
+w.pick("cboClient", "CAS BIHOR");
+w.pick("cboPunctLucru", "CABINET ORL");
+w.click("cmdSalvare");
+noMessage();
+let orders = w.grid("grdListaComenzi"), detail = w.grid("grdDetalii");
+equal(orders.column("Nr"), ["C1"]);
+orders.select(0);
+noMessage();
+asked(() => w.press("grdListaComenzi", "Enter"), "Sigur doriti sa adaugati comanda ?");
+equal(orders.cell(0, "Inchisa"), "Da");
+equal([detail.cell(0, "Articol"), detail.cell(0, "Valoare"), detail.cell(0, "TVA"), detail.cell(0, "Total")], ["ARTICOL AP1", "900,00", "171,00", "1.071,00"]);
+equal(detail.footer("Total"), "1.071,00");
+check(!w.isEnabled("cboClient") && !w.isEnabled("cboPunctLucru"), "the client is locked");
+w.click("cmdTiparire");
+win("frmLstFC").click("cmdVisualizare");
+check(pdfText(printed().pop()).includes("1.071,00"));
+win("frmLstFC").click("cmdAnulare");
+w.shot("factura");
+told(() => w.click("cmdValidare"), "Factura a fost salvata in documente");
+equal(sql("SELECT TIP, TIPIE, CODTERT, TOTALFT, TOTALTVA, TOTALCOST, ISAUDIO FROM G_DOCUME WHERE ID = 'FC101'")[0],
+      {CODTERT: 501, ISAUDIO: -1, TIP: "FC", TIPIE: "E", TOTALCOST: 400, TOTALFT: 900, TOTALTVA: 171});
+equal(w.grid("grdListaFacturi").rows(), 0);
+w.close();
+
+// The work point pays the rest; a typed line; another rate.
+w = choose("optPunctLucru");
+w.type("txtNumar", "101");
+w.pick("cboClient", "CABINET ORL");
+told(() => w.click("cmdSalvare"), "Factura cu acest numar exista deja ! Salvarea nu se poate efectua !");
+w.type("txtNumar", "102");
+w.click("cmdSalvare");
+orders = w.grid("grdListaComenzi");
+detail = w.grid("grdDetalii");
+orders.select(0);
+asked(() => w.press("grdListaComenzi", "Enter"), "Sigur doriti sa adaugati comanda ?");
+equal([detail.cell(0, "TVA"), detail.cell(0, "Total")], ["228,28", "1.429,78"]);
+check(detail.enter(-1, "ID_Articol", "piesa"));
+equal(detail.column("TVA"), ["228,28", "9,50"]);
+detail.deleteRow(1);
+equal(detail.rows(), 1);
+w.pick("cboCotaTVA", "9");
+equal(w.text("lblCota"), "Liniile din comenzi au TVA 19%.");
+w.pick("cboCotaTVA", "19");
+told(() => w.click("cmdValidare"), "Factura a fost salvata in documente");
+w.close();
+
+// The patient pays a repair.
+w = choose("optBonReparatie");
+w.type("txtNumar", "103");
+w.pick("cboClient", "POP ION");
+w.click("cmdSalvare");
+const vouchers = w.grid("grdListaBonuri");
+equal(vouchers.column("Nr"), ["2"]);
+vouchers.select(0);
+asked(() => w.press("grdListaBonuri", "Enter"), "Sigur doriti sa adaugati bonul ?");
+told(() => w.click("cmdValidare"), "Factura a fost salvata in documente");
+equal(sql("SELECT STOC FROM G_ARTMAG WHERE CODART = 'PIESA'")[0].STOC, 1);
+w.close();
+equal(call("disagreementText"), "");
+
+// The list of documents: reprint, storno, deletion.
+menu("mnuTabeleDocumente");
+w = win("frmLDoc");
+const documents = w.grid("grdParent");
+const choosing = id => documents.select(documents.column("ID").indexOf(id));
+choosing("BC2");
+check(!w.isEnabled("cmdStornare"));
+w.click("cmdTiparireDocument");
+win("frmLstBonReparatii").click("cmdAnulare");
+answer("Da");
+answer("OK");
+w.click("cmdSterge");
+expectMessage("Sigur doriti sa stergeti documentul BC2?");
+expectMessage("Bonul este pe factura 103. Nu poate fi sters !");
+choosing("FC101");
+w.click("cmdStornare");
+let ask = win("frmStornare");
+told(() => ask.click("cmdOk"), "Va rog introduceti numarul facturii storno");
+ask.type("txtNr", "104");
+told(() => ask.click("cmdOk"), "Factura a fost stornata cu succes");
+equal(sql("SELECT COUNT(*) AS N FROM G_DOCUME WHERE ID IN ('FC101', 'FS104') AND TIPIE IS NULL")[0].N, 2);
+equal(sql("SELECT STOC FROM G_ARTMAG WHERE CODART = 'AP1'")[0].STOC, 2);
+choosing("FS104");
+w.click("cmdTiparireDocument");
+win("frmLstStorno").click("cmdVisualizare");
+check(pdfText(printed().pop()).includes("104"));
+win("frmLstStorno").click("cmdAnulare");
+choosing("FC101");
+answer("Da");
+answer("OK");
+w.click("cmdSterge");
+expectMessage("Sigur doriti sa stergeti documentul FC101?");
+expectMessage("Factura a fost stornata cu documentul FS104. Nu poate fi stearsa.");
+choosing("FS104");
+asked(() => w.click("cmdSterge"), "Sigur doriti sa stergeti documentul FS104?",
+      "Echivalentul contabil al documentului 104 a fost sters din contabilitate", "Documentul FS104 a fost mutat in grila de culegere");
+choosing("FC103");
+asked(() => w.click("cmdSterge"), "Sigur doriti sa stergeti documentul FC103?",
+      "Echivalentul contabil al documentului 103 a fost sters din contabilitate", "Documentul FC103 a fost mutat in grila de culegere");
+equal(sql("SELECT TIPIE FROM G_DOCUME WHERE ID = 'BC2'")[0].TIPIE, "E");
+w = choose("optBonReparatie");
+w.grid("grdListaFacturi").select(0);
+equal(w.text("txtNumar"), "103");
+asked(() => w.click("cmdSterge"), "Sigur doriti sa stergeti factura?", "Factura a fost stearsa cu succes");
+equal(call("disagreementText"), "");
