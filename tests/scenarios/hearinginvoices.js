@@ -182,6 +182,51 @@ equal(sql("SELECT STOC FROM G_ARTMAG WHERE CODART = 'PIESA'")[0].STOC, 1);
 w.close();
 equal(call("disagreementText"), "");
 
+// Commissions count every credit of the notes, VAT and cost too: 900 + 171 + 400.
+sql("UPDATE kt_ter SET PROCPEN = 10 WHERE COD = 502");
+sql("UPDATE kt_ter SET PROCPEN = 5 WHERE COD = 504");
+w = menu("mnuComisioane", "frmRapComisioane");
+w.set("dtLuna", "2026-03-01");
+w.click("cmdCauta");
+let earned = w.grid("grdDetalii");
+equal([earned.rows(), earned.cell(0, "PunctLucru"), earned.cell(0, "CAS"), earned.cell(0, "Valoare"), earned.cell(0, "Comision"), earned.footer("Comision")],
+      [1, "CABINET ORL", "CAS BIHOR", "1.471,00", "147,10", "147,10"]);
+w.set("optMedici", true);
+w.click("cmdCauta");
+equal([earned.cell(0, "PunctLucru"), earned.footer("Comision")], ["DR. MICLEA", "73,55"]);
+w.shot("comisioane");
+w.set("dtLuna", "2026-02-01");
+w.click("cmdCauta");
+equal([earned.rows(), earned.footer("Valoare")], [0, "0,00"]);
+w.close();
+
+// An order is open until one of its invoices has it.
+w = menu("mnuRapComenziClienti", "frmRapComNelivCl");
+w.click("cmdVisualizare");
+const open = pdfText(printed().pop());
+check(open.includes("C2") && !open.includes("C1"), "orders not billed");
+w.close();
+
+// The button of invoices asks what to bill; open lists follow the flag.
+toolbar("Toolbar", 14);
+win("frmFacturaAudio").click("cmdAnulare");
+menu("mnuTabeleClienti", "frmTerti");
+check(win("frmTerti").items("cboTip").includes("D - Doctor"));
+w = menu("mnuFilemnuSocConf", "frmParamSoc");
+w.set("chkModAudio", false);
+w.click("cmdSalvare");
+w.close();
+wait(50);
+check(!win("frmTerti").items("cboTip").includes("D - Doctor"), "the open list of partners follows the flag");
+check(!menuState("mnuFacturiAudio").visible && menuState("mnuVanzFactura").visible);
+w = menu("mnuFilemnuSocConf", "frmParamSoc");
+w.set("chkModAudio", true);
+w.click("cmdSalvare");
+w.close();
+wait(50);
+check(win("frmTerti").items("cboTip").includes("D - Doctor"));
+win("frmTerti").close();
+
 // The list of documents: reprint, storno, deletion.
 menu("mnuTabeleDocumente");
 w = win("frmLDoc");

@@ -30,6 +30,7 @@
 #include "hearing/windows/frmComandaAudio.h"
 #include "hearing/windows/frmFacturaAudio.h"
 #include "hearing/windows/frmGrilaBonReparatie.h"
+#include "hearing/windows/frmRapComisioane.h"
 #include "reports/windows/frmGrafice.h"
 #include "reports/windows/frmRapJTVA.h"
 #include "reports/windows/frmRaport.h"
@@ -178,7 +179,7 @@ std::vector<MenuEntry> entries() {
        [](QWidget* parent) { return reportWindow("frmRapStaCl", parent); }},
       {"mnuRapVanzari", "&Vanzari", Opens::One, "frmRapVanzari",
        [](QWidget* parent) { return reportWindow("frmRapVanzari", parent); }},
-      {"mnuComisioane", "Comisioane", Opens::New, "frmRapComisioane", nullptr},
+      {"mnuComisioane", "Comisioane", Opens::New, "frmRapComisioane", make<frmRapComisioane>},
       {"mnuRapIesiri", "&Iesiri din Stoc", Opens::One, "frmRapIesiri",
        [](QWidget* parent) { return reportWindow("frmRapIesiri", parent); }},
       {"", "", Opens::Separator, {}},

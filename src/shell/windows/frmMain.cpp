@@ -248,7 +248,7 @@ QToolBar* frmMain::buildToolBar(const QString& name, const QString& title, Qt::T
     action->setToolTip(entry.toolTip);
     action->setData(entry.menuEntry);
     connect(action, &QAction::triggered, this,
-            [this, &command = entryOf(entry.menuEntry)] { runEntry(command); });
+            [this, name = entry.menuEntry] { runEntry(entryOf(tradeEntry(name))); });
   }
   addToolBar(area, bar);
   return bar;
@@ -300,13 +300,33 @@ void frmMain::storePlace() const {
                                 width() * settings::kTwipsPerPixel, height() * settings::kTwipsPerPixel});
 }
 
+// In the hearing-device trade the button of customer invoices makes those of its devices.
+QString frmMain::tradeEntry(const QString& entry) {
+  return entry == QStringLiteral("mnuVanzFactura") && session().ModAudio ? QStringLiteral("mnuFacturiAudio")
+                                                                         : entry;
+}
+
+// Windows that show other fields in the hearing-device trade are opened anew when it begins or ends.
+void frmMain::reopenCatalogues() {
+  for (QMdiSubWindow* child : area_->subWindowList()) {
+    const QString name = child->widget() ? child->widget()->objectName() : QString();
+    if (name != QStringLiteral("frmArticole") && name != QStringLiteral("frmTerti")) continue;
+    const QString key = child->widget()->property(kWindowKey).toString();
+    if (!child->close()) continue;  // it asked about a changed card
+    for (const MenuEntry& entry : menuTable())
+      if (entry.window == key && entry.make) showOne(key, [&entry] { return entry.make(nullptr); });
+  }
+}
+
 void frmMain::showHearingEntries() {
   const bool hearing = session().ModAudio;
+  if (std::exchange(wasHearing_, hearing) != hearing) reopenCatalogues();
   for (const char* name :
        {"mnuComenziAudio", "mnuFacturiAudio", "mnuBonReparatie", "mnuLine1", "mnuComisioane"})
     actions_[QString::fromLatin1(name)]->setVisible(hearing);
   for (const char* name : {"mnuVanzariComanda", "mnuVanzFactura", "mnuStorno", "mnuBonConsum"})
     actions_[QString::fromLatin1(name)]->setVisible(!hearing);
+  if (toolbar_) applyRightsToBars();
 }
 
 void frmMain::showDenomination() {
@@ -344,8 +364,9 @@ void frmMain::applyRightsToBars() {
   for (QAction* button : toolbar_->actions() + toolbarRap_->actions()) {
     if (button->isSeparator()) continue;
     const QString entry = button->data().toString();
-    const MenuEntry& command = entryOf(entry);
-    button->setEnabled((command.make || command.run) && (!session().DrepturiBare || isAllowed(entry)));
+    const MenuEntry& command = entryOf(tradeEntry(entry));
+    button->setEnabled((command.make || command.run) &&
+                       (!session().DrepturiBare || isAllowed(tradeEntry(entry))));
   }
 }
 

@@ -51,6 +51,8 @@ class frmMain : public QMainWindow, public WindowHost {
   void placeWindow();
   void storePlace() const;
   void showHearingEntries();
+  void reopenCatalogues();
+  static QString tradeEntry(const QString& entry);
   void showDenomination();
   void applyRights();
   bool isAllowed(const QString& entry) const;
@@ -66,6 +68,7 @@ class frmMain : public QMainWindow, public WindowHost {
   void offerRestoring(const QString& damage);
 
   QMdiArea* area_;
+  bool wasHearing_ = false;  ///< in the hearing-device trade
   QHash<QString, QAction*> actions_;
   QToolBar* toolbar_ = nullptr;
   QToolBar* toolbarRap_ = nullptr;
