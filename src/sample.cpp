@@ -1,4 +1,4 @@
-// Creates the sample company in the user's databases folder, as an example for new users.
+// Creates the sample companies in the user's databases folder, as examples for new users.
 #include <cstdio>
 #include <QCoreApplication>
 
@@ -28,7 +28,10 @@ int main(int argc, char** argv) {
   velmar::registerHearingTrade();
   try {
     velmar::prepareApplicationFolder(velmar::defaultApplicationFolder());
-    if (velmar::Login login; login.load()) velmar::makeSampleCompany(velmar::session().gCaleBD);
+    if (velmar::Login login; login.load()) {
+      velmar::makeSampleCompany(velmar::session().gCaleBD);
+      velmar::makeHearingSampleCompany(velmar::session().gCaleBD);
+    }
     return 0;
   } catch (const velmar::Error& error) {
     std::fprintf(stderr, "Societatea de exemplu nu a putut fi creata: %s\n", qPrintable(error.text()));

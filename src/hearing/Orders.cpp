@@ -159,8 +159,8 @@ QList<FilterField> audioOrderFilter() {
       QStringLiteral("SELECT COD, NUME FROM kt_ter WHERE TIP = '%1' ORDER BY NUME NULLS FIRST, COD");
   offerChoices(fields, "ID_CAS", kPartners);
   offerChoices(fields, "ID_PunctLucru", kPartners);
-  offerChoices(fields, "ID_Pacient", persons.arg(u'P'));
-  offerChoices(fields, "ID_Doctor", persons.arg(u'D'));
+  offerChoices(fields, "ID_Pacient", persons.arg(QStringLiteral("P")));
+  offerChoices(fields, "ID_Doctor", persons.arg(QStringLiteral("D")));
   offerChoices(fields, "ID_Dispozitiv",
                "SELECT CODART, DENART FROM G_ARTMAG ORDER BY DENART NULLS FIRST, CODART");
   offerFlag(fields, "IsImport", "Da", "Nu");

@@ -83,17 +83,23 @@ const QString kReserved = QStringLiteral(
 // The orders of the hearing-device trade up to a date, as those of customers. An order counts as delivered
 // while an invoice that was not cancelled has it.
 const QString kDeviceOrders = QStringLiteral(
-    "SELECT C.Nr AS NumarComanda, C.ID_Pacient AS CodClient, T.NUME AS NumeClient, C.Data AS DataComanda, 0 AS "
+    "SELECT C.Nr AS NumarComanda, C.ID_Pacient AS CodClient, T.NUME AS NumeClient, C.Data AS DataComanda, 0 "
+    "AS "
     "RefComanda, C.ID_Dispozitiv AS CodArticol, A.DENART AS Articol, 1 AS CantitateComandata, CASE WHEN "
-    "L.ID_ComandaAudio IS NULL THEN 0 ELSE 1 END AS CantitateLivrata, CASE WHEN L.ID_ComandaAudio IS NULL THEN 1 ELSE "
-    "0 END AS CantitateNelivrata, C.PretLivrare AS ValoareFT, F.Data AS DataLivrare, F.Data AS DataLiv, F.Nr AS "
-    "Factura FROM G_COMANDA_AUDIO C LEFT JOIN kt_ter T ON T.COD = C.ID_Pacient LEFT JOIN G_ARTMAG A ON A.CODART = "
+    "L.ID_ComandaAudio IS NULL THEN 0 ELSE 1 END AS CantitateLivrata, CASE WHEN L.ID_ComandaAudio IS NULL "
+    "THEN 1 ELSE "
+    "0 END AS CantitateNelivrata, C.PretLivrare AS ValoareFT, F.Data AS DataLivrare, F.Data AS DataLiv, F.Nr "
+    "AS "
+    "Factura FROM G_COMANDA_AUDIO C LEFT JOIN kt_ter T ON T.COD = C.ID_Pacient LEFT JOIN G_ARTMAG A ON "
+    "A.CODART = "
     "C.ID_Dispozitiv LEFT JOIN (SELECT ID_ComandaAudio, MIN(ID_Factura) AS ID_Factura FROM "
-    "G_AsocieriComenziFacturiAudio WHERE Stornat = 0 GROUP BY ID_ComandaAudio) L ON L.ID_ComandaAudio = C.ID_Comanda "
+    "G_AsocieriComenziFacturiAudio WHERE Stornat = 0 GROUP BY ID_ComandaAudio) L ON L.ID_ComandaAudio = "
+    "C.ID_Comanda "
     "LEFT JOIN G_FacturiClientiAudio F ON F.ID_Factura = L.ID_Factura WHERE C.Data <= ?");
 
 QString deviceOrders(const ReportChoice& choice) {
-  return choice.has("optToate") ? kDeviceOrders : kDeviceOrders + QStringLiteral(" AND L.ID_ComandaAudio IS NULL");
+  return choice.has("optToate") ? kDeviceOrders
+                                : kDeviceOrders + QStringLiteral(" AND L.ID_ComandaAudio IS NULL");
 }
 
 // 13 digits, the last of which checks the others.
@@ -190,15 +196,16 @@ Recordset supplierTurnoverRows(const ReportChoice& choice) {
 
 Recordset deliveryNoteRows(const ReportChoice& choice) {
   if (session().ModAudio)
-    return read(QStringLiteral("SELECT O.NumarComanda AS ID, 'AE' AS TIP, O.DataComanda AS DATADOC, O.CodClient AS "
-                               "CODTERT, O.NumeClient AS NUME, O.CodArticol AS ARTID, O.Articol AS DENART, "
-                               "O.CantitateComandata AS CANT, O.ValoareFT AS PRETFT, O.CantitateNelivrata AS "
-                               "CANTRAMASA, CASE WHEN O.Factura IS NULL THEN NULL ELSE 'FC' || O.Factura END AS "
-                               "REFERINTA, O.DataLiv AS DATASOLD FROM (%1) AS O WHERE O.DataComanda >= ? ORDER BY "
-                               "%2O.NumeClient NULLS FIRST, O.CodClient NULLS FIRST, O.DataComanda, O.NumarComanda")
-                    .arg(deviceOrders(choice), choice.has("optArticole") ? QStringLiteral("O.CodArticol NULLS FIRST, ")
-                                                                        : QString()),
-                {choice.dates["DTPickerPanala"], choice.dates["DTPickerDeLa"]}, {"DATADOC", "DATASOLD"});
+    return read(
+        QStringLiteral("SELECT O.NumarComanda AS ID, 'AE' AS TIP, O.DataComanda AS DATADOC, O.CodClient AS "
+                       "CODTERT, O.NumeClient AS NUME, O.CodArticol AS ARTID, O.Articol AS DENART, "
+                       "O.CantitateComandata AS CANT, O.ValoareFT AS PRETFT, O.CantitateNelivrata AS "
+                       "CANTRAMASA, CASE WHEN O.Factura IS NULL THEN NULL ELSE 'FC' || O.Factura END AS "
+                       "REFERINTA, O.DataLiv AS DATASOLD FROM (%1) AS O WHERE O.DataComanda >= ? ORDER BY "
+                       "%2O.NumeClient NULLS FIRST, O.CodClient NULLS FIRST, O.DataComanda, O.NumarComanda")
+            .arg(deviceOrders(choice),
+                 choice.has("optArticole") ? QStringLiteral("O.CodArticol NULLS FIRST, ") : QString()),
+        {choice.dates["DTPickerPanala"], choice.dates["DTPickerDeLa"]}, {"DATADOC", "DATASOLD"});
   Condition where;
   add(where, kJoined);
   add(where, "D.TIP = 'AE'");

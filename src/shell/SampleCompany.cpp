@@ -16,6 +16,7 @@
 #include "shell/Login.h"
 #include "shell/SampleData.h"
 #include "shell/SampleDocuments.h"
+#include "shell/SampleHearing.h"
 #include "store/DatabaseFiles.h"
 #include "store/Records.h"
 #include "store/Workshop.h"
@@ -26,7 +27,13 @@ namespace velmar {
 
 namespace {
 
-const QString kSampleName = QStringLiteral("EXEMPLU SRL");
+// A sample company: its place in the list, and what fills the new company.
+struct Sample {
+  QString code;
+  QString name;
+  void (*fill)();
+};
+
 std::vector<qint64> addFamilies() {
   std::vector<qint64> codes;
   for (const SampleFamily& family : sampleFamilies())
@@ -134,22 +141,7 @@ void addDiscounts(const SampleCatalogue& catalogue) {
     setPartnerDiscount(catalogue.customers[i], Decimal(percent++));
 }
 
-bool sampleExists(const QString& folder) {
-  const QList<Company> companies = readCompanyList(folder);
-  return std::any_of(companies.begin(), companies.end(),
-                     [](const Company& company) { return company.COD == kSampleCode; });
-}
-
-// Creates the company in a temporary folder, so that a killed process leaves no incomplete company.
-void makeIn(const QString& workshop) {
-  session().gCaleBD = workshop;
-  bringTemplateUpToDate(workshop);
-  createCompany(workshop, kSampleCode, kSampleName, session().gDenSocietateNoua);
-  Login().enter(companyFileName(kSampleCode), kSampleName, "admin", "admin");
-  const Row warehouse = workingWarehouses().first();
-  session().gMagazie = warehouse.integer("COD");
-  session().gDenMagazie = warehouse.text("DENUMIRE");
-  chooseCostMethod("FIFO");
+void fillTrader() {
   giveIdentity();
   addWarehouses();
   giveInvoiceNumbers();
@@ -159,20 +151,42 @@ void makeIn(const QString& workshop) {
   addSampleDocuments(catalogue);
 }
 
-}  // namespace
+void fillShop() {
+  giveIdentity();
+  fillHearingCompany();
+}
+
+bool exists(const Sample& sample, const QString& folder) {
+  const QList<Company> companies = readCompanyList(folder);
+  return std::any_of(companies.begin(), companies.end(),
+                     [&sample](const Company& company) { return company.COD == sample.code; });
+}
+
+// Creates the company in a temporary folder, so that a killed process leaves no incomplete company.
+void makeIn(const QString& workshop, const Sample& sample) {
+  session().gCaleBD = workshop;
+  bringTemplateUpToDate(workshop);
+  createCompany(workshop, sample.code, sample.name, session().gDenSocietateNoua);
+  Login().enter(companyFileName(sample.code), sample.name, "admin", "admin");
+  const Row warehouse = workingWarehouses().first();
+  session().gMagazie = warehouse.integer("COD");
+  session().gDenMagazie = warehouse.text("DENUMIRE");
+  chooseCostMethod("FIFO");
+  sample.fill();
+}
 
 // The folder is passed by value: the argument is usually `gCaleBD`, which changes meanwhile.
-bool makeSampleCompany(QString folder) {
+bool make(QString folder, const Sample& sample) {
   session().gCaleBD = folder;
-  if (sampleExists(folder)) return false;
+  if (exists(sample, folder)) return false;
   const Workshop workshop(folder, kSamplePrefix);
   shareServer(folder, workshop.path());
   try {
-    makeIn(workshop.path());
+    makeIn(workshop.path(), sample);
   } catch (...) {
     leaveCompany();
     session().gCaleBD = folder;
-    removeDatabaseFile(workshop.path(), companyFileName(kSampleCode));
+    removeDatabaseFile(workshop.path(), companyFileName(sample.code));
     removeDatabaseFile(workshop.path(), kTemplateName);
     throw;
   }
@@ -180,12 +194,22 @@ bool makeSampleCompany(QString folder) {
   session().gCaleBD = folder;
   removeDatabaseFile(workshop.path(), kTemplateName);
   try {
-    adoptCompany(folder, kSampleCode, kSampleName, workshop.filePath(companyFileName(kSampleCode)));
+    adoptCompany(folder, sample.code, sample.name, workshop.filePath(companyFileName(sample.code)));
   } catch (const RuleError&) {
-    if (sampleExists(folder)) return false;  // another process has just created it
+    if (exists(sample, folder)) return false;  // another process has just created it
     throw;
   }
   return true;
+}
+
+}  // namespace
+
+bool makeSampleCompany(const QString& folder) {
+  return make(folder, {kSampleCode, QStringLiteral("EXEMPLU SRL"), fillTrader});
+}
+
+bool makeHearingSampleCompany(const QString& folder) {
+  return make(folder, {kHearingSampleCode, QStringLiteral("EXEMPLU AUZ SRL"), fillShop});
 }
 
 }  // namespace velmar

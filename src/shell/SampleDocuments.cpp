@@ -5,10 +5,10 @@
 #include "config/Session.h"
 #include "documents/DocumentEditor.h"
 #include "documents/LineSource.h"
+#include "shell/Willing.h"
 #include "stock/Availability.h"
 #include "store/Database.h"
 #include "util/Clock.h"
-#include "util/Messages.h"
 
 namespace velmar {
 
@@ -25,17 +25,6 @@ constexpr int kForeignEvery = 17;  // sales
 constexpr auto kVatOfSales = "2";
 
 using Texts = QHash<QString, QString>;
-
-// Answers the questions that a user would be asked with yes.
-class Willing : public MessageSink {
- public:
-  Willing() : previous_(setMessageSink(this)) {}
-  ~Willing() override { setMessageSink(previous_); }
-  int show(const Message& message) override { return message.buttons & kYesNo ? kResultYes : kResultOk; }
-
- private:
-  MessageSink* previous_;
-};
 
 class SampleTrade {
  public:

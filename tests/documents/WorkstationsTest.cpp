@@ -1,7 +1,5 @@
 // Several processes in one company: simultaneous validations, the race for the last pieces, and processes
 // killed at any moment.
-#include <sys/wait.h>
-#include <unistd.h>
 #include <algorithm>
 #include <csignal>
 #include <QElapsedTimer>
@@ -11,23 +9,13 @@
 #include "documents/Undo.h"
 #include "store/Roster.h"
 #include "Trade.h"
+#include "Workstations.h"
 
 namespace velmar {
 namespace {
 
 constexpr int kArticles = 20;
 constexpr int kProcesses = 8;
-constexpr int kBroken = 3;  // exit code for an unexpected error
-
-// Waits without a dialog: these workstations have no user.
-class PatientSink : public MessageSink {
- public:
-  int show(const Message& message) override {
-    const int set = message.buttons % 16;
-    return set == kRetryCancel ? kResultRetry : set == kYesNo ? kResultYes : kResultOk;
-  }
-};
-
 class WorkstationsTest : public ::testing::Test {
  protected:
   WorkstationsTest() {
@@ -79,42 +67,16 @@ class WorkstationsTest : public ::testing::Test {
     }
   }
 
-  // A workstation: a separate process with its own connection.
   template <typename Work>
   pid_t workstation(Work&& work) const {
-    const pid_t process = fork();
-    if (process != 0) return process;
-    PatientSink patient;
-    setMessageSink(&patient);
-    try {
-      setOpenDatabase(Database::open(trade_.company.path()));
-      work();
-      _exit(0);
-    } catch (const std::exception& error) {
-      std::fprintf(stderr, "%s\n", error.what());
-      _exit(kBroken);
-    }
+    return velmar::workstation(trade_.company.path(), work);
   }
-
-  // Closes the connection that fork() would share: a connection of the engines belongs to one process.
   void startProcesses(const std::function<void()>& start) const {
-    setOpenDatabase(nullptr);
-    start();
-    setOpenDatabase(Database::open(trade_.company.path()));
+    velmar::startProcesses(trade_.company.path(), start);
   }
-
-  // Runs all at once and waits for their end.
   template <typename Work>
   void allAtOnce(Work&& work) const {
-    startProcesses([&] {
-      std::vector<pid_t> processes;
-      for (int p = 0; p < kProcesses; ++p) processes.push_back(workstation([&work, p] { work(p); }));
-      for (const pid_t process : processes) {
-        int status = 0;
-        waitpid(process, &status, 0);
-        EXPECT_EQ(status, 0);
-      }
-    });
+    velmar::allAtOnce(trade_.company.path(), kProcesses, work);
   }
 
   static qint64 count(const QString& what) { return OpenRs("SELECT COUNT(" + what).first().integer("N"); }

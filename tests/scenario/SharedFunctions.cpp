@@ -127,6 +127,9 @@ Functions services() {
   f["databaseExists"] = [](const Arguments& a) {
     return databaseExists(a.value(0).toString(), a.value(1).toString());
   };
+  f["makeHearingSampleCompany"] = [](const Arguments& a) {
+    return makeHearingSampleCompany(a.value(0).toString());
+  };
   f["makeSampleCompany"] = [](const Arguments& a) { return makeSampleCompany(a.value(0).toString()); };
   f["designLayout"] = [](const Arguments& a) {
     design(a.value(0).toString());

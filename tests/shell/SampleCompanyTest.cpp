@@ -6,6 +6,7 @@
 #include <unistd.h>
 #include <QDir>
 
+#include "documents/Invariants.h"
 #include "shell/ApplicationFolder.h"
 #include "shell/Login.h"
 #include "TestCompany.h"
@@ -28,6 +29,25 @@ class SampleCompanyTest : public testing::Test {
     Login login;
     ASSERT_TRUE(login.load());
     makeSampleCompany(session().gCaleBD);
+  }
+
+  // The hearing-aid shop: every kind of bill, a storno, and what waits for the user.
+  static void expectShop(const QString& folder) {
+    ASSERT_TRUE(makeHearingSampleCompany(folder));
+    setOpenDatabase(Database::open(folder + "/Tarvon03.mdb"));
+    EXPECT_EQ(disagreementText(), "");
+    const auto count = [](const QString& from) {
+      return OpenRs("SELECT COUNT(*) AS N FROM " + from).first().integer("N");
+    };
+    EXPECT_EQ(count("G_COMANDA_AUDIO"), 40);
+    EXPECT_EQ(count("G_COMANDA_AUDIO WHERE IsImport <> 0"), 3);
+    EXPECT_GE(count("G_FacturiClientiAudio WHERE Validat <> 0 AND ID_PunctLucru IS NOT NULL"), 4);
+    EXPECT_GE(count("G_FacturiClientiAudio WHERE Validat <> 0 AND ID_PunctLucru IS NULL"), 6);
+    EXPECT_EQ(count("G_FacturiClientiAudio WHERE IsStorno <> 0"), 1);
+    EXPECT_EQ(count("G_FacturiClientiAudio WHERE Validat = 0"), 1);
+    EXPECT_EQ(count("G_AsocieriBonuriFacturiAudio"), 1);
+    EXPECT_EQ(count("G_BonReparatii WHERE Validat = 0"), 1);
+    setOpenDatabase(nullptr);
   }
 
   void expectWhole(const QString& folder) const {
@@ -61,6 +81,7 @@ TEST_F(SampleCompanyTest, AnyDayAndAnyFolder) {
     // A path may begin with two slashes, as under a home folder "/".
     start(u'/' + place_.path() + name);
     expectWhole(place_.path() + name);
+    expectShop(place_.path() + name);
   }
 }
 

@@ -85,7 +85,7 @@ frmGrilaFacturaAudio::frmGrilaFacturaAudio(BilledBy by, QWidget* parent)
   grdDetalii_ = new DetailGrid(objectName(), lineColumns());
   grdDetalii_->setEmptyText("Liniile se adauga dupa salvarea antetului.");
   grdDetalii_->setKeptInView("Total", "Articol");
-  grdDetalii_->setMinimumWidth(fontMetrics().averageCharWidth() * 118);
+  grdDetalii_->setMinimumWidth(fontMetrics().averageCharWidth() * 150);
   grdDetalii_->setTake(
       [this](size_t line, const QString& field, const QString& text) { takeCell(line, field, text); });
   grdDetalii_->setRemove([this](const Row& line) {

@@ -43,7 +43,8 @@ frmRapComisioane::frmRapComisioane(QWidget* parent)
   dtLuna_->setDate(clock::today());
   auto* month = new QLabel("Luna");
   month->setBuddy(dtLuna_);
-  for (QWidget* each : std::initializer_list<QWidget*>{points, optMedici_, month, dtLuna_}) row->addWidget(each);
+  for (QWidget* each : std::initializer_list<QWidget*>{points, optMedici_, month, dtLuna_})
+    row->addWidget(each);
   row->addStretch();
   filter_->setFields(commissionFilter(), "ID_PunctLucru");
   connect(filter_, &WhereBuilder::searchAsked, this,
@@ -53,7 +54,8 @@ frmRapComisioane::frmRapComisioane(QWidget* parent)
                            {"Valoare", "Valoare", CellFormat::Number, 14},
                            {"Comision", "Comision", CellFormat::Number, 14}});
   grdDetalii_->setSortable();
-  grdDetalii_->setEmptyText("Apasati Cautare. In luna aleasa nu exista facturi catre case pe puncte de lucru.");
+  grdDetalii_->setEmptyText(
+      "Apasati Cautare. In luna aleasa nu exista facturi catre case pe puncte de lucru.");
   auto* listing = new TDBGridListare("TDBGridListare");
   listing->setTDBGrid(grdDetalii_);
   listing->setForm(this);
@@ -66,7 +68,8 @@ frmRapComisioane::frmRapComisioane(QWidget* parent)
   setUpExitButton(cmdIesire, this);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
-  for (QWidget* each : std::initializer_list<QWidget*>{cmdCauta, listing, cmdIesire}) buttons->addWidget(each);
+  for (QWidget* each : std::initializer_list<QWidget*>{cmdCauta, listing, cmdIesire})
+    buttons->addWidget(each);
   auto* all = new QVBoxLayout(this);
   all->addWidget(period);
   all->addWidget(filter_);
@@ -87,8 +90,9 @@ QSize frmRapComisioane::sizeHint() const {
 void frmRapComisioane::search() {
   if (!entriesAccepted(this)) return;
   dtLuna_->takeTyped();
-  grdDetalii_->setRecordset(commissions(optMedici_->isChecked() ? CommissionOf::Doctors : CommissionOf::WorkPoints,
-                                        dtLuna_->date(), filter_->condition()));
+  grdDetalii_->setRecordset(
+      commissions(optMedici_->isChecked() ? CommissionOf::Doctors : CommissionOf::WorkPoints, dtLuna_->date(),
+                  filter_->condition()));
   showTotals();
 }
 
