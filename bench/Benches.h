@@ -23,6 +23,7 @@ bool measureInvoicePrint(Store store);
 bool measureJournals(Store store);
 bool measureReports(Store store);
 bool measureStockReports(Store store);
+bool measureHearing(Store store);
 bool measureStart(Store store);
 
 /// With this option the process is one of the writers that measureWriters() starts.

@@ -29,6 +29,7 @@ const Bench kBenches[] = {
     {"print", velmar::bench::measureInvoicePrint},
     {"reports", velmar::bench::measureReports},
     {"stockreports", velmar::bench::measureStockReports},
+    {"hearing", velmar::bench::measureHearing},
     {"start", velmar::bench::measureStart},
 };
 const QString kEngineOption = QStringLiteral("--engine");

@@ -92,10 +92,12 @@ void addCurrency(Variables& variables, const ListingKind& kind, const ListedDocu
   variables.add("CursLei", factor.toDouble());
 }
 
-void addSum(Variables& variables, const ListedDocument& document, const ListingOptions& options) {
+void addSum(Variables& variables, const ListingKind& kind, const ListedDocument& document,
+            const ListingOptions& options) {
   const Decimal rate = leiRate(document, options);
   const Decimal total = printedTotal(document, rate);
   QString currency = rate.isZero() ? document.currency : kLei;
+  if (!kind.wordsCurrency.isEmpty()) currency = kind.wordsCurrency;
   variables.add("SumaDePlataLitere", SumaText(total, currency));
   variables.add("SumaDePlataCifre", total.toDouble());
   variables.add("ParamCHI", options.receipt);
@@ -201,7 +203,7 @@ ReportData listingData(const ListingKind& kind, const ListedDocument& document,
     variables.add("bDeviza", options.foreign);
     addCurrency(variables, kind, document, options);
   }
-  if (kind.printsSum) addSum(variables, document, options);
+  if (kind.printsSum) addSum(variables, kind, document, options);
   variables.addColumns(document.partner, kind.partner);
   return data;
 }

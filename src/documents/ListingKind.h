@@ -27,8 +27,9 @@ struct ListingKind {
   QString preprinted = {};     ///< of the layout for a pre-printed form; empty: no such choice
   bool offersReceipt = false;  ///< CheckChitanta
   bool offersCurrency = false;
-  bool storesLei = false;  ///< amounts are stored in lei, also of a document in currency
-  bool printsSum = false;  ///< total in figures and words, and the series of invoices
+  bool storesLei = false;      ///< amounts are stored in lei, also of a document in currency
+  bool printsSum = false;      ///< total in figures and words, and the series of invoices
+  QString wordsCurrency = {};  ///< in which the total is put into words; empty: that of the document
   bool choosesTarget =
       false;  ///< "Listare" first prints to a target chosen by the user, then shows the preview
   QList<ListingBox> boxes = {};  ///< of the delegate's frame

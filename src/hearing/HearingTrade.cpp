@@ -28,6 +28,7 @@ ListingKind invoicePaper(KindId kind, bool isStorno) {
   const QString flag = QString::number(isStorno ? -1 : 0);
   paper.headerSql = kInvoiceHeader.arg(flag);
   paper.linesSql = kInvoiceLines.arg(flag);
+  paper.wordsCurrency = QStringLiteral("LEI");  // without a name in words
   return paper;
 }
 

@@ -7,6 +7,8 @@
 #include <unistd.h>
 #endif
 
+#include "util/Errors.h"
+
 namespace velmar {
 
 #ifdef Q_OS_UNIX
@@ -61,5 +63,10 @@ void protectFile(const QString&) {}
 void protectFolder(const QString&) {}
 
 #endif
+
+void openPrivately(QFileDevice& file) {
+  if (!file.open(QIODevice::WriteOnly)) throw notWritten(file);
+  file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+}
 
 }  // namespace velmar

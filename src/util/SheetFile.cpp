@@ -10,6 +10,7 @@
 
 #include "util/Decimal.h"
 #include "util/Errors.h"
+#include "util/FileRights.h"
 #include "util/NumberText.h"
 
 namespace velmar {
@@ -47,7 +48,7 @@ QString csvText(const QVariant& value, const SheetColumn& column) {
 void writeCsv(const QString& path, const QList<SheetColumn>& columns, int rows, const SheetCell& cell,
               const Progress& progress) {
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) throw notWritten(file);
+  openPrivately(file);
   file.write("\xEF\xBB\xBF");
   const auto writeLine = [&](const std::function<QString(int)>& text) {
     QStringList cells;
@@ -66,6 +67,9 @@ void writeCsv(const QString& path, const QList<SheetColumn>& columns, int rows, 
 class Workbook {
  public:
   explicit Workbook(const QString& path) : path_(path) {
+    QFile empty(path_);  // which the library then writes
+    openPrivately(empty);
+    empty.close();
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
     book_ = workbook_new_opt(QFile::encodeName(path_).constData(), &options);

@@ -9,6 +9,7 @@
 #include <QTextStream>
 
 #include "util/Errors.h"
+#include "util/FileRights.h"
 
 namespace velmar {
 
@@ -333,7 +334,7 @@ QString GridPrint::pageText(int page) const {
 
 void GridPrint::writeHtml(const QString& path) const {
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) throw notWritten(file);
+  openPrivately(file);
   QStringList title;
   for (const Thirds& thirds : pageLines(settings_.header, 0, 1))
     for (const QString& third : thirds)

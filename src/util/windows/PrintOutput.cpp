@@ -14,6 +14,7 @@
 
 #include "util/Errors.h"
 #include "util/FileNames.h"
+#include "util/FileRights.h"
 #include "util/windows/WorkProgress.h"
 
 namespace velmar {
@@ -122,7 +123,7 @@ QString sendTo(const PrintTarget& target, const PrintJob& job, QWidget* parent) 
 
 void writePdf(const QString& path, const PrintTarget& pages, const PrintJob& job, QWidget* parent) {
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) throw notWritten(file);
+  openPrivately(file);
   {
     QPdfWriter writer(&file);
     writer.setResolution(kDotsPerInch);
