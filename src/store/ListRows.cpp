@@ -12,7 +12,6 @@ namespace {
 
 constexpr int kPageSize = 100;
 constexpr int kPagesKept = 60;
-constexpr int kFirstPart = 2000;  // rows
 constexpr QChar kKeySeparator(0x1F);
 
 // Compares: nulls first, numbers by value, texts ignoring case.
@@ -170,11 +169,35 @@ void ListRows::readKeys(const QStringList& fields, bool descending, Read read) {
       QStringLiteral("SELECT %1 FROM %2%3 ORDER BY %4")
           .arg(keyNames.join(QStringLiteral(", ")), selected(), where, order.join(QStringLiteral(", "))),
       condition_.values};
-  KeyStatement statement = statement_;
-  if (read == Read::FirstPart) statement.sql += QStringLiteral(" LIMIT %1").arg(kFirstPart);
-  keys_ = velmar::readKeys(database(), statement, false);
-  isWhole_ = read == Read::Whole || size() < kFirstPart;
   pages_.clear();
+  isWhole_ = read == Read::Whole;
+  if (read == Read::FirstPart) return readFirstPage();
+  keys_ = velmar::readKeys(database(), statement_, false);
+}
+
+// One row more than a page tells whether there are others.
+void ListRows::readFirstPage() {
+  const QString order = statement_.sql.section(QStringLiteral(" ORDER BY "), -1);
+  const Recordset found =
+      OpenRs(QStringLiteral("SELECT * FROM %1%2 ORDER BY %3 LIMIT %4")
+                 .arg(selected(), whereOf(condition_), order, QString::number(kPageSize + 1)),
+             condition_.values);
+  const auto count = std::min<size_t>(static_cast<size_t>(found.size()), kPageSize);
+  isWhole_ = count == static_cast<size_t>(found.size());
+  keys_.clear();
+  std::vector<Row> rows;
+  for (const Row& row : found) {
+    if (rows.size() == count) break;
+    for (size_t i = 0; i < width(); ++i) keys_.push_back(row.at(static_cast<int>(i)));
+    rows.push_back(row);
+  }
+  if (!rows.empty()) pages_.emplace(0, std::move(rows));
+}
+
+std::vector<QVariant> ListRows::firstKeys(int count) const {
+  KeyStatement statement = statement_;
+  statement.sql += QStringLiteral(" LIMIT %1").arg(count);
+  return velmar::readKeys(database(), statement, false);
 }
 
 bool ListRows::isContinuedBy(const std::vector<QVariant>& keys) const {
@@ -183,10 +206,14 @@ bool ListRows::isContinuedBy(const std::vector<QVariant>& keys) const {
 
 // The pages that were read stay; the last one may have been short.
 void ListRows::complete(std::vector<QVariant>&& keys) {
-  if (!isContinuedBy(keys)) pages_.clear();
-  pages_.remove(size() / kPageSize);
-  keys_ = std::move(keys);
+  extend(std::move(keys));
   isWhole_ = true;
+}
+
+void ListRows::extend(std::vector<QVariant>&& keys) {
+  if (!isContinuedBy(keys)) pages_.clear();
+  if (size() % kPageSize != 0) pages_.remove(size() / kPageSize);
+  keys_ = std::move(keys);
 }
 
 QString ListRows::keyAt(size_t place) const {

@@ -106,13 +106,13 @@ class ListRows : public RowSource {
  public:
   enum class Read {
     Whole,
-    FirstPart  ///< the keys of a long list are not read to the end: isWhole() is false, size() counts those
-               ///< read
+    FirstPart  ///< of a long list only the first page is read, by one statement: isWhole() is false, size()
+               ///< counts the rows read
   };
 
   /// `order` is a list of columns, separated by commas, all ascending or all descending; equal rows are
   /// ordered by key, nulls come first, descending last. Condition and order refer to the result columns of
-  /// the query. Reads the keys.
+  /// the query. Reads the keys, or the first page.
   ListRows(const ListQuery& query, const Condition& condition, const QString& order, bool descending = false,
            Read read = Read::Whole);
 
@@ -134,9 +134,14 @@ class ListRows : public RowSource {
   bool isContinuedBy(const std::vector<QVariant>& keys) const;
   /// Takes these keys; the list is then whole.
   void complete(std::vector<QVariant>&& keys);
+  /// The keys of the first rows, up to that number.
+  std::vector<QVariant> firstKeys(int count) const;
+  /// Takes the keys of more of the first rows; the list is not whole.
+  void extend(std::vector<QVariant>&& keys);
 
  private:
   void readKeys(const QStringList& fields, bool descending, Read read);
+  void readFirstPage();
   bool isKey(const QString& field) const;
   void readPage(int page) const;
 

@@ -91,7 +91,8 @@
 
     addLine(code, quantity) {
       const row = this.rows();
-      if (!this.enter(-1, "CODART", code)) return -1;
+      const field = this.columns().includes("CODART") ? "CODART" : "ID_Articol";
+      if (!this.enter(-1, field, code)) return -1;
       if (quantity !== undefined && !this.enter(row, "CANT", quantity)) return -1;
       return row;
     }

@@ -47,8 +47,16 @@ std::unique_ptr<RowSource> BrowserForm::read() {
   auto rows = std::make_unique<ListRows>(listed_.query, condition_, listed_.order, listed_.descending,
                                          ListRows::Read::FirstPart);
   const Row* current = list()->currentRecord();
-  if (!rows->isWhole() && current && rows->placeOf(keyText(*current, key_)) < 0)
-    rows->complete(readKeys(database(), rows->keyStatement(), false));
+  const QString key = current ? keyText(*current, key_) : QString();
+  if (!rows->isWhole() && current && rows->placeOf(key) < 0) {
+    std::vector<QVariant> keys = rows->firstKeys(kShortList);
+    if (keys.size() / rows->width() < static_cast<size_t>(kShortList))
+      rows->complete(std::move(keys));
+    else
+      rows->extend(std::move(keys));
+    if (!rows->isWhole() && rows->placeOf(key) < 0)
+      rows->complete(readKeys(database(), rows->keyStatement(), false));
+  }
   rows_ = rows.get();
   for (const FooterTotal& each : totals_) list()->setFooter(each.footer, {});
   if (rows->isWhole() && rows->size() < kShortList) {
@@ -62,6 +70,7 @@ std::unique_ptr<RowSource> BrowserForm::read() {
 }
 
 void BrowserForm::readOn() {
+  if (readShort()) return;
   std::vector<BackgroundRead::Work> works{totalsRead()};
   if (!rows_->isWhole())
     works.push_back(
@@ -76,6 +85,20 @@ void BrowserForm::readOn() {
           };
         });
   background_.start(works, [this](const QString& text) { say(text); });
+}
+
+// The rest of a list that is not long, with its totals, at once; returns whether it was one.
+bool BrowserForm::readShort() {
+  if (rows_->isWhole() || rows_->size() >= kShortList) return false;
+  std::vector<QVariant> keys = rows_->firstKeys(kShortList);
+  if (keys.size() / rows_->width() >= static_cast<size_t>(kShortList)) return false;
+  if (!rows_->isContinuedBy(keys)) {
+    refresh();
+    return true;
+  }
+  extend(std::move(keys));
+  totalsRead()(database(), false)();
+  return true;
 }
 
 BackgroundRead::Work BrowserForm::totalsRead() const {

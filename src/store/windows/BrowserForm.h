@@ -67,6 +67,7 @@ class BrowserForm : public ListForm {
  private:
   std::unique_ptr<RowSource> read();
   void readOn();
+  bool readShort();
   void readRest();
   void extend(std::vector<QVariant>&& keys);
   void setFooters(bool filled);

@@ -33,9 +33,9 @@ class BrowserFormTest : public testing::Test {
 
 TEST_F(BrowserFormTest, ALongListIsReadToItsEndBehindTheWork) {
   open();
-  EXPECT_EQ(shown(), 2000);
+  EXPECT_EQ(shown(), 100);  // a page
   EXPECT_EQ(count(), "...");
-  grid_->selectPlace(1500);
+  grid_->selectPlace(50);
   const QString current = grid_->currentRecord()->text("ID");
   EXPECT_TRUE(QTest::qWaitFor([this] { return count() == "2.500"; }));
   EXPECT_EQ(shown(), 2500);
