@@ -180,6 +180,15 @@ Row newArticle() {
   return row;
 }
 
+QString nextArticleCode() {
+  constexpr int kDigits = 8;
+  qint64 last = 0;
+  for (const Row& row : OpenRs("SELECT CODART FROM G_ARTMAG"))
+    if (const QString code = row.text("CODART").trimmed(); isNumericText(code))
+      last = std::max(last, static_cast<qint64>(code.toDouble()));
+  return QStringLiteral("%1").arg(last + 1, kDigits, 10, QLatin1Char('0'));
+}
+
 void addArticle(const Row& article) {
   requireFilled(article, "adauga");
   requireVatNumber(article);

@@ -24,6 +24,9 @@ std::vector<qint64> articleNumbers(const QStringList& codes);
 /// The defaults of a new article: unit "Buc", VAT 19, goods, held in stock, all else empty.
 Row newArticle();
 
+/// The code after the highest that is a number, in at least 8 digits. The caller has the write lock.
+QString nextArticleCode();
+
 /// Adds the article; the row has columns of G_ARTMAG. Throws RuleError, naming the column, when a value is
 /// missing or not numeric, the code exists, a family, supplier or currency does not exist, or no cost method
 /// was chosen before the first article (column TCOST). Cost, prices and stock start at 0, whatever the row

@@ -75,7 +75,7 @@ const ListQuery kPartnerList{
     QStringLiteral(
         "T.COD, T.NUME, T.TIP, T.CODFISCAL, T.AD, T.AD3, T.CP, T.ORAS, T.TARA, T.REPREZ, T.TELEFON, T.FAX, "
         "T.MOBIL, T.EMAIL, T.ADL, T.CPL, T.ORASL, T.TARAL, T.BANCA, T.CONTBANCAR, T.CodTert, T.RegCom, "
-        "T.Judet, "
+        "T.Judet, T.JUDETL, "
         "T.CodVechi, T.SerieBI, T.NrBI, T.EmisBI, T.DataEmisBI, T.PROCPEN, T.Reprezentant, T.Contract, "
         "T.ID_Angajator, T.CNP, T.CT, T.PF, T.PlatesteTVA, T.PRENUMEDELEGAT, T.DATANDELEGAT, T.UTILIZATOR, "
         "T.DATAC, A.NUME AS Angajator, "

@@ -161,11 +161,14 @@ std::vector<ListEntry> currencies() {
 
 std::vector<ListEntry> vatRates(bool ofPurchases) {
   std::vector<ListEntry> rates;
-  for (const Row& row : OpenRs("SELECT COD, CONT, PROCENT FROM kt_cote WHERE CONT LIKE ? ESCAPE '!' "
-                               "OR CONT LIKE '4428%' ORDER BY COD",
-                               {vatAccountPattern(ofPurchases)}))
-    rates.push_back(
-        {row.text("CONT") + u'-' + row.decimal("PROCENT").toString(), QString::number(row.integer("COD"))});
+  for (const Row& row :
+       OpenRs("SELECT COD, CONT, PROCENT, CATEGORIE FROM kt_cote WHERE CONT LIKE ? ESCAPE '!' "
+              "OR CONT LIKE '4428%' ORDER BY COD",
+              {vatAccountPattern(ofPurchases)})) {
+    QStringList parts{row.text("CONT"), row.text("CATEGORIE"), row.decimal("PROCENT").toString()};
+    parts.removeAll(QString());
+    rates.push_back({parts.join(u'-'), QString::number(row.integer("COD"))});
+  }
   return rates;
 }
 

@@ -36,7 +36,7 @@ struct ListEntry {
 /// The currencies, as "EUR-Euro".
 std::vector<ListEntry> currencies();
 /// VAT rates on the VAT account of purchases or of sales and on the accounts that begin with 4428, as
-/// "4426-19".
+/// "4426-19" or, with the category of a rate of 0, "4427-AE-0".
 std::vector<ListEntry> vatRates(bool ofPurchases);
 /// The percentages of the rates on the VAT account of purchases or of sales.
 std::vector<ListEntry> vatPercents(bool ofPurchases);

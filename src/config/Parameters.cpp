@@ -21,6 +21,7 @@ constexpr int kMostDecimals = 9;
 
 const QHash<QString, QString> kIdentityNumbers = {
     {"CAPSOC", "Va rugam introduceti o valoare numerica pentru capitalul social !"},
+    {"TERMENEFACT", "Va rugam introduceti o valoare numerica pentru termenul facturilor electronice !"},
     {"FP", "Va rugam introduceti o valoare numerica pentru forma de proprietate !"},
     {"RAMURA", "Va rugam introduceti o valoare numerica pentru codul CAEN !"}};
 
@@ -35,13 +36,23 @@ void setNumber(Row& row, const QString& column, const std::optional<Decimal>& nu
   row.set(column, number ? Value(*number) : Value());
 }
 
+constexpr int kLongestTerm = 60;  // working days
+
 Row checkedIdentity(const Row& typed) {
   if (typed.text("DENUMIRE").trimmed().isEmpty())
     throw RuleError("Salvarea nu se poate efectua. Introduceti o denumire pentru societatea curenta !",
                     "DENUMIRE", kCritical, "Configurare societate");
   Row identity = typed;
-  for (const char* column : {"CAPSOC", "FP", "RAMURA"})
-    setNumber(identity, column, numberIn(typed, column, identityNumberMessage(column)));
+  for (const char* column : {"CAPSOC", "FP", "RAMURA", "TERMENEFACT"})
+    if (typed.has(column))
+      setNumber(identity, column, numberIn(typed, column, identityNumberMessage(column)));
+  if (identity.has("TERMENEFACT") && !identity.isNull("TERMENEFACT") &&
+      (identity.decimal("TERMENEFACT") < 1 || identity.decimal("TERMENEFACT") > kLongestTerm ||
+       Round(identity.decimal("TERMENEFACT"), 0) != identity.decimal("TERMENEFACT")))
+    throw RuleError(
+        QStringLiteral("Termenul facturilor electronice este un numar intreg de zile, de la 1 la %1 !")
+            .arg(kLongestTerm),
+        "TERMENEFACT");
   const QString objection = vatPayerObjection(typed.text("PLATITVA"));
   if (!objection.isEmpty()) throw RuleError(objection, "PLATITVA");
   identity.set("PLATITVA", typed.text("PLATITVA").trimmed().toUpper());
@@ -79,6 +90,12 @@ void requireKnownRegister(const Row& typed) {
 }  // namespace
 
 Row storedIdentity() { return onlyRecord(QStringLiteral("kt_info")); }
+
+int eInvoiceTerm(const Row& identity) {
+  constexpr int kUsual = 5;
+  const qint64 chosen = identity.integer("TERMENEFACT");
+  return chosen > 0 ? static_cast<int>(chosen) : kUsual;
+}
 
 Row storedParameters() { return onlyRecord(QStringLiteral("kt_par")); }
 

@@ -9,6 +9,8 @@ namespace velmar {
 
 /// The one record of `kt_info`.
 Row storedIdentity();
+/// Working days after its issue in which an electronic invoice is sent: TERMENEFACT, or 5.
+int eInvoiceTerm(const Row& identity);
 /// The one record of `kt_par`.
 Row storedParameters();
 

@@ -22,7 +22,9 @@ ProposedNumber proposeInvoiceNumber(const QString& table);
 /// As proposeNumber, but shows the warning; "" if the user types the number.
 QString NumarDocument(const QString& prefix);
 
-/// The series of the kind's numbers; "00": none.
+const QString kNoSeries = QStringLiteral("00");
+
+/// The series of the kind's numbers; kNoSeries: none.
 QString seriesOf(const DocumentKind& kind);
 
 }  // namespace velmar

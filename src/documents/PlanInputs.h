@@ -16,7 +16,7 @@ struct Document;
 struct PlanInputs {
   QString costMethod;  ///< "FIFO", "MP" or ""
   int decimals = 2;    ///< of prices and values
-  QString series;      ///< of the kind's numbers; "00": none
+  QString series;      ///< of the kind's numbers; kNoSeries: none
   Row parameters;      ///< of kt_par
   QDate today;         ///< date of validation
   ArticleTable articles;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "documents/Drafts.h"
+#include "documents/EInvoiceState.h"
 #include "documents/kinds/Kinds.h"
 #include "documents/OtherTrade.h"
 #include "store/Database.h"
@@ -209,6 +210,7 @@ void requireRemovable(const ValidatedDocument& document) {
 static bool isOfOtherTrade(const LedgerKey& key) { return otherTrade() && ledgerKind(key.kind).isAudio; }
 
 QStringList checkRemoval(const LedgerKey& key) {
+  requireNotAccepted(key);
   if (isOfOtherTrade(key)) return otherTrade()->checkRemoval(key);
   const ValidatedDocument document = readValidated(key);
   requireRemovable(document);
@@ -258,16 +260,26 @@ Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, con
   return plan;
 }
 
-bool takeBack(const LedgerKey& key) {
-  if (isOfOtherTrade(key)) return otherTrade()->takeBack(key);
-  Transaction transaction(database());
+namespace {
+
+bool takeOwnBack(const LedgerKey& key) {
   const ValidatedDocument document = readValidated(key);
   requireRemovable(document);
   QStringList codes;
   for (const auto& line : document.lines) codes.append(line.article);
   executePlan(undoOf(document, readArticles(codes), TIPCOST()), clock::now());
-  transaction.commit();
   return !document.notes.empty();
+}
+
+}  // namespace
+
+bool takeBack(const LedgerKey& key) {
+  Transaction transaction(database());
+  requireNotAccepted(key);
+  leaveEInvoice(key);
+  const bool hadNotes = isOfOtherTrade(key) ? otherTrade()->takeBack(key) : takeOwnBack(key);
+  transaction.commit();
+  return hadNotes;
 }
 
 void reopenLost(const LedgerKey& key) {

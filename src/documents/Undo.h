@@ -53,7 +53,7 @@ Plan undoOf(const ValidatedDocument& document, const ArticleTable& articles, con
 Plan withdrawalOf(const ValidatedDocument& document, const ArticleTable& articles);
 
 /// Takes the document back in one transaction, with all checks under the write lock. Returns whether it had
-/// notes. Throws RuleError; nothing is then written.
+/// notes. Throws RuleError, also when its electronic invoice was accepted; nothing is then written.
 bool takeBack(const LedgerKey& key);
 
 /// Makes a validated document that is not in the ledger a draft again. Throws RuleError when it is in the

@@ -2,6 +2,7 @@
 
 #include "config/Session.h"
 #include "documents/HeaderChecks.h"
+#include "documents/Numbering.h"
 #include "hearing/HearingDrafts.h"
 #include "hearing/Invoices.h"
 #include "hearing/Issue.h"
@@ -160,6 +161,7 @@ LedgerDocument stornoLedger(const LedgerKey& invoice, const Row& storno) {
   ledger.partner = document.integer("CODTERT");
   ledger.date = storno.date("Data");
   ledger.remark = invoice.number;
+  if (session().gSerieFC != kNoSeries) ledger.series = session().gSerieFC;
   ledger.value = document.decimal("TOTALFT");
   ledger.vat = document.decimal("TOTALTVA");
   ledger.cost = document.decimal("TOTALCOST");

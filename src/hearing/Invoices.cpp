@@ -2,6 +2,7 @@
 
 #include "config/Session.h"
 #include "documents/HeaderChecks.h"
+#include "documents/Numbering.h"
 #include "hearing/Completeness.h"
 #include "hearing/HearingDrafts.h"
 #include "hearing/Issue.h"
@@ -170,6 +171,7 @@ LedgerDocument ledgerOf(const Row& header, const std::vector<Row>& lines) {
   ledger.partner = header.integer("ID_Client");
   ledger.date = header.date("Data");
   ledger.dueDate = header.date("DataScadenta");
+  if (session().gSerieFC != kNoSeries) ledger.series = session().gSerieFC;
   for (const Row& line : lines) {
     ledger.value += line.decimal("Valoare");
     ledger.vat += line.decimal("TVA");

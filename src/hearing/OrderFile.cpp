@@ -5,13 +5,13 @@
 
 #include "catalogue/Partners.h"
 #include "hearing/Orders.h"
-#include "hearing/XmlText.h"
 #include "store/Database.h"
 #include "store/Records.h"
 #include "store/Schema.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
 #include "util/PlainText.h"
+#include "util/XmlText.h"
 
 namespace velmar {
 

@@ -16,8 +16,9 @@ void Variables::addColumns(const Recordset& rows, const QStringList& columns, co
 
 void Variables::addCompany() {
   const Recordset company = session().gDataEnv.open("Get_Info");
-  addColumns(company, {"DENUMIRE", "CAPSOC", "NREGCOM", "STRADA1", "NR1", "BLOC1", "AP1", "ORAS1", "SECTOR1",
-                       "JUDET1"});
+  addColumns(company, {"DENUMIRE", "CAPSOC", "NREGCOM", "STRADA1", "NR1", "BLOC1", "AP1", "ORAS1"});
+  if (!company.isEmpty()) add("SECTOR1", company.first().text("SECTOR1"));
+  addColumns(company, {"JUDET1"});
   addColumns(company, {"BANCA", "CONTBANCAR", "CODFISCAL"}, "KT_");
 }
 

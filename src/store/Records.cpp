@@ -41,7 +41,7 @@ Values checkedValues(const Table& table, const Row& row) {
 const QString& keyOf(const Table& table) { return table.keyColumns().first(); }
 
 void requirePlainText(const Column& column, const QVariant& cell) {
-  if (column.type != ColumnType::Text) return;
+  if (column.type != ColumnType::Text || column.width == 0) return;
   const QString objection = hiddenObjection(cell.toString());
   if (!objection.isEmpty()) throw RuleError(objection, column.name);
 }

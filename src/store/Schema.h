@@ -18,7 +18,7 @@ enum class ColumnType { Text, Integer, AutoNumber, Real, Boolean, Date, Time, Da
 struct Column {
   QString name;
   ColumnType type = ColumnType::Text;
-  int width = 0;             ///< maximum length of a text; 0: no limit
+  int width = 0;             ///< maximum length of a text; 0: a whole file, also with line breaks
   bool zeroDefault = false;  ///< a number with the default 0
   bool required = false;     ///< NOT NULL, where the type does not imply it
   QString fallback = {};     ///< a constant default value, in SQL

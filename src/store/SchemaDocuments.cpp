@@ -148,7 +148,7 @@ std::vector<Table> purchaseTables() {
           .integers("CODFUR BATVA1")
           .dates("DATASCAD")
           .text("JURNAL", 3)
-          .flags("NoteContabile"),
+          .flags("NoteContabile TVAINC"),
       lines("G_LFACFU", "NUMFAC")
           .reals("PRETFT VALOAREFT VALOARETVA VALOARETTI PRETVA")
           .text("PALET", 20)

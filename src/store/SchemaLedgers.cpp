@@ -129,6 +129,43 @@ std::vector<Table> ledgerTables() {
       noteLines(),
       vatJournal("kt_jct").reals("IMP TVAIMP NEIMP"),
       vatJournal("kt_jvt").reals("EXPORT SCUTIT SCUTIT_CD SCUTIT_FD"),
+      // The files of electronic invoices that were written, the last one of each invoice marked.
+      Table("G_EFACTURA")
+          .autoNumber("ID")
+          .text("DOCID", kKeyWidth)
+          .text("NUMAR", 30)
+          .text("CONTINUT", 0)
+          .text("SHA256", 64)
+          .moments("MOMENT")
+          .text("UTILIZATOR", 10)
+          .text("STARE", 20)
+          .text("INDEX_INCARCARE", 30)
+          .text("MESAJ", 0)  // of the state's system
+          .flags("ACTUAL")
+          .index("DOCID", "ACTUAL <> 0")
+          .index("INDEX_INCARCARE", "INDEX_INCARCARE IS NOT NULL")
+          .index("SHA256"),
+      // Electronic invoices of suppliers that were read, and what became of them.
+      Table("G_EFACTURAPRIM")
+          .autoNumber("ID")
+          .text("SHA256", 64)
+          .text("FISIER", 255)
+          .text("CONTINUT", 0)
+          .text("CODFISCAL", 30)
+          .text("FURNIZOR", 255)
+          .text("NUMAR", 200)
+          .dates("DATA")
+          .reals("TOTAL")
+          .text("STARE", 20)
+          .text("LIPSESTE", 255)
+          .text("DOCUMENTE", 0)  // numbers of the drafts
+          .moments("MOMENT")
+          .text("UTILIZATOR", 10)
+          .index("SHA256")
+          .index("MOMENT")
+          .index("CODFISCAL NUMAR"),
+      // The article that was chosen last for a supplier's code or name.
+      Table("G_EFACTURAART").integers("CODFURN").text("CHEIE", 100).text("CODART", 20).key("CODFURN CHEIE"),
       Table("G_DESCAR")
           .integers("NRCRT POZITIE")
           .text("TIP", 2)

@@ -24,7 +24,10 @@ Table companyInfo() {
       .texts("JUDET1 JUDET2", 2)
       .texts("CODPOSTAL1 CODPOSTAL2", 10)
       .texts("TELEFON1 FAX1 TELEFON2 FAX2", 15)
-      .texts("EMAIL1 EMAIL2", 30);
+      .texts("EMAIL1 EMAIL2", 30)
+      .text("SECTOR1", 10)
+      .flags("TVAINCASARE")
+      .integers("TERMENEFACT");
 }
 
 Table companyParameters() {
@@ -74,7 +77,7 @@ Table partners() {
       .text("CodTert", 20)
       .integers("CodVechi")
       .text("CT", 2)
-      .texts("RegCom Judet", 20)
+      .texts("RegCom Judet JUDETL", 20)
       .text("CNP", 13)
       .flags("PF")
       .text("SerieBI", 2)
@@ -152,7 +155,15 @@ std::vector<Table> masterTables() {
       Table("UTILIZATORI").texts("NUME PAROLA", 10).integers("TIP").key("NUME"), companyInfo(),
       companyParameters(), chartOfAccounts("kt_pc"), chartOfAccounts("kt_pc_2003"),
       chartOfAccounts("PLANBUG"), chartOfAccounts("PLANORG"),
-      Table("kt_cote").integers("COD").text("CONT", 16).reals("PROCENT").key("COD"),
+      Table("kt_cote")
+          .integers("COD")
+          .text("CONT", 16)
+          .reals("PROCENT")
+          .text("CATEGORIE", 2)
+          .text("CODSCUTIRE", 30)
+          .text("TEXTSCUTIRE", 100)
+          .key("COD"),
+      Table("G_UM").text("UM", 5).text("COD", 3).key("UM"),
       Table("kt_val").text("COD", 3).text("TITLU", 30).key("COD"),
       // A day may have several rates: the last one entered is valid.
       Table("kt_val2")

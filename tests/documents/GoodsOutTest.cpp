@@ -275,7 +275,7 @@ TEST(GoodsOutTest, WithoutNotesNothingIsPostedAndOtherNotesAreUnchanged) {
   // VAT 0: no VAT row on either side, the goods' row has the percentage.
   TypedTexts purchase = trade.purchase("3");
   purchase.insert("BATVA1", "11");
-  purchase.insert("CheckTVAINC", "-1");
+  purchase.insert("TVAINC", "-1");
   trade.validated("FF", purchase, {Trade::bought("A", "1", "10", "30")});
   EXPECT_EQ(Trade::note("3"), QStringList({"3 C 401 10", "3 D 371 10"}));
   const Row goods = OpenRs("SELECT * FROM kt_linii WHERE DOC = '3' AND CONT = '371'").first();

@@ -250,7 +250,9 @@ QWidget* frmTerti::addressFrame(const QString& title, int firstField) {
   auto* frame = new QGroupBox(title);
   auto* rows = new QFormLayout(frame);
   for (int index = firstField; index < firstField + 4; ++index) addField(rows, index);
-  if (firstField == kBilling) rows->addRow("Judet", card().add("Judet", makeTextBox("txtJudet", 20)));
+  const bool isBilling = firstField == kBilling;
+  rows->addRow("Judet", card().add(isBilling ? "Judet" : "JUDETL",
+                                   makeTextBox(isBilling ? "txtJudet" : "txtJudetL", 20)));
   return frame;
 }
 

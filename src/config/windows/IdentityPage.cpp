@@ -79,6 +79,15 @@ QWidget* IdentityPage::identityFrame() {
   addField(grid, 3, 4, "Platitor TVA", payer);
   addField(grid, 4, 0, "Banca", addTextBox("txtBanca", info, "banca"), 3);
   addField(grid, 5, 0, "Cont", addTextBox("txtContBancar", info, "contbancar"), 3);
+  addField(grid, 6, 0, "Sector",
+           addTextBox("txtSector", info, "SECTOR1", "Pentru Bucuresti: 1 la 6, pe facturile electronice"));
+  addField(grid, 6, 2, "Termen e-Factura",
+           addNumberBox("txtTermen", "TERMENEFACT", kCodeWidth, identityNumberMessage("TERMENEFACT"),
+                        "Zile lucratoare de la emitere pana la trimiterea facturii electronice"));
+  auto* onCollection =
+      card().add("TVAINCASARE", named(new QCheckBox("TVA la incasare"), "chkTVAIncasare",
+                                      "Facturile electronice spun ca TVA se datoreaza la incasare"));
+  grid->addWidget(onCollection, 6, 4, 1, 2);
   grid->setColumnStretch(6, 1);
   return frame;
 }
@@ -156,6 +165,7 @@ void IdentityPage::showStored() {
   const Row info = storedIdentity();
   Row shown = rowOf(info.columns() + QStringList("MODAUDIO"), info);
   shown.set("MODAUDIO", storedParameters().flag("MODAUDIO"));
+  shown.set("TERMENEFACT", eInvoiceTerm(info));
   card().show(shown);
   showMethod(info.text("TCOST"));
   showPlan();

@@ -10,8 +10,13 @@ class frmCoteTVA : public ListForm {
  public:
   explicit frmCoteTVA(QWidget* parent = nullptr);
 
+ protected:
+  void showRecord(const Row* record) override;
+
  private:
   QWidget* cardFrame();
+  Row newRate();
+  void saveCategory();
   void remove();
 };
 

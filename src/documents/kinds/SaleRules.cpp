@@ -5,6 +5,7 @@
 #include "config/Lookups.h"
 #include "config/Session.h"
 #include "documents/LineChecks.h"
+#include "documents/Numbering.h"
 #include "util/Errors.h"
 #include "util/NumberText.h"
 
@@ -15,7 +16,6 @@ namespace {
 constexpr int kQuantityDecimals = 3;
 constexpr int kPercentDecimals = 2;
 constexpr int kWhole = 100;  // percent
-const QString kNoSeries = QStringLiteral("00");
 
 void priceInCurrency(Row& line, const QString& column, const Row& article, TypedHeader& header,
                      Notices& notices) {

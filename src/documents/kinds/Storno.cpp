@@ -2,6 +2,7 @@
 // date.
 #include "documents/KindRules.h"
 #include "documents/kinds/SaleWording.h"
+#include "documents/Numbering.h"
 #include "stock/Ledger.h"
 #include "store/Database.h"
 #include "util/Errors.h"
@@ -40,6 +41,7 @@ class StornoRules : public KindRules {
     effects.lines = document.lines;
     LedgerDocument ledger = ledgerOf(document);
     const Row& invoice = inputs.originDocument;
+    if (inputs.series != kNoSeries) ledger.series = inputs.series;
     ledger.value = invoice.decimal("TOTALFT");
     ledger.vat = invoice.decimal("TOTALTVA");
     ledger.cost = invoice.decimal("TOTALCOST");

@@ -170,7 +170,7 @@ class SupplierInvoiceRules : public KindRules {
     note.terms.dueDate = document.header.date("DATASCAD");
     note.terms.partner = document.header.integer("CODFUR");
     note.terms.vatPercent = inputs.vatPercent;
-    note.terms.vatOnCollection = document.typed().isTicked("CheckTVAINC");
+    note.terms.vatOnCollection = document.header.flag("TVAINC");
     return note;
   }
 };
@@ -223,7 +223,7 @@ DocumentKind supplierInvoice() {
       vatRate("BATVA1", "txtFields(2)"),
       companyJournal(),
       postsNotes("Bifati daca factura genereaza note contabile"),
-      {HeaderFieldType::Flag, "", "CheckTVAINC", "TVA la incasare", ""},
+      {HeaderFieldType::Flag, "TVAINC", "CheckTVAINC", "TVA la incasare", ""},
       {HeaderFieldType::Amount, "", "TextMarja", " Marja",
        "Marja procentuala pentru care diferenta intre pretul vechi si pretul nou de achizitie este "
        "acceptabila",

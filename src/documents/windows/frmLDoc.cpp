@@ -6,6 +6,7 @@
 
 #include "config/Session.h"
 #include "documents/BackToEntry.h"
+#include "documents/EInvoiceState.h"
 #include "documents/LedgerLists.h"
 #include "documents/Numbering.h"
 #include "documents/OtherTrade.h"
@@ -211,6 +212,11 @@ void frmLDoc::remove() {
   if (!confirmed(QStringLiteral("Sigur doriti sa stergeti documentul %1?").arg(id), "Confirmare stergere..."))
     return;
   for (const QString& notice : checkRemoval(*key)) Mesaj(notice);
+  if (eInvoiceState(*key) == einvoice::kSent &&
+      !confirmed(
+          QStringLiteral("Factura electronica a documentului %1 a fost trimisa. O stergeti totusi?").arg(id),
+          "Confirmare stergere..."))
+    return;
   const bool hadNotes = velmar::takeBack(*key);
   Mesaj(QStringLiteral("Echivalentul contabil al documentului %1 %2 sters din contabilitate")
             .arg(key->number, hadNotes ? QStringLiteral("a fost") : QStringLiteral("nu a putut fi")));

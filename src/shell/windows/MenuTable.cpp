@@ -15,6 +15,7 @@
 #include "config/windows/frmParamSoc.h"
 #include "config/windows/frmPC.h"
 #include "config/windows/frmSocietati.h"
+#include "config/windows/frmUM.h"
 #include "config/windows/frmUtilizatori.h"
 #include "config/windows/frmValute.h"
 #include "documents/windows/frmGrila.h"
@@ -27,6 +28,7 @@
 #include "documents/windows/frmLDoc.h"
 #include "documents/windows/frmMiscariStoc.h"
 #include "documents/windows/frmVerificare.h"
+#include "einvoice/windows/frmEFactura.h"
 #include "hearing/windows/frmComandaAudio.h"
 #include "hearing/windows/frmFacturaAudio.h"
 #include "hearing/windows/frmGrilaBonReparatie.h"
@@ -120,6 +122,8 @@ std::vector<MenuEntry> entries() {
       {"mnuJurnale", "&Jurnale", Opens::One, "frmJurnale", make<frmJurnale>},
       {"mnuTabeleDocumente", "&Documente", Opens::One, "frmLDoc", make<frmLDoc>},
       {"mnuMiscastoc", "&Miscari de stoc", Opens::One, "frmMiscariStoc", make<frmMiscariStoc>},
+      {"", "", Opens::Separator, {}},
+      {"mnuUM", "&Unitati de masura", Opens::One, "frmUM", make<frmUM>},
 
       {"mnuCumparari", "&Cumparari", Opens::Menu, {}},
       {"mnuCumpFactura", "&Factura", Opens::One, "frmGrilaFF", make<frmGrilaFF>},
@@ -152,6 +156,8 @@ std::vector<MenuEntry> entries() {
       {"mnuFacturiAudio", "&Factura", Opens::New, "frmFacturaAudio", make<frmFacturaAudio>},
       {"mnuBonReparatie", "&Bon de reparatie", Opens::New, "frmGrilaBonReparatie",
        make<frmGrilaBonReparatie>},
+      {"", "", Opens::Separator, {}},
+      {"mnuEFactura", "e-&Factura", Opens::One, "frmEFactura", make<frmEFactura>},
 
       {"mnuRap", "&Rapoarte", Opens::Menu, {}},
       {"mnumnuRapmnuJCT", "Jurnal &Cumparari TVA", Opens::One, "frmRapJCTVA", make<frmRapJCTVA>},

@@ -8,6 +8,7 @@
 #include <QShortcut>
 
 #include "documents/kinds/Kinds.h"
+#include "einvoice/EInvoices.h"
 #include "shell/Panel.h"
 #include "shell/windows/MenuTable.h"
 #include "store/DataChanges.h"
@@ -137,8 +138,12 @@ QWidget* frmPanou::salesFrame() {
   add("Astazi", lblAzi_, clock::today, clock::today);
   add("Luna aceasta", lblLuna_, monthStart, clock::today);
   add("Acum sapte zile", lblAcumSapte_, weekAgo, weekAgo);
-  lblEFactura_->hide();
-  rows->addRow(lblEFactura_);
+  rows->addRow("e-Facturi netrimise la termen", lblEFactura_);
+  clicked_[lblEFactura_] = [] {
+    guarded("frmPanou", "lblEFactura_Click", [] { openWindow("frmEFactura"); });
+  };
+  lblEFactura_->setCursor(Qt::PointingHandCursor);
+  lblEFactura_->installEventFilter(this);
   return frame;
 }
 
@@ -174,6 +179,7 @@ void frmPanou::read() {
     lblAzi_->setText(formatNumber(sales.today, 2));
     lblLuna_->setText(formatNumber(sales.month, 2));
     lblAcumSapte_->setText(formatNumber(sales.weekAgo, 2));
+    lblEFactura_->setText(QString::number(lateEInvoices(clock::today())));
     const Recordset drafts = panelDrafts();
     Recordset shown(std::make_shared<Columns>(QStringList{"FEL", "DENUMIRE", "NUMAR"}));
     for (const Row& row : drafts)

@@ -116,7 +116,7 @@ void Card::showStored(const QString& column, const QVariant& value) {
   for (qsizetype i = 0; i < bound_.size(); ++i) {
     if (bound_[i].column.compare(column, Qt::CaseInsensitive) != 0) continue;
     put(bound_[i], value);
-    settled_[i] = state()[i];
+    if (i < settled_.size()) settled_[i] = state()[i];
   }
   emit edited();
 }

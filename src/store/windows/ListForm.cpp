@@ -265,6 +265,13 @@ bool ListForm::removeCurrent(const QString& question, const std::function<void(c
   return true;
 }
 
+void ListForm::openRecord(const QString& key, const QString& control) {
+  if (!leaveCard()) return;
+  refresh();
+  if (!key.isEmpty() && !grid_->selectRecord(keyField_, key)) return say(gone().text());
+  goToControl(this, control);
+}
+
 void ListForm::showAdded(const QString& key) {
   refresh();
   grid_->selectRecord(keyField_, key);

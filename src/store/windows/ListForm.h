@@ -24,6 +24,9 @@ class ListForm : public QWidget {
 
   QSize sizeHint() const override;
 
+  /// Makes the record of that key current, if one is given, and sets the focus on the control.
+  void openRecord(const QString& key, const QString& control);
+
  protected:
   /// Reads the list as it is to be shown.
   using Read = std::function<std::unique_ptr<RowSource>()>;

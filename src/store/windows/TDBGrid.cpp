@@ -59,6 +59,8 @@ bool isRightAligned(CellFormat format) {
   return format == CellFormat::Number || format == CellFormat::Integer;
 }
 
+const QColor kWarningBack(0xFF, 0xD9, 0x99);
+
 QString cellText(const QVariant& value, const GridColumn& column) {
   if (value.isNull()) return {};
   switch (column.format) {
@@ -136,6 +138,10 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
       return data(index, Qt::DisplayRole);  // whole, where the column is too narrow for it
     case Qt::TextAlignmentRole:
       return isRightAligned(column.format) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+    case Qt::BackgroundRole:
+      return highlighted_ && highlighted_(rows_->row(index.row())) ? QVariant(kWarningBack) : QVariant();
+    case Qt::ForegroundRole:
+      return highlighted_ && highlighted_(rows_->row(index.row())) ? QVariant(QColor(Qt::black)) : QVariant();
     default:
       return {};
   }

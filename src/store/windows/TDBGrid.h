@@ -44,6 +44,7 @@ class ListModel : public QAbstractTableModel {
   void showSecrets(bool shown);
   bool showsSecrets() const { return showsSecrets_; }
   void sortRows(const QStringList& fields, bool descending);
+  void setHighlighted(std::function<bool(const Row&)> highlighted) { highlighted_ = std::move(highlighted); }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -55,6 +56,7 @@ class ListModel : public QAbstractTableModel {
   QList<GridColumn> columns_;
   std::unique_ptr<RowSource> rows_;
   bool showsSecrets_ = false;
+  std::function<bool(const Row&)> highlighted_;
 };
 
 /// The order of a list: by which fields, all up or all down.
@@ -75,6 +77,10 @@ class TDBGrid : public QTableView {
   /// Shows the texts of secret columns, or dots, as at first.
   void showSecrets(bool shown) { list_->showSecrets(shown); }
   bool showsSecrets() const { return list_->showsSecrets(); }
+  /// Rows for which it is true have the colours of a warning.
+  void setHighlighted(std::function<bool(const Row&)> highlighted) {
+    list_->setHighlighted(std::move(highlighted));
+  }
   /// Position of the field in any case, -1 when there is none.
   int columnOf(const QString& field) const;
 

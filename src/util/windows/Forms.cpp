@@ -6,6 +6,8 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QStackedWidget>
+#include <QTabWidget>
 
 #include "util/Messages.h"
 
@@ -79,6 +81,17 @@ void minimiseForm(QWidget* form) { frameOf(form)->showMinimized(); }
 void maximiseForm(QWidget* form) {
   frameOf(form)->showMaximized();
   if (auto* child = qobject_cast<QMdiSubWindow*>(frameOf(form))) child->mdiArea()->setActiveSubWindow(child);
+}
+
+bool goToControl(QWidget* form, const QString& name) {
+  auto* control = name.isEmpty() ? nullptr : form->findChild<QWidget*>(name);
+  if (!control) return false;
+  for (QWidget* page = control; page != form; page = page->parentWidget())
+    if (auto* stack = qobject_cast<QStackedWidget*>(page->parentWidget()))
+      if (auto* tabs = qobject_cast<QTabWidget*>(stack->parentWidget())) tabs->setCurrentWidget(page);
+  control->setFocus();
+  if (auto* box = qobject_cast<QLineEdit*>(control)) box->selectAll();
+  return true;
 }
 
 void setUpExitButton(QPushButton* button, QWidget* form) {

@@ -22,6 +22,10 @@ void closeForm(QWidget* form);
 void minimiseForm(QWidget* form);
 void maximiseForm(QWidget* form);
 
+/// Sets the focus on a control of the form by its name, with the pages of tabs that it is on in front.
+/// Returns whether there is such a control.
+bool goToControl(QWidget* form, const QString& name);
+
 /// Makes the button `cmdIesire` close its form and nothing else.
 void setUpExitButton(QPushButton* button, QWidget* form);
 

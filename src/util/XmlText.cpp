@@ -1,4 +1,4 @@
-#include "hearing/XmlText.h"
+#include "util/XmlText.h"
 
 #include <algorithm>
 #include <QRegularExpression>
@@ -58,7 +58,7 @@ QString decoded(const QByteArray& bytes) {
 
 }  // namespace
 
-XmlText::XmlText(const QByteArray& bytes) {
+XmlText::XmlText(const QByteArray& bytes, Names names) {
   QXmlStreamReader reader(decoded(bytes));
   int open = -1;
   while (!reader.atEnd()) {
@@ -66,7 +66,14 @@ XmlText::XmlText(const QByteArray& bytes) {
       case QXmlStreamReader::DTD:
         throw RuleError(QStringLiteral("Fisierul are o declaratie DOCTYPE. Nu se citeste."));
       case QXmlStreamReader::StartElement:
-        elements_.push_back({.name = reader.qualifiedName().toString(), .parent = open, .text = {}});
+        if (elements_.empty()) rootNamespace_ = reader.namespaceUri().toString();
+        elements_.push_back(
+            {.name = (names == Names::Local ? reader.name() : reader.qualifiedName()).toString(),
+             .parent = open,
+             .text = {},
+             .attributes = {}});
+        for (const QXmlStreamAttribute& attribute : reader.attributes())
+          elements_.back().attributes.append({attribute.name().toString(), attribute.value().toString()});
         open = static_cast<int>(elements_.size()) - 1;
         break;
       case QXmlStreamReader::EndElement: {
@@ -88,6 +95,16 @@ XmlText::XmlText(const QByteArray& bytes) {
 }
 
 QString XmlText::root() const { return elements_.front().name; }
+
+QString XmlText::rootNamespace() const { return rootNamespace_; }
+
+QString XmlText::name(int element) const { return elements_[static_cast<size_t>(element)].name; }
+
+QString XmlText::attribute(int element, const QString& name) const {
+  for (const auto& [each, value] : elements_[static_cast<size_t>(element)].attributes)
+    if (each == name) return value;
+  return {};
+}
 
 // Whether the element ends the path: its name is the last one, its parent's the one before, up to the element
 // `above`; -1: up to the root, -2: anywhere.
@@ -119,6 +136,27 @@ QString XmlText::text(int element) const {
   for (int inside = element; inside < elements_[static_cast<size_t>(element)].end; ++inside)
     whole += elements_[static_cast<size_t>(inside)].text;
   return whole.trimmed();
+}
+
+QString XmlText::text(int element, const QString& path) const {
+  const auto found = find(element, path);
+  return found ? text(*found) : QString();
+}
+
+std::vector<std::pair<QString, QString>> XmlText::fields() const {
+  std::vector<std::pair<QString, QString>> fields;
+  std::vector<QString> paths;
+  for (size_t i = 0; i < elements_.size(); ++i) {
+    const Element& element = elements_[i];
+    const bool isTop = element.parent <= 0;
+    paths.push_back(i == 0  ? QString()
+                    : isTop ? element.name
+                            : paths[static_cast<size_t>(element.parent)] + u'/' + element.name);
+    if (const QString text = element.text.trimmed(); !text.isEmpty()) fields.emplace_back(paths.back(), text);
+    for (const auto& [name, value] : element.attributes)
+      fields.emplace_back(paths.back() + u'@' + name, value);
+  }
+  return fields;
 }
 
 std::vector<int> XmlText::children(int element) const {

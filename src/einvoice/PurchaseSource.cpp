@@ -1,0 +1,108 @@
+#include "config/Session.h"
+#include "einvoice/Purchases.h"
+#include "store/Database.h"
+#include "store/Records.h"
+
+namespace velmar {
+
+// The key under which the choice of an article is stored.
+QString choiceKey(const ReceivedLine& line);
+
+struct PurchaseSource::Data {
+  QHash<QString, qint64> suppliers, customers;  // by comparable fiscal code
+  QHash<QString, Article> articles;             // by code in capitals
+  QHash<qint64, QHash<QString, QString>> choices;
+  struct Rate {
+    qint64 code;
+    Decimal percent;
+    QString category;
+  };
+  std::vector<Rate> rates;
+  QHash<QString, QString> unitCodes, units;
+};
+
+PurchaseSource::PurchaseSource() : data_(std::make_unique<Data>()) {
+  for (const Row& row :
+       OpenRs("SELECT COD, CODFISCAL, TIP FROM kt_ter WHERE CODFISCAL IS NOT NULL ORDER BY COD DESC")) {
+    const QString code = comparableCode(row.text("CODFISCAL"));
+    const bool isSupplier = row.text("TIP") == QStringLiteral("F") || row.text("TIP") == QStringLiteral("M");
+    if (!code.isEmpty()) (isSupplier ? data_->suppliers : data_->customers).insert(code, row.integer("COD"));
+  }
+  for (const Row& row : OpenRs("SELECT COD, CONT, PROCENT, CATEGORIE FROM kt_cote ORDER BY COD"))
+    if (row.text("CONT").startsWith(session().TVACumparare))
+      data_->rates.push_back({row.integer("COD"), row.decimal("PROCENT"), row.text("CATEGORIE").trimmed()});
+  for (const Row& row : OpenRs("SELECT UM, COD FROM G_UM ORDER BY UM")) {
+    data_->unitCodes.insert(row.text("UM").trimmed().toUpper(), row.text("COD"));
+    if (!data_->units.contains(row.text("COD")))
+      data_->units.insert(row.text("COD"), row.text("UM").trimmed());
+  }
+}
+
+PurchaseSource::~PurchaseSource() = default;
+
+qint64 PurchaseSource::supplierOf(const QString& fiscalCode, qint64* customer) const {
+  const QString code = comparableCode(fiscalCode);
+  if (customer) *customer = data_->customers.value(code);
+  return data_->suppliers.value(code);
+}
+
+QStringList PurchaseSource::articlesOf(qint64 supplier, const ReceivedInvoice& invoice) {
+  QStringList codes;
+  for (const ReceivedLine& line : invoice.lines)
+    if (!line.code.isEmpty()) codes.append(line.code);
+  QHash<QString, QString> byCode;
+  for (const Row& row :
+       rowsOfKeys("SELECT CODPRODFUR, CODART FROM G_ARTMAG WHERE CODPRODFUR IN (%1) AND CODFURNIZO = ? "
+                  "ORDER BY CODART DESC",
+                  codes, {supplier}))
+    byCode.insert(row.text("CODPRODFUR"), row.text("CODART"));
+  if (!data_->choices.contains(supplier)) {
+    QHash<QString, QString>& choices = data_->choices[supplier];
+    for (const Row& row : OpenRs("SELECT CHEIE, CODART FROM G_EFACTURAART WHERE CODFURN = ?", {supplier}))
+      choices.insert(row.text("CHEIE"), row.text("CODART"));
+  }
+  QStringList articles;
+  for (const ReceivedLine& line : invoice.lines) {
+    const QString known = line.code.isEmpty() ? QString() : byCode.value(line.code);
+    articles.append(known.isEmpty() ? data_->choices[supplier].value(choiceKey(line)) : known);
+  }
+  readArticles(articles);
+  for (QString& code : articles)
+    if (!article(code)) code.clear();  // deleted since it was chosen
+  return articles;
+}
+
+void PurchaseSource::readArticles(const QStringList& codes) {
+  QStringList unknown;
+  for (const QString& code : codes)
+    if (!code.isEmpty() && !data_->articles.contains(code.toUpper())) unknown.append(code);
+  for (const Row& row :
+       rowsOfKeys("SELECT CODART, DENART, UM, PRETVFT FROM G_ARTMAG WHERE CODART IN (%1)", unknown))
+    data_->articles.insert(row.text("CODART").toUpper(), {row.text("CODART"), row.text("DENART"),
+                                                          row.text("UM").trimmed(), row.decimal("PRETVFT")});
+}
+
+std::optional<PurchaseSource::Article> PurchaseSource::article(const QString& code) const {
+  const auto found = data_->articles.constFind(code.toUpper());
+  return found == data_->articles.constEnd() ? std::nullopt : std::optional(*found);
+}
+
+qint64 PurchaseSource::rateOf(const ReceivedRate& rate) const {
+  qint64 usual = 0;
+  for (const Data::Rate& each : data_->rates) {
+    if (each.percent != rate.percent) continue;
+    if (each.category == rate.category) return each.code;
+    if (usual == 0 && each.category.isEmpty()) usual = each.code;
+  }
+  return usual;
+}
+
+QString PurchaseSource::unitCode(const QString& unit) const {
+  return unit.isEmpty() ? QStringLiteral("C62") : data_->unitCodes.value(unit.toUpper());
+}
+
+QString PurchaseSource::unitOf(const QString& code) const {
+  return data_->units.value(code, QStringLiteral("Buc"));
+}
+
+}  // namespace velmar

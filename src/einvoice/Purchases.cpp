@@ -1,0 +1,479 @@
+#include "einvoice/Purchases.h"
+
+#include <algorithm>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+
+#include "catalogue/Articles.h"
+#include "catalogue/Discounts.h"
+#include "catalogue/Partners.h"
+#include "config/Lookups.h"
+#include "config/Parameters.h"
+#include "config/Session.h"
+#include "documents/Drafts.h"
+#include "documents/HeaderTexts.h"
+#include "documents/kinds/Kinds.h"
+#include "einvoice/Places.h"
+#include "stock/LedgerKey.h"
+#include "store/Database.h"
+#include "store/Records.h"
+#include "store/Schema.h"
+#include "util/Clock.h"
+#include "util/Errors.h"
+#include "util/FileContent.h"
+#include "util/ZipText.h"
+
+namespace velmar {
+
+QString choiceKey(const ReceivedLine& line) {
+  constexpr int kWidth = 100;
+  return (line.code.isEmpty() ? QStringLiteral("N:") + line.name.toUpper() : QStringLiteral("C:") + line.code)
+      .left(kWidth);
+}
+
+namespace {
+
+constexpr int kBatch = 100;  // files that are stored together
+constexpr int kDecimals = 2;
+
+const DocumentKind& kind() { return documentKind(KindId::SupplierInvoice); }
+const Table& files() { return companyTable("G_EFACTURAPRIM"); }
+
+bool isLei(const QString& currency) {
+  return currency == QStringLiteral("RON") || currency == QStringLiteral("LEI");
+}
+
+// The text without diacritics, at most as long as the column.
+QString fitted(const QString& text, const char* table, const char* column) {
+  QString plain;
+  for (const QChar character : text.normalized(QString::NormalizationForm_D))
+    if (!character.isMark()) plain += character;
+  return plain.simplified().left(companyTable(table).column(column)->width);
+}
+
+// Lei for a unit of the currency on the day of the invoice; nothing without a rate.
+std::optional<Decimal> rateOf(const ReceivedInvoice& invoice) {
+  if (isLei(invoice.currency)) return Decimal(1);
+  const Decimal rate = Curs(invoice.currency, invoice.date);
+  return rate > 0 ? std::optional(rate) : std::nullopt;
+}
+
+// The draft with that number; an empty row without one.
+Row draftWith(const QString& number) {
+  const Recordset found = OpenRs("SELECT NUMFAC, CODFUR FROM G_FACFUR WHERE NUMFAC = ?", {number});
+  return found.isEmpty() ? Row() : found.first();
+}
+
+// Drafts of the invoice of that number that were made from a file, or entered by hand.
+QStringList draftsOfNumber(const ReceivedInvoice::Party& supplier, qint64 code, const QString& number) {
+  for (const Row& row :
+       OpenRs("SELECT DOCUMENTE FROM G_EFACTURAPRIM WHERE CODFISCAL = ? AND NUMAR = ? AND STARE = ?",
+              {comparableCode(supplier.fiscalCode), number, received::kTaken})) {
+    QStringList drafts = row.text("DOCUMENTE").split(u'\n', Qt::SkipEmptyParts);
+    drafts.erase(std::remove_if(drafts.begin(), drafts.end(),
+                                [](const QString& each) { return draftWith(each).isEmpty(); }),
+                 drafts.end());
+    if (!drafts.isEmpty()) return drafts;
+  }
+  const Row draft = draftWith(number);
+  return !draft.isEmpty() && code != 0 && draft.integer("CODFUR") == code ? QStringList(number)
+                                                                          : QStringList();
+}
+
+QString purchaseJournal() { return storedParameters().text("JURFACFUR").trimmed(); }
+
+QString numberOf(const QString& first, size_t draft) {
+  return draft == 0 ? first : QStringLiteral("%1/%2").arg(first).arg(draft + 1);
+}
+
+Purchase purchaseOf(const QByteArray& file, PurchaseSource& source) {
+  Purchase purchase;
+  purchase.invoice = readInvoice(file);
+  const ReceivedInvoice& invoice = purchase.invoice;
+  const QString own = comparableCode(storedIdentity().text("CODFISCAL"));
+  if (comparableCode(invoice.buyer.fiscalCode) != own)
+    throw RuleError(
+        QStringLiteral("Cumparatorul este altul: %1 %2").arg(invoice.buyer.fiscalCode, invoice.buyer.name));
+  purchase.supplier = source.supplierOf(invoice.supplier.fiscalCode);
+  purchase.number = invoice.number;
+  if (const Row draft = draftWith(invoice.number);
+      !draft.isEmpty() && purchase.supplier != 0 && draft.integer("CODFUR") != purchase.supplier)
+    purchase.number = QStringLiteral("%1/F%2").arg(invoice.number).arg(purchase.supplier);
+  if (!invoice.precedingNumber.isEmpty()) {
+    const QStringList turned = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.precedingNumber);
+    if (!turned.isEmpty()) purchase.turned = LedgerKey{KindId::SupplierInvoice, turned.first()}.text();
+  }
+  purchase.articles = source.articlesOf(purchase.supplier, invoice);
+  return purchase;
+}
+
+// Whether the lines of an article can be one line of the draft.
+bool hasSamePrice(const ReceivedLine& one, const ReceivedLine& other) {
+  return one.statedPrice == other.statedPrice || one.value * other.quantity == other.value * one.quantity;
+}
+
+// The values of the lines of a rate in lei, less their part of the allowance.
+std::vector<Decimal> valuesOf(const ReceivedInvoice& invoice, const ReceivedTotal& total,
+                              const Decimal& rate) {
+  Decimal sum;
+  for (const ReceivedLine& line : invoice.lines)
+    if (line.rate == total.rate) sum += line.value;
+  std::vector<Decimal> values;
+  Decimal upTo, written;
+  for (const ReceivedLine& line : invoice.lines) {
+    if (line.rate != total.rate) {
+      values.emplace_back(0);
+      continue;
+    }
+    upTo += line.value;
+    const Decimal allowance = sum.isZero() ? total.allowance : total.allowance * upTo / sum;
+    values.push_back(Round((upTo - allowance) * rate, kDecimals) - written);
+    written += values.back();
+  }
+  return values;
+}
+
+// What a file is, as the list shows it.
+Row judged(const QByteArray& content, const QString& name, PurchaseSource& source) {
+  Row row =
+      rowOf("SHA256 FISIER CONTINUT CODFISCAL FURNIZOR NUMAR DATA TOTAL STARE LIPSESTE MOMENT UTILIZATOR");
+  row.set("SHA256",
+          QString::fromLatin1(QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex()));
+  row.set("FISIER", fitted(name, "G_EFACTURAPRIM", "FISIER"));
+  row.set("UTILIZATOR", session().gUtilizator);
+  const auto cut = [&row](const char* column, const QString& text) {
+    row.set(column, text.left(files().column(column)->width));
+  };
+  try {
+    const ReceivedInvoice invoice = readInvoice(content);
+    row.set("CONTINUT", QString::fromLatin1(content.toBase64()));
+    cut("CODFISCAL", comparableCode(invoice.supplier.fiscalCode));
+    cut("FURNIZOR", invoice.supplier.name);
+    cut("NUMAR", invoice.number);
+    row.set("DATA", invoice.date);
+    row.set("TOTAL", invoice.total());
+    const Purchase purchase = purchaseOf(content, source);
+    const QStringList drafts = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.number);
+    if (!drafts.isEmpty())
+      throw RuleError(
+          QStringLiteral("Factura furnizorului exista deja: %1").arg(drafts.join(QStringLiteral(", "))));
+    const QStringList missing = missingIn(purchase, source);
+    row.set("STARE", missing.isEmpty() ? received::kToTake : received::kIncomplete);
+    cut("LIPSESTE", missing.join(QStringLiteral("; ")));
+  } catch (const RuleError& reason) {
+    row.set("STARE", received::kRefused);
+    cut("LIPSESTE", reason.text());
+  }
+  return row;
+}
+
+// Stores the row in place of an earlier one of the same content; a file that was taken over stays so.
+void store(Row row, const QDateTime& moment) {
+  row.set("MOMENT", moment);
+  const Recordset known =
+      OpenRs("SELECT ID, STARE, DOCUMENTE FROM G_EFACTURAPRIM WHERE SHA256 = ?", {row.text("SHA256")});
+  if (known.isEmpty()) {
+    insertNumbered(files(), row);
+    return;
+  }
+  QStringList columns = row.columns();
+  const QString drafts = known.first().text("DOCUMENTE");
+  if (known.first().text("STARE") == received::kTaken && !draftWith(drafts.section(u'\n', 0, 0)).isEmpty())
+    for (const char* kept : {"STARE", "LIPSESTE"}) columns.removeAll(QLatin1String(kept));
+  Row stored = rowOf(columns + QStringList("ID"), row);
+  stored.set("ID", known.first().integer("ID"));
+  updateRecord(files(), stored);
+}
+
+}  // namespace
+
+void readPurchases(const QStringList& paths, const Progress& progress) {
+  PurchaseSource source;
+  const QDateTime moment = clock::now();
+  for (qsizetype done = 0; done < paths.size(); done += kBatch) {
+    Transaction transaction(database());
+    for (const QString& path : paths.mid(done, kBatch)) {
+      const QString name = QFileInfo(path).fileName();
+      report(progress, static_cast<int>(done), static_cast<int>(paths.size()));
+      std::vector<ZipEntry> contents;
+      try {
+        QByteArray content = fileContent(path, kLargestArchive);
+        if (isZip(content)) {
+          for (ZipEntry& entry : unzipped(content))
+            if (entry.name.endsWith(QStringLiteral(".xml"), Qt::CaseInsensitive) &&
+                !entry.name.startsWith(QStringLiteral("semnatura"), Qt::CaseInsensitive))
+              contents.push_back({name + u'/' + entry.name, std::move(entry.content)});
+          if (contents.empty()) throw RuleError(QStringLiteral("Arhiva nu are fisiere XML"));
+        } else {
+          contents.push_back({name, std::move(content)});
+        }
+      } catch (const RuleError& reason) {
+        Row row = rowOf("SHA256 FISIER STARE LIPSESTE UTILIZATOR");
+        row.set("SHA256", QString::fromLatin1(
+                              QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex()));
+        row.set("FISIER", fitted(name, "G_EFACTURAPRIM", "FISIER"));
+        row.set("STARE", received::kRefused);
+        row.set("LIPSESTE", reason.text().left(files().column("LIPSESTE")->width));
+        row.set("UTILIZATOR", session().gUtilizator);
+        store(row, moment);
+      }
+      for (const ZipEntry& each : contents) store(judged(each.content, each.name, source), moment);
+    }
+    transaction.commit();
+  }
+}
+
+QStringList filesOf(const QString& folder) {
+  QStringList paths;
+  const QFileInfoList entries = QDir(folder).entryInfoList({"*.xml", "*.zip"}, QDir::Files, QDir::Name);
+  for (const QFileInfo& entry : entries)
+    if (!entry.isSymLink() && entry.isFile()) paths.append(entry.filePath());
+  return paths;
+}
+
+Recordset lastPurchases() {
+  return OpenRs(
+      "SELECT ID, FISIER, FURNIZOR, NUMAR, DATA, TOTAL, STARE, LIPSESTE FROM G_EFACTURAPRIM WHERE MOMENT = "
+      "(SELECT "
+      "MAX(MOMENT) FROM G_EFACTURAPRIM) ORDER BY ID");
+}
+
+QByteArray purchaseFile(qint64 id) {
+  const Recordset found = OpenRs("SELECT CONTINUT, LIPSESTE FROM G_EFACTURAPRIM WHERE ID = ?", {id});
+  if (found.isEmpty() || found.first().text("CONTINUT").isEmpty())
+    throw RuleError(
+        found.isEmpty()
+            ? QStringLiteral("Fisierul nu mai exista.")
+            : QStringLiteral("Fisierul nu se poate deschide: %1").arg(found.first().text("LIPSESTE")));
+  return QByteArray::fromBase64(found.first().text("CONTINUT").toLatin1());
+}
+
+Purchase storedPurchase(qint64 id, PurchaseSource& source) {
+  Purchase purchase = purchaseOf(purchaseFile(id), source);
+  purchase.id = id;
+  return purchase;
+}
+
+std::vector<PurchaseDraft> draftsOf(const Purchase& purchase, PurchaseSource& source) {
+  const ReceivedInvoice& invoice = purchase.invoice;
+  const auto rate = rateOf(invoice);
+  std::vector<PurchaseDraft> drafts;
+  if (!rate) return drafts;
+  source.readArticles(purchase.articles);
+  for (const ReceivedTotal& total : invoice.totals) {
+    PurchaseDraft draft;
+    draft.number = numberOf(purchase.number, drafts.size());
+    draft.rate = source.rateOf(total.rate);
+    const std::vector<Decimal> values = valuesOf(invoice, total, *rate);
+    bool isWhole = true;
+    for (size_t i = 0; i < invoice.lines.size(); ++i) {
+      const ReceivedLine& line = invoice.lines[i];
+      if (line.rate != total.rate) continue;
+      const auto article = source.article(purchase.articles[static_cast<qsizetype>(i)]);
+      if (!article) {
+        isWhole = false;
+        continue;
+      }
+      const auto same =
+          std::find_if(draft.lines.begin(), draft.lines.end(),
+                       [&](const PurchaseDraft::Line& each) { return each.article.code == article->code; });
+      if (same == draft.lines.end()) {
+        draft.lines.push_back({*article, line.quantity, values[i], Decimal(0), line.statedPrice});
+      } else {
+        same->quantity += line.quantity;
+        same->value += values[i];
+      }
+    }
+    if (draft.lines.empty()) continue;
+    Decimal vat;
+    for (PurchaseDraft::Line& line : draft.lines) {
+      line.vat = Round(line.value * total.rate.percent / 100, kDecimals);
+      vat += line.vat;
+    }
+    const auto largest = std::max_element(draft.lines.begin(), draft.lines.end(),
+                                          [](const PurchaseDraft::Line& a, const PurchaseDraft::Line& b) {
+                                            return a.value.abs() < b.value.abs();
+                                          });
+    if (isWhole) largest->vat += Round(total.vat * *rate, kDecimals) - vat;
+    drafts.push_back(std::move(draft));
+  }
+  return drafts;
+}
+
+Decimal differenceOf(const Purchase& purchase, PurchaseSource& source) {
+  const auto rate = rateOf(purchase.invoice);
+  if (!rate) return purchase.invoice.total();
+  Decimal total;
+  for (const ReceivedTotal& each : purchase.invoice.totals)
+    total += Round(each.base * *rate, kDecimals) + Round(each.vat * *rate, kDecimals);
+  for (const PurchaseDraft& draft : draftsOf(purchase, source))
+    for (const PurchaseDraft::Line& line : draft.lines) total -= line.value + line.vat;
+  return total;
+}
+
+QStringList missingIn(const Purchase& purchase, PurchaseSource& source) {
+  const ReceivedInvoice& invoice = purchase.invoice;
+  QStringList missing;
+  if (purchase.supplier == 0)
+    missing.append(QStringLiteral("furnizorul %1").arg(invoice.supplier.fiscalCode));
+  qsizetype without = 0;
+  bool goesBack = false;
+  QStringList different;
+  for (size_t i = 0; i < invoice.lines.size(); ++i) {
+    const QString& article = purchase.articles[static_cast<qsizetype>(i)];
+    if (article.isEmpty()) ++without;
+    goesBack = goesBack || invoice.lines[i].quantity.isNegative();
+    for (size_t j = 0; j < i && !article.isEmpty(); ++j)
+      if (purchase.articles[static_cast<qsizetype>(j)].compare(article, Qt::CaseInsensitive) == 0 &&
+          invoice.lines[i].rate == invoice.lines[j].rate &&
+          !hasSamePrice(invoice.lines[i], invoice.lines[j]) && !different.contains(article))
+        different.append(article);
+  }
+  if (without == 1) missing.append(QStringLiteral("articolul unei linii"));
+  if (without > 1) missing.append(QStringLiteral("articolele a %1 linii").arg(without));
+  for (const QString& article : different)
+    missing.append(QStringLiteral("alt articol pe o linie: %1 are doua preturi").arg(article));
+  for (const ReceivedTotal& total : invoice.totals)
+    if (source.rateOf(total.rate) == 0)
+      missing.append(QStringLiteral("cota TVA de cumparare %1").arg(total.rate.percent.toString()));
+  if (!rateOf(invoice))
+    missing.append(QStringLiteral("cursul %1 din %2")
+                       .arg(invoice.currency, invoice.date.toString(QStringLiteral("dd.MM.yyyy"))));
+  if (goesBack && purchase.turned.isEmpty()) missing.append(QStringLiteral("factura stornata"));
+  const int width = companyTable("G_FACFUR").column("NUMFAC")->width;
+  if (numberOf(purchase.number, invoice.totals.size() - 1).size() > width)
+    missing.append(QStringLiteral("un numar de cel mult %1 caractere").arg(width));
+  if (purchaseJournal().isEmpty()) missing.append(QStringLiteral("jurnalul facturilor de la furnizori"));
+  return missing;
+}
+
+QStringList remarksOn(const Purchase& purchase, PurchaseSource& source) {
+  const ReceivedInvoice& invoice = purchase.invoice;
+  QStringList remarks;
+  source.readArticles(purchase.articles);
+  for (size_t i = 0; i < invoice.lines.size(); ++i) {
+    const auto article = source.article(purchase.articles[static_cast<qsizetype>(i)]);
+    if (article && source.unitCode(article->unit) != invoice.lines[i].unit)
+      remarks.append(QStringLiteral("Articolul %1 are unitatea %2, factura %3")
+                         .arg(article->code, article->unit, invoice.lines[i].unit));
+  }
+  if (const auto rate = rateOf(invoice); rate && !isLei(invoice.currency))
+    remarks.append(
+        QStringLiteral("Valori in lei la cursul 1 %1 = %2").arg(invoice.currency, rate->toString()));
+  return remarks;
+}
+
+qint64 addSupplierOf(const ReceivedInvoice& invoice, const PurchaseSource& source) {
+  const ReceivedInvoice::Party& supplier = invoice.supplier;
+  qint64 customer = 0;
+  if (const qint64 known = source.supplierOf(supplier.fiscalCode, &customer); known != 0) return known;
+  if (customer != 0) {
+    const Row shown = storedPartner(customer);
+    Row changed = shown;
+    changed.set("TIP", QStringLiteral("M"));
+    savePartner(changed, partnerDiscount(customer), shown);
+    return customer;
+  }
+  Row row = newPartner(fitted(supplier.name, "kt_ter", "NUME"), QStringLiteral("F"));
+  const std::pair<const char*, QString> texts[] = {{"CODFISCAL", supplier.fiscalCode},
+                                                   {"RegCom", supplier.registration},
+                                                   {"AD", supplier.street},
+                                                   {"ORAS", supplier.town},
+                                                   {"CP", supplier.postCode},
+                                                   {"Judet", supplier.county},
+                                                   {"CT", supplier.country}};
+  for (const auto& [column, text] : texts) row.set(column, fitted(text, "kt_ter", column));
+  row.set("PlatesteTVA", supplier.paysVat);
+  return addPartner(row);
+}
+
+QString addArticleFor(const ReceivedLine& line, qint64 supplier, qint64 family,
+                      const PurchaseSource& source) {
+  Row row = newArticle();
+  Transaction transaction(database());
+  row.set("CODART", nextArticleCode());
+  row.set("DENART", fitted(line.name, "G_ARTMAG", "DENART"));
+  row.set("UM", source.unitOf(line.unit));
+  row.set("FAMART", family);
+  row.set("CODFURNIZO", supplier);
+  row.set("CODPRODFUR",
+          line.code.size() <= companyTable("G_ARTMAG").column("CODPRODFUR")->width ? line.code : QString());
+  row.set("PROVENIENTA", QStringLiteral("M"));
+  row.set("COTATVA", line.rate.percent);
+  addArticle(row);
+  transaction.commit();
+  return row.text("CODART");
+}
+
+QStringList takeOver(const Purchase& purchase, PurchaseSource& source) {
+  if (const QStringList missing = missingIn(purchase, source); !missing.isEmpty())
+    throw RuleError(QStringLiteral("Factura %1 nu se poate prelua, lipseste: %2")
+                        .arg(purchase.invoice.number, missing.join(QStringLiteral("; "))));
+  const ReceivedInvoice& invoice = purchase.invoice;
+  Transaction transaction(database());
+  const QStringList existing = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.number);
+  if (!existing.isEmpty())
+    throw RuleError(
+        QStringLiteral("Factura furnizorului exista deja: %1").arg(existing.join(QStringLiteral(", "))));
+  Row header = emptyHeader(kind());
+  for (const HeaderField& field : kind().headerFields)
+    if (!field.column.isEmpty())
+      header.set(field.column, storedHeaderValue(field.type, newHeaderText(kind(), field)));
+  header.set("CODFUR", purchase.supplier);
+  header.set("DATAFAC", invoice.date);
+  header.set("DATASCAD", invoice.due);
+  header.set("Magazie", session().gMagazie);
+  header.set("OBS", purchase.turned);
+  header.set("JURNAL", purchaseJournal());
+  header.set("TVAINC", invoice.isVatOnCollection);
+  const Drafts store(kind());
+  QStringList numbers;
+  for (const PurchaseDraft& draft : draftsOf(purchase, source)) {
+    header.set("NUMFAC", draft.number);
+    header.set("BATVA1", draft.rate);
+    store.insertHeader(header);
+    std::vector<Row> lines;
+    for (const PurchaseDraft::Line& line : draft.lines) {
+      Row row = companyTable(kind().lineTable).emptyRow();
+      row.set("NUMFAC", draft.number);
+      row.set("CODART", line.article.code);
+      row.set("DENUMIRE", line.article.name);
+      row.set("UM", line.article.unit);
+      row.set("CANT", line.quantity);
+      row.set("PRETFT", line.quantity.isZero() ? Decimal(0) : line.value / line.quantity);
+      row.set("VALOAREFT", line.value);
+      row.set("VALOARETVA", line.vat);
+      row.set("VALOARETTI", line.value + line.vat);
+      row.set("PRETVA", line.article.salePrice);
+      lines.push_back(std::move(row));
+    }
+    store.insertLines(lines);
+    numbers.append(draft.number);
+  }
+  std::vector<Values> gone, choices;
+  QSet<QString> keys;
+  for (size_t i = 0; i < invoice.lines.size(); ++i) {
+    const QString key = choiceKey(invoice.lines[i]);
+    if (keys.contains(key)) continue;
+    keys.insert(key);
+    gone.push_back({purchase.supplier, key});
+    choices.push_back({purchase.supplier, key, purchase.articles[static_cast<qsizetype>(i)]});
+  }
+  database().executeEach("DELETE FROM G_EFACTURAART WHERE CODFURN = ? AND CHEIE = ?", gone);
+  database().insertRows("G_EFACTURAART", {"CODFURN", "CHEIE", "CODART"}, choices);
+  database().execute("UPDATE G_EFACTURAPRIM SET STARE = ?, LIPSESTE = NULL, DOCUMENTE = ? WHERE ID = ?",
+                     {received::kTaken, numbers.join(u'\n'), purchase.id});
+  transaction.commit();
+  return numbers;
+}
+
+void judgeAgain(qint64 id, PurchaseSource& source) {
+  const Recordset found = OpenRs("SELECT FISIER, STARE FROM G_EFACTURAPRIM WHERE ID = ?", {id});
+  if (found.isEmpty() || found.first().text("STARE") == received::kTaken) return;
+  const Row row = judged(purchaseFile(id), found.first().text("FISIER"), source);
+  database().execute("UPDATE G_EFACTURAPRIM SET STARE = ?, LIPSESTE = ? WHERE ID = ?",
+                     {row.text("STARE"), row.text("LIPSESTE"), id});
+}
+
+}  // namespace velmar

@@ -1,0 +1,24 @@
+#include "util/FileContent.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include "util/Errors.h"
+#include "util/FileReason.h"
+
+namespace velmar {
+
+QByteArray fileContent(const QString& path, qint64 most) {
+  QFile file(path);
+  if (!QFileInfo(path).isFile()) throw RuleError(QStringLiteral("Fisierul: %1 nu exista").arg(path));
+  if (!file.open(QIODevice::ReadOnly))
+    throw RuleError(QStringLiteral("Fisierul: %1 nu poate fi citit: %2").arg(path, fileReason(file)));
+  // One byte more than allowed tells a file that is too large; it may grow while it is read.
+  QByteArray content = file.read(most + 1);
+  if (content.size() > most)
+    throw RuleError(
+        QStringLiteral("Fisierul %1 este prea mare (peste %2 MB).").arg(path).arg(most / (1024 * 1024)));
+  return content;
+}
+
+}  // namespace velmar

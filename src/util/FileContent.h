@@ -1,0 +1,12 @@
+// Reads a file that the user chose.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace velmar {
+
+/// The content of an ordinary file. Throws RuleError when it cannot be read or has more than `most` bytes.
+QByteArray fileContent(const QString& path, qint64 most);
+
+}  // namespace velmar
