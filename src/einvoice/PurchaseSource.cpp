@@ -39,6 +39,8 @@ PurchaseSource::PurchaseSource() : data_(std::make_unique<Data>()) {
 }
 
 PurchaseSource::~PurchaseSource() = default;
+PurchaseSource::PurchaseSource(PurchaseSource&&) noexcept = default;
+PurchaseSource& PurchaseSource::operator=(PurchaseSource&&) noexcept = default;
 
 qint64 PurchaseSource::supplierOf(const QString& fiscalCode, qint64* customer) const {
   const QString code = comparableCode(fiscalCode);

@@ -209,7 +209,7 @@ void readPurchases(const QStringList& paths, const Progress& progress) {
           contents.push_back({name, std::move(content)});
         }
       } catch (const RuleError& reason) {
-        Row row = rowOf("SHA256 FISIER STARE LIPSESTE UTILIZATOR");
+        Row row = rowOf("SHA256 FISIER STARE LIPSESTE MOMENT UTILIZATOR");
         row.set("SHA256", QString::fromLatin1(
                               QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex()));
         row.set("FISIER", fitted(name, "G_EFACTURAPRIM", "FISIER"));

@@ -23,6 +23,8 @@ class PurchaseSource {
  public:
   PurchaseSource();
   ~PurchaseSource();
+  PurchaseSource(PurchaseSource&&) noexcept;
+  PurchaseSource& operator=(PurchaseSource&&) noexcept;
 
   struct Article {
     QString code, name, unit;

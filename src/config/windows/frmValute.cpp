@@ -1,17 +1,22 @@
 #include "config/windows/frmValute.h"
 
 #include <QBoxLayout>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "config/BankRates.h"
 #include "config/Currencies.h"
 #include "config/Lookups.h"
 #include "util/Errors.h"
+#include "util/FileContent.h"
 #include "util/NumberText.h"
+#include "util/Settings.h"
 #include "util/windows/Controls.h"
 #include "util/windows/DateBox.h"
 
@@ -20,6 +25,9 @@ namespace velmar {
 namespace {
 
 const ListQuery kCurrencies{"COD, TITLU", "kt_val", "COD"};
+const QString kFromItsDay = QStringLiteral("frmValute/optZiua");
+constexpr qint64 kLargestFile = 20 * 1024 * 1024;
+constexpr qsizetype kMostListed = 20;
 constexpr int kCodeLength = 3;
 constexpr int kNameLength = 30;
 
@@ -51,6 +59,13 @@ frmValute::frmValute(QWidget* parent) : ListForm("frmValute", "Valute", parent) 
   lists->addWidget(grid, 1);
   lists->addLayout(rateList(), 1);
   auto* cmdAdauga = command("cmdAdauga", "Adaugare", "Creare valuta/curs nou", "new", [this] { add(); });
+  auto* cmdCursBNR =
+      command("cmdCursBNR", "Curs din &fisier", "Citeste cursurile din fisierul bancii nationale", {},
+              [this] { readBankRates(); });
+  optZiua_ = named(new QCheckBox("Din ziua cursului"), "optZiua",
+                   "Cursul din fisier este valabil din ziua lui; altfel din ziua urmatoare");
+  optZiua_->setChecked(settings::look(kFromItsDay).toBool());
+  connect(optZiua_, &QCheckBox::toggled, this, [](bool isOn) { settings::setLook(kFromItsDay, isOn); });
   auto* cmdCautaCurs = command("cmdCautaCurs", "Cautare", "Cautare", "search", [this] { findRate(); });
   setKeys(cmdAdauga, [this] {
     removeCurrent("Sunteti sigur ca doriti sa stergeti valuta cu codul : %1 ?", removeCurrency);
@@ -58,7 +73,8 @@ frmValute::frmValute(QWidget* parent) : ListForm("frmValute", "Valute", parent) 
   auto* all = new QVBoxLayout(this);
   all->addLayout(lists, 1);
   all->addLayout(frames);
-  all->addLayout(commandRow({cmdAdauga, cmdCautaCurs, exitCommand()}));
+  all->addWidget(optZiua_, 0, Qt::AlignRight);
+  all->addLayout(commandRow({cmdAdauga, cmdCautaCurs, cmdCursBNR, exitCommand()}));
   optValuta_->setChecked(true);
   finish(card().control("COD"));
   startNew();
@@ -128,6 +144,30 @@ void frmValute::findRate() {
   const bool found = grdCursValuta_->rows().size() > 0;
   say(found ? QString()
             : QStringLiteral("Nu exista curs %1 la data %2").arg(lblValuta_->text(), formatDate(day)));
+}
+
+void frmValute::readBankRates() {
+  const QString path = QFileDialog::getOpenFileName(this, "Cursuri", {}, "Cursuri (*.xml *.XML);;Toate (*)");
+  if (path.isEmpty()) return;
+  QStringList currencies;
+  for (int row = 0; row < list()->rows().size(); ++row)
+    currencies.append(list()->rows().row(row).text("COD"));
+  const std::vector<BankRate> rates =
+      bankRates(fileContent(path, kLargestFile), currencies, optZiua_->isChecked());
+  QStringList lines;
+  for (const auto& each : compareRates(rates).different)
+    lines.append(QStringLiteral("%1 din %2: %3 se schimba in %4")
+                     .arg(each.rate.currency, formatDate(each.rate.date), editNumber(each.stored),
+                          editNumber(each.rate.rate)));
+  const qsizetype more = lines.size() - kMostListed;
+  if (more > 0) lines = lines.mid(0, kMostListed) + QStringList(QStringLiteral("si inca %1").arg(more));
+  const bool change =
+      !lines.isEmpty() && confirmed(QStringLiteral("Exista cursuri diferite. Le schimbati?\r\n") +
+                                        lines.join(QStringLiteral("\r\n")),
+                                    windowTitle());
+  const int stored = storeRates(rates, change);
+  showRates();
+  say(QStringLiteral("Cursuri salvate: %1").arg(stored));
 }
 
 void frmValute::add() {

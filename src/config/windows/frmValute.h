@@ -3,6 +3,7 @@
 
 #include "store/windows/ListForm.h"
 
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QRadioButton;
@@ -24,12 +25,14 @@ class frmValute : public ListForm {
   void add();
   void showRates();
   void findRate();
+  void readBankRates();
 
   QLabel* lblValuta_ = nullptr;
   QComboBox* cboNumarCursuri_ = nullptr;
   TDBGrid* grdCursValuta_ = nullptr;
   QRadioButton* optValuta_ = nullptr;
   QRadioButton* optCurs_ = nullptr;
+  QCheckBox* optZiua_ = nullptr;
 };
 
 }  // namespace velmar

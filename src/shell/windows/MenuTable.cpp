@@ -29,6 +29,7 @@
 #include "documents/windows/frmMiscariStoc.h"
 #include "documents/windows/frmVerificare.h"
 #include "einvoice/windows/frmEFactura.h"
+#include "einvoice/windows/frmEFacturaPrimite.h"
 #include "hearing/windows/frmComandaAudio.h"
 #include "hearing/windows/frmFacturaAudio.h"
 #include "hearing/windows/frmGrilaBonReparatie.h"
@@ -134,6 +135,9 @@ std::vector<MenuEntry> entries() {
        [](QWidget* parent) { return documentWindow("BI", parent); }},
       {"mnuCumpComanda", "&Comanda", Opens::One, "frmGrilaCOMF",
        [](QWidget* parent) { return documentWindow("CF", parent); }},
+      {"", "", Opens::Separator, {}},
+      {"mnuEFacturaPrimite", "e-Facturi &primite", Opens::One, "frmEFacturaPrimite",
+       make<frmEFacturaPrimite>},
 
       {"mnuVanzari", "&Vanzari", Opens::Menu, {}},
       {"mnuCasa", "&Casa", Opens::New, "frmGrilaCS", make<frmGrilaCS>},

@@ -1,0 +1,172 @@
+#include "einvoice/windows/frmEFacturaPrimite.h"
+
+#include <QBoxLayout>
+#include <QFileDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+
+#include "einvoice/Purchases.h"
+#include "einvoice/windows/frmEFacturaAfisare.h"
+#include "einvoice/windows/frmEFacturaPreluare.h"
+#include "store/windows/TDBGrid.h"
+#include "store/windows/TDBGridListare.h"
+#include "util/Errors.h"
+#include "util/windows/Controls.h"
+#include "util/windows/Entry.h"
+#include "util/windows/Forms.h"
+#include "util/windows/WorkProgress.h"
+
+namespace velmar {
+
+namespace {
+
+const QString kForm = QStringLiteral("frmEFacturaPrimite");
+
+}  // namespace
+
+frmEFacturaPrimite::frmEFacturaPrimite(QWidget* parent)
+    : QWidget(parent), TDBGrid1_(new TDBGrid("TDBGrid1")), lblStare_(named(new ElidedLabel, "lblStare")) {
+  setObjectName(kForm);
+  setWindowTitle("e-Facturi primite");
+  TDBGrid1_->setColumns({{"FISIER", "Fisier", CellFormat::Text, 24},
+                         {"FURNIZOR", "Furnizor", CellFormat::Text, 28},
+                         {"NUMAR", "Numar", CellFormat::Text, 14},
+                         {"DATA", "Data", CellFormat::Date, 11},
+                         {"TOTAL", "Total", CellFormat::Number, 13},
+                         {"STARE", "Stare", CellFormat::Text, 12},
+                         {"LIPSESTE", "Lipseste", CellFormat::Text, 44}});
+  TDBGrid1_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  TDBGrid1_->setSortable();
+  TDBGrid1_->setEmptyText(
+      "Nu s-a citit nimic. Apasati Fisiere sau Folder si alegeti facturile primite, XML sau zip.");
+  auto* cmdDeschide =
+      command("cmdDeschide", "Deschide", "Factura si ciorna ei", "search", &frmEFacturaPrimite::open);
+  connect(TDBGrid1_, &QAbstractItemView::doubleClicked, cmdDeschide, &QPushButton::click);
+  auto* listing = new TDBGridListare("TDBGridListare");
+  listing->setTDBGrid(TDBGrid1_);
+  listing->setForm(this);
+  auto* cmdIesire = makeButton("cmdIesire", "Iesire", "Inchidere fereastra", "close");
+  setUpExitButton(cmdIesire, this);
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(lblStare_, 1);
+  for (QWidget* each : std::initializer_list<QWidget*>{
+           command("cmdFisiere", "Fisiere", "Citeste fisiere XML sau zip", {},
+                   &frmEFacturaPrimite::readFiles),
+           command("cmdFolder", "Folder", "Citeste fisierele XML si zip ale unui folder", {},
+                   &frmEFacturaPrimite::readFolder),
+           cmdDeschide,
+           command("cmdPreia", "Preia", "Face ciorne de facturi furnizor din facturile alese", "invoice-in",
+                   &frmEFacturaPrimite::takeOverSelected),
+           command("cmdAfisare", "Afisare", "Toate campurile fisierului", {},
+                   &frmEFacturaPrimite::showFields),
+           listing, cmdIesire})
+    buttons->addWidget(each);
+  auto* all = new QVBoxLayout(this);
+  all->addWidget(TDBGrid1_, 1);
+  all->addLayout(buttons);
+  setUpKeys(this, nullptr, cmdIesire);
+  giveMnemonics(this);
+  for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+    auto* shortcut = new QShortcut(QKeySequence(key), TDBGrid1_);
+    shortcut->setContext(Qt::WidgetShortcut);
+    connect(shortcut, &QShortcut::activated, cmdDeschide, &QPushButton::click);
+  }
+  TDBGrid1_->setFocus();
+}
+
+QSize frmEFacturaPrimite::sizeHint() const {
+  return {fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 26};
+}
+
+QPushButton* frmEFacturaPrimite::command(const QString& name, const QString& caption, const QString& toolTip,
+                                         const QString& picture, void (frmEFacturaPrimite::*work)()) {
+  auto* button = makeButton(name, caption, toolTip, picture);
+  connect(button, &QPushButton::clicked, this, [this, name, work] {
+    guarded(kForm, name + QStringLiteral("_Click"), [this, work] { (this->*work)(); });
+  });
+  return button;
+}
+
+void frmEFacturaPrimite::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  guarded(kForm, "Form_Load", [this] { show(); });
+}
+
+void frmEFacturaPrimite::show() {
+  const Row* row = TDBGrid1_->currentRecord();
+  const QString id = row ? row->text("ID") : QString();
+  TDBGrid1_->setRecordset(lastPurchases());
+  if (!id.isEmpty()) TDBGrid1_->selectRecord("ID", id);
+}
+
+const Row& frmEFacturaPrimite::current() const {
+  const Row* row = TDBGrid1_->currentRecord();
+  if (!row) throw RuleError("Va rog selectati o factura");
+  return *row;
+}
+
+void frmEFacturaPrimite::take(const QStringList& paths) {
+  if (paths.isEmpty()) return;
+  {
+    const Hourglass hourglass;
+    WorkProgress progress(windowTitle(), this);
+    readPurchases(paths, [&progress](int done, int of) { progress.show(done, of); });
+  }
+  show();
+  lblStare_->setText(QStringLiteral("Facturi citite: %1").arg(TDBGrid1_->rows().size()));
+}
+
+void frmEFacturaPrimite::readFiles() {
+  take(QFileDialog::getOpenFileNames(this, "e-Facturi primite", {},
+                                     "Facturi (*.xml *.zip *.XML *.ZIP);;Toate (*)"));
+}
+
+void frmEFacturaPrimite::readFolder() {
+  const QString folder = QFileDialog::getExistingDirectory(this, "Folderul e-Facturilor primite");
+  if (folder.isEmpty()) return;
+  const QStringList paths = filesOf(folder);
+  if (paths.isEmpty()) throw RuleError("Folderul nu are fisiere XML sau zip.");
+  take(paths);
+}
+
+void frmEFacturaPrimite::open() {
+  const qint64 id = current().integer("ID");
+  frmEFacturaPreluare(id, this).exec();
+  show();
+}
+
+void frmEFacturaPrimite::takeOverSelected() {
+  QList<int> places = TDBGrid1_->selectedPlaces();
+  current();
+  std::vector<std::pair<qint64, QString>> files;
+  for (const int place : places)
+    files.emplace_back(TDBGrid1_->rows().row(place).integer("ID"),
+                       TDBGrid1_->rows().row(place).text("STARE"));
+  int taken = 0;
+  QStringList left;
+  {
+    const Hourglass hourglass;
+    WorkProgress progress(windowTitle(), this);
+    PurchaseSource source;
+    for (size_t i = 0; i < files.size(); ++i) {
+      progress.show(static_cast<int>(i), static_cast<int>(files.size()));
+      if (files[i].second == received::kTaken) continue;
+      try {
+        takeOver(storedPurchase(files[i].first, source), source);
+        ++taken;
+      } catch (const RuleError& reason) {
+        left.append(reason.text());
+        if (files[i].second != received::kRefused) judgeAgain(files[i].first, source);
+      }
+    }
+  }
+  show();
+  lblStare_->setText(
+      QStringLiteral("Facturi preluate: %1").arg(taken) +
+      (left.isEmpty() ? QString() : QStringLiteral(". Nepreluate: ") + left.join(QStringLiteral(" "))));
+}
+
+void frmEFacturaPrimite::showFields() { frmEFacturaAfisare(current().integer("ID"), this).exec(); }
+
+}  // namespace velmar

@@ -1,0 +1,43 @@
+// The electronic invoices of suppliers that were read last: what they lack, taking over, display.
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+namespace velmar {
+
+class TDBGrid;
+class Row;
+
+class frmEFacturaPrimite : public QWidget {
+  Q_OBJECT
+ public:
+  explicit frmEFacturaPrimite(QWidget* parent = nullptr);
+
+  QSize sizeHint() const override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,
+                       const QString& picture, void (frmEFacturaPrimite::*work)());
+  void show();
+  /// Reads the files and shows them in place of the list.
+  void take(const QStringList& paths);
+  /// The current file. Throws RuleError without one.
+  const Row& current() const;
+
+  void readFiles();
+  void readFolder();
+  void open();
+  void takeOverSelected();
+  void showFields();
+
+  TDBGrid* TDBGrid1_;
+  QLabel* lblStare_;
+};
+
+}  // namespace velmar
