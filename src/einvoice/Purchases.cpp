@@ -22,6 +22,7 @@
 #include "util/Clock.h"
 #include "util/Errors.h"
 #include "util/FileContent.h"
+#include "util/PlainText.h"
 #include "util/ZipText.h"
 
 namespace velmar {
@@ -48,7 +49,7 @@ bool isLei(const QString& currency) {
 QString fitted(const QString& text, const char* table, const char* column) {
   QString plain;
   for (const QChar character : text.normalized(QString::NormalizationForm_D))
-    if (!character.isMark()) plain += character;
+    if (!character.isMark() && hiddenCharacter(character).isEmpty()) plain += character;
   return plain.simplified().left(companyTable(table).column(column)->width);
 }
 
@@ -143,7 +144,7 @@ Row judged(const QByteArray& content, const QString& name, PurchaseSource& sourc
   row.set("FISIER", fitted(name, "G_EFACTURAPRIM", "FISIER"));
   row.set("UTILIZATOR", session().gUtilizator);
   const auto cut = [&row](const char* column, const QString& text) {
-    row.set(column, text.left(files().column(column)->width));
+    row.set(column, visibleText(oneLine(text)).left(files().column(column)->width));
   };
   try {
     const ReceivedInvoice invoice = readInvoice(content);
@@ -214,7 +215,7 @@ void readPurchases(const QStringList& paths, const Progress& progress) {
                               QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex()));
         row.set("FISIER", fitted(name, "G_EFACTURAPRIM", "FISIER"));
         row.set("STARE", received::kRefused);
-        row.set("LIPSESTE", reason.text().left(files().column("LIPSESTE")->width));
+        row.set("LIPSESTE", visibleText(oneLine(reason.text())).left(files().column("LIPSESTE")->width));
         row.set("UTILIZATOR", session().gUtilizator);
         store(row, moment);
       }
