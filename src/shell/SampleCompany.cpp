@@ -16,6 +16,7 @@
 #include "shell/Login.h"
 #include "shell/SampleData.h"
 #include "shell/SampleDocuments.h"
+#include "shell/SampleEInvoices.h"
 #include "shell/SampleHearing.h"
 #include "store/DatabaseFiles.h"
 #include "store/Records.h"
@@ -107,7 +108,7 @@ void addRates() {
 // The data of the company that is printed on documents.
 void giveIdentity() {
   ExecutaSql(
-      "UPDATE kt_info SET NREGCOM = 'J32/417/2016', CODFISCAL = 'RO36100200', CAPSOC = 200, "
+      "UPDATE kt_info SET NREGCOM = 'J32/417/2016', CODFISCAL = 'RO36100205', CAPSOC = 200, "
       "banca = 'Banca Sibiana', contbancar = 'RO49AAAA1B31007593840000', STRADA1 = 'Olarilor', NR1 = '14', "
       "ORAS1 = 'Sibiu', JUDET1 = 'SB', CODPOSTAL1 = '550001', TELEFON1 = '0269 111 222'");
 }
@@ -149,6 +150,7 @@ void fillTrader() {
   const SampleCatalogue catalogue = addCatalogue();
   addDiscounts(catalogue);
   addSampleDocuments(catalogue);
+  addSampleEInvoices();
 }
 
 void fillShop() {

@@ -44,7 +44,12 @@ TEST(Purchases, WhatWasSoldIsWhatIsTakenOver) {
     std::vector<TypedLine> lines;
     for (const char* code : {"A1", "A2", "5941234567899"})
       if (code != std::string("5941234567899") && (lines.empty() || below(2) == 0))
-        lines.push_back(sold.size() % 7 == 3 && i > 3 ? velmar::sold(code, "-1", "1") : velmar::sold(code, QString::number(1 + below(9)), QStringLiteral("%1.%2").arg(below(90) + 1).arg(below(100), 2, 10, QChar('0'))));
+        lines.push_back(
+            sold.size() % 7 == 3 && i > 3
+                ? velmar::sold(code, "-1", "1")
+                : velmar::sold(
+                      code, QString::number(1 + below(9)),
+                      QStringLiteral("%1.%2").arg(below(90) + 1).arg(below(100), 2, 10, QChar('0'))));
     const QString document = desk.invoice(QString::number(i), {{"OBS", "FC1"}}, lines);
     paths.append(put(folder, document + ".xml", fileOf(document)));
     const Row ledger = OpenRs("SELECT TOTALFT, TOTALTVA FROM G_DOCUME WHERE ID = ?", {document}).first();
@@ -63,7 +68,9 @@ TEST(Purchases, WhatWasSoldIsWhatIsTakenOver) {
     ASSERT_EQ(missingIn(purchase, source), QStringList()) << i;
     EXPECT_TRUE(differenceOf(purchase, source).isZero());
     const QString number = takeOver(purchase, source).first();
-    const Row made = OpenRs("SELECT SUM(VALOAREFT) AS V, SUM(VALOARETVA) AS T FROM G_LFACFU WHERE NUMFAC = ?", {number}).first();
+    const Row made =
+        OpenRs("SELECT SUM(VALOAREFT) AS V, SUM(VALOARETVA) AS T FROM G_LFACFU WHERE NUMFAC = ?", {number})
+            .first();
     EXPECT_EQ(Round(made.decimal("V"), 2), sold[static_cast<size_t>(i)].first);
     EXPECT_EQ(Round(made.decimal("T"), 2), sold[static_cast<size_t>(i)].second);
     EXPECT_THROW(takeOver(purchase, source), RuleError);
@@ -102,7 +109,8 @@ TEST(Purchases, DamagedFilesAreRefused) {
           file.remove(at, length);
           break;
         case 2:
-          file.insert(at, file.mid(static_cast<qsizetype>(random() % static_cast<unsigned>(file.size())), length));
+          file.insert(
+              at, file.mid(static_cast<qsizetype>(random() % static_cast<unsigned>(file.size())), length));
           break;
         default:
           file.truncate(at);
@@ -110,8 +118,12 @@ TEST(Purchases, DamagedFilesAreRefused) {
     }
     paths.append(put(folder, QStringLiteral("%1.xml").arg(i), file));
   }
-  const auto count_of = [](const char* table) { return OpenRs(QStringLiteral("SELECT COUNT(*) AS N FROM %1").arg(table)).first().integer("N"); };
-  const auto books = [&] { return count_of("G_FACFUR") + count_of("G_LFACFU") + count_of("kt_ter") + count_of("G_ARTMAG"); };
+  const auto count_of = [](const char* table) {
+    return OpenRs(QStringLiteral("SELECT COUNT(*) AS N FROM %1").arg(table)).first().integer("N");
+  };
+  const auto books = [&] {
+    return count_of("G_FACFUR") + count_of("G_LFACFU") + count_of("kt_ter") + count_of("G_ARTMAG");
+  };
   const qint64 before = books();
   readPurchases(paths);
   EXPECT_EQ(books(), before);
@@ -119,7 +131,8 @@ TEST(Purchases, DamagedFilesAreRefused) {
   EXPECT_GT(states().count(received::kRefused), count / 2);
 }
 
-// Amounts by hand: a charge, an unknown rate, a currency without and with a rate, a number of another supplier.
+// Amounts by hand: a charge, an unknown rate, a currency without and with a rate, a number of another
+// supplier.
 TEST(Purchases, SaysWhatIsMissing) {
   const Desk desk;
   ExecutaSql("UPDATE kt_par SET JURFACFUR = 'JC'");

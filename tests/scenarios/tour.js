@@ -155,6 +155,24 @@ visit("mnuDiscounturiArt", "frmArticoleDiscount", "27-discounturi", window => {
   equal(window.grid("lvwDiscounts").rows(), 3, "three bands of a family");
 });
 
+// Electronic invoices: those of three months with the refused one, and the two that suppliers sent.
+visit("mnuEFactura", "frmEFactura", "49-e-factura", window => {
+  const invoices = window.grid("TDBGrid1");
+  window.set("DTPickerdela", (Number(today().substring(0, 4)) - 1) + "-06-01");
+  invoices.select(invoices.column("STARE").indexOf("respinsa"));
+  equal(window.grid("TDBGrid2").cell(0, "REGULA"), "BR-RO-110", "why it was refused");
+  invoices.select(invoices.column("STARE").indexOf("de trimis"));
+  file(paths().out);
+  window.click("cmdScrie");
+});
+visit("mnuEFacturaPrimite", "frmEFacturaPrimite", "50-e-facturi-primite", window => {
+  equal(window.grid("TDBGrid1").column("STARE"), ["preluata", "preluata"], "taken over into drafts");
+  window.click("cmdDeschide");
+  shot("51-preluare");
+  win("frmEFacturaPreluare").click("cmdAnulare");
+});
+visit("mnuUM", "frmUM", "52-unitati-de-masura");
+
 // The VAT journals, computed and printed.
 for (const [entry, name, file, picture] of [["mnumnuRapmnuRapJVT", "frmRapJVTVA", "Jvtva", "29-jurnal-vanzari"],
                                             ["mnumnuRapmnuJCT", "frmRapJCTVA", "Jctva", "30-jurnal-cumparari"]]) {

@@ -17,13 +17,15 @@ QByteArray zipped(const std::vector<std::pair<const char*, QByteArray>>& files, 
   zip_t* archive = zip_open_from_source(target, ZIP_CREATE | ZIP_TRUNCATE, &error);
   for (const auto& [name, content] : files) {
     const zip_int64_t index = zip_file_add(
-        archive, name, zip_source_buffer(archive, content.constData(), static_cast<zip_uint64_t>(content.size()), 0), 0);
+        archive, name,
+        zip_source_buffer(archive, content.constData(), static_cast<zip_uint64_t>(content.size()), 0), 0);
     if (isEncrypted) zip_file_set_encryption(archive, static_cast<zip_uint64_t>(index), ZIP_EM_AES_256, "x");
   }
   zip_close(archive);
   zip_source_open(target);
   QByteArray bytes(1 << 20, Qt::Uninitialized);
-  bytes.resize(static_cast<qsizetype>(zip_source_read(target, bytes.data(), static_cast<zip_uint64_t>(bytes.size()))));
+  bytes.resize(
+      static_cast<qsizetype>(zip_source_read(target, bytes.data(), static_cast<zip_uint64_t>(bytes.size()))));
   zip_source_close(target);
   zip_source_free(target);
   return bytes;
@@ -55,20 +57,24 @@ TEST(FilesFromOutside, ArchivesHaveLimits) {
 
 TEST(FilesFromOutside, WorkingDaysSkipHolidays) {
   // Easter by the tables of the church.
-  for (const QDate& easter : {QDate(2024, 5, 5), QDate(2025, 4, 20), QDate(2026, 4, 12), QDate(2027, 5, 2), QDate(2030, 4, 28)})
+  for (const QDate& easter :
+       {QDate(2024, 5, 5), QDate(2025, 4, 20), QDate(2026, 4, 12), QDate(2027, 5, 2), QDate(2030, 4, 28)})
     EXPECT_EQ(orthodoxEaster(easter.year()), easter);
   EXPECT_EQ(workingDaysAfter(QDate(2026, 4, 8), 1), QDate(2026, 4, 9));
-  EXPECT_EQ(workingDaysAfter(QDate(2026, 4, 9), 1), QDate(2026, 4, 14));    // Good Friday to Easter Monday
-  EXPECT_EQ(workingDaysAfter(QDate(2026, 5, 29), 1), QDate(2026, 6, 2));    // Pentecost, 1 June
+  EXPECT_EQ(workingDaysAfter(QDate(2026, 4, 9), 1), QDate(2026, 4, 14));     // Good Friday to Easter Monday
+  EXPECT_EQ(workingDaysAfter(QDate(2026, 5, 29), 1), QDate(2026, 6, 2));     // Pentecost, 1 June
   EXPECT_EQ(workingDaysAfter(QDate(2025, 12, 22), 5), QDate(2025, 12, 31));  // Christmas
 }
 
 TEST(FilesFromOutside, RatesHoldOverHolidays) {
   const auto file = [](const QByteArray& cubes) {
-    return "<DataSet xmlns='https://www.bnr.ro/xsd'><Body><OrigCurrency>RON</OrigCurrency>" + cubes + "</Body></DataSet>";
+    return "<DataSet xmlns='https://www.bnr.ro/xsd'><Body><OrigCurrency>RON</OrigCurrency>" + cubes +
+           "</Body></DataSet>";
   };
   // The rates of Maundy Thursday hold until Tuesday after Easter.
-  const QByteArray thursday = "<Cube date='2026-04-09'><Rate currency='HUF' multiplier='100'>1.25</Rate><Rate currency='USD'>4.5</Rate></Cube>";
+  const QByteArray thursday =
+      "<Cube date='2026-04-09'><Rate currency='HUF' multiplier='100'>1.25</Rate><Rate "
+      "currency='USD'>4.5</Rate></Cube>";
   const auto rates = bankRates(file(thursday), {"HUF"}, false);
   ASSERT_EQ(rates.size(), 5U);
   EXPECT_EQ(rates.front().date, QDate(2026, 4, 10));
@@ -77,7 +83,8 @@ TEST(FilesFromOutside, RatesHoldOverHolidays) {
   EXPECT_EQ(bankRates(file(thursday), {"HUF"}, true).back().date, QDate(2026, 4, 13));
   for (const QByteArray& bad : {QByteArray("<DataSet/>"), file(""), file("<Cube date='x'/>"),
                                 file("<Cube date='2026-04-09'><Rate currency='HUF'>-1</Rate></Cube>"),
-                                file("<Cube date='1990-01-01'><Rate currency='HUF'>1</Rate></Cube><Cube date='2026-04-09'><Rate currency='HUF'>1</Rate></Cube>")})
+                                file("<Cube date='1990-01-01'><Rate currency='HUF'>1</Rate></Cube><Cube "
+                                     "date='2026-04-09'><Rate currency='HUF'>1</Rate></Cube>")})
     EXPECT_THROW(bankRates(bad, {"HUF"}, false), RuleError) << bad.toStdString();
 }
 

@@ -1,0 +1,10 @@
+// Electronic invoices of the sample company, out and in.
+#pragma once
+
+namespace velmar {
+
+/// Files of the invoices of the last three months, sent and accepted but for one that was refused and those
+/// of the last days; and two invoices of suppliers, taken over into drafts.
+void addSampleEInvoices();
+
+}  // namespace velmar
