@@ -14,7 +14,7 @@ namespace velmar {
 
 namespace {
 
-constexpr int kMonths = 3;
+constexpr int kMonths = 7;
 constexpr int kLastDays = 4;  // not sent yet
 constexpr int kFirstIndex = 4'001'000;
 constexpr int kSuppliers = 2;

@@ -3,8 +3,8 @@
 
 namespace velmar {
 
-/// Files of the invoices of the last three months, sent and accepted but for one that was refused and those
-/// of the last days; and two invoices of suppliers, taken over into drafts.
+/// Files of all invoices, sent and accepted but for one that was refused and those of the last days; and two
+/// invoices of suppliers, taken over into drafts.
 void addSampleEInvoices();
 
 }  // namespace velmar

@@ -9,16 +9,18 @@
 
 namespace velmar {
 
+inline const char* const kIdentity =
+    "DENUMIRE = 'SOCIETATE & FIII SRL', CODFISCAL = 'RO 1590082', PLATITVA = 'D', NREGCOM = "
+        "'J05/12/1991', "
+        "CAPSOC = 200, STRADA1 = 'Str. Lunga', NR1 = '1', ORAS1 = 'Oradea', JUDET1 = 'BH', "
+        "contbancar = 'RO49 AAAA 1B31 0075 9384 0000'";
+
 class Desk : public Trade {
  public:
   explicit Desk(const char* decimals = "2") : Trade("FIFO") {
     ExecutaSql("UPDATE kt_info SET NrZec = ?", {QString(decimals).toInt()});
     ExecutaSql("UPDATE kt_par SET FCSTART = '1', FCEND = '9999', SERIEFC = 'VLM'");
-    identity(
-        "DENUMIRE = 'SOCIETATE & FIII SRL', CODFISCAL = 'RO 1590082', PLATITVA = 'D', NREGCOM = "
-        "'J05/12/1991', "
-        "CAPSOC = 200, STRADA1 = 'Str. Lunga', NR1 = '1', ORAS1 = 'Oradea', JUDET1 = 'BH', "
-        "contbancar = 'RO49 AAAA 1B31 0075 9384 0000'");
+    identity(kIdentity);
     InitParaSoc();
     buyer(customer,
           "TIP = 'C', CODFISCAL = 'RO 13548146', AD = 'Str. Noua 2', ORAS = 'Cluj-Napoca', Judet = 'Cluj', "

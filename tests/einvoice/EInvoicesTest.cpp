@@ -4,6 +4,8 @@
 #include <random>
 
 #include "Desk.h"
+#include "documents/OtherTrade.h"
+#include "hearing/Shop.h"
 #include "util/Clock.h"
 #include "util/XmlText.h"
 
@@ -83,6 +85,30 @@ TEST(EInvoice, RoundsCumulativelyAndTurnsReturns) {
   EXPECT_EQ(back.at("//InvoiceDocumentReference/ID"), "VLM1");
   EXPECT_EQ(back.at("CreditNote/CreditNoteLine/CreditedQuantity"), "1");
   EXPECT_EQ(back.at("CreditNote/LegalMonetaryTotal/TaxExclusiveAmount"), "10.33");
+}
+
+// An invoice of hearing devices has its lines in tables of its own; its storno too.
+TEST(EInvoice, OfHearingDevices) {
+  const Shop shop("FIFO");
+  Desk::identity(kIdentity);
+  ExecutaSql("UPDATE kt_par SET SERIEFC = 'VLM', FCSTART = '1', FCEND = '999'");
+  InitParaSoc();
+  IncarcaSerii();
+  Desk::buyer(shop.insurer, "CODFISCAL = '11307939', AD = 'Str. Casei 1', ORAS = 'Oradea', Judet = 'BIHOR'");
+  shop.buy("1", "AP1", "5", "400");
+  const qint64 order = addOrder(shop.order("c1", "AP1", "2101.50", "900"));
+  shop.validateDraft(shop.invoice("101", shop.insurer, BilledBy::Insurer, {order}));
+  const Paper paper("FC101");
+  EXPECT_EQ(paper.faults, QStringList());
+  EXPECT_EQ(paper.at("Invoice/ID"), "VLM101");
+  EXPECT_EQ(paper.at("Invoice/LegalMonetaryTotal/PayableAmount"), "1071.00");
+  EXPECT_EQ(paper.at("//InvoiceLine/LineExtensionAmount"), "900.00");
+  otherTrade()->cancelInvoice({KindId::DeviceInvoice, "101"}, "102", clock::today());
+  const Paper storno("FS102");
+  EXPECT_EQ(storno.faults, QStringList());
+  EXPECT_EQ(storno.at("CreditNote/ID"), "VLM102");
+  EXPECT_EQ(storno.at("CreditNote/LegalMonetaryTotal/PayableAmount"), "1071.00");
+  EXPECT_EQ(storno.at("//InvoiceDocumentReference/ID"), "VLM101");
 }
 
 // Invoices of every kind; the lines add up to the base, and base and VAT to what is payable. With the folder

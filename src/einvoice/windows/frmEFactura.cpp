@@ -117,7 +117,7 @@ frmEFactura::frmEFactura(QWidget* parent)
 }
 
 QSize frmEFactura::sizeHint() const {
-  return {fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 32};
+  return {fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 32};
 }
 
 QPushButton* frmEFactura::command(const QString& name, const QString& caption, const QString& toolTip,

@@ -67,6 +67,7 @@ frmEFacturaPreluare::frmEFacturaPreluare(qint64 id, QWidget* parent)
     });
   });
   guarded(kForm, "Form_Load", [this] { IncarcaCombo(*cboFamilie_); });
+  cboFamilie_->setCurrentIndex(0);
   lblStare_->setWordWrap(true);
   connect(txtNumar_, &QLineEdit::textEdited, this, [this](const QString& text) {
     purchase_.number = text.trimmed();
@@ -105,7 +106,7 @@ frmEFacturaPreluare::frmEFacturaPreluare(qint64 id, QWidget* parent)
   all->addLayout(buttons);
   giveMnemonics(this);
   show();
-  resize(fontMetrics().averageCharWidth() * 145, fontMetrics().height() * 32);
+  resize(fontMetrics().averageCharWidth() * 175, fontMetrics().height() * 32);
   TDBGrid1_->setFocus();
 }
 
