@@ -67,4 +67,9 @@ void insertTemplateData(Database& database) {
       {clock::today().toString(QStringLiteral("dd/MM/yyyy"))});
 }
 
+void insertTemplateRows(Database& database, const QString& table) {
+  loadTemplateResource();
+  insertFile(database, QStringLiteral(":/template/%1.tsv").arg(table));
+}
+
 }  // namespace velmar

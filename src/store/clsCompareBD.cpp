@@ -6,10 +6,13 @@
 #include "store/Database.h"
 #include "store/Engine.h"
 #include "store/StockBalance.h"
+#include "store/TemplateData.h"
 
 namespace velmar {
 
 namespace {
+
+const QString kUnits = QStringLiteral("G_UM");  // an older company gets its rows too
 
 bool sameName(const QString& one, const QString& other) {
   return one.compare(other, Qt::CaseInsensitive) == 0;
@@ -44,10 +47,12 @@ void clsCompareBD::Compara(const Progress& progress) {
     const auto found = std::find_if(present.begin(), present.end(), [&table](const QString& name) {
       return sameName(name, table.shape.name);
     });
-    if (found == present.end())
+    if (found == present.end()) {
       CopiazaObiect(table);
-    else
+      if (sameName(table.shape.name, kUnits)) insertTemplateRows(*company, kUnits);
+    } else {
       CompareTables(table, *found);
+    }
     if (progress) progress(++done, count);
   }
   CompareViews();

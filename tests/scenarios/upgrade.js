@@ -25,6 +25,7 @@ function leave() {
 sql("UPDATE kt_info SET VERSIUNE = NULL, DENUMIRE = 'ALFA SRL'");
 sql("ALTER TABLE kt_info DROP COLUMN EMAIL2");
 sql("DROP VIEW qryTertiLinii");
+sql("DROP TABLE G_UM");
 sql("CREATE TABLE note_proprii (COD INTEGER)");
 sql("INSERT INTO note_proprii (COD) VALUES (?)", 42);
 
@@ -57,6 +58,7 @@ equal(revision(), own);
 equal(sql("SELECT DENUMIRE, NrZec, EMAIL2 FROM kt_info"), [{ DENUMIRE: "ALFA SRL", NRZEC: 3, EMAIL2: null }]);
 equal(sql("SELECT COUNT(*) AS N FROM qryTertiLinii")[0].N, 0);
 equal(sql("SELECT COD FROM note_proprii")[0].COD, 42);
+equal(sql("SELECT COD FROM G_UM WHERE UM = 'Kg'"), [{ COD: "KGM" }], "a new table with rows");
 leave();
 
 // Nothing to do: no question, unless forced with the button or its key.
