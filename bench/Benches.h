@@ -24,6 +24,7 @@ bool measureJournals(Store store);
 bool measureReports(Store store);
 bool measureStockReports(Store store);
 bool measureHearing(Store store);
+bool measureEInvoices(Store store);
 bool measureStart(Store store);
 
 /// With this option the process is one of the writers that measureWriters() starts.

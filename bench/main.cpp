@@ -30,6 +30,7 @@ const Bench kBenches[] = {
     {"reports", velmar::bench::measureReports},
     {"stockreports", velmar::bench::measureStockReports},
     {"hearing", velmar::bench::measureHearing},
+    {"einvoice", velmar::bench::measureEInvoices},
     {"start", velmar::bench::measureStart},
 };
 const QString kEngineOption = QStringLiteral("--engine");

@@ -2,8 +2,8 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
 #include <QRegularExpression>
-#include <QSaveFile>
 
 #include "config/Parameters.h"
 #include "config/Session.h"
@@ -86,9 +86,12 @@ void store(const Row& version) {
 }
 
 void writeFile(const QString& path, const QByteArray& content) {
-  QSaveFile file(path);
+  QFile file(path);
   openPrivately(file);
-  if (file.write(content) != content.size() || !file.commit()) throw notWritten(file);
+  if (file.write(content) == content.size() && file.flush()) return;
+  const StoreError error = notWritten(file);
+  file.remove();
+  throw error;
 }
 
 // The files of one batch, with one read and one transaction.

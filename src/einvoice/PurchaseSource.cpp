@@ -5,8 +5,16 @@
 
 namespace velmar {
 
+namespace {
+
 // The key under which the choice of an article is stored.
-QString choiceKey(const ReceivedLine& line);
+QString choiceKey(const ReceivedLine& line) {
+  constexpr int kWidth = 100;
+  return (line.code.isEmpty() ? QStringLiteral("N:") + line.name.toUpper() : QStringLiteral("C:") + line.code)
+      .left(kWidth);
+}
+
+}  // namespace
 
 struct PurchaseSource::Data {
   QHash<QString, qint64> suppliers, customers;  // by comparable fiscal code
@@ -72,6 +80,13 @@ QStringList PurchaseSource::articlesOf(qint64 supplier, const ReceivedInvoice& i
   for (QString& code : articles)
     if (!article(code)) code.clear();  // deleted since it was chosen
   return articles;
+}
+
+void PurchaseSource::choose(qint64 supplier, const ReceivedLine& line, const QString& article) {
+  const QString key = choiceKey(line);
+  database().execute("DELETE FROM G_EFACTURAART WHERE CODFURN = ? AND CHEIE = ?", {supplier, key});
+  database().insertRows("G_EFACTURAART", {"CODFURN", "CHEIE", "CODART"}, {{supplier, key, article}});
+  data_->choices[supplier].insert(key, article);
 }
 
 void PurchaseSource::readArticles(const QStringList& codes) {

@@ -27,12 +27,6 @@
 
 namespace velmar {
 
-QString choiceKey(const ReceivedLine& line) {
-  constexpr int kWidth = 100;
-  return (line.code.isEmpty() ? QStringLiteral("N:") + line.name.toUpper() : QStringLiteral("C:") + line.code)
-      .left(kWidth);
-}
-
 namespace {
 
 constexpr int kBatch = 100;  // files that are stored together
@@ -88,9 +82,9 @@ QString numberOf(const QString& first, size_t draft) {
   return draft == 0 ? first : QStringLiteral("%1/%2").arg(first).arg(draft + 1);
 }
 
-Purchase purchaseOf(const QByteArray& file, PurchaseSource& source) {
+Purchase purchaseOf(ReceivedInvoice read, PurchaseSource& source) {
   Purchase purchase;
-  purchase.invoice = readInvoice(file);
+  purchase.invoice = std::move(read);
   const ReceivedInvoice& invoice = purchase.invoice;
   const QString own = comparableCode(storedIdentity().text("CODFISCAL"));
   if (comparableCode(invoice.buyer.fiscalCode) != own)
@@ -105,7 +99,7 @@ Purchase purchaseOf(const QByteArray& file, PurchaseSource& source) {
     const QStringList turned = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.precedingNumber);
     if (!turned.isEmpty()) purchase.turned = LedgerKey{KindId::SupplierInvoice, turned.first()}.text();
   }
-  purchase.articles = source.articlesOf(purchase.supplier, invoice);
+  purchase.articles = purchase.found = source.articlesOf(purchase.supplier, invoice);
   return purchase;
 }
 
@@ -154,7 +148,7 @@ Row judged(const QByteArray& content, const QString& name, PurchaseSource& sourc
     cut("NUMAR", invoice.number);
     row.set("DATA", invoice.date);
     row.set("TOTAL", invoice.total());
-    const Purchase purchase = purchaseOf(content, source);
+    const Purchase purchase = purchaseOf(invoice, source);
     const QStringList drafts = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.number);
     if (!drafts.isEmpty())
       throw RuleError(
@@ -251,7 +245,7 @@ QByteArray purchaseFile(qint64 id) {
 }
 
 Purchase storedPurchase(qint64 id, PurchaseSource& source) {
-  Purchase purchase = purchaseOf(purchaseFile(id), source);
+  Purchase purchase = purchaseOf(readInvoice(purchaseFile(id)), source);
   purchase.id = id;
   return purchase;
 }
@@ -452,17 +446,11 @@ QStringList takeOver(const Purchase& purchase, PurchaseSource& source) {
     store.insertLines(lines);
     numbers.append(draft.number);
   }
-  std::vector<Values> gone, choices;
-  QSet<QString> keys;
   for (size_t i = 0; i < invoice.lines.size(); ++i) {
-    const QString key = choiceKey(invoice.lines[i]);
-    if (keys.contains(key)) continue;
-    keys.insert(key);
-    gone.push_back({purchase.supplier, key});
-    choices.push_back({purchase.supplier, key, purchase.articles[static_cast<qsizetype>(i)]});
+    const auto place = static_cast<qsizetype>(i);
+    if (purchase.articles[place] != purchase.found[place])
+      source.choose(purchase.supplier, invoice.lines[i], purchase.articles[place]);
   }
-  database().executeEach("DELETE FROM G_EFACTURAART WHERE CODFURN = ? AND CHEIE = ?", gone);
-  database().insertRows("G_EFACTURAART", {"CODFURN", "CHEIE", "CODART"}, choices);
   database().execute("UPDATE G_EFACTURAPRIM SET STARE = ?, LIPSESTE = NULL, DOCUMENTE = ? WHERE ID = ?",
                      {received::kTaken, numbers.join(u'\n'), purchase.id});
   transaction.commit();

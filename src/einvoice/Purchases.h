@@ -35,6 +35,8 @@ class PurchaseSource {
   qint64 supplierOf(const QString& fiscalCode, qint64* customer = nullptr) const;
   /// The articles of the lines: by the supplier's code, or the last choice for code or name; "" for none.
   QStringList articlesOf(qint64 supplier, const ReceivedInvoice& invoice);
+  /// Stores the choice of an article for lines like this one. The caller has a transaction.
+  void choose(qint64 supplier, const ReceivedLine& line, const QString& article);
   /// Reads the articles for article().
   void readArticles(const QStringList& codes);
   std::optional<Article> article(const QString& code) const;
@@ -58,6 +60,7 @@ struct Purchase {
   QString number;        ///< of the first draft
   QString turned;        ///< ledger key of the invoice whose goods go back
   QStringList articles;  ///< codes, by line; "": not chosen
+  QStringList found;     ///< those of them that were known before
 };
 
 /// A draft of a supplier invoice, in lei.

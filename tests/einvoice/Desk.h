@@ -11,9 +11,9 @@ namespace velmar {
 
 inline const char* const kIdentity =
     "DENUMIRE = 'SOCIETATE & FIII SRL', CODFISCAL = 'RO 1590082', PLATITVA = 'D', NREGCOM = "
-        "'J05/12/1991', "
-        "CAPSOC = 200, STRADA1 = 'Str. Lunga', NR1 = '1', ORAS1 = 'Oradea', JUDET1 = 'BH', "
-        "contbancar = 'RO49 AAAA 1B31 0075 9384 0000'";
+    "'J05/12/1991', "
+    "CAPSOC = 200, STRADA1 = 'Str. Lunga', NR1 = '1', ORAS1 = 'Oradea', JUDET1 = 'BH', "
+    "contbancar = 'RO49 AAAA 1B31 0075 9384 0000'";
 
 class Desk : public Trade {
  public:
