@@ -48,11 +48,10 @@ class Rules {
 
   void head() {
     static const QRegularExpression digit(QStringLiteral("[0-9]"));
-    static const QRegularExpression currency(QStringLiteral("^[A-Z]{3}$"));
     if (!invoice_.number.contains(digit))
       add("BR-RO-010", QStringLiteral("Numarul facturii nu are nicio cifra"));
-    if (!currency.match(invoice_.currency).hasMatch())
-      add("BR-CL-04", QStringLiteral("Codul valutei %1 nu are trei litere").arg(invoice_.currency),
+    if (!isCurrency(invoice_.currency))
+      add("BR-CL-04", QStringLiteral("Codul valutei %1 nu este cunoscut").arg(invoice_.currency),
           "frmValute");
     if (invoice_.lines.empty()) add("BR-16", QStringLiteral("Factura nu are linii"));
     for (const QString& note : invoice_.notes)
@@ -98,7 +97,9 @@ class Rules {
     const QString& id = category.id;
     longest("BR-RO-L100", category.reason, kReasonLength, QStringLiteral("Textul scutirii"), "frmCoteTVA",
             "txtTextScutire");
-    static const QRegularExpression reason(QStringLiteral("^VATEX-EU-[0-9A-Z-]+$"));
+    static const QRegularExpression reason(
+        QStringLiteral("^VATEX-EU-(79-C|132(-1[A-Q])?|143(-1([A-L]|FA))?|148(-[A-G])?|151(-1(A|AA|B|C|D|E))?|"
+                       "309|AE|D|F|G|I|IC|J|O)$"));
     if (!category.reasonCode.isEmpty() && !reason.match(category.reasonCode).hasMatch())
       add("BR-CL-22", QStringLiteral("Codul scutirii nu este cunoscut: %1").arg(category.reasonCode),
           "frmCoteTVA", "txtCodScutire");

@@ -265,7 +265,8 @@ class Maker {
       return;
     }
     const QString prefix = vatPrefix(buyer.country);
-    if (!code.isEmpty()) buyer.vatId = code.startsWith(prefix) ? code : prefix + code;
+    const bool hasCountry = code.startsWith(prefix) || code.startsWith(buyer.country);
+    if (!code.isEmpty()) buyer.vatId = prefix + (hasCountry ? code.mid(2) : code);
     if (code.isEmpty())
       fault(QStringLiteral("Codul fiscal al clientului lipseste"), kPartners, "txtFields(3)", {},
             "BR-RO-120");
@@ -459,8 +460,15 @@ void EInvoiceSource::read(const QStringList& documents) {
 }
 
 MadeInvoice EInvoiceSource::make(const QString& document) const {
-  if (!data_->ledger.contains(document) || !data_->headers.contains(document))
+  if (!data_->ledger.contains(document))
     throw RuleError(QStringLiteral("Documentul %1 nu mai exista").arg(document));
+  if (!data_->headers.contains(document))
+    return {{},
+            {{{},
+              QStringLiteral("Documentul %1 nu mai are antet si linii in culegere").arg(document),
+              {},
+              {},
+              {}}}};
   return Maker(document, *data_).make();
 }
 

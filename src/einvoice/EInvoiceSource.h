@@ -21,7 +21,8 @@ class EInvoiceSource {
 
   /// Reads the documents, ledger keys of kind FC or FS, also of hearing devices, in place of those before.
   void read(const QStringList& documents);
-  /// The invoice of a document that was read. Throws RuleError when there is no such document.
+  /// The invoice of a document that was read; only a fault for one whose draft is lost. Throws RuleError when
+  /// there is no such document.
   MadeInvoice make(const QString& document) const;
 
   struct Data;

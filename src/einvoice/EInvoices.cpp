@@ -58,6 +58,12 @@ Row storedFile(const QString& document) {
   return found.isEmpty() ? Row() : found.first();
 }
 
+bool isAbroad(const QString& document) {
+  return !OpenRs(QStringLiteral("SELECT D.ID FROM %1 WHERE D.ID = ? AND %2").arg(kInvoices, kAbroad),
+                 {document})
+              .isEmpty();
+}
+
 Row requiredFile(const QString& document) {
   const Row file = storedFile(document);
   if (file.isEmpty()) throw RuleError(QStringLiteral("Fisierul facturii %1 nu a fost scris.").arg(document));
@@ -96,7 +102,7 @@ void writeFile(const QString& path, const QByteArray& content) {
 
 // The files of one batch, with one read and one transaction.
 void writeBatch(EInvoiceSource& source, const QStringList& documents, const QString& folder,
-                WrittenInvoices& result) {
+                QSet<QString>& names, WrittenInvoices& result) {
   QHash<QString, Row> stored;
   for (const Row& row :
        rowsOfKeys("SELECT E.DOCID, E.NUMAR, E.CONTINUT, D.DATADOC FROM G_EFACTURA E INNER JOIN G_DOCUME D "
@@ -126,7 +132,10 @@ void writeBatch(EInvoiceSource& source, const QStringList& documents, const QStr
       content = eInvoiceXml(made.invoice);
     }
     // A file without its record is only written again; a record without its file would look sent.
-    writeFile(QDir(folder).filePath(eInvoiceFileName(number, date)), content);
+    QString name = eInvoiceFileName(number, date);
+    if (names.contains(name)) name = document.left(2) + u'_' + name;  // an invoice and a storno of one number
+    names.insert(name);
+    writeFile(QDir(folder).filePath(name), content);
     if (!stored.contains(document)) store(newVersion(document, number, content));
     ++result.written;
   }
@@ -178,11 +187,12 @@ QString eInvoiceFileName(const QString& number, const QDate& date) {
 WrittenInvoices writeEInvoices(const QStringList& documents, const QString& folder,
                                const Progress& progress) {
   WrittenInvoices result;
+  QSet<QString> names;
   EInvoiceSource source;
   for (qsizetype done = 0; done < documents.size(); done += kBatch) {
     report(progress, static_cast<int>(done), static_cast<int>(documents.size()));
     Transaction transaction(database());
-    writeBatch(source, documents.mid(done, kBatch), folder, result);
+    writeBatch(source, documents.mid(done, kBatch), folder, names, result);
     transaction.commit();
   }
   return result;
@@ -210,6 +220,8 @@ void markSent(const QString& document, const QString& index) {
     throw RuleError(QStringLiteral("Introduceti indexul de incarcare, un numar !"), field);
   Transaction transaction(database());
   const Row file = requiredFile(document);
+  if (isAbroad(document))
+    throw RuleError(QStringLiteral("Factura este pentru un client din strainatate si nu se trimite."));
   if (file.text("STARE") == einvoice::kAccepted) throw RuleError(QStringLiteral("Factura este acceptata."));
   if (!OpenRs("SELECT ID FROM G_EFACTURA WHERE INDEX_INCARCARE = ? AND DOCID <> ?", {index, document})
            .isEmpty())

@@ -27,9 +27,9 @@ struct WrittenInvoices {
   int written = 0;
   QStringList faulty;  ///< documents without a file
 };
-/// Writes the files of the documents, named by eInvoiceFileName(), into the folder: the stored ones as they
-/// are, the others made now and stored. Throws StoreError when a file cannot be written, Cancelled; the files
-/// before stay.
+/// Writes the files of the documents, named by eInvoiceFileName() (with the kind before it for a second
+/// document of that name), into the folder: the stored ones as they are, the others made now and stored.
+/// Throws StoreError when a file cannot be written, Cancelled; the files before stay.
 WrittenInvoices writeEInvoices(const QStringList& documents, const QString& folder,
                                const Progress& progress = {});
 

@@ -1,6 +1,8 @@
 #include "einvoice/Places.h"
 
+#include <QLocale>
 #include <QRegularExpression>
+#include <QSet>
 #include <QStringList>
 
 namespace velmar {
@@ -84,6 +86,18 @@ QString countryCode(const QString& CT) {
 }
 
 bool isCountry(const QString& code) { return countries().contains(code); }
+
+bool isCurrency(const QString& code) {
+  static const QSet<QString> codes = [] {
+    QSet<QString> all;
+    for (const QLocale& locale :
+         QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory))
+      all.insert(locale.currencySymbol(QLocale::CurrencyIsoCode));
+    all.remove(QString());
+    return all;
+  }();
+  return codes.contains(code);
+}
 
 bool isInUnion(const QString& country) { return kUnion.contains(country); }
 

@@ -1,4 +1,4 @@
-// Counties, towns and countries as electronic invoices write them.
+// Counties, towns, countries and currencies as electronic invoices write them.
 #pragma once
 
 #include <QString>
@@ -19,6 +19,8 @@ QString bucharestSector(const QStringList& texts, const QString& postCode);
 /// The country code: empty is RO, EL is GR.
 QString countryCode(const QString& CT);
 bool isCountry(const QString& code);
+/// Whether it is the code of a currency in use (ISO 4217).
+bool isCurrency(const QString& code);
 /// Whether the country is in the European Union, Romania included.
 bool isInUnion(const QString& country);
 /// The prefix of a VAT code of that country.

@@ -78,8 +78,8 @@ frmEFactura::frmEFactura(QWidget* parent)
   lists->setStretchFactor(0, 3);
   lists->setStretchFactor(1, 1);
   lists->setChildrenCollapsible(false);
-  auto* cmdCorecteaza = command("cmdCorecteaza", "Corecteaza", "Deschide campul cu greseala aleasa",
-                                "settings", &frmEFactura::mend);
+  auto* cmdCorecteaza = makeCommand(this, "cmdCorecteaza", "Corecteaza", "Deschide campul cu greseala aleasa",
+                                    "settings", [this] { mend(); });
   connect(TDBGrid2_, &QAbstractItemView::doubleClicked, cmdCorecteaza, &QPushButton::click);
   auto* listing = new TDBGridListare("TDBGridListare");
   listing->setTDBGrid(TDBGrid1_);
@@ -89,12 +89,13 @@ frmEFactura::frmEFactura(QWidget* parent)
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(lblStare_, 1);
   for (QWidget* each : std::initializer_list<QWidget*>{
-           command("cmdVerifica", "Verifica", "Verifica facturile alese", "search", &frmEFactura::check),
+           makeCommand(this, "cmdVerifica", "Verifica", "Verifica facturile alese", "search",
+                       [this] { check(); }),
            cmdCorecteaza,
-           command("cmdScrie", "Scrie", "Scrie fisierele facturilor alese intr-un folder", "save",
-                   &frmEFactura::write),
-           command("cmdReface", "Reface", "Face din nou fisierul facturii curente", "new",
-                   &frmEFactura::remake),
+           makeCommand(this, "cmdScrie", "Scrie", "Scrie fisierele facturilor alese intr-un folder", "save",
+                       [this] { write(); }),
+           makeCommand(this, "cmdReface", "Reface", "Face din nou fisierul facturii curente", "new",
+                       [this] { remake(); }),
            listing, cmdIesire})
     buttons->addWidget(each);
   auto* all = new QVBoxLayout(this);
@@ -118,17 +119,6 @@ frmEFactura::frmEFactura(QWidget* parent)
 
 QSize frmEFactura::sizeHint() const {
   return {fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 32};
-}
-
-QPushButton* frmEFactura::command(const QString& name, const QString& caption, const QString& toolTip,
-                                  const QString& picture, void (frmEFactura::*work)()) {
-  auto* button = makeButton(name, caption, toolTip, picture);
-  connect(button, &QPushButton::clicked, this, [this, name, work] {
-    guarded(kForm, name + QStringLiteral("_Click"), [this, work] {
-      if (entriesAccepted(this)) (this->*work)();
-    });
-  });
-  return button;
 }
 
 QLayout* frmEFactura::periodRow() {
@@ -155,10 +145,10 @@ QLayout* frmEFactura::sendingRow() {
   label->setBuddy(txtIndex_);
   row->addWidget(label);
   row->addWidget(txtIndex_);
-  row->addWidget(command("cmdTrimisa", "Trimisa", "Factura curenta a fost trimisa cu acest index", {},
-                         &frmEFactura::markAsSent));
-  row->addWidget(command("cmdRaspuns", "Raspuns", "Citeste raspunsul sistemului, zip sau XML", {},
-                         &frmEFactura::readAnswers));
+  row->addWidget(makeCommand(this, "cmdTrimisa", "Trimisa", "Factura curenta a fost trimisa cu acest index",
+                             {}, [this] { markAsSent(); }));
+  row->addWidget(makeCommand(this, "cmdRaspuns", "Raspuns", "Citeste raspunsul sistemului, zip sau XML", {},
+                             [this] { readAnswers(); }));
   row->addStretch();
   return row;
 }

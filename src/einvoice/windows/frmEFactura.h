@@ -25,8 +25,6 @@ class frmEFactura : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,
-                       const QString& picture, void (frmEFactura::*work)());
   QLayout* periodRow();
   QLayout* sendingRow();
   void read();

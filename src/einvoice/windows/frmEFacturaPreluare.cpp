@@ -31,8 +31,8 @@ frmEFacturaPreluare::frmEFacturaPreluare(qint64 id, QWidget* parent)
     : QDialog(parent),
       purchase_(storedPurchase(id, source_)),
       txtFurnizor_(makeTextBox("txtFurnizor", 0, "Furnizorul, dupa codul fiscal din factura")),
-      cmdFurnizorNou_(command("cmdFurnizorNou", "Furnizor nou", "Adauga furnizorul din factura", "new",
-                              &frmEFacturaPreluare::addSupplier)),
+      cmdFurnizorNou_(makeCommand(this, "cmdFurnizorNou", "Furnizor nou", "Adauga furnizorul din factura",
+                                  "new", [this] { addSupplier(); })),
       txtNumar_(makeTextBox("txtNumar", kNumberWidth, "Numarul ciornei")),
       txtStornata_(makeTextBox("txtStornata", kKeyWidth,
                                "Documentul de intrare al marfii returnate, de exemplu FF12")),
@@ -86,11 +86,11 @@ frmEFacturaPreluare::frmEFacturaPreluare(qint64 id, QWidget* parent)
     choice->addWidget(label);
     choice->addWidget(box, 1);
   }
-  choice->addWidget(command("cmdArticolNou", "Articol nou",
-                            "Adauga articolul liniei curente in familia aleasa", "new",
-                            &frmEFacturaPreluare::addArticle));
-  auto* cmdPreia = command("cmdPreia", "Preia", "Face ciornele facturii furnizorului", "save",
-                           &frmEFacturaPreluare::takeOverNow);
+  choice->addWidget(makeCommand(this, "cmdArticolNou", "Articol nou",
+                                "Adauga articolul liniei curente in familia aleasa", "new",
+                                [this] { addArticle(); }));
+  auto* cmdPreia = makeCommand(this, "cmdPreia", "Preia", "Face ciornele facturii furnizorului", "save",
+                               [this] { takeOverNow(); });
   auto* cmdAnulare = makeButton("cmdAnulare", "Anulare", "Inchidere fara preluare", "close");
   connect(cmdAnulare, &QPushButton::clicked, this, &QDialog::reject);
   auto* buttons = new QHBoxLayout;
@@ -108,18 +108,6 @@ frmEFacturaPreluare::frmEFacturaPreluare(qint64 id, QWidget* parent)
   show();
   resize(fontMetrics().averageCharWidth() * 175, fontMetrics().height() * 32);
   TDBGrid1_->setFocus();
-}
-
-QPushButton* frmEFacturaPreluare::command(const QString& name, const QString& caption, const QString& toolTip,
-                                          const QString& picture, void (frmEFacturaPreluare::*work)()) {
-  auto* button = makeButton(name, caption, toolTip, picture);
-  button->setAutoDefault(false);
-  connect(button, &QPushButton::clicked, this, [this, name, work] {
-    guarded(kForm, name + QStringLiteral("_Click"), [this, work] {
-      if (TDBGrid1_->commitPending()) (this->*work)();
-    });
-  });
-  return button;
 }
 
 QLayout* frmEFacturaPreluare::head() {

@@ -24,8 +24,6 @@ class frmEFacturaPreluare : public QDialog {
   void done(int result) override;
 
  private:
-  QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,
-                       const QString& picture, void (frmEFacturaPreluare::*work)());
   QLayout* head();
   void show();
   void choose(size_t line, const QString& code);

@@ -41,7 +41,7 @@ frmEFacturaPrimite::frmEFacturaPrimite(QWidget* parent)
   TDBGrid1_->setEmptyText(
       "Nu s-a citit nimic. Apasati Fisiere sau Folder si alegeti facturile primite, XML sau zip.");
   auto* cmdDeschide =
-      command("cmdDeschide", "Deschide", "Factura si ciorna ei", "search", &frmEFacturaPrimite::open);
+      makeCommand(this, "cmdDeschide", "Deschide", "Factura si ciorna ei", "search", [this] { open(); });
   connect(TDBGrid1_, &QAbstractItemView::doubleClicked, cmdDeschide, &QPushButton::click);
   auto* listing = new TDBGridListare("TDBGridListare");
   listing->setTDBGrid(TDBGrid1_);
@@ -51,15 +51,15 @@ frmEFacturaPrimite::frmEFacturaPrimite(QWidget* parent)
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(lblStare_, 1);
   for (QWidget* each : std::initializer_list<QWidget*>{
-           command("cmdFisiere", "Fisiere", "Citeste fisiere XML sau zip", {},
-                   &frmEFacturaPrimite::readFiles),
-           command("cmdFolder", "Folder", "Citeste fisierele XML si zip ale unui folder", {},
-                   &frmEFacturaPrimite::readFolder),
+           makeCommand(this, "cmdFisiere", "Fisiere", "Citeste fisiere XML sau zip", {},
+                       [this] { readFiles(); }),
+           makeCommand(this, "cmdFolder", "Folder", "Citeste fisierele XML si zip ale unui folder", {},
+                       [this] { readFolder(); }),
            cmdDeschide,
-           command("cmdPreia", "Preia", "Face ciorne de facturi furnizor din facturile alese", "invoice-in",
-                   &frmEFacturaPrimite::takeOverSelected),
-           command("cmdAfisare", "Afisare", "Toate campurile fisierului", {},
-                   &frmEFacturaPrimite::showFields),
+           makeCommand(this, "cmdPreia", "Preia", "Face ciorne de facturi furnizor din facturile alese",
+                       "invoice-in", [this] { takeOverSelected(); }),
+           makeCommand(this, "cmdAfisare", "Afisare", "Toate campurile fisierului", {},
+                       [this] { showFields(); }),
            listing, cmdIesire})
     buttons->addWidget(each);
   auto* all = new QVBoxLayout(this);
@@ -77,15 +77,6 @@ frmEFacturaPrimite::frmEFacturaPrimite(QWidget* parent)
 
 QSize frmEFacturaPrimite::sizeHint() const {
   return {fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 26};
-}
-
-QPushButton* frmEFacturaPrimite::command(const QString& name, const QString& caption, const QString& toolTip,
-                                         const QString& picture, void (frmEFacturaPrimite::*work)()) {
-  auto* button = makeButton(name, caption, toolTip, picture);
-  connect(button, &QPushButton::clicked, this, [this, name, work] {
-    guarded(kForm, name + QStringLiteral("_Click"), [this, work] { (this->*work)(); });
-  });
-  return button;
 }
 
 void frmEFacturaPrimite::showEvent(QShowEvent* event) {

@@ -22,8 +22,6 @@ class frmEFacturaPrimite : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,
-                       const QString& picture, void (frmEFacturaPrimite::*work)());
   void show();
   /// Reads the files and shows them in place of the list.
   void take(const QStringList& paths);

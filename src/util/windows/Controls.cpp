@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/NumberText.h"
 #include "util/windows/Look.h"
@@ -166,6 +167,18 @@ void requireNumberWhenLeft(NumberBox* box, const QString& text, int icon, const 
   checkWhenLeft(
       box, [box, text] { return box->typed().trimmed().isEmpty() || box->number() ? QString() : text; }, icon,
       title, std::move(refused));
+}
+
+QPushButton* makeCommand(QWidget* form, const QString& name, const QString& caption, const QString& toolTip,
+                         const QString& picture, std::function<void()> work) {
+  QPushButton* button = makeButton(name, caption, toolTip, picture);
+  button->setAutoDefault(false);
+  QObject::connect(button, &QPushButton::clicked, form, [form, name, work = std::move(work)] {
+    guarded(form->objectName(), name + QStringLiteral("_Click"), [form, &work] {
+      if (entriesAccepted(form)) work();
+    });
+  });
+  return button;
 }
 
 }  // namespace velmar

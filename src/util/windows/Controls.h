@@ -80,6 +80,10 @@ void checkWhenLeft(QWidget* box, Objection objection, int icon = 0, const QStrin
 /// focus is checked now.
 bool entriesAccepted(QWidget* form);
 
+/// A command button of a form: a click runs `work` guarded, unless a check refuses one of the form's boxes.
+QPushButton* makeCommand(QWidget* form, const QString& name, const QString& caption, const QString& toolTip,
+                         const QString& picture, std::function<void()> work);
+
 /// Objects with "Valoarea trebuie sa fie numerica" to a text that is not a number.
 void requireNumberWhenLeft(NumberBox* box,
                            const QString& text = QStringLiteral("Valoarea trebuie sa fie numerica"),
