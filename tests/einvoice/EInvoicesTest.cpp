@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <QDir>
+#include <QTemporaryDir>
 #include <random>
 
 #include "Desk.h"
@@ -8,6 +9,7 @@
 #include "hearing/Shop.h"
 #include "util/Clock.h"
 #include "util/XmlText.h"
+#include "util/Zipped.h"
 
 namespace velmar {
 
@@ -109,6 +111,42 @@ TEST(EInvoice, OfHearingDevices) {
   EXPECT_EQ(storno.at("CreditNote/ID"), "VLM102");
   EXPECT_EQ(storno.at("CreditNote/LegalMonetaryTotal/PayableAmount"), "1071.00");
   EXPECT_EQ(storno.at("//InvoiceDocumentReference/ID"), "VLM101");
+}
+
+// Answers in archives: our own file accepts, errors refuse, by the index; all else changes nothing.
+TEST(EInvoice, AnswersInArchives) {
+  const Desk desk;
+  desk.receive("1", "A1", "100");
+  desk.invoice("1", {}, {sold("A1", "1", "10")});
+  desk.invoice("2", {}, {sold("A1", "2", "10")});
+  const QTemporaryDir folder;
+  EXPECT_EQ(writeEInvoices({"FC1", "FC2"}, folder.path()).written, 2);
+  QFile file(folder.filePath(eInvoiceFileName("VLM1", clock::today())));
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QByteArray own = file.readAll();
+  markSent("FC1", "501");
+  markSent("FC2", "502");
+  EXPECT_THROW(markSent("FC2", "501"), RuleError);
+  const auto state = [](const char* id) {
+    return OpenRs("SELECT STARE FROM G_EFACTURA WHERE DOCID = ? AND ACTUAL <> 0", {id}).first().text("STARE");
+  };
+  const QByteArray errors =
+      "<header xmlns='mfp:anaf:dgti:efactura:mesajEroriFactuta:v1'><Error errorMessage='E: BR-CO-09 cod'/></header>";
+  const std::pair<std::vector<std::pair<const char*, QByteArray>>, QString> unchanged[] = {
+      {{{"502.xml", own}}, "another invoice's file"},
+      {{{"777.xml", errors}}, "an unknown index"},
+      {{{"501.xml", "<a xmlns='x'/>"}, {"semnatura_501.xml", "<s/>"}}, "another file"}};
+  for (const auto& [files, what] : unchanged) {
+    EXPECT_EQ(readAnswer(zipped(files), "FC1").document, "") << what.toStdString();
+    EXPECT_EQ(state("FC1") + state("FC2"), "trimisatrimisa") << what.toStdString();
+  }
+  EXPECT_THROW(readAnswer(zipped({{"semnatura_501.xml", "<s/>"}}), "FC1"), RuleError);
+  EXPECT_EQ(readAnswer(zipped({{"semnatura_501.xml", "<s/>"}, {"501.xml", own}}), "FC2").document, "FC1");
+  EXPECT_EQ(readAnswer(zipped({{"502.xml", errors}}), "FC1").document, "FC2");
+  EXPECT_EQ(state("FC1") + state("FC2"), "acceptatarespinsa");
+  EXPECT_THROW(remakeEInvoice("FC1"), RuleError);
+  remakeEInvoice("FC2");
+  EXPECT_EQ(state("FC2"), "fisier scris");
 }
 
 // Invoices of every kind; the lines add up to the base, and base and VAT to what is payable. With the folder
