@@ -131,7 +131,8 @@ TEST(EInvoice, AnswersInArchives) {
     return OpenRs("SELECT STARE FROM G_EFACTURA WHERE DOCID = ? AND ACTUAL <> 0", {id}).first().text("STARE");
   };
   const QByteArray errors =
-      "<header xmlns='mfp:anaf:dgti:efactura:mesajEroriFactuta:v1'><Error errorMessage='E: BR-CO-09 cod'/></header>";
+      "<header xmlns='mfp:anaf:dgti:efactura:mesajEroriFactuta:v1'><Error errorMessage='E: BR-CO-09 "
+      "cod'/></header>";
   const std::pair<std::vector<std::pair<const char*, QByteArray>>, QString> unchanged[] = {
       {{{"502.xml", own}}, "another invoice's file"},
       {{{"777.xml", errors}}, "an unknown index"},

@@ -1,13 +1,14 @@
 // Zip archives in memory for tests.
 #pragma once
 
+#include <zip.h>
 #include <QByteArray>
 #include <vector>
-#include <zip.h>
 
 namespace velmar {
 
-inline QByteArray zipped(const std::vector<std::pair<const char*, QByteArray>>& files, bool isEncrypted = false) {
+inline QByteArray zipped(const std::vector<std::pair<const char*, QByteArray>>& files,
+                         bool isEncrypted = false) {
   zip_error_t error;
   zip_source_t* target = zip_source_buffer_create(nullptr, 0, 0, &error);
   zip_source_keep(target);

@@ -113,12 +113,12 @@ bool frmPanou::isWantedAtStart() { return settings::look(kAtStart).toBool(); }
 QWidget* frmPanou::salesFrame() {
   auto* frame = new QGroupBox("Vanzari cu TVA (lei)");
   auto* rows = new QFormLayout(frame);
-  const auto add = [this, rows](const QString& caption, QLabel* figure, QDate (*from)(), QDate (*to)()) {
+  const auto add = [this, rows](const QString& caption, QLabel* figure, const std::function<void()>& opened) {
     auto* open = makeButton({}, "...", "Documentele");
     open->setAutoDefault(false);
     open->setMaximumWidth(fontMetrics().averageCharWidth() * 6);
-    const auto show = [this, from, to] {
-      guarded(objectName(), "lblAzi_Click", [from, to] { openDocuments(from(), to()); });
+    const auto show = [this, figure, opened] {
+      guarded(objectName(), figure->objectName() + QStringLiteral("_Click"), opened);
     };
     connect(open, &QPushButton::clicked, this, show);
     clicked_[figure] = show;
@@ -135,15 +135,10 @@ QWidget* frmPanou::salesFrame() {
   };
   const auto weekAgo = [] { return clock::today().addDays(-7); };
   const auto monthStart = [] { return QDate(clock::today().year(), clock::today().month(), 1); };
-  add("Astazi", lblAzi_, clock::today, clock::today);
-  add("Luna aceasta", lblLuna_, monthStart, clock::today);
-  add("Acum sapte zile", lblAcumSapte_, weekAgo, weekAgo);
-  rows->addRow("e-Facturi netrimise la termen", lblEFactura_);
-  clicked_[lblEFactura_] = [] {
-    guarded("frmPanou", "lblEFactura_Click", [] { openWindow("frmEFactura"); });
-  };
-  lblEFactura_->setCursor(Qt::PointingHandCursor);
-  lblEFactura_->installEventFilter(this);
+  add("Astazi", lblAzi_, [] { openDocuments(clock::today(), clock::today()); });
+  add("Luna aceasta", lblLuna_, [monthStart] { openDocuments(monthStart(), clock::today()); });
+  add("Acum sapte zile", lblAcumSapte_, [weekAgo] { openDocuments(weekAgo(), weekAgo()); });
+  add("e-Facturi netrimise la termen", lblEFactura_, [] { openWindow("frmEFactura"); });
   return frame;
 }
 
