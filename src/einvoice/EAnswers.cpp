@@ -7,6 +7,7 @@
 #include "einvoice/EInvoices.h"
 #include "store/Database.h"
 #include "util/Errors.h"
+#include "util/FileContent.h"
 #include "util/XmlText.h"
 #include "util/ZipText.h"
 
@@ -17,7 +18,6 @@ namespace {
 const QString kState = QStringLiteral("mfp:anaf:dgti:efactura:stareMesajFactura:v1");
 const QString kErrors = QStringLiteral("mfp:anaf:dgti:efactura:mesajEroriFactuta:v1");
 const QString kUpload = QStringLiteral("mfp:anaf:dgti:spv:respUploadFisier:v1");
-constexpr qint64 kLargestFile = 20 * 1024 * 1024;
 
 RuleError noAnswer() {
   return RuleError(QStringLiteral("Fisierul nu este un raspuns al sistemului e-Factura."));
@@ -73,7 +73,7 @@ class Answer {
 
   // `named`: the index that the name of the file in an archive states.
   EAnswer readMessage(const QByteArray& content, const QString& named) {
-    if (content.size() > kLargestFile)
+    if (content.size() > kLargestXml)
       throw RuleError(QStringLiteral("Fisierul este prea mare (peste 20 MB)."));
     const XmlText xml(content, XmlText::Names::Local);
     const QString kind = xml.rootNamespace();

@@ -27,10 +27,6 @@ QString digitsOf(const QString& code) {
 
 QString withoutBlanks(QString text) { return text.remove(u' '); }
 
-bool isLei(const QString& currency) {
-  return currency.isEmpty() || currency == QStringLiteral("LEI") || currency == QStringLiteral("RON");
-}
-
 // 13 digits, the last of which checks the others.
 QString eanIn(const QString& code) {
   const QString digits = code.trimmed();

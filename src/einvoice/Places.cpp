@@ -87,6 +87,10 @@ QString countryCode(const QString& CT) {
 
 bool isCountry(const QString& code) { return countries().contains(code); }
 
+bool isLei(const QString& currency) {
+  return currency.isEmpty() || currency == QStringLiteral("LEI") || currency == QStringLiteral("RON");
+}
+
 bool isCurrency(const QString& code) {
   static const QSet<QString> codes = [] {
     QSet<QString> all;

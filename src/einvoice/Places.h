@@ -21,6 +21,8 @@ QString countryCode(const QString& CT);
 bool isCountry(const QString& code);
 /// Whether it is the code of a currency in use (ISO 4217).
 bool isCurrency(const QString& code);
+/// Whether it stands for lei: LEI, RON or nothing.
+bool isLei(const QString& currency);
 /// Whether the country is in the European Union, Romania included.
 bool isInUnion(const QString& country);
 /// The prefix of a VAT code of that country.

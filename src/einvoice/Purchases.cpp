@@ -35,10 +35,6 @@ constexpr int kDecimals = 2;
 const DocumentKind& kind() { return documentKind(KindId::SupplierInvoice); }
 const Table& files() { return companyTable("G_EFACTURAPRIM"); }
 
-bool isLei(const QString& currency) {
-  return currency == QStringLiteral("RON") || currency == QStringLiteral("LEI");
-}
-
 // The text without diacritics, at most as long as the column.
 QString fitted(const QString& text, const char* table, const char* column) {
   QString plain;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "util/Errors.h"
+#include "util/FileContent.h"
 #include "util/XmlText.h"
 
 namespace velmar {
@@ -10,7 +11,6 @@ namespace velmar {
 namespace {
 
 const QString kUbl = QStringLiteral("urn:oasis:names:specification:ubl:schema:xsd:%1-2");
-constexpr qint64 kLargestFile = 20 * 1024 * 1024;
 constexpr int kLongestNumber = 40;  // characters
 constexpr qint64 kLargestNumber = 1'000'000'000'000;
 
@@ -212,7 +212,7 @@ class Reader {
 }  // namespace
 
 ReceivedInvoice readInvoice(const QByteArray& file) {
-  if (file.size() > kLargestFile) throw refused(QStringLiteral("Fisierul este prea mare (peste 20 MB)"));
+  if (file.size() > kLargestXml) throw refused(QStringLiteral("Fisierul este prea mare (peste 20 MB)"));
   return Reader(file).read();
 }
 

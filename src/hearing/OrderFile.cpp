@@ -10,6 +10,7 @@
 #include "store/Schema.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
+#include "util/FileContent.h"
 #include "util/PlainText.h"
 #include "util/XmlText.h"
 
@@ -185,15 +186,6 @@ void requireNew(const OrderFile& order) {
     throw RuleError(QStringLiteral("Comanda mai exista"));
 }
 
-QByteArray contentsOf(const QString& path) {
-  QFile file(path);
-  if (!QFileInfo(path).isFile()) throw RuleError(QStringLiteral("Fisierul: %1 nu exista").arg(path));
-  if (!file.open(QIODevice::ReadOnly))
-    throw RuleError(QStringLiteral("Fisierul: %1 nu poate fi citit: %2").arg(path, file.errorString()));
-  // One byte more than allowed tells a file that is too large; it may grow while it is read.
-  return file.read(kLargestFile + 1);
-}
-
 }  // namespace
 
 std::optional<Decimal> parsePrice(QString text) {
@@ -240,7 +232,7 @@ OrderFile readOrderFile(const QByteArray& bytes) {
 }
 
 qint64 importOrder(const QString& path) {
-  const OrderFile order = readOrderFile(contentsOf(path));
+  const OrderFile order = readOrderFile(fileContent(path, kLargestFile));
   if (path.size() > widthOf("G_COMANDA_AUDIO", "Fisier"))
     throw RuleError(QStringLiteral("Calea fisierului este prea lunga."));
   Transaction transaction(database());

@@ -4,13 +4,12 @@
 #include <memory>
 
 #include "util/Errors.h"
+#include "util/FileContent.h"
 
 namespace velmar {
 
 namespace {
 
-constexpr qint64 kMegabyte = 1024 * 1024;
-constexpr qint64 kLargestFile = 20 * kMegabyte;
 constexpr zip_int64_t kMostEntries = 1000;
 
 struct CloseArchive {
@@ -72,7 +71,7 @@ std::vector<ZipEntry> unzipped(const QByteArray& bytes) {
     const QString name = QString::fromUtf8(stat.name).replace(u'\\', u'/');
     if (name.endsWith(u'/')) continue;
     ZipEntry entry{name.section(u'/', -1),
-                   content(archive.get(), index, std::min(kLargestFile, kLargestArchive - total))};
+                   content(archive.get(), index, std::min(kLargestXml, kLargestArchive - total))};
     total += entry.content.size();
     entries.push_back(std::move(entry));
   }

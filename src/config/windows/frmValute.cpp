@@ -26,7 +26,6 @@ namespace {
 
 const ListQuery kCurrencies{"COD, TITLU", "kt_val", "COD"};
 const QString kFromItsDay = QStringLiteral("frmValute/optZiua");
-constexpr qint64 kLargestFile = 20 * 1024 * 1024;
 constexpr qsizetype kMostListed = 20;
 constexpr int kCodeLength = 3;
 constexpr int kNameLength = 30;
@@ -153,7 +152,7 @@ void frmValute::readBankRates() {
   for (int row = 0; row < list()->rows().size(); ++row)
     currencies.append(list()->rows().row(row).text("COD"));
   const std::vector<BankRate> rates =
-      bankRates(fileContent(path, kLargestFile), currencies, optZiua_->isChecked());
+      bankRates(fileContent(path, kLargestXml), currencies, optZiua_->isChecked());
   QStringList lines;
   for (const auto& each : compareRates(rates).different)
     lines.append(QStringLiteral("%1 din %2: %3 se schimba in %4")
