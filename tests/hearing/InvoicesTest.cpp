@@ -213,6 +213,33 @@ TEST_P(HearingTest, HeadersAreCompleteAndNumbersFree) {
       "documente inregistrate");
 }
 
+// Data that something else than the program has changed.
+TEST_P(HearingTest, TheCheckFindsWhatIsBroken) {
+  for (const char* damage :
+       {"UPDATE G_FacturiClientiAudio SET Validat = 0 WHERE Nr = '101'", "DELETE FROM G_BonReparatii",
+        "UPDATE G_FacturaClientiAudio_Detalii SET TVA = TVA + 0.01",
+        "UPDATE G_BonReparatii_Detalii SET Valoare = 1", "UPDATE G_DOCUME SET TIPIE = 'E' WHERE ID = 'BC1'",
+        "UPDATE G_AsocieriComenziFacturiAudio SET Stornat = -1", "DELETE FROM G_COMANDA_AUDIO",
+        "UPDATE kt_linii SET DEBIT = DEBIT + 1 WHERE DOC = '102'",
+        "UPDATE G_LDOCUM SET CANT = 2 WHERE DOCID = 'FC101'", "DELETE FROM G_DOCUME WHERE ID = 'FC102'",
+        "INSERT INTO G_AsocieriBonuriFacturiAudio (ID_Factura, ID_BonReparatie, Stornat) SELECT "
+        "F.ID_Factura, "
+        "R.ID_BonReparatie, 0 FROM G_FacturiClientiAudio F, G_BonReparatii R WHERE F.Nr = '101'"}) {
+    Shop shop(GetParam());
+    shop.buy("1", "AP1", "5", "400");
+    shop.buy("2", "PIESA", "5", "20");
+    const qint64 order = addOrder(shop.order("1", "AP1", "2101.50", "900"));
+    shop.validateDraft(shop.invoice("101", shop.insurer, BilledBy::Insurer, {order}));
+    const qint64 voucher = shop.voucher("1", true, {{"PIESA", "1"}});
+    const qint64 repair = shop.invoice("102", shop.patient, BilledBy::Voucher, {});
+    attachVoucher(repair, voucher);
+    shop.validateDraft(repair);
+    ASSERT_EQ(disagreementText(), "");
+    ExecutaSql(damage);
+    EXPECT_NE(disagreementText(), "") << damage;
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Methods, HearingTest, ::testing::Values("FIFO", "MP"));
 
 }  // namespace
