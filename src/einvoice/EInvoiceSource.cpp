@@ -347,7 +347,7 @@ class Maker {
     const QString code = data_.units.value(name.toUpper());
     if (code.isEmpty() && !unknownUnits_.contains(name)) {
       unknownUnits_.append(name);
-      fault(QStringLiteral("Unitatea de masura %1 nu are cod").arg(name), "frmUM", "grdDataGrid", name,
+      fault(QStringLiteral("Unitatea de masura %1 nu are cod").arg(name), "frmUM", "grdDataGrid", {},
             "BR-CL-23");
     }
     return code;

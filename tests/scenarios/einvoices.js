@@ -57,6 +57,7 @@ w.click("cmdVerifica");
 equal(w.grid("TDBGrid2").column("REGULA"), ["BR-CL-23"], "one fault left");
 w.click("cmdCorecteaza");
 p = win("frmUM");
+check(p.hasFocus("grdDataGrid"), "at the units");
 p.type("txtUM", "vrac");
 p.type("txtCod", "h87");
 p.click("cmdAdauga");
