@@ -1,9 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <csignal>
 #include <QTemporaryDir>
 #include <random>
 
 #include "Desk.h"
+#include "documents/Workstations.h"
 #include "einvoice/Purchases.h"
 #include "util/Clock.h"
 
@@ -159,6 +161,51 @@ TEST(Purchases, SaysWhatIsMissing) {
   const Row made = OpenRs("SELECT VALOAREFT, VALOARETVA FROM G_LFACFU WHERE NUMFAC LIKE 'VLM1/F%'").first();
   EXPECT_EQ(made.decimal("VALOAREFT"), *Decimal::parse(QStringLiteral("496.95")));
   EXPECT_EQ(made.decimal("VALOARETVA"), *Decimal::parse(QStringLiteral("94.43")));
+}
+
+// Of two workstations that take a file over one gets it; a killed one leaves all of its drafts or none.
+TEST(Purchases, WorkstationsAndKills) {
+  const Desk desk;
+  ExecutaSql("UPDATE kt_par SET JURFACFUR = 'JC'");
+  desk.receive("1", "A1", "1000");
+  QTemporaryDir folder;
+  QStringList paths;
+  constexpr int kFiles = 24;
+  for (int i = 1; i <= kFiles; ++i)
+    paths.append(put(folder, QStringLiteral("%1.xml").arg(i),
+                     fileOf(desk.invoice(QString::number(i), {}, {sold("A1", "3", "33.33")}))));
+  Desk::buyer(desk.supplier, "CODFISCAL = 'RO1590082'");
+  Desk::identity("CODFISCAL = '13548146'");
+  ExecutaSql("UPDATE G_ARTMAG SET CODPRODFUR = CODART, CODFURNIZO = ?", {desk.supplier});
+  readPurchases(paths);
+  std::vector<qint64> ids;
+  for (const Row& row : lastPurchases()) ids.push_back(row.integer("ID"));
+  const auto take = [](qint64 id) {
+    PurchaseSource source;
+    try {
+      takeOver(storedPurchase(id, source), source);
+    } catch (const RuleError& error) {
+      if (!error.text().contains("exista deja")) throw;
+    }
+  };
+  allAtOnce(desk.company.path(), 2, [&](int) {
+    for (size_t i = 0; i < 4; ++i) take(ids[i]);
+  });
+  EXPECT_EQ(OpenRs("SELECT NUMFAC FROM G_FACFUR WHERE CODFUR = ? AND VALIDAT = 0", {desk.supplier}).size(),
+            4);
+  std::mt19937 random(5);
+  for (size_t i = 4; i < ids.size(); ++i)
+    killedAfter(desk.company.path(), static_cast<int>(random() % 30000), [&] { take(ids[i]); });
+  const auto taken = [](const char* where) {
+    return OpenRs(
+               QStringLiteral(
+                   "SELECT F.ID FROM G_EFACTURAPRIM F LEFT JOIN G_FACFUR H ON H.NUMFAC = F.NUMAR LEFT JOIN "
+                   "G_LFACFU L ON L.NUMFAC = H.NUMFAC WHERE ") +
+               where)
+        .size();
+  };
+  EXPECT_EQ(taken("F.STARE = 'preluata' AND (H.NUMFAC IS NULL OR L.NUMFAC IS NULL)"), 0);
+  EXPECT_EQ(taken("F.STARE <> 'preluata' AND (H.NUMFAC IS NOT NULL OR L.NUMFAC IS NOT NULL)"), 0);
 }
 
 }  // namespace
