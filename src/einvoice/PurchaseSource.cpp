@@ -1,4 +1,7 @@
+#include "config/Parameters.h"
 #include "config/Session.h"
+#include "documents/HeaderTexts.h"
+#include "documents/kinds/Kinds.h"
 #include "einvoice/Purchases.h"
 #include "store/Database.h"
 #include "store/Records.h"
@@ -17,6 +20,8 @@ QString choiceKey(const ReceivedLine& line) {
 }  // namespace
 
 struct PurchaseSource::Data {
+  QString ownCode, journal;
+  Row header;
   QHash<QString, qint64> suppliers, customers;  // by comparable fiscal code
   QHash<QString, Article> articles;             // by code in capitals
   QHash<qint64, QHash<QString, QString>> choices;
@@ -30,6 +35,13 @@ struct PurchaseSource::Data {
 };
 
 PurchaseSource::PurchaseSource() : data_(std::make_unique<Data>()) {
+  data_->ownCode = comparableCode(storedIdentity().text("CODFISCAL"));
+  data_->journal = storedParameters().text("JURFACFUR").trimmed();
+  const DocumentKind& kind = documentKind(KindId::SupplierInvoice);
+  data_->header = emptyHeader(kind);
+  for (const HeaderField& field : kind.headerFields)
+    if (!field.column.isEmpty())
+      data_->header.set(field.column, storedHeaderValue(field.type, newHeaderText(kind, field)));
   for (const Row& row :
        OpenRs("SELECT COD, CODFISCAL, TIP FROM kt_ter WHERE CODFISCAL IS NOT NULL ORDER BY COD DESC")) {
     const QString code = comparableCode(row.text("CODFISCAL"));
@@ -49,6 +61,10 @@ PurchaseSource::PurchaseSource() : data_(std::make_unique<Data>()) {
 PurchaseSource::~PurchaseSource() = default;
 PurchaseSource::PurchaseSource(PurchaseSource&&) noexcept = default;
 PurchaseSource& PurchaseSource::operator=(PurchaseSource&&) noexcept = default;
+
+const QString& PurchaseSource::ownCode() const { return data_->ownCode; }
+const QString& PurchaseSource::journal() const { return data_->journal; }
+const Row& PurchaseSource::newHeader() const { return data_->header; }
 
 qint64 PurchaseSource::supplierOf(const QString& fiscalCode, qint64* customer) const {
   const QString code = comparableCode(fiscalCode);

@@ -9,10 +9,8 @@
 #include "catalogue/Discounts.h"
 #include "catalogue/Partners.h"
 #include "config/Lookups.h"
-#include "config/Parameters.h"
 #include "config/Session.h"
 #include "documents/Drafts.h"
-#include "documents/HeaderTexts.h"
 #include "documents/kinds/Kinds.h"
 #include "einvoice/Places.h"
 #include "stock/LedgerKey.h"
@@ -72,8 +70,6 @@ QStringList draftsOfNumber(const ReceivedInvoice::Party& supplier, qint64 code, 
                                                                           : QStringList();
 }
 
-QString purchaseJournal() { return storedParameters().text("JURFACFUR").trimmed(); }
-
 QString numberOf(const QString& first, size_t draft) {
   return draft == 0 ? first : QStringLiteral("%1/%2").arg(first).arg(draft + 1);
 }
@@ -82,8 +78,7 @@ Purchase purchaseOf(ReceivedInvoice read, PurchaseSource& source) {
   Purchase purchase;
   purchase.invoice = std::move(read);
   const ReceivedInvoice& invoice = purchase.invoice;
-  const QString own = comparableCode(storedIdentity().text("CODFISCAL"));
-  if (comparableCode(invoice.buyer.fiscalCode) != own)
+  if (comparableCode(invoice.buyer.fiscalCode) != source.ownCode())
     throw RuleError(
         QStringLiteral("Cumparatorul este altul: %1 %2").arg(invoice.buyer.fiscalCode, invoice.buyer.name));
   purchase.supplier = source.supplierOf(invoice.supplier.fiscalCode);
@@ -335,7 +330,7 @@ QStringList missingIn(const Purchase& purchase, PurchaseSource& source) {
   const int width = companyTable("G_FACFUR").column("NUMFAC")->width;
   if (numberOf(purchase.number, invoice.totals.size() - 1).size() > width)
     missing.append(QStringLiteral("un numar de cel mult %1 caractere").arg(width));
-  if (purchaseJournal().isEmpty()) missing.append(QStringLiteral("jurnalul facturilor de la furnizori"));
+  if (source.journal().isEmpty()) missing.append(QStringLiteral("jurnalul facturilor de la furnizori"));
   return missing;
 }
 
@@ -407,16 +402,13 @@ QStringList takeOver(const Purchase& purchase, PurchaseSource& source) {
   if (!existing.isEmpty())
     throw RuleError(
         QStringLiteral("Factura furnizorului exista deja: %1").arg(existing.join(QStringLiteral(", "))));
-  Row header = emptyHeader(kind());
-  for (const HeaderField& field : kind().headerFields)
-    if (!field.column.isEmpty())
-      header.set(field.column, storedHeaderValue(field.type, newHeaderText(kind(), field)));
+  Row header = source.newHeader();
   header.set("CODFUR", purchase.supplier);
   header.set("DATAFAC", invoice.date);
   header.set("DATASCAD", invoice.due);
   header.set("Magazie", session().gMagazie);
   header.set("OBS", purchase.turned);
-  header.set("JURNAL", purchaseJournal());
+  header.set("JURNAL", source.journal());
   header.set("TVAINC", invoice.isVatOnCollection);
   const Drafts store(kind());
   QStringList numbers;

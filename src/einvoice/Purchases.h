@@ -31,6 +31,11 @@ class PurchaseSource {
     Decimal salePrice;
   };
 
+  /// The company's own fiscal code, comparable; and its journal of supplier invoices, "" without one.
+  const QString& ownCode() const;
+  const QString& journal() const;
+  /// The header of a new draft with the kind's defaults.
+  const Row& newHeader() const;
   /// 0: none. The key of a partner that is only a customer in `customer`, if given.
   qint64 supplierOf(const QString& fiscalCode, qint64* customer = nullptr) const;
   /// The articles of the lines: by the supplier's code, or the last choice for code or name; "" for none.
