@@ -255,17 +255,11 @@ class Maker {
     }
     if (isHere || !isInUnion(buyer.country)) {
       buyer.legalId = isHere ? digitsOf(code) : code;
-      if (buyer.legalId.isEmpty())
-        fault(QStringLiteral("Codul fiscal al clientului lipseste"), kPartners, "txtFields(3)", {},
-              "BR-RO-120");
       return;
     }
     const QString prefix = vatPrefix(buyer.country);
     const bool hasCountry = code.startsWith(prefix) || code.startsWith(buyer.country);
     if (!code.isEmpty()) buyer.vatId = prefix + (hasCountry ? code.mid(2) : code);
-    if (code.isEmpty())
-      fault(QStringLiteral("Codul fiscal al clientului lipseste"), kPartners, "txtFields(3)", {},
-            "BR-RO-120");
   }
 
   void readCategory() {
