@@ -392,6 +392,18 @@ QString addArticleFor(const ReceivedLine& line, qint64 supplier, qint64 family,
   return row.text("CODART");
 }
 
+void keepChoices(const Purchase& purchase, PurchaseSource& source) {
+  if (purchase.supplier == 0) return;
+  Transaction transaction(database());
+  for (size_t i = 0; i < purchase.invoice.lines.size(); ++i) {
+    const auto place = static_cast<qsizetype>(i);
+    const QString& chosen = purchase.articles[place];
+    if (!chosen.isEmpty() && chosen != purchase.found[place])
+      source.choose(purchase.supplier, purchase.invoice.lines[i], chosen);
+  }
+  transaction.commit();
+}
+
 QStringList takeOver(const Purchase& purchase, PurchaseSource& source) {
   if (const QStringList missing = missingIn(purchase, source); !missing.isEmpty())
     throw RuleError(QStringLiteral("Factura %1 nu se poate prelua, lipseste: %2")
@@ -434,11 +446,7 @@ QStringList takeOver(const Purchase& purchase, PurchaseSource& source) {
     store.insertLines(lines);
     numbers.append(draft.number);
   }
-  for (size_t i = 0; i < invoice.lines.size(); ++i) {
-    const auto place = static_cast<qsizetype>(i);
-    if (purchase.articles[place] != purchase.found[place])
-      source.choose(purchase.supplier, invoice.lines[i], purchase.articles[place]);
-  }
+  keepChoices(purchase, source);
   database().execute("UPDATE G_EFACTURAPRIM SET STARE = ?, LIPSESTE = NULL, DOCUMENTE = ? WHERE ID = ?",
                      {received::kTaken, numbers.join(u'\n'), purchase.id});
   transaction.commit();

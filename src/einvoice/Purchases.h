@@ -108,6 +108,9 @@ qint64 addSupplierOf(const ReceivedInvoice& invoice, const PurchaseSource& sourc
 /// Adds an article for a line, in the family; its code.
 QString addArticleFor(const ReceivedLine& line, qint64 supplier, qint64 family, const PurchaseSource& source);
 
+/// Stores the articles that the user chose, for this file and later ones; nothing while the supplier is not
+/// known.
+void keepChoices(const Purchase& purchase, PurchaseSource& source);
 /// Makes the drafts and stores the choices, in one transaction; the numbers of the drafts. Throws RuleError
 /// when something is missing or the invoice was taken over meanwhile.
 QStringList takeOver(const Purchase& purchase, PurchaseSource& source);

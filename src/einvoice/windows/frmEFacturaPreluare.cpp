@@ -213,7 +213,11 @@ void frmEFacturaPreluare::takeOverNow() {
 }
 
 void frmEFacturaPreluare::done(int result) {
-  if (result != Accepted) guarded(kForm, "Form_Unload", [this] { judgeAgain(purchase_.id, source_); });
+  if (result != Accepted)
+    guarded(kForm, "Form_Unload", [this] {
+      keepChoices(purchase_, source_);
+      judgeAgain(purchase_.id, source_);
+    });
   QDialog::done(result);
 }
 

@@ -174,7 +174,6 @@ void frmPanou::read() {
     lblAzi_->setText(formatNumber(sales.today, 2));
     lblLuna_->setText(formatNumber(sales.month, 2));
     lblAcumSapte_->setText(formatNumber(sales.weekAgo, 2));
-    lblEFactura_->setText(QString::number(lateEInvoices(clock::today())));
     const Recordset drafts = panelDrafts();
     Recordset shown(std::make_shared<Columns>(QStringList{"FEL", "DENUMIRE", "NUMAR"}));
     for (const Row& row : drafts)
@@ -183,6 +182,7 @@ void frmPanou::read() {
     grdCiorne_->setRecordset(std::move(shown));
     grdMinim_->setRecordset(panelShortages());
     grdComenzi_->setRecordset(panelLateOrders(clock::today()));
+    lblEFactura_->setText(QString::number(lateEInvoices(clock::today())));
   });
 }
 
