@@ -39,6 +39,12 @@ QString entryPath(const QString& databasePath, const QString& login) {
            QString::fromLatin1(QUrl::toPercentEncoding(login)));
 }
 
+// Whether the process ended between creating its entry and writing it, which takes microseconds.
+bool isUnwritten(const QFileInfo& entry) {
+  constexpr qint64 kWritingTime = 1000;  // milliseconds
+  return entry.size() == 0 && entry.lastModified().msecsTo(QDateTime::currentDateTime()) > kWritingTime;
+}
+
 QFileInfoList entriesOf(const QFileInfo& file) {
   return file.dir().entryInfoList({file.fileName() + kMark + QLatin1Char('*')}, QDir::Files);
 }
@@ -69,6 +75,7 @@ QList<Connection> connections(const QString& databasePath) {
     QLockFile probe(entry.filePath());
     probe.setStaleLockTime(0);
     if (probe.tryLock(0)) continue;  // its process is dead; the probe removes the file
+    if (isUnwritten(entry) && QFile::remove(entry.filePath())) continue;
     qint64 process = 0;
     QString host;
     QString program;

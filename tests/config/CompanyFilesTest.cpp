@@ -160,6 +160,12 @@ TEST_F(CompanyInFileTest, EntriesOfOtherComputersAreForgottenWhenAnAdministrator
     offerToForget(path);
     EXPECT_TRUE(connections(path).isEmpty());
   }
+  QFile unwritten(path + "-conexiune-78-DAN");  // its process was killed before it wrote the entry
+  ASSERT_TRUE(unwritten.open(QIODevice::WriteOnly));
+  EXPECT_EQ(connections(path).size(), 1);
+  ASSERT_TRUE(
+      unwritten.setFileTime(QDateTime::currentDateTime().addSecs(-5), QFileDevice::FileModificationTime));
+  EXPECT_TRUE(connections(path).isEmpty());
   const RosterEntry own(path, "ANA");  // alive, on this computer
   forgetUncertain(path);
   EXPECT_EQ(connections(path).size(), 1);
