@@ -49,7 +49,7 @@ struct EInvoice {
   bool isVatOnCollection = false;
   EParty seller, buyer;
   QString deliveryStreet, deliveryTown, deliveryCounty, deliveryCountry;  ///< of "K"
-  QString paymentCode;                                                    ///< empty: not told
+  QString paymentCode;                                                    ///< empty: not stated
   QString iban;
   ECategory category;
   std::vector<ELine> lines;

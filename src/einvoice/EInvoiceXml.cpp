@@ -1,14 +1,14 @@
 #include <QXmlStreamWriter>
 
 #include "einvoice/EInvoice.h"
+#include "einvoice/Ubl.h"
 
 namespace velmar {
 
 namespace {
 
-const QString kCac =
-    QStringLiteral("urn:oasis:names:specification:ubl:schema:xsd:CommonAggregateComponents-2");
-const QString kCbc = QStringLiteral("urn:oasis:names:specification:ubl:schema:xsd:CommonBasicComponents-2");
+const QString kCac = ublNamespace(QStringLiteral("CommonAggregateComponents"));
+const QString kCbc = ublNamespace(QStringLiteral("CommonBasicComponents"));
 const QString kProfile =
     QStringLiteral("urn:cen.eu:en16931:2017#compliant#urn:efactura.mfinante.ro:CIUS-RO:1.0.1");
 
@@ -48,7 +48,7 @@ class Writer {
     xml_.writeStartDocument();
     const QString root = isNote() ? QStringLiteral("CreditNote") : QStringLiteral("Invoice");
     xml_.writeStartElement(root);
-    xml_.writeDefaultNamespace(QStringLiteral("urn:oasis:names:specification:ubl:schema:xsd:%1-2").arg(root));
+    xml_.writeDefaultNamespace(ublNamespace(root));
     xml_.writeNamespace(kCac, QStringLiteral("cac"));
     xml_.writeNamespace(kCbc, QStringLiteral("cbc"));
     head();

@@ -1,5 +1,6 @@
 #include "einvoice/EInvoices.h"
 
+#include <exception>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -100,9 +101,10 @@ void writeFile(const QString& path, const QByteArray& content) {
   throw error;
 }
 
-// The files of one batch, with one read and one transaction.
-void writeBatch(EInvoiceSource& source, const QStringList& documents, const QString& folder,
-                QSet<QString>& names, WrittenInvoices& result) {
+// The files of one batch, with one read and in the caller's transaction. Stops at a file that cannot be
+// written and returns that error, so that the records of the files before it can be stored.
+std::exception_ptr writeBatch(EInvoiceSource& source, const QStringList& documents, const QString& folder,
+                              QSet<QString>& names, WrittenInvoices& result) {
   QHash<QString, Row> stored;
   for (const Row& row :
        rowsOfKeys("SELECT E.DOCID, E.NUMAR, E.CONTINUT, D.DATADOC FROM G_EFACTURA E INNER JOIN G_DOCUME D "
@@ -131,14 +133,18 @@ void writeBatch(EInvoiceSource& source, const QStringList& documents, const QStr
       date = made.invoice.date;
       content = eInvoiceXml(made.invoice);
     }
-    // A file without its record is only written again; a record without its file would look sent.
     QString name = eInvoiceFileName(number, date);
     if (names.contains(name)) name = document.left(2) + u'_' + name;  // an invoice and a storno of one number
     names.insert(name);
-    writeFile(QDir(folder).filePath(name), content);
+    try {
+      writeFile(QDir(folder).filePath(name), content);
+    } catch (const StoreError&) {
+      return std::current_exception();
+    }
     if (!stored.contains(document)) store(newVersion(document, number, content));
     ++result.written;
   }
+  return nullptr;
 }
 
 }  // namespace
@@ -192,15 +198,17 @@ WrittenInvoices writeEInvoices(const QStringList& documents, const QString& fold
   for (qsizetype done = 0; done < documents.size(); done += kBatch) {
     report(progress, static_cast<int>(done), static_cast<int>(documents.size()));
     Transaction transaction(database());
-    writeBatch(source, documents.mid(done, kBatch), folder, names, result);
+    const auto failure = writeBatch(source, documents.mid(done, kBatch), folder, names, result);
     transaction.commit();
+    if (failure) std::rethrow_exception(failure);
   }
   return result;
 }
 
 void remakeEInvoice(const QString& document) {
   Transaction transaction(database());
-  const QString state = storedFile(document).isEmpty() ? QString() : storedFile(document).text("STARE");
+  const Row stored = storedFile(document);
+  const QString state = stored.isEmpty() ? QString() : stored.text("STARE");
   if (state == einvoice::kSent || state == einvoice::kAccepted)
     throw RuleError(QStringLiteral("Factura este %1. Fisierul nu se mai reface.").arg(state));
   EInvoiceSource source;

@@ -1,6 +1,6 @@
 // The electronic invoices of the open company: their list, their files, and the way to the state's system.
 //
-// A file that was written is stored and stays: making it anew adds a version, of which the last is the
+// A file that was written remains stored: making it again adds a version, of which the last is the
 // invoice's own.
 #pragma once
 
@@ -36,7 +36,7 @@ WrittenInvoices writeEInvoices(const QStringList& documents, const QString& fold
 /// "FC12_20260115.xml" for the number with its series and the day.
 QString eInvoiceFileName(const QString& number, const QDate& date);
 
-/// Makes the file anew and stores it as a version to be sent. Throws RuleError for an invoice that was sent
+/// Makes the file again and stores it as a version to be sent. Throws RuleError for an invoice that was sent
 /// or accepted, and for one with faults.
 void remakeEInvoice(const QString& document);
 

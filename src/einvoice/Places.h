@@ -13,7 +13,7 @@ QString countyCode(const QString& county);
 inline const QString kBucharest = QStringLiteral("RO-B");
 
 /// "SECTOR3": the part of Bucharest, from "sector 3" in one of the texts, or else from the second digit of
-/// the post code; "" if neither tells it.
+/// the post code; "" if neither contains it.
 QString bucharestSector(const QStringList& texts, const QString& postCode);
 
 /// The country code: empty is RO, EL is GR.
@@ -21,7 +21,7 @@ QString countryCode(const QString& CT);
 bool isCountry(const QString& code);
 /// Whether it is the code of a currency in use (ISO 4217).
 bool isCurrency(const QString& code);
-/// Whether it stands for lei: LEI, RON or nothing.
+/// Whether the currency is lei: LEI, RON or empty.
 bool isLei(const QString& currency);
 /// Whether the country is in the European Union, Romania included.
 bool isInUnion(const QString& country);

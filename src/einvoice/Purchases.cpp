@@ -50,7 +50,7 @@ std::optional<Decimal> rateOf(const ReceivedInvoice& invoice) {
 
 // The draft with that number; an empty row without one.
 Row draftWith(const QString& number) {
-  const Recordset found = OpenRs("SELECT NUMFAC, CODFUR FROM G_FACFUR WHERE NUMFAC = ?", {number});
+  const Recordset found = OpenRs("SELECT NUMFAC, CODFUR, BATVA1 FROM G_FACFUR WHERE NUMFAC = ?", {number});
   return found.isEmpty() ? Row() : found.first();
 }
 
@@ -92,6 +92,18 @@ Purchase purchaseOf(ReceivedInvoice read, PurchaseSource& source) {
   }
   purchase.articles = purchase.found = source.articlesOf(purchase.supplier, invoice);
   return purchase;
+}
+
+// The key of the invoice whose goods a draft gives back: of an invoice that was taken over as several drafts,
+// the draft with the same rate; else what the user entered.
+QString turnedBy(const Purchase& purchase, const PurchaseDraft& draft) {
+  const QStringList turned =
+      draftsOfNumber(purchase.invoice.supplier, purchase.supplier, purchase.invoice.precedingNumber);
+  const auto keyOf = [](const QString& number) { return LedgerKey{KindId::SupplierInvoice, number}.text(); };
+  if (turned.size() < 2 || purchase.turned != keyOf(turned.first())) return purchase.turned;
+  for (const QString& number : turned)
+    if (draftWith(number).integer("BATVA1") == draft.rate) return keyOf(number);
+  return purchase.turned;
 }
 
 // Whether the lines of an article can be one line of the draft.
@@ -419,7 +431,6 @@ QStringList takeOver(const Purchase& purchase, PurchaseSource& source) {
   header.set("DATAFAC", invoice.date);
   header.set("DATASCAD", invoice.due);
   header.set("Magazie", session().gMagazie);
-  header.set("OBS", purchase.turned);
   header.set("JURNAL", source.journal());
   header.set("TVAINC", invoice.isVatOnCollection);
   const Drafts store(kind());
@@ -427,6 +438,7 @@ QStringList takeOver(const Purchase& purchase, PurchaseSource& source) {
   for (const PurchaseDraft& draft : draftsOf(purchase, source)) {
     header.set("NUMFAC", draft.number);
     header.set("BATVA1", draft.rate);
+    header.set("OBS", purchase.turned.isEmpty() ? QString() : turnedBy(purchase, draft));
     store.insertHeader(header);
     std::vector<Row> lines;
     for (const PurchaseDraft::Line& line : draft.lines) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "einvoice/Ubl.h"
 #include "util/Errors.h"
 #include "util/FileContent.h"
 #include "util/XmlText.h"
@@ -10,7 +11,6 @@ namespace velmar {
 
 namespace {
 
-const QString kUbl = QStringLiteral("urn:oasis:names:specification:ubl:schema:xsd:%1-2");
 constexpr int kLongestNumber = 40;  // characters
 constexpr qint64 kLargestNumber = 1'000'000'000'000;
 
@@ -22,7 +22,7 @@ class Reader {
     const QString root = xml_.root();
     invoice_.isCreditNote = root == QStringLiteral("CreditNote");
     if ((root != QStringLiteral("Invoice") && !invoice_.isCreditNote) ||
-        xml_.rootNamespace() != kUbl.arg(root))
+        xml_.rootNamespace() != ublNamespace(root))
       throw refused(QStringLiteral("Fisierul nu este o factura UBL 2.1 (elementul %1)").arg(root.left(40)));
   }
 

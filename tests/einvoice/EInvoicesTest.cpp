@@ -120,7 +120,14 @@ TEST(EInvoice, AnswersInArchives) {
   desk.invoice("1", {}, {sold("A1", "1", "10")});
   desk.invoice("2", {}, {sold("A1", "2", "10")});
   const QTemporaryDir folder;
+  // The second file cannot be written: the first has its record, and the next attempt writes both.
+  const QString blocked = eInvoiceFileName("VLM2", clock::today());
+  ASSERT_TRUE(QDir(folder.path()).mkdir(blocked));
+  EXPECT_THROW(writeEInvoices({"FC1", "FC2"}, folder.path()), StoreError);
+  EXPECT_EQ(OpenRs("SELECT DOCID FROM G_EFACTURA").size(), 1);
+  ASSERT_TRUE(QDir(folder.path()).rmdir(blocked));
   EXPECT_EQ(writeEInvoices({"FC1", "FC2"}, folder.path()).written, 2);
+  EXPECT_EQ(OpenRs("SELECT DOCID FROM G_EFACTURA").size(), 2);
   QFile file(folder.filePath(eInvoiceFileName("VLM1", clock::today())));
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
   const QByteArray own = file.readAll();

@@ -8,6 +8,7 @@ sql("UPDATE kt_par SET JURFACFUR = 'JC'");
 sql("INSERT INTO G_ARTMAG (CODART, DENART, UM, FAMART, PRETVFT, PROVENIENTA, FARASTOC, ID) VALUES ('A1', 'Articol ales', 'Kg', 1, 20, 'M', 0, 1)");
 
 const folder = paths().out + "/primite";
+const namespace = (schema) => `urn:oasis:names:specification:ubl:schema:xsd:${schema}-2`;  // part of the format
 const amount = (name, value) => `<cbc:${name} currencyID="RON">${value}</cbc:${name}>`;
 const rate = (name, percent, id) => `<cac:${name}><cbc:ID>${id || "S"}</cbc:ID><cbc:Percent>${percent}</cbc:Percent><cac:TaxScheme><cbc:ID>VAT</cbc:ID></cac:TaxScheme></cac:${name}>`;
 const party = (kind, code, name) => `<cac:${kind}><cac:Party><cac:PostalAddress><cbc:StreetName>Calea Motilor 1</cbc:StreetName><cbc:CityName>Cluj</cbc:CityName><cbc:CountrySubentity>RO-CJ</cbc:CountrySubentity><cac:Country><cbc:IdentificationCode>RO</cbc:IdentificationCode></cac:Country></cac:PostalAddress><cac:PartyTaxScheme><cbc:CompanyID>${code}</cbc:CompanyID><cac:TaxScheme><cbc:ID>VAT</cbc:ID></cac:TaxScheme></cac:PartyTaxScheme><cac:PartyLegalEntity><cbc:RegistrationName>${name}</cbc:RegistrationName></cac:PartyLegalEntity></cac:Party></cac:${kind}>`;
@@ -19,7 +20,7 @@ function ubl(options) {
   const base = sum(options.rates.map((each) => each[1])), vat = sum(options.rates.map((each) => each[2]));
   const allowance = options.allowance ? `<cac:AllowanceCharge><cbc:ChargeIndicator>false</cbc:ChargeIndicator>${amount("Amount", options.allowance)}${rate("TaxCategory", 21)}</cac:AllowanceCharge>` : "";
   const root = note ? "CreditNote" : "Invoice";
-  return `<?xml version="1.0" encoding="UTF-8"?><${root} xmlns="urn:oasis:names:specification:ubl:schema:xsd:${root}-2" xmlns:cac="urn:oasis:names:specification:ubl:schema:xsd:CommonAggregateComponents-2" xmlns:cbc="urn:oasis:names:specification:ubl:schema:xsd:CommonBasicComponents-2"><cbc:ID>${options.number}</cbc:ID><cbc:IssueDate>2026-03-10</cbc:IssueDate><cbc:DueDate>2026-04-10</cbc:DueDate><cbc:DocumentCurrencyCode>RON</cbc:DocumentCurrencyCode>${options.preceding ? `<cac:BillingReference><cac:InvoiceDocumentReference><cbc:ID>${options.preceding}</cbc:ID></cac:InvoiceDocumentReference></cac:BillingReference>` : ""}${party("AccountingSupplierParty", options.supplier || "RO13548146", "FURNIZOR NOU \u021A SRL")}${party("AccountingCustomerParty", options.buyer || "RO1590082", "SOCIETATE SRL")}${allowance}<cac:TaxTotal>${amount("TaxAmount", vat)}${options.rates.map(([percent, b, v]) => `<cac:TaxSubtotal>${amount("TaxableAmount", b)}${amount("TaxAmount", v)}${rate("TaxCategory", percent)}</cac:TaxSubtotal>`).join("")}</cac:TaxTotal><cac:LegalMonetaryTotal>${amount("LineExtensionAmount", sum(options.lines.map((line) => line[4])))}${amount("TaxExclusiveAmount", base)}${amount("TaxInclusiveAmount", options.total || (Number(base) + Number(vat)).toFixed(2))}${amount("PayableAmount", base)}</cac:LegalMonetaryTotal>${lines}</${root}>`;
+  return `<?xml version="1.0" encoding="UTF-8"?><${root} xmlns="${namespace(root)}" xmlns:cac="${namespace("CommonAggregateComponents")}" xmlns:cbc="${namespace("CommonBasicComponents")}"><cbc:ID>${options.number}</cbc:ID><cbc:IssueDate>2026-03-10</cbc:IssueDate><cbc:DueDate>2026-04-10</cbc:DueDate><cbc:DocumentCurrencyCode>RON</cbc:DocumentCurrencyCode>${options.preceding ? `<cac:BillingReference><cac:InvoiceDocumentReference><cbc:ID>${options.preceding}</cbc:ID></cac:InvoiceDocumentReference></cac:BillingReference>` : ""}${party("AccountingSupplierParty", options.supplier || "RO13548146", "FURNIZOR NOU \u021A SRL")}${party("AccountingCustomerParty", options.buyer || "RO1590082", "SOCIETATE SRL")}${allowance}<cac:TaxTotal>${amount("TaxAmount", vat)}${options.rates.map(([percent, b, v]) => `<cac:TaxSubtotal>${amount("TaxableAmount", b)}${amount("TaxAmount", v)}${rate("TaxCategory", percent)}</cac:TaxSubtotal>`).join("")}</cac:TaxTotal><cac:LegalMonetaryTotal>${amount("LineExtensionAmount", sum(options.lines.map((line) => line[4])))}${amount("TaxExclusiveAmount", base)}${amount("TaxInclusiveAmount", options.total || (Number(base) + Number(vat)).toFixed(2))}${amount("PayableAmount", base)}</cac:LegalMonetaryTotal>${lines}</${root}>`;
 }
 const unescaped = (text) => text.replace(/\u021A/, "\xC8\x9A");  // files are texts of single bytes
 const put = (name, options) => writeFile(folder + "/" + name, unescaped(ubl(options)));
@@ -80,13 +81,18 @@ equal(sql("SELECT NUMFAC, VALOAREFT, VALOARETVA FROM G_LFACFU WHERE NUMFAC = 'F 
 // Again refused; a return finds the draft and the articles by themselves.
 put("f.xml", {number: "F 100", lines: [["X1", "Surub", "H87", 1, 10, 21]], rates: [[21, 10, 2.1]]});
 put("g.xml", {number: "R 1", note: true, preceding: "F 100", lines: [["X2", "Piulita", "KGM", 1, 10, 21]], rates: [[21, 10, 2.1]]});
+put("h.xml", {number: "R 2", note: true, preceding: "F 100", lines: [["X1", "Surub", "H87", 1, 20, 21], ["", "Paine", "H87", 1, 33.33, 11]], rates: [[21, 20, 4.2], [11, 33.33, 3.67]]});
 file(`"${folder}/a.xml" "${folder}/f.xml" "${folder}/g.xml"`);
 w.click("cmdFisiere");
 equal(list().column("STARE"), ["preluata", "refuzata", "de preluat"], "again");
 list().selectMany([0, 1, 2]);
 w.click("cmdPreia");
 equal([list().column("STARE"), sql("SELECT H.OBS AS O, L.CANT AS Q, L.VALOAREFT AS V, L.CODART AS A FROM G_FACFUR H INNER JOIN G_LFACFU L ON L.NUMFAC = H.NUMFAC WHERE H.NUMFAC = 'R 1'")], [["preluata", "refuzata", "preluata"], [{A: "A1", O: "FFF 100", Q: -1, V: -10}]], "the return");
-list().select(2);
+file(folder + "/h.xml");
+w.click("cmdFisiere");
+w.click("cmdPreia");
+equal(sql("SELECT NUMFAC, OBS FROM G_FACFUR WHERE NUMFAC LIKE 'R 2%' ORDER BY NUMFAC"), [{NUMFAC: "R 2", OBS: "FFF 100"}, {NUMFAC: "R 2/2", OBS: "FFF 100/2"}], "each draft of a return names the draft of its rate");
+list().select(0);
 w.click("cmdAfisare");
 const all = win("frmEFacturaAfisare");
 check(all.grid("TDBGrid1").column("CAMP").includes("CreditNoteLine/CreditedQuantity@unitCode"), "all fields");

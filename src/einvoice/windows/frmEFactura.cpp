@@ -276,8 +276,13 @@ void frmEFactura::readAnswers() {
   const QStringList paths = QFileDialog::getOpenFileNames(this, "Raspunsul sistemului e-Factura", {},
                                                           "Raspunsuri (*.zip *.xml *.ZIP *.XML);;Toate (*)");
   QStringList texts;
-  for (const QString& path : paths)
-    texts.append(readAnswer(fileContent(path, kLargestArchive), current()).text);
+  for (const QString& path : paths) {
+    try {
+      texts.append(readAnswer(fileContent(path, kLargestArchive), current()).text);
+    } catch (const RuleError& rule) {  // of this file; the others are read
+      Mesaj(rule.text(), rule.icon(), rule.title());
+    }
+  }
   if (texts.isEmpty()) return;
   read();
   lblStare_->setText(texts.join(QStringLiteral(" ")));

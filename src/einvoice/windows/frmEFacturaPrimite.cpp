@@ -9,6 +9,7 @@
 #include "einvoice/Purchases.h"
 #include "einvoice/windows/frmEFacturaAfisare.h"
 #include "einvoice/windows/frmEFacturaPreluare.h"
+#include "store/DataChanges.h"
 #include "store/windows/TDBGrid.h"
 #include "store/windows/TDBGridListare.h"
 #include "util/Errors.h"
@@ -72,6 +73,13 @@ frmEFacturaPrimite::frmEFacturaPrimite(QWidget* parent)
     shortcut->setContext(Qt::WidgetShortcut);
     connect(shortcut, &QShortcut::activated, cmdDeschide, &QPushButton::click);
   }
+  // Also after a cancelled command, which keeps what is done.
+  connect(
+      &dataChanges(), &DataChanges::written, this,
+      [this] {
+        if (isVisible()) guarded(kForm, "Form_Load", [this] { show(); });
+      },
+      Qt::QueuedConnection);
   TDBGrid1_->setFocus();
 }
 
@@ -128,8 +136,8 @@ void frmEFacturaPrimite::open() {
 }
 
 void frmEFacturaPrimite::takeOverSelected() {
-  QList<int> places = TDBGrid1_->selectedPlaces();
-  current();
+  const QList<int> places = TDBGrid1_->selectedPlaces();
+  current();  // throws without one
   std::vector<std::pair<qint64, QString>> files;
   for (const int place : places)
     files.emplace_back(TDBGrid1_->rows().row(place).integer("ID"),

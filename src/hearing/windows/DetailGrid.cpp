@@ -4,6 +4,7 @@
 #include <QLineEdit>
 
 #include "documents/windows/ArticlePicker.h"
+#include "hearing/Invoices.h"
 #include "util/NumberText.h"
 
 namespace velmar {
@@ -138,6 +139,15 @@ void DetailGrid::keyPressEvent(QKeyEvent* event) {
   } else {
     EntryGrid::keyPressEvent(event);
   }
+}
+
+Row DetailGrid::withCell(const Row& line, const QString& field, const QString& text) {
+  if (field == kCode) return lineWithArticle(line, text);
+  const auto number = parseNumber(text);
+  if (!number) throw SetBack(QStringLiteral("Va rog introduceti o valoare numerica"));
+  Row changed = line;
+  changed.set(field, Round(*number, field == QStringLiteral("Cant") ? 3 : 4));
+  return changed;
 }
 
 }  // namespace velmar

@@ -23,6 +23,9 @@ class DetailGrid : public EntryGrid {
   /// by name comes as its code in the field ID_Articol.
   using Take = std::function<void(size_t line, const QString& field, const QString& text)>;
   void setTake(Take take) { take_ = std::move(take); }
+  /// The line with what was typed into a cell: an article, or a number rounded to 3 decimals of a quantity, 4
+  /// of a price. Throws SetBack for a text that is not a number.
+  static Row withCell(const Row& line, const QString& field, const QString& text);
   void setRemove(std::function<void(const Row& line)> remove) { remove_ = std::move(remove); }
 
  protected:

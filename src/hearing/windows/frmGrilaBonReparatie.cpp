@@ -26,7 +26,6 @@ namespace velmar {
 namespace {
 
 constexpr int kShownName = 34;  // characters
-const QString kNotANumber = QStringLiteral("Va rog introduceti o valoare numerica");
 const QString kValidated = QStringLiteral("Bonul de reparatie este validat, nu se mai poate modifica");
 
 const QList<GridColumn> kColumns = {{"ID_BonReparatie", "ID_BonReparatie", CellFormat::Integer, 12},
@@ -316,14 +315,7 @@ void frmGrilaBonReparatie::takeCell(size_t place, const QString& field, const QS
   const bool isNewLine = place >= grdDetalii_->lines().size();
   if (isNewLine && text.isEmpty()) return;
   const Row shown = isNewLine ? Row() : grdDetalii_->lines()[place];
-  Row line = isNewLine ? emptyVoucherLine() : shown;
-  if (field == QStringLiteral("ID_Articol")) {
-    line = lineWithArticle(line, text);
-  } else {
-    const auto number = parseNumber(text);
-    if (!number) throw SetBack(kNotANumber);
-    line.set(field, field == QStringLiteral("Cant") ? Round(*number, 3) : Round(*number, 4));
-  }
+  Row line = DetailGrid::withCell(isNewLine ? emptyVoucherLine() : shown, field, text);
   computeVoucherLine(line);
   if (isNewLine)
     addVoucherLine(binding_.ID(), line);

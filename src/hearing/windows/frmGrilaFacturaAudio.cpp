@@ -27,7 +27,6 @@ namespace velmar {
 namespace {
 
 constexpr int kShownName = 30;  // characters
-const QString kNotANumber = QStringLiteral("Va rog introduceti o valoare numerica");
 
 const QList<GridColumn> kInvoiceColumns = {{"ID_Factura", "ID_Factura", CellFormat::Integer, 8},
                                            {"Data", "Data", CellFormat::Date, 11},
@@ -349,14 +348,7 @@ void frmGrilaFacturaAudio::takeCell(size_t place, const QString& field, const QS
   const bool isNewLine = place >= grdDetalii_->lines().size();
   if (isNewLine && text.isEmpty()) return;
   const Row shown = isNewLine ? Row() : grdDetalii_->lines()[place];
-  Row line = isNewLine ? emptyInvoiceLine() : shown;
-  if (field == QStringLiteral("ID_Articol")) {
-    line = lineWithArticle(line, text);
-  } else {
-    const auto number = parseNumber(text);
-    if (!number) throw SetBack(kNotANumber);
-    line.set(field, field == QStringLiteral("Cant") ? Round(*number, 3) : Round(*number, 4));
-  }
+  Row line = DetailGrid::withCell(isNewLine ? emptyInvoiceLine() : shown, field, text);
   computeLine(line, shownRate());
   const qint64 invoice = required();
   if (isNewLine)
