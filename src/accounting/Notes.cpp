@@ -14,6 +14,13 @@ const QString kOurs = QStringLiteral("G");
 const QString kAccountMissing =
     QStringLiteral("Nu au fost stabilite toate conturile necesare la configurarea societatii !");
 
+// What notes read from the accounts carry beside the columns of every note.
+const QStringList& copiedColumns() {
+  static const QStringList columns{"CANTIT",       "CODCC",      "CODIE", "CODOPER",
+                                   "CODSUCURSALA", "ID_FORMULA", "LITM"};
+  return columns;
+}
+
 // The columns of every note, then those that some of the notes use.
 QStringList columnsOf(const std::vector<Note>& notes) {
   QStringList columns{"NDI",        "NRLINIE", "JURNAL",        "DATAINR", "CONT",   "EXPL",
@@ -22,7 +29,10 @@ QStringList columnsOf(const std::vector<Note>& notes) {
                       "TVA_LINREF", "COTATVA", "CODBUG",        "DATASCAD"};
   if (notes.front().inCurrencyForm) columns.append({"CURS", "DEVDEBIT", "DEVCREDIT"});
   if (!notes.front().vatOnCollection.data().isNull()) columns.append("TVAINC");
-  if (!notes.front().branch.isEmpty()) columns.append("CodSucursala");
+  if (!notes.front().rows.front().copied.empty())
+    columns.append(copiedColumns());
+  else if (!notes.front().branch.isEmpty())
+    columns.append("CodSucursala");
   return columns;
 }
 
@@ -52,7 +62,10 @@ Values valuesOf(const Note& note, const NoteRow& row, qint64 ndi, int line, cons
   if (note.inCurrencyForm)
     for (const Decimal& amount : {note.rate, row.foreignDebit, row.foreignCredit}) values.push_back(amount);
   if (!note.vatOnCollection.data().isNull()) values.push_back(note.vatOnCollection);
-  if (!note.branch.isEmpty()) values.emplace_back(note.branch);
+  if (!row.copied.empty())
+    values.insert(values.end(), row.copied.begin(), row.copied.end());
+  else if (!note.branch.isEmpty())
+    values.emplace_back(note.branch);
   return values;
 }
 
@@ -154,10 +167,14 @@ std::vector<Note> readNotes(const std::vector<qint64>& ndis) {
       note.vatOnCollection = Value::raw(row.value("TVAINC"));
       notes.push_back(std::move(note));
     }
-    notes.back().rows.push_back(
-        {row.text("CONT"), row.decimal("DEBIT"), row.decimal("CREDIT"), row.decimal("DEVDEBIT"),
-         row.decimal("DEVCREDIT"), Value::raw(row.value("TERT")), Value::raw(row.value("TVA_LINREF")),
-         Value::raw(row.value("COTATVA")), Value::raw(row.value("CODBUG")), row.text("JURNAL")});
+    Values copied;
+    for (const QString& column : copiedColumns())
+      copied.push_back(column == QLatin1String("CANTIT") ? Value(row.decimal(column))
+                                                         : Value(row.text(column)));
+    notes.back().rows.push_back({row.text("CONT"), row.decimal("DEBIT"), row.decimal("CREDIT"),
+                                 row.decimal("DEVDEBIT"), row.decimal("DEVCREDIT"), row.integer("TERT"),
+                                 row.integer("TVA_LINREF"), row.decimal("COTATVA"), row.text("CODBUG"),
+                                 row.text("JURNAL"), std::move(copied)});
   }
   return notes;
 }

@@ -22,6 +22,9 @@ struct NoteRow {
   Value vatPercent;      ///< COTATVA
   Value costCentre;      ///< CODBUG
   QString journal = {};  ///< empty: that of the note
+  /// Of a note read from the accounts: CANTIT, CODCC, CODIE, CODOPER, CODSUCURSALA, ID_FORMULA and LITM,
+  /// which others may have filled; empty in a note that validation makes.
+  Values copied = {};
 };
 
 struct Note {
@@ -56,7 +59,7 @@ qint64 writeNotes(const std::vector<Note>& notes);
 /// (TIPDOC) of its number.
 std::vector<qint64> notesOf(const QString& kind, const QString& number, const QDate& from);
 
-/// The notes with these NDIs, as they were written.
+/// The notes with these NDIs, as they were written; a null cell of a row is an empty text or 0.
 std::vector<Note> readNotes(const std::vector<qint64>& ndis);
 
 /// Deletes the rows that validation wrote in these notes for the document with that number; returns how many.

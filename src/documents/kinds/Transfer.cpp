@@ -141,6 +141,7 @@ DocumentKind transfer() {
   kind.numberColumn = "NUMAE";
   kind.dateColumn = "DATAAE";
   kind.remarkColumn = "OBSERV";
+  kind.draftColumns = {"DESTMAGAZIE"};
   kind.tipie = "E";
   kind.texts.numberTaken = numberTakenText("Bonul de transfer");
   kind.oldestFirst = true;

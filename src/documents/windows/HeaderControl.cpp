@@ -292,7 +292,7 @@ class CodeControl : public HeaderControl {
   SearchCombo* list_;
 };
 
-// A choice from a list that shows no code.
+// A choice from a list that shows no code; a label beside it may show the code.
 class ChoiceControl : public HeaderControl {
  public:
   using Fill = std::function<void(QComboBox&)>;
@@ -319,11 +319,15 @@ class ChoiceControl : public HeaderControl {
   }
 
   QList<QWidget*> boxes() const override { return {list_}; }
+  QWidget* besides() const override { return code_; }
+
+  void showCodeIn(QLabel* label) { code_ = label; }
 
  protected:
   void put(const QString& text) override {
     text_ = text;
     list_->showData(text);
+    showCode();
   }
 
  private:
@@ -334,11 +338,17 @@ class ChoiceControl : public HeaderControl {
     if (choice.isEmpty() && !list_->currentText().trimmed().isEmpty()) return;
     if (choice == text_) return;
     text_ = choice;
+    showCode();
     emit touched();
     choose();
   }
 
+  void showCode() {
+    if (code_) code_->setText(text_);
+  }
+
   Fill fill_;
+  QLabel* code_ = nullptr;
   SearchCombo* list_;
   QString text_;
 };
@@ -444,9 +454,14 @@ std::unique_ptr<HeaderControl> makeHeaderControl(const DocumentKind& kind, const
     case HeaderFieldType::CostCentre:
       return std::make_unique<ChoiceControl>(
           field, [](QComboBox& combo) { LegaCombo(combo, kCostCentreList); }, kShownChoice, form);
-    case HeaderFieldType::Warehouse:
-      return std::make_unique<ChoiceControl>(
+    case HeaderFieldType::Warehouse: {
+      auto warehouse = std::make_unique<ChoiceControl>(
           field, [](QComboBox& combo) { LegaCombo(combo, kWarehouseList); }, kShownChoice, form);
+      auto* code = named(new QLabel(form), QStringLiteral("Label2"));
+      code->setMinimumWidth(form->fontMetrics().averageCharWidth() * kShownCode / 2);
+      warehouse->showCodeIn(code);
+      return warehouse;
+    }
     case HeaderFieldType::Rate:
       return std::make_unique<NumberControl>(field, kRateDecimals, form);
     case HeaderFieldType::Amount:

@@ -195,18 +195,18 @@ QWidget* frmGrila::draftsFrame() {
   const DocumentKind& kind = editor_.kind();
   auto* frame = new QGroupBox(kind.texts.draftsCaption, this);
   drafts_ = new TDBGrid("TDBGrid2", frame);
-  QList<GridColumn> columns{
-      {kind.numberColumn, "Numar", CellFormat::Text, kind.draftColumns.isEmpty() ? 12 : 9},
-      {kind.dateColumn, "Data", CellFormat::Date, 11},
-      kind.partnerColumn.isEmpty()
-          ? GridColumn{kind.remarkColumn, "Observatii", CellFormat::Text, 30}
-          : GridColumn{"NUME", "Tert", CellFormat::Text, kind.draftColumns.isEmpty() ? 30 : 20}};
+  const bool isShort = kind.draftColumns.isEmpty();
+  QList<GridColumn> columns{{kind.numberColumn, "Numar", CellFormat::Text, isShort ? 12 : 9},
+                            {kind.dateColumn, "Data", CellFormat::Date, 11}};
+  if (!kind.partnerColumn.isEmpty()) columns.append({"NUME", "Tert", CellFormat::Text, isShort ? 30 : 20});
   for (const HeaderField& field : kind.headerFields) {
     if (!kind.draftColumns.contains(field.column)) continue;
     const bool isDate = field.type == HeaderFieldType::DueDate;
     columns.append({field.column, QString(field.caption).remove(u'&'),
-                    isDate ? CellFormat::Date : CellFormat::Text, isDate ? 13 : 7});
+                    isDate ? CellFormat::Date : CellFormat::Text, isDate ? 13 : 9});
   }
+  if (kind.partnerColumn.isEmpty())
+    columns.append({kind.remarkColumn, "Observatii", CellFormat::Text, isShort ? 30 : 20});
   drafts_->setColumns(columns);
   fitBesideHeader(drafts_);
   drafts_->setEmptyText(kind.hasDraft
