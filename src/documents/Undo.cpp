@@ -232,9 +232,14 @@ Plan goodsBack(const ValidatedDocument& document, const ArticleTable& articles, 
   plan.removedLinks.removeDuplicates();
   if (document.direction == kIssue || document.direction == kReceipt) {
     const bool isIssue = document.direction == kIssue;
+    // The hearing-device trade never moves articles without stock; for the other documents all are counted.
+    const bool skipsUnheld = ledgerKind(document.key.kind).isAudio;
     std::vector<StockReturn> changes;
-    for (const auto& line : document.lines)
+    for (const auto& line : document.lines) {
+      const ArticleFacts* article = articles.find(line.article);
+      if (skipsUnheld && article && article->figures.FARASTOC) continue;
       changes.push_back({line.article, isIssue ? -line.quantity : line.quantity, line.cost});
+    }
     plan.articles = changesTakenBack(changes, articles, isIssue && restoresCost);
   }
   return plan;

@@ -66,8 +66,11 @@ std::vector<Row> withCosts(std::vector<Row> lines, const std::vector<Decimal>& c
 void issueVouchersAgain(qint64 invoice) {
   const HearingDrafts drafts(companyTable("G_BonReparatii"), companyTable("G_BonReparatii_Detalii"));
   for (const LedgerKey& voucher : attachedVouchers(invoice)) {
-    const qint64 key = requiredVoucher(voucher.number).integer("ID_BonReparatie");
-    drafts.storeCosts(withCosts(drafts.lines(key), issueAgain(voucher)));
+    const Row header = requiredVoucher(voucher.number);
+    const std::vector<Row> lines = drafts.lines(header.integer("ID_BonReparatie"));
+    // Others may have taken what the invoice left out.
+    requireInStock(lines, readValidated(voucher).date, readArticles(articlesOfLines(lines)));
+    drafts.storeCosts(withCosts(lines, issueAgain(voucher)));
   }
 }
 

@@ -47,6 +47,16 @@ QString otherInvoiceWithVoucher(qint64 voucher, qint64 except) {
   return invoiceOfLink("G_AsocieriBonuriFacturiAudio", "ID_BonReparatie", voucher, 0, except);
 }
 
+QString linkedInvoice(const QString& table, const QString& column, qint64 key, MarkedLinks marked) {
+  const Recordset found = OpenRs(
+      QStringLiteral("SELECT F.Nr AS Nr FROM %1 L INNER JOIN G_FacturiClientiAudio F ON F.ID_Factura = "
+                     "L.ID_Factura WHERE L.%2 = ?%3 ORDER BY F.ID_Factura")
+          .arg(table, column,
+               marked == MarkedLinks::AreFree ? QStringLiteral(" AND L.Stornat = 0") : QString()),
+      {key});
+  return found.isEmpty() ? QString() : found.first().text("Nr");
+}
+
 void requireBillable(const Row& voucher) {
   if (voucher.isEmpty()) throw RuleError(QStringLiteral("Bonul a fost sters intre timp de alt utilizator !"));
   if (!voucher.flag("Validat"))
@@ -174,6 +184,14 @@ void linkVoucher(const Row& invoice, qint64 voucher) {
   database().execute(
       "INSERT INTO G_AsocieriBonuriFacturiAudio (ID_Factura, ID_BonReparatie, Stornat) VALUES (?, ?, 0)",
       {own, voucher});
+}
+
+QString invoiceWithOrder(qint64 order, MarkedLinks marked) {
+  return linkedInvoice("G_AsocieriComenziFacturiAudio", "ID_ComandaAudio", order, marked);
+}
+
+QString invoiceWithVoucher(qint64 voucher, MarkedLinks marked) {
+  return linkedInvoice("G_AsocieriBonuriFacturiAudio", "ID_BonReparatie", voucher, marked);
 }
 
 void removeLinks(qint64 invoice) {

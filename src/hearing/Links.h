@@ -20,6 +20,12 @@ void linkOrder(const Row& invoice, qint64 order);
 void linkVoucher(const Row& invoice, qint64 voucher);
 void removeLinks(qint64 invoice);
 
+/// Whether the links of a cancelled invoice and of its storno count too.
+enum class MarkedLinks { AreFree, Count };
+/// The number of an invoice, draft or not, that has the order or the voucher; "" when there is none.
+QString invoiceWithOrder(qint64 order, MarkedLinks marked = MarkedLinks::AreFree);
+QString invoiceWithVoucher(qint64 voucher, MarkedLinks marked = MarkedLinks::AreFree);
+
 /// Throws RuleError when an order or a voucher of the cancelled invoice is on another invoice, or the voucher
 /// is not validated any more.
 void requireFreeAgain(const Row& invoice);

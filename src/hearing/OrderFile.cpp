@@ -135,7 +135,7 @@ void readDevice(const Reader& reader, OrderFile& order) {
   order.serial = reader.text(block + "serieDisp", table, "SerieDispozitiv");
   order.fullPrice = reader.price(block + "pretLivrare");
   order.insuredPrice = reader.price(block + "pretReferinta");
-  order.isRight = reader.text(block + "urechea/dreapta").compare("true", Qt::CaseInsensitive) == 0;
+  order.isRight = reader.text(block + "urechea/dreapta") == QLatin1String("true");
 }
 
 qint64 partnerWhere(const QString& condition, const Values& values) {

@@ -1,4 +1,5 @@
 #include "hearing/Orders.h"
+#include "hearing/Links.h"
 
 #include "config/Checks.h"
 #include "hearing/Completeness.h"
@@ -211,21 +212,13 @@ void saveOrder(const Row& order, const Row& shown) {
 
 void removeOrder(qint64 order) {
   Transaction transaction(database());
-  if (const QString invoice = invoiceWithOrder(order); !invoice.isEmpty())
+  if (const QString invoice = invoiceWithOrder(order, MarkedLinks::Count); !invoice.isEmpty())
     throw RuleError(QStringLiteral("Comanda este pe factura %1. Nu poate fi stearsa !").arg(invoice));
   if (!deleteRecord(orders(), order)) throw gone();
   for (const Audiogram kind : {Audiogram::Speech, Audiogram::Tone})
     database().execute(QStringLiteral("DELETE FROM %1 WHERE ID_Comanda = ?").arg(audiogramTable(kind)),
                        {order});
   transaction.commit();
-}
-
-QString invoiceWithOrder(qint64 order) {
-  const Recordset found = OpenRs(
-      "SELECT F.Nr AS Nr FROM G_AsocieriComenziFacturiAudio L INNER JOIN G_FacturiClientiAudio F ON "
-      "F.ID_Factura = L.ID_Factura WHERE L.ID_ComandaAudio = ? AND L.Stornat = 0 ORDER BY F.ID_Factura",
-      {order});
-  return found.isEmpty() ? QString() : found.first().text("Nr");
 }
 
 DevicePrices devicePrices(const QString& device) {

@@ -30,11 +30,8 @@ qint64 addOrder(const Row& order);
 /// an invoice and device, prices or parties differ; ChangedMeanwhile when another workstation has changed
 /// these columns.
 void saveOrder(const Row& order, const Row& shown);
-/// Deletes the order with its audiograms. Throws RuleError when it is on an invoice.
+/// Deletes the order with its audiograms. Throws RuleError when it is, or was, on an invoice.
 void removeOrder(qint64 order);
-
-/// The number of an invoice, draft or not, that has the order; "" when there is none.
-QString invoiceWithOrder(qint64 order);
 
 /// The prices of an article as a new order proposes them, lei without VAT.
 struct DevicePrices {

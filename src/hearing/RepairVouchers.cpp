@@ -1,4 +1,5 @@
 #include "hearing/RepairVouchers.h"
+#include "hearing/Links.h"
 
 #include "config/Numbers.h"
 #include "config/Session.h"
@@ -53,7 +54,7 @@ void requireFreeNumber(const Row& row, qint64 own) {
 }
 
 void requireNotBilled(qint64 voucher) {
-  if (const QString invoice = invoiceWithVoucher(voucher); !invoice.isEmpty())
+  if (const QString invoice = invoiceWithVoucher(voucher, MarkedLinks::Count); !invoice.isEmpty())
     throw RuleError(QStringLiteral("Bonul este pe factura %1. Nu poate fi sters !").arg(invoice));
 }
 
@@ -157,15 +158,6 @@ void removeVoucher(qint64 voucher) {
   requireNotBilled(voucher);
   drafts().remove(voucher);
   transaction.commit();
-}
-
-QString invoiceWithVoucher(qint64 voucher) {
-  const Recordset found = OpenRs(
-      "SELECT F.Nr AS Nr FROM G_AsocieriBonuriFacturiAudio L INNER JOIN G_FacturiClientiAudio F ON "
-      "F.ID_Factura = "
-      "L.ID_Factura WHERE L.ID_BonReparatie = ? AND L.Stornat = 0 ORDER BY F.ID_Factura",
-      {voucher});
-  return found.isEmpty() ? QString() : found.first().text("Nr");
 }
 
 Recordset devicesOf(qint64 patient) {

@@ -19,10 +19,9 @@ Row newVoucher();
 /// ChangedMeanwhile when another workstation has changed these columns.
 qint64 addVoucher(const Row& header);
 void saveVoucher(const Row& header, const Row& shown);
-/// Deletes a draft with its lines. Throws RuleError when it is validated or on an invoice.
+/// Deletes a draft with its lines. Throws RuleError when it is validated, or when it is or was on an
+/// invoice.
 void removeVoucher(qint64 voucher);
-/// The number of an invoice, draft or not, that has the voucher; "" when there is none.
-QString invoiceWithVoucher(qint64 voucher);
 
 /// Devices that the patient ordered: CODART, DENART, TIP, SERIE, the last order first; each device once.
 Recordset devicesOf(qint64 patient);

@@ -42,7 +42,8 @@ QString encodingOf(const QByteArray& bytes) {
 QString decoded(const QByteArray& bytes) {
   const QString encoding = encodingOf(bytes);
   if (!kEncodings.contains(encoding)) throw unknownEncoding();
-  QStringDecoder decoder(encoding.toLatin1().constData());
+  // Without state a character that the end of the file cuts is an error too.
+  QStringDecoder decoder(encoding.toLatin1().constData(), QStringConverter::Flag::Stateless);
   if (!decoder.isValid()) throw unknownEncoding();
   const QString text = decoder.decode(bytes);
   const QString declared = declaredEncoding(text);
@@ -51,7 +52,7 @@ QString decoded(const QByteArray& bytes) {
   const bool hasControls = std::any_of(text.begin(), text.end(), [](QChar character) {
     return (character >= QChar(0x80) && character <= QChar(0x9F)) || character == QChar(0xFFFD);
   });
-  if (decoder.hasError() || hasControls)
+  if (decoder.hasError() || hasControls || !text.isValidUtf16())
     throw RuleError(QStringLiteral("Fisierul are octeti care nu sunt in codificarea %1.").arg(encoding));
   return text;
 }

@@ -102,7 +102,7 @@ frmGrilaFacturaAudio::frmGrilaFacturaAudio(BilledBy by, QWidget* parent)
   setStoring([this] { save(); });
   fillLists();
   finish(txtNumar_);
-  run("Form_Load", [this] { startNew(); });
+  run("Form_Load", [this] { showNew(); });
 }
 
 QWidget* frmGrilaFacturaAudio::headerFrame() {
@@ -121,10 +121,10 @@ QWidget* frmGrilaFacturaAudio::headerFrame() {
   rows->addRow("Data", dates);
   cboClient_ = card().add("ID_Client", new SearchCombo("cboClient", {}, kShownName));
   rows->addRow("Client", cboClient_);
-  if (by_ == BilledBy::Insurer) {
-    cboPunctLucru_ = card().add("ID_PunctLucru", new SearchCombo("cboPunctLucru", {}, kShownName));
-    rows->addRow("Punct de lucru", cboPunctLucru_);
-  }
+  auto* workPoint = new SearchCombo("cboPunctLucru", {}, kShownName);
+  rows->addRow("Punct de lucru", workPoint);
+  rows->setRowVisible(workPoint, by_ == BilledBy::Insurer);
+  if (by_ == BilledBy::Insurer) cboPunctLucru_ = card().add("ID_PunctLucru", workPoint);
   cboCotaTVA_ = card().add("CotaTVA", named(new QComboBox, "cboCotaTVA"));
   connect(cboCotaTVA_, &QComboBox::currentIndexChanged, this, [this] { showHint(); });
   lblCota_ = named(new QLabel, "lblCota");
@@ -290,6 +290,11 @@ void frmGrilaFacturaAudio::save() {
   showInvoice(storedInvoice(key));
 }
 
+// An empty list has already begun a new invoice, with the warnings of its number.
+void frmGrilaFacturaAudio::showNew() {
+  if (!isNew()) startNew();
+}
+
 void frmGrilaFacturaAudio::validate() {
   if (!grdDetalii_->commitPending()) return;
   if (binding_.ID() == 0) throw RuleError("Va rog introduceti articole pe detalii factura");
@@ -303,7 +308,7 @@ void frmGrilaFacturaAudio::validate() {
   }
   Mesaj("Factura a fost salvata in documente");
   refresh();
-  startNew();
+  showNew();
 }
 
 void frmGrilaFacturaAudio::remove() {
@@ -312,7 +317,7 @@ void frmGrilaFacturaAudio::remove() {
   removeInvoice(invoice);
   card().settle();
   refresh();
-  startNew();
+  showNew();
   Mesaj("Factura a fost stearsa cu succes");
 }
 
