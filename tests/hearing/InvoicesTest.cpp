@@ -132,6 +132,34 @@ TEST_P(HearingTest, ABilledVoucherLeavesStockOnce) {
   EXPECT_EQ(disagreementText(), QString());
 }
 
+// The invoice leaves out a part of its voucher, and another voucher takes the part: the first voucher cannot
+// have it back. What links name is not deleted, and articles without stock never move.
+TEST_P(HearingTest, WhatIsGoneIsNotIssuedAgain) {
+  Shop shop(GetParam());
+  shop.buy("1", "PIESA", "2", "10");
+  shop.article("SERV", "50");
+  ExecutaSql("UPDATE G_ARTMAG SET FARASTOC = ? WHERE CODART = 'SERV'", {true});
+  const qint64 paid = shop.voucher("7", true, {{"PIESA", "2"}, {"SERV", "1"}});
+  const qint64 draft = shop.invoice("9", shop.patient, BilledBy::Voucher, {});
+  attachVoucher(draft, paid);
+  for (const Row& line : invoiceLines(draft))
+    if (line.text("ID_Articol") == "PIESA") removeInvoiceLine(draft, line.integer("ID_Detaliu"));
+  shop.validateDraft(draft);
+  const qint64 other = shop.voucher("8", false, {{"PIESA", "2"}});
+  const QStringList before = Shop::books();
+  const QString missing = QStringLiteral("Articolul: PIESA are disponibil in stoc 0");
+  expectRefused([&] { cancelHearingInvoice(invoiceKey("9"), "10", clock::today()); }, missing);
+  expectRefused([&] { takeBack(invoiceKey("9")); }, missing);
+  EXPECT_EQ(Shop::books(), before);
+  takeBack({KindId::RepairVoucher, "8"});
+  removeVoucher(other);
+  cancelHearingInvoice(invoiceKey("9"), "10", clock::today());
+  EXPECT_EQ(Trade::figure("SERV", "STOC"), 0);
+  takeBack({KindId::RepairVoucher, "7"});
+  expectRefused([&] { removeVoucher(paid); }, "Bonul este pe factura 9");
+  EXPECT_EQ(disagreementText(), QString());
+}
+
 TEST_P(HearingTest, AStornoAndItsDeletionLeaveTheBooksAsTheyWere) {
   Shop shop(GetParam());
   shop.buy("1", "AP1", "1", "400");
@@ -166,6 +194,7 @@ TEST_P(HearingTest, AStornoAndItsDeletionLeaveTheBooksAsTheyWere) {
     EXPECT_EQ(disagreementText(), QString());
     expectRefused([&] { cancelHearingInvoice(invoiceKey("20"), "32", day); },
                   "deja stornata cu documentul FS30");
+    expectRefused([&] { removeOrder(order); }, "Comanda este pe factura 20");
     expectRefused([&] { checkRemoval(invoiceKey("20")); }, "stornata cu documentul FS30");
     // The order is free: another invoice takes it, and the storno cannot be deleted then.
     const qint64 other = shop.invoice("40", shop.insurer, BilledBy::Insurer, {order});

@@ -121,6 +121,10 @@ TEST_F(OrderFileTest, EncodingsAreRead) {
   }
   expectRefused(QByteArray(declared("windows-1250").toLatin1()).replace("DR. ", "DR.\x81"), "octeti");
   expectRefused(declared("UTF-8").toLatin1().replace("DR. ", "DR.\xFE"), "octeti");
+  const QByteArray wide =
+      QStringEncoder("UTF-16", QStringConverter::Flag::WriteBom).encode(declared("UTF-16"));
+  expectRefused(wide + '\x20', "octeti");
+  expectRefused(QByteArray(wide).replace(QByteArray("D\0R\0", 4), QByteArray("\0\xD8R\0", 4)), "octeti");
   expectRefused(declared("IBM852").toLatin1(), "codificare necunoscuta");
 }
 
