@@ -5,8 +5,10 @@
 
 namespace velmar {
 
+/// Whether an electronic invoice may carry the code.
+bool isUnitCode(const QString& code);
 /// Adds the unit with the row's `UM` and `COD`. Throws RuleError, naming the column, for a unit that is
-/// missing or known and for a code that is not 2 or 3 capitals and digits.
+/// missing or known and for a code that isUnitCode() does not know.
 void addUnit(const Row& unit);
 /// Stores a new code. Throws RuleError as addUnit().
 void changeUnitCode(const QString& unit, const QString& code);

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include <QRegularExpression>
+
+#include "config/Units.h"
 #include "documents/Numbering.h"
 #include "einvoice/Places.h"
 #include "stock/LedgerKey.h"
@@ -253,6 +256,10 @@ class Maker {
       buyer.vatId = QStringLiteral("RO") + digitsOf(code);
       return;
     }
+    static const QRegularExpression foreign(QStringLiteral("^[A-Z]{2}"));
+    if (isHere && foreign.match(code).hasMatch())
+      fault(QStringLiteral("Codul fiscal al clientului este din alta tara decat codul tarii: %1").arg(code),
+            kPartners, "TextCT");
     if (isHere || !isInUnion(buyer.country)) {
       buyer.legalId = isHere ? digitsOf(code) : code;
       return;
@@ -339,10 +346,12 @@ class Maker {
     const QString name = unit.trimmed();
     if (name.isEmpty()) return QStringLiteral("C62");
     const QString code = data_.units.value(name.toUpper());
-    if (code.isEmpty() && !unknownUnits_.contains(name)) {
+    if (!isUnitCode(code) && !unknownUnits_.contains(name)) {
       unknownUnits_.append(name);
-      fault(QStringLiteral("Unitatea de masura %1 nu are cod").arg(name), "frmUM", "grdDataGrid", {},
-            "BR-CL-23");
+      fault(code.isEmpty()
+                ? QStringLiteral("Unitatea de masura %1 nu are cod").arg(name)
+                : QStringLiteral("Unitatea de masura %1 are un cod necunoscut: %2").arg(name, code),
+            "frmUM", "grdDataGrid", {}, "BR-CL-23");
     }
     return code;
   }

@@ -97,13 +97,17 @@ Purchase purchaseOf(ReceivedInvoice read, PurchaseSource& source) {
 // The key of the invoice whose goods a draft gives back: of an invoice that was taken over as several drafts,
 // the draft with the same rate; else what the user entered.
 QString turnedBy(const Purchase& purchase, const PurchaseDraft& draft) {
-  const QStringList turned =
-      draftsOfNumber(purchase.invoice.supplier, purchase.supplier, purchase.invoice.precedingNumber);
   const auto keyOf = [](const QString& number) { return LedgerKey{KindId::SupplierInvoice, number}.text(); };
-  if (turned.size() < 2 || purchase.turned != keyOf(turned.first())) return purchase.turned;
+  const auto draftsOf = [&purchase](const QString& number) {
+    return draftsOfNumber(purchase.invoice.supplier, purchase.supplier, number);
+  };
+  QStringList turned = draftsOf(purchase.invoice.precedingNumber);
+  // The user may enter the number of the supplier's invoice instead of its key.
+  if (turned.isEmpty() || purchase.turned != keyOf(turned.first())) turned = draftsOf(purchase.turned);
+  if (turned.isEmpty()) return purchase.turned;
   for (const QString& number : turned)
     if (draftWith(number).integer("BATVA1") == draft.rate) return keyOf(number);
-  return purchase.turned;
+  return keyOf(turned.first());
 }
 
 // Whether the lines of an article can be one line of the draft.
@@ -338,6 +342,7 @@ QStringList missingIn(const Purchase& purchase, PurchaseSource& source) {
   if (!rateOf(invoice))
     missing.append(QStringLiteral("cursul %1 din %2")
                        .arg(invoice.currency, invoice.date.toString(QStringLiteral("dd.MM.yyyy"))));
+  if (purchase.number.isEmpty()) missing.append(QStringLiteral("numarul facturii"));
   if (goesBack && purchase.turned.isEmpty()) missing.append(QStringLiteral("factura stornata"));
   const int width = companyTable("G_FACFUR").column("NUMFAC")->width;
   if (numberOf(purchase.number, invoice.totals.size() - 1).size() > width)

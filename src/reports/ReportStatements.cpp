@@ -124,7 +124,7 @@ QString salesGrouping(const ReportChoice& choice) {
 
 Recordset salesRows(const ReportChoice& choice) {
   const QString grouping = salesGrouping(choice);
-  const QString first = grouping == "CL"   ? QStringLiteral("NUME NULLS FIRST, ")
+  const QString first = grouping == "CL"   ? QStringLiteral("NUME NULLS FIRST, CODTERT, ")
                         : grouping == "MP" ? QStringLiteral("MODREG NULLS FIRST, ")
                                            : QString();
   Values values{firstDay(choice, "DTPickerdela"), choice.dates["DTPickerla"]};
@@ -142,7 +142,7 @@ Recordset salesRows(const ReportChoice& choice) {
 
 Recordset issueRows(const ReportChoice& choice) {
   const QString grouping = salesGrouping(choice);
-  QString order = grouping == "CL"   ? QStringLiteral("T.NUME NULLS FIRST, ")
+  QString order = grouping == "CL"   ? QStringLiteral("T.NUME NULLS FIRST, D.CODTERT, ")
                   : grouping == "MP" ? QStringLiteral("D.MODREG NULLS FIRST, ")
                                      : QString();
   if (!choice.has("ChkDetaliu")) order += QStringLiteral("A.DENART NULLS FIRST, L.ARTID, ");
@@ -154,7 +154,7 @@ Recordset issueRows(const ReportChoice& choice) {
   return read(
       "SELECT D.ID AS ID, D.TIP AS TIP, D.TIPIE AS TIPIE, L.ARTID AS ARTID, L.CANT AS CANT, "
       "L.VALTVA AS VALTVA, L.PRETFT AS PRETFT, L.PRETTTI AS PRETTTI, A.UM AS UM, A.DENART AS DENART, "
-      "L.CODMAG AS CODMAG, D.DATADOC AS DATADOC, T.NUME AS NUME, D.MODREG AS MODREG, "
+      "L.CODMAG AS CODMAG, D.DATADOC AS DATADOC, T.NUME AS NUME, D.CODTERT AS CODTERT, D.MODREG AS MODREG, "
       "ROUND_EVEN(L.CANT * L.PRETFT, 2) AS VALOAREFT FROM " +
           kLedger +
           " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID LEFT JOIN kt_ter AS T ON T.COD = D.CODTERT" +

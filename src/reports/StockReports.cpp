@@ -343,7 +343,7 @@ std::vector<StockReport> allReports() {
   sales.rows = salesRows;
   sales.comparison = {[](const Row& row, const ReportChoice& choice, bool isYearBefore) {
                         const QString grouping = salesGrouping(choice);
-                        if (grouping == "CL") return row.text("NUME").toUpper();
+                        if (grouping == "CL") return row.text("CODTERT");
                         if (grouping == "MP") return row.text("MODREG");
                         return row.date("DATADOC").addYears(isYearBefore ? 1 : 0).toString(Qt::ISODate);
                       },

@@ -60,7 +60,8 @@ std::vector<Command> ledgerCommands() {
        concat({"SELECT D.DATADOC, D.DATASCAD, D.ID, D.MODREG, D.OBS, D.REF,",
                "CASE WHEN D.TIP = 'FS' THEN -1 ELSE 1 END * D.TOTALFT AS TOTALFT,",
                "CASE WHEN D.TIP = 'FS' THEN -1 ELSE 1 END * D.TOTALTVA AS TOTALTVA,",
-               "T.NUME, D.TIP, D.CODMAG FROM G_DOCUME AS D LEFT JOIN kt_ter AS T ON T.COD = D.CODTERT",
+               "D.CODTERT, T.NUME, D.TIP, D.CODMAG FROM G_DOCUME AS D LEFT JOIN kt_ter AS T ON T.COD = "
+               "D.CODTERT",
                "WHERE D.TIP IN ('FC', 'FS', 'BS') AND D.DATADOC BETWEEN ? AND ?",
                "ORDER BY D.DATADOC, D.MODREG NULLS FIRST, D.TIP, D.ID"})},
   };

@@ -68,7 +68,8 @@ QString SheetTable::text(int row, const QString& column) const {
   const double number = value.toDouble();
   if (std::floor(number) == number && std::abs(number) < kLargestExact)
     return QString::number(static_cast<qint64>(number));
-  return QString::number(number, 'g', 15);
+  // A code longer than a number can hold exactly still has no exponent.
+  return std::floor(number) == number ? QString::number(number, 'f', 0) : QString::number(number, 'g', 15);
 }
 
 QVariant SheetTable::number(int row, const QString& column) const {
