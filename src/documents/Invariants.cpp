@@ -80,7 +80,8 @@ void findLots(Finder& finder) {
                   "ON R.ARTID = S.ARTID LEFT JOIN (%4) B ON B.ARTID = S.ARTID WHERE S.ARTID IN (%3) AND "
                   "ROUND_EVEN(S.CANT + COALESCE(B.CANT, 0) - COALESCE(R.CANT, 0), 3) <> 0 ORDER BY S.ARTID")
                   .arg(kLedgerStock, makesLot(), kHeldArticles, kReturnedUnnamed));
-  // The used part of a lot equals the issues and the returns to its supplier.
+  // The used part of a lot equals the issues, the returns to its supplier and, of a lot that an invoice made
+  // of goods brought back, what the storno of the invoice took.
   finder.find(QStringLiteral("Legaturile cu intrarea difera de cantitatea consumata"), {Place::Document},
               QStringLiteral(
                   "SELECT G.DOCID || ' ' || G.ARTID AS PLACE, G.DOCID AS TARGET FROM (SELECT L.DOCID AS "
@@ -89,9 +90,11 @@ void findLots(Finder& finder) {
                   "GROUP BY L.DOCID, L.ARTID) G "
                   "LEFT JOIN (SELECT ID_I, CODART, SUM(CANT) AS CANT FROM G_I_E GROUP BY ID_I, CODART) E "
                   "ON E.ID_I = G.DOCID AND E.CODART = G.ARTID "
-                  "LEFT JOIN (SELECT TRIM(D.OBS) AS DOCID, L.ARTID AS ARTID, -SUM(L.CANT) AS CANT "
-                  "FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID WHERE D.TIP = 'FF' AND L.CANT < 0 "
-                  "GROUP BY TRIM(D.OBS), L.ARTID) B ON B.DOCID = G.DOCID AND B.ARTID = G.ARTID "
+                  "LEFT JOIN (SELECT R.DOCID AS DOCID, R.ARTID AS ARTID, SUM(R.CANT) AS CANT FROM "
+                  "(SELECT CASE WHEN D.TIP = 'FS' THEN 'FC' ELSE '' END || TRIM(D.OBS) AS DOCID, "
+                  "L.ARTID AS ARTID, -L.CANT AS CANT FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID "
+                  "WHERE D.TIP IN ('FF', 'FS') AND L.CANT < 0) R GROUP BY R.DOCID, R.ARTID) B ON B.DOCID = "
+                  "G.DOCID AND B.ARTID = G.ARTID "
                   "WHERE ROUND_EVEN(G.CANT - COALESCE(E.CANT, 0) - COALESCE(B.CANT, 0), 3) <> 0 "
                   "ORDER BY G.DOCID, G.ARTID")
                   .arg(makesLot() + kNoShortage));
@@ -213,12 +216,12 @@ QString wrongNotes(const DocumentKind& kind) {
   switch (kind.posted) {
     case Posted::Nothing:
       return {};
-    case Posted::Value:  // opening stock is not posted; returned products are posted once more
+    case Posted::Value:  // opening stock is not posted; the products of a returned note are posted once more
       return differs.arg("ABS(D.TOTALFT)", "ABS(N.DEBIT)") +
              QStringLiteral(
                  " AND COALESCE(D.TIPIE, '') <> 'S' AND NOT EXISTS (SELECT C.DOCID FROM G_LDOCUM C INNER "
-                 "JOIN "
-                 "G_ARTMAG A ON A.CODART = C.ARTID WHERE C.DOCID = D.ID AND A.PROVENIENTA = 'P' "
+                 "JOIN G_LAECLI B ON B.NUMAE = SUBSTR(C.REFERINTA, 3) INNER JOIN G_ARTMAG A ON "
+                 "A.CODART = B.CODART WHERE C.DOCID = D.ID AND A.PROVENIENTA = 'P' "
                  "AND C.REFERINTA LIKE 'AE%')");
     case Posted::ValueIfFifo:
       return TIPCOST() == kFifo ? differs.arg("D.TOTALFT", "N.DEBIT")
