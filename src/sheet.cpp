@@ -32,7 +32,11 @@ struct Sheet {
   std::vector<Cells> rows;
 
   void put(int row, int column, const QJsonValue& value) {
-    if (row < 0 || column < 0 || row >= kMostRows || column >= kMostColumns) return;
+    if (row < 0 || column < 0 || column >= kMostColumns) return;
+    if (row >= kMostRows) {
+      if (value.isNull()) return;
+      throw Fault{QStringLiteral("Foaia are mai mult de %1 randuri").arg(kMostRows)};
+    }
     if (static_cast<int>(rows.size()) <= row) rows.resize(static_cast<size_t>(row) + 1);
     Cells& cells = rows[static_cast<size_t>(row)];
     if (static_cast<int>(cells.size()) <= column) cells.resize(static_cast<size_t>(column) + 1);

@@ -100,8 +100,10 @@ class Reader {
     const auto found = xml_.find(element, QLatin1String(category));
     if (!found) throw refused(QStringLiteral("Categoria TVA a unei linii lipseste"));
     const QString percent = at(*found, "Percent");
-    return {required(*found, "ID", "Categoria TVA").toUpper(),
-            percent.isEmpty() ? Decimal(0) : numberIn(percent, "Cota TVA")};
+    const QString id = required(*found, "ID", "Categoria TVA").toUpper();
+    if (percent.isEmpty() && id == QStringLiteral("S"))
+      throw refused(QStringLiteral("Cota TVA a unei linii lipseste"));
+    return {id, percent.isEmpty() ? Decimal(0) : numberIn(percent, "Cota TVA")};
   }
 
   void totals() {
@@ -140,8 +142,11 @@ class Reader {
     if (!quantity) throw refused(QStringLiteral("Cantitatea unei linii lipseste"));
     line.unit = xml_.attribute(*quantity, QStringLiteral("unitCode"));
     line.quantity = numberIn(xml_.text(*quantity), "Cantitatea");
-    if (line.quantity.isZero()) throw refused(QStringLiteral("Cantitatea unei linii este 0"));
     line.value = number(element, "LineExtensionAmount", "Valoarea unei linii");
+    if (line.quantity.isZero()) {
+      if (line.value.isZero()) return;  // a remark of the supplier, no goods
+      throw refused(QStringLiteral("Cantitatea unei linii este 0"));
+    }
     line.statedPrice = number(element, "Price/PriceAmount", "Pretul unei linii");
     if (const QString base = at(element, "Price/BaseQuantity"); !base.isEmpty())
       if (const Decimal per = numberIn(base, "Cantitatea de baza a pretului"); !per.isZero())
@@ -156,7 +161,8 @@ class Reader {
   void allowance(int element) {
     const ReceivedRate rate = rateAt(element, "TaxCategory");
     const Decimal amount = number(element, "Amount", "Suma unei reduceri");
-    if (at(element, "ChargeIndicator") == QStringLiteral("true")) {
+    const QString isCharge = at(element, "ChargeIndicator");
+    if (isCharge == QStringLiteral("true") || isCharge == QStringLiteral("1")) {
       QString reason = at(element, "AllowanceChargeReason").simplified();
       if (reason.isEmpty()) reason = QStringLiteral("Taxa suplimentara");
       invoice_.lines.push_back({{}, reason, QStringLiteral("C62"), Decimal(1), amount, amount, rate, true});
@@ -177,6 +183,12 @@ class Reader {
     requireEqual(number(0, "LegalMonetaryTotal/LineExtensionAmount", "Totalul liniilor"), lineTotal_,
                  "totalul liniilor");
     requireEqual(invoice_.base, lineTotal_ - allowances_ + charges_, "totalul fara TVA");
+    const auto requireTotal = [this](const char* path, const Decimal& total, const char* what) {
+      const QString stated = at(0, path);
+      if (!stated.isEmpty()) requireEqual(numberIn(stated, what), total, what);
+    };
+    requireTotal("LegalMonetaryTotal/AllowanceTotalAmount", allowances_, "totalul reducerilor");
+    requireTotal("LegalMonetaryTotal/ChargeTotalAmount", charges_, "totalul taxelor suplimentare");
     Decimal vat, base;
     for (const ReceivedTotal& total : invoice_.totals) {
       Decimal lines;
@@ -190,6 +202,14 @@ class Reader {
     requireEqual(invoice_.base, base, "baza TVA");
     requireEqual(number(0, "LegalMonetaryTotal/TaxInclusiveAmount", "Totalul cu TVA"), invoice_.total(),
                  "totalul cu TVA");
+    const auto optional = [this](const char* path) {
+      const QString stated = at(0, path);
+      return stated.isEmpty() ? Decimal(0) : numberIn(stated, path);
+    };
+    requireTotal("LegalMonetaryTotal/PayableAmount",
+                 invoice_.total() - optional("LegalMonetaryTotal/PrepaidAmount") +
+                     optional("LegalMonetaryTotal/PayableRoundingAmount"),
+                 "suma de plata");
   }
 
   void turn() {

@@ -3,6 +3,7 @@
 #include <libpq-fe.h>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QMutex>
@@ -104,7 +105,12 @@ Bound bound(const QVariant& value) {
   if (value.isNull()) return {{}, true};
   if (value.typeId() == QMetaType::Double) {
     char digits[40];
-    const auto end = std::to_chars(digits, digits + sizeof digits, value.toDouble()).ptr;
+    // The shortest text of 1000000 is 1e+06, which is no text of a whole number to the server.
+    constexpr double kLargestFixed = 1e15;
+    const double number = value.toDouble();
+    const auto end = std::abs(number) < kLargestFixed && number == std::floor(number)
+                         ? std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed).ptr
+                         : std::to_chars(digits, digits + sizeof digits, number).ptr;
     return {QByteArray(digits, end - digits)};
   }
   if (value.typeId() == QMetaType::Bool) return {value.toBool() ? "-1" : "0"};
