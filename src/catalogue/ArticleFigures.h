@@ -40,7 +40,7 @@ struct ArticleFacts {
 /// Articles by code; codes are not case-sensitive.
 class ArticleTable {
  public:
-  void add(ArticleFacts article) { byCode_.insert(article.code.toUpper(), std::move(article)); }
+  void add(const ArticleFacts& article) { byCode_.insert(article.code.toUpper(), article); }
   /// Null for an unknown code.
   const ArticleFacts* find(const QString& code) const;
   /// The article. Throws RuleError when the code is unknown.

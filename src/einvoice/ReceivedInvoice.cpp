@@ -192,8 +192,16 @@ class Reader {
     Decimal vat, base;
     for (const ReceivedTotal& total : invoice_.totals) {
       Decimal lines;
-      for (const ReceivedLine& line : invoice_.lines)
-        if (line.rate == total.rate) lines += line.value;
+      bool hasLines = false;
+      for (const ReceivedLine& line : invoice_.lines) {
+        if (line.rate != total.rate) continue;
+        hasLines = true;
+        lines += line.value;
+      }
+      // No draft could hold them.
+      if (!hasLines && !(total.base.isZero() && total.vat.isZero() && total.allowance.isZero()))
+        throw refused(
+            QStringLiteral("Cota TVA %1 are sume, dar nicio linie").arg(total.rate.percent.toString()));
       requireEqual(total.base, lines - total.allowance, "baza unei cote TVA");
       vat += total.vat;
       base += total.base;

@@ -18,7 +18,7 @@ namespace velmar {
 
 namespace {
 
-constexpr qint64 kLargestFile = 1024 * 1024;
+constexpr qint64 kLargestFile = 1024LL * 1024;
 const QString kRoot = QStringLiteral("comanda");
 const QString kPatient = QStringLiteral("comanda/dateClient");
 

@@ -262,6 +262,7 @@ void describeLists(Archive& archive, Table& table) {
   for (size_t i = 0; i <= table.groups.size() && i < kMostGroups; ++i) {
     const bool more = i == table.groups.size();
     QString formula = more ? QString() : table.groups[i];
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the archive changes the text
     const QString before = formula;
     archive.field((kGroupPrefix + QString::number(i)).toLatin1().constData(), formula);
     if (formula == before) continue;
@@ -276,6 +277,7 @@ void describeLists(Archive& archive, Table& table) {
   for (size_t i = 0; i <= table.sums.size(); ++i) {
     const bool more = i == table.sums.size();
     QString text = more ? QString() : textOf(table.sums[i]);
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the archive changes the text
     const QString before = text;
     archive.field((kSumPrefix + QString::number(i)).toLatin1().constData(), text);
     if (text == before) continue;

@@ -178,6 +178,7 @@ void makeIn(const QString& workshop, const Sample& sample) {
 }
 
 // The folder is passed by value: the argument is usually `gCaleBD`, which changes meanwhile.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 bool make(QString folder, const Sample& sample) {
   session().gCaleBD = folder;
   if (exists(sample, folder)) return false;

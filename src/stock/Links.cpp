@@ -133,8 +133,11 @@ std::optional<TakenLine> exceeding(const std::vector<TakenLine>& taken) {
     return (source.text() + u'\n' + article).toUpper();
   };
   for (const SourceLine& line : readSources(sources)) open[keyOf(line.source, line.article)] += line.open;
-  for (const TakenLine& line : taken)
-    if ((open[keyOf(line.source, line.article)] -= line.quantity) < 0) return line;
+  for (const TakenLine& line : taken) {
+    Decimal& left = open[keyOf(line.source, line.article)];
+    left -= line.quantity;
+    if (left < 0) return line;
+  }
   return std::nullopt;
 }
 

@@ -98,7 +98,7 @@ void verifyServer(const QString& folder, const QString& certificate) {
   const QByteArray content = source.readAll();
   server->tls = kVerified;
   server->rootCertificate = certificate;
-  postgres::Connection(*server, QStringLiteral("postgres"));
+  const postgres::Connection probe(*server, QStringLiteral("postgres"));
   QSaveFile copy(QDir(folder).filePath(kCertificate));
   if (!copy.open(QIODevice::WriteOnly) || copy.write(content) != content.size() || !copy.commit())
     throw notWritten(copy);

@@ -68,10 +68,10 @@ const char* wordOfOne(int position, int groups) {
 
 QString wholeText(QString digits) {
   const auto groups = static_cast<int>((digits.size() + kGroupDigits - 1) / kGroupDigits);
-  digits = digits.rightJustified(groups * kGroupDigits, u'0');
+  digits = digits.rightJustified(qsizetype{groups} * kGroupDigits, u'0');
   QString text;
   for (int i = 0; i < groups; ++i)
-    text += Grupa(digits.mid(i * kGroupDigits, kGroupDigits), groups - i, groups);
+    text += Grupa(digits.mid(qsizetype{i} * kGroupDigits, kGroupDigits), groups - i, groups);
   return text;
 }
 
@@ -85,7 +85,7 @@ QString SumaText(const Decimal& amount, QString& currency) {
 
   const Decimal rounded = Round(amount, 2);
   const QStringList parts = rounded.abs().toString().split(u'.');
-  const QString whole = parts.first();
+  const QString& whole = parts.first();
   const QString decimals = parts.value(1).leftJustified(2, u'0');
   QString text = rounded.isNegative() ? QStringLiteral("minus ") : QString();
   text += wholeText(whole) + words.whole.of(rounded.abs() < 2);

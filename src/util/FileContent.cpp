@@ -17,7 +17,7 @@ QByteArray fileContent(const QString& path, qint64 most) {
   QByteArray content = file.read(most + 1);
   if (content.size() > most)
     throw RuleError(
-        QStringLiteral("Fisierul %1 este prea mare (peste %2 MB).").arg(path).arg(most / (1024 * 1024)));
+        QStringLiteral("Fisierul %1 este prea mare (peste %2 MB).").arg(path).arg(most / (1024LL * 1024)));
   return content;
 }
 

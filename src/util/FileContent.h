@@ -7,7 +7,7 @@
 namespace velmar {
 
 /// The largest XML file that is read, in bytes.
-inline constexpr qint64 kLargestXml = 20 * 1024 * 1024;
+inline constexpr qint64 kLargestXml = 20LL * 1024 * 1024;
 
 /// The content of an ordinary file. Throws RuleError when it cannot be read or has more than `most` bytes.
 QByteArray fileContent(const QString& path, qint64 most);

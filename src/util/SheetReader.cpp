@@ -83,10 +83,10 @@ SheetTable readSheet(const QString& path) {
   const QJsonArray rows = parsed(path)[QStringLiteral("rows")].toArray();
   SheetTable table;
   bool isHeading = true;
-  for (const QJsonValue& each : rows) {
+  for (const QJsonValueConstRef each : rows) {
     const QJsonArray cells = each.toArray();
     std::vector<QVariant> row;
-    for (const QJsonValue& cell : cells) row.push_back(cell.isNull() ? QVariant() : cell.toVariant());
+    for (const QJsonValueConstRef cell : cells) row.push_back(cell.isNull() ? QVariant() : cell.toVariant());
     if (isHeading) {
       for (int i = 0; i < static_cast<int>(row.size()); ++i) {
         const QString name = row[static_cast<size_t>(i)].toString().trimmed().toUpper();

@@ -13,7 +13,7 @@ struct ZipEntry {
   QByteArray content;
 };
 
-constexpr qint64 kLargestArchive = 50 * 1024 * 1024;
+constexpr qint64 kLargestArchive = 50LL * 1024 * 1024;
 
 bool isZip(const QByteArray& bytes);
 

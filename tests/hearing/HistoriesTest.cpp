@@ -171,7 +171,7 @@ TEST(HearingWorkstationsTest, KilledProcessesLeaveNothingHalfWritten) {
   work(kKills);
   const auto whole = static_cast<unsigned>(timer.nsecsElapsed() / 1000);
   for (int i = 0; i < kKills; ++i) {
-    killedAfter(shop.company.path(), 500 + static_cast<int>(random() % (2 * whole)), [&] { work(i); });
+    killedAfter(shop.company.path(), 500 + static_cast<int>(random() % (2UL * whole)), [&] { work(i); });
     ASSERT_EQ(disagreementText(), "") << i;
   }
   EXPECT_GT(OpenRs("SELECT ID_Factura FROM G_FacturiClientiAudio").size(), 5);

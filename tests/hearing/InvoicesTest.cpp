@@ -1,6 +1,7 @@
 // Invoices, vouchers and stornos of hearing devices from draft to ledger and back, with amounts worked out by
 // hand.
 #include <gtest/gtest.h>
+#include <QRegularExpression>
 
 #include "documents/OtherTrade.h"
 #include "documents/Undo.h"

@@ -1,6 +1,7 @@
 // Order files: a good one with all it may have, and what is refused, with nothing written.
 #include <gtest/gtest.h>
 #include <QFile>
+#include <QStringEncoder>
 #include <QTemporaryDir>
 
 #include "hearing/OrderFile.h"
@@ -140,7 +141,7 @@ TEST_F(OrderFileTest, BadFilesWriteNothingAndNameTheElement) {
   expectRefused(with("O'POP", "&om;"), "linia");
   expectRefused("<!DOCTYPE comanda [<!ENTITY a \"b\">]>" + good.toUtf8(), "DOCTYPE");
   expectRefused(QByteArray("<comenzi>") + good.toUtf8() + "</comenzi>", "elementul principal");
-  expectRefused(good.toUtf8() + QByteArray(1024 * 1024, ' '), "prea mare");
+  expectRefused(good.toUtf8() + QByteArray(1024LL * 1024, ' '), "prea mare");
   const QList<std::array<const char*, 3>> faults = {
       {"<cnp>2800101054321</cnp>", "", "comanda/dateClient/cnp lipseste"},
       {"<serieDisp>S77</serieDisp>", "", "//dateDispozitivMedical/serieDisp lipseste"},

@@ -126,7 +126,7 @@ QString colourName(const QVariant& brush, const QColor& otherwise) {
 }
 
 QVariantMap colours(const QAbstractItemView* view, const QModelIndex& index) {
-  const QPalette palette = view->palette();
+  const QPalette& palette = view->palette();
   const bool alternate = view->alternatingRowColors() && index.row() % 2 == 1;
   return {
       {QStringLiteral("text"), colourName(index.data(Qt::ForegroundRole), palette.text().color())},

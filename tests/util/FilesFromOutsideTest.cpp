@@ -17,7 +17,7 @@ TEST(FilesFromOutside, ArchivesHaveLimits) {
   EXPECT_EQ(entries[1].name, "c.xml");
   EXPECT_EQ(entries[1].content, "<c/>");
   EXPECT_THROW(unzipped(zipped({{"a.xml", "<a/>"}}, true)), RuleError);
-  EXPECT_THROW(unzipped(zipped({{"bomb.xml", QByteArray(21 * 1024 * 1024, ' ')}})), RuleError);
+  EXPECT_THROW(unzipped(zipped({{"bomb.xml", QByteArray(21LL * 1024 * 1024, ' ')}})), RuleError);
   std::vector<std::pair<const char*, QByteArray>> many;
   std::vector<std::string> names;
   for (int i = 0; i < 1001; ++i) names.push_back(std::to_string(i));

@@ -56,8 +56,8 @@ FiscalYearPage::FiscalYearPage(QWidget* parent) : ParameterPage(parent) {
   }
   int row = 2;
   for (int i = 0; i < static_cast<int>(std::size(kRanges)); ++i, row += 3) {
-    addField(grid, row, 0, kRanges[i].caption, dates_[2 * i]);
-    addField(grid, row, 2, "la", dates_[2 * i + 1]);
+    addField(grid, row, 0, kRanges[i].caption, dates_[qsizetype{2} * i]);
+    addField(grid, row, 2, "la", dates_[qsizetype{2} * i + 1]);
     grid->addWidget(makeHelp(kRanges[i].help), row + 1, 0, 1, 5);
     grid->setRowMinimumHeight(row + 2, gap);
   }

@@ -86,7 +86,7 @@ QWidget* frmUtilizatori::options() {
       named(new QCheckBox("Drepturile se aplica si barelor"), "chkDrepturiBare",
             "Un buton de pe bare nu se poate apasa cand comanda lui din meniu nu este permisa");
   chkDrepturiBare->setChecked(session().DrepturiBare);
-  connect(chkDrepturiBare, &QCheckBox::toggled, this, [this, chkDrepturiBare](bool applied) {
+  connect(chkDrepturiBare, &QCheckBox::toggled, this, [chkDrepturiBare](bool applied) {
     const bool isStored =
         guarded("frmUtilizatori", "chkDrepturiBare_Click", [applied] { applyRightsToToolBars(applied); });
     if (isStored) return;

@@ -36,6 +36,7 @@ class frmProiectare : public QDialog {
   frmProiectare(const ReportData& data, QWidget* parent);
   ~frmProiectare() override;
 
+  using QDialog::open;
   /// Opens a file and discards unsaved changes. A file with errors is shown as text. Throws StoreError when
   /// the file cannot be read.
   void open(const QString& file);

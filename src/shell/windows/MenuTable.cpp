@@ -74,9 +74,11 @@ void compact() {
 void convert() {
   const Hourglass hourglass;
   std::optional<WorkProgress> progress;  // only after the questions
-  Denominare([&progress](int done, int of) {
-    if (!progress) progress.emplace(QStringLiteral("Denominare"), QApplication::activeWindow());
-    progress->show(done, of);
+  guarded(QStringLiteral("Module Module1"), QStringLiteral("Denominare"), [&progress] {
+    Denominare([&progress](int done, int of) {
+      if (!progress) progress.emplace(QStringLiteral("Denominare"), QApplication::activeWindow());
+      progress->show(done, of);
+    });
   });
 }
 

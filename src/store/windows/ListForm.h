@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <QLineEdit>
 #include <QSet>
 #include <QWidget>
 
@@ -12,7 +13,6 @@
 #include "store/windows/GridPrint.h"
 
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace velmar {

@@ -30,7 +30,6 @@ class WhereBuilder : public QWidget {
   /// Replaces the condition: the field of that column has that value, as it is stored.
   void setCondition(const QString& column, const QString& value, const QString& last = {});
 
- public slots:
   void clear();
 
  signals:

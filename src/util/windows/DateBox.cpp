@@ -124,8 +124,8 @@ void DateBox::focusOutEvent(QFocusEvent* event) {
 // Tab leaves the field instead of moving between day, month and year.
 bool DateBox::focusNextPrevChild(bool next) {
   takeTyped();
-  return QWidget::focusNextPrevChild(
-      next);  // NOLINT(bugprone-parent-virtual-call): the base walks the sections
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call): the base walks the sections
+  return QWidget::focusNextPrevChild(next);
 }
 
 }  // namespace velmar

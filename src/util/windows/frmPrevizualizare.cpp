@@ -172,7 +172,7 @@ bool frmPrevizualizare::eventFilter(QObject* watched, QEvent* event) {
     const auto* wheel = static_cast<QWheelEvent*>(event);
     const int up = wheel->angleDelta().y();
     const QScrollBar* bar = area_->verticalScrollBar();
-    const auto step = [this, up](auto work) { guarded(objectName(), "MouseWheel", work); };
+    const auto step = [this](auto work) { guarded(objectName(), "MouseWheel", work); };
     if (wheel->modifiers() & Qt::ControlModifier && up != 0) {
       step([this, up] { zoomBy(up > 0 ? 1 : -1); });
       return true;
