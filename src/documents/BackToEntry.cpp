@@ -70,8 +70,10 @@ std::vector<Row> linesFrom(const std::vector<Row>& proforma, const QString& numb
     for (const QString& column : kCopiedColumns) line.set(column, Value::raw(offered.value(column)));
     line.set("NUMFAC", number);
     const auto article = articles.constFind(offered.text("CODART").toUpper());
-    if (article != articles.constEnd())
-      for (const char* column : {"UM", "COST"}) line.set(column, Value::raw(article->value(column)));
+    if (article != articles.constEnd()) {
+      line.set("UM", article->text("UM"));
+      line.set("COST", line.decimal("CANT").abs() * article->decimal("COST"));
+    }
     lines.push_back(line);
   }
   return lines;

@@ -238,7 +238,9 @@ Plan goodsBack(const ValidatedDocument& document, const ArticleTable& articles, 
     for (const auto& line : document.lines) {
       const ArticleFacts* article = articles.find(line.article);
       if (skipsUnheld && article && article->figures.FARASTOC) continue;
-      changes.push_back({line.article, isIssue ? -line.quantity : line.quantity, line.cost});
+      // The value of goods that a customer brought back has the sign of their quantity.
+      const Decimal value = line.quantity.isNegative() ? -line.cost.abs() : line.cost;
+      changes.push_back({line.article, isIssue ? -line.quantity : line.quantity, value});
     }
     plan.articles = changesTakenBack(changes, articles, isIssue && restoresCost);
   }

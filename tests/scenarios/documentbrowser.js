@@ -82,7 +82,7 @@ for (const method of ["FIFO", "MP"]) {
   equal(texts(), ["Factura Proforma a fost copiata in grila de culgeri Facturi-Vanzari"], "invoiced");
   equal([parent().column("ID"), parent().cell(0, "VALIDAT"), w.isEnabled("cmdFacturare")], [["PR3"], parent().cell(0, "VALIDAT"), false], "filter stays");
   equal(sql("SELECT F.NUMFAC AS N, F.CODCLI AS C, F.MODREG AS M, F.SERIE AS S, L.CODART AS A, L.CANT AS Q, L.PRETFT AS P, L.UM AS U, L.COST AS K FROM G_FACCLI F, G_LFACCL L WHERE L.NUMFAC = F.NUMFAC AND F.VALIDAT = 0"),
-        [{N: "2", C: 2, M: sql("SELECT MODREG FROM G_FACCLI WHERE NUMFAC = '1'")[0].MODREG, S: "VLM", A: "M1", Q: 2, P: 20, U: "Buc", K: 10}], "draft");
+        [{N: "2", C: 2, M: sql("SELECT MODREG FROM G_FACCLI WHERE NUMFAC = '1'")[0].MODREG, S: "VLM", A: "M1", Q: 2, P: 20, U: "Buc", K: 20}], "draft");
   w.click("cmdGoleste");
   w.click("cmdCautare");
   agrees("before deletions");
