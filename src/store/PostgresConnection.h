@@ -1,21 +1,17 @@
-// A connection to a PostgreSQL server through libpq, and the conversion of its results and errors.
+// A connection to a PostgreSQL server through libpq, and the conversion of its errors.
 #pragma once
 
 #include <functional>
 #include <memory>
-#include <QStringList>
 #include <QVariant>
 
-#include "store/Row.h"
+#include "store/PostgresValues.h"
 #include "store/Server.h"
 #include "util/Errors.h"
 
 struct pg_conn;
-struct pg_result;
 
 namespace velmar::postgres {
-
-using Result = std::unique_ptr<pg_result, void (*)(pg_result*)>;
 
 /// The application name of a connection: program, computer, login.
 QString connectionName(const QString& login);
@@ -79,21 +75,5 @@ class PlanOutdated : public StoreError {
  public:
   using StoreError::StoreError;
 };
-
-/// Spellings of column names, by their names in lower case.
-using Spelling = QHash<QString, QString>;
-
-/// The spelling of the statement's result columns: by their aliases, otherwise as in the table description.
-Spelling spellingOf(const QString& sql);
-
-/// The rows of a result with the types that SQLite returns: whole numbers, doubles, texts, dates as ISO text.
-/// Columns without a known spelling stay in lower case.
-Recordset recordsetOf(const Result& result, const Spelling& spelling = {});
-
-/// The number of rows that the statement changed.
-int changedBy(const Result& result);
-
-/// The statement with the parameter syntax of this engine ($1, $2 ...).
-QString withNumberedMarks(const QString& sql);
 
 }  // namespace velmar::postgres
