@@ -15,8 +15,9 @@ const QString kAccountMissing =
     QStringLiteral("Nu au fost stabilite toate conturile necesare la configurarea societatii !");
 
 // What notes read from the accounts carry beside the columns of every note.
+const QString kQuantity = QStringLiteral("CANTIT");
 const QStringList& copiedColumns() {
-  static const QStringList columns{"CANTIT",       "CODCC",      "CODIE", "CODOPER",
+  static const QStringList columns{kQuantity,      "CODCC",      "CODIE", "CODOPER",
                                    "CODSUCURSALA", "ID_FORMULA", "LITM"};
   return columns;
 }
@@ -49,7 +50,7 @@ Values valuesOf(const Note& note, const NoteRow& row, qint64 ndi, int line, cons
                 note.number,
                 note.currency.isEmpty() ? kNational : note.currency,
                 kOurs,
-                session().gUtilizator,
+                note.user.isEmpty() ? session().gUtilizator : note.user,
                 now,
                 note.remark,
                 note.stamp.isEmpty() ? Value() : Value(note.stamp),
@@ -80,6 +81,18 @@ void turnRound(Note& note, bool inBlack) {
     }
     for (Decimal* amount : {&row.debit, &row.credit, &row.foreignDebit, &row.foreignCredit})
       *amount = Decimal(0) - *amount;
+  }
+}
+
+void fillNulls(Note& note) {
+  const auto fill = [](Value& cell, const Value& empty) {
+    if (cell.data().isNull()) cell = empty;
+  };
+  for (NoteRow& row : note.rows) {
+    for (Value* number : {&row.partner, &row.vatLink, &row.vatPercent}) fill(*number, 0);
+    fill(row.costCentre, "");
+    for (qsizetype i = 0; i < static_cast<qsizetype>(row.copied.size()); ++i)
+      fill(row.copied[static_cast<size_t>(i)], copiedColumns()[i] == kQuantity ? Value(0) : Value(""));
   }
 }
 
@@ -161,19 +174,18 @@ std::vector<Note> readNotes(const std::vector<qint64>& ndis) {
       note.explanation = row.text("EXPL");
       note.dueDate = row.date("DATASCAD");
       note.currency = row.text("COD") == kNational ? QString() : row.text("COD");
-      note.branch = row.text("CodSucursala");
+      note.user = row.text("UTILIZATOR");
       note.inCurrencyForm = true;
       note.rate = row.decimal("CURS");
       note.vatOnCollection = Value::raw(row.value("TVAINC"));
       notes.push_back(std::move(note));
     }
     Values copied;
-    for (const QString& column : copiedColumns())
-      copied.push_back(column == QLatin1String("CANTIT") ? Value(row.decimal(column))
-                                                         : Value(row.text(column)));
+    for (const QString& column : copiedColumns()) copied.push_back(Value::raw(row.value(column)));
     notes.back().rows.push_back({row.text("CONT"), row.decimal("DEBIT"), row.decimal("CREDIT"),
-                                 row.decimal("DEVDEBIT"), row.decimal("DEVCREDIT"), row.integer("TERT"),
-                                 row.integer("TVA_LINREF"), row.decimal("COTATVA"), row.text("CODBUG"),
+                                 row.decimal("DEVDEBIT"), row.decimal("DEVCREDIT"),
+                                 Value::raw(row.value("TERT")), Value::raw(row.value("TVA_LINREF")),
+                                 Value::raw(row.value("COTATVA")), Value::raw(row.value("CODBUG")),
                                  row.text("JURNAL"), std::move(copied)});
   }
   return notes;

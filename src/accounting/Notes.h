@@ -35,6 +35,7 @@ struct Note {
   QString number;       ///< document number, without the kind
   QString remark;       ///< observations
   QString explanation;  ///< EXPL; empty: the remark
+  QString user = {};    ///< UTILIZATOR; empty: that of the session
   std::vector<NoteRow> rows;
   QDate dueDate;                ///< invalid: none is written
   QString branch = {};          ///< CodSucursala; empty: not written
@@ -46,6 +47,9 @@ struct Note {
 
 /// Turns the amounts round: black exchanges the sides, red changes the signs.
 void turnRound(Note& note, bool inBlack);
+
+/// Replaces the null cells of the rows by 0 or an empty text.
+void fillNulls(Note& note);
 
 /// Throws RuleError when a row has no account, StoreError when debit and credit differ.
 void requireBalance(const Note& note);
@@ -59,7 +63,7 @@ qint64 writeNotes(const std::vector<Note>& notes);
 /// (TIPDOC) of its number.
 std::vector<qint64> notesOf(const QString& kind, const QString& number, const QDate& from);
 
-/// The notes with these NDIs, as they were written; a null cell of a row is an empty text or 0.
+/// The notes with these NDIs, as they were written.
 std::vector<Note> readNotes(const std::vector<qint64>& ndis);
 
 /// Deletes the rows that validation wrote in these notes for the document with that number; returns how many.

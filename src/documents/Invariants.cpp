@@ -182,6 +182,18 @@ void findRemainders(Finder& finder) {
           what, {Place::Document, each.isNote && isNamed ? Correction::StockAndNotes : Correction::None},
           each.sql(QString(taken).replace(QStringLiteral("{named}"),
                                           isNamed ? QStringLiteral("NOT NULL") : QStringLiteral("NULL"))));
+    if (each.isNote)
+      finder.find(
+          QStringLiteral("Ramasul avizului difera intre document si ciorna"),
+          {Place::Document, Correction::StockAndNotes},
+          each.sql(
+              "SELECT {key} || ' ' || S.CODART AS PLACE, {key} AS TARGET FROM (SELECT L.{number} AS "
+              "{number}, L.CODART AS CODART, SUM(L.{column}) AS REST FROM {lines} L INNER JOIN {headers} "
+              "H ON H.{number} = L.{number} WHERE H.VALIDAT <> 0 AND L.CANT > 0 AND L.{column} IS NOT "
+              "NULL GROUP BY L.{number}, L.CODART) S INNER JOIN (SELECT DOCID, ARTID, SUM(CANTRAMASA) AS "
+              "REST FROM G_LDOCUM WHERE DOCID >= '{prefix}' AND DOCID < '{behind}' AND CANT > 0 AND "
+              "CANTRAMASA IS NOT NULL GROUP BY DOCID, ARTID) G ON G.DOCID = {key} AND G.ARTID = S.CODART "
+              "WHERE ROUND_EVEN(S.REST - G.REST, 3) <> 0 ORDER BY 1"));
     if (*each.closed != '\0')
       finder.find(
           QStringLiteral("Avizul sau comanda este inchis desi are cantitati ramase, sau invers"),

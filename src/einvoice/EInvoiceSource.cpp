@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <QRegularExpression>
-
 #include "config/Units.h"
 #include "documents/Numbering.h"
 #include "einvoice/Places.h"
@@ -252,14 +250,14 @@ class Maker {
       buyer.legalId = personal.size() == kPersonalDigits ? personal : QString(kPersonalDigits, u'0');
       return;
     }
+    const QString country = countryCode(code.left(2));
+    if (isHere && country != QStringLiteral("RO") && isInUnion(country))
+      fault(QStringLiteral("Codul fiscal al clientului este din alta tara decat codul tarii: %1").arg(code),
+            kPartners, "TextCT");
     if (code.startsWith(QStringLiteral("RO")) || (isHere && row.flag("PlatesteTVA"))) {
       buyer.vatId = QStringLiteral("RO") + digitsOf(code);
       return;
     }
-    static const QRegularExpression foreign(QStringLiteral("^[A-Z]{2}"));
-    if (isHere && foreign.match(code).hasMatch())
-      fault(QStringLiteral("Codul fiscal al clientului este din alta tara decat codul tarii: %1").arg(code),
-            kPartners, "TextCT");
     if (isHere || !isInUnion(buyer.country)) {
       buyer.legalId = isHere ? digitsOf(code) : code;
       return;

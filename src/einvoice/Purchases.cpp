@@ -98,12 +98,12 @@ Purchase purchaseOf(ReceivedInvoice read, PurchaseSource& source) {
 // the draft with the same rate; else what the user entered.
 QString turnedBy(const Purchase& purchase, const PurchaseDraft& draft) {
   const auto keyOf = [](const QString& number) { return LedgerKey{KindId::SupplierInvoice, number}.text(); };
-  const auto draftsOf = [&purchase](const QString& number) {
+  const auto draftsNamed = [&purchase](const QString& number) {
     return draftsOfNumber(purchase.invoice.supplier, purchase.supplier, number);
   };
-  QStringList turned = draftsOf(purchase.invoice.precedingNumber);
+  QStringList turned = draftsNamed(purchase.invoice.precedingNumber);
   // The user may enter the number of the supplier's invoice instead of its key.
-  if (turned.isEmpty() || purchase.turned != keyOf(turned.first())) turned = draftsOf(purchase.turned);
+  if (turned.isEmpty() || purchase.turned != keyOf(turned.first())) turned = draftsNamed(purchase.turned);
   if (turned.isEmpty()) return purchase.turned;
   for (const QString& number : turned)
     if (draftWith(number).integer("BATVA1") == draft.rate) return keyOf(number);

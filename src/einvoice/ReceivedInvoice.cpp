@@ -185,7 +185,7 @@ class Reader {
     requireEqual(invoice_.base, lineTotal_ - allowances_ + charges_, "totalul fara TVA");
     const auto requireTotal = [this](const char* path, const Decimal& total, const char* what) {
       const QString stated = at(0, path);
-      if (!stated.isEmpty()) requireEqual(numberIn(stated, what), total, what);
+      if (!stated.isEmpty()) requireEqual(numberIn(stated, "Un total"), total, what);
     };
     requireTotal("LegalMonetaryTotal/AllowanceTotalAmount", allowances_, "totalul reducerilor");
     requireTotal("LegalMonetaryTotal/ChargeTotalAmount", charges_, "totalul taxelor suplimentare");
@@ -210,13 +210,13 @@ class Reader {
     requireEqual(invoice_.base, base, "baza TVA");
     requireEqual(number(0, "LegalMonetaryTotal/TaxInclusiveAmount", "Totalul cu TVA"), invoice_.total(),
                  "totalul cu TVA");
-    const auto optional = [this](const char* path) {
+    const auto optional = [this](const char* path, const char* what) {
       const QString stated = at(0, path);
-      return stated.isEmpty() ? Decimal(0) : numberIn(stated, path);
+      return stated.isEmpty() ? Decimal(0) : numberIn(stated, what);
     };
     requireTotal("LegalMonetaryTotal/PayableAmount",
-                 invoice_.total() - optional("LegalMonetaryTotal/PrepaidAmount") +
-                     optional("LegalMonetaryTotal/PayableRoundingAmount"),
+                 invoice_.total() - optional("LegalMonetaryTotal/PrepaidAmount", "Suma platita in avans") +
+                     optional("LegalMonetaryTotal/PayableRoundingAmount", "Rotunjirea"),
                  "suma de plata");
   }
 

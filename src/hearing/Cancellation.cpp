@@ -129,6 +129,7 @@ std::vector<Note> turnedNotes(const std::vector<Note>& notes, const Row& storno)
     }
     copy.kind = prefix;
     copy.stamp.clear();
+    copy.user.clear();
     copy.number = storno.text("Nr");
     copy.date = storno.date("Data");
     turnRound(copy, inBlack);

@@ -27,34 +27,38 @@ const QString kItemsOfCustomer = QStringLiteral(
 
 const QString kAnd = QStringLiteral(" UNION ALL ");
 
-QString invoiceOfLink(const QString& table, const QString& column, qint64 key, qint64 client, qint64 except) {
-  const bool isOrder = column == QStringLiteral("ID_ComandaAudio");
-  Values values{key, except};
-  if (isOrder) values.emplace_back(client);
-  const Recordset found = OpenRs(
-      QStringLiteral("SELECT F.Nr AS Nr FROM %1 L INNER JOIN G_FacturiClientiAudio F ON F.ID_Factura = "
-                     "L.ID_Factura WHERE L.%2 = ? AND L.Stornat = 0 AND L.ID_Factura <> ?%3")
-          .arg(table, column, isOrder ? QStringLiteral(" AND L.ID_Client = ?") : QString()),
-      values);
-  return found.isEmpty() ? QString() : found.first().text("Nr");
-}
-
-QString otherInvoiceWithOrder(qint64 order, qint64 client, qint64 except) {
-  return invoiceOfLink("G_AsocieriComenziFacturiAudio", "ID_ComandaAudio", order, client, except);
-}
-
-QString otherInvoiceWithVoucher(qint64 voucher, qint64 except) {
-  return invoiceOfLink("G_AsocieriBonuriFacturiAudio", "ID_BonReparatie", voucher, 0, except);
-}
-
-QString linkedInvoice(const QString& table, const QString& column, qint64 key, MarkedLinks marked) {
+// The number of the first invoice linked by that column, with more conditions and their values.
+QString linkedInvoice(const char* table, const char* column, qint64 key, const QString& more = {},
+                      const Values& values = {}) {
+  Values bound{key};
+  bound.insert(bound.end(), values.begin(), values.end());
   const Recordset found = OpenRs(
       QStringLiteral("SELECT F.Nr AS Nr FROM %1 L INNER JOIN G_FacturiClientiAudio F ON F.ID_Factura = "
                      "L.ID_Factura WHERE L.%2 = ?%3 ORDER BY F.ID_Factura")
-          .arg(table, column,
-               marked == MarkedLinks::AreFree ? QStringLiteral(" AND L.Stornat = 0") : QString()),
-      {key});
+          .arg(QLatin1String(table), QLatin1String(column), more),
+      bound);
   return found.isEmpty() ? QString() : found.first().text("Nr");
+}
+
+QString linkedOrder(qint64 order, const QString& more, const Values& values = {}) {
+  return linkedInvoice("G_AsocieriComenziFacturiAudio", "ID_ComandaAudio", order, more, values);
+}
+
+QString linkedVoucher(qint64 voucher, const QString& more, const Values& values = {}) {
+  return linkedInvoice("G_AsocieriBonuriFacturiAudio", "ID_BonReparatie", voucher, more, values);
+}
+
+const QString kNotMarked = QStringLiteral(" AND L.Stornat = 0");
+const QString kOther = kNotMarked + QStringLiteral(" AND L.ID_Factura <> ?");
+
+QString counted(MarkedLinks marked) { return marked == MarkedLinks::AreFree ? kNotMarked : QString(); }
+
+QString otherInvoiceWithOrder(qint64 order, qint64 client, qint64 except) {
+  return linkedOrder(order, kOther + QStringLiteral(" AND L.ID_Client = ?"), {except, client});
+}
+
+QString otherInvoiceWithVoucher(qint64 voucher, qint64 except) {
+  return linkedVoucher(voucher, kOther, {except});
 }
 
 void requireBillable(const Row& voucher) {
@@ -186,12 +190,10 @@ void linkVoucher(const Row& invoice, qint64 voucher) {
       {own, voucher});
 }
 
-QString invoiceWithOrder(qint64 order, MarkedLinks marked) {
-  return linkedInvoice("G_AsocieriComenziFacturiAudio", "ID_ComandaAudio", order, marked);
-}
+QString invoiceWithOrder(qint64 order, MarkedLinks marked) { return linkedOrder(order, counted(marked)); }
 
 QString invoiceWithVoucher(qint64 voucher, MarkedLinks marked) {
-  return linkedInvoice("G_AsocieriBonuriFacturiAudio", "ID_BonReparatie", voucher, marked);
+  return linkedVoucher(voucher, counted(marked));
 }
 
 void removeLinks(qint64 invoice) {

@@ -20,6 +20,7 @@ TEST(InvariantsTest, EveryDamageIsReportedWithItsPlace) {
   trade.validated("BC", trade.consumption("3"), {Trade::out("A", "2")});
   trade.validated("FC", trade.sale("4"), {Trade::out("A", "1")});
   trade.validated("BS", {{"BATVA1", "2"}}, {Trade::out("A", "1")});
+  trade.validated("AE", trade.consumption("6"), {Trade::out("A", "1")});
   ASSERT_EQ(disagreementText(), "");
 
   // Notes from before their kind was stored are those of the next stamp.
@@ -33,6 +34,7 @@ TEST(InvariantsTest, EveryDamageIsReportedWithItsPlace) {
       {"DELETE FROM kt_linii WHERE FELDOC = 'FF'", "decat documentul: FF1"},
       {"UPDATE G_I_E SET ID_I = 'FF9' WHERE TIP_E = 'FC'", "care nu exista: FC4 FF9 A"},
       {"UPDATE G_LDOCUM SET CANTRAMASA = -1 WHERE DOCID = 'BI2'", "decat a intrat: BI2 A"},
+      {"UPDATE G_LDOCUM SET CANTRAMASA = 0.5 WHERE DOCID = 'AE6'", "intre document si ciorna: AE6 A"},
       {"INSERT INTO G_LAECLI (NUMAE, NRLINIE, CODART, CANT, CANTRAMAS) VALUES ('5', 1, 'A', 2, 3)",
        "peste cantitatea liniei: G_LAECLI 5 A"},
       {"INSERT INTO G_LCOMFU (NUMCOM, NRLINIE, CODART, CANT, CANTRLIV) VALUES ('5', 1, 'A', 2, -1)",

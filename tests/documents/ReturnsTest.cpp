@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "documents/Invariants.h"
+#include "documents/Undo.h"
 #include "Trade.h"
 #include "util/Errors.h"
 
@@ -63,6 +64,39 @@ TEST(ReturnsTest, CostHasTheSignOfTheQuantity) {
     EXPECT_EQ(stock, Decimal(18));
     EXPECT_EQ(disagreementText(), "");
   }
+}
+
+// Goods out and goods back on one invoice: its storno takes the latter from the lot of their line. Under the
+// average an invoice of goods brought back takes its value along when it is deleted: (6 x 10 - 10) / 5.
+TEST(ReturnsTest, ReturnedLinesAreTakenBackToo) {
+  {
+    Trade trade("FIFO");
+    trade.article("A", "20");
+    trade.article("B", "5");
+    trade.validated("FF", trade.purchase("1"),
+                    {Trade::bought("A", "5", "12", "20"), Trade::bought("B", "10", "3", "5")});
+    trade.validated("FC", trade.sale("9"), {Trade::out("B", "10"), Trade::out("A", "-1")});
+    ExecutaSql("UPDATE kt_linii SET CODCC = 'C7', CANTIT = 3, UTILIZATOR = 'ANA' WHERE DOC = '9'");
+    DocumentEditor editor("FS");
+    editor.open("9");
+    TypedTexts header = editor.headerTexts();
+    header.insert("NUMFAC", "10");
+    editor.headerTyped(header);
+    ASSERT_TRUE(Trade::validate(editor));
+    EXPECT_EQ(Trade::rest("FC9"), Decimal(0));
+    EXPECT_EQ(disagreementText(), "");
+    // A turned note carries what others filled, with nothing for null.
+    const Row note = OpenRs("SELECT * FROM kt_linii WHERE DOC = '10' AND CONT = '607'").first();
+    EXPECT_EQ(note.text("CODCC") + note.text("CANTIT") + note.text("UTILIZATOR"), "C73ANA");
+    EXPECT_FALSE(note.isNull("TERT") || note.isNull("CODIE"));
+  }
+  Trade trade("MP");
+  trade.article("A", "20");
+  trade.validated("FF", trade.purchase("1"), {Trade::bought("A", "6", "10", "20")});
+  trade.validated("FC", trade.sale("6"), {Trade::out("A", "-1")});
+  ASSERT_TRUE(takeBack({KindId::CustomerInvoice, "6"}));
+  EXPECT_EQ(Trade::figure("A", "STOC"), Decimal(6));
+  EXPECT_EQ(Trade::figure("A", "COST"), Decimal(10));
 }
 
 TEST(ReturnsTest, AReturnToASupplierIsLimitedToTheRestOfItsLot) {

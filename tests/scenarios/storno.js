@@ -50,7 +50,7 @@ for (const [black, method] of [[false, "FIFO"], [true, "MP"]]) {
   press("cmdValidare", "OK");
   equal(said(), "Va rugam introduceti numarul documentului !", "nothing chosen");
   w.grid("TDBGrid2").select(0);
-  equal([w.grid("TDBGrid1").cell(0, "CANT"), w.grid("TDBGrid1").cell(0, "VALOAREFT"), w.text("txtFields(3)")], ["4,000", "80,00", "7"], "the invoice");
+  equal([w.grid("TDBGrid1").cell(0, "CANT"), w.grid("TDBGrid1").cell(0, "PRETFT"), w.grid("TDBGrid1").cell(0, "VALOAREFT"), w.text("txtFields(3)")], ["4,000", "20,00", "80,00", "7"], "the invoice");
   check(w.grid("TDBGrid1").isLocked(0, "CANT") && !w.isEnabled("txtFields(3)"), "locked");
   w.type("txtFields(0)", "7");
   press("cmdValidare", "OK");

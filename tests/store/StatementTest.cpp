@@ -38,6 +38,14 @@ TEST_F(StatementTest, ValuesAreReadBackUnchanged) {
   EXPECT_TRUE(row.isNull("Y"));
 }
 
+TEST_F(StatementTest, WholeAmountsAreWholeNumbers) {
+  for (const Decimal& amount : {Decimal(1'000'000), 3_dec * 1'000'000'000, Decimal(-20'000'000)}) {
+    ExecutaSql("DELETE FROM kt_linii");
+    ExecutaSql("INSERT INTO kt_linii (NDI, NRLINIE, TERT) VALUES (1, 1, ?)", {amount});
+    EXPECT_EQ(OpenRs("SELECT TERT FROM kt_linii WHERE TERT = ?", {amount}).first().decimal("TERT"), amount);
+  }
+}
+
 TEST_F(StatementTest, APreparedStatementFollowsTheTables) {
   const QString sql = QStringLiteral("SELECT * FROM tmpArt");
   EXPECT_EQ(database().query(sql).columns(), QStringList({"ARTID", "STOC"}));

@@ -104,6 +104,7 @@ class StornoRules : public KindRules {
     note.dueDate = document.date().addMonths(1);
     note.number = document.number;
     note.remark = document.header.text(document.kind->remarkColumn);
+    fillNulls(note);
     turnRound(note, inBlack);
     return note;
   }
@@ -188,7 +189,14 @@ DocumentKind storno() {
   kind.lineColumns = leadingColumns(kind);
   for (LineColumn& column : kind.lineColumns) column.entry = LineEntry::Locked;
   kind.lineColumns += QList<LineColumn>{{"CANT", "Cantitate", LineEntry::Locked, 3, kAsTyped, 12},
-                                        price("ValoareFTCuDiscount", "Pret unitar", LineEntry::Locked),
+                                        {"PRETFT",
+                                         "Pret unitar",
+                                         LineEntry::Locked,
+                                         kSessionDecimals,
+                                         kAsTyped,
+                                         12,
+                                         true,
+                                         {"ValoareFTCuDiscount"}},
                                         value("VALOAREFT", "Valoare"),
                                         value("VALOARETVA", "Valoare TVA"),
                                         value("VALOARETTI", "Valoare Totala"),
