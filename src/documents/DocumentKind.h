@@ -52,10 +52,12 @@ struct HeaderField {
   QString control;  ///< known name of its control
   QString caption;
   QString toolTip;
-  QString list = {};     ///< known name of the list that fills the control
-  QString initial = {};  ///< default of a new document, as typed
-  int longest = 0;       ///< characters; 0: as its column allows
-  bool keeps = false;    ///< a new document keeps the value of the previous one
+  QString list = {};       ///< known name of the list that fills the control
+  QString initial = {};    ///< default of a new document, as typed
+  int longest = 0;         ///< characters; 0: as its column allows
+  bool keeps = false;      ///< a new document keeps the value of the previous one
+  int decimals = -1;       ///< shown by a percent; -1: as typed
+  bool mayBeZero = false;  ///< a rate may be 0
 
   /// The key of its text among the typed texts. The text of a ticked box is "-1".
   const QString& key() const { return column.isEmpty() ? control : column; }

@@ -54,9 +54,7 @@ void requireKnownCodes(const TypedHeader& typed, const QHash<QString, QString>& 
   for (const HeaderField& field : typed.kind().headerFields) {
     const QString text = typed.text(field.key());
     if (text.isEmpty() || text == stored.value(field.key()).trimmed()) continue;
-    // A kind that only tells that the rate is missing also accepts 0.
-    const bool mayBeZero = field.type == HeaderFieldType::Rate && !typed.kind().texts.rateMissing.isEmpty();
-    if (mayBeZero && typedNumber(text) == Decimal(0)) continue;
+    if (field.mayBeZero && typedNumber(text) == Decimal(0)) continue;
     const QString objection = codeObjection(field.type, text);
     if (!objection.isEmpty()) throw RuleError(objection, field.key(), kCritical);
   }

@@ -68,6 +68,10 @@ w.type("txtFields(2)", "EUR");
 w.type("txtFields(3)", "");
 press("cmdSalvare", "OK");
 equal(said(), "Va rugam completati cursul devizei ! Salvarea nu se poate efectua !", "no rate");
+equal(w.text("lblCodValuta"), "EUR", "the rate is of this currency");
+w.type("txtFields(3)", "0");
+w.click("cmdSalvare");
+equal(sql("SELECT CURSVALUTA FROM G_FACIMP WHERE NUMFAC = '3'"), [{CURSVALUTA: 0}], "a rate of 0 can be saved");
 
 // By hand: 1.11 + 1.11 at 4.5 are 4.995 and 4.995: the two rounded halves are not the whole.
 started("2", "0");

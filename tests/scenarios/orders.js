@@ -88,6 +88,7 @@ equal(sql("SELECT ID_Factura FROM G_FACTURI_COMENZI_CLIENTI WHERE ID_Factura = '
 entered("mnuCumpComanda", "frmGrilaCOMF", "31", "FURNIZOR UNU SRL", "3");
 equal(cells("PRETFT", "VALOAREFT", "CODPRODFUR", "DENUMIRE2"), ["12,34", "37,02", "PF-1", "First goods"], "at cost");
 w.click("chkDeviza");
+equal([w.hasFocus("txtCurs"), w.text("txtFields(2)")], [true, "19,00"], "on to the rate; the rate of VAT with two decimals");
 w.pick("cboIDDeviza", "EUR");
 equal(Number(w.text("txtCurs").replace(",", ".")), 0, "no rate today");
 answer("OK");

@@ -269,6 +269,8 @@ void describeImportChecks(DocumentKind& kind) {
 }
 
 void describeImportFields(DocumentKind& kind) {
+  HeaderField rate{HeaderFieldType::Rate, "CURSVALUTA", "txtFields(3)", "&Curs valutar", "Curs valutar"};
+  rate.mayBeZero = true;
   kind.headerFields = {
       {HeaderFieldType::Number, "NUMFAC", "txtFields(0)", "&Numar factura", "Numar factura de import"},
       {HeaderFieldType::Date, "DATAFAC", "dtpDataFactura", "&Data factura", ""},
@@ -276,7 +278,7 @@ void describeImportFields(DocumentKind& kind) {
       supplier("Selectati furnizor ( import) din lista de furnizori"),
       {HeaderFieldType::Currency, "CODVALUTA", "txtFields(2)", "Cod &valuta",
        "Selectati codul valutei din lista", "cboCodDevizaDenumire"},
-      {HeaderFieldType::Rate, "CURSVALUTA", "txtFields(3)", "&Curs valutar", "Curs valutar"},
+      rate,
       vatRate("BATVA", "txtFields(4)"),
       {HeaderFieldType::Percent, "COTATRANSP", "txtFields(5)", "&Procent transport",
        "Cota procentuala de transport distribuita automat de program pe articole", "", "0"},

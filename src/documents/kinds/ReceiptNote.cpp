@@ -292,7 +292,7 @@ DocumentKind receiptNote() {
       {HeaderFieldType::Number, "NUMNR", "txtFields(0)", "&Numar", "Introduceti maxim 20 caractere"},
       {HeaderFieldType::Date, "DATANR", "dtpDataDoc", "&Data N.I.R.", ""},
       supplier("Selectati furnizor in lista de furnizori"),
-      vatPercent("BATVA", "19"),
+      purchaseVatPercent("BATVA"),
       {HeaderFieldType::Flag, "STOCINITIAL", "chkStocInitial", "&Stoc initial",
        "Executati clik daca este NIR de preluare stocuri initiale"},
       {HeaderFieldType::Flag, "NoteContabile", "chkNoteContabile", "Note Contabile ",

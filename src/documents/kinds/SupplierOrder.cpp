@@ -93,7 +93,7 @@ DocumentKind supplierOrder() {
                            noLines("Comanda furnizor")};
   kind.lineChecks = {distinctArticles(), completeLines()};
   kind.printChecks = {nothingSelected(kind, "Va rugam selectati o comanda"), printUnsaved(kind)};
-  HeaderField percent = vatPercent("BATVA1", "19");
+  HeaderField percent = purchaseVatPercent("BATVA1");
   percent.caption = "Cota &TVA ";
   kind.headerFields = {{HeaderFieldType::Number, "NUMCOM", "txtFields(0)", "&Nr. Cmd.", "Numar comanda"},
                        {HeaderFieldType::Date, "DATACOM", "dtpDataFactura", "&Data comanda", ""},
@@ -101,6 +101,7 @@ DocumentKind supplierOrder() {
                        supplier("Selectati furnizor in lista de furnizori"),
                        percent};
   kind.headerFields += currencyFields("CODDEV", "CURS");
+  kind.headerFields.last().mayBeZero = true;
   kind.headerFields.append(supplierRemark("Maxim 35 caractere", 35));
   kind.lineColumns = leadingColumns(kind);
   kind.lineColumns +=

@@ -242,6 +242,12 @@ HeaderField vatPercent(const QString& column, const QString& initial) {
           true};
 }
 
+HeaderField purchaseVatPercent(const QString& column) {
+  HeaderField field = vatPercent(column, QStringLiteral("19"));
+  field.decimals = 2;
+  return field;
+}
+
 HeaderField vatRate(const QString& column, const QString& control) {
   HeaderField field{HeaderFieldType::VatRate,       column,  control, "Cota &TVA",
                     "Selectati cota TVA din lista", "cboTVA"};

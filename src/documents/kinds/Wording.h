@@ -65,6 +65,8 @@ HeaderField companyJournal();
 /// The box that determines whether notes are posted; ticked in a new document.
 HeaderField postsNotes(const QString& toolTip);
 HeaderField vatPercent(const QString& column, const QString& initial = {});
+/// The same on purchases: 19 at first, shown with two decimals.
+HeaderField purchaseVatPercent(const QString& column);
 HeaderField vatRate(const QString& column, const QString& control = QStringLiteral("txtFields(2)"));
 
 /// Number (hidden), line number, code, name and unit.

@@ -72,7 +72,7 @@ class NumberControl : public HeaderControl {
     box_->setMaxLength(kNumberLength);
     box_->setMinimumWidth(box_->fontMetrics().averageCharWidth() * kShownCode);
     KeyFilter::install(box_, KeyFilter::NoQuote | KeyFilter::NoBlank);
-    requireNumberWhenLeft(box_, kNotANumber);
+    if (field.type != HeaderFieldType::Percent) requireNumberWhenLeft(box_, kNotANumber);
     connect(box_, &QLineEdit::textEdited, this, &HeaderControl::touched);
     connect(box_, &QLineEdit::editingFinished, this, [this] { choose(); });
   }
@@ -467,6 +467,7 @@ std::unique_ptr<HeaderControl> makeHeaderControl(const DocumentKind& kind, const
     case HeaderFieldType::Amount:
       return std::make_unique<NumberControl>(field, -1, form);
     case HeaderFieldType::Percent:
+      if (field.decimals >= 0) return std::make_unique<NumberControl>(field, field.decimals, form);
       if (field.list.isEmpty()) break;
       return std::make_unique<CodeControl>(
           kind, field, [ofPurchases] { return vatPercents(ofPurchases); }, form);

@@ -36,7 +36,9 @@ void HeaderForm::addControl(const HeaderField& field) {
   for (QWidget* box : control->boxes()) moveOnWithEnter(box);
   connect(control, &HeaderControl::touched, this, &HeaderForm::touched);
   connect(control, &HeaderControl::chosen, this, [this, control] {
-    enableCurrency();
+    followCurrency();
+    if (control->field().type == HeaderFieldType::Foreign && isForeign())
+      if (HeaderControl* rate = find(HeaderFieldType::Rate)) rate->entry()->setFocus();
     emit chosen(control->field().key());
   });
 }
@@ -76,6 +78,7 @@ void HeaderForm::addRow(QFormLayout* rows, HeaderControl* control) {
   auto* row = new QHBoxLayout;
   for (QWidget* box : control->boxes()) row->addWidget(box, box == control->boxes().last() ? 1 : 0);
   if (QWidget* besides = control->besides()) row->addWidget(besides);
+  if (type == HeaderFieldType::Rate) row->addWidget(rateCurrency_ = named(new QLabel(this), "lblCodValuta"));
   rows->addRow(captionOf(control, this), row);
   if (QWidget* below = control->below()) rows->addRow(QString(), below);
 }
@@ -103,12 +106,16 @@ bool HeaderForm::isBesideForeign(const HeaderControl* control) const {
          find(HeaderFieldType::Foreign);
 }
 
-void HeaderForm::enableCurrency() {
+bool HeaderForm::isForeign() const {
   const HeaderControl* box = find(HeaderFieldType::Foreign);
-  if (!box) return;
+  return box && box->text() != QStringLiteral("0");
+}
+
+void HeaderForm::followCurrency() {
   for (const auto& control : controls_)
     if (isBesideForeign(control.get()))
-      for (QWidget* widget : control->boxes()) widget->setEnabled(box->text() != QStringLiteral("0"));
+      for (QWidget* widget : control->boxes()) widget->setEnabled(isForeign());
+  if (rateCurrency_) rateCurrency_->setText(find(HeaderFieldType::Currency)->text());
 }
 
 void HeaderForm::fill(const QHash<QString, QString>& texts, bool numberLocked) {
@@ -124,7 +131,7 @@ void HeaderForm::showChanges(const QHash<QString, QString>& texts) {
     const auto text = texts.constFind(control->field().key());
     if (text != texts.constEnd()) control->show(*text);
   }
-  enableCurrency();
+  followCurrency();
 }
 
 void HeaderForm::refreshLists() {

@@ -61,11 +61,16 @@ class HeaderForm : public QGroupBox {
   HeaderControl* find(HeaderFieldType type) const;
   /// Whether the control is in the row of the foreign currency box.
   bool isBesideForeign(const HeaderControl* control) const;
-  void enableCurrency();
+  /// Whether the box of foreign currency is ticked; false for a kind without it.
+  bool isForeign() const;
+  /// Enables currency and rate by the box of foreign currency; shows the currency behind a rate in its own
+  /// row.
+  void followCurrency();
 
   const DocumentKind& kind_;
   std::vector<std::unique_ptr<HeaderControl>> controls_;
   QList<QFormLayout*> columns_;
+  QLabel* rateCurrency_ = nullptr;
   QLabel* state_;
 };
 
