@@ -78,17 +78,17 @@ RateComparison compareRates(const std::vector<BankRate>& rates) {
     Decimal rate;
     qint64 id;
   };
-  QHash<std::pair<QString, QDate>, Stored> stored;  // of a day the last one, which is valid
+  QMultiHash<std::pair<QString, QDate>, Stored> stored;  // one a day, but old companies may have several
   for (const Row& row :
        OpenRs("SELECT ID, COD, DATA, CURS FROM kt_val2 WHERE DATA BETWEEN ? AND ? ORDER BY ID",
               {rates.front().date, rates.back().date}))
     stored.insert({row.text("COD"), row.date("DATA")}, {row.decimal("CURS"), row.integer("ID")});
   for (const BankRate& rate : rates) {
-    const auto known = stored.constFind({rate.currency, rate.date});
-    if (known == stored.constEnd())
-      comparison.missing.push_back(rate);
-    else if (known->rate != Decimal::fromDouble(rate.rate.toDouble()))
-      comparison.different.push_back({rate, known->rate, known->id});
+    const auto ofDay = stored.values({rate.currency, rate.date});
+    if (ofDay.isEmpty()) comparison.missing.push_back(rate);
+    for (const Stored& known : ofDay)
+      if (known.rate != Decimal::fromDouble(rate.rate.toDouble()))
+        comparison.different.push_back({rate, known.rate, known.id});
   }
   return comparison;
 }

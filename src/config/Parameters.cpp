@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <QHash>
+#include <QRegularExpression>
 
 #include "config/Checks.h"
 #include "config/CostMethod.h"
@@ -55,6 +56,9 @@ Row checkedIdentity(const Row& typed) {
         "TERMENEFACT");
   const QString objection = vatPayerObjection(typed.text("PLATITVA"));
   if (!objection.isEmpty()) throw RuleError(objection, "PLATITVA");
+  if (const QString wrong = sectorObjection(typed.has("SECTOR1") ? typed.text("SECTOR1") : QString());
+      !wrong.isEmpty())
+    throw RuleError(wrong, "SECTOR1");
   identity.set("PLATITVA", typed.text("PLATITVA").trimmed().toUpper());
   return identity;
 }
@@ -105,6 +109,13 @@ QString vatPayerObjection(const QString& letter) {
   const QString upper = letter.trimmed().toUpper();
   const bool valid = upper.isEmpty() || upper == QStringLiteral("D") || upper == QStringLiteral("N");
   return valid ? QString() : QStringLiteral("Va rugam completati D (de la DA) sau N (de la NU) !");
+}
+
+QString sectorObjection(const QString& sector) {
+  static const QRegularExpression valid(QStringLiteral("^[1-6]?$"));
+  return valid.match(sector.trimmed()).hasMatch()
+             ? QString()
+             : QStringLiteral("Sectorul din Bucuresti este un numar de la 1 la 6 !");
 }
 
 void saveIdentity(const Row& identity, const QString& method, bool hearing) {

@@ -20,6 +20,9 @@ QString identityNumberMessage(const QString& column);
 /// What is wrong with the letter of a VAT payer, "" when nothing is. Lower case and an empty text are valid.
 QString vatPayerObjection(const QString& letter);
 
+/// What is wrong with the sector of Bucharest, "" when nothing is: it is empty or 1 to 6.
+QString sectorObjection(const QString& sector);
+
 /// Saves the identity (columns of `kt_info`), the cost method and the hearing-device mode. An empty method
 /// means that none is chosen yet; a method that was chosen before is never replaced.
 void saveIdentity(const Row& identity, const QString& method, bool hearing);

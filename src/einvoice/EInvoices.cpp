@@ -135,6 +135,9 @@ std::exception_ptr writeBatch(EInvoiceSource& source, const QStringList& documen
     }
     QString name = eInvoiceFileName(number, date);
     if (names.contains(name)) name = document.left(2) + u'_' + name;  // an invoice and a storno of one number
+    // Numbers that differ only in characters that file names do not have.
+    const QString stem = name.chopped(4);
+    for (int more = 2; names.contains(name); ++more) name = QStringLiteral("%1_%2.xml").arg(stem).arg(more);
     names.insert(name);
     try {
       writeFile(QDir(folder).filePath(name), content);

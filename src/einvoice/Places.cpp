@@ -5,6 +5,8 @@
 #include <QSet>
 #include <QStringList>
 
+#include "util/PlainText.h"
+
 namespace velmar {
 
 namespace {
@@ -13,20 +15,51 @@ struct County {
   const char* code;
   const char* name;
 };
-constexpr County kCounties[] = {{"AB", "ALBA"},      {"AR", "ARAD"},          {"AG", "ARGES"},
-                                {"BC", "BACAU"},     {"BH", "BIHOR"},         {"BN", "BISTRITA-NASAUD"},
-                                {"BT", "BOTOSANI"},  {"BV", "BRASOV"},        {"BR", "BRAILA"},
-                                {"BZ", "BUZAU"},     {"CS", "CARAS-SEVERIN"}, {"CL", "CALARASI"},
-                                {"CJ", "CLUJ"},      {"CT", "CONSTANTA"},     {"CV", "COVASNA"},
-                                {"DB", "DAMBOVITA"}, {"DJ", "DOLJ"},          {"GL", "GALATI"},
-                                {"GR", "GIURGIU"},   {"GJ", "GORJ"},          {"HR", "HARGHITA"},
-                                {"HD", "HUNEDOARA"}, {"IL", "IALOMITA"},      {"IS", "IASI"},
-                                {"IF", "ILFOV"},     {"MM", "MARAMURES"},     {"MH", "MEHEDINTI"},
-                                {"MS", "MURES"},     {"NT", "NEAMT"},         {"OT", "OLT"},
-                                {"PH", "PRAHOVA"},   {"SM", "SATU MARE"},     {"SJ", "SALAJ"},
-                                {"SB", "SIBIU"},     {"SV", "SUCEAVA"},       {"TR", "TELEORMAN"},
-                                {"TM", "TIMIS"},     {"TL", "TULCEA"},        {"VS", "VASLUI"},
-                                {"VL", "VALCEA"},    {"VN", "VRANCEA"},       {"B", "BUCURESTI"}};
+constexpr County kCounties[] = {{"AB", "ALBA"},
+                                {"AR", "ARAD"},
+                                {"AG", "ARGES"},
+                                {"BC", "BACAU"},
+                                {"BH", "BIHOR"},
+                                {"BN", "BISTRITA-NASAUD"},
+                                {"BT", "BOTOSANI"},
+                                {"BV", "BRASOV"},
+                                {"BR", "BRAILA"},
+                                {"BZ", "BUZAU"},
+                                {"CS", "CARAS-SEVERIN"},
+                                {"CL", "CALARASI"},
+                                {"CJ", "CLUJ"},
+                                {"CT", "CONSTANTA"},
+                                {"CV", "COVASNA"},
+                                {"DB", "DAMBOVITA"},
+                                {"DJ", "DOLJ"},
+                                {"GL", "GALATI"},
+                                {"GR", "GIURGIU"},
+                                {"GJ", "GORJ"},
+                                {"HR", "HARGHITA"},
+                                {"HD", "HUNEDOARA"},
+                                {"IL", "IALOMITA"},
+                                {"IS", "IASI"},
+                                {"IF", "ILFOV"},
+                                {"MM", "MARAMURES"},
+                                {"MH", "MEHEDINTI"},
+                                {"MS", "MURES"},
+                                {"NT", "NEAMT"},
+                                {"OT", "OLT"},
+                                {"PH", "PRAHOVA"},
+                                {"SM", "SATU MARE"},
+                                {"SJ", "SALAJ"},
+                                {"SB", "SIBIU"},
+                                {"SV", "SUCEAVA"},
+                                {"TR", "TELEORMAN"},
+                                {"TM", "TIMIS"},
+                                {"TL", "TULCEA"},
+                                {"VS", "VASLUI"},
+                                {"VL", "VALCEA"},
+                                {"VN", "VRANCEA"},
+                                {"B", "BUCURESTI"},
+                                // In the spelling before 1993.
+                                {"DB", "DIMBOVITA"},
+                                {"VL", "VILCEA"}};
 
 const QStringList& countries() {
   static const QStringList codes =
@@ -49,12 +82,7 @@ const QStringList kUnion = {"AT", "BE", "BG", "CY", "CZ", "DE", "DK", "EE", "ES"
 
 }  // namespace
 
-QString plainCapitals(const QString& text) {
-  QString plain;
-  for (const QChar character : text.normalized(QString::NormalizationForm_D))
-    if (!character.isMark()) plain += character;
-  return plain.toUpper();
-}
+QString plainCapitals(const QString& text) { return plainLetters(text).toUpper(); }
 
 QString countyCode(const QString& county) {
   static const QRegularExpression words(QStringLiteral("^(RO-|JUDETUL|JUD\\.?|MUNICIPIUL|MUN\\.?)\\s*"));

@@ -10,11 +10,13 @@ namespace velmar {
 
 namespace {
 
-// The key under which the choice of an article is stored.
-QString choiceKey(const ReceivedLine& line) {
+// The keys under which the choice of an article is stored: by the supplier's code, if any, and by name.
+QStringList choiceKeys(const ReceivedLine& line) {
   constexpr int kWidth = 100;
-  return (line.code.isEmpty() ? QStringLiteral("N:") + line.name.toUpper() : QStringLiteral("C:") + line.code)
-      .left(kWidth);
+  QStringList keys;
+  if (!line.code.isEmpty()) keys.append((QStringLiteral("C:") + line.code).left(kWidth));
+  keys.append((QStringLiteral("N:") + line.name.toUpper()).left(kWidth));
+  return keys;
 }
 
 }  // namespace
@@ -89,8 +91,10 @@ QStringList PurchaseSource::articlesOf(qint64 supplier, const ReceivedInvoice& i
   }
   QStringList articles;
   for (const ReceivedLine& line : invoice.lines) {
-    const QString known = line.code.isEmpty() ? QString() : byCode.value(line.code);
-    articles.append(known.isEmpty() ? data_->choices[supplier].value(choiceKey(line)) : known);
+    QString known = line.code.isEmpty() ? QString() : byCode.value(line.code);
+    // A line with a code is not found by its name: one name may have several codes.
+    if (known.isEmpty()) known = data_->choices[supplier].value(choiceKeys(line).first());
+    articles.append(known);
   }
   readArticles(articles);
   for (QString& code : articles)
@@ -99,10 +103,11 @@ QStringList PurchaseSource::articlesOf(qint64 supplier, const ReceivedInvoice& i
 }
 
 void PurchaseSource::choose(qint64 supplier, const ReceivedLine& line, const QString& article) {
-  const QString key = choiceKey(line);
-  database().execute("DELETE FROM G_EFACTURAART WHERE CODFURN = ? AND CHEIE = ?", {supplier, key});
-  database().insertRows("G_EFACTURAART", {"CODFURN", "CHEIE", "CODART"}, {{supplier, key, article}});
-  data_->choices[supplier].insert(key, article);
+  for (const QString& key : choiceKeys(line)) {
+    database().execute("DELETE FROM G_EFACTURAART WHERE CODFURN = ? AND CHEIE = ?", {supplier, key});
+    database().insertRows("G_EFACTURAART", {"CODFURN", "CHEIE", "CODART"}, {{supplier, key, article}});
+    data_->choices[supplier].insert(key, article);
+  }
 }
 
 void PurchaseSource::readArticles(const QStringList& codes) {

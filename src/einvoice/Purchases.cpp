@@ -36,8 +36,8 @@ const Table& files() { return companyTable("G_EFACTURAPRIM"); }
 // The text without diacritics, at most as long as the column.
 QString fitted(const QString& text, const char* table, const char* column) {
   QString plain;
-  for (const QChar character : text.normalized(QString::NormalizationForm_D))
-    if (!character.isMark() && hiddenCharacter(character).isEmpty()) plain += character;
+  for (const QChar character : plainLetters(text))
+    if (hiddenCharacter(character).isEmpty()) plain += character;
   return plain.simplified().left(companyTable(table).column(column)->width);
 }
 
@@ -74,6 +74,13 @@ QString numberOf(const QString& first, size_t draft) {
   return draft == 0 ? first : QStringLiteral("%1/%2").arg(first).arg(draft + 1);
 }
 
+// The drafts that exist under the numbers of the file's drafts.
+std::vector<Row> draftsInTheWay(const QString& first, const ReceivedInvoice& invoice) {
+  QStringList numbers;
+  for (size_t i = 0; i < invoice.totals.size(); ++i) numbers.append(numberOf(first, i));
+  return rowsOfKeys("SELECT NUMFAC, CODFUR FROM G_FACFUR WHERE NUMFAC IN (%1)", numbers);
+}
+
 Purchase purchaseOf(ReceivedInvoice read, PurchaseSource& source) {
   Purchase purchase;
   purchase.invoice = std::move(read);
@@ -83,9 +90,10 @@ Purchase purchaseOf(ReceivedInvoice read, PurchaseSource& source) {
         QStringLiteral("Cumparatorul este altul: %1 %2").arg(invoice.buyer.fiscalCode, invoice.buyer.name));
   purchase.supplier = source.supplierOf(invoice.supplier.fiscalCode);
   purchase.number = invoice.number;
-  if (const Row draft = draftWith(invoice.number);
-      !draft.isEmpty() && purchase.supplier != 0 && draft.integer("CODFUR") != purchase.supplier)
-    purchase.number = QStringLiteral("%1/F%2").arg(invoice.number).arg(purchase.supplier);
+  if (purchase.supplier != 0)
+    for (const Row& draft : draftsInTheWay(invoice.number, invoice))
+      if (draft.integer("CODFUR") != purchase.supplier)
+        purchase.number = QStringLiteral("%1/F%2").arg(invoice.number).arg(purchase.supplier);
   if (!invoice.precedingNumber.isEmpty()) {
     const QStringList turned = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.precedingNumber);
     if (!turned.isEmpty()) purchase.turned = LedgerKey{KindId::SupplierInvoice, turned.first()}.text();
@@ -113,6 +121,24 @@ QString turnedBy(const Purchase& purchase, const PurchaseDraft& draft) {
 // Whether the lines of an article can be one line of the draft.
 bool hasSamePrice(const ReceivedLine& one, const ReceivedLine& other) {
   return one.statedPrice == other.statedPrice || one.value * other.quantity == other.value * one.quantity;
+}
+
+// Whether a line of a draft has a negative quantity. Lines of one article and rate are one.
+bool givesBack(const Purchase& purchase) {
+  const std::vector<ReceivedLine>& lines = purchase.invoice.lines;
+  if (std::none_of(lines.begin(), lines.end(),
+                   [](const ReceivedLine& line) { return line.quantity.isNegative(); }))
+    return false;
+  for (size_t i = 0; i < lines.size(); ++i) {
+    const QString article = purchase.articles[static_cast<qsizetype>(i)].toUpper();
+    Decimal quantity = lines[i].quantity;
+    for (size_t j = 0; j < lines.size() && !article.isEmpty(); ++j)
+      if (j != i && lines[j].rate == lines[i].rate &&
+          purchase.articles[static_cast<qsizetype>(j)].toUpper() == article)
+        quantity += lines[j].quantity;
+    if (quantity.isNegative()) return true;
+  }
+  return false;
 }
 
 // The values of the lines of a rate in lei, less their part of the allowance.
@@ -147,14 +173,18 @@ Row judged(const QByteArray& content, const QString& name, PurchaseSource& sourc
   const auto cut = [&row](const char* column, const QString& text) {
     row.set(column, visibleText(oneLine(text)).left(files().column(column)->width));
   };
-  try {
-    const ReceivedInvoice invoice = readInvoice(content);
+  ReceivedInvoice refused;
+  const auto describe = [&](const ReceivedInvoice& invoice) {
     row.set("CONTINUT", QString::fromLatin1(content.toBase64()));
     cut("CODFISCAL", comparableCode(invoice.supplier.fiscalCode));
     cut("FURNIZOR", invoice.supplier.name);
     cut("NUMAR", invoice.number);
     row.set("DATA", invoice.date);
     row.set("TOTAL", invoice.total());
+  };
+  try {
+    const ReceivedInvoice invoice = readInvoice(content, &refused);
+    describe(invoice);
     const Purchase purchase = purchaseOf(invoice, source);
     const QStringList drafts = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.number);
     if (!drafts.isEmpty())
@@ -164,6 +194,7 @@ Row judged(const QByteArray& content, const QString& name, PurchaseSource& sourc
     row.set("STARE", missing.isEmpty() ? received::kToTake : received::kIncomplete);
     cut("LIPSESTE", missing.join(QStringLiteral("; ")));
   } catch (const RuleError& reason) {
+    if (!refused.number.isEmpty()) describe(refused);
     row.set("STARE", received::kRefused);
     cut("LIPSESTE", reason.text());
   }
@@ -252,7 +283,14 @@ QByteArray purchaseFile(qint64 id) {
 }
 
 Purchase storedPurchase(qint64 id, PurchaseSource& source) {
-  Purchase purchase = purchaseOf(readInvoice(purchaseFile(id)), source);
+  const QByteArray file = purchaseFile(id);
+  ReceivedInvoice invoice;
+  try {
+    invoice = readInvoice(file);
+  } catch (const RuleError& reason) {
+    throw RuleError(QStringLiteral("Fisierul nu se poate deschide: %1").arg(reason.text()));
+  }
+  Purchase purchase = purchaseOf(std::move(invoice), source);
   purchase.id = id;
   return purchase;
 }
@@ -287,6 +325,11 @@ std::vector<PurchaseDraft> draftsOf(const Purchase& purchase, PurchaseSource& so
         same->value += values[i];
       }
     }
+    // What was given and taken back on one invoice is no line.
+    const auto gone = std::remove_if(
+        draft.lines.begin(), draft.lines.end(),
+        [](const PurchaseDraft::Line& line) { return line.quantity.isZero() && line.value.isZero(); });
+    if (gone != draft.lines.begin()) draft.lines.erase(gone, draft.lines.end());
     if (draft.lines.empty()) continue;
     Decimal vat;
     for (PurchaseDraft::Line& line : draft.lines) {
@@ -320,12 +363,10 @@ QStringList missingIn(const Purchase& purchase, PurchaseSource& source) {
   if (purchase.supplier == 0)
     missing.append(QStringLiteral("furnizorul %1").arg(invoice.supplier.fiscalCode));
   qsizetype without = 0;
-  bool goesBack = false;
   QStringList different;
   for (size_t i = 0; i < invoice.lines.size(); ++i) {
     const QString& article = purchase.articles[static_cast<qsizetype>(i)];
     if (article.isEmpty()) ++without;
-    goesBack = goesBack || invoice.lines[i].quantity.isNegative();
     for (size_t j = 0; j < i && !article.isEmpty(); ++j)
       if (purchase.articles[static_cast<qsizetype>(j)].compare(article, Qt::CaseInsensitive) == 0 &&
           invoice.lines[i].rate == invoice.lines[j].rate &&
@@ -343,7 +384,9 @@ QStringList missingIn(const Purchase& purchase, PurchaseSource& source) {
     missing.append(QStringLiteral("cursul %1 din %2")
                        .arg(invoice.currency, invoice.date.toString(QStringLiteral("dd.MM.yyyy"))));
   if (purchase.number.isEmpty()) missing.append(QStringLiteral("numarul facturii"));
-  if (goesBack && purchase.turned.isEmpty()) missing.append(QStringLiteral("factura stornata"));
+  for (const Row& draft : draftsInTheWay(purchase.number, invoice))
+    missing.append(QStringLiteral("alt numar, %1 exista deja").arg(draft.text("NUMFAC")));
+  if (purchase.turned.isEmpty() && givesBack(purchase)) missing.append(QStringLiteral("factura stornata"));
   const int width = companyTable("G_FACFUR").column("NUMFAC")->width;
   if (numberOf(purchase.number, invoice.totals.size() - 1).size() > width)
     missing.append(QStringLiteral("un numar de cel mult %1 caractere").arg(width));
@@ -422,15 +465,15 @@ void keepChoices(const Purchase& purchase, PurchaseSource& source) {
 }
 
 QStringList takeOver(const Purchase& purchase, PurchaseSource& source) {
-  if (const QStringList missing = missingIn(purchase, source); !missing.isEmpty())
-    throw RuleError(QStringLiteral("Factura %1 nu se poate prelua, lipseste: %2")
-                        .arg(purchase.invoice.number, missing.join(QStringLiteral("; "))));
   const ReceivedInvoice& invoice = purchase.invoice;
   Transaction transaction(database());
   const QStringList existing = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.number);
   if (!existing.isEmpty())
     throw RuleError(
         QStringLiteral("Factura furnizorului exista deja: %1").arg(existing.join(QStringLiteral(", "))));
+  if (const QStringList missing = missingIn(purchase, source); !missing.isEmpty())
+    throw RuleError(QStringLiteral("Factura %1 nu se poate prelua, lipseste: %2")
+                        .arg(invoice.number, missing.join(QStringLiteral("; "))));
   Row header = source.newHeader();
   header.set("CODFUR", purchase.supplier);
   header.set("DATAFAC", invoice.date);

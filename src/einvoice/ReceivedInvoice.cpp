@@ -44,6 +44,8 @@ class Reader {
     return std::move(invoice_);
   }
 
+  const ReceivedInvoice& readSoFar() const { return invoice_; }
+
  private:
   QString at(int element, const char* path) const { return xml_.text(element, QLatin1String(path)); }
 
@@ -239,9 +241,15 @@ class Reader {
 
 }  // namespace
 
-ReceivedInvoice readInvoice(const QByteArray& file) {
-  if (file.size() > kLargestXml) throw refused(QStringLiteral("Fisierul este prea mare (peste 20 MB)"));
-  return Reader(file).read();
+ReceivedInvoice readInvoice(const QByteArray& file, ReceivedInvoice* refused) {
+  if (file.size() > kLargestXml) throw RuleError(QStringLiteral("Fisierul este prea mare (peste 20 MB)"));
+  Reader reader(file);
+  try {
+    return reader.read();
+  } catch (const RuleError&) {
+    if (refused) *refused = reader.readSoFar();
+    throw;
+  }
 }
 
 std::vector<std::pair<QString, QString>> fieldsOfInvoice(const QByteArray& file) {

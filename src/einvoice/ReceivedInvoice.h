@@ -54,8 +54,9 @@ struct ReceivedInvoice {
 };
 
 /// Reads the file. Throws RuleError with the reason for a file that is not well-formed, no invoice or credit
-/// note of UBL 2.1, or incomplete, and for sums that disagree.
-ReceivedInvoice readInvoice(const QByteArray& file);
+/// note of UBL 2.1, or incomplete, and for sums that disagree; `refused`, if given, then gets what was read
+/// up to there.
+ReceivedInvoice readInvoice(const QByteArray& file, ReceivedInvoice* refused = nullptr);
 
 /// The fields of the file in its order: CAMP (path of the element or attribute), VALOARE.
 std::vector<std::pair<QString, QString>> fieldsOfInvoice(const QByteArray& file);

@@ -1,6 +1,7 @@
 #include "util/PlainText.h"
 
 #include <algorithm>
+#include <QHash>
 #include <QRegularExpression>
 
 namespace velmar {
@@ -39,6 +40,25 @@ QString visibleText(const QString& text) {
   QString visible;
   for (const QChar c : text) visible += isHidden(c) ? QStringLiteral("[%1]").arg(nameOf(c)) : QString(c);
   return visible;
+}
+
+QString plainLetters(const QString& text) {
+  static const QHash<QChar, QString> kPlain = {
+      {u'\u00DF', "ss"}, {u'\u1E9E', "SS"}, {u'\u00C6', "AE"}, {u'\u00E6', "ae"}, {u'\u0152', "OE"},
+      {u'\u0153', "oe"}, {u'\u00D8', "O"},  {u'\u00F8', "o"},  {u'\u0141', "L"},  {u'\u0142', "l"},
+      {u'\u0110', "D"},  {u'\u0111', "d"},  {u'\u0131', "i"},  {u'\u2018', "'"},  {u'\u2019', "'"},
+      {u'\u201A', "'"},  {u'\u201C', "\""}, {u'\u201D', "\""}, {u'\u201E', "\""}, {u'\u00AB', "\""},
+      {u'\u00BB', "\""}, {u'\u2010', "-"},  {u'\u2011', "-"},  {u'\u2013', "-"},  {u'\u2014', "-"}};
+  QString plain;
+  for (const QChar character : text.normalized(QString::NormalizationForm_D)) {
+    if (character.isMark()) continue;
+    const auto found = kPlain.constFind(character);
+    if (found == kPlain.constEnd())
+      plain += character;
+    else
+      plain += *found;
+  }
+  return plain;
 }
 
 QString oneLine(QString text) {

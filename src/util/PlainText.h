@@ -1,5 +1,5 @@
-// Characters that names must not have: control characters, line breaks, and those that change the direction
-// of writing, with which a text looks like another one.
+// Texts from outside: characters that names must not have (control characters, line breaks, and those that
+// change the direction of writing, with which a text looks like another one), and plain letters.
 #pragma once
 
 #include <QString>
@@ -14,6 +14,10 @@ QString hiddenObjection(const QString& text);
 
 /// The text with "[U+202E]" in place of each such character, for display.
 QString visibleText(const QString& text);
+
+/// The text in plain letters: without diacritics, with "ss" for a sharp s, "AE", "OE" for ligatures, straight
+/// quotes and hyphens for typographic ones.
+QString plainLetters(const QString& text);
 
 /// The text with each line break or tab replaced by a blank.
 QString oneLine(QString text);

@@ -39,6 +39,7 @@ file(folder);
 w.click("cmdFolder");
 const list = () => w.grid("TDBGrid1");
 equal([list().column("STARE"), list().cell(0, "FURNIZOR"), list().cell(0, "TOTAL")], [["incompleta", "refuzata", "refuzata", "refuzata", "refuzata", "refuzata"], "FURNIZOR NOU \u021A SRL", "145,91"], "read");
+equal([list().column("NUMAR").slice(1, 3), list().cell(2, "TOTAL")], [["F 101", "F 102"], "12,10"], "refused files say what they are");
 check(/furnizorul RO13548146; articolele a 3 linii/.test(list().cell(0, "LIPSESTE")), "what it lacks");
 ["Cumparatorul este altul", "Sumele nu corespund", "UBL", "deteriorata", "suma de plata"].forEach((text, i) => check(list().cell(i + 1, "LIPSESTE").includes(text), text + ": " + list().cell(i + 1, "LIPSESTE")));
 w.shot("frmEFacturaPrimite");
@@ -106,6 +107,22 @@ all.shot("frmEFacturaAfisare");
 all.click("cmdIesire");
 w.click("cmdIesire");
 
+// Given and taken back on one invoice; a line without its code; a number in use; a unit that differs.
+menu("mnuEFacturaPrimite");
+w = win("frmEFacturaPrimite");
+put("i.xml", {number: "S 1", lines: [["X2", "Piulita", "KGM", 5, 50, 21], ["X2", "Piulita", "KGM", -1, -10, 21]], rates: [[21, 40, 8.4]]});
+put("j.xml", {number: "S 2", lines: [["", "Piulita", "H87", 1, 10, 21]], rates: [[21, 10, 2.1]]});
+put("k.xml", {number: "S 3", lines: [["X2", "Piulita", "KGM", 1, 10, 21], ["", "Paine", "H87", 1, 10, 11]], rates: [[21, 10, 2.1], [11, 10, 1.1]]});
+sql("INSERT INTO G_FACFUR (NUMFAC, CODFUR, VALIDAT) VALUES ('S 3/2', (SELECT CODFUR FROM G_FACFUR WHERE NUMFAC = 'F 100'), 0)");
+file(`"${folder}/i.xml" "${folder}/j.xml" "${folder}/k.xml"`);
+w.click("cmdFisiere");
+equal([list().column("STARE"), list().cell(2, "LIPSESTE")], [["de preluat", "de preluat", "incompleta"], "alt numar, S 3/2 exista deja"], "what is taken back needs no invoice");
+list().selectMany([0, 1]);
+w.click("cmdPreia");
+check(w.text("lblStare").includes("De verificat: S 2: Articolul A1 are unitatea Kg, factura H87"), w.text("lblStare"));
+equal(sql("SELECT NUMFAC, CODART, CANT, VALOAREFT FROM G_LFACFU WHERE NUMFAC LIKE 'S %' ORDER BY NUMFAC"), [{CANT: 4, CODART: "A1", NUMFAC: "S 1", VALOAREFT: 40}, {CANT: 1, CODART: "A1", NUMFAC: "S 2", VALOAREFT: 10}], "one line of four");
+w.click("cmdIesire");
+
 // The drafts validate as they are.
 menu("mnuCumpFactura");
 w = win("frmGrilaFF");
@@ -126,6 +143,11 @@ w = win("frmValute");
 file(folder + "/bnr.xml");
 press("cmdCursBNR", "Nu");
 expectMessage("EUR din 10.03.2026: 5 se schimba in 4,98");
+sql("INSERT INTO kt_val2 (COD, DATA, CURS) VALUES ('EUR', '2026-03-09', 4.9)");
+file(folder + "/bnr.xml");
+press("cmdCursBNR", "Nu");
+expectMessage("EUR din 09.03.2026: 4,9 se schimba in 4,97");
+sql("DELETE FROM kt_val2 WHERE CURS = 4.9");
 const rates = () => sql("SELECT DATA, CURS FROM kt_val2 WHERE COD = 'EUR' ORDER BY DATA").map((row) => row.DATA.substring(8, 10) + " " + row.CURS);
 equal(rates(), ["07 4.97", "08 4.97", "09 4.97", "10 5"], "from the next day");
 w.set("optZiua", true);

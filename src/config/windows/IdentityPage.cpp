@@ -79,8 +79,10 @@ QWidget* IdentityPage::identityFrame() {
   addField(grid, 3, 4, "Platitor TVA", payer);
   addField(grid, 4, 0, "Banca", addTextBox("txtBanca", info, "banca"), 3);
   addField(grid, 5, 0, "Cont", addTextBox("txtContBancar", info, "contbancar"), 3);
-  addField(grid, 6, 0, "Sector",
-           addTextBox("txtSector", info, "SECTOR1", "Pentru Bucuresti: 1 la 6, pe facturile electronice"));
+  QLineEdit* sector =
+      addTextBox("txtSector", info, "SECTOR1", "Pentru Bucuresti: 1 la 6, pe facturile electronice");
+  checkWhenLeft(sector, [sector] { return sectorObjection(sector->text()); });
+  addField(grid, 6, 0, "Sector", sector);
   addField(grid, 6, 2, "Termen e-Factura",
            addNumberBox("txtTermen", "TERMENEFACT", kCodeWidth, identityNumberMessage("TERMENEFACT"),
                         "Zile lucratoare de la emitere pana la trimiterea facturii electronice"));

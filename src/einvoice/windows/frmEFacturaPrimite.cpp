@@ -143,7 +143,7 @@ void frmEFacturaPrimite::takeOverSelected() {
     files.emplace_back(TDBGrid1_->rows().row(place).integer("ID"),
                        TDBGrid1_->rows().row(place).text("STARE"));
   int taken = 0;
-  QStringList left;
+  QStringList left, remarks;
   {
     const Hourglass hourglass;
     WorkProgress progress(windowTitle(), this);
@@ -152,8 +152,11 @@ void frmEFacturaPrimite::takeOverSelected() {
       progress.show(static_cast<int>(i), static_cast<int>(files.size()));
       if (files[i].second == received::kTaken) continue;
       try {
-        takeOver(storedPurchase(files[i].first, source), source);
+        const Purchase purchase = storedPurchase(files[i].first, source);
+        takeOver(purchase, source);
         ++taken;
+        for (const QString& remark : remarksOn(purchase, source))
+          remarks.append(QStringLiteral("%1: %2").arg(purchase.invoice.number, remark));
       } catch (const RuleError& reason) {
         left.append(reason.text());
         if (files[i].second != received::kRefused) judgeAgain(files[i].first, source);
@@ -161,9 +164,10 @@ void frmEFacturaPrimite::takeOverSelected() {
     }
   }
   show();
-  lblStare_->setText(
-      QStringLiteral("Facturi preluate: %1").arg(taken) +
-      (left.isEmpty() ? QString() : QStringLiteral(". Nepreluate: ") + left.join(QStringLiteral(" "))));
+  QString done = QStringLiteral("Facturi preluate: %1").arg(taken);
+  if (!left.isEmpty()) done += QStringLiteral(". Nepreluate: ") + left.join(u' ');
+  if (!remarks.isEmpty()) done += QStringLiteral(". De verificat: ") + remarks.join(QStringLiteral("; "));
+  lblStare_->setText(done);
 }
 
 void frmEFacturaPrimite::showFields() { frmEFacturaAfisare(current().integer("ID"), this).exec(); }
