@@ -1,6 +1,7 @@
 // Takes validated documents of the trade back, and cancels invoices.
 #pragma once
 
+#include <QDate>
 #include <QStringList>
 
 #include "stock/LedgerKey.h"

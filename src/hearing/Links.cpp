@@ -1,5 +1,7 @@
 #include "hearing/Links.h"
 
+#include <algorithm>
+
 #include "hearing/Invoices.h"
 #include "hearing/Orders.h"
 #include "hearing/RepairVouchers.h"
@@ -59,6 +61,18 @@ QString otherInvoiceWithOrder(qint64 order, qint64 client, qint64 except) {
 
 QString otherInvoiceWithVoucher(qint64 voucher, qint64 except) {
   return linkedVoucher(voucher, kOther, {except});
+}
+
+// Whether the order still has the invoice's client and a device of its lines. Items: attachedItems().
+bool isBilledAsOrdered(qint64 invoice, qint64 order, const std::vector<Row>& items) {
+  const auto item = std::find_if(items.begin(), items.end(),
+                                 [order](const Row& each) { return each.integer("ID_Comanda") == order; });
+  if (item == items.end()) return false;
+  return !OpenRs(
+              "SELECT ID_Detaliu FROM G_FacturaClientiAudio_Detalii WHERE ID_Factura = ? AND ID_Articol = ? "
+              "LIMIT 1",
+              {invoice, item->text("ID_Dispozitiv")})
+              .isEmpty();
 }
 
 void requireBillable(const Row& voucher) {
@@ -205,17 +219,21 @@ void removeLinks(qint64 invoice) {
 void requireFreeAgain(const Row& invoice) {
   const qint64 own = invoice.integer("ID_Factura");
   const QString end = QStringLiteral(" Stornarea nu poate fi stearsa !");
+  const std::vector<Row> items = attachedItems(invoice);
   for (const Row& link :
        OpenRs("SELECT C.ID_Comanda AS ID_Comanda, C.Nr AS Nr, L.ID_Client AS ID_Client FROM "
               "G_AsocieriComenziFacturiAudio L INNER JOIN G_COMANDA_AUDIO C ON C.ID_Comanda = "
               "L.ID_ComandaAudio WHERE "
               "L.ID_Factura = ?",
-              {own}))
+              {own})) {
+    const QString number = link.text("Nr");
     if (const QString other =
             otherInvoiceWithOrder(link.integer("ID_Comanda"), link.integer("ID_Client"), own);
         !other.isEmpty())
-      throw RuleError(QStringLiteral("Comanda %1 este acum pe factura %2.").arg(link.text("Nr"), other) +
-                      end);
+      throw RuleError(QStringLiteral("Comanda %1 este acum pe factura %2.").arg(number, other) + end);
+    if (!isBilledAsOrdered(own, link.integer("ID_Comanda"), items))
+      throw RuleError(QStringLiteral("Comanda %1 are acum alt client sau alt dispozitiv.").arg(number) + end);
+  }
   for (const Row& link :
        OpenRs("SELECT R.ID_BonReparatie AS ID_BonReparatie, R.Nr AS Nr, R.Validat AS Validat FROM "
               "G_AsocieriBonuriFacturiAudio L INNER JOIN G_BonReparatii R ON R.ID_BonReparatie = "

@@ -207,7 +207,7 @@ OrderFile readOrderFile(const QByteArray& bytes) {
   if (bytes.size() > kLargestFile)
     throw RuleError(QStringLiteral("Fisierul este prea mare pentru o comanda (maxim 1 MB)."));
   const XmlText xml(bytes);
-  if (xml.root() != kRoot)
+  if (xml.root() != kRoot || !xml.rootNamespace().isEmpty())
     throw RuleError(QStringLiteral("Fisierul nu este o comanda: elementul principal nu este %1.").arg(kRoot));
   const Reader reader(xml);
   const char* table = "G_COMANDA_AUDIO";

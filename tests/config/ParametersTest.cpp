@@ -138,11 +138,10 @@ TEST_F(Parameters, TheCostMethodIsChosenOnce) {
 }
 
 TEST_F(Parameters, FiscalYearsMustBeConsistent) {
-  const QString kept = "2026-01-01";
   const QString tail = " ! Salvarea nu se poate efectua ! [Validare, 0]";
   const QString start = "Data de inceput a ", n = "exercitiului N",
                 smaller = " trebuie sa fie mai mica decat data de sfarsit";
-  const QString y26a = kept, y26z = "2026-12-31", y27a = "2027-01-01", y27z = "2027-12-31";
+  const QString y26a = "2026-01-01", y26z = "2026-12-31", y27a = "2027-01-01", y27z = "2027-12-31";
   const std::pair<QStringList, QString> cases[] = {
       {{y26z, y26a, "2025-01-01", "2024-12-31", y26a, "2025-12-31"},  // the first of several faults
        "DATAIN: " + start + "exercitiului" + smaller},
@@ -158,7 +157,7 @@ TEST_F(Parameters, FiscalYearsMustBeConsistent) {
       {{y26a, y26z, "2027-01-02", y27z, y26a, y26z},
        "DATAIN1: " + start + n + "+1 trebuie sa fie ziua urmatoare datei de sfarsit a " + n}};
   for (const auto& [dates, text] : cases) EXPECT_EQ(refusedDates(dates), text + tail);
-  EXPECT_EQ(storedParameters().date("DATAIN").toString(Qt::ISODate), kept);
+  EXPECT_EQ(storedParameters().date("DATAIN").toString(Qt::ISODate), y26a);
 
   // Limits that are just valid: years of one day, a period up to the last day of year N+1.
   EXPECT_EQ(

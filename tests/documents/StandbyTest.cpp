@@ -83,14 +83,17 @@ TEST_F(StandbyOnServerTest, WhatWasReportedIsKeptAndWorkContinues) {
   int ends[2];
   ASSERT_EQ(pipe(ends), 0);
   pid_t processes[2];
-  for (int p = 0; p < 2; ++p)
-    if ((processes[p] = fork()) == 0) try {
-        setOpenDatabase(Database::open(path));
-        _exit(writeVouchers(p + 1, ends[1]));
-      } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s\n", error.what());
-        _exit(99);
-      }
+  for (int p = 0; p < 2; ++p) {
+    processes[p] = fork();
+    if (processes[p] != 0) continue;
+    try {
+      setOpenDatabase(Database::open(path));
+      _exit(writeVouchers(p + 1, ends[1]));
+    } catch (const std::exception& error) {
+      std::fprintf(stderr, "%s\n", error.what());
+      _exit(99);
+    }
+  }
   close(ends[1]);
   QStringList reported;
   int number = 0;

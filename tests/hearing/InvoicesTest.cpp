@@ -201,6 +201,13 @@ TEST_P(HearingTest, AStornoAndItsDeletionLeaveTheBooksAsTheyWere) {
     const qint64 other = shop.invoice("40", shop.insurer, BilledBy::Insurer, {order});
     expectRefused([&] { takeBack(stornoKey("30")); }, "este acum pe factura 40");
     removeInvoice(other);
+    // The order may be corrected now, but the invoice no longer fits it.
+    const Row shown = OpenRs("SELECT * FROM G_COMANDA_AUDIO WHERE ID_Comanda = ?", {order}).first();
+    Row corrected = shown;
+    corrected.set("ID_Dispozitiv", QStringLiteral("PIESA"));
+    saveOrder(corrected, shown);
+    expectRefused([&] { takeBack(stornoKey("30")); }, "alt client sau alt dispozitiv");
+    saveOrder(shown, corrected);
     takeBack(stornoKey("31"));
     takeBack(stornoKey("30"));
     EXPECT_EQ(Shop::books(), before);

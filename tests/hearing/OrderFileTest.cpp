@@ -141,6 +141,7 @@ TEST_F(OrderFileTest, BadFilesWriteNothingAndNameTheElement) {
   expectRefused(with("O'POP", "&om;"), "linia");
   expectRefused("<!DOCTYPE comanda [<!ENTITY a \"b\">]>" + good.toUtf8(), "DOCTYPE");
   expectRefused(QByteArray("<comenzi>") + good.toUtf8() + "</comenzi>", "elementul principal");
+  expectRefused(with("<comanda>", "<comanda xmlns=\"urn:x\">"), "elementul principal");
   expectRefused(good.toUtf8() + QByteArray(1024LL * 1024, ' '), "prea mare");
   const QList<std::array<const char*, 3>> faults = {
       {"<cnp>2800101054321</cnp>", "", "comanda/dateClient/cnp lipseste"},

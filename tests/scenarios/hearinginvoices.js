@@ -119,7 +119,7 @@ const choose = option => {
 };
 w = choose("optCas");
 equal(w.items("cboClient"), ["CAS BIHOR"]);
-check(w.isVisible("frmListaComenzi"));
+equal([w.isVisible("frmListaComenzi"), w.isVisible("frmListaBonuri"), w.isVisible("lblCota")], [true, false, false]);
 told(() => w.click("cmdSalvare"), "Va rog completati: \r\n\t: Nr Comanda\r\n\t: Client\r\n\t: Punct de lucru");
 w.type("txtNumar", "101");
 w.pick("cboClient", "CAS BIHOR");

@@ -154,7 +154,9 @@ QWidget* frmComandaAudio::partiesFrame() {
 
 NumberBox* frmComandaAudio::priceBox(const QString& column, const QString& name) {
   auto* box = card().add(column, named(new NumberBox(2), name));
-  requireNumberWhenLeft(box, kNotANumber, 0, {}, [box] { box->setNumber(Decimal(0)); });
+  checkWhenLeft(
+      box, [box] { return box->number() ? QString() : kNotANumber; }, 0, {},
+      [box] { box->setNumber(Decimal(0)); });
   connect(box, &QLineEdit::editingFinished, this, [this] { showDifference(); });
   card().setDefault(column, Decimal(0));
   return box;

@@ -1,6 +1,7 @@
 #include "hearing/windows/frmGrilaFacturaAudio.h"
 
 #include <QBoxLayout>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -80,7 +81,7 @@ frmGrilaFacturaAudio::frmGrilaFacturaAudio(BilledBy by, QWidget* parent)
   auto* listed = named(new QGroupBox("Lista Facturi "), "frmFacturaAntet");
   (new QVBoxLayout(listed))->addWidget(drafts);
   QWidget* header = headerFrame();
-  QWidget* source = sourceFrame();
+  QWidget* source = sourceFrames();
   grdDetalii_ = new DetailGrid(objectName(), lineColumns());
   grdDetalii_->setEmptyText("Liniile se adauga dupa salvarea antetului.");
   grdDetalii_->setKeptInView("Total", "Articol");
@@ -137,20 +138,30 @@ QWidget* frmGrilaFacturaAudio::headerFrame() {
   return frame;
 }
 
-QWidget* frmGrilaFacturaAudio::sourceFrame() {
+// The list of vouchers and that of orders; the one that the invoice bills is shown.
+QWidget* frmGrilaFacturaAudio::sourceFrames() {
+  auto* both = new QWidget;
+  auto* rows = new QVBoxLayout(both);
+  rows->setContentsMargins({});
+  auto* vouchers = named(new QGroupBox("Bonuri de reparatii"), "frmListaBonuri");
+  auto* orders = named(new QGroupBox("Comenzi"), "frmListaComenzi");
+  auto* voucherList = new TDBGrid("grdListaBonuri");
+  auto* orderList = new TDBGrid("grdListaComenzi");
+  voucherList->setColumns(kVoucherColumns);
+  orderList->setColumns(kOrderColumns);
+  (new QVBoxLayout(vouchers))->addWidget(voucherList);
+  (new QVBoxLayout(orders))->addWidget(orderList);
   const bool isVouchers = by_ == BilledBy::Voucher;
-  auto* frame = isVouchers ? named(new QGroupBox("Bonuri de reparatii"), "frmListaBonuri")
-                           : named(new QGroupBox("Comenzi"), "frmListaComenzi");
-  sources_ = new TDBGrid(isVouchers ? "grdListaBonuri" : "grdListaComenzi");
-  sources_->setColumns(isVouchers ? kVoucherColumns : kOrderColumns);
+  sources_ = isVouchers ? voucherList : orderList;
+  for (QWidget* frame : {vouchers, orders}) rows->addWidget(frame);
+  (isVouchers ? orders : vouchers)->hide();
   sources_->setToolTip("Enter sau dublu clic adauga pe factura sau scoate de pe ea");
   const auto toggle = [this] { run(sources_->objectName() + "_DblClick", [this] { toggleSource(); }); };
   connect(sources_, &QAbstractItemView::doubleClicked, this, toggle);
   auto* enter = new QShortcut(QKeySequence(Qt::Key_Return), sources_);
   enter->setContext(Qt::WidgetShortcut);
   connect(enter, &QShortcut::activated, this, toggle);
-  (new QVBoxLayout(frame))->addWidget(sources_);
-  return frame;
+  return both;
 }
 
 QList<QPushButton*> frmGrilaFacturaAudio::commands() {
@@ -271,6 +282,7 @@ void frmGrilaFacturaAudio::showHint() {
   const Decimal rate = shownRate();
   lblCota_->setText(hasOrders && rate != kOrderVat ? QStringLiteral("Liniile din comenzi au TVA 19%.")
                                                    : QString());
+  lblCota_->setVisible(!lblCota_->text().isEmpty());
 }
 
 Decimal frmGrilaFacturaAudio::shownRate() const {

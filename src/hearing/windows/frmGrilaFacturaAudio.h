@@ -30,7 +30,7 @@ class frmGrilaFacturaAudio : public ListForm {
 
  private:
   QWidget* headerFrame();
-  QWidget* sourceFrame();
+  QWidget* sourceFrames();
   QList<QPushButton*> commands();
   void fillLists();
   void showInvoice(const Row& invoice);

@@ -44,6 +44,8 @@ template <class... Works>
 struct Visitor : Works... {
   using Works::operator()...;
 };
+template <class... Works>
+Visitor(Works...) -> Visitor<Works...>;
 
 }  // namespace
 

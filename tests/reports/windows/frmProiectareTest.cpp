@@ -2,6 +2,7 @@
 #include "reports/windows/frmProiectare.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
