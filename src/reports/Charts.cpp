@@ -1,9 +1,13 @@
 #include "reports/Charts.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "config/Session.h"
 #include "store/Database.h"
 #include "store/ListRows.h"
 #include "util/Errors.h"
+#include "util/NumberText.h"
 
 namespace velmar {
 
@@ -145,6 +149,56 @@ ChartData chartData(const ChartChoice& choice, const QString& accountText) {
     data.note =
         QStringLiteral("Lunile anilor %1 - %2 sunt adunate").arg(choice.from.year()).arg(choice.to.year());
   return data;
+}
+
+std::vector<ChartSlice> chartSlices(const ChartData& data) {
+  std::vector<ChartSlice> slices;
+  if (data.series.size() > 1) {
+    for (const QString& series : data.series) slices.push_back({series});
+    for (const Row& row : data.rows)
+      for (int i = 0; i < data.fields.size(); ++i) slices[i].figure += row.decimal(data.fields[i]);
+  } else {
+    for (const Row& row : data.rows) slices.push_back({row.text(kLabel), row.decimal(data.fields.first())});
+  }
+  double whole = 0;
+  for (const ChartSlice& slice : slices) whole += std::abs(slice.figure.toDouble());
+  if (whole > 0)
+    for (ChartSlice& slice : slices)
+      slice.percent = static_cast<int>(std::lround(std::abs(slice.figure.toDouble()) / whole * 100));
+  return slices;
+}
+
+int chartDecimals(const ChartData& data) {
+  const bool isWhole = std::all_of(data.rows.begin(), data.rows.end(), [&data](const Row& row) {
+    return std::all_of(data.fields.begin(), data.fields.end(), [&row](const QString& field) {
+      return Round(row.decimal(field), 0) == row.decimal(field);
+    });
+  });
+  return isWhole ? 0 : 2;
+}
+
+QString ChartScale::text(int mark) const { return formatNumber(step * Decimal(mark), step < 1 ? 2 : 0); }
+
+ChartScale chartScale(double least, double most) {
+  constexpr double kMarks = 5;
+  constexpr double kTenth = 0.1;
+  constexpr double kSlack = 1e-9;  // of a step: the error of a division
+  least = std::min(least, 0.0);
+  most = std::max(most, 0.0);
+  const double wanted = std::max((most - least) / kMarks, kTenth * kTenth);
+  const int power = static_cast<int>(std::floor(std::log10(wanted) + kSlack));
+  Decimal ten = 1;
+  for (int i = 0; i < std::abs(power); ++i) ten = ten * Decimal(10);
+  if (power < 0) ten = Decimal(1) / ten;
+  ChartScale scale;
+  for (const int times : {1, 2, 5, 10}) {
+    scale.step = ten * Decimal(times);
+    if (scale.step.toDouble() >= wanted * (1 - kSlack)) break;
+  }
+  const double step = scale.step.toDouble();
+  scale.first = static_cast<int>(std::floor(least / step + kSlack));
+  scale.last = std::max(static_cast<int>(std::ceil(most / step - kSlack)), scale.first + 1);
+  return scale;
 }
 
 }  // namespace velmar

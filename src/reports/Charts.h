@@ -36,4 +36,29 @@ struct ChartData {
 /// Throws RuleError when no account is chosen or there are no rows.
 ChartData chartData(const ChartChoice& choice, const QString& accountText);
 
+struct ChartSlice {
+  QString label;
+  Decimal figure = 0;
+  int percent = 0;  ///< of the sum of all figures without their signs, to the nearest
+};
+
+/// The slices of a circle: the rows, of two columns their sums.
+std::vector<ChartSlice> chartSlices(const ChartData& data);
+
+/// The decimals that its figures are shown with: 2, or 0 where all are whole.
+int chartDecimals(const ChartData& data);
+
+/// The marks of an axis of figures: the multiples of `step` from `first` to `last`.
+struct ChartScale {
+  Decimal step = 1;  ///< 1, 2 or 5 times a power of ten, at least 0.01
+  int first = 0;
+  int last = 1;
+
+  /// The mark as text: "40.000", "0,50".
+  QString text(int mark) const;
+};
+
+/// About five marks that include both figures and 0.
+ChartScale chartScale(double least, double most);
+
 }  // namespace velmar

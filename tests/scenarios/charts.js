@@ -49,6 +49,40 @@ w.click("cmdSalvare");
 equal(readFile(paths().app + "/grafic.png").substring(1, 4), "PNG", "picture");
 w.click("cmdPrint");
 equal(printed().length, 1, "printed");
+// The figures of twelve months and of forty partners of long names can all be read on the printed chart.
+const paper = () => {
+  w.click("cmdPrint");
+  return pdfText(printed()[0]).replace(/\s+/g, " ");
+};
+const readable = (what, ...texts) => {
+  const text = paper();
+  texts.forEach((part) => check(text.includes(part), what + ": " + part + " in " + text));
+  return text;
+};
+const twelve = Array.from({length: 12}, (_, i) => String(i + 1).padStart(2, "0"));
+twelve.forEach((month, i) => note(month + "-20", "5121", 1000 * (i + 1) - 2000.5, 0, null));
+sql("DELETE FROM kt_pc WHERE CONT = '5121'"), sql("INSERT INTO kt_pc (CONT, TITLU) VALUES ('5121', 'Banca')");
+for (const form of ["Bare 2D", "Linii 2D", "Suprafata 2D", "Scara 3D", "Combinatie 2D"]) {
+  drawn("Evolutie cont", "5121 - Banca", form);
+  const text = readable(form, "-1.000,50", "-0,50", "999,50", "9.999,50");
+  twelve.forEach((month) => check(text.includes(month + " / " + year), form + ": month " + month));
+  check(!/\d,\d{3}\D/.test(text), form + ": no figure with a comma for thousands in " + text);
+}
+shot("months");
+sql("DELETE FROM kt_linii");
+for (let i = 1; i <= 40; ++i) {
+  sql("INSERT INTO kt_ter (COD, NUME, TIP) VALUES (?, ?, 'C')", 100 + i, "PARTENER CU NUME DE PATRUZECI LITERE " + (100 + i));
+  note("03-05", "4111", 1000 * i, 0, 100 + i);
+}
+w.set("CheckProcent", true);
+drawn("Repartitie Clienti", "6 - Cheltuieli", "Diagrama circulara 2D");
+// 1,000 and 40,000 of 820,000.
+readable("forty slices", "LITERE 101", "LITERE 140", "1.000,00 (0%)", "40.000,00 (5%)");
+shot("slices");
+w.type("TextValoare", "28000");
+drawn("Repartitie Clienti", "6 - Cheltuieli", "Bare 2D");
+readable("twelve bars", "29.000", "40.000", "50.000", "LITERE 129", "LITERE 140");
+shot("partners");
 w.set("DTPDeLa", year + "-05-01");
 replied("OK", () => w.click("cmdArata"), "Nu exista date pentru trasare grafic! ");
 w.click("CommandButton1");

@@ -29,6 +29,7 @@ namespace {
 
 constexpr int kAccountWidth = 34;  // characters
 constexpr int kPictureScale = 2;
+constexpr QSize kSheet{1108, 760};  // of a picture and a printed chart: a landscape A4 page
 
 const QStringList kShapes{
     "Bare 3D",  "Bare 2D",  "Linii 3D",      "Linii 2D",      "Suprafata 3D",         "Suprafata 2D",
@@ -37,7 +38,7 @@ const QStringList kShapes{
 // One landscape page.
 class ChartPrint : public PrintJob {
  public:
-  explicit ChartPrint(ChartView& chart) : chart_(chart) {}
+  explicit ChartPrint(const ChartView& chart) : chart_(chart.inSize(kSheet)) {}
 
   QString name() const override { return QStringLiteral("Grafic"); }
   QPageLayout pageLayout() const override {
@@ -48,12 +49,12 @@ class ChartPrint : public PrintJob {
   void paintPage(QPainter& painter, int) const override {
     QRectF body = pageLayout().paintRect(QPageLayout::Point);
     body = {body.topLeft() * kTwipsPerPoint, body.size() * kTwipsPerPoint};
-    chart_.render(&painter, body, {}, Qt::KeepAspectRatio);
+    chart_->render(&painter, body, {{0, 0}, kSheet}, Qt::KeepAspectRatio);
   }
-  QString pageText(int) const override { return chart_.text(); }
+  QString pageText(int) const override { return chart_->text(); }
 
  private:
-  ChartView& chart_;
+  std::unique_ptr<ChartView> chart_;
 };
 
 }  // namespace
@@ -181,8 +182,8 @@ void frmGrafice::show(const ChartData& figures) {
   const int form = cmbTip_->currentIndex();
   ChartView* chart = figures.isShares ? MSChartPie_ : MSChart_;
   (figures.isShares ? MSChart_ : MSChartPie_)->hide();
-  chart->showData(figures, static_cast<ChartShape>(form / 2), form != kCircle && form % 2 == 0,
-                  CheckProcent_->isChecked());
+  chart->showData(figures, {static_cast<ChartShape>(form / 2), form != kCircle && form % 2 == 0,
+                            CheckProcent_->isChecked()});
   chart->show();
   QList<GridColumn> columns{{"Eticheta", "Eticheta", CellFormat::Text, 30}};
   for (const QString& field : figures.rows.columns().mid(1)) {
@@ -211,10 +212,12 @@ void frmGrafice::savePicture() {
       QFileDialog::getSaveFileName(this, "Salvare", QDir::home().filePath("Grafic.png"), "Imagini (*.png)");
   if (path.isEmpty()) return;
   if (QFileInfo(path).suffix().isEmpty()) path += QStringLiteral(".png");
-  QPixmap picture(chart->size() * kPictureScale);
-  picture.setDevicePixelRatio(kPictureScale);
+  QPixmap picture(kSheet * kPictureScale);
   picture.fill(Qt::white);
-  chart->QWidget::render(&picture);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  chart->inSize(kSheet)->render(&painter, picture.rect(), {{0, 0}, kSheet});
+  painter.end();
   if (!picture.save(path, "PNG")) throw RuleError(QStringLiteral("Fisierul %1 nu poate fi scris").arg(path));
 }
 
