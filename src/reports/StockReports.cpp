@@ -326,7 +326,8 @@ StockReport labels() {
                         family(),
                         {Kind::Option, "optArticol", "&Articol"},
                         {Kind::Article, "cboArticol", {}, "optArticol", "Va rugam precizati articolul"}},
-                       "optToateArt"},
+                       "optToateArt",
+                       "fraSelArt"},
                       {{},
                        {{Kind::Number, "TextNr", " Numar etichete"},
                         {Kind::Number, "TextPrima", "Primul loc liber pe coala"}}}}};

@@ -35,6 +35,7 @@ struct ReportFrame {
   QString caption;
   std::vector<ReportControl> controls;
   QString ticked = {};  ///< the option at the start; none: a second click takes a choice off
+  QString name = {};    ///< object name
 };
 
 /// A column of the rows on the screen.

@@ -25,6 +25,13 @@ for (const wrong of ["0", "1000", "1,5"]) {
   replied("OK", () => w.click("cmdVisualizare"), "Va rugam introduceti un numar intreg intre 1 si 999 !");
 }
 w.type("TextNr", "1");
+// The sheet has 21 places: the last one is free, a further one is refused.
+w.type("TextPrima", "22");
+replied("OK", () => w.click("cmdVisualizare"), "Coala are 21 locuri: primul loc liber este un numar intre 1 si 21 !");
+equal([w.hasFocus("TextPrima"), printed().length], [true, 0], "refused");
+w.type("TextPrima", "21");
+w.click("cmdVisualizare");
+equal([flat(printed()[0]).split("Caiet").length - 1, w.isVisible("fraSelArt")], [1, true], "the last place");
 w.click("optFamilie");
 replied("OK", () => w.click("cmdVisualizare"), "Va rugam precizati familia");
 w.pick("cboFamilie", "1-Marfuri");

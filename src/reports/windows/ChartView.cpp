@@ -96,16 +96,21 @@ void ChartView::resizeEvent(QResizeEvent* event) {
 // A slice shows the size of its figure, its label the sign.
 void ChartView::addSlices() {
   pie_ = new QPieSeries;
-  for (const ChartSlice& slice : chartSlices(data_)) {
+  QList<QPieSlice*> parts;
+  constexpr size_t kMostEdges = 100;  // more would cover the slices
+  const std::vector<ChartSlice> figures = chartSlices(data_);
+  for (const ChartSlice& slice : figures) {
     QString figure = formatNumber(slice.figure, 2);
     const QString percent = look_.showsPercent ? QStringLiteral("%1%").arg(slice.percent) : QString();
     if (look_.showsPercent) figure += QStringLiteral(" (") + percent + u')';
     legend_.push_back(
         {slice.label, figure, percent, std::abs(slice.figure.toDouble()), colorOf(legend_.size())});
-    QPieSlice* part = pie_->append(slice.label + QStringLiteral(": ") + figure, legend_.back().size);
+    auto* part = new QPieSlice(slice.label + QStringLiteral(": ") + figure, legend_.back().size);
     part->setBrush(legend_.back().color);
-    part->setPen(QPen(Qt::white, 1));
+    part->setPen(figures.size() <= kMostEdges ? QPen(Qt::white, 1) : QPen(Qt::NoPen));
+    parts.append(part);
   }
+  pie_->append(parts);  // at once: each call arranges all slices
   connect(pie_, &QPieSeries::hovered, this, [this](QPieSlice* slice, bool isOver) {
     viewport()->setToolTip(isOver ? slice->label() : QString());
   });
@@ -460,6 +465,8 @@ void ChartView::drawFigures(ChartLabels& labels) const {
   constexpr int kLines = 7;  // that a figure may be away from its point
   const QPointF line(0, metrics().height());
   const QRectF area = chart()->plotArea();
+  // Of bars this narrow only some would have their figures.
+  if (area.width() / static_cast<qreal>(rowLabels_.size()) < line.y() / 2) return;
   labels.keepInside({sheet().left() + kGap, area.top(), sheet().width() - 2 * kGap, area.height()});
   for (int series = 0; series < data_.series.size(); ++series) {
     // Figures of several series may be side by side.

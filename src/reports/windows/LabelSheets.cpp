@@ -2,12 +2,17 @@
 
 #include <QPainter>
 
+#include "util/Errors.h"
+
 namespace velmar {
 
 LabelSheets::LabelSheets(const ReportJob& job, const layout::Page& label, const layout::Labels& labels,
                          const LabelRun& run)
     : job_(job), label_(label), labels_(labels), run_(run) {
-  run_.firstPlace = std::clamp(run_.firstPlace, 1, places());
+  if (run_.firstPlace < 1 || run_.firstPlace > places())
+    throw RuleError(
+        QStringLiteral("Coala are %1 locuri: primul loc liber este un numar intre 1 si %1 !").arg(places()),
+        QStringLiteral("TextPrima"));
 }
 
 QPageLayout LabelSheets::pageLayout() const {

@@ -13,7 +13,8 @@ struct LabelRun {
 
 class LabelSheets : public PrintJob {
  public:
-  /// `labels` are those of the job's layout; the job must outlive this object.
+  /// `labels` are those of the job's layout; the job must outlive this object. Throws RuleError when the
+  /// sheet has no such first place.
   LabelSheets(const ReportJob& job, const layout::Page& label, const layout::Labels& labels,
               const LabelRun& run);
 

@@ -44,7 +44,8 @@ class clsListLabel {
   /// Lets the user choose a project file in the folder of FileName(), then opens the designer.
   void Design();
 
-  /// False when the user cancelled or the layout cannot be used, after a message.
+  /// False when the user cancelled or the layout cannot be used, after a message. Throws RuleError when a
+  /// sheet of labels has no such first place.
   bool Print_Preview(Mode mode);
 
   /// Whether the last run failed because of its layout.

@@ -70,6 +70,7 @@ frmRaport::frmRaport(const StockReport& report, QWidget* parent) : QWidget(paren
 
 QWidget* frmRaport::frame(const ReportFrame& frame) {
   QWidget* box = frame.caption.isEmpty() ? new QWidget : new QGroupBox(frame.caption);
+  box->setObjectName(frame.name);
   auto* rows = new QFormLayout(box);
   if (frame.caption.isEmpty()) rows->setContentsMargins(0, 0, 0, 0);
   for (const ReportControl& control : frame.controls) addControl(control, rows);
