@@ -10,12 +10,6 @@ namespace velmar {
 
 namespace {
 
-// Documents have no time of day: a period that begins after midnight of its first day begins on the next one.
-QDate firstDay(const ReportChoice& choice, const QString& control) {
-  const QDate day = choice.dates[control];
-  return choice.has(kTakesFirstDay) ? day : day.addDays(1);
-}
-
 QString sum(const QString& of) { return QStringLiteral("ROUND_EVEN(COALESCE(SUM(%1), 0), 6)").arg(of); }
 
 QString movement(const QString& direction) {
@@ -115,6 +109,11 @@ bool isEan13(const QString& code) {
 }
 
 }  // namespace
+
+QDate firstDay(const ReportChoice& choice, const QString& control) {
+  const QDate day = choice.dates[control];
+  return choice.has(kTakesFirstDay) ? day : day.addDays(1);
+}
 
 QString salesGrouping(const ReportChoice& choice) {
   return choice.has("optClienti") ? QStringLiteral("CL")

@@ -7,6 +7,9 @@ namespace velmar {
 
 struct ReportChoice;
 
+/// The first day that counts in a report that loses the one in that control, unless the user takes it in.
+QDate firstDay(const ReportChoice& choice, const QString& control);
+
 /// The grouping of sales and issues: "CL" by customer, "MP" by way of payment, else empty.
 QString salesGrouping(const ReportChoice& choice);
 

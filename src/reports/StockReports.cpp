@@ -346,7 +346,11 @@ std::vector<StockReport> allReports() {
                         const QString grouping = salesGrouping(choice);
                         if (grouping == "CL") return row.text("CODTERT");
                         if (grouping == "MP") return row.text("MODREG");
-                        return row.date("DATADOC").addYears(isYearBefore ? 1 : 0).toString(Qt::ISODate);
+                        if (!isYearBefore) return row.date("DATADOC").toString(Qt::ISODate);
+                        // 29 February is compared with 28 February: the day must not leave the period.
+                        return std::clamp(row.date("DATADOC").addYears(1), firstDay(choice, "DTPickerdela"),
+                                          choice.dates["DTPickerla"])
+                            .toString(Qt::ISODate);
                       },
                       "TOTALDOC"};
   sales.columns = {{"DATADOC", "Data", Shown::Date},
@@ -412,6 +416,10 @@ Recordset compared(const StockReport& report, const ReportChoice& choice, const 
   const ReportComparison& comparison = report.comparison;
   ReportChoice earlier = choice;
   for (QDate& date : earlier.dates) date = date.addYears(-1);
+  if (report.losesFirstDay) {
+    earlier.dates[report.from] = firstDay(choice, report.from).addYears(-1);
+    earlier.ticked.insert(kTakesFirstDay);
+  }
   const Recordset before = report.rows(earlier);
   QHash<QString, Decimal> sums;
   Decimal total;
@@ -420,7 +428,8 @@ Recordset compared(const StockReport& report, const ReportChoice& choice, const 
     sums[comparison.key(row, choice, true)] += value;
     total += value;
   }
-  Recordset all(std::make_shared<Columns>(rows.columns() + QStringList{"ANTERIOR", "TOTALANTERIOR"}));
+  Recordset all(std::make_shared<Columns>((rows.isEmpty() ? before : rows).columns() +
+                                          QStringList{"ANTERIOR", "TOTALANTERIOR"}));
   QSet<QString> shown;
   const auto add = [&](std::vector<QVariant> cells, const QString& key) {
     cells.emplace_back(Round(sums.value(key), 6).toDouble());
@@ -453,8 +462,9 @@ const StockReport& stockReport(const QString& window) {
 
 Recordset reportRows(const StockReport& report, const ReportChoice& choice) {
   Recordset rows = report.rows(choice);
+  if (isCompared(report, choice)) rows = compared(report, choice, rows);
   if (rows.isEmpty()) throw RuleError(QStringLiteral("Nu exista inregistrari"));
-  return isCompared(report, choice) ? compared(report, choice, rows) : rows;
+  return rows;
 }
 
 ReportData reportData(const StockReport& report, const ReportChoice& choice) {

@@ -58,8 +58,9 @@ struct ReportLinks {
 
 struct ReportChoice;
 
-/// How the rows of a report are compared with those of the same days a year before. The rows then have the
-/// fields ANTERIOR, of the row's key, and TOTALANTERIOR, of all rows; both 0 where there was nothing.
+/// How the rows of a report are compared with those of the same days a year before: from the first to the
+/// last day that counts, each a year earlier, 29 February as 28. The rows then have the fields ANTERIOR, of
+/// the row's key, and TOTALANTERIOR, of all rows; both 0 where there was nothing.
 struct ReportComparison {
   /// The rows of one key are added up; `isYearBefore`: a row of the year before.
   std::function<QString(const Row& row, const ReportChoice& choice, bool isYearBefore)> key = {};

@@ -175,3 +175,37 @@ has(pages(), "FC10 din 01.03." + year + ", ALFA SRL", "1 M1 Marfa intai 4,000 20
 equal(sql("SELECT NRCRT, POZITIE, NRCOMANDA FROM G_DESCAR ORDER BY NRCRT").map((row) => [row.NRCRT, row.POZITIE, row.NRCOMANDA]),
       [[1, 1, "FC10"], [2, 1, "BS5"], [3, 1, "FC11"], [4, 1, "FS12"]]);
 w.close();
+
+// Around 29 February: the days of the groups are those of the grand total. 2028 is a leap year.
+const sale = (date, partner, value) => 
+    sql("INSERT INTO G_DOCUME (ID, TIP, TIPIE, DATADOC, CODTERT, MODREG, CODMAG, TOTALFT, TOTALTVA) VALUES (?, 'FC', 'E', ?, ?, 1, 1, ?, 0)",
+        "FC" + date.replace(/-/g, ""), date, partner, value);
+for (const [date, value] of [["2027-02-28", 100], ["2027-03-01", 400], ["2028-02-28", 10], ["2028-02-29", 20], ["2028-03-01", 40], ["2029-02-28", 7], ["2029-03-01", 9]])
+  sale(date, 1, value);
+sale("2027-05-15", 3, 60);
+open("mnuRapVanzari", "frmRapVanzari");
+const compared = (from, to, first = true) => {
+  w.set("chkComparatie", true);
+  w.set("DTPickerdela", from);
+  w.set("DTPickerla", to);
+  w.set("chkPrimaZi", first);
+  return (pages().match(/Anul trecut(: [0-9,.]+|: nimic)/g) || []).map((text) => text.replace("Anul trecut: ", "").replace(/,$/, ""));
+};
+equal(compared("2028-02-29", "2028-03-01"), ["100,00", "400,00", "500,00"], "from 29 February");
+equal(compared("2028-02-28", "2028-02-29", false), ["100,00", "100,00"], "29 February is the first day that counts");
+equal(compared("2028-02-28", "2028-03-01"), ["100,00", "nimic", "400,00", "500,00"], "28 February has its own day");
+equal(compared("2029-02-28", "2029-03-01"), ["30,00", "40,00", "70,00"], "the day more of a leap year is with 28 February");
+equal(compared("2029-02-28", "2029-02-28"), ["10,00", "10,00"], "up to 28 February");
+equal(compared("2029-02-28", "2029-03-01", false), ["40,00", "40,00"], "from 1 March");
+w.close();
+// Who bought a year before alone is shown even when nobody bought now.
+open("mnuRapStaCL", "frmRapStaCl");
+w.set("DTPickerdela", "2028-05-01");
+w.set("DTPickerla", "2028-05-31");
+replied("OK", () => w.click("cmdVisualizare"), "Nu exista inregistrari");
+w.set("chkComparatie", true);
+has(pages(), "3 BETA SA 0,00 60,00 0,0");
+w.click("cmdEcran");
+equal(win("frmEcran").grid("TDBGrid1").column("NUME"), ["BETA SA"], "on the screen");
+win("frmEcran").close();
+w.close();

@@ -61,6 +61,11 @@ bool ChartLabels::place(const QString& text, const QList<LabelPlace>& places, co
   return false;
 }
 
+QString ChartLabels::shortened(const QFontMetricsF& metrics, const QString& text, qreal width) {
+  constexpr char16_t kEllipsis = 0x2026;
+  return metrics.elidedText(text, Qt::ElideMiddle, width).replace(QChar(kEllipsis), QStringLiteral("..."));
+}
+
 qreal ChartLabels::entryWidth(const QFontMetricsF& metrics, const QString& name, const QString& figure) {
   return kSquare + kGap + metrics.horizontalAdvance(name) +
          (figure.isEmpty() ? 0 : 2 * kGap + metrics.horizontalAdvance(figure)) + 2;
@@ -72,7 +77,7 @@ void ChartLabels::drawEntry(const QRectF& entry, const QColor& color, const QStr
     painter_.fillRect(QRectF(entry.left(), entry.center().y() - kSquare / 2, kSquare, kSquare), color);
   const qreal others = entryWidth(metrics_, {}, figure);
   painter_.drawText(entry.adjusted(kSquare + kGap, 0, 0, 0), Qt::AlignVCenter | Qt::TextDontClip,
-                    metrics_.elidedText(name, Qt::ElideMiddle, entry.width() - others));
+                    shortened(metrics_, name, entry.width() - others));
   painter_.drawText(entry, Qt::AlignVCenter | Qt::AlignRight | Qt::TextDontClip, figure);
 }
 

@@ -32,6 +32,8 @@ class ChartLabels {
 
   /// The font of all texts. Its size is in pixels: the device that it is drawn on does not change the layout.
   static QFont font(const QFont& like);
+  /// The text with dots in its middle where it is too wide.
+  static QString shortened(const QFontMetricsF& metrics, const QString& text, qreal width);
   /// The width of an entry with nothing shortened.
   static qreal entryWidth(const QFontMetricsF& metrics, const QString& name, const QString& figure);
 

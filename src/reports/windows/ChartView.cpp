@@ -414,7 +414,7 @@ void ChartView::drawSliceLabels(ChartLabels& labels) const {
                                 : direction.x() < 0                      ? Qt::AlignLeft
                                                                          : Qt::AlignRight);
     const QString figure = sliceFigure(legend_[i]);
-    const QString name = letters.elidedText(legend_[i].name, Qt::ElideMiddle, kNameWidth);
+    const QString name = ChartLabels::shortened(letters, legend_[i].name, kNameWidth);
     const QList<LabelPlace> places{{point, side},
                                    {point, (side & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter},
                                    {point + direction * letters.height(), side}};
@@ -442,7 +442,7 @@ void ChartView::drawAxes(ChartLabels& labels, QPainter& painter) const {
                          Qt::TextWordWrap | Qt::AlignHCenter | Qt::TextDontClip, rowLabels_[row]);
         break;
       case RowText::Upright:
-        labels.place(letters.elidedText(rowLabels_[row], Qt::ElideMiddle, rowTextHeight_),
+        labels.place(ChartLabels::shortened(letters, rowLabels_[row], rowTextHeight_),
                      {{{middle, top}, Qt::AlignBottom, true}});
         break;
     }
