@@ -278,11 +278,14 @@ Recordset inventoryRows(const ReportChoice& choice) {
   addNumber(where, "A.FAMART", choice.codeOf("optFamilie", "cboFamilie"));
   return OpenRs(
       "SELECT * FROM (SELECT A.CODART AS CODART, A.DENART AS DENART, A.UM AS UM, A.FAMART AS FAMART, "
-      "F.DENUMIRE AS DenFam, A.FARASTOC AS FARASTOC, 0 AS CostDEV, ROUND_EVEN(S.StocInitial + S.Intrari - "
-      "S.Iesiri, 6) AS STOC, S.Costul AS Costul, S.Valoare AS Valoare FROM (SELECT L.ARTID AS ARTID, " +
+      "F.DENUMIRE AS DenFam, A.CODFURNIZO AS CODFurnizor, T.NUME AS Furnizor, A.FARASTOC AS FARASTOC, 0 AS "
+      "CostDEV, ROUND_EVEN(S.StocInitial + S.Intrari - "
+      "S.Iesiri, 6) AS STOC, S.Costul AS Costul, S.Valoare AS Valoare, S.StocInitial AS StocInitial, "
+      "S.Intrari AS Intrari, S.Iesiri AS Iesiri FROM (SELECT L.ARTID AS ARTID, " +
           kSums + " FROM " + kLedger + " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID" + whereOf(where) +
           " GROUP BY L.ARTID) AS S INNER JOIN G_ARTMAG AS A ON A.CODART = S.ARTID LEFT JOIN G_FAMART AS F ON "
-          "F.COD = A.FAMART) AS J WHERE STOC <> 0 AND COALESCE(FARASTOC, 0) = 0 ORDER BY FAMART NULLS FIRST, "
+          "F.COD = A.FAMART LEFT JOIN kt_ter AS T ON T.COD = A.CODFURNIZO) AS J WHERE STOC <> 0 AND "
+          "COALESCE(FARASTOC, 0) = 0 ORDER BY FAMART NULLS FIRST, "
           "DENART NULLS FIRST, CODART",
       where.values);
 }
@@ -370,7 +373,8 @@ Recordset costOfSalesRows(const ReportChoice& choice) {
   Recordset rows =
       read("SELECT G_DESCAR.*, " + value("PRETVANZAR") + " AS ValoareVanzare, " + value("COSTUNITAR") +
                " AS ValoareCost, ROUND_EVEN(" + value("PRETVANZAR") + " - " + value("COSTUNITAR") +
-               ", 2) AS Marja FROM G_DESCAR ORDER BY NRCRT, POZITIE",
+               ", 2) AS Marja, CASE WHEN TIP = 'FS' THEN -1 ELSE 1 END * CANTITATE AS CantitateCuSemn FROM "
+               "G_DESCAR ORDER BY NRCRT, POZITIE",
            {}, {"DATACOMAND"});
   transaction.commit();
   return rows;

@@ -302,7 +302,7 @@ StockReport costOfSales() {
                     {"NUMECLIENT", "Client", Shown::Text, 25},
                     {"CODARTICOL", "Cod articol", Shown::Text, 14},
                     {"DENMARFA", "Articol", Shown::Text, 30},
-                    {"CANTITATE", "Cantitate", Shown::Quantity, 12},
+                    {"CANTITATE", "Cantitate", Shown::Quantity, 12, false, "CantitateCuSemn"},
                     {"PRETVANZAR", "Pret", Shown::Amount, 10},
                     {"COSTUNITAR", "Cost", Shown::Amount, 10},
                     {"ValoareVanzare", "Valoare vanzare", Shown::Amount, 14, true},
@@ -465,6 +465,21 @@ Recordset reportRows(const StockReport& report, const ReportChoice& choice) {
   if (isCompared(report, choice)) rows = compared(report, choice, rows);
   if (rows.isEmpty()) throw RuleError(QStringLiteral("Nu exista inregistrari"));
   return rows;
+}
+
+Recordset screenRows(const StockReport& report, const ReportChoice& choice) {
+  const Recordset rows = reportRows(report, choice);
+  Recordset shown(std::make_shared<Columns>(rows.columns()));
+  std::vector<std::pair<qsizetype, QString>> replaced;
+  for (const ReportColumn& column : report.columns)
+    if (!column.from.isEmpty()) replaced.emplace_back(rows.columns().indexOf(column.field), column.from);
+  if (replaced.empty()) return rows;
+  for (const Row& row : rows) {
+    std::vector<QVariant> cells = cellsOf(row);
+    for (const auto& [place, from] : replaced) cells[static_cast<size_t>(place)] = row.value(from);
+    shown.append(std::move(cells));
+  }
+  return shown;
 }
 
 ReportData reportData(const StockReport& report, const ReportChoice& choice) {

@@ -46,6 +46,7 @@ struct ReportColumn {
   Kind kind = Kind::Text;
   int width = 12;        ///< characters
   bool isTotal = false;  ///< its sum is shown at the foot
+  QString from = {};     ///< the field whose values it shows; empty: its own
 };
 
 /// The fields of a row that lead to its document, article and partner; empty: none.
@@ -118,6 +119,9 @@ const StockReport& stockReport(const QString& window);
 
 /// The rows of a report. Throws RuleError when there are none. Descarcare writes its work table.
 Recordset reportRows(const StockReport& report, const ReportChoice& choice);
+
+/// The rows of a report as they are shown on the screen. Throws as reportRows().
+Recordset screenRows(const StockReport& report, const ReportChoice& choice);
 
 /// The rows and the variables of a report. Throws as reportRows().
 ReportData reportData(const StockReport& report, const ReportChoice& choice);

@@ -154,6 +154,12 @@ open("mnuRapJurnalStoc", "frmRapJStoc");
 has(pages(), "M1 Marfa intai Buc 9,000 10,44 94,00 94,00", "M2 Marfa a doua Buc 3,000 4,00 12,00 12,00", "TOTAL GENERAL 12,000 106,00 106,00");
 w.set("ckbStocReal", true);
 has(pages(), "Stoc real", "Diferente");
+w.press("cmdVisualizare", "P");
+file(paths().app + "/lst/JurnalStocuri.lst");
+w.click("cmdDesign");
+const names = win("frmProiectare").items("lstNume").map((name) => name.toLowerCase());
+["stocinitial", "intrari", "iesiri", "furnizor"].forEach((name) => check(names.includes(name), name + " is offered in " + names));
+win("frmProiectare").click("cmdInchide");
 w.close();
 
 open("mnuRapDisopnibil", "frmRapDisponibil");
@@ -174,6 +180,9 @@ open("mnuRapDescarcare", "frmRapDescarcare");
 has(pages(), "FC10 din 01.03." + year + ", ALFA SRL", "1 M1 Marfa intai 4,000 20,00 10,00 80,00 40,00 40,00", "-80,00 -40,00 -40,00", "TOTAL GENERAL 36,00 18,00 18,00");
 equal(sql("SELECT NRCRT, POZITIE, NRCOMANDA FROM G_DESCAR ORDER BY NRCRT").map((row) => [row.NRCRT, row.POZITIE, row.NRCOMANDA]),
       [[1, 1, "FC10"], [2, 1, "BS5"], [3, 1, "FC11"], [4, 1, "FS12"]]);
+w.click("cmdEcran");
+equal(win("frmEcran").grid("TDBGrid1").column("CANTITATE"), ["4,000", "1,000", "2,000", "-4,000"], "a storno subtracts on the screen too");
+win("frmEcran").close();
 w.close();
 
 // Around 29 February: the days of the groups are those of the grand total. 2028 is a leap year.

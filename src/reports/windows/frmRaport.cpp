@@ -295,7 +295,7 @@ void frmRaport::showOnScreen() {
   Recordset rows;
   {
     const Hourglass wait;
-    rows = reportRows(report_, acceptedChoice());
+    rows = screenRows(report_, acceptedChoice());
   }
   auto* shown = new frmEcran(report_, std::move(rows));
   if (windowHost()) return windowHost()->showChild(shown);
