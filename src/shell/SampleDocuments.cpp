@@ -133,6 +133,10 @@ class SampleTrade {
     DocumentEditor storno("FS");
     storno.open(invoice);
     validate(storno);
+    // What is still open on both sides: goods to deliver, goods to receive, a note to bill.
+    enter("CC", date, {{"NUMCOM", "802"}, {"CODCLI", customer}}, {article, "3", {}, {}});
+    enter("CF", date, {{"NUMCOM", "502"}, {"CODFUR", supplier}}, {article, "30", "PRETFT", "6"});
+    enter("AE", date, {{"NUMAE", "902"}, {"CODCLI", customer}}, {article, "2", {}, {}});
   }
 
  private:

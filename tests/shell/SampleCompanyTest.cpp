@@ -65,6 +65,9 @@ class SampleCompanyTest : public testing::Test {
     EXPECT_EQ(count("G_FACCLI WHERE VALIDAT = 0"), 0);
     EXPECT_GE(count("G_BONCASA WHERE VALIDAT <> 0"), 50);
     EXPECT_LE(count("G_BONCASA WHERE VALIDAT = 0"), 1);
+    EXPECT_EQ(count("G_LCOMCL WHERE CANT > COALESCE(CANTLIV, 0)"), 1);
+    EXPECT_EQ(count("G_LCOMFU WHERE CANTRLIV > 0"), 1);
+    EXPECT_EQ(count("G_LDOCUM WHERE DOCID LIKE 'AE%' AND CANTRAMASA > 0"), 1);
     EXPECT_EQ(count("(SELECT DISTINCT TIP FROM G_DOCUME) K"), 13);  // all kinds
   }
 
