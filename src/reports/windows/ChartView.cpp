@@ -377,8 +377,9 @@ void ChartView::drawLegend(ChartLabels& labels) const {
       std::min(legendArea_.height() / used, 2 * letters.height());  // few entries are set apart
   const qreal top = legendArea_.center().y() - height * used / 2;
   const auto place = [&](int i) {
-    return QRectF(legendArea_.left() + width * (i / used) + 2 * kGap, top + height * (i % used),
-                  width - 2 * kGap, height);
+    const int column = i / used;
+    return QRectF(legendArea_.left() + width * column + 2 * kGap, top + height * (i % used), width - 2 * kGap,
+                  height);
   };
   for (int i = 0; i < shown; ++i)
     labels.drawEntry(place(i), legend_[i].color, legend_[i].name, legend_[i].figure);
