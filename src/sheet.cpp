@@ -12,6 +12,8 @@
 #include <QXmlStreamReader>
 #include <vector>
 
+#include "xlsformulas.h"
+
 namespace {
 
 constexpr rlim_t kMostMemory = 2ULL << 30;
@@ -85,6 +87,10 @@ Sheet readXls(const QString& path) {
           cell.type == FREEXL_CELL_DATE || cell.type == FREEXL_CELL_DATETIME || cell.type == FREEXL_CELL_TIME)
         put(QString::fromUtf8(cell.value.text_value));
     }
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) throw Fault{QStringLiteral("Fisierul nu poate fi deschis")};
+  for (const FormulaResult& formula : formulaResults(file.readAll(), which))
+    sheet.put(formula.row, formula.column, formula.value);
   return sheet;
 }
 
@@ -327,6 +333,8 @@ int main(int argc, char** argv) {
     result = {{QStringLiteral("name"), sheet.name}, {QStringLiteral("rows"), rows}};
   } catch (const Fault& fault) {
     result = {{QStringLiteral("error"), fault.text}};
+  } catch (const DamagedWorkbook&) {
+    result = {{QStringLiteral("error"), QStringLiteral("Fisierul este deteriorat")}};
   }
   const QByteArray text = QJsonDocument(result).toJson(QJsonDocument::Compact);
   return std::fwrite(text.constData(), 1, static_cast<size_t>(text.size()), stdout) ==
