@@ -5,10 +5,12 @@
 #include <zip.h>
 #include <cstdio>
 #include <memory>
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QXmlStreamReader>
 #include <vector>
 
@@ -21,6 +23,7 @@ constexpr rlim_t kMostSeconds = 30;
 constexpr zip_uint64_t kLargestPart = 256ULL << 20;
 constexpr int kMostColumns = 256;
 constexpr int kMostRows = 200'000;
+constexpr int kMostBlanks = 1000;
 
 /// What is wrong with the file, in Romanian.
 struct Fault {
@@ -127,6 +130,20 @@ void requireSound(const QXmlStreamReader& xml) {
   if (xml.hasError()) throw Fault{QStringLiteral("Fisierul este deteriorat: %1").arg(xml.errorString())};
 }
 
+// Characters that XML cannot hold are written as "_x000D_", and so is an underscore before such a text.
+QString unescaped(const QString& text) {
+  static const QRegularExpression kEscape(QStringLiteral("_x(?!0000)([0-9A-Fa-f]{4})_"));
+  QString plain;
+  qsizetype done = 0;
+  for (auto found = kEscape.globalMatch(text); found.hasNext();) {
+    const QRegularExpressionMatch escape = found.next();
+    plain += QStringView(text).sliced(done, escape.capturedStart() - done);
+    plain += QChar(escape.capturedView(1).toUShort(nullptr, 16));
+    done = escape.capturedEnd();
+  }
+  return plain += QStringView(text).sliced(done);
+}
+
 // The text of all "t" elements within the current one.
 QString richText(QXmlStreamReader& xml) {
   const QString end = xml.name().toString();
@@ -134,15 +151,14 @@ QString richText(QXmlStreamReader& xml) {
   while (!xml.atEnd()) {
     xml.readNext();
     if (xml.isStartElement() && xml.name() == u"rPh") xml.skipCurrentElement();
-    if (xml.isStartElement() && xml.name() == u"t") text += xml.readElementText();
+    if (xml.isStartElement() && xml.name() == u"t") text += unescaped(xml.readElementText());
     if (xml.isEndElement() && xml.name() == end) break;
   }
   return text;
 }
 
-QStringList sharedStrings(const Archive& archive) {
+QStringList sharedStrings(const Archive& archive, const QString& name) {
   QStringList texts;
-  const QString name = QStringLiteral("xl/sharedStrings.xml");
   if (!archive.has(name)) return texts;
   QXmlStreamReader xml(archive.part(name));
   while (!xml.atEnd()) {
@@ -164,9 +180,47 @@ int columnOf(QStringView reference) {
   return column - 1;
 }
 
-QString sheetPart(const Archive& archive, QString& name) {
+struct Relationship {
+  QString id, type, part;
+};
+
+// What a part refers to, by the file beside it; "" is the whole archive.
+std::vector<Relationship> relationshipsOf(const Archive& archive, const QString& part) {
+  const QString folder = part.contains(u'/') ? part.section(u'/', 0, -2) + u'/' : QString();
+  const QString file = folder + QStringLiteral("_rels/%1.rels").arg(part.section(u'/', -1));
+  std::vector<Relationship> all;
+  if (!archive.has(file)) return all;
+  QXmlStreamReader xml(archive.part(file));
+  while (!xml.atEnd()) {
+    xml.readNext();
+    if (!xml.isStartElement() || xml.name() != u"Relationship") continue;
+    const auto value = [&xml](const char* name) {
+      return xml.attributes().value(QLatin1String(name)).toString();
+    };
+    const QString target = value("Target");
+    all.push_back({value("Id"), value("Type").section(u'/', -1),
+                   QDir::cleanPath(target.startsWith(u'/') ? target.mid(1) : folder + target)});
+  }
+  requireSound(xml);
+  return all;
+}
+
+QString partOfType(const std::vector<Relationship>& all, const char* type, const QString& otherwise) {
+  for (const Relationship& each : all)
+    if (each.type == QLatin1String(type)) return each.part;
+  return otherwise;
+}
+
+QString workbookPart(const Archive& archive) {
+  return partOfType(relationshipsOf(archive, {}), "officeDocument", QStringLiteral("xl/workbook.xml"));
+}
+
+// The name of the chosen sheet and the identifier of its part.
+std::pair<QString, QString> sheetOf(const QByteArray& workbook) {
   QStringList names, ids;
-  QXmlStreamReader book(archive.part(QStringLiteral("xl/workbook.xml")));
+  QXmlStreamReader book(workbook);
+  if (!book.readNextStartElement() || book.name() != u"workbook")
+    throw Fault{QStringLiteral("Fisierul nu este un registru de calcul")};
   while (!book.atEnd()) {
     book.readNext();
     if (!book.isStartElement() || book.name() != u"sheet") continue;
@@ -176,33 +230,29 @@ QString sheetPart(const Archive& archive, QString& name) {
   }
   requireSound(book);
   const int which = chosen(names);
-  name = names[which];
-  QXmlStreamReader links(archive.part(QStringLiteral("xl/_rels/workbook.xml.rels")));
-  while (!links.atEnd()) {
-    links.readNext();
-    if (!links.isStartElement() || links.attributes().value(QStringLiteral("Id")) != ids.value(which))
-      continue;
-    const QString target = links.attributes().value(QStringLiteral("Target")).toString();
-    return target.startsWith(u'/') ? target.mid(1) : QStringLiteral("xl/") + target;
-  }
-  throw Fault{QStringLiteral("Foaia nu poate fi citita")};
+  return {names[which], ids.value(which)};
 }
 
 QJsonValue xlsxValue(const QString& type, const QString& value, const QStringList& shared) {
   if (type == QLatin1String("s")) return shared.value(value.toInt());
   if (type == QLatin1String("b")) return value.toInt();
   if (type == QLatin1String("str") || type == QLatin1String("inlineStr") || type == QLatin1String("e"))
-    return value;
+    return unescaped(value);
   bool isNumber = false;
   const double number = value.toDouble(&isNumber);
   return isNumber ? QJsonValue(number) : QJsonValue(value);
 }
 
-Sheet readXlsx(const Archive& archive) {
-  Sheet sheet;
-  const QString part = sheetPart(archive, sheet.name);
-  const QStringList shared = sharedStrings(archive);
-  QXmlStreamReader xml(archive.part(part));
+Sheet readXlsx(const Archive& archive, const QString& workbook) {
+  const auto [name, id] = sheetOf(archive.part(workbook));
+  const std::vector<Relationship> parts = relationshipsOf(archive, workbook);
+  const auto part =
+      std::find_if(parts.begin(), parts.end(), [&id](const Relationship& each) { return each.id == id; });
+  if (part == parts.end()) throw Fault{QStringLiteral("Foaia nu poate fi citita")};
+  Sheet sheet{name, {}};
+  const QStringList shared =
+      sharedStrings(archive, partOfType(parts, "sharedStrings", QStringLiteral("xl/sharedStrings.xml")));
+  QXmlStreamReader xml(archive.part(part->part));
   int row = -1, column = -1;
   QString type;
   while (!xml.atEnd()) {
@@ -239,6 +289,45 @@ QString valueOf(const QXmlStreamAttributes& attributes, const char* name) {
   return {};
 }
 
+// The text of a paragraph or of an element within it; blanks beyond the first have elements of their own.
+QString paragraphText(QXmlStreamReader& xml) {
+  QString text;
+  while (!xml.atEnd()) {
+    xml.readNext();
+    if (xml.isCharacters()) text += xml.text();
+    if (xml.isEndElement()) break;
+    if (!xml.isStartElement()) continue;
+    if (xml.name() == u"s")
+      text += QString(std::min(repeated(xml.attributes(), "c"), kMostBlanks), u' ');
+    else if (xml.name() == u"tab")
+      text += u'\t';
+    else if (xml.name() == u"line-break")
+      text += u'\n';
+    if (xml.name() == u"annotation")
+      xml.skipCurrentElement();
+    else
+      text += paragraphText(xml);
+  }
+  return text;
+}
+
+// The value of the current cell, and its end. Its comments and drawings are no part of it.
+QJsonValue odsValue(QXmlStreamReader& xml) {
+  const QXmlStreamAttributes attributes = xml.attributes();
+  const bool isText = valueOf(attributes, "value-type") == QLatin1String("string");
+  QStringList paragraphs;
+  while (xml.readNextStartElement()) {
+    if (xml.name() == u"p")
+      paragraphs.append(paragraphText(xml));
+    else
+      xml.skipCurrentElement();
+  }
+  bool isNumber = false;
+  const double number = valueOf(attributes, "value").toDouble(&isNumber);
+  if (isNumber && !isText) return number;
+  return paragraphs.isEmpty() ? valueOf(attributes, "string-value") : paragraphs.join(u'\n');
+}
+
 Sheet readOds(const Archive& archive) {
   const QByteArray content = archive.part(QStringLiteral("content.xml"));
   QStringList names;
@@ -249,13 +338,13 @@ Sheet readOds(const Archive& archive) {
       names.append(valueOf(tables.attributes(), "name"));
   }
   requireSound(tables);
-  const int which = chosen(names);
-  Sheet sheet{names[which], {}};
+  Sheet sheet{names[chosen(names)], {}};
   QXmlStreamReader xml(content);
-  int table = -1, row = 0, column = 0, rowTimes = 1;
+  bool isChosen = false;
+  int row = 0, column = 0, rowTimes = 1;
   while (!xml.atEnd()) {
     xml.readNext();
-    if (xml.isEndElement() && xml.name() == u"table-row" && table == which) {
+    if (xml.isEndElement() && xml.name() == u"table-row" && isChosen) {
       if (row < static_cast<int>(sheet.rows.size())) {
         const Cells same = sheet.rows[static_cast<size_t>(row)];
         for (int i = 1; i < rowTimes; ++i)
@@ -266,30 +355,18 @@ Sheet readOds(const Archive& archive) {
     }
     if (!xml.isStartElement()) continue;
     if (xml.name() == u"table") {
-      ++table;
-    } else if (table == which && xml.name() == u"table-row") {
+      isChosen = valueOf(xml.attributes(), "name") == sheet.name;
+    } else if (isChosen && xml.name() == u"table-row") {
       rowTimes = std::min(repeated(xml.attributes(), "number-rows-repeated"), kMostRows);
       column = 0;
-    } else if (table == which && xml.name() == u"table-cell") {
+    } else if (isChosen && xml.name() == u"table-cell") {
       const QXmlStreamAttributes attributes = xml.attributes();
       const int times = std::min(repeated(attributes, "number-columns-repeated"), kMostColumns);
-      const QString kind = valueOf(attributes, "value-type");
-      QStringList paragraphs;
-      while (!xml.atEnd()) {
-        xml.readNext();
-        if (xml.isStartElement() && xml.name() == u"p")
-          paragraphs.append(xml.readElementText(QXmlStreamReader::IncludeChildElements));
-        if (xml.isEndElement() && xml.name() == u"table-cell") break;
-      }
-      bool isNumber = false;
-      const double number = valueOf(attributes, "value").toDouble(&isNumber);
-      const QJsonValue value = isNumber && kind != QLatin1String("string")
-                                   ? QJsonValue(number)
-                                   : QJsonValue(paragraphs.join(u'\n'));
-      if (!kind.isEmpty())
-        for (int i = 0; i < times; ++i) sheet.put(row, column + i, value);
+      const bool isEmpty = valueOf(attributes, "value-type").isEmpty();
+      const QJsonValue value = odsValue(xml);
+      for (int i = 0; i < times && !isEmpty; ++i) sheet.put(row, column + i, value);
       column += times;
-    } else if (table == which && xml.name() == u"covered-table-cell") {
+    } else if (isChosen && xml.name() == u"covered-table-cell") {
       column += std::min(repeated(xml.attributes(), "number-columns-repeated"), kMostColumns);
     }
   }
@@ -304,7 +381,8 @@ Sheet read(const QString& path) {
   const QByteArray start = file.read(2);
   if (start != "PK") return readXls(path);
   const Archive archive(path);
-  if (archive.has(QStringLiteral("xl/workbook.xml"))) return readXlsx(archive);
+  if (const QString workbook = workbookPart(archive); archive.has(workbook))
+    return readXlsx(archive, workbook);
   if (archive.has(QStringLiteral("content.xml"))) return readOds(archive);
   throw Fault{QStringLiteral("Fisierul nu este un registru de calcul")};
 }

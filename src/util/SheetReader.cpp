@@ -87,17 +87,17 @@ SheetTable readSheet(const QString& path) {
     const QJsonArray cells = each.toArray();
     std::vector<QVariant> row;
     for (const QJsonValueConstRef cell : cells) row.push_back(cell.isNull() ? QVariant() : cell.toVariant());
-    if (isHeading) {
-      for (int i = 0; i < static_cast<int>(row.size()); ++i) {
-        const QString name = row[static_cast<size_t>(i)].toString().trimmed().toUpper();
-        if (!name.isEmpty() && !table.columns_.contains(name)) table.columns_[name] = i;
-      }
-      isHeading = false;
+    if (std::all_of(row.begin(), row.end(),
+                    [](const QVariant& cell) { return cell.toString().trimmed().isEmpty(); }))
+      continue;
+    if (!std::exchange(isHeading, false)) {
+      table.rows_.push_back(std::move(row));
       continue;
     }
-    const bool isEmpty = std::all_of(
-        row.begin(), row.end(), [](const QVariant& cell) { return cell.toString().trimmed().isEmpty(); });
-    if (!isEmpty) table.rows_.push_back(std::move(row));
+    for (int i = 0; i < static_cast<int>(row.size()); ++i) {
+      const QString name = row[static_cast<size_t>(i)].toString().trimmed().toUpper();
+      if (!name.isEmpty() && !table.columns_.contains(name)) table.columns_[name] = i;
+    }
   }
   if (table.columns_.isEmpty()) throw unreadable(path, QStringLiteral("Foaia este goala."));
   return table;

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include "util/Errors.h"
+#include "Zipped.h"
 
 namespace velmar {
 
@@ -99,6 +100,44 @@ TEST(SheetReader, OldFormulasHaveTheirStoredResults) {
   const QStringList expected{"7.5", "F1", "abcd\u0218f", "1", "#DIV/0!", "", "2"};
   for (int i = 0; i < 7; ++i) EXPECT_EQ(table.text(0, QStringLiteral("C%1").arg(i)), expected[i]);
   EXPECT_THROW(readBytes(xls(label(0, "C0") + record(0x06, place(1, 0)))), RuleError) << "a cut record";
+}
+
+TEST(SheetReader, TextsAreWithoutCommentsAndEscapes) {
+  const QByteArray start =
+      "<o:d xmlns:o='o' xmlns:t='t' xmlns:x='x'><t:table t:name='Sheet1'><t:table-row/><t:table-row>"
+      "<t:table-cell o:value-type='string'><x:p>COD</x:p></t:table-cell><t:table-cell "
+      "o:value-type='string'><x:p>PRET</x:p></t:table-cell></t:table-row><t:table-row>";
+  const QByteArray note = "<o:annotation><x:p>a note</x:p></o:annotation>";
+  const SheetTable ods = readBytes(
+      zipped({{"content.xml",
+               start + "<t:table-cell o:value-type='string'>" + note +
+                   "<x:p>P<x:s x:c='2'/><x:span>2<x:tab/>3</x:span><x:line-break/>4</x:p></t:table-cell>"
+                   "<t:table-cell o:value-type='float' o:value='2.5'>" +
+                   note +
+                   "<x:p>2,50</x:p></t:table-cell></t:table-row><t:table-row><t:table-cell "
+                   "o:value-type='string' o:string-value='P7'/></t:table-row></t:table></o:d>"}}));
+  ASSERT_EQ(ods.size(), 2);
+  EXPECT_EQ(ods.text(0, "COD"), "P  2\t3\n4");
+  EXPECT_EQ(ods.number(0, "PRET"), 2.5);
+  EXPECT_EQ(ods.text(1, "COD"), "P7");
+
+  // The parts of the workbook have names of their own; two blank rows are above the heading.
+  const SheetTable xlsx = readBytes(
+      zipped({{"_rels/.rels", "<R><Relationship Id='a' Type='x/officeDocument' Target='/foo/book.xml'/></R>"},
+              {"foo/book.xml", "<workbook xmlns:r='r'><sheet name='S' r:id='b'/></workbook>"},
+              {"foo/_rels/book.xml.rels",
+               "<R><Relationship Id='b' Type='x/worksheet' Target='../s.xml'/><Relationship Id='c' "
+               "Type='x/sharedStrings' Target='t.xml'/></R>"},
+              {"foo/t.xml", "<sst><si><t>_x0041_ _x41_ _x005F_x0041_ _x0000_</t></si></sst>"},
+              {"s.xml",
+               "<worksheet><row/><row><c t='str'><v> </v></c></row><row><c t='str'><v>C_x004F_D</v></c></row>"
+               "<row><c t='s'><v>0</v></c></row></worksheet>"}}));
+  ASSERT_EQ(xlsx.size(), 1);
+  EXPECT_EQ(xlsx.text(0, "COD"), "A _x41_ _x0041_ _x0000_");
+  EXPECT_THROW(
+      readBytes(zipped({{"_rels/.rels", "<R><Relationship Type='x/officeDocument' Target='w.xml'/></R>"},
+                        {"w.xml", "<document/>"}})),
+      RuleError);
 }
 
 }  // namespace
