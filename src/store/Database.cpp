@@ -130,12 +130,16 @@ void Database::each(const QString& sql, const std::function<void(std::vector<QVa
 // that few different statements are prepared.
 void Database::insertRows(const QString& table, const QStringList& columns, const std::vector<Values>& rows) {
   if (rows.empty()) return;
-  std::optional<Transaction> own;
-  if (!inTransaction()) own.emplace(*this);
   const QString marks =
       QStringLiteral("(%1)").arg(QStringList(columns.size(), QStringLiteral("?")).join(QStringLiteral(", ")));
   const QString start =
       QStringLiteral("INSERT INTO %1 (%2) VALUES ").arg(table, columns.join(QStringLiteral(", ")));
+  if (state_->engine->rowsPerInsert() == 1) {
+    executeEach(start + marks, rows);
+    return;
+  }
+  std::optional<Transaction> own;
+  if (!inTransaction()) own.emplace(*this);
   size_t size = static_cast<size_t>(state_->engine->rowsPerInsert());
   for (size_t done = 0; done < rows.size();) {
     while (size > rows.size() - done) size /= 2;
