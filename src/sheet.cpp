@@ -1,16 +1,17 @@
-// Reads a spreadsheet (.xls, .xlsx, .ods) and writes the cells of one sheet as JSON to the standard output. A
-// process of its own: a damaged file may break a library, or ask for any amount of time and memory.
+// Reads a spreadsheet (.xls, .xlsx, .ods) and writes the cells of one sheet as CBOR to the standard output: a
+// map of its name and rows, or of an error. A process of its own: a damaged file may break a library, or ask
+// for any amount of time and memory.
 #include <freexl.h>
 #include <sys/resource.h>
 #include <zip.h>
+#include <charconv>
 #include <cstdio>
 #include <memory>
+#include <QCborStreamWriter>
 #include <QDir>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QRegularExpression>
+#include <QVariant>
 #include <QXmlStreamReader>
 #include <vector>
 
@@ -30,13 +31,14 @@ struct Fault {
   QString text;
 };
 
-using Cells = std::vector<QJsonValue>;
+/// Of each column a number, a text or nothing.
+using Cells = std::vector<QVariant>;
 
 struct Sheet {
   QString name;
   std::vector<Cells> rows;
 
-  void put(int row, int column, const QJsonValue& value) {
+  void put(int row, int column, const QVariant& value) {
     if (row < 0 || column < 0 || column >= kMostColumns) return;
     if (row >= kMostRows) {
       if (value.isNull()) return;
@@ -83,8 +85,8 @@ Sheet readXls(const QString& path) {
     for (unsigned short column = 0; column < columns && column < kMostColumns; ++column) {
       FreeXL_CellValue cell;
       if (freexl_get_cell_value(handle, row, column, &cell) != FREEXL_OK) continue;
-      const auto put = [&](const QJsonValue& value) { sheet.put(static_cast<int>(row), column, value); };
-      if (cell.type == FREEXL_CELL_INT) put(cell.value.int_value);
+      const auto put = [&](const QVariant& value) { sheet.put(static_cast<int>(row), column, value); };
+      if (cell.type == FREEXL_CELL_INT) put(static_cast<double>(cell.value.int_value));
       if (cell.type == FREEXL_CELL_DOUBLE) put(cell.value.double_value);
       if (cell.type == FREEXL_CELL_TEXT || cell.type == FREEXL_CELL_SST_TEXT ||
           cell.type == FREEXL_CELL_DATE || cell.type == FREEXL_CELL_DATETIME || cell.type == FREEXL_CELL_TIME)
@@ -132,6 +134,7 @@ void requireSound(const QXmlStreamReader& xml) {
 
 // Characters that XML cannot hold are written as "_x000D_", and so is an underscore before such a text.
 QString unescaped(const QString& text) {
+  if (!text.contains(QLatin1String("_x"))) return text;
   static const QRegularExpression kEscape(QStringLiteral("_x(?!0000)([0-9A-Fa-f]{4})_"));
   QString plain;
   qsizetype done = 0;
@@ -146,13 +149,14 @@ QString unescaped(const QString& text) {
 
 // The text of all "t" elements within the current one.
 QString richText(QXmlStreamReader& xml) {
-  const QString end = xml.name().toString();
   QString text;
-  while (!xml.atEnd()) {
-    xml.readNext();
-    if (xml.isStartElement() && xml.name() == u"rPh") xml.skipCurrentElement();
-    if (xml.isStartElement() && xml.name() == u"t") text += unescaped(xml.readElementText());
-    if (xml.isEndElement() && xml.name() == end) break;
+  while (xml.readNextStartElement()) {
+    if (xml.name() == u"t")
+      text += unescaped(xml.readElementText());
+    else if (xml.name() == u"r")
+      text += richText(xml);
+    else
+      xml.skipCurrentElement();
   }
   return text;
 }
@@ -233,14 +237,15 @@ std::pair<QString, QString> sheetOf(const QByteArray& workbook) {
   return {names[which], ids.value(which)};
 }
 
-QJsonValue xlsxValue(const QString& type, const QString& value, const QStringList& shared) {
+QVariant xlsxValue(const QString& type, const QString& value, const QStringList& shared) {
   if (type == QLatin1String("s")) return shared.value(value.toInt());
-  if (type == QLatin1String("b")) return value.toInt();
+  if (type == QLatin1String("b")) return static_cast<double>(value.toInt());
   if (type == QLatin1String("str") || type == QLatin1String("inlineStr") || type == QLatin1String("e"))
     return unescaped(value);
-  bool isNumber = false;
-  const double number = value.toDouble(&isNumber);
-  return isNumber ? QJsonValue(number) : QJsonValue(value);
+  const QByteArray digits = value.toLatin1();
+  double number = 0;
+  const auto [end, fault] = std::from_chars(digits.begin(), digits.end(), number);
+  return fault == std::errc() && end == digits.end() ? QVariant(number) : QVariant(value.trimmed());
 }
 
 Sheet readXlsx(const Archive& archive, const QString& workbook) {
@@ -312,7 +317,7 @@ QString paragraphText(QXmlStreamReader& xml) {
 }
 
 // The value of the current cell, and its end. Its comments and drawings are no part of it.
-QJsonValue odsValue(QXmlStreamReader& xml) {
+QVariant odsValue(QXmlStreamReader& xml) {
   const QXmlStreamAttributes attributes = xml.attributes();
   const bool isText = valueOf(attributes, "value-type") == QLatin1String("string");
   QStringList paragraphs;
@@ -363,7 +368,7 @@ Sheet readOds(const Archive& archive) {
       const QXmlStreamAttributes attributes = xml.attributes();
       const int times = std::min(repeated(attributes, "number-columns-repeated"), kMostColumns);
       const bool isEmpty = valueOf(attributes, "value-type").isEmpty();
-      const QJsonValue value = odsValue(xml);
+      const QVariant value = odsValue(xml);
       for (int i = 0; i < times && !isEmpty; ++i) sheet.put(row, column + i, value);
       column += times;
     } else if (isChosen && xml.name() == u"covered-table-cell") {
@@ -387,6 +392,35 @@ Sheet read(const QString& path) {
   throw Fault{QStringLiteral("Fisierul nu este un registru de calcul")};
 }
 
+void writeSheet(QCborStreamWriter& writer, const Sheet& sheet) {
+  writer.startMap();
+  writer.append(QLatin1String("name"));
+  writer.append(sheet.name);
+  writer.append(QLatin1String("rows"));
+  writer.startArray(sheet.rows.size());
+  for (const Cells& cells : sheet.rows) {
+    writer.startArray(cells.size());
+    for (const QVariant& cell : cells) {
+      if (cell.isNull())
+        writer.appendNull();
+      else if (cell.typeId() == QMetaType::Double)
+        writer.append(cell.toDouble());
+      else
+        writer.append(cell.toString());
+    }
+    writer.endArray();
+  }
+  writer.endArray();
+  writer.endMap();
+}
+
+void writeError(QCborStreamWriter& writer, const QString& text) {
+  writer.startMap();
+  writer.append(QLatin1String("error"));
+  writer.append(text);
+  writer.endMap();
+}
+
 void limit(int resource, rlim_t most) {
   const rlimit bound{most, most};
   setrlimit(static_cast<__rlimit_resource_t>(resource), &bound);
@@ -399,24 +433,18 @@ int main(int argc, char** argv) {
   limit(RLIMIT_AS, kMostMemory);
 #endif
   limit(RLIMIT_CPU, kMostSeconds);
-  QJsonObject result;
+  QByteArray result;
+  QCborStreamWriter writer(&result);
   try {
     const Sheet sheet = read(QString::fromUtf8(argc > 1 ? argv[1] : ""));
-    QJsonArray rows;
-    for (const Cells& cells : sheet.rows) {
-      QJsonArray row;
-      for (const QJsonValue& cell : cells) row.append(cell);
-      rows.append(row);
-    }
-    result = {{QStringLiteral("name"), sheet.name}, {QStringLiteral("rows"), rows}};
+    writeSheet(writer, sheet);
   } catch (const Fault& fault) {
-    result = {{QStringLiteral("error"), fault.text}};
+    writeError(writer, fault.text);
   } catch (const DamagedWorkbook&) {
-    result = {{QStringLiteral("error"), QStringLiteral("Fisierul este deteriorat")}};
+    writeError(writer, QStringLiteral("Fisierul este deteriorat"));
   }
-  const QByteArray text = QJsonDocument(result).toJson(QJsonDocument::Compact);
-  return std::fwrite(text.constData(), 1, static_cast<size_t>(text.size()), stdout) ==
-                 static_cast<size_t>(text.size())
+  return std::fwrite(result.constData(), 1, static_cast<size_t>(result.size()), stdout) ==
+                 static_cast<size_t>(result.size())
              ? 0
              : 1;
 }

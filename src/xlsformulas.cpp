@@ -5,7 +5,7 @@
 #include <bit>
 #include <memory>
 #include <optional>
-#include <QtEndian>
+#include <QString>
 
 namespace {
 
@@ -13,7 +13,11 @@ template <typename Number>
 Number numberAt(const QByteArray& bytes, qsizetype at) {
   if (at < 0 || at > bytes.size() - static_cast<qsizetype>(sizeof(Number)))
     throw DamagedWorkbook("read past the end");
-  return qFromLittleEndian<Number>(bytes.constData() + at);
+  Number number = 0;
+  for (size_t i = 0; i < sizeof(Number); ++i)
+    number |=
+        static_cast<Number>(Number{static_cast<quint8>(bytes.at(at + static_cast<qsizetype>(i)))} << (8 * i));
+  return number;
 }
 
 quint8 byteAt(const QByteArray& bytes, qsizetype at) { return numberAt<quint8>(bytes, at); }
@@ -205,13 +209,13 @@ QString errorName(int code) {
 }
 
 // The eight bytes of a result: a number, or a mark for another kind. A text follows in a record of its own.
-QJsonValue resultAt(const QByteArray& content, qsizetype at) {
+QVariant resultAt(const QByteArray& content, qsizetype at) {
   const quint64 bits = numberAt<quint64>(content, at);
   if (bits >> 48 != 0xFFFF) return std::bit_cast<double>(bits);
   const int value = byteAt(content, at + 2);
   switch (byteAt(content, at)) {
     case 1:
-      return value;
+      return static_cast<double>(value);
     case 2:
       return errorName(value);
     default:

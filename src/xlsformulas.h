@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QJsonValue>
+#include <QVariant>
 #include <stdexcept>
 #include <vector>
 
@@ -13,7 +13,7 @@ struct DamagedWorkbook : std::runtime_error {
 
 struct FormulaResult {
   int row = 0, column = 0;  ///< from 0
-  QJsonValue value;         ///< a number, a text, or the name of an error ("#DIV/0!") as text
+  QVariant value;           ///< a number, a text, or the name of an error ("#DIV/0!") as text
 };
 
 /// The results of all formulas of a sheet, counted from 0 in the order of the workbook; `file` is the whole

@@ -1,12 +1,11 @@
 #include "util/SheetReader.h"
 
 #include <cmath>
+#include <QCborArray>
+#include <QCborMap>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QProcess>
 
 #include "util/Decimal.h"
@@ -36,7 +35,7 @@ RuleError unreadable(const QString& path, const QString& reason) {
       QStringLiteral("Fisierul %1 nu poate fi citit. %2").arg(QDir::toNativeSeparators(path), reason));
 }
 
-QJsonObject parsed(const QString& path) {
+QCborMap parsed(const QString& path) {
   QProcess reader;
   reader.start(readerProgram(), {path});
   if (!reader.waitForFinished(kPatience)) {
@@ -44,10 +43,10 @@ QJsonObject parsed(const QString& path) {
     reader.waitForFinished();
     throw unreadable(path, QStringLiteral("Citirea a durat prea mult."));
   }
-  const QJsonDocument document = QJsonDocument::fromJson(reader.readAllStandardOutput());
-  if (reader.exitStatus() != QProcess::NormalExit || !document.isObject())
+  const QCborValue read = QCborValue::fromCbor(reader.readAllStandardOutput());
+  if (reader.exitStatus() != QProcess::NormalExit || !read.isMap())
     throw unreadable(path, QStringLiteral("Fisierul este deteriorat sau prea mare."));
-  const QJsonObject sheet = document.object();
+  const QCborMap sheet = read.toMap();
   if (sheet.contains(QStringLiteral("error")))
     throw unreadable(path, sheet[QStringLiteral("error")].toString());
   return sheet;
@@ -55,14 +54,20 @@ QJsonObject parsed(const QString& path) {
 
 }  // namespace
 
-QVariant SheetTable::cell(int row, const QString& column) const {
-  const int place = columns_.value(column.toUpper(), -1);
-  const auto& cells = rows_[static_cast<size_t>(row)];
-  return place < 0 || place >= static_cast<int>(cells.size()) ? QVariant()
-                                                              : cells[static_cast<size_t>(place)];
+int SheetTable::place(QAnyStringView column) const {
+  const auto found = std::find_if(columns_.begin(), columns_.end(), [column](const QString& name) {
+    return QAnyStringView::compare(name, column) == 0;
+  });
+  return found == columns_.end() ? -1 : static_cast<int>(found - columns_.begin());
 }
 
-QString SheetTable::text(int row, const QString& column) const {
+QVariant SheetTable::cell(int row, QAnyStringView column) const {
+  const int at = place(column);
+  const auto& cells = rows_[static_cast<size_t>(row)];
+  return at < 0 || at >= static_cast<int>(cells.size()) ? QVariant() : cells[static_cast<size_t>(at)];
+}
+
+QString SheetTable::text(int row, QAnyStringView column) const {
   const QVariant value = cell(row, column);
   if (value.typeId() != QMetaType::Double) return value.toString().trimmed();
   const double number = value.toDouble();
@@ -72,7 +77,7 @@ QString SheetTable::text(int row, const QString& column) const {
   return std::floor(number) == number ? QString::number(number, 'f', 0) : QString::number(number, 'g', 15);
 }
 
-QVariant SheetTable::number(int row, const QString& column) const {
+QVariant SheetTable::number(int row, QAnyStringView column) const {
   const QVariant value = cell(row, column);
   if (value.typeId() == QMetaType::Double) return value;
   const auto typed = parseNumber(value.toString().trimmed());
@@ -80,24 +85,21 @@ QVariant SheetTable::number(int row, const QString& column) const {
 }
 
 SheetTable readSheet(const QString& path) {
-  const QJsonArray rows = parsed(path)[QStringLiteral("rows")].toArray();
+  const QCborArray rows = parsed(path)[QStringLiteral("rows")].toArray();
   SheetTable table;
   bool isHeading = true;
-  for (const QJsonValueConstRef each : rows) {
-    const QJsonArray cells = each.toArray();
+  for (const QCborValueConstRef each : rows) {
+    const QCborArray cells = each.toArray();
     std::vector<QVariant> row;
-    for (const QJsonValueConstRef cell : cells) row.push_back(cell.isNull() ? QVariant() : cell.toVariant());
-    if (std::all_of(row.begin(), row.end(),
-                    [](const QVariant& cell) { return cell.toString().trimmed().isEmpty(); }))
-      continue;
+    for (const QCborValueConstRef cell : cells) row.push_back(cell.isNull() ? QVariant() : cell.toVariant());
+    const bool isBlank = std::all_of(
+        row.begin(), row.end(), [](const QVariant& cell) { return cell.toString().trimmed().isEmpty(); });
+    if (isBlank) continue;
     if (!std::exchange(isHeading, false)) {
       table.rows_.push_back(std::move(row));
       continue;
     }
-    for (int i = 0; i < static_cast<int>(row.size()); ++i) {
-      const QString name = row[static_cast<size_t>(i)].toString().trimmed().toUpper();
-      if (!name.isEmpty() && !table.columns_.contains(name)) table.columns_[name] = i;
-    }
+    for (const QVariant& name : row) table.columns_.append(name.toString().trimmed().toUpper());
   }
   if (table.columns_.isEmpty()) throw unreadable(path, QStringLiteral("Foaia este goala."));
   return table;

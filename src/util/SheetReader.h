@@ -1,7 +1,7 @@
 // Reads spreadsheets through a process of its own, limited in time and memory.
 #pragma once
 
-#include <QHash>
+#include <QAnyStringView>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -9,21 +9,22 @@
 
 namespace velmar {
 
-/// A table with a heading row.
+/// A table with a heading row. Columns are named in upper case.
 class SheetTable {
  public:
   int size() const { return static_cast<int>(rows_.size()); }
-  bool has(const QString& column) const { return columns_.contains(column.toUpper()); }
+  bool has(QAnyStringView column) const { return place(column) >= 0; }
   /// The cell as text, trimmed; a whole number without decimals or exponent.
-  QString text(int row, const QString& column) const;
+  QString text(int row, QAnyStringView column) const;
   /// A number, or a text that is one; null for an empty cell and any other text.
-  QVariant number(int row, const QString& column) const;
+  QVariant number(int row, QAnyStringView column) const;
 
  private:
   friend SheetTable readSheet(const QString& path);
-  QVariant cell(int row, const QString& column) const;
+  int place(QAnyStringView column) const;
+  QVariant cell(int row, QAnyStringView column) const;
 
-  QHash<QString, int> columns_;
+  QStringList columns_;
   std::vector<std::vector<QVariant>> rows_;
 };
 
