@@ -46,8 +46,10 @@ int longestText(const DocumentKind& kind, const HeaderField& field) {
 class TextControl : public HeaderControl {
  public:
   TextControl(const DocumentKind& kind, const HeaderField& field, QWidget* form)
-      : HeaderControl(field), box_(named(new QLineEdit(form), field.control, field.toolTip)) {
-    box_->setMaxLength(longestText(kind, field));
+      : HeaderControl(field),
+        box_(named(new QLineEdit(form), field.control, field.toolTip)),
+        longest_(longestText(kind, field)) {
+    box_->setMaxLength(longest_);
     const bool mayHoldBlanks = field.type == HeaderFieldType::Remark || field.type == HeaderFieldType::Text;
     KeyFilter::install(box_, mayHoldBlanks ? KeyFilter::Options(KeyFilter::NoQuote)
                                            : KeyFilter::NoQuote | KeyFilter::NoBlank);
@@ -59,10 +61,15 @@ class TextControl : public HeaderControl {
   QList<QWidget*> boxes() const override { return {box_}; }
 
  protected:
-  void put(const QString& text) override { box_->setText(text); }
+  // What is stored may have characters that cannot be typed, or more of them; it is then not a change.
+  void put(const QString& text) override {
+    box_->setMaxLength(std::max(longest_, static_cast<int>(text.size())));
+    KeyFilter::showUnfiltered(box_, text);
+  }
 
  private:
   QLineEdit* box_;
+  int longest_;
 };
 
 class NumberControl : public HeaderControl {

@@ -24,10 +24,11 @@ constexpr int kPathWidth = 50;  // characters
 
 }  // namespace
 
-SheetDialog::SheetDialog(const QString& name, const QString& title, QWidget* parent)
+SheetDialog::SheetDialog(const QString& name, const QString& title, QWidget* parent,
+                         const QString& fileToolTip)
     : QDialog(parent),
       rows_(new QFormLayout),
-      txtSourceSpec1_(named(new QLineEdit, "txtSourceSpec1")),
+      txtSourceSpec1_(named(new QLineEdit, "txtSourceSpec1", fileToolTip)),
       lblProgressMsg_(named(new QLabel("Import in curs, va rugam asteptati ......"), "lblProgressMsg")) {
   setObjectName(name);
   setWindowTitle(title);

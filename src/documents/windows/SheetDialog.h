@@ -12,7 +12,7 @@ namespace velmar {
 class SheetDialog : public QDialog {
   Q_OBJECT
  protected:
-  SheetDialog(const QString& name, const QString& title, QWidget* parent);
+  SheetDialog(const QString& name, const QString& title, QWidget* parent, const QString& fileToolTip = {});
   /// The rows of the form, below the file.
   QFormLayout* rows() { return rows_; }
   /// Adds the commands; called when the form is complete.

@@ -11,7 +11,8 @@
 namespace velmar {
 
 frmReceptieXLS::frmReceptieXLS(const QString& note, bool ofSurpluses, QWidget* parent)
-    : SheetDialog("frmReceptieXLS", "Receptie din fisier EXCEL", parent),
+    : SheetDialog("frmReceptieXLS", "Receptie din fisier EXCEL", parent,
+                  "Selectati fisierul EXCEL de importat cu structura:COD,DENUMIRE,PRET,CANTITATE"),
       note_(note),
       ofSurpluses_(ofSurpluses),
       TextLot_(makeTextBox("TextLot", 35, "Inceputul observatiilor facturilor de import ale lotului")) {

@@ -58,6 +58,13 @@ void KeyFilter::install(QLineEdit* box, Options options) {
   if (options.testFlag(UpperCase)) new UpperCaseKeys(box);
 }
 
+void KeyFilter::showUnfiltered(QLineEdit* box, const QString& text) {
+  const QValidator* filter = box->validator();
+  box->setValidator(nullptr);
+  box->setText(text);
+  box->setValidator(filter);
+}
+
 QValidator::State KeyFilter::validate(QString& input, int& position) const {
   QString kept;
   int keptPosition = position;

@@ -1,5 +1,5 @@
 // Filters the input of a text box: ignores certain characters, converts to upper case, and replaces line
-// breaks by blanks. Also applies to pasted text, but not to text set by the program.
+// breaks by blanks. Also applies to pasted text, and to text set by the program except by showUnfiltered().
 #pragma once
 
 #include <QValidator>
@@ -18,6 +18,8 @@ class KeyFilter : public QValidator {
 
   /// Filters what is typed into `box`.
   static void install(QLineEdit* box, Options options = NoQuote);
+  /// Shows a stored text as it is.
+  static void showUnfiltered(QLineEdit* box, const QString& text);
 
   State validate(QString& input, int& position) const override;
 
