@@ -25,6 +25,7 @@ bool measureReports(Store store);
 bool measureStockReports(Store store);
 bool measureHearing(Store store);
 bool measureEInvoices(Store store);
+bool measureSheetImport(Store store);
 bool measureStart(Store store);
 
 /// With this option the process is one of the writers that measureWriters() starts.

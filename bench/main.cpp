@@ -31,6 +31,7 @@ const Bench kBenches[] = {
     {"stockreports", velmar::bench::measureStockReports},
     {"hearing", velmar::bench::measureHearing},
     {"einvoice", velmar::bench::measureEInvoices},
+    {"sheetimport", velmar::bench::measureSheetImport},
     {"start", velmar::bench::measureStart},
 };
 const QString kEngineOption = QStringLiteral("--engine");

@@ -1,6 +1,9 @@
 #include "documents/SheetImport.h"
 
+#include <deque>
+
 #include "config/Lookups.h"
+#include "config/Numbers.h"
 #include "config/Session.h"
 #include "documents/kinds/Kinds.h"
 #include "store/Database.h"
@@ -28,13 +31,17 @@ void requireColumns(const SheetTable& sheet, const QStringList& names) {
         QStringLiteral("Din fisier lipsesc coloanele: %1").arg(missing.join(QStringLiteral(", "))));
 }
 
-// A draft may have been validated or filled by a colleague meanwhile.
-void requireEmptyDraft(const DocumentKind& kind, const QString& number) {
+// A draft may have been validated by a colleague meanwhile.
+void requireDraft(const DocumentKind& kind, const QString& number) {
   if (OpenRs(QStringLiteral("SELECT 1 AS FOUND FROM %1 WHERE %2 = ? AND VALIDAT = 0")
                  .arg(kind.headerTable, kind.numberColumn),
              {number})
           .isEmpty())
     throw RuleError(QStringLiteral("Documentul %1 nu mai este in lucru.").arg(number));
+}
+
+void requireEmptyDraft(const DocumentKind& kind, const QString& number) {
+  requireDraft(kind, number);
   if (!OpenRs(QStringLiteral("SELECT 1 AS FOUND FROM %1 WHERE %2 = ? LIMIT 1")
                   .arg(kind.lineTable, kind.numberColumn),
               {number})
@@ -42,9 +49,11 @@ void requireEmptyDraft(const DocumentKind& kind, const QString& number) {
     throw RuleError(QStringLiteral("Documentul %1 are deja linii.").arg(number));
 }
 
-struct FoundArticle {
+struct Article {
   QString code, unit;
   Decimal vat;
+  std::optional<QString> otherName;     ///< as stored
+  std::optional<QString> newOtherName;  ///< of the last row that names the article
 };
 
 // The articles of the import: those of the catalogue, read once, and the new ones, written at the end.
@@ -58,19 +67,20 @@ class Catalogue {
     rate_ = ProcentTVA(OpenRs(rateOf, {choice.number}).first().integer(column));
     for (const Row& row : OpenRs("SELECT COD FROM G_FAMART")) families_.insert(row.integer("COD"));
     for (const Row& row :
-         OpenRs("SELECT CODART, CODPRODFUR, UM, COTATVA, ID FROM G_ARTMAG ORDER BY CODART")) {
-      remember({row.text("CODART"), row.text("UM"), row.decimal("COTATVA")}, row.text("CODPRODFUR"));
-      const QString code = row.text("CODART").trimmed();
+         OpenRs("SELECT CODART, CODPRODFUR, UM, COTATVA, ID, DENALTALIMBA FROM G_ARTMAG ORDER BY CODART")) {
+      Article& article = remember({row.text("CODART"), row.text("UM"), row.decimal("COTATVA"), {}, {}},
+                                  row.text("CODPRODFUR"));
+      if (!row.isNull("DENALTALIMBA")) article.otherName = row.text("DENALTALIMBA");
+      const QString code = article.code.trimmed();
       if (isNumericText(code)) lastCode_ = std::max(lastCode_, static_cast<qint64>(code.toDouble()));
       lastId_ = std::max(lastId_, row.integer("ID"));
     }
   }
 
-  std::optional<FoundArticle> byCode(const QString& code) const { return found(byCode_, code); }
+  /// Null: none.
+  Article* byCode(const QString& code) const { return byCode_.value(code.toUpper()); }
   /// Of several the first one.
-  std::optional<FoundArticle> bySuppliersCode(const QString& code) const {
-    return found(bySuppliersCode_, code);
-  }
+  Article* bySuppliersCode(const QString& code) const { return bySuppliersCode_.value(code.toUpper()); }
 
   qint64 family(const QString& code) const {
     if (!families_.contains(code.toLongLong()))
@@ -81,18 +91,14 @@ class Catalogue {
 
   QString nextCode() { return QStringLiteral("%1").arg(++lastCode_, kNewCodeDigits, 10, QLatin1Char('0')); }
 
-  void setOtherName(const QString& code, const QString& name) { otherNames_.push_back({name, code}); }
-
-  FoundArticle add(const QString& code, const QString& suppliersCode, const QString& name,
-                   const QString& otherName, qint64 family, const Value& cost, const Value& price) {
+  Article* add(const QString& code, const QString& suppliersCode, const QString& name,
+               const QString& otherName, qint64 family, const Value& cost, const Value& price) {
     Values values{
         ++lastId_,        session().gMagazie, code,  suppliersCode,    name,  "M",      "BUC", family, cost,
         choice_.currency, choice_.currency,   price, choice_.supplier, rate_, otherName};
     if (!choice_.pallet.isEmpty()) values.emplace_back(choice_.pallet);
     added_.push_back(std::move(values));
-    FoundArticle article{code, "Buc", rate_};
-    remember(article, suppliersCode);
-    return article;
+    return &remember({code, "Buc", rate_, otherName, {}}, suppliersCode);
   }
 
   void write() const {
@@ -102,35 +108,37 @@ class Catalogue {
         "CODFURNIZO", "COTATVA",    "DENALTALIMBA"};
     if (!choice_.pallet.isEmpty()) columns.append("PALET");
     if (!added_.empty()) database().insertRows("G_ARTMAG", columns, added_);
-    database().executeEach("UPDATE G_ARTMAG SET DENALTALIMBA = ? WHERE CODART = ?", otherNames_);
+    // Once for each article: a server goes through all versions of a row that a transaction has written.
+    std::vector<Values> renamed;
+    for (const Article& article : articles_)
+      if (article.newOtherName && article.newOtherName != article.otherName)
+        renamed.push_back({*article.newOtherName, article.code});
+    database().executeEach("UPDATE G_ARTMAG SET DENALTALIMBA = ? WHERE CODART = ?", renamed);
   }
 
  private:
-  using Articles = QHash<QString, FoundArticle>;
-
-  static std::optional<FoundArticle> found(const Articles& articles, const QString& code) {
-    const auto article = articles.constFind(code.toUpper());
-    return article == articles.constEnd() ? std::nullopt : std::optional(*article);
-  }
-
-  void remember(const FoundArticle& article, const QString& suppliersCode) {
-    byCode_.insert(article.code.toUpper(), article);
+  Article& remember(const Article& found, const QString& suppliersCode) {
+    Article& article = articles_.emplace_back(found);
+    byCode_.insert(article.code.toUpper(), &article);
     const QString key = suppliersCode.trimmed().toUpper();
-    if (!key.isEmpty() && !bySuppliersCode_.contains(key)) bySuppliersCode_.insert(key, article);
+    if (!key.isEmpty() && !bySuppliersCode_.contains(key)) bySuppliersCode_.insert(key, &article);
+    return article;
   }
 
   const LineImport& choice_;
   Decimal rate_;
   QSet<qint64> families_;
-  Articles byCode_, bySuppliersCode_;
-  std::vector<Values> added_, otherNames_;
+  std::deque<Article> articles_;  // which keeps its places
+  QHash<QString, Article*> byCode_, bySuppliersCode_;
+  std::vector<Values> added_;
   qint64 lastCode_ = 0;
   qint64 lastId_ = 0;
 };
 
 /// The figures of a row.
 struct Figures {
-  Decimal price, quantity, sale;  ///< in the currency of the file
+  Decimal price, sale;  ///< in the currency of the file
+  Decimal quantity;     ///< 0: none
   Decimal priceLei, saleLei;
 };
 
@@ -144,7 +152,7 @@ std::optional<Figures> figuresOf(const SheetTable& sheet, int row, const Decimal
     return std::nullopt;
   };
   if (price.isNull()) return refuse("pretul");
-  if (quantity.isNull()) return refuse("cantitatea");
+  if (quantity.isNull() && !sheet.text(row, "CANTITATE").isEmpty()) return refuse("cantitatea");
   if (margin.isNull() && !sheet.text(row, "ADAOS").isEmpty()) return refuse("adaosul");
   Figures figures;
   figures.price = Decimal::fromDouble(price.toDouble());
@@ -156,7 +164,7 @@ std::optional<Figures> figuresOf(const SheetTable& sheet, int row, const Decimal
 }
 
 struct NewLine {
-  FoundArticle article;
+  const Article* article;
   QString name;
   Figures figures;
 };
@@ -168,15 +176,17 @@ void insertLines(const LineImport& choice, const std::vector<NewLine>& lines) {
                                     "VALCUTRANS", "PVAMA", "VALVAMA", "COST",       "COSTVAL"}
                       : QStringList{"PRETFT", "VALOARETVA", "VALOARETTI"};
   if (!choice.pallet.isEmpty()) columns.append("PALET");
+  const QString table = documentKind(choice.kind).lineTable;
+  const qint64 last = LinieUrmatoare(table, choice.number);
   std::vector<Values> rows;
   for (const NewLine& line : lines) {
     const Figures& each = line.figures;
     const Decimal value = each.priceLei * each.quantity;
-    const Decimal vat = value * line.article.vat / 100;
-    Values values{choice.number,     static_cast<qint64>(rows.size() + 1),
-                  line.article.code, line.name,
-                  line.article.unit, each.quantity,
-                  each.saleLei,      value};
+    const Decimal vat = value * line.article->vat / 100;
+    Values values{choice.number,      last + static_cast<qint64>(rows.size() + 1),
+                  line.article->code, line.name,
+                  line.article->unit, each.quantity,
+                  each.saleLei,       value};
     if (isImport)
       values.insert(values.end(),
                     {each.price, each.priceLei, value, each.price * each.quantity, vat, 0, 0, 0, 0, 0, 0});
@@ -185,7 +195,7 @@ void insertLines(const LineImport& choice, const std::vector<NewLine>& lines) {
     if (!choice.pallet.isEmpty()) values.emplace_back(choice.pallet);
     rows.push_back(std::move(values));
   }
-  if (!rows.empty()) database().insertRows(documentKind(choice.kind).lineTable, columns, rows);
+  if (!rows.empty()) database().insertRows(table, columns, rows);
 }
 
 // The first that is missing stops the import before the file is read.
@@ -301,7 +311,7 @@ QStringList importLines(const LineImport& choice, const QString& path, const Pro
   QStringList leftOut;
   std::vector<NewLine> lines;
   Transaction transaction(database());
-  requireEmptyDraft(documentKind(choice.kind), choice.number);
+  requireDraft(documentKind(choice.kind), choice.number);
   Catalogue catalogue(choice);
   for (int row = 0; row < sheet.size(); ++row) {
     report(progress, row, sheet.size());
@@ -320,9 +330,9 @@ QStringList importLines(const LineImport& choice, const QString& path, const Pro
       leftOut.append(QStringLiteral("Articolul %1 nu are denumire").arg(key));
       continue;
     }
-    auto article = choice.familyFromFile ? catalogue.byCode(key) : catalogue.bySuppliersCode(key);
+    Article* article = choice.familyFromFile ? catalogue.byCode(key) : catalogue.bySuppliersCode(key);
     if (article) {
-      catalogue.setOtherName(article->code, otherName);
+      article->newOtherName = otherName;
     } else {
       const QString code = choice.familyFromFile    ? key
                            : choice.codeIsSuppliers ? suppliersCode
@@ -333,7 +343,7 @@ QStringList importLines(const LineImport& choice, const QString& path, const Pro
       }
       article = catalogue.add(code, suppliersCode, name, otherName, family, figures->price, figures->sale);
     }
-    if (figures->quantity > 0) lines.push_back({*article, name, *figures});
+    if (figures->quantity > 0) lines.push_back({article, name, *figures});
   }
   catalogue.write();
   insertLines(choice, lines);

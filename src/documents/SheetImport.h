@@ -16,7 +16,7 @@ QString leftOutText(const QStringList& sentences);
 /// What the user chose for the lines of an invoice.
 struct LineImport {
   KindId kind = KindId::SupplierInvoice;  ///< or ImportInvoice
-  QString number;                         ///< of the draft, which has no lines
+  QString number;                         ///< of the draft
   qint64 supplier = 0;
   bool isForeign = false;       ///< prices are in the currency
   QString currency;             ///< empty: none
@@ -27,9 +27,10 @@ struct LineImport {
   bool familyFromFile = false;   ///< CODI and FAM are in the file
 };
 
-/// Reads the file and writes lines and new articles in one transaction. Amounts are not rounded. Returns
-/// sentences on the rows left out. Throws RuleError, naming the field at fault (CURS, FAMILIE), when the file
-/// or the choice does not serve, and Cancelled; nothing is then written.
+/// Reads the file and writes lines and new articles in one transaction, the lines behind those that the draft
+/// has. A row without a quantity makes its article and no line. Amounts are not rounded. Returns sentences on
+/// the rows left out. Throws RuleError, naming the field at fault (CURS, FAMILIE), when the file or the
+/// choice does not serve, and Cancelled; nothing is then written.
 QStringList importLines(const LineImport& choice, const QString& path, const Progress& progress = {});
 
 /// The count of a lot, compared with the validated documents whose remark begins with its text.

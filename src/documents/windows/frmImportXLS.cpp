@@ -100,7 +100,6 @@ void frmImportXLS::import() {
   }
   if (!leftOut.isEmpty()) Mesaj(leftOutText(leftOut));
   Mesaj("Importul s-a realizat cu succes");
-  accept();
 }
 
 }  // namespace velmar

@@ -19,6 +19,7 @@ inline const QString kNoInvoice = QStringLiteral("Va rog selectati o factura");
 inline const QString kHasLines =
     QStringLiteral("Va rugam stergeti liniile de detalii inaintea importului, sau creati o factura noua");
 
+/// Stays open after an import: each press of cmdOK adds the lines of the file.
 class frmImportXLS : public SheetDialog {
   Q_OBJECT
  public:
