@@ -5,6 +5,7 @@
 #include <sys/resource.h>
 #include <zip.h>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <memory>
 #include <QCborStreamWriter>
@@ -47,7 +48,8 @@ struct Sheet {
     if (static_cast<int>(rows.size()) <= row) rows.resize(static_cast<size_t>(row) + 1);
     Cells& cells = rows[static_cast<size_t>(row)];
     if (static_cast<int>(cells.size()) <= column) cells.resize(static_cast<size_t>(column) + 1);
-    cells[static_cast<size_t>(column)] = value;
+    const bool isNoNumber = value.typeId() == QMetaType::Double && !std::isfinite(value.toDouble());
+    cells[static_cast<size_t>(column)] = isNoNumber ? QVariant(QStringLiteral("#NUM!")) : value;
   }
 };
 

@@ -131,9 +131,10 @@ TEST(SheetReader, TextsAreWithoutCommentsAndEscapes) {
               {"foo/t.xml", "<sst><si><t>_x0041_ _x41_ _x005F_x0041_ _x0000_</t></si></sst>"},
               {"s.xml",
                "<worksheet><row/><row><c t='str'><v> </v></c></row><row><c t='str'><v>C_x004F_D</v></c></row>"
-               "<row><c t='s'><v>0</v></c></row></worksheet>"}}));
-  ASSERT_EQ(xlsx.size(), 1);
+               "<row><c t='s'><v>0</v></c></row><row><c><v>nan</v></c></row></worksheet>"}}));
+  ASSERT_EQ(xlsx.size(), 2);
   EXPECT_EQ(xlsx.text(0, "COD"), "A _x41_ _x0041_ _x0000_");
+  EXPECT_EQ(xlsx.text(1, "COD"), "#NUM!");
   EXPECT_THROW(
       readBytes(zipped({{"_rels/.rels", "<R><Relationship Type='x/officeDocument' Target='w.xml'/></R>"},
                         {"w.xml", "<document/>"}})),
