@@ -11,6 +11,7 @@
 #include "store/Schema.h"
 #include "util/Errors.h"
 #include "util/NumberText.h"
+#include "util/PlainText.h"
 #include "util/SheetReader.h"
 
 namespace velmar {
@@ -66,15 +67,20 @@ class Catalogue {
         QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(column, kind.headerTable, kind.numberColumn);
     rate_ = ProcentTVA(OpenRs(rateOf, {choice.number}).first().integer(column));
     for (const Row& row : OpenRs("SELECT COD FROM G_FAMART")) families_.insert(row.integer("COD"));
-    for (const Row& row :
-         OpenRs("SELECT CODART, CODPRODFUR, UM, COTATVA, ID, DENALTALIMBA FROM G_ARTMAG ORDER BY CODART")) {
-      Article& article = remember({row.text("CODART"), row.text("UM"), row.decimal("COTATVA"), {}, {}},
-                                  row.text("CODPRODFUR"));
-      if (!row.isNull("DENALTALIMBA")) article.otherName = row.text("DENALTALIMBA");
-      const QString code = article.code.trimmed();
-      if (isNumericText(code)) lastCode_ = std::max(lastCode_, static_cast<qint64>(code.toDouble()));
-      lastId_ = std::max(lastId_, row.integer("ID"));
-    }
+    database().each("SELECT CODART, CODPRODFUR, UM, COTATVA, ID, DENALTALIMBA FROM G_ARTMAG ORDER BY CODART",
+                    [this](std::vector<QVariant>&& cells) {
+                      const Article& article =
+                          remember({cells[0].toString(),
+                                    cells[2].toString(),
+                                    Decimal::fromDouble(cells[3].toDouble()),
+                                    cells[5].isNull() ? std::nullopt : std::optional(cells[5].toString()),
+                                    {}},
+                                   cells[1].toString());
+                      const QString code = article.code.trimmed();
+                      if (isNumericText(code))
+                        lastCode_ = std::max(lastCode_, static_cast<qint64>(code.toDouble()));
+                      lastId_ = std::max(lastId_, cells[4].toLongLong());
+                    });
   }
 
   /// Null: none.
@@ -313,16 +319,19 @@ QStringList importLines(const LineImport& choice, const QString& path, const Pro
   Transaction transaction(database());
   requireDraft(documentKind(choice.kind), choice.number);
   Catalogue catalogue(choice);
+  const auto codeAt = [&sheet](int row, const char* column) {
+    return oneLine(sheet.text(row, column)).left(kCodeWidth).trimmed();
+  };
   for (int row = 0; row < sheet.size(); ++row) {
     report(progress, row, sheet.size());
-    const QString key = sheet.text(row, choice.familyFromFile ? "CODI" : "COD").left(kCodeWidth).trimmed();
+    const QString key = codeAt(row, choice.familyFromFile ? "CODI" : "COD");
     if (key.isEmpty()) {
       leftOut.append(QStringLiteral("Articolul %1 nu poate fi importat").arg(key));
       continue;
     }
-    const QString suppliersCode = sheet.text(row, "COD").left(kCodeWidth).trimmed();
-    const QString name = sheet.text(row, "DENUMIRE").left(kArticleName);
-    const QString otherName = sheet.text(row, "DENUMIRE2").left(kArticleName);
+    const QString suppliersCode = codeAt(row, "COD");
+    const QString name = oneLine(sheet.text(row, "DENUMIRE")).left(kArticleName);
+    const QString otherName = oneLine(sheet.text(row, "DENUMIRE2")).left(kArticleName);
     const qint64 family = catalogue.family(choice.familyFromFile ? sheet.text(row, "FAM") : choice.family);
     const auto figures = figuresOf(sheet, row, rate, key, leftOut);
     if (!figures) continue;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <QHash>
-#include <QRegularExpression>
 
 namespace velmar {
 
@@ -62,8 +61,13 @@ QString plainLetters(const QString& text) {
 }
 
 QString oneLine(QString text) {
-  static const QRegularExpression breaks(QStringLiteral("\\r\\n|[\\t\\n\\v\\f\\r\\x{85}\\x{2028}\\x{2029}]"));
-  return text.replace(breaks, QStringLiteral(" "));
+  const auto isBreak = [](QChar c) {
+    return (c >= u'\t' && c <= u'\r') || c == QChar(0x85) || c == QChar(0x2028) || c == QChar(0x2029);
+  };
+  if (std::none_of(text.cbegin(), text.cend(), isBreak)) return text;
+  text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+  std::replace_if(text.begin(), text.end(), isBreak, u' ');
+  return text;
 }
 
 }  // namespace velmar

@@ -42,7 +42,7 @@ const rate = sql("SELECT COD FROM kt_cote WHERE PROCENT = 19 ORDER BY COD")[0].C
 sql("INSERT INTO G_FACFUR (NUMFAC, DATAFAC, CODFUR, BATVA1, Magazie, OBS, VALIDAT) VALUES ('10', ?, 1, ?, 1, 'proba', 0)", year + "-03-01", rate);
 const path = paths().app + "/preturi.xlsx";
 workbook(path, [["cod", "DENUMIRE", "DENUMIRE2", "PRET", "CANTITATE", "ADAOS"],
-                ["P-1", "Caiet", "Notebook", 10, 2, 0.2], [123, "Stilou", "", "12,5", 4, 0.25], ["P-3", "Guma", "", 1, 0, 0],
+                ["P-1", "Caiet", "Notebook", 10, 2, 0.2], [123, "Stilou\nalbastru", "", "12,5", 4, 0.25], ["P-3", "Guma", "", 1, 0, 0],
                 ["", "Fara cod", "", 1, 1, 0], ["P-4", "", "", 1, 1, 0], ["P-5", "Creion", "", "scump", 1, 0], ["B-X", "Altfel", "", 1, 1, 0]]);
 
 let w = menu("mnuCumpFactura", "frmGrilaFF");
@@ -73,6 +73,7 @@ equal(boxes.slice(-2), ["Articolul  nu poate fi importat\nArticolul P-4 nu are d
                         "Importul s-a realizat cu succes"], "rows left out, then the end");
 equal(table("NRLINIE, CODART, UM, CANT, PRETFT, VALOAREFT, VALOARETVA, VALOARETTI, PRETVA", "G_LFACFU ORDER BY NRLINIE"),
       [[1, "00000007", "Set", 2, 10, 20, 1.8, 21.8, 12], [2, "123", "Buc", 4, 12.5, 50, 9.5, 59.5, 15.625]], "lines");
+equal(sql("SELECT DENART FROM G_ARTMAG WHERE CODART = '123'")[0].DENART, "Stilou albastru", "a name is one line");
 equal(table("CODART, ID, CODPRODFUR, FAMART, COSTDEV, PRETDEVIZAVANZ, COTATVA, CODFURNIZO", "G_ARTMAG WHERE ID > 8 ORDER BY ID"),
       [["123", 9, "123", 1, 12.5, 15.625, 19, 1], ["P-3", 10, "P-3", 1, 1, 1, 19, 1]], "new articles, also of a quantity of 0");
 equal(sql("SELECT DENALTALIMBA FROM G_ARTMAG WHERE CODART = '00000007'")[0].DENALTALIMBA, "Notebook");
