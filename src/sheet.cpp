@@ -70,6 +70,8 @@ Sheet readXls(const QString& path) {
       handle, [](const void* open) { freexl_close(open); });
   unsigned int count = 0;
   freexl_get_info(handle, FREEXL_BIFF_SHEET_COUNT, &count);
+  // The library loses all sheets when one contains a chart.
+  if (count == 0) throw Fault{QStringLiteral("Foile nu pot fi citite. Salvati fisierul ca .xlsx")};
   QStringList names;
   for (unsigned int i = 0; i < count; ++i) {
     const char* name = nullptr;

@@ -273,6 +273,7 @@ std::vector<FormulaResult> formulaResults(const QByteArray& file, int sheet) {
   while (!records.atEnd()) {
     const Record record = records.next();
     if (isBegin(record.kind)) ++depth;
+    if (depth == 0) throw DamagedWorkbook("beginning");
     if (record.kind == kEnd && --depth <= 0) break;
     if (depth != 1) continue;
     if (isFormula(record.kind)) {
