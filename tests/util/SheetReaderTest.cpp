@@ -23,7 +23,7 @@ SheetTable readBytes(const QByteArray& bytes) {
 
 QByteArray number(quint64 value, int bytes) {
   QByteArray text;
-  for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> (8 * i));
+  for (int i = 0; i < bytes; ++i) text += static_cast<char>(i < 8 ? value >> (8 * i) : 0);
   return text;
 }
 
