@@ -7,6 +7,7 @@
 #include "shell/SampleCompany.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
+#include "store/Engine.h"
 #include "store/Server.h"
 #include "store/Upkeep.h"
 #include "store/Workshop.h"
@@ -42,6 +43,16 @@ void sweep(const QString& folder) {
     sweepDrafts(folder);
   } catch (const StoreError&) {
     // Left for the next time.
+  }
+}
+
+// Without statistics the company is only slower.
+void refreshStatistics() {
+  try {
+    database().engine().requireInPlace();
+    database().engine().refreshStatistics();
+  } catch (const StoreError&) {
+    // Another workstation is writing, or the file is gone.
   }
 }
 
@@ -106,6 +117,7 @@ QString clockWarning() {
 }
 
 void leaveCompany() {
+  if (session().roster) refreshStatistics();  // not after a refused login
   session().fileCheck.reset();
   session().roster.reset();
   setOpenDatabase(nullptr);

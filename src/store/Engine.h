@@ -88,6 +88,8 @@ class Engine {
   virtual void continueNumbering(const Table&) {}
   /// Updates the engine's statistics of the tables, after many rows were written at once.
   virtual void studyTables() {}
+  /// Updates those statistics that the statements of this connection missed or that are outdated; quick.
+  virtual void refreshStatistics() {}
   /// Shows the login of the user to the other users of the database, where the engine can.
   virtual void setLogin(const QString&) {}
   /// Creates what the tables require before they are created.

@@ -20,6 +20,8 @@ class FileEngine : public Engine {
   int rowsPerInsert() const override { return 1; }
   QStringList plan(const QString& sql) override;
   void compact() override;
+  void studyTables() override;
+  void refreshStatistics() override;
   void requireWhole(const std::function<void()>& meanwhile) override;
   void requireInPlace() override;
   bool copyAsFile(const QString& path, const EngineProgress& progress) override;
