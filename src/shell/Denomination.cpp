@@ -1,5 +1,7 @@
 #include "shell/Denomination.h"
 
+#include <algorithm>
+
 #include "config/Currencies.h"
 #include "shell/Maintenance.h"
 #include "store/Database.h"
@@ -47,6 +49,28 @@ constexpr Converted kConverted[] = {
     {"G_COMCLI", "CURS"},
     {"G_LCOMCL", "PRETFT VALOAREFT VALOARETTI VALOARETVA", "DATACOM", "G_COMCLI", "NUMCOM"}};
 
+/// Converted whatever their date; this is the date of their documents.
+constexpr Converted kReceiptLines{"G_LNRFUR", "", "DATANR", "G_NRFURN", "NUMNR"};
+
+// The columns of lines and of headers that join them.
+std::pair<QString, QString> keysOf(const Converted& converted) {
+  const QString key = QString::fromLatin1(converted.key);
+  return {key.section(QStringLiteral(" = "), 0, 0), key.section(QStringLiteral(" = "), -1)};
+}
+
+// Whether documents before the denomination have lines in this table. The headers lead to the lines: an index
+// has the key of the lines.
+bool hasOldDrafts(const Converted& lines) {
+  if (*lines.headers == '\0') return false;
+  const auto [ofLine, ofHeader] = keysOf(lines);
+  return !OpenRs(QStringLiteral("SELECT H.%1 FROM %2 AS H WHERE H.%3 < ? AND EXISTS (SELECT 1 FROM %4 AS L "
+                                "WHERE L.%5 = H.%1) LIMIT 1")
+                     .arg(ofHeader, QString::fromLatin1(lines.headers), QString::fromLatin1(lines.date),
+                          QString::fromLatin1(lines.table), ofLine),
+                 {kDenomination})
+              .isEmpty();
+}
+
 QString statementOf(const Converted& converted) {
   QStringList sets;
   for (const QString& column : QString::fromLatin1(converted.columns).split(u' '))
@@ -54,10 +78,9 @@ QString statementOf(const Converted& converted) {
   const QString date = QString::fromLatin1(converted.date);
   QString where;
   if (*converted.headers != '\0') {
-    const QString key = QString::fromLatin1(converted.key);
+    const auto [ofLine, ofHeader] = keysOf(converted);
     where = QStringLiteral(" WHERE %1 IN (SELECT %2 FROM %3 WHERE %4 < ?)")
-                .arg(key.section(QStringLiteral(" = "), 0, 0), key.section(QStringLiteral(" = "), -1),
-                     QString::fromLatin1(converted.headers), date);
+                .arg(ofLine, ofHeader, QString::fromLatin1(converted.headers), date);
   } else if (!date.isEmpty()) {
     where = QStringLiteral(" WHERE %1 < ?").arg(date);
   }
@@ -68,7 +91,10 @@ QString statementOf(const Converted& converted) {
 }  // namespace
 
 bool hasOldLei() {
-  return !ROL() && !OpenRs("SELECT ID FROM G_DOCUME WHERE DATADOC < ? LIMIT 1", {kDenomination}).isEmpty();
+  if (ROL()) return false;
+  if (!OpenRs("SELECT ID FROM G_DOCUME WHERE DATADOC < ? LIMIT 1", {kDenomination}).isEmpty()) return true;
+  return hasOldDrafts(kReceiptLines) ||
+         std::any_of(std::begin(kConverted), std::end(kConverted), hasOldDrafts);
 }
 
 void convertToNewLei(const Progress& progress) {

@@ -5,7 +5,8 @@
 
 namespace velmar {
 
-/// Whether the open company has documents in old lei and was not converted.
+/// Whether the open company has documents before the denomination, in the ledger or as drafts with lines, and
+/// was not converted.
 bool hasOldLei();
 
 /// Converts prices, values and rates in one transaction: each is rounded half to even to whole old lei, then

@@ -3,6 +3,18 @@
 company({denumire: "ATELIERUL SRL"});
 equal(menuState("mnuDenominare").visible, false, "a new company counts as converted");
 sql("DELETE FROM kt_val WHERE COD = 'ROL'");
+
+// Only drafts: one without lines has nothing to convert, nor has one of the denomination's day.
+const offered = () => { restart(); return menuState("mnuDenominare").visible; };
+for (const [headers, lines, key, date] of [["G_COMCLI", "G_LCOMCL", "NUMCOM", "DATACOM"], ["G_NRFURN", "G_LNRFUR", "NUMNR", "DATANR"]]) {
+  sql(`INSERT INTO ${headers} (${key}, ${date}) VALUES ('8', '2005-06-30'), ('9', '2005-07-01')`);
+  sql(`INSERT INTO ${lines} (${key}, NRLINIE, CODART, CANT, PRETFT) VALUES ('9', 1, 'M1', 1, 20)`);
+  equal(offered(), false, headers + " without lines in old lei");
+  sql(`INSERT INTO ${lines} (${key}, NRLINIE, CODART, CANT, PRETFT) VALUES ('8', 1, 'M1', 1, 20000)`);
+  equal(offered(), true, headers + " in old lei");
+  sql(`DELETE FROM ${lines}`);
+  sql(`DELETE FROM ${headers}`);
+}
 sql("INSERT INTO G_ARTMAG (CODART, DENART, UM, COST, PRETVFT, PRETVTTI) VALUES ('M1', 'Marfa', 'Buc', 12345.6, 20000, 23800)");
 for (const [number, date] of [["1", "2005-06-30"], ["2", "2005-07-01"]]) {
   sql("INSERT INTO G_DOCUME (ID, TIP, TIPIE, DATADOC, CODMAG, TOTALFT, TOTALTVA, TOTALCOST, CURS) VALUES (?, 'FC', 'E', ?, 1, 15000, 2850, 9999, 36000)", "FC" + number, date);
