@@ -132,8 +132,11 @@ Recordset salesRows(const ReportChoice& choice) {
   return read(
       QStringLiteral(
           "SELECT V.*, CASE MODREG WHEN 1 THEN 'NUMERAR' WHEN 2 THEN 'CEC' WHEN 3 THEN 'OP' WHEN 4 THEN "
-          "'ALTELE' END AS PLATA, ROUND_EVEN(COALESCE(TOTALFT, 0) + COALESCE(TOTALTVA, 0), 6) AS TOTALDOC "
-          "FROM (%1) AS V%2 ORDER BY %3DATADOC, MODREG NULLS FIRST, TIP, ID")
+          "'ALTELE' END AS PLATA, ROUND_EVEN(COALESCE(TOTALFT, 0) + COALESCE(TOTALTVA, 0), 2) AS TOTALDOC "
+          "FROM (SELECT R.DATADOC, R.DATASCAD, R.ID, R.MODREG, R.OBS, R.REF, ROUND_EVEN(R.TOTALFT, 2) AS "
+          "TOTALFT, ROUND_EVEN(R.TOTALTVA, 2) AS TOTALTVA, R.CODTERT, R.NUME, R.TIP, R.CODMAG FROM (%1) AS "
+          "R) AS V%2 ORDER BY %3DATADOC, MODREG NULLS FIRST, "
+          "TIP, ID")
           .arg(session().gDataEnv.statement("RapVanzari"),
                warehouse.isEmpty() ? QString() : QStringLiteral(" WHERE CODMAG = ?"), first),
       values, {"DATADOC", "DATASCAD"});
@@ -152,7 +155,8 @@ Recordset issueRows(const ReportChoice& choice) {
   addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
   return read(
       "SELECT D.ID AS ID, D.TIP AS TIP, D.TIPIE AS TIPIE, L.ARTID AS ARTID, L.CANT AS CANT, "
-      "L.VALTVA AS VALTVA, L.PRETFT AS PRETFT, L.PRETTTI AS PRETTTI, A.UM AS UM, A.DENART AS DENART, "
+      "ROUND_EVEN(L.VALTVA, 2) AS VALTVA, L.PRETFT AS PRETFT, L.PRETTTI AS PRETTTI, A.UM AS UM, A.DENART AS "
+      "DENART, "
       "L.CODMAG AS CODMAG, D.DATADOC AS DATADOC, T.NUME AS NUME, D.CODTERT AS CODTERT, D.MODREG AS MODREG, "
       "ROUND_EVEN(L.CANT * L.PRETFT, 2) AS VALOAREFT FROM " +
           kLedger +

@@ -1,4 +1,6 @@
 // The rows of the reports of stock, sales and orders, from the ledger. All sums are exact to 6 decimals.
+// The ledger has documents in a currency unrounded in lei: the amounts of a line of sales or of issues are
+// rounded half to even to 2 decimals, as they are shown, so that their sums are those of the shown amounts.
 #pragma once
 
 #include "store/Row.h"

@@ -79,26 +79,31 @@ int documentsIn(const std::vector<Part>& parts) {
                          [](int sum, const Part& part) { return sum + part.documents; });
 }
 
-// Appends the rows; stornos with the opposite sign if they are subtracted.
-void appendRows(Recordset& all, const Recordset& rows, bool subtractsStornos) {
-  for (Row row : rows) {
-    if (subtractsStornos && row.text("TIP") == kStorno)
-      for (const char* amount : {"TOTALFT", "TOTALTVA"}) row.set(amount, -row.decimal(amount));
-    std::vector<QVariant> cells;
-    for (int i = 0; i < row.columns().size(); ++i) cells.push_back(row.at(i));
-    all.append(std::move(cells));
-  }
+// The rows to print, in the order of their numbers. The ledger has documents in a currency unrounded in lei:
+// amounts are rounded as they are printed, so that the totals are the sums of the printed amounts.
+QString printedRows(const VatJournal& journal, const VatPeriod& period) {
+  return QStringLiteral(
+             "SELECT D.NumarFactura, D.TIP, D.CODTERT, D.NumeTert, D.CodFiscal, D.DataFactura, "
+             "%3 * ROUND_EVEN(D.TOTALFT, 2) AS TOTALFT, %3 * ROUND_EVEN(D.TOTALTVA, 2) AS TOTALTVA "
+             "FROM (%1) AS D ORDER BY %2")
+      .arg(session().gDataEnv.statement(journal.command), documentOrder("D.DataFactura", "D.NumarFactura"),
+           signOf(period));
 }
 
 Recordset documentsIn(const VatJournal& journal, const VatPeriod& period, const std::vector<Part>& parts,
                       const Progress& progress) {
+  const QString sql = printedRows(journal, period);
   const int of = documentsIn(parts);
   Recordset all;
   for (const Part& part : parts) {
     report(progress, all.size(), of);
-    const Recordset rows = session().gDataEnv.open(journal.command, part.bounds);
+    Recordset rows = OpenRs(sql, part.bounds);
     if (all.isEmpty()) all = Recordset(std::make_shared<Columns>(rows.columns()));
-    appendRows(all, rows, period.subtractsStornos);
+    for (const Row& row : rows) {
+      std::vector<QVariant> cells;
+      for (int i = 0; i < row.columns().size(); ++i) cells.push_back(row.at(i));
+      all.append(std::move(cells));
+    }
   }
   if (!all.isEmpty()) all.transform("DataFactura", asDate);
   return all;

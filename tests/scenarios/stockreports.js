@@ -218,3 +218,21 @@ w.click("cmdEcran");
 equal(win("frmEcran").grid("TDBGrid1").column("NUME"), ["BETA SA"], "on the screen");
 win("frmEcran").close();
 w.close();
+
+// Invoices in a currency are not rounded in lei: the shown amounts of 10.004 and 1.904 add up.
+for (const id of ["FC91", "FC92", "FC93"]) {
+  sql("INSERT INTO G_DOCUME (ID, TIP, TIPIE, DATADOC, CODTERT, MODREG, CODMAG, TOTALFT, TOTALTVA) VALUES (?, 'FC', 'E', '2031-02-03', 1, 1, 1, 10.004, 1.904)", id);
+  sql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT, PRETFT, VALTVA, CODMAG) VALUES (?, 1, 'M1', 1, 10.004, 1.904, 1)", id);
+}
+for (const [entry, form, foot, total] of [["mnuRapVanzari", "frmRapVanzari", "TOTALDOC", "TOTAL GENERAL 30,00 5,70 35,70"],
+                                          ["mnuRapIesiri", "frmRapIesiri", "VALTVA", "TOTAL GENERAL 3,000 30,00 5,70"]]) {
+  open(entry, form);
+  w.set("ChkDetaliu", true);
+  w.set("DTPickerdela", "2031-01-01");
+  w.set("DTPickerla", "2031-12-31");
+  has(pages(), "10,00 1,90", total);
+  w.click("cmdEcran");
+  equal(win("frmEcran").grid("TDBGrid1").footer(foot), foot === "TOTALDOC" ? "35,70" : "5,70", "the foot of " + form);
+  win("frmEcran").close();
+  w.close();
+}
