@@ -1,5 +1,5 @@
-// The VAT journal of 50,000 documents: filling its table compared with one statement that does the same,
-// reading it for printing compared with the bare query.
+// The VAT journal of 32,000 documents, near the largest row number: filling its table compared with one
+// statement that does the same, reading it for printing compared with the bare query.
 #include "Bare.h"
 #include "Benches.h"
 #include "reports/VatJournals.h"
@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kAim = 2;
 constexpr int kJournalRounds = 10;
-constexpr int kDocuments = 50'000;
+constexpr int kDocuments = 32'000;
 
 constexpr const char* kDocumentsOfPeriod =
     "SELECT D.ID, D.TIP, D.CODTERT, T.NUME, T.CODFISCAL, D.DATADOC, D.TOTALFT, D.TOTALTVA FROM G_DOCUME D "
@@ -41,11 +41,14 @@ void print(Store store, const QString& name, const Measured& measured) {
 bool measureJournals(Store store) {
   const QString path = copyOfCompany(store, CompanySize::GrownTrade, QStringLiteral("jurnale.mdb"));
   BareConnection bare(path);
-  bare.run("UPDATE G_DOCUME SET TIP = 'FC'");
+  bare.run("UPDATE G_DOCUME SET TIP = 'AE'");
+  bare.run(
+      "UPDATE G_DOCUME SET TIP = 'FC' WHERE ID IN (SELECT ID FROM G_DOCUME ORDER BY DATADOC, ID LIMIT "
+      "32000)");
   const OpenCompany company(path);
   BareStatement documents = bare.prepare(kDocumentsOfPeriod);
   BareStatement fill = bare.prepare(kFill);
-  printHeading(store, QStringLiteral("journals: 50.000 de documente"),
+  printHeading(store, QStringLiteral("journals: 32.000 de documente"),
                {QStringLiteral("Velmar"), QStringLiteral("SQL"), QStringLiteral("raport")});
   Measured filled, read;
   bool held = true;
@@ -59,8 +62,8 @@ bool measureJournals(Store store) {
       fill.run();
       bare.run("COMMIT");
     }));
-    read.ours.add(timed(
-        [&held] { held = journalReport(salesJournal(), kPeriod, 1).fields->size() == kDocuments && held; }));
+    read.ours.add(
+        timed([&held] { held = journalRows(salesJournal(), kPeriod, 1).size() == kDocuments && held; }));
     read.bare.add(timed([&documents] {
       double total = 0;
       while (documents.step()) total += documents.number(6) + static_cast<double>(documents.text(3).size());

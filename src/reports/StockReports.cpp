@@ -4,6 +4,7 @@
 
 #include "config/Session.h"
 #include "reports/ReportStatements.h"
+#include "reports/VatJournals.h"
 #include "util/Errors.h"
 
 namespace velmar {
@@ -386,8 +387,20 @@ std::vector<StockReport> allReports() {
                                        "optClienti", "Clienti", "C");
   const StockReport bought = orderReport("frmRapComNelivFr", "Comenzi Nelivrate Furnizori", "ComNelivFr",
                                          "optFurnizori", "Furnizori", "F");
-  return {sales,  issues,          customers,       suppliers, deliveryNotes(),  sold,
-          bought, stockTracking(), inventoryList(), labels(),  availableStock(), costOfSales()};
+  return {sales,
+          issues,
+          customers,
+          suppliers,
+          deliveryNotes(),
+          sold,
+          bought,
+          stockTracking(),
+          inventoryList(),
+          labels(),
+          availableStock(),
+          costOfSales(),
+          reportOf(purchaseJournal()),
+          reportOf(salesJournal())};
 }
 
 bool isCompared(const StockReport& report, const ReportChoice& choice) {
@@ -460,15 +473,15 @@ const StockReport& stockReport(const QString& window) {
   return *found;
 }
 
-Recordset reportRows(const StockReport& report, const ReportChoice& choice) {
-  Recordset rows = report.rows(choice);
+Recordset reportRows(const StockReport& report, const ReportChoice& choice, const Progress& progress) {
+  Recordset rows = report.longRows ? report.longRows(choice, progress) : report.rows(choice);
   if (isCompared(report, choice)) rows = compared(report, choice, rows);
   if (rows.isEmpty()) throw RuleError(QStringLiteral("Nu exista inregistrari"));
   return rows;
 }
 
-Recordset screenRows(const StockReport& report, const ReportChoice& choice) {
-  const Recordset rows = reportRows(report, choice);
+Recordset screenRows(const StockReport& report, const ReportChoice& choice, const Progress& progress) {
+  const Recordset rows = reportRows(report, choice, progress);
   Recordset shown(std::make_shared<Columns>(rows.columns()));
   std::vector<std::pair<qsizetype, QString>> replaced;
   for (const ReportColumn& column : report.columns)
@@ -482,8 +495,8 @@ Recordset screenRows(const StockReport& report, const ReportChoice& choice) {
   return shown;
 }
 
-ReportData reportData(const StockReport& report, const ReportChoice& choice) {
-  Recordset rows = reportRows(report, choice);
+ReportData reportData(const StockReport& report, const ReportChoice& choice, const Progress& progress) {
+  Recordset rows = reportRows(report, choice, progress);
   ReportData data;
   if (report.isLabels) {
     data.variables = std::move(rows);

@@ -1,5 +1,5 @@
-// The reports of stock, sales and orders: for each its window's controls, its statement and its variables. A
-// further report is a row of reports() and a layout in lst/.
+// The reports of stock, sales and orders and the VAT journals: for each its window's controls, its statement
+// and its variables. A further report is a row of stockReports() and a layout in lst/.
 #pragma once
 
 #include <functional>
@@ -9,6 +9,7 @@
 
 #include "reports/ReportData.h"
 #include "reports/Variables.h"
+#include "util/Progress.h"
 
 namespace velmar {
 
@@ -21,7 +22,8 @@ struct ReportControl {
     Choice,   ///< a drop-down list
     Article,  ///< a drop-down list of all articles, found by typing
     Text,
-    Number  ///< a whole number from 1 to 999, 1 at the start
+    Number,  ///< a whole number from 1, 1 at the start
+    Note     ///< shows the note of the report
   };
   Kind kind;
   QString name;
@@ -29,6 +31,10 @@ struct ReportControl {
   QString of = {};          ///< Choice, Article, Text: the option or box that they belong to
   QString missing = {};     ///< the message when that is ticked and nothing is chosen
   QStringList clears = {};  ///< the options that a tick of this box takes off
+  QString tip = {};         ///< tool tip
+  int most = 999;           ///< Number: the largest
+  QString wrong = {};       ///< Number: the message for another one; empty: the general one
+  bool mayBeEmpty = false;  ///< Number: an empty box gives 1
 };
 
 struct ReportFrame {
@@ -77,6 +83,7 @@ struct ReportChoice {
   QSet<QString> ticked;
   QHash<QString, QString> codes;  ///< of drop-down lists
   QHash<QString, QString> texts;  ///< of text boxes, and of the chosen items
+  QHash<QString, int> numbers;
 
   bool has(const QString& control) const { return ticked.contains(control); }
   /// The code chosen for that option; empty when the option is not ticked.
@@ -87,7 +94,8 @@ struct ReportChoice {
 
 /// Its rows are read when its command is given.
 struct StockReport {
-  enum class Start { Year, YearToToday, Today };
+  /// The period at the start: that of the parameters, from its first day to today, today, the calendar year.
+  enum class Start { Year, YearToToday, Today, CalendarYear };
 
   QString window;   ///< class of its window
   QString caption;  ///< of its window
@@ -105,7 +113,13 @@ struct StockReport {
   ReportLinks links = {};
   ReportComparison comparison = {};
   std::function<Recordset(const ReportChoice&)> rows = {};
+  /// Instead of `rows` where reading may take long.
+  std::function<Recordset(const ReportChoice&, const Progress&)> longRows = {};
   std::function<void(const ReportChoice&, Variables&)> variables = {};
+  /// The text of the control of kind Note, for the dates and the ticks.
+  std::function<QString(const ReportChoice&)> note = {};
+  /// The command cmdCalcul: fills a work table and returns what the window then shows.
+  std::function<QString(const ReportChoice&, const Progress&)> compute = {};
 };
 
 /// The tick of a report that is compared with the year before.
@@ -117,13 +131,14 @@ const std::vector<StockReport>& stockReports();
 /// Throws StoreError for an unknown window.
 const StockReport& stockReport(const QString& window);
 
-/// The rows of a report. Throws RuleError when there are none. Descarcare writes its work table.
-Recordset reportRows(const StockReport& report, const ReportChoice& choice);
+/// The rows of a report. Throws RuleError when there are none, and what `progress` throws. Descarcare writes
+/// its work table.
+Recordset reportRows(const StockReport& report, const ReportChoice& choice, const Progress& progress = {});
 
 /// The rows of a report as they are shown on the screen. Throws as reportRows().
-Recordset screenRows(const StockReport& report, const ReportChoice& choice);
+Recordset screenRows(const StockReport& report, const ReportChoice& choice, const Progress& progress = {});
 
 /// The rows and the variables of a report. Throws as reportRows().
-ReportData reportData(const StockReport& report, const ReportChoice& choice);
+ReportData reportData(const StockReport& report, const ReportChoice& choice, const Progress& progress = {});
 
 }  // namespace velmar

@@ -3,7 +3,6 @@
 #include <numeric>
 
 #include "config/Session.h"
-#include "reports/Variables.h"
 #include "store/Database.h"
 #include "store/NamedCommands.h"
 #include "util/Errors.h"
@@ -34,6 +33,12 @@ const QString kInsertSales = QStringLiteral(
 
 const QString kStorno = QStringLiteral("FS");
 
+// Controls of the window.
+const QString kFirstNumber = QStringLiteral("txtNRC");
+const QString kFrom = QStringLiteral("DTPickerdela");
+const QString kTo = QStringLiteral("DTPickerla");
+const QString kSubtracts = QStringLiteral("chkStorno");
+
 QString signOf(const VatPeriod& period) {
   return period.subtractsStornos ? QStringLiteral("(CASE WHEN D.TIP = '%1' THEN -1 ELSE 1 END)").arg(kStorno)
                                  : QStringLiteral("1");
@@ -48,7 +53,7 @@ void requireNumbers(int firstNumber, int rows) {
                       .arg(rows)
                       .arg(kLargestRowNumber)
                       .arg(advice),
-                  "NRC");
+                  kFirstNumber);
 }
 
 Values boundsOf(const VatPeriod& period) {
@@ -79,31 +84,46 @@ int documentsIn(const std::vector<Part>& parts) {
                          [](int sum, const Part& part) { return sum + part.documents; });
 }
 
-// The rows to print, in the order of their numbers. The ledger has documents in a currency unrounded in lei:
-// amounts are rounded as they are printed, so that the totals are the sums of the printed amounts.
-QString printedRows(const VatJournal& journal, const VatPeriod& period) {
-  return QStringLiteral(
-             "SELECT D.NumarFactura, D.TIP, D.CODTERT, D.NumeTert, D.CodFiscal, D.DataFactura, "
-             "%3 * ROUND_EVEN(D.TOTALFT, 2) AS TOTALFT, %3 * ROUND_EVEN(D.TOTALTVA, 2) AS TOTALTVA "
-             "FROM (%1) AS D ORDER BY %2")
-      .arg(session().gDataEnv.statement(journal.command), documentOrder("D.DataFactura", "D.NumarFactura"),
-           signOf(period));
+// Appends the rows as they are printed. The ledger has documents in a currency unrounded in lei: amounts are
+// rounded as they are shown, so that the totals are the sums of the shown amounts.
+void appendRows(Recordset& all, const Recordset& rows, bool subtractsStornos, int firstNumber) {
+  const Columns columns(rows.columns());
+  const int kind = columns.indexOf("TIP"), base = columns.indexOf("TOTALFT"),
+            tax = columns.indexOf("TOTALTVA");
+  for (const Row& row : rows) {
+    const bool isSubtracted = subtractsStornos && row.at(kind).toString() == kStorno;
+    const auto amount = [&row, isSubtracted](int column) {
+      const Decimal rounded = Round(Decimal::fromDouble(row.at(column).toDouble()), 2);
+      return isSubtracted ? -rounded : rounded;
+    };
+    const Decimal value = amount(base), vat = amount(tax);
+    const double total = (value + vat).toDouble();
+    const bool isTaxed = vat != Decimal();
+    std::vector<QVariant> cells;
+    cells.reserve(static_cast<size_t>(all.columns().size()));
+    for (int i = 0; i < row.columns().size(); ++i)
+      cells.push_back(i == base  ? QVariant(value.toDouble())
+                      : i == tax ? QVariant(vat.toDouble())
+                                 : row.at(i));
+    cells.emplace_back(total);
+    cells.emplace_back(isTaxed ? value.toDouble() : 0.0);
+    cells.emplace_back(isTaxed ? 0.0 : total);
+    cells.emplace_back(firstNumber + all.size());
+    all.append(std::move(cells));
+  }
 }
 
 Recordset documentsIn(const VatJournal& journal, const VatPeriod& period, const std::vector<Part>& parts,
-                      const Progress& progress) {
-  const QString sql = printedRows(journal, period);
+                      int firstNumber, const Progress& progress) {
   const int of = documentsIn(parts);
   Recordset all;
   for (const Part& part : parts) {
     report(progress, all.size(), of);
-    Recordset rows = OpenRs(sql, part.bounds);
-    if (all.isEmpty()) all = Recordset(std::make_shared<Columns>(rows.columns()));
-    for (const Row& row : rows) {
-      std::vector<QVariant> cells;
-      for (int i = 0; i < row.columns().size(); ++i) cells.push_back(row.at(i));
-      all.append(std::move(cells));
-    }
+    const Recordset rows = session().gDataEnv.open(journal.command, part.bounds);
+    if (all.isEmpty())
+      all = Recordset(
+          std::make_shared<Columns>(rows.columns() + QStringList{"TOTALDOC", "BAZATVA", "NEIMPDOC", "NRC"}));
+    appendRows(all, rows, period.subtractsStornos, firstNumber);
   }
   if (!all.isEmpty()) all.transform("DataFactura", asDate);
   return all;
@@ -112,23 +132,35 @@ Recordset documentsIn(const VatJournal& journal, const VatPeriod& period, const 
 }  // namespace
 
 const VatJournal& purchaseJournal() {
-  static const VatJournal journal{"frmRapJCTVA",  "Jurnal de cumparare cu TVA",
-                                  "Get_Doc_CTVA", "kt_jct",
-                                  "Jctva",        kInsertPurchases,
-                                  false,          true,
-                                  false};
+  static const VatJournal journal{"frmRapJCTVA",
+                                  "Jurnal de cumparare cu TVA",
+                                  "Furnizor",
+                                  "Get_Doc_CTVA",
+                                  "kt_jct",
+                                  "Jctva",
+                                  kInsertPurchases,
+                                  false,
+                                  true,
+                                  false,
+                                  true};
   return journal;
 }
 
 const VatJournal& salesJournal() {
-  static const VatJournal journal{
-      "frmRapJVTVA", "Jurnal de vanzare cu TVA", "Get_Doc_VTVA", "kt_jvt", "Jvtva", kInsertSales, true, false,
-      true};
+  static const VatJournal journal{"frmRapJVTVA", "Jurnal de vanzare cu TVA",
+                                  "Client",      "Get_Doc_VTVA",
+                                  "kt_jvt",      "Jvtva",
+                                  kInsertSales,  true,
+                                  false,         true,
+                                  false};
   return journal;
 }
 
-Recordset documentsOf(const VatJournal& journal, const VatPeriod& period, const Progress& progress) {
-  return documentsIn(journal, period, partsOf(journal, period), progress);
+Recordset journalRows(const VatJournal& journal, const VatPeriod& period, int firstNumber,
+                      const Progress& progress) {
+  const std::vector<Part> parts = partsOf(journal, period);
+  requireNumbers(firstNumber, documentsIn(parts));
+  return documentsIn(journal, period, parts, firstNumber, progress);
 }
 
 int stornosOf(const VatJournal& journal, const VatPeriod& period) {
@@ -168,21 +200,67 @@ int computeJournal(const VatJournal& journal, const VatPeriod& period, int first
   return rows;
 }
 
-ReportData journalReport(const VatJournal& journal, const VatPeriod& period, int firstNumber,
-                         const Progress& progress) {
-  const std::vector<Part> parts = partsOf(journal, period);
-  if (parts.empty()) throw RuleError(QStringLiteral("Nu exista inregistrari"));
-  requireNumbers(firstNumber, documentsIn(parts));
-  const Recordset rows = documentsIn(journal, period, parts, progress);
-  ReportData data;
-  data.fieldNames = rows.columns();
-  data.fields = std::make_shared<RecordsetRows>(rows);
-  Variables variables(data);
-  variables.add("ParamDataDela", period.from);
-  variables.add("ParamDataPanala", period.to);
-  variables.add("NrCrt", firstNumber);
-  variables.addCompany();
-  return data;
+StockReport reportOf(const VatJournal& journal) {
+  using Kind = ReportControl::Kind;
+  using Shown = ReportColumn::Kind;
+  ReportControl number{Kind::Number, kFirstNumber, "&Numar curent inceput:"};
+  number.tip = "Numarul primului rand din jurnal";
+  number.most = kLargestRowNumber;
+  number.wrong = "Numarul curent de inceput trebuie sa fie un numar intreg intre 1 si %1";
+  number.mayBeEmpty = true;
+  const auto withTip = [](ReportControl control, const QString& tip) {
+    control.tip = tip;
+    return control;
+  };
+  ReportFrame options{"&Optiuni", {number}, {}, "frmOptiuni"};
+  if (journal.hasStornos) {
+    options.controls.push_back(withTip({Kind::Check, kSubtracts, "Stornari cu minus"},
+                                       "Facturile de stornare se scad din jurnal in loc sa se adune"));
+    options.controls.push_back({Kind::Note, "lblStorno", {}});
+  }
+  const ReportFrame days{
+      "&Perioada",
+      {withTip({Kind::Date, kFrom, "De la "},
+               "Perioada incepe dupa miezul noptii acestei zile: documentele fara ora din "
+               "aceasta zi nu intra in jurnal"),
+       {Kind::Date, kTo, "Pana la"},
+       withTip({Kind::Check, kTakesFirstDay, "Si prima zi"}, "Documentele din prima zi intra in jurnal")},
+      {},
+      "frmData"};
+  StockReport report{journal.window, journal.caption, journal.project, {options, days}, kFrom, kTo};
+  report.start = StockReport::Start::CalendarYear;
+  report.losesFirstDay = true;
+  report.canPrint = journal.canPrint;
+  report.columns = {
+      {"NRC", "Nr. crt.", Shown::Whole, 8},          {"DataFactura", "Data", Shown::Date},
+      {"NumarFactura", "Document", Shown::Text, 14}, {"NumeTert", journal.partner, Shown::Text, 30},
+      {"CodFiscal", "Cod fiscal", Shown::Text, 14},  {"TOTALDOC", "Total", Shown::Amount, 14, true}};
+  if (journal.splitsUntaxed) report.columns.push_back({"NEIMPDOC", "Neimpozabile", Shown::Amount, 14, true});
+  report.columns.push_back({journal.splitsUntaxed ? "BAZATVA" : "TOTALFT", "Baza", Shown::Amount, 14, true});
+  report.columns.push_back({"TOTALTVA", "TVA", Shown::Amount, 12, true});
+  report.links = {"NumarFactura", {}, {}, "NumeTert"};
+  const auto period = [](const ReportChoice& choice) {
+    return VatPeriod{choice.dates[kFrom], choice.dates[kTo], choice.has(kSubtracts),
+                     choice.has(kTakesFirstDay)};
+  };
+  report.longRows = [&journal, period](const ReportChoice& choice, const Progress& progress) {
+    return journalRows(journal, period(choice), choice.numbers[kFirstNumber], progress);
+  };
+  report.variables = [](const ReportChoice& choice, Variables& variables) {
+    variables.add("ParamDataDela", choice.dates[kFrom]);
+    variables.add("ParamDataPanala", choice.dates[kTo]);
+    variables.add("NrCrt", choice.numbers[kFirstNumber]);
+  };
+  if (journal.hasStornos)
+    report.note = [&journal, period](const ReportChoice& choice) {
+      return QStringLiteral("Stornari in perioada: %1").arg(stornosOf(journal, period(choice)));
+    };
+  report.compute = [&journal, period](const ReportChoice& choice, const Progress& progress) {
+    const int rows = computeJournal(journal, period(choice), choice.numbers[kFirstNumber],
+                                    session().gUtilizator, progress);
+    return QStringLiteral("Jurnalul a fost calculat: %1 documente").arg(rows);
+  };
+  return report;
 }
 
 }  // namespace velmar

@@ -42,6 +42,37 @@ w.click("cmdVisualizare");
 check(flat(printed()[1]).includes("FC12"), "the first day taken in");
 w.set("chkPrimaZi", false);
 
+// On the screen: the rows of the page with their sums, the way to the document, and the file.
+w.type("txtNRC", "7");
+w.click("cmdEcran");
+let screen = win("frmEcran"), list = screen.grid("TDBGrid1");
+equal([screen.title(), list.column("NRC"), list.column("NumarFactura"), list.column("TOTALDOC")],
+      ["Jurnal de vanzare cu TVA", ["7", "8", "9"], ["FC10", "BS3", "FS11"], ["119,00", "10,00", "-59,50"]], "rows");
+equal(["TOTALDOC", "TOTALFT", "TOTALTVA"].map((field) => list.footer(field)), ["69,50", "58,40", "11,10"], "sums");
+shot("frmEcran");
+file(paths().app + "/jurnal.csv");
+screen.click("cmdExport");
+equal(readFile(paths().app + "/jurnal.csv").split("\r\n")[1], "7;03.02." + year + ";FC10;ALFA SRL;RO11;119,00;100,00;19,00", "text file");
+list.select(2);
+screen.press("TDBGrid1", "Enter");
+equal(win("frmLDoc").grid("grdParent").column("ID"), ["FS11"], "its document");
+win("frmLDoc").close();
+screen.close();
+
+// The choices are kept, dates and the number are not. A ticked box subtracts the stornos.
+equal(w.text("lblStorno"), "Stornari in perioada: 1");
+w.set("chkStorno", true);
+w.set("DTPickerdela", year + "-02-03");
+w.click("cmdVisualizare");
+has(flat(printed()[1]), "59,50 50,00 9,50", "TOTAL 69,50 58,40 11,10");
+w.close();
+w = menu("mnumnuRapmnuRapJVT", "frmRapJVTVA");
+equal([w.value("chkStorno"), w.value("DTPickerdela"), w.text("txtNRC")], [true, year + "-01-01", "1"], "kept");
+w.set("DTPickerla", year + "-03-31");
+w.set("chkPrimaZi", true);
+w.click("cmdImplicit");
+equal([w.value("chkStorno"), w.value("chkPrimaZi"), w.value("DTPickerdela"), w.value("DTPickerla")], [false, false, year + "-01-01", year + "-12-31"], "as at first");
+
 // The table, numbered from the given number.
 w.type("txtNRC", "100");
 w.click("cmdCalcul");
@@ -73,6 +104,11 @@ w.click("cmdPrint");
 files = printed();
 equal(files.map((path) => path.replace(/.*\//, "")), ["Jctva-1.pdf"], "only the printer");
 has(flat(files[0]), "JURNAL PENTRU CUMPARARI", "FI6", "70,00", "FF5", "238,00", "200,00", "38,00", "TOTAL 308,00 70,00 200,00 38,00");
+w.click("cmdEcran");
+screen = win("frmEcran");
+list = screen.grid("TDBGrid1");
+equal(["TOTALDOC", "NEIMPDOC", "BAZATVA", "TOTALTVA"].map((field) => list.footer(field)), ["308,00", "70,00", "200,00", "38,00"], "sums of the page");
+screen.close();
 w.click("cmdAnulare");
 
 // Invoices in a currency are not rounded in lei: the printed amounts of 10.004 and 1.904 add up, the table is as the ledger.

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -24,6 +25,7 @@
 #include "util/windows/Forms.h"
 #include "util/windows/SearchCombo.h"
 #include "util/windows/WindowHost.h"
+#include "util/windows/WorkProgress.h"
 
 namespace velmar {
 
@@ -33,6 +35,7 @@ using Kind = ReportControl::Kind;
 
 constexpr int kListWidth = 34;  // characters
 constexpr int kTextWidth = 35;
+constexpr int kNumberWidth = 10;
 const QString kInverted =
     QStringLiteral("Data de inceput trebuie sa fie mai mica sau egala decat data de sfarsit");
 
@@ -61,11 +64,27 @@ frmRaport::frmRaport(const StockReport& report, QWidget* parent) : QWidget(paren
   setWindowTitle(report.caption);
   auto* all = new QVBoxLayout(this);
   for (const ReportFrame& each : report.frames) all->addWidget(frame(each));
+  if (report.compute) all->addWidget(lblStare_ = named(new QLabel, "lblStare"));
   all->addStretch();
   all->addLayout(commandLine());
   giveMnemonics(this);
   showDefaults();
   restoreChoice();
+  if (report.compute) dates_[report.from]->setFocus();
+  if (!note_) return;
+  const auto changed = [this] { guarded(objectName(), "Form_Change", [this] { showNote(); }); };
+  for (DateBox* date : std::as_const(dates_)) connect(date, &QDateEdit::dateChanged, this, changed);
+  for (QAbstractButton* tick : std::as_const(ticks_)) connect(tick, &QAbstractButton::toggled, this, changed);
+}
+
+// Other windows may have saved documents meanwhile.
+void frmRaport::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  guarded(objectName(), "Form_Activate", [this] { showNote(); });
+}
+
+void frmRaport::showNote() {
+  if (note_) note_->setText(report_.note(shownChoice()));
 }
 
 QWidget* frmRaport::frame(const ReportFrame& frame) {
@@ -76,7 +95,7 @@ QWidget* frmRaport::frame(const ReportFrame& frame) {
   for (const ReportControl& control : frame.controls) addControl(control, rows);
   const bool isPeriod = !frame.controls.empty() && frame.controls.front().name == report_.from;
   if (report_.losesFirstDay && isPeriod) {
-    addControl({Kind::Check, kTakesFirstDay, "Si prima zi"}, rows);
+    if (!ticks_.contains(kTakesFirstDay)) addControl({Kind::Check, kTakesFirstDay, "Si prima zi"}, rows);
     auto* note = named(new QLabel, "lblZile");
     rows->addRow(note);
     const auto tell = [this, note] {
@@ -99,7 +118,7 @@ QWidget* frmRaport::frame(const ReportFrame& frame) {
 void frmRaport::addControl(const ReportControl& control, QFormLayout* rows) {
   switch (control.kind) {
     case Kind::Date: {
-      auto* box = named(new DateBox, control.name);
+      auto* box = named(new DateBox, control.name, control.tip);
       box->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
       dates_[control.name] = box;
       return rows->addRow(control.caption, box);
@@ -109,7 +128,7 @@ void frmRaport::addControl(const ReportControl& control, QFormLayout* rows) {
       QAbstractButton* tick = control.kind == Kind::Option
                                   ? static_cast<QAbstractButton*>(new QRadioButton(control.caption))
                                   : new QCheckBox(control.caption);
-      named(tick, control.name);
+      named(tick, control.name, control.tip);
       ticks_[control.name] = tick;
       connect(tick, &QAbstractButton::toggled, this, [this, cleared = control.clears](bool isOn) {
         if (isOn)
@@ -126,9 +145,16 @@ void frmRaport::addControl(const ReportControl& control, QFormLayout* rows) {
       texts_[control.name] =
           makeTextBox(control.name, kTextWidth, "Inceputul denumirii; cu % in fata, orice parte a ei");
       break;
-    case Kind::Number:
-      numbers_[control.name] = named(new NumberBox(0), control.name);
-      return rows->addRow(control.caption, numbers_[control.name]);
+    case Kind::Number: {
+      auto* box = named(new NumberBox(0), control.name, control.tip);
+      box->setMaximumWidth(fontMetrics().averageCharWidth() * kNumberWidth);
+      if (control.mayBeEmpty) requireNumberWhenLeft(box);
+      numbers_[control.name] = box;
+      return rows->addRow(control.caption, box);
+    }
+    case Kind::Note:
+      note_ = named(new QLabel, control.name);
+      return rows->addRow(note_);
   }
   QWidget* box =
       control.kind == Kind::Text ? static_cast<QWidget*>(texts_[control.name]) : lists_[control.name];
@@ -175,18 +201,25 @@ QLayout* frmRaport::commandLine() {
   if (!report_.isLabels)
     add(2, "cmdEcran", "Pe ecran", "Randurile raportului intr-o lista, cu totaluri si export",
         [this] { run(&frmRaport::showOnScreen); });
+  if (report_.compute)
+    add(2, "cmdCalcul", "Calcule", "Calculul jurnalului pentru perioada aleasa",
+        [this] { run(&frmRaport::compute); });
   if (report_.canPrint)
-    add(4, "cmdPrint", "Tiparire", "Tiparirea la imprimanta", [this] { run(&frmRaport::print); });
+    add(line->indexOf(findChild<QPushButton*>("cmdVisualizare")) + 1, "cmdPrint", "Tiparire",
+        "Tiparirea la imprimanta", [this] { run(&frmRaport::print); });
   return line;
 }
 
 void frmRaport::showDefaults() {
   const QDate today = clock::today();
+  const bool ofCalendar = report_.start == StockReport::Start::CalendarYear;
+  const QDate first = ofCalendar ? QDate(today.year(), 1, 1) : session().DataIN;
+  const QDate last = ofCalendar ? QDate(today.year(), 12, 31) : session().DataSN;
   const bool ofYear = report_.start != StockReport::Start::Today;
   for (auto date = dates_.cbegin(); date != dates_.cend(); ++date) {
     const bool isFrom = date.key() == report_.from;
-    const bool ofParameters = isFrom ? ofYear : report_.start == StockReport::Start::Year;
-    date.value()->setDate(!ofParameters ? today : isFrom ? session().DataIN : session().DataSN);
+    const bool isOfYear = isFrom ? ofYear : report_.start == StockReport::Start::Year || ofCalendar;
+    date.value()->setDate(!isOfYear ? today : isFrom ? first : last);
   }
   for (const ReportFrame& each : report_.frames)
     for (const ReportControl& control : each.controls) {
@@ -253,14 +286,18 @@ void frmRaport::enableChoices() {
     }
 }
 
-ReportChoice frmRaport::choice() const {
+ReportChoice frmRaport::shownChoice() const {
   ReportChoice chosen;
-  for (auto date = dates_.cbegin(); date != dates_.cend(); ++date) {
-    date.value()->takeTyped();
+  for (auto date = dates_.cbegin(); date != dates_.cend(); ++date)
     chosen.dates[date.key()] = date.value()->date();
-  }
   for (auto tick = ticks_.cbegin(); tick != ticks_.cend(); ++tick)
     if (tick.value()->isChecked()) chosen.ticked.insert(tick.key());
+  return chosen;
+}
+
+ReportChoice frmRaport::choice() const {
+  for (DateBox* date : dates_) date->takeTyped();
+  ReportChoice chosen = shownChoice();
   for (auto each = lists_.cbegin(); each != lists_.cend(); ++each) {
     SearchCombo* list = each.value();
     list->settle();
@@ -286,7 +323,10 @@ void frmRaport::requireChoice(const ReportControl& control, const ReportChoice& 
 ReportChoice frmRaport::acceptedChoice() const {
   ReportChoice chosen = choice();
   for (const ReportFrame& each : report_.frames)
-    for (const ReportControl& control : each.controls) requireChoice(control, chosen);
+    for (const ReportControl& control : each.controls) {
+      requireChoice(control, chosen);
+      if (control.kind == Kind::Number) chosen.numbers[control.name] = wholeNumber(control);
+    }
   keepChoice(chosen);
   return chosen;
 }
@@ -294,8 +334,10 @@ ReportChoice frmRaport::acceptedChoice() const {
 void frmRaport::showOnScreen() {
   Recordset rows;
   {
+    const ReportChoice chosen = acceptedChoice();
     const Hourglass wait;
-    rows = screenRows(report_, acceptedChoice());
+    WorkProgress progress(windowTitle(), this);
+    rows = screenRows(report_, chosen, [&progress](int done, int of) { progress.show(done, of); });
   }
   auto* shown = new frmEcran(report_, std::move(rows));
   if (windowHost()) return windowHost()->showChild(shown);
@@ -303,21 +345,33 @@ void frmRaport::showOnScreen() {
   shown->show();
 }
 
-int frmRaport::wholeNumber(const QString& box) const {
-  constexpr int kMost = 999;
-  const std::optional<Decimal> number = numbers_[box]->number();
-  if (!number || Round(*number, 0) != *number || *number < 1 || *number > kMost)
-    throw RuleError(QStringLiteral("Va rugam introduceti un numar intreg intre 1 si %1 !").arg(kMost), box);
+int frmRaport::wholeNumber(const ReportControl& control) const {
+  const NumberBox* box = numbers_[control.name];
+  if (control.mayBeEmpty && box->typed().trimmed().isEmpty()) return 1;
+  const std::optional<Decimal> number = box->number();
+  if (!number || Round(*number, 0) != *number || *number < 1 || *number > control.most) {
+    const QString general = QStringLiteral("Va rugam introduceti un numar intreg intre 1 si %1 !");
+    throw RuleError((control.wrong.isEmpty() ? general : control.wrong).arg(control.most), control.name);
+  }
   return static_cast<int>(number->toDouble());
 }
 
 PreparedReport frmRaport::prepared() {
   const ReportChoice chosen = acceptedChoice();
   const Hourglass wait;
+  WorkProgress progress(windowTitle(), this);
   LabelRun labels;
-  if (report_.isLabels) labels = {wholeNumber("TextNr"), wholeNumber("TextPrima")};
+  if (report_.isLabels) labels = {chosen.numbers["TextNr"], chosen.numbers["TextPrima"]};
   const QString project = QStringLiteral("lst/%1.%2").arg(report_.project, report_.isLabels ? "lbl" : "lst");
-  return {QDir(session().gCaleAplicatie).filePath(project), reportData(report_, chosen), labels};
+  return {QDir(session().gCaleAplicatie).filePath(project),
+          reportData(report_, chosen, [&progress](int done, int of) { progress.show(done, of); }), labels};
+}
+
+void frmRaport::compute() {
+  const ReportChoice chosen = acceptedChoice();
+  const Hourglass wait;
+  WorkProgress progress(windowTitle(), this);
+  lblStare_->setText(report_.compute(chosen, [&progress](int done, int of) { progress.show(done, of); }));
 }
 
 void frmRaport::list() { listReport(prepared(), !report_.previewsOnly && !report_.isLabels, this); }
@@ -333,6 +387,8 @@ void frmRaport::design() {
 
 void frmRaport::run(void (frmRaport::*command)()) {
   if (!entriesAccepted(this)) return;
+  if (lblStare_) lblStare_->clear();
+  showNote();
   try {
     (this->*command)();
   } catch (const RuleError& rule) {

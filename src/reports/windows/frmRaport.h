@@ -1,5 +1,5 @@
-// The window of every report of stock, sales and orders: the controls of its row in the table of reports, and
-// the commands.
+// The window of every report of stock, sales and orders and of the VAT journals: the controls of its row in
+// the table of reports, and the commands.
 #pragma once
 
 #include <QWidget>
@@ -8,6 +8,7 @@
 
 class QAbstractButton;
 class QFormLayout;
+class QLabel;
 class QLineEdit;
 
 namespace velmar {
@@ -22,6 +23,9 @@ class frmRaport : public QWidget {
  public:
   explicit frmRaport(const StockReport& report, QWidget* parent = nullptr);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   QWidget* frame(const ReportFrame& frame);
   void addControl(const ReportControl& control, QFormLayout* rows);
@@ -33,15 +37,19 @@ class frmRaport : public QWidget {
   void restoreChoice();
   void keepChoice(const ReportChoice& chosen) const;
   void enableChoices();
+  /// The dates, as last taken, and the ticks.
+  ReportChoice shownChoice() const;
   ReportChoice choice() const;
+  void showNote();
   /// The number in the box. Throws RuleError.
-  int wholeNumber(const QString& box) const;
+  int wholeNumber(const ReportControl& control) const;
   void requireChoice(const ReportControl& control, const ReportChoice& chosen) const;
   /// The choice, kept for the next time. Throws RuleError, with the control at fault.
   ReportChoice acceptedChoice() const;
   /// Reads the choice and the rows. Throws RuleError, with the control at fault.
   PreparedReport prepared();
   void list();
+  void compute();
   void showOnScreen();
   void print();
   void design();
@@ -54,6 +62,8 @@ class frmRaport : public QWidget {
   QHash<QString, SearchCombo*> lists_;
   QHash<QString, QLineEdit*> texts_;
   QHash<QString, NumberBox*> numbers_;
+  QLabel* note_ = nullptr;      ///< only where the report has one
+  QLabel* lblStare_ = nullptr;  ///< only with cmdCalcul
 };
 
 }  // namespace velmar

@@ -35,7 +35,6 @@
 #include "hearing/windows/frmGrilaBonReparatie.h"
 #include "hearing/windows/frmRapComisioane.h"
 #include "reports/windows/frmGrafice.h"
-#include "reports/windows/frmRapJTVA.h"
 #include "reports/windows/frmRaport.h"
 #include "shell/Denomination.h"
 #include "shell/Maintenance.h"
@@ -166,8 +165,10 @@ std::vector<MenuEntry> entries() {
       {"mnuEFactura", "e-&Factura", Opens::One, "frmEFactura", make<frmEFactura>},
 
       {"mnuRap", "&Rapoarte", Opens::Menu, {}},
-      {"mnumnuRapmnuJCT", "Jurnal &Cumparari TVA", Opens::One, "frmRapJCTVA", make<frmRapJCTVA>},
-      {"mnumnuRapmnuRapJVT", "Jurnal &Vanzari TVA", Opens::One, "frmRapJVTVA", make<frmRapJVTVA>},
+      {"mnumnuRapmnuJCT", "Jurnal &Cumparari TVA", Opens::One, "frmRapJCTVA",
+       [](QWidget* parent) { return reportWindow("frmRapJCTVA", parent); }},
+      {"mnumnuRapmnuRapJVT", "Jurnal &Vanzari TVA", Opens::One, "frmRapJVTVA",
+       [](QWidget* parent) { return reportWindow("frmRapJVTVA", parent); }},
       {"", "", Opens::Separator, {}},
       {"mnuRapComenziClienti", "Comenzi C&lienti", Opens::One, "frmRapComNelivCl",
        [](QWidget* parent) { return reportWindow("frmRapComNelivCl", parent); }},

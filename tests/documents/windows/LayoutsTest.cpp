@@ -1,7 +1,7 @@
 // The supplied layouts, with the data of their documents and journals.
 #include "documents/Listing.h"
 #include "reports/Formula.h"
-#include "reports/VatJournals.h"
+#include "reports/StockReports.h"
 #include "reports/windows/ReportJob.h"
 #include "shell/ApplicationFolder.h"
 #include "TestCompany.h"
@@ -102,9 +102,10 @@ TEST_F(Layouts, UseOnlyNamesOfTheirData) {
                                         {"FacturiCLIFull_STORNO", "FS"},
                                         {"FacturiCLI_STORNO", "FS"}})
     expectSound(project, listed(prefix));
-  const VatPeriod year{QDate(2026, 1, 1), QDate(2026, 12, 31)};
-  expectSound("Jvtva", journalReport(salesJournal(), year, 1));
-  expectSound("Jctva", journalReport(purchaseJournal(), year, 1));
+  ReportChoice year;
+  year.dates = {{"DTPickerdela", QDate(2026, 1, 1)}, {"DTPickerla", QDate(2026, 12, 31)}};
+  expectSound("Jvtva", reportData(stockReport("frmRapJVTVA"), year));
+  expectSound("Jctva", reportData(stockReport("frmRapJCTVA"), year));
 }
 
 TEST_F(Layouts, ACashSaleEndsWithItsTotal) {
