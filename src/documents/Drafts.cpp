@@ -50,6 +50,7 @@ QStringList differingColumns(const Table& table, const Row& a, const Row& b) {
 
 Values valuesOf(const Row& row, const QStringList& columns) {
   Values values;
+  values.reserve(static_cast<size_t>(columns.size()));
   for (const QString& column : columns) values.push_back(Value::raw(row.value(column)));
   return values;
 }
@@ -124,11 +125,12 @@ void Drafts::insertLine(Row& line, const Row& shownHeader) const {
 
 void Drafts::insertLines(std::vector<Row>& lines) const {
   if (lines.empty()) return;
+  const Table& table = companyTable(kind_.lineTable);
   QStringList columns;
   for (const Row& line : lines) {
-    requireWidths(companyTable(kind_.lineTable), line);
-    for (const QString& column : filledColumns(line))
-      if (!columns.contains(column)) columns.append(column);
+    requireWidths(table, line);
+    for (const QString& column : line.columns())
+      if (!columns.contains(column) && !line.isNull(column)) columns.append(column);
   }
   if (!columns.contains("NRLINIE")) columns.append("NRLINIE");
   const Recordset last = OpenRs(QStringLiteral("SELECT MAX(NRLINIE) AS NRLINIE FROM %1 WHERE %2 = ?")

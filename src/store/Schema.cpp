@@ -78,6 +78,9 @@ Table& Table::index(const QString& names, const QString& where) {
 }
 
 const Column* Table::column(const QString& name) const {
+  // Most callers use the exact name; only the others need case folding.
+  for (const Column& column : columns_)
+    if (column.name == name) return &column;
   for (const Column& column : columns_)
     if (column.name.compare(name, Qt::CaseInsensitive) == 0) return &column;
   return nullptr;
@@ -126,6 +129,8 @@ const std::vector<Table>& companyTables() {
 }
 
 const Table& companyTable(const QString& name) {
+  for (const Table& table : companyTables())
+    if (table.name() == name) return table;
   for (const Table& table : companyTables())
     if (table.name().compare(name, Qt::CaseInsensitive) == 0) return table;
   throw StoreError(0, QStringLiteral("Lipseste tabela %1").arg(name));
