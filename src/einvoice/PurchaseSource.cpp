@@ -26,7 +26,8 @@ struct PurchaseSource::Data {
   Row header;
   QHash<QString, qint64> suppliers, customers;  // by comparable fiscal code
   QHash<QString, Article> articles;             // by code in capitals
-  QHash<qint64, QHash<QString, QString>> choices;
+  // Articles by supplier: by the supplier's code, and by the key of a choice.
+  QHash<qint64, QHash<QString, QString>> supplied, choices;
   struct Rate {
     qint64 code;
     Decimal percent;
@@ -75,10 +76,10 @@ qint64 PurchaseSource::supplierOf(const QString& fiscalCode, qint64* customer) c
 }
 
 QStringList PurchaseSource::articlesOf(qint64 supplier, const ReceivedInvoice& invoice) {
+  QHash<QString, QString>& byCode = data_->supplied[supplier];
   QStringList codes;
   for (const ReceivedLine& line : invoice.lines)
-    if (!line.code.isEmpty()) codes.append(line.code);
-  QHash<QString, QString> byCode;
+    if (!line.code.isEmpty() && !byCode.contains(line.code)) codes.append(line.code);
   for (const Row& row :
        rowsOfKeys("SELECT CODPRODFUR, CODART FROM G_ARTMAG WHERE CODPRODFUR IN (%1) AND CODFURNIZO = ? "
                   "ORDER BY CODART DESC",

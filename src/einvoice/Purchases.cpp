@@ -162,6 +162,50 @@ std::vector<Decimal> valuesOf(const ReceivedInvoice& invoice, const ReceivedTota
   return values;
 }
 
+// A file as its column has it: compressed, since a change of the row writes the content again. The mark is no
+// character of base64; a content without it is not compressed.
+const QChar kCompressed = u':';
+
+QString packed(const QByteArray& content) {
+  constexpr int kFast = 1;
+  return kCompressed + QString::fromLatin1(qCompress(content, kFast).toBase64());
+}
+
+QByteArray unpacked(const QString& stored) {
+  if (!stored.startsWith(kCompressed)) return QByteArray::fromBase64(stored.toLatin1());
+  return qUncompress(QByteArray::fromBase64(stored.mid(1).toLatin1()));
+}
+
+// The invoices of the files that were read last, by the hash of the file: taking these over does not parse
+// them again.
+class LastRead {
+ public:
+  void clear() {
+    invoices_.clear();
+    lines_ = 0;
+  }
+  // Further ones are left out when the lines are many.
+  void keep(const QString& hash, const ReceivedInvoice& invoice) {
+    constexpr size_t kMostLines = 50'000;
+    if (lines_ + invoice.lines.size() > kMostLines || invoices_.contains(hash)) return;
+    lines_ += invoice.lines.size();
+    invoices_.insert(hash, invoice);
+  }
+  std::optional<ReceivedInvoice> find(const QString& hash) const {
+    const auto found = invoices_.constFind(hash);
+    return found == invoices_.constEnd() ? std::nullopt : std::optional(*found);
+  }
+
+ private:
+  QHash<QString, ReceivedInvoice> invoices_;
+  size_t lines_ = 0;
+};
+
+LastRead& lastRead() {
+  static LastRead read;
+  return read;
+}
+
 // What a file is, as the list shows it.
 Row judged(const QByteArray& content, const QString& name, PurchaseSource& source) {
   Row row =
@@ -175,7 +219,7 @@ Row judged(const QByteArray& content, const QString& name, PurchaseSource& sourc
   };
   ReceivedInvoice refused;
   const auto describe = [&](const ReceivedInvoice& invoice) {
-    row.set("CONTINUT", QString::fromLatin1(content.toBase64()));
+    row.set("CONTINUT", packed(content));
     cut("CODFISCAL", comparableCode(invoice.supplier.fiscalCode));
     cut("FURNIZOR", invoice.supplier.name);
     cut("NUMAR", invoice.number);
@@ -184,6 +228,7 @@ Row judged(const QByteArray& content, const QString& name, PurchaseSource& sourc
   };
   try {
     const ReceivedInvoice invoice = readInvoice(content, &refused);
+    lastRead().keep(row.text("SHA256"), invoice);
     describe(invoice);
     const Purchase purchase = purchaseOf(invoice, source);
     const QStringList drafts = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.number);
@@ -223,6 +268,7 @@ void store(Row row, const QDateTime& moment) {
 
 void readPurchases(const QStringList& paths, const Progress& progress) {
   PurchaseSource source;
+  lastRead().clear();
   const QDateTime moment = clock::now();
   for (qsizetype done = 0; done < paths.size(); done += kBatch) {
     Transaction transaction(database());
@@ -279,18 +325,21 @@ QByteArray purchaseFile(qint64 id) {
         found.isEmpty()
             ? QStringLiteral("Fisierul nu mai exista.")
             : QStringLiteral("Fisierul nu se poate deschide: %1").arg(found.first().text("LIPSESTE")));
-  return QByteArray::fromBase64(found.first().text("CONTINUT").toLatin1());
+  return unpacked(found.first().text("CONTINUT"));
 }
 
 Purchase storedPurchase(qint64 id, PurchaseSource& source) {
-  const QByteArray file = purchaseFile(id);
-  ReceivedInvoice invoice;
-  try {
-    invoice = readInvoice(file);
-  } catch (const RuleError& reason) {
-    throw RuleError(QStringLiteral("Fisierul nu se poate deschide: %1").arg(reason.text()));
+  const Recordset found = OpenRs("SELECT SHA256 FROM G_EFACTURAPRIM WHERE ID = ?", {id});
+  auto invoice = found.isEmpty() ? std::nullopt : lastRead().find(found.first().text("SHA256"));
+  if (!invoice) {
+    const QByteArray file = purchaseFile(id);
+    try {
+      invoice = readInvoice(file);
+    } catch (const RuleError& reason) {
+      throw RuleError(QStringLiteral("Fisierul nu se poate deschide: %1").arg(reason.text()));
+    }
   }
-  Purchase purchase = purchaseOf(std::move(invoice), source);
+  Purchase purchase = purchaseOf(std::move(*invoice), source);
   purchase.id = id;
   return purchase;
 }
@@ -453,7 +502,7 @@ QString addArticleFor(const ReceivedLine& line, qint64 supplier, qint64 family,
 }
 
 void keepChoices(const Purchase& purchase, PurchaseSource& source) {
-  if (purchase.supplier == 0) return;
+  if (purchase.supplier == 0 || purchase.articles == purchase.found) return;
   Transaction transaction(database());
   for (size_t i = 0; i < purchase.invoice.lines.size(); ++i) {
     const auto place = static_cast<qsizetype>(i);
@@ -482,6 +531,7 @@ QStringList takeOver(const Purchase& purchase, PurchaseSource& source) {
   header.set("JURNAL", source.journal());
   header.set("TVAINC", invoice.isVatOnCollection);
   const Drafts store(kind());
+  const Row emptyLine = companyTable(kind().lineTable).emptyRow();
   QStringList numbers;
   for (const PurchaseDraft& draft : draftsOf(purchase, source)) {
     header.set("NUMFAC", draft.number);
@@ -490,7 +540,7 @@ QStringList takeOver(const Purchase& purchase, PurchaseSource& source) {
     store.insertHeader(header);
     std::vector<Row> lines;
     for (const PurchaseDraft::Line& line : draft.lines) {
-      Row row = companyTable(kind().lineTable).emptyRow();
+      Row row = emptyLine;
       row.set("NUMFAC", draft.number);
       row.set("CODART", line.article.code);
       row.set("DENUMIRE", line.article.name);

@@ -84,6 +84,16 @@ TEST(Purchases, WhatWasSoldIsWhatIsTakenOver) {
   ExecutaSql("DELETE FROM G_FACFUR WHERE NUMFAC = 'VLM1'");
   readPurchases({paths.first()});
   EXPECT_EQ(states(), QStringList(received::kToTake));
+  // A file of an earlier reading, compressed or not, is parsed again from what is stored.
+  QFile second(paths[1]);
+  ASSERT_TRUE(second.open(QIODevice::ReadOnly));
+  const QByteArray content = second.readAll();
+  const qint64 id = read[1].integer("ID");
+  EXPECT_EQ(purchaseFile(id), content);
+  EXPECT_EQ(storedPurchase(id, source).number, "VLM2");
+  ExecutaSql("UPDATE G_EFACTURAPRIM SET CONTINUT = ? WHERE ID = ?",
+             {QString::fromLatin1(content.toBase64()), id});
+  EXPECT_EQ(purchaseFile(id), content);
 }
 
 // Files with changed, missing and repeated bytes are refused or read; nothing is half taken.
