@@ -130,7 +130,8 @@ struct Place {
   Token before, token, after;
 };
 
-// Without loops the work of a formula grows with its length alone, as replace() gives "$" no meaning.
+// Without loops the work of a formula grows with its length and that of the texts it gets, as replace() gives
+// "$" no meaning.
 constexpr qsizetype kLongestFormula = 10'000;
 constexpr qsizetype kLongestText = 10'000;
 const QString kPlainReplace = QStringLiteral(
@@ -198,6 +199,34 @@ std::optional<FormulaFault> unbalanced(const std::vector<Token>& tokens) {
   }
   if (open.empty()) return std::nullopt;
   return FormulaFault{QStringLiteral("\"(\" nu este inchisa"), open.back().column};
+}
+
+bool isSearch(const Token& token) {
+  static const QStringList kSearches = {"indexOf", "includes", "replace"};
+  return token.kind == TokenKind::Name && kSearches.contains(token.text);
+}
+
+// Characters handled by one evaluation whose texts have at most `longest` characters. A search compares up to
+// longest / 2 characters at each of longest / 2 places.
+double workOf(double steps, double searches, double longest) {
+  return longest * (steps + searches * longest / 4);
+}
+
+// Well below a second.
+constexpr double kMostWork = 3e8;
+
+// The length of a value as text.
+qsizetype lengthOf(const QVariant& value) {
+  constexpr qsizetype kLongestNumber = 25;
+  return value.typeId() == QMetaType::QString ? value.toString().size() : kLongestNumber;
+}
+
+// What a token can add to a text; names add their values.
+qsizetype lengthOf(const Token& token) {
+  constexpr qsizetype kLongestFixed = 125;  // of toFixed()
+  if (token.kind == TokenKind::Number) return lengthOf(QVariant(0));
+  if (token.kind == TokenKind::Text) return token.text.size();
+  return token.text == u"toFixed" ? kLongestFixed : 1;
 }
 
 QStringList namesOf(const std::vector<Token>& tokens) {
@@ -300,10 +329,25 @@ int Formulas::add(const QString& formula) {
   if (!tokens.empty() && !faultBefore(tokens)) {
     compiled.names = namesOf(tokens);
     compiled.isName = tokens.size() == 1 && compiled.names.size() == 1;
+    compiled.uses.resize(compiled.names.size());
+    for (const Token& token : tokens) {
+      if (const qsizetype name = compiled.names.indexOf(token.text); name >= 0) ++compiled.uses[name];
+      compiled.length += lengthOf(token);
+      if (isSearch(token)) ++compiled.searches;
+    }
+    compiled.steps = static_cast<qsizetype>(tokens.size());
     if (!compiled.isName) compiled.function = engine_->evaluate(functionOf(compiled.names, tokens));
   }
   compiled_.push_back(std::move(compiled));
   return static_cast<int>(compiled_.size()) - 1;
+}
+
+bool Formulas::isTooMuch(const Compiled& compiled, const QVariantList& values) {
+  qsizetype longest = compiled.length;
+  for (qsizetype i = 0; i < compiled.uses.size() && i < values.size(); ++i)
+    longest += compiled.uses[i] * lengthOf(values[i]);
+  return workOf(static_cast<double>(compiled.steps), static_cast<double>(compiled.searches),
+                static_cast<double>(longest)) > kMostWork;
 }
 
 QVariant Formulas::value(int formula, const QVariantList& values) const {
@@ -314,7 +358,7 @@ QVariant Formulas::value(int formula, const QVariantList& values) const {
     failed_.insert(formula);
     return QVariant();
   };
-  if (!compiled.function.isCallable()) return failed();
+  if (!compiled.function.isCallable() || isTooMuch(compiled, values)) return failed();
   QJSValueList arguments;
   arguments.reserve(values.size());
   for (const QVariant& value : values) arguments.append(scriptValue(value));

@@ -10,7 +10,8 @@
 //   rotunjit(ValoareFT * CURS, 2)            a number, rounded half to even as amounts are
 //
 // Only expressions: no statements, assignments or function definitions, so that each terminates.
-// A result of more than 10,000 characters counts as failed.
+// A result of more than 10,000 characters counts as failed, and so does a formula whose work on the texts it
+// gets could take a second.
 #pragma once
 
 #include <memory>
@@ -67,8 +68,14 @@ class Formulas {
     QStringList names;
     bool isName = false;
     bool isEmpty = false;
+    QList<qsizetype> uses;   ///< of each name
+    qsizetype length = 0;    ///< the longest text without the names' values
+    qsizetype steps = 0;     ///< operations on texts, at most
+    qsizetype searches = 0;  ///< of them, those that search a text in a text
     QJSValue function;
   };
+
+  static bool isTooMuch(const Compiled& compiled, const QVariantList& values);
 
   std::unique_ptr<QJSEngine> engine_;
   std::vector<Compiled> compiled_;

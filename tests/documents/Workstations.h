@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <csignal>
+#include <QElapsedTimer>
+#include <random>
 
 #include "store/Database.h"
 #include "util/Messages.h"
@@ -68,6 +71,32 @@ void killedAfter(const QString& path, int microseconds, Work&& work) {
     kill(process, SIGKILL);
     waitpid(process, nullptr, 0);
   });
+}
+
+/// Runs the work again and again in a process that is killed at any moment of it: it has then written all or
+/// nothing. `reset` restores what was there before, `state` reads what the work changes.
+template <typename Reset, typename Work, typename State>
+void expectAllOrNothing(const QString& path, Reset&& reset, Work&& work, State&& state) {
+  constexpr int kKills = 50;
+  reset();
+  const auto before = state();
+  QElapsedTimer timer;
+  timer.start();
+  work();
+  const auto whole = static_cast<unsigned>(timer.nsecsElapsed() / 1000);
+  const auto after = state();
+  EXPECT_NE(before, after);
+  std::minstd_rand random(3);
+  int killed = 0;
+  for (int i = 0; i < kKills; ++i) {
+    reset();
+    killedAfter(path, static_cast<int>(random() % (2 * whole)), work);
+    const Transaction settled(database());  // a server may still be ending that of the killed process
+    const auto now = state();
+    EXPECT_TRUE(now == before || now == after) << ::testing::PrintToString(now);
+    if (now == before) ++killed;
+  }
+  EXPECT_GT(killed, kKills / 5);
 }
 
 }  // namespace velmar

@@ -140,7 +140,7 @@ TEST(Formula, HugeOnesAreComputedOrRefused) {
   }
 }
 
-TEST(Formula, ResultsAreOfLimitedLength) {
+TEST(Formula, ResultsAndWorkAreLimited) {
   EXPECT_EQ(shown("denumire.replace('M6', \"$'$`$&$$\")"), "Surub $'$`$&$$");
   QString multiplied = "denumire";
   for (int i = 0; i < 20; ++i) multiplied = "(" + multiplied + ").replace('', \"$'$'$'\")";
@@ -149,6 +149,16 @@ TEST(Formula, ResultsAreOfLimitedLength) {
   const int formula = formulas.add("a + a");
   EXPECT_TRUE(formulas.value(formula, {QString(5000, 'x')}).isValid());
   EXPECT_FALSE(formulas.value(formula, {QString(5001, 'x')}).isValid());
+  // Long work on long texts fails at once; a few searches in a long text are computed.
+  const int wide = formulas.add("(a" + QString(" + a").repeated(1500) + ")" +
+                                QString(".toUpperCase()").repeated(200) + ".length");
+  EXPECT_TRUE(formulas.value(wide, {"abcde"}).isValid());
+  EXPECT_FALSE(formulas.value(wide, {QString(10000, 'x')}).isValid());
+  const int searches = formulas.add("0" + QString(" + a.indexOf(b)").repeated(100));
+  EXPECT_EQ(formulas.value(searches, {"xy", "y"}), 100);
+  EXPECT_FALSE(formulas.value(searches, {QString(10000, 'x'), QString(5000, 'x') + 'y'}).isValid());
+  const int few = formulas.add("a.indexOf(b)");
+  EXPECT_EQ(formulas.value(few, {QString(10000, 'x'), QString(5000, 'x') + 'y'}), -1);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "stock/Corrections.h"
 
+#include "documents/Workstations.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
 
@@ -76,6 +77,35 @@ TEST_F(Corrections, LotsAddUpToTheStock) {
   ExecutaSql("UPDATE G_LDOCUM SET CANT = -3 WHERE DOCID = 'BC3'");  // 12: more than the lots had
   correctLots({"A"});
   EXPECT_EQ(rests(), QStringList({"5", "4"}));
+}
+
+TEST_F(Corrections, KilledOnesLeaveNothingHalfWritten) {
+  constexpr int kArticles = 400;
+  QStringList codes;
+  document("FF1", "I", QDate(2026, 1, 5));
+  document("AE2", "E", QDate(2026, 1, 6));
+  for (int i = 0; i < kArticles; ++i) {
+    codes.append(QStringLiteral("C%1").arg(i));
+    ExecutaSql("INSERT INTO G_ARTMAG (CODART) VALUES (?)", {codes.back()});
+    ExecutaSql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT) VALUES ('FF1', ?, ?, 5)", {i, codes.back()});
+    ExecutaSql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT) VALUES ('AE2', ?, ?, 2)", {i, codes.back()});
+  }
+  const auto wrong = [] {
+    ExecutaSql("UPDATE G_ARTMAG SET STOC = 7");
+    ExecutaSql("UPDATE G_LDOCUM SET CANTRAMASA = CASE WHEN DOCID = 'FF1' THEN 5 END");
+  };
+  const auto sum = [](const char* sql) { return OpenRs(sql).first().decimal("S").toString().toStdString(); };
+  const auto stock = [&] { return sum("SELECT SUM(STOC) AS S FROM G_ARTMAG WHERE CODART LIKE 'C%'"); };
+  const auto lots = [&] { return sum("SELECT SUM(CANTRAMASA) AS S FROM G_LDOCUM"); };
+  expectAllOrNothing(
+      company_.path(), wrong, [] { correctStockAndNotes(); }, stock);
+  expectAllOrNothing(
+      company_.path(), wrong, [&] { correctLots(codes); }, lots);
+  wrong();
+  correctStockAndNotes();
+  correctLots(codes);
+  EXPECT_EQ(stock(), "1200");
+  EXPECT_EQ(lots(), "1200");
 }
 
 }  // namespace
