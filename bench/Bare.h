@@ -21,6 +21,7 @@ class BareCursor {
   virtual double number(int column) const = 0;
   virtual std::string_view text(int column) const = 0;
   virtual int integer(int column) const = 0;
+  virtual int columns() const = 0;
   virtual void reset() = 0;
 };
 
@@ -54,6 +55,8 @@ class BareStatement {
   void reset() { cursor_->reset(); }
   /// Steps to the end and resets the statement; returns the number of rows.
   int run();
+  /// As run(), and reads all values as texts, as a list has to; returns their length.
+  size_t readAll();
 
  private:
   std::unique_ptr<BareCursor> cursor_;

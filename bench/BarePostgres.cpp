@@ -55,6 +55,7 @@ class ServerCursor : public BareCursor {
   double number(int column) const override { return std::strtod(cell(column), nullptr); }
   std::string_view text(int column) const override { return cell(column); }
   int integer(int column) const override { return static_cast<int>(std::strtol(cell(column), nullptr, 10)); }
+  int columns() const override { return PQnfields(answer_.get()); }
   void reset() override { answer_.reset(); }
 
  private:

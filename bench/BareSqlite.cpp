@@ -50,6 +50,7 @@ class FileCursor : public BareCursor {
     return text ? std::string_view(text) : std::string_view();
   }
   int integer(int column) const override { return sqlite3_column_int(statement_.get(), column); }
+  int columns() const override { return sqlite3_column_count(statement_.get()); }
   void reset() override { sqlite3_reset(statement_.get()); }
 
  private:

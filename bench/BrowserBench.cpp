@@ -62,7 +62,7 @@ void settleWholly(QWidget& window) {
   for (QDeadlineTimer deadline(60'000); !deadline.hasExpired();) {
     settle();
     if (count->text() != QLatin1String("...")) return;
-    QThread::msleep(1);
+    QThread::usleep(20);
   }
 }
 
@@ -89,7 +89,7 @@ void measureOpening(Store store, const QString& name, const ListQuery& list, con
         const ListRows rows(list, {}, order, descending, ListRows::Read::FirstPart);
         rows.fetch(0, kPage - 1);
       },
-      [&page] { page.run(); });
+      [&page] { page.readAll(); });
   Times opening;
   for (int round = 0; round < kWindowRounds; ++round)
     opening.add(timed([] {
@@ -121,7 +121,7 @@ void measureFilter(Store store, const QString& name, const QString& column, cons
         window.showOnly(column, value);
         settleWholly(window);
       },
-      [&] { found.run(); });
+      [&] { found.readAll(); });
 }
 
 }  // namespace

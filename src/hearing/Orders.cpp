@@ -106,13 +106,15 @@ QString missingExpression() {
   return QStringLiteral("TRIM(%1)").arg(names);
 }
 
-QString joins(const QString& how) {
-  return QStringLiteral(
-             "G_COMANDA_AUDIO C %1 JOIN G_ARTMAG A ON A.CODART = C.ID_Dispozitiv %1 JOIN kt_ter T ON T.COD = "
-             "C.ID_CAS %1 JOIN kt_ter P ON P.COD = C.ID_Pacient %1 JOIN kt_ter D ON D.COD = C.ID_Doctor LEFT "
-             "JOIN kt_ter W ON W.COD = C.ID_PunctLucru")
-      .arg(how);
-}
+// The orders with what they name, in the order of the orders: SQLite may begin inner joins with another table
+// and then sort all orders for the first page of the list. It would also make inner joins of left ones whose
+// key is tested by IS NOT NULL.
+const QString kJoins = QStringLiteral(
+    "G_COMANDA_AUDIO C LEFT JOIN G_ARTMAG A ON A.CODART = C.ID_Dispozitiv LEFT JOIN kt_ter T ON T.COD = "
+    "C.ID_CAS LEFT JOIN kt_ter P ON P.COD = C.ID_Pacient LEFT JOIN kt_ter D ON D.COD = C.ID_Doctor LEFT "
+    "JOIN kt_ter W ON W.COD = C.ID_PunctLucru");
+const QString kHidden =
+    QStringLiteral("(A.CODART IS NULL OR T.COD IS NULL OR P.COD IS NULL OR D.COD IS NULL)");
 
 }  // namespace
 
@@ -124,13 +126,11 @@ const ListQuery kAudioOrders{
         "'Stanga' END AS Ureche, C.PretLivrare, C.PretReferinta, C.PretLivrare - C.PretReferinta AS "
         "Diferenta, C.SerieDispozitiv, C.TipOliva, C.NrCarnetAsigurat, C.NrCertificatGarantie, "
         "C.DataCertificatGarantie, C.NrDecizie, C.DataDecizie, C.Fisier, C.DataImport"),
-    joins(QStringLiteral("INNER")), QStringLiteral("C.ID_Comanda")};
+    kJoins + QStringLiteral(" WHERE NOT ") + kHidden, QStringLiteral("C.ID_Comanda")};
 
 const ListQuery kHiddenAudioOrders{
     QStringLiteral("C.ID_Comanda, C.Nr, C.Data, C.ID_Dispozitiv, %1 AS Lipseste").arg(missingExpression()),
-    joins(QStringLiteral("LEFT")) +
-        QStringLiteral(" WHERE A.CODART IS NULL OR T.COD IS NULL OR P.COD IS NULL OR D.COD IS NULL"),
-    QStringLiteral("C.ID_Comanda")};
+    kJoins + QStringLiteral(" WHERE ") + kHidden, QStringLiteral("C.ID_Comanda")};
 
 bool isHiddenOrder(qint64 order) {
   return countOf(database(), kHiddenAudioOrders, {QStringLiteral("ID_Comanda = ?"), {order}}) > 0;

@@ -178,19 +178,16 @@ void ListRows::readKeys(const QStringList& fields, bool descending, Read read) {
 // One row more than a page tells whether there are others.
 void ListRows::readFirstPage() {
   const QString order = statement_.sql.section(QStringLiteral(" ORDER BY "), -1);
-  const Recordset found =
+  std::vector<Row> rows =
       OpenRs(QStringLiteral("SELECT * FROM %1%2 ORDER BY %3 LIMIT %4")
                  .arg(selected(), whereOf(condition_), order, QString::number(kPageSize + 1)),
-             condition_.values);
-  const auto count = std::min<size_t>(static_cast<size_t>(found.size()), kPageSize);
-  isWhole_ = count == static_cast<size_t>(found.size());
+             condition_.values)
+          .takeRows();
+  isWhole_ = rows.size() <= kPageSize;
+  if (!isWhole_) rows.pop_back();
   keys_.clear();
-  std::vector<Row> rows;
-  for (const Row& row : found) {
-    if (rows.size() == count) break;
+  for (const Row& row : rows)
     for (size_t i = 0; i < width(); ++i) keys_.push_back(row.at(static_cast<int>(i)));
-    rows.push_back(row);
-  }
   if (!rows.empty()) pages_.emplace(0, std::move(rows));
 }
 
