@@ -42,7 +42,10 @@ const std::string kMovements =
     "L.CODMAG "
     "INNER JOIN G_ARTMAG A ON A.CODART = L.ARTID LEFT JOIN kt_ter T ON T.COD = D.CODTERT";
 const std::string kMovementPage =
-    "SELECT L.*, D.*, A.DENART, M.DENUMIRE, T.NUME" + kMovements + " ORDER BY L.LINIE, L.DOCID LIMIT 100";
+    "SELECT L.*, D.*, A.DENART, M.DENUMIRE, T.NUME FROM G_LDOCUM L LEFT JOIN G_DOCUME D ON D.ID = L.DOCID "
+    "LEFT JOIN G_MULTIMAGAZIE M ON M.COD = L.CODMAG LEFT JOIN G_ARTMAG A ON A.CODART = L.ARTID LEFT JOIN "
+    "kt_ter T ON T.COD = D.CODTERT WHERE NOT (D.ID IS NULL OR M.COD IS NULL OR A.CODART IS NULL) ORDER BY "
+    "L.LINIE, L.DOCID LIMIT 100";
 const std::string kMovementsOfArticle = "SELECT L.*, D.*, A.DENART, M.DENUMIRE, T.NUME" + kMovements +
                                         " WHERE L.ARTID = ? ORDER BY L.LINIE, L.DOCID";
 const std::string kMovementSums =

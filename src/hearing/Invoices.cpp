@@ -183,10 +183,10 @@ LedgerDocument ledgerOf(const Row& header, const std::vector<Row>& lines) {
 
 }  // namespace
 
-const ListQuery kInvoiceDrafts{
-    QStringLiteral("F.ID_Factura, F.Data, F.Nr, T.NUME AS Client, F.ID_PunctLucru, F.Validat"),
-    QStringLiteral("G_FacturiClientiAudio F INNER JOIN kt_ter T ON T.COD = F.ID_Client"),
-    QStringLiteral("F.ID_Factura")};
+const ListQuery kInvoiceDrafts =
+    joinedList(QStringLiteral("F.ID_Factura, F.Data, F.Nr, T.NUME AS Client, F.ID_PunctLucru, F.Validat"),
+               QStringLiteral("G_FacturiClientiAudio F %1 JOIN kt_ter T ON T.COD = F.ID_Client"),
+               {QStringLiteral("T.COD")}, QStringLiteral("F.ID_Factura"));
 
 Condition draftsOf(BilledBy by) {
   return {by == BilledBy::Insurer ? QStringLiteral("Validat = 0 AND ID_PunctLucru IS NOT NULL")

@@ -88,9 +88,9 @@ std::vector<AudiogramPoint> points(int first, int count, const std::function<int
   return all;
 }
 
-// The condition that one of the joins of the list finds nothing, and its name.
+// The key of what an order of the list must name, and its name.
 struct Joined {
-  const char* alias;
+  const char* key;
   const char* name;
 };
 constexpr Joined kJoined[] = {{"A.CODART", "dispozitivul"},
@@ -102,23 +102,25 @@ QString missingExpression() {
   QString names = QStringLiteral("''");
   for (const Joined& each : kJoined)
     names += QStringLiteral(" || CASE WHEN %1 IS NULL THEN '%2 ' ELSE '' END")
-                 .arg(QLatin1String(each.alias), QLatin1String(each.name));
+                 .arg(QLatin1String(each.key), QLatin1String(each.name));
   return QStringLiteral("TRIM(%1)").arg(names);
 }
 
-// The orders with what they name, in the order of the orders: SQLite may begin inner joins with another table
-// and then sort all orders for the first page of the list. It would also make inner joins of left ones whose
-// key is tested by IS NOT NULL.
+// The orders with what they name.
 const QString kJoins = QStringLiteral(
-    "G_COMANDA_AUDIO C LEFT JOIN G_ARTMAG A ON A.CODART = C.ID_Dispozitiv LEFT JOIN kt_ter T ON T.COD = "
-    "C.ID_CAS LEFT JOIN kt_ter P ON P.COD = C.ID_Pacient LEFT JOIN kt_ter D ON D.COD = C.ID_Doctor LEFT "
-    "JOIN kt_ter W ON W.COD = C.ID_PunctLucru");
-const QString kHidden =
-    QStringLiteral("(A.CODART IS NULL OR T.COD IS NULL OR P.COD IS NULL OR D.COD IS NULL)");
+    "G_COMANDA_AUDIO C %1 JOIN G_ARTMAG A ON A.CODART = C.ID_Dispozitiv %1 JOIN kt_ter T ON T.COD = "
+    "C.ID_CAS %1 JOIN kt_ter P ON P.COD = C.ID_Pacient %1 JOIN kt_ter D ON D.COD = C.ID_Doctor LEFT JOIN "
+    "kt_ter W ON W.COD = C.ID_PunctLucru");
+
+QStringList joinedKeys() {
+  QStringList keys;
+  for (const Joined& each : kJoined) keys.append(QLatin1String(each.key));
+  return keys;
+}
 
 }  // namespace
 
-const ListQuery kAudioOrders{
+const ListQuery kAudioOrders = joinedList(
     QStringLiteral(
         "C.ID_Comanda, C.IsImport, C.Data, C.Nr, C.ID_Pacient, P.NUME AS Pacient, C.ID_CAS, T.NUME AS CAS, "
         "C.ID_Doctor, D.NUME AS Doctor, C.ID_PunctLucru, W.NUME AS PunctLucru, C.ID_Dispozitiv, A.DENART AS "
@@ -126,11 +128,13 @@ const ListQuery kAudioOrders{
         "'Stanga' END AS Ureche, C.PretLivrare, C.PretReferinta, C.PretLivrare - C.PretReferinta AS "
         "Diferenta, C.SerieDispozitiv, C.TipOliva, C.NrCarnetAsigurat, C.NrCertificatGarantie, "
         "C.DataCertificatGarantie, C.NrDecizie, C.DataDecizie, C.Fisier, C.DataImport"),
-    kJoins + QStringLiteral(" WHERE NOT ") + kHidden, QStringLiteral("C.ID_Comanda")};
+    kJoins, joinedKeys(), QStringLiteral("C.ID_Comanda"));
 
 const ListQuery kHiddenAudioOrders{
     QStringLiteral("C.ID_Comanda, C.Nr, C.Data, C.ID_Dispozitiv, %1 AS Lipseste").arg(missingExpression()),
-    kJoins + QStringLiteral(" WHERE ") + kHidden, QStringLiteral("C.ID_Comanda")};
+    kJoins.arg(QStringLiteral("LEFT")) +
+        QStringLiteral(" WHERE %1 IS NULL").arg(joinedKeys().join(QStringLiteral(" IS NULL OR "))),
+    QStringLiteral("C.ID_Comanda")};
 
 bool isHiddenOrder(qint64 order) {
   return countOf(database(), kHiddenAudioOrders, {QStringLiteral("ID_Comanda = ?"), {order}}) > 0;

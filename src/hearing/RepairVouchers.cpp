@@ -90,7 +90,7 @@ std::vector<Note> notesOf(const Row& header, const std::vector<Row>& lines, cons
 
 }  // namespace
 
-const ListQuery kVouchers{
+const ListQuery kVouchers = joinedList(
     QStringLiteral(
         "R.ID_BonReparatie, R.Nr, R.ID_Client, T.NUME AS Client, R.ID_Aparat, A.DENART AS Aparat, "
         "R.TipAparat, R.SerieAparat, R.Defectiune, R.Observatie, R.DataReceptie, R.DataTerminare, "
@@ -98,9 +98,9 @@ const ListQuery kVouchers{
         "0 THEN R.DataTerminare END AS DataTerm, CASE WHEN R.IsContraCost <> 0 THEN 'Contra Cost' ELSE "
         "'Garantie' END AS Tip"),
     QStringLiteral(
-        "G_BonReparatii R INNER JOIN kt_ter T ON T.COD = R.ID_Client INNER JOIN G_ARTMAG A ON A.CODART "
-        "= R.ID_Aparat"),
-    QStringLiteral("R.ID_BonReparatie")};
+        "G_BonReparatii R %1 JOIN kt_ter T ON T.COD = R.ID_Client %1 JOIN G_ARTMAG A ON A.CODART = "
+        "R.ID_Aparat"),
+    {QStringLiteral("T.COD"), QStringLiteral("A.CODART")}, QStringLiteral("R.ID_BonReparatie"));
 
 QList<FilterField> voucherFilter() {
   QList<FilterField> fields = filterFields(vouchers(),

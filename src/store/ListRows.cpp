@@ -58,6 +58,14 @@ QString escapedForLike(QString text) {
   return text;
 }
 
+// SQLite makes inner joins of left ones when the condition is "A IS NOT NULL AND B IS NOT NULL".
+ListQuery joinedList(const QString& columns, const QString& joins, const QStringList& keys,
+                     const QString& key) {
+  const QString missing = keys.join(QStringLiteral(" IS NULL OR "));
+  return {columns, joins.arg(QStringLiteral("INNER")), key,
+          QStringLiteral("%1 WHERE NOT (%2 IS NULL)").arg(joins.arg(QStringLiteral("LEFT")), missing)};
+}
+
 QString keyText(const Row& row, const QString& fields) {
   QStringList texts;
   for (const QString& field : fields.split(u',')) texts.append(row.text(field.trimmed()));
@@ -141,11 +149,23 @@ bool ListRows::isKey(const QString& field) const {
 }
 
 // The key columns as ROWKEY0, ROWKEY1 and so on, then the columns of the list.
-QString ListRows::selected() const {
+QString ListRows::selected(const QString& from) const {
   QString columns;
   for (qsizetype i = 0; i < keyColumns_.size(); ++i)
     columns += QStringLiteral("%1 AS ROWKEY%2, ").arg(keyColumns_[i]).arg(i);
-  return QStringLiteral("(SELECT %1%2 FROM %3) AS LIST").arg(columns, query_.columns, query_.from);
+  return QStringLiteral("(SELECT %1%2 FROM %3) AS LIST").arg(columns, query_.columns, from);
+}
+
+KeyStatement ListRows::inOrder(const QString& columns, const QString& from) const {
+  return {QStringLiteral("SELECT %1 FROM %2%3 ORDER BY %4")
+              .arg(columns, selected(from), whereOf(condition_), orderText_),
+          condition_.values};
+}
+
+KeyStatement ListRows::first(const QString& columns, int count) const {
+  KeyStatement statement = inOrder(columns, query_.firstFrom.isEmpty() ? query_.from : query_.firstFrom);
+  statement.sql += QStringLiteral(" LIMIT %1").arg(count);
+  return statement;
 }
 
 // A key is never null; its index can be used for the order only without NULLS FIRST or LAST. Equal rows are
@@ -164,11 +184,9 @@ void ListRows::readKeys(const QStringList& fields, bool descending, Read read) {
     keyNames.append(name);
     if (!ordered.contains(fieldOf(keyColumns_[static_cast<qsizetype>(i)]).toUpper())) order.append(name);
   }
-  const QString where = whereOf(condition_);
-  statement_ = {
-      QStringLiteral("SELECT %1 FROM %2%3 ORDER BY %4")
-          .arg(keyNames.join(QStringLiteral(", ")), selected(), where, order.join(QStringLiteral(", "))),
-      condition_.values};
+  keyNames_ = keyNames.join(QStringLiteral(", "));
+  orderText_ = order.join(QStringLiteral(", "));
+  statement_ = inOrder(keyNames_, query_.from);
   pages_.clear();
   isWhole_ = read == Read::Whole;
   if (read == Read::FirstPart) return readFirstPage();
@@ -177,12 +195,8 @@ void ListRows::readKeys(const QStringList& fields, bool descending, Read read) {
 
 // One row more than a page tells whether there are others.
 void ListRows::readFirstPage() {
-  const QString order = statement_.sql.section(QStringLiteral(" ORDER BY "), -1);
-  std::vector<Row> rows =
-      OpenRs(QStringLiteral("SELECT * FROM %1%2 ORDER BY %3 LIMIT %4")
-                 .arg(selected(), whereOf(condition_), order, QString::number(kPageSize + 1)),
-             condition_.values)
-          .takeRows();
+  const KeyStatement statement = first(QStringLiteral("*"), kPageSize + 1);
+  std::vector<Row> rows = OpenRs(statement.sql, statement.values).takeRows();
   isWhole_ = rows.size() <= kPageSize;
   if (!isWhole_) rows.pop_back();
   keys_.clear();
@@ -192,9 +206,7 @@ void ListRows::readFirstPage() {
 }
 
 std::vector<QVariant> ListRows::firstKeys(int count) const {
-  KeyStatement statement = statement_;
-  statement.sql += QStringLiteral(" LIMIT %1").arg(count);
-  return velmar::readKeys(database(), statement, false);
+  return velmar::readKeys(database(), first(keyNames_, count), false);
 }
 
 bool ListRows::isContinuedBy(const std::vector<QVariant>& keys) const {
@@ -234,9 +246,9 @@ void ListRows::readPage(int page) const {
   }
   QHash<QString, size_t> wanted;
   for (size_t i = 0; i < count; ++i) wanted.insert(keyAt(first + i), i);
-  Recordset found = OpenRs(
-      QStringLiteral("SELECT * FROM %1 WHERE %2").arg(selected(), conditions.join(QStringLiteral(" AND "))),
-      values);
+  Recordset found = OpenRs(QStringLiteral("SELECT * FROM %1 WHERE %2")
+                               .arg(selected(query_.from), conditions.join(QStringLiteral(" AND "))),
+                           values);
   const auto columns = std::make_shared<Columns>(found.columns());
   std::vector<Row> rows(count, Row(columns));
   for (Row& row : found.takeRows()) {

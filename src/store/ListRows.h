@@ -33,10 +33,17 @@ QString escapedForLike(QString text);
 
 /// The parts of a list's statement, without condition and order.
 struct ListQuery {
-  QString columns;  ///< after SELECT
-  QString from;     ///< after FROM
-  QString key;      ///< an expression that is unique for each row; or several, separated by commas
+  QString columns;         ///< after SELECT
+  QString from;            ///< after FROM
+  QString key;             ///< an expression that is unique for each row; or several, separated by commas
+  QString firstFrom = {};  ///< as `from`, for the first page, if another form is faster there
 };
+
+/// A list whose rows need all of the joined tables in `joins`, "T %1 JOIN A ON ... %1 JOIN B ON ..."; `keys`
+/// are columns of A, B and so on that are never null there. With inner joins the engine may begin with A and
+/// then sort all rows for the first page, so that one is read by left joins whose keys are not null.
+ListQuery joinedList(const QString& columns, const QString& joins, const QStringList& keys,
+                     const QString& key);
 
 /// The text of a row's key; `fields` are the key fields, separated by commas.
 QString keyText(const Row& row, const QString& fields);
@@ -146,13 +153,17 @@ class ListRows : public RowSource {
   void readPage(int page) const;
 
   QString keyAt(size_t place) const;
-  QString selected() const;
+  QString selected(const QString& from) const;
+  KeyStatement inOrder(const QString& columns, const QString& from) const;
+  KeyStatement first(const QString& columns, int count) const;
 
   ListQuery query_;
   QStringList keyColumns_;  ///< expressions
   Condition condition_;
   QStringList order_;
   bool descending_;
+  QString keyNames_;   ///< the key columns in the result, separated by commas
+  QString orderText_;  ///< after ORDER BY
   KeyStatement statement_;
   bool isWhole_ = true;
   std::vector<QVariant> keys_;  ///< the key columns of all rows, one row after the other
