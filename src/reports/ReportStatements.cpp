@@ -350,13 +350,15 @@ Recordset labelRows(const ReportChoice& choice) {
   return rows;
 }
 
-Recordset costOfSalesRows(const ReportChoice& choice) {
+Recordset costOfSalesRows(const ReportChoice& choice, const Progress& progress) {
+  constexpr int kParts = 3;
   const auto value = [](const QString& each) {
     return QStringLiteral("CASE WHEN TIP = 'FS' THEN -1 ELSE 1 END * ROUND_EVEN(CANTITATE * %1, 2)")
         .arg(each);
   };
   Transaction transaction(database());
   ExecutaSql("DELETE FROM G_DESCAR");
+  report(progress, 1, kParts);
   const QString lines =
       "SELECT D.TIP AS TIP, D.ID AS ID, D.CODTERT AS CODTERT, T.NUME AS NUME, D.DATADOC AS DATADOC, "
       "L.ARTID AS ARTID, A.DENART AS DENART, L.PRETFT AS PRETFT, L.COST AS COST, "
@@ -374,12 +376,14 @@ Recordset costOfSalesRows(const ReportChoice& choice) {
                  "DATADOC, ARTID, SUBSTR(DENART, 1, 35), PRETFT, COST, CANT FROM (%1) AS V")
                  .arg(lines),
              {firstDay(choice, "DTPickerdela"), choice.dates["DTPickerPanala"]});
+  report(progress, 2, kParts);
   Recordset rows =
       read("SELECT G_DESCAR.*, " + value("PRETVANZAR") + " AS ValoareVanzare, " + value("COSTUNITAR") +
                " AS ValoareCost, ROUND_EVEN(" + value("PRETVANZAR") + " - " + value("COSTUNITAR") +
                ", 2) AS Marja, CASE WHEN TIP = 'FS' THEN -1 ELSE 1 END * CANTITATE AS CantitateCuSemn FROM "
                "G_DESCAR ORDER BY NRCRT, POZITIE",
            {}, {"DATACOMAND"});
+  report(progress, kParts, kParts);
   transaction.commit();
   return rows;
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "store/Row.h"
+#include "util/Progress.h"
 
 namespace velmar {
 
@@ -34,7 +35,7 @@ Recordset inventoryRows(const ReportChoice& choice);
 /// Stock less what customer orders hold.
 Recordset availableRows(const ReportChoice& choice);
 /// Lines of sales with their cost. Fills G_DESCAR and reads it in one transaction.
-Recordset costOfSalesRows(const ReportChoice& choice);
+Recordset costOfSalesRows(const ReportChoice& choice, const Progress& progress);
 
 /// Articles with prices; CODEAN is the code where it is a valid EAN-13, else empty.
 Recordset labelRows(const ReportChoice& choice);

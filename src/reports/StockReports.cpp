@@ -295,7 +295,7 @@ StockReport costOfSales() {
   report.start = StockReport::Start::Year;
   report.losesFirstDay = true;
   report.checksDates = true;
-  report.rows = costOfSalesRows;
+  report.writtenRows = costOfSalesRows;
   report.columns = {{"NRCRT", "Nr.", Shown::Whole, 6},
                     {"POZITIE", "Pozitie", Shown::Whole, 7},
                     {"NRCOMANDA", "Document", Shown::Text, 12},
@@ -474,7 +474,7 @@ const StockReport& stockReport(const QString& window) {
 }
 
 Recordset reportRows(const StockReport& report, const ReportChoice& choice, const Progress& progress) {
-  Recordset rows = report.longRows ? report.longRows(choice, progress) : report.rows(choice);
+  Recordset rows = report.writtenRows ? report.writtenRows(choice, progress) : report.rows(choice);
   if (isCompared(report, choice)) rows = compared(report, choice, rows);
   if (rows.isEmpty()) throw RuleError(QStringLiteral("Nu exista inregistrari"));
   return rows;

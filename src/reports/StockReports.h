@@ -113,12 +113,12 @@ struct StockReport {
   ReportLinks links = {};
   ReportComparison comparison = {};
   std::function<Recordset(const ReportChoice&)> rows = {};
-  /// Instead of `rows` where reading may take long.
-  std::function<Recordset(const ReportChoice&, const Progress&)> longRows = {};
+  /// Instead of `rows`, which only read, for a report that writes its work table.
+  std::function<Recordset(const ReportChoice&, const Progress&)> writtenRows = {};
   std::function<void(const ReportChoice&, Variables&)> variables = {};
   /// The text of the control of kind Note, for the dates and the ticks.
   std::function<QString(const ReportChoice&)> note = {};
-  /// The command cmdCalcul: fills a work table and returns what the window then shows.
+  /// The command cmdCalcul: fills its work table and returns what the window then shows.
   std::function<QString(const ReportChoice&, const Progress&)> compute = {};
 };
 

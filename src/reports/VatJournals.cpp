@@ -243,7 +243,7 @@ StockReport reportOf(const VatJournal& journal) {
     return VatPeriod{choice.dates[kFrom], choice.dates[kTo], choice.has(kSubtracts),
                      choice.has(kTakesFirstDay)};
   };
-  report.longRows = [&journal, period](const ReportChoice& choice, const Progress& progress) {
+  report.writtenRows = [&journal, period](const ReportChoice& choice, const Progress& progress) {
     return journalRows(journal, period(choice), choice.numbers[kFirstNumber], progress);
   };
   report.variables = [](const ReportChoice& choice, Variables& variables) {

@@ -1,6 +1,7 @@
 #include "store/BackgroundRead.h"
 
 #include <chrono>
+#include <exception>
 #include <QDeadlineTimer>
 #include <QScopeGuard>
 
@@ -15,6 +16,49 @@ constexpr auto kPatience = std::chrono::milliseconds(20);
 
 }  // namespace
 
+void RunningRead::run(const QString& path, const std::function<void(Database& connection)>& read) {
+  const std::unique_ptr<Database> connection = Database::open(path);
+  const auto publish = [this](Database* running) {
+    const std::scoped_lock lock(guard_);
+    connection_ = running;
+  };
+  publish(connection.get());
+  const auto withdraw = qScopeGuard([&publish] { publish(nullptr); });
+  const Snapshot moment(*connection);
+  read(*connection);
+}
+
+// A statement that begins just after the interruption is met the next time.
+void RunningRead::stop(QThread& thread) {
+  do {
+    const std::scoped_lock lock(guard_);
+    if (connection_) connection_->interrupt();
+  } while (!thread.wait(QDeadlineTimer(kPatience)));
+}
+
+void readInThread(const std::function<void()>& work, const std::function<void()>& meanwhile) {
+  RunningRead running;
+  std::exception_ptr failed;
+  const std::unique_ptr<QThread> thread(QThread::create([&, path = database().path()] {
+    try {
+      running.run(path, [&work](Database& connection) {
+        const ThreadDatabase here(connection);
+        work();
+      });
+    } catch (...) {
+      failed = std::current_exception();
+    }
+  }));
+  thread->start();
+  try {
+    while (!thread->wait(QDeadlineTimer(kPatience))) meanwhile();
+  } catch (...) {
+    running.stop(*thread);
+    throw;
+  }
+  if (failed) std::rethrow_exception(failed);
+}
+
 BackgroundRead::~BackgroundRead() { stop(); }
 
 void BackgroundRead::start(const std::vector<Work>& works,
@@ -28,18 +72,12 @@ void BackgroundRead::start(const std::vector<Work>& works,
   };
   thread_.reset(QThread::create([this, works, failed, deliver, path = database().path()] {
     try {
-      const std::unique_ptr<Database> connection = Database::open(path);
-      const auto publish = [this](Database* running) {
-        const std::scoped_lock lock(guard_);
-        running_ = running;
-      };
-      publish(connection.get());
-      const auto withdraw = qScopeGuard([&publish] { publish(nullptr); });
-      const Snapshot moment(*connection);
-      for (const Work& work : works) {
-        if (isStopped_) return;
-        deliver(work(*connection, isStopped_));
-      }
+      running_.run(path, [&](Database& connection) {
+        for (const Work& work : works) {
+          if (isStopped_) return;
+          deliver(work(connection, isStopped_));
+        }
+      });
     } catch (const Cancelled&) {
       // Nobody waits for the result any more.
     } catch (const Error& error) {
@@ -52,11 +90,7 @@ void BackgroundRead::start(const std::vector<Work>& works,
 void BackgroundRead::stop() {
   if (!thread_) return;
   isStopped_ = true;
-  // A statement that begins just after the flag was asked for is met the next time.
-  do {
-    const std::scoped_lock lock(guard_);
-    if (running_) running_->interrupt();
-  } while (!thread_->wait(QDeadlineTimer(kPatience)));
+  running_.stop(*thread_);
   thread_.reset();
 }
 

@@ -1,4 +1,5 @@
-// Reads from the open company on a connection and in a thread of its own, while the program works on.
+// Reads from the open company on a connection and in a thread of its own, while the program works on, or
+// while it waits for the result and can stop the read.
 #pragma once
 
 #include <atomic>
@@ -12,6 +13,25 @@
 namespace velmar {
 
 class Database;
+
+/// The connection of a thread, to be interrupted by another.
+class RunningRead {
+ public:
+  /// Opens a company and runs `read` with the connection; all its reads see one state.
+  void run(const QString& path, const std::function<void(Database& connection)>& read);
+  /// Interrupts the statement that runs, and waits until the thread ends.
+  void stop(QThread& thread);
+
+ private:
+  std::mutex guard_;  ///< of the connection
+  Database* connection_ = nullptr;
+};
+
+/// Runs `work` on a connection and in a thread of its own, in which database() is that connection. All its
+/// reads see one state; it must not write. Calls `meanwhile` in this thread every few milliseconds until the
+/// work has ended. Throws what `work` throws, or what `meanwhile` throws: the work is then interrupted
+/// before.
+void readInThread(const std::function<void()>& work, const std::function<void()>& meanwhile);
 
 class BackgroundRead : public QObject {
   Q_OBJECT
@@ -35,8 +55,7 @@ class BackgroundRead : public QObject {
   void use(int run, const Use& result);
 
   std::unique_ptr<QThread> thread_;
-  std::mutex guard_;             ///< of the next
-  Database* running_ = nullptr;  ///< the connection of the thread
+  RunningRead running_;
   std::atomic<bool> isStopped_ = false;
   int run_ = 0;  ///< counts the starts
 };

@@ -23,6 +23,7 @@ const QString kWaitQuestion = QStringLiteral(
     "Baza de date este folosita in acest moment de alt utilizator.\r\nDoriti sa mai asteptati ?");
 
 std::unique_ptr<Database> theOpenDatabase;
+thread_local Database* theThreadDatabase = nullptr;
 
 std::unique_ptr<Engine> openEngine(const QString& path, bool create) {
   if (const auto server = serverOf(QFileInfo(path).path()))
@@ -232,11 +233,16 @@ Snapshot::~Snapshot() {
   }
 }
 
-Database* openDatabase() { return theOpenDatabase.get(); }
+Database* openDatabase() { return theThreadDatabase ? theThreadDatabase : theOpenDatabase.get(); }
+
+ThreadDatabase::ThreadDatabase(Database& database) { theThreadDatabase = &database; }
+
+ThreadDatabase::~ThreadDatabase() { theThreadDatabase = nullptr; }
 
 Database& database() {
-  if (!theOpenDatabase) throw StoreError(0, QStringLiteral("Nu este deschisa nici o societate."));
-  return *theOpenDatabase;
+  Database* open = openDatabase();
+  if (!open) throw StoreError(0, QStringLiteral("Nu este deschisa nici o societate."));
+  return *open;
 }
 
 void setOpenDatabase(std::unique_ptr<Database> database) { theOpenDatabase = std::move(database); }

@@ -122,8 +122,17 @@ class Snapshot {
   Database& database_;
 };
 
-/// The open company's database; null while none is open.
+/// The open company's database, in this thread; null while none is open.
 Database* openDatabase();
+
+/// While the object exists, this connection is the open company's database in this thread.
+class ThreadDatabase {
+ public:
+  explicit ThreadDatabase(Database& database);
+  ~ThreadDatabase();
+  ThreadDatabase(const ThreadDatabase&) = delete;
+  ThreadDatabase& operator=(const ThreadDatabase&) = delete;
+};
 
 /// The open company's database. Throws StoreError when no company is open.
 Database& database();

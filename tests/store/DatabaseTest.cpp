@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 
 #include "reports/Layout.h"
+#include "store/BackgroundRead.h"
 #include "store/Schema.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
@@ -119,6 +120,45 @@ TEST(DatabaseTest, AUserWhoWaitsForTheLockIsAskedAndMayCancel) {
   EXPECT_FALSE(database().inTransaction());
   held.rollback();
   addCurrency("AAA");
+}
+
+// The work has a connection of its own with one state of the company; a statement without end can be stopped.
+TEST(DatabaseTest, ReadsInAThreadSeeOneStateAndCanBeStopped) {
+  const TestCompany company;
+  const qint64 before = currencies();
+  const Database* own = &database();
+  std::atomic<bool> isRead = false, isAdded = false;
+  qint64 seen[2] = {};
+  readInThread(
+      [&] {
+        seen[0] = currencies();
+        isRead = true;
+        while (!isAdded) QThread::msleep(1);
+        seen[1] = currencies();
+        EXPECT_NE(&database(), own);
+      },
+      [&] {
+        if (!isRead || isAdded) return;
+        addCurrency("AAA");
+        isAdded = true;
+      });
+  EXPECT_EQ(seen[0], before);
+  EXPECT_EQ(seen[1], before);
+  EXPECT_EQ(currencies(), before + 1);
+  EXPECT_THROW(readInThread([] { throw RuleError("gol"); }, [] {}), RuleError);
+  int waited = 0;
+  EXPECT_THROW(readInThread(
+                   [] {
+                     OpenRs(
+                         "WITH RECURSIVE N(A) AS (SELECT 1 UNION ALL SELECT A + 1 FROM N WHERE A < "
+                         "4000000000) SELECT COUNT(*) AS N FROM N");
+                   },
+                   [&waited] {
+                     if (++waited == 3) throw Cancelled();
+                   }),
+               Cancelled);
+  EXPECT_EQ(waited, 3);
+  EXPECT_EQ(&database(), own);
 }
 
 TEST(DatabaseInFileTest, AFullDiskUndoesTheWholeTransaction) {

@@ -13,6 +13,7 @@
 #include "config/Session.h"
 #include "config/windows/ComboFill.h"
 #include "store/Database.h"
+#include "store/windows/LongRead.h"
 #include "store/windows/TDBGrid.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
@@ -174,7 +175,10 @@ void frmGrafice::draw() {
   if (choice.account.isEmpty())
     choice.account = cboCont_->currentText().section(QStringLiteral(" - "), 0, 0).trimmed();
   const Hourglass wait;
-  show(chartData(choice, cboCont_->currentText()));
+  ChartData figures;
+  const QString account = cboCont_->currentText();
+  readLong(windowTitle(), this, [&] { figures = chartData(choice, account); });
+  show(figures);
 }
 
 void frmGrafice::show(const ChartData& figures) {

@@ -15,6 +15,7 @@
 #include "config/windows/ComboFill.h"
 #include "reports/windows/frmEcran.h"
 #include "reports/windows/ListingCommands.h"
+#include "store/windows/LongRead.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
@@ -335,9 +336,7 @@ void frmRaport::showOnScreen() {
   Recordset rows;
   {
     const ReportChoice chosen = acceptedChoice();
-    const Hourglass wait;
-    WorkProgress progress(windowTitle(), this);
-    rows = screenRows(report_, chosen, [&progress](int done, int of) { progress.show(done, of); });
+    read([&](const Progress& progress) { rows = screenRows(report_, chosen, progress); });
   }
   auto* shown = new frmEcran(report_, std::move(rows));
   if (windowHost()) return windowHost()->showChild(shown);
@@ -358,13 +357,20 @@ int frmRaport::wholeNumber(const ReportControl& control) const {
 
 PreparedReport frmRaport::prepared() {
   const ReportChoice chosen = acceptedChoice();
-  const Hourglass wait;
-  WorkProgress progress(windowTitle(), this);
   LabelRun labels;
   if (report_.isLabels) labels = {chosen.numbers["TextNr"], chosen.numbers["TextPrima"]};
   const QString project = QStringLiteral("lst/%1.%2").arg(report_.project, report_.isLabels ? "lbl" : "lst");
-  return {QDir(session().gCaleAplicatie).filePath(project),
-          reportData(report_, chosen, [&progress](int done, int of) { progress.show(done, of); }), labels};
+  ReportData rows;
+  read([&](const Progress& progress) { rows = reportData(report_, chosen, progress); });
+  return {QDir(session().gCaleAplicatie).filePath(project), std::move(rows), labels};
+}
+
+// Work that only reads can be cancelled at any moment.
+void frmRaport::read(const std::function<void(const Progress&)>& work) {
+  const Hourglass wait;
+  if (!report_.writtenRows) return readLong(windowTitle(), this, [&work] { work({}); });
+  WorkProgress progress(windowTitle(), this);
+  work([&progress](int done, int of) { progress.show(done, of); });
 }
 
 void frmRaport::compute() {

@@ -48,6 +48,7 @@ class frmRaport : public QWidget {
   ReportChoice acceptedChoice() const;
   /// Reads the choice and the rows. Throws RuleError, with the control at fault.
   PreparedReport prepared();
+  void read(const std::function<void(const Progress&)>& work);
   void list();
   void compute();
   void showOnScreen();

@@ -1,5 +1,7 @@
 #include "util/windows/WorkProgress.h"
 
+#include <QApplication>
+
 #include "util/Errors.h"
 
 namespace velmar {
@@ -21,6 +23,13 @@ WorkProgress::WorkProgress(const QString& title, QWidget* parent)
 void WorkProgress::show(int done, int of) {
   if (dialog_.maximum() != of) dialog_.setMaximum(of);
   dialog_.setValue(done);
+  if (dialog_.wasCanceled()) throw Cancelled();
+}
+
+void WorkProgress::wait() {
+  dialog_.setMaximum(0);
+  QApplication::processEvents(dialog_.isVisible() ? QEventLoop::AllEvents
+                                                  : QEventLoop::ExcludeUserInputEvents);
   if (dialog_.wasCanceled()) throw Cancelled();
 }
 

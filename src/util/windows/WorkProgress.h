@@ -12,6 +12,9 @@ class WorkProgress {
 
   /// Shows that `done` of `of` parts are done. Throws Cancelled when the user has cancelled.
   void show(int done, int of);
+  /// Shows that the work goes on, without a measure; to be called every few milliseconds. Nothing else takes
+  /// input meanwhile. Throws Cancelled when the user has cancelled.
+  void wait();
 
  private:
   QProgressDialog dialog_;
