@@ -151,6 +151,20 @@ bool DocumentEditor::followRate() {
   return true;
 }
 
+// Rates and percents that are typed and not saved count when the document is validated.
+void DocumentEditor::storeTypedRates() {
+  const Row header = storedHeader(typed_, header_, isNew_);
+  if (percentChanges(header) || (rules_->linesFollowHeader() && ratesDiffer()))
+    storeHeader(header);
+  else
+    storeRate();
+}
+
+bool DocumentEditor::percentChanges(const Row& header) const {
+  const HeaderField* percent = kind_.field(HeaderFieldType::Percent);
+  return percent && header.decimal(percent->column) != header_.decimal(percent->column);
+}
+
 // The stored header and lines always have the same rate.
 void DocumentEditor::storeRate() {
   if (!isRateStored()) storeHeader(headerWithRate());
@@ -165,9 +179,7 @@ Row DocumentEditor::headerWithRate() const {
 }
 
 void DocumentEditor::storeHeader(const Row& header) {
-  const HeaderField* percent = kind_.field(HeaderFieldType::Percent);
-  const bool percentChanged = percent && header.decimal(percent->column) != header_.decimal(percent->column);
-  if (percentChanged || rules_->linesFollowHeader()) {
+  if (percentChanges(header) || rules_->linesFollowHeader()) {
     for (Row& line : lines_) rules_->applyRate(line, typed_);
     linesChanged();
   }
@@ -393,10 +405,7 @@ bool DocumentEditor::checkValidation(const QHash<QString, QString>& typed) {
   // The header is validated as shown on screen, saved or not, so it must be checked.
   if (!passes(kind_.headerChecks, onScreen(), kCritical)) return false;
   requireKnownCodes(typed_, shownHeader(kind_, header_, typed_.texts()));
-  if (rules_->linesFollowHeader() && ratesDiffer())
-    storeHeader(storedHeader(typed_, header_, isNew_));
-  else
-    storeRate();
+  storeTypedRates();
   refreshStaleLines();
   return true;
 }
@@ -425,7 +434,7 @@ bool DocumentEditor::checkLines() const { return passes(kind_.lineChecks, onScre
 
 void DocumentEditor::validate(const QHash<QString, QString>& typed) {
   headerTyped(typed);
-  storeRate();
+  storeTypedRates();
   SalvareDocumente(typed_, storedHeader(typed_, header_, isNew_), shownDraft());
 }
 

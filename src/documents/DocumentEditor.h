@@ -135,6 +135,8 @@ class DocumentEditor {
   Row headerWithRate() const;
   bool isRateStored() const { return shownRate_ == storedRate_; }
   void storeRate();
+  void storeTypedRates();
+  bool percentChanges(const Row& header) const;
   void storeHeader(const Row& header);
   ShownDraft shownDraft() const { return {header_, storedLines_}; }
   void refreshStaleLines();

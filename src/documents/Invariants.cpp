@@ -20,11 +20,15 @@ const QString kLedgerStock = QStringLiteral(
     "FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID WHERE D.TIPIE IN ('I', 'S', 'E') "
     "GROUP BY L.ARTID");
 
-// Returns to suppliers that did not reduce a lot, since the document referred to no receipt of the article.
-const QString kReturnedUnnamed = QStringLiteral(
-    "SELECT L.ARTID AS ARTID, -SUM(L.CANT) AS CANT FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID "
-    "WHERE D.TIP = 'FF' AND L.CANT < 0 AND NOT EXISTS (SELECT R.DOCID FROM G_LDOCUM R WHERE R.DOCID = "
-    "TRIM(D.OBS) AND R.ARTID = L.ARTID) GROUP BY L.ARTID");
+// Returns to suppliers that did not reduce a lot, since the document referred to no receipt of the article;
+// an import never does.
+QString returnedUnnamed() {
+  return QStringLiteral(
+             "SELECT R.ARTID AS ARTID, -SUM(R.CANT) AS CANT FROM G_LDOCUM R INNER JOIN G_DOCUME D ON D.ID = "
+             "R.DOCID WHERE R.CANT < 0 AND (D.TIP = 'FI' OR D.TIP = 'FF' AND NOT EXISTS (SELECT L.DOCID FROM "
+             "G_LDOCUM L WHERE L.DOCID = TRIM(D.OBS) AND L.ARTID = R.ARTID AND %1)) GROUP BY R.ARTID")
+      .arg(makesLot());
+}
 
 const QString kHeldArticles = QStringLiteral("SELECT CODART FROM G_ARTMAG WHERE FARASTOC = 0");
 
@@ -79,7 +83,7 @@ void findLots(Finder& finder) {
                   "SUM(L.CANTRAMASA) AS CANT FROM G_LDOCUM L WHERE %2 GROUP BY L.ARTID) R "
                   "ON R.ARTID = S.ARTID LEFT JOIN (%4) B ON B.ARTID = S.ARTID WHERE S.ARTID IN (%3) AND "
                   "ROUND_EVEN(S.CANT + COALESCE(B.CANT, 0) - COALESCE(R.CANT, 0), 3) <> 0 ORDER BY S.ARTID")
-                  .arg(kLedgerStock, makesLot(), kHeldArticles, kReturnedUnnamed));
+                  .arg(kLedgerStock, makesLot(), kHeldArticles, returnedUnnamed()));
   // The used part of a lot equals the issues, the returns to its supplier and, of a lot that an invoice made
   // of goods brought back, what the storno of the invoice took.
   finder.find(QStringLiteral("Legaturile cu intrarea difera de cantitatea consumata"), {Place::Document},

@@ -176,8 +176,9 @@ Recordset customerTurnoverRows(const ReportChoice& choice) {
   Values values = where.values;
   values.insert(values.end(), where.values.begin(), where.values.end());
   return OpenRs(
-      "SELECT D.CODTERT AS CODTERT, T.NUME AS NUME, " + signedSum("D.TOTALFT") + " AS CifraAfaceri, " +
-          signedSum("D.TOTALCOST") + " AS Cost, " + signedSum("COALESCE(R.DISCOUNT, 0)") +
+      "SELECT D.CODTERT AS CODTERT, T.NUME AS NUME, " + signedSum("ROUND_EVEN(D.TOTALFT, 2)") +
+          " AS CifraAfaceri, " + signedSum("ROUND_EVEN(D.TOTALCOST, 2)") + " AS Cost, " +
+          signedSum("ROUND_EVEN(COALESCE(R.DISCOUNT, 0), 2)") +
           " AS Discountul FROM G_DOCUME AS D INNER JOIN kt_ter AS T ON T.COD = D.CODTERT LEFT JOIN (SELECT "
           "L.DOCID AS DOCID, SUM(ROUND_EVEN(L.PRETFT * L.PROCRAB / 100, 2) * L.CANT) AS DISCOUNT FROM " +
           kLedger + whereOf(where) + " AND " + kJoined + " GROUP BY L.DOCID) AS R ON R.DOCID = D.ID" +
@@ -190,8 +191,8 @@ Recordset supplierTurnoverRows(const ReportChoice& choice) {
   add(where, "D.TIP IN ('FF', 'FI', 'NR')");
   addPeriod(where, choice);
   addPartners(where, choice, "cboFurnizori");
-  return OpenRs("SELECT D.CODTERT AS CODTERT, T.NUME AS NUME, " + sum("D.TOTALFT") + " AS CifraAfaceri, " +
-                    sum("D.TOTALCOST") +
+  return OpenRs("SELECT D.CODTERT AS CODTERT, T.NUME AS NUME, " + sum("ROUND_EVEN(D.TOTALFT, 2)") +
+                    " AS CifraAfaceri, " + sum("ROUND_EVEN(D.TOTALCOST, 2)") +
                     " AS Cost FROM G_DOCUME AS D INNER JOIN kt_ter AS T ON T.COD = D.CODTERT" +
                     whereOf(where) + " GROUP BY D.CODTERT, T.NUME" + turnoverOrder(choice),
                 where.values);

@@ -295,7 +295,7 @@ StockReport costOfSales() {
   report.start = StockReport::Start::Year;
   report.losesFirstDay = true;
   report.checksDates = true;
-  report.writtenRows = costOfSalesRows;
+  report.rowsInParts = costOfSalesRows;
   report.columns = {{"NRCRT", "Nr.", Shown::Whole, 6},
                     {"POZITIE", "Pozitie", Shown::Whole, 7},
                     {"NRCOMANDA", "Document", Shown::Text, 12},
@@ -403,6 +403,8 @@ std::vector<StockReport> allReports() {
           reportOf(salesJournal())};
 }
 
+const QString kBefore = QStringLiteral("ANTERIOR");
+
 bool isCompared(const StockReport& report, const ReportChoice& choice) {
   return !report.comparison.value.isEmpty() && choice.has(kComparesYears);
 }
@@ -442,7 +444,7 @@ Recordset compared(const StockReport& report, const ReportChoice& choice, const 
     total += value;
   }
   Recordset all(std::make_shared<Columns>((rows.isEmpty() ? before : rows).columns() +
-                                          QStringList{"ANTERIOR", "TOTALANTERIOR"}));
+                                          QStringList{kBefore, "TOTALANTERIOR"}));
   QSet<QString> shown;
   const auto add = [&](std::vector<QVariant> cells, const QString& key) {
     cells.emplace_back(Round(sums.value(key), 6).toDouble());
@@ -474,7 +476,7 @@ const StockReport& stockReport(const QString& window) {
 }
 
 Recordset reportRows(const StockReport& report, const ReportChoice& choice, const Progress& progress) {
-  Recordset rows = report.writtenRows ? report.writtenRows(choice, progress) : report.rows(choice);
+  Recordset rows = report.rowsInParts ? report.rowsInParts(choice, progress) : report.rows(choice);
   if (isCompared(report, choice)) rows = compared(report, choice, rows);
   if (rows.isEmpty()) throw RuleError(QStringLiteral("Nu exista inregistrari"));
   return rows;
@@ -482,14 +484,25 @@ Recordset reportRows(const StockReport& report, const ReportChoice& choice, cons
 
 Recordset screenRows(const StockReport& report, const ReportChoice& choice, const Progress& progress) {
   const Recordset rows = reportRows(report, choice, progress);
+  const ReportComparison& comparison = report.comparison;
+  const bool isOncePerKey = isCompared(report, choice) && !comparison.listsMissing;
+  const qsizetype before = rows.columns().indexOf(kBefore);
+  QSet<QString> keys;
   Recordset shown(std::make_shared<Columns>(rows.columns()));
-  std::vector<std::pair<qsizetype, QString>> replaced;
-  for (const ReportColumn& column : report.columns)
-    if (!column.from.isEmpty()) replaced.emplace_back(rows.columns().indexOf(column.field), column.from);
-  if (replaced.empty()) return rows;
   for (const Row& row : rows) {
     std::vector<QVariant> cells = cellsOf(row);
-    for (const auto& [place, from] : replaced) cells[static_cast<size_t>(place)] = row.value(from);
+    for (const ReportColumn& column : report.columns) {
+      QVariant& cell = cells[static_cast<size_t>(rows.columns().indexOf(column.field))];
+      if (!column.from.isEmpty()) cell = row.value(column.from);
+      // What is added up at the foot is what is shown.
+      if (column.kind == Shown::Amount && column.isTotal && !cell.isNull())
+        cell = Round(row.decimal(column.from.isEmpty() ? column.field : column.from), 2).toDouble();
+    }
+    if (isOncePerKey) {
+      const QString key = comparison.key(row, choice, false);
+      if (keys.contains(key)) cells[static_cast<size_t>(before)] = QVariant();
+      keys.insert(key);
+    }
     shown.append(std::move(cells));
   }
   return shown;

@@ -113,8 +113,9 @@ struct StockReport {
   ReportLinks links = {};
   ReportComparison comparison = {};
   std::function<Recordset(const ReportChoice&)> rows = {};
-  /// Instead of `rows`, which only read, for a report that writes its work table.
-  std::function<Recordset(const ReportChoice&, const Progress&)> writtenRows = {};
+  /// Instead of `rows`, which only read and can be interrupted: for rows that are also written, or read in
+  /// parts.
+  std::function<Recordset(const ReportChoice&, const Progress&)> rowsInParts = {};
   std::function<void(const ReportChoice&, Variables&)> variables = {};
   /// The text of the control of kind Note, for the dates and the ticks.
   std::function<QString(const ReportChoice&)> note = {};

@@ -98,7 +98,7 @@ void appendRows(Recordset& all, const Recordset& rows, bool subtractsStornos, in
     };
     const Decimal value = amount(base), vat = amount(tax);
     const double total = (value + vat).toDouble();
-    const bool isTaxed = vat != Decimal();
+    const bool isTaxed = row.at(tax).toDouble() != 0;  // as in the work table
     std::vector<QVariant> cells;
     cells.reserve(static_cast<size_t>(all.columns().size()));
     for (int i = 0; i < row.columns().size(); ++i)
@@ -243,7 +243,7 @@ StockReport reportOf(const VatJournal& journal) {
     return VatPeriod{choice.dates[kFrom], choice.dates[kTo], choice.has(kSubtracts),
                      choice.has(kTakesFirstDay)};
   };
-  report.writtenRows = [&journal, period](const ReportChoice& choice, const Progress& progress) {
+  report.rowsInParts = [&journal, period](const ReportChoice& choice, const Progress& progress) {
     return journalRows(journal, period(choice), choice.numbers[kFirstNumber], progress);
   };
   report.variables = [](const ReportChoice& choice, Variables& variables) {

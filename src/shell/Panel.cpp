@@ -11,7 +11,7 @@ PanelSales panelSales(const QDate& today) {
   const auto sum = [](const QString& days) {
     return QStringLiteral(
                "ROUND_EVEN(COALESCE(SUM(CASE WHEN %1 THEN CASE WHEN TIP = 'FS' THEN -1 ELSE 1 END * "
-               "(COALESCE(TOTALFT, 0) + COALESCE(TOTALTVA, 0)) END), 0), 2)")
+               "(ROUND_EVEN(COALESCE(TOTALFT, 0), 2) + ROUND_EVEN(COALESCE(TOTALTVA, 0), 2)) END), 0), 2)")
         .arg(days);
   };
   const Row found =

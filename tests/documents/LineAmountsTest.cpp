@@ -57,6 +57,27 @@ TEST(LineAmountsTest, AllLinesFollowAChangedRateAndNothingElseChangesATypedVat) 
   EXPECT_EQ(stored("SELECT VALOARETVA AS V FROM G_LFACFU WHERE NUMFAC = '2'"), "7.6");
 }
 
+// The header of these kinds has a percent: 60 at 9 percent, changed and not saved.
+TEST(LineAmountsTest, LinesFollowAPercentThatIsNotSaved) {
+  Trade trade("MP");
+  trade.article("S", "30", true, false);
+  for (const auto& [kind, lines] : {std::pair("PR", "G_LPROFO"), std::pair("CC", "G_LCOMCL")}) {
+    DocumentEditor editor(kind);
+    Trade::draft(editor, {{editor.kind().numberColumn, "1"}, {"CODCLI", QString::number(trade.customer)}},
+                 {Trade::out("S", "2")});
+    TypedTexts header = editor.headerTexts();
+    const QString percent = editor.kind().field(HeaderFieldType::Percent)->key();
+    header.insert(percent, "9");
+    ASSERT_TRUE(editor.checkValidation(header));
+    EXPECT_EQ(editor.total("VALOARETVA").toString(), "5.4");
+    editor.validate(header);
+    const QString table = lines;
+    EXPECT_EQ(stored("SELECT SUM(VALOARETVA) AS V FROM " + table), "5.4");
+    EXPECT_EQ(stored(QString("SELECT SUM(VALTVA) AS V FROM G_LDOCUM WHERE DOCID LIKE '%1%'").arg(kind)),
+              "5.4");
+  }
+}
+
 TEST(LineAmountsTest, TypedAmountsAreKeptAndImpossibleOnesRefused) {
   Trade trade("MP");
   trade.article("S", "60", true, false);

@@ -118,11 +118,19 @@ TEST(ReturnsTest, AReturnToASupplierIsLimitedToTheRestOfItsLot) {
   EXPECT_EQ(Trade::rest("FF502"), Decimal(0));
   EXPECT_EQ(Trade::rest("FFR1"), Decimal(-2));
   EXPECT_EQ(Trade::note("R1").mid(0, 3), QStringList({"4 C 401 -23.8", "4 D 371 -20", "4 D 4426 -3.8"}));
+  trade.validated("FF", trade.purchase("R3", clock::today(), " ff503"),  // in another case
+                  {Trade::bought("A", "-1", "20", "30")});
+  EXPECT_EQ(Trade::rest("FF503"), Decimal(4));
+  EXPECT_EQ(disagreementText(), "");
+  takeBack({KindId::SupplierInvoice, "R3"});
   // A document that does not exist has no lot: the lots then exceed the stock by the returned quantity.
   trade.validated("FF", trade.purchase("R2", clock::today(), "nimic"),
                   {Trade::bought("A", "-1", "20", "30")});
   EXPECT_EQ(Trade::rest("FF503"), Decimal(5));
   EXPECT_EQ(Trade::figure("A", "STOC"), Decimal(4));
+  EXPECT_EQ(disagreementText(), "");
+  // Nor has an issue of the article.
+  trade.validated("FF", trade.purchase("R4", clock::today(), "BC1"), {Trade::bought("A", "-1", "20", "30")});
   EXPECT_EQ(disagreementText(), "");
   ExecutaSql("UPDATE G_LDOCUM SET CANTRAMASA = 4 WHERE DOCID = 'FF503'");
   EXPECT_EQ(disagreements().front().where, "A");

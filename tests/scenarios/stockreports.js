@@ -98,8 +98,14 @@ file(csv);
 screen.click("cmdExport");
 equal(readFile(csv).split("\r\n").slice(0, 2), ["\xEF\xBB\xBFData;Document;Client;Cod articol;Articol;UM;Cantitate;Pret;Valoare;TVA",
                                                "01.03." + year + ";FC10;ALFA SRL;M1;Marfa intai;Buc;4,000;20,00;80,00;15,20"], "text file");
+writeFile(csv, "al meu");
+file(csv);
+replied("Nu", () => screen.click("cmdExport"), "Fisierul " + csv + " exista deja. Doriti sa il inlocuiti ?");
+equal(readFile(csv), "al meu", "kept");
+file(paths().app + "/iesiri"); // the ending is added before the question
+screen.click("cmdExport");
 file(paths().app + "/iesiri.xlsx");
-screen.press("TDBGrid1", "Ctrl+E");
+replied("Da", () => screen.press("TDBGrid1", "Ctrl+E"), "Fisierul " + paths().app + "/iesiri.xlsx exista deja.");
 equal(readFile(paths().app + "/iesiri.xlsx").substring(0, 2), "PK", "spreadsheet");
 file(paths().app + "/iesiri.doc");
 replied("OK", () => screen.click("cmdExport"), "Numele fisierului trebuie sa se termine cu .xlsx sau .csv");

@@ -116,6 +116,8 @@ class SupplierInvoiceRules : public KindRules {
     effects.lines = document.lines;
     effects.returned = CautaFF(inputs.receipt, returnedQuantities(document));
     LedgerDocument ledger = ledgerOf(document);
+    // The key as the ledger has it: it may be typed in another case.
+    if (!effects.returned.empty()) ledger.remark = effects.returned.front().document;
     for (const Row& line : document.lines) {
       const QString article = line.text("CODART");
       const Decimal quantity = line.decimal("CANT");

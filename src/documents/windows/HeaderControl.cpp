@@ -280,7 +280,9 @@ class CodeControl : public HeaderControl {
 
   void refresh() override {
     const QSignalBlocker quiet(list_);
-    LegaCombo(*list_, entries_());
+    std::vector<ListEntry> entries = entries_();
+    if (entries.empty()) entries.push_back({kNoRecords, {}});
+    LegaCombo(*list_, entries);
     emit code_->textChanged(code_->text());  // selects the code in the list again
   }
 

@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QPainter>
@@ -22,6 +21,7 @@
 #include "util/windows/Entry.h"
 #include "util/windows/Forms.h"
 #include "util/windows/PrintOutput.h"
+#include "util/windows/SaveName.h"
 #include "util/windows/SearchCombo.h"
 
 namespace velmar {
@@ -212,10 +212,10 @@ void frmGrafice::print() {
 
 void frmGrafice::savePicture() {
   ChartView* chart = shownChart();
-  QString path =
-      QFileDialog::getSaveFileName(this, "Salvare", QDir::home().filePath("Grafic.png"), "Imagini (*.png)");
+  const QString path =
+      askSaveName(this, "Salvare", QDir::home().filePath("Grafic.png"), "Imagini (*.png)",
+                  [](const QString& name, const QString& /*filter*/) { return withEnding(name, ".png"); });
   if (path.isEmpty()) return;
-  if (QFileInfo(path).suffix().isEmpty()) path += QStringLiteral(".png");
   QPixmap picture(kSheet * kPictureScale);
   picture.fill(Qt::white);
   QPainter painter(&picture);

@@ -10,7 +10,6 @@
 #include <QDir>
 #include <QDoubleSpinBox>
 #include <QFile>
-#include <QFileDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
@@ -34,6 +33,7 @@
 #include "util/Messages.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
+#include "util/windows/SaveName.h"
 #include "util/windows/ZoomSteps.h"
 
 namespace velmar {
@@ -734,10 +734,10 @@ void frmProiectare::reject() {
 bool frmProiectare::save() { return file_.isEmpty() ? saveAs() : saveTo(file_); }
 
 bool frmProiectare::saveAs() {
-  QString file = QFileDialog::getSaveFileName(this, "Salveaza ca", file_, kFilter);
-  if (file.isEmpty()) return false;
-  if (QFileInfo(file).suffix().isEmpty()) file += QStringLiteral(".lst");
-  return saveTo(file);
+  const QString file =
+      askSaveName(this, "Salveaza ca", file_, kFilter,
+                  [](const QString& name, const QString& /*filter*/) { return withEnding(name, ".lst"); });
+  return !file.isEmpty() && saveTo(file);
 }
 
 bool frmProiectare::saveTo(const QString& file) {

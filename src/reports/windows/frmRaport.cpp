@@ -100,11 +100,13 @@ QWidget* frmRaport::frame(const ReportFrame& frame) {
     auto* note = named(new QLabel, "lblZile");
     rows->addRow(note);
     const auto tell = [this, note] {
-      const QDate from = dates_[report_.from]->date(), to = dates_[report_.to]->date();
-      note->setText(QStringLiteral("Se numara zilele %1 - %2")
-                        .arg((ticks_[kTakesFirstDay]->isChecked() ? from : from.addDays(1))
-                                 .toString(QStringLiteral("dd.MM.yyyy")),
-                             to.toString(QStringLiteral("dd.MM.yyyy"))));
+      const QDate shown = dates_[report_.from]->date(), to = dates_[report_.to]->date();
+      const QDate from = ticks_[kTakesFirstDay]->isChecked() ? shown : shown.addDays(1);
+      const QString pattern = QStringLiteral("dd.MM.yyyy");
+      note->setText(
+          from > to
+              ? QStringLiteral("Nu se numara nici o zi")
+              : QStringLiteral("Se numara zilele %1 - %2").arg(from.toString(pattern), to.toString(pattern)));
     };
     for (const QString& date : {report_.from, report_.to})
       connect(dates_[date], &QDateEdit::dateChanged, note, tell);
@@ -241,7 +243,7 @@ void frmRaport::showDefaults() {
   enableChoices();
 }
 
-// The choices of the last run; dates always begin with their default.
+// The choices of the last run or when the window was closed; dates always begin with their default.
 void frmRaport::restoreChoice() {
   const QVariant kept = settings::look(objectName() + QStringLiteral("/alegeri"));
   if (kept.isNull()) return;
@@ -256,6 +258,11 @@ void frmRaport::restoreChoice() {
     list.value()->showData(choice.value(list.key()));
   for (auto text = texts_.cbegin(); text != texts_.cend(); ++text)
     text.value()->setText(choice.value(text.key()).toString());
+}
+
+void frmRaport::closeEvent(QCloseEvent* event) {
+  QWidget::closeEvent(event);
+  keepChoice(shownChoice());
 }
 
 void frmRaport::keepChoice(const ReportChoice& chosen) const {
@@ -287,21 +294,20 @@ void frmRaport::enableChoices() {
     }
 }
 
+ReportChoice frmRaport::choice() const {
+  for (DateBox* date : dates_) date->takeTyped();
+  for (SearchCombo* list : lists_) list->settle();
+  return shownChoice();
+}
+
 ReportChoice frmRaport::shownChoice() const {
   ReportChoice chosen;
   for (auto date = dates_.cbegin(); date != dates_.cend(); ++date)
     chosen.dates[date.key()] = date.value()->date();
   for (auto tick = ticks_.cbegin(); tick != ticks_.cend(); ++tick)
     if (tick.value()->isChecked()) chosen.ticked.insert(tick.key());
-  return chosen;
-}
-
-ReportChoice frmRaport::choice() const {
-  for (DateBox* date : dates_) date->takeTyped();
-  ReportChoice chosen = shownChoice();
   for (auto each = lists_.cbegin(); each != lists_.cend(); ++each) {
-    SearchCombo* list = each.value();
-    list->settle();
+    const SearchCombo* list = each.value();
     const bool isNone = list->currentText() == kNoRecords;
     if (list->choice().isNull() || isNone) continue;
     chosen.codes[each.key()] = list->choice().toString();
@@ -368,7 +374,7 @@ PreparedReport frmRaport::prepared() {
 // Work that only reads can be cancelled at any moment.
 void frmRaport::read(const std::function<void(const Progress&)>& work) {
   const Hourglass wait;
-  if (!report_.writtenRows) return readLong(windowTitle(), this, [&work] { work({}); });
+  if (!report_.rowsInParts) return readLong(windowTitle(), this, [&work] { work({}); });
   WorkProgress progress(windowTitle(), this);
   work([&progress](int done, int of) { progress.show(done, of); });
 }

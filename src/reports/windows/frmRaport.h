@@ -25,6 +25,7 @@ class frmRaport : public QWidget {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   QWidget* frame(const ReportFrame& frame);

@@ -1,13 +1,13 @@
 #include "store/windows/ListExport.h"
 
 #include <QDir>
-#include <QFileDialog>
 
 #include "store/windows/TDBGrid.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
 #include "util/SheetFile.h"
 #include "util/windows/Forms.h"
+#include "util/windows/SaveName.h"
 #include "util/windows/WorkProgress.h"
 
 namespace velmar {
@@ -35,12 +35,11 @@ const QWidget* formOf(const TDBGrid& grid) {
 // Empty when the user cancelled. A name without an ending is a spreadsheet's.
 QString askedFile(const TDBGrid& grid, QWidget* parent) {
   const QString name = formOf(grid)->windowTitle().trimmed().replace(u'/', u'-') + QStringLiteral(".xlsx");
-  QString chosen;
-  QString path = QFileDialog::getSaveFileName(parent, QStringLiteral("Export"), QDir::home().filePath(name),
-                                              kSheetFilter, &chosen);
-  if (!path.isEmpty() && QFileInfo(path).suffix().isEmpty())
-    path += chosen.contains(QStringLiteral("csv")) ? QStringLiteral(".csv") : QStringLiteral(".xlsx");
-  return path;
+  return askSaveName(parent, QStringLiteral("Export"), QDir::home().filePath(name), kSheetFilter,
+                     [](const QString& path, const QString& filter) {
+                       const bool isText = filter.contains(QStringLiteral("csv"));
+                       return withEnding(path, isText ? QStringLiteral(".csv") : QStringLiteral(".xlsx"));
+                     });
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <QDir>
-#include <QFileDialog>
 #include <QHash>
 #include <QPainter>
 #include <QPdfWriter>
@@ -15,6 +14,7 @@
 #include "util/Errors.h"
 #include "util/FileNames.h"
 #include "util/FileRights.h"
+#include "util/windows/SaveName.h"
 #include "util/windows/WorkProgress.h"
 
 namespace velmar {
@@ -84,12 +84,11 @@ void printOn(const PrintTarget& target, const PrintJob& job, QWidget* parent) {
 
 QString askForPdf(const PrintJob& job, QWidget* parent) {
   const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-  QString path = QFileDialog::getSaveFileName(parent, "Salvare ca PDF",
-                                              documents.filePath(fileNameOf(job) + QStringLiteral(".pdf")),
-                                              "Fisiere PDF (*.pdf)");
-  if (!path.isEmpty() && !path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))
-    path += QStringLiteral(".pdf");
-  return path;
+  const QString ending = QStringLiteral(".pdf");
+  return askSaveName(parent, "Salvare ca PDF", documents.filePath(fileNameOf(job) + ending),
+                     "Fisiere PDF (*.pdf)", [&ending](const QString& path, const QString& /*filter*/) {
+                       return path.endsWith(ending, Qt::CaseInsensitive) ? path : path + ending;
+                     });
 }
 
 }  // namespace
