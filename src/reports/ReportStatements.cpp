@@ -201,12 +201,14 @@ Recordset supplierTurnoverRows(const ReportChoice& choice) {
 Recordset deliveryNoteRows(const ReportChoice& choice) {
   if (session().ModAudio)
     return read(
-        QStringLiteral("SELECT O.NumarComanda AS ID, 'AE' AS TIP, O.DataComanda AS DATADOC, O.CodClient AS "
-                       "CODTERT, O.NumeClient AS NUME, O.CodArticol AS ARTID, O.Articol AS DENART, "
-                       "O.CantitateComandata AS CANT, O.ValoareFT AS PRETFT, O.CantitateNelivrata AS "
-                       "CANTRAMASA, CASE WHEN O.Factura IS NULL THEN NULL ELSE 'FC' || O.Factura END AS "
-                       "REFERINTA, O.DataLiv AS DATASOLD FROM (%1) AS O WHERE O.DataComanda >= ? ORDER BY "
-                       "%2O.NumeClient NULLS FIRST, O.CodClient NULLS FIRST, O.DataComanda, O.NumarComanda")
+        QStringLiteral(
+            "SELECT O.NumarComanda AS ID, 'AE' AS TIP, O.DataComanda AS DATADOC, O.CodClient AS "
+            "CODTERT, O.NumeClient AS NUME, O.CodArticol AS ARTID, O.Articol AS DENART, "
+            "O.CantitateComandata AS CANT, O.ValoareFT AS PRETFT, O.CantitateNelivrata AS "
+            "CANTRAMASA, ROUND_EVEN(O.CantitateNelivrata * O.ValoareFT, 2) AS ValoareRamasa, CASE WHEN "
+            "O.Factura IS NULL THEN NULL ELSE 'FC' || O.Factura END AS "
+            "REFERINTA, O.DataLiv AS DATASOLD FROM (%1) AS O WHERE O.DataComanda >= ? ORDER BY "
+            "%2O.NumeClient NULLS FIRST, O.CodClient NULLS FIRST, O.DataComanda, O.NumarComanda")
             .arg(deviceOrders(choice),
                  choice.has("optArticole") ? QStringLiteral("O.CodArticol NULLS FIRST, ") : QString()),
         {choice.dates["DTPickerPanala"], choice.dates["DTPickerDeLa"]}, {"DATADOC", "DATASOLD"});
@@ -219,7 +221,8 @@ Recordset deliveryNoteRows(const ReportChoice& choice) {
   return read(
       "SELECT D.ID AS ID, D.TIP AS TIP, D.DATADOC AS DATADOC, D.CODTERT AS CODTERT, T.NUME AS NUME, "
       "L.ARTID AS ARTID, A.DENART AS DENART, L.CANT AS CANT, L.PRETFT AS PRETFT, L.CANTRAMASA AS "
-      "CANTRAMASA, L.REFERINTA AS REFERINTA, L.DATASOLD AS DATASOLD FROM " +
+      "CANTRAMASA, ROUND_EVEN(L.CANTRAMASA * L.PRETFT, 2) AS ValoareRamasa, L.REFERINTA AS REFERINTA, "
+      "L.DATASOLD AS DATASOLD FROM " +
           kLedger +
           " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID INNER JOIN kt_ter AS T ON T.COD = D.CODTERT" +
           whereOf(where) + " ORDER BY " + first + "T.NUME NULLS FIRST, D.CODTERT, D.DATADOC, D.ID, L.LINIE",

@@ -131,7 +131,7 @@ StockReport orderReport(const QString& window, const QString& caption, const QSt
                     {"CantitateComandata", "Comandat", Shown::Quantity, 12, true},
                     {"CantitateLivrata", "Livrat", Shown::Quantity, 12, true},
                     {"CantitateNelivrata", "Ramas", Shown::Quantity, 12, true},
-                    {"ValoareFT", "Pret", Shown::Amount, 10},
+                    {"ValoareFT", "Pret", Shown::Price, 10},
                     {"ValoareRamasa", "Valoare ramasa", Shown::Amount, 14, true},
                     {"DataLivrare", "Data livrarii", Shown::Date}};
   report.links = {"NumarComanda", partnerCode == "C" ? "CC" : "CF", "CodArticol", partner};
@@ -159,7 +159,8 @@ StockReport deliveryNotes() {
                     {"DENART", "Articol", Shown::Text, 30},
                     {"CANT", "Livrat", Shown::Quantity, 12, true},
                     {"CANTRAMASA", "Ramas", Shown::Quantity, 12, true},
-                    {"PRETFT", "Pret", Shown::Amount, 10},
+                    {"PRETFT", "Pret", Shown::Price, 10},
+                    {"ValoareRamasa", "Valoare ramasa", Shown::Amount, 14, true},
                     {"REFERINTA", "Preluat de", Shown::Text, 12}};
   report.links = {"ID", {}, "ARTID", "NUME"};
   report.variables = orderVariables("C");
@@ -275,7 +276,7 @@ StockReport availableStock() {
                     {"Iesiri", "Iesiri", Shown::Quantity, 12, true},
                     {"Rezervat", "Rezervat", Shown::Quantity, 12, true},
                     {"STOC", "Disponibil", Shown::Quantity, 12, true},
-                    {"PRETVFT", "Pret", Shown::Amount, 10},
+                    {"PRETVFT", "Pret", Shown::Price, 10},
                     {"COST", "Valoare la cost", Shown::Amount, 14, true},
                     {"Valoare", "Valoare", Shown::Amount, 14, true}};
   report.links = {{}, {}, "CODART", {}};
@@ -304,8 +305,8 @@ StockReport costOfSales() {
                     {"CODARTICOL", "Cod articol", Shown::Text, 14},
                     {"DENMARFA", "Articol", Shown::Text, 30},
                     {"CANTITATE", "Cantitate", Shown::Quantity, 12, false, "CantitateCuSemn"},
-                    {"PRETVANZAR", "Pret", Shown::Amount, 10},
-                    {"COSTUNITAR", "Cost", Shown::Amount, 10},
+                    {"PRETVANZAR", "Pret", Shown::Price, 10},
+                    {"COSTUNITAR", "Cost", Shown::Price, 10},
                     {"ValoareVanzare", "Valoare vanzare", Shown::Amount, 14, true},
                     {"ValoareCost", "Valoare cost", Shown::Amount, 14, true},
                     {"Marja", "Marja", Shown::Amount, 12, true}};
@@ -372,7 +373,7 @@ std::vector<StockReport> allReports() {
                     {"DENART", "Articol", Shown::Text, 30},
                     {"UM", "UM", Shown::Text, 5},
                     {"CANT", "Cantitate", Shown::Quantity, 12, true},
-                    {"PRETFT", "Pret", Shown::Amount, 10},
+                    {"PRETFT", "Pret", Shown::Price, 10},
                     {"VALOAREFT", "Valoare", Shown::Amount, 14, true},
                     {"VALTVA", "TVA", Shown::Amount, 12, true}};
   issues.links = {"ID", {}, "ARTID", "NUME"};

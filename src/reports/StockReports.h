@@ -46,7 +46,7 @@ struct ReportFrame {
 
 /// A column of the rows on the screen.
 struct ReportColumn {
-  enum class Kind { Text, Whole, Amount, Quantity, Date };
+  enum class Kind { Text, Whole, Amount, Price, Quantity, Date };
   QString field;
   QString caption;
   Kind kind = Kind::Text;

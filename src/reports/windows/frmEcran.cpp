@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QShortcut>
 
+#include "config/Session.h"
 #include "store/windows/BrowserForm.h"
 #include "store/windows/ListExport.h"
 #include "store/windows/TDBGrid.h"
@@ -22,10 +23,12 @@ constexpr int kQuantityShown = 3;  // decimals
 
 GridColumn gridColumn(const ReportColumn& column) {
   using Shown = ReportColumn::Kind;
-  const CellFormat formats[] = {CellFormat::Text, CellFormat::Integer, CellFormat::Number, CellFormat::Number,
-                                CellFormat::Date};
-  return {column.field, column.caption, formats[static_cast<int>(column.kind)], column.width,
-          column.kind == Shown::Quantity ? kQuantityShown : 2};
+  const CellFormat formats[] = {CellFormat::Text,   CellFormat::Integer, CellFormat::Number,
+                                CellFormat::Number, CellFormat::Number,  CellFormat::Date};
+  const int decimals = column.kind == Shown::Quantity ? kQuantityShown
+                       : column.kind == Shown::Price  ? session().NrZec
+                                                      : 2;
+  return {column.field, column.caption, formats[static_cast<int>(column.kind)], column.width, decimals};
 }
 
 }  // namespace
