@@ -23,6 +23,7 @@ bool measureInvoicePrint(Store store);
 bool measureJournals(Store store);
 bool measureReports(Store store);
 bool measureStockReports(Store store);
+bool measureFigures(Store store);
 bool measureHearing(Store store);
 bool measureEInvoices(Store store);
 bool measureSheetImport(Store store);

@@ -29,6 +29,7 @@ const Bench kBenches[] = {
     {"print", velmar::bench::measureInvoicePrint},
     {"reports", velmar::bench::measureReports},
     {"stockreports", velmar::bench::measureStockReports},
+    {"figures", velmar::bench::measureFigures},
     {"hearing", velmar::bench::measureHearing},
     {"einvoice", velmar::bench::measureEInvoices},
     {"sheetimport", velmar::bench::measureSheetImport},

@@ -47,10 +47,10 @@ QDate lastLateDay(const QDate& today) {
 
 // Whether a row of kInvoices is late; its values are those of lateValues().
 const QString kLate = QStringLiteral("(COALESCE(E.STARE, '') NOT IN (?, ?) AND NOT ") + kAbroad +
-                      QStringLiteral(" AND D.DATADOC <= ? AND (D.DATADOC >= ? OR D.DATADOC >= ? AND NOT ") +
-                      kPerson + QStringLiteral("))");
+                      QStringLiteral(" AND D.DATADOC BETWEEN ? AND ? AND (D.DATADOC >= ? OR NOT ") + kPerson +
+                      QStringLiteral("))");
 Values lateValues(const QDate& today) {
-  return {einvoice::kSent, einvoice::kAccepted, lastLateDay(today), kPersons, kFirms};
+  return {einvoice::kSent, einvoice::kAccepted, kFirms, lastLateDay(today), kPersons};
 }
 
 // The stored file of a document; an empty row without one.
