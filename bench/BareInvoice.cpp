@@ -1,10 +1,8 @@
 #include "BareInvoice.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
-#include "store/Schema.h"
 #include "util/Errors.h"
 
 namespace velmar::bench {
@@ -14,40 +12,6 @@ namespace {
 constexpr std::string_view kMoment = "2026-03-15 10:00:00.000";
 
 double rounded(double value, double scale) { return std::nearbyint(value * scale) / scale; }
-
-// Document numbers in keys with a prefix.
-struct Keys {
-  QString table;
-  QString column;
-  int prefix = 0;
-  QString condition;
-};
-
-Keys drafts() { return {QStringLiteral("G_FACCLI"), QStringLiteral("NUMFAC"), 0, {}}; }
-
-Keys ledger(const char* kind) {
-  return {QStringLiteral("G_DOCUME"), QStringLiteral("ID"), 2,
-          QStringLiteral("TIP = '%1' AND ").arg(QLatin1String(kind))};
-}
-
-// The highest key of each length with a number of plain digits: one index lookup for each.
-std::string plain(const Keys& keys) {
-  QStringList lengths;
-  for (int length = 1; length <= kPlainDigits; ++length)
-    lengths.append(QStringLiteral("SELECT %1 AS LEN").arg(keys.prefix + length));
-  return QStringLiteral(
-             "SELECT (SELECT %1 FROM %2 WHERE %3LENGTH(%1) = LENGTHS.LEN AND %4 ORDER BY %1 DESC LIMIT 1) "
-             "AS LAST FROM (%5) AS LENGTHS")
-      .arg(keys.column, keys.table, keys.condition, plainNumber(keyNumber(keys.column, keys.prefix)),
-           lengths.join(QStringLiteral(" UNION ALL ")))
-      .toStdString();
-}
-
-std::string odd(const Keys& keys) {
-  return QStringLiteral("SELECT %1 FROM %2 WHERE %3%4")
-      .arg(keys.column, keys.table, keys.condition, oddNumber(keys.column, keys.prefix))
-      .toStdString();
-}
 
 // The costs of articles of that origin, by groups.
 std::string costsBy(const std::string& groups, const std::string& origin) {
@@ -61,28 +25,17 @@ std::string costsBy(const std::string& groups, const std::string& origin) {
 
 BareInvoice::BareInvoice(const QString& path)
     : connection_(path),
-      ranges_(connection_.prepare("SELECT SERIEFC, FCSTART, FCEND FROM kt_par ORDER BY ID")),
-      draftsPlain_(connection_.prepare(plain(drafts()).c_str())),
-      draftsOdd_(connection_.prepare(odd(drafts()).c_str())),
-      invoicesPlain_(connection_.prepare(plain(ledger("FC")).c_str())),
-      invoicesOdd_(connection_.prepare(odd(ledger("FC")).c_str())),
-      stornosPlain_(connection_.prepare(plain(ledger("FS")).c_str())),
-      stornosOdd_(connection_.prepare(odd(ledger("FS")).c_str())),
+      number_(connection_, "FC"),
       header_(connection_.prepare("SELECT Magazie, CODCLI, MODREG, DATASCAD, OBS, SERIE FROM G_FACCLI "
                                   "WHERE NUMFAC = ? AND VALIDAT = 0")),
       lines_(connection_.prepare("SELECT NRLINIE, CODART, CANT, ValoareFTCuDiscount, VALOAREFT, VALOARETVA "
                                  "FROM G_LFACCL WHERE NUMFAC = ? ORDER BY NRLINIE")),
       rate_(connection_.prepare("SELECT PROCENT, CONT FROM kt_cote WHERE COD = 2")),
       method_(connection_.prepare("SELECT TCOST FROM kt_info")),
-      stock_(connection_.prepare("SELECT CANT FROM G_STOCMAG WHERE ARTID = ? AND CODMAG = 1")),
-      ordered_(connection_.prepare(
-          "SELECT SUM(L.CANT - COALESCE(L.CANTLIV, 0)) FROM G_COMCLI C JOIN G_LCOMCL L ON C.NUMCOM = "
-          "L.NUMCOM WHERE L.CODART = ? AND C.VALIDAT = -1")),
-      article_(connection_.prepare("SELECT FARASTOC, STOC FROM G_ARTMAG WHERE CODART = ?")),
-      lots_(connection_.prepare("SELECT L.DOCID, L.LINIE, L.CANTRAMASA, L.PRETFT, L.COST FROM G_LDOCUM L "
-                                "JOIN G_DOCUME D ON D.ID = L.DOCID WHERE L.ARTID = ? AND L.CANTRAMASA > 0 "
-                                "AND SUBSTR(L.DOCID, 1, 2) IN ('FF', 'BI', 'FI', 'FS', 'NR') "
-                                "ORDER BY D.DATADOC, L.DATA, L.DOCID, L.LINIE")),
+      stock_(connection_.prepare(kStockRead)),
+      ordered_(connection_.prepare(kOrderedRead)),
+      article_(connection_.prepare(kArticleRead)),
+      lots_(connection_.prepare(kLotsRead)),
       rest_(connection_.prepare("UPDATE G_LDOCUM SET CANTRAMASA = ? WHERE DOCID = ? AND LINIE = ?")),
       link_(connection_.prepare(
           "INSERT INTO G_I_E (ID_E, TIP_E, ID_I, CODART, CANT) VALUES (?, 'FC', ?, ?, ?)")),
@@ -114,7 +67,7 @@ BareInvoice::BareInvoice(const QString& path)
           "NULLIF(?, ''), NULLIF(?, 0), NULLIF(?, 0), NULLIF(?, 0), ?, 0, 0, 0)")) {}
 
 void BareInvoice::validate(const QString& number) {
-  nextNumber();
+  number_.next();
   const std::string draft = number.toStdString();
   connection_.beginWrite();
   const Head head = headOf(draft);
@@ -130,24 +83,6 @@ void BareInvoice::validate(const QString& number) {
   mark_.bind(1, draft).run();
   writeNotes(draft, head, rate);
   connection_.run("COMMIT");
-}
-
-double BareInvoice::nextNumber() {
-  ranges_.run();
-  return 1 + std::max({highest(draftsPlain_, draftsOdd_, 0), highest(invoicesPlain_, invoicesOdd_, 2),
-                       highest(stornosPlain_, stornosOdd_, 2)});
-}
-
-double BareInvoice::highest(BareStatement& plain, BareStatement& odd, size_t prefix) {
-  double most = 0;
-  for (BareStatement* statement : {&plain, &odd}) {
-    while (statement->step()) {
-      const std::string key(statement->text(0));
-      if (key.size() > prefix) most = std::max(most, std::strtod(key.c_str() + prefix, nullptr));
-    }
-    statement->reset();
-  }
-  return most;
 }
 
 BareInvoice::Head BareInvoice::headOf(const std::string& number) {

@@ -5,9 +5,22 @@
 #include <vector>
 
 #include "Bare.h"
+#include "BareNumber.h"
 #include "Validated.h"
 
 namespace velmar::bench {
+
+/// What an issue reads for each line; bound to the article's code.
+inline constexpr const char* kStockRead = "SELECT CANT FROM G_STOCMAG WHERE ARTID = ? AND CODMAG = 1";
+inline constexpr const char* kOrderedRead =
+    "SELECT SUM(L.CANT - COALESCE(L.CANTLIV, 0)) FROM G_COMCLI C JOIN G_LCOMCL L ON C.NUMCOM = "
+    "L.NUMCOM WHERE L.CODART = ? AND C.VALIDAT = -1";
+inline constexpr const char* kArticleRead = "SELECT FARASTOC, STOC FROM G_ARTMAG WHERE CODART = ?";
+inline constexpr const char* kLotsRead =
+    "SELECT L.DOCID, L.LINIE, L.CANTRAMASA, L.PRETFT, L.COST FROM G_LDOCUM L "
+    "JOIN G_DOCUME D ON D.ID = L.DOCID WHERE L.ARTID = ? AND L.CANTRAMASA > 0 "
+    "AND SUBSTR(L.DOCID, 1, 2) IN ('FF', 'BI', 'FI', 'FS', 'NR') "
+    "ORDER BY D.DATADOC, L.DATA, L.DOCID, L.LINIE";
 
 class BareInvoice : public BareValidation {
  public:
@@ -39,8 +52,6 @@ class BareInvoice : public BareValidation {
     std::string account;
   };
 
-  double nextNumber();
-  double highest(BareStatement& plain, BareStatement& odd, size_t prefix);
   Head headOf(const std::string& number);
   void takeLots(Sold& line, const std::string& number);
   void writeLedger(const std::string& number, const Head& head, const Rate& rate,
@@ -48,7 +59,7 @@ class BareInvoice : public BareValidation {
   void writeNotes(const std::string& number, const Head& head, const Rate& rate);
 
   BareConnection connection_;
-  BareStatement ranges_, draftsPlain_, draftsOdd_, invoicesPlain_, invoicesOdd_, stornosPlain_, stornosOdd_;
+  BareNumber number_;
   BareStatement header_, lines_, rate_, method_, stock_, ordered_, article_, lots_;
   BareStatement rest_, link_, cost_, draftCost_, ledger_, ledgerLine_, figures_, mark_;
   BareStatement parameters_, sales_, goods_, products_, lastNote_, noteLine_;

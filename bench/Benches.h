@@ -11,6 +11,15 @@ namespace velmar::bench {
 
 bool measureVouchers(Store store);
 bool measureInvoices(Store store);
+bool measureDeliveryNotes(Store store);
+bool measureInvoicesFromNotes(Store store);
+bool measureFilling(Store store);  ///< a part of measureInvoicesFromNotes()
+bool measureStornos(Store store);
+bool measureTransfers(Store store);
+bool measureReceiptNotes(Store store);
+bool measureCustomerOrders(Store store);
+bool measureSupplierOrders(Store store);
+bool measureProformas(Store store);
 bool measureStock(Store store);
 bool measureWriters(Store store);
 bool checkPlans(Store store);

@@ -10,6 +10,7 @@
 
 #include "Bare.h"
 #include "config/Session.h"
+#include "DraftFill.h"
 #include "store/CompanyCopy.h"
 #include "store/Database.h"
 #include "store/DatabaseFiles.h"
@@ -147,7 +148,7 @@ void fillMasters(BareConnection& connection, int articles) {
   connection.prepare(kFillArticles).bind(1, articles).run();
 }
 
-void fillDrafts(BareConnection& connection) {
+void fillVouchers(BareConnection& connection) {
   for (const int lines : {kSmallDocument, kLargeDocument}) {
     connection.prepare(kFillDraftHeaders).bind(1, lines).bind(2, kDrafts - 1).run();
     connection.prepare(kFillDraftLines).bind(1, lines).bind(2, kDrafts - 1).run();
@@ -157,7 +158,7 @@ void fillDrafts(BareConnection& connection) {
 const QString& emptyLedger() {
   static const QString path = filled(QStringLiteral("gol.mdb"), [](BareConnection& connection) {
     fillMasters(connection, kCatalogue);
-    fillDrafts(connection);
+    fillVouchers(connection);
   });
   return path;
 }
@@ -168,7 +169,7 @@ const QString& millionLines() {
     fillMasters(connection, kCatalogue);
     connection.run(kFillLedger);
     connection.run(kFillNotes);
-    fillDrafts(connection);
+    fillVouchers(connection);
   });
   return path;
 }
@@ -188,6 +189,7 @@ const QString& trade() {
   static const QString path = filled(QStringLiteral("comert.mdb"), [](BareConnection& connection) {
     fillMasters(connection, kCatalogue);
     fillTrade(connection, kSmallTrade);
+    fillDrafts(connection);
   });
   return path;
 }
@@ -197,6 +199,7 @@ const QString& grownTrade() {
     progress(QStringLiteral("Se umple comertul cu 1.000.000 de linii"));
     fillMasters(connection, kCatalogue);
     fillTrade(connection, kLargeTrade);
+    fillDrafts(connection);
     connection.run(kFillNotes);
   });
   return path;

@@ -24,7 +24,7 @@ enum class CompanySize {
   EmptyLedger,   ///< 10,000 articles, the drafts, nothing validated
   MillionLines,  ///< as EmptyLedger, with 1,000,000 lines of 50,000 documents and 500,000 of notes
   Grown,         ///< as MillionLines, without drafts, with 100,000 articles and 50,000 partners
-  Trade,         ///< 10,000 articles, a ledger of 10,000 lines, drafts of customer invoices (TradeFill.h)
+  Trade,         ///< 10,000 articles, a ledger of 10,000 lines, drafts of trade (TradeFill.h, DraftFill.h)
   GrownTrade     ///< as Trade, with 1,000,000 lines of 50,000 documents and 500,000 of notes
 };
 

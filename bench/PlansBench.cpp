@@ -46,7 +46,7 @@ QStringList statementsOf(const Validated& kind) {
   DocumentEditor editor(kind.prefix);
   database().takeRecordedStatements();
   proposeNumber(editor.kind());
-  editor.open(draftNumber(kLargeDocument, kDrafts - 1));
+  editor.open(kind.number(kLargeDocument, kind.drafts - 1));
   const QHash<QString, QString> typed = editor.headerTexts();
   editor.checkValidation(typed);
   editor.checkLines();

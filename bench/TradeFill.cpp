@@ -10,7 +10,8 @@ namespace {
 
 constexpr const char* kSettings =
     "UPDATE kt_info SET TCOST = 'FIFO'; "
-    "UPDATE kt_par SET SERIEFC = 'VEL', FCSTART = '1', FCEND = '9999999'; "
+    "UPDATE kt_par SET SERIEFC = 'VEL', FCSTART = '1', FCEND = '9999999', SERIEAE = 'AVZ', "
+    "AESTART = '1', AEEND = '99999999'; "
     "UPDATE G_ARTMAG SET PROVENIENTA = 'M'";
 
 // The documents in order: ?1 documents with ?2 articles. One third of those before document ?3 are issues.

@@ -8,30 +8,38 @@
 #include "documents/LineChecks.h"
 #include "documents/Validation.h"
 #include "Fixture.h"
+#include "OtherKinds.h"
 #include "Validated.h"
 
 namespace velmar::bench {
 
 namespace {
 
-constexpr int kBlock = 3;
 constexpr int kSizes[] = {kSmallDocument, kLargeDocument};
 
-// Two companies of one size, and the times by number of lines.
+// The times by number of lines.
+using Pairs = QHash<int, Pair>;
+
+// Two companies of one size.
 struct Contest {
-  Contest(Store store, const Validated& what, CompanySize size, const QString& name)
+  Contest(Store store, const Validated& what, CompanySize which, const QString& name, Pairs& times)
       : kind(what),
+        size(which),
         mine(copyOfCompany(store, size, name + QStringLiteral("-noi.mdb"))),
-        theirs(copyOfCompany(store, size, name + QStringLiteral("-direct.mdb"))) {}
+        theirs(copyOfCompany(store, size, name + QStringLiteral("-direct.mdb"))),
+        pairs(times) {
+    if (kind.prepare)
+      for (const Used* company : {&mine, &theirs}) kind.prepare(company->path);
+  }
 
   // A few rounds in sequence; the first after opening the files is not counted. The order alternates, since
   // an operation that follows a disk write may be slowed down by it.
   void measureBlock() {
+    const auto bare = kind.bareOn(theirs.path, size);
     const OpenCompany company(mine.path);
-    const auto bare = kind.bare(theirs.path);
-    for (int round = 0; round <= kBlock; ++round, ++draft)
+    for (int round = 0; round <= blockRounds(); ++round, ++draft)
       for (const int lines : kSizes) {
-        const QString number = draftNumber(lines, draft);
+        const QString number = kind.number(lines, draft);
         const auto validatedBare = [&] { return timed([&] { bare->validate(number); }); };
         const bool bareBegins = draft % 2 == 1;
         double bareTime = bareBegins ? validatedBare() : 0;
@@ -46,39 +54,47 @@ struct Contest {
   bool agrees() const { return agree(kind, mine.path, theirs.path); }
 
   const Validated& kind;
+  CompanySize size;
   Used mine;
   Used theirs;
   int draft = 0;
-  QHash<int, Pair> pairs;
+  Pairs& pairs;
 };
 
-struct Ledger {
-  QString name;
-  const Contest* contest;
-};
-
-// One block on the small company, without times.
-bool checkValidation(Store store, const Validated& kind) {
-  Contest contest(store, kind, kind.small, kind.bench + QStringLiteral("-proba"));
-  contest.measureBlock();
-  return printAgreement(contest.agrees());
+// All blocks of a pair of copies of each size, which are then removed. Quick: of one size.
+bool measureCopies(Store store, const Validated& kind, Pairs& small, Pairs& large) {
+  bool held = true;
+  QStringList paths;
+  {
+    std::vector<std::unique_ptr<Contest>> contests;
+    const auto add = [&](CompanySize size, const char* name, Pairs& pairs) {
+      contests.push_back(
+          std::make_unique<Contest>(store, kind, size, kind.bench + QLatin1String(name), pairs));
+      paths << contests.back()->mine.path << contests.back()->theirs.path;
+    };
+    add(kind.small, "-mic", small);
+    if (!isQuick()) add(kind.large, "-mare", large);
+    for (int done = 0; done < kind.measuredDrafts(); done += blockRounds() + 1)
+      for (const auto& contest : contests) contest->measureBlock();
+    for (const auto& contest : contests) held = contest->agrees() && held;
+  }
+  for (const QString& path : paths) removeCompany(path);
+  return held;
 }
 
 bool measureValidation(Store store, const Validated& kind) {
-  if (isQuick()) return checkValidation(store, kind);
-  Contest small(store, kind, kind.small, kind.bench + QStringLiteral("-mic"));
-  Contest large(store, kind, kind.large, kind.bench + QStringLiteral("-mare"));
-  for (int block = 0; block < kRounds / kBlock; ++block) {
-    small.measureBlock();
-    large.measureBlock();
-  }
+  Pairs small, large;
+  bool held = true;
+  for (int copy = 0; copy < (isQuick() ? 1 : kind.copies); ++copy)
+    held = measureCopies(store, kind, small, large) && held;
+  if (isQuick()) return printAgreement(held);
   printHeading(store, kind.bench + QStringLiteral(": ") + kind.title, kContestColumns);
   for (const int lines : kSizes)
-    for (const Ledger& ledger : {Ledger{kind.smallName, &small}, Ledger{kind.largeName, &large}})
-      printRatio(store, kind.bench, QStringLiteral("%1 linii, %2").arg(QString::number(lines), ledger.name),
-                 ledger.contest->pairs[lines], kind.ratioAim);
-  for (const int lines : kSizes) printGrowth(lines, small.pairs[lines], large.pairs[lines]);
-  return printAgreement(small.agrees() && large.agrees());
+    for (const auto& [name, pairs] : {std::pair(kind.smallName, &small), std::pair(kind.largeName, &large)})
+      printRatio(store, kind.bench, QStringLiteral("%1 linii, %2").arg(QString::number(lines), name),
+                 (*pairs)[lines], kind.ratioAim);
+  for (const int lines : kSizes) printGrowth(lines, small[lines], large[lines], kind.growthBesideBare);
+  return printAgreement(held);
 }
 
 // The checks before a validation. They write nothing, so both use one company.
@@ -88,7 +104,7 @@ struct Checks {
   void measureBlock() {
     const OpenCompany company(used.path);
     BareInvoice bare(used.path);
-    for (int round = 0; round <= kBlock; ++round, ++draft)
+    for (int round = 0; round <= blockRounds(); ++round, ++draft)
       for (const int lines : kSizes) {
         const QString number = draftNumber(lines, draft);
         DocumentEditor editor(invoices().prefix);
@@ -119,7 +135,7 @@ bool measureChecks(Store store) {
   const Validated& kind = invoices();
   Checks small(store, kind.small, QStringLiteral("intrebari-mic.mdb"));
   Checks large(store, kind.large, QStringLiteral("intrebari-mare.mdb"));
-  for (int block = 0; block < kRounds / kBlock; ++block) {
+  for (int block = 0; block < kRounds / blockRounds(); ++block) {
     small.measureBlock();
     large.measureBlock();
   }
@@ -139,6 +155,19 @@ bool measureChecks(Store store) {
 }
 
 }  // namespace
+
+bool measureDeliveryNotes(Store store) { return measureValidation(store, deliveryNotes()); }
+bool measureStornos(Store store) { return measureValidation(store, stornos()); }
+bool measureTransfers(Store store) { return measureValidation(store, transfers()); }
+bool measureReceiptNotes(Store store) { return measureValidation(store, receiptNotes()); }
+bool measureCustomerOrders(Store store) { return measureValidation(store, customerOrders()); }
+bool measureSupplierOrders(Store store) { return measureValidation(store, supplierOrders()); }
+bool measureProformas(Store store) { return measureValidation(store, proformas()); }
+
+bool measureInvoicesFromNotes(Store store) {
+  const bool held = measureValidation(store, invoicesFromNotes());
+  return measureFilling(store) && held;
+}
 
 bool measureVouchers(Store store) { return measureValidation(store, vouchers()); }
 
