@@ -272,7 +272,7 @@ Document Drafts::requireAsShown(const ShownDraft& shown) const {
   const Table& table = companyTable(kind_.lineTable);
   const bool isSame = std::equal(document->lines.begin(), document->lines.end(), shown.lines.begin(),
                                  shown.lines.end(), [&table](const Row& stored, const Row& line) {
-                                   return differingColumns(table, stored, line).isEmpty();
+                                   return stored == line || differingColumns(table, stored, line).isEmpty();
                                  });
   if (!isSame) throw RuleError(kChanged);
   return *document;

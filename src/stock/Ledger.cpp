@@ -96,6 +96,7 @@ void writeLedger(const std::vector<LedgerDocument>& documents, const QDateTime& 
   QStringList keys;
   std::vector<Values> heads;
   std::vector<Values> rows;
+  const Value written(moment);
   for (const LedgerDocument& document : documents) {
     keys.append(document.key.text());
     Values head{moment.date(), moment.time(), session().gUtilizator};
@@ -103,7 +104,7 @@ void writeLedger(const std::vector<LedgerDocument>& documents, const QDateTime& 
     heads.push_back(std::move(head));
     int number = 0;
     for (const LedgerLine& line : document.lines) {
-      Values row{keys.last(), ++number, moment, document.warehouse};
+      Values row{keys.last(), ++number, written, document.warehouse};
       appendCells(lineColumns(), line, row);
       rows.push_back(std::move(row));
     }

@@ -35,6 +35,8 @@ Value Value::raw(const QVariant& data) {
 
 Columns::Columns(const QStringList& names) : names_(names) {
   for (int i = 0; i < names.size(); ++i) positions_.insert(names[i].toUpper(), i);
+  for (int i = 0; i < names.size(); ++i)
+    if (!positions_.contains(names[i])) positions_.insert(names[i], positions_.value(names[i].toUpper()));
 }
 
 int Columns::indexOf(const QString& name) const {
@@ -56,6 +58,12 @@ const QVariant& Row::value(const QString& column) const {
   const int position = columns_ ? columns_->indexOf(column) : -1;
   if (position < 0) throw StoreError(0, QStringLiteral("Lipseste coloana %1").arg(column));
   return cells_[static_cast<size_t>(position)];
+}
+
+bool Row::operator==(const Row& other) const {
+  const bool sameColumns =
+      columns_ == other.columns_ || (columns_ && other.columns_ && columns() == other.columns());
+  return sameColumns && cells_ == other.cells_;
 }
 
 void Row::set(const QString& column, const Value& value) {

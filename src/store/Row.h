@@ -77,6 +77,9 @@ class Row {
 
   const QStringList& columns() const { return columns_->names(); }
 
+  /// The same columns in the same order, and the same raw values.
+  bool operator==(const Row& other) const;
+
  private:
   std::shared_ptr<const Columns> columns_;
   std::vector<QVariant> cells_;
