@@ -58,6 +58,9 @@ class KindRules {
   /// Columns whose sums are shown in the footers.
   virtual QStringList totalColumns() const = 0;
 
+  /// Whether goods enter or leave the stock with the document.
+  virtual bool movesStock(const Document& /*document*/) const { return true; }
+
   /// Reads the inputs that only this kind needs.
   virtual void readInputs(const Document& document, PlanInputs& inputs) const;
 

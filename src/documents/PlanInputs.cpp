@@ -37,7 +37,9 @@ PlanInputs readInputs(const Document& document) {
   inputs.today = clock::today();
   const QStringList codes = articlesOf(document.lines);
   inputs.articles = readArticles(codes);
-  if (inputs.isFifo() && ledgerKind(document.kind->id).takesLots) inputs.lots = OpenLots::read(codes);
+  const KindRules& rules = *document.kind->rules;
+  if (inputs.isFifo() && ledgerKind(document.kind->id).takesLots && rules.movesStock(document))
+    inputs.lots = OpenLots::read(codes);
   for (const HeaderField& field : document.kind->headerFields) {
     const bool isVat =
         field.type == HeaderFieldType::Percent && !document.kind->field(HeaderFieldType::VatRate);
@@ -50,7 +52,7 @@ PlanInputs readInputs(const Document& document) {
   std::vector<LedgerKey> sources;
   for (const TakenLine& taken : takenBy(*document.kind, document.lines)) sources.push_back(taken.source);
   inputs.sources = readSources(sources);
-  document.kind->rules->readInputs(document, inputs);
+  rules.readInputs(document, inputs);
   return inputs;
 }
 

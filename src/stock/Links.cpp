@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <QHash>
+#include <QSet>
 
 #include "store/Database.h"
 #include "store/Records.h"
@@ -40,6 +41,11 @@ QString inserted(const char* sql, const SourceTables& tables) {
       .replace(QStringLiteral("{date}"), QString::fromLatin1(tables.isDated ? "DATASOLD" : "NULL"));
 }
 
+// Of an article in a document.
+QString placeKey(const QString& document, const QString& article) {
+  return (document + u'\n' + article).toUpper();
+}
+
 void readOf(const SourceTables& tables, const std::vector<LedgerKey>& sources,
             std::vector<SourceLine>& lines) {
   QStringList numbers;
@@ -58,7 +64,7 @@ void readOf(const SourceTables& tables, const std::vector<LedgerKey>& sources,
     lines.push_back({{tables.kind, row.text("NUMBER")},
                      row.integer("NRLINIE"),
                      row.text("CODART"),
-                     places[(row.text("NUMBER") + u'\n' + row.text("CODART")).toUpper()]++,
+                     places[placeKey(row.text("NUMBER"), row.text("CODART"))]++,
                      quantity,
                      tables.isDelivered ? Round(quantity - stored, kQuantityDecimals) : stored,
                      row.text("REFERINTA"),
@@ -66,11 +72,51 @@ void readOf(const SourceTables& tables, const std::vector<LedgerKey>& sources,
   }
 }
 
-void writeOf(const SourceTables& tables, const std::vector<SourceLine>& lines) {
-  std::vector<Values> rests, ledger;
-  QStringList numbers;
-  for (const SourceLine& line : lines) {
+// The lines of ledger documents (LINIE), by document and article, in order.
+using LedgerPlaces = QHash<QString, std::vector<qint64>>;
+
+LedgerPlaces readPlaces(const QStringList& documents) {
+  LedgerPlaces places;
+  for (const Row& row : rowsOfKeys("SELECT DOCID, LINIE, ARTID FROM G_LDOCUM WHERE DOCID IN (%1) "
+                                   "ORDER BY DOCID, LINIE",
+                                   documents))
+    places[placeKey(row.text("DOCID"), row.text("ARTID"))].push_back(row.integer("LINIE"));
+  return places;
+}
+
+// Closes the headers without open lines, opens the others.
+void writeClosed(const SourceTables& tables, const QStringList& numbers) {
+  QSet<QString> open;  // in upper case
+  for (const Row& row : rowsOfKeys(inserted("SELECT DISTINCT {number} AS NUMBER FROM {lines} "
+                                            "WHERE {number} IN (%1) AND {column} > 0",
+                                            tables),
+                                   numbers))
+    open.insert(row.text("NUMBER").toUpper());
+  std::vector<Values> headers, ledger;
+  for (const QString& number : numbers) {
+    const bool isClosed = !open.contains(number.toUpper());
+    headers.push_back({isClosed, number});
+    ledger.push_back({isClosed, LedgerKey{tables.kind, number}.text()});
+  }
+  database().executeEach(inserted("UPDATE {headers} SET {closed} = ? WHERE {number} = ?", tables), headers);
+  if (tables.restInLedger) database().executeEach("UPDATE G_DOCUME SET VALIDAT = ? WHERE ID = ?", ledger);
+}
+
+void writeOf(const SourceTables& tables, const std::vector<SourceLine>& all) {
+  std::vector<SourceLine> lines;
+  QStringList numbers, documents;
+  for (const SourceLine& line : all) {
     if (line.source.kind != tables.kind) continue;
+    lines.push_back(line);
+    numbers.append(line.source.number);
+    documents.append(line.source.text());
+  }
+  if (lines.empty()) return;
+  numbers.removeDuplicates();
+  documents.removeDuplicates();
+  const LedgerPlaces places = readPlaces(documents);
+  std::vector<Values> rests, ledger;
+  for (const SourceLine& line : lines) {
     const Value date = line.date.isValid() ? Value(line.date) : Value();
     const Value reference = line.reference.isEmpty() ? Value() : Value(line.reference);
     const Decimal stored =
@@ -79,37 +125,23 @@ void writeOf(const SourceTables& tables, const std::vector<SourceLine>& lines) {
     if (tables.isDated) rest.push_back(date);
     rest.insert(rest.end(), {line.source.number, line.line});
     rests.push_back(std::move(rest));
+    const auto found = places.constFind(placeKey(line.source.text(), line.article));
+    if (found == places.constEnd() || static_cast<size_t>(line.place) >= found->size()) continue;
     Values values{reference, date};
     if (tables.restInLedger) values.insert(values.begin(), line.open);
-    values.insert(values.end(), {line.source.text(), line.source.text(), line.article, line.place});
+    values.insert(values.end(), {line.source.text(), (*found)[static_cast<size_t>(line.place)]});
     ledger.push_back(std::move(values));
-    numbers.append(line.source.number);
   }
-  numbers.removeDuplicates();
-  if (rests.empty()) return;
   database().executeEach(
       inserted("UPDATE {lines} SET {column} = ?, REFERINTA = ?%1 WHERE {number} = ? AND NRLINIE = ?", tables)
           .arg(tables.isDated ? QStringLiteral(", DATASOLD = ?") : QString()),
       rests);
-  database().executeEach(QStringLiteral("UPDATE G_LDOCUM SET %1REFERINTA = ?, DATASOLD = ? "
-                                        "WHERE DOCID = ? AND LINIE = (SELECT LINIE FROM G_LDOCUM WHERE "
-                                        "DOCID = ? AND ARTID = ? ORDER BY LINIE LIMIT 1 OFFSET ?)")
-                             .arg(tables.restInLedger ? QStringLiteral("CANTRAMASA = ?, ") : QString()),
-                         ledger);
-  if (*tables.closed == '\0') return;
-  for (const QString& number : numbers) {
-    const bool isOpen =
-        !database()
-             .query(
-                 inserted("SELECT {number} FROM {lines} WHERE {number} = ? AND {column} > 0 LIMIT 1", tables),
-                 {number})
-             .isEmpty();
-    database().execute(inserted("UPDATE {headers} SET {closed} = ? WHERE {number} = ?", tables),
-                       {!isOpen, number});
-    if (tables.restInLedger)
-      database().execute("UPDATE G_DOCUME SET VALIDAT = ? WHERE ID = ?",
-                         {!isOpen, LedgerKey{tables.kind, number}.text()});
-  }
+  if (!ledger.empty())
+    database().executeEach(
+        QStringLiteral("UPDATE G_LDOCUM SET %1REFERINTA = ?, DATASOLD = ? WHERE DOCID = ? AND LINIE = ?")
+            .arg(tables.restInLedger ? QStringLiteral("CANTRAMASA = ?, ") : QString()),
+        ledger);
+  if (*tables.closed != '\0') writeClosed(tables, numbers);
 }
 
 }  // namespace
@@ -129,12 +161,10 @@ std::optional<TakenLine> exceeding(const std::vector<TakenLine>& taken) {
   std::vector<LedgerKey> sources;
   for (const TakenLine& line : taken) sources.push_back(line.source);
   QHash<QString, Decimal> open;  // by source and article
-  const auto keyOf = [](const LedgerKey& source, const QString& article) {
-    return (source.text() + u'\n' + article).toUpper();
-  };
-  for (const SourceLine& line : readSources(sources)) open[keyOf(line.source, line.article)] += line.open;
+  for (const SourceLine& line : readSources(sources))
+    open[placeKey(line.source.text(), line.article)] += line.open;
   for (const TakenLine& line : taken) {
-    Decimal& left = open[keyOf(line.source, line.article)];
+    Decimal& left = open[placeKey(line.source.text(), line.article)];
     left -= line.quantity;
     if (left < 0) return line;
   }
@@ -152,20 +182,16 @@ std::vector<LedgerKey> ordersOf(const QString& invoice) {
 }
 
 OpenSources::OpenSources(std::vector<SourceLine> lines)
-    : lines_(std::move(lines)), isChanged_(lines_.size(), false) {}
-
-bool OpenSources::isOf(const SourceLine& line, const TakenLine& taken) const {
-  return line.source.kind == taken.source.kind &&
-         line.source.number.compare(taken.source.number, Qt::CaseInsensitive) == 0 &&
-         line.article.compare(taken.article, Qt::CaseInsensitive) == 0;
+    : lines_(std::move(lines)), isChanged_(lines_.size(), false) {
+  for (size_t i = 0; i < lines_.size(); ++i)
+    places_[placeKey(lines_[i].source.text(), lines_[i].article)].push_back(i);
 }
 
 void OpenSources::take(const TakenLine& taken, const LedgerKey& taker, const QDate& date) {
   Decimal wanted = taken.quantity;
   SourceLine* last = nullptr;
-  for (size_t i = 0; i < lines_.size(); ++i) {
+  for (const size_t i : places_.value(placeKey(taken.source.text(), taken.article))) {
     SourceLine& line = lines_[i];
-    if (!isOf(line, taken)) continue;
     last = &line;
     if (wanted.isZero() || line.open <= 0) continue;
     const Decimal part = line.open < wanted ? line.open : wanted;

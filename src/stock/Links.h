@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <QDate>
+#include <QHash>
 #include <QStringList>
 #include <vector>
 
@@ -58,9 +59,8 @@ class OpenSources {
   std::vector<SourceLine> changed() const;
 
  private:
-  bool isOf(const SourceLine& line, const TakenLine& taken) const;
-
   std::vector<SourceLine> lines_;
+  QHash<QString, std::vector<size_t>> places_;  ///< of the lines, by source and article
   std::vector<bool> isChanged_;
 };
 

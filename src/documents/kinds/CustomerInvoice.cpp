@@ -21,6 +21,8 @@ class CustomerInvoiceRules : public SaleRules {
       header.set("OBS", ValoareSql("SELECT CodTert FROM kt_ter WHERE COD = ?", {header.partner()}));
   }
 
+  bool movesStock(const Document& document) const override { return !comesFromNotes(document); }
+
  protected:
   // A return has the cost and price of the document that it refers to, if that contains the article.
   bool takeReturned(Row& line, const TypedHeader& header) const override {
@@ -34,8 +36,6 @@ class CustomerInvoiceRules : public SaleRules {
     line.set("PRETFT", found.isEmpty() ? Decimal(0) : found.first().decimal("PRETFT"));
     return true;
   }
-
-  bool movesStock(const Document& document) const override { return !comesFromNotes(document); }
 
   // Goods of a delivery note keep the cost at which they left.
   std::optional<Decimal> sourcedCost(const Row& line) const override {

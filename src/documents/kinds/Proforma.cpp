@@ -13,9 +13,9 @@ class ProformaRules : public SaleRules {
  public:
   ProformaRules() : SaleRules({.currencyPrice = "PRIXUV"}) {}
 
- protected:
   bool movesStock(const Document& /*document*/) const override { return false; }
 
+ protected:
   std::vector<NoteRule> notes(const Document& /*document*/, const PlanInputs& /*inputs*/,
                               const NoteTerms& /*terms*/) const override {
     return {};

@@ -51,9 +51,6 @@ class SaleRules : public KindRules {
   /// false when it refers to none.
   virtual bool takeReturned(Row& /*line*/, const TypedHeader& /*header*/) const { return false; }
 
-  /// Whether its goods leave the stock with it.
-  virtual bool movesStock(const Document& /*document*/) const { return true; }
-
   /// The cost of a line that came from another document; empty: it is that of an issue.
   virtual std::optional<Decimal> sourcedCost(const Row& /*line*/) const { return std::nullopt; }
 
