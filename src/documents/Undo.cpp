@@ -56,23 +56,35 @@ void readReturns(ValidatedDocument& document) {
     document.receiptIssued[row.text("CODART").toUpper()] += row.decimal("CANT");
 }
 
-// What the validated documents of the kind took from the sources.
+// What the validated documents of the kind took from the sources, by number and line.
 void readTakes(const DocumentKind& kind, const QStringList& sources,
                std::vector<std::pair<QDateTime, Take>>& takes) {
-  const QString sql =
-      QStringLiteral(
-          "SELECT L.%1 AS NUMBER, L.%2 AS SOURCE, L.CODART AS CODART, L.CANT AS CANT, D.DATADOC AS "
-          "DATADOC, D.DATAINTROD AS DATAINTROD, D.TIMP AS TIMP FROM %3 L INNER JOIN G_DOCUME D "
-          "ON D.ID = %4 WHERE L.%2 IN (%5) ORDER BY D.DATAINTROD, D.TIMP, L.%1, L.NRLINIE")
-          .arg(kind.numberColumn, kind.sourceColumn, kind.lineTable,
-               keyExpression(kind.id, QStringLiteral("L.") + kind.numberColumn), QStringLiteral("%1"));
-  for (const Row& row : rowsOfKeys(sql, sources)) {
-    const auto source = LedgerKey::of(row.text("SOURCE"));
-    const QDateTime moment(row.date("DATAINTROD"), row.value("TIMP").toTime());
+  // Sorted here: for the order of its key the engine might read the whole table.
+  std::vector<Row> lines = rowsOfKeys(
+      QStringLiteral("SELECT %1 AS NUMBER, NRLINIE, %2 AS SOURCE, CODART, CANT FROM %3 WHERE %2 IN (%4)")
+          .arg(kind.numberColumn, kind.sourceColumn, kind.lineTable, QStringLiteral("%1")),
+      sources);
+  std::sort(lines.begin(), lines.end(), [](const Row& a, const Row& b) {
+    return std::pair(a.text("NUMBER").toUpper(), a.integer("NRLINIE")) <
+           std::pair(b.text("NUMBER").toUpper(), b.integer("NRLINIE"));
+  });
+  const auto keyOf = [&kind](const Row& line) { return LedgerKey{kind.id, line.text("NUMBER")}.text(); };
+  QStringList keys;
+  for (const Row& line : lines) keys.append(keyOf(line));
+  keys.removeDuplicates();
+  QHash<QString, Row> documents;  // by key in upper case
+  for (const Row& row :
+       rowsOfKeys("SELECT ID, DATADOC, DATAINTROD, TIMP FROM G_DOCUME WHERE ID IN (%1)", keys))
+    documents.insert(row.text("ID").toUpper(), row);
+  for (const Row& line : lines) {
+    const Row document = documents.value(keyOf(line).toUpper());
+    if (document.isEmpty()) continue;
+    const auto source = LedgerKey::of(line.text("SOURCE"));
+    const QDateTime moment(document.date("DATAINTROD"), document.value("TIMP").toTime());
     takes.push_back({moment,
-                     {{*source, row.text("CODART"), row.decimal("CANT")},
-                      {kind.id, row.text("NUMBER")},
-                      source->kind == KindId::DeliveryNote ? moment.date() : row.date("DATADOC")}});
+                     {{*source, line.text("CODART"), line.decimal("CANT")},
+                      {kind.id, line.text("NUMBER")},
+                      source->kind == KindId::DeliveryNote ? moment.date() : document.date("DATADOC")}});
   }
 }
 

@@ -92,7 +92,8 @@ std::vector<Table> salesTables() {
           .text("SERIE", 5)
           .text("CODDeviza", 3)
           .reals("Curs")
-          .flags("FACTURAT"),
+          .flags("FACTURAT")
+          .index("Magazie DATAAE", "FACTURAT = 0"),  // the notes that an invoice can take over
       lines("G_LAECLI", "NUMAE")
           .reals("PRETFT VALOAREFT VALOARETVA VALOARETTI CANTRAMAS PRIXUV VALOARECOST COST DiscountArticol "
                  "DiscountClient ValoareFTCuDiscount")
@@ -115,7 +116,8 @@ std::vector<Table> salesTables() {
           .dates("DATALIV")
           .text("REF", 20)
           .text("CODDEV", 3)
-          .reals("CURS"),
+          .reals("CURS")
+          .index("CODCLI"),
       lines("G_LCOMCL", "NUMCOM")
           .reals("PRETFT VALOAREFT VALOARETVA VALOARETTI PRIXUV")
           .text("REFERINTA", kNumberWidth + 2)
@@ -137,7 +139,8 @@ std::vector<Table> purchaseTables() {
           .text("REF", 20)
           .text("CODDEV", 3)
           .reals("CURS")
-          .flags("SOLDAT"),
+          .flags("SOLDAT")
+          .index("Magazie DATACOM", "SOLDAT = 0"),  // the orders that a receipt note can take over
       lines("G_LCOMFU", "NUMCOM")
           .text("DENUMIRE2", kNameWidth)
           .text("CODPRODFUR", 20)
@@ -171,7 +174,10 @@ std::vector<Table> purchaseTables() {
           .integers("CODFUR")
           .reals("BATVA")
           .flags("STOCINITIAL NoteContabile"),
-      lines("G_LNRFUR", "NUMNR").reals("PRETFT VALOAREFT QTECOM PRETFTV").text("NUMCOM", kNumberWidth + 2),
+      lines("G_LNRFUR", "NUMNR")
+          .reals("PRETFT VALOAREFT QTECOM PRETFTV")
+          .text("NUMCOM", kNumberWidth + 2)
+          .index("NUMCOM", "NUMCOM IS NOT NULL"),
       Table("G_LNRFUR_REC")
           .text("NUMNR", kNumberWidth)
           .integers("NRLINIE")

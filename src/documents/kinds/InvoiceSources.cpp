@@ -181,9 +181,10 @@ class OrderSource : public LineSource {
   Recordset offer(const Document& document) const override {
     return OpenRs(
         "SELECT C.NUMCOM AS NUMCOM, C.DATACOM AS DATACOM, T.NUME AS NUME FROM G_COMCLI C INNER JOIN kt_ter T "
-        "ON C.CODCLI = T.COD WHERE C.Magazie = ? AND ((C.CODCLI = ? AND C.VALIDAT <> 0 AND EXISTS "
-        "(SELECT 1 FROM G_LCOMCL L WHERE L.NUMCOM = C.NUMCOM AND L.CANT - COALESCE(L.CANTLIV, 0) <> 0)) OR "
-        "C.NUMCOM IN (SELECT ID_Comanda FROM G_FACTURI_COMENZI_CLIENTI WHERE ID_Factura = ?)) "
+        "ON C.CODCLI = T.COD WHERE C.Magazie = ? AND C.NUMCOM IN (SELECT O.NUMCOM FROM G_COMCLI O "
+        "WHERE O.CODCLI = ? AND O.VALIDAT <> 0 AND EXISTS (SELECT 1 FROM G_LCOMCL L WHERE L.NUMCOM = "
+        "O.NUMCOM AND L.CANT - COALESCE(L.CANTLIV, 0) <> 0) "
+        "UNION SELECT ID_Comanda FROM G_FACTURI_COMENZI_CLIENTI WHERE ID_Factura = ?) "
         "ORDER BY C.DATACOM NULLS FIRST, C.NUMCOM",
         {session().gMagazie, document.typed().partner(), document.number});
   }
