@@ -10,6 +10,7 @@ namespace velmar::bench {
 namespace {
 
 constexpr int kNotesOfInvoice = 100;
+constexpr int kOldDocuments = 10'000;
 
 // ?1 the number of lines, ?2 the last draft, ?3 the first number. All lines have different articles. Prices
 // are whole, so that no amount depends on the way of rounding.
@@ -49,13 +50,14 @@ const Filled kFilled[] = {
     {"AE", "CODCLI, BATVA1", "1 + r % 100, 19", kNoteLines.c_str(), "tot",
      "pret, pret, 0, 0, 0, valtot, tvatot, valtot + tvatot, tot, 0"}};
 
-std::string headersOf(const Filled& filled) {
+// `columns` with their `values` come behind those of the kind.
+std::string headersOf(const Filled& filled, const QString& columns = {}, const QString& values = {}) {
   const DocumentKind& kind = documentKind(QLatin1String(filled.prefix));
   return kValues + QStringLiteral(
-                       "INSERT INTO %1 (%2, Magazie, %3, %4, %5) SELECT num, 1, 'vanzare', "
-                       "'2026-03-15', %6 FROM v WHERE j = 1")
+                       "INSERT INTO %1 (%2, Magazie, %3, %4, %5%7) SELECT num, 1, 'vanzare', "
+                       "'2026-03-15', %6%8 FROM v WHERE j = 1")
                        .arg(kind.headerTable, kind.numberColumn, kind.remarkColumn, kind.dateColumn,
-                            QLatin1String(filled.header), QLatin1String(filled.headerValues))
+                            QLatin1String(filled.header), QLatin1String(filled.headerValues), columns, values)
                        .toStdString();
 }
 
@@ -126,6 +128,29 @@ void fillDrafts(BareConnection& connection) {
       fill(sql, lines, draftNumber(lines, kFirstOfNotes).toInt());
   }
   connection.run(kNotesToLedger);
+}
+
+void fillOldDocuments(BareConnection& connection) {
+  constexpr int kFirst = 5'000'000;
+  for (const Filled& filled : kFilled) {
+    const QString prefix = QLatin1String(filled.prefix);
+    const QString closed = prefix == u"AE"   ? QStringLiteral(", FACTURAT")
+                           : prefix == u"CF" ? QStringLiteral(", SOLDAT")
+                                             : QString();
+    const QString values = closed.isEmpty() ? QStringLiteral(", -1") : QStringLiteral(", -1, -1");
+    connection.prepare(headersOf(filled, QStringLiteral(", VALIDAT") + closed, values).c_str())
+        .bind(1, 1)
+        .bind(2, kOldDocuments - 1)
+        .bind(3, kFirst)
+        .run();
+    const DocumentKind& kind = documentKind(prefix);
+    connection.run(qPrintable(
+        QStringLiteral("INSERT INTO %1 (%2, NRLINIE, CODART, CANT) SELECT %2, 1, printf('A%06d', 1 + "
+                       "%2 % %4), 0 FROM %3 WHERE VALIDAT = -1 AND %2 BETWEEN '5000000' AND '5999999' "
+                       "AND LENGTH(%2) = 7")
+            .arg(kind.lineTable, kind.numberColumn, kind.headerTable)
+            .arg(kOldDocuments)));
+  }
 }
 
 }  // namespace velmar::bench

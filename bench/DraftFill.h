@@ -18,6 +18,10 @@ inline constexpr int kLinesOfNote = 4;
 /// delivery notes of four lines that nothing has been taken from.
 void fillDrafts(BareConnection& connection);
 
+/// Adds validated documents of these kinds from years before, from which nothing is open, to the draft
+/// tables.
+void fillOldDocuments(BareConnection& connection);
+
 /// Adds the lines of the notes from the first number to the last to an invoice: bound are the invoice, the
 /// first and the last note.
 extern const char* const kFillFromNotes;

@@ -200,6 +200,7 @@ const QString& grownTrade() {
     fillMasters(connection, kCatalogue);
     fillTrade(connection, kLargeTrade);
     fillDrafts(connection);
+    fillOldDocuments(connection);
     connection.run(kFillNotes);
   });
   return path;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kEntryAim = 1.5;
 constexpr double kIssueAim = 2;
-constexpr int kCopies = 4;
+constexpr int kCopies = 3;
 constexpr double kGrowthBesideBare = 1.1;
 constexpr int kSizes[] = {kSmallDocument, kLargeDocument};
 
