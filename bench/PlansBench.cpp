@@ -96,7 +96,8 @@ bool sortsAll(const QString& step) {
 using Objection = std::function<bool(const QString& step, const QString& sql)>;
 
 Objection readsWhole(const QStringList& tables) {
-  return [tables](const QString& step, const QString& sql) { return readsThrough(step, namesOf(tables, sql)); };
+  return
+      [tables](const QString& step, const QString& sql) { return readsThrough(step, namesOf(tables, sql)); };
 }
 
 bool printPlans(const QStringList& statements, const Objection& isBad) {
@@ -123,8 +124,8 @@ bool checkKind(Store store, const Validated& kind) {
   const OpenCompany company(path);
   const QStringList statements = statementsOf(kind);
   printHeading(store, QStringLiteral("plans: ") + kind.title, {});
-  bool held = printPlans(
-      statements, readsWhole(ledgers() + (store == Store::Files ? draftTables() : QStringList())));
+  bool held =
+      printPlans(statements, readsWhole(ledgers() + (store == Store::Files ? draftTables() : QStringList())));
   if (store == Store::Server) {
     // The draft tables are so small here that the server prefers to read through them.
     ExecutaSql("SET enable_seqscan = off");
