@@ -43,7 +43,7 @@ Values valuesOf(const Note& note, const NoteRow& row, qint64 ndi, int line, cons
                 row.journal.isEmpty() ? note.journal : row.journal,
                 note.date,
                 row.account,
-                note.explanation.isEmpty() ? note.remark : note.explanation,
+                note.explanation.value_or(note.remark),
                 row.debit,
                 row.credit,
                 note.number,

@@ -2,6 +2,7 @@
 // credit.
 #pragma once
 
+#include <optional>
 #include <QDate>
 #include <QString>
 #include <vector>
@@ -31,11 +32,11 @@ struct Note {
   QString kind;   ///< prefix of the document, FELDOC
   QString stamp;  ///< TIPDOC; empty: not stamped
   QString journal;
-  QDate date;           ///< document date
-  QString number;       ///< document number, without the kind
-  QString remark;       ///< observations
-  QString explanation;  ///< EXPL; empty: the remark
-  QString user = {};    ///< UTILIZATOR; empty: that of the session
+  QDate date;                          ///< document date
+  QString number;                      ///< document number, without the kind
+  QString remark;                      ///< observations
+  std::optional<QString> explanation;  ///< EXPL; none: the remark
+  QString user = {};                   ///< UTILIZATOR; empty: that of the session
   std::vector<NoteRow> rows;
   QDate dueDate;                ///< invalid: none is written
   QString branch = {};          ///< CodSucursala; empty: not written

@@ -164,6 +164,7 @@ struct DocumentKind {
   Numbering numbering = Numbering::Typed;
   QString existsKind;  ///< kind of Exista that finds its number
   bool partnersAreSuppliers = false;
+  bool isSale = false;   ///< goods are sold or offered to a customer
   bool hasDraft = true;  ///< its header and lines are stored before it is validated
   Posted posted = Posted::Nothing;
   bool oldestFirst = false;          ///< order of the list of drafts

@@ -158,7 +158,8 @@ void findRemainders(Finder& finder) {
   finder.find(
       QStringLiteral("Legatura cu o intrare sau o iesire care nu exista"), {Place::Document},
       QStringLiteral("SELECT COALESCE(E.TIP_E, '') || E.ID_E || ' ' || E.ID_I || ' ' || E.CODART AS PLACE, "
-                     "E.ID_I AS TARGET "
+                     "CASE WHEN EXISTS (SELECT D.ID FROM G_DOCUME D WHERE D.ID = E.TIP_E || E.ID_E) THEN "
+                     "E.TIP_E || E.ID_E ELSE E.ID_I END AS TARGET "
                      "FROM G_I_E E WHERE NOT EXISTS (SELECT L.DOCID FROM G_LDOCUM L WHERE L.DOCID = E.ID_I "
                      "AND L.ARTID = E.CODART) OR (E.TIP_E IS NOT NULL AND NOT EXISTS (SELECT D.ID FROM "
                      "G_DOCUME D WHERE D.ID = E.TIP_E || E.ID_E)) ORDER BY E.ID_E, E.ID_I, E.CODART"));
@@ -224,6 +225,8 @@ const QString kPosted = QStringLiteral(
     "CREDIT "
     "FROM kt_linii K WHERE K.PROV = 'G') P GROUP BY P.FEL, P.DOC");
 
+const QString kWrongNote = QStringLiteral("Nota contabila lipseste sau are alta suma decat documentul");
+
 // The condition on document D, its draft H and what is posted for it, N, that the notes are wrong.
 QString wrongNotes(const DocumentKind& kind) {
   const QString tolerance =
@@ -275,7 +278,7 @@ void findNotes(Finder& finder) {
     if (wrong.isEmpty()) continue;
     const bool isChosen = companyTable(kind.headerTable).column("NoteContabile");
     finder.find(
-        QStringLiteral("Nota contabila lipseste sau are alta suma decat documentul"), {Place::Document},
+        kWrongNote, {Place::Document},
         QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D INNER JOIN %1 H ON H.%2 = %3 LEFT JOIN (%4) N "
                        "ON N.FEL = D.TIP AND N.DOC = H.%2 WHERE D.TIP = '%5' AND COALESCE(D.IsAudio, 0) = 0 "
                        "AND %6 AND (%7) ORDER BY D.ID")
@@ -311,6 +314,38 @@ void findStornos(Finder& finder) {
                              "(SELECT 1 FROM G_DOCUME D WHERE D.TIP = 'FS' AND COALESCE(D.IsAudio, 0) = 0 "
                              "AND D.OBS = F.NUMFAC) ORDER BY 1")
                   .arg(keyExpression(KindId::CustomerInvoice, QStringLiteral("F.NUMFAC"))));
+}
+
+// A storno has the notes of its invoice, turned round.
+void findStornoNotes(Finder& finder) {
+  const QString posted =
+      QStringLiteral(
+          "SELECT P.FEL AS FEL, P.DOC AS DOC, SUM(ABS(P.DEBIT) + ABS(P.CREDIT)) AS AMOUNT FROM (SELECT %1 AS "
+          "FEL, K.DOC AS DOC, K.DEBIT AS DEBIT, K.CREDIT AS CREDIT FROM kt_linii K WHERE K.PROV = 'G') P "
+          "WHERE P.FEL IN ('FC', 'FS') GROUP BY P.FEL, P.DOC")
+          .arg(kKindOfNote);
+  finder.find(
+      kWrongNote, {Place::Document},
+      QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D LEFT JOIN (%1) S ON S.FEL = 'FS' AND S.DOC = "
+                     "%2 LEFT JOIN (%1) N ON N.FEL = 'FC' AND N.DOC = D.OBS WHERE D.TIP = 'FS' AND "
+                     "COALESCE(D.IsAudio, 0) = 0 AND ABS(COALESCE(S.AMOUNT, 0) - COALESCE(N.AMOUNT, "
+                     "0)) > 0.005 ORDER BY D.ID")
+          .arg(posted, numberExpression(QStringLiteral("D.ID"))));
+}
+
+// The sides of a transfer move the same goods, out of its warehouse and into the other one.
+void findTransfers(Finder& finder) {
+  const QString key = keyExpression(KindId::Transfer, QStringLiteral("H.NUMAE"));
+  finder.find(
+      QStringLiteral("Cele doua parti ale transferului nu se potrivesc"), {Place::Document},
+      QStringLiteral(
+          "SELECT E.ID AS PLACE FROM G_TRANSFER H INNER JOIN G_DOCUME E ON E.ID = %1 || 'E' INNER JOIN "
+          "G_DOCUME I ON I.ID = %1 || 'I' WHERE H.VALIDAT <> 0 AND (COALESCE(E.TIPIE, '') <> 'E' OR "
+          "COALESCE(I.TIPIE, '') <> 'I' OR EXISTS (SELECT L.DOCID FROM G_LDOCUM L WHERE L.DOCID IN (E.ID, "
+          "I.ID) AND L.CODMAG <> CASE WHEN L.DOCID = E.ID THEN H.Magazie ELSE H.DESTMAGAZIE END) OR EXISTS "
+          "(SELECT L.ARTID FROM G_LDOCUM L WHERE L.DOCID IN (E.ID, I.ID) GROUP BY L.ARTID HAVING "
+          "ROUND_EVEN(SUM(CASE WHEN L.DOCID = E.ID THEN L.CANT ELSE -L.CANT END), 3) <> 0)) ORDER BY E.ID")
+          .arg(key));
 }
 
 void findDrafts(Finder& finder) {
@@ -354,8 +389,9 @@ void findOfTrade(Finder& finder) {
 std::vector<Disagreement> disagreements(const Progress& progress) {
   const Snapshot moment(database());
   Finder finder;
-  std::vector<void (*)(Finder&)> rules = {findStock, findWarehouseStock, findRemainders, findNotes,
-                                          findCosts, findStornos,        findDrafts,     findOfTrade};
+  std::vector<void (*)(Finder&)> rules = {findStock,  findWarehouseStock, findRemainders,  findNotes,
+                                          findCosts,  findStornos,        findStornoNotes, findTransfers,
+                                          findDrafts, findOfTrade};
   if (TIPCOST() == kFifo) rules.insert(rules.begin() + 2, findLots);
   const int of = static_cast<int>(rules.size());
   for (int done = 0; done < of; ++done) {

@@ -16,7 +16,7 @@ namespace {
 // A row of the ledger's sum by article, of documents that move stock.
 const QString kSigned = QStringLiteral("CASE WHEN D.TIPIE IN ('S', 'I') THEN L.CANT ELSE -L.CANT END");
 const QString kMovements =
-    QStringLiteral("G_DOCUME D INNER JOIN G_LDOCUM L ON D.ID = L.DOCID WHERE D.TIPIE IS NOT NULL");
+    QStringLiteral("G_DOCUME D INNER JOIN G_LDOCUM L ON D.ID = L.DOCID WHERE D.TIPIE IN ('S', 'I', 'E')");
 
 const QString kSetStock = QStringLiteral(
                               "UPDATE G_ARTMAG SET STOC = N.STOC FROM (SELECT A.CODART AS CODART, CASE WHEN "

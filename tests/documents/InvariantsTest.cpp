@@ -21,6 +21,15 @@ TEST(InvariantsTest, EveryDamageIsReportedWithItsPlace) {
   trade.validated("FC", trade.sale("4"), {Trade::out("A", "1")});
   trade.validated("BS", {{"BATVA1", "2"}}, {Trade::out("A", "1")});
   trade.validated("AE", trade.consumption("6"), {Trade::out("A", "1")});
+  ExecutaSql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE) VALUES (2, 'Depozit')");
+  trade.validated("BT", {{"NUMAE", "7"}, {"DESTMAGAZIE", "2"}}, {Trade::out("A", "1")});
+  trade.validated("FC", trade.sale("8"), {Trade::out("A", "1")});
+  DocumentEditor storno("FS");
+  storno.open("8");
+  TypedTexts stornoHeader = storno.headerTexts();
+  stornoHeader.insert("NUMFAC", "9");
+  storno.headerTyped(stornoHeader);
+  ASSERT_TRUE(Trade::validate(storno));
   ASSERT_EQ(disagreementText(), "");
 
   // Notes from before their kind was stored are those of the next stamp.
@@ -30,6 +39,8 @@ TEST(InvariantsTest, EveryDamageIsReportedWithItsPlace) {
   const std::pair<const char*, const char*> damages[] = {
       {"UPDATE kt_linii SET DEBIT = DEBIT * 2, CREDIT = CREDIT * 2 WHERE DOC = '2'", "decat documentul: BI2"},
       {"UPDATE kt_linii SET DEBIT = DEBIT * 2, CREDIT = CREDIT * 2 WHERE DOC = '3'", "decat documentul: BC3"},
+      {"DELETE FROM kt_linii WHERE DOC = '9' AND CONT = '4427'", "decat documentul: FS9"},
+      {"UPDATE G_LDOCUM SET CANT = 2 WHERE DOCID = 'BT7I'", "transferului nu se potrivesc: BT7E"},
       {"DELETE FROM kt_linii WHERE DOC = '4' AND CONT IN ('607', '371')", "decat documentul: FC4"},
       {"DELETE FROM kt_linii WHERE FELDOC = 'FF'", "decat documentul: FF1"},
       {"UPDATE G_I_E SET ID_I = 'FF9' WHERE TIP_E = 'FC'", "care nu exista: FC4 FF9 A"},

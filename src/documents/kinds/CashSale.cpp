@@ -135,6 +135,7 @@ DocumentKind cashSale() {
   DocumentKind kind = kindOf(KindId::CashSale, "cash sale", "frmGrilaCS");
   kind.headerTable = "G_BONCASA";
   kind.lineTable = "G_LBONCASA";
+  kind.isSale = true;
   kind.numberColumn = "NUMFAC";
   kind.dateColumn = "DATAFAC";
   kind.partnerColumn = "CODCLI";

@@ -121,6 +121,7 @@ DocumentKind customerInvoice() {
   DocumentKind kind = kindOf(KindId::CustomerInvoice, "customer invoice", "frmGrilaFC");
   kind.headerTable = "G_FACCLI";
   kind.lineTable = "G_LFACCL";
+  kind.isSale = true;
   kind.numberColumn = "NUMFAC";
   kind.dateColumn = "DATAFAC";
   kind.partnerColumn = "CODCLI";

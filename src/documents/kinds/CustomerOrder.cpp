@@ -93,6 +93,7 @@ DocumentKind customerOrder() {
   kind.paper = listingForm();
   kind.headerTable = "G_COMCLI";
   kind.lineTable = "G_LCOMCL";
+  kind.isSale = true;
   kind.numberColumn = "NUMCOM";
   kind.dateColumn = "DATACOM";
   kind.partnerColumn = "CODCLI";

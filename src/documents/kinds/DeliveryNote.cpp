@@ -79,6 +79,7 @@ DocumentKind deliveryNote() {
   kind.posted = Posted::Cost;
   kind.headerTable = "G_AECLI";
   kind.lineTable = "G_LAECLI";
+  kind.isSale = true;
   kind.numberColumn = "NUMAE";
   kind.dateColumn = "DATAAE";
   kind.partnerColumn = "CODCLI";

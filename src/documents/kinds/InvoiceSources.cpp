@@ -34,9 +34,9 @@ QString typedCurrency(const TypedHeader& header) {
   return header.isForeign() ? header.text("CODDeviza") : QString();
 }
 
-// The discounts of the customer and of the articles' bands, as stored.
+// The discounts of the customer, a whole number, and of the articles' bands, as stored.
 void setDiscounts(std::vector<Row>& lines, const TypedHeader& header) {
-  const Decimal ofCustomer = partnerDiscount(header.partner()).value_or(Decimal(0));
+  const Decimal ofCustomer(DiscountTert(header.partner()));
   const std::vector<Row> bands = rowsOfKeys(
       "SELECT CODArticol, CantMin, CantMax, Discount FROM \"Articole - Discounturi\" "
       "WHERE CODArticol IN (%1) ORDER BY CODArticol, CantMin, ID_Discount",

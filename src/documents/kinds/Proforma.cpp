@@ -44,6 +44,7 @@ DocumentKind proforma() {
   kind.paper = listingForm();
   kind.headerTable = "G_PROFOR";
   kind.lineTable = "G_LPROFO";
+  kind.isSale = true;
   kind.numberColumn = "NUMPF";
   kind.dateColumn = "DATAPF";
   kind.partnerColumn = "CODCLI";

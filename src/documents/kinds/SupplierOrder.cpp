@@ -42,7 +42,7 @@ class SupplierOrderRules : public OrderRules {
             .price = price,
             .priceWithVat = price,
             .unitCost = price,
-            .cost = line.decimal("CANT") * price,
+            .cost = line.decimal("VALOAREFT"),
             .vatPercent = inputs.vatPercent};
   }
 

@@ -93,12 +93,15 @@ class TransferPalet : public PaletSource {
   }
 };
 
-// A transfer with that number has been validated.
+// A transfer with that number has been validated; of one that was taken back a side may be left.
 Check inLedger() {
   Check check = refusedWhen("Mai exista un document cu acest numar. Validarea nu se poate efectua.", {},
                             [](const Document& document) {
-                              const LedgerKey key{KindId::Transfer, document.number, LedgerSide::Issue};
-                              return !OpenRs("SELECT ID FROM G_DOCUME WHERE ID = ?", {key.text()}).isEmpty();
+                              const LedgerKey issue{KindId::Transfer, document.number, LedgerSide::Issue};
+                              const LedgerKey receipt{issue.kind, issue.number, LedgerSide::Receipt};
+                              return !OpenRs("SELECT ID FROM G_DOCUME WHERE ID IN (?, ?)",
+                                             {issue.text(), receipt.text()})
+                                          .isEmpty();
                             });
   check.at = CheckedAt::UnderLock;
   return check;

@@ -10,7 +10,9 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "config/windows/frmParamSoc.h"
 #include "documents/LineSource.h"
+#include "documents/OpenOrders.h"
 #include "documents/Validation.h"
 #include "documents/windows/frmLst.h"
 #include "documents/windows/HeaderForm.h"
@@ -21,6 +23,7 @@
 #include "util/windows/Entry.h"
 #include "util/windows/Forms.h"
 #include "util/windows/Look.h"
+#include "util/windows/WindowHost.h"
 
 namespace velmar {
 
@@ -47,6 +50,7 @@ frmGrila::frmGrila(const QString& prefix, QWidget* parent)
       commands_(new QHBoxLayout),
       lists_(new QVBoxLayout),
       besideCheck_(new QHBoxLayout) {
+  if (editor_.kind().isSale) repairDeliveredQuantities();
   setObjectName(editor_.kind().window);
   setWindowTitle(editor_.kind().texts.title);
   connect(header_, &HeaderForm::touched, this, &frmGrila::followHeader);
@@ -170,11 +174,16 @@ void frmGrila::addLines(const LineSource& source, const QString& number) {
   if (editor_.addLines(source, number, typed)) showDocument();
 }
 
+// The chosen row stays while it is offered: Enter takes it again.
 void frmGrila::refreshSources() {
   for (const OfferedSource& offered : sources_) {
     const QSignalBlocker quiet(offered.list);
+    const QString column = offered.source->list().numberColumn;
+    const Row* chosen = offered.list->currentRecord();
+    const QString number = chosen ? chosen->text(column) : QString();
     offered.list->setRecordset(offered.source->offer(editor_.onScreen()));
-    offered.list->setCurrentIndex({});
+    const int place = number.isEmpty() ? -1 : offered.list->rows().find(column, number);
+    offered.list->setCurrentIndex(place < 0 ? QModelIndex() : offered.list->model()->index(place, 0));
   }
   showSources();
 }
@@ -285,7 +294,9 @@ void frmGrila::showRule(const RuleError& rule) {
   if (!at && rule.field() == QStringLiteral("CODART")) at = lines_;
   if (at) at->setFocus();
   if (auto* box = qobject_cast<QLineEdit*>(at)) box->selectAll();
-  ruleShown(rule);
+  // Without a cost method nothing can be received: opens the window for choosing it.
+  if (rule.field() == QStringLiteral("TCOST"))
+    windowHost()->showOne("frmParamSoc", [] { return new frmParamSoc(nullptr); });
 }
 
 void frmGrila::followHeader() {

@@ -73,8 +73,6 @@ class frmGrila : public QWidget {
   virtual void headerTouched() {}
   /// Called when the user has chosen something in a field of the header, after the editor has been updated.
   virtual void fieldChosen(const QString& /*key*/) {}
-  /// Called after a RuleError has been shown.
-  virtual void ruleShown(const RuleError& /*rule*/) {}
 
   /// Adds what the source offers under that number to the document on screen.
   void addLines(const LineSource& source, const QString& number);

@@ -1,12 +1,8 @@
 #include "documents/windows/frmGrilaFC.h"
 
-#include "documents/OpenOrders.h"
-
 namespace velmar {
 
-frmGrilaFC::frmGrilaFC(QWidget* parent) : frmGrila(QStringLiteral("FC"), parent) {
-  repairDeliveredQuantities();
-}
+frmGrilaFC::frmGrilaFC(QWidget* parent) : frmGrila(QStringLiteral("FC"), parent) {}
 
 // The date of a stored invoice is stored as soon as it changes.
 void frmGrilaFC::fieldChosen(const QString& key) {

@@ -3,11 +3,9 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "config/windows/frmParamSoc.h"
 #include "documents/windows/frmImportXLS.h"
 #include "documents/windows/LineModel.h"
 #include "util/windows/Controls.h"
-#include "util/windows/WindowHost.h"
 
 namespace velmar {
 
@@ -59,12 +57,6 @@ void frmGrilaFF::headerTouched() {
   if (margin == margin_) return;
   margin_ = margin;
   recolourLines();
-}
-
-// Without a cost method nothing can be received: opens the window for choosing it.
-void frmGrilaFF::ruleShown(const RuleError& rule) {
-  if (rule.field() == QStringLiteral("TCOST"))
-    windowHost()->showOne("frmParamSoc", [] { return new frmParamSoc(nullptr); });
 }
 
 }  // namespace velmar

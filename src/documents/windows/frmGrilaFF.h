@@ -12,7 +12,6 @@ class frmGrilaFF : public frmGrila {
 
  protected:
   void headerTouched() override;
-  void ruleShown(const RuleError& rule) override;
 
  private:
   void importLines();
