@@ -140,6 +140,7 @@ struct KindTexts {
 /// What the notes of a document add up to.
 enum class Posted {
   Nothing,
+  Something,    ///< it has notes, whose amounts are not compared
   Value,        ///< its value, on accounts without a partner
   ValueIfFifo,  ///< the same if lots value the stock; otherwise what the goods cost at that time
   Cost,         ///< what its goods cost, on accounts without a partner

@@ -235,6 +235,8 @@ QString wrongNotes(const DocumentKind& kind) {
   switch (kind.posted) {
     case Posted::Nothing:
       return {};
+    case Posted::Something:
+      return QStringLiteral("D.TOTALFT <> 0 AND N.DOC IS NULL");
     case Posted::Value:  // opening stock is not posted; the products of a returned note are posted once more
       return differs.arg("ABS(D.TOTALFT)", "ABS(N.DEBIT)") +
              QStringLiteral(

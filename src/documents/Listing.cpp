@@ -184,7 +184,8 @@ ListedDocument readListed(const Printout& printout) {
 
 QStringList missingPartnerTexts(const ListingKind& kind) {
   const QString noun = factsOf(kind).isPurchase ? "Furnizor" : "Client";
-  return {noun + " inexistent in baza de date", "Trebuie introdus in baza de date"};
+  return {kind.missingPartner.isEmpty() ? noun + " inexistent in baza de date" : kind.missingPartner,
+          "Trebuie introdus in baza de date"};
 }
 
 ReportData listingData(const ListingKind& kind, const ListedDocument& document,

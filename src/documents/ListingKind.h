@@ -36,6 +36,7 @@ struct ListingKind {
   QString headerSql = {};        ///< the one row of the document with that number
   QString linesSql = {};         ///< its lines with that number
   QStringList partner = {};      ///< columns of kt_ter, as variables
+  QString missingPartner = {};   ///< the message without a partner; empty: the common one
   // Of documents that are none of the 13 kinds; empty: those of the kind.
   QString dateColumn = {};     ///< of the header
   QString partnerColumn = {};  ///< of the header

@@ -55,6 +55,7 @@ class DeliveryNoteRules : public SaleRules {
 ListingKind listingForm() {
   ListingKind paper{KindId::DeliveryNote, "frmLstAE", "Listare Aviz Expeditie", "AEFull", "AE"};
   paper.offersCurrency = true;
+  paper.missingPartner = "Client inexistent ";
   paper.boxes = delegateBoxes();
   paper.headerSql =
       "SELECT A.NUMAE, A.CODCLI, A.BATVA1, A.OBSERV, A.DATAAE, A.CODDeviza AS CODDEVIZA, A.Curs AS CURS, "

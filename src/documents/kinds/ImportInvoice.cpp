@@ -203,7 +203,7 @@ class ImportInvoiceRules : public KindRules {
 };
 
 ListingKind listingForm() {
-  ListingKind paper{KindId::ImportInvoice, "frmLstFacturiImport", "Listare Factura Import",
+  ListingKind paper{KindId::ImportInvoice, "frmLstFacturiImport", "Listare Facturi Import",
                     "FacturiImportFull"};
   paper.headerSql =
       "SELECT F.NUMFAC, F.CODFUR, C.PROCENT AS BATVA1, F.OBS, F.DATAFAC, F.DATASCAD, F.CODVALUTA, "
@@ -336,6 +336,7 @@ DocumentKind importInvoice() {
   kind.tipie = "I";
   kind.existsKind = "FACTURAIMPORT";
   kind.partnersAreSuppliers = true;
+  kind.posted = Posted::Something;
   kind.lineCheck.price = "PRET";
   kind.lineCheck.salePrice = "PRETVA";
   kind.texts.numberTaken = numberTakenText("Factura");

@@ -25,6 +25,7 @@ class ProformaRules : public SaleRules {
 ListingKind listingForm() {
   ListingKind paper{KindId::Proforma, "frmLstFCP", "Listare Proforma", "ProformaFull"};
   paper.offersCurrency = true;
+  paper.choosesTarget = true;
   paper.headerSql =
       "SELECT NUMPF, CODCLI, BATVA, OBS, DATAPF, CODDeviza AS CODDEVIZA, Curs AS CURS FROM G_PROFOR "
       "WHERE NUMPF = ?";
