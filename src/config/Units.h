@@ -5,8 +5,6 @@
 
 namespace velmar {
 
-/// Whether an electronic invoice may carry the code.
-bool isUnitCode(const QString& code);
 /// Adds the unit with the row's `UM` and `COD`. Throws RuleError, naming the column, for a unit that is
 /// missing or known and for a code that isUnitCode() does not know.
 void addUnit(const Row& unit);

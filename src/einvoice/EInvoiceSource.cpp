@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "config/Units.h"
+#include "config/UnitCodes.h"
 #include "documents/Numbering.h"
 #include "einvoice/Places.h"
 #include "stock/LedgerKey.h"

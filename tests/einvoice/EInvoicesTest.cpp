@@ -4,6 +4,7 @@
 #include <QTemporaryDir>
 #include <random>
 
+#include "config/UnitCodes.h"
 #include "Desk.h"
 #include "documents/OtherTrade.h"
 #include "hearing/Shop.h"
@@ -33,6 +34,25 @@ class Paper {
   QByteArray bytes;
   std::unique_ptr<XmlText> xml;
 };
+
+// The list of the rule has 2,162 codes, 406 of them of packages.
+TEST(EInvoice, UnitCodesAreThoseOfTheRule) {
+  const QString characters = QStringLiteral("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+  int codes = 0, packages = 0;
+  for (const QChar first : characters)
+    for (const QChar second : characters) {
+      codes += isUnitCode(QString(first) + second);
+      for (const QChar third : characters)
+        if (isUnitCode(QString(first) + second + third)) ++(first == u'X' ? packages : codes);
+    }
+  EXPECT_EQ(packages, 406);
+  EXPECT_EQ(codes, 2162 - 406);
+  for (const char* code :
+       {"10", "1I", "A10", "A24", "A26", "B1", "E51", "GV", "NM3", "X1", "X44", "XO9", "ZZ"})
+    EXPECT_TRUE(isUnitCode(code)) << code;
+  for (const char* code : {"", "12", "A25", "A46", "BX", "NPR", "PA", "XAK", "XPM", "e51", "-", "A10-A24"})
+    EXPECT_FALSE(isUnitCode(code)) << code;
+}
 
 TEST(EInvoice, SaysWhatTheDocumentSays) {
   const Desk desk;
