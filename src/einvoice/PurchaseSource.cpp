@@ -1,3 +1,5 @@
+#include <QCryptographicHash>
+
 #include "config/Parameters.h"
 #include "config/Session.h"
 #include "documents/HeaderTexts.h"
@@ -10,12 +12,20 @@ namespace velmar {
 
 namespace {
 
+// The key of a text in G_EFACTURAART: the text, or the hash of one that its column cannot hold.
+QString choiceKey(QChar kind, const QString& text) {
+  static const int width = companyTable("G_EFACTURAART").column("CHEIE")->width;
+  const QString whole = kind + QStringLiteral(":") + text;
+  if (whole.size() <= width) return whole;
+  const QByteArray hash = QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256);
+  return kind + QStringLiteral("#") + QString::fromLatin1(hash.toHex());
+}
+
 // The keys under which the choice of an article is stored: by the supplier's code, if any, and by name.
 QStringList choiceKeys(const ReceivedLine& line) {
-  constexpr int kWidth = 100;
   QStringList keys;
-  if (!line.code.isEmpty()) keys.append((QStringLiteral("C:") + line.code).left(kWidth));
-  keys.append((QStringLiteral("N:") + line.name.toUpper()).left(kWidth));
+  if (!line.code.isEmpty()) keys.append(choiceKey(u'C', line.code));
+  keys.append(choiceKey(u'N', line.name.toUpper()));
   return keys;
 }
 

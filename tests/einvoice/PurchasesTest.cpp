@@ -173,6 +173,28 @@ TEST(Purchases, SaysWhatIsMissing) {
   EXPECT_EQ(made.decimal("VALOARETVA"), *Decimal::parse(QStringLiteral("94.43")));
 }
 
+// Texts that differ only after what the column of the key holds are choices of their own.
+TEST(Purchases, ChoicesOfLongTexts) {
+  const Desk desk;
+  ReceivedInvoice invoice;
+  QStringList chosen;
+  PurchaseSource source;
+  Transaction transaction(database());
+  for (const int length : {97, 98, 99, 100, 300})
+    for (const bool hasCode : {false, true})
+      for (const char* article : {"A1", "A2"}) {
+        ReceivedLine line;
+        line.name = QString(length - 2, u'p') + article;
+        if (hasCode) line.code = line.name;
+        source.choose(desk.supplier, line, article);
+        invoice.lines.push_back(line);
+        chosen.append(article);
+      }
+  transaction.commit();
+  EXPECT_EQ(source.articlesOf(desk.supplier, invoice), chosen);
+  EXPECT_EQ(PurchaseSource().articlesOf(desk.supplier, invoice), chosen);
+}
+
 // Of two workstations that take a file over one gets it; a killed one leaves all of its drafts or none.
 TEST(Purchases, WorkstationsAndKills) {
   const Desk desk;
