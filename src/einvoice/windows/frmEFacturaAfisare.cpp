@@ -25,6 +25,7 @@ frmEFacturaAfisare::frmEFacturaAfisare(qint64 id, QWidget* parent) : QDialog(par
   auto* listing = new TDBGridListare("TDBGridListare");
   listing->setTDBGrid(grid);
   listing->setForm(this);
+  listing->setWrapped();
   auto* cmdIesire = makeButton("cmdIesire", "Iesire", "Inchidere fereastra", "close");
   connect(cmdIesire, &QPushButton::clicked, this, &QDialog::reject);
   auto* buttons = new QHBoxLayout;

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QSaveFile>
+#include <QTextLayout>
 #include <QTextStream>
 
 #include "util/Errors.h"
@@ -69,6 +70,22 @@ QFont pageFont(const TDBGrid& grid, qreal points, bool bold) {
 
 qreal textHeight(const QString& text, const QFont& font) {
   return static_cast<qreal>(pageLines(text, 0, 1).size()) * QFontMetricsF(font).height() * kLeading;
+}
+
+// The text in lines of at most that width, broken between words, or within one that is longer.
+QStringList wrappedText(const QString& text, const QFont& font, qreal width) {
+  QTextLayout layout(text, font);
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(option);
+  QStringList lines;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    lines.append(text.mid(line.textStart(), line.textLength()).trimmed());
+  }
+  layout.endLayout();
+  return lines;
 }
 
 QString oneLine(QString text) {
@@ -162,8 +179,28 @@ void GridPrint::arrange() {
   }
   rowHeight_ = QFontMetricsF(letters(true)).height() * kLeading;
   const qreal high = body().height() - headerHeight() - footerHeight() - (hasFooters_ ? rowHeight_ : 0);
-  firstRows_ = std::max(1, static_cast<int>(high / rowHeight_) - 1);
-  laterRows_ = settings_.repeatHeads ? firstRows_ : firstRows_ + 1;
+  firstLines_ = std::max(1, static_cast<int>(high / rowHeight_) - 1);
+  laterLines_ = settings_.repeatHeads ? firstLines_ : firstLines_ + 1;
+  if (settings_.wrapped) wrapRows();
+}
+
+void GridPrint::wrapRows() {
+  wrapped_.clear();
+  const QFont font = letters(false);
+  for (int row = 0; row < rowCount(); ++row) {
+    const size_t first = wrapped_.size();
+    wrapped_.push_back({QStringList(columns_.size())});
+    for (qsizetype i = 0; i < columns_.size(); ++i) {
+      QStringList texts{cell(row, columns_[i])};
+      if (!columns_[i].right) texts = wrappedText(texts.first(), font, (widths_[i] - 2 * kPadding) * scale_);
+      for (qsizetype line = 0; line < texts.size(); ++line) {
+        const size_t place = first + static_cast<size_t>(line);
+        if (place == wrapped_.size()) wrapped_.push_back({QStringList(columns_.size())});
+        wrapped_[place].texts[i] = texts[line];
+      }
+    }
+    wrapped_.back().endsRow = true;
+  }
 }
 
 // Widens text columns, whose texts may be truncated on the screen.
@@ -217,15 +254,21 @@ int GridPrint::rowCount() const {
                                                         : static_cast<int>(places_.size());
 }
 
-int GridPrint::sheetCount() const {
-  const int later = std::max(0, rowCount() - firstRows_);
-  return 1 + (later + laterRows_ - 1) / laterRows_;
+int GridPrint::lineCount() const {
+  return settings_.wrapped ? static_cast<int>(wrapped_.size()) : rowCount();
 }
 
-int GridPrint::firstRowOf(int sheet) const { return sheet == 0 ? 0 : firstRows_ + (sheet - 1) * laterRows_; }
+int GridPrint::sheetCount() const {
+  const int later = std::max(0, lineCount() - firstLines_);
+  return 1 + (later + laterLines_ - 1) / laterLines_;
+}
 
-int GridPrint::rowsOn(int sheet) const {
-  return std::clamp(rowCount() - firstRowOf(sheet), 0, sheet == 0 ? firstRows_ : laterRows_);
+int GridPrint::firstLineOf(int sheet) const {
+  return sheet == 0 ? 0 : firstLines_ + (sheet - 1) * laterLines_;
+}
+
+int GridPrint::linesOn(int sheet) const {
+  return std::clamp(lineCount() - firstLineOf(sheet), 0, sheet == 0 ? firstLines_ : laterLines_);
 }
 
 int GridPrint::pageCount() const { return sheetCount() * std::max(1, bandCount()); }
@@ -234,6 +277,10 @@ QString GridPrint::cell(int row, const Column& column) const {
   if (grid_.columns()[column.section].secret) return {};
   const int place = settings_.rows == GridPrintSettings::Rows::All ? row : places_[row];
   return oneLine(grid_.model()->index(place, column.section).data(Qt::DisplayRole).toString());
+}
+
+QString GridPrint::lineText(int line, int column) const {
+  return settings_.wrapped ? wrapped_[static_cast<size_t>(line)].texts[column] : cell(line, columns_[column]);
 }
 
 void GridPrint::paintPage(QPainter& painter, int page) const {
@@ -250,7 +297,7 @@ void GridPrint::paintPage(QPainter& painter, int page) const {
     qreal left = whole.left();
     for (const int each : band) {
       const qreal wide = widths_[each] * scale_;
-      paintCell(painter, textOf(columns_[each]), columns_[each], isHead, {left, top, wide, rowHeight_});
+      paintCell(painter, textOf(each), columns_[each], isHead, {left, top, wide, rowHeight_});
       left += wide;
     }
     top += rowHeight_;
@@ -260,19 +307,19 @@ void GridPrint::paintPage(QPainter& painter, int page) const {
   };
   if (sheet == 0 || settings_.repeatHeads) {
     painter.setFont(letters(true));
-    line(true, [](const Column& column) { return column.caption; });
+    line(true, [this](int column) { return columns_[column].caption; });
     rule(Qt::black, 2 * kThinLine);
   }
   painter.setFont(letters(false));
-  const int first = firstRowOf(sheet);
-  for (int row = first; row < first + rowsOn(sheet); ++row) {
-    line(false, [this, row](const Column& column) { return cell(row, column); });
-    rule(kRule, kThinLine);
+  const int first = firstLineOf(sheet);
+  for (int each = first; each < first + linesOn(sheet); ++each) {
+    line(false, [this, each](int column) { return lineText(each, column); });
+    if (!settings_.wrapped || wrapped_[static_cast<size_t>(each)].endsRow) rule(kRule, kThinLine);
   }
   if (hasFooters_ && (settings_.repeatFooters || sheet == sheetCount() - 1)) {
     rule(Qt::black, 2 * kThinLine);
     painter.setFont(letters(true));
-    line(true, [](const Column& column) { return column.footer; });
+    line(true, [this](int column) { return columns_[column].footer; });
   }
 }
 
@@ -326,8 +373,8 @@ QString GridPrint::pageText(int page) const {
   const int sheet = page / bandCount();
   for (const int each : bands_[page % bandCount()]) {
     words << columns_[each].caption << columns_[each].footer;
-    for (int row = firstRowOf(sheet); row < firstRowOf(sheet) + rowsOn(sheet); ++row)
-      words.append(cell(row, columns_[each]));
+    for (int line = firstLineOf(sheet); line < firstLineOf(sheet) + linesOn(sheet); ++line)
+      words.append(lineText(line, each));
   }
   return words.join(QLatin1Char('\n'));
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMarginsF>
+#include <vector>
 
 #include "store/windows/TDBGrid.h"
 #include "util/windows/PrintJob.h"
@@ -22,6 +23,7 @@ struct GridPrintSettings {
   QMarginsF margins = {10, 10, 10, 10};  ///< millimetres
   bool repeatHeads = true;               ///< on every page, else on the first
   bool repeatFooters = false;            ///< on every page, else under the last row
+  bool wrapped = false;                  ///< long texts continue on further lines, else they are truncated
   Rows rows = Rows::Selected;
   QString key = {};          ///< key field of the rows
   QStringList columns = {};  ///< fields, from left to right; empty: the visible columns in their order
@@ -54,18 +56,27 @@ class GridPrint : public PrintJob {
     qreal width;
   };
 
+  /// A line of a row whose texts are wrapped.
+  struct WrappedLine {
+    QStringList texts;  ///< of columns_
+    bool endsRow = false;
+  };
+
   void takeColumns();
   qreal wantedWidth(int section, const Column& column) const;
   void arrange();
   void spreadColumns(qreal room);
   QList<int> repeatedColumns(qreal widest) const;
   void fillLine(qreal room);
+  void wrapRows();
   int rowCount() const;
-  int firstRowOf(int sheet) const;
-  int rowsOn(int sheet) const;
+  int lineCount() const;
+  int firstLineOf(int sheet) const;
+  int linesOn(int sheet) const;
   int sheetCount() const;
   int bandCount() const { return static_cast<int>(bands_.size()); }
   QString cell(int row, const Column& column) const;
+  QString lineText(int line, int column) const;
   void paintTexts(QPainter& painter, const QRectF& body, int page) const;
   void paintLine(QPainter& painter, const QString& text, const QRectF& room, int page) const;
   /// `whole`: a text that is too long is condensed instead of truncated.
@@ -85,8 +96,9 @@ class GridPrint : public PrintJob {
   QList<QList<int>> bands_;  ///< the columns_ on each page, side by side
   qreal scale_ = 1;
   qreal rowHeight_ = 0;
-  int firstRows_ = 1;  ///< rows on the first sheet
-  int laterRows_ = 1;  ///< rows on each of the others
+  std::vector<WrappedLine> wrapped_;  ///< of all rows, when they are wrapped
+  int firstLines_ = 1;                ///< lines of rows on the first sheet
+  int laterLines_ = 1;                ///< lines of rows on each of the others
   bool hasFooters_ = false;
 };
 

@@ -76,6 +76,7 @@ void TDBGridListare::print() {
   settings.orientation = QPageLayout::Landscape;
   settings.margins = {kMargin, kMargin, kMargin, kMargin};
   settings.repeatFooters = true;
+  settings.wrapped = wrapped_;
   printGrid(*grid_, settings, form_->window());
 }
 

@@ -19,6 +19,8 @@ class TDBGridListare : public QWidget {
   void setTDBGrid(TDBGrid* grid) { grid_ = grid; }
   /// The window of the control, which is minimized while the pages are shown.
   void setForm(QWidget* form) { form_ = form; }
+  /// Prints long texts on further lines instead of truncating them.
+  void setWrapped() { wrapped_ = true; }
 
  signals:
   /// Printing is over; the footers of columns with totals show those of the selection.
@@ -32,6 +34,7 @@ class TDBGridListare : public QWidget {
   QPointer<TDBGrid> grid_;
   QPointer<QWidget> form_;
   QPushButton* cmdListare_;
+  bool wrapped_ = false;
 };
 
 }  // namespace velmar

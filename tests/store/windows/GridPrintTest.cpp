@@ -145,6 +145,32 @@ TEST_F(GridPrintTest, NumbersAreNeverTruncated) {
   EXPECT_FALSE(all.contains("patru"));
 }
 
+// 3 rows of 2,000 words are longer than a page; the code of 70 letters is longer than its column.
+TEST_F(GridPrintTest, WrappedTextsAreWhole) {
+  fill(0);
+  const QString code = QString(35, u'A') + QString(35, u'B');
+  QStringList words;
+  for (int i = 1; i <= 2000; ++i) words.append(QStringLiteral("w%1").arg(i));
+  Recordset rows(std::make_shared<Columns>(QStringList{"CODART", "DENART", "PRET"}));
+  for (int i = 0; i < 3; ++i) rows.append({code, words.join(u' '), 1.25});
+  grid_.setRecordset(std::move(rows));
+  settings_.wrapped = true;
+  const QStringList pages = printed();
+  EXPECT_GT(pages.size(), 3);
+  QString all;
+  for (const QString& page : pages) {
+    EXPECT_EQ(count(page, "Denumire"), 1);
+    all += page;
+  }
+  QStringList found;
+  for (auto each = QRegularExpression("w\\d+").globalMatch(all); each.hasNext();)
+    found.append(each.next().captured());
+  EXPECT_EQ(found, words + words + words);
+  EXPECT_EQ(count(all, "1,25"), 3);
+  EXPECT_EQ(count(all, "A"), 3 * 35);
+  EXPECT_EQ(count(all, "B"), 3 * 35);
+}
+
 TEST_F(GridPrintTest, TheHtmlCopyIsWrittenAtomically) {
   fill(3);
   grid_.setFooter("PRET", "3,75");
