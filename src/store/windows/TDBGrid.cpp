@@ -8,6 +8,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QTextDocument>
 
 #include "store/windows/ListExport.h"
 #include "util/Errors.h"
@@ -134,8 +135,10 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
       return value.typeId() == QMetaType::Double ? editNumber(Decimal::fromDouble(value.toDouble()))
                                                  : value.toString();
     }
-    case Qt::ToolTipRole:
-      return data(index, Qt::DisplayRole);  // whole, where the column is too narrow for it
+    case Qt::ToolTipRole: {  // whole, where the column is too narrow for it
+      const QString text = data(index, Qt::DisplayRole).toString();
+      return Qt::mightBeRichText(text) ? QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped()) : text;
+    }
     case Qt::TextAlignmentRole:
       return isRightAligned(column.format) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     case Qt::BackgroundRole:

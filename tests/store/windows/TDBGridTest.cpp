@@ -1,4 +1,4 @@
-// How the columns of a grid share its width.
+// How the columns of a grid share its width; its tool tips.
 #include <gtest/gtest.h>
 #include <QHeaderView>
 #include <QStandardItemModel>
@@ -45,6 +45,20 @@ TEST(TDBGridWidths, OtherColumnsLeaveTheNameReadable) {
   EXPECT_GE(grid.columnWidth(1), font.averageCharWidth() * 15);
   EXPECT_LT(grid.columnWidth(2), font.horizontalAdvance("Pret unitar valuta"));
   EXPECT_GE(grid.horizontalHeader()->height(), 2 * font.lineSpacing()) << "a heading on two lines";
+}
+
+// A text from outside is shown as it is, not as markup.
+TEST(TDBGrid, ToolTipsAreNoMarkup) {
+  TDBGrid grid("TDBGrid1");
+  grid.setColumns({{"A", "A", CellFormat::Text, 4}});
+  Recordset rows(std::make_shared<Columns>(QStringList{"A"}));
+  for (const char* text : {"<b>x</b> & y", "a < b & c"}) rows.append({text});
+  grid.setRecordset(std::move(rows));
+  const auto toolTip = [&grid](int row) {
+    return grid.model()->index(row, 0).data(Qt::ToolTipRole).toString();
+  };
+  EXPECT_EQ(toolTip(0), "<qt>&lt;b&gt;x&lt;/b&gt; &amp; y</qt>");
+  EXPECT_EQ(toolTip(1), "a < b & c");
 }
 
 }  // namespace
