@@ -453,6 +453,7 @@ QStringList remarksOn(const Purchase& purchase, PurchaseSource& source) {
       remarks.append(QStringLiteral("Articolul %1 are unitatea %2, factura %3")
                          .arg(article->code, article->unit, invoice.lines[i].unit));
   }
+  remarks.removeDuplicates();
   if (const auto rate = rateOf(invoice); rate && !isLei(invoice.currency))
     remarks.append(
         QStringLiteral("Valori in lei la cursul 1 %1 = %2").arg(invoice.currency, rate->toString()));

@@ -121,6 +121,31 @@ list().selectMany([0, 1]);
 w.click("cmdPreia");
 check(w.text("lblStare").includes("De verificat: S 2: Articolul A1 are unitatea Kg, factura H87"), w.text("lblStare"));
 equal(sql("SELECT NUMFAC, CODART, CANT, VALOAREFT FROM G_LFACFU WHERE NUMFAC LIKE 'S %' ORDER BY NUMFAC"), [{CANT: 4, CODART: "A1", NUMFAC: "S 1", VALOAREFT: 40}, {CANT: 1, CODART: "A1", NUMFAC: "S 2", VALOAREFT: 10}], "one line of four");
+
+// 100 messages and long values at 1366x768: the lines and the buttons stay in view; printed values are whole.
+const supplier = sql("SELECT COD FROM kt_ter WHERE CODFISCAL = 'RO13548146'")[0].COD;
+const goods = Array.from({length: 100}, (x, i) => "M" + i);
+goods.forEach((code, i) => sql("INSERT INTO G_ARTMAG (CODART, DENART, UM, FAMART, PROVENIENTA, FARASTOC, ID, CODPRODFUR, CODFURNIZO) VALUES (?, ?, 'Buc', 1, 'M', 0, ?, ?, ?)", code, code, 1000 + i, code, supplier));
+put("l.xml", {number: "S 4", lines: goods.concat("M0").map((code) => [code, "Denumire lunga ".repeat(12) + "capatul " + code, "XBX", 1, 10, 21]), rates: [[21, 1010, 212.1]]});
+file(folder + "/l.xml");
+w.click("cmdFisiere");
+w.click("cmdDeschide");
+p = win("frmEFacturaPreluare");
+equal([p.text("lblStare").split("\n").length, p.text("lblStare").split("\n")[0]], [100, "Articolul M0 are unitatea Buc, factura XBX"], "each article once");
+p.shot("many");
+const sizes = readFile(paths().out + "/many.png").substring(16, 24).split("").map((byte) => byte.charCodeAt(0));
+check(sizes[2] * 256 + sizes[3] <= 1366 && sizes[6] * 256 + sizes[7] <= 700, "the window fits the screen: " + sizes);
+p.click("cmdAnulare");
+w.click("cmdAfisare");
+const long = win("frmEFacturaAfisare");
+printed();
+long.click("TDBGridListare");
+const paper = pdfText(printed()[0]);
+equal(goods.filter((code) => !new RegExp("capatul\\s+" + code + "\\b").test(paper)), [], "printed whole");
+long.click("cmdIesire");
+w.click("cmdPreia");
+check(w.text("lblStare").endsWith("Articolul M99 are unitatea Buc, factura XBX"), "the whole text");
+w.shot("told");
 w.click("cmdIesire");
 
 // The drafts validate as they are.

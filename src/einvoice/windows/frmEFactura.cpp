@@ -22,6 +22,7 @@
 #include "util/windows/DateBox.h"
 #include "util/windows/Entry.h"
 #include "util/windows/Forms.h"
+#include "util/windows/StatusText.h"
 #include "util/windows/WindowHost.h"
 #include "util/windows/WorkProgress.h"
 #include "util/ZipText.h"
@@ -31,6 +32,7 @@ namespace velmar {
 namespace {
 
 const QString kForm = QStringLiteral("frmEFactura");
+constexpr int kStatusLines = 5;
 constexpr int kIndexLength = 30;
 
 // What the state's system answered, a line each, with the rule that a line names.
@@ -52,7 +54,7 @@ frmEFactura::frmEFactura(QWidget* parent)
       TDBGrid2_(new TDBGrid("TDBGrid2")),
       txtIndex_(
           makeTextBox("txtIndex", kIndexLength, "Indexul de incarcare dat de sistem", KeyFilter::NoBlank)),
-      lblStare_(named(new ElidedLabel, "lblStare")) {
+      lblStare_(new StatusText("lblStare", kStatusLines)) {
   setObjectName(kForm);
   setWindowTitle("e-Factura");
   TDBGrid1_->setColumns({{"DOCUMENT", "Document", CellFormat::Text, 14},
@@ -87,7 +89,7 @@ frmEFactura::frmEFactura(QWidget* parent)
   auto* cmdIesire = makeButton("cmdIesire", "Iesire", "Inchidere fereastra", "close");
   setUpExitButton(cmdIesire, this);
   auto* buttons = new QHBoxLayout;
-  buttons->addWidget(lblStare_, 1);
+  buttons->addStretch();
   for (QWidget* each : std::initializer_list<QWidget*>{
            makeCommand(this, "cmdVerifica", "Verifica", "Verifica facturile alese", "search",
                        [this] { check(); }),
@@ -101,6 +103,7 @@ frmEFactura::frmEFactura(QWidget* parent)
   auto* all = new QVBoxLayout(this);
   all->addLayout(periodRow());
   all->addWidget(lists, 1);
+  all->addWidget(lblStare_);
   all->addLayout(sendingRow());
   all->addLayout(buttons);
   setUpKeys(this, nullptr, cmdIesire);

@@ -5,13 +5,13 @@
 
 #include "einvoice/EInvoices.h"
 
-class QLabel;
 class QLineEdit;
 class QPushButton;
 
 namespace velmar {
 
 class DateBox;
+class StatusText;
 class TDBGrid;
 
 class frmEFactura : public QWidget {
@@ -46,7 +46,7 @@ class frmEFactura : public QWidget {
   TDBGrid* TDBGrid1_;
   TDBGrid* TDBGrid2_;
   QLineEdit* txtIndex_;
-  QLabel* lblStare_;
+  StatusText* lblStare_;
   std::vector<EFault> faults_;  ///< as TDBGrid2 shows them
 };
 

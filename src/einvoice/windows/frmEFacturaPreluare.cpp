@@ -16,6 +16,7 @@
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
 #include "util/windows/Forms.h"
+#include "util/windows/StatusText.h"
 
 namespace velmar {
 
@@ -24,6 +25,7 @@ namespace {
 const QString kForm = QStringLiteral("frmEFacturaPreluare");
 constexpr int kNumberWidth = 40;
 constexpr int kKeyWidth = 22;
+constexpr int kStatusLines = 5;
 
 }  // namespace
 
@@ -40,7 +42,7 @@ frmEFacturaPreluare::frmEFacturaPreluare(qint64 id, QWidget* parent)
       cboArticol_(new ArticleCombo("cboArticol", articleList("D"))),
       cboFamilie_(named(new QComboBox, "cboFamilie", "Familia articolului nou")),
       lblDiferenta_(named(new QLabel, "lblDiferenta")),
-      lblStare_(named(new QLabel, "lblStare")) {
+      lblStare_(new StatusText("lblStare", kStatusLines)) {
   setObjectName(kForm);
   setWindowTitle(QStringLiteral("Preluare factura %1").arg(purchase_.invoice.number));
   TDBGrid1_->setColumns({{"COD_FURNIZOR", "Cod furnizor", CellFormat::Text, 14},
@@ -68,7 +70,6 @@ frmEFacturaPreluare::frmEFacturaPreluare(qint64 id, QWidget* parent)
   });
   guarded(kForm, "Form_Load", [this] { IncarcaCombo(*cboFamilie_); });
   cboFamilie_->setCurrentIndex(0);
-  lblStare_->setWordWrap(true);
   connect(txtNumar_, &QLineEdit::textEdited, this, [this](const QString& text) {
     purchase_.number = text.trimmed();
     guarded(kForm, "txtNumar_Change", [this] { show(); });
@@ -120,9 +121,11 @@ QLayout* frmEFacturaPreluare::head() {
   rows->addRow("Furnizor", supplier);
   auto* numbers = new QHBoxLayout;
   numbers->addWidget(txtNumar_);
-  numbers->addWidget(new QLabel(QStringLiteral("din %1, scadenta %2, total %3 %4")
-                                    .arg(formatDate(invoice.date), formatDate(invoice.due),
-                                         formatNumber(invoice.total(), 2), invoice.currency)));
+  auto* figures = new QLabel(QStringLiteral("din %1, scadenta %2, total %3 %4")
+                                 .arg(formatDate(invoice.date), formatDate(invoice.due),
+                                      formatNumber(invoice.total(), 2), invoice.currency));
+  figures->setTextFormat(Qt::PlainText);
+  numbers->addWidget(figures);
   numbers->addStretch();
   const bool goesBack = std::any_of(invoice.lines.begin(), invoice.lines.end(),
                                     [](const ReceivedLine& line) { return line.quantity.isNegative(); });

@@ -14,6 +14,7 @@ namespace velmar {
 
 class ArticleCombo;
 class EntryGrid;
+class StatusText;
 
 class frmEFacturaPreluare : public QDialog {
   Q_OBJECT
@@ -43,7 +44,7 @@ class frmEFacturaPreluare : public QDialog {
   ArticleCombo* cboArticol_;
   QComboBox* cboFamilie_;
   QLabel* lblDiferenta_;
-  QLabel* lblStare_;
+  StatusText* lblStare_;
 };
 
 }  // namespace velmar

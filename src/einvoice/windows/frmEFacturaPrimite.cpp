@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QFileDialog>
-#include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
 
@@ -16,6 +15,7 @@
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
 #include "util/windows/Forms.h"
+#include "util/windows/StatusText.h"
 #include "util/windows/WorkProgress.h"
 
 namespace velmar {
@@ -23,11 +23,14 @@ namespace velmar {
 namespace {
 
 const QString kForm = QStringLiteral("frmEFacturaPrimite");
+constexpr int kStatusLines = 5;
 
 }  // namespace
 
 frmEFacturaPrimite::frmEFacturaPrimite(QWidget* parent)
-    : QWidget(parent), TDBGrid1_(new TDBGrid("TDBGrid1")), lblStare_(named(new ElidedLabel, "lblStare")) {
+    : QWidget(parent),
+      TDBGrid1_(new TDBGrid("TDBGrid1")),
+      lblStare_(new StatusText("lblStare", kStatusLines)) {
   setObjectName(kForm);
   setWindowTitle("e-Facturi primite");
   TDBGrid1_->setColumns({{"FISIER", "Fisier", CellFormat::Text, 24},
@@ -50,7 +53,7 @@ frmEFacturaPrimite::frmEFacturaPrimite(QWidget* parent)
   auto* cmdIesire = makeButton("cmdIesire", "Iesire", "Inchidere fereastra", "close");
   setUpExitButton(cmdIesire, this);
   auto* buttons = new QHBoxLayout;
-  buttons->addWidget(lblStare_, 1);
+  buttons->addStretch();
   for (QWidget* each : std::initializer_list<QWidget*>{
            makeCommand(this, "cmdFisiere", "Fisiere", "Citeste fisiere XML sau zip", {},
                        [this] { readFiles(); }),
@@ -65,6 +68,7 @@ frmEFacturaPrimite::frmEFacturaPrimite(QWidget* parent)
     buttons->addWidget(each);
   auto* all = new QVBoxLayout(this);
   all->addWidget(TDBGrid1_, 1);
+  all->addWidget(lblStare_);
   all->addLayout(buttons);
   setUpKeys(this, nullptr, cmdIesire);
   giveMnemonics(this);

@@ -3,13 +3,13 @@
 
 #include <QWidget>
 
-class QLabel;
 class QPushButton;
 
 namespace velmar {
 
 class TDBGrid;
 class Row;
+class StatusText;
 
 class frmEFacturaPrimite : public QWidget {
   Q_OBJECT
@@ -35,7 +35,7 @@ class frmEFacturaPrimite : public QWidget {
   void showFields();
 
   TDBGrid* TDBGrid1_;
-  QLabel* lblStare_;
+  StatusText* lblStare_;
 };
 
 }  // namespace velmar
