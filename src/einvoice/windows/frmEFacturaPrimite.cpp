@@ -169,7 +169,7 @@ void frmEFacturaPrimite::takeOverSelected() {
   }
   show();
   QString done = QStringLiteral("Facturi preluate: %1").arg(taken);
-  if (!left.isEmpty()) done += QStringLiteral(". Nepreluate: ") + left.join(u' ');
+  if (!left.isEmpty()) done += QStringLiteral(". Nepreluate: ") + left.join(QStringLiteral("; "));
   if (!remarks.isEmpty()) done += QStringLiteral(". De verificat: ") + remarks.join(QStringLiteral("; "));
   lblStare_->setText(done);
 }

@@ -72,19 +72,30 @@ qreal textHeight(const QString& text, const QFont& font) {
   return static_cast<qreal>(pageLines(text, 0, 1).size()) * QFontMetricsF(font).height() * kLeading;
 }
 
-// The text in lines of at most that width, broken between words, or within one that is longer.
+// The text in lines of at most that width, broken between words, or within one that is longer. It is laid out
+// in parts: the toolkit is slow with very long ones.
 QStringList wrappedText(const QString& text, const QFont& font, qreal width) {
-  QTextLayout layout(text, font);
+  constexpr qsizetype kPart = 1000;
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-  layout.setTextOption(option);
   QStringList lines;
-  layout.beginLayout();
-  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-    line.setLineWidth(width);
-    lines.append(text.mid(line.textStart(), line.textLength()).trimmed());
+  for (qsizetype from = 0; from < text.size() || lines.isEmpty();) {
+    const QString part = text.mid(from, kPart);
+    const bool isLast = from + part.size() == text.size();
+    QTextLayout layout(part, font);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+      line.setLineWidth(width);
+      const qsizetype end = line.textStart() + line.textLength();
+      // What would continue in the next part begins it.
+      if (end == part.size() && !isLast && line.textStart() > 0) break;
+      lines.append(part.mid(line.textStart(), line.textLength()).trimmed());
+      from += line.textLength();
+    }
+    layout.endLayout();
+    if (part.isEmpty()) break;
   }
-  layout.endLayout();
   return lines;
 }
 
