@@ -136,7 +136,21 @@ void frmEFacturaPrimite::readFolder() {
 void frmEFacturaPrimite::open() {
   const qint64 id = current().integer("ID");
   frmEFacturaPreluare(id, this).exec();
+  judgeIncomplete();
   show();
+}
+
+// A supplier or an article that was made for one file may be what others lack.
+void frmEFacturaPrimite::judgeIncomplete() {
+  const Hourglass hourglass;
+  WorkProgress progress(windowTitle(), this);
+  PurchaseSource source;
+  const RowSource& rows = TDBGrid1_->rows();
+  for (int place = 0; place < rows.size(); ++place) {
+    progress.show(place, rows.size());
+    if (rows.row(place).text("STARE") == received::kIncomplete)
+      judgeAgain(rows.row(place).integer("ID"), source);
+  }
 }
 
 void frmEFacturaPrimite::takeOverSelected() {

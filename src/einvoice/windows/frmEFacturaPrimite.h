@@ -31,6 +31,7 @@ class frmEFacturaPrimite : public QWidget {
   void readFiles();
   void readFolder();
   void open();
+  void judgeIncomplete();
   void takeOverSelected();
   void showFields();
 
