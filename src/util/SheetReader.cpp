@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 
 #include "util/Decimal.h"
 #include "util/Errors.h"
@@ -18,6 +19,16 @@ namespace {
 
 constexpr int kPatience = 60'000;  // milliseconds
 constexpr double kLargestExact = 9e15;
+
+// A number typed as text, also with groups of digits where the decimals tell which separator they have:
+// "1.234,50", "1,234.50".
+std::optional<Decimal> typedNumber(QString text) {
+  static const QRegularExpression byPoint(QStringLiteral(R"(^-?\d{1,3}(\.\d{3})+,\d+$)")),
+      byComma(QStringLiteral(R"(^-?\d{1,3}(,\d{3})+\.\d+$)"));
+  if (byPoint.match(text).hasMatch()) text.remove(u'.');
+  if (byComma.match(text).hasMatch()) text.remove(u',');
+  return parseNumber(text);
+}
 
 // Beside the program, or above it in a build folder.
 QString readerProgram() {
@@ -80,7 +91,7 @@ QString SheetTable::text(int row, QAnyStringView column) const {
 QVariant SheetTable::number(int row, QAnyStringView column) const {
   const QVariant value = cell(row, column);
   if (value.typeId() == QMetaType::Double) return value;
-  const auto typed = parseNumber(value.toString().trimmed());
+  const auto typed = typedNumber(value.toString().trimmed());
   return typed ? QVariant(typed->toDouble()) : QVariant();
 }
 

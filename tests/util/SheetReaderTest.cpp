@@ -115,11 +115,13 @@ TEST(SheetReader, TextsAreWithoutCommentsAndEscapes) {
                    "<t:table-cell o:value-type='float' o:value='2.5'>" +
                    note +
                    "<x:p>2,50</x:p></t:table-cell></t:table-row><t:table-row><t:table-cell "
-                   "o:value-type='string' o:string-value='P7'/></t:table-row></t:table></o:d>"}}));
+                   "o:value-type='string' o:string-value='P7'/><t:table-cell o:value-type='string' "
+                   "o:string-value='1.234,50'/></t:table-row></t:table></o:d>"}}));
   ASSERT_EQ(ods.size(), 2);
   EXPECT_EQ(ods.text(0, "COD"), "P  2\t3\n4");
   EXPECT_EQ(ods.number(0, "PRET"), 2.5);
   EXPECT_EQ(ods.text(1, "COD"), "P7");
+  EXPECT_EQ(ods.number(1, "PRET"), 1234.5);
 
   // The parts of the workbook have names of their own; two blank rows are above the heading.
   const SheetTable xlsx = readBytes(
