@@ -452,6 +452,9 @@ QStringList remarksOn(const Purchase& purchase, PurchaseSource& source) {
     if (article && source.unitCode(article->unit) != invoice.lines[i].unit)
       remarks.append(QStringLiteral("Articolul %1 are unitatea %2, factura %3")
                          .arg(article->code, article->unit, invoice.lines[i].unit));
+    if (article && invoice.lines[i].value.isZero() && !invoice.lines[i].quantity.isZero())
+      remarks.append(
+          QStringLiteral("Articolul %1 are pretul 0, cu care factura nu se poate valida").arg(article->code));
   }
   remarks.removeDuplicates();
   if (const auto rate = rateOf(invoice); rate && !isLei(invoice.currency))

@@ -100,8 +100,8 @@ QStringList missingIn(const Purchase& purchase, PurchaseSource& source);
 std::vector<PurchaseDraft> draftsOf(const Purchase& purchase, PurchaseSource& source);
 /// Lei with VAT that the file has and the drafts do not.
 Decimal differenceOf(const Purchase& purchase, PurchaseSource& source);
-/// Units of the file that differ from those of the articles, each difference once, and the exchange rate
-/// used, in Romanian.
+/// Units of the file that differ from those of the articles, each difference once, lines without a value, and
+/// the exchange rate used, in Romanian.
 QStringList remarksOn(const Purchase& purchase, PurchaseSource& source);
 
 /// Adds the supplier of the file, or makes its partner, a customer until now, a supplier too; its key.

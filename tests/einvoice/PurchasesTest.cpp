@@ -166,6 +166,9 @@ TEST(Purchases, SaysWhatIsMissing) {
   readPurchases(paths);
   PurchaseSource source;
   const Purchase purchase = storedPurchase(lastPurchases().first().integer("ID"), source);
+  Purchase free = purchase;
+  free.invoice.lines.front().value = 0;
+  EXPECT_TRUE(remarksOn(free, source).first().startsWith("Articolul A1 are pretul 0"));
   EXPECT_EQ(takeOver(purchase, source), QStringList(QStringLiteral("VLM1/F%1").arg(desk.supplier)));
   // 99.99 EUR are 496.95 lei; VAT of 19.00 EUR is 94.43.
   const Row made = OpenRs("SELECT VALOAREFT, VALOARETVA FROM G_LFACFU WHERE NUMFAC LIKE 'VLM1/F%'").first();
