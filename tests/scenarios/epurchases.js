@@ -58,6 +58,9 @@ equal(sql("SELECT NUME, TIP, CODFISCAL, CT FROM kt_ter WHERE CODFISCAL = 'RO1354
 p.pick("cboFamilie", "1-MARFA");
 lines().select(0);
 p.click("cmdArticolNou");
+answer("Nu");
+p.click("cmdArticolNou"); // once more
+expectMessage("Linia are deja articolul");
 equal(sql("SELECT CODART, DENART, UM, CODPRODFUR, FAMART FROM G_ARTMAG WHERE CODPRODFUR = 'X1'").length, 1, "new article");
 answer("OK");
 lines().enter(1, "CODART", "nimic");

@@ -202,11 +202,16 @@ void frmEFacturaPreluare::addArticle() {
   const qint64 family = cboFamilie_->currentText().section(u'-', 0, 0).toLongLong();
   if (family == 0) throw RuleError("Selectati familia articolului nou !");
   const size_t line = currentLine();
+  const QString known = purchase_.articles[static_cast<qsizetype>(line)];
+  if (!known.isEmpty() &&
+      Mesaj(QStringLiteral("Linia are deja articolul %1. Doriti sa creati altul ?").arg(known),
+            kYesNo + kQuestion + kSecondDefault, windowTitle()) != kResultYes)
+    return;
   choose(line, addArticleFor(purchase_.invoice.lines[line], purchase_.supplier, family, source_));
   // Further lines of the same goods.
-  const QStringList known = source_.articlesOf(purchase_.supplier, purchase_.invoice);
-  for (qsizetype i = 0; i < known.size(); ++i)
-    if (purchase_.articles[i].isEmpty()) purchase_.articles[i] = known[i];
+  const QStringList found = source_.articlesOf(purchase_.supplier, purchase_.invoice);
+  for (qsizetype i = 0; i < found.size(); ++i)
+    if (purchase_.articles[i].isEmpty()) purchase_.articles[i] = found[i];
   show();
 }
 
