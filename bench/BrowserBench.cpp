@@ -69,25 +69,12 @@ void settleWholly(QWidget& window) {
   }
 }
 
-void compare(Store store, const QString& name, double aim, int rounds, const std::function<void()>& ours,
-             const std::function<void()>& bare) {
-  Times own, statements;
-  for (int round = 0; round < rounds; ++round) {
-    statements.add(timed(bare));
-    own.add(timed(ours));
-  }
-  const double times = own.median() / statements.median();
-  noteRatio(QStringLiteral("browser: ") + name, store, times);
-  printRow(name, {milliseconds(own.median()), milliseconds(statements.median()), ratio(times, aim),
-                  QStringLiteral("<= %1").arg(aim)});
-}
-
 // The rows alone, then the whole window.
 template <typename Window>
 void measureOpening(Store store, const QString& name, const ListQuery& list, const QString& order,
                     bool descending, BareStatement& page, BareStatement* sums) {
   compare(
-      store, name + QStringLiteral(": prima pagina"), kPageAim, kRounds,
+      store, QStringLiteral("browser"), name + QStringLiteral(": prima pagina"), kPageAim, kRounds,
       [&] {
         const ListRows rows(list, {}, order, descending, ListRows::Read::FirstPart);
         rows.fetch(0, kPage - 1);
@@ -103,7 +90,7 @@ void measureOpening(Store store, const QString& name, const ListQuery& list, con
   printRow(name + QStringLiteral(": fereastra"), {milliseconds(opening.median())});
   if (!sums) return;
   compare(
-      store, name + QStringLiteral(": numar si totaluri"), kPageAim, kLongRounds,
+      store, QStringLiteral("browser"), name + QStringLiteral(": numar si totaluri"), kPageAim, kLongRounds,
       [] {
         Window window;
         window.show();
@@ -119,7 +106,7 @@ void measureFilter(Store store, const QString& name, const QString& column, cons
   window.show();
   settleWholly(window);
   compare(
-      store, name, kPageAim, kRounds,
+      store, QStringLiteral("browser"), name, kPageAim, kRounds,
       [&] {
         window.showOnly(column, value);
         settleWholly(window);
@@ -156,20 +143,20 @@ bool measureBrowser(Store store) {
 
   BareStatement stock = bare.prepare(kStockSums.c_str());
   compare(
-      store, QStringLiteral("corectie stocuri"), kWorkAim, kLongRounds, [] { CorectArticoleTable(); },
-      [&stock] { stock.run(); });
+      store, QStringLiteral("browser"), QStringLiteral("corectie stocuri"), kWorkAim, kLongRounds,
+      [] { CorectArticoleTable(); }, [&stock] { stock.run(); });
   compare(
-      store, QStringLiteral("corectie stocuri si avize"), kWorkAim, kLongRounds,
+      store, QStringLiteral("browser"), QStringLiteral("corectie stocuri si avize"), kWorkAim, kLongRounds,
       [] { correctStockAndNotes(); }, [&stock] { stock.run(); });
   compare(
-      store, QStringLiteral("diferente loturi"), kWorkAim, kLongRounds, [] { lotDifferences(); },
-      [&stock] { stock.run(); });
+      store, QStringLiteral("browser"), QStringLiteral("diferente loturi"), kWorkAim, kLongRounds,
+      [] { lotDifferences(); }, [&stock] { stock.run(); });
   BareStatement issued = bare.prepare(
       "SELECT L.ARTID, SUM(L.CANT) FROM G_DOCUME D INNER JOIN G_LDOCUM L ON L.DOCID = D.ID WHERE D.TIPIE = "
       "'E' "
       "GROUP BY L.ARTID");
   compare(
-      store, QStringLiteral("cantitati iesite"), kWorkAim, kLongRounds,
+      store, QStringLiteral("browser"), QStringLiteral("cantitati iesite"), kWorkAim, kLongRounds,
       [] { setIssuedQuantities(QDate(2000, 1, 1), QDate(2099, 12, 31)); }, [&issued] { issued.run(); });
   size_t found = 0;
   printRow(QStringLiteral("verificare"), {milliseconds(timed([&found] { found = disagreements().size(); }))});

@@ -28,19 +28,6 @@ constexpr int kExported = 100'000;
 constexpr int kTextColumns = 3;
 constexpr int kColumns = 8;
 
-void compare(Store store, const QString& name, double aim, int rounds, const std::function<void()>& ours,
-             const std::function<void()>& bare) {
-  Times own, direct;
-  for (int round = 0; round < rounds; ++round) {
-    direct.add(timed(bare));
-    own.add(timed(ours));
-  }
-  const double times = own.median() / direct.median();
-  noteRatio(QStringLiteral("figures: ") + name, store, times, aim);
-  printRow(name, {milliseconds(own.median()), milliseconds(direct.median()), ratio(times, aim),
-                  QStringLiteral("<= %1").arg(aim)});
-}
-
 void measureCharts(Store store, BareConnection& bare) {
   const std::string period = " FROM kt_linii WHERE DATAINR BETWEEN '2000-01-01' AND '2099-12-31' AND ";
   const std::string month = "SUBSTR(CAST(DATAINR AS TEXT), 6, 2)";
@@ -63,7 +50,7 @@ void measureCharts(Store store, BareConnection& bare) {
     const ChartChoice choice{chart.kind, chart.account, QDate(2000, 1, 1), QDate(2099, 12, 31), 0};
     BareStatement statement = bare.prepare(chart.sql.c_str());
     compare(
-        store, chartKinds()[static_cast<int>(chart.kind)], kAim, kFigureRounds,
+        store, QStringLiteral("figures"), chartKinds()[static_cast<int>(chart.kind)], kAim, kFigureRounds,
         [&choice] { chartData(choice, choice.account); }, [&statement] { statement.readAll(); });
   }
 }
@@ -88,7 +75,7 @@ void measurePanel(Store store, BareConnection& bare) {
             today + "' AND (D.DATADOC >= '2025-01-01' OR T.TIP <> 'P')"})
     statements.push_back(bare.prepare(sql.c_str()));
   compare(
-      store, QStringLiteral("prima pagina"), kPanelAim, kRounds,
+      store, QStringLiteral("figures"), QStringLiteral("prima pagina"), kPanelAim, kRounds,
       [] {
         frmPanou window;
         window.show();
@@ -112,7 +99,7 @@ void measureExport(Store store) {
     columns.append(
         {QString::number(i), i < kTextColumns ? SheetColumn::Kind::Text : SheetColumn::Kind::Number, 2});
   compare(
-      store, QStringLiteral("100.000 de randuri in .xlsx"), kAim, 3,
+      store, QStringLiteral("figures"), QStringLiteral("100.000 de randuri in .xlsx"), kAim, 3,
       [&] { writeSheet(folder.filePath("a.xlsx"), columns, kExported, exportedCell); },
       [&folder] {
         lxw_workbook_options options{};

@@ -341,6 +341,19 @@ void noteRatio(const QString& name, Store store, double value, double aim) {
   found->values.insert(store, ratio(value, aim));
 }
 
+void compare(Store store, const QString& bench, const QString& name, double aim, int rounds,
+             const std::function<void()>& ours, const std::function<void()>& bare) {
+  Times own, direct;
+  for (int round = 0; round < rounds; ++round) {
+    direct.add(timed(bare));
+    own.add(timed(ours));
+  }
+  const double times = own.median() / direct.median();
+  noteRatio(bench + QStringLiteral(": ") + name, store, times, aim);
+  printRow(name, {milliseconds(own.median()), milliseconds(direct.median()), ratio(times, aim),
+                  QStringLiteral("<= %1").arg(aim)});
+}
+
 void printRatios() {
   if (ratios.isEmpty()) return;
   printHeading(QStringLiteral("raport Velmar / instructiuni directe"),

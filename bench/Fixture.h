@@ -1,6 +1,7 @@
 // Basis of the measurements: companies of a given size in a temporary folder, timing, and the printed table.
 #pragma once
 
+#include <functional>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -78,6 +79,10 @@ QString ratio(double value, double aim);
 
 /// Stores the ratio of the time of an operation to that of the bare statements, for the table at the end.
 void noteRatio(const QString& name, Store store, double value, double aim = kNoAim);
+/// Times the work of the program and its bare counterpart in turns, prints a row with both medians, and
+/// stores their ratio under "bench: name".
+void compare(Store store, const QString& bench, const QString& name, double aim, int rounds,
+             const std::function<void()>& ours, const std::function<void()>& bare);
 /// Prints the ratios of the run, with one column for each engine.
 void printRatios();
 
