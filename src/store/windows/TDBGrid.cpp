@@ -8,13 +8,13 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QShortcut>
-#include <QTextDocument>
 
 #include "store/windows/ListExport.h"
 #include "util/Errors.h"
 #include "util/NumberText.h"
 #include "util/PlainText.h"
 #include "util/Settings.h"
+#include "util/windows/Controls.h"
 
 namespace velmar {
 
@@ -135,10 +135,8 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
       return value.typeId() == QMetaType::Double ? editNumber(Decimal::fromDouble(value.toDouble()))
                                                  : value.toString();
     }
-    case Qt::ToolTipRole: {  // whole, where the column is too narrow for it
-      const QString text = data(index, Qt::DisplayRole).toString();
-      return Qt::mightBeRichText(text) ? QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped()) : text;
-    }
+    case Qt::ToolTipRole:  // whole, where the column is too narrow for it
+      return plainToolTip(data(index, Qt::DisplayRole).toString());
     case Qt::TextAlignmentRole:
       return isRightAligned(column.format) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     case Qt::BackgroundRole:

@@ -1,9 +1,12 @@
 #include "util/windows/Controls.h"
 
 #include <QFocusEvent>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTextDocument>
+#include <QToolTip>
 
 #include "util/Errors.h"
 #include "util/Messages.h"
@@ -108,9 +111,20 @@ void fitCapitals(QLineEdit* box) {
   box->setMaximumWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('N')) * (box->maxLength() + 2));
 }
 
+QString plainToolTip(const QString& text) {
+  return Qt::mightBeRichText(text) ? QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped()) : text;
+}
+
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+}
+
+bool ElidedLabel::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip || fontMetrics().horizontalAdvance(text()) <= contentsRect().width())
+    return QLabel::event(event);
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(text()), this);
+  return true;
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {

@@ -31,12 +31,16 @@ QLineEdit* makeTextBox(const QString& name, int width, const QString& toolTip = 
 /// Makes the box wide enough for a text of maximum length in upper case.
 void fitCapitals(QLineEdit* box);
 
+/// The text of a tool tip that shows this text as it is: the toolkit would take some for markup.
+QString plainToolTip(const QString& text);
+
 /// A text that is truncated with dots if it does not fit, and then has the complete text as its tool tip.
 class ElidedLabel : public QLabel {
  public:
   explicit ElidedLabel(QWidget* parent = nullptr);
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 };
 
