@@ -77,12 +77,7 @@ TEST(ReturnsTest, ReturnedLinesAreTakenBackToo) {
                     {Trade::bought("A", "5", "12", "20"), Trade::bought("B", "10", "3", "5")});
     trade.validated("FC", trade.sale("9"), {Trade::out("B", "10"), Trade::out("A", "-1")});
     ExecutaSql("UPDATE kt_linii SET CODCC = 'C7', CANTIT = 3, UTILIZATOR = 'ANA' WHERE DOC = '9'");
-    DocumentEditor editor("FS");
-    editor.open("9");
-    TypedTexts header = editor.headerTexts();
-    header.insert("NUMFAC", "10");
-    editor.headerTyped(header);
-    ASSERT_TRUE(Trade::validate(editor));
+    ASSERT_TRUE(Trade::turnRound("9", "10"));
     EXPECT_EQ(Trade::rest("FC9"), Decimal(0));
     EXPECT_EQ(disagreementText(), "");
     // A turned note carries what others filled, with nothing for null.

@@ -68,6 +68,16 @@ class Trade {
     return true;
   }
 
+  /// Validates the storno of an invoice, with that number.
+  static bool turnRound(const QString& invoice, const QString& number) {
+    DocumentEditor editor("FS");
+    editor.open(invoice);
+    TypedTexts header = editor.headerTexts();
+    header.insert("NUMFAC", number);
+    editor.headerTyped(header);
+    return validate(editor);
+  }
+
   void validated(const QString& kind, const TypedTexts& more, const std::vector<TypedLine>& lines) const {
     DocumentEditor editor(kind);
     draft(editor, more, lines);

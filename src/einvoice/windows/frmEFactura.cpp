@@ -32,7 +32,6 @@ namespace velmar {
 namespace {
 
 const QString kForm = QStringLiteral("frmEFactura");
-constexpr int kStatusLines = 5;
 constexpr int kIndexLength = 30;
 
 // What the state's system answered, a line each, with the rule that a line names.
@@ -54,7 +53,7 @@ frmEFactura::frmEFactura(QWidget* parent)
       TDBGrid2_(new TDBGrid("TDBGrid2")),
       txtIndex_(
           makeTextBox("txtIndex", kIndexLength, "Indexul de incarcare dat de sistem", KeyFilter::NoBlank)),
-      lblStare_(new StatusText("lblStare", kStatusLines)) {
+      lblStare_(new StatusText("lblStare")) {
   setObjectName(kForm);
   setWindowTitle("e-Factura");
   TDBGrid1_->setColumns({{"DOCUMENT", "Document", CellFormat::Text, 14},

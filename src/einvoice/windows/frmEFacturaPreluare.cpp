@@ -25,7 +25,6 @@ namespace {
 const QString kForm = QStringLiteral("frmEFacturaPreluare");
 constexpr int kNumberWidth = 40;
 constexpr int kKeyWidth = 22;
-constexpr int kStatusLines = 5;
 
 }  // namespace
 
@@ -42,7 +41,7 @@ frmEFacturaPreluare::frmEFacturaPreluare(qint64 id, QWidget* parent)
       cboArticol_(new ArticleCombo("cboArticol", articleList("D"))),
       cboFamilie_(named(new QComboBox, "cboFamilie", "Familia articolului nou")),
       lblDiferenta_(named(new QLabel, "lblDiferenta")),
-      lblStare_(new StatusText("lblStare", kStatusLines)) {
+      lblStare_(new StatusText("lblStare")) {
   setObjectName(kForm);
   setWindowTitle(QStringLiteral("Preluare factura %1").arg(purchase_.invoice.number));
   TDBGrid1_->setColumns({{"COD_FURNIZOR", "Cod furnizor", CellFormat::Text, 14},

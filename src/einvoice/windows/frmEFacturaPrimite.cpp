@@ -23,14 +23,11 @@ namespace velmar {
 namespace {
 
 const QString kForm = QStringLiteral("frmEFacturaPrimite");
-constexpr int kStatusLines = 5;
 
 }  // namespace
 
 frmEFacturaPrimite::frmEFacturaPrimite(QWidget* parent)
-    : QWidget(parent),
-      TDBGrid1_(new TDBGrid("TDBGrid1")),
-      lblStare_(new StatusText("lblStare", kStatusLines)) {
+    : QWidget(parent), TDBGrid1_(new TDBGrid("TDBGrid1")), lblStare_(new StatusText("lblStare")) {
   setObjectName(kForm);
   setWindowTitle("e-Facturi primite");
   TDBGrid1_->setColumns({{"FISIER", "Fisier", CellFormat::Text, 24},

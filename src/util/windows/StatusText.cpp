@@ -6,8 +6,7 @@
 
 namespace velmar {
 
-StatusText::StatusText(const QString& name, int mostLines, QWidget* parent)
-    : QPlainTextEdit(parent), mostLines_(mostLines) {
+StatusText::StatusText(const QString& name, QWidget* parent) : QPlainTextEdit(parent) {
   setObjectName(name);
   setReadOnly(true);
   setTabChangesFocus(true);
@@ -30,7 +29,8 @@ void StatusText::resizeEvent(QResizeEvent* event) {
 
 void StatusText::fit() {
   const int line = fontMetrics().lineSpacing();
-  const int most = line * mostLines_;
+  constexpr int kMostLines = 5;
+  const int most = line * kMostLines;
   qreal needed = 0;
   for (QTextBlock block = document()->begin(); block.isValid() && needed <= most; block = block.next())
     needed += blockBoundingRect(block).height();

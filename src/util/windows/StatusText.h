@@ -5,12 +5,12 @@
 
 namespace velmar {
 
-/// As high as its wrapped text needs, but at most `mostLines` lines; the others are reached by scrolling. The
+/// As high as its wrapped text needs, but at most five lines; the others are reached by scrolling. The
 /// text can be selected and copied, and is never markup.
 class StatusText : public QPlainTextEdit {
   Q_OBJECT
  public:
-  StatusText(const QString& name, int mostLines, QWidget* parent = nullptr);
+  explicit StatusText(const QString& name, QWidget* parent = nullptr);
 
   void setText(const QString& text);
 
@@ -19,8 +19,6 @@ class StatusText : public QPlainTextEdit {
 
  private:
   void fit();
-
-  int mostLines_;
 };
 
 }  // namespace velmar
