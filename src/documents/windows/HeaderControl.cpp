@@ -253,6 +253,12 @@ class PartnerControl : public HeaderControl {
   QLabel* name_ = nullptr;
 };
 
+// An empty list says so in one row.
+std::vector<ListEntry> orNoRecords(std::vector<ListEntry> entries) {
+  if (entries.empty()) entries.push_back({kNoRecords, {}});
+  return entries;
+}
+
 // A code of a short list, typed or chosen: VAT rate, journal.
 class CodeControl : public HeaderControl {
  public:
@@ -280,9 +286,7 @@ class CodeControl : public HeaderControl {
 
   void refresh() override {
     const QSignalBlocker quiet(list_);
-    std::vector<ListEntry> entries = entries_();
-    if (entries.empty()) entries.push_back({kNoRecords, {}});
-    LegaCombo(*list_, entries);
+    LegaCombo(*list_, orNoRecords(entries_()));
     emit code_->textChanged(code_->text());  // selects the code in the list again
   }
 
@@ -418,8 +422,7 @@ class PaymentControl : public HeaderControl {
 void fillCurrencies(QComboBox& combo) {
   std::vector<ListEntry> entries;
   for (const QString& code : currencyCodes()) entries.push_back({code, code});
-  if (entries.empty()) entries.push_back({kNoRecords, {}});
-  LegaCombo(combo, entries);
+  LegaCombo(combo, orNoRecords(std::move(entries)));
 }
 
 }  // namespace

@@ -133,7 +133,8 @@ void frmEFacturaPrimite::readFolder() {
 void frmEFacturaPrimite::open() {
   const qint64 id = current().integer("ID");
   frmEFacturaPreluare(id, this).exec();
-  judgeIncomplete();
+  show();
+  judgeIncomplete();  // which can be cancelled
   show();
 }
 
