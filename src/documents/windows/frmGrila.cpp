@@ -17,6 +17,7 @@
 #include "documents/windows/frmLst.h"
 #include "documents/windows/HeaderForm.h"
 #include "documents/windows/LineGrid.h"
+#include "documents/windows/SourceLists.h"
 #include "util/Messages.h"
 #include "util/NumberText.h"
 #include "util/windows/Controls.h"
@@ -49,12 +50,17 @@ frmGrila::frmGrila(const QString& prefix, QWidget* parent)
       header_(new HeaderForm(editor_.kind(), this)),
       commands_(new QHBoxLayout),
       lists_(new QVBoxLayout),
-      besideCheck_(new QHBoxLayout) {
+      besideCheck_(new QHBoxLayout),
+      sources_(new SourceLists(this)) {
   if (editor_.kind().isSale) repairDeliveredQuantities();
   setObjectName(editor_.kind().window);
   setWindowTitle(editor_.kind().texts.title);
   connect(header_, &HeaderForm::touched, this, &frmGrila::followHeader);
   connect(header_, &HeaderForm::chosen, this, &frmGrila::followChoice);
+  connect(sources_, &SourceLists::chosen, this,
+          [this](const LineSource* source, const QString& number, const QString& list) {
+            run(list, [this, source, number] { addLines(*source, number); });
+          });
   bySupplierCode_ = new QCheckBox("Cod produs &furnizor", this);
   bySupplierCode_->setObjectName("CheckCODP");
   bySupplierCode_->setToolTip("Daca se bifeaza, cautarea articolului se va face dupa cod produs furnizor ");
@@ -118,7 +124,10 @@ void frmGrila::shortcut(const QKeySequence& key, const QString& button) {
 
 QBoxLayout* frmGrila::headerRow() {
   lists_->addWidget(draftsFrame(), 1);
-  for (const LineSource* source : editor_.kind().sources) buildSource(*source);
+  for (const LineSource* source : editor_.kind().sources)
+    if (QGroupBox* frame = sources_->add(*source, this)) lists_->addWidget(frame, 1);
+  for (QWidget* list : sources_->lists()) fitBesideHeader(list);
+  added_ += sources_->lists();
   auto* row = new QHBoxLayout;
   row->addWidget(header_, header_->hasTwoColumns() ? 5 : 3);
   row->addLayout(lists_, header_->hasTwoColumns() ? 3 : 4);
@@ -130,73 +139,12 @@ void frmGrila::addCommand(QPushButton* button) {
   added_.append(button);
 }
 
-void frmGrila::buildSource(const LineSource& source) {
-  const SourceList& facts = source.list();
-  if (facts.control.isEmpty()) return;
-  auto* frame = named(new QGroupBox(facts.caption, this), facts.frame);
-  auto* list = new TDBGrid(facts.control, frame);
-  list->setColumns({{facts.numberColumn, "Numar", CellFormat::Text, 12},
-                    {facts.dateColumn, "Data", CellFormat::Date, 11},
-                    {"NUME", facts.partnerCaption, CellFormat::Text, 30}});
-  list->setEmptyText(facts.emptyText);
-  list->installEventFilter(this);
-  connect(list, &TDBGrid::clicked, this, [this, list] { addChosen(list); });
-  fitBesideHeader(list);
-  auto* inside = new QVBoxLayout(frame);
-  inside->addWidget(list);
-  lists_->addWidget(frame, 1);
-  added_.append(list);
-  sources_.append({&source, frame, list});
-}
-
-bool frmGrila::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-      addChosen(watched);
-      return true;
-    }
-  }
-  return QWidget::eventFilter(watched, event);
-}
-
-void frmGrila::addChosen(QObject* list) {
-  for (const OfferedSource& offered : sources_) {
-    const Row* chosen = offered.list == list ? offered.list->currentRecord() : nullptr;
-    if (!chosen) continue;
-    const QString number = chosen->text(offered.source->list().numberColumn);
-    return run(offered.list->objectName(), [this, &offered, number] { addLines(*offered.source, number); });
-  }
-}
-
 void frmGrila::addLines(const LineSource& source, const QString& number) {
   const QHash<QString, QString> typed = header_->typed();
   if (editor_.addLines(source, number, typed)) showDocument();
 }
 
-// The chosen row stays while it is offered: Enter takes it again.
-void frmGrila::refreshSources() {
-  for (const OfferedSource& offered : sources_) {
-    const QSignalBlocker quiet(offered.list);
-    const QString column = offered.source->list().numberColumn;
-    const Row* chosen = offered.list->currentRecord();
-    const QString number = chosen ? chosen->text(column) : QString();
-    offered.list->setRecordset(offered.source->offer(editor_.onScreen()));
-    const int place = number.isEmpty() ? -1 : offered.list->rows().find(column, number);
-    offered.list->setCurrentIndex(place < 0 ? QModelIndex() : offered.list->model()->index(place, 0));
-  }
-  showSources();
-}
-
-// Which lists are shown depends on the lines of the document.
-void frmGrila::showSources() {
-  if (sources_.isEmpty()) return;
-  const Document document = editor_.onScreen();
-  for (const OfferedSource& offered : sources_) {
-    offered.frame->setVisible(offered.source->isShown(document));
-    offered.list->setEnabled(offered.source->isEnabled(document));
-  }
-}
+void frmGrila::refreshSources() { sources_->refresh(editor_.onScreen()); }
 
 void frmGrila::addBesideCheck(QWidget* widget) { besideCheck_->addWidget(widget); }
 
@@ -504,7 +452,7 @@ void frmGrila::GridFooterText() {
   for (const LineColumn& column : editor_.kind().lineColumns)
     if (editor_.isTotal(column.field))
       lines_->setFooter(column.field, formatNumber(editor_.total(column.field), kFooterDecimals));
-  showSources();
+  sources_->show(editor_.onScreen());
   totalsShown();
 }
 

@@ -20,6 +20,7 @@ class HeaderForm;
 class LineGrid;
 class LineModel;
 class LineSource;
+class SourceLists;
 class TDBGrid;
 
 class frmGrila : public QWidget {
@@ -36,8 +37,6 @@ class frmGrila : public QWidget {
  protected:
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  /// Enter on a row of a source adds its lines.
-  bool eventFilter(QObject* watched, QEvent* event) override;
   /// The window remains open when the user does not want to leave a changed header.
   void closeEvent(QCloseEvent* event) override;
 
@@ -99,9 +98,6 @@ class frmGrila : public QWidget {
   void addCommand(const QString& name, const QString& caption, const QString& toolTip, const QString& picture,
                   void (frmGrila::*action)());
   QWidget* draftsFrame();
-  void buildSource(const LineSource& source);
-  void addChosen(QObject* list);
-  void showSources();
   void lockOrigin();
   void buildLines();
   void orderTabs();
@@ -125,25 +121,19 @@ class frmGrila : public QWidget {
   void followChoice(const QString& key);
   void showHeaderChanges();
 
-  struct OfferedSource {
-    const LineSource* source;
-    QWidget* frame;
-    TDBGrid* list;
-  };
-
   DocumentEditor editor_;
   HeaderForm* header_;
   QHBoxLayout* commands_;
-  QVBoxLayout* lists_;         ///< drafts and the frames below them
-  QHBoxLayout* besideCheck_;   ///< the row above the lines
+  QVBoxLayout* lists_;        ///< drafts and the frames below them
+  QHBoxLayout* besideCheck_;  ///< the row above the lines
+  SourceLists* sources_;
   QList<QWidget*> added_;      ///< by the windows of the kinds, in tab order
   TDBGrid* drafts_ = nullptr;  ///< TDBGrid2
   QCheckBox* bySupplierCode_ = nullptr;
   LineModel* lineModel_ = nullptr;
   LineGrid* lines_ = nullptr;  ///< TDBGrid1
-  QList<OfferedSource> sources_;
-  bool ordered_ = false;    ///< tab order and mnemonics are set
-  bool listening_ = false;  ///< already connected to the activation of its frame
+  bool ordered_ = false;       ///< tab order and mnemonics are set
+  bool listening_ = false;     ///< already connected to the activation of its frame
 };
 
 }  // namespace velmar
