@@ -8,7 +8,7 @@
 #include "Bare.h"
 #include "Benches.h"
 #include "einvoice/EInvoices.h"
-#include "einvoice/Purchases.h"
+#include "einvoice/PurchaseFiles.h"
 #include "Fixture.h"
 #include "store/Database.h"
 #include "store/Records.h"

@@ -1,10 +1,11 @@
+#include "einvoice/PurchaseSource.h"
+
 #include <QCryptographicHash>
 
 #include "config/Parameters.h"
 #include "config/Session.h"
 #include "documents/HeaderTexts.h"
 #include "documents/kinds/Kinds.h"
-#include "einvoice/Purchases.h"
 #include "store/Database.h"
 #include "store/Records.h"
 

@@ -1,9 +1,6 @@
 #include "einvoice/Purchases.h"
 
 #include <algorithm>
-#include <QCryptographicHash>
-#include <QDir>
-#include <QFileInfo>
 
 #include "catalogue/Articles.h"
 #include "catalogue/Discounts.h"
@@ -17,29 +14,16 @@
 #include "store/Database.h"
 #include "store/Records.h"
 #include "store/Schema.h"
-#include "util/Clock.h"
 #include "util/Errors.h"
-#include "util/FileContent.h"
 #include "util/PlainText.h"
-#include "util/ZipText.h"
 
 namespace velmar {
 
 namespace {
 
-constexpr int kBatch = 100;  // files that are stored together
 constexpr int kDecimals = 2;
 
 const DocumentKind& kind() { return documentKind(KindId::SupplierInvoice); }
-const Table& files() { return companyTable("G_EFACTURAPRIM"); }
-
-// The text without diacritics, at most as long as the column.
-QString fitted(const QString& text, const char* table, const char* column) {
-  QString plain;
-  for (const QChar character : plainLetters(text))
-    if (hiddenCharacter(character).isEmpty()) plain += character;
-  return plain.simplified().left(companyTable(table).column(column)->width);
-}
 
 // Lei for a unit of the currency on the day of the invoice; nothing without a rate.
 std::optional<Decimal> rateOf(const ReceivedInvoice& invoice) {
@@ -54,24 +38,28 @@ Row draftWith(const QString& number) {
   return found.isEmpty() ? Row() : found.first();
 }
 
-// Drafts of the invoice of that number that were made from a file, or entered by hand.
-QStringList draftsOfNumber(const ReceivedInvoice::Party& supplier, qint64 code, const QString& number) {
-  for (const Row& row :
-       OpenRs("SELECT DOCUMENTE FROM G_EFACTURAPRIM WHERE CODFISCAL = ? AND NUMAR = ? AND STARE = ?",
-              {comparableCode(supplier.fiscalCode), number, received::kTaken})) {
-    QStringList drafts = row.text("DOCUMENTE").split(u'\n', Qt::SkipEmptyParts);
-    drafts.erase(std::remove_if(drafts.begin(), drafts.end(),
-                                [](const QString& each) { return draftWith(each).isEmpty(); }),
-                 drafts.end());
-    if (!drafts.isEmpty()) return drafts;
-  }
-  const Row draft = draftWith(number);
-  return !draft.isEmpty() && code != 0 && draft.integer("CODFUR") == code ? QStringList(number)
-                                                                          : QStringList();
-}
-
 QString numberOf(const QString& first, size_t draft) {
   return draft == 0 ? first : QStringLiteral("%1/%2").arg(first).arg(draft + 1);
+}
+
+// The drafts that were made of the supplier's files with that number, as they are stored.
+std::vector<QString> draftsOfFiles(const ReceivedInvoice::Party& supplier, const QString& number) {
+  std::vector<QString> drafts;
+  for (const Row& row :
+       OpenRs("SELECT DOCUMENTE FROM G_EFACTURAPRIM WHERE CODFISCAL = ? AND NUMAR = ? AND STARE = ?",
+              {comparableCode(supplier.fiscalCode), number, received::kTaken}))
+    drafts.push_back(row.text("DOCUMENTE"));
+  return drafts;
+}
+
+// Whether the draft is a further one of an invoice with several rates: "T/2" of T. The supplier may have an
+// invoice T/2 as well.
+bool isFurtherDraft(const ReceivedInvoice::Party& supplier, const QString& draft) {
+  const qsizetype end = draft.lastIndexOf(u'/');
+  if (end <= 0) return false;
+  const std::vector<QString> files = draftsOfFiles(supplier, draft.left(end));
+  return std::any_of(files.begin(), files.end(),
+                     [&draft](const QString& drafts) { return drafts.split(u'\n').contains(draft); });
 }
 
 // The drafts that exist under the numbers of the file's drafts.
@@ -79,27 +67,6 @@ std::vector<Row> draftsInTheWay(const QString& first, const ReceivedInvoice& inv
   QStringList numbers;
   for (size_t i = 0; i < invoice.totals.size(); ++i) numbers.append(numberOf(first, i));
   return rowsOfKeys("SELECT NUMFAC, CODFUR FROM G_FACFUR WHERE NUMFAC IN (%1)", numbers);
-}
-
-Purchase purchaseOf(ReceivedInvoice read, PurchaseSource& source) {
-  Purchase purchase;
-  purchase.invoice = std::move(read);
-  const ReceivedInvoice& invoice = purchase.invoice;
-  if (comparableCode(invoice.buyer.fiscalCode) != source.ownCode())
-    throw RuleError(
-        QStringLiteral("Cumparatorul este altul: %1 %2").arg(invoice.buyer.fiscalCode, invoice.buyer.name));
-  purchase.supplier = source.supplierOf(invoice.supplier.fiscalCode);
-  purchase.number = invoice.number;
-  if (purchase.supplier != 0)
-    for (const Row& draft : draftsInTheWay(invoice.number, invoice))
-      if (draft.integer("CODFUR") != purchase.supplier)
-        purchase.number = QStringLiteral("%1/F%2").arg(invoice.number).arg(purchase.supplier);
-  if (!invoice.precedingNumber.isEmpty()) {
-    const QStringList turned = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.precedingNumber);
-    if (!turned.isEmpty()) purchase.turned = LedgerKey{KindId::SupplierInvoice, turned.first()}.text();
-  }
-  purchase.articles = purchase.found = source.articlesOf(purchase.supplier, invoice);
-  return purchase;
 }
 
 // The key of the invoice whose goods a draft gives back: of an invoice that was taken over as several drafts,
@@ -162,185 +129,50 @@ std::vector<Decimal> valuesOf(const ReceivedInvoice& invoice, const ReceivedTota
   return values;
 }
 
-// A file as its column has it: compressed, since a change of the row writes the content again. The mark is no
-// character of base64; a content without it is not compressed.
-const QChar kCompressed = u':';
-
-QString packed(const QByteArray& content) {
-  constexpr int kFast = 1;
-  return kCompressed + QString::fromLatin1(qCompress(content, kFast).toBase64());
-}
-
-QByteArray unpacked(const QString& stored) {
-  if (!stored.startsWith(kCompressed)) return QByteArray::fromBase64(stored.toLatin1());
-  return qUncompress(QByteArray::fromBase64(stored.mid(1).toLatin1()));
-}
-
-// The invoices of the files that were read last, by the hash of the file: taking these over does not parse
-// them again.
-class LastRead {
- public:
-  void clear() {
-    invoices_.clear();
-    lines_ = 0;
-  }
-  // Further ones are left out when the lines are many.
-  void keep(const QString& hash, const ReceivedInvoice& invoice) {
-    constexpr size_t kMostLines = 50'000;
-    if (lines_ + invoice.lines.size() > kMostLines || invoices_.contains(hash)) return;
-    lines_ += invoice.lines.size();
-    invoices_.insert(hash, invoice);
-  }
-  std::optional<ReceivedInvoice> find(const QString& hash) const {
-    const auto found = invoices_.constFind(hash);
-    return found == invoices_.constEnd() ? std::nullopt : std::optional(*found);
-  }
-
- private:
-  QHash<QString, ReceivedInvoice> invoices_;
-  size_t lines_ = 0;
-};
-
-LastRead& lastRead() {
-  static LastRead read;
-  return read;
-}
-
-// What a file is, as the list shows it.
-Row judged(const QByteArray& content, const QString& name, PurchaseSource& source) {
-  Row row =
-      rowOf("SHA256 FISIER CONTINUT CODFISCAL FURNIZOR NUMAR DATA TOTAL STARE LIPSESTE MOMENT UTILIZATOR");
-  row.set("SHA256",
-          QString::fromLatin1(QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex()));
-  row.set("FISIER", fitted(name, "G_EFACTURAPRIM", "FISIER"));
-  row.set("UTILIZATOR", session().gUtilizator);
-  const auto cut = [&row](const char* column, const QString& text) {
-    row.set(column, visibleText(oneLine(text)).left(files().column(column)->width));
-  };
-  ReceivedInvoice refused;
-  const auto describe = [&](const ReceivedInvoice& invoice) {
-    row.set("CONTINUT", packed(content));
-    cut("CODFISCAL", comparableCode(invoice.supplier.fiscalCode));
-    cut("FURNIZOR", invoice.supplier.name);
-    cut("NUMAR", invoice.number);
-    row.set("DATA", invoice.date);
-    row.set("TOTAL", invoice.total());
-  };
-  try {
-    const ReceivedInvoice invoice = readInvoice(content, &refused);
-    lastRead().keep(row.text("SHA256"), invoice);
-    describe(invoice);
-    const Purchase purchase = purchaseOf(invoice, source);
-    const QStringList drafts = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.number);
-    if (!drafts.isEmpty())
-      throw RuleError(
-          QStringLiteral("Factura furnizorului exista deja: %1").arg(drafts.join(QStringLiteral(", "))));
-    const QStringList missing = missingIn(purchase, source);
-    row.set("STARE", missing.isEmpty() ? received::kToTake : received::kIncomplete);
-    cut("LIPSESTE", missing.join(QStringLiteral("; ")));
-  } catch (const RuleError& reason) {
-    if (!refused.number.isEmpty()) describe(refused);
-    row.set("STARE", received::kRefused);
-    cut("LIPSESTE", reason.text());
-  }
-  return row;
-}
-
-// Stores the row in place of an earlier one of the same content; a file that was taken over stays so.
-void store(Row row, const QDateTime& moment) {
-  row.set("MOMENT", moment);
-  const Recordset known =
-      OpenRs("SELECT ID, STARE, DOCUMENTE FROM G_EFACTURAPRIM WHERE SHA256 = ?", {row.text("SHA256")});
-  if (known.isEmpty()) {
-    insertNumbered(files(), row);
-    return;
-  }
-  QStringList columns = row.columns();
-  const QString drafts = known.first().text("DOCUMENTE");
-  if (known.first().text("STARE") == received::kTaken && !draftWith(drafts.section(u'\n', 0, 0)).isEmpty())
-    for (const char* kept : {"STARE", "LIPSESTE"}) columns.removeAll(QLatin1String(kept));
-  Row stored = rowOf(columns + QStringList("ID"), row);
-  stored.set("ID", known.first().integer("ID"));
-  updateRecord(files(), stored);
-}
-
 }  // namespace
 
-void readPurchases(const QStringList& paths, const Progress& progress) {
-  PurchaseSource source;
-  lastRead().clear();
-  const QDateTime moment = clock::now();
-  for (qsizetype done = 0; done < paths.size(); done += kBatch) {
-    Transaction transaction(database());
-    for (const QString& path : paths.mid(done, kBatch)) {
-      const QString name = QFileInfo(path).fileName();
-      report(progress, static_cast<int>(done), static_cast<int>(paths.size()));
-      std::vector<ZipEntry> contents;
-      try {
-        QByteArray content = fileContent(path, kLargestArchive);
-        if (isZip(content)) {
-          for (ZipEntry& entry : unzipped(content))
-            if (entry.name.endsWith(QStringLiteral(".xml"), Qt::CaseInsensitive) &&
-                !entry.name.startsWith(QStringLiteral("semnatura"), Qt::CaseInsensitive))
-              contents.push_back({name + u'/' + entry.name, std::move(entry.content)});
-          if (contents.empty()) throw RuleError(QStringLiteral("Arhiva nu are fisiere XML"));
-        } else {
-          contents.push_back({name, std::move(content)});
-        }
-      } catch (const RuleError& reason) {
-        Row row = rowOf("SHA256 FISIER STARE LIPSESTE MOMENT UTILIZATOR");
-        row.set("SHA256", QString::fromLatin1(
-                              QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex()));
-        row.set("FISIER", fitted(name, "G_EFACTURAPRIM", "FISIER"));
-        row.set("STARE", received::kRefused);
-        row.set("LIPSESTE", visibleText(oneLine(reason.text())).left(files().column("LIPSESTE")->width));
-        row.set("UTILIZATOR", session().gUtilizator);
-        store(row, moment);
-      }
-      for (const ZipEntry& each : contents) store(judged(each.content, each.name, source), moment);
-    }
-    transaction.commit();
-  }
+QString fittedText(const QString& text, const char* table, const char* column) {
+  QString plain;
+  for (const QChar character : plainLetters(text))
+    if (hiddenCharacter(character).isEmpty()) plain += character;
+  return plain.simplified().left(companyTable(table).column(column)->width);
 }
 
-QStringList filesOf(const QString& folder) {
-  QStringList paths;
-  const QFileInfoList entries = QDir(folder).entryInfoList({"*.xml", "*.zip"}, QDir::Files, QDir::Name);
-  for (const QFileInfo& entry : entries)
-    if (!entry.isSymLink() && entry.isFile()) paths.append(entry.filePath());
-  return paths;
+QStringList existingDrafts(const QString& numbers) {
+  QStringList drafts = numbers.split(u'\n', Qt::SkipEmptyParts);
+  drafts.erase(std::remove_if(drafts.begin(), drafts.end(),
+                              [](const QString& each) { return draftWith(each).isEmpty(); }),
+               drafts.end());
+  return drafts;
 }
 
-Recordset lastPurchases() {
-  return OpenRs(
-      "SELECT ID, FISIER, FURNIZOR, NUMAR, DATA, TOTAL, STARE, LIPSESTE FROM G_EFACTURAPRIM WHERE MOMENT = "
-      "(SELECT "
-      "MAX(MOMENT) FROM G_EFACTURAPRIM) ORDER BY ID");
+QStringList draftsOfNumber(const ReceivedInvoice::Party& supplier, qint64 code, const QString& number) {
+  for (const QString& made : draftsOfFiles(supplier, number))
+    if (const QStringList drafts = existingDrafts(made); !drafts.isEmpty()) return drafts;
+  const Row draft = draftWith(number);
+  const bool isHis = !draft.isEmpty() && code != 0 && draft.integer("CODFUR") == code;
+  return isHis && !isFurtherDraft(supplier, number) ? QStringList(number) : QStringList();
 }
 
-QByteArray purchaseFile(qint64 id) {
-  const Recordset found = OpenRs("SELECT CONTINUT, LIPSESTE FROM G_EFACTURAPRIM WHERE ID = ?", {id});
-  if (found.isEmpty() || found.first().text("CONTINUT").isEmpty())
+Purchase purchaseOf(ReceivedInvoice read, PurchaseSource& source) {
+  Purchase purchase;
+  purchase.invoice = std::move(read);
+  const ReceivedInvoice& invoice = purchase.invoice;
+  if (comparableCode(invoice.buyer.fiscalCode) != source.ownCode())
     throw RuleError(
-        found.isEmpty()
-            ? QStringLiteral("Fisierul nu mai exista.")
-            : QStringLiteral("Fisierul nu se poate deschide: %1").arg(found.first().text("LIPSESTE")));
-  return unpacked(found.first().text("CONTINUT"));
-}
-
-Purchase storedPurchase(qint64 id, PurchaseSource& source) {
-  const Recordset found = OpenRs("SELECT SHA256 FROM G_EFACTURAPRIM WHERE ID = ?", {id});
-  auto invoice = found.isEmpty() ? std::nullopt : lastRead().find(found.first().text("SHA256"));
-  if (!invoice) {
-    const QByteArray file = purchaseFile(id);
-    try {
-      invoice = readInvoice(file);
-    } catch (const RuleError& reason) {
-      throw RuleError(QStringLiteral("Fisierul nu se poate deschide: %1").arg(reason.text()));
-    }
+        QStringLiteral("Cumparatorul este altul: %1 %2").arg(invoice.buyer.fiscalCode, invoice.buyer.name));
+  purchase.supplier = source.supplierOf(invoice.supplier.fiscalCode);
+  purchase.number = invoice.number;
+  if (purchase.supplier != 0)
+    for (const Row& draft : draftsInTheWay(invoice.number, invoice))
+      if (draft.integer("CODFUR") != purchase.supplier ||
+          (draft.text("NUMFAC") == invoice.number && isFurtherDraft(invoice.supplier, invoice.number)))
+        purchase.number = QStringLiteral("%1/F%2").arg(invoice.number).arg(purchase.supplier);
+  if (!invoice.precedingNumber.isEmpty()) {
+    const QStringList turned = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.precedingNumber);
+    if (!turned.isEmpty()) purchase.turned = LedgerKey{KindId::SupplierInvoice, turned.first()}.text();
   }
-  Purchase purchase = purchaseOf(std::move(*invoice), source);
-  purchase.id = id;
+  purchase.articles = purchase.found = source.articlesOf(purchase.supplier, invoice);
   return purchase;
 }
 
@@ -474,7 +306,7 @@ qint64 addSupplierOf(const ReceivedInvoice& invoice, const PurchaseSource& sourc
     savePartner(changed, partnerDiscount(customer), shown);
     return customer;
   }
-  Row row = newPartner(fitted(supplier.name, "kt_ter", "NUME"), QStringLiteral("F"));
+  Row row = newPartner(fittedText(supplier.name, "kt_ter", "NUME"), QStringLiteral("F"));
   const std::pair<const char*, QString> texts[] = {{"CODFISCAL", supplier.fiscalCode},
                                                    {"RegCom", supplier.registration},
                                                    {"AD", supplier.street},
@@ -482,7 +314,7 @@ qint64 addSupplierOf(const ReceivedInvoice& invoice, const PurchaseSource& sourc
                                                    {"CP", supplier.postCode},
                                                    {"Judet", supplier.county},
                                                    {"CT", supplier.country}};
-  for (const auto& [column, text] : texts) row.set(column, fitted(text, "kt_ter", column));
+  for (const auto& [column, text] : texts) row.set(column, fittedText(text, "kt_ter", column));
   row.set("PlatesteTVA", supplier.paysVat);
   return addPartner(row);
 }
@@ -492,7 +324,7 @@ QString addArticleFor(const ReceivedLine& line, qint64 supplier, qint64 family,
   Row row = newArticle();
   Transaction transaction(database());
   row.set("CODART", nextArticleCode());
-  row.set("DENART", fitted(line.name, "G_ARTMAG", "DENART"));
+  row.set("DENART", fittedText(line.name, "G_ARTMAG", "DENART"));
   row.set("UM", source.unitOf(line.unit));
   row.set("FAMART", family);
   row.set("CODFURNIZO", supplier);
@@ -565,14 +397,6 @@ QStringList takeOver(const Purchase& purchase, PurchaseSource& source) {
                      {received::kTaken, numbers.join(u'\n'), purchase.id});
   transaction.commit();
   return numbers;
-}
-
-void judgeAgain(qint64 id, PurchaseSource& source) {
-  const Recordset found = OpenRs("SELECT FISIER, STARE FROM G_EFACTURAPRIM WHERE ID = ?", {id});
-  if (found.isEmpty() || found.first().text("STARE") == received::kTaken) return;
-  const Row row = judged(purchaseFile(id), found.first().text("FISIER"), source);
-  database().execute("UPDATE G_EFACTURAPRIM SET STARE = ?, LIPSESTE = ? WHERE ID = ?",
-                     {row.text("STARE"), row.text("LIPSESTE"), id});
 }
 
 }  // namespace velmar

@@ -1,12 +1,7 @@
-// The electronic invoices of suppliers: files that were read, what they lack, and the drafts made of them.
+// The electronic invoices of suppliers: what they lack, and the drafts made of them.
 #pragma once
 
-#include <memory>
-#include <optional>
-
-#include "einvoice/ReceivedInvoice.h"
-#include "store/Row.h"
-#include "util/Progress.h"
+#include "einvoice/PurchaseSource.h"
 
 namespace velmar {
 
@@ -17,45 +12,6 @@ inline const QString kIncomplete = QStringLiteral("incompleta");
 inline const QString kTaken = QStringLiteral("preluata");
 inline const QString kRefused = QStringLiteral("refuzata");
 }  // namespace received
-
-/// The suppliers, articles, rates and units of the open company that files refer to.
-class PurchaseSource {
- public:
-  PurchaseSource();
-  ~PurchaseSource();
-  PurchaseSource(PurchaseSource&&) noexcept;
-  PurchaseSource& operator=(PurchaseSource&&) noexcept;
-
-  struct Article {
-    QString code, name, unit;
-    Decimal salePrice;
-  };
-
-  /// The company's own fiscal code, comparable; and its journal of supplier invoices, "" without one.
-  const QString& ownCode() const;
-  const QString& journal() const;
-  /// The header of a new draft with the kind's defaults.
-  const Row& newHeader() const;
-  /// 0: none. The key of a partner that is only a customer in `customer`, if given.
-  qint64 supplierOf(const QString& fiscalCode, qint64* customer = nullptr) const;
-  /// The articles of the lines: by the supplier's code, or the last choice for code or name; "" for none.
-  QStringList articlesOf(qint64 supplier, const ReceivedInvoice& invoice);
-  /// Stores the choice of an article for lines like this one. The caller has a transaction.
-  void choose(qint64 supplier, const ReceivedLine& line, const QString& article);
-  /// Reads the articles for article().
-  void readArticles(const QStringList& codes);
-  std::optional<Article> article(const QString& code) const;
-  /// Code in kt_cote of a rate on the VAT account of purchases; 0: none.
-  qint64 rateOf(const ReceivedRate& rate) const;
-  /// Code of recommendation 20 of a unit; "".
-  QString unitCode(const QString& unit) const;
-  /// A unit with that code; "Buc" without one.
-  QString unitOf(const QString& code) const;
-
- private:
-  struct Data;
-  std::unique_ptr<Data> data_;
-};
 
 /// A file and what the user chose for it.
 struct Purchase {
@@ -80,19 +36,16 @@ struct PurchaseDraft {
   std::vector<Line> lines;
 };
 
-/// Reads files and the files in zip archives, and stores them with their states in place of what was read
-/// before. Nothing is written into the books. Files that cannot be read are "refuzata" with the reason.
-void readPurchases(const QStringList& paths, const Progress& progress = {});
-/// The files of a folder that are read: XML and zip, by name, without links and special files.
-QStringList filesOf(const QString& folder);
-
-/// What was read last: ID, FISIER, FURNIZOR, NUMAR, DATA, TOTAL, STARE, LIPSESTE.
-Recordset lastPurchases();
-
-/// The stored file with the articles that are known. Throws RuleError when its content was refused.
-Purchase storedPurchase(qint64 id, PurchaseSource& source);
-/// The content of the file. Throws RuleError when it was not stored.
-QByteArray purchaseFile(qint64 id);
+/// The invoice with its supplier and the articles that are known. Throws RuleError when the buyer is another
+/// company.
+Purchase purchaseOf(ReceivedInvoice invoice, PurchaseSource& source);
+/// The numbers of the drafts of the supplier's invoice of that number that were made from a file, or entered
+/// by hand. `code`: key of the supplier, 0 when it is not known.
+QStringList draftsOfNumber(const ReceivedInvoice::Party& supplier, qint64 code, const QString& number);
+/// Those of the numbers of drafts, one a line, that exist.
+QStringList existingDrafts(const QString& numbers);
+/// The text without diacritics and hidden characters, at most as long as the column.
+QString fittedText(const QString& text, const char* table, const char* column);
 
 /// What keeps the file from being taken over, in Romanian; empty when nothing does.
 QStringList missingIn(const Purchase& purchase, PurchaseSource& source);
@@ -112,10 +65,8 @@ QString addArticleFor(const ReceivedLine& line, qint64 supplier, qint64 family, 
 /// Stores the articles that the user chose, for this file and later ones; nothing while the supplier is not
 /// known.
 void keepChoices(const Purchase& purchase, PurchaseSource& source);
-/// Makes the drafts and stores the choices, in one transaction; the numbers of the drafts. Throws RuleError
-/// when something is missing or the invoice was taken over meanwhile.
+/// Makes the drafts, stores the choices and the state of the file, in one transaction; the numbers of the
+/// drafts. Throws RuleError when something is missing or the invoice was taken over meanwhile.
 QStringList takeOver(const Purchase& purchase, PurchaseSource& source);
-/// Stores the state of the file as it is now.
-void judgeAgain(qint64 id, PurchaseSource& source);
 
 }  // namespace velmar

@@ -5,7 +5,7 @@
 #include "config/Parameters.h"
 #include "einvoice/EInvoices.h"
 #include "einvoice/Places.h"
-#include "einvoice/Purchases.h"
+#include "einvoice/PurchaseFiles.h"
 #include "store/Database.h"
 #include "util/Clock.h"
 #include "util/Errors.h"

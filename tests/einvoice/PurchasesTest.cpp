@@ -6,7 +6,7 @@
 
 #include "Desk.h"
 #include "documents/Workstations.h"
-#include "einvoice/Purchases.h"
+#include "einvoice/PurchaseFiles.h"
 #include "util/Clock.h"
 
 namespace velmar {

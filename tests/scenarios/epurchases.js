@@ -125,8 +125,18 @@ w.click("cmdPreia");
 check(w.text("lblStare").includes("De verificat: S 2: Articolul A1 are unitatea Kg, factura H87"), w.text("lblStare"));
 equal(sql("SELECT NUMFAC, CODART, CANT, VALOAREFT FROM G_LFACFU WHERE NUMFAC LIKE 'S %' ORDER BY NUMFAC"), [{CANT: 4, CODART: "A1", NUMFAC: "S 1", VALOAREFT: 40}, {CANT: 1, CODART: "A1", NUMFAC: "S 2", VALOAREFT: 10}], "one line of four");
 
-// 100 messages and long values at 1366x768: the lines and the buttons stay in view; printed values are whole.
+// The supplier's own invoice F 100/2 is not the second draft of F 100, which has that number.
 const supplier = sql("SELECT COD FROM kt_ter WHERE CODFISCAL = 'RO13548146'")[0].COD;
+put("m.xml", {number: "F 100/2", lines: [["X2", "Piulita", "KGM", 1, 10, 21]], rates: [[21, 10, 2.1]]});
+for (let time = 0; time < 2; ++time) {
+  file(folder + "/m.xml");
+  w.click("cmdFisiere");
+  w.click("cmdPreia");
+  equal(list().cell(0, "STARE"), "preluata", list().cell(0, "LIPSESTE"));
+}
+equal(sql("SELECT L.NUMFAC AS N, L.VALOAREFT AS V FROM G_LFACFU L WHERE L.NUMFAC LIKE 'F 100/%' ORDER BY L.NUMFAC"), [{N: "F 100/2", V: 33.33}, {N: "F 100/2/F" + supplier, V: 10}], "once, under a number of its own");
+
+// 100 messages and long values at 1366x768: the lines and the buttons stay in view; printed values are whole.
 const goods = Array.from({length: 100}, (x, i) => "M" + i);
 goods.forEach((code, i) => sql("INSERT INTO G_ARTMAG (CODART, DENART, UM, FAMART, PROVENIENTA, FARASTOC, ID, CODPRODFUR, CODFURNIZO) VALUES (?, ?, 'Buc', 1, 'M', 0, ?, ?, ?)", code, code, 1000 + i, code, supplier));
 put("l.xml", {number: "S 4", lines: goods.concat("M0").map((code) => [code, "Denumire lunga ".repeat(12) + "capatul " + code, "XBX", 1, 10, 21]), rates: [[21, 1010, 212.1]]});

@@ -3,7 +3,7 @@
 #include <QBoxLayout>
 #include <QPushButton>
 
-#include "einvoice/Purchases.h"
+#include "einvoice/PurchaseFiles.h"
 #include "store/windows/TDBGrid.h"
 #include "store/windows/TDBGridListare.h"
 #include "util/windows/Controls.h"

@@ -9,6 +9,7 @@
 
 #include "catalogue/windows/ArticleCombo.h"
 #include "config/windows/ComboFill.h"
+#include "einvoice/PurchaseFiles.h"
 #include "store/windows/EntryGrid.h"
 #include "util/Errors.h"
 #include "util/Messages.h"

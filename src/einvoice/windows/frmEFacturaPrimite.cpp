@@ -5,7 +5,7 @@
 #include <QPushButton>
 #include <QShortcut>
 
-#include "einvoice/Purchases.h"
+#include "einvoice/PurchaseFiles.h"
 #include "einvoice/windows/frmEFacturaAfisare.h"
 #include "einvoice/windows/frmEFacturaPreluare.h"
 #include "store/DataChanges.h"
