@@ -3,17 +3,12 @@
 #include <algorithm>
 #include <QApplication>
 #include <QBoxLayout>
-#include <QButtonGroup>
-#include <QCheckBox>
 #include <QClipboard>
-#include <QComboBox>
 #include <QDir>
-#include <QDoubleSpinBox>
 #include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
-#include <QMenu>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
@@ -34,7 +29,6 @@
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
 #include "util/windows/SaveName.h"
-#include "util/windows/ZoomSteps.h"
 
 namespace velmar {
 
@@ -49,8 +43,6 @@ const QString kReport = QStringLiteral("raport");
 const QString kSums = QStringLiteral("suma");
 const QString kFilter = QStringLiteral("Rapoarte (*.lst)");
 
-constexpr int kPageWidth = 0;  // special entry among the zoom percentages
-constexpr int kSelect = -1;    // tool for selecting parts
 constexpr int kMostSteps = 500;
 constexpr int kMostFaults = 300;  // listed at most
 constexpr int kFaultRows = 5;     // visible without scrolling
@@ -113,6 +105,7 @@ frmProiectare::frmProiectare(const ReportData& reportData, QWidget* parent)
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   stack_.setUndoLimit(kMostSteps);
   state_.layout = std::make_shared<Layout>();
+  tools_ = new DesignTools;
   auto* middle = new QSplitter;
   middle->addWidget(namesPane());
   middle->addWidget(middlePane());
@@ -138,10 +131,10 @@ frmProiectare::frmProiectare(const ReportData& reportData, QWidget* parent)
   status->addStretch();
   status->addWidget(lblLoc_);
   auto* all = new QVBoxLayout(this);
-  all->addWidget(drawingTools());
-  all->addWidget(arrangingTools());
+  all->addWidget(tools_);
   all->addWidget(middle, 1);
   all->addLayout(status);
+  connectTools();
   connectPage();
   addShortcuts();
   giveMnemonics(this);
@@ -162,171 +155,6 @@ frmProiectare::~frmProiectare() {
 }
 
 // ---- Controls ----
-
-QPushButton* frmProiectare::tool(const QString& name, const QString& caption, const QString& toolTip,
-                                 const QString& picture, const std::function<void()>& action,
-                                 const QKeySequence& key) {
-  QPushButton* button = makeButton(name, caption, toolTip, picture);
-  button->setFocusPolicy(Qt::TabFocus);  // a click must not take the keyboard focus from the page
-  connect(button, &QPushButton::clicked, this,
-          [this, name, action] { perform(name + QStringLiteral("_Click"), action); });
-  if (!key.isEmpty())
-    connect(new QShortcut(key, this), &QShortcut::activated, button, [button] { button->click(); });
-  return button;
-}
-
-QWidget* frmProiectare::drawingTools() {
-  struct DrawingTool {
-    const char* name;
-    const char* caption;
-    const char* toolTip;
-    const char* picture;
-    int kind;
-  };
-  constexpr DrawingTool kTools[] = {
-      {"cmdSelectie", "Alegere", "Alege si muta obiecte (Esc)", "choose", kSelect},
-      {"cmdText", "Text", "Deseneaza un text", "draw-text", static_cast<int>(Kind::Text)},
-      {"cmdLinie", "Linie", "Deseneaza o linie", "draw-line", static_cast<int>(Kind::Line)},
-      {"cmdChenar", "Chenar", "Deseneaza un chenar", "draw-box", static_cast<int>(Kind::Box)},
-      {"cmdImagine", "Imagine", "Deseneaza o imagine", "draw-picture", static_cast<int>(Kind::Picture)},
-      {"cmdCodBare", "Cod de bare", "Deseneaza un cod de bare", "draw-barcode",
-       static_cast<int>(Kind::BarCode)},
-      {"cmdCurba", "Curba", "Deseneaza o curba peste linii", "draw-curve", static_cast<int>(Kind::Curve)},
-      {"cmdTabel", "Tabel", "Deseneaza tabelul liniilor", "draw-table", static_cast<int>(Kind::Table)}};
-  auto* pane = new QWidget;
-  auto* row = new QHBoxLayout(pane);
-  row->setContentsMargins(0, 0, 0, 0);
-  tools_ = new QButtonGroup(this);
-  for (const DrawingTool& each : kTools) {
-    const int kind = each.kind;
-    QPushButton* button =
-        tool(each.name, each.caption, each.toolTip, each.picture, [this, kind] { setTool(kind); });
-    button->setCheckable(true);
-    tools_->addButton(button, kind - kSelect);
-    row->addWidget(button);
-  }
-  tools_->button(0)->setChecked(true);
-  row->addStretch();
-  cmdInapoi_ = tool("cmdInapoi", {}, "Anuleaza ultima modificare (Ctrl+Z)", "undo", [this] { undo(); });
-  cmdRefacere_ = tool("cmdRefacere", {}, "Reface modificarea anulata (Ctrl+Y)", "redo", [this] { redo(); });
-  cmdSalvare_ = tool("cmdSalvare", "Salveaza", "Salveaza raportul (Ctrl+S)", "save", [this] { save(); });
-  for (QPushButton* button : {cmdInapoi_, cmdRefacere_, cmdSalvare_}) row->addWidget(button);
-  row->addWidget(tool("cmdSalvareCa", "Salveaza ca...", "Salveaza raportul in alt fisier", "save",
-                      [this] { saveAs(); }));
-  row->addWidget(tool("cmdInchide", "Inchidere", "Inchide fereastra (Esc)", "close", [this] { reject(); }));
-  return pane;
-}
-
-void frmProiectare::addArranging(QLayout* row) {
-  struct Arrangement {
-    const char* name;
-    const char* toolTip;
-    const char* picture;
-    std::function<void(Layout&, const Parts&)> work;
-    QKeySequence key;
-  };
-  const auto by = [](Alignment alignment) {
-    return [alignment](Layout& layout, const Parts& parts) { align(layout, parts, alignment); };
-  };
-  const auto same = [](bool width) {
-    return [width](Layout& layout, const Parts& parts) { equalise(layout, parts, width); };
-  };
-  const Arrangement arrangements[] = {
-      {"cmdLaStanga", "Aliniaza la stanga primului obiect ales (Ctrl+L)", "align-left", by(Alignment::Left),
-       QKeySequence("Ctrl+L")},
-      {"cmdLaCentru", "Aliniaza pe centrul primului obiect ales (Ctrl+E)", "align-centre",
-       by(Alignment::Centre), QKeySequence("Ctrl+E")},
-      {"cmdLaDreapta", "Aliniaza la dreapta primului obiect ales (Ctrl+R)", "align-right",
-       by(Alignment::Right), QKeySequence("Ctrl+R")},
-      {"cmdSus", "Aliniaza sus cu primul obiect ales (Ctrl+T)", "align-top", by(Alignment::Top),
-       QKeySequence("Ctrl+T")},
-      {"cmdLaMijloc", "Aliniaza pe mijlocul primului obiect ales (Ctrl+M)", "align-middle",
-       by(Alignment::Middle), QKeySequence("Ctrl+M")},
-      {"cmdJos", "Aliniaza jos cu primul obiect ales (Ctrl+B)", "align-bottom", by(Alignment::Bottom),
-       QKeySequence("Ctrl+B")},
-      {"cmdAceeasiLatime", "Aceeasi latime ca primul obiect ales (Ctrl+W)", "same-width", same(true),
-       QKeySequence("Ctrl+W")},
-      {"cmdAceeasiInaltime", "Aceeasi inaltime ca primul obiect ales (Ctrl+H)", "same-height", same(false),
-       QKeySequence("Ctrl+H")}};
-  for (const Arrangement& each : arrangements) {
-    const auto work = each.work;
-    arranging_.append(tool(
-        each.name, {}, each.toolTip, each.picture, [this, work] { arrange("Aliniere", work); }, each.key));
-    row->addWidget(arranging_.last());
-  }
-  for (const bool toFront : {true, false}) {
-    ordering_.append(tool(toFront ? "cmdInFata" : "cmdInSpate", {},
-                          toFront ? "Deseneaza peste celelalte obiecte" : "Deseneaza sub celelalte obiecte",
-                          toFront ? "to-front" : "to-back", [this, toFront] {
-                            change("Ordine", {}, [this, toFront](Layout& layout) {
-                              return reorder(layout, state_.chosen, toFront);
-                            });
-                          }));
-    row->addWidget(ordering_.last());
-  }
-}
-
-QMenu* frmProiectare::tableMenu() {
-  auto* menu = new QMenu(this);
-  const auto add = [this, menu](const QString& caption,
-                                const std::function<Parts(Layout&, const Part&)>& work) {
-    menu->addAction(caption, this, [this, caption, work] {
-      perform("cmdRanduri_Click", [this, caption, work] {
-        const Part part = state_.chosen.front();
-        change(caption, {}, [part, work](Layout& layout) { return work(layout, part); });
-      });
-    });
-  };
-  for (const RowRole role : {RowRole::Header, RowRole::Brought, RowRole::GroupHeader, RowRole::Line,
-                             RowRole::GroupFooter, RowRole::Carried, RowRole::Total})
-    add("Rand nou: " + roleName(role),
-        [role](Layout& layout, const Part& part) { return Parts{addRow(layout, part, role)}; });
-  menu->addSeparator();
-  add("Celula noua (Insert)", [](Layout& layout, const Part& part) { return Parts{addCell(layout, part)}; });
-  add("Celula spre stanga (Alt+Left)",
-      [](Layout& layout, const Part& part) { return Parts{moveCell(layout, part, -1)}; });
-  add("Celula spre dreapta (Alt+Right)",
-      [](Layout& layout, const Part& part) { return Parts{moveCell(layout, part, 1)}; });
-  add("Stergere celula (Delete)",
-      [](Layout& layout, const Part& part) { return part.isCell() ? remove(layout, {part}) : Parts{part}; });
-  add("Stergere rand", [](Layout& layout, const Part& part) {
-    return part.row >= 0 ? remove(layout, {{part.object, part.row, -1}}) : Parts{part};
-  });
-  return menu;
-}
-
-QWidget* frmProiectare::arrangingTools() {
-  constexpr double kLeastStep = 0.5;
-  constexpr double kLargestStep = 50;
-  auto* pane = new QWidget;
-  auto* row = new QHBoxLayout(pane);
-  row->setContentsMargins(0, 0, 0, 0);
-  addArranging(row);
-  cmdRanduri_ =
-      makeButton("cmdRanduri", "Randuri si celule", "Randurile si celulele tabelului ales", "draw-table");
-  cmdRanduri_->setMenu(tableMenu());
-  row->addWidget(cmdRanduri_);
-  row->addStretch();
-  chkGrila_ = named(new QCheckBox("Grila"), "chkGrila", "Obiectele se aseaza pe grila");
-  chkGrila_->setChecked(true);
-  txtGrila_ = named(new QDoubleSpinBox, "txtGrila", "Distanta dintre liniile grilei");
-  txtGrila_->setRange(kLeastStep, kLargestStep);
-  txtGrila_->setSingleStep(kLeastStep);
-  txtGrila_->setDecimals(1);
-  txtGrila_->setLocale(QLocale(QLocale::Romanian));
-  txtGrila_->setSuffix(" mm");
-  txtGrila_->setValue(1);
-  cboMarime_ = named(new QComboBox, "cboMarime", "Marimea paginii (Ctrl+plus, Ctrl+minus)");
-  cboMarime_->addItem("Latimea paginii", kPageWidth);
-  addZoomSteps(cboMarime_);
-  row->addWidget(chkGrila_);
-  row->addWidget(txtGrila_);
-  row->addWidget(cboMarime_);
-  connect(chkGrila_, &QCheckBox::toggled, this, &frmProiectare::setGrid);
-  connect(txtGrila_, &QDoubleSpinBox::valueChanged, this, &frmProiectare::setGrid);
-  connect(cboMarime_, &QComboBox::currentIndexChanged, this, &frmProiectare::setZoom);
-  return pane;
-}
 
 QWidget* frmProiectare::namesPane() {
   auto* pane = new QWidget;
@@ -368,6 +196,40 @@ QWidget* frmProiectare::middlePane() {
   return pane;
 }
 
+void frmProiectare::connectTools() {
+  connect(tools_, &DesignTools::toolWanted, this,
+          [this](const QString& procedure, const std::optional<Kind>& kind) {
+            perform(procedure, [this, &kind] { setTool(kind); });
+          });
+  connect(tools_, &DesignTools::changeWanted, this,
+          [this](const QString& procedure, const QString& text, const Change& wanted) {
+            perform(procedure, [&] { change(text, {}, wanted); });
+          });
+  connect(tools_, &DesignTools::commandWanted, this,
+          [this](const QString& procedure, DesignTools::Command command) {
+            perform(procedure, [this, command] { obey(command); });
+          });
+  connect(tools_, &DesignTools::gridChanged, this, [this](const Grid& grid) { page_->setGrid(grid); });
+  connect(tools_, &DesignTools::zoomChanged, this, &frmProiectare::setZoom);
+}
+
+void frmProiectare::obey(DesignTools::Command command) {
+  switch (command) {
+    case DesignTools::Command::Undo:
+      return undo();
+    case DesignTools::Command::Redo:
+      return redo();
+    case DesignTools::Command::Save:
+      save();
+      return;
+    case DesignTools::Command::SaveAs:
+      saveAs();
+      return;
+    case DesignTools::Command::Close:
+      return reject();
+  }
+}
+
 void frmProiectare::connectPage() {
   page_->setGate([this] { return grdProprietati_->commitPending(); });
   grdProprietati_->setStoreProperty(
@@ -389,7 +251,7 @@ void frmProiectare::connectPage() {
     });
   });
   connect(page_, &LayoutPage::pasteWanted, this, [this] { perform("pagina_KeyDown", [this] { paste(); }); });
-  connect(page_, &LayoutPage::toolUsed, this, [this] { setTool(kSelect); });
+  connect(page_, &LayoutPage::toolUsed, this, [this] { setTool({}); });
   connect(page_, &LayoutPage::zoomWanted, this, &frmProiectare::zoomBy);
   connect(page_, &LayoutPage::resized, this, &frmProiectare::fitPage);
   connect(page_, &LayoutPage::pointerMoved, this, [this](const QPointF& place) {
@@ -398,15 +260,14 @@ void frmProiectare::connectPage() {
 }
 
 void frmProiectare::addShortcuts() {
-  const auto add = [this](const QKeySequence& key, void (frmProiectare::*work)()) {
+  const auto add = [this](const QKeySequence& key, auto(frmProiectare::*work)()) {
     connect(new QShortcut(key, this), &QShortcut::activated, this,
             [this, work] { perform("KeyDown", [this, work] { (this->*work)(); }); });
   };
   add(QKeySequence("Ctrl+Z"), &frmProiectare::undo);
   add(QKeySequence("Ctrl+Y"), &frmProiectare::redo);
   add(QKeySequence("F6"), &frmProiectare::nextPane);
-  connect(new QShortcut(QKeySequence("Ctrl+S"), this), &QShortcut::activated, cmdSalvare_,
-          [this] { cmdSalvare_->click(); });
+  add(QKeySequence("Ctrl+S"), &frmProiectare::save);
 }
 
 void frmProiectare::perform(const QString& procedure, const std::function<void()>& work) {
@@ -463,13 +324,6 @@ void frmProiectare::change(const QString& text, const QString& joins, const Chan
   stack_.push(new EditCommand(std::move(*edit), [this](const State& state) { setState(state); }));
   if (!state_.chosen.empty()) page_->reveal(state_.chosen.front());
   showStatus({});
-}
-
-void frmProiectare::arrange(const QString& text, const std::function<void(Layout&, const Parts&)>& work) {
-  change(text, {}, [this, &work](Layout& layout) {
-    work(layout, state_.chosen);
-    return state_.chosen;
-  });
 }
 
 void frmProiectare::storeProperty(const QString& name, const QString& typed) {
@@ -535,28 +389,22 @@ void frmProiectare::redo() {
   stack_.redo();
 }
 
-void frmProiectare::setTool(int kind) {
-  tools_->button(kind - kSelect)->setChecked(true);
-  page_->setTool(kind == kSelect ? std::nullopt : std::optional(static_cast<Kind>(kind)));
-  if (kind == kSelect) return;
+void frmProiectare::setTool(const std::optional<Kind>& kind) {
+  tools_->setTool(kind);
+  page_->setTool(kind);
+  if (!kind) return;
   tabs_->setCurrentIndex(kPageTab);
   page_->setFocus();
   showStatus("Desenati cu mouse-ul pe pagina, sau Enter pentru marimea obisnuita.");
 }
 
-void frmProiectare::setGrid() { page_->setGrid({txtGrila_->value(), chkGrila_->isChecked()}); }
-
-void frmProiectare::setZoom() {
-  constexpr double kWhole = 100;
-  const int percent = cboMarime_->currentData().toInt();
-  page_->setZoom(percent == kPageWidth ? page_->fittingZoom() : percent / kWhole);
-}
+void frmProiectare::setZoom() { page_->setZoom(tools_->zoom().value_or(page_->fittingZoom())); }
 
 void frmProiectare::fitPage() {
-  if (cboMarime_->currentData().toInt() == kPageWidth) setZoom();
+  if (!tools_->zoom()) setZoom();
 }
 
-void frmProiectare::zoomBy(int step) { chooseZoomStep(cboMarime_, page_->zoom(), step); }
+void frmProiectare::zoomBy(int step) { tools_->stepZoom(page_->zoom(), step); }
 
 void frmProiectare::editChosen() {
   const Part part = state_.chosen.empty() ? Part() : state_.chosen.front();
@@ -575,14 +423,10 @@ void frmProiectare::showChosen() {
 
 void frmProiectare::showButtons() {
   const bool isText = tabs_->currentIndex() == kTextTab;
-  cmdInapoi_->setEnabled(isText ? txtText_->document()->isUndoAvailable() : stack_.canUndo());
-  cmdRefacere_->setEnabled(isText ? txtText_->document()->isRedoAvailable() : stack_.canRedo());
-  for (QPushButton* button : arranging_) button->setEnabled(!isText && state_.chosen.size() > 1);
-  for (QPushButton* button : ordering_) button->setEnabled(!isText && !state_.chosen.empty());
+  tools_->showUndo(isText ? txtText_->document()->isUndoAvailable() : stack_.canUndo(),
+                   isText ? txtText_->document()->isRedoAvailable() : stack_.canRedo());
+  tools_->showState(isText ? State{state_.layout, {}} : state_);
   grdProprietati_->setEnabled(!isText);
-  const bool inTable = state_.chosen.size() == 1 && state_.chosen.front().object >= 0 &&
-                       !placesIn(*state_.layout, state_.chosen.front().object).empty();
-  cmdRanduri_->setEnabled(!isText && inTable);
   setWindowModified(isChanged());
 }
 
@@ -677,7 +521,7 @@ void frmProiectare::begin(const std::shared_ptr<const Layout>& layout, bool isSa
   stack_.clear();
   if (!isSaved) stack_.resetClean();
   setState({layout, {}});
-  setTool(kSelect);
+  setTool({});
   lblFisier_->setText(file_.isEmpty() ? QString() : QDir::toNativeSeparators(file_));
   page_->scrollToTop();
 }

@@ -8,14 +8,10 @@
 #include "reports/LayoutEdits.h"
 #include "reports/LayoutFaults.h"
 #include "reports/ReportData.h"
+#include "reports/windows/DesignTools.h"
 
-class QButtonGroup;
-class QCheckBox;
-class QComboBox;
-class QDoubleSpinBox;
 class QLabel;
 class QListWidget;
-class QPushButton;
 class QTabWidget;
 
 namespace velmar {
@@ -49,23 +45,17 @@ class frmProiectare : public QDialog {
  private:
   enum Tab { kPageTab, kPreviewTab, kTextTab };
 
-  QWidget* drawingTools();
-  QWidget* arrangingTools();
   QWidget* namesPane();
   QWidget* middlePane();
-  QPushButton* tool(const QString& name, const QString& caption, const QString& toolTip,
-                    const QString& picture, const std::function<void()>& action,
-                    const QKeySequence& key = {});
-  void addArranging(class QLayout* row);
-  class QMenu* tableMenu();
+  void connectTools();
   void connectPage();
   void addShortcuts();
+  void obey(DesignTools::Command command);
   void perform(const QString& procedure, const std::function<void()>& work);
 
   void setState(const layout::State& state);
   void choose(const layout::Parts& parts);
   void change(const QString& text, const QString& joins, const layout::Change& change);
-  void arrange(const QString& text, const std::function<void(layout::Layout&, const layout::Parts&)>& work);
   void storeProperty(const QString& name, const QString& typed);
   void insertName(const QString& name, bool joins);
   void dropName(const QString& name, const QPointF& place);
@@ -74,8 +64,7 @@ class frmProiectare : public QDialog {
   void paste();
   void undo();
   void redo();
-  void setTool(int kind);
-  void setGrid();
+  void setTool(const std::optional<layout::Kind>& kind);
   void setZoom();
   void fitPage();
   void zoomBy(int step);
@@ -112,6 +101,7 @@ class frmProiectare : public QDialog {
   layout::LayoutError damage_{{}, 0, 0};
   int lastTab_ = kPageTab;
 
+  DesignTools* tools_;
   QTabWidget* tabs_;
   LayoutPage* page_;
   ReportPreview* preview_;
@@ -123,16 +113,6 @@ class frmProiectare : public QDialog {
   QLabel* lblFisier_;
   QLabel* lblLoc_;
   QLabel* lblStare_;
-  QButtonGroup* tools_;
-  QCheckBox* chkGrila_;
-  QDoubleSpinBox* txtGrila_;
-  QComboBox* cboMarime_;
-  QList<QPushButton*> arranging_;  ///< arrange several objects relative to the first
-  QList<QPushButton*> ordering_;   ///< change the drawing order
-  QPushButton* cmdRanduri_;
-  QPushButton* cmdInapoi_;
-  QPushButton* cmdRefacere_;
-  QPushButton* cmdSalvare_;
 };
 
 }  // namespace velmar
