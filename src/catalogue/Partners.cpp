@@ -138,14 +138,17 @@ void removePartner(qint64 code) {
 }
 
 void storeBalances(const Progress& progress) {
-  const Recordset codes = OpenRs("SELECT COD FROM kt_ter ORDER BY COD");
   std::vector<Values> changed;
-  for (int from = 0; from < codes.size(); from += kPartnersAtOnce) {
-    report(progress, from, 2 * codes.size());
-    const int last = std::min(from + kPartnersAtOnce, codes.size()) - 1;
-    for (const Row& row : OpenRs(kBalances, {codes[from].integer("COD"), codes[last].integer("COD")}))
-      if (row.value("SOLD") != row.value("BALANCE"))
-        changed.push_back({Value::raw(row.value("BALANCE")), row.integer("COD")});
+  {
+    const Snapshot moment(database());
+    const Recordset codes = OpenRs("SELECT COD FROM kt_ter ORDER BY COD");
+    for (int from = 0; from < codes.size(); from += kPartnersAtOnce) {
+      report(progress, from, 2 * codes.size());
+      const int last = std::min(from + kPartnersAtOnce, codes.size()) - 1;
+      for (const Row& row : OpenRs(kBalances, {codes[from].integer("COD"), codes[last].integer("COD")}))
+        if (row.value("SOLD") != row.value("BALANCE"))
+          changed.push_back({Value::raw(row.value("BALANCE")), row.integer("COD")});
+    }
   }
   const int count = static_cast<int>(changed.size());
   Transaction transaction(database());

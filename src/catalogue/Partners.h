@@ -37,8 +37,8 @@ void savePartner(const Row& partner, const std::optional<Decimal>& discount, con
 void removePartner(qint64 code);
 
 /// Stores in each partner's `SOLD` the balance of its account of class 4 (debit less credit, lei); if there
-/// are several, that of the last one by account. The balances are read without the write lock, so that others
-/// can work meanwhile; those that differ are stored in one transaction.
+/// are several, that of the last one by account. They are read from one state, without the lock, so that
+/// others can work meanwhile; those that differ are stored in one transaction.
 void storeBalances(const Progress& progress = {});
 
 }  // namespace velmar
