@@ -28,6 +28,10 @@ namespace {
 
 const QString kAtStart = QStringLiteral("frmPanou/chkLaPornire");
 
+// Shares of the width: the drafts have short columns.
+constexpr int kDraftsPart = 2;
+constexpr int kStockPart = 3;
+
 // The menu opens customer invoices by the choice of what they are made from.
 QString menuWindowOf(const DocumentKind& kind) {
   return kind.id == KindId::CustomerInvoice ? QStringLiteral("frmGrilaFC2") : kind.window;
@@ -81,8 +85,8 @@ frmPanou::frmPanou(QWidget* parent)
   auto* all = new QVBoxLayout(this);
   all->addWidget(salesFrame());
   auto* lists = new QHBoxLayout;
-  lists->addWidget(listFrame("Ciorne", grdCiorne_, [this] { openDrafts(); }));
-  lists->addWidget(listFrame("Stoc minim", grdMinim_, [] { openWindow("frmArticole"); }));
+  lists->addWidget(listFrame("Ciorne", grdCiorne_, [this] { openDrafts(); }), kDraftsPart);
+  lists->addWidget(listFrame("Stoc minim", grdMinim_, [] { openWindow("frmArticole"); }), kStockPart);
   all->addLayout(lists, 1);
   all->addWidget(listFrame("Comenzi intarziate", grdComenzi_,
                            [] { openWindow(documentKind(KindId::CustomerOrder).window); }),
