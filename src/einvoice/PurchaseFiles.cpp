@@ -91,10 +91,7 @@ Row judged(const QByteArray& content, const QString& name, PurchaseSource& sourc
     lastRead().keep(row.text("SHA256"), invoice);
     describe(invoice);
     const Purchase purchase = purchaseOf(invoice, source);
-    const QStringList drafts = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.number);
-    if (!drafts.isEmpty())
-      throw RuleError(
-          QStringLiteral("Factura furnizorului exista deja: %1").arg(drafts.join(QStringLiteral(", "))));
+    if (const QString exists = existsText(purchase); !exists.isEmpty()) throw RuleError(exists);
     const QStringList missing = missingIn(purchase, source);
     row.set("STARE", missing.isEmpty() ? received::kToTake : received::kIncomplete);
     cut("LIPSESTE", missing.join(QStringLiteral("; ")));

@@ -62,6 +62,16 @@ bool isFurtherDraft(const ReceivedInvoice::Party& supplier, const QString& draft
                      [&draft](const QString& drafts) { return drafts.split(u'\n').contains(draft); });
 }
 
+// Drafts of the invoice of that number that were made from a file, or entered by hand. `code`: key of the
+// supplier, 0 when it is not known.
+QStringList draftsOfNumber(const ReceivedInvoice::Party& supplier, qint64 code, const QString& number) {
+  for (const QString& made : draftsOfFiles(supplier, number))
+    if (const QStringList drafts = existingDrafts(made); !drafts.isEmpty()) return drafts;
+  const Row draft = draftWith(number);
+  const bool isHis = !draft.isEmpty() && code != 0 && draft.integer("CODFUR") == code;
+  return isHis && !isFurtherDraft(supplier, number) ? QStringList(number) : QStringList();
+}
+
 // The drafts that exist under the numbers of the file's drafts.
 std::vector<Row> draftsInTheWay(const QString& first, const ReceivedInvoice& invoice) {
   QStringList numbers;
@@ -146,12 +156,12 @@ QStringList existingDrafts(const QString& numbers) {
   return drafts;
 }
 
-QStringList draftsOfNumber(const ReceivedInvoice::Party& supplier, qint64 code, const QString& number) {
-  for (const QString& made : draftsOfFiles(supplier, number))
-    if (const QStringList drafts = existingDrafts(made); !drafts.isEmpty()) return drafts;
-  const Row draft = draftWith(number);
-  const bool isHis = !draft.isEmpty() && code != 0 && draft.integer("CODFUR") == code;
-  return isHis && !isFurtherDraft(supplier, number) ? QStringList(number) : QStringList();
+QString existsText(const Purchase& purchase) {
+  const ReceivedInvoice& invoice = purchase.invoice;
+  const QStringList drafts = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.number);
+  return drafts.isEmpty()
+             ? QString()
+             : QStringLiteral("Factura furnizorului exista deja: %1").arg(drafts.join(QStringLiteral(", ")));
 }
 
 Purchase purchaseOf(ReceivedInvoice read, PurchaseSource& source) {
@@ -352,10 +362,7 @@ void keepChoices(const Purchase& purchase, PurchaseSource& source) {
 QStringList takeOver(const Purchase& purchase, PurchaseSource& source) {
   const ReceivedInvoice& invoice = purchase.invoice;
   Transaction transaction(database());
-  const QStringList existing = draftsOfNumber(invoice.supplier, purchase.supplier, invoice.number);
-  if (!existing.isEmpty())
-    throw RuleError(
-        QStringLiteral("Factura furnizorului exista deja: %1").arg(existing.join(QStringLiteral(", "))));
+  if (const QString exists = existsText(purchase); !exists.isEmpty()) throw RuleError(exists);
   if (const QStringList missing = missingIn(purchase, source); !missing.isEmpty())
     throw RuleError(QStringLiteral("Factura %1 nu se poate prelua, lipseste: %2")
                         .arg(invoice.number, missing.join(QStringLiteral("; "))));

@@ -39,9 +39,9 @@ struct PurchaseDraft {
 /// The invoice with its supplier and the articles that are known. Throws RuleError when the buyer is another
 /// company.
 Purchase purchaseOf(ReceivedInvoice invoice, PurchaseSource& source);
-/// The numbers of the drafts of the supplier's invoice of that number that were made from a file, or entered
-/// by hand. `code`: key of the supplier, 0 when it is not known.
-QStringList draftsOfNumber(const ReceivedInvoice::Party& supplier, qint64 code, const QString& number);
+/// That the supplier's invoice was taken over or entered by hand, with the numbers of its drafts; empty when
+/// it was not.
+QString existsText(const Purchase& purchase);
 /// Those of the numbers of drafts, one a line, that exist.
 QStringList existingDrafts(const QString& numbers);
 /// The text without diacritics and hidden characters, at most as long as the column.

@@ -161,9 +161,11 @@ void frmEFacturaPreluare::show() {
   TDBGrid1_->selectPlace(place);
   lblDiferenta_->setText(
       QStringLiteral("Diferenta: %1 lei").arg(formatNumber(differenceOf(purchase_, source_), 2)));
-  const QStringList missing = missingIn(purchase_, source_);
   QStringList texts = remarksOn(purchase_, source_);
-  if (!missing.isEmpty()) texts.prepend(QStringLiteral("Lipseste: ") + missing.join(QStringLiteral("; ")));
+  if (const QString exists = existsText(purchase_); !exists.isEmpty())
+    texts.prepend(exists);
+  else if (const QStringList missing = missingIn(purchase_, source_); !missing.isEmpty())
+    texts.prepend(QStringLiteral("Lipseste: ") + missing.join(QStringLiteral("; ")));
   lblStare_->setText(texts.join(u'\n'));
 }
 
