@@ -3,7 +3,6 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -19,6 +18,7 @@
 #include "util/Settings.h"
 #include "util/windows/Controls.h"
 #include "util/windows/DateBox.h"
+#include "util/windows/FileDialog.h"
 
 namespace velmar {
 
@@ -146,7 +146,7 @@ void frmValute::findRate() {
 }
 
 void frmValute::readBankRates() {
-  const QString path = QFileDialog::getOpenFileName(this, "Cursuri", {}, "Cursuri (*.xml *.XML);;Toate (*)");
+  const QString path = askFile(this, "Cursuri", "Cursuri (*.xml *.XML);;Toate (*)");
   if (path.isEmpty()) return;
   QStringList currencies;
   for (int row = 0; row < list()->rows().size(); ++row)

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,6 +13,7 @@
 #include "util/Messages.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
+#include "util/windows/FileDialog.h"
 #include "util/windows/Forms.h"
 
 namespace velmar {
@@ -65,9 +65,9 @@ void SheetDialog::finish() {
 QString SheetDialog::path() const { return txtSourceSpec1_->text().trimmed(); }
 
 void SheetDialog::chooseFile() {
-  const QString path = QFileDialog::getOpenFileName(
-      this, windowTitle(), QDir(session().gCaleAplicatie).filePath("IMPORT"),
-      "Foi de calcul (*.xls *.xlsx *.ods *.XLS *.XLSX *.ODS);;Toate fisierele (*)");
+  const QString path = askFile(this, windowTitle(),
+                               "Foi de calcul (*.xls *.xlsx *.ods *.XLS *.XLSX *.ODS);;Toate fisierele (*)",
+                               QDir(session().gCaleAplicatie).filePath("IMPORT"));
   if (!path.isEmpty()) txtSourceSpec1_->setText(QDir::toNativeSeparators(path));
 }
 

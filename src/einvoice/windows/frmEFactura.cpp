@@ -1,7 +1,6 @@
 #include "einvoice/windows/frmEFactura.h"
 
 #include <QBoxLayout>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -21,6 +20,7 @@
 #include "util/windows/Controls.h"
 #include "util/windows/DateBox.h"
 #include "util/windows/Entry.h"
+#include "util/windows/FileDialog.h"
 #include "util/windows/Forms.h"
 #include "util/windows/StatusText.h"
 #include "util/windows/WindowHost.h"
@@ -235,7 +235,7 @@ void frmEFactura::mend() {
 
 void frmEFactura::write() {
   const QStringList documents = selected();
-  const QString folder = QFileDialog::getExistingDirectory(this, "Folderul fisierelor e-Factura");
+  const QString folder = askFolder(this, "Folderul fisierelor e-Factura");
   if (folder.isEmpty()) return;
   WrittenInvoices result;
   {
@@ -275,8 +275,8 @@ void frmEFactura::markAsSent() {
 }
 
 void frmEFactura::readAnswers() {
-  const QStringList paths = QFileDialog::getOpenFileNames(this, "Raspunsul sistemului e-Factura", {},
-                                                          "Raspunsuri (*.zip *.xml *.ZIP *.XML);;Toate (*)");
+  const QStringList paths =
+      askFiles(this, "Raspunsul sistemului e-Factura", "Raspunsuri (*.zip *.xml *.ZIP *.XML);;Toate (*)");
   QStringList texts;
   for (const QString& path : paths) {
     try {

@@ -1,7 +1,6 @@
 #include "einvoice/windows/frmEFacturaPrimite.h"
 
 #include <QBoxLayout>
-#include <QFileDialog>
 #include <QPushButton>
 #include <QShortcut>
 
@@ -14,6 +13,7 @@
 #include "util/Errors.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
+#include "util/windows/FileDialog.h"
 #include "util/windows/Forms.h"
 #include "util/windows/StatusText.h"
 #include "util/windows/WorkProgress.h"
@@ -118,12 +118,11 @@ void frmEFacturaPrimite::take(const QStringList& paths) {
 }
 
 void frmEFacturaPrimite::readFiles() {
-  take(QFileDialog::getOpenFileNames(this, "e-Facturi primite", {},
-                                     "Facturi (*.xml *.zip *.XML *.ZIP);;Toate (*)"));
+  take(askFiles(this, "e-Facturi primite", "Facturi (*.xml *.zip *.XML *.ZIP);;Toate (*)"));
 }
 
 void frmEFacturaPrimite::readFolder() {
-  const QString folder = QFileDialog::getExistingDirectory(this, "Folderul e-Facturilor primite");
+  const QString folder = askFolder(this, "Folderul e-Facturilor primite");
   if (folder.isEmpty()) return;
   const QStringList paths = filesOf(folder);
   if (paths.isEmpty()) throw RuleError("Folderul nu are fisiere XML sau zip.");

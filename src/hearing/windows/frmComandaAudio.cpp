@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QCheckBox>
-#include <QFileDialog>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -19,6 +18,7 @@
 #include "util/NumberText.h"
 #include "util/windows/Controls.h"
 #include "util/windows/DateBox.h"
+#include "util/windows/FileDialog.h"
 #include "util/windows/SearchCombo.h"
 
 namespace velmar {
@@ -422,8 +422,7 @@ void frmComandaAudio::remove() {
 
 void frmComandaAudio::importFile() {
   if (!leaveCard()) return;
-  const QString path = QFileDialog::getOpenFileName(this, "Import comenzi", {},
-                                                    "Comenzi Audio *.XML (*.XML *.xml);;*.XML (*.XML)");
+  const QString path = askFile(this, "Import comenzi", "Comenzi Audio *.XML (*.XML *.xml);;*.XML (*.XML)");
   if (path.isEmpty()) return;
   const qint64 key = importOrder(path);
   Mesaj("Comanda a fost importata cu succes");

@@ -1,7 +1,6 @@
 #include "reports/windows/clsListLabel.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 
 #include "reports/windows/frmProiectare.h"
@@ -9,6 +8,7 @@
 #include "util/Errors.h"
 #include "util/FileNames.h"
 #include "util/Messages.h"
+#include "util/windows/FileDialog.h"
 
 namespace velmar {
 
@@ -52,10 +52,11 @@ void clsListLabel::addField(const QString& name, const QVariant& value) {
 
 void clsListLabel::Design() {
   if (QFileInfo::exists(fileName_)) {
-    const QString chosen = QFileDialog::getOpenFileName(parent_, QStringLiteral("Raport"), fileName_,
-                                                        QFileInfo(fileName_).suffix() == QStringLiteral("lbl")
-                                                            ? QStringLiteral("Etichete (*.lbl)")
-                                                            : QStringLiteral("Rapoarte (*.lst)"));
+    const QString chosen =
+        askFile(parent_, QStringLiteral("Raport"),
+                QFileInfo(fileName_).suffix() == QStringLiteral("lbl") ? QStringLiteral("Etichete (*.lbl)")
+                                                                       : QStringLiteral("Rapoarte (*.lst)"),
+                fileName_);
     if (chosen.isEmpty()) return;
     setFileName(chosen);
   }

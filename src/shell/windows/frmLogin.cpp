@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -17,6 +16,7 @@
 #include "store/windows/TDBGrid.h"
 #include "util/Errors.h"
 #include "util/Messages.h"
+#include "util/windows/FileDialog.h"
 #include "util/windows/Forms.h"
 #include "util/windows/KeyFilter.h"
 #include "util/windows/Look.h"
@@ -138,8 +138,8 @@ void frmLogin::showCompanies() {
 }
 
 void frmLogin::search() {
-  QFileDialog dialog(this, QStringLiteral("Select Database"), session().gCaleAplicatie,
-                     QStringLiteral("TARVON.MDB (*.mdb *.MDB);;Server (Server.ini)"));
+  FileDialog dialog(this, QStringLiteral("Select Database"), session().gCaleAplicatie,
+                    QStringLiteral("TARVON.MDB (*.mdb *.MDB);;Server (Server.ini)"));
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.selectFile(QStringLiteral("Tarvon.mdb"));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
@@ -165,8 +165,8 @@ void frmLogin::offerVerification(const QString& folder) {
           "certificatul cu care sa fie verificat ?")
           .arg(server->host);
   if (Mesaj(question, kYesNo + kQuestion) != kResultYes) return;
-  const QString certificate = QFileDialog::getOpenFileName(this, QStringLiteral("Certificat server"), folder,
-                                                           QStringLiteral("Certificate (*.crt *.pem *.cer)"));
+  const QString certificate = askFile(this, QStringLiteral("Certificat server"),
+                                      QStringLiteral("Certificate (*.crt *.pem *.cer)"), folder);
   if (!certificate.isEmpty()) verifyServer(folder, certificate);
 }
 

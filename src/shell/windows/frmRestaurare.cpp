@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
@@ -15,6 +14,7 @@
 #include "util/Messages.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
+#include "util/windows/FileDialog.h"
 #include "util/windows/Forms.h"
 #include "util/windows/WorkProgress.h"
 
@@ -93,8 +93,8 @@ void frmRestaurare::choose() {
     start = session().gCaleBD;
   }
   const QString name = QFileInfo(session().gNumeBD).completeBaseName();
-  QFileDialog dialog(this, QStringLiteral("Restaurare baza de date"), start,
-                     QStringLiteral("[Baza de date].mdb (*%1*.mdb)").arg(name));
+  FileDialog dialog(this, QStringLiteral("Restaurare baza de date"), start,
+                    QStringLiteral("[Baza de date].mdb (*%1*.mdb)").arg(name));
   dialog.setFileMode(QFileDialog::ExistingFile);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
   const QFileInfo chosen(dialog.selectedFiles().first());

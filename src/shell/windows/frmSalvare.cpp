@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QDir>
-#include <QFileDialog>
 #include <QLabel>
 #include <QPushButton>
 
@@ -12,6 +11,7 @@
 #include "util/Messages.h"
 #include "util/windows/Controls.h"
 #include "util/windows/Entry.h"
+#include "util/windows/FileDialog.h"
 #include "util/windows/Forms.h"
 #include "util/windows/WorkProgress.h"
 
@@ -79,11 +79,10 @@ void frmSalvare::load() {
 
 void frmSalvare::choose() {
   const QString path = QDir::fromNativeSeparators(txtCale_->text());
-  QFileDialog dialog(this, windowTitle(), path, QStringLiteral("Baze de date (*.mdb)"));
+  FileDialog dialog(this, windowTitle(), path, QStringLiteral("Baze de date (*.mdb)"));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   // Only the folder is taken of it: no file is ever replaced by the name chosen.
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
-  dialog.selectFile(path);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
   txtCale_->setText(QDir::toNativeSeparators(dialog.selectedFiles().first()));
 }
