@@ -37,6 +37,7 @@ void requireUser(const QString& user, const QString& password) {
 
 // Removes what killed processes have left; a failure must not prevent the login.
 void sweep(const QString& folder) {
+  sweepListDrafts(folder);
   sweepWorkshops(folder, kSamplePrefix);
   sweepWorkshops(QDir(folder).filePath(kBackupFolderName), kSavePrefix);
   try {

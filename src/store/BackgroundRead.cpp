@@ -37,6 +37,7 @@ void RunningRead::stop(QThread& thread) {
 }
 
 void readInThread(const std::function<void()>& work, const std::function<void()>& meanwhile) {
+  database().requireInPlace();
   RunningRead running;
   std::exception_ptr failed;
   const std::unique_ptr<QThread> thread(QThread::create([&, path = database().path()] {

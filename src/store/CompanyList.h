@@ -23,6 +23,9 @@ QList<Company> readCompanyList(const QString& folder);
 /// processes. If `change` throws, the file is not modified.
 void changeCompanyList(const QString& folder, const std::function<void(QList<Company>&)>& change);
 
+/// Removes what killed processes left of writing the list.
+void sweepListDrafts(const QString& folder);
+
 /// Reads the list of companies for the login and creates the first company from the template if its file is
 /// missing.
 QList<Company> IncarcaSocietati(const QString& folder, QString& gDenSocietateNoua);

@@ -15,8 +15,8 @@ class DataChanges : public QObject {
   void written(const QSet<QString>& tables);
   /// Emitted when a write was refused because the company's file was removed, moved or replaced.
   void fileLost();
-  /// Emitted from another thread when the company's file was found to be damaged; `text` says how.
-  void fileDamaged(const QString& text);
+  /// Emitted from another thread when the company's file was found to be damaged; see FileCheck::takeDamage.
+  void fileDamaged();
 };
 
 DataChanges& dataChanges();

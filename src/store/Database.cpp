@@ -164,7 +164,12 @@ void Database::createTable(const Table& table) {
 
 void Database::continueNumbering(const Table& table) { state_->engine->continueNumbering(table); }
 
-void Database::compact() { state_->engine->compact(); }
+void Database::requireInPlace() const { state_->requireInPlace(); }
+
+void Database::compact() {
+  requireInPlace();
+  state_->engine->compact();
+}
 
 void Database::requireWhole(const std::function<void()>& meanwhile) {
   state_->engine->requireWhole(meanwhile);

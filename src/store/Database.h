@@ -58,6 +58,9 @@ class Database {
   void createTable(const Table& table);
   /// Makes automatic numbering continue after the highest number in the table.
   void continueNumbering(const Table& table);
+  /// Throws StoreError when the open file is no longer the one at its path; for the open company, the last
+  /// documents are then offered to be saved elsewhere. Every transaction checks this.
+  void requireInPlace() const;
   /// Releases the space of deleted rows. If it throws StoreError, nothing has changed.
   void compact();
   /// Checks the whole database; throws StoreError if it is damaged. `meanwhile` is called now and then; its

@@ -13,6 +13,7 @@
 #include "store/PostgresEngine.h"
 #include "store/Schema.h"
 #include "store/Sqlite.h"
+#include "store/SqlitePlace.h"
 #include "store/TemplateData.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
@@ -27,6 +28,7 @@ constexpr int kLockMs = 15000;
 
 void removeSideFiles(const QString& path) {
   for (const QString& side : sqlite::sideFiles(path)) QFile::remove(side);
+  QFile::remove(sqlite::placeMark(path));
 }
 
 void removeWithSideFiles(const QString& path) {

@@ -11,23 +11,6 @@
 
 namespace velmar {
 
-namespace {
-
-// A file that is busy or cannot be read now is checked the next time.
-void check(const QString& path, const std::atomic<bool>& isStopped) {
-  try {
-    Database::open(path)->requireWhole([&isStopped] {
-      if (isStopped) throw Cancelled();
-    });
-  } catch (const Cancelled&) {
-    // The company is being closed.
-  } catch (const StoreError& error) {
-    if (!isStopped && sqlite::isDamage(error)) emit dataChanges().fileDamaged(error.text());
-  }
-}
-
-}  // namespace
-
 FileCheck::FileCheck(const QString& databasePath) : path_(databasePath) {
   if (serverOf(QFileInfo(path_).path())) return;
   QObject::connect(&daily_, &QTimer::timeout, [this] { start(); });
@@ -37,10 +20,33 @@ FileCheck::FileCheck(const QString& databasePath) : path_(databasePath) {
 
 FileCheck::~FileCheck() { stop(); }
 
+// A file that is busy or cannot be read now is checked the next time.
+void FileCheck::check() {
+  try {
+    Database::open(path_)->requireWhole([this] {
+      if (isStopped_) throw Cancelled();
+    });
+  } catch (const Cancelled&) {
+    // The company is being closed.
+  } catch (const StoreError& error) {
+    if (isStopped_ || !sqlite::isDamage(error)) return;
+    {
+      const std::scoped_lock lock(guard_);
+      damage_ = error.text();
+    }
+    emit dataChanges().fileDamaged();
+  }
+}
+
+QString FileCheck::takeDamage() {
+  const std::scoped_lock lock(guard_);
+  return std::exchange(damage_, {});
+}
+
 void FileCheck::start() {
   stop();
   isStopped_ = false;
-  thread_.reset(QThread::create([path = path_, this] { check(path, isStopped_); }));
+  thread_.reset(QThread::create([this] { check(); }));
   thread_->start(QThread::LowestPriority);
 }
 

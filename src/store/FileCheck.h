@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <QObject>
 #include <QString>
 #include <QThread>
@@ -11,8 +12,8 @@
 namespace velmar {
 
 /// Reads the whole file at once and then every 24 hours, on a connection and in a thread of its own, while
-/// the object exists. Damage is reported once by dataChanges().fileDamaged. Does nothing for a company on a
-/// server, which checks its own files.
+/// the object exists. Damage is kept and reported by dataChanges().fileDamaged. Does nothing for a company on
+/// a server, which checks its own files.
 class FileCheck {
  public:
   explicit FileCheck(const QString& databasePath);
@@ -21,13 +22,20 @@ class FileCheck {
   FileCheck(const FileCheck&) = delete;
   FileCheck& operator=(const FileCheck&) = delete;
 
+  /// What the check found, until it is taken; empty when there is nothing. A small file is read before there
+  /// is a window that could be notified.
+  QString takeDamage();
+
  private:
+  void check();
   void start();
   void stop();
 
   QString path_;
   QTimer daily_;
   std::atomic<bool> isStopped_ = false;
+  std::mutex guard_;  ///< of the damage
+  QString damage_;
   std::unique_ptr<QThread> thread_;
 };
 

@@ -10,6 +10,7 @@
 #include "store/Database.h"
 #include "store/Engine.h"
 #include "store/PostgresConnection.h"
+#include "store/SqlitePlace.h"
 #include "util/Errors.h"
 #include "util/FileRights.h"
 
@@ -64,6 +65,7 @@ RosterEntry::RosterEntry(const QString& databasePath, const QString& login) {
         QStringLiteral("Folderul bazei de date %1 nu poate fi scris. Verificati drepturile asupra lui.")
             .arg(QDir::toNativeSeparators(QFileInfo(databasePath).path())));
   protectFile(lock_->fileName());
+  sqlite::rememberPlace(databasePath);
 }
 
 QList<Connection> connections(const QString& databasePath) {

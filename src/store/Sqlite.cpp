@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "store/EngineTexts.h"
+#include "store/SqlitePlace.h"
 #include "util/FileNames.h"
 #include "util/FileRights.h"
 #include "util/NumberText.h"
@@ -108,8 +109,26 @@ QString uriOf(const QString& path) {
          QString::fromLatin1(QUrl::toPercentEncoding(absolute, "/:"));
 }
 
+StoreError noDatabase(const QString& path) {
+  return StoreError(
+      SQLITE_NOTADB,
+      QStringLiteral(
+          "Fisierul %1 nu este o baza de date Velmar sau este deteriorat. Restaurati o copie salvata.")
+          .arg(path));
+}
+
+// The first read of an open file.
+int applicationOf(const QSqlDatabase& connection, const QString& path) {
+  try {
+    return pragma(connection, QStringLiteral("application_id"), path).toInt();
+  } catch (const StoreError& error) {
+    if (isDamage(error)) throw noDatabase(path);
+    throw;
+  }
+}
+
 void requireOurFormat(const QSqlDatabase& connection, const QString& path) {
-  if (pragma(connection, QStringLiteral("application_id"), path).toInt() != kApplicationId)
+  if (applicationOf(connection, path) != kApplicationId)
     throw StoreError(
         SQLITE_NOTADB,
         QStringLiteral("Fisierul %1 nu este o baza de date Velmar. Restaurati o copie salvata.").arg(path));
@@ -125,31 +144,24 @@ sqlite3* handleOf(const QSqlDatabase& connection) {
   return *static_cast<sqlite3* const*>(connection.driver()->handle().constData());
 }
 
-bool looksLikeDatabase(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) && file.read(16) == QByteArray("SQLite format 3\0", 16);
-}
-
 QSqlDatabase open(const QString& path, const QString& connectionName, bool create) {
   requireShortPath(path);
   if (!create) {
-    QFile file(path);
-    if (!QFileInfo::exists(path))
+    // The file is never opened but by the engine: closing it would release the locks that the other
+    // connections of this process have on it, and other processes would remove the journal under them.
+    const QFileInfo file(path);
+    if (!file.exists())
       throw StoreError(
           SQLITE_CANTOPEN,
           QStringLiteral("Lipseste baza de date %1. Restaurati o copie salvata sau alegeti alt folder.")
               .arg(path));
     requirePlainFile(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.isReadable())
       throw StoreError(
           SQLITE_CANTOPEN,
           QStringLiteral("Baza de date %1 nu poate fi citita. Verificati drepturile asupra ei.").arg(path));
-    if (!looksLikeDatabase(path))
-      throw StoreError(
-          SQLITE_NOTADB,
-          QStringLiteral(
-              "Fisierul %1 nu este o baza de date Velmar sau este deteriorat. Restaurati o copie salvata.")
-              .arg(path));
+    if (file.size() == 0) throw noDatabase(path);  // the engine would make it one
+    requireOwnJournal(path);
   }
   QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
   connection.setDatabaseName(uriOf(path) + (create ? "?mode=rwc" : "?mode=rw"));
@@ -183,7 +195,7 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
 bool isInUse(const QString& path) {
   const QString name = QStringLiteral("velmar-in-use");
   bool used = false;
-  if (!looksLikeDatabase(path)) return false;
+  requireOwnJournal(path);
   {
     QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
     connection.setDatabaseName(uriOf(path) + QStringLiteral("?mode=rw"));

@@ -24,11 +24,8 @@ QSqlDatabase open(const QString& path, const QString& connectionName, bool creat
 /// The SQLite handle of an open connection.
 sqlite3* handleOf(const QSqlDatabase& connection);
 
-/// Whether the file has the header of a SQLite database.
-bool looksLikeDatabase(const QString& path);
-
 /// Whether another connection, of this or another process, has the file open. False for a file that is no
-/// longer a database.
+/// longer a database. Throws StoreError when the journal beside it is another file's.
 bool isInUse(const QString& path);
 
 /// Takes the write lock; returns false when another process holds it. Throws StoreError that names `path`.

@@ -31,7 +31,20 @@ const QString kStagePrefix = QStringLiteral("velmar-restaurare-");
 constexpr int kFarewellMs = 2000;
 constexpr int kFarewellPauseMs = 50;
 
+// Before a large file is copied for nothing.
+void requireDatabaseFile(const QString& path) {
+  constexpr int kHeader = 16;
+  QFile file(path);
+  requirePlainFile(path);
+  if (file.open(QIODevice::ReadOnly) && !file.read(kHeader).startsWith("SQLite format 3"))
+    throw StoreError(kFileFailure,
+                     QStringLiteral("Fisierul %1 nu este o baza de date Velmar sau este deteriorat. Alegeti "
+                                    "alta copie salvata.")
+                         .arg(QDir::toNativeSeparators(path)));
+}
+
 void copyFile(const QString& from, const QString& to) {
+  requireDatabaseFile(from);
   if (!QFile::copy(from, to))
     throw StoreError(kFileFailure,
                      QStringLiteral("Fisierul %1 nu poate fi copiat. Verificati drepturile asupra lui si "

@@ -1,15 +1,19 @@
 // The file of a company goes away or is damaged while the program runs, or was before it starts.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <QCoreApplication>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThread>
 
+#include "store/BackgroundRead.h"
 #include "store/CompanyList.h"
 #include "store/DataChanges.h"
 #include "store/FileCheck.h"
+#include "store/Roster.h"
 #include "store/Server.h"
 #include "store/Upkeep.h"
 #include "TestCompany.h"
@@ -84,6 +88,56 @@ TEST_F(LostFileTest, NothingIsSavedIntoAFileThatIsNotThere) {
   }
 }
 
+// SQLite would overwrite the file with the pages that the journal has of the other one.
+TEST_F(LostFileTest, NoFileIsOpenedWithTheJournalOfAnother) {
+  const auto contentOf = [](const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  };
+  auto entry = std::make_unique<RosterEntry>(path_, "ana");
+  article("A1");
+  makeCompanyFile(dir_.path(), "Tarvon02.mdb");
+  QFile::copy(QDir(dir_.path()).filePath("Tarvon02.mdb"), aside_);
+  QFile::remove(path_);
+  QFile::rename(QDir(dir_.path()).filePath("Tarvon02.mdb"), path_);
+  const QByteArray journal = contentOf(path_ + "-wal");
+  expectRefused([&] { Database::open(path_); }, "Tarvon01.mdb-wal are datele fisierului vechi");
+  expectRefused([] { readInThread([] {}, [] {}); }, "nu mai este la locul lui");
+  expectRefused([] { database().compact(); }, "nu mai este la locul lui");
+  entry.reset();
+  setOpenDatabase(nullptr);
+  expectRefused([&] { Database::open(path_); }, "Tarvon01.mdb-wal are datele fisierului vechi");
+  EXPECT_EQ(contentOf(path_), contentOf(aside_));
+  EXPECT_EQ(contentOf(path_ + "-wal"), journal);
+  // As the message advises.
+  for (const char* side : {"-wal", "-shm"}) QFile::rename(path_ + side, aside_ + side);
+  Database::open(path_);
+}
+
+// A workstation that leaves removes the journal unless it sees the locks of the others.
+TEST_F(LostFileTest, TheJournalStaysWhenAnotherProcessLeaves) {
+  setOpenDatabase(nullptr);
+  int go[2];
+  ASSERT_EQ(pipe(go), 0);
+  const pid_t other = fork();
+  if (other == 0) {
+    close(go[1]);
+    char end = 0;
+    const bool goes = read(go[0], &end, 1) == 0;
+    _exit(goes && Database::open(path_)->query("SELECT * FROM kt_info").size() == 1 ? 0 : 3);
+  }
+  close(go[0]);
+  setOpenDatabase(Database::open(path_));
+  article("A1");
+  Database::open(path_);  // like the check of the file and every report
+  close(go[1]);
+  int status = -1;
+  waitpid(other, &status, 0);
+  EXPECT_EQ(status, 0);
+  article("A2");
+  EXPECT_EQ(Database::open(path_)->query("SELECT CODART FROM G_ARTMAG").size(), 2);
+}
+
 TEST_F(LostFileTest, ADamagedFileIsReportedAndNotSaved) {
   for (int i = 0; i < 2000; ++i) article(QStringLiteral("A%1").arg(i));
   setOpenDatabase(nullptr);
@@ -99,14 +153,12 @@ TEST_F(LostFileTest, ADamagedFileIsReportedAndNotSaved) {
   }
   file.close();
   setOpenDatabase(Database::open(path_));
-  QStringList reported;
-  QObject::connect(&dataChanges(), &DataChanges::fileDamaged, &here_,
-                   [&reported](const QString& text) { reported.append(text); });
-  const FileCheck check(path_);
+  FileCheck check(path_);
   QElapsedTimer waited;
   waited.start();
-  while (reported.isEmpty() && waited.elapsed() < 10'000) QCoreApplication::processEvents();
-  EXPECT_TRUE(reported.value(0).contains("este deteriorat"));
+  QString damage;  // kept: nothing has connected to the signal
+  while ((damage = check.takeDamage()).isEmpty() && waited.elapsed() < 10'000) QThread::msleep(1);
+  EXPECT_TRUE(damage.contains("este deteriorat"));
   expectRefused([&] { saveCompany(database(), aside_); }, "este deteriorat");
   EXPECT_FALSE(QFile::exists(aside_));
 }

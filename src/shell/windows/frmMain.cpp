@@ -109,6 +109,7 @@ frmMain::frmMain() : area_(new ChildArea) {
       Qt::QueuedConnection);
   connect(&dataChanges(), &DataChanges::fileLost, this, &frmMain::offerCopy, Qt::QueuedConnection);
   connect(&dataChanges(), &DataChanges::fileDamaged, this, &frmMain::offerRestoring, Qt::QueuedConnection);
+  QTimer::singleShot(0, this, &frmMain::offerRestoring);  // found before this window was there
 }
 
 frmMain::~frmMain() { setWindowHost(nullptr); }
@@ -205,19 +206,21 @@ void frmMain::offerCopy() {
   });
 }
 
-void frmMain::offerRestoring(const QString& damage) {
+void frmMain::offerRestoring() {
+  const QString damage = session().fileCheck ? session().fileCheck->takeDamage() : QString();
+  if (damage.isEmpty()) return;
   whenNothingIsAsked([this, damage] {
-    QAction* restoring = menuEntry(QStringLiteral("mnuIntRestaurare"));
+    const QString restoring = QStringLiteral("mnuIntRestaurare");
     const QString text = QStringLiteral(
                              "Baza de date a societatii %1 este deteriorata. Nu mai lucrati in ea : "
                              "ce se salveaza acum se poate pierde.\r\n%2\r\n")
                              .arg(session().gDenSocietate, damage);
-    if (!restoring->isEnabled() || !restoring->isVisible()) {
+    if (!isAllowed(restoring)) {
       Mesaj(text + QStringLiteral("Anuntati administratorul, care poate restaura o copie salvata."),
             kCritical);
     } else if (Mesaj(text + QStringLiteral("Doriti sa restaurati acum o copie salvata ?"),
                      kYesNo + kCritical) == kResultYes) {
-      restoring->trigger();
+      menuEntry(restoring)->trigger();
     }
   });
 }

@@ -65,7 +65,7 @@ class frmMain : public QMainWindow, public WindowHost {
   void activateChild(QMdiSubWindow* child);
   void whenNothingIsAsked(const std::function<void()>& work);
   void offerCopy();
-  void offerRestoring(const QString& damage);
+  void offerRestoring();
 
   QMdiArea* area_;
   bool wasHearing_ = false;  ///< in the hearing-device trade
