@@ -451,6 +451,11 @@ ReceiptOutcome DocumentEditor::printReceipt(const QHash<QString, QString>& typed
   if (!EsteValidDetaliiDocument(kind_.prefix, number())) return ReceiptOutcome::NotPrinted;
   const ReceiptOutcome outcome =
       printCashReceipt(typed_, storedHeader(typed_, header_, isNew_), shownDraft());
+  if (outcome == ReceiptOutcome::OnPaper) {
+    // What is printed is what is shown.
+    const Transaction unchanged(database());
+    drafts().requireAsShown(shownDraft());
+  }
   reopen(number());
   return outcome;
 }

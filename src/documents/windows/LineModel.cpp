@@ -86,7 +86,9 @@ QVariant LineModel::shownValue(const QModelIndex& index) const {
   return lineAmount(editor_.kind(), line, column.field).toDouble();
 }
 
+// A row may have gone since the grid was shown: the editor reads its document again before the grid does.
 QVariant LineModel::data(const QModelIndex& index, int role) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const GridColumn& column = columns_[index.column()];
   const bool empty = isNewRow(index.row());
   const LineMark marked = empty ? LineMark::None : editor_.mark(static_cast<size_t>(index.row()));
@@ -123,6 +125,7 @@ QVariant LineModel::headerData(int section, Qt::Orientation orientation, int rol
 }
 
 Qt::ItemFlags LineModel::flags(const QModelIndex& index) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return Qt::NoItemFlags;
   const Qt::ItemFlags base = QAbstractTableModel::flags(index);
   return editor_.isOpen(static_cast<size_t>(index.row()), lineColumn(index.column()).field)
              ? base | Qt::ItemIsEditable
