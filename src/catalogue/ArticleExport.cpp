@@ -11,6 +11,7 @@
 #include "store/ListRows.h"
 #include "util/Clock.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 
 namespace velmar {
 
@@ -132,6 +133,7 @@ void exportCatalogue(const QString& path, const Progress& progress) {
 
 QString makeOrderForm(const QString& folder) {
   QFile prototype(QDir(folder).filePath(kPrototype));
+  requirePlainFile(prototype.fileName());
   if (!prototype.open(QIODevice::ReadOnly))
     throw RuleError(
         QStringLiteral("Nu exista fisierul FormularComandaPrototip.htm in directorul aplicatiei: ") +

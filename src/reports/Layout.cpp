@@ -10,6 +10,7 @@
 #include <QXmlStreamWriter>
 
 #include "reports/LayoutDescription.h"
+#include "util/FileNames.h"
 #include "util/FileReason.h"
 
 namespace velmar::layout {
@@ -366,6 +367,7 @@ Layout read(const QByteArray& xml) { return Reader(xml).read(); }
 QByteArray write(const Layout& layout) { return Writer().write(layout); }
 
 Layout load(const QString& path) {
+  requirePlainFile(path);
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly))
     throw StoreError(kFileFailure, QStringLiteral("Fisierul nu poate fi citit: %1 (%2)")

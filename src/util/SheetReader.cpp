@@ -96,6 +96,8 @@ QVariant SheetTable::number(int row, QAnyStringView column) const {
 }
 
 SheetTable readSheet(const QString& path) {
+  if (QFileInfo(path).exists() && !QFileInfo(path).isFile())
+    throw unreadable(path, QStringLiteral("Nu este un fisier obisnuit."));
   const QCborArray rows = parsed(path)[QStringLiteral("rows")].toArray();
   SheetTable table;
   bool isHeading = true;

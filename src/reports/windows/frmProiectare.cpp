@@ -24,6 +24,7 @@
 #include "reports/windows/ReportJob.h"
 #include "reports/windows/ReportPreview.h"
 #include "util/Errors.h"
+#include "util/FileNames.h"
 #include "util/FileReason.h"
 #include "util/Messages.h"
 #include "util/windows/Controls.h"
@@ -530,6 +531,7 @@ void frmProiectare::begin(const std::shared_ptr<const Layout>& layout, bool isSa
 
 void frmProiectare::open(const QString& file) {
   QByteArray bytes;
+  requirePlainFile(file);
   if (QFile stored(file); stored.exists()) {
     if (!stored.open(QIODevice::ReadOnly))
       throw StoreError(kFileFailure, QStringLiteral("Fisierul nu poate fi citit: %1 (%2)")
