@@ -1,7 +1,9 @@
 #include "Fixture.h"
 
+#include <malloc.h>
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <map>
 #include <memory>
 #include <QFile>
@@ -306,6 +308,26 @@ OpenCompany::OpenCompany(const QString& path) {
 OpenCompany::~OpenCompany() {
   session() = Session();
   setOpenDatabase(nullptr);
+}
+
+double memoryOf(const std::function<void()>& work) {
+  const auto kibibytes = [](const char* line) {
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly)) return 0.0;
+    const QByteArray text = status.readAll();
+    return text.mid(text.indexOf(line) + static_cast<qsizetype>(std::strlen(line)))
+        .trimmed()
+        .split(' ')[0]
+        .toDouble();
+  };
+  malloc_trim(0);
+  QFile peak(QStringLiteral("/proc/self/clear_refs"));  // "5": the peak begins anew
+  if (peak.open(QIODevice::WriteOnly)) peak.write("5");
+  peak.close();
+  const double before = kibibytes("VmRSS:");
+  work();
+  constexpr double kKibibytes = 1024;
+  return (kibibytes("VmHWM:") - before) / kKibibytes;
 }
 
 double Times::median() const {

@@ -58,6 +58,9 @@ class OpenCompany {
 template <typename Work>
 double timed(Work&& work);
 
+/// The most memory that the work takes beside what the process has, in MiB.
+double memoryOf(const std::function<void()>& work);
+
 class Times {
  public:
   void add(double milliseconds) { values_.append(milliseconds); }

@@ -11,6 +11,7 @@ namespace velmar::bench {
 namespace {
 
 constexpr double kAim = 2;
+constexpr double kMemoryAim = 64;  // MiB
 constexpr int kReportRounds = 3;
 
 const std::string kLedger = " FROM G_DOCUME D CROSS JOIN G_LDOCUM L WHERE L.DOCID = D.ID";
@@ -34,7 +35,12 @@ const Measured kMeasured[] = {
      "D.TIPIE = 'E' THEN -1 ELSE 1 END * L.COST * L.CANT)" +
          kLedger + " GROUP BY L.ARTID"},
     {"frmRapStaCl", "SELECT D.CODTERT, SUM(D.TOTALFT), SUM(L.PRETFT * L.PROCRAB * L.CANT)" + kLedger +
-                        " AND D.TIP IN ('FC', 'FS') GROUP BY D.CODTERT"}};
+                        " AND D.TIP IN ('FC', 'FS') GROUP BY D.CODTERT"},
+    {"frmRapVanzari",
+     "SELECT D.CODTERT, D.MODREG, D.DATADOC, SUM(D.TOTALFT), SUM(D.TOTALTVA), SUM(D.TOTALDOC) "
+     "FROM G_DOCUME D WHERE D.TIP IN ('FC', 'FS', 'BC') GROUP BY D.CODTERT, D.MODREG, D.DATADOC"},
+    {"frmRapIesiri", "SELECT L.ARTID, SUM(L.CANT), SUM(L.PRETFT * L.CANT), SUM(L.VALTVA)" + kLedger +
+                         " AND D.TIPIE = 'E' GROUP BY L.ARTID"}};
 
 ReportChoice wholeLedger(const StockReport& report) {
   ReportChoice choice;
@@ -50,7 +56,7 @@ bool measureStockReports(Store store) {
   BareConnection bare(path);
   printHeading(store, QStringLiteral("stockreports: rapoarte peste 1.000.000 de linii"),
                {QStringLiteral("program"), QStringLiteral("instr."), QStringLiteral("raport"),
-                QStringLiteral("tinta")});
+                QStringLiteral("tinta"), QStringLiteral("MiB"), QStringLiteral("tinta")});
   for (const Measured& measured : kMeasured) {
     const StockReport& report = stockReport(QString::fromLatin1(measured.window));
     BareStatement statement = bare.prepare(measured.bare.c_str());
@@ -61,8 +67,10 @@ bool measureStockReports(Store store) {
     }
     const double times = own.median() / statements.median();
     noteRatio(QStringLiteral("stockreports: ") + report.project, store, times, kAim);
+    const double memory = memoryOf([&report] { report.rows(wholeLedger(report)); });
     printRow(report.caption, {milliseconds(own.median()), milliseconds(statements.median()),
-                              ratio(times, kAim), QStringLiteral("<= %1").arg(kAim)});
+                              ratio(times, kAim), QStringLiteral("<= %1").arg(kAim),
+                              ratio(memory, kMemoryAim), QStringLiteral("<= %1").arg(kMemoryAim)});
   }
   removeCompany(path);
   return true;
