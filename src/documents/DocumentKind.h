@@ -10,6 +10,7 @@
 #include "config/Lists.h"
 #include "documents/Checks.h"
 #include "documents/ListingKind.h"
+#include "documents/PostedSum.h"
 #include "stock/LedgerKey.h"
 
 namespace velmar {
@@ -137,17 +138,6 @@ struct KindTexts {
   QString postingFailureTitle = QStringLiteral("Functia SalvareStocArticole");
 };
 
-/// What the notes of a document add up to.
-enum class Posted {
-  Nothing,
-  Something,    ///< it has notes, whose amounts are not compared
-  Value,        ///< its value, on accounts without a partner
-  ValueIfFifo,  ///< the same if lots value the stock; otherwise what the goods cost at that time
-  Cost,         ///< what its goods cost, on accounts without a partner
-  Gross,        ///< value and VAT, on the partner's account
-  GrossAndCost  ///< and the cost of goods held in stock
-};
-
 class KindRules;
 class LineSource;
 
@@ -165,9 +155,9 @@ struct DocumentKind {
   Numbering numbering = Numbering::Typed;
   QString existsKind;  ///< kind of Exista that finds its number
   bool partnersAreSuppliers = false;
-  bool isSale = false;   ///< goods are sold or offered to a customer
-  bool hasDraft = true;  ///< its header and lines are stored before it is validated
-  Posted posted = Posted::Nothing;
+  bool isSale = false;               ///< goods are sold or offered to a customer
+  bool hasDraft = true;              ///< its header and lines are stored before it is validated
+  std::vector<PostedSum> posted;     ///< what its notes must contain; stated beside the rules that make them
   bool oldestFirst = false;          ///< order of the list of drafts
   bool listsUnknownPartner = false;  ///< the list of drafts has those whose partner is unknown too
   QStringList draftColumns;          ///< of the list of drafts, after number, date and partner's name

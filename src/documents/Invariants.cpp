@@ -187,7 +187,13 @@ void findRemainders(Finder& finder) {
           what, {Place::Document, each.isNote && isNamed ? Correction::StockAndNotes : Correction::None},
           each.sql(QString(taken).replace(QStringLiteral("{named}"),
                                           isNamed ? QStringLiteral("NOT NULL") : QStringLiteral("NULL"))));
-    if (each.isNote)
+    if (each.isNote) {
+      // The ledger keeps what is left of each line; a correction does not know it either.
+      finder.find(
+          QStringLiteral("Ramasul avizului lipseste din documente"), {Place::Document},
+          each.sql("SELECT G.DOCID || ' ' || G.ARTID AS PLACE, G.DOCID AS TARGET FROM G_LDOCUM G WHERE "
+                   "G.DOCID >= '{prefix}' AND G.DOCID < '{behind}' AND G.CANT > 0 AND G.CANTRAMASA IS NULL "
+                   "ORDER BY G.DOCID, G.LINIE"));
       finder.find(
           QStringLiteral("Ramasul avizului difera intre document si ciorna"),
           {Place::Document, Correction::StockAndNotes},
@@ -199,6 +205,7 @@ void findRemainders(Finder& finder) {
               "REST FROM G_LDOCUM WHERE DOCID >= '{prefix}' AND DOCID < '{behind}' AND CANT > 0 AND "
               "CANTRAMASA IS NOT NULL GROUP BY DOCID, ARTID) G ON G.DOCID = {key} AND G.ARTID = S.CODART "
               "WHERE ROUND_EVEN(S.REST - G.REST, 3) <> 0 ORDER BY 1"));
+    }
     if (*each.closed != '\0')
       finder.find(
           QStringLiteral("Avizul sau comanda este inchis desi are cantitati ramase, sau invers"),
@@ -217,76 +224,43 @@ const QString kKindOfNote = QStringLiteral(
     "COALESCE(K.FELDOC, (SELECT S.TIPDOC FROM kt_linii S WHERE S.DOC = K.DOC AND S.PROV = 'G' "
     "AND S.TIPDOC IS NOT NULL AND S.NDI >= K.NDI ORDER BY S.NDI LIMIT 1))");
 
-// The amounts posted for each document: with a partner, and the debits without one.
+// The amounts posted for each document of the kind.
 const QString kPosted = QStringLiteral(
-    "SELECT P.FEL AS FEL, P.DOC AS DOC, SUM(CASE WHEN P.TERT IS NULL THEN 0 ELSE P.DEBIT + P.CREDIT END) AS "
-    "GROSS, SUM(CASE WHEN P.TERT IS NULL THEN P.DEBIT ELSE 0 END) AS DEBIT, COUNT(DISTINCT P.NDI) AS NOTES "
-    "FROM (SELECT %1 AS FEL, K.DOC AS DOC, K.NDI AS NDI, K.TERT AS TERT, K.DEBIT AS DEBIT, K.CREDIT AS "
-    "CREDIT "
-    "FROM kt_linii K WHERE K.PROV = 'G') P GROUP BY P.FEL, P.DOC");
+    "SELECT P.DOC AS DOC, SUM(CASE WHEN P.TERT IS NULL THEN 0 ELSE P.DEBIT + P.CREDIT END) AS PARTNER, "
+    "SUM(CASE WHEN P.TERT IS NULL THEN P.DEBIT ELSE 0 END) AS DEBIT, SUM(CASE WHEN P.TERT IS NULL AND "
+    "P.DEBIT "
+    "<> 0 THEN 1 ELSE 0 END) AS DEBITS FROM (SELECT %1 AS FEL, K.DOC AS DOC, K.TERT AS TERT, K.DEBIT AS "
+    "DEBIT, K.CREDIT AS CREDIT FROM kt_linii K WHERE K.PROV = 'G' AND (K.FELDOC = '%2' OR K.FELDOC IS NULL)) "
+    "P WHERE P.FEL = '%2' GROUP BY P.DOC");
 
 const QString kWrongNote = QStringLiteral("Nota contabila lipseste sau are alta suma decat documentul");
-
-// The condition on document D, its draft H and what is posted for it, N, that the notes are wrong.
-QString wrongNotes(const DocumentKind& kind) {
-  const QString tolerance =
-      QStringLiteral("0.01 + 0.005 * (SELECT COUNT(*) FROM G_LDOCUM C WHERE C.DOCID = D.ID)");
-  const QString differs = QStringLiteral("ABS(%1 - COALESCE(%2, 0)) > ") + tolerance;
-  switch (kind.posted) {
-    case Posted::Nothing:
-      return {};
-    case Posted::Something:
-      return QStringLiteral("D.TOTALFT <> 0 AND N.DOC IS NULL");
-    case Posted::Value:  // opening stock is not posted; the products of a returned note are posted once more
-      return differs.arg("ABS(D.TOTALFT)", "ABS(N.DEBIT)") +
-             QStringLiteral(
-                 " AND COALESCE(D.TIPIE, '') <> 'S' AND NOT EXISTS (SELECT C.DOCID FROM G_LDOCUM C INNER "
-                 "JOIN G_LAECLI B ON B.NUMAE = SUBSTR(C.REFERINTA, 3) INNER JOIN G_ARTMAG A ON "
-                 "A.CODART = B.CODART WHERE C.DOCID = D.ID AND A.PROVENIENTA = 'P' "
-                 "AND C.REFERINTA LIKE 'AE%')");
-    case Posted::ValueIfFifo:
-      return TIPCOST() == kFifo ? differs.arg("D.TOTALFT", "N.DEBIT")
-                                : QStringLiteral("D.TOTALFT <> 0 AND N.DOC IS NULL");
-    case Posted::Cost:
-      return differs.arg("D.TOTALCOST", "N.DEBIT") +
-             QStringLiteral(
-                 " AND NOT EXISTS (SELECT C.DOCID FROM G_LDOCUM C INNER JOIN G_ARTMAG A ON A.CODART = "
-                 "C.ARTID "
-                 "WHERE C.DOCID = D.ID AND COALESCE(A.PROVENIENTA, '') NOT IN ('M', 'P'))");
-    case Posted::Gross:
-    case Posted::GrossAndCost:
-      break;
-  }
-  // Without a VAT rate the VAT of the lines is not posted.
-  QString wrong = differs.arg("D.TOTALFT + D.TOTALTVA", "N.GROSS") + QStringLiteral(" AND ") +
-                  differs.arg("D.TOTALFT", "N.GROSS");
-  if (kind.posted == Posted::GrossAndCost)
-    wrong = QStringLiteral(
-                "(%1) OR ABS(COALESCE(N.DEBIT, 0)) > ABS(D.TOTALCOST) + %2 OR (N.NOTES = 1 AND EXISTS "
-                "(SELECT C.DOCID FROM G_LDOCUM C INNER JOIN G_ARTMAG A ON A.CODART = C.ARTID "
-                "WHERE C.DOCID = D.ID AND A.FARASTOC = 0 AND A.PROVENIENTA = 'M' AND C.VALCOST <> 0))")
-                .arg(wrong, tolerance);
-  return wrong;
-}
+const QString kTolerance =
+    QStringLiteral("0.01 + 0.005 * (SELECT COUNT(*) FROM G_LDOCUM C WHERE C.DOCID = D.ID)");
 
 void findNotes(Finder& finder) {
+  // The document of the note is the way to it; of a note that has lost its kind, any with its number.
   finder.find(
-      QStringLiteral("Nota contabila nu este echilibrata sau are doua documente"), {Place::Note},
-      QStringLiteral("SELECT NDI AS PLACE FROM kt_linii WHERE PROV = 'G' GROUP BY NDI "
-                     "HAVING ROUND_EVEN(SUM(DEBIT) - SUM(CREDIT), 2) <> 0 OR COUNT(DISTINCT DOC) <> 1 "
-                     "ORDER BY NDI"));
+      QStringLiteral("Nota contabila nu este echilibrata sau are doua documente"), {Place::Document},
+      QStringLiteral(
+          "SELECT W.NDI AS PLACE, (SELECT MIN(D.ID) FROM kt_linii K INNER JOIN G_DOCUME D ON D.ID IN (%1 || "
+          "K.DOC, %1 || K.DOC || 'E', %1 || K.DOC || 'I') WHERE K.NDI = W.NDI AND K.PROV = 'G') AS TARGET "
+          "FROM "
+          "(SELECT NDI FROM kt_linii WHERE PROV = 'G' GROUP BY NDI HAVING ROUND_EVEN(SUM(DEBIT) - "
+          "SUM(CREDIT), 2) <> 0 OR COUNT(DISTINCT DOC) <> 1) W ORDER BY W.NDI")
+          .arg(kKindOfNote));
   for (const DocumentKind& kind : documentKinds()) {
-    const QString wrong = kind.rules ? wrongNotes(kind) : QString();
-    if (wrong.isEmpty()) continue;
+    if (!kind.rules || kind.posted.empty()) continue;
     const bool isChosen = companyTable(kind.headerTable).column("NoteContabile");
     finder.find(
         kWrongNote, {Place::Document},
-        QStringLiteral("SELECT D.ID AS PLACE FROM G_DOCUME D INNER JOIN %1 H ON H.%2 = %3 LEFT JOIN (%4) N "
-                       "ON N.FEL = D.TIP AND N.DOC = H.%2 WHERE D.TIP = '%5' AND COALESCE(D.IsAudio, 0) = 0 "
-                       "AND %6 AND (%7) ORDER BY D.ID")
-            .arg(kind.headerTable, kind.numberColumn, numberExpression(QStringLiteral("D.ID")),
-                 kPosted.arg(kKindOfNote), kind.prefix,
-                 isChosen ? QStringLiteral("H.NoteContabile <> 0") : QStringLiteral("1 = 1"), wrong));
+        QStringLiteral(
+            "SELECT D.ID AS PLACE FROM G_DOCUME D INNER JOIN %1 H ON H.%2 = %3 LEFT JOIN (%4) N "
+            "ON N.DOC = H.%2 WHERE D.TIP = '%5' AND COALESCE(D.IsAudio, 0) = 0 AND %6 AND (%7) ORDER BY D.ID")
+            .arg(kind.headerTable, kind.numberColumn,
+                 numberExpression(QStringLiteral("D.ID"), ledgerKind(kind.id).hasSides),
+                 kPosted.arg(kKindOfNote, kind.prefix), kind.prefix,
+                 isChosen ? QStringLiteral("H.NoteContabile <> 0") : QStringLiteral("1 = 1"),
+                 lacksSum(kind.posted, kTolerance)));
   }
 }
 

@@ -21,17 +21,34 @@ TEST(InvariantsTest, EveryDamageIsReportedWithItsPlace) {
   trade.validated("FC", trade.sale("4"), {Trade::out("A", "1")});
   trade.validated("BS", {{"BATVA1", "2"}}, {Trade::out("A", "1")});
   trade.validated("AE", trade.consumption("6"), {Trade::out("A", "1")});
-  ExecutaSql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE) VALUES (2, 'Depozit')");
+  ExecutaSql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE, CONT) VALUES (2, 'Depozit', '381')");
+  ExecutaSql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE, CONT) VALUES (1, 'Magazin', '371')");
+  ExecutaSql("UPDATE kt_par SET CONTAVIZEXP_M = '357', CONTAVIZEXP_P = '354', JURAVIZ = 'AV'");
   trade.validated("BT", {{"NUMAE", "7"}, {"DESTMAGAZIE", "2"}}, {Trade::out("A", "1")});
   trade.validated("FC", trade.sale("8"), {Trade::out("A", "1")});
   ASSERT_TRUE(Trade::turnRound("8", "9"));
+  // 3 at 10 euro: 135 lei, transport 13.5, customs 5.94, VAT 29.34.
+  trade.validated("FI", trade.import("10", clock::today(), "3"),
+                  {{"A", {{"CANT", "3"}, {"PRETVAL", "10"}, {"VALCHTR", "3"}, {"PVAMA", "4"}}}});
+  trade.article("P", "20", false);
+  trade.validated("FF", trade.purchase("11"), {Trade::bought("P", "2", "5", "20")});
+  trade.validated("AE", trade.consumption("12"), {Trade::out("P", "1")});
+  Trade::sourced("NR", {{"NUMNR", "13"}, {"CODFUR", QString::number(trade.supplier)}}, KindId::DeliveryNote,
+                 "12");
   ASSERT_EQ(disagreementText(), "");
 
   // Notes from before their kind was stored are those of the next stamp.
-  ExecutaSql("UPDATE kt_linii SET FELDOC = NULL WHERE DOC <> '1'");
+  ExecutaSql("UPDATE kt_linii SET FELDOC = NULL WHERE FELDOC NOT IN ('FF', 'FI', 'NR', 'BS')");
   EXPECT_EQ(disagreementText(), "");
 
   const std::pair<const char*, const char*> damages[] = {
+      {"DELETE FROM kt_linii WHERE FELDOC = 'FI' AND NDI IN (SELECT NDI FROM kt_linii WHERE DEBIT = 13.5)",
+       "decat documentul: FI10"},
+      {"UPDATE kt_linii SET DEBIT = 149 WHERE FELDOC = 'FI' AND CONT = '4426'", "echilibrata sau"},
+      {"DELETE FROM kt_linii WHERE FELDOC = 'NR' AND CONT IN ('345', '354')", "decat documentul: NR13"},
+      {"DELETE FROM kt_linii WHERE FELDOC = 'BS' AND CONT IN ('607', '371')", "decat documentul: BS1"},
+      {"DELETE FROM kt_linii WHERE DOC = '7'", "decat documentul: BT7E"},
+      {"UPDATE G_LDOCUM SET CANTRAMASA = NULL WHERE DOCID = 'AE6'", "lipseste din documente: AE6 A"},
       {"UPDATE kt_linii SET DEBIT = DEBIT * 2, CREDIT = CREDIT * 2 WHERE DOC = '2'", "decat documentul: BI2"},
       {"UPDATE kt_linii SET DEBIT = DEBIT * 2, CREDIT = CREDIT * 2 WHERE DOC = '3'", "decat documentul: BC3"},
       {"DELETE FROM kt_linii WHERE DOC = '9' AND CONT = '4427'", "decat documentul: FS9"},

@@ -7,6 +7,7 @@
 #include "catalogue/Partners.h"
 #include "documents/DocumentEditor.h"
 #include "documents/Invariants.h"
+#include "documents/LineSource.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
 
@@ -96,6 +97,23 @@ class Trade {
   }
   TypedTexts consumption(const QString& number) const {
     return {{"NUMAE", number}, {"CODCLI", QString::number(customer)}, {"BATVA1", "19"}};
+  }
+
+  /// An import in euro at 4,5 lei; the transport, in euro, is typed in the lines too.
+  TypedTexts import(const QString& number, const QDate& date, const QString& transport = "0") const {
+    const QString code = QString::number(supplier);
+    return {{"NUMFAC", number},      {"DATAFAC", iso(date)},     {"CODFUR", code},
+            {"CODFURTR", code},      {"CODVALUTA", "EUR"},       {"CURSVALUTA", "4.5"},
+            {"TRANSTTI", transport}, {"NUMFACTR", "T" + number}, {"NUMEFURTR", "CARAUS"}};
+  }
+
+  /// Validates a document whose lines come from another one.
+  static void sourced(const QString& kind, const TypedTexts& more, KindId source, const QString& number) {
+    DocumentEditor editor(kind);
+    draft(editor, more, {});
+    for (const LineSource* offered : editor.kind().sources)
+      if (offered->kind() == source) editor.addLines(*offered, number, editor.headerTexts());
+    ASSERT_TRUE(validate(editor));
   }
 
   static TypedLine bought(const QString& code, const QString& quantity, const QString& price,

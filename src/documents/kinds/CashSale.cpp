@@ -99,6 +99,16 @@ class CashSaleRules : public SaleRules {
   }
 };
 
+// Products of the invoice with the same number may be posted as well.
+PostedSum postedCost() {
+  return {
+      PostedSum::Rows::Others,
+      PostedSum::Is::AtLeast,
+      {"(SELECT SUM(C.VALCOST) FROM G_LDOCUM C INNER JOIN G_ARTMAG A ON A.CODART = C.ARTID WHERE C.DOCID = "
+       "D.ID AND A.PROVENIENTA = 'M')"},
+      "NOT EXISTS (SELECT P.NUMFAC FROM G_LFACCL P WHERE P.NUMFAC = H.NUMFAC AND P.CANT < 0)"};
+}
+
 Check cashPartnerExists() {
   return refusedWhen("Va rugam creati un client denumit CASA, in tabela TERTI ", "CODCLI",
                      [](const Document&) {
@@ -145,7 +155,7 @@ DocumentKind cashSale() {
   kind.texts.numberTaken = numberTakenText("Bonul");
   static const CashSaleRules rules;
   kind.rules = &rules;
-  kind.posted = Posted::Gross;
+  kind.posted = {postedGross(), postedCost()};
   kind.paper = listingForm();
   const QString selectSale = "Va rugam selectati un bon !";
   kind.openingChecks = {cashPartnerExists()};

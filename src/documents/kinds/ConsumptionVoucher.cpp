@@ -129,7 +129,10 @@ DocumentKind consumptionVoucher() {
   kind.texts.numberTaken = numberTakenText("Avizul");
   static const ConsumptionVoucherRules rules;
   kind.rules = &rules;
-  kind.posted = Posted::ValueIfFifo;
+  // Otherwise it is what the goods cost at that time.
+  const QString isFifo = "(SELECT I.TCOST FROM kt_info I) = 'FIFO'";
+  kind.posted = {postedDebit("D.TOTALFT"), {PostedSum::Rows::Others, PostedSum::Is::Present, {"D.TOTALFT"}}};
+  kind.posted.front().when = isFifo;
   kind.paper = listingForm();
   kind.headerChecks = {numberEmpty(kind, "avizului"), customerEmpty(kind), percentNotPositive("BATVA1"),
                        numberTaken(kind)};

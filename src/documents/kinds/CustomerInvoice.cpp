@@ -135,7 +135,12 @@ DocumentKind customerInvoice() {
   kind.texts.unsaved = "Va rugam apasati butonul Detaliu pentru salvarea informatiilor din antet";
   static const CustomerInvoiceRules rules;
   kind.rules = &rules;
-  kind.posted = Posted::GrossAndCost;
+  kind.posted = {postedGross(),
+                 {PostedSum::Rows::Others, PostedSum::Is::AtMost, {"D.TOTALCOST"}},
+                 {PostedSum::Rows::Others,
+                  PostedSum::Is::Present,
+                  {"(SELECT SUM(ABS(C.VALCOST)) FROM G_LDOCUM C INNER JOIN G_ARTMAG A ON A.CODART = C.ARTID "
+                   "WHERE C.DOCID = D.ID AND A.FARASTOC = 0 AND A.PROVENIENTA = 'M')"}}};
   kind.paper = listingForm();
   kind.headerChecks = {paletSold(),    numberEmpty(kind, "facturii"), customerEmpty(kind),
                        journalEmpty(), rateNotChosen("BATVA1"),       numberTaken(kind)};

@@ -77,7 +77,11 @@ DocumentKind deliveryNote() {
   static const DeliveryNoteRules rules;
   kind.rules = &rules;
   kind.paper = listingForm();
-  kind.posted = Posted::Cost;
+  kind.posted = {postedDebit("D.TOTALCOST")};
+  kind.posted.front().when =
+      "NOT EXISTS (SELECT C.DOCID FROM G_LDOCUM C INNER JOIN G_ARTMAG A ON A.CODART = C.ARTID WHERE C.DOCID "
+      "= "
+      "D.ID AND COALESCE(A.PROVENIENTA, '') NOT IN ('M', 'P'))";
   kind.headerTable = "G_AECLI";
   kind.lineTable = "G_LAECLI";
   kind.isSale = true;

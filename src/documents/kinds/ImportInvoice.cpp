@@ -202,6 +202,19 @@ class ImportInvoiceRules : public KindRules {
   }
 };
 
+// Goods and transport are owed to partners; customs are posted with their VAT or not at all.
+std::vector<PostedSum> postedSums() {
+  const QString lines = " FROM G_LFACIM L WHERE L.NUMFAC = H.NUMFAC)";
+  const QString owed =
+      "(SELECT SUM(L.VALOARE) + CASE WHEN SUM(L.VALCHTR) * D.CURS > 0 THEN SUM(L.VALCHTR) * D.CURS ELSE 0 "
+      "END" +
+      lines;
+  const QString atCustoms = "(SELECT CASE WHEN SUM(L.VALTVA) > 0 THEN SUM(L.VALVAMA%1) ELSE 0 END" + lines;
+  PostedSum debit = postedDebit("(" + owed + " + " + atCustoms.arg(" + L.VALTVA") + ")");
+  debit.amounts.append("(" + owed + " + " + atCustoms.arg("") + ")");  // the VAT code has no percent
+  return {{PostedSum::Rows::OfPartner, PostedSum::Is::Equal, {owed}}, debit};
+}
+
 ListingKind listingForm() {
   ListingKind paper{KindId::ImportInvoice, "frmLstFacturiImport", "Listare Facturi Import",
                     "FacturiImportFull"};
@@ -336,7 +349,7 @@ DocumentKind importInvoice() {
   kind.tipie = "I";
   kind.existsKind = "FACTURAIMPORT";
   kind.partnersAreSuppliers = true;
-  kind.posted = Posted::Something;
+  kind.posted = postedSums();
   kind.lineCheck.price = "PRET";
   kind.lineCheck.salePrice = "PRETVA";
   kind.texts.numberTaken = numberTakenText("Factura");

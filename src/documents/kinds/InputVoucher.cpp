@@ -88,7 +88,7 @@ DocumentKind inputVoucher() {
   kind.texts.numberTaken = numberTakenText("Bonul de intrare");
   static const InputVoucherRules rules;
   kind.rules = &rules;
-  kind.posted = Posted::Value;
+  kind.posted = {postedDebit("D.TOTALFT")};
   kind.paper = listingForm();
   kind.headerChecks = {numberEmpty(kind, "N.I.R."), supplierEmpty(kind), percentNotPositiveOrEmpty("BATVA"),
                        numberTaken(kind)};

@@ -250,6 +250,17 @@ Check remarkUsed() {
           .title = QStringLiteral("Continuati ?")};
 }
 
+// The products of a returned delivery note are posted at what they cost; a shortage is posted with its sign.
+PostedSum postedValue() {
+  PostedSum value = postedDebit(
+      "(D.TOTALFT + COALESCE((SELECT SUM(B.VALOARECOST) FROM G_LAECLI B INNER JOIN G_ARTMAG A ON A.CODART = "
+      "B.CODART WHERE A.PROVENIENTA = 'P' AND B.NUMAE = (SELECT SUBSTR(MIN(C.REFERINTA), 3) FROM G_LDOCUM C "
+      "WHERE C.DOCID = D.ID AND C.REFERINTA >= 'AE' AND C.REFERINTA < 'AF')), 0))");
+  value.amounts.append("-D.TOTALFT");
+  value.when = "COALESCE(D.TIPIE, '') <> 'S'";  // opening stock is not posted
+  return value;
+}
+
 ListingKind listingForm() {
   ListingKind paper{KindId::ReceiptNote, "frmLstNIR", "Listare NIR", "NIR"};
   paper.headerSql = "SELECT F.NUMNR, F.CODFUR, F.BATVA, F.OBS, F.DATANR FROM G_NRFURN AS F WHERE F.NUMNR = ?";
@@ -268,7 +279,7 @@ DocumentKind receiptNote() {
   kind.rules = &rules;
   kind.sources = {&orders, &returns};
   kind.paper = listingForm();
-  kind.posted = Posted::Value;
+  kind.posted = {postedValue()};
   kind.headerTable = "G_NRFURN";
   kind.lineTable = "G_LNRFUR";
   kind.numberColumn = "NUMNR";

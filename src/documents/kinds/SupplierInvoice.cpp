@@ -205,7 +205,7 @@ DocumentKind supplierInvoice() {
   kind.texts.numberTaken = numberTakenText("Factura");
   static const SupplierInvoiceRules rules;
   kind.rules = &rules;
-  kind.posted = Posted::Gross;
+  kind.posted = {postedGross()};
   kind.paper = listingForm();
   kind.headerChecks = {numberEmpty(kind, "facturii"), supplierEmpty(kind),
                        fieldEmpty("BATVA1", "Va rugam completati codul TVA ! Salvarea nu se poate efectua !"),

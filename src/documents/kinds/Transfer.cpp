@@ -144,6 +144,11 @@ DocumentKind transfer() {
   kind.numberColumn = "NUMAE";
   kind.dateColumn = "DATAAE";
   kind.remarkColumn = "OBSERV";
+  kind.posted = {postedDebit("D.TOTALFT")};
+  kind.posted.front().when =
+      "H.VALIDAT <> 0 AND D.TIPIE = 'E' AND (SELECT TRIM(COALESCE(S.CONT, '')) FROM G_MULTIMAGAZIE S WHERE "
+      "S.COD = D.CODMAG) <> (SELECT TRIM(COALESCE(S.CONT, '')) FROM G_MULTIMAGAZIE S WHERE S.COD = "
+      "H.DESTMAGAZIE)";
   kind.draftColumns = {"DESTMAGAZIE"};
   kind.tipie = "E";
   kind.texts.numberTaken = numberTakenText("Bonul de transfer");
