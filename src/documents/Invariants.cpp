@@ -329,7 +329,8 @@ void findDrafts(Finder& finder) {
     if (!kind.rules || !kind.hasDraft) continue;
     const auto withRows = [&kind](const QString& count) {
       return QStringLiteral(
-                 "SELECT %1 AS PLACE FROM %2 H WHERE H.VALIDAT <> 0 AND "
+                 "SELECT %1 AS PLACE, COALESCE((SELECT MIN(D.ID) FROM G_DOCUME D WHERE %3), %1) AS TARGET "
+                 "FROM %2 H WHERE H.VALIDAT <> 0 AND "
                  "(SELECT COUNT(*) FROM G_DOCUME D WHERE %3) = %4 ORDER BY H.%5")
           .arg(keyExpression(kind.id, QStringLiteral("H.") + kind.numberColumn), kind.headerTable,
                isOfDraft(kind), count, kind.numberColumn);

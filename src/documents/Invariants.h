@@ -10,7 +10,7 @@
 namespace velmar {
 
 /// What a place of an inconsistency is.
-enum class Place { Article, Document, Note };
+enum class Place { Article, Document };
 
 /// What mends an inconsistency.
 enum class Correction {
@@ -26,7 +26,7 @@ struct Disagreement {
   QString what;   ///< the violated rule, in Romanian
   QString where;  ///< article, document or note, with details
   Place place = Place::Article;
-  QString key;  ///< of the place: code, key in the ledger, or NDI
+  QString key;  ///< of the place: code or key in the ledger; empty for a note that belongs to no document
   Correction correction = Correction::None;
 };
 

@@ -88,6 +88,22 @@ find("Avizul sau comanda este inchis desi are cantitati ramase, sau invers", "AE
 w.click("cmdDocument");
 equal(win("frmLDoc").grid("grdParent").column("ID"), ["AE7"], "the document");
 win("frmLDoc").close();
+// So does a note that is not balanced, and a transfer of which a side is gone.
+sql("INSERT INTO kt_linii (NDI, NRLINIE, PROV, FELDOC, DOC, CONT, DEBIT, CREDIT) VALUES (900, 1, 'G', 'AE', '7', '371', 5, 0)");
+sql("INSERT INTO G_TRANSFER (NUMAE, DATAAE, Magazie, DESTMAGAZIE, VALIDAT) VALUES ('88', ?, 1, 2, -1)", year + "-02-04");
+sql("INSERT INTO G_DOCUME (ID, TIP, DATADOC, CODMAG) VALUES ('BT88I', 'BT', ?, 2)", year + "-02-04");
+w.click("cmdVerifica");
+for (const [rule, place, id] of [["Nota contabila nu este echilibrata sau are doua documente", "900", "AE7"], ["Document validat fara inregistrare in documente", "BT88", "BT88I"]]) {
+  find(rule, place);
+  w.click("cmdDocument");
+  equal(win("frmLDoc").grid("grdParent").column("ID"), [id], rule);
+  win("frmLDoc").close();
+}
+sql("DELETE FROM kt_linii WHERE NDI = 900");
+sql("DELETE FROM G_DOCUME WHERE ID = 'BT88I'");
+sql("DELETE FROM G_TRANSFER WHERE NUMAE = '88'");
+w.click("cmdVerifica");
+find("Avizul sau comanda este inchis desi are cantitati ramase, sau invers", "AE7");
 press("cmdCorectie", "OK");
 equal([texts(), article("M1"), article("M2"), article("SV"), article("NE")], [["Corectia a fost efectuata."], [5, 10], [0, 0], [0, 0], [-10, 4]], "stock from the ledger");
 equal(sql("SELECT CANTRAMASA AS R FROM G_LDOCUM WHERE DOCID = 'AE7' ORDER BY LINIE").concat(sql("SELECT CANTRAMAS AS R FROM G_LAECLI ORDER BY NRLINIE")).map((row) => row.R), [0, 5, 0, 5], "what is left of the note");

@@ -81,7 +81,7 @@ const Disagreement* frmVerificare::current() const {
 void frmVerificare::showRecord(const Row* record) {
   ListForm::showRecord(record);
   const Disagreement* found = current();
-  cmdDocument_->setEnabled(found && found->place != Place::Note);
+  cmdDocument_->setEnabled(found && !found->key.isEmpty());
   cmdCorectie_->setEnabled(found && found->correction != Correction::None);
 }
 
