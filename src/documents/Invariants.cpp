@@ -14,21 +14,10 @@ namespace velmar {
 
 namespace {
 
-// Quantity of the ledger by article: receipts less issues.
-const QString kLedgerStock = QStringLiteral(
-    "SELECT L.ARTID AS ARTID, SUM(CASE WHEN D.TIPIE IN ('I', 'S') THEN L.CANT ELSE -L.CANT END) AS CANT "
-    "FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID WHERE D.TIPIE IN ('I', 'S', 'E') "
-    "GROUP BY L.ARTID");
-
-// Returns to suppliers that did not reduce a lot, since the document referred to no receipt of the article;
-// an import never does.
-QString returnedUnnamed() {
-  return QStringLiteral(
-             "SELECT R.ARTID AS ARTID, -SUM(R.CANT) AS CANT FROM G_LDOCUM R INNER JOIN G_DOCUME D ON D.ID = "
-             "R.DOCID WHERE R.CANT < 0 AND (D.TIP = 'FI' OR D.TIP = 'FF' AND NOT EXISTS (SELECT L.DOCID FROM "
-             "G_LDOCUM L WHERE L.DOCID = TRIM(D.OBS) AND L.ARTID = R.ARTID AND %1)) GROUP BY R.ARTID")
-      .arg(makesLot());
-}
+// Sums of the ledger's movements by article; %1: what a line adds.
+const QString kByArticle = QStringLiteral(
+    "SELECT L.ARTID AS ARTID, SUM(%1) AS CANT FROM G_LDOCUM L INNER JOIN G_DOCUME D ON D.ID = L.DOCID WHERE "
+    "D.TIPIE IN ('I', 'S', 'E') GROUP BY L.ARTID");
 
 const QString kHeldArticles = QStringLiteral("SELECT CODART FROM G_ARTMAG WHERE FARASTOC = 0");
 
@@ -57,7 +46,8 @@ void findStock(Finder& finder) {
       QStringLiteral("SELECT A.CODART AS PLACE FROM G_ARTMAG A LEFT JOIN (%1) S ON S.ARTID = A.CODART "
                      "WHERE A.FARASTOC = 0 AND ROUND_EVEN(COALESCE(A.STOC, 0) - COALESCE(S.CANT, 0), 3) "
                      "<> 0 ORDER BY A.CODART")
-          .arg(kLedgerStock));
+          .arg(kByArticle.arg(
+              QStringLiteral("CASE WHEN D.TIPIE IN ('I', 'S') THEN L.CANT ELSE -L.CANT END"))));
 }
 
 void findWarehouseStock(Finder& finder) {
@@ -72,18 +62,20 @@ void findWarehouseStock(Finder& finder) {
                   .arg(stockOfLedger()));
 }
 
-// A shortage has lines like a receipt's, but they are no lots.
-const QString kNoShortage =
-    QStringLiteral(" AND L.DOCID NOT IN (SELECT N.ID FROM G_DOCUME N WHERE N.TIP = 'NR' AND N.TIPIE = 'E')");
+// The missing goods of a shortage have lines like a receipt's, but they are no lots.
+const QString kNoShortage = QStringLiteral(
+    " AND NOT (L.CANT > 0 AND L.DOCID IN (SELECT N.ID FROM G_DOCUME N WHERE N.TIP = 'NR' AND N.TIPIE = "
+    "'E'))");
 
 void findLots(Finder& finder) {
-  finder.find(QStringLiteral("Loturile articolului difera de documente"), {Place::Article, Correction::Lots},
-              QStringLiteral(
-                  "SELECT S.ARTID AS PLACE FROM (%1) S LEFT JOIN (SELECT L.ARTID AS ARTID, "
-                  "SUM(L.CANTRAMASA) AS CANT FROM G_LDOCUM L WHERE %2 GROUP BY L.ARTID) R "
-                  "ON R.ARTID = S.ARTID LEFT JOIN (%4) B ON B.ARTID = S.ARTID WHERE S.ARTID IN (%3) AND "
-                  "ROUND_EVEN(S.CANT + COALESCE(B.CANT, 0) - COALESCE(R.CANT, 0), 3) <> 0 ORDER BY S.ARTID")
-                  .arg(kLedgerStock, makesLot(), kHeldArticles, returnedUnnamed()));
+  finder.find(
+      QStringLiteral("Loturile articolului difera de documente"), {Place::Article, Correction::Lots},
+      QStringLiteral(
+          "SELECT S.ARTID AS PLACE FROM (%1) S LEFT JOIN (SELECT L.ARTID AS ARTID, "
+          "SUM(L.CANTRAMASA) AS CANT FROM G_LDOCUM L WHERE %2 GROUP BY L.ARTID) R "
+          "ON R.ARTID = S.ARTID WHERE S.ARTID IN (%3) AND ROUND_EVEN(S.CANT - COALESCE(R.CANT, 0), 3) "
+          "<> 0 ORDER BY S.ARTID")
+          .arg(kByArticle.arg(addedToLots()), makesLot(), kHeldArticles));
   // The used part of a lot equals the issues, the returns to its supplier and, of a lot that an invoice made
   // of goods brought back, what the storno of the invoice took.
   finder.find(QStringLiteral("Legaturile cu intrarea difera de cantitatea consumata"), {Place::Document},

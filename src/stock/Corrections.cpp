@@ -91,13 +91,13 @@ const QStringList& stockStatements() {
   return statements;
 }
 
-// The open lots and the stock of articles with movements, by ARTID; `which` selects articles.
+// The open lots of articles with movements and what they should have, by ARTID; `which` selects articles.
 QString lotSums(const QString& which) {
   return QStringLiteral(
              "SELECT L.ARTID AS ARTID, SUM(%1) AS CANTITATE, SUM(CASE WHEN D.TIP = 'AE' OR L.CANTRAMASA < 0 "
              "THEN "
              "0 ELSE L.CANTRAMASA END) AS CRAMASA FROM %2%3 GROUP BY L.ARTID")
-      .arg(kSigned, kMovements, which);
+      .arg(addedToLots(), kMovements, which);
 }
 
 struct OpenLot {

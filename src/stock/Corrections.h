@@ -18,12 +18,12 @@ void CorectArticoleTable(const Progress& progress = {});
 /// ledger and in its draft, and whether it is invoiced. A note that no line names keeps what is left.
 void correctStockAndNotes(const Progress& progress = {});
 
-/// The articles whose open lots differ from the stock of the ledger, if they have an open lot: ARTID, DENART,
-/// Cantitate (the stock), CRamasa (the sum of the lots). By name.
+/// The articles whose open lots differ from what the ledger left in them (addedToLots()), if they have an
+/// open lot: ARTID, DENART, Cantitate (what they should have), CRamasa (their sum). By name.
 Recordset lotDifferences();
 
-/// Makes the lots of these articles add up to the stock of the ledger, as it is now: a surplus is taken from
-/// the oldest lots, a deficit given back to the newest, as far as they have room.
+/// Makes the lots of these articles add up to what the ledger left in them, as it is now: a surplus is taken
+/// from the oldest lots, a deficit given back to the newest, as far as they have room.
 void correctLots(const QStringList& articles, const Progress& progress = {});
 
 /// Sets the issued quantity (CANTE) of each article that was issued by documents of that period, and returns

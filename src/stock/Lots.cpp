@@ -49,13 +49,19 @@ bool hasLinks(const LedgerKey& issue) {
 
 }  // namespace
 
-const QString& makesLot() {
-  static const QString condition =
-      QStringLiteral(
-          "((SUBSTR(L.DOCID, 1, 2) IN (%1) AND L.CANT > 0) "
-          "OR (SUBSTR(L.DOCID, 1, 2) IN (%2) AND L.CANT < 0))")
-          .arg(prefixesOf(&LedgerKind::receives), prefixesOf(&LedgerKind::takesBack));
-  return condition;
+QString makesLot(const QString& row) {
+  return QStringLiteral(
+             "((SUBSTR(%3.DOCID, 1, 2) IN (%1) AND %3.CANT > 0) OR (SUBSTR(%3.DOCID, 1, 2) IN (%2) AND "
+             "%3.CANT < 0 AND %3.CANTRAMASA IS NOT NULL))")
+      .arg(prefixesOf(&LedgerKind::receives), prefixesOf(&LedgerKind::takesBack), row);
+}
+
+QString addedToLots() {
+  return QStringLiteral(
+             "CASE WHEN L.CANT < 0 AND (D.TIP = 'FI' OR D.TIP = 'FF' AND NOT EXISTS (SELECT R.DOCID FROM "
+             "G_LDOCUM R WHERE R.DOCID = TRIM(D.OBS) AND R.ARTID = L.ARTID AND %1)) THEN 0 "
+             "WHEN D.TIPIE IN ('I', 'S') THEN L.CANT ELSE -L.CANT END")
+      .arg(makesLot(QStringLiteral("R")));
 }
 
 OpenLots::OpenLots(const std::vector<Lot>& lots) {

@@ -13,9 +13,15 @@
 
 namespace velmar {
 
-/// SQL condition on a row L of G_LDOCUM: a line that creates a lot. These are lines of receipts, and lines by
-/// which a customer returns goods (a negative quantity on an issue; the lot has its absolute value).
-const QString& makesLot();
+/// SQL condition on a row of G_LDOCUM: a line that creates a lot. These are lines of receipts, and lines by
+/// which goods come in on an issue (a negative quantity; the lot has its absolute value): returned by a
+/// customer, or found while others are missing.
+QString makesLot(const QString& row = QStringLiteral("L"));
+
+/// SQL: what a line L of document D, which moves stock, adds to the lots of its article. It is what it adds
+/// to the stock, but a return to a supplier reduces no lot if it refers to no receipt of the article; that of
+/// an import never does.
+QString addedToLots();
 
 /// A line that created a lot, and the remaining quantity.
 struct Lot {

@@ -4,6 +4,7 @@
 
 #include "documents/Invariants.h"
 #include "documents/Undo.h"
+#include "stock/Corrections.h"
 #include "Trade.h"
 #include "util/Errors.h"
 
@@ -124,11 +125,15 @@ TEST(ReturnsTest, AReturnToASupplierIsLimitedToTheRestOfItsLot) {
   EXPECT_EQ(Trade::rest("FF503"), Decimal(5));
   EXPECT_EQ(Trade::figure("A", "STOC"), Decimal(4));
   EXPECT_EQ(disagreementText(), "");
+  EXPECT_TRUE(lotDifferences().isEmpty());
   // Nor has an issue of the article.
   trade.validated("FF", trade.purchase("R4", clock::today(), "BC1"), {Trade::bought("A", "-1", "20", "30")});
   EXPECT_EQ(disagreementText(), "");
   ExecutaSql("UPDATE G_LDOCUM SET CANTRAMASA = 4 WHERE DOCID = 'FF503'");
   EXPECT_EQ(disagreements().front().where, "A");
+  correctLots({"A"});
+  EXPECT_EQ(Trade::rest("FF503"), Decimal(5));
+  EXPECT_EQ(disagreementText(), "");
 }
 
 }  // namespace
