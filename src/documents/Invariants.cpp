@@ -263,7 +263,8 @@ void findCosts(Finder& finder) {
                   "SELECT D.ID AS PLACE FROM G_DOCUME D INNER JOIN (SELECT DOCID, COUNT(*) AS LINES, "
                   "SUM(CASE WHEN CANT < 0 THEN -ABS(VALCOST) ELSE VALCOST END) AS COST "
                   "FROM G_LDOCUM GROUP BY DOCID) L ON L.DOCID = D.ID WHERE D.TIPIE IN ('I', 'S', 'E') "
-                  "AND ABS(D.TOTALCOST - L.COST) > 0.005 * L.LINES + 0.000001 ORDER BY D.ID"));
+                  "AND ABS(D.TOTALCOST - CASE WHEN D.TIP = 'NR' THEN ABS(L.COST) ELSE L.COST END) > 0.005 * "
+                  "L.LINES + 0.000001 ORDER BY D.ID"));
 }
 
 // Whether ledger document D belongs to draft H: by its key, or by the key of one of its sides.

@@ -25,7 +25,7 @@ const std::vector<LedgerKind>& ledgerKinds() {
       {.id = KindId::SupplierOrder, .prefix = "CF"},
       {.id = KindId::SupplierInvoice, .prefix = "FF", .receives = true},
       {.id = KindId::ImportInvoice, .prefix = "FI", .receives = true},
-      {.id = KindId::ReceiptNote, .prefix = "NR", .receives = true},
+      {.id = KindId::ReceiptNote, .prefix = "NR", .receives = true, .takesBack = true},
       {.id = KindId::InputVoucher, .prefix = "BI", .receives = true},
       {.id = KindId::ConsumptionVoucher, .prefix = "BC", .takesLots = true},
       {.id = KindId::Transfer, .prefix = "BT", .hasSides = true},

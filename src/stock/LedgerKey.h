@@ -34,7 +34,8 @@ struct LedgerKind {
   QString prefix;           ///< two characters: TIP, and the beginning of the key
   bool isAudio = false;     ///< of the hearing-device trade
   bool receives = false;    ///< its lines with a positive quantity create lots
-  bool takesBack = false;   ///< its lines with a negative quantity, goods returned by a customer, create lots
+  bool takesBack = false;   ///< its lines with a negative quantity that have a remainder create lots: goods
+                            ///< returned by a customer, or found while others are missing
   bool lotsAtCost = false;  ///< its lots are valued at their cost; others at their price
   bool takesLots = false;   ///< under FIFO its issues take from lots
   bool hasSides = false;    ///< it has two ledger documents

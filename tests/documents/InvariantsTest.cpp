@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "documents/Undo.h"
 #include "Trade.h"
 
 namespace velmar {
@@ -70,6 +71,37 @@ TEST(InvariantsTest, EveryDamageIsReportedWithItsPlace) {
     ExecutaSql(sql);
     EXPECT_TRUE(disagreementText().contains(QLatin1String(report))) << sql << "\n"
                                                                     << disagreementText().toStdString();
+  }
+}
+
+// Goods that are missing and goods that were found on one note: its first line decides its direction, each
+// line its stock and its lots.
+TEST(InvariantsTest, AReceiptNoteOfBothSignsKeepsStockAndLots) {
+  for (const char* method : {"FIFO", "MP"}) {
+    const Trade trade(method);
+    for (const char* code : {"A", "B"}) trade.article(code, "20");
+    trade.validated("FF", trade.purchase("1"),
+                    {Trade::bought("A", "10", "5", "20"), Trade::bought("B", "10", "4", "20")});
+    ExecutaSql("UPDATE kt_par SET CONTNIR = '408', JURNIR = 'NR'");
+    int number = 0;
+    for (const char* missing : {"A", "B"}) {
+      const QString text = QString::number(++number);
+      DocumentEditor editor("NR");
+      Trade::draft(editor, {{"NUMNR", text}, {"CODFUR", QString::number(trade.supplier)}},
+                   {{"A", {{"CANT", "2"}, {"PRETFT", "5"}}}, {"B", {{"CANT", "3"}, {"PRETFT", "4"}}}});
+      ExecutaSql("UPDATE G_LNRFUR SET CANT = -CANT, VALOAREFT = -VALOAREFT WHERE NUMNR = ? AND CODART = ?",
+                 {text, missing});
+      editor.open(text);
+      ASSERT_TRUE(Trade::validate(editor));
+      EXPECT_EQ(OpenRs("SELECT TIPIE FROM G_DOCUME WHERE ID = ?", {"NR" + text}).first().text("TIPIE"),
+                number == 1 ? "E" : "I");
+      EXPECT_EQ(Trade::figure("A", "STOC"), number == 1 ? 8 : 12);
+      EXPECT_EQ(Trade::figure("B", "STOC"), number == 1 ? 13 : 7);
+      EXPECT_EQ(disagreementText(), "") << method;
+      takeBack({KindId::ReceiptNote, text});
+      EXPECT_EQ(Trade::figure("A", "STOC") + Trade::figure("B", "STOC"), 20);
+      EXPECT_EQ(disagreementText(), "") << method;
+    }
   }
 }
 

@@ -1,4 +1,6 @@
 // The goods receipt note.
+#include <algorithm>
+
 #include "config/Session.h"
 #include "documents/KindRules.h"
 #include "documents/kinds/PurchaseWording.h"
@@ -39,7 +41,9 @@ class ReceiptNoteRules : public KindRules {
   QStringList totalColumns() const override { return {"VALOAREFT", "VALOAREFTV"}; }
 
   void readInputs(const Document& document, PlanInputs& inputs) const override {
-    if (inputs.isFifo() && isShortage(document)) inputs.lots = OpenLots::read(articlesOf(document.lines));
+    const bool misses = std::any_of(document.lines.begin(), document.lines.end(),
+                                    [](const Row& line) { return line.decimal("CANT").isNegative(); });
+    if (inputs.isFifo() && misses) inputs.lots = OpenLots::read(articlesOf(document.lines));
     if (!comesFrom(document, KindId::DeliveryNote)) return;
     const auto note = LedgerKey::of(document.lines.front().text("NUMCOM"));
     inputs.sameNumber =
@@ -63,7 +67,7 @@ class ReceiptNoteRules : public KindRules {
       effects.stock.push_back({line.text("CODART"), line.decimal("CANT"), line.decimal("PRETFT"),
                                line.decimal("PRETFTV"),
                                isOpening ? StockRule::Opening : StockRule::ReceiptByNote});
-      if (!isLess || !inputs.isFifo()) continue;
+      if (!line.decimal("CANT").isNegative() || !inputs.isFifo()) continue;
       // The lots lose the goods; cost and value are those of the note.
       Consumption missing =
           lots.costFIFO(line.text("CODART"), line.decimal("CANT").abs(), CostFollows::LotWithRemainder);
@@ -86,17 +90,21 @@ class ReceiptNoteRules : public KindRules {
     line.set("VALOAREFT", Round(line.decimal("CANT") * line.decimal("PRETFT"), 2));
   }
 
+  // A line against the direction of the note has a negative quantity. Goods that came in are a lot.
   static LedgerLine ledgerLine(const Document& document, const Row& line, bool isLess) {
-    const Decimal quantity = line.decimal("CANT").abs();
+    const Decimal came = line.decimal("CANT");
     const Decimal cost = line.decimal("PRETFT");
+    std::optional<Decimal> rest;
+    if (isLess) rest = Decimal(0);
+    if (!came.isNegative()) rest = came;
     return {.article = line.text("CODART"),
-            .quantity = quantity,
+            .quantity = isLess ? -came : came,
             .price = cost,
             .priceWithVat = cost,
             .unitCost = cost,
             .cost = line.decimal("VALOAREFT").abs(),
             .vatPercent = document.header.decimal("BATVA"),
-            .rest = isLess ? Decimal(0) : quantity,
+            .rest = rest,
             .salePrice = line.decimal("PRETFTV"),
             .reference = line.text("NUMCOM")};
   }
