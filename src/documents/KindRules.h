@@ -64,6 +64,9 @@ class KindRules {
   /// Reads the inputs that only this kind needs.
   virtual void readInputs(const Document& document, PlanInputs& inputs) const;
 
+  /// Title of the message when the step of the articles' stock fails; empty: that of the kind's texts.
+  virtual QString stockFailureTitle(const Row& /*header*/) const { return {}; }
+
   /// What validation does. Throws RuleError; reads nothing.
   virtual Effects effects(const Document& document, const PlanInputs& inputs) const = 0;
 };

@@ -2,6 +2,7 @@
 
 #include "config/Session.h"
 #include "documents/HeaderChecks.h"
+#include "documents/KindRules.h"
 #include "documents/Plan.h"
 #include "store/Database.h"
 #include "util/Clock.h"
@@ -10,13 +11,16 @@ namespace velmar {
 
 namespace {
 
-StepError inWords(const KindTexts& texts, Step step, const Error& error, int line) {
+StepError inWords(const DocumentKind& kind, const Row& header, Step step, const Error& error, int line) {
+  const KindTexts& texts = kind.texts;
   const auto filled = [&](const QString& text) {
     return text.arg(QString::number(error.number()), error.text(), QString::number(line));
   };
   switch (step) {
-    case Step::Stock:
-      return {error.number(), filled(texts.stockFailure), texts.stockFailureTitle};
+    case Step::Stock: {
+      const QString own = kind.rules->stockFailureTitle(header);
+      return {error.number(), filled(texts.stockFailure), own.isEmpty() ? texts.stockFailureTitle : own};
+    }
     case Step::Posting:
       return {error.number(), filled(texts.postingFailure), texts.postingFailureTitle};
     case Step::Ledger:
@@ -77,9 +81,9 @@ void SalvareDocumente(const TypedHeader& typed, const Row& header, const ShownDr
   } catch (const RuleError&) {
     throw;
   } catch (const StepFailure& failure) {
-    throw inWords(typed.kind().texts, failure.step(), failure, failure.line());
+    throw inWords(typed.kind(), header, failure.step(), failure, failure.line());
   } catch (const Error& error) {
-    throw inWords(typed.kind().texts, step, error, lineOf(std::source_location::current()));
+    throw inWords(typed.kind(), header, step, error, lineOf(std::source_location::current()));
   }
 }
 

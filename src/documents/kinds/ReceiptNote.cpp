@@ -53,6 +53,10 @@ class ReceiptNoteRules : public KindRules {
     inputs.articles = readArticles(articlesOf(document.lines) + articlesOf(inputs.sameNumber));
   }
 
+  QString stockFailureTitle(const Row& header) const override {
+    return header.flag("STOCINITIAL") ? QStringLiteral("Functia SalvareStocInitial ") : QString();
+  }
+
   Effects effects(const Document& document, const PlanInputs& inputs) const override {
     const bool isOpening = document.header.flag("STOCINITIAL");
     const bool isLess = isShortage(document) && !isOpening;

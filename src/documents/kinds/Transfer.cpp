@@ -182,6 +182,10 @@ DocumentKind transfer() {
   setQuestions(kind.texts, "documentul de transfer", "Va rugam selectati un aviz !");
   kind.texts.confirmDeletion = "Sunteti sigur ca doriti sa stergeti Transferul %1 ?";
   kind.texts.validated = "Documentul de transfer a fost salvat cu succes Documente !";
+  kind.texts.ledgerFailure = kind.texts.stockFailure =
+      "%1 - %2 in procedura SalvareDocumente din Form frmGrilaDocTransfer Linia: %3";
+  kind.texts.postingFailure =
+      "%1 - %2 in procedura SalvareDateContabile din Form frmGRILADocTransfer Linia: %3";
   return kind;
 }
 
