@@ -30,7 +30,7 @@ class Sequence {
   QString step() {
     const QString number = QString::number(++first_);
     try {
-      switch (below(12)) {
+      switch (below(14)) {
         case 0:
         case 1:
         case 2:
@@ -47,6 +47,11 @@ class Sequence {
         case 10:
         case 11:
           return takenBack();
+        case 12:
+          return "FI" + number + run("FI", trade_.import(number, day(), "1.5"), imports());
+        case 13:
+          return "PR" + number +
+                 run("PR", {{"NUMPF", number}, {"CODCLI", QString::number(trade_.customer)}}, issues());
         case 7:
           return "retur" + number + returned(number);
         default:
@@ -84,6 +89,17 @@ class Sequence {
   std::vector<TypedLine> receipts() {
     std::vector<TypedLine> lines;
     for (const QString& code : some()) lines.push_back(Trade::bought(code, amount(20), amount(50), "60"));
+    return lines;
+  }
+  // The transport of the header is that of the lines.
+  std::vector<TypedLine> imports() {
+    std::vector<TypedLine> lines;
+    for (const QString& code : some())
+      lines.push_back({code,
+                       {{"CANT", amount(20)},
+                        {"PRETVAL", amount(9)},
+                        {"VALCHTR", lines.empty() ? "1.5" : "0"},
+                        {"PVAMA", below(2) == 0 ? "0" : "4.5"}}});
     return lines;
   }
   // Often more than is in stock, which is refused.

@@ -87,7 +87,7 @@ class History {
   void add() {
     day_ = day_.addDays(1);
     number_ = QString::number(++next_);
-    switch (below(14)) {
+    switch (below(18)) {
       case 0:
       case 1:
         return run("FF", trade_.purchase(number_, day_), receipts());
@@ -124,6 +124,15 @@ class History {
                    {Trade::out(articles_[0], "1")});
       case 13:
         return turned();
+      case 15:
+        return run("PR", with({{"NUMPF", number_}, {"CODCLI", QString::number(trade_.customer)}}, "DATAPF"),
+                   {Trade::out(articles_[0], amount(3))});
+      case 16:
+        return run("FI", trade_.import(number_, day_),
+                   {{articles_[below(3)], {{"CANT", amount(9)}, {"PRETVAL", amount(5)}, {"PVAMA", "4"}}}});
+      case 17:
+        return from("NR", supplied("NUMNR", "DATANR"), KindId::DeliveryNote,
+                    "SELECT NUMAE AS N FROM G_AECLI WHERE VALIDAT <> 0 AND FACTURAT = 0 ORDER BY NUMAE");
       case 5:
         return run("BS", with({{"BATVA1", "2"}}, "DATAFAC"), issues());
       default:
@@ -273,7 +282,7 @@ TEST_P(UndoTest, HistoriesTakenBackInReverseLeaveEverythingAsItWas) {
   Trade trade(GetParam());
   const Willing willing;
   ExecutaSql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE, CONT) VALUES (2, 'Depozit', '381')");
-  ExecutaSql("UPDATE G_MULTIMAGAZIE SET CONT = '371' WHERE COD = 1");
+  ExecutaSql("INSERT INTO G_MULTIMAGAZIE (COD, DENUMIRE, CONT) VALUES (1, 'Magazin', '371')");
   ExecutaSql(
       "UPDATE kt_par SET CONTAVIZEXP_M = '357', CONTAVIZEXP_P = '354', JURAVIZ = 'AV', CONTNIR = '408', "
       "JURNIR = 'NR'");
