@@ -19,17 +19,20 @@ const QString kCurrencyColumn = QStringLiteral("CODDEVIZA");
 const QDate kDenomination(2005, 7, 1);
 constexpr int kOldLei = 10000;  // in one new leu
 
-// The columns of lines with amounts or prices.
-const QStringList kMoney = {
-    "PRETFT", "PRETTTI", "VALOAREFT",   "VALOARETTI", "VALOARETVA", "VALTVA",     "PRETVA",
-    "COST",   "VALCOST", "VALOARECOST", "PRETUNITAR", "PRIXUV",     "PRETVALUTA", "VALOAREFTCUDISCOUNT"};
+// The columns of lines that the conversion to new lei divides.
+const QStringList kMoney = {"PRETFT",     "PRETFTV",    "PRETTTI",     "VALOAREFT",
+                            "VALOARETTI", "VALOARETVA", "VALTVA",      "PRETVA",
+                            "COST",       "VALCOST",    "VALOARECOST", "PRETUNITAR",
+                            "PRET",       "VALOARE",    "VALCHTR",     "VALOAREFTCUDISCOUNT"};
 
 bool isLei(const QString& currency) {
   return currency.isEmpty() || currency.compare(kLei, Qt::CaseInsensitive) == 0 ||
          currency.compare(QStringLiteral("LEI"), Qt::CaseInsensitive) == 0;
 }
 
-QVariant inOldLei(const QVariant& cell) { return cell.isNull() ? cell : QVariant(cell.toDouble() * kOldLei); }
+QVariant inOldLei(const QVariant& cell) {
+  return cell.isNull() ? cell : QVariant((Decimal::fromDouble(cell.toDouble()) * kOldLei).toDouble());
+}
 
 // What the form says of its documents itself, or their kind.
 struct HeaderFacts {

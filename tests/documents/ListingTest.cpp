@@ -118,6 +118,24 @@ TEST_F(Listing, AReprintIsInTheMoneyOfItsDate) {
   ExecutaSql("UPDATE G_DOCUME SET DATADOC = '2005-07-01'");
   EXPECT_EQ(find(printed(), "SumaDePlataCifre")->value, 1000.3);
   ExecutaSql("UPDATE G_DOCUME SET DATADOC = '2005-06-30'");
+  // 119 dollars at 33.000 old lei.
+  ExecutaSql("UPDATE G_FACCLI SET CODDeviza = 'USD', Curs = 3.3 WHERE NUMFAC = '8'");
+  ExecutaSql(
+      "UPDATE G_LFACCL SET VALOAREFT = 0.01, VALOARETVA = 0.0019, VALOARETTI = 0.0119 WHERE NRLINIE = 1");
+  ExecutaSql("DELETE FROM G_LFACCL WHERE NRLINIE = 2");
+  for (const auto& [foreign, sum] : {std::pair(true, 119.0), std::pair(false, 3927000.0)}) {
+    const Printout printout = reprintOf("FC8");
+    ListingOptions options;
+    options.foreign = foreign;
+    EXPECT_EQ(find(listingData(*printout.form, readListed(printout), options), "SumaDePlataCifre")->value,
+              sum);
+  }
+  ExecutaSql("INSERT INTO G_NRFURN (NUMNR, CODFUR, DATANR) VALUES ('3', 5, '2005-06-30')");
+  ExecutaSql("INSERT INTO G_LNRFUR (NUMNR, NRLINIE, CODART, CANT, PRETFTV) VALUES ('3', 1, 'A', 1, 2.5)");
+  ExecutaSql("INSERT INTO G_DOCUME (ID, TIP, DATADOC, CODDEV) VALUES ('NR3', 'NR', '2005-06-30', 'LEI')");
+  EXPECT_EQ(readListed(reprintOf("NR3")).lines.first().decimal("PRETFTV"), 25000);
+  ExecutaSql("UPDATE G_FACCLI SET CODDeviza = NULL, Curs = 0");
+  ExecutaSql("UPDATE G_LFACCL SET VALOARETTI = 1000.3 WHERE NUMFAC = '8'");
   ExecutaSql("DELETE FROM kt_val WHERE COD = 'ROL'");
   EXPECT_EQ(find(printed(), "SumaDePlataCifre")->value, 1000.3);
   EXPECT_THROW(reprintOf("FC9"), RuleError);
