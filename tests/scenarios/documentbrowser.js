@@ -86,6 +86,17 @@ for (const method of ["FIFO", "MP"]) {
   w.click("cmdGoleste");
   w.click("cmdCautare");
   agrees("before deletions");
+  // Another workstation deletes the current document: none is current, until the user chooses one.
+  choose("PR3");
+  sql("UPDATE G_DOCUME SET ID = 'PR9' WHERE ID = 'PR3'");
+  for (let round = 0; round < 2; ++round) {
+    w.click("cmdCautare");
+    press("cmdTiparireDocument", "OK");
+    press("cmdSterge", "OK");
+    equal([texts(), w.grid("grdChild").rows()], [["Va rog selectati un document", "Va rog selectati un document"], 0], "nothing is current");
+  }
+  sql("UPDATE G_DOCUME SET ID = 'PR3' WHERE ID = 'PR9'");
+  w.click("cmdCautare");
   // Deletion: a side of the transfer at a time, the receipt only after its issues.
   choose("NR1");
   if (method === "FIFO") {

@@ -1,5 +1,6 @@
 #include "documents/windows/frmLDoc.h"
 
+#include <algorithm>
 #include <QDir>
 #include <QPushButton>
 #include <QSplitter>
@@ -85,6 +86,7 @@ frmLDoc::frmLDoc(QWidget* parent)
              .order = "DATADOC, DATAINTROD, TIMP",
              .descending = true,
              .tables = {"G_DOCUME"},
+             .staysOnRecord = true,
              .emptyText = "Nu exista documente validate pentru conditia cautarii."});
   setTotals({{"TOTALFT", {"TOTALFT"}},
              {"TOTALTVA", {"TOTALTVA"}},
@@ -217,11 +219,14 @@ void frmLDoc::remove() {
           QStringLiteral("Factura electronica a documentului %1 a fost trimisa. O stergeti totusi?").arg(id),
           "Confirmare stergere..."))
     return;
+  const int place = list()->currentIndex().row();
   const bool hadNotes = velmar::takeBack(*key);
   Mesaj(QStringLiteral("Echivalentul contabil al documentului %1 %2 sters din contabilitate")
             .arg(key->number, hadNotes ? QStringLiteral("a fost") : QStringLiteral("nu a putut fi")));
   Mesaj(QStringLiteral("Documentul %1 a fost mutat in grila de culegere").arg(id));
   search();
+  if (!list()->currentRecord() && list()->rows().size() > 0)
+    list()->selectPlace(std::clamp(place, 0, list()->rows().size() - 1));
 }
 
 }  // namespace velmar

@@ -1,9 +1,11 @@
 #include "store/windows/BrowserForm.h"
 
+#include <algorithm>
 #include <QBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <utility>
 
 #include "store/Database.h"
 #include "store/windows/extTDBGrid.h"
@@ -18,6 +20,12 @@ namespace {
 
 constexpr int kShortList = 2000;  // rows; their totals are read at once
 
+bool isSame(const Condition& one, const Condition& other) {
+  return one.sql == other.sql &&
+         std::equal(one.values.begin(), one.values.end(), other.values.begin(), other.values.end(),
+                    [](const Value& a, const Value& b) { return a.data() == b.data(); });
+}
+
 }  // namespace
 
 BrowserForm::BrowserForm(const QString& name, const QString& title, QWidget* parent)
@@ -28,6 +36,7 @@ BrowserForm::BrowserForm(const QString& name, const QString& title, QWidget* par
 
 void BrowserForm::setListed(const Listed& listed) {
   listed_ = listed;
+  leaveGoneRecord(listed.staysOnRecord);
   auto* grid = new EntryGrid(listed.grid, EntryGrid::Refused::Reverted, objectName());
   grid->setColumns(listed.columns);
   grid->setEmptyText(listed.emptyText);
@@ -172,8 +181,11 @@ void BrowserForm::layOutBrowser(const QList<FilterField>& filter, const QString&
 }
 
 void BrowserForm::search() {
-  condition_ = filter_->condition();
+  const Condition shown = std::exchange(condition_, filter_->condition());
+  // Another search may well find other records.
+  leaveGoneRecord(listed_.staysOnRecord && isSame(shown, condition_));
   refresh();
+  leaveGoneRecord(listed_.staysOnRecord);
   if (list()->rows().size() == 0) say("Nicio inregistrare nu indeplineste conditia cautarii.");
 }
 

@@ -37,6 +37,7 @@ class BrowserForm : public ListForm {
     QString order;  ///< fields, separated by commas
     bool descending = false;
     QSet<QString> tables;
+    bool staysOnRecord = false;  ///< when the current record is gone, none is current until the user chooses
     QString emptyText;
   };
   void setListed(const Listed& listed);
@@ -52,7 +53,8 @@ class BrowserForm : public ListForm {
   /// Builds the window of such a page. The list is read.
   void layOutBrowser(const QList<FilterField>& filter, const QString& firstField, QWidget* lists,
                      const QList<QPushButton*>& commands);
-  /// Reads the list again with the filter in the window. The current record stays current.
+  /// Reads the list again with the filter in the window. The current record stays current; of a changed
+  /// filter another one may be.
   void search();
   /// The condition of the rows that are shown.
   const Condition& condition() const { return condition_; }

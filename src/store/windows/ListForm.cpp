@@ -282,6 +282,7 @@ void ListForm::refresh() {
   stale_ = false;
   const Row* current = grid_->currentRecord();
   const QString key = current ? keyText(*current, keyField_) : QString();
+  const bool hadNone = !current && grid_->rows().size() > 0;
   bool lost = false;
   {
     const QSignalBlocker quiet(grid_);
@@ -289,7 +290,7 @@ void ListForm::refresh() {
     // Edits of a deleted record remain in the card, but must not be stored in another record.
     const bool found = key.isEmpty() || grid_->selectRecord(keyField_, key);
     lost = !found && keepEdits_ && !new_;
-    if (lost) grid_->setCurrentIndex({});
+    if (lost || (leavesGone_ && (!found || hadNone))) grid_->setCurrentIndex({});
   }
   if (!keepEdits_) showRecord(grid_->currentRecord());
   if (lost) say(gone().text());

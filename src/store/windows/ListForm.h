@@ -85,8 +85,11 @@ class ListForm : public QWidget {
   /// ready for the next.
   void showAdded(const QString& key);
 
-  /// Reads the list again; the current record stays current by its key.
+  /// Reads the list again; the current record stays current by its key. If it is gone, its neighbour is.
   void refresh();
+  /// If the current record is gone after refresh(), none is current: a command must not act on another one
+  /// that the user did not choose.
+  void leaveGoneRecord(bool leaves) { leavesGone_ = leaves; }
   /// Another record is current, or none: shows it in the card.
   virtual void showRecord(const Row* record);
   /// The card begins a new record.
@@ -134,6 +137,7 @@ class ListForm : public QWidget {
   QPushButton* exit_ = nullptr;
   bool stale_ = false;      ///< a table of the list was written after it was read
   bool keepEdits_ = false;  ///< the list is read while the card is being edited
+  bool leavesGone_ = false;
   bool new_ = false;
   bool addOnly_ = false;
 };
