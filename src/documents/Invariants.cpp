@@ -216,12 +216,12 @@ const QString kKindOfNote = QStringLiteral(
     "COALESCE(K.FELDOC, (SELECT S.TIPDOC FROM kt_linii S WHERE S.DOC = K.DOC AND S.PROV = 'G' "
     "AND S.TIPDOC IS NOT NULL AND S.NDI >= K.NDI ORDER BY S.NDI LIMIT 1))");
 
-// The amounts posted for each document of the kind.
+// The amounts posted for each document of the kind. A debit may be 0.
 const QString kPosted = QStringLiteral(
     "SELECT P.DOC AS DOC, SUM(CASE WHEN P.TERT IS NULL THEN 0 ELSE P.DEBIT + P.CREDIT END) AS PARTNER, "
     "SUM(CASE WHEN P.TERT IS NULL THEN P.DEBIT ELSE 0 END) AS DEBIT, SUM(CASE WHEN P.TERT IS NULL AND "
-    "P.DEBIT "
-    "<> 0 THEN 1 ELSE 0 END) AS DEBITS FROM (SELECT %1 AS FEL, K.DOC AS DOC, K.TERT AS TERT, K.DEBIT AS "
+    "P.CREDIT = 0 THEN 1 ELSE 0 END) AS DEBITS FROM (SELECT %1 AS FEL, K.DOC AS DOC, K.TERT AS TERT, K.DEBIT "
+    "AS "
     "DEBIT, K.CREDIT AS CREDIT FROM kt_linii K WHERE K.PROV = 'G' AND (K.FELDOC = '%2' OR K.FELDOC IS NULL)) "
     "P WHERE P.FEL = '%2' GROUP BY P.DOC");
 

@@ -22,7 +22,7 @@ QString lacksSum(const PostedSum& sum, const QString& tolerance) {
         lacks.append(QStringLiteral("ABS(%1) - ABS(%2) > %3").arg(posted, amount, tolerance));
         break;
       case PostedSum::Is::Present:
-        lacks.append(QStringLiteral("%1 <> 0 AND COALESCE(N.DEBITS, 0) = 0").arg(amount));
+        lacks.append(QStringLiteral("ABS(%1) > %2 AND COALESCE(N.DEBITS, 0) = 0").arg(amount, tolerance));
         break;
     }
   }

@@ -19,7 +19,7 @@ struct PostedSum {
     Equal,
     AtLeast,
     AtMost,
-    Present  ///< there are such rows, unless the amount is 0
+    Present  ///< there are such rows, also with 0, unless the amount is 0
   };
   Rows rows;
   Is is;

@@ -139,7 +139,8 @@ DocumentKind customerInvoice() {
                  {PostedSum::Rows::Others, PostedSum::Is::AtMost, {"D.TOTALCOST"}},
                  {PostedSum::Rows::Others,
                   PostedSum::Is::Present,
-                  {"(SELECT SUM(ABS(C.VALCOST)) FROM G_LDOCUM C INNER JOIN G_ARTMAG A ON A.CODART = C.ARTID "
+                  {"(SELECT SUM(CASE WHEN C.CANT < 0 THEN -ABS(C.VALCOST) ELSE C.VALCOST END) FROM G_LDOCUM "
+                   "C INNER JOIN G_ARTMAG A ON A.CODART = C.ARTID "
                    "WHERE C.DOCID = D.ID AND A.FARASTOC = 0 AND A.PROVENIENTA = 'M')"}}};
   kind.paper = listingForm();
   kind.headerChecks = {paletSold(),    numberEmpty(kind, "facturii"), customerEmpty(kind),
