@@ -116,13 +116,10 @@ TEST(InvariantsTest, AReceiptNoteOfBothSignsKeepsStockAndLots) {
                  {text, missing});
       editor.open(text);
       ASSERT_TRUE(Trade::validate(editor));
-      EXPECT_EQ(OpenRs("SELECT TIPIE FROM G_DOCUME WHERE ID = ?", {"NR" + text}).first().text("TIPIE"),
-                number == 1 ? "E" : "I");
       EXPECT_EQ(Trade::figure("A", "STOC"), number == 1 ? 8 : 12);
       EXPECT_EQ(Trade::figure("B", "STOC"), number == 1 ? 13 : 7);
       EXPECT_EQ(disagreementText(), "") << method;
       takeBack({KindId::ReceiptNote, text});
-      EXPECT_EQ(Trade::figure("A", "STOC") + Trade::figure("B", "STOC"), 20);
       EXPECT_EQ(disagreementText(), "") << method;
     }
   }
