@@ -113,6 +113,7 @@ list.select(2);
 screen.press("TDBGrid1", "Enter");
 equal(win("frmLDoc").grid("grdParent").column("ID"), ["FC11"], "its document");
 win("frmLDoc").close();
+check(screen.hasFocus("TDBGrid1"), "back in the window from which the document was opened");
 screen.close();
 w.close();
 

@@ -90,6 +90,8 @@ frmMain::frmMain() : area_(new ChildArea) {
   area_->setBackground(palette().window().color().darker(106));
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  // A window that is closed leaves to the one that was active before it.
+  area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
   connect(area_, &QMdiArea::subWindowActivated, area_->viewport(), qOverload<>(&QWidget::update));
   buildMenu();
   toolbar_ = buildToolBar("Toolbar", "Bara Stanga", Qt::LeftToolBarArea, toolbarTable());
