@@ -45,3 +45,16 @@ w.click("cmdVisualizare");
 text = flat(printed()[0]);
 check(text.includes("Stilou") && !text.includes("Caiet"), "the article with that code");
 w.close();
+// Codes that bars cannot represent are named before the preview; their labels keep the text.
+const odd = ["SEMN\u0007", "CAFEA-\u0218"];
+odd.forEach((code) => sql("INSERT INTO G_ARTMAG (CODART, DENART, UM, PRETVFT, PRETVTTI) VALUES (?, 'Ciudat', 'Buc', 1, 1.19)", code));
+w = menu("mnuEtichete", "frmArticoleEtichete");
+w.click("cmdImplicit");
+answer("OK");
+w.click("cmdVisualizare");
+const told = messages().map((box) => box.text);
+equal(told.length, 1, "one message: " + told);
+check(told[0].includes("fara bare") && told[0].includes("SEMN[U+0007]") && told[0].includes(odd[1]) && !told[0].includes("A-1"), told[0]);
+text = flat(printed()[0]);
+check(text.includes("SEMN") && text.includes("CAFEA-") && text.includes("5941234567899"), "all labels: " + text);
+w.close();

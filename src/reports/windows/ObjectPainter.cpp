@@ -241,10 +241,14 @@ void drawPicture(QPainter& painter, const QRectF& frame, const QImage& image, bo
 
 void drawBarCode(QPainter& painter, const QRectF& frame, const BarCode& code, const QString& text) {
   const QBitArray modules = barModules(code.type, text.trimmed());
-  if (modules.isEmpty() || frame.isEmpty()) return;
+  if (frame.isEmpty()) return;
   TextStyle style;
   style.align = Align::Centre;
   style.vertical = VerticalAlign::Bottom;
+  if (modules.isEmpty()) {
+    if (code.showsText) drawText(painter, frame, text.trimmed(), style);
+    return;
+  }
   const qreal textRoom = code.showsText ? lettersOf(style.font).metrics.height() : 0;
   const qreal module = frame.width() / (static_cast<qreal>(modules.size()) + 2 * kQuietZone);
   const qreal height = std::max(frame.height() - textRoom, frame.height() / 4);

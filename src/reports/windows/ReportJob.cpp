@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QPainter>
 
+#include "reports/BarCodes.h"
 #include "reports/Shown.h"
 #include "reports/windows/ObjectPainter.h"
 #include "util/FileNames.h"
@@ -154,6 +155,23 @@ QStringList ReportJob::faults() const {
   QStringList names;
   for (const layout::Part& part : parts) names.append(nameOf(layout_, part));
   return names;
+}
+
+QStringList ReportJob::textsWithoutBars() const {
+  QStringList texts;
+  for (size_t i = 0; i < layout_.objects.size(); ++i) {
+    const auto* code = std::get_if<layout::BarCode>(&layout_.objects[i].content);
+    const ObjectFormulas& formulas = objectFormulas_[i];
+    if (!code || formulas.content < 0) continue;
+    for (int set = 0; set < evaluation_.setCount(); ++set) {
+      const Place place{.set = set};
+      if (!isShown(formulas.condition, place)) continue;
+      const QString text = layout::textOf(evaluation_.value(formulas.content, place)).trimmed();
+      if (!text.isEmpty() && layout::barModules(code->type, text).isEmpty()) texts.append(text);
+    }
+  }
+  texts.removeDuplicates();
+  return texts;
 }
 
 Place ReportJob::placeOf(const Position& position, int line, int page) const {

@@ -29,6 +29,8 @@ class ReportJob : public PrintJob {
   void paintPage(QPainter& painter, int page) const override;
   QString pageText(int page) const override;
   QStringList faults() const override;
+  /// The texts of all bar codes that are shown without bars, since their kind of code cannot represent them.
+  QStringList textsWithoutBars() const;
 
  private:
   /// A position in the pass over the data.

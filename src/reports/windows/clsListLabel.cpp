@@ -8,6 +8,7 @@
 #include "util/Errors.h"
 #include "util/FileNames.h"
 #include "util/Messages.h"
+#include "util/PlainText.h"
 #include "util/windows/FileDialog.h"
 
 namespace velmar {
@@ -18,6 +19,16 @@ QString faultText(const QString& file, const layout::LayoutError& error) {
   return QStringLiteral("Raportul %1 nu poate fi folosit.\r\nLinia %2, coloana %3: %4.")
       .arg(QDir::toNativeSeparators(file), QString::number(error.line()), QString::number(error.column()),
            error.text());
+}
+
+QString withoutBarsText(const QStringList& texts) {
+  constexpr qsizetype kMostListed = 20;
+  QStringList lines{
+      QStringLiteral("Urmatoarele coduri se tiparesc fara bare, doar ca text, fiindca au litere sau "
+                     "semne pe care codul de bare nu le are:")};
+  for (const QString& text : texts.mid(0, kMostListed)) lines.append(visibleText(text));
+  if (texts.size() > kMostListed) lines.append(QStringLiteral("si inca %1").arg(texts.size() - kMostListed));
+  return lines.join(QStringLiteral("\r\n"));
 }
 
 }  // namespace
@@ -72,6 +83,8 @@ bool clsListLabel::Print_Preview(Mode mode) {
     const PrintWay way = mode == Preview ? PrintWay::Preview : PrintWay::Print;
     if (!layout.labels) return printAndPreview(job, way, parent_);
     LabelSheets sheets(job, layout.page, *layout.labels, labelRun_);
+    if (const QStringList texts = job.textsWithoutBars(); !texts.isEmpty())
+      Mesaj(withoutBarsText(texts), kExclamation);
     return printAndPreview(sheets, way, parent_);
   } catch (const layout::LayoutError& error) {
     isLayoutDamaged_ = true;
