@@ -31,7 +31,7 @@ QString valuesOf(CommissionOf of) {
 
 Recordset commissions(CommissionOf of, const QDate& day, const Condition& filter) {
   const QDate first(day.year(), day.month(), 1);
-  Values values{first, first.addMonths(1).addDays(-1)};
+  Values values{first, endOf(first.addMonths(1).addDays(-1))};
   values.insert(values.end(), filter.values.begin(), filter.values.end());
   return OpenRs(
       QStringLiteral(

@@ -30,7 +30,7 @@ bool isPartnerAccount(const QString& parameter, const QString& account) {
 }
 
 Condition inPeriod(const ChartChoice& choice) {
-  return {QStringLiteral("DATAINR BETWEEN ? AND ?"), {choice.from, choice.to}};
+  return {QStringLiteral("DATAINR BETWEEN ? AND ?"), {choice.from, endOf(choice.to)}};
 }
 
 Recordset readMonths(const QString& figures, const Condition& condition) {

@@ -59,7 +59,8 @@ void addPartners(Condition& where, const ReportChoice& choice, const QString& li
 }
 
 void addPeriod(Condition& where, const ReportChoice& choice) {
-  add(where, "D.DATADOC BETWEEN ? AND ?", {firstDay(choice, "DTPickerdela"), choice.dates["DTPickerla"]});
+  add(where, "D.DATADOC BETWEEN ? AND ?",
+      {firstDay(choice, "DTPickerdela"), endOf(choice.dates["DTPickerla"])});
 }
 
 QString turnoverOrder(const ReportChoice& choice) {
@@ -126,7 +127,7 @@ Recordset salesRows(const ReportChoice& choice) {
   const QString first = grouping == "CL"   ? QStringLiteral("NUME NULLS FIRST, CODTERT, ")
                         : grouping == "MP" ? QStringLiteral("MODREG NULLS FIRST, ")
                                            : QString();
-  Values values{firstDay(choice, "DTPickerdela"), choice.dates["DTPickerla"]};
+  Values values{firstDay(choice, "DTPickerdela"), endOf(choice.dates["DTPickerla"])};
   const QString warehouse = choice.codeOf("Optmag", "cboMag");
   if (!warehouse.isEmpty()) values.emplace_back(warehouse.toLongLong());
   return read(
@@ -151,7 +152,7 @@ Recordset issueRows(const ReportChoice& choice) {
   Condition where;
   add(where, kJoined);
   add(where, "D.TIPIE = 'E'");
-  add(where, "D.DATADOC BETWEEN ? AND ?", {choice.dates["DTPickerdela"], choice.dates["DTPickerla"]});
+  add(where, "D.DATADOC BETWEEN ? AND ?", {choice.dates["DTPickerdela"], endOf(choice.dates["DTPickerla"])});
   addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
   return read(
       "SELECT D.ID AS ID, D.TIP AS TIP, D.TIPIE AS TIPIE, L.ARTID AS ARTID, L.CANT AS CANT, "
@@ -211,12 +212,13 @@ Recordset deliveryNoteRows(const ReportChoice& choice) {
             "%2O.NumeClient NULLS FIRST, O.CodClient NULLS FIRST, O.DataComanda, O.NumarComanda")
             .arg(deviceOrders(choice),
                  choice.has("optArticole") ? QStringLiteral("O.CodArticol NULLS FIRST, ") : QString()),
-        {choice.dates["DTPickerPanala"], choice.dates["DTPickerDeLa"]}, {"DATADOC", "DATASOLD"});
+        {endOf(choice.dates["DTPickerPanala"]), choice.dates["DTPickerDeLa"]}, {"DATADOC", "DATASOLD"});
   Condition where;
   add(where, kJoined);
   add(where, "D.TIP = 'AE'");
   add(where, choice.has("optToate") ? "L.CANT > 0" : "L.CANTRAMASA > 0");
-  add(where, "D.DATADOC BETWEEN ? AND ?", {choice.dates["DTPickerDeLa"], choice.dates["DTPickerPanala"]});
+  add(where, "D.DATADOC BETWEEN ? AND ?",
+      {choice.dates["DTPickerDeLa"], endOf(choice.dates["DTPickerPanala"])});
   const QString first = choice.has("optArticole") ? "L.ARTID, " : "";
   return read(
       "SELECT D.ID AS ID, D.TIP AS TIP, D.DATADOC AS DATADOC, D.CODTERT AS CODTERT, T.NUME AS NUME, "
@@ -242,14 +244,14 @@ Recordset orderRows(const ReportChoice& choice, const QString& side, const QStri
                   .arg(side == "Cl" && session().ModAudio ? deviceOrders(choice)
                                                           : session().gDataEnv.statement(command),
                        first),
-              {choice.dates["DTPickerPanala"]}, {"DataComanda", "DataLivrare"});
+              {endOf(choice.dates["DTPickerPanala"])}, {"DataComanda", "DataLivrare"});
 }
 
 Recordset stockTrackingRows(const ReportChoice& choice) {
   Condition where;
   add(where, kJoined);
   add(where, kMoving);
-  add(where, "D.DATADOC <= ?", {choice.dates["DTPickerPanala"]});
+  add(where, "D.DATADOC <= ?", {endOf(choice.dates["DTPickerPanala"])});
   addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
   Condition shown;
   add(shown, "StocInitial <> 0 OR Intrari <> 0 OR Iesiri <> 0");
@@ -304,7 +306,7 @@ Recordset availableRows(const ReportChoice& choice) {
   if (article.isEmpty()) article = choice.codeOf("OptCod", "cboCodArticol");
   Condition where;
   add(where, kJoined);
-  add(where, "D.DATADOC <= ?", {choice.dates["dtDataPanaLa"]});
+  add(where, "D.DATADOC <= ?", {endOf(choice.dates["dtDataPanaLa"])});
   addNumber(where, "L.CODMAG", choice.codeOf("Optmag", "cboMag"));
   addNumber(where, "A.FAMART", choice.codeOf("optFamilie", "cboFamilie"));
   addChosen(where, "L.ARTID = ?", article);
@@ -379,7 +381,7 @@ Recordset costOfSalesRows(const ReportChoice& choice, const Progress& progress) 
                  "ROW_NUMBER() OVER (PARTITION BY ID ORDER BY LINIE), TIP, ID, CODTERT, SUBSTR(NUME, 1, 40), "
                  "DATADOC, ARTID, SUBSTR(DENART, 1, 35), PRETFT, COST, CANT FROM (%1) AS V")
                  .arg(lines),
-             {firstDay(choice, "DTPickerdela"), choice.dates["DTPickerPanala"]});
+             {firstDay(choice, "DTPickerdela"), endOf(choice.dates["DTPickerPanala"])});
   report(progress, 2, kParts);
   Recordset rows =
       read("SELECT G_DESCAR.*, " + value("PRETVANZAR") + " AS ValoareVanzare, " + value("COSTUNITAR") +

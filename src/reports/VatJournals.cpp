@@ -57,7 +57,7 @@ void requireNumbers(int firstNumber, int rows) {
 }
 
 Values boundsOf(const VatPeriod& period) {
-  return {period.from.addDays(period.takesFirstDay ? 0 : 1), period.to};
+  return {period.from.addDays(period.takesFirstDay ? 0 : 1), endOf(period.to)};
 }
 
 // Whole days of the period whose documents are read or written by one statement.
@@ -221,8 +221,7 @@ StockReport reportOf(const VatJournal& journal) {
   const ReportFrame days{
       "&Perioada",
       {withTip({Kind::Date, kFrom, "De la "},
-               "Perioada incepe dupa miezul noptii acestei zile: documentele fara ora din "
-               "aceasta zi nu intra in jurnal"),
+               "Perioada incepe dupa aceasta zi: documentele din ea nu intra in jurnal"),
        {Kind::Date, kTo, "Pana la"},
        withTip({Kind::Check, kTakesFirstDay, "Si prima zi"}, "Documentele din prima zi intra in jurnal")},
       {},

@@ -25,7 +25,7 @@ const VatJournal& purchaseJournal();
 const VatJournal& salesJournal();
 
 /// The period of the journal. Unless it is taken in, the first day itself is excluded: documents have no time
-/// of day, and the period begins one second after midnight. The last day is included.
+/// of day, and the period begins one second after midnight. The last day is included, whatever the time.
 struct VatPeriod {
   QDate from;
   QDate to;

@@ -15,10 +15,11 @@ PanelSales panelSales(const QDate& today) {
         .arg(days);
   };
   const Row found =
-      OpenRs("SELECT " + sum("DATADOC = ?") + " AS AZI, " + sum("DATADOC >= ?") + " AS LUNA, " +
-                 sum("DATADOC = ?") +
+      OpenRs("SELECT " + sum("DATADOC BETWEEN ? AND ?") + " AS AZI, " + sum("DATADOC >= ?") + " AS LUNA, " +
+                 sum("DATADOC BETWEEN ? AND ?") +
                  " AS SAPTE FROM G_DOCUME WHERE TIP IN ('FC', 'BS', 'FS') AND DATADOC BETWEEN ? AND ?",
-             {today, monthStart, weekAgo, std::min(monthStart, weekAgo), today})
+             {today, endOf(today), monthStart, weekAgo, endOf(weekAgo), std::min(monthStart, weekAgo),
+              endOf(today)})
           .first();
   return {found.decimal("AZI"), found.decimal("LUNA"), found.decimal("SAPTE")};
 }

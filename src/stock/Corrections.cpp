@@ -177,7 +177,7 @@ int setIssuedQuantities(const QDate& from, const QDate& to) {
       "FROM "
       "G_DOCUME D INNER JOIN G_LDOCUM L ON L.DOCID = D.ID WHERE D.TIPIE = 'E' AND D.DATADOC BETWEEN ? AND ? "
       "GROUP BY L.ARTID) N WHERE N.ARTID = G_ARTMAG.CODART",
-      {from, to});
+      {from, endOf(to)});
   transaction.commit();
   return articles;
 }

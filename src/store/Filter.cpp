@@ -56,21 +56,28 @@ Condition conditionOf(const FilterTerm& term) {
                    : QStringLiteral("%1 IS NULL").arg(column),
             {}};
   const Value value = valueOf(term, term.first, QStringLiteral("first"));
+  // A day counts as a whole, whatever the times of its dates.
+  const bool isDay = isDate(term.field.type) && term.choice.isNull();
+  const auto last = [isDay](const Value& given) { return isDay ? endOf(given.data().toDate()) : given; };
   switch (term.comparison) {
     case Comparison::NotEqual:
+      if (isDay)
+        return {QStringLiteral("%1 NOT BETWEEN ? AND ? OR %1 IS NULL").arg(column), {value, last(value)}};
       return {QStringLiteral("%1 <> ? OR %1 IS NULL").arg(column), {value}};
     case Comparison::Less:
       return {column + QStringLiteral(" < ?"), {value}};
     case Comparison::More:
-      return {column + QStringLiteral(" > ?"), {value}};
+      return {column + QStringLiteral(" > ?"), {last(value)}};
     case Comparison::Between:
       return {column + QStringLiteral(" BETWEEN ? AND ?"),
-              {value, valueOf(term, term.second, QStringLiteral("second"))}};
+              {value, last(valueOf(term, term.second, QStringLiteral("second")))}};
     case Comparison::BeginsWith:
       return beginsWith(column, term.first);
     case Comparison::Contains:
       return {column + QStringLiteral(" LIKE ? ESCAPE '!'"), {u'%' + escapedForLike(term.first) + u'%'}};
     case Comparison::Equal:
+      if (isDay) return {column + QStringLiteral(" BETWEEN ? AND ?"), {value, last(value)}};
+      break;
     case Comparison::Empty:
       break;
   }

@@ -27,6 +27,11 @@ Value::Value(const QDateTime& moment) {
   if (moment.isValid()) data_ = moment.toString(kDateTimeFormat);
 }
 
+// Times are separated from their date by a blank or a T, which is greater.
+Value endOf(const QDate& day) {
+  return day.isValid() ? Value(day.toString(Qt::ISODate) + QStringLiteral("T23:59:59.999")) : Value();
+}
+
 Value Value::raw(const QVariant& data) {
   Value value;
   value.data_ = data;

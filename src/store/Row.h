@@ -40,6 +40,11 @@ class Value {
 
 using Values = std::vector<Value>;
 
+/// The upper bound of a period whose last day is whole, for `<=` and BETWEEN. A date that another program
+/// wrote to a file may have a time of day; those of a server have none, and there the bound is the day
+/// itself.
+Value endOf(const QDate& day);
+
 /// The column names of a record set, shared by its rows.
 class Columns {
  public:

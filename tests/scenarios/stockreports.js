@@ -243,3 +243,24 @@ for (const [entry, form, foot, total] of [["mnuRapVanzari", "frmRapVanzari", "TO
   win("frmEcran").close();
   w.close();
 }
+
+// In a file, other programs may have left times of day: the last day is whole in reports, journals and lists.
+// A server has dates alone.
+for (const [id, tip, direction, moment, partner] of [["FC95", "FC", "E", "2032-03-30 23:30:00", 1], ["FC96", "FC", "E", "2032-03-31T14:00:00", 1], ["FC97", "FC", "E", "2032-04-01 00:00:00", 1],
+                                                     ["FF95", "FF", "I", "2032-03-31 09:00:00", 2]]) {
+  sql("INSERT INTO G_DOCUME (ID, TIP, TIPIE, DATADOC, CODTERT, MODREG, CODMAG, TOTALFT, TOTALTVA) VALUES (?, ?, ?, ?, ?, 1, 1, 100, 19)", id, tip, direction, moment, partner);
+  sql("INSERT INTO G_LDOCUM (DOCID, LINIE, ARTID, CANT, PRETFT, VALTVA, CODMAG) VALUES (?, 1, 'M1', 1, 100, 19, 1)", id);
+}
+for (const [entry, form, from, to, field, expected] of [
+       ["mnuRapVanzari", "frmRapVanzari", "DTPickerdela", "DTPickerla", "ID", ["FC95", "FC96"]], ["mnuRapIesiri", "frmRapIesiri", "DTPickerdela", "DTPickerla", "ID", ["FC95", "FC96"]],
+       ["mnuRapStaCL", "frmRapStaCl", "DTPickerdela", "DTPickerla", "CifraAfaceri", ["200,00"]], ["mnuRapDescarcare", "frmRapDescarcare", "DTPickerdela", "DTPickerPanala", "NRCOMANDA", ["FC95", "FC96"]],
+       ["mnumnuRapmnuRapJVT", "frmRapJVTVA", "DTPickerdela", "DTPickerla", "NumarFactura", ["FC95", "FC96"]], ["mnumnuRapmnuJCT", "frmRapJCTVA", "DTPickerdela", "DTPickerla", "NumarFactura", ["FF95"]]]) {
+  open(entry, form);
+  w.click("cmdImplicit");
+  w.set(from, "2032-03-01");
+  w.set(to, "2032-03-31");
+  w.click("cmdEcran");
+  equal(win("frmEcran").grid("TDBGrid1").column(field), expected, "the last day in " + form);
+  win("frmEcran").close();
+  w.close();
+}
