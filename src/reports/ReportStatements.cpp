@@ -78,7 +78,8 @@ const QString kReserved = QStringLiteral(
 // The orders of the hearing-device trade up to a date, as those of customers. An order counts as delivered
 // while an invoice that was not cancelled has it.
 const QString kDeviceOrders = QStringLiteral(
-    "SELECT C.Nr AS NumarComanda, C.ID_Pacient AS CodClient, T.NUME AS NumeClient, C.Data AS DataComanda, 0 "
+    "SELECT C.ID_Comanda AS IdComanda, C.Nr AS NumarComanda, C.ID_Pacient AS CodClient, T.NUME AS "
+    "NumeClient, C.Data AS DataComanda, 0 "
     "AS "
     "RefComanda, C.ID_Dispozitiv AS CodArticol, A.DENART AS Articol, 1 AS CantitateComandata, CASE WHEN "
     "L.ID_ComandaAudio IS NULL THEN 0 ELSE 1 END AS CantitateLivrata, CASE WHEN L.ID_ComandaAudio IS NULL "
@@ -203,7 +204,8 @@ Recordset deliveryNoteRows(const ReportChoice& choice) {
   if (session().ModAudio)
     return read(
         QStringLiteral(
-            "SELECT O.NumarComanda AS ID, 'AE' AS TIP, O.DataComanda AS DATADOC, O.CodClient AS "
+            "SELECT O.IdComanda AS IdComanda, O.NumarComanda AS ID, 'AE' AS TIP, O.DataComanda AS DATADOC, "
+            "O.CodClient AS "
             "CODTERT, O.NumeClient AS NUME, O.CodArticol AS ARTID, O.Articol AS DENART, "
             "O.CantitateComandata AS CANT, O.ValoareFT AS PRETFT, O.CantitateNelivrata AS "
             "CANTRAMASA, ROUND_EVEN(O.CantitateNelivrata * O.ValoareFT, 2) AS ValoareRamasa, CASE WHEN "

@@ -60,7 +60,8 @@ struct ReportLinks {
   QString document = {};  ///< key in the ledger
   QString prefix = {};    ///< in front of a document's number
   QString article = {};
-  QString partner = {};  ///< name
+  QString partner = {};               ///< name
+  QString deviceOrder = "IdComanda";  ///< key of an order of hearing devices; only its rows have the field
 };
 
 struct ReportChoice;

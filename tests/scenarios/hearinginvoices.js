@@ -206,6 +206,18 @@ w.click("cmdVisualizare");
 const open = pdfText(printed().pop());
 check(open.includes("C2") && !open.includes("C1"), "orders not billed");
 w.close();
+for (const [entry, form, number] of [["mnuRapComenziClienti", "frmRapComNelivCl", "NumarComanda"], ["mnuRapAE", "frmRapAE", "ID"]]) {
+  w = menu(entry, form);
+  w.click("optToate");
+  w.click("cmdEcran");
+  const rows = win("frmEcran").grid("TDBGrid1");
+  rows.select(rows.column(number).indexOf("C1"));
+  win("frmEcran").press("TDBGrid1", "Enter");
+  equal([win("frmComandaAudio").text("txtNrComanda"), win("frmComandaAudio").grid("grdComenzi").column("Nr")], ["C1", ["C1"]], "the order of the row in " + form);
+  win("frmComandaAudio").close();
+  win("frmEcran").close();
+  w.close();
+}
 
 // The button of invoices asks what to bill; open lists follow the flag.
 toolbar("Toolbar", 14);

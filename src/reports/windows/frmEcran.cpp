@@ -84,10 +84,19 @@ void frmEcran::showTotals() {
   }
 }
 
+// An order whose number others have as well is found by its key.
+void frmEcran::openDeviceOrder(const Row& row) {
+  auto* orders = qobject_cast<BrowserForm*>(windowHost()->showOffered(QStringLiteral("frmComandaAudio")));
+  if (!orders) return;
+  orders->showOnly("Nr", row.text(links_.document));
+  orders->openRecord(row.text(links_.deviceOrder), QStringLiteral("txtNrComanda"));
+}
+
 void frmEcran::openSource() {
   guarded(objectName(), "TDBGrid1_DblClick", [this] {
     const Row* row = grid_->currentRecord();
     if (!row || !windowHost()) return;
+    if (row->has(links_.deviceOrder)) return openDeviceOrder(*row);
     const auto open = [](const QString& window, const QString& column, const QString& value) {
       if (auto* browser = qobject_cast<BrowserForm*>(windowHost()->showOffered(window)))
         browser->showOnly(column, value);

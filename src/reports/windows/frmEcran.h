@@ -18,8 +18,9 @@ class frmEcran : public QWidget {
 
  private:
   void showTotals();
-  /// Opens the document of the current row, else its article, else the documents of its partner.
+  /// Opens the document or order of the current row, else its article, else the documents of its partner.
   void openSource();
+  void openDeviceOrder(const Row& row);
 
   ReportLinks links_;
   std::vector<ReportColumn> columns_;

@@ -152,15 +152,17 @@ QAction* frmMain::addEntry(QMenu* menu, const MenuEntry& entry) {
   return action;
 }
 
-void frmMain::runEntry(const MenuEntry& entry) {
+QWidget* frmMain::runEntry(const MenuEntry& entry) {
+  QWidget* child = nullptr;
   guarded(kForm, entry.name + QStringLiteral("_Click"), [&] {
     if (entry.name == QStringLiteral("mnuCasa")) hideToolBars();
     switch (entry.opens) {
       case Opens::One:
-        showOne(entry.window, [&entry] { return entry.make(nullptr); });
+        child = showOne(entry.window, [&entry] { return entry.make(nullptr); });
         break;
       case Opens::New:
-        showChild(entry.make(nullptr));
+        child = entry.make(nullptr);
+        showChild(child);
         break;
       case Opens::Modal:
         runModal(entry);
@@ -177,6 +179,7 @@ void frmMain::runEntry(const MenuEntry& entry) {
         break;
     }
   });
+  return child;
 }
 
 void frmMain::runModal(const MenuEntry& entry) {
@@ -427,9 +430,7 @@ QWidget* frmMain::showOffered(const QString& window) {
   for (const MenuEntry& entry : menuTable()) {
     QAction* action = actions_.value(entry.name);
     if (entry.opens == Opens::Menu) isInOfferedMenu = isOffered(action);
-    if (entry.window != window || !entry.make || !isInOfferedMenu || !isOffered(action)) continue;
-    if (entry.opens == Opens::One) return showOne(entry.window, [&entry] { return entry.make(nullptr); });
-    action->trigger();
+    if (entry.window == window && entry.make && isInOfferedMenu && isOffered(action)) return runEntry(entry);
   }
   return nullptr;
 }

@@ -41,7 +41,8 @@ class frmMain : public QMainWindow, public WindowHost {
  private:
   void buildMenu();
   QAction* addEntry(QMenu* menu, const MenuEntry& entry);
-  void runEntry(const MenuEntry& entry);
+  /// Returns the child window that was opened or activated.
+  QWidget* runEntry(const MenuEntry& entry);
   void runOwn(const QString& name);
   void runModal(const MenuEntry& entry);
   QToolBar* buildToolBar(const QString& name, const QString& title, Qt::ToolBarArea area,

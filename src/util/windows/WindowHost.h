@@ -18,7 +18,7 @@ class WindowHost {
   virtual QWidget* showOne(const QString& key, const std::function<QWidget*()>& make) = 0;
 
   /// Opens the window of that class as the menu does, if the menu offers it to the user. Returns a child
-  /// window of which there is only one; else null.
+  /// window; null for a modal one and when nothing was opened.
   virtual QWidget* showOffered(const QString& window) = 0;
 };
 
