@@ -2,6 +2,7 @@
 
 #include <map>
 #include <QHash>
+#include <QSet>
 
 #include "store/Database.h"
 #include "util/Errors.h"
@@ -19,15 +20,20 @@ RuleError refused(const QString& why) {
   return RuleError(QStringLiteral("Fisierul nu se poate citi: %1").arg(why));
 }
 
-Decimal positive(const QString& text) {
+Decimal positive(const QString& text, const QString& currency, int line) {
   const auto number = Decimal::parse(text.trimmed());
-  if (!number || !(*number > 0)) throw refused(QStringLiteral("%1 nu este un curs").arg(text.left(20)));
+  if (!number || !(*number > 0))
+    throw refused(QStringLiteral("cursul valutei %1, linia %2: \"%3\" nu este un curs")
+                      .arg(currency)
+                      .arg(line)
+                      .arg(text.left(20)));
   return *number;
 }
 
 using Cube = QHash<QString, Decimal>;  // lei for one unit, by currency
 
-std::map<QDate, Cube> cubesOf(const XmlText& xml) {
+// What the file says about other currencies does not matter.
+std::map<QDate, Cube> cubesOf(const XmlText& xml, const QSet<QString>& currencies) {
   const auto body = xml.find(QStringLiteral("DataSet/Body"));
   if (!body || xml.text(*body, QStringLiteral("OrigCurrency")) != QStringLiteral("RON"))
     throw refused(QStringLiteral("cursurile nu sunt in lei"));
@@ -37,10 +43,14 @@ std::map<QDate, Cube> cubesOf(const XmlText& xml) {
     const QDate date = QDate::fromString(xml.attribute(element, QStringLiteral("date")), Qt::ISODate);
     if (!date.isValid() || date.year() < kFirstYear || date.year() > kLastYear)
       throw refused(QStringLiteral("data unui curs nu este corecta"));
+    Cube& cube = cubes[date];
     for (const int rate : xml.children(element)) {
+      const QString currency = xml.attribute(rate, QStringLiteral("currency")).toUpper();
+      if (!currencies.contains(currency)) continue;
       const QString multiplier = xml.attribute(rate, QStringLiteral("multiplier"));
-      cubes[date][xml.attribute(rate, QStringLiteral("currency")).toUpper()] =
-          positive(xml.text(rate)) / (multiplier.isEmpty() ? Decimal(1) : positive(multiplier));
+      const int line = xml.line(rate);
+      cube[currency] = positive(xml.text(rate), currency, line) /
+                       (multiplier.isEmpty() ? Decimal(1) : positive(multiplier, currency, line));
     }
   }
   if (cubes.empty()) throw refused(QStringLiteral("nu are cursuri"));
@@ -55,7 +65,9 @@ std::vector<BankRate> bankRates(const QByteArray& file, const QStringList& curre
   if (xml.root() != QStringLiteral("DataSet") ||
       (space != QStringLiteral("http://www.bnr.ro/xsd") && space != QStringLiteral("https://www.bnr.ro/xsd")))
     throw refused(QStringLiteral("nu este fisierul de cursuri al bancii nationale"));
-  const std::map<QDate, Cube> cubes = cubesOf(xml);
+  QSet<QString> used;
+  for (const QString& currency : currencies) used.insert(currency.toUpper());
+  const std::map<QDate, Cube> cubes = cubesOf(xml, used);
   std::vector<BankRate> rates;
   for (auto cube = cubes.begin(); cube != cubes.end(); ++cube) {
     const auto next = std::next(cube);

@@ -18,7 +18,7 @@ struct BankRate {
 /// The rates of the file for these currencies, one for each day on which they hold: from the day after the
 /// bank's day up to the bank's next day in the file, the last ones up to the next working day; or, with
 /// `fromItsDay`, from the bank's day up to the day before these. Throws RuleError for a file that is not the
-/// bank's.
+/// bank's, and for a rate of these currencies that is no positive number, with its line.
 std::vector<BankRate> bankRates(const QByteArray& file, const QStringList& currencies, bool fromItsDay);
 
 /// The rates compared with those of the company.

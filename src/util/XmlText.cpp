@@ -71,6 +71,7 @@ XmlText::XmlText(const QByteArray& bytes, Names names) {
         elements_.push_back(
             {.name = (names == Names::Local ? reader.name() : reader.qualifiedName()).toString(),
              .parent = open,
+             .line = static_cast<int>(reader.lineNumber()),
              .text = {},
              .attributes = {}});
         for (const QXmlStreamAttribute& attribute : reader.attributes())
@@ -100,6 +101,8 @@ QString XmlText::root() const { return elements_.front().name; }
 QString XmlText::rootNamespace() const { return rootNamespace_; }
 
 QString XmlText::name(int element) const { return elements_[static_cast<size_t>(element)].name; }
+
+int XmlText::line(int element) const { return elements_[static_cast<size_t>(element)].line; }
 
 QString XmlText::attribute(int element, const QString& name) const {
   for (const auto& [each, value] : elements_[static_cast<size_t>(element)].attributes)

@@ -34,6 +34,8 @@ class XmlText {
   /// "" without the attribute.
   QString attribute(int element, const QString& name) const;
   QString name(int element) const;
+  /// The line of its start tag in the file, from 1.
+  int line(int element) const;
   std::vector<int> children(int element) const;
   /// All texts and attributes below the root, in the order of the document: path ("a/b", "a/b@c") and value.
   std::vector<std::pair<QString, QString>> fields() const;
@@ -43,6 +45,7 @@ class XmlText {
     QString name;
     int parent = -1;
     int end = 0;  ///< behind the last element in it
+    int line = 0;
     QString text;
     QList<std::pair<QString, QString>> attributes;
   };

@@ -65,6 +65,18 @@ TEST(FilesFromOutside, RatesHoldOverHolidays) {
                                 file("<Cube date='1990-01-01'><Rate currency='HUF'>1</Rate></Cube><Cube "
                                      "date='2026-04-09'><Rate currency='HUF'>1</Rate></Cube>")})
     EXPECT_THROW(bankRates(bad, {"HUF"}, false), RuleError) << bad.toStdString();
+  // Only the values of the company's currencies matter.
+  const QByteArray mixed = file(
+      "<Cube date='2026-04-09'>\n<Rate currency='XDR'>-</Rate><Rate currency='HUF' "
+      "multiplier='100'>1.25</Rate>\n"
+      "<Rate currency='usd'>4,x</Rate></Cube>");
+  EXPECT_EQ(bankRates(mixed, {"HUF"}, false).size(), 5U);
+  try {
+    bankRates(mixed, {"HUF", "USD"}, false);
+    ADD_FAILURE() << "a rate that is no number was taken";
+  } catch (const RuleError& rule) {
+    EXPECT_TRUE(rule.text().contains("valutei USD, linia 3: \"4,x\"")) << rule.text().toStdString();
+  }
 }
 
 }  // namespace
