@@ -93,22 +93,44 @@ void ChartView::resizeEvent(QResizeEvent* event) {
   arrange();
 }
 
-// A slice shows the size of its figure, its label the sign.
+// A slice shows the size of its figure, its label the sign. Neighbours too thin to be seen apart are drawn as
+// one, since each costs more than all figures; the legend and the figures beside the chart have them all.
 void ChartView::addSlices() {
   pie_ = new QPieSeries;
   QList<QPieSlice*> parts;
-  constexpr size_t kMostEdges = 100;  // more would cover the slices
+  constexpr size_t kMostEdges = 100;   // more would cover the slices
+  constexpr double kThinnest = 0.001;  // of the circle: a pixel at its edge
+  constexpr int kMostNamed = 10;       // of the slices in one part
   const std::vector<ChartSlice> figures = chartSlices(data_);
+  double whole = 0;
+  for (const ChartSlice& slice : figures) whole += std::abs(slice.figure.toDouble());
+  double largest = 0;
+  int inPart = 0;
+  bool isOpen = false;  // the last part takes further thin slices
   for (const ChartSlice& slice : figures) {
     QString figure = formatNumber(slice.figure, 2);
     const QString percent = look_.showsPercent ? QStringLiteral("%1%").arg(slice.percent) : QString();
     if (look_.showsPercent) figure += QStringLiteral(" (") + percent + u')';
     legend_.push_back(
         {slice.label, figure, percent, std::abs(slice.figure.toDouble()), colorOf(legend_.size())});
-    auto* part = new QPieSlice(slice.label + QStringLiteral(": ") + figure, legend_.back().size);
-    part->setBrush(legend_.back().color);
-    part->setPen(figures.size() <= kMostEdges ? QPen(Qt::white, 1) : QPen(Qt::NoPen));
-    parts.append(part);
+    const double size = legend_.back().size;
+    const QString text = slice.label + QStringLiteral(": ") + figure;
+    const bool isThin = figures.size() > kMostEdges && size < whole * kThinnest;
+    if (!isThin || !isOpen) {
+      parts.append(new QPieSlice(text, size));
+      parts.back()->setPen(figures.size() <= kMostEdges ? QPen(Qt::white, 1) : QPen(Qt::NoPen));
+      parts.back()->setBrush(legend_.back().color);
+      largest = size;
+      inPart = 1;
+    } else {
+      QPieSlice* part = parts.back();
+      part->setValue(part->value() + size);
+      if (size > largest) part->setBrush(legend_.back().color);
+      largest = std::max(largest, size);
+      if (++inPart <= kMostNamed)
+        part->setLabel(part->label() + (inPart == kMostNamed ? "\n..." : u'\n' + text));
+    }
+    isOpen = isThin && parts.back()->value() < whole * kThinnest;
   }
   pie_->append(parts);  // at once: each call arranges all slices
   connect(pie_, &QPieSeries::hovered, this, [this](QPieSlice* slice, bool isOver) {
