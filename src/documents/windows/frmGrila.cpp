@@ -188,7 +188,7 @@ void frmGrila::buildLines() {
   lines_->setKeptInView(keeps("VALOARETTI") ? "VALOARETTI"
                         : keeps("VALOARE")  ? "VALOARE"
                                             : "VALOAREFT",
-                        "DENUMIRE");
+                        {"DENUMIRE"});
   lines_->setEmptyText(kind.hasDraft ? "Liniile se adauga dupa salvarea antetului."
                                      : "Se arata liniile documentului ales din lista.");
   connect(lines_, &LineGrid::refusedByStore, this, [this] {

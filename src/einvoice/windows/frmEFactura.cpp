@@ -63,7 +63,7 @@ frmEFactura::frmEFactura(QWidget* parent)
                          {"STARE", "Stare", CellFormat::Text, 14},
                          {"INDEX_INCARCARE", "Index incarcare", CellFormat::Text, 18}});
   TDBGrid1_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-  TDBGrid1_->setKeptInView("INDEX_INCARCARE", "NUME");
+  TDBGrid1_->setKeptInView("INDEX_INCARCARE", {"NUME"});
   TDBGrid1_->setSortable();
   TDBGrid1_->setHighlighted([](const Row& row) { return row.flag("INTARZIAT"); });
   TDBGrid1_->setEmptyText("In aceasta perioada nu sunt facturi validate.");

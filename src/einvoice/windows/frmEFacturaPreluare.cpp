@@ -54,7 +54,7 @@ frmEFacturaPreluare::frmEFacturaPreluare(qint64 id, QWidget* parent)
                          {"COTA", "Cota TVA", CellFormat::Text, 8},
                          {"CODART", "Articol", CellFormat::Text, 14, 0, true, true},
                          {"DENART", "Denumire articol", CellFormat::Text, 30}});
-  TDBGrid1_->setKeptInView("DENART", "DENUMIRE");
+  TDBGrid1_->setKeptInView("DENART", {"DENUMIRE"});
   TDBGrid1_->setStore([this](const Row& row, const QString&, const QString& text) {
     choose(static_cast<size_t>(row.integer("LINIE")), text.trimmed());
   });

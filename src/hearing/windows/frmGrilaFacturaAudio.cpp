@@ -74,7 +74,7 @@ frmGrilaFacturaAudio::frmGrilaFacturaAudio(BilledBy by, QWidget* parent)
   auto* drafts = new EntryGrid("grdListaFacturi", EntryGrid::Refused::Reverted, objectName());
   drafts->setColumns(kInvoiceColumns);
   drafts->setEmptyText("Nu exista facturi nevalidate.");
-  drafts->setKeptInView("Client", "Client");
+  drafts->setKeptInView("Client", {"Client"});
   setList(drafts, "ID_Factura",
           [by] { return std::make_unique<ListRows>(kInvoiceDrafts, draftsOf(by), "Data, Nr", true); },
           {"G_FACTURICLIENTIAUDIO", "KT_TER"});
@@ -84,7 +84,7 @@ frmGrilaFacturaAudio::frmGrilaFacturaAudio(BilledBy by, QWidget* parent)
   QWidget* source = sourceFrames();
   grdDetalii_ = new DetailGrid(objectName(), lineColumns());
   grdDetalii_->setEmptyText("Liniile se adauga dupa salvarea antetului.");
-  grdDetalii_->setKeptInView("Total", "Articol");
+  grdDetalii_->setKeptInView("Total", {"Articol"});
   grdDetalii_->setMinimumWidth(fontMetrics().averageCharWidth() * 150);
   grdDetalii_->setTake(
       [this](size_t line, const QString& field, const QString& text) { takeCell(line, field, text); });

@@ -42,6 +42,12 @@ frmEcran::frmEcran(const StockReport& report, Recordset rows, QWidget* parent)
         {"ANTERIOR", "Anul trecut", ReportColumn::Kind::Amount, 14, report.comparison.listsMissing});
   QList<GridColumn> columns;
   for (const ReportColumn& column : columns_) columns.append(gridColumn(column));
+  constexpr int kName = 14;  // characters
+  QStringList names;
+  for (const ReportColumn& column : columns_)
+    if (column.kind == ReportColumn::Kind::Text && column.width >= kName) names.append(column.field);
+  grid_->setLook(report.window);
+  grid_->setKeptInView(columns.last().field, names);
   grid_->setColumns(columns);
   grid_->setSortable();
   grid_->setRecordset(std::move(rows));

@@ -14,7 +14,7 @@ class frmEcran : public QWidget {
   Q_OBJECT
  public:
   frmEcran(const StockReport& report, Recordset rows, QWidget* parent = nullptr);
-  QSize sizeHint() const override { return {1000, 480}; }
+  QSize sizeHint() const override { return {1160, 480}; }
 
  private:
   void showTotals();

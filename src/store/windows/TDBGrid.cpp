@@ -205,6 +205,7 @@ void TDBGrid::applyWidths() {
   restoreLook();
   stretchLast();
   settingWidths_ = false;
+  keepInView();
 }
 
 void TDBGrid::dataChanged(const QModelIndex& from, const QModelIndex& to, const QList<int>& roles) {
@@ -225,7 +226,9 @@ void TDBGrid::resizeEvent(QResizeEvent* event) {
 QString TDBGrid::lookName() const {
   const QWidget* form = parentWidget();
   while (form && !form->objectName().startsWith(QStringLiteral("frm"))) form = form->parentWidget();
-  return form ? form->objectName() + QLatin1Char('/') + objectName() : QString();
+  if (!form) return {};
+  const QString name = form->objectName() + QLatin1Char('/') + objectName();
+  return look_.isEmpty() ? name : name + QLatin1Char('/') + look_;
 }
 
 void TDBGrid::restoreLook() {

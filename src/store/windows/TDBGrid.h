@@ -84,6 +84,10 @@ class TDBGrid : public QTableView {
   /// Position of the field in any case, -1 when there is none.
   int columnOf(const QString& field) const;
 
+  /// Keeps the widths that the user chooses under that name too, for a window that shows one of several
+  /// lists.
+  void setLook(const QString& name) { look_ = name; }
+
   /// Shows a list, in the order that the user chose last; the row that was current stays current when it is
   /// still there at the same place.
   void setRows(std::unique_ptr<RowSource> rows);
@@ -111,9 +115,9 @@ class TDBGrid : public QTableView {
   /// Text shown in place of rows when there are none: how to begin.
   void setEmptyText(const QString& text) { emptyText_ = text; }
 
-  /// Lets all columns up to `field` (or all there are) fit into the grid: the column of names gives way, and
-  /// before it becomes unreadable the others, down to what their cells need.
-  void setKeptInView(const QString& field, const QString& nameField);
+  /// Lets all columns up to `field` (or all there are) fit into the grid: the columns of names give way, and
+  /// before they become unreadable the others, down to what their cells need.
+  void setKeptInView(const QString& field, const QStringList& nameFields);
   void setFooter(const QString& field, const QString& text);
   QString footer(const QString& field) const;
   void selectAll() override;
@@ -160,8 +164,9 @@ class TDBGrid : public QTableView {
   QList<GridColumn> columns_;
   QHash<QString, QString> footers_;
   QString emptyText_;
+  QString look_;
   QString keptField_;                     ///< the last column to be seen without scrolling
-  QString nameField_;                     ///< the column that gives way for it
+  QStringList nameFields_;                ///< the columns that give way for it
   mutable QHash<QString, int> headings_;  ///< widths of captions on two lines
   QHash<int, int> widest_;                ///< cell seen in a column, in pixels
   GridOrder order_;

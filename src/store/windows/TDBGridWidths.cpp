@@ -32,9 +32,9 @@ int TDBGrid::footerWidth(int column) const {
   return QFontMetrics(bold).horizontalAdvance(footer(columns_[column].field)) + kCellMargin;
 }
 
-void TDBGrid::setKeptInView(const QString& field, const QString& nameField) {
+void TDBGrid::setKeptInView(const QString& field, const QStringList& nameFields) {
   keptField_ = field;
-  nameField_ = nameField;
+  nameFields_ = nameFields;
   horizontalHeader()->setDefaultAlignment(Qt::AlignCenter | Qt::Alignment(Qt::TextWordWrap));
 }
 
@@ -77,30 +77,34 @@ void TDBGrid::measureCells() {
 }
 
 void TDBGrid::keepInView() {
-  const int name = columnOf(nameField_);
-  if (hasLook_ || name < 0 || !isVisible()) return;
+  if (hasLook_ || nameFields_.isEmpty() || !isVisible()) return;
   measureCells();
-  QList<int> others;
+  const int character = fontMetrics().averageCharWidth();
+  QList<int> names, others;
   int natural = 0;
   int least = 0;
+  int readable = 0;  // the names
+  int naturalOfNames = 0;
   for (const int column : visibleColumns()) {
-    if (column != name) {
+    if (nameFields_.contains(columns_[column].field, Qt::CaseInsensitive)) {
+      names.append(column);
+      naturalOfNames += naturalWidth(column);
+      readable += std::min(naturalWidth(column), character * kReadableName);
+    } else {
       others.append(column);
       natural += naturalWidth(column);
       least += leastWidth(column);
     }
     if (columns_[column].field == keptField_) break;
   }
-  const int character = fontMetrics().averageCharWidth();
-  const int missing =
-      std::clamp(natural + character * kReadableName - viewport()->width(), 0, natural - least);
+  if (names.isEmpty()) return;
+  const int missing = std::clamp(natural + readable - viewport()->width(), 0, natural - least);
   const QScopedValueRollback<bool> setting(settingWidths_, true);
   int left = viewport()->width();
   bool wraps = false;
   const auto place = [this, &wraps](int column, int width) {
     wraps = wraps || width < fontMetrics().horizontalAdvance(columns_[column].caption) + kHeadingMargin;
-    // The last column takes what is left by itself.
-    if (column != visibleColumns().last() || columnWidth(column) < width) setColumnWidth(column, width);
+    setColumnWidth(column, width);
   };
   for (const int column : others) {
     const int spare = naturalWidth(column) - leastWidth(column);
@@ -108,7 +112,15 @@ void TDBGrid::keepInView() {
     left -= width;
     place(column, width);
   }
-  place(name, std::clamp(left, character * kShortestText, naturalWidth(name)));
+  for (const int name : names) {
+    const int share = left * naturalWidth(name) / std::max(1, naturalOfNames);
+    const int whole = std::max(naturalWidth(name), widest_.value(name) + kCellMargin);
+    const int width = std::clamp(share, character * kShortestText, whole);
+    left -= width;
+    naturalOfNames -= naturalWidth(name);
+    place(name, width);
+  }
+  stretchLast();  // the last column takes what is left
   const int lines = wraps ? 2 * fontMetrics().lineSpacing() + kCellMargin : 0;
   if (horizontalHeader()->minimumHeight() == lines) return;
   horizontalHeader()->setMinimumHeight(lines);

@@ -14,7 +14,7 @@ TEST(TDBGridWidths, SumsAreFullyVisibleAndTheNameColumnShrinks) {
                    {"NUME", "Denumire", CellFormat::Text, 60},
                    {"TOTAL", "Total", CellFormat::Number, 8},
                    {"COST", "Cost", CellFormat::Number, 20}});
-  grid.setKeptInView("TOTAL", "NUME");
+  grid.setKeptInView("TOTAL", {"NUME"});
   grid.resize(480, 200);
   grid.show();
   const auto end = [&grid] { return grid.columnViewportPosition(2) + grid.columnWidth(2); };
@@ -36,7 +36,7 @@ TEST(TDBGridWidths, OtherColumnsLeaveTheNameReadable) {
                    {"DENUMIRE", "Denumire", CellFormat::Text, 60},
                    {"PRET", "Pret unitar valuta", CellFormat::Number, 10},
                    {"TOTAL", "Total", CellFormat::Number, 12}});
-  grid.setKeptInView("TOTAL", "DENUMIRE");
+  grid.setKeptInView("TOTAL", {"DENUMIRE"});
   grid.resize(410, 200);
   grid.show();
   cells.setItem(0, 0, new QStandardItem("1.234.567,000"));
@@ -45,6 +45,20 @@ TEST(TDBGridWidths, OtherColumnsLeaveTheNameReadable) {
   EXPECT_GE(grid.columnWidth(1), font.averageCharWidth() * 15);
   EXPECT_LT(grid.columnWidth(2), font.horizontalAdvance("Pret unitar valuta"));
   EXPECT_GE(grid.horizontalHeader()->height(), 2 * font.lineSpacing()) << "a heading on two lines";
+}
+
+TEST(TDBGridWidths, SeveralNamesGiveWayForTheLastColumn) {
+  TDBGrid grid("TDBGrid1");
+  grid.setColumns({{"CLIENT", "Client", CellFormat::Text, 40},
+                   {"ARTICOL", "Articol", CellFormat::Text, 40},
+                   {"VALOARE", "Valoare", CellFormat::Number, 14},
+                   {"TVA", "TVA", CellFormat::Number, 14}});
+  grid.setKeptInView("TVA", {"CLIENT", "ARTICOL"});
+  grid.resize(500, 200);
+  grid.show();
+  EXPECT_LE(grid.columnViewportPosition(3) + grid.columnWidth(3), grid.viewport()->width());
+  EXPECT_NEAR(grid.columnWidth(0), grid.columnWidth(1), 2);
+  EXPECT_GE(grid.columnWidth(0), grid.fontMetrics().averageCharWidth() * 9);
 }
 
 // A text from outside is shown as it is, not as markup.
