@@ -30,13 +30,14 @@ frmEFacturaPrimite::frmEFacturaPrimite(QWidget* parent)
     : QWidget(parent), TDBGrid1_(new TDBGrid("TDBGrid1")), lblStare_(new StatusText("lblStare")) {
   setObjectName(kForm);
   setWindowTitle("e-Facturi primite");
-  TDBGrid1_->setColumns({{"FISIER", "Fisier", CellFormat::Text, 24},
-                         {"FURNIZOR", "Furnizor", CellFormat::Text, 28},
+  TDBGrid1_->setColumns({{"FISIER", "Fisier", CellFormat::Text, 18},
+                         {"FURNIZOR", "Furnizor", CellFormat::Text, 24},
                          {"NUMAR", "Numar", CellFormat::Text, 14},
                          {"DATA", "Data", CellFormat::Date, 11},
                          {"TOTAL", "Total", CellFormat::Number, 13},
                          {"STARE", "Stare", CellFormat::Text, 12},
-                         {"LIPSESTE", "Lipseste", CellFormat::Text, 44}});
+                         {"LIPSESTE", "Lipseste", CellFormat::Text, 70}});
+  TDBGrid1_->setKeptInView("LIPSESTE", {"FISIER", "FURNIZOR", "LIPSESTE"});
   TDBGrid1_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   TDBGrid1_->setSortable();
   TDBGrid1_->setEmptyText(
@@ -85,7 +86,7 @@ frmEFacturaPrimite::frmEFacturaPrimite(QWidget* parent)
 }
 
 QSize frmEFacturaPrimite::sizeHint() const {
-  return {fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 26};
+  return {fontMetrics().averageCharWidth() * 190, fontMetrics().height() * 26};
 }
 
 void frmEFacturaPrimite::showEvent(QShowEvent* event) {
