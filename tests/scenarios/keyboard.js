@@ -138,6 +138,11 @@ key("Down");
 key("Esc");
 equal(sql("SELECT CODART, CANT FROM G_LBONINT ORDER BY NRLINIE"),
       [{ CODART: "A1", CANT: 2 }, { CODART: "A2", CANT: 5 }, { CODART: "A3", CANT: 7 }], "Down, then codes and quantities with Enter");
+const csv = paths().app + "/linii.csv";
+file(csv);
+key("Ctrl+E");
+equal(readFile(csv).trim().split("\r\n").slice(1).map((line) => line.split(";").slice(1, 5).join()),
+      ["A1", "A2", "A3"].map((code, i) => [code, lines.cell(i, "DENUMIRE"), lines.cell(i, "UM"), ["2", "5", "7"][i] + ",000"].join()), "Ctrl+E: the lines, without the empty one");
 key("Ctrl+Tab");
 check(!w.hasFocus("TDBGrid1"), "Ctrl+Tab leaves from any cell");
 lines.select(0);

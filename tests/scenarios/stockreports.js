@@ -264,3 +264,12 @@ for (const [entry, form, from, to, field, expected] of [
   win("frmEcran").close();
   w.close();
 }
+
+// Ctrl+E works from anywhere in a window and writes all rows of a list that shows its first ones.
+sql("INSERT INTO G_DOCUME (ID, TIP, DATADOC, CODTERT, TOTALFT) SELECT 'PR' || CAST(N.I AS TEXT), 'PR', '2033-01-01', 1, 1.5 FROM (WITH RECURSIVE M(I) AS (SELECT 1 UNION ALL SELECT I + 1 FROM M WHERE I < 2600) SELECT I FROM M) AS N");
+open("mnuTabeleDocumente", "frmLDoc");
+const all = paths().app + "/documente.csv";
+file(all);
+w.press("txtValoare", "Ctrl+E");
+equal(readFile(all).trim().split("\r\n").length - 1, sql("SELECT COUNT(*) AS N FROM G_DOCUME")[0].N, "all documents");
+w.close();

@@ -111,6 +111,7 @@ class PropertyModel : public QAbstractTableModel {
 PropertyGrid::PropertyGrid(const QString& form, QWidget* parent)
     : EntryGrid("grdProprietati", Refused::Kept, form, parent), properties_(new PropertyModel(this)) {
   setModel(properties_);
+  setExported(false);
   setColumns(kColumns);
   setTabKeyNavigation(false);
   setEmptyText("Alegeti un obiect de pe pagina.");

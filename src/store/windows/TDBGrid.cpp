@@ -7,7 +7,6 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QShortcut>
 
 #include "store/windows/ListExport.h"
 #include "util/Errors.h"
@@ -183,11 +182,6 @@ TDBGrid::TDBGrid(const QString& name, QWidget* parent)
   };
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, lookChanged);
   connect(horizontalHeader(), &QHeaderView::sectionMoved, this, lookChanged);
-  auto* exporting = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_E), this);
-  exporting->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(exporting, &QShortcut::activated, this, [this] {
-    if (model() == list_) exportGuarded(*this);
-  });
 }
 
 void TDBGrid::setColumns(const QList<GridColumn>& columns) {
@@ -274,6 +268,7 @@ void TDBGrid::showEvent(QShowEvent* event) {
   stretchLast();
   settingWidths_ = false;
   keepInView();
+  if (isExported_) offerExport(*this);
 }
 
 int TDBGrid::columnOf(const QString& field) const {

@@ -84,6 +84,11 @@ class TDBGrid : public QTableView {
   /// Position of the field in any case, -1 when there is none.
   int columnOf(const QString& field) const;
 
+  /// Whether it shows a list; else it has a model of its own.
+  bool isList() const { return model() == list_; }
+  /// Takes it out of the export by Ctrl+E, for a grid whose rows are no list.
+  void setExported(bool isExported) { isExported_ = isExported; }
+  bool isExported() const { return isExported_; }
   /// Keeps the widths that the user chooses under that name too, for a window that shows one of several
   /// lists.
   void setLook(const QString& name) { look_ = name; }
@@ -171,6 +176,7 @@ class TDBGrid : public QTableView {
   QHash<int, int> widest_;                ///< cell seen in a column, in pixels
   GridOrder order_;
   int draggedColumn_ = -1;
+  bool isExported_ = true;
   bool placingFooter_ = false;
   bool settingWidths_ = false;
   bool hasLook_ = false;  ///< the user has chosen the widths
