@@ -28,9 +28,7 @@ const QString kAbroad = QStringLiteral(
     "(UPPER(TRIM(COALESCE(T.CT, ''))) NOT IN ('', 'RO') AND SUBSTR(UPPER(TRIM(COALESCE(T.CODFISCAL, ''))), "
     "1, 2) <> "
     "'RO')");
-const QString kInvoices = QStringLiteral(
-    "G_DOCUME D LEFT JOIN kt_ter T ON T.COD = D.CODTERT LEFT JOIN G_EFACTURA E ON E.DOCID = D.ID AND "
-    "E.ACTUAL <> 0");
+const QString kInvoices = QStringLiteral("G_DOCUME D LEFT JOIN kt_ter T ON T.COD = D.CODTERT");
 // From these days on invoices to firms, and to persons, go through the state's system.
 const QDate kFirms(2024, 1, 1);
 const QDate kPersons(2025, 1, 1);
@@ -46,11 +44,14 @@ QDate lastLateDay(const QDate& today) {
 }
 
 // Whether a row of kInvoices is late; its values are those of lateValues().
-const QString kLate = QStringLiteral("(COALESCE(E.STARE, '') NOT IN (?, ?) AND NOT ") + kAbroad +
-                      QStringLiteral(" AND D.DATADOC BETWEEN ? AND ? AND (D.DATADOC >= ? OR NOT ") + kPerson +
-                      QStringLiteral("))");
+// The state is sought in an index: a row of a file has the state behind its contents.
+const QString kLate =
+    QStringLiteral(
+        "(D.DATADOC BETWEEN ? AND ? AND NOT EXISTS (SELECT 1 FROM G_EFACTURA F WHERE F.DOCID = D.ID "
+        "AND F.ACTUAL <> 0 AND F.STARE IN (?, ?)) AND NOT ") +
+    kAbroad + QStringLiteral(" AND (D.DATADOC >= ? OR NOT ") + kPerson + QStringLiteral("))");
 Values lateValues(const QDate& today) {
-  return {einvoice::kSent, einvoice::kAccepted, kFirms, lastLateDay(today), kPersons};
+  return {kFirms, endOf(lastLateDay(today)), einvoice::kSent, einvoice::kAccepted, kPersons};
 }
 
 // The stored file of a document; an empty row without one.
@@ -155,7 +156,7 @@ std::exception_ptr writeBatch(EInvoiceSource& source, const QStringList& documen
 Recordset eInvoices(const QDate& from, const QDate& to, const QDate& today) {
   Values values = {kNoSeries, einvoice::kNotSent, einvoice::kToSend};
   for (const Value& value : lateValues(today)) values.push_back(value);
-  values.insert(values.end(), {from, to});
+  values.insert(values.end(), {from, endOf(to)});
   return OpenRs(
       QStringLiteral(
           "SELECT D.ID, CASE WHEN TRIM(COALESCE(D.SERIE, '')) IN ('', ?) THEN '' ELSE TRIM(D.SERIE) END || "
@@ -164,7 +165,8 @@ Recordset eInvoices(const QDate& from, const QDate& to, const QDate& today) {
           "ELSE "
           "COALESCE(E.STARE, ?) END AS STARE, E.INDEX_INCARCARE, CASE WHEN %2 THEN -1 ELSE 0 END AS "
           "INTARZIAT, "
-          "E.MESAJ FROM %3 WHERE D.TIP IN ('FC', 'FS') AND D.DATADOC BETWEEN ? AND ? ORDER BY D.DATADOC, "
+          "E.MESAJ FROM %3 LEFT JOIN G_EFACTURA E ON E.DOCID = D.ID AND E.ACTUAL <> 0 WHERE D.TIP IN ('FC', "
+          "'FS') AND D.DATADOC BETWEEN ? AND ? ORDER BY D.DATADOC, "
           "D.ID")
           .arg(kAbroad, kLate, kInvoices),
       values);

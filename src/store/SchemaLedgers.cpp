@@ -142,7 +142,7 @@ std::vector<Table> ledgerTables() {
           .text("INDEX_INCARCARE", 30)
           .text("MESAJ", 0)  // of the state's system
           .flags("ACTUAL")
-          .index("DOCID", "ACTUAL <> 0")
+          .index("DOCID STARE", "ACTUAL <> 0")
           .index("INDEX_INCARCARE", "INDEX_INCARCARE IS NOT NULL")
           .index("SHA256"),
       // Electronic invoices of suppliers that were read, and what became of them.
