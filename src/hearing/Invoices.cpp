@@ -54,29 +54,20 @@ Decimal vatOf(const Decimal& value, const Decimal& percent) {
 
 // The lines of the invoice's orders, one for each device.
 std::vector<Row> linesOfOrders(const Row& invoice) {
-  QList<std::pair<QString, Decimal>> byDevice;
-  for (const Row& item : attachedItems(invoice)) {
-    const QString device = item.text("ID_Dispozitiv");
-    auto known = std::find_if(byDevice.begin(), byDevice.end(),
-                              [&device](const auto& each) { return each.first == device; });
-    if (known == byDevice.end())
-      byDevice.append({device, item.decimal("Pret")});
-    else
-      known->second += item.decimal("Pret");
-  }
+  const std::vector<DeviceAmount> devices = attachedDevices(invoice);
   QStringList codes;
-  for (const auto& [device, price] : byDevice) codes.append(device);
+  for (const DeviceAmount& each : devices) codes.append(each.device);
   QHash<QString, QString> names;
   for (const Row& article : rowsOfKeys("SELECT CODART, DENART FROM G_ARTMAG WHERE CODART IN (%1)", codes))
     names.insert(article.text("CODART"), article.text("DENART"));
   std::vector<Row> lines;
-  for (const auto& [device, price] : byDevice) {
-    if (!names.contains(device)) continue;
+  for (const DeviceAmount& each : devices) {
+    if (!names.contains(each.device)) continue;
     Row line = emptyInvoiceLine();
-    line.set("ID_Articol", device);
-    line.set("Articol", names.value(device));
+    line.set("ID_Articol", each.device);
+    line.set("Articol", names.value(each.device));
     line.set("Cant", Decimal(1));
-    line.set("PretUnitar", price);
+    line.set("PretUnitar", each.price);
     computeLine(line, kOrderVat);
     lines.push_back(std::move(line));
   }
@@ -161,6 +152,23 @@ void requireSamePartners(const Row& row, const Row& shown, qint64 invoice) {
       throw RuleError(QStringLiteral("Factura are comenzi sau bonuri. Clientul si punctul de lucru nu se mai "
                                      "pot modifica !"),
                       column);
+}
+
+// A line of orders or vouchers goes with them only: what stays attached would be billed for nothing.
+void requireTyped(const Row& invoice, qint64 line) {
+  const Row stored = record(companyTable("G_FacturaClientiAudio_Detalii"), line);
+  if (stored.isEmpty() || !stored.flag("DinComanda")) return;
+  for (const DeviceAmount& each : attachedDevices(invoice))
+    if (each.device.compare(stored.text("ID_Articol"), Qt::CaseInsensitive) == 0)
+      throw RuleError(
+          QStringLiteral(
+              "Linia este din comanda %1. Pentru a o sterge scoateti comanda de pe factura in lista "
+              "\"Comenzi\" !")
+              .arg(each.orders.join(QStringLiteral(", "))));
+  if (!attachedVouchers(invoice.integer("ID_Factura")).empty())
+    throw RuleError(QStringLiteral(
+        "Linia este din bonuri de reparatie. Pentru a o sterge scoateti bonul de pe factura in "
+        "lista \"Bonuri de reparatii\" !"));
 }
 
 LedgerDocument ledgerOf(const Row& header, const std::vector<Row>& lines) {
@@ -295,7 +303,7 @@ void saveInvoiceLine(qint64 invoice, const Row& line, const Row& shown) {
 
 void removeInvoiceLine(qint64 invoice, qint64 line) {
   Transaction transaction(database());
-  drafts().requireDraft(invoice);
+  requireTyped(drafts().requireDraft(invoice), line);
   drafts().removeLine(line);
   storeTotals(invoice);
   transaction.commit();
@@ -369,6 +377,7 @@ void validateInvoice(const Row& header, const std::vector<Row>& shown) {
   Transaction transaction(database());
   InitParaSoc();  // as they are now
   std::vector<Row> lines = drafts().requireAsShown(header, shown);
+  requireOrdersBilled(header, lines);
   requireCompleteLines(lines, QStringLiteral("Va rog introduceti articole pe detalii factura"));
   if (header.date("Data") < session().DataIC) throw RuleError(periodText(), "Data");
   for (const LedgerKey& voucher : attachedVouchers(invoice)) withdraw(voucher);

@@ -51,6 +51,7 @@ void computeLine(Row& line, const Decimal& vatPercent);
 /// invoice is no longer a draft or the line was changed by another workstation.
 qint64 addInvoiceLine(qint64 invoice, const Row& line);
 void saveInvoiceLine(qint64 invoice, const Row& line, const Row& shown);
+/// Also throws for a line of orders or vouchers: detachOrder() and detachVoucher() remove these.
 void removeInvoiceLine(qint64 invoice, qint64 line);
 
 /// What can be billed to the client of the invoice, and is not on another one: ID_Comanda, Data, Nr, Client,

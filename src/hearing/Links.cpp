@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "config/Checks.h"
 #include "hearing/Invoices.h"
 #include "hearing/Orders.h"
 #include "hearing/RepairVouchers.h"
@@ -15,15 +16,16 @@ namespace {
 // The items of an insurer, of one work point if the condition says so.
 QString itemsOfInsurer(bool isByWorkPoint) {
   return QStringLiteral(
-             "SELECT C.ID_Comanda, C.ID_Dispozitiv, C.PretReferinta AS Pret FROM G_COMANDA_AUDIO C WHERE "
+             "SELECT C.ID_Comanda, C.Nr, C.ID_Dispozitiv, C.PretReferinta AS Pret FROM G_COMANDA_AUDIO C "
+             "WHERE "
              "C.PretReferinta <> 0 AND C.ID_CAS = ?") +
          (isByWorkPoint ? QStringLiteral(" AND C.ID_PunctLucru = ?") : QString());
 }
 
 // The items of a work point or, without one, a patient; bound twice.
 const QString kItemsOfCustomer = QStringLiteral(
-    "SELECT C.ID_Comanda, C.ID_Dispozitiv, C.PretLivrare - C.PretReferinta AS Pret FROM G_COMANDA_AUDIO C "
-    "WHERE "
+    "SELECT C.ID_Comanda, C.Nr, C.ID_Dispozitiv, C.PretLivrare - C.PretReferinta AS Pret FROM "
+    "G_COMANDA_AUDIO C WHERE "
     "C.PretLivrare - C.PretReferinta <> 0 AND (C.ID_PunctLucru = ? OR (C.ID_PunctLucru IS NULL AND "
     "C.ID_Pacient = ?))");
 
@@ -63,16 +65,35 @@ QString otherInvoiceWithVoucher(qint64 voucher, qint64 except) {
   return linkedVoucher(voucher, kOther, {except});
 }
 
-// Whether the order still has the invoice's client and a device of its lines. Items: attachedItems().
-bool isBilledAsOrdered(qint64 invoice, qint64 order, const std::vector<Row>& items) {
+// Whether the order still has the invoice's client and a line with its device that was made from orders.
+// Items: attachedItems().
+bool isBilledAsOrdered(qint64 order, const std::vector<Row>& items, const std::vector<Row>& lines) {
   const auto item = std::find_if(items.begin(), items.end(),
                                  [order](const Row& each) { return each.integer("ID_Comanda") == order; });
   if (item == items.end()) return false;
-  return !OpenRs(
-              "SELECT ID_Detaliu FROM G_FacturaClientiAudio_Detalii WHERE ID_Factura = ? AND ID_Articol = ? "
-              "LIMIT 1",
-              {invoice, item->text("ID_Dispozitiv")})
-              .isEmpty();
+  const QString device = item->text("ID_Dispozitiv");
+  return std::any_of(lines.begin(), lines.end(), [&device](const Row& line) {
+    return line.flag("DinComanda") && line.text("ID_Articol").compare(device, Qt::CaseInsensitive) == 0;
+  });
+}
+
+// The orders of the invoice, marked links included, with the client of each link.
+Recordset linkedOrders(qint64 invoice) {
+  return OpenRs(
+      "SELECT C.ID_Comanda AS ID_Comanda, C.Nr AS Nr, C.ID_Dispozitiv AS ID_Dispozitiv, L.ID_Client AS "
+      "ID_Client FROM G_AsocieriComenziFacturiAudio L INNER JOIN G_COMANDA_AUDIO C ON C.ID_Comanda = "
+      "L.ID_ComandaAudio WHERE L.ID_Factura = ? ORDER BY C.ID_Comanda",
+      {invoice});
+}
+
+// What has no device has no line: it would be billed for nothing.
+void requireDevice(const Row& order) {
+  const QString device = order.text("ID_Dispozitiv");
+  if (!ArticolExista(device))
+    throw RuleError(
+        QStringLiteral("Comanda %1 are un dispozitiv care nu exista (%2). Nu poate fi facturata ! "
+                       "Alegeti dispozitivul in fereastra \"Comanda Audio\".")
+            .arg(order.text("Nr"), device));
 }
 
 void requireBillable(const Row& voucher) {
@@ -95,12 +116,26 @@ std::vector<Row> attachedItems(const Row& invoice) {
     values.push_back(value);
   return OpenRs(
              QStringLiteral(
-                 "SELECT I.ID_Comanda AS ID_Comanda, I.ID_Dispozitiv AS ID_Dispozitiv, I.Pret AS Pret FROM "
+                 "SELECT I.ID_Comanda AS ID_Comanda, I.Nr AS Nr, I.ID_Dispozitiv AS ID_Dispozitiv, I.Pret AS "
+                 "Pret FROM "
                  "(%1) I INNER JOIN G_AsocieriComenziFacturiAudio L ON L.ID_ComandaAudio = I.ID_Comanda "
                  "WHERE L.ID_Factura = ? AND L.ID_Client = ? ORDER BY I.ID_Dispozitiv, I.ID_Comanda")
                  .arg(itemsOfInsurer(isByWorkPoint) + kAnd + kItemsOfCustomer),
              values)
       .takeRows();
+}
+
+std::vector<DeviceAmount> attachedDevices(const Row& invoice) {
+  std::vector<DeviceAmount> devices;
+  for (const Row& item : attachedItems(invoice)) {
+    const QString device = item.text("ID_Dispozitiv");
+    auto known = std::find_if(devices.begin(), devices.end(),
+                              [&device](const DeviceAmount& each) { return each.device == device; });
+    if (known == devices.end()) known = devices.insert(devices.end(), {device, {}, {}});
+    known->price += item.decimal("Pret");
+    known->orders.append(item.text("Nr"));
+  }
+  return devices;
 }
 
 std::vector<LedgerKey> attachedVouchers(qint64 invoice) {
@@ -170,6 +205,7 @@ void linkOrder(const Row& invoice, qint64 order) {
   const Row stored = storedOrder(order);
   if (stored.isEmpty())
     throw RuleError(QStringLiteral("Comanda a fost stearsa intre timp de alt utilizator !"));
+  requireDevice(stored);
   if (const QString other = otherInvoiceWithOrder(order, client, own); !other.isEmpty())
     throw RuleError(QStringLiteral("Comanda %1 este deja pe factura %2 !").arg(stored.text("Nr"), other));
   if (!OpenRs("SELECT ID_Factura FROM G_AsocieriComenziFacturiAudio WHERE ID_Factura = ? AND ID_ComandaAudio "
@@ -220,18 +256,14 @@ void requireFreeAgain(const Row& invoice) {
   const qint64 own = invoice.integer("ID_Factura");
   const QString end = QStringLiteral(" Stornarea nu poate fi stearsa !");
   const std::vector<Row> items = attachedItems(invoice);
-  for (const Row& link :
-       OpenRs("SELECT C.ID_Comanda AS ID_Comanda, C.Nr AS Nr, L.ID_Client AS ID_Client FROM "
-              "G_AsocieriComenziFacturiAudio L INNER JOIN G_COMANDA_AUDIO C ON C.ID_Comanda = "
-              "L.ID_ComandaAudio WHERE "
-              "L.ID_Factura = ?",
-              {own})) {
+  const std::vector<Row> lines = invoiceLines(own);
+  for (const Row& link : linkedOrders(own)) {
     const QString number = link.text("Nr");
     if (const QString other =
             otherInvoiceWithOrder(link.integer("ID_Comanda"), link.integer("ID_Client"), own);
         !other.isEmpty())
       throw RuleError(QStringLiteral("Comanda %1 este acum pe factura %2.").arg(number, other) + end);
-    if (!isBilledAsOrdered(own, link.integer("ID_Comanda"), items))
+    if (!isBilledAsOrdered(link.integer("ID_Comanda"), items, lines))
       throw RuleError(QStringLiteral("Comanda %1 are acum alt client sau alt dispozitiv.").arg(number) + end);
   }
   for (const Row& link :
@@ -243,6 +275,18 @@ void requireFreeAgain(const Row& invoice) {
       throw RuleError(QStringLiteral("Bonul %1 este acum pe factura %2.").arg(link.text("Nr"), other) + end);
     if (!link.flag("Validat"))
       throw RuleError(QStringLiteral("Bonul %1 nu mai este validat.").arg(link.text("Nr")) + end);
+  }
+}
+
+void requireOrdersBilled(const Row& invoice, const std::vector<Row>& lines) {
+  const std::vector<Row> items = attachedItems(invoice);
+  for (const Row& order : linkedOrders(invoice.integer("ID_Factura"))) {
+    if (isBilledAsOrdered(order.integer("ID_Comanda"), items, lines)) continue;
+    requireDevice(order);
+    throw RuleError(
+        QStringLiteral("Comanda %1 nu are linie pe factura. Scoateti comanda de pe factura in lista "
+                       "\"Comenzi\" si adaugati-o din nou !")
+            .arg(order.text("Nr")));
   }
 }
 

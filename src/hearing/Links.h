@@ -7,15 +7,23 @@
 
 namespace velmar {
 
-/// The amounts of an order that an invoice of the client bills: ID_Comanda, ID_Dispozitiv, Pret (lei without
-/// VAT). The insurer pays the reference price, the work point or else the patient the rest; an amount of 0 is
-/// no item.
+/// The amounts of an order that an invoice of the client bills: ID_Comanda, Nr, ID_Dispozitiv, Pret (lei
+/// without VAT). The insurer pays the reference price, the work point or else the patient the rest; an amount
+/// of 0 is no item.
 std::vector<Row> attachedItems(const Row& invoice);
+/// The same by device, in the order of the codes: an invoice has one line for each.
+struct DeviceAmount {
+  QString device;
+  Decimal price;       ///< of all its orders
+  QStringList orders;  ///< their numbers
+};
+std::vector<DeviceAmount> attachedDevices(const Row& invoice);
 /// The ledger keys of the vouchers of the invoice, marked links included.
 std::vector<LedgerKey> attachedVouchers(qint64 invoice);
 
 /// Links the order or the voucher to the draft. Throws RuleError when it is on another invoice, does not
-/// exist, or (a voucher) is not validated or not paid by the patient. The caller has the write lock.
+/// exist, (an order) has a device that does not exist, or (a voucher) is not validated or not paid by the
+/// patient. The caller has the write lock.
 void linkOrder(const Row& invoice, qint64 order);
 void linkVoucher(const Row& invoice, qint64 voucher);
 void removeLinks(qint64 invoice);
@@ -29,6 +37,9 @@ QString invoiceWithVoucher(qint64 voucher, MarkedLinks marked = MarkedLinks::Are
 /// Throws RuleError when an order or a voucher of the cancelled invoice is on another invoice, or the voucher
 /// is not validated any more.
 void requireFreeAgain(const Row& invoice);
+/// Throws RuleError, naming the order, when an order of the draft has no line: it would be billed for
+/// nothing.
+void requireOrdersBilled(const Row& invoice, const std::vector<Row>& lines);
 /// Marks the links of the invoice, or takes the mark off.
 void markLinks(qint64 invoice, bool isMarked);
 /// Copies the links to another invoice, marked.

@@ -102,6 +102,32 @@ TEST_P(HearingTest, OrdersOfOneDeviceMergeAndTypedLinesStay) {
   EXPECT_EQ(disagreementText(), QString());
 }
 
+// An order that has no line on its invoice would count as billed while nobody pays for it.
+TEST_P(HearingTest, NoOrderIsBilledForNothing) {
+  Shop shop(GetParam());
+  shop.buy("1", "AP1", "2", "400");
+  const qint64 good = addOrder(shop.order("1", "AP1", "2101.50", "900"));
+  const qint64 lost = addOrder(shop.order("2", "AP2", "100", "50"));
+  ExecutaSql("UPDATE G_COMANDA_AUDIO SET ID_Dispozitiv = 'LIPSA' WHERE ID_Comanda = ?", {lost});
+  const qint64 draft = shop.invoice("7", shop.insurer, BilledBy::Insurer, {good});
+  const QString noDevice = QStringLiteral("Comanda 2 are un dispozitiv care nu exista (LIPSA)");
+  expectRefused([&] { attachOrder(draft, lost); }, noDevice);
+  const qint64 line = invoiceLines(draft).front().integer("ID_Detaliu");
+  expectRefused([&] { removeInvoiceLine(draft, line); },
+                "Linia este din comanda 1. Pentru a o sterge scoateti comanda de pe factura");
+  // Drafts made before these checks.
+  const QStringList before = Shop::books();
+  const char* const link =
+      "INSERT INTO G_AsocieriComenziFacturiAudio (ID_Factura, ID_ComandaAudio, ID_Client, Stornat) VALUES "
+      "(?, ?, ?, 0)";
+  ExecutaSql(link, {draft, lost, shop.insurer});
+  expectRefused([&] { shop.validateDraft(draft); }, noDevice);
+  detachOrder(draft, lost);
+  EXPECT_EQ(Shop::books(), before);
+  ExecutaSql("DELETE FROM G_FacturaClientiAudio_Detalii WHERE ID_Factura = ?", {draft});
+  expectRefused([&] { shop.validateDraft(draft); }, "Comanda 1 nu are linie pe factura");
+}
+
 // A repair that the patient pays leaves stock once: by the voucher, then by the invoice.
 TEST_P(HearingTest, ABilledVoucherLeavesStockOnce) {
   Shop shop(GetParam());
@@ -133,8 +159,8 @@ TEST_P(HearingTest, ABilledVoucherLeavesStockOnce) {
   EXPECT_EQ(disagreementText(), QString());
 }
 
-// The invoice leaves out a part of its voucher, and another voucher takes the part: the first voucher cannot
-// have it back. What links name is not deleted, and articles without stock never move.
+// The invoice bills something else for a part of its voucher, and another voucher takes the part: the first
+// voucher cannot have it back. What links name is not deleted, and articles without stock never move.
 TEST_P(HearingTest, WhatIsGoneIsNotIssuedAgain) {
   Shop shop(GetParam());
   shop.buy("1", "PIESA", "2", "10");
@@ -143,8 +169,11 @@ TEST_P(HearingTest, WhatIsGoneIsNotIssuedAgain) {
   const qint64 paid = shop.voucher("7", true, {{"PIESA", "2"}, {"SERV", "1"}});
   const qint64 draft = shop.invoice("9", shop.patient, BilledBy::Voucher, {});
   attachVoucher(draft, paid);
-  for (const Row& line : invoiceLines(draft))
-    if (line.text("ID_Articol") == "PIESA") removeInvoiceLine(draft, line.integer("ID_Detaliu"));
+  for (const Row& line : invoiceLines(draft)) {
+    expectRefused([&] { removeInvoiceLine(draft, line.integer("ID_Detaliu")); },
+                  "scoateti bonul de pe factura in lista \"Bonuri de reparatii\"");
+    if (line.text("ID_Articol") == "PIESA") saveInvoiceLine(draft, lineWithArticle(line, "SERV"), line);
+  }
   shop.validateDraft(draft);
   const qint64 other = shop.voucher("8", false, {{"PIESA", "2"}});
   const QStringList before = Shop::books();
