@@ -22,9 +22,14 @@ QString balance(const QString& of) {
       QStringLiteral("CASE WHEN D.TIPIE = 'E' THEN -1 WHEN D.TIPIE IN ('I', 'S') THEN 1 END * (%1)").arg(of));
 }
 
+// COST of a line is the cost of a piece, but of hearing-device documents that of the whole line.
+const QString kLineCost = QStringLiteral("CASE WHEN D.IsAudio <> 0 THEN L.VALCOST ELSE L.COST * L.CANT END");
+const QString kPieceCost =
+    QStringLiteral("CASE WHEN D.IsAudio <> 0 THEN L.VALCOST / NULLIF(L.CANT, 0) ELSE L.COST END");
+
 const QString kSums =
     QStringLiteral("%1 AS StocInitial, %2 AS Intrari, %3 AS Iesiri, %4 AS Costul, %5 AS Valoare")
-        .arg(movement("S"), movement("I"), movement("E"), balance("L.COST * L.CANT"), balance("L.VALCOST"));
+        .arg(movement("S"), movement("I"), movement("E"), balance(kLineCost), balance("L.VALCOST"));
 
 // Documents first: an index of the articles would lead through the whole ledger line by line.
 const QString kLedger = QStringLiteral("G_DOCUME AS D CROSS JOIN G_LDOCUM AS L");
@@ -369,13 +374,16 @@ Recordset costOfSalesRows(const ReportChoice& choice, const Progress& progress) 
   report(progress, 1, kParts);
   const QString lines =
       "SELECT D.TIP AS TIP, D.ID AS ID, D.CODTERT AS CODTERT, T.NUME AS NUME, D.DATADOC AS DATADOC, "
-      "L.ARTID AS ARTID, A.DENART AS DENART, L.PRETFT AS PRETFT, L.COST AS COST, "
+      "L.ARTID AS ARTID, A.DENART AS DENART, L.PRETFT AS PRETFT, " +
+      kPieceCost +
+      " AS COST, "
       "ROUND_EVEN(SUM(L.CANT), 6) AS CANT, MIN(L.LINIE) AS LINIE FROM " +
       kLedger +
       " INNER JOIN G_ARTMAG AS A ON A.CODART = L.ARTID LEFT JOIN kt_ter AS T ON T.COD = D.CODTERT "
       "WHERE L.DOCID = D.ID AND D.TIP IN ('FC', 'FS', 'BS') AND COALESCE(A.FARASTOC, 0) = 0 "
       "AND D.DATADOC BETWEEN ? AND ? GROUP BY L.ARTID, A.DENART, D.TIP, D.ID, D.CODTERT, T.NUME, "
-      "D.DATADOC, L.PRETFT, L.COST";
+      "D.DATADOC, L.PRETFT, " +
+      kPieceCost;
   ExecutaSql(QStringLiteral(
                  "INSERT INTO G_DESCAR (NRCRT, POZITIE, TIP, NRCOMANDA, CODCLIENT, NUMECLIENT, DATACOMAND, "
                  "CODARTICOL, DENMARFA, PRETVANZAR, COSTUNITAR, CANTITATE) "

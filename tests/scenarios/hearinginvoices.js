@@ -227,6 +227,23 @@ for (const [entry, form, number] of [["mnuRapComenziClienti", "frmRapComNelivCl"
   w.close();
 }
 
+// The cost of a line is that of all its pieces: 4 parts of 10, of which a voucher took 1 and an invoice 2.
+const onScreen = (entry, window) => {
+    w = menu(entry, window);
+    if (window == "frmRapDescarcare") { w.set("DTPickerdela", "2026-03-01"); w.set("DTPickerPanala", "2026-03-31"); }
+    w.click("cmdEcran");
+    const found = win("frmEcran").grid("TDBGrid1");
+    const cells = (key, columns) => columns.map(column => found.cell(found.column(key).indexOf("PIESA"), column));
+    const texts = window == "frmRapDescarcare" ? cells("CODARTICOL", ["CANTITATE", "COSTUNITAR", "VALOARECOST"])
+        : cells("CODART", ["STOC", window == "frmRapJStoc" ? "COSTUL" : "COST"]);
+    win("frmEcran").close();
+    w.close();
+    return texts;
+};
+equal(onScreen("mnuRapDescarcare", "frmRapDescarcare"), ["2,000", "10,00", "20,00"]);
+equal(onScreen("mnuRapJurnalStoc", "frmRapJStoc"), ["1,000", "10,00"]);
+equal(onScreen("mnuRapDisopnibil", "frmRapDisponibil"), ["1,000", "10,00"]);
+
 // The button of invoices asks what to bill; open lists follow the flag.
 toolbar("Toolbar", 14);
 win("frmFacturaAudio").click("cmdAnulare");
