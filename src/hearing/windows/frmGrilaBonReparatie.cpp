@@ -250,20 +250,30 @@ void frmGrilaBonReparatie::fillDevices() {
   cboArticolAntet_->showData(device);
 }
 
+// Device, type and serial that came from the orders of another patient do not stay.
 void frmGrilaBonReparatie::clientChosen() {
+  const bool wasOrdered = !devices_.isEmpty();
   fillDevices();
-  if (devices_.isEmpty()) return;
-  txtSerie_->setText(devices_.first().text("SERIE"));
-  txtTipAparat_->setText(devices_.first().text("TIP"));
+  if (devices_.isEmpty()) {
+    if (!wasOrdered) return;
+    cboArticolAntet_->showData({});
+    txtSerie_->clear();
+    txtTipAparat_->clear();
+  } else if (!takeOrderOf(cboArticolAntet_->choice().toString())) {
+    takeOrderOf(devices_.first().text("CODART"));
+  }
 }
 
-void frmGrilaBonReparatie::deviceChosen() {
-  const QString code = cboArticolAntet_->choice().toString();
+void frmGrilaBonReparatie::deviceChosen() { takeOrderOf(cboArticolAntet_->choice().toString()); }
+
+bool frmGrilaBonReparatie::takeOrderOf(const QString& device) {
   for (const Row& row : devices_) {
-    if (row.text("CODART") != code) continue;
+    if (row.text("CODART") != device) continue;
     txtSerie_->setText(row.text("SERIE"));
     txtTipAparat_->setText(row.text("TIP"));
+    return true;
   }
+  return false;
 }
 
 void frmGrilaBonReparatie::requireOpen() const {

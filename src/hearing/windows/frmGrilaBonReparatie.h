@@ -33,6 +33,8 @@ class frmGrilaBonReparatie : public HearingForm {
   void showLines();
   void clientChosen();
   void deviceChosen();
+  /// Shows serial and type of the patient's order of the device; returns whether there is one.
+  bool takeOrderOf(const QString& device);
   void fillDevices();
   void requireOpen() const;
   void save();
