@@ -1,8 +1,11 @@
 #include "hearing/Cancellation.h"
 
+#include <algorithm>
+
 #include "config/Session.h"
 #include "documents/HeaderChecks.h"
 #include "documents/Numbering.h"
+#include "hearing/Completeness.h"
 #include "hearing/HearingDrafts.h"
 #include "hearing/Invoices.h"
 #include "hearing/Issue.h"
@@ -174,6 +177,31 @@ LedgerDocument stornoLedger(const LedgerKey& invoice, const Row& storno) {
   return ledger;
 }
 
+// What the invoice's orders cost for the article of the line; nothing if it is not a line of orders.
+const DeviceAmount* orderedOf(const Row& line, const std::vector<DeviceAmount>& devices) {
+  if (!line.flag("DinComanda")) return nullptr;
+  const auto found = std::find_if(devices.begin(), devices.end(), [&line](const DeviceAmount& each) {
+    return each.device.compare(line.text("ID_Articol"), Qt::CaseInsensitive) == 0;
+  });
+  return found == devices.end() ? nullptr : &*found;
+}
+
+bool hasPriceOf(const Row& line, const DeviceAmount& ordered) {
+  return storedMoney(line.decimal("PretUnitar")) == storedMoney(ordered.price);
+}
+
+// DinComanda of a storno's line: when the invoice was cancelled, the line had the price of its orders. The
+// user may have typed another one, which does not depend on the orders.
+void requireSamePrices(const Row& storno, const Row& invoice) {
+  const std::vector<DeviceAmount> devices = attachedDevices(invoice);
+  for (const Row& line : invoiceLines(storno.integer("ID_Factura"))) {
+    const DeviceAmount* ordered = orderedOf(line, devices);
+    if (ordered && !hasPriceOf(line, *ordered))
+      throw RuleError(QStringLiteral("Comanda %1 are acum alt pret. Stornarea nu poate fi stearsa !")
+                          .arg(ordered->orders.join(QStringLiteral(", "))));
+  }
+}
+
 // A copy of the header and the lines; returns it.
 Row copiedInvoice(const Row& invoice, const QString& number, const QDate& date) {
   const Table& headers = companyTable("G_FacturiClientiAudio");
@@ -185,19 +213,18 @@ Row copiedInvoice(const Row& invoice, const QString& number, const QDate& date) 
   storno.set("IsStorno", true);
   storno.set("Observatii", invoice.text("Nr"));
   const qint64 key = insertNumbered(headers, storno);
-  const QString columns = QStringLiteral("ID_Articol, Articol, Cant, PretUnitar, Valoare, TVA, Total, Cost");
+  const QStringList columns = {"ID_Articol", "Articol", "Cant",  "PretUnitar",
+                               "Valoare",    "TVA",     "Total", "Cost"};
+  const std::vector<DeviceAmount> devices = attachedDevices(invoice);
   std::vector<Values> rows;
-  for (const Row& line :
-       OpenRs(QStringLiteral(
-                  "SELECT %1 FROM G_FacturaClientiAudio_Detalii WHERE ID_Factura = ? ORDER BY ID_Detaliu")
-                  .arg(columns),
-              {invoice.integer("ID_Factura")})) {
-    Values cells{key};
-    for (const QString& column : line.columns()) cells.push_back(Value::raw(line.value(column)));
+  for (const Row& line : invoiceLines(invoice.integer("ID_Factura"))) {
+    const DeviceAmount* ordered = orderedOf(line, devices);
+    Values cells{key, ordered && hasPriceOf(line, *ordered)};
+    for (const QString& column : columns) cells.push_back(Value::raw(line.value(column)));
     rows.push_back(std::move(cells));
   }
-  database().insertRows("G_FacturaClientiAudio_Detalii",
-                        QStringList("ID_Factura") + columns.split(QStringLiteral(", ")), rows);
+  database().insertRows("G_FacturaClientiAudio_Detalii", QStringList{"ID_Factura", "DinComanda"} + columns,
+                        rows);
   storno.set("ID_Factura", key);
   return storno;
 }
@@ -230,9 +257,12 @@ void requireRemovableHearing(const LedgerKey& key) {
         throw RuleError(
             QStringLiteral("Factura a fost stornata cu documentul %1. Nu poate fi stearsa.").arg(storno));
       break;
-    case KindId::DeviceStorno:
-      requireFreeAgain(cancelledInvoice(key.number));
+    case KindId::DeviceStorno: {
+      const Row invoice = cancelledInvoice(key.number);
+      requireFreeAgain(invoice);
+      requireSamePrices(requiredInvoice(key.number, true), invoice);
       break;
+    }
     default:
       break;
   }

@@ -9,7 +9,8 @@
 namespace velmar {
 
 /// Throws RuleError when the document must stay: a later issue of its first article exists, a voucher is on
-/// an invoice, an invoice was cancelled, or an order or voucher of a cancelled invoice is on another one.
+/// an invoice, an invoice was cancelled, or (a storno) an order or voucher of the cancelled invoice is on
+/// another one or an order has another client, device or price.
 void requireRemovableHearing(const LedgerKey& key);
 
 /// Takes the document back in one transaction, with all checks under the write lock; returns whether it had

@@ -199,6 +199,17 @@ TEST_P(HearingTest, AStornoAndItsDeletionLeaveTheBooksAsTheyWere) {
   const qint64 paid = shop.voucher("5", true, {{"PIESA", "1"}});
   const qint64 draft = shop.invoice("20", shop.insurer, BilledBy::Insurer, {order});
   shop.validateDraft(draft);
+  // A price that the user typed does not depend on the order's.
+  shop.buy("4", "AP2", "1", "300");
+  const qint64 typed =
+      shop.invoice("22", shop.insurer, BilledBy::Insurer, {addOrder(shop.order("2", "AP2", "1500", "900"))});
+  Row line = invoiceLines(typed).front();
+  line.set("PretUnitar", Decimal(1000));
+  computeLine(line, 19);
+  saveInvoiceLine(typed, line, invoiceLines(typed).front());
+  shop.validateDraft(typed);
+  cancelHearingInvoice(invoiceKey("22"), "23", clock::today());
+  takeBack(stornoKey("23"));
   const qint64 repair = shop.invoice("21", shop.patient, BilledBy::Voucher, {});
   attachVoucher(repair, paid);
   shop.validateDraft(repair);
@@ -237,6 +248,12 @@ TEST_P(HearingTest, AStornoAndItsDeletionLeaveTheBooksAsTheyWere) {
     saveOrder(corrected, shown);
     expectRefused([&] { takeBack(stornoKey("30")); }, "alt client sau alt dispozitiv");
     saveOrder(shown, corrected);
+    Row cheaper = shown;
+    cheaper.set("PretReferinta", Decimal(100));
+    saveOrder(cheaper, shown);
+    expectRefused([&] { takeBack(stornoKey("30")); },
+                  "Comanda 1 are acum alt pret. Stornarea nu poate fi stearsa !");
+    saveOrder(shown, cheaper);
     takeBack(stornoKey("31"));
     takeBack(stornoKey("30"));
     EXPECT_EQ(Shop::books(), before);
