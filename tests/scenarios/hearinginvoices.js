@@ -119,7 +119,7 @@ const choose = option => {
     const ask = win("frmFacturaAudio");
     equal(ask.title(), "Factura Audio");
     ask.set(option, true);
-    ask.click("cmdOk");
+    ask.press(option, "Return");
     check(!isOpen("frmFacturaAudio"));
     return win("frmGrilaFacturaAudio");
 };

@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QButtonGroup>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -29,7 +30,8 @@ constexpr Option kOptions[] = {{"optCas", "Comanda: C A S", BilledBy::Insurer},
 
 }  // namespace
 
-frmFacturaAudio::frmFacturaAudio(QWidget* parent) : QWidget(parent), options_(new QButtonGroup(this)) {
+frmFacturaAudio::frmFacturaAudio(QWidget* parent)
+    : QWidget(parent), options_(new QButtonGroup(this)), cmdOk_(makeButton("cmdOk", "&OK", {}, "validate")) {
   setObjectName("frmFacturaAudio");
   setWindowTitle("Factura Audio");
   auto* frame = new QGroupBox("Factura pe baza de");
@@ -40,22 +42,27 @@ frmFacturaAudio::frmFacturaAudio(QWidget* parent) : QWidget(parent), options_(ne
     inside->addWidget(option);
   }
   options_->button(static_cast<int>(BilledBy::Insurer))->setChecked(true);
-  auto* ok = makeButton("cmdOk", "&OK", {}, "validate");
-  connect(ok, &QPushButton::clicked, this,
+  connect(cmdOk_, &QPushButton::clicked, this,
           [this] { guarded("frmFacturaAudio", "cmdOk_Click", [this] { open(); }); });
   auto* leave = makeButton("cmdAnulare", "&Anulare", {}, "close");
   connect(leave, &QPushButton::clicked, this, [this] { closeForm(this); });
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
-  buttons->addWidget(ok);
+  buttons->addWidget(cmdOk_);
   buttons->addWidget(leave);
   auto* all = new QVBoxLayout(this);
   all->addWidget(frame);
   all->addStretch();
   all->addLayout(buttons);
-  setUpKeys(this, ok, leave);
+  setUpKeys(this, cmdOk_, leave);
   giveMnemonics(this);
   options_->checkedButton()->setFocus();
+}
+
+// Enter goes on from the options too; a focused button has taken it before.
+void frmFacturaAudio::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return cmdOk_->click();
+  QWidget::keyPressEvent(event);
 }
 
 void frmFacturaAudio::open() {

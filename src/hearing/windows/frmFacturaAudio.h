@@ -4,6 +4,7 @@
 #include <QWidget>
 
 class QButtonGroup;
+class QPushButton;
 
 namespace velmar {
 
@@ -12,10 +13,14 @@ class frmFacturaAudio : public QWidget {
  public:
   explicit frmFacturaAudio(QWidget* parent = nullptr);
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   void open();
 
   QButtonGroup* options_;  ///< the identifiers are those of BilledBy
+  QPushButton* cmdOk_;
 };
 
 }  // namespace velmar
