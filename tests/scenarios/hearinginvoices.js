@@ -78,6 +78,7 @@ answer("OK");
 check(!parts.enter(0, "Cant", "x"));
 expectMessage("Va rog introduceti o valoare numerica");
 check(parts.enter(0, "Cant", "9"));
+equal(parts.cell(0, "PretUnitar"), "50,00", "the price keeps its decimals");
 equal(parts.footer("Valoare"), "450,00");
 told(() => w.click("cmdValidare"), "Va rog completati data terminare");
 w.set("chkDataTerminare", true);

@@ -69,7 +69,7 @@ class DetailLines : public QAbstractTableModel {
     if (role == Qt::DisplayRole) return cellText(value, column);
     if (role == Qt::EditRole)
       return column.format == CellFormat::Number && !value.isNull()
-                 ? editNumber(Decimal::fromDouble(value.toDouble()))
+                 ? editNumber(Decimal::fromDouble(value.toDouble()), column.decimals)
                  : value.toString();
     return {};
   }
