@@ -159,6 +159,7 @@ told(() => w.click("cmdValidare"), "Factura a fost salvata in documente");
 equal(sql("SELECT TIP, TIPIE, CODTERT, TOTALFT, TOTALTVA, TOTALCOST, ISAUDIO FROM G_DOCUME WHERE ID = 'FC101'")[0],
       {CODTERT: 501, ISAUDIO: -1, TIP: "FC", TIPIE: "E", TOTALCOST: 400, TOTALFT: 900, TOTALTVA: 171});
 equal(w.grid("grdListaFacturi").rows(), 0);
+equal(["Valoare", "TVA", "Total"].map(column => detail.footer(column)), ["", "", ""], "the footers are emptied");
 w.close();
 
 // The work point pays the rest; a typed line; another rate.

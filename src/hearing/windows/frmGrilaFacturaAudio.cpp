@@ -252,9 +252,12 @@ void frmGrilaFacturaAudio::showLines() {
     vat += line.decimal("TVA");
     total += line.decimal("Total");
   }
-  grdDetalii_->setFooter("Valoare", formatNumber(value, 2));
-  grdDetalii_->setFooter("TVA", formatNumber(vat, 2));
-  grdDetalii_->setFooter("Total", formatNumber(total, 2));
+  const auto footer = [this, invoice](const QString& field, const Decimal& sum) {
+    grdDetalii_->setFooter(field, invoice == 0 ? QString() : formatNumber(sum, 2));
+  };
+  footer("Valoare", value);
+  footer("TVA", vat);
+  footer("Total", total);
   showHint();
 }
 
