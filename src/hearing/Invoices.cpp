@@ -241,6 +241,7 @@ void saveInvoice(const Row& header, BilledBy by, const Row& shown) {
   const Row row = stored(header, by);
   const qint64 key = shown.integer("ID_Factura");
   Transaction transaction(database());
+  drafts().requireDraft(key);
   requireFreeNumber(row.text("Nr"), key);
   requireSamePartners(row, shown, key);
   drafts().saveHeader(

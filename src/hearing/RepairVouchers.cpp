@@ -144,6 +144,7 @@ qint64 addVoucher(const Row& header) {
 void saveVoucher(const Row& header, const Row& shown) {
   const Row row = stored(header);
   Transaction transaction(database());
+  drafts().requireDraft(shown.integer("ID_BonReparatie"));
   requireFreeNumber(row, shown.integer("ID_BonReparatie"));
   drafts().saveHeader(
       row, shown,

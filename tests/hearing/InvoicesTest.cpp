@@ -291,6 +291,11 @@ TEST_P(HearingTest, HeadersAreCompleteAndNumbersFree) {
   const std::vector<Row> shown = invoiceLines(draft);
   removeInvoiceLine(draft, shown.front().integer("ID_Detaliu"));
   expectRefused([&] { validateInvoice(storedInvoice(draft), shown); }, "modificat intre timp");
+  const Row header = storedInvoice(draft);
+  ExecutaSql("INSERT INTO G_DOCUME (ID, TIP) VALUES ('FC5', 'FC')");
+  ExecutaSql("UPDATE G_FacturiClientiAudio SET Validat = -1");
+  expectRefused([&] { saveInvoice(header, BilledBy::Patient, header); },
+                "a fost validat sau sters intre timp de alt utilizator");
   expectRefused(
       [] { removePartner(OpenRs("SELECT COD FROM kt_ter WHERE NUME = 'POP ION'").first().integer("COD")); },
       "documente inregistrate");

@@ -218,6 +218,10 @@ void frmGrilaBonReparatie::startNew() {
   showLines();
 }
 
+bool frmGrilaBonReparatie::isShownGone() const {
+  return binding_.ID() != 0 && storedVoucher(binding_.ID()).isEmpty();
+}
+
 void frmGrilaBonReparatie::closeEvent(QCloseEvent* event) {
   if (!grdDetalii_->commitPending()) return event->ignore();
   HearingForm::closeEvent(event);

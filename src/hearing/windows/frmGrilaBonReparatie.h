@@ -22,6 +22,7 @@ class frmGrilaBonReparatie : public HearingForm {
  protected:
   void showRecord(const Row* record) override;
   void startNew() override;
+  bool isShownGone() const override;
   void closeEvent(QCloseEvent* event) override;
 
  private:

@@ -233,6 +233,12 @@ void frmGrilaFacturaAudio::startNew() {
   if (!proposed.warning.isEmpty()) Mesaj(proposed.warning);
 }
 
+bool frmGrilaFacturaAudio::isShownGone() const {
+  if (binding_.ID() == 0) return false;
+  const Row stored = storedInvoice(binding_.ID());
+  return stored.isEmpty() || stored.flag("Validat");
+}
+
 void frmGrilaFacturaAudio::showEvent(QShowEvent* event) {
   ListForm::showEvent(event);
   guarded(objectName(), "Form_Activate", [this] { fillLists(); });

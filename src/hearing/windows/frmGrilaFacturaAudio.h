@@ -24,6 +24,7 @@ class frmGrilaFacturaAudio : public ListForm {
  protected:
   void showRecord(const Row* record) override;
   void startNew() override;
+  bool isShownGone() const override;
   void showNew();
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;

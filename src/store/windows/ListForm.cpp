@@ -297,8 +297,8 @@ void ListForm::refresh() {
 }
 
 // Values being edited in the card are not changed.
-void ListForm::refreshKeepingEdits() {
-  keepEdits_ = !addOnly_ && (new_ || card_.isChanged());
+void ListForm::refreshKeepingEdits(bool keepsCard) {
+  keepEdits_ = !addOnly_ && (keepsCard || new_ || card_.isChanged());
   refresh();
   keepEdits_ = false;
 }
@@ -310,7 +310,8 @@ void ListForm::follow(const QSet<QString>& written) {
 }
 
 void ListForm::catchUp() {
-  if (stale_ && isVisible()) guarded(objectName(), "Form_Activate", [this] { refreshKeepingEdits(); });
+  if (stale_ && isVisible())
+    guarded(objectName(), "Form_Activate", [this] { refreshKeepingEdits(isShownGone()); });
 }
 
 void ListForm::showEvent(QShowEvent* event) {

@@ -94,6 +94,10 @@ class ListForm : public QWidget {
   virtual void showRecord(const Row* record);
   /// The card begins a new record.
   virtual void startNew();
+  /// Whether the record in the card is not one of the list any more. When the list follows what was written,
+  /// the card keeps such a record instead of showing another one: the next command on it says that it is
+  /// gone.
+  virtual bool isShownGone() const { return false; }
   /// The box that Ctrl+F goes to.
   virtual QWidget* searchBox() { return search_; }
   /// Sets the focus on the control of a column.
@@ -111,7 +115,7 @@ class ListForm : public QWidget {
   void setNew(bool isNew) { new_ = isNew; }
 
  private:
-  void refreshKeepingEdits();
+  void refreshKeepingEdits(bool keepsCard = false);
   void follow(const QSet<QString>& written);
   void catchUp();
   void takeBack();
