@@ -1,5 +1,6 @@
 #include "shell/Panel.h"
 
+#include "config/Session.h"
 #include "documents/kinds/Kinds.h"
 #include "store/Database.h"
 
@@ -26,12 +27,21 @@ PanelSales panelSales(const QDate& today) {
 
 Recordset panelDrafts() {
   QStringList counts;
+  const auto add = [&counts](const QString& prefix, const QString& window, const QString& headers) {
+    counts.append(
+        QStringLiteral("SELECT '%1' AS FEL, '%2' AS FEREASTRA, COUNT(*) AS NUMAR FROM %3 WHERE VALIDAT "
+                       "= 0")
+            .arg(prefix, window, headers));
+  };
   for (const DocumentKind& kind : documentKinds())
-    if (kind.hasDraft && kind.rules)
-      counts.append(QStringLiteral("SELECT '%1' AS FEL, COUNT(*) AS NUMAR FROM %2 WHERE VALIDAT = 0")
-                        .arg(kind.prefix, kind.headerTable));
-  return OpenRs(QStringLiteral("SELECT FEL, NUMAR FROM (%1) AS D WHERE NUMAR > 0 ORDER BY FEL")
-                    .arg(counts.join(QStringLiteral(" UNION ALL "))));
+    if (kind.hasDraft && kind.rules) add(kind.prefix, kind.window, kind.headerTable);
+  if (session().ModAudio) {
+    add(ledgerKind(KindId::DeviceInvoice).prefix, "frmFacturaAudio", "G_FacturiClientiAudio");
+    add(ledgerKind(KindId::RepairVoucher).prefix, "frmGrilaBonReparatie", "G_BonReparatii");
+  }
+  return OpenRs(
+      QStringLiteral("SELECT FEL, FEREASTRA, NUMAR FROM (%1) AS D WHERE NUMAR > 0 ORDER BY FEL, FEREASTRA")
+          .arg(counts.join(QStringLiteral(" UNION ALL "))));
 }
 
 Recordset panelShortages() {

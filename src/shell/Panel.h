@@ -15,7 +15,8 @@ struct PanelSales {
 };
 PanelSales panelSales(const QDate& today);
 
-/// Kinds of documents with drafts: FEL (prefix), NUMAR.
+/// Kinds of documents with drafts, those of the hearing-device trade included while the company has it: FEL
+/// (prefix), FEREASTRA (the window's name), NUMAR.
 Recordset panelDrafts();
 /// Stocked articles at or below their minimum stock, if that is above 0: CODART, DENART, STOC, STOCMINIM.
 Recordset panelShortages();

@@ -317,3 +317,34 @@ w.grid("grdListaFacturi").select(0);
 equal(w.text("txtNumar"), "103");
 asked(() => w.click("cmdSterge"), "Sigur doriti sa stergeti factura?", "Factura a fost stearsa cu succes");
 equal(call("disagreementText"), "");
+
+// Another workstation has taken a draft: the next command says so, and the draft beside it stays as it is.
+const draft = number => {
+    w.click("cmdFacturaNoua");
+    w.type("txtNumar", number);
+    w.pick("cboClient", "POP ION");
+    w.click("cmdSalvare");
+    w.grid("grdDetalii").enter(-1, "ID_Articol", "PIESA");
+};
+draft("111");
+draft("110");
+const gone = "Documentul a fost validat sau sters intre timp de alt utilizator !";
+sql("UPDATE G_FacturiClientiAudio SET Validat = -1 WHERE Nr = '110'");
+told(() => w.click("cmdValidare"), gone);
+told(() => w.click("cmdSalvare"), gone);
+sql("DELETE FROM G_FacturaClientiAudio_Detalii WHERE ID_Factura = (SELECT ID_Factura FROM G_FacturiClientiAudio WHERE Nr = '110')");
+sql("DELETE FROM G_FacturiClientiAudio WHERE Nr = '110'");
+told(() => w.click("cmdSalvare"), gone);
+equal(sql("SELECT Nr, Validat FROM G_FacturiClientiAudio WHERE Nr IN ('110', '111')"), [{NR: "111", VALIDAT: 0}]);
+
+// The first page counts the drafts.
+sql("INSERT INTO G_BonReparatii (ID_BonReparatie, Nr, ID_Client, ID_Aparat, IsTerminat, IsContraCost, Validat) VALUES (90, '90', 503, 'AP1', 0, 0, 0)");
+w = menu("mnuPanou", "frmPanou");
+const drafts = w.grid("grdCiorne");
+equal([drafts.column("FEL"), drafts.column("NUMAR")], [["BC", "FC"], ["1", "1"]]);
+["frmGrilaBonReparatie", "frmFacturaAudio"].forEach((window, place) => {
+    drafts.select(place);
+    w.press("grdCiorne", "Enter");
+    check(isOpen(window), window);
+    win(window).close();
+});

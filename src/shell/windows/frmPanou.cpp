@@ -33,12 +33,14 @@ constexpr int kDraftsPart = 2;
 constexpr int kStockPart = 3;
 
 // The menu opens customer invoices by the choice of what they are made from.
-QString menuWindowOf(const DocumentKind& kind) {
-  return kind.id == KindId::CustomerInvoice ? QStringLiteral("frmGrilaFC2") : kind.window;
+QString menuWindowOf(const QString& window) {
+  return window == documentKind(KindId::CustomerInvoice).window ? QStringLiteral("frmGrilaFC2") : window;
 }
 
 // The caption of the window in the menu; its name when the menu does not have it.
 QString captionOf(const QString& window) {
+  // The menu has two entries "Factura".
+  if (window == QStringLiteral("frmFacturaAudio")) return QStringLiteral("Factura Audio");
   for (const MenuEntry& entry : menuTable())
     if (entry.window == window) return QString(entry.caption).remove(u'&');
   return window;
@@ -179,10 +181,11 @@ void frmPanou::read() {
     lblLuna_->setText(formatNumber(sales.month, 2));
     lblAcumSapte_->setText(formatNumber(sales.weekAgo, 2));
     const Recordset drafts = panelDrafts();
-    Recordset shown(std::make_shared<Columns>(QStringList{"FEL", "DENUMIRE", "NUMAR"}));
-    for (const Row& row : drafts)
-      shown.append(
-          {row.value("FEL"), captionOf(menuWindowOf(documentKind(row.text("FEL")))), row.value("NUMAR")});
+    Recordset shown(std::make_shared<Columns>(QStringList{"FEL", "DENUMIRE", "NUMAR", "FEREASTRA"}));
+    for (const Row& row : drafts) {
+      const QString window = menuWindowOf(row.text("FEREASTRA"));
+      shown.append({row.value("FEL"), captionOf(window), row.value("NUMAR"), window});
+    }
     grdCiorne_->setRecordset(std::move(shown));
     grdMinim_->setRecordset(panelShortages());
     grdComenzi_->setRecordset(panelLateOrders(clock::today()));
@@ -190,8 +193,6 @@ void frmPanou::read() {
   });
 }
 
-void frmPanou::openDrafts() {
-  openWindow(menuWindowOf(documentKind(grdCiorne_->currentRecord()->text("FEL"))));
-}
+void frmPanou::openDrafts() { openWindow(grdCiorne_->currentRecord()->text("FEREASTRA")); }
 
 }  // namespace velmar
