@@ -9,7 +9,8 @@ namespace velmar {
 
 namespace {
 
-constexpr int kMostTicks = 50;  // of an axis
+constexpr int kMostTicks = 50;     // of an axis
+constexpr double kMarkSize = 2.6;  // in widths of the curve
 
 QList<double> ticks(double least, double most, double step, bool isDoubling) {
   QList<double> values;
@@ -20,6 +21,19 @@ QList<double> ticks(double least, double most, double step, bool isDoubling) {
     if (!goesOn) break;
   }
   return values;
+}
+
+// Every how many ticks have a number: those that are `least` apart, even steps from 0 (or from the first
+// tick) to the end of the scale that is farther from 0. Neighbours are `apart`.
+qsizetype numberStep(const QList<double>& values, double apart, double least, bool isDoubling) {
+  const qsizetype count = values.size();
+  if (count < 2) return 1;
+  const qsizetype zero = isDoubling ? 0 : std::max<qsizetype>(0, values.indexOf(0));
+  const bool isEndFirst = std::abs(values.first()) > std::abs(values.last());
+  const qsizetype reach = isEndFirst && zero > 0 ? zero : count - 1 - zero;
+  for (qsizetype step = 1; step < reach; ++step)
+    if (reach % step == 0 && apart * double(step) >= least) return step;
+  return std::max<qsizetype>(1, reach);
 }
 
 class Plot {
@@ -69,7 +83,6 @@ void drawMark(QPainter& painter, const QPointF& at, CurveMark mark, double size)
 }
 
 void drawCurve(QPainter& painter, const Plot& plot, const CurveLine& curve, double pen) {
-  constexpr double kMarkSize = 2.6;  // of the width of the curve
   painter.setPen(QPen(curve.colour, pen));
   std::optional<QPointF> before;
   QList<QPointF> marks;
@@ -95,40 +108,58 @@ void drawCurves(QPainter& painter, const QRectF& frame, const CurveAxes& axes, c
   const QFontMetricsF metrics(painter.font());
   const QList<double> across = ticks(axes.leastX, axes.mostX, axes.stepX, axes.doubling);
   const QList<double> up = ticks(axes.leastY, axes.mostY, axes.stepY, false);
-  double widest = 0;
-  for (const double value : up) widest = std::max(widest, metrics.horizontalAdvance(numberText(value)));
+  const auto widestOf = [&metrics](const QList<double>& values) {
+    double widest = 0;
+    for (const double value : values) widest = std::max(widest, metrics.horizontalAdvance(numberText(value)));
+    return widest;
+  };
+  const double widest = widestOf(up);
   const double gap = metrics.averageCharWidth();
+  // Marks at the edge stay clear of the numbers, and those of both axes clear of each other.
+  const double mark = pen * (kMarkSize + 1);
+  const double below = std::max(mark, metrics.height() / 2);
   const double right = across.isEmpty() ? 0 : metrics.horizontalAdvance(numberText(across.last())) / 2;
-  const QRectF area =
-      frame.adjusted(widest + 2 * gap, metrics.height() / 2 + gap / 2, -right - gap, -metrics.height() - gap);
+  const QRectF area = frame.adjusted(widest + gap + mark, std::max(mark, metrics.height() / 2 + gap / 2),
+                                     -std::max(mark, right + gap), -below - metrics.height());
   if (area.width() <= 0 || area.height() <= 0) return painter.restore();
   const Plot plot(area, axes);
   const QColor text = painter.pen().color();
   QColor lines = text;
   lines.setAlphaF(0.25F);
-  double free = frame.left();  // numbers that would overlap are left out
-  for (const double value : across) {
-    const double at = plot.x(value);
-    painter.setPen(QPen(lines, pen / 3));
-    painter.drawLine(QPointF(at, area.top()), QPointF(at, area.bottom()));
-    const double width = metrics.horizontalAdvance(numberText(value));
-    if (at - width / 2 < free) continue;
-    painter.setPen(text);
-    painter.drawText(QRectF(at - width, area.bottom() + gap / 2, 2 * width, metrics.height()),
-                     Qt::AlignHCenter | Qt::AlignTop, numberText(value));
-    free = at + width / 2 + gap;
-  }
-  double last = -1;
-  for (const double value : up) {
-    const double at = plot.y(value);
-    painter.setPen(QPen(lines, pen / 3));
-    painter.drawLine(QPointF(area.left(), at), QPointF(area.right(), at));
-    if (last >= 0 && std::abs(at - last) < metrics.height()) continue;
-    painter.setPen(text);
-    painter.drawText(QRectF(frame.left(), at - metrics.height() / 2, widest + gap, metrics.height()),
-                     Qt::AlignRight | Qt::AlignVCenter, numberText(value));
-    last = at;
-  }
+  const auto apart = [](double size, const QList<double>& values) {
+    return values.size() > 1 ? size / double(values.size() - 1) : size;
+  };
+  const auto draw = [&](const QList<double>& values, bool isDoubling, double step, double least, auto&& line,
+                        auto&& number) {
+    const qsizetype every = numberStep(values, step, least, isDoubling);
+    const qsizetype zero = isDoubling ? 0 : std::max<qsizetype>(0, values.indexOf(0));
+    for (qsizetype i = 0; i < values.size(); ++i) {
+      painter.setPen(QPen(lines, pen / 3));
+      line(values[i]);
+      painter.setPen(text);
+      if ((i - zero) % every == 0) number(values[i], numberText(values[i]));
+    }
+  };
+  draw(
+      across, axes.doubling, apart(area.width(), across), widestOf(across) + gap,
+      [&](double value) {
+        painter.drawLine(QPointF(plot.x(value), area.top()), QPointF(plot.x(value), area.bottom()));
+      },
+      [&](double value, const QString& shown) {
+        const double width = metrics.horizontalAdvance(shown);
+        painter.drawText(QRectF(plot.x(value) - width, area.bottom() + below, 2 * width, metrics.height()),
+                         Qt::AlignHCenter | Qt::AlignTop, shown);
+      });
+  draw(
+      up, false, apart(area.height(), up), metrics.height(),
+      [&](double value) {
+        painter.drawLine(QPointF(area.left(), plot.y(value)), QPointF(area.right(), plot.y(value)));
+      },
+      [&](double value, const QString& shown) {
+        painter.drawText(
+            QRectF(frame.left(), plot.y(value) - metrics.height() / 2, widest + gap / 2, metrics.height()),
+            Qt::AlignRight | Qt::AlignVCenter, shown);
+      });
   for (const CurveLine& curve : curves) drawCurve(painter, plot, curve, pen);
   painter.restore();
 }
