@@ -45,7 +45,7 @@ w.type("txtCompensareCAS", "900");
 equal(w.text("txtDiferenta"), "1.201,50");
 w.type("txtGradHipoacuzie", "severa");
 equal(w.text("txtGradHipoacuzie"), "SEVERA");
-w.type("txtNrDecizie", "D1");
+w.type("txtNrDecizie", "DECIZIA/CAS-12345678");
 w.type("txtNrCarnetAsigurat", "C1");
 w.type("txtNrCertificatGarantie", "G1");
 w.set("optDreapta", true);
@@ -85,9 +85,10 @@ paper.set("OptionVerso", true);
 paper.click("cmdVisualizare");
 const pdfs = printed();
 equal(pdfs.length, 2);
-["COMANDA DISPOZITIV", "A1", "POP ION", "CAS BIHOR", "DR. MICLEA", "CABINET ORL", "APARAT UNU", "1.201,50"].forEach(text =>
+const decision = "DECIZIA/CAS-12345678 din " + today().split("-").reverse().join(".");
+["COMANDA DISPOZITIV", "A1", "POP ION", "CAS BIHOR", "DR. MICLEA", "CABINET ORL", "APARAT UNU", "1.201,50", decision].forEach(text =>
     check(pdfText(pdfs[0]).includes(text), text));
-check(pdfText(pdfs[1]).includes("CERTIFICAT DE GARANTIE") && pdfText(pdfs[1]).includes("35,5"), "back");
+check(pdfText(pdfs[1]).includes("CERTIFICAT DE GARANTIE") && pdfText(pdfs[1]).includes("35,5") && pdfText(pdfs[1]).includes(decision), "back");
 paper.click("cmdAnulare");
 sql("DELETE FROM kt_ter WHERE COD = 504");
 w.click("cmdTiparireDocument");

@@ -26,6 +26,7 @@ namespace velmar {
 namespace {
 
 constexpr int kShownName = 18;  // characters
+constexpr int kNumberLetters = 20;
 const QString kNotANumber = QStringLiteral("Va rog introduceti o valoare numerica");
 const QString kNoOrder = QStringLiteral("Va rog selectati o comanda");
 const QStringList kPartnerColumns = {"ID_Pacient", "ID_Doctor", "ID_CAS", "ID_PunctLucru"};
@@ -65,21 +66,6 @@ QString nameOf(const QString& column, const QVariant& code) {
   const bool isArticle = column == QStringLiteral("ID_Dispozitiv");
   const Row found = record(companyTable(isArticle ? "G_ARTMAG" : "kt_ter"), Value::raw(code));
   return found.isEmpty() ? QString() : found.text(isArticle ? "DENART" : "NUME");
-}
-
-QLabel* pairLabel(const QString& text, QWidget* buddy) {
-  auto* label = new QLabel(text);
-  label->setBuddy(buddy);
-  return label;
-}
-
-// A box and a date on one line.
-QLayout* pairOf(QWidget* box, const QString& caption, QWidget* date) {
-  auto* line = new QHBoxLayout;
-  line->addWidget(box, 1);
-  line->addWidget(pairLabel(caption, date));
-  line->addWidget(date);
-  return line;
 }
 
 }  // namespace
@@ -138,18 +124,24 @@ QWidget* frmComandaAudio::listPage() {
 QWidget* frmComandaAudio::partiesFrame() {
   auto* frame = named(new QGroupBox("Comanda"), "frmComanda");
   auto* rows = new QFormLayout(frame);
-  QLineEdit* number = card().add("Nr", makeTextBox("txtNrComanda", 20));
+  QLineEdit* number = numberBox("Nr", "txtNrComanda");
   connect(number, &QLineEdit::editingFinished, number,
           [number] { number->setText(number->text().toUpper()); });
-  rows->addRow("Nr.", pairOf(number, "Data", card().add("Data", named(new DateBox, "dtData"))));
-  static_cast<QLabel*>(rows->labelForField(rows->itemAt(0, QFormLayout::FieldRole)->layout()))
-      ->setBuddy(number);
+  rows->addRow("Nr.", number);
+  rows->addRow("Data", card().add("Data", named(new DateBox, "dtData")));
   rows->addRow("Pacient", addList("ID_Pacient", "cboPacient", partners("TIP = 'P'"), kShownName));
   rows->addRow("Doctor", addList("ID_Doctor", "cboDoctor", partners("TIP = 'D'"), kShownName));
   rows->addRow("C.A.S.", addList("ID_CAS", "cboCAS", partners("TIP = 'C' OR TIP = 'M'"), kShownName));
   rows->addRow("Punct de lucru",
                addList("ID_PunctLucru", "cboPunctLucru", partners("TIP = 'C' OR TIP = 'M'"), kShownName));
   return frame;
+}
+
+// All its letters can be seen, capitals too.
+QLineEdit* frmComandaAudio::numberBox(const QString& column, const QString& name) {
+  auto* box = card().add(column, makeTextBox(name, kNumberLetters));
+  fitCapitals(box);
+  return box;
 }
 
 NumberBox* frmComandaAudio::priceBox(const QString& column, const QString& name) {
@@ -188,13 +180,11 @@ QWidget* frmComandaAudio::papersFrame() {
   auto* rows = new QFormLayout(frame);
   const auto withDate = [&](const QString& caption, const char* column, const char* box,
                             const char* dateColumn, const char* date) {
-    QLineEdit* number = card().add(column, makeTextBox(box, 20));
-    QLayout* line = pairOf(number, "Data", card().add(dateColumn, named(new DateBox, date)));
-    rows->addRow(caption, line);
-    static_cast<QLabel*>(rows->labelForField(line))->setBuddy(number);
+    rows->addRow(caption, numberBox(column, box));
+    rows->addRow("Data", card().add(dateColumn, named(new DateBox, date)));
   };
   withDate("Nr. Decizie", "NrDecizie", "txtNrDecizie", "DataDecizie", "dtDataDecizie");
-  rows->addRow("Nr. carnet asigurat", card().add("NrCarnetAsigurat", makeTextBox("txtNrCarnetAsigurat", 20)));
+  rows->addRow("Nr. carnet asigurat", numberBox("NrCarnetAsigurat", "txtNrCarnetAsigurat"));
   withDate("Nr. Certificat Garantie", "NrCertificatGarantie", "txtNrCertificatGarantie",
            "DataCertificatGarantie", "dtDataGarantie");
   rows->addRow("Serie Dispozitiv", card().add("SerieDispozitiv", makeTextBox("txtSerieDisp", 30)));
@@ -204,7 +194,7 @@ QWidget* frmComandaAudio::papersFrame() {
 
 QWidget* frmComandaAudio::earFrame() {
   auto* frame = new QGroupBox("Urechea ");
-  auto* inside = new QVBoxLayout(frame);
+  auto* inside = new QHBoxLayout(frame);
   auto* right = card().add("UrecheaDreapta", named(new QRadioButton("Dreapta"), "optDreapta"));
   auto* left = named(new QRadioButton("Stanga"), "optStanga");
   pairOptions(right, left);
@@ -222,20 +212,30 @@ QWidget* frmComandaAudio::audiogramFrame(Chart& chart, const QString& name, cons
     columns.append({.field = point.column,
                     .caption = QString::number(point.at),
                     .format = CellFormat::Number,
-                    .width = chart.kind == Audiogram::Tone ? 7 : 3,
+                    .width = chart.kind == Audiogram::Tone ? 5 : 3,
                     .decimals = -1,
                     .editable = true});
   chart.grid = new EntryGrid(grid, EntryGrid::Refused::Reverted, objectName());
+  if (chart.kind == Audiogram::Speech) {  // many columns
+    QFont small = chart.grid->font();
+    small.setPointSizeF(small.pointSizeF() * 0.85);
+    chart.grid->setFont(small);
+  }
   chart.grid->setColumns(columns);
   chart.grid->setEmptyText("Audiograma se completeaza dupa salvarea comenzii.");
   chart.grid->setStore([this, kind = chart.kind](const Row& row, const QString& column, const QString& text) {
     storePoint(kind, row, column, text);
   });
   chart.curves = new AudiogramView(curves, chart.kind);
+  // The curves have the room that the columns do not need. The last column is stretched over what is left: it
+  // counts as the one before it, with the room for its heading.
+  const QList<int> shown = chart.grid->visibleColumns();
+  int needed = chart.grid->fontMetrics().averageCharWidth() * 3 + 2 * chart.grid->frameWidth();
+  for (const int column : shown) needed += chart.grid->columnWidth(std::min(column, shown.last() - 1));
+  chart.grid->setMaximumWidth(needed);
   auto* inside = new QHBoxLayout(frame);
-  const bool isTone = chart.kind == Audiogram::Tone;
-  inside->addWidget(chart.grid, isTone ? 3 : 4);
-  inside->addWidget(chart.curves, isTone ? 2 : 1);
+  inside->addWidget(chart.grid, 4);
+  inside->addWidget(chart.curves, 1);
   return frame;
 }
 
@@ -243,9 +243,11 @@ QWidget* frmComandaAudio::cardPage() {
   auto* page = new QWidget;
   auto* top = new QHBoxLayout;
   top->addWidget(partiesFrame(), 4);
-  top->addWidget(deviceFrame(), 3);
-  top->addWidget(papersFrame(), 6);
-  top->addWidget(earFrame(), 1);
+  auto* device = new QVBoxLayout;
+  device->addWidget(deviceFrame(), 1);
+  device->addWidget(earFrame());
+  top->addLayout(device, 4);
+  top->addWidget(papersFrame(), 4);
   auto* all = new QVBoxLayout(page);
   all->addLayout(top);
   all->addWidget(

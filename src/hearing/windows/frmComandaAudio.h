@@ -35,6 +35,7 @@ class frmComandaAudio : public HearingForm {
   QWidget* earFrame();
   QWidget* audiogramFrame(Chart& chart, const QString& frame, const QString& title, const QString& grid,
                           const QString& curves);
+  QLineEdit* numberBox(const QString& column, const QString& name);
   NumberBox* priceBox(const QString& column, const QString& name);
   QList<QPushButton*> commands();
 
