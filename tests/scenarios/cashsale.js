@@ -332,6 +332,13 @@ const paper = onPaper();
 for (const part of ["CASA", "Transport", "3,000", "25,00", "75,00", "14,25", "89,25"]) check(paper.includes(part), part + " in " + paper);
 noMessage();
 equal([marks(sixth), w.text("txtFields(0)"), w.value("CheckCasaMarcat")], [[0, 0, 0], String(Number(sixth) + 1), false], "not fiscal");
+
+// Nor is a sale printed whose lines another workstation has taken away: the window shows what is left.
+const seventh = newSale(["S1", "1"]);
+w.set("CheckCasaMarcat", false);
+sql("DELETE FROM G_LBONCASA WHERE NUMFAC = ?", seventh);
+replied("OK", () => w.click("cmdTiparire"), "Documentul a fost modificat intre timp de alt utilizator !");
+equal(lines.rows(), 0, "no line is left");
 equal(call("disagreementText"), "", "all agrees");
 
 // The average method: a line has the cost of one piece, the ledger that of the line. 3 and 2 at 2.50.
