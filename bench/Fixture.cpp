@@ -321,7 +321,7 @@ double memoryOf(const std::function<void()>& work) {
         .toDouble();
   };
   malloc_trim(0);
-  QFile peak(QStringLiteral("/proc/self/clear_refs"));  // "5": the peak begins anew
+  QFile peak(QStringLiteral("/proc/self/clear_refs"));  // "5" resets the peak
   if (peak.open(QIODevice::WriteOnly)) peak.write("5");
   peak.close();
   const double before = kibibytes("VmRSS:");

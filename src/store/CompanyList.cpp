@@ -278,7 +278,8 @@ void changeCompanyList(const QString& folder, const std::function<void(QList<Com
 
 void sweepListDrafts(const QString& folder) {
   constexpr qint64 kWritingTime = 60;  // seconds
-  for (const QFileInfo& draft : QDir(folder).entryInfoList({kListName + QStringLiteral(".??????")}, QDir::Files))
+  for (const QFileInfo& draft :
+       QDir(folder).entryInfoList({kListName + QStringLiteral(".??????")}, QDir::Files))
     if (draft.lastModified().secsTo(QDateTime::currentDateTime()) > kWritingTime)
       QFile::remove(draft.filePath());
 }

@@ -384,7 +384,7 @@ TEST(UndoGuardTest, ARefusedWriteLeavesTheDocumentValidated) {
   EXPECT_EQ(difference(everything(), before), "");
 }
 
-TEST(ValidationFailureTest, AFailedStepIsToldUnderItsTitle) {
+TEST(ValidationFailureTest, AFailedStepIsReportedUnderItsTitle) {
   const Trade trade("MP");
   trade.article("A", "20");
   trade.validated("FF", trade.purchase("1"), {Trade::bought("A", "10", "5", "20")});
@@ -394,14 +394,14 @@ TEST(ValidationFailureTest, AFailedStepIsToldUnderItsTitle) {
     DocumentEditor editor(kind);
     Trade::draft(editor, header, {{"A", {{"CANT", "1"}, {"PRETFT", "5"}}}});
     const Refusing refusing(table, event);
-    QString told;
+    QString reported;
     try {
       Trade::validate(editor);
     } catch (const StepError& failed) {
-      told = failed.title() + ": " + failed.text();
+      reported = failed.title() + ": " + failed.text();
     }
     editor.remove();
-    return told;
+    return reported;
   };
   TypedTexts note{{"NUMNR", "2"}, {"CODFUR", QString::number(trade.supplier)}};
   EXPECT_TRUE(failure("NR", note, "G_DOCUME", "INSERT").startsWith("Salvare in Documente: "));
