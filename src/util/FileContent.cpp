@@ -9,6 +9,9 @@
 namespace velmar {
 
 QByteArray fileContent(const QString& path, qint64 most) {
+  // Closing a database that is in use would release the locks of this process.
+  if (QFileInfo(path).fileName().contains(QStringLiteral(".mdb"), Qt::CaseInsensitive))
+    throw RuleError(QStringLiteral("Fisierul %1 este o baza de date.").arg(path));
   QFile file(path);
   if (!QFileInfo(path).isFile()) throw RuleError(QStringLiteral("Fisierul: %1 nu exista").arg(path));
   if (!file.open(QIODevice::ReadOnly))

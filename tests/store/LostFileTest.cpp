@@ -18,6 +18,7 @@
 #include "store/Upkeep.h"
 #include "TestCompany.h"
 #include "util/Errors.h"
+#include "util/FileContent.h"
 #include "util/FileRights.h"
 
 namespace velmar {
@@ -130,6 +131,7 @@ TEST_F(LostFileTest, TheJournalStaysWhenAnotherProcessLeaves) {
   setOpenDatabase(Database::open(path_));
   article("A1");
   Database::open(path_);  // like the check of the file and every report
+  EXPECT_THROW(fileContent(path_, 1'000'000), RuleError);
   close(go[1]);
   int status = -1;
   waitpid(other, &status, 0);
