@@ -1,17 +1,28 @@
 #include "util/windows/FileDialog.h"
 
-#include <QAbstractFileIconProvider>
+#include <QFileIconProvider>
 #include <QFileInfo>
+#include <QHeaderView>
+#include <QTreeView>
 
 namespace velmar {
 
 namespace {
 
+// Characters; lines for the height.
+constexpr int kWidth = 130;
+constexpr int kHeight = 28;
+constexpr int kNameWidth = 60;
+constexpr int kSizeWidth = 12;
+constexpr int kDateWidth = 24;
+constexpr int kSizeColumn = 1;
+constexpr int kDateColumn = 3;
+
 // Knows files and folders apart, without opening them.
-class PlainIcons : public QAbstractFileIconProvider {
+class PlainIcons : public QFileIconProvider {
  public:
   QIcon icon(const QFileInfo& file) const override {
-    return QAbstractFileIconProvider::icon(file.isDir() ? Folder : File);
+    return QFileIconProvider::icon(file.isDir() ? Folder : File);
   }
   QString type(const QFileInfo& file) const override {
     return file.isDir() ? QStringLiteral("Folder") : file.suffix();
@@ -29,6 +40,14 @@ FileDialog::FileDialog(QWidget* parent, const QString& title, const QString& sta
       icons_(std::make_unique<PlainIcons>()) {
   setOption(DontUseNativeDialog);
   setIconProvider(icons_.get());
+  // Name, size, kind and date are seen whole.
+  const int character = fontMetrics().averageCharWidth();
+  resize(character * kWidth, fontMetrics().height() * kHeight);
+  if (const auto* details = findChild<QTreeView*>(QStringLiteral("treeView"))) {
+    details->header()->resizeSection(0, character * kNameWidth);
+    details->header()->resizeSection(kSizeColumn, character * kSizeWidth);
+    details->header()->resizeSection(kDateColumn, character * kDateWidth);
+  }
   if (!start.isEmpty() && !QFileInfo(start).isDir()) selectFile(start);
 }
 

@@ -1,7 +1,10 @@
 // The dialogs in which files and folders are chosen.
 #pragma once
 
+#include <memory>
 #include <QFileDialog>
+
+class QFileIconProvider;
 
 namespace velmar {
 
@@ -15,7 +18,7 @@ class FileDialog : public QFileDialog {
   ~FileDialog() override;
 
  private:
-  std::unique_ptr<QAbstractFileIconProvider> icons_;
+  std::unique_ptr<QFileIconProvider> icons_;
 };
 
 /// The paths of the chosen files, or of the file or folder; empty when the user leaves.
