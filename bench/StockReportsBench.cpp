@@ -37,7 +37,7 @@ const Measured kMeasured[] = {
     {"frmRapStaCl", "SELECT D.CODTERT, SUM(D.TOTALFT), SUM(L.PRETFT * L.PROCRAB * L.CANT)" + kLedger +
                         " AND D.TIP IN ('FC', 'FS') GROUP BY D.CODTERT"},
     {"frmRapVanzari",
-     "SELECT D.CODTERT, D.MODREG, D.DATADOC, SUM(D.TOTALFT), SUM(D.TOTALTVA), SUM(D.TOTALDOC) "
+     "SELECT D.CODTERT, D.MODREG, D.DATADOC, SUM(D.TOTALFT), SUM(D.TOTALTVA), SUM(D.TOTALFT + D.TOTALTVA) "
      "FROM G_DOCUME D WHERE D.TIP IN ('FC', 'FS', 'BC') GROUP BY D.CODTERT, D.MODREG, D.DATADOC"},
     {"frmRapIesiri", "SELECT L.ARTID, SUM(L.CANT), SUM(L.PRETFT * L.CANT), SUM(L.VALTVA)" + kLedger +
                          " AND D.TIPIE = 'E' GROUP BY L.ARTID"}};
