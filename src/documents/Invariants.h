@@ -35,9 +35,8 @@ struct Disagreement {
 /// - the stock of an article in a warehouse (G_STOCMAG) differs from the sum of the ledger;
 /// - under FIFO, the sum of the open lots differs from the ledger, or that of the links from the issues, for
 ///   articles moved only by receipts, issues and returns that refer to their receipt;
-/// - a lot, a delivery note or an order has less than nothing left, or more than it had, or a delivery note
-/// does
-///   not say what it has left; a link names a document that does not exist;
+/// - a lot, a delivery note or an order has less than nothing left, or more than it had; a delivery note does
+///   not state what it has left; a link names a document that does not exist;
 /// - what is left of a validated note or order differs from what other documents took, or it is marked as
 ///   closed or open wrongly; a storno and its invoice do not belong together;
 /// - a note is not balanced or belongs to two documents; a document's notes are missing or have another sum
